@@ -1,0 +1,8 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# The libraries that Korvel stands on; scripts/setup installs them.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(SQLITE REQUIRED IMPORTED_TARGET sqlite3)
+pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil libswresample)
+pkg_check_modules(FFTW REQUIRED IMPORTED_TARGET fftw3)
+find_package(CLI11 REQUIRED)
+find_package(nlohmann_json REQUIRED)
