@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace korvel::platform {
+
+/// Replaces or creates a file so that it holds either its old content or all of the new one,
+/// whenever the process or the machine dies. A symbolic link stays and its target is replaced.
+/// Throws FileError, and then the old file is as it was.
+void writeAtomically(const std::filesystem::path& file, std::string_view bytes);
+
+/// All bytes of a regular file. Throws FileError.
+std::string readWholeFile(const std::filesystem::path& file);
+
+/// The folder that the running program was started from.
+std::filesystem::path executableFolder();
+
+/// Where the user's data of a program belongs: $XDG_DATA_HOME or ~/.local/share, and in it the
+/// program's own folder. It need not exist yet. Throws FileError when the user has no home.
+std::filesystem::path userDataFolder(std::string_view appName);
+
+}  // namespace korvel::platform

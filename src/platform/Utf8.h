@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvel::platform {
+
+/// Number of characters (code points) of a UTF-8 text. A byte that belongs to no well-formed
+/// character counts as one.
+std::size_t characterCount(std::string_view text);
+
+/// The characters of a UTF-8 text, one entry each; joined they give the text back.
+std::vector<std::string> characters(std::string_view text);
+
+}  // namespace korvel::platform
