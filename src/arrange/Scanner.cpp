@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/Scanner.h"
+
+#include "platform/FileError.h"
+#include "platform/Files.h"
+
+namespace korvel {
+namespace {
+
+constexpr char kEnd = '!';
+
+std::string bytesOrNone(const std::filesystem::path& file) {
+  try {
+    return platform::readWholeFile(file);
+  } catch (const platform::FileError&) {
+    return {};
+  }
+}
+
+}  // namespace
+
+Scanner::Scanner(const std::filesystem::path& file) : data(bytesOrNone(file)) {}
+
+char Scanner::readChar() {
+  return rpos < data.size() ? data[rpos++] : kEnd;
+}
+
+std::optional<Token> Scanner::nextToken() {
+  std::optional<Token> open;
+  for (char next = readChar(); next != kEnd; next = readChar()) {
+    if (next == '<') {
+      open = Token{};
+    } else if (open) {
+      if (next == '>') return open;
+      open->value += next;
+    }
+  }
+  rpos = data.size();
+  return std::nullopt;
+}
+
+}  // namespace korvel
