@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/QBTabMatrix.h"
+
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+#include "platform/Utf8.h"
+
+namespace korvel {
+namespace {
+
+constexpr int rowsPerPage = 64;
+constexpr std::size_t titleWidth = 100;
+constexpr int rowsToNextSystem = 8;
+
+std::string joined(const std::vector<std::string>& characters, std::size_t from, std::size_t to) {
+  std::string text;
+  for (std::size_t i = from; i < std::min(to, characters.size()); ++i) text += characters[i];
+  return text;
+}
+
+/// At most 100 characters each. A title that fills its last piece is followed by an empty one: the
+/// row under it stays free, and stored tablatures are laid out so.
+std::vector<std::string> titlePieces(std::string_view title) {
+  const auto characters = platform::characters(title);
+  std::vector<std::string> pieces;
+  for (std::size_t from = 0; from <= characters.size(); from += titleWidth)
+    pieces.push_back(joined(characters, from, from + titleWidth));
+  return pieces;
+}
+
+bool isBlank(const QBMatrixLine& line) {
+  for (int x = 0; x < line.length(); ++x) {
+    const std::string_view text = line.get(x)->getString();
+    if (text.find_first_not_of(' ') != std::string_view::npos) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+void QBTabMatrix::newPage(std::string_view title) {
+  const auto pieces = titlePieces(title);
+  m_yPos = m_page * rowsPerPage;
+  horText(4, m_yPos, "Recorded by Korvel");
+  for (const auto& piece : pieces) horText(8, ++m_yPos, piece);
+  m_yPos += 2;
+  ++m_page;
+}
+
+void QBTabMatrix::openSystem(std::string_view label) {
+  barLine(1);
+  vertText(2, m_yPos, label);
+  m_xPos = 3;
+  stringLines(m_xPos, 4);
+  m_xPos = 8;
+}
+
+void QBTabMatrix::closeSystem() {
+  m_xPos += 6;
+  barLine(m_xPos);
+  m_xPos = 3;
+  m_yPos += rowsToNextSystem;
+}
+
+void QBTabMatrix::closeMeasure() {
+  stringLines(m_xPos++, 1);
+  barLine(m_xPos++);
+}
+
+void QBTabMatrix::addEmptyChord() {
+  stringLines(++m_xPos, 2);
+}
+
+void QBTabMatrix::trimLeadingLines() {
+  const auto firstDrawn = std::ranges::find_if_not(m_lines, isBlank);
+  m_yPos -= static_cast<int>(std::distance(m_lines.begin(), firstDrawn));
+  m_lines.erase(m_lines.begin(), firstDrawn);
+}
+
+std::string QBTabMatrix::toStringInverted() {
+  trimLeadingLines();
+  std::string text;
+  for (int y = 0; y < height(); ++y) text += row(y, width()) + "\n";
+  return text;
+}
+
+std::string QBTabMatrix::toString() const {
+  std::string text;
+  for (int y = height() - 1; y >= 0; --y) text += row(y, m_xPos) + "\r\n";
+  return text;
+}
+
+void QBTabMatrix::stringLines(int x, int n) {
+  for (int i = 0; i < n; ++i) vertText(x + i, m_yPos, "------");
+}
+
+void QBTabMatrix::barLine(int x) {
+  vertText(x, m_yPos, "||||||");
+}
+
+std::string QBTabMatrix::row(int y, int columns) const {
+  std::string text;
+  for (int x = 0; x < columns; ++x) text += getString(x, y).value_or(" ");
+  return text;
+}
+
+}  // namespace korvel

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tab/QBTextMatrix.h"
+
+namespace korvel {
+
+/// The grid that a tablature is drawn on, with the place where the next chord goes. A system has,
+/// counted from the row m_yPos of its top string line:
+///
+///     -1      chord names
+///      0..5   the strings, the highest first
+///      6..8   the note value of each chord
+///      9      marks of the loop, or the beat ruler where the song has measures
+///     10      marks of the loop where the song has measures
+class QBTabMatrix : public QBTextMatrix {
+ public:
+  /// Starts a page with the program's name and the title, and leaves m_yPos at its first system.
+  void newPage(std::string_view title);
+  /// Starts a system whose strings are named by the label, the highest string first.
+  void openSystem(std::string_view label);
+  void closeSystem();
+  void closeMeasure();
+  void addEmptyChord();
+  void increaseXPosBy(int n) { m_xPos += n; }
+
+  /// Removes the blank rows at the top.
+  void trimLeadingLines();
+  /// The read-out of a song, top row first: trims the top, then every row in the full width of the
+  /// grid, ended by LF.
+  std::string toStringInverted();
+  /// From the bottom row up, every row up to the column of the cursor and ended by CR LF.
+  std::string toString() const override;
+
+  int m_xPos = 2;      ///< Column of the next chord.
+  int m_yPos = 1;      ///< Row of the current system's top string.
+  int m_duration = 0;  ///< For callers; the layout does not read it.
+  int m_page = 0;      ///< Pages opened so far.
+
+ private:
+  void stringLines(int x, int n);
+  void barLine(int x);
+  std::string row(int y, int columns) const;
+};
+
+}  // namespace korvel

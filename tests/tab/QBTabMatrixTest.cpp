@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/QBTabMatrix.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <stdexcept>
+#include <vector>
+
+namespace korvel {
+namespace {
+
+/// The rows of a text without their trailing blanks.
+std::vector<std::string> rowsOf(const std::string& text) {
+  std::vector<std::string> rows;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);)
+    rows.push_back(line.substr(0, line.find_last_not_of(" \r") + 1));
+  return rows;
+}
+
+using Rows = std::vector<std::string>;
+
+TEST(QBTextMatrix, writesOneCharacterACell) {
+  QBTextMatrix matrix;
+  matrix.horText(1, 0, "F\u266F\u00E9!");
+  matrix.vertText(2, 0, "\u00FCb");
+  matrix.horLine(0, 2, 2);
+  matrix.vertLine(3, 1, 2);
+  matrix.horLine(0, 5, 0);
+  matrix.vertLine(0, 5, -1);
+  EXPECT_EQ(matrix.getString(1, 0), "F");
+  EXPECT_EQ(matrix.getString(2, 0), "\u00FC");
+  EXPECT_EQ(matrix.getString(3, 0), "\u00E9");
+  EXPECT_EQ(matrix.getString(2, 1), "b");
+  EXPECT_EQ(matrix.getString(1, 2), "-");
+  EXPECT_EQ(matrix.getString(3, 2), "|");
+  EXPECT_EQ(matrix.getString(0, 1), " ");
+  EXPECT_EQ(matrix.getString(0, 5), std::nullopt);
+  EXPECT_THROW(matrix.horText(0, -1, "x"), std::out_of_range);
+}
+
+TEST(QBTabMatrix, opensPageAndSystem) {
+  QBTabMatrix matrix;
+  matrix.newPage("A song");
+  EXPECT_EQ(matrix.m_yPos, 3);
+  matrix.openSystem("EBGDAE");
+  EXPECT_EQ(matrix.m_xPos, 8);
+  EXPECT_EQ(rowsOf(matrix.toStringInverted()),
+            (Rows{"    Recorded by Korvel", "        A song", "", " |E----", " |B----", " |G----",
+                  " |D----", " |A----", " |E----"}));
+  matrix.newPage("Next");
+  EXPECT_EQ(matrix.getString(4, 64), "R");
+  EXPECT_EQ(matrix.m_yPos, 67);
+}
+
+TEST(QBTabMatrix, cutsTitlesByCharacters) {
+  const auto firstSystemOf = [](std::size_t length) {
+    std::string title;
+    for (std::size_t i = 0; i < length; ++i) title += "\u00E4";
+    QBTabMatrix matrix;
+    matrix.newPage(title);
+    EXPECT_EQ(matrix.getString(107, 1).has_value(), length >= 100);
+    EXPECT_FALSE(matrix.getString(108, 1).has_value());
+    EXPECT_EQ(matrix.getString(8, 2).has_value(), length > 100);
+    return matrix.m_yPos;
+  };
+  EXPECT_EQ(firstSystemOf(99), 3);
+  EXPECT_EQ(firstSystemOf(100), 4);
+  EXPECT_EQ(firstSystemOf(150), 4);
+}
+
+TEST(QBTabMatrix, closesMeasuresAndSystems) {
+  QBTabMatrix matrix;
+  matrix.openSystem("654321");
+  matrix.closeMeasure();
+  EXPECT_EQ(matrix.m_xPos, 10);
+  matrix.addEmptyChord();
+  EXPECT_EQ(matrix.m_xPos, 11);
+  matrix.increaseXPosBy(2);
+  matrix.closeSystem();
+  EXPECT_EQ(matrix.m_xPos, 3);
+  EXPECT_EQ(matrix.m_yPos, 9);
+  EXPECT_EQ(rowsOf(matrix.toStringInverted()).front(), " |6---- -| --      |");
+}
+
+TEST(QBTabMatrix, trimsBlankRowsAtTheTopOnly) {
+  QBTabMatrix matrix;
+  matrix.horText(0, 2, "   ");
+  matrix.horText(1, 3, "a");
+  matrix.horText(0, 5, "bc");
+  matrix.m_yPos = 5;
+  EXPECT_EQ(matrix.toStringInverted(), " a \n   \nbc \n");
+  EXPECT_EQ(matrix.m_yPos, 2);
+  QBTabMatrix blank;
+  blank.horText(0, 3, " ");
+  EXPECT_EQ(blank.toStringInverted(), "");
+}
+
+TEST(QBTabMatrix, plainReadOutIsUpsideDownAndEndsAtTheCursor) {
+  QBTabMatrix matrix;
+  matrix.horText(0, 0, "abc");
+  matrix.horText(1, 1, "d");
+  EXPECT_EQ(matrix.toString(), " d\r\nab\r\n");
+}
+
+}  // namespace
+}  // namespace korvel
