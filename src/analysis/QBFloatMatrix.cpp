@@ -8,15 +8,15 @@
 namespace korvel {
 namespace {
 
-constexpr float noValue = -1.0F;
-constexpr float heldValue = -2.0F;
-constexpr float blankValue = -3.0F;
-constexpr int fretColumn = 1;
+constexpr float kNoValue = -1.0F;
+constexpr float kHeldValue = -2.0F;
+constexpr float kBlankValue = -3.0F;
+constexpr int kFretColumn = 1;
 
 std::string textOf(float f) {
-  if (f == noValue) return "--";
-  if (f == heldValue) return "~~";
-  if (f == blankValue) return "  ";
+  if (f == kNoValue) return "--";
+  if (f == kHeldValue) return "~~";
+  if (f == kBlankValue) return "  ";
   return cellText(f);
 }
 
@@ -29,14 +29,14 @@ float QBFloatMatrix::getFloat(int column, int row) const {
 
 float QBFloatMatrix::getFloatOrEmpty(int column, int row) const {
   const QBMatrixValue* cell = get(column, row);
-  return cell ? cell->getFloat() : noValue;
+  return cell ? cell->getFloat() : kNoValue;
 }
 
 int QBFloatMatrix::getMinimumFretLine() const {
   int best = 0;
   int minimum = 1000;
   for (int row = 0; row < height(); ++row) {
-    const int fret = truncated(getFloat(fretColumn, row));
+    const int fret = truncated(getFloat(kFretColumn, row));
     if (fret >= minimum) continue;
     best = row;
     minimum = fret;
@@ -55,10 +55,10 @@ std::string QBFloatMatrix::toString() const {
 
 void QBFloatMatrix::comprise() {
   for (int row = 0; row < height(); ++row) {
-    float held = noValue;
+    float held = kNoValue;
     for (int column = 0; column < width(); ++column) {
       const float f = getFloatOrEmpty(column, row);
-      if (f != noValue && f == held) setFloat(column, row, heldValue);
+      if (f != kNoValue && f == held) setFloat(column, row, kHeldValue);
       held = f;
     }
   }

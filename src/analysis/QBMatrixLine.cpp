@@ -8,7 +8,7 @@
 namespace korvel {
 namespace {
 
-constexpr int completeCount = 9;
+constexpr int kCompleteCount = 9;
 
 }  // namespace
 
@@ -28,7 +28,7 @@ const QBMatrixValue* QBMatrixLine::get(int column) const {
 }
 
 bool QBMatrixLine::isCompleted() const {
-  return std::ranges::count(m_data, 1.0F, &QBMatrixValue::getFloat) >= completeCount;
+  return std::ranges::count(m_data, 1.0F, &QBMatrixValue::getFloat) >= kCompleteCount;
 }
 
 }  // namespace korvel

@@ -10,9 +10,9 @@
 namespace korvel {
 namespace {
 
-constexpr int rowsPerPage = 64;
-constexpr std::size_t titleWidth = 100;
-constexpr int rowsToNextSystem = 8;
+constexpr int kRowsPerPage = 64;
+constexpr std::size_t kTitleWidth = 100;
+constexpr int kRowsToNextSystem = 8;
 
 std::string joined(const std::vector<std::string>& characters, std::size_t from, std::size_t to) {
   std::string text;
@@ -25,8 +25,8 @@ std::string joined(const std::vector<std::string>& characters, std::size_t from,
 std::vector<std::string> titlePieces(std::string_view title) {
   const auto characters = platform::characters(title);
   std::vector<std::string> pieces;
-  for (std::size_t from = 0; from <= characters.size(); from += titleWidth)
-    pieces.push_back(joined(characters, from, from + titleWidth));
+  for (std::size_t from = 0; from <= characters.size(); from += kTitleWidth)
+    pieces.push_back(joined(characters, from, from + kTitleWidth));
   return pieces;
 }
 
@@ -42,7 +42,7 @@ bool isBlank(const QBMatrixLine& line) {
 
 void QBTabMatrix::newPage(std::string_view title) {
   const auto pieces = titlePieces(title);
-  m_yPos = m_page * rowsPerPage;
+  m_yPos = m_page * kRowsPerPage;
   horText(4, m_yPos, "Recorded by Korvel");
   for (const auto& piece : pieces) horText(8, ++m_yPos, piece);
   m_yPos += 2;
@@ -61,7 +61,7 @@ void QBTabMatrix::closeSystem() {
   m_xPos += 6;
   barLine(m_xPos);
   m_xPos = 3;
-  m_yPos += rowsToNextSystem;
+  m_yPos += kRowsToNextSystem;
 }
 
 void QBTabMatrix::closeMeasure() {
