@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/MediaReader.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
+
+#include "platform/MediaError.h"
+#include "support/FfmpegTool.h"
+#include "support/ScratchFolder.h"
+
+namespace korvel::platform {
+namespace {
+
+using Coding = MediaTrack::Coding;
+
+std::string rest(MediaReader& reader) {
+  std::string bytes;
+  for (auto chunk = reader.next(); !chunk.empty(); chunk = reader.next())
+    bytes.append(reinterpret_cast<const char*>(chunk.data()), chunk.size());
+  return bytes;
+}
+
+/// The first track's bytes; empty when it cannot be decoded.
+std::string decoded(const std::string& file) {
+  const MediaAsset asset(file);
+  if (asset.tracks().empty() || asset.tracks()[0].coding == Coding::none) return {};
+  MediaReader reader(asset, asset.tracks()[0]);
+  return reader.start() ? rest(reader) : std::string();
+}
+
+std::string decodedByTool(const std::string& file, const std::string& scratch) {
+  test::ffmpeg({"-i", "file:" + file, "-f", "s16le", "-acodec", "pcm_s16le", "file:" + scratch});
+  return test::readFile(scratch);
+}
+
+struct Format {
+  std::string name;
+  test::Sound sound;
+  std::vector<std::string> encoding;
+  Coding coding;
+};
+
+std::string titleOf(const testing::TestParamInfo<Format>& format) {
+  return format.param.name.substr(0, format.param.name.find_first_of(". "));
+}
+
+class EveryFormat : public testing::TestWithParam<Format> {};
+
+TEST_P(EveryFormat, givesTheToolsSamples) {
+  const Format& format = GetParam();
+  const test::ScratchFolder folder;
+  const std::string file = folder.file(format.name);
+  test::encode(format.sound, file, format.encoding);
+  const MediaAsset asset(file);
+  ASSERT_EQ(asset.tracks().size(), 1U) << asset.problem();
+  const MediaTrack& track = asset.tracks()[0];
+  EXPECT_EQ(track.media, MediaTrack::Media::sound);
+  EXPECT_EQ(track.coding, format.coding) << track.codec;
+  EXPECT_EQ(track.sampleRate, format.sound.sampleRate);
+  EXPECT_EQ(track.channels, format.sound.channels);
+  EXPECT_TRUE(decoded(file) == decodedByTool(file, folder.file("raw")));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    MediaReader, EveryFormat,
+    testing::Values(
+        Format{"pcm16.wav", {}, {}, Coding::lpcm},
+        Format{"pcm8.wav", {}, {"-c:a", "pcm_u8"}, Coding::lpcm},
+        Format{"pcm24.wav", {.channels = 2}, {"-c:a", "pcm_s24le"}, Coding::lpcm},
+        Format{"pcm32.wav", {.level = 1.2}, {"-c:a", "pcm_s32le"}, Coding::lpcm},
+        Format{"float.wav", {.level = 1.2}, {"-c:a", "pcm_f32le"}, Coding::lpcm},
+        Format{"rate96.wav", {.sampleRate = 96000}, {}, Coding::lpcm},
+        Format{"channels6.wav", {.channels = 6}, {"-c:a", "pcm_s24le"}, Coding::lpcm},
+        Format{"mono.mp3", {}, {}, Coding::mp3},
+        Format{"two.mp3", {.channels = 2}, {}, Coding::mp3},
+        Format{"aac.m4a", {.channels = 2}, {"-c:a", "aac"}, Coding::aac},
+        Format{"free.flac", {.channels = 2}, {}, Coding::lpcm},
+        Format{"with 'blanks', \"quotes\": Käse.ogg", {}, {"-c:a", "libvorbis"}, Coding::lpcm}),
+    titleOf);
+
+TEST(MediaAsset, listsSoundAndOtherTracksInOrder) {
+  const test::ScratchFolder folder;
+  const std::string file = folder.file("film.mkv");
+  test::ffmpeg({"-f", "lavfi", "-i", "testsrc=d=1:s=64x64", "-f", "lavfi", "-i", "sine=d=1", "-c:v",
+                "mpeg4", "-c:a", "libmp3lame", "file:" + file});
+  const MediaAsset asset(file);
+  ASSERT_EQ(asset.tracks().size(), 2U);
+  EXPECT_EQ(asset.tracks()[0].media, MediaTrack::Media::other);
+  EXPECT_EQ(asset.tracks()[0].coding, Coding::none);
+  EXPECT_THROW(MediaReader(asset, asset.tracks()[0]), MediaError);
+  MediaReader reader(asset, asset.tracks()[1]);
+  ASSERT_TRUE(reader.start());
+  EXPECT_TRUE(rest(reader) == decodedByTool(file, folder.file("raw")));
+}
+
+TEST(MediaAsset, withoutATrackListSaysWhy) {
+  const test::ScratchFolder folder;
+  std::filesystem::create_directory(folder.file("folder.mp3"));
+  test::writeFile(folder.file("empty.mp3"), "");
+  ASSERT_EQ(mkfifo(folder.file("pipe.mp3").c_str(), 0600), 0);
+  // A playlist is no sound, and must not make the program wait for the network.
+  test::writeFile(folder.file("list.mp3"),
+                  "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nhttp://127.0.0.1:9/a.ts\n");
+  for (const char* name : {"missing.mp3", "folder.mp3", "empty.mp3", "pipe.mp3", "list.mp3"}) {
+    const MediaAsset asset(folder.file(name));
+    EXPECT_FALSE(asset.hasTrackList()) << name;
+    EXPECT_TRUE(asset.problem().starts_with(folder.file(name) + ": cannot open: ")) << name;
+  }
+}
+
+TEST(MediaAsset, offersNoSoundWhereThereIsNone) {
+  const test::ScratchFolder folder;
+  std::string text;
+  while (text.size() < 100000) text += "this is some text\n";
+  test::writeFile(folder.file("text.mp3"), text);
+  test::ffmpeg({"-f", "lavfi", "-i", "testsrc=d=1:s=64x64", "file:" + folder.file("mute.mp4")});
+  for (const char* name : {"text.mp3", "mute.mp4"})
+    for (const MediaTrack& track : MediaAsset(folder.file(name)).tracks())
+      EXPECT_EQ(track.coding, Coding::none) << name;
+}
+
+TEST(MediaReader, isReadingUntilTheEndOrCancel) {
+  const test::ScratchFolder folder;
+  test::encode({.seconds = 3}, folder.file("a.wav"));
+  const MediaAsset asset(folder.file("a.wav"));
+  MediaReader whole(asset, asset.tracks()[0]);
+  MediaReader cut(asset, asset.tracks()[0]);
+  EXPECT_FALSE(whole.isReading());
+  EXPECT_TRUE(whole.next().empty());
+  ASSERT_TRUE(whole.start() && cut.start());
+  EXPECT_FALSE(cut.next().empty());
+  EXPECT_TRUE(cut.isReading());
+  cut.cancel();
+  EXPECT_FALSE(cut.isReading());
+  EXPECT_TRUE(cut.next().empty());
+  EXPECT_EQ(rest(whole).size(), 2U * 3 * 44100);
+  EXPECT_FALSE(whole.isReading());
+}
+
+/// A WAV file whose header says what it is told to say.
+std::string wav(std::uint16_t channels, std::uint32_t dataSize, std::uint16_t frameBytes,
+                const std::string& data) {
+  const auto number = [](auto value) {
+    return std::string(reinterpret_cast<const char*>(&value), sizeof value);
+  };
+  return "RIFF" + number(dataSize) + "WAVEfmt " + number(16U) + number(std::uint16_t{1}) +
+         number(channels) + number(44100U) + number(88200U) + number(frameBytes) +
+         number(std::uint16_t{16}) + "data" + number(dataSize) + data;
+}
+
+TEST(MediaReader, lyingWavHeaderGivesTheDataOrNothing) {
+  const test::ScratchFolder folder;
+  const std::string file = folder.file("a.wav");
+  std::string data;
+  for (int i = 0; i < 20000; ++i) data += static_cast<char>(i * 7919 >> 5);
+  const auto bytesOf = [&](const std::string& content) {
+    test::writeFile(file, content);
+    return decoded(file);
+  };
+  EXPECT_EQ(bytesOf(wav(1, 0xFFFFFFF0U, 2, data)), data);
+  EXPECT_EQ(bytesOf(wav(1, 0, 2, data)), data);
+  EXPECT_EQ(bytesOf(wav(1, 20000, 0, data)), data);
+  EXPECT_EQ(bytesOf(wav(1, 20001, 2, data + "x")), data);
+  EXPECT_EQ(bytesOf(wav(100, 20000, 200, data)), data);
+  EXPECT_EQ(bytesOf(wav(0, 20000, 2, data)), "");
+  EXPECT_EQ(bytesOf(wav(0xFFFF, 20000, 2, data)), "");
+}
+
+TEST(MediaReader, truncatedAndDamagedFilesGiveWhatIsThere) {
+  const test::ScratchFolder folder;
+  const std::string file = folder.file("a.mp3");
+  test::encode({.seconds = 3}, file, {"-b:a", "64k"});
+  const std::string whole = test::readFile(file);
+  const std::string sound = decoded(file);
+  test::writeFile(file, whole.substr(0, whole.size() / 2 + 77));
+  const std::string half = decoded(file);
+  EXPECT_NEAR(static_cast<double>(half.size()), static_cast<double>(sound.size()) / 2, 10000);
+  EXPECT_TRUE(sound.starts_with(half.substr(0, half.size() - 10000)));
+  std::string damaged = whole;
+  damaged.replace(whole.size() / 3, 2000, 2000, '\x55');
+  test::writeFile(file, damaged);
+  EXPECT_NE(decoded(file).find(sound.substr(sound.size() - 100000, 50000)), std::string::npos);
+}
+
+TEST(MediaReader, handsOutChangedRatesAndChannelsAsTheyAre) {
+  const test::ScratchFolder folder;
+  const std::string one = folder.file("1.mp3");
+  const std::string two = folder.file("2.mp3");
+  test::encode({.channels = 2}, one, {"-write_xing", "0", "-id3v2_version", "0"});
+  test::encode({.sampleRate = 48000}, two, {"-write_xing", "0", "-id3v2_version", "0"});
+  const std::string both = folder.file("3.mp3");
+  test::writeFile(both, test::readFile(one) + test::readFile(two));
+  EXPECT_EQ(decoded(both).size(), decoded(one).size() + decoded(two).size());
+}
+
+}  // namespace
+}  // namespace korvel::platform
