@@ -139,6 +139,22 @@ void writeAtomically(const fs::path& file, std::string_view bytes) {
   flushFolder(target);
 }
 
+bool createAtomically(const fs::path& file, std::string_view bytes) {
+  const fs::path temporary = temporaryBeside(file);
+  ::unlink(temporary.c_str());
+  const Descriptor out(temporary, file, O_WRONLY | O_CREAT | O_EXCL, "cannot write");
+  const TemporaryName name(temporary);
+  out.write(bytes);
+  out.flush();
+  // A link does not replace, as renaming would.
+  if (::link(temporary.c_str(), file.c_str()) != 0) {
+    if (errno == EEXIST) return false;
+    fail(file, "cannot write", errno);
+  }
+  flushFolder(file);
+  return true;
+}
+
 std::string readWholeFile(const fs::path& file) {
   const Descriptor in(file, file, O_RDONLY | O_NONBLOCK, "cannot read");
   in.refuseIrregular();
@@ -149,9 +165,7 @@ std::string readWholeFile(const fs::path& file) {
   return bytes;
 }
 
-fs::path executableFolder() {
-  return fs::read_symlink("/proc/self/exe").parent_path();
-}
+fs::path executableFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
 
 fs::path userDataFolder(std::string_view appName) {
   const char* data = std::getenv("XDG_DATA_HOME");

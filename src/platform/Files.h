@@ -12,6 +12,10 @@ namespace korvel::platform {
 /// Throws FileError, and then the old file is as it was.
 void writeAtomically(const std::filesystem::path& file, std::string_view bytes);
 
+/// Writes a file that does not exist yet, so that it appears complete or not at all. A file that
+/// another process made in the meantime is left alone; false then. Throws FileError.
+bool createAtomically(const std::filesystem::path& file, std::string_view bytes);
+
 /// All bytes of a regular file. Throws FileError.
 std::string readWholeFile(const std::filesystem::path& file);
 

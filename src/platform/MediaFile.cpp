@@ -68,9 +68,7 @@ AVFormatContext* openContext(const fs::path& path, AVIOContext* input) {
 
 }  // namespace
 
-void MediaFile::CloseInput::operator()(AVIOContext* input) const {
-  avio_close(input);
-}
+void MediaFile::CloseInput::operator()(AVIOContext* input) const { avio_close(input); }
 
 void MediaFile::CloseContext::operator()(AVFormatContext* context) const {
   avformat_close_input(&context);

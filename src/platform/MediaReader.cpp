@@ -215,17 +215,9 @@ MediaReader::MediaReader(MediaReader&&) noexcept = default;
 MediaReader& MediaReader::operator=(MediaReader&&) noexcept = default;
 MediaReader::~MediaReader() = default;
 
-bool MediaReader::start() {
-  return m_decoding->start();
-}
-std::span<const std::byte> MediaReader::next() {
-  return m_decoding->next();
-}
-bool MediaReader::isReading() const {
-  return m_decoding->isReading();
-}
-void MediaReader::cancel() {
-  m_decoding->cancel();
-}
+bool MediaReader::start() { return m_decoding->start(); }
+std::span<const std::byte> MediaReader::next() { return m_decoding->next(); }
+bool MediaReader::isReading() const { return m_decoding->isReading(); }
+void MediaReader::cancel() { m_decoding->cancel(); }
 
 }  // namespace korvel::platform

@@ -87,9 +87,7 @@ void RealTransform::run() {
   fftw_execute_dft_r2c(m_state->plan, m_state->input.get(), asLibraryType(m_state->output.get()));
 }
 
-std::span<double> RealTransform::input() {
-  return {m_state->input.get(), m_state->size};
-}
+std::span<double> RealTransform::input() { return {m_state->input.get(), m_state->size}; }
 
 std::span<const std::complex<double>> RealTransform::output() const {
   return {m_state->output.get(), m_state->size / 2 + 1};

@@ -24,23 +24,29 @@ class Counted {
   mutable std::size_t m_count = 0;
 };
 
-/// A counted reference to a Counted object, or nothing.
+/// A counted reference to a Counted object, or nothing. Copied and dropped without knowing the
+/// whole of T, so that headers can hold references to classes that they only name.
 template <class T>
 class Ref {
  public:
   Ref() = default;
   Ref(std::nullptr_t) {}
-  Ref(T* object) : m_object(object) {
-    if (m_object) m_object->retain();
+  Ref(T* object) : m_object(object), m_counted(object) {
+    if (m_counted) m_counted->retain();
   }
-  Ref(const Ref& other) : Ref(other.m_object) {}
-  Ref(Ref&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
+  Ref(const Ref& other) : m_object(other.m_object), m_counted(other.m_counted) {
+    if (m_counted) m_counted->retain();
+  }
+  Ref(Ref&& other) noexcept
+      : m_object(std::exchange(other.m_object, nullptr)),
+        m_counted(std::exchange(other.m_counted, nullptr)) {}
   Ref& operator=(Ref other) noexcept {
     std::swap(m_object, other.m_object);
+    std::swap(m_counted, other.m_counted);
     return *this;
   }
   ~Ref() {
-    if (m_object) m_object->release();
+    if (m_counted) m_counted->release();
   }
 
   T* get() const { return m_object; }
@@ -50,6 +56,7 @@ class Ref {
 
  private:
   T* m_object = nullptr;
+  const Counted* m_counted = nullptr;
 };
 
 }  // namespace korvel::platform

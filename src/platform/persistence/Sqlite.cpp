@@ -141,8 +141,8 @@ void SqliteStatement::bind(int index, std::span<const std::byte> value) {
     check(sqlite3_bind_zeroblob(m_statement.get(), index + 1, 0));
     return;
   }
-  check(sqlite3_bind_blob64(m_statement.get(), index + 1, value.data(), value.size(),
-                            SQLITE_STATIC));
+  check(
+      sqlite3_bind_blob64(m_statement.get(), index + 1, value.data(), value.size(), SQLITE_STATIC));
 }
 
 bool SqliteStatement::step() {
@@ -153,7 +153,12 @@ bool SqliteStatement::step() {
 }
 
 void SqliteStatement::run() {
-  step();
+  try {
+    step();
+  } catch (const StoreError&) {
+    reset();
+    throw;
+  }
   reset();
 }
 
@@ -201,7 +206,7 @@ void SqliteTransaction::commit() {
   m_open = false;
 }
 
-std::string quoted(std::string_view name) {
+std::string sqlName(std::string_view name) {
   std::string text = "\"";
   for (const char c : name) text += c == '"' ? std::string("\"\"") : std::string(1, c);
   return text + '"';

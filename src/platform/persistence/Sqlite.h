@@ -100,6 +100,6 @@ class SqliteTransaction {
 };
 
 /// A name in double quotes, for names that are words of the query language.
-std::string quoted(std::string_view name);
+std::string sqlName(std::string_view name);
 
 }  // namespace korvel::platform

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/persistence/EntityDescription.h"
+#include "platform/persistence/ManagedObject.h"
+#include "platform/persistence/ObjectModel.h"
+#include "platform/persistence/Sqlite.h"
+
+namespace korvel::platform {
+
+/// The graph of objects over one open store: reads rows when they are asked for, keeps one object
+/// per row, keeps both ends of every relationship in step, and writes all changes when told to.
+///
+/// Nothing reaches the file before `save`. Main thread only. Objects that outlive the context keep
+/// their attributes and lose their relationships.
+class ManagedContext {
+ public:
+  /// The model must outlive the context.
+  ManagedContext(std::unique_ptr<SqliteDatabase> store, const ObjectModel& model);
+  ManagedContext(const ManagedContext&) = delete;
+  ManagedContext& operator=(const ManagedContext&) = delete;
+  ~ManagedContext();
+
+  /// A new object with nothing set. Throws std::out_of_range for an unknown entity.
+  ManagedObject* insert(std::string_view entityName);
+  /// Deletes an object and empties its relationships on both sides. Objects that it owns stay.
+  void remove(ManagedObject& object);
+  /// Every object of an entity in creation order.
+  std::vector<Ref<ManagedObject>> fetch(std::string_view entityName);
+  template <class T>
+  std::vector<Ref<T>> fetchAll(std::string_view entityName) {
+    std::vector<Ref<T>> typed;
+    for (const Ref<ManagedObject>& object : fetch(entityName))
+      typed.emplace_back(static_cast<T*>(object.get()));
+    return typed;
+  }
+
+  bool hasChanges() const;
+  /// Writes all changes in one transaction. Throws StoreError; the file is then as it was and the
+  /// changes are kept for another try.
+  void save();
+
+  SqliteDatabase& store() { return *m_store; }
+
+ private:
+  friend class ManagedObject;
+  struct Table;
+  using Owners = std::vector<ManagedObject*>;
+
+  // What objects ask for.
+  void fire(ManagedObject& object);
+  void demand(ManagedObject& object);
+  void changed(ManagedObject& object);
+  void load(ManagedObject& owner, const MembersDescription& members);
+  void relate(ManagedObject& owner, const ToOneDescription& toOne, ManagedObject* target);
+  void relateInverse(ManagedObject& owner, const MembersDescription& members,
+                     ManagedObject* target);
+
+  // Reading.
+  Table& tableOf(const EntityDescription& entity);
+  SqliteStatement& statement(const std::string& sql);
+  ManagedObject* make(const EntityDescription& entity, std::int64_t id);
+  ManagedObject* byId(const EntityDescription& entity, std::int64_t id);
+  ManagedObject* materialise(const EntityDescription& entity, const SqliteStatement& row);
+  void readRow(ManagedObject& object, const SqliteStatement& row);
+  Owners readRows(const EntityDescription& entity, const std::string& where,
+                  const std::int64_t* parameter);
+  void readAlong(const EntityDescription& entity, const std::string& where,
+                 const std::int64_t* parameter, const Owners& owners);
+  void adopt(const MembersDescription& members, const Owners& owners, const Owners& children);
+
+  // Relating.
+  void attach(MembersSlot& slot, ManagedObject& member);
+  void detach(MembersSlot& slot, ManagedObject& member);
+  void emptyRelationships(ManagedObject& object);
+  static void forgetRelationships(ManagedObject& object);
+
+  // Writing.
+  std::int64_t nextId(Table& table);
+  static void bindTarget(const ToOneSlot& slot, SqliteStatement& statement, int parameter);
+  void writeInserted(Table& table);
+  void writeChanged(Table& table);
+  void writeDeleted(Table& table);
+  void markSaved(Table& table);
+
+  std::unique_ptr<SqliteDatabase> m_store;
+  const ObjectModel& m_model;
+  std::vector<std::unique_ptr<Table>> m_tables;
+  std::unordered_map<std::string, SqliteStatement> m_statements;
+};
+
+}  // namespace korvel::platform

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/persistence/ManagedContext.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/persistence/StoreError.h"
+#include "platform/persistence/StoreFile.h"
+#include "support/ScratchFolder.h"
+
+namespace korvel::platform {
+namespace {
+
+class Page;
+
+class Cover final : public ManagedObject {
+ public:
+  static EntityDescription describe() {
+    return EntityBuilder<Cover>("Cover").toOne<&Cover::m_page>("page", "Page", "cover").build();
+  }
+  Page* page() const;
+
+ private:
+  ToOne<Page> m_page;
+};
+
+class Book final : public ManagedObject {
+ public:
+  static EntityDescription describe() {
+    return EntityBuilder<Book>("Book")
+        .root()
+        .attribute<&Book::m_title>("title")
+        .attribute<&Book::m_text>("text", Fetch::onDemand)
+        .toOne<&Book::m_mark>("mark", "Page")
+        .toMany<&Book::m_pages>("pages", "Page", "book")
+        .build();
+  }
+  const std::string& title() const { return read(m_title); }
+  void setTitle(std::string title) { assign(m_title, std::move(title)); }
+  bool hasTitle() const { return has(m_title); }
+  const std::string& text() const { return readOnDemand(m_text); }
+  void setText(std::string text) { assign(m_text, std::move(text)); }
+  Members<Page> pages() const { return members(m_pages); }
+  Page* mark() const { return target(m_mark); }
+  void setMark(Page* page) { relate(m_mark, page); }
+
+ private:
+  Attribute<std::string> m_title, m_text;
+  ToOne<Page> m_mark;
+  ToMany<Page> m_pages;
+};
+
+class Page final : public ManagedObject {
+ public:
+  static EntityDescription describe() {
+    return EntityBuilder<Page>("Page")
+        .attribute<&Page::m_number>("number")
+        .attribute<&Page::m_ratio>("ratio")
+        .toOne<&Page::m_book>("book", "Book", "pages")
+        .toOneInverse<&Page::m_cover>("cover", "Cover", "page", true)
+        .build();
+  }
+  int number() const { return read(m_number); }
+  void setNumber(int number) { assign(m_number, number); }
+  double ratio() const { return read(m_ratio); }
+  void setRatio(double ratio) { assign(m_ratio, ratio); }
+  Book* book() const { return target(m_book); }
+  void setBook(Book* book) { relate(m_book, book); }
+  Cover* cover() const { return target(m_cover); }
+  void setCover(Cover* cover) { relate(m_cover, cover); }
+
+ private:
+  Attribute<int> m_number;
+  Attribute<double> m_ratio;
+  ToOne<Book> m_book;
+  ToOneInverse<Cover> m_cover;
+};
+
+Page* Cover::page() const { return target(m_page); }
+
+class ManagedContextTest : public testing::Test {
+ protected:
+  ManagedContextTest() { m_context.emplace(m_file.create(), m_model); }
+
+  void reopen() {
+    m_context.reset();
+    m_context.emplace(m_file.open(), m_model);
+  }
+  Book* book(const std::string& title) {
+    auto* made = static_cast<Book*>(m_context->insert("Book"));
+    made->setTitle(title);
+    return made;
+  }
+  Page* page(int number, Book* owner) {
+    auto* made = static_cast<Page*>(m_context->insert("Page"));
+    made->setNumber(number);
+    made->setBook(owner);
+    return made;
+  }
+  Ref<Book> onlyBook() { return m_context->fetchAll<Book>("Book").at(0); }
+  static std::vector<int> numbers(const Book& book) {
+    std::vector<int> all;
+    for (const Page* page : book.pages()) all.push_back(page->number());
+    return all;
+  }
+
+  test::ScratchFolder m_folder;
+  ObjectModel m_model{{Book::describe(), Page::describe(), Cover::describe()}};
+  StoreFile m_file{m_folder.file("books.sqlite"), m_model, {0x54455354, 3}};
+  std::optional<ManagedContext> m_context;
+};
+
+TEST_F(ManagedContextTest, savedGraphComesBackInCreationOrder) {
+  Book* saved = book("Études");
+  saved->setText("long");
+  for (const int number : {3, 1, 2}) page(number, saved)->setRatio(0.1 * number);
+  m_context->save();
+  reopen();
+  const Ref<Book> read = onlyBook();
+  EXPECT_EQ(read->title(), "Études");
+  EXPECT_EQ(read->text(), "long");
+  EXPECT_EQ(numbers(*read), (std::vector{3, 1, 2}));
+  EXPECT_EQ(read->pages().at(0)->ratio(), 0.1 * 3);
+  EXPECT_EQ(read->pages().at(0)->book(), read.get());
+}
+
+TEST_F(ManagedContextTest, unsetAttributesStayUnset) {
+  m_context->insert("Book");
+  m_context->save();
+  reopen();
+  EXPECT_FALSE(onlyBook()->hasTitle());
+  EXPECT_EQ(onlyBook()->title(), "");
+}
+
+TEST_F(ManagedContextTest, membersLoadedLaterKnowWhatHappenedInMemory) {
+  Book* first = book("first");
+  const Ref<Book> second = book("second");
+  for (int i = 1; i <= 4; ++i) page(i, first);
+  m_context->save();
+  reopen();
+  const auto books = m_context->fetchAll<Book>("Book");
+  const auto pages = m_context->fetchAll<Page>("Page");
+  pages[0]->setBook(books[1]);
+  m_context->remove(*pages[1]);
+  page(5, books[0]);
+  EXPECT_EQ(numbers(*books[0]), (std::vector{3, 4, 5}));
+  EXPECT_EQ(numbers(*books[1]), (std::vector{1}));
+  m_context->save();
+  reopen();
+  EXPECT_EQ(numbers(*onlyBook()), (std::vector{3, 4, 5}));
+  EXPECT_EQ(second->title(), "second") << "objects outlive their context";
+}
+
+TEST_F(ManagedContextTest, oneToOneMovesItsOtherEnd) {
+  Book* owner = book("b");
+  Page* one = page(1, owner);
+  Page* two = page(2, owner);
+  auto* cover = static_cast<Cover*>(m_context->insert("Cover"));
+  one->setCover(cover);
+  m_context->save();
+  reopen();
+  const auto pages = onlyBook()->pages().snapshot();
+  pages[1]->setCover(pages[0]->cover());
+  EXPECT_EQ(pages[0]->cover(), nullptr);
+  ASSERT_NE(pages[1]->cover(), nullptr);
+  EXPECT_EQ(pages[1]->cover()->page(), pages[1].get());
+  static_cast<void>(two);
+}
+
+TEST_F(ManagedContextTest, deletedObjectStaysReadableAndLeavesItsRelationships) {
+  Book* owner = book("b");
+  const Ref<Page> gone = page(7, owner);
+  owner->setMark(gone);
+  m_context->save();
+  m_context->remove(*gone);
+  EXPECT_EQ(gone->number(), 7);
+  EXPECT_EQ(gone->book(), nullptr);
+  EXPECT_TRUE(owner->pages().empty());
+  EXPECT_EQ(owner->mark(), gone.get()) << "a reference without an inverse is not cleared";
+  owner->setTitle("changed");
+  m_context->save();
+  reopen();
+  EXPECT_EQ(onlyBook()->mark(), nullptr);
+  EXPECT_TRUE(onlyBook()->pages().empty());
+}
+
+TEST_F(ManagedContextTest, nothingIsWrittenBeforeSaveAndFailedSaveKeepsTheChanges) {
+  book("b");
+  EXPECT_EQ(m_context->store().integer("SELECT count(*) FROM Book"), 0);
+  m_context->store().execute(
+      "CREATE TRIGGER full BEFORE INSERT ON Page BEGIN SELECT RAISE(ABORT, 'disk full'); END");
+  page(1, nullptr);
+  EXPECT_THROW(m_context->save(), StoreError);
+  EXPECT_EQ(m_context->store().integer("SELECT count(*) FROM Book"), 0) << "all or nothing";
+  m_context->store().execute("DROP TRIGGER full");
+  m_context->save();
+  EXPECT_EQ(m_context->store().integer("SELECT count(*) FROM Book"), 1);
+  EXPECT_FALSE(m_context->hasChanges());
+}
+
+TEST_F(ManagedContextTest, openingSweepsWhatNothingReaches) {
+  Page* orphan = page(1, nullptr);
+  orphan->setCover(static_cast<Cover*>(m_context->insert("Cover")));
+  page(2, book("kept"));
+  m_context->save();
+  reopen();
+  EXPECT_EQ(m_context->store().integer("SELECT count(*) FROM Page"), 1);
+  EXPECT_EQ(m_context->store().integer("SELECT count(*) FROM Cover"), 0);
+}
+
+}  // namespace
+}  // namespace korvel::platform
