@@ -31,12 +31,8 @@ constexpr auto kBigTable = binTable<112>(std::to_array<BinTone>(
 
 }  // namespace
 
-std::span<const float> QBFrequencyMapper::smallD(const QBTuning* /*tuning*/) {
-  return kSmallTable;
-}
+std::span<const float> QBFrequencyMapper::smallD(const QBTuning* /*tuning*/) { return kSmallTable; }
 
-std::span<const float> QBFrequencyMapper::bigD(const QBTuning* /*tuning*/) {
-  return kBigTable;
-}
+std::span<const float> QBFrequencyMapper::bigD(const QBTuning* /*tuning*/) { return kBigTable; }
 
 }  // namespace korvel

@@ -21,9 +21,7 @@ std::string bytesOrNone(const std::filesystem::path& file) {
 
 Scanner::Scanner(const std::filesystem::path& file) : data(bytesOrNone(file)) {}
 
-char Scanner::readChar() {
-  return rpos < data.size() ? data[rpos++] : kEnd;
-}
+char Scanner::readChar() { return rpos < data.size() ? data[rpos++] : kEnd; }
 
 std::optional<Token> Scanner::nextToken() {
   std::optional<Token> open;

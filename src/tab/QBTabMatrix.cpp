@@ -69,9 +69,7 @@ void QBTabMatrix::closeMeasure() {
   barLine(m_xPos++);
 }
 
-void QBTabMatrix::addEmptyChord() {
-  stringLines(++m_xPos, 2);
-}
+void QBTabMatrix::addEmptyChord() { stringLines(++m_xPos, 2); }
 
 void QBTabMatrix::trimLeadingLines() {
   const auto firstDrawn = std::ranges::find_if_not(m_lines, isBlank);
@@ -96,9 +94,7 @@ void QBTabMatrix::stringLines(int x, int n) {
   for (int i = 0; i < n; ++i) vertText(x + i, m_yPos, "------");
 }
 
-void QBTabMatrix::barLine(int x) {
-  vertText(x, m_yPos, "||||||");
-}
+void QBTabMatrix::barLine(int x) { vertText(x, m_yPos, "||||||"); }
 
 std::string QBTabMatrix::row(int y, int columns) const {
   std::string text;

@@ -9,9 +9,7 @@
 namespace korvel {
 namespace {
 
-double midiPitch(float hertz) {
-  return 69 + 12 * std::log2(static_cast<double>(hertz) / 440);
-}
+double midiPitch(float hertz) { return 69 + 12 * std::log2(static_cast<double>(hertz) / 440); }
 
 struct Entry {
   long bin;

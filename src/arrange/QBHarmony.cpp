@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/QBHarmony.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "model/Pitch.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBTabMgr.h"
+#include "model/QBToneOfHarmony.h"
+#include "model/QBTuning.h"
+
+namespace korvel {
+
+void QBHarmony::addStep(int order, int step) {
+  QBTabMgr::db().createToneOfHarmony(this, order, step);
+}
+
+const std::vector<platform::Ref<QBToneOfHarmony>>& QBHarmony::allTones() {
+  if (!m_sortedTones) {
+    m_sortedTones = tones().snapshot();
+    std::ranges::stable_sort(*m_sortedTones, {}, [](const auto& tone) { return tone->order(); });
+  }
+  return *m_sortedTones;
+}
+
+int QBHarmony::isPartOfChord(int base, const QBChord& chord) {
+  const QBHold* hold = chord.hold();
+  return hold ? countTones(base, hold->pitchClasses()) : 0;
+}
+
+int QBHarmony::countTones(int base, unsigned pitchClasses) {
+  int count = 0;
+  int note = base;
+  for (const auto& tone : allTones()) {
+    note = pitchClass(note + tone->step());
+    if (pitchClasses >> note & 1U) ++count;
+  }
+  return count;
+}
+
+bool QBHarmony::includesNote(int base, int note) {
+  int own = base;
+  return std::ranges::any_of(allTones(), [&](const auto& tone) {
+    own = pitchClass(own + tone->step());
+    return own == note;
+  });
+}
+
+std::optional<std::string> QBHarmony::noteAsString(int note) {
+  static constexpr const char* kNames[] = {"C",  "C#", "D",  "Eb", "E",  "F",
+                                           "F#", "G",  "Ab", "A",  "Bb", "B"};
+  if (note < 0 || note >= static_cast<int>(std::size(kNames))) return std::nullopt;
+  return kNames[note];
+}
+
+int QBHarmony::toneOfString(int string) {
+  QBTuning* tuning = QBTabMgr::db().selectedTuning();
+  return tuning ? tuning->noteOfString(string) : 0;
+}
+
+}  // namespace korvel

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/QBBlock.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "model/QBSample.h"
+#include "model/QBTabMgr.h"
+
+namespace korvel {
+
+QBSample* QBBlock::addSample(std::int16_t value) {
+  return QBTabMgr::db().createSample(this, value);
+}
+
+std::vector<platform::Ref<QBSample>> QBBlock::allSamples() const {
+  auto sorted = samples().snapshot();
+  std::ranges::stable_sort(sorted, {}, [](const auto& sample) { return sample->position(); });
+  return sorted;
+}
+
+bool QBBlock::equals(const QBBlock& other) const {
+  return std::ranges::equal(allSamples(), other.allSamples(),
+                            [](const auto& a, const auto& b) { return a->equals(*b); });
+}
+
+void QBBlock::addData(std::span<const std::byte> bytes) {
+  platform::Bytes& stored = mutate(m_data);
+  if (stored.empty()) stored.reserve(kBytes);
+  stored.insert(stored.end(), bytes.begin(), bytes.end());
+}
+
+std::uint32_t QBBlock::space() const { return static_cast<std::uint32_t>(kBytes - data().size()); }
+
+std::vector<std::int16_t> QBBlock::toSamples() {
+  const platform::Bytes& bytes = data();
+  std::vector<std::int16_t> values;
+  values.reserve(bytes.size() / 2);
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    values.push_back(bytesToShort(bytes[i], bytes[i + 1]));
+    m_sum += values.back();
+  }
+  m_nmbOfSamples += static_cast<std::int64_t>(values.size());
+  return values;
+}
+
+// A negative sum divides as its unsigned pattern; callers rely on that reading.
+std::uint64_t QBBlock::average() const {
+  const std::uint64_t count = data().size() / 2;
+  if (count == 0) throw std::domain_error("an empty block has no average");
+  return static_cast<std::uint64_t>(m_sum) / count;
+}
+
+}  // namespace korvel

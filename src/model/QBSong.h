@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/persistence/ManagedObject.h"
+
+namespace korvel {
+
+class QBAlbum;
+class QBChord;
+class QBChordVisitor;
+class QBMeasure;
+class QBTuning;
+
+/// One recorded or derived piece: chords in order of `position`, laid into measures or not.
+///
+/// The order of chords is computed once per object and kept, so that cursors and filters see one
+/// sequence; chords added or removed later do not change what `allChords` answers. The position
+/// counters start at 0 whenever a song is read from the store.
+class QBSong final : public platform::ManagedObject {
+ public:
+  static platform::EntityDescription describe();
+  QBSong();
+  ~QBSong() override;
+
+  const std::string& title() const { return read(m_title); }
+  void setTitle(std::string value) { assign(m_title, std::move(value)); }
+  /// Name of the instrument that the song was made with: a copy, not a relationship.
+  const std::string& instrument() const { return read(m_instrument); }
+  void setInstrument(std::string value) { assign(m_instrument, std::move(value)); }
+  bool hasInstrument() const { return has(m_instrument); }
+  /// Kept for stores that carry it; nothing reads or writes it.
+  double avgrate() const { return read(m_avgrate); }
+  void setAvgrate(double value) { assign(m_avgrate, value); }
+  /// Playback rate; 1.0 is the speed of the recording.
+  float tempoRate() const { return read(m_tempoRate); }
+  void setTempoRate(float value) { assign(m_tempoRate, value); }
+  /// The text tablature as it was last built; unset before.
+  const std::string& tabulature() const { return readOnDemand(m_tabulature); }
+  void setTabulature(std::string value) { assign(m_tabulature, std::move(value)); }
+  bool hasTabulature() const { return hasOnDemand(m_tabulature); }
+  const std::string& descr() const { return read(m_descr); }
+  void setDescr(std::string value) { assign(m_descr, std::move(value)); }
+  QBAlbum* album() const;
+  void setAlbum(QBAlbum* value);
+  QBTuning* tuning() const;
+  void setTuning(QBTuning* value);
+  /// Bounds of the playback loop; either may be unset, or point at a chord that was deleted.
+  QBChord* fromChord() const;
+  void setFromChord(QBChord* value);
+  QBChord* toChord() const;
+  void setToChord(QBChord* value);
+  /// In creation order; `allChords` is in order of position.
+  platform::Members<QBChord> chords() const;
+  platform::Members<QBMeasure> measures() const;
+
+  // Order and lookup.
+  const std::vector<platform::Ref<QBChord>>& allChords();
+  std::vector<platform::Ref<QBMeasure>> allMeasures() const;
+  /// Counts up from 1 for as long as this object lives.
+  int nextChordPosition() { return ++m_chordPos; }
+  int nextMeasurePosition() { return ++m_measPos; }
+  /// Chords of index [from, to); to is clamped to the number of chords.
+  std::vector<platform::Ref<QBChord>> chordsInRange(int from, int to);
+  QBChord* createChord();
+  void deleteChord(QBChord* chord);
+  /// Moves one end of the playback loop to the chord: the nearer one when it lies inside.
+  void setChordInLoop(QBChord* chord);
+  /// How many chords from index on are drawn as a group: 1, 2 or 4.
+  int lookupGroupSize(int index);
+  /// Hands previous, current and next chord to the visitor, for every chord in order.
+  void iterate(QBChordVisitor& visitor);
+
+  // Text tablature.
+  /// By measures when there are any. std::out_of_range for a song without chords and measures.
+  std::string toString();
+  /// The same without the marks of the playback loop.
+  std::string toStringForExport();
+  std::string toStringByMeasures();
+  /// Renews `tabulature`.
+  void buildTab();
+  /// Writes the text for export as UTF-8; write errors are ignored and the answer is always true.
+  bool tofile(const std::string& path);
+
+  // Copies.
+  QBSong* cloneToAlbum(QBAlbum* album);
+  QBSong* clone();
+
+ private:
+  platform::Attribute<std::string> m_title;
+  platform::Attribute<std::string> m_instrument;
+  platform::Attribute<double> m_avgrate;
+  platform::Attribute<float> m_tempoRate;
+  platform::Attribute<std::string> m_tabulature;
+  platform::Attribute<std::string> m_descr;
+  platform::ToOne<QBAlbum> m_album;
+  platform::ToOne<QBTuning> m_tuning;
+  platform::ToOne<QBChord> m_fromChord;
+  platform::ToOne<QBChord> m_toChord;
+  platform::ToMany<QBChord> m_chords;
+  platform::ToMany<QBMeasure> m_measures;
+
+  int m_chordPos = 0;
+  int m_measPos = 0;
+  std::optional<std::vector<platform::Ref<QBChord>>> m_sortedChords;
+};
+
+}  // namespace korvel

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/QBSpectrum.h"
+
+#include "model/QBInstrument.h"
+#include "model/QBOvertone.h"
+#include "model/QBString.h"
+#include "platform/persistence/EntityDescription.h"
+
+namespace korvel {
+
+platform::EntityDescription QBSpectrum::describe() {
+  return platform::EntityBuilder<QBSpectrum>("QBSpectrum")
+      .attribute<&QBSpectrum::m_calibrated>("calibrated")
+      .toOne<&QBSpectrum::m_instrument>("instrument", "QBInstrument", "spectrums")
+      .toOne<&QBSpectrum::m_string>("string", "QBString")
+      .toMany<&QBSpectrum::m_overtones>("overtones", "QBOvertone", "spectrum",
+                                        platform::Loading::allOwners)
+      .build();
+}
+
+QBInstrument* QBSpectrum::instrument() const { return target(m_instrument); }
+
+void QBSpectrum::setInstrument(QBInstrument* value) { relate(m_instrument, value); }
+
+QBString* QBSpectrum::string() const { return target(m_string); }
+
+void QBSpectrum::setString(QBString* value) { relate(m_string, value); }
+
+platform::Members<QBOvertone> QBSpectrum::overtones() const { return members(m_overtones); }
+
+}  // namespace korvel
