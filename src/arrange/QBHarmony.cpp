@@ -12,6 +12,14 @@
 #include "model/QBTuning.h"
 
 namespace korvel {
+namespace {
+
+/// The step is reduced first: a declared one may be as large as an int can be.
+int above(int note, const QBToneOfHarmony& tone) {
+  return pitchClass(note + pitchClass(tone.step()));
+}
+
+}  // namespace
 
 void QBHarmony::addStep(int order, int step) {
   QBTabMgr::db().createToneOfHarmony(this, order, step);
@@ -32,18 +40,18 @@ int QBHarmony::isPartOfChord(int base, const QBChord& chord) {
 
 int QBHarmony::countTones(int base, unsigned pitchClasses) {
   int count = 0;
-  int note = base;
+  int note = pitchClass(base);
   for (const auto& tone : allTones()) {
-    note = pitchClass(note + tone->step());
+    note = above(note, *tone);
     if (pitchClasses >> note & 1U) ++count;
   }
   return count;
 }
 
 bool QBHarmony::includesNote(int base, int note) {
-  int own = base;
+  int own = pitchClass(base);
   return std::ranges::any_of(allTones(), [&](const auto& tone) {
-    own = pitchClass(own + tone->step());
+    own = above(own, *tone);
     return own == note;
   });
 }

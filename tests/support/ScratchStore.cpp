@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/ScratchStore.h"
+
+#include "model/KorvelModel.h"
+#include "model/QBTabMgr.h"
+
+namespace korvel::test {
+
+ScratchStore::ScratchStore() {
+  storeFile(m_path).create();
+  QBTabMgr::clearDb();
+  QBTabMgr::setStorePath(m_path);
+}
+
+ScratchStore::~ScratchStore() {
+  QBTabMgr::clearDb();
+  QBTabMgr::setStorePath({});
+}
+
+}  // namespace korvel::test

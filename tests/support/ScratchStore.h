@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "support/ScratchFolder.h"
+
+namespace korvel::test {
+
+/// A new, empty store in a folder of its own, which the shared manager works on meanwhile.
+class ScratchStore {
+ public:
+  ScratchStore();
+  ScratchStore(const ScratchStore&) = delete;
+  ScratchStore& operator=(const ScratchStore&) = delete;
+  ~ScratchStore();
+
+  const std::string& path() const { return m_path; }
+  const ScratchFolder& folder() const { return m_folder; }
+
+ private:
+  ScratchFolder m_folder;
+  std::string m_path = m_folder.file("Korvel.sqlite");
+};
+
+}  // namespace korvel::test
