@@ -106,8 +106,14 @@ class QBChord final : public platform::ManagedObject {
   /// Draws the chord at the cursor, in a new system when it would reach the width.
   void addToTabulatureWithLineBreak(QBTabMatrix& matrix, const QBChord* previous, int flag,
                                     int width);
+  /// The same with the beat ruler below, from the measure's counter on, which it moves.
   void addToTabulatureWithMetric(QBTabMatrix& matrix, const QBChord* previous, int groupSize,
                                  int width, QBMeasure& measure);
+  /// Draws a note value of so many sixteenths on the rows y - 2 to y; nothing when negative.
+  static void setMetric(QBTabMatrix& matrix, int x, int y, int duration);
+  /// The part of the beat ruler that belongs to a chord of so many sixteenths, `counter` sixteenths
+  /// into the measure; "" unless the time is 3/4, 4/4, 6/8 or 12/8. The group does not matter.
+  static std::string metricString(int counter, int duration, int beat, int beattype, int groupSize);
 
   /// Spectrum that the chord was read from, while it is being recorded.
   const std::shared_ptr<QBFFT>& m_fft() const { return m_spectrum; }

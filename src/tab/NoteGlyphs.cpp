@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tab/NoteGlyphs.h"
-
+#include <string>
 #include <string_view>
+
+#include "model/QBChord.h"
+#include "tab/QBTabMatrix.h"
 
 namespace korvel {
 namespace {
@@ -26,7 +28,7 @@ bool isDotted(int duration) {
 
 }  // namespace
 
-void setMetric(QBTextMatrix& matrix, int x, int y, int duration) {
+void QBChord::setMetric(QBTabMatrix& matrix, int x, int y, int duration) {
   if (duration < 0) return;
   if (duration == 0) return matrix.setString(x, y, "x");
   matrix.setString(x, y - 2, duration < 16 ? "|" : "o");
@@ -36,7 +38,8 @@ void setMetric(QBTextMatrix& matrix, int x, int y, int duration) {
   if (isDotted(duration)) matrix.setString(x + 1, duration == 3 ? y - 1 : y - 2, ".");
 }
 
-std::string metricString(int counter, int duration, int beat, int beattype, int /*groupSize*/) {
+std::string QBChord::metricString(int counter, int duration, int beat, int beattype,
+                                  int /*groupSize*/) {
   const std::string_view ruler = rulerOf(beat, beattype);
   const int length = static_cast<int>(ruler.size());
   std::string text;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tab/NoteGlyphs.h"
+#include "model/QBChord.h"
+#include "tab/QBTabMatrix.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +11,8 @@ namespace {
 
 /// The three rows of a glyph, joined by "/".
 std::string glyph(int duration) {
-  QBTextMatrix matrix;
-  setMetric(matrix, 0, 2, duration);
+  QBTabMatrix matrix;
+  QBChord::setMetric(matrix, 0, 2, duration);
   std::string rows;
   for (int y = 0; y < 3; ++y) {
     for (int x = 0; x < 2; ++x) rows += matrix.getString(x, y).value_or(" ");
@@ -31,17 +32,18 @@ TEST(NoteGlyphs, everyDurationHasItsGlyph) {
 }
 
 TEST(BeatRuler, givesEachChordItsPart) {
-  EXPECT_EQ(metricString(0, 4, 4, 4, 0), "1 . + .");
-  EXPECT_EQ(metricString(4, 4, 4, 4, 2), "2 . + .");
-  EXPECT_EQ(metricString(1, 2, 3, 4, 0), ". +");
-  EXPECT_EQ(metricString(10, 9, 6, 8, 0), "6 .");
-  EXPECT_EQ(metricString(12, 1, 3, 4, 0), "");
-  EXPECT_EQ(metricString(0, 4, 2, 4, 0), "");
+  EXPECT_EQ(QBChord::metricString(0, 4, 4, 4, 0), "1 . + .");
+  EXPECT_EQ(QBChord::metricString(4, 4, 4, 4, 2), "2 . + .");
+  EXPECT_EQ(QBChord::metricString(1, 2, 3, 4, 0), ". +");
+  EXPECT_EQ(QBChord::metricString(10, 9, 6, 8, 0), "6 .");
+  EXPECT_EQ(QBChord::metricString(12, 1, 3, 4, 0), "");
+  EXPECT_EQ(QBChord::metricString(0, 4, 2, 4, 0), "");
 }
 
 TEST(BeatRuler, neverReachesTheLastSlotOfTwelveEighths) {
-  EXPECT_EQ(metricString(0, 24, 12, 8, 0), "1 . 2 . 3 . 4 . 5 . 6 . 7 . 8 . 9 .10 .11 .12");
-  EXPECT_EQ(metricString(23, 1, 12, 8, 0), "");
+  EXPECT_EQ(QBChord::metricString(0, 24, 12, 8, 0),
+            "1 . 2 . 3 . 4 . 5 . 6 . 7 . 8 . 9 .10 .11 .12");
+  EXPECT_EQ(QBChord::metricString(23, 1, 12, 8, 0), "");
 }
 
 }  // namespace

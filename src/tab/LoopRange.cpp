@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/LoopRange.h"
+
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+
+namespace korvel {
+namespace {
+
+int positionOf(const QBChord* chord) { return chord ? chord->position() : -1; }
+
+}  // namespace
+
+LoopRange::LoopRange(const QBSong* song) {
+  if (!song) return;
+  from = positionOf(song->fromChord());
+  to = positionOf(song->toChord());
+}
+
+}  // namespace korvel

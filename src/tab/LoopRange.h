@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace korvel {
+
+class QBSong;
+
+/// The positions of the chords at the ends of a song's playback loop, -1 where an end is not set.
+struct LoopRange {
+  int from = -1;
+  int to = -1;
+
+  LoopRange() = default;
+  /// Null has no loop.
+  explicit LoopRange(const QBSong* song);
+
+  bool contains(int position) const { return from <= position && position <= to; }
+  bool isSet() const { return from != -1 && to != -1; }
+};
+
+}  // namespace korvel
