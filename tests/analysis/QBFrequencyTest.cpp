@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/QBFrequency.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "analysis/QBFrequencyMapper.h"
+#include "analysis/QBFrequencyMatrix.h"
+#include "model/QBString.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "model/QBTuning.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+/// "string/fret" that plays a frequency, or "-".
+std::string place(float f) {
+  const auto matrix = QBFrequencyMatrix::infoByFrequencyComputed(f);
+  if (!matrix) return "-";
+  EXPECT_EQ(matrix->height(), 1);
+  return std::to_string(std::lround(matrix->getFloat(2, 0))) + "/" +
+         std::to_string(std::lround(matrix->getFloat(1, 0)));
+}
+
+TEST(QBFrequencyMatrix, findsEveryToneOnceOnTheNeck) {
+  test::StandardStore store;
+  std::string places;
+  for (const float f : QBFrequencyMapper::smallD(nullptr))
+    if (f != 0) places += place(f) + " ";
+  // The two lowest tones lie below the low E, and the twelfth fret is not searched.
+  EXPECT_EQ(places,
+            "- - 0/0 0/1 0/2 0/3 0/4 1/0 1/1 1/2 1/3 1/4 2/0 2/1 2/2 2/3 2/4 3/0 3/1 3/2 3/3 4/0 "
+            "4/1 4/2 4/3 4/4 5/0 5/1 5/2 5/3 5/4 5/5 5/6 5/7 5/8 5/9 5/10 5/11 - ");
+}
+
+TEST(QBFrequencyMatrix, acceptsLessThanATenthOfASemitone) {
+  test::StandardStore store;
+  const float semitone = 110 * 1.0594631F - 110;
+  EXPECT_EQ(place(110 + 0.07F * semitone), "1/0");
+  EXPECT_EQ(place(110 + 0.08F * semitone), "-");
+  EXPECT_EQ(place(110 - 0.066F * semitone), "1/0");
+  EXPECT_EQ(place(110 - 0.075F * semitone), "-");
+}
+
+TEST(QBFrequencyMatrix, followsTheSelectedTuning) {
+  test::StandardStore store;
+  QBTabMgr::db().selectTuning(store.dropD());
+  EXPECT_EQ(place(73.41F), "0/0");
+  EXPECT_EQ(place(98.0F), "-");
+  QBTabMgr::db().selectTuning(store.standard());
+  EXPECT_EQ(place(73.41F), "-");
+}
+
+TEST(QBFrequencyMatrix, findsNothingWithoutATuning) {
+  test::StandardStore store;
+  QBTabMgr::db().setSettings({});
+  EXPECT_EQ(place(110), "-");
+}
+
+TEST(QBFrequencyMatrix, tableOfBinsKeepsTheTuningOfItsFirstUse) {
+  test::StandardStore store;
+  const auto table = QBFrequencyMatrix::buildSpektrum();
+  ASSERT_EQ(table.size(), 129U);
+  EXPECT_EQ(table[41 - 7], 41 * QBFrequencyMapper::kBinWidth);
+  EXPECT_EQ(table[29 - 7], 0);
+  QBTabMgr::db().selectTuning(store.dropD());
+  ASSERT_EQ(place(29 * QBFrequencyMapper::kBinWidth), "0/1");
+  EXPECT_EQ(QBFrequencyMatrix::buildSpektrum()[29 - 7], 0);
+}
+
+TEST(QBFrequencyMatrix, otherTablesHoldTheCoarseTones) {
+  const auto coarse = QBFrequencyMapper::bigD(nullptr);
+  const auto small = QBFrequencyMatrix::buildSpectrumSmall();
+  EXPECT_TRUE(std::ranges::equal(small, coarse));
+  const auto fine = QBFrequencyMatrix::buildSpectrumBig();
+  ASSERT_EQ(fine.size(), 223U);
+  std::vector<float> tones;
+  for (std::size_t i = 0; i < fine.size(); ++i) {
+    if (fine[i] == 0) continue;
+    tones.push_back(fine[i]);
+    const auto bin = static_cast<float>(30 + i);
+    EXPECT_NEAR(fine[i], bin * QBFrequencyMapper::kBinWidth, 1.4 * QBFrequencyMapper::kBinWidth);
+  }
+  EXPECT_EQ(tones.size(), 37U);
+  EXPECT_EQ(tones[1], 87.31035F);
+}
+
+TEST(QBFrequency, knowsItsPlace) {
+  test::StandardStore store;
+  const QBFrequency a(110.0F, 1);
+  const QBFrequency low(73.41F, 1);
+  QBTone* tone = QBTabMgr::db().createTone(nullptr, 1, 0, 0, 1);
+  EXPECT_TRUE(a.isGuitar());
+  EXPECT_TRUE(a.equalsTone(*tone));
+  EXPECT_FALSE(low.isGuitar());
+  EXPECT_FALSE(low.equalsTone(*tone));
+  tone->setFret(1);
+  EXPECT_FALSE(a.equalsTone(*tone));
+}
+
+TEST(QBFrequency, hearsIntervalsUpwardsAndTheirComplements) {
+  test::StandardStore store;
+  const auto tone = [](float f) { return QBFrequency(f, 1); };
+  const QBFrequency a = tone(110);
+  EXPECT_TRUE(a.isOctaveOf(tone(220)));
+  EXPECT_TRUE(tone(220).isOctaveOf(tone(220)));
+  EXPECT_FALSE(tone(220).isOctaveOf(a));
+  EXPECT_TRUE(a.isQuintOf(tone(164.8F)));
+  EXPECT_TRUE(a.isQuintOf(tone(146.8F)));
+  EXPECT_FALSE(tone(164.8F).isQuintOf(a));
+  EXPECT_FALSE(a.isQuintOf(tone(155.6F)));
+  EXPECT_TRUE(a.isTerzOf(tone(138.6F)));
+  EXPECT_TRUE(a.isSmallTerzOf(tone(130.8F)));
+  EXPECT_TRUE(a.isSexteOf(tone(130.8F)));
+  EXPECT_TRUE(a.isSekundeOf(tone(123.5F)));
+  EXPECT_TRUE(a.isMajSeptimeOf(tone(116.5F)));
+  EXPECT_FALSE(a.isQuartOf(tone(293.7F)));
+  EXPECT_TRUE(a.isIntervalOld(5, tone(293.7F)));
+  EXPECT_TRUE(tone(329.6F).isIntervalOld(5, a));
+  EXPECT_FALSE(tone(329.6F).isIntervalOld(4, a));
+}
+
+TEST(QBTuning, findsTheOpenStringOfAFrequency) {
+  test::StandardStore store;
+  EXPECT_EQ(store.standard()->findBaseToneByFrequency(QBFrequency(196.0F, 1))->order(), 3);
+  EXPECT_EQ(store.standard()->findBaseToneByFrequency(QBFrequency(207.6F, 1)), nullptr);
+}
+
+TEST(QBFrequency, stepsByString) {
+  EXPECT_EQ(QBFrequency::stepByString(0), 20);
+  EXPECT_EQ(QBFrequency::stepByString(5), 44);
+  EXPECT_EQ(QBFrequency::stepByString(6), 0);
+  EXPECT_EQ(QBFrequency::stepByString(-1), 0);
+}
+
+}  // namespace
+}  // namespace korvel

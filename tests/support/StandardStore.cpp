@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/StandardStore.h"
+
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBSettings.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+
+namespace korvel::test {
+namespace {
+
+constexpr double kAmp = 1000000;
+
+int fretOf(char c) { return c >= 'a' ? c - 'a' + 10 : c - '0'; }
+
+}  // namespace
+
+StandardStore::StandardStore() {
+  QBTabMgr& db = QBTabMgr::db();
+  db.createTuning("Standard", 1)->createStandardStrings();
+  db.createTuning("Drop D", 2)->createDropDStrings();
+  db.createSettings("./");
+  db.loadSettings();
+  db.selectTuning(standard());
+}
+
+QBTuning* StandardStore::standard() const { return QBTabMgr::db().findTuningByOrder(1); }
+
+QBTuning* StandardStore::dropD() const { return QBTabMgr::db().findTuningByOrder(2); }
+
+QBSong* StandardStore::song(const std::string& title) const {
+  return QBTabMgr::db().createSong(title, standard(), nullptr, nullptr);
+}
+
+QBChord* addChord(QBSong* song, std::string_view frets, int duration) {
+  QBChord* chord = song->createChord();
+  chord->setDuration(duration);
+  for (int string = 0; const char c : frets) {
+    if (c != 'x') chord->hold()->addTone(string, fretOf(c), kAmp);
+    ++string;
+  }
+  return chord;
+}
+
+}  // namespace korvel::test

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "support/ScratchStore.h"
+
+namespace korvel {
+class QBChord;
+class QBSong;
+class QBTuning;
+}  // namespace korvel
+
+namespace korvel::test {
+
+/// A scratch store with settings and the tunings "Standard", which is selected, and "Drop D".
+class StandardStore {
+ public:
+  StandardStore();
+
+  QBTuning* standard() const;
+  QBTuning* dropD() const;
+  /// A song in standard tuning, in no album.
+  QBSong* song(const std::string& title) const;
+  const ScratchFolder& folder() const { return m_store.folder(); }
+
+ private:
+  ScratchStore m_store;
+};
+
+/// Appends a chord to a song, written as in a chord book: a character for each string, the lowest
+/// first, "x" for a silent one, letters from "a" for frets from 10: "x02210".
+QBChord* addChord(QBSong* song, std::string_view frets, int duration = 1);
+
+}  // namespace korvel::test
