@@ -117,9 +117,10 @@ TEST(MediaAsset, offersNoSoundWhereThereIsNone) {
   while (text.size() < 100000) text += "this is some text\n";
   test::writeFile(folder.file("text.mp3"), text);
   test::ffmpeg({"-f", "lavfi", "-i", "testsrc=d=1:s=64x64", "file:" + folder.file("mute.mp4")});
-  for (const char* name : {"text.mp3", "mute.mp4"})
-    for (const MediaTrack& track : MediaAsset(folder.file(name)).tracks())
-      EXPECT_EQ(track.coding, Coding::none) << name;
+  for (const char* name : {"text.mp3", "mute.mp4"}) {
+    const MediaAsset asset(folder.file(name));
+    for (const MediaTrack& track : asset.tracks()) EXPECT_EQ(track.coding, Coding::none) << name;
+  }
 }
 
 TEST(MediaReader, isReadingUntilTheEndOrCancel) {
