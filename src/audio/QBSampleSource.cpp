@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "audio/QBSampleSource.h"
+
+namespace korvel {
+
+QBSampleSource::QBSampleSource() : m_replacement(std::make_unique<QBSampleBlock>()) {
+  m_filling.push_back(std::make_unique<QBSampleBlock>());
+  while (m_spare.size() < kSpareBlocks) m_spare.push_back(std::make_unique<QBSampleBlock>());
+}
+
+void QBSampleSource::pushBuffer(const AudioTimeStamp& time, const QueueBuffer& buffer) {
+  if (buffer.dataByteSize != QBBlock::kBytes || buffer.data.size() < QBBlock::kBytes) return;
+  if (m_filling.empty()) m_filling.push_back(std::make_unique<QBSampleBlock>());
+  m_filling.front()->m_time = static_cast<std::int64_t>(time.sampleTime);
+  m_filling.front()->fill(buffer);
+  const std::unique_lock lock(m_lock, std::try_to_lock);
+  if (!lock) return;
+  m_blocks.splice(m_blocks.end(), m_filling);
+  if (!m_spare.empty()) m_filling.splice(m_filling.end(), m_spare, m_spare.begin());
+}
+
+std::unique_ptr<QBSampleBlock> QBSampleSource::readBuffer() {
+  if (!m_replacement) m_replacement = std::make_unique<QBSampleBlock>();
+  const std::unique_lock lock(m_lock, std::try_to_lock);
+  if (!lock || m_blocks.empty()) return nullptr;
+  std::swap(m_blocks.front(), m_replacement);
+  m_spare.splice(m_spare.end(), m_blocks, m_blocks.begin());
+  return std::move(m_replacement);
+}
+
+}  // namespace korvel

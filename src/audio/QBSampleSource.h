@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "audio/QBSampleBlock.h"
+#include "audio/QueueBuffer.h"
+#include "model/QBBlock.h"
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+
+/// Where the analyser takes its blocks from, and itself the queue of live blocks: the audio thread
+/// pushes, the analyser's thread reads. Both only try the lock. A collision costs the one a block
+/// and the other an empty step, and neither ever waits.
+///
+/// File sources override the second half; what stands here are the answers of a source without one.
+class QBSampleSource {
+ public:
+  QBSampleSource();
+  QBSampleSource(const QBSampleSource&) = delete;
+  QBSampleSource& operator=(const QBSampleSource&) = delete;
+  virtual ~QBSampleSource() = default;
+
+  /// Queues a copy of a buffer of exactly 32768 bytes; others are ignored, and the block is lost
+  /// when the lock is busy. For one audio thread at a time: waits for nothing, and allocates only
+  /// when the reader is more than kSpareBlocks behind.
+  void pushBuffer(const AudioTimeStamp& time, const QueueBuffer& buffer);
+  /// The oldest pending block; none when nothing is pending or the lock is busy. For one reading
+  /// thread at a time.
+  std::unique_ptr<QBSampleBlock> readBuffer();
+
+  virtual void startRecord(float volume) { m_volume = volume; }
+  virtual void stopRecord() {}
+  virtual bool eof() const { return true; }
+  virtual bool isReading() const { return false; }
+  virtual void setVolume(float) {}
+  virtual float getVolume() const { return -100.0F; }
+
+  /// The next block of a file.
+  virtual platform::Ref<QBBlock> readBlockFromSamples() { return nullptr; }
+  /// Reads one more slice of a file; false at its end.
+  virtual bool pullBuffer() { return false; }
+  virtual int workingStateInPercent() const { return 0; }
+
+  const std::vector<std::int16_t>& samples() const { return m_samples; }
+
+ protected:
+  static constexpr int kSpareBlocks = 8;
+
+  std::vector<std::int16_t> m_samples;  ///< Of sources that hold all their samples at once.
+  float m_volume = 0;
+  std::mutex m_lock;  ///< Guards m_blocks and m_spare.
+
+ private:
+  using Queue = std::list<std::unique_ptr<QBSampleBlock>>;
+
+  // List nodes move between these with their blocks, so that neither is made on the audio thread.
+  Queue m_blocks;                                ///< Pending, oldest first.
+  Queue m_spare;                                 ///< Empty ones, for the audio thread to fill.
+  Queue m_filling;                               ///< One block; the audio thread's own.
+  std::unique_ptr<QBSampleBlock> m_replacement;  ///< Takes a read block's place; the reader's own.
+};
+
+}  // namespace korvel
