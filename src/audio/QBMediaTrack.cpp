@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "audio/QBMediaTrack.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "model/QBTabMgr.h"
+#include "model/SessionServices.h"
+#include "platform/MediaError.h"
+
+namespace korvel {
+namespace {
+
+using platform::MediaTrack;
+
+std::optional<MediaTrack> firstSound(const std::vector<MediaTrack>& tracks) {
+  const auto sound = std::ranges::find_if(
+      tracks, [](const MediaTrack& track) { return track.coding != MediaTrack::Coding::none; });
+  return sound == tracks.end() ? std::nullopt : std::optional(*sound);
+}
+
+void log(std::string_view text) { SessionServices::current().addToLog(text); }
+
+}  // namespace
+
+QBMediaTrack::QBMediaTrack(const std::filesystem::path& file) {
+  if (!file.empty()) m_url = file;
+}
+
+// The decoder always has data ready or is at its end, so there is nothing to sleep for in between.
+void QBMediaTrack::startRecord(float) {
+  if (!open()) return;
+  while (pullBuffer()) {
+  }
+}
+
+bool QBMediaTrack::open() {
+  if (!m_url) return false;
+  m_asset.emplace(*m_url);
+  if (!m_asset->hasTrackList()) {
+    log("no asset tracks found");
+    return false;
+  }
+  m_track = firstSound(m_asset->tracks());
+  if (m_track) createReader();
+  return isReading();
+}
+
+void QBMediaTrack::createReader() {
+  try {
+    m_reader.emplace(*m_asset, *m_track);
+    if (!m_reader->start()) log("could not start reading asset");
+  } catch (const platform::MediaError&) {
+    log("could not create asset reader");
+  }
+}
+
+bool QBMediaTrack::pullBuffer() {
+  if (!m_reader) return false;
+  auto bytes = m_reader->next();
+  if (bytes.empty()) return false;
+  while (!bytes.empty()) {
+    QBBlock& block = topBlock();
+    const auto taken = std::min<std::size_t>(block.space(), bytes.size());
+    block.addData(bytes.first(taken));
+    bytes = bytes.subspan(taken);
+  }
+  return true;
+}
+
+QBBlock& QBMediaTrack::topBlock() {
+  if (m_blocks.empty()) {
+    addBlock();
+  } else if (m_blocks.back()->isFilled()) {
+    addBlock();
+    ++m_nmbOfSamples;
+  }
+  return *m_blocks.back();
+}
+
+void QBMediaTrack::addBlock() {
+  m_blocks.emplace_back(QBTabMgr::db().createBlock(nullptr));
+  ++m_nmbOfBlocks;
+}
+
+platform::Ref<QBBlock> QBMediaTrack::readBlockFromSamples() {
+  if (m_blocks.empty()) return nullptr;
+  platform::Ref<QBBlock> block = std::move(m_blocks.front());
+  m_blocks.pop_front();
+  ++m_nmbOfProcessedBlocks;
+  return block;
+}
+
+void QBMediaTrack::stopRecord() {
+  if (m_reader) m_reader->cancel();
+  m_reader.reset();
+}
+
+int QBMediaTrack::workingStateInPercent() const {
+  if (m_nmbOfBlocks == 0) throw std::domain_error("no block was read to take a share of");
+  // Whole numbers are divided first on purpose: the displays show progress as 0 or 100.
+  return static_cast<int>(static_cast<double>(m_nmbOfProcessedBlocks / m_nmbOfBlocks) * 100.0);
+}
+
+}  // namespace korvel
