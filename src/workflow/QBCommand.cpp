@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/QBCommand.h"
+
+#include "workflow/QBSession.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kStepSeconds = 0.01;
+
+}  // namespace
+
+QBCommand::QBCommand() = default;
+
+QBCommand::~QBCommand() = default;
+
+void QBCommand::run() {
+  prepare();
+  execute();
+  tearDown();
+}
+
+void QBCommand::runInBackground() {
+  prepare();
+  m_timer = platform::RunLoop::main().scheduleRepeating(kStepSeconds, [this] { nextStep(); });
+}
+
+void QBCommand::stop() {
+  m_timer.reset();
+  tearDown();
+}
+
+void QBCommand::appendOut(std::string_view text) { QBSession::session().addToLog(text); }
+
+void QBCommand::concatAndPrintOut(std::string_view a, std::string_view b) {
+  printOut(std::string(a).append(b));
+}
+
+}  // namespace korvel

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/RunLoop.h"
+
+namespace korvel {
+
+/// A piece of work that the session lists as a job: run at once, or step by step on the run loop's
+/// timer so that the program stays alive meanwhile. Main thread.
+class QBCommand {
+ public:
+  QBCommand();
+  QBCommand(const QBCommand&) = delete;
+  QBCommand& operator=(const QBCommand&) = delete;
+  virtual ~QBCommand();
+
+  virtual void prepare() {}
+  virtual void execute() {}
+  virtual void nextStep() {}
+  virtual void tearDown() {}
+
+  /// prepare, execute, tearDown.
+  void run();
+  /// prepare, then a nextStep for every tick of the timer until the command stops itself. It must
+  /// stay alive until then.
+  void runInBackground();
+  /// Ends the steps and tears down.
+  void stop();
+  bool isRunning() const { return m_timer != nullptr; }
+
+  void printOut(std::string_view text) { appendOut(text); }
+  void appendOut(std::string_view text);
+  void concatAndPrintOut(std::string_view a, std::string_view b);
+  virtual std::string fullTitle() const { return ""; }
+
+  std::string m_type;  ///< Kind of command, as the job list shows it.
+  std::string m_name;
+  int m_percent = 0;
+
+ private:
+  std::unique_ptr<platform::RunLoop::Timer> m_timer;
+};
+
+}  // namespace korvel

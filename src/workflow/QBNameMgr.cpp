@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/QBNameMgr.h"
+
+#include "model/QBAlbum.h"
+#include "model/QBTabMgr.h"
+
+namespace korvel {
+namespace {
+
+constexpr const char* kAnother = "_2";
+
+}  // namespace
+
+QBNameMgr::QBNameMgr(QBAlbum* album, std::string name) : m_album(album), m_name(std::move(name)) {}
+
+QBNameMgr::~QBNameMgr() = default;
+
+std::string QBNameMgr::newName() {
+  while (m_album && m_album->findSongByName(m_name)) m_name += kAnother;
+  return m_name;
+}
+
+std::string QBNameMgr::newAlbumName() {
+  while (QBTabMgr::db().findAlbumByName(m_name)) m_name += kAnother;
+  return m_name;
+}
+
+}  // namespace korvel

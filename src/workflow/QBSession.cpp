@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/QBSession.h"
+
+#include <cxxabi.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <typeinfo>
+
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+#include "workflow/QBCommand.h"
+#include "workflow/QBTreeNode.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kLine = "\r\n------------------------\r\n";
+constexpr int kTimesLogged = 4;
+
+std::string className(const std::exception& exception) {
+  const char* mangled = typeid(exception).name();
+  int status = 0;
+  const std::unique_ptr<char, decltype(&std::free)> readable(
+      abi::__cxa_demangle(mangled, nullptr, nullptr, &status), &std::free);
+  return readable ? readable.get() : mangled;
+}
+
+std::string exceptionText(std::string_view context, const std::exception& exception) {
+  const std::string name = className(exception);
+  std::string text = "EXCEPTION OCCURED IN CONTEXT: ";
+  text.append(context).append(kLine);
+  text.append("EXCEPTION NAME: ").append(name).append(kLine);
+  text.append("DESCRIPTION: ").append(exception.what()).append(kLine);
+  return text.append("DEBUG DESCRIPTION: ").append(name + ": " + exception.what());
+}
+
+std::string fatalText(std::string_view context, std::string_view error) {
+  std::string text = "AN ERROR OCCURED IN CONTEXT: ";
+  text.append(context).append("\r\n");
+  text.append("DESCRIPTION: ").append(error).append("\r\n\r\n");
+  return text.append("Korvel will be closed");
+}
+
+}  // namespace
+
+void FatalAlert::endProcess(int status) { std::exit(status); }
+
+QBSession& QBSession::session() {
+  // Never destroyed: the lower layers may report through it until the very end.
+  static QBSession* session = new QBSession;
+  return *session;
+}
+
+QBSession::QBSession() { SessionServices::install(this); }
+
+// ---- jobs
+
+void QBSession::addJob(std::shared_ptr<QBCommand> command) {
+  m_jobs.push_back(std::move(command));
+  if (m_views.batch) m_views.batch->reload();
+}
+
+void QBSession::removeJob(const QBCommand& command) {
+  std::erase_if(m_jobs, [&](const auto& job) { return job.get() == &command; });
+  if (m_views.batch) m_views.batch->reload();
+}
+
+// ---- log and reports
+
+void QBSession::addToLog(std::string_view text) {
+  if (m_views.output) m_views.output->addLogText(text);
+}
+
+void QBSession::logError(std::string_view text) { addToLog(text); }
+
+void QBSession::handleException(std::string_view context, const std::exception& exception) {
+  const std::string text = exceptionText(context, exception);
+  if (m_views.tab) m_views.tab->drawContent(text);
+  addToLog(text);
+}
+
+void QBSession::handleError(std::string_view context, std::string_view) {
+  for (int i = 0; i < kTimesLogged; ++i) addToLog(context);
+}
+
+void QBSession::exitWithError(std::string_view context, std::string_view error) {
+  exitWithStatus(context, error, m_views.alert ? m_views.alert->exitStatus() : EXIT_FAILURE);
+}
+
+void QBSession::exitWithStatus(std::string_view context, std::string_view error, int status) {
+  const std::string text = fatalText(context, error);
+  if (m_views.alert) {
+    m_views.alert->show(text);
+    m_views.alert->endProcess(status);
+  } else {
+    std::cerr << text << '\n';
+    std::exit(status);
+  }
+}
+
+void QBSession::sayGoodBye() {
+  if (m_views.tab) m_views.tab->sayGoodBye();
+}
+
+// ---- what the user works on
+
+void QBSession::refreshTree() {
+  if (m_views.tree) m_views.tree->refreshAllContents();
+}
+
+void QBSession::setActiveTreeNode(QBTreeNode* node) {
+  m_activeTreeNode = node;
+  if (m_views.songMenu) m_views.songMenu->enable(activeSongNode() != nullptr);
+  if (m_views.albumMenu) m_views.albumMenu->enable(activeAlbumNode() != nullptr);
+}
+
+QBTreeNode* QBSession::activeSongNode() const {
+  const bool song = m_activeTreeNode && m_activeTreeNode->type() == QBTreeNode::Type::song;
+  return song ? m_activeTreeNode : nullptr;
+}
+
+QBTreeNode* QBSession::activeAlbumNode() const {
+  const bool album = m_activeTreeNode && m_activeTreeNode->type() == QBTreeNode::Type::album;
+  return album ? m_activeTreeNode : nullptr;
+}
+
+void QBSession::setActiveSong(QBSong* song) {
+  m_song = song;
+  if (m_views.tab) m_views.tab->setActiveSong(song);
+  if (m_views.song) m_views.song->setActiveSong(song);
+  updateLoop();
+  lockTab(false);
+}
+
+void QBSession::setTabPosition(float fraction) {
+  m_percent = fraction;
+  if (m_views.tab) m_views.tab->drawPlayMode(m_percent);
+}
+
+void QBSession::resetLoop() {
+  if (m_song) {
+    m_song->setFromChord(nullptr);
+    m_song->setToChord(nullptr);
+  }
+  updateLoop();
+  if (!m_views.tab) return;
+  m_views.tab->drawPlayMode(m_percent);
+  m_views.tab->refresh();
+}
+
+void QBSession::selectChord(double x, double y) {
+  if (m_views.tab) m_views.tab->handleClick(x, y);
+  updateLoop();
+}
+
+void QBSession::lockTab(bool locked) {
+  if (m_views.tab) m_views.tab->lock(locked);
+}
+
+void QBSession::drawTuning(QBTuning* tuning) {
+  if (m_views.tab) m_views.tab->drawTuning(tuning);
+}
+
+void QBSession::drawHelp(const std::string& content) {
+  if (m_views.help) m_views.help->setContent(content);
+}
+
+void QBSession::updateLoop() {
+  if (m_views.player) m_views.player->updateLoop();
+}
+
+}  // namespace korvel

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workflow/QBSession.h"
+
+namespace korvel::test {
+
+/// Attached to the session for one test: keeps what the session says, and turns the end of the
+/// process into an exception.
+class RecordingViews final : public OutputView, public TabView, public NodeMenu, public FatalAlert {
+ public:
+  struct ProcessEnded {
+    int status;
+  };
+
+  RecordingViews() {
+    SessionViews views;
+    views.output = this;
+    views.tab = this;
+    views.songMenu = &m_songMenu;
+    views.albumMenu = this;
+    views.alert = this;
+    QBSession::session().attach(views);
+  }
+  RecordingViews(const RecordingViews&) = delete;
+  RecordingViews& operator=(const RecordingViews&) = delete;
+  ~RecordingViews() override { QBSession::session().attach({}); }
+
+  void addLogText(std::string_view text) override { log.emplace_back(text); }
+  void drawContent(const std::string& text) override { content = text; }
+  void enable(bool enabled) override { albumMenuEnabled = enabled; }
+  void show(const std::string& text) override { alert = text; }
+  int exitStatus() const override { return 0; }
+  void endProcess(int status) override { throw ProcessEnded{status}; }
+  bool songMenuEnabled() const { return m_songMenu.enabled; }
+
+  void setActiveSong(QBSong*) override {}
+  void drawPlayMode(float) override {}
+  void refresh() override {}
+  void handleClick(double, double) override {}
+  void lock(bool) override {}
+  void drawTuning(QBTuning*) override {}
+  void sayGoodBye() override {}
+
+  std::vector<std::string> log;
+  std::string content, alert;
+  bool albumMenuEnabled = true;
+
+ private:
+  struct Menu final : NodeMenu {
+    void enable(bool on) override { enabled = on; }
+    bool enabled = true;
+  } m_songMenu;
+};
+
+}  // namespace korvel::test
