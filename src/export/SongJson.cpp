@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "export/SongJson.h"
+
+#include <nlohmann/json.hpp>
+
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHarmony.h"
+#include "model/QBHold.h"
+#include "model/QBMeasure.h"
+#include "model/QBSong.h"
+#include "model/QBTone.h"
+#include "model/QBTuning.h"
+
+namespace korvel {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr int kIndent = 2;
+
+template <class T>
+Json valueIf(bool set, const T& value) {
+  return set ? Json(value) : Json(nullptr);
+}
+
+Json positionOf(const QBChord* chord) { return chord ? Json(chord->position()) : Json(nullptr); }
+
+Json asJson(const QBTone& tone) {
+  return {{"string", tone.string()},
+          {"fret", tone.fret()},
+          {"note", tone.note()},
+          {"amp", tone.amp()},
+          {"duration", valueIf(tone.hasDuration(), tone.duration())},
+          {"active", tone.isActive()},
+          {"group", valueIf(tone.hasGroup(), tone.group())}};
+}
+
+Json tonesAsJson(const QBHold* hold) {
+  Json tones = Json::array();
+  if (!hold) return tones;
+  for (const QBTone* tone : hold->tones()) tones.push_back(asJson(*tone));
+  return tones;
+}
+
+Json asJson(const QBChord& chord) {
+  const QBHarmony* harmony = chord.harmony();
+  return {{"position", chord.position()},
+          {"duration", valueIf(chord.hasDuration(), chord.duration())},
+          {"timestamp", valueIf(chord.hasTimestamp(), chord.timestamp())},
+          {"baseTone", valueIf(chord.hasBaseTone(), chord.baseTone())},
+          {"harmony", harmony ? Json(harmony->type()) : Json(nullptr)},
+          {"name", harmony ? Json(chord.fullHarmonyName()) : Json(nullptr)},
+          {"groupNumber", valueIf(chord.hasGroupNumber(), chord.groupNumber())},
+          {"tones", tonesAsJson(chord.hold())}};
+}
+
+Json asJson(const QBMeasure& measure) {
+  Json positions = Json::array();
+  for (const auto& chord : measure.allChords()) positions.push_back(chord->position());
+  return {{"position", measure.position()},
+          {"beat", measure.beat()},
+          {"beattype", measure.beattype()},
+          {"chords", positions}};
+}
+
+Json asJson(QBSong& song) {
+  Json chords = Json::array();
+  for (const auto& chord : song.allChords()) chords.push_back(asJson(*chord));
+  Json measures = Json::array();
+  for (const auto& measure : song.allMeasures()) measures.push_back(asJson(*measure));
+  return {{"album", song.album() ? Json(song.album()->name()) : Json(nullptr)},
+          {"title", song.title()},
+          {"instrument", valueIf(song.hasInstrument(), song.instrument())},
+          {"tuning", song.tuning() ? Json(song.tuning()->descr()) : Json(nullptr)},
+          {"tempoRate", song.tempoRate()},
+          {"fromChord", positionOf(song.fromChord())},
+          {"toChord", positionOf(song.toChord())},
+          {"chords", std::move(chords)},
+          {"measures", std::move(measures)},
+          {"tabulature", valueIf(song.hasTabulature(), song.tabulature())}};
+}
+
+// Names taken from files may hold bytes that are no UTF-8; they show as replacement characters.
+std::string dump(const Json& json) {
+  return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+}  // namespace
+
+std::string songAsJson(QBSong& song) { return dump(asJson(song)); }
+
+std::string songsAsJson(const std::vector<QBSong*>& songs) {
+  Json all = Json::array();
+  for (QBSong* song : songs) all.push_back(asJson(*song));
+  return dump(all);
+}
+
+}  // namespace korvel
