@@ -1,0 +1,107 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Checks which folder under src/ includes what, and that every source states its licence.
+
+Usage: check_layers.py [ROOT]    (default: the project that this script lies in)
+Prints one line "file:line: problem" for each violation and ends with status 1 if there is any.
+"""
+import pathlib
+import re
+import sys
+
+# A folder includes itself and the folders of lower rank. Folders of one rank do not see each other.
+RANK = {
+    "platform": 0,
+    "model": 1,
+    "audio": 2, "analysis": 2, "arrange": 2, "tab": 2, "export": 2, "playback": 2,
+    "workflow": 3,
+    "cli": 4, "ui": 4,
+}
+
+# The headers that cross between folders of one rank: (folder, header).
+SHARED = {
+    ("tab", "analysis/QBMatrix.h"),  # the container under both the text grid and the tone tables
+}
+
+# Headers from outside the project belong to the source files of platform, with these exceptions:
+# pattern, folders, whether headers may include them too.
+FOREIGN = [
+    (r"Q[A-Z]\w*|Qt\w*/.*", {"ui"}, True),
+    (r"CLI/.*", {"cli"}, True),
+    (r"nlohmann/.*", {"export", "workflow", "cli"}, False),
+    (r"cxxabi\.h", {"workflow"}, False),  # readable names of exceptions
+    (r"unistd\.h", {"platform", "cli"}, False),
+]
+
+INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
+LICENCE = "SPDX-License-Identifier: GPL-3.0-or-later"
+SOURCES = ["src", "tests", "bench", "tools", "cmake", "scripts", "resources"]
+LICENSED = {".cpp", ".h", ".py", ".cmake"}
+
+
+def own_header_problem(root, file, folder, header):
+    target = header.split("/")[0]
+    if not (root / "src" / header).is_file():
+        return f'"{header}" is no path from src/'
+    if folder == target or (folder, header) in SHARED or RANK[target] < RANK[folder]:
+        return None
+    return f"{folder} must not include {target}: \"{header}\""
+
+
+def foreign_header_problem(file, folder, header):
+    if re.fullmatch(r"[a-z0-9_]+", header):  # the C++ standard library
+        return None
+    folders, in_headers = {"platform"}, False
+    for pattern, allowed, allowed_in_headers in FOREIGN:
+        if re.fullmatch(pattern, header):
+            folders, in_headers = allowed, allowed_in_headers
+    if folder not in folders:
+        return f"<{header}> belongs to {' and '.join(sorted(folders))}, not to {folder}"
+    if file.suffix == ".h" and not in_headers:
+        return f"<{header}> must not reach others through a header"
+    return None
+
+
+def include_problems(root, file):
+    folder = file.relative_to(root / "src").parts[0]
+    if folder not in RANK:
+        yield 1, f"the folder src/{folder} has no place among the layers"
+        return
+    for number, line in enumerate(file.read_text(encoding="utf-8").splitlines(), 1):
+        found = INCLUDE.match(line)
+        if not found:
+            continue
+        own, foreign = found.groups()
+        problem = (own_header_problem(root, file, folder, own) if own
+                   else foreign_header_problem(file, folder, foreign))
+        if problem:
+            yield number, problem
+
+
+def files_under(root, folder):
+    return sorted(path for path in (root / folder).rglob("*") if path.is_file())
+
+
+def problems(root):
+    for file in files_under(root, "src"):
+        if file.suffix in {".cpp", ".h"}:
+            for number, problem in include_problems(root, file):
+                yield f"{file.relative_to(root)}:{number}: {problem}"
+    for folder in SOURCES:
+        for file in files_under(root, folder):
+            if file.suffix in LICENSED or file.name == "CMakeLists.txt":
+                head = file.read_text(encoding="utf-8").split("\n", 2)[:2]
+                if not any(LICENCE in line for line in head):
+                    yield f"{file.relative_to(root)}:1: begins without \"{LICENCE}\""
+
+
+def main(arguments):
+    root = pathlib.Path(arguments[0] if arguments else pathlib.Path(__file__).parents[2]).resolve()
+    if not files_under(root, "src"):
+        sys.exit(f"{root}/src: there are no sources to check")
+    found = list(problems(root))
+    print("\n".join(found) if found else "The layers are in order.")
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))

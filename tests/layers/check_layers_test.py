@@ -1,0 +1,53 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A source tree with one violation of each kind, and what the check of the layers says to it."""
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+CHECK = pathlib.Path(__file__).with_name("check_layers.py")
+LICENCE = "// SPDX-License-Identifier: GPL-3.0-or-later\n"
+
+
+def check(files):
+    with tempfile.TemporaryDirectory() as folder:
+        for name, text in files.items():
+            file = pathlib.Path(folder, "src", name)
+            file.parent.mkdir(parents=True, exist_ok=True)
+            file.write_text(text, encoding="utf-8")
+        done = subprocess.run([sys.executable, CHECK, folder], capture_output=True, text=True)
+        return done.returncode, done.stdout.splitlines()
+
+
+class CheckLayers(unittest.TestCase):
+    def test_accepts_downward_includes(self):
+        self.assertEqual(check({
+            "platform/A.h": LICENCE + "#include <vector>\n",
+            "platform/A.cpp": LICENCE + '#include "platform/A.h"\n#include <sqlite3.h>\n',
+            "ui/W.h": LICENCE + '#include <QWidget>\n#include "platform/A.h"\n',
+        }), (0, ["The layers are in order."]))
+
+    def test_names_each_violation(self):
+        status, lines = check({
+            "platform/A.h": LICENCE + "\n#include <fftw3.h>\n",
+            "platform/B.h": LICENCE + '#include "model/M.h"\n',
+            "model/M.h": LICENCE + '  #  include "A.h"\n',
+            "model/N.cpp": LICENCE + "#include <libavutil/frame.h>\n",
+            "tab/T.h": LICENCE,
+            "arrange/R.cpp": LICENCE + '#include "tab/T.h"\n',
+            "cli/C.cpp": LICENCE + "#include <QtCore/QString>\n",
+            "export/E.cpp": "int x;\n",
+            "misc/X.h": LICENCE,
+        })
+        self.assertEqual(status, 1)
+        self.assertEqual([line.split(": ")[0] for line in lines], [
+            "src/arrange/R.cpp:2", "src/cli/C.cpp:2", "src/misc/X.h:1", "src/model/M.h:2",
+            "src/model/N.cpp:2", "src/platform/A.h:3", "src/platform/B.h:2", "src/export/E.cpp:1"])
+
+    def test_fails_where_there_is_nothing_to_check(self):
+        self.assertEqual(check({})[0], 1)
+
+
+if __name__ == "__main__":
+    unittest.main()
