@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/QBChordAnalyser.h"
+
+#include "analysis/QBFFTGuitar.h"
+#include "analysis/SampleBuffer.h"
+#include "audio/QBSampleSource.h"
+#include "model/QBTuning.h"
+
+namespace korvel {
+
+std::shared_ptr<QBFFTGuitar> spectrumOf(std::span<const std::int16_t> samples,
+                                        std::int64_t timestamp) {
+  const std::vector<double> values(samples.begin(), samples.end());
+  auto spectrum = std::make_shared<QBFFTGuitar>(values, timestamp);
+  spectrum->fft();
+  return spectrum;
+}
+
+QBChordAnalyser::QBChordAnalyser(std::shared_ptr<QBSampleSource> source, QBTuning* tuning)
+    : m_sampleSource(std::move(source)), m_pickTuning(tuning) {}
+
+QBChordAnalyser::~QBChordAnalyser() = default;
+
+std::shared_ptr<QBFFT> QBChordAnalyser::nextFFT() {
+  const auto block = m_sampleSource ? m_sampleSource->readBuffer() : nullptr;
+  if (!block) return nullptr;
+  return spectrumOf(block->toSamples(), block->m_time);
+}
+
+QBChord* QBChordAnalyser::nextChord(QBSong*) { return nullptr; }
+
+}  // namespace korvel
