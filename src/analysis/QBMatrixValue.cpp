@@ -2,44 +2,69 @@
 #include "analysis/QBMatrixValue.h"
 
 #include <algorithm>
-#include <utility>
+#include <cstddef>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace korvel {
 namespace {
 
-/// The short form ends at the first zero, so a text that contains one cannot use it.
-bool isShort(std::string_view text, std::size_t capacity) {
-  return text.size() <= capacity && text.find('\0') == std::string_view::npos;
+using Room = std::array<char, 4>;
+
+/// No byte of UTF-8: as the first of a cell it says that the other three number a long text.
+constexpr char kLongText = '\xFF';
+constexpr std::size_t kLongTexts = std::size_t{1} << 24;
+
+/// The short form ends at the first zero, so a text that contains one does not fit.
+bool fits(std::string_view text) {
+  return text.size() <= Room().size() && text.find('\0') == std::string_view::npos &&
+         !text.starts_with(kLongText);
+}
+
+/// The texts that do not fit into a cell, each once.
+class LongTexts {
+ public:
+  Room add(std::string_view text) {
+    if (m_texts.size() == kLongTexts) throw std::length_error("too many long texts in matrices");
+    const auto [entry, isNew] = m_index.emplace(text, m_texts.size());
+    if (isNew) m_texts.push_back(entry->first);
+    const std::size_t number = entry->second;
+    return {kLongText, static_cast<char>(number), static_cast<char>(number >> 8),
+            static_cast<char>(number >> 16)};
+  }
+  std::string_view at(const Room& room) const {
+    const auto byte = [&room](std::size_t i) {
+      return std::size_t{static_cast<unsigned char>(room[i])};
+    };
+    return m_texts[byte(1) | byte(2) << 8 | byte(3) << 16];
+  }
+
+ private:
+  std::map<std::string, std::size_t> m_index;
+  std::vector<std::string_view> m_texts;
+};
+
+LongTexts& longTexts() {
+  static LongTexts texts;
+  return texts;
 }
 
 }  // namespace
 
-static_assert(sizeof(QBMatrixValue) <= 16, "a text grid holds millions of cells");
-
-QBMatrixValue::QBMatrixValue(const QBMatrixValue& other)
-    : m_float(other.m_float), m_string(other.m_string) {
-  if (other.m_longString) m_longString = std::make_unique<const std::string>(*other.m_longString);
-}
-
-QBMatrixValue& QBMatrixValue::operator=(QBMatrixValue other) noexcept {
-  m_float = other.m_float;
-  m_string = other.m_string;
-  m_longString = std::move(other.m_longString);
-  return *this;
-}
+static_assert(sizeof(QBMatrixValue) == 8, "a text grid holds millions of cells");
 
 void QBMatrixValue::setString(std::string_view text) {
-  if (isShort(text, m_string.size())) {
-    m_string.fill('\0');
+  m_string.fill('\0');
+  if (fits(text))
     std::ranges::copy(text, m_string.begin());
-    m_longString.reset();
-  } else {
-    m_longString = std::make_unique<const std::string>(text);
-  }
+  else
+    m_string = longTexts().add(text);
 }
 
 std::string_view QBMatrixValue::getString() const {
-  if (m_longString) return *m_longString;
+  if (m_string.front() == kLongText) return longTexts().at(m_string);
   const auto* end = std::ranges::find(m_string, '\0');
   return {m_string.data(), static_cast<std::size_t>(end - m_string.begin())};
 }

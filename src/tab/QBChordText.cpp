@@ -21,6 +21,7 @@ constexpr int kGlyphRow = 8;
 constexpr int kRulerRow = 9;
 constexpr int kPositionRow = 9;
 constexpr int kFrameColumns = 8;
+constexpr int kFretColumns = 2;
 constexpr int kRoomBeforeGroup = 4;
 constexpr int kRowsToNextSystem = 12;
 constexpr int kRowsToNextSystemOfMeasure = 15;
@@ -39,14 +40,9 @@ void breakLine(QBTabMatrix& matrix, int columns, int width, int rows) {
   matrix.openSystem(systemLabel());
 }
 
-/// The string lines of columns [first, end), counted from the cursor.
-void drawStrings(QBTabMatrix& matrix, int first, int end) {
-  for (int i = first; i < end; ++i) matrix.vertText(matrix.m_xPos + i, matrix.m_yPos, "------");
-}
-
 void advance(QBTabMatrix& matrix, int columns) {
-  drawStrings(matrix, 2, columns + 2);
-  matrix.m_xPos += columns;
+  matrix.stringLines(matrix.m_xPos + kFretColumns, columns);
+  matrix.increaseXPosBy(columns);
 }
 
 void keepPlace(QBChord& chord, const QBTabMatrix& matrix) {
@@ -55,7 +51,7 @@ void keepPlace(QBChord& chord, const QBTabMatrix& matrix) {
 }
 
 void drawFrame(QBTabMatrix& matrix, const QBChord& chord) {
-  drawStrings(matrix, 0, kFrameColumns);
+  matrix.stringLines(matrix.m_xPos, kFrameColumns);
   QBChord::setMetric(matrix, matrix.m_xPos + 1, matrix.m_yPos + kGlyphRow, chord.duration());
 }
 

@@ -10,6 +10,7 @@
 namespace korvel {
 namespace {
 
+constexpr int kStrings = 6;
 constexpr int kRowsPerPage = 64;
 constexpr std::size_t kTitleWidth = 100;
 constexpr int kRowsToNextSystem = 8;
@@ -91,10 +92,10 @@ std::string QBTabMatrix::toString() const {
 }
 
 void QBTabMatrix::stringLines(int x, int n) {
-  for (int i = 0; i < n; ++i) vertText(x + i, m_yPos, "------");
+  for (int string = 0; string < kStrings; ++string) horLine(x, m_yPos + string, n);
 }
 
-void QBTabMatrix::barLine(int x) { vertText(x, m_yPos, "||||||"); }
+void QBTabMatrix::barLine(int x) { vertLine(x, m_yPos, kStrings); }
 
 std::string QBTabMatrix::row(int y, int columns) const {
   std::string text;

@@ -26,6 +26,8 @@ class QBTabMatrix : public QBTextMatrix {
   void closeMeasure();
   void addEmptyChord();
   void increaseXPosBy(int n) { m_xPos += n; }
+  /// The six string lines of the current system in n columns from x on.
+  void stringLines(int x, int n);
 
   /// Removes the blank rows at the top.
   void trimLeadingLines();
@@ -41,7 +43,6 @@ class QBTabMatrix : public QBTextMatrix {
   int m_page = 0;      ///< Pages opened so far.
 
  private:
-  void stringLines(int x, int n);
   void barLine(int x);
   std::string row(int y, int columns) const;
 };
