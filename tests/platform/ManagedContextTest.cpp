@@ -207,5 +207,16 @@ TEST_F(ManagedContextTest, openingSweepsWhatNothingReaches) {
   EXPECT_EQ(m_context->store().integer("SELECT count(*) FROM Cover"), 0);
 }
 
+TEST_F(ManagedContextTest, newObjectsKeepClearOfOddIdsInADamagedStore) {
+  m_context->store().execute(
+      "PRAGMA foreign_keys = OFF; INSERT INTO Page(id, book) VALUES(-7, 1), (-5, 1);"
+      "INSERT INTO Cover(id, page) VALUES(9223372036854775807, -5)");
+  const auto pages = m_context->fetchAll<Page>("Page");
+  Book* lost = pages.at(0)->book();
+  EXPECT_NE(book("new"), lost) << "a row that is missing, but referred to";
+  EXPECT_NE(page(1, nullptr)->objectId(), page(2, nullptr)->objectId());
+  EXPECT_THROW(m_context->insert("Cover"), StoreError);
+}
+
 }  // namespace
 }  // namespace korvel::platform

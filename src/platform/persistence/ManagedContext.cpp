@@ -2,9 +2,14 @@
 #include "platform/persistence/ManagedContext.h"
 
 #include <algorithm>
+#include <limits>
+
+#include "platform/persistence/StoreError.h"
 
 namespace korvel::platform {
 namespace {
+
+constexpr std::int64_t kNoId = 0;
 
 using ObjectSet = std::unordered_set<ManagedObject*>;
 
@@ -125,8 +130,15 @@ ManagedObject* ManagedContext::insert(std::string_view entityName) {
 
 std::int64_t ManagedContext::nextId(Table& table) {
   if (table.lastId < 0)
-    table.lastId = m_store->integer("SELECT max(id) FROM " + sqlName(table.entity.name));
-  return ++table.lastId;
+    table.lastId =
+        std::max(kNoId, m_store->integer("SELECT max(id) FROM " + sqlName(table.entity.name)));
+  do {
+    if (table.lastId == std::numeric_limits<std::int64_t>::max())
+      throw StoreError(StoreError::Reason::damaged, m_store->file(),
+                       "the store is damaged: " + table.entity.name + " has no free ids");
+    ++table.lastId;
+  } while (table.objects.contains(table.lastId));  // known by a reference whose row is missing
+  return table.lastId;
 }
 
 void ManagedContext::remove(ManagedObject& object) {
