@@ -28,6 +28,10 @@ platform::EntityDescription QBInstrument::describe() {
       .build();
 }
 
+QBInstrument::QBInstrument() = default;
+
+QBInstrument::~QBInstrument() = default;
+
 QBTuning* QBInstrument::tuning() const { return target(m_tuning); }
 
 void QBInstrument::setTuning(QBTuning* value) { relate(m_tuning, value); }

@@ -1,20 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/persistence/ManagedObject.h"
 
 namespace korvel {
 
+class QBChord;
+class QBMusicXMLTag;
 class QBSpectrum;
+class QBString;
 class QBTuning;
 
 /// A calibrated sound model of a guitar: for each string, what else is heard when it sounds.
+///
+/// The order of the spectra is computed once; only the operations here that change it renew it.
 class QBInstrument final : public platform::ManagedObject {
  public:
   static platform::EntityDescription describe();
+  QBInstrument();
+  ~QBInstrument() override;
 
   const std::string& name() const { return read(m_name); }
   void setName(std::string value) { assign(m_name, std::move(value)); }
@@ -40,7 +50,33 @@ class QBInstrument final : public platform::ManagedObject {
   /// The string whose open note is nearest below; 5 beyond either end.
   int stringByLargeTone(int largeTone) const;
 
+  // Spectra. A position is a string's number; std::out_of_range where there is no spectrum.
+  /// By the number of the string.
+  const std::vector<platform::Ref<QBSpectrum>>& readAllSpectrums();
+  QBSpectrum* findSpectrumByString(int position);
+  void deleteSpectrumByString(int position);
+  /// An empty spectrum in place of the string's present one.
+  QBSpectrum* createSpectrum(QBString* string);
+  void defineAsCalibrated() { setCalibrated(true); }
+  bool isCalibrated() const { return calibrated(); }
+
+  // Whether the chord confirms a tone at that fret of the string: it has at least the share
+  // `detaillevel` of what is known to be heard with the string, weighed by how often it was heard.
+  bool filterLowerE(int fret, const QBChord& chord) { return filterString(0, fret, chord); }
+  bool filterA(int fret, const QBChord& chord) { return filterString(1, fret, chord); }
+  bool filterD(int fret, const QBChord& chord) { return filterString(2, fret, chord); }
+  bool filterG(int fret, const QBChord& chord) { return filterString(3, fret, chord); }
+  bool filterB(int fret, const QBChord& chord) { return filterString(4, fret, chord); }
+  bool filterUpperE(int fret, const QBChord& chord) { return filterString(5, fret, chord); }
+  /// A spectrum without overtones lets every tone pass.
+  bool filter(QBSpectrum& spectrum, int fret, const QBChord& chord) const;
+
+  /// The instrument as its definition file has it, but for "Amp" and "Offset" of the overtones.
+  std::unique_ptr<QBMusicXMLTag> toXML() const;
+
  private:
+  bool filterString(int position, int fret, const QBChord& chord);
+
   platform::Attribute<std::string> m_name;
   platform::Attribute<bool> m_active;
   platform::Attribute<bool> m_editable;
@@ -49,6 +85,8 @@ class QBInstrument final : public platform::ManagedObject {
   platform::Attribute<float> m_volume;
   platform::ToOne<QBTuning> m_tuning;
   platform::ToMany<QBSpectrum> m_spectrums;
+
+  std::optional<std::vector<platform::Ref<QBSpectrum>>> sortedSpectrums;
 };
 
 }  // namespace korvel

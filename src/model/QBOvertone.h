@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
+
 #include "platform/persistence/ManagedObject.h"
 
 namespace korvel {
 
+class QBMusicXMLTag;
 class QBSpectrum;
 
 /// A position that was heard while a string was played.
@@ -31,6 +34,14 @@ class QBOvertone final : public platform::ManagedObject {
   void setAmp(double value) { assign(m_amp, value); }
   QBSpectrum* spectrum() const;
   void setSpectrum(QBSpectrum* value);
+
+  /// Whether it is that position.
+  bool equals(int string, int fret) const;
+  /// Answers the new count.
+  int increaseHits();
+  int offsetAsInt() const { return offset(); }
+  void setOffsetAsInt(int value) { setOffset(value); }
+  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
  private:
   platform::Attribute<int> m_string;

@@ -18,6 +18,10 @@ platform::EntityDescription QBSpectrum::describe() {
       .build();
 }
 
+QBSpectrum::QBSpectrum() = default;
+
+QBSpectrum::~QBSpectrum() = default;
+
 QBInstrument* QBSpectrum::instrument() const { return target(m_instrument); }
 
 void QBSpectrum::setInstrument(QBInstrument* value) { relate(m_instrument, value); }

@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
 #include "platform/persistence/ManagedObject.h"
 
 namespace korvel {
 
 class QBInstrument;
+class QBMusicXMLTag;
 class QBOvertone;
 class QBString;
 
@@ -13,6 +19,8 @@ class QBString;
 class QBSpectrum final : public platform::ManagedObject {
  public:
   static platform::EntityDescription describe();
+  QBSpectrum();
+  ~QBSpectrum() override;
 
   bool calibrated() const { return read(m_calibrated); }
   void setCalibrated(bool value) { assign(m_calibrated, value); }
@@ -22,11 +30,28 @@ class QBSpectrum final : public platform::ManagedObject {
   void setString(QBString* value);
   platform::Members<QBOvertone> overtones() const;
 
+  /// The overtones by "string,fret", the last of each pair. Filled on first use; overtones that are
+  /// added or deleted here renew it, others are not seen.
+  const std::map<std::string, platform::Ref<QBOvertone>>& readSortedTones();
+  QBOvertone* findOvertone(int string, int fret);
+  QBOvertone* addOvertone(int string, int fret, int note, int offset, double frequency, double amp);
+  void deleteOvertone(QBOvertone* overtone);
+  /// Deletes the overtones that were heard fewer than three times.
+  void cleanupTones();
+  void defineAsCalibrated() { setCalibrated(true); }
+  bool isCalibrated() const { return calibrated(); }
+  /// Gives every overtone its distance from the open string, in the selected tuning. An overtone on
+  /// no string of the tuning: std::out_of_range.
+  void computeOffsets();
+  std::unique_ptr<QBMusicXMLTag> toXML() const;
+
  private:
   platform::Attribute<bool> m_calibrated;
   platform::ToOne<QBInstrument> m_instrument;
   platform::ToOne<QBString> m_string;
   platform::ToMany<QBOvertone> m_overtones;
+
+  std::optional<std::map<std::string, platform::Ref<QBOvertone>>> m_sorted;
 };
 
 }  // namespace korvel

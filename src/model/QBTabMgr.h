@@ -115,7 +115,8 @@ class QBTabMgr {
   QBSettings* createSettings(const std::string& workDir);
   QBTuning* createTuning(const std::string& descr, int order);
   QBString* createString(QBTuning* tuning, int baseTone, int order, float frequency);
-  /// With one empty spectrum for each string of the tuning.
+  /// With one empty spectrum for each of the six strings; std::out_of_range when the tuning lacks
+  /// one.
   QBInstrument* createInstrument(QBTuning* tuning, const std::string& name, bool active,
                                  bool editable, float detaillevel, float volume);
   QBSpectrum* createSpectrum(QBInstrument* instrument, QBString* string);

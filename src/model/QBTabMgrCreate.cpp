@@ -159,7 +159,8 @@ QBInstrument* QBTabMgr::createInstrument(QBTuning* tuning, const std::string& na
   instrument->setDetaillevel(detaillevel);
   instrument->setVolume(volume);
   instrument->setTuning(tuning);
-  for (int i = 0; i < kStrings; ++i) createSpectrum(instrument, tuning->findStringByPosition(i));
+  for (int i = 0; i < kStrings; ++i)
+    createSpectrum(instrument, tuning ? tuning->findStringByPosition(i) : nullptr);
   m_instruments.emplace_back(instrument);
   return instrument;
 }

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/QBTabMgr.h"
+
+#include "model/QBInstrument.h"
+#include "model/QBSpectrum.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kStrings = 6;
+
+}  // namespace
+
+void QBTabMgr::computeOffsets() {
+  QBInstrument* instrument = selectedInstrument();
+  if (!instrument) return;
+  for (int string = 0; string < kStrings; ++string)
+    instrument->findSpectrumByString(string)->computeOffsets();
+}
+
+}  // namespace korvel
