@@ -19,6 +19,12 @@ RANK = {
 
 # The headers that cross between folders of one rank: (folder, header).
 SHARED = {
+    # A recorder of the audio folder drives an analyser, which reads a source of the audio folder.
+    ("audio", "analysis/QBChordAnalyser.h"),
+    ("audio", "arrange/QBToneGroupBuilder.h"),
+    ("audio", "tab/QBTabMatrix.h"),
+    ("analysis", "audio/QBAudioMemRing.h"),
+    ("analysis", "audio/QBSampleSource.h"),
     ("tab", "analysis/QBMatrix.h"),  # the container under both the text grid and the tone tables
 }
 

@@ -20,7 +20,7 @@ void addTone(std::vector<double>& mix, std::size_t from, std::size_t count, int 
     const double step = 2.0 * std::numbers::pi * hertz(midi) * partial / kRate;
     for (std::size_t i = 0; i < count; ++i) {
       const double t = static_cast<double>(i) / kRate;
-      mix[from + i] += kLoudness / (partial * partial) * std::exp(-1.5 * partial * t) *
+      mix[from + i] += kLoudness / partial * std::exp(-0.5 * partial * t) *
                        std::sin(step * static_cast<double>(i));
     }
   }
@@ -70,7 +70,7 @@ void writeWav(const std::string& file, const std::vector<std::int16_t>& samples,
 }
 
 std::vector<std::int16_t> fewChords() {
-  return play({{notesOf("x02210"), 2.0}, {notesOf("x32010"), 2.0}, {notesOf("320003"), 2.0}});
+  return play({{notesOf("x02210"), 2.0}, {notesOf("x32010"), 2.0}, {notesOf("022100"), 2.0}});
 }
 
 }  // namespace korvel::test

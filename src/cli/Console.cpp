@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Console.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <iostream>
+
+#include "cli/CliError.h"
+#include "workflow/QBSession.h"
+
+namespace korvel::cli {
+namespace {
+
+constexpr int kBarWidth = 40;
+
+/// Messages are one line each, whatever they quote.
+std::string oneLine(std::string_view text) {
+  std::string line;
+  bool broken = false;
+  for (const char c : text) {
+    const bool lineBreak = c == '\r' || c == '\n';
+    if (!lineBreak) {
+      if (broken) line += ' ';
+      line += c;
+    }
+    broken = lineBreak;
+  }
+  return line;
+}
+
+}  // namespace
+
+Console& Console::attached() {
+  static Console* console = [] {
+    auto* made = new Console;
+    SessionViews views;
+    views.output = made;
+    views.alert = made;
+    QBSession::session().attach(views);
+    return made;
+  }();
+  return *console;
+}
+
+void Console::addLogText(std::string_view text) {
+  clearProgress();
+  std::cerr << text << std::endl;
+}
+
+void Console::show(const std::string& text) { error(text); }
+
+int Console::exitStatus() const { return EXIT_FAILURE; }
+
+void Console::progress(double share) {
+  static const bool terminal = isatty(STDERR_FILENO) != 0;
+  const int percent = static_cast<int>(share * 100.0);
+  if (!terminal || percent == m_drawnPercent) return;
+  m_drawnPercent = percent;
+  const int filled = percent * kBarWidth / 100;
+  std::cerr << "\r[" << std::string(static_cast<std::size_t>(filled), '#')
+            << std::string(static_cast<std::size_t>(kBarWidth - filled), ' ') << "] " << percent
+            << " %" << std::flush;
+}
+
+void Console::clearProgress() {
+  if (m_drawnPercent < 0) return;
+  m_drawnPercent = -1;
+  std::cerr << "\r\033[K";
+}
+
+void Console::error(std::string_view text) {
+  clearProgress();
+  std::cerr << "korvel-cli: " << oneLine(text) << std::endl;
+}
+
+void Console::print(std::string_view text) {
+  std::cout << text << std::flush;
+  if (!std::cout) throw CliError("cannot write to the standard output; check where it leads");
+}
+
+}  // namespace korvel::cli

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "workflow/SessionViews.h"
+
+namespace korvel::cli {
+
+/// The session's views on a terminal: log lines and a progress bar on stderr, tablature and
+/// answers on stdout. Stays attached to the session until the process ends.
+class Console final : public OutputView, public FatalAlert {
+ public:
+  static Console& attached();
+
+  void addLogText(std::string_view text) override;
+  void show(const std::string& text) override;
+  int exitStatus() const override;
+
+  /// share: 0..1. Draws nothing unless stderr is a terminal.
+  void progress(double share);
+  void error(std::string_view text);
+  /// Writes to stdout; throws CliError when that fails.
+  void print(std::string_view text);
+
+ private:
+  Console() = default;
+  void clearProgress();
+  int m_drawnPercent = -1;
+};
+
+}  // namespace korvel::cli

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/StoreCommands.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+#include "cli/CliError.h"
+#include "cli/Console.h"
+#include "cli/SongChoice.h"
+#include "export/SongJson.h"
+#include "model/QBAlbum.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+#include "platform/Files.h"
+#include "platform/persistence/StoreFile.h"
+
+namespace korvel::cli {
+namespace {
+
+void printLine(const std::string& line) { Console::attached().print(line + '\n'); }
+
+void save() {
+  if (!QBTabMgr::db().save()) throw CliError(QBTabMgr::storePath() + ": cannot be saved");
+}
+
+/// Texts of a song need its chords.
+template <class Text>
+std::string textOf(const QBSong& song, const Text& text) {
+  try {
+    return text();
+  } catch (const std::out_of_range&) {
+    throw CliError(fullTitle(song) + ": the song has no chords");
+  }
+}
+
+}  // namespace
+
+void listSongs() {
+  for (const auto& album : QBTabMgr::db().albums()) {
+    if (album->songs().empty()) printLine(album->name() + '/');
+    for (const QBSong* song : album->songs()) printLine(fullTitle(*song));
+  }
+}
+
+void showSong(const std::string& name) {
+  QBSong& song = chooseSong(name);
+  const std::string text =
+      song.hasTabulature() ? song.tabulature() : textOf(song, [&] { return song.toString(); });
+  Console::attached().print(text);
+}
+
+void dumpSong(const std::string& name) { Console::attached().print(songAsJson(chooseSong(name))); }
+
+void deleteSong(const std::string& name) {
+  QBSong& song = chooseSong(name);
+  song.album()->deleteSong(&song);
+  save();
+}
+
+void exportText(const std::string& name, const std::string& file) {
+  QBSong& song = chooseSong(name);
+  platform::writeAtomically(file, textOf(song, [&] { return song.toStringForExport(); }));
+}
+
+void listTunings() {
+  const QBTuning* active = QBTabMgr::db().selectedTuning();
+  for (const auto& tuning : QBTabMgr::db().tunings())
+    printLine((tuning == active ? "* " : "  ") + tuning->descr() + " (" + tuning->toString() + ")");
+}
+
+void checkStore() {
+  platform::SqliteDatabase& store = QBTabMgr::db().context().store();
+  const auto problems = platform::StoreFile::problems(store);
+  for (const std::string& problem : problems) printLine(problem);
+  if (!problems.empty())
+    throw CliError(store.file() + ": the store is damaged; restore a backup of it");
+  printLine(store.file() + ": ok");
+}
+
+void backupStore(const std::string& file) {
+  if (std::filesystem::exists(file))
+    throw CliError(file + ": there is a file of that name already; choose another");
+  platform::StoreFile::backup(QBTabMgr::db().context().store(), file);
+}
+
+}  // namespace korvel::cli

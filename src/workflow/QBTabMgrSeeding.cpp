@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/QBMusicXMLParser.h"
+#include "arrange/Parser.h"
+#include "model/QBInstrument.h"
+#include "model/QBSettings.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+#include "platform/Resources.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kStandardOrder = 1;
+constexpr int kDropDOrder = 2;
+
+std::string pathOf(std::string_view name, std::string_view type) {
+  return platform::Resources::ofProgram().locate(name, type).value_or("").string();
+}
+
+}  // namespace
+
+bool QBTabMgr::initializeData() {
+  createSettings("./");
+  loadSettings();
+  QBTuning* standard = createTuning("Standard", kStandardOrder);
+  standard->createStandardStrings();
+  selectTuning(standard);
+  createTuning("Drop D", kDropDOrder)->createDropDStrings();
+  loadTunings();
+  Parser(pathOf("ChordDeclarations", "")).parseHarmonies();
+  QBMusicXMLParser(pathOf("Classic E-Guitar", "xml")).parse();
+  // Offsets in the file are only a hint; those that the filter uses are computed.
+  if (selectedInstrument()) computeOffsets();
+  initRightHandPatterns();
+  initLeftHandPatterns();
+  const bool saved = save();
+  if (saved) reloadData();
+  return saved;
+}
+
+}  // namespace korvel

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "model/KorvelModel.h"
+#include "support/Guitar.h"
+#include "support/Process.h"
+#include "support/ScratchFolder.h"
+
+namespace korvel {
+namespace {
+
+using nlohmann::json;
+using test::Outcome;
+
+class CliTest : public testing::Test {
+ protected:
+  Outcome tool(std::vector<std::string> words) const {
+    words.insert(words.begin(), {KORVEL_CLI, "--store", m_store});
+    return test::runProgram(words);
+  }
+  /// A recording of three chords, converted by ffmpeg unless it is a plain WAV.
+  std::string recording(const std::string& name, std::vector<std::string> options = {}) const {
+    const std::string wav = m_folder.file("source.wav");
+    test::writeWav(wav, test::fewChords());
+    std::vector<std::string> command = {"ffmpeg", "-v", "error", "-y", "-i", wav};
+    command.insert(command.end(), options.begin(), options.end());
+    command.push_back(m_folder.file(name));
+    EXPECT_EQ(test::runProgram(command).status, 0);
+    return m_folder.file(name);
+  }
+  static std::vector<std::string> names(const json& song) {
+    std::vector<std::string> all;
+    for (const json& chord : song["chords"])
+      if (!chord["name"].is_null()) all.push_back(chord["name"]);
+    return all;
+  }
+  static auto lines(const std::string& text) { return std::ranges::count(text, '\n'); }
+
+  test::ScratchFolder m_folder;
+  std::string m_store = m_folder.file("Korvel.sqlite");
+};
+
+TEST_F(CliTest, importsStoresAndShowsASong) {
+  const Outcome import = tool({"import", recording("Evening.mp3")});
+  ASSERT_EQ(import.status, 0) << import.err;
+  EXPECT_NE(import.out.find("Recorded by Korvel"), std::string::npos);
+  EXPECT_EQ(import.err,
+            "(1/3) importing file .....\n(2/3) scanning chords .....\n.. scanning chords.\n"
+            "(3/3) building tabulature .....\nSong successfully imported.\n");
+  EXPECT_EQ(tool({"list"}).out, "Evening/Evening\n");
+  EXPECT_EQ(tool({"show", "Evening"}).out, import.out);
+  EXPECT_EQ(tool({"check"}).status, 0);
+}
+
+TEST_F(CliTest, detectsTheChordsThatWerePlayed) {
+  const Outcome import = tool({"import", recording("a.wav"), "--json"});
+  ASSERT_EQ(import.status, 0) << import.err;
+  const json song = json::parse(import.out);
+  EXPECT_EQ(song["album"], "a");
+  EXPECT_EQ(song["tuning"], "Standard");
+  EXPECT_EQ(song["fromChord"], nullptr);
+  EXPECT_EQ(song["chords"][0]["position"], 1);
+  EXPECT_EQ(song["chords"][0]["groupNumber"], nullptr);
+  const auto found = names(song);
+  for (const char* name : {"Am", "C", "E"})
+    EXPECT_GE(std::ranges::count(found, name), 3) << name << " in " << song["chords"].size();
+  EXPECT_EQ(json::parse(tool({"dump", "a"}).out), song) << "what was stored is what was printed";
+}
+
+TEST_F(CliTest, steppedImportGivesTheSameSong) {
+  const std::string file = recording("a.wav");
+  const Outcome atOnce = tool({"import", file, "--json", "--album", "X"});
+  const Outcome stepped = tool({"import", file, "--json", "--album", "Y", "--stepped"});
+  ASSERT_EQ(stepped.status, 0) << stepped.err;
+  json a = json::parse(atOnce.out);
+  json b = json::parse(stepped.out);
+  a["album"] = b["album"] = nullptr;
+  EXPECT_EQ(a, b);
+}
+
+TEST_F(CliTest, namesAreMadeUniqueAndAmbiguousOnesRefused) {
+  const std::string file = recording("a.wav");
+  EXPECT_EQ(tool({"import", file, file}).status, 0);
+  EXPECT_EQ(tool({"import", file, "--album", "Mine", "--title", "a"}).status, 0);
+  EXPECT_EQ(tool({"import", file, "--album", "Mine", "--title", "a"}).status, 0);
+  EXPECT_EQ(tool({"list"}).out, "a/a\na_2/a_2\nMine/a\nMine/a_2\n");
+  const Outcome ambiguous = tool({"show", "a"});
+  EXPECT_EQ(ambiguous.status, 1);
+  EXPECT_NE(ambiguous.err.find("\"a/a\", \"Mine/a\""), std::string::npos) << ambiguous.err;
+  EXPECT_EQ(tool({"delete", "Mine/a"}).status, 0);
+  EXPECT_EQ(tool({"show", "a"}).status, 0);
+  EXPECT_NE(tool({"show", "A_"}).err.find("a_2/a_2"), std::string::npos);
+}
+
+TEST_F(CliTest, tuningOfAnImportIsNotKept) {
+  const Outcome import = tool({"import", recording("a.wav"), "--tuning", "Drop D", "--json"});
+  ASSERT_EQ(import.status, 0) << import.err;
+  EXPECT_EQ(json::parse(import.out)["tuning"], "Drop D");
+  EXPECT_EQ(tool({"tunings"}).out, "* Standard (EBGDAE)\n  Drop D (EBGDAD)\n");
+  const Outcome unknown = tool({"import", recording("b.wav"), "--tuning", "Open Q"});
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_NE(unknown.err.find("Drop D"), std::string::npos);
+}
+
+TEST_F(CliTest, exportsAndBacksUp) {
+  ASSERT_EQ(tool({"import", recording("a.wav")}).status, 0);
+  const std::string text = m_folder.file("a tab.txt");
+  EXPECT_EQ(tool({"export", "a", "--txt", text}).status, 0);
+  EXPECT_EQ(test::readFile(text), tool({"show", "a"}).out);
+  const std::string copy = m_folder.file("copy.sqlite");
+  EXPECT_EQ(tool({"backup", copy}).status, 0);
+  EXPECT_EQ(tool({"backup", copy}).status, 1) << "an older backup is not replaced";
+  m_store = copy;
+  EXPECT_EQ(tool({"list"}).out, "a/a\n");
+}
+
+TEST_F(CliTest, everyUsualKindOfFileIsHeard) {
+  const std::vector<std::pair<std::string, std::vector<std::string>>> kinds = {
+      {"eight bit.wav", {"-c:a", "pcm_u8"}},
+      {"24'bit\".wav", {"-c:a", "pcm_s24le"}},
+      {"gleitend-ä-ギター.wav", {"-c:a", "pcm_f32le"}},
+      {"fast.wav", {"-ar", "96000"}},
+      {"surround.wav", {"-ac", "6"}},
+      {"apple.m4a", {"-c:a", "aac"}},
+      {"stereo.mp3", {"-ac", "2"}},
+      {"free.flac", {}}};
+  for (const auto& [name, options] : kinds) {
+    const Outcome import = tool({"import", recording(name, options)});
+    EXPECT_EQ(import.status, 0) << name << ": " << import.err;
+  }
+  EXPECT_NE(tool({"list"}).out.find("gleitend-ä-ギター/gleitend-ä-ギター\n"), std::string::npos);
+}
+
+TEST_F(CliTest, badFilesEndInOneClearLineAndLeaveNothing) {
+  const auto make = [&](const std::string& name, const std::string& content) {
+    test::writeFile(m_folder.file(name), content);
+    return m_folder.file(name);
+  };
+  std::filesystem::create_directory(m_folder.file("folder.wav"));
+  const std::string silence = m_folder.file("silence.wav");
+  test::writeWav(silence, std::vector<std::int16_t>(100000));
+  const std::string film = m_folder.file("film.mp4");
+  ASSERT_EQ(test::runProgram({"ffmpeg", "-v", "error", "-f", "lavfi", "-i",
+                              "testsrc=duration=1:size=64x64", film})
+                .status,
+            0);
+  const std::string bad[] = {m_folder.file("missing.mp3"),
+                             m_folder.file("folder.wav"),
+                             make("empty.wav", ""),
+                             make("letter.mp3", std::string(5000, 'a') + "\n"),
+                             make("header only.wav", test::readFile(silence).substr(0, 44)),
+                             silence,
+                             film};
+  for (const std::string& file : bad) {
+    const Outcome import = tool({"import", file});
+    EXPECT_EQ(import.status, 1) << file;
+    const std::string last = import.err.substr(import.err.rfind("korvel-cli: "));
+    EXPECT_NE(last.find(file), std::string::npos) << import.err;
+    EXPECT_EQ(lines(last), 1) << import.err;
+  }
+  EXPECT_EQ(tool({"list"}).out, "");
+}
+
+TEST_F(CliTest, tornFilesGiveWhatIsThere) {
+  const std::string mp3 = recording("torn.mp3");
+  const std::string whole = test::readFile(mp3);
+  test::writeFile(mp3, whole.substr(0, whole.size() / 2));
+  EXPECT_EQ(tool({"import", mp3}).status, 0);
+  const std::string wav = recording("lying.wav");
+  std::string bytes = test::readFile(wav);
+  bytes.replace(bytes.find("data") + 4, 4, "\xff\xff\xff\x7f");
+  test::writeFile(wav, bytes);
+  EXPECT_EQ(tool({"import", wav}).status, 0);
+}
+
+TEST_F(CliTest, oneBadFileDoesNotStopTheOthers) {
+  const Outcome both = tool({"import", m_folder.file("no.wav"), recording("yes.wav"), "--json"});
+  EXPECT_EQ(both.status, 1);
+  EXPECT_EQ(json::parse(both.out).size(), 1U);
+  EXPECT_EQ(tool({"list"}).out, "yes/yes\n");
+}
+
+TEST_F(CliTest, storeThatCannotBeOpenedIsNamedAndLeftAlone) {
+  test::writeFile(m_store, std::string(200, 'z'));
+  const Outcome foreign = tool({"list"});
+  EXPECT_EQ(foreign.status, 255);
+  EXPECT_NE(foreign.err.find(m_store), std::string::npos);
+  EXPECT_EQ(lines(foreign.err), 1);
+  EXPECT_EQ(test::readFile(m_store), std::string(200, 'z'));
+  std::filesystem::remove(m_store);
+  ASSERT_EQ(tool({"list"}).status, 0);
+  const auto open = storeFile(m_store).open();
+  const Outcome second = tool({"list"});
+  EXPECT_EQ(second.status, 255);
+  EXPECT_NE(second.err.find("in use"), std::string::npos);
+}
+
+TEST_F(CliTest, wrongUsageEndsWithTwo) {
+  EXPECT_EQ(tool({}).status, 2);
+  EXPECT_EQ(tool({"import"}).status, 2);
+  EXPECT_EQ(tool({"sing"}).status, 2);
+  EXPECT_EQ(tool({"import", "a", "b", "--title", "T"}).status, 2);
+  EXPECT_EQ(tool({"--help"}).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(m_store)) << "wrong usage touches nothing";
+  EXPECT_EQ(tool({"check"}).status, 1) << "a missing store is not made by looking at it";
+}
+
+}  // namespace
+}  // namespace korvel
