@@ -5,6 +5,7 @@
 #include <random>
 #include <thread>
 
+#include "model/KorvelModel.h"
 #include "support/Guitar.h"
 #include "support/Process.h"
 #include "support/ScratchFolder.h"
@@ -53,6 +54,29 @@ TEST_F(KillTest, savedSongsSurviveWheneverTheProcessDies) {
     ASSERT_EQ(test::runProgram(tool({"show", "victim"})).status, 0);
     ASSERT_EQ(test::runProgram(tool({"delete", "victim"})).status, 0);
   }
+}
+
+// A process that does nothing but save is killed in the middle of one: every song in the store is
+// complete, and none that was there before is lost.
+TEST_F(KillTest, aSaveHappensWholeOrNotAtAll) {
+  std::mt19937 random(21);
+  std::uniform_int_distribution<int> milliseconds(30, 300);
+  ASSERT_EQ(test::runProgram(tool({"list"})).status, 0);
+  std::int64_t songsBefore = 0;
+  for (int i = 0; i < 20; ++i) {
+    test::Running victim({KORVEL_SAVE_LOOP, m_store});
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds(random)));
+    victim.kill();
+    victim.wait();
+    const auto store = storeFile(m_store).open();
+    ASSERT_TRUE(platform::StoreFile::problems(*store).empty());
+    const std::int64_t songs = store->integer("SELECT count(*) FROM QBSong");
+    EXPECT_GE(songs, songsBefore);
+    EXPECT_EQ(store->integer("SELECT count(*) FROM QBChord"), songs * 300);
+    EXPECT_EQ(store->integer("SELECT count(*) FROM QBTone"), songs * 300 * 6);
+    songsBefore = songs;
+  }
+  EXPECT_GT(songsBefore, 0) << "the victim was never given time to save";
 }
 
 }  // namespace
