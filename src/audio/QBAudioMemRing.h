@@ -6,7 +6,7 @@
 namespace korvel {
 
 /// The most recent 1.3 s of sound, for replay with a delay.
-class QBAudioMemRing final : public QBAudioMem {
+class QBAudioMemRing : public QBAudioMem {
  public:
   /// Size of a buffer that comes without one, and of silence.
   static constexpr std::uint32_t kDefaultFill = 8192;
