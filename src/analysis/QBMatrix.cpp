@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <utility>
 
 #include "analysis/CellText.h"
 #include "platform/Files.h"
@@ -14,7 +13,7 @@ void QBMatrix::set(int column, int row, QBMatrixValue value) {
   if (row < 0) throw std::out_of_range("row " + std::to_string(row));
   const auto at = static_cast<std::size_t>(row);
   if (m_lines.size() <= at) m_lines.resize(at + 1, QBMatrixLine(m_empty));
-  m_lines[at].set(column, std::move(value));
+  m_lines[at].set(column, value);
   m_width = std::max(m_width, column);
 }
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <utility>
+#include <string>
 
 namespace korvel {
 namespace {
@@ -17,9 +17,9 @@ void QBMatrixLine::set(int column, QBMatrixValue value) {
   const auto at = static_cast<std::size_t>(column);
   if (m_data.size() < at) m_data.resize(at, QBMatrixValue(static_cast<float>(m_empty)));
   if (m_data.size() > at) {
-    m_data[at] = std::move(value);
+    m_data[at] = value;
   } else {
-    m_data.push_back(std::move(value));
+    m_data.push_back(value);
   }
 }
 

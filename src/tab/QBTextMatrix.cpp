@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/QBTextMatrix.h"
 
-#include <utility>
-
 #include "platform/Utf8.h"
 
 namespace korvel {
@@ -10,7 +8,7 @@ namespace korvel {
 void QBTextMatrix::setString(int x, int y, std::string_view text) {
   QBMatrixValue cell;
   cell.setString(text);
-  set(x, y, std::move(cell));
+  set(x, y, cell);
 }
 
 std::optional<std::string_view> QBTextMatrix::getString(int x, int y) const {
