@@ -5,16 +5,13 @@
 #include <sstream>
 #include <string>
 
-#include "arrange/Parser.h"
 #include "model/QBChord.h"
 #include "model/QBHarmony.h"
 #include "model/QBHold.h"
-#include "model/QBSettings.h"
 #include "model/QBTabMgr.h"
 #include "model/QBToneOfHarmony.h"
-#include "model/QBTuning.h"
-#include "platform/Resources.h"
 #include "support/ScratchStore.h"
+#include "support/StandardStore.h"
 
 namespace korvel {
 namespace {
@@ -84,29 +81,13 @@ class ChordBookTest : public testing::Test {
  protected:
   /// The store as a first start leaves it, read back from its file.
   void SetUp() override {
-    const auto declarations = platform::Resources::ofProgram().locate("ChordDeclarations");
-    ASSERT_TRUE(declarations);
-    QBTabMgr& seeding = QBTabMgr::db();
-    QBTuning* standard = seeding.createTuning("Standard", 1);
-    standard->createStandardStrings();
-    seeding.createSettings("./")->setActiveTuning(standard);
-    Parser(*declarations).parseHarmonies();
-    ASSERT_TRUE(seeding.save());
+    ASSERT_TRUE(QBTabMgr::db().initializeData());
     QBTabMgr::clearDb();
     m_song = QBTabMgr::db().createSong("Chord book", nullptr, nullptr, nullptr);
   }
 
-  QBChord* play(const std::string& frets) {
-    QBChord* chord = QBTabMgr::db().createChord(m_song, nullptr, 0);
-    for (int string = 0; const char fret : frets) {
-      if (fret != 'x') chord->hold()->addTone(string, fret - '0', 1.0);
-      ++string;
-    }
-    return chord;
-  }
-
   std::string nameOf(const std::string& frets) {
-    QBChord* chord = play(frets);
+    QBChord* chord = test::addChord(m_song, frets);
     chord->readHarmony();
     return chord->fullHarmonyName();
   }
@@ -132,19 +113,18 @@ TEST_F(ChordBookTest, everyShapeGetsTheNameInTheBook) { EXPECT_GE(compare(kBook)
 TEST_F(ChordBookTest, commonNameStandsForTwoChordsOfTheSameNotes) { compare(kOfTwoNames); }
 
 TEST_F(ChordBookTest, anotherTuningGivesAnotherName) {
-  QBTabMgr::db().createTuning("Drop D", 2)->createDropDStrings();
   QBTabMgr::db().selectTuning(QBTabMgr::db().findTuningByOrder(2));
   EXPECT_EQ(nameOf("000xxx"), "D5");
 }
 
 TEST_F(ChordBookTest, oneToneHasNoNameAndLeavesTheChordAlone) {
-  QBChord* chord = play("x3xx1x");
+  QBChord* chord = test::addChord(m_song, "x3xx1x");
   EXPECT_EQ(chord->readHarmony(), nullptr);
   EXPECT_FALSE(chord->hasBaseTone());
 }
 
 TEST_F(ChordBookTest, harmonyFoundBeforeKeepsOutRicherOnesAndIsNeverCleared) {
-  QBChord* chord = play("x32010");
+  QBChord* chord = test::addChord(m_song, "x32010");
   chord->readHarmony();
   chord->hold()->addTone(4, 0, 1.0);
   EXPECT_EQ(chord->readHarmony()->type(), "") << "maj7 explains more, but has a larger order";
