@@ -89,6 +89,7 @@ std::string patched(Input input) {
   return bytes;
 }
 
+constexpr int kMostChanges = 20;
 constexpr const char* kEdges[] = {"-1",          "2147483647",          "2147483648",
                                   "-2147483648", "9223372036854775807", "-9223372036854775808"};
 
@@ -139,7 +140,7 @@ std::string changed(Input input) {
   {
     platform::SqliteDatabase store(file, platform::SqliteDatabase::Mode::readWrite);
     platform::SqliteTransaction change(store);
-    while (!input.empty()) {
+    for (int i = 0; i < kMostChanges && !input.empty(); ++i) {
       try {
         store.execute(takeChange(input));
       } catch (const platform::StoreError&) {
