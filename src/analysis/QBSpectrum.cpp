@@ -11,6 +11,7 @@ namespace korvel {
 namespace {
 
 constexpr int kFewestHits = 3;
+constexpr int kStrings = 6;
 
 std::string keyOf(int string, int fret) {
   return std::to_string(string) + ',' + std::to_string(fret);
@@ -56,6 +57,7 @@ void QBSpectrum::computeOffsets() {
   const QBString* played = string();
   const int base = QBInstrument::largeToneOfStringS(played ? played->order() : 0);
   for (QBOvertone* overtone : overtones()) {
+    if (overtone->string() < 0 || overtone->string() >= kStrings) continue;  // no such string
     const int open = QBInstrument::largeToneOfStringS(overtone->string());
     overtone->setOffset(addNotes(open - base, overtone->fret()));
   }

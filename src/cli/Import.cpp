@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Import.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -8,9 +9,12 @@
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/SoundCheck.h"
+#include "cli/TuningForNow.h"
 #include "export/SongJson.h"
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBInstrument.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
@@ -22,22 +26,6 @@
 
 namespace korvel::cli {
 namespace {
-
-/// Makes a tuning the active one for a while.
-class TuningForNow {
- public:
-  explicit TuningForNow(QBTuning* tuning) : m_before(QBTabMgr::db().selectedTuning()) {
-    if (tuning) QBTabMgr::db().selectTuning(tuning);
-  }
-  TuningForNow(const TuningForNow&) = delete;
-  TuningForNow& operator=(const TuningForNow&) = delete;
-  ~TuningForNow() {
-    if (QBTabMgr::db().selectedTuning() != m_before) QBTabMgr::db().selectTuning(m_before);
-  }
-
- private:
-  platform::Ref<QBTuning> m_before;
-};
 
 /// The song that an import fills, with the album made for it; taken back unless kept.
 class NewSong {
@@ -90,50 +78,72 @@ void run(QBCmdImportSong& command, bool stepped) {
   platform::PlainRunLoop::ofProcess().runUntil([&] { return !command.isRunning(); });
 }
 
+/// Hears the file into the song, in the tuning that the import is for.
+void hear(const ImportOptions& options, const std::string& file, const NewSong& made,
+          QBTuning* tuning) {
+  const TuningForNow chosen(tuning);
+  made.song()->setTuning(QBTabMgr::db().selectedTuning());
+  const auto command = std::make_shared<QBCmdImportSong>(
+      std::make_shared<QBAlbumNode>(made.album()), file, made.song());
+  QBSession::session().addJob(command);
+  run(*command, options.stepped);
+}
+
+bool hasTones(const QBSong& song) {
+  return std::ranges::any_of(song.chords().snapshot(), [](const auto& chord) {
+    return chord->hold() && !chord->hold()->isEmpty();
+  });
+}
+
 platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,
                                  QBTuning* tuning) {
   requireSound(file);
   NewSong made(options, file);
-  {
-    const TuningForNow chosen(tuning);
-    if (tuning) made.song()->setTuning(tuning);
-    const auto command = std::make_shared<QBCmdImportSong>(
-        std::make_shared<QBAlbumNode>(made.album()), file, made.song());
-    QBSession::session().addJob(command);
-    run(*command, options.stepped);
-  }
-  if (made.song()->chords().empty())
+  hear(options, file, made, tuning);
+  if (!hasTones(*made.song()))
     throw CliError(file + ": no tones were heard in it; nothing was stored");
-  if (!QBTabMgr::db().save()) throw CliError(file + ": the song could not be saved");
+  QBTabMgr::db().context().save();
   made.keep();
   return made.song();
 }
 
-void print(const ImportOptions& options, const std::vector<platform::Ref<QBSong>>& songs) {
-  if (!options.json) {
-    for (const auto& song : songs) Console::attached().print(song->tabulature());
-  } else if (options.files.size() == 1) {
-    for (const auto& song : songs) Console::attached().print(songAsJson(*song));
-  } else {
-    Console::attached().print(songsAsJson({songs.begin(), songs.end()}));
-  }
+/// The line for a file that could not be imported names it, whatever went wrong.
+std::string problemOf(const std::string& file, const std::exception& error) {
+  const std::string what = error.what();
+  return what.starts_with(file) ? what : file + " was not imported: " + what;
+}
+
+void printSongs(const ImportOptions& options, const std::vector<QBSong*>& songs) {
+  if (options.files.size() > 1)
+    Console::attached().print(songsAsJson(songs));
+  else if (!songs.empty())
+    Console::attached().print(songAsJson(*songs.front()));
+}
+
+void requireInstrument() {
+  if (!QBTabMgr::db().selectedInstrument())
+    throw CliError(QBTabMgr::storePath() +
+                   ": no instrument is active, so no tone can be confirmed");
 }
 
 }  // namespace
 
 int importFiles(const ImportOptions& options) {
+  requireInstrument();
   QBTuning* tuning = options.tuning ? tuningNamed(*options.tuning) : nullptr;
   std::vector<platform::Ref<QBSong>> songs;
   int status = EXIT_SUCCESS;
   for (const std::string& file : options.files) {
     try {
       songs.push_back(importFile(options, file, tuning));
-    } catch (const CliError& error) {
-      Console::attached().error(error.what());
+    } catch (const std::exception& error) {
+      Console::attached().error(problemOf(file, error));
       status = EXIT_FAILURE;
+      continue;
     }
+    if (!options.json) Console::attached().print(songs.back()->tabulature());
   }
-  print(options, songs);
+  if (options.json) printSongs(options, {songs.begin(), songs.end()});
   return status;
 }
 

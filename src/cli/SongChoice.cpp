@@ -59,6 +59,8 @@ QBSong& chooseSong(const std::string& name) {
   const Songs found = songsWhere(
       [&](const QBSong& song) { return song.title() == name || fullTitle(song) == name; });
   if (found.empty()) unknown(name);
+  const auto whole = [&](const QBSong* song) { return fullTitle(*song) == name; };
+  if (std::ranges::count_if(found, whole) == 1) return **std::ranges::find_if(found, whole);
   if (found.size() > 1)
     throw CliError("\"" + name + "\" could be " + listOf(found) + "; write ALBUM/TITLE");
   return *found.front();

@@ -7,6 +7,7 @@
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/SongChoice.h"
+#include "cli/TuningForNow.h"
 #include "export/SongJson.h"
 #include "model/QBAlbum.h"
 #include "model/QBSong.h"
@@ -24,9 +25,10 @@ void save() {
   if (!QBTabMgr::db().save()) throw CliError(QBTabMgr::storePath() + ": cannot be saved");
 }
 
-/// Texts of a song need its chords.
+/// Texts of a song need its chords, and are drawn for the tuning that it was made in.
 template <class Text>
 std::string textOf(const QBSong& song, const Text& text) {
+  const TuningForNow chosen(song.tuning());
   try {
     return text();
   } catch (const std::out_of_range&) {

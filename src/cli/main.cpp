@@ -53,13 +53,10 @@ struct Usage {
     return sub;
   }
 
-  /// For commands that look after a store and should not make one.
+  /// For commands that need a store with something in it, and should not make an empty one.
   CLI::App* caring(const char* name, const char* description, Action run) {
-    CLI::App* sub = app.add_subcommand(name, description);
-    sub->callback([this, run] {
-      action = run;
-      storeMustExist = true;
-    });
+    CLI::App* sub = command(name, description, run);
+    sub->parse_complete_callback([this] { storeMustExist = true; });
     return sub;
   }
 
@@ -69,6 +66,8 @@ struct Usage {
     sub->callback([this] {
       if (import.title && import.files.size() > 1)
         throw CLI::ValidationError("--title", "goes with a single file");
+      if (import.title == "" || import.album == "")
+        throw CLI::ValidationError("--title and --album", "take a name");
       action = [this] { return cli::importFiles(import); };
     });
     sub->add_option("FILE", import.files, "Sound files")->required()->type_name("");
@@ -85,11 +84,11 @@ struct Usage {
       return sub;
     };
     withSong(
-        command("show", "Print the tablature of a song", always([this] { cli::showSong(song); })));
-    withSong(command("dump", "Print a song as JSON", always([this] { cli::dumpSong(song); })));
-    withSong(command("delete", "Delete a song", always([this] { cli::deleteSong(song); })));
-    withSong(command("export", "Write a song to a file",
-                     always([this] { cli::exportText(song, file); })))
+        caring("show", "Print the tablature of a song", always([this] { cli::showSong(song); })));
+    withSong(caring("dump", "Print a song as JSON", always([this] { cli::dumpSong(song); })));
+    withSong(caring("delete", "Delete a song", always([this] { cli::deleteSong(song); })));
+    withSong(
+        caring("export", "Write a song to a file", always([this] { cli::exportText(song, file); })))
         ->add_option("--txt", file, "Text tablature")
         ->required()
         ->type_name("FILE");
@@ -106,6 +105,29 @@ struct Usage {
   }
 };
 
+/// CLI11 reads "[a,b]" as a list; marked, such a name stays what it is.
+constexpr char kMark = '\x01';
+
+std::vector<std::string> markedArguments(int argc, char** argv) {
+  std::vector<std::string> words;
+  for (int i = argc - 1; i > 0; --i) {  // CLI11 takes them from the back
+    const std::string word = argv[i];
+    words.push_back(word.starts_with('[') ? kMark + word : word);
+  }
+  return words;
+}
+
+void unmark(std::string& word) {
+  if (word.starts_with(kMark)) word.erase(0, 1);
+}
+
+void unmarkAll(Usage& usage) {
+  for (std::string* word : {&usage.store, &usage.song, &usage.file}) unmark(*word);
+  for (std::string& file : usage.import.files) unmark(file);
+  for (auto* word : {&usage.import.album, &usage.import.title, &usage.import.tuning})
+    if (*word) unmark(**word);
+}
+
 /// A store without settings is filled first, as a window does it before it opens.
 void openStore(const Usage& usage) {
   if (!usage.store.empty()) QBTabMgr::setStorePath(usage.store);
@@ -120,7 +142,8 @@ void openStore(const Usage& usage) {
 int main(int argc, char** argv) {
   Usage usage;
   try {
-    usage.app.parse(argc, argv);
+    usage.app.parse(markedArguments(argc, argv));
+    unmarkAll(usage);
   } catch (const CLI::ParseError& error) {
     return usage.app.exit(error) == 0 ? EXIT_SUCCESS : kWrongUsage;
   }

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <system_error>
 #include <utility>
@@ -110,6 +111,17 @@ void flushFolder(const fs::path& target) {
   folder.flush();
 }
 
+/// Gives a file its name without replacing what has that name already; false then. File systems
+/// that know no links can move it instead.
+bool appearAs(const fs::path& temporary, const fs::path& file) {
+  if (::link(temporary.c_str(), file.c_str()) == 0) return true;
+  if (errno == EEXIST) return false;
+  if (::renameat2(AT_FDCWD, temporary.c_str(), AT_FDCWD, file.c_str(), RENAME_NOREPLACE) == 0)
+    return true;
+  if (errno == EEXIST) return false;
+  fail(file, "cannot write", errno);
+}
+
 fs::path homeFolder() {
   const char* home = std::getenv("HOME");
   if (home && *home == '/') return home;
@@ -146,11 +158,7 @@ bool createAtomically(const fs::path& file, std::string_view bytes) {
   const TemporaryName name(temporary);
   out.write(bytes);
   out.flush();
-  // A link does not replace, as renaming would.
-  if (::link(temporary.c_str(), file.c_str()) != 0) {
-    if (errno == EEXIST) return false;
-    fail(file, "cannot write", errno);
-  }
+  if (!appearAs(temporary, file)) return false;
   flushFolder(file);
   return true;
 }

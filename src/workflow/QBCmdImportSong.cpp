@@ -55,9 +55,13 @@ void QBCmdImportSong::tearDown() {
     // Nothing was heard: a song without chords has no tablature, and the import ends all the same.
   }
   printOut("Song successfully imported.");
+  // The job stays listed; its buffers need not.
+  m_recorder.reset();
+  m_analyser.reset();
+  m_track.reset();
 }
 
-bool QBCmdImportSong::atEnd() const { return m_track->eof(); }
+bool QBCmdImportSong::atEnd() const { return !m_track || m_track->eof(); }
 
 void QBCmdImportSong::takeNextChord() {
   m_recorder->nextChord();

@@ -5,6 +5,7 @@
 #include "model/QBSettings.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "model/SessionServices.h"
 #include "platform/Resources.h"
 
 namespace korvel {
@@ -14,7 +15,11 @@ constexpr int kStandardOrder = 1;
 constexpr int kDropDOrder = 2;
 
 std::string pathOf(std::string_view name, std::string_view type) {
-  return platform::Resources::ofProgram().locate(name, type).value_or("").string();
+  const auto path = platform::Resources::ofProgram().locate(name, type);
+  if (!path)
+    SessionServices::current().logError("The resource " + std::string(name) +
+                                        " is missing; install Korvel again.");
+  return path.value_or("").string();
 }
 
 }  // namespace

@@ -93,12 +93,17 @@ TEST_F(CliTest, namesAreMadeUniqueAndAmbiguousOnesRefused) {
   EXPECT_EQ(tool({"delete", "Mine/a"}).status, 0);
   EXPECT_EQ(tool({"show", "a"}).status, 0);
   EXPECT_NE(tool({"show", "A_"}).err.find("a_2/a_2"), std::string::npos);
+  EXPECT_EQ(tool({"import", file, "--album", "X", "--title", "a/a"}).status, 0);
+  EXPECT_EQ(tool({"show", "a/a"}).status, 0) << "the whole name of one song, a title of another";
 }
 
 TEST_F(CliTest, tuningOfAnImportIsNotKept) {
   const Outcome import = tool({"import", recording("a.wav"), "--tuning", "Drop D", "--json"});
   ASSERT_EQ(import.status, 0) << import.err;
   EXPECT_EQ(json::parse(import.out)["tuning"], "Drop D");
+  const std::string text = m_folder.file("a.txt");
+  EXPECT_EQ(tool({"export", "a", "--txt", text}).status, 0);
+  EXPECT_EQ(test::readFile(text), tool({"show", "a"}).out) << "drawn for the song's own tuning";
   EXPECT_EQ(tool({"tunings"}).out, "* Standard (EBGDAE)\n  Drop D (EBGDAD)\n");
   const Outcome unknown = tool({"import", recording("b.wav"), "--tuning", "Open Q"});
   EXPECT_EQ(unknown.status, 1);
@@ -123,7 +128,7 @@ TEST_F(CliTest, everyUsualKindOfFileIsHeard) {
       {"24'bit\".wav", {"-c:a", "pcm_s24le"}},
       {"gleitend-ä-ギター.wav", {"-c:a", "pcm_f32le"}},
       {"fast.wav", {"-ar", "96000"}},
-      {"surround.wav", {"-ac", "6"}},
+      {"[take, 1]", {"-f", "wav"}},
       {"apple.m4a", {"-c:a", "aac"}},
       {"stereo.mp3", {"-ac", "2"}},
       {"free.flac", {}}};
@@ -153,6 +158,7 @@ TEST_F(CliTest, badFilesEndInOneClearLineAndLeaveNothing) {
                              make("letter.mp3", std::string(5000, 'a') + "\n"),
                              make("header only.wav", test::readFile(silence).substr(0, 44)),
                              silence,
+                             recording("surround.wav", {"-ac", "6"}),
                              film};
   for (const std::string& file : bad) {
     const Outcome import = tool({"import", file});
@@ -203,9 +209,12 @@ TEST_F(CliTest, wrongUsageEndsWithTwo) {
   EXPECT_EQ(tool({"import"}).status, 2);
   EXPECT_EQ(tool({"sing"}).status, 2);
   EXPECT_EQ(tool({"import", "a", "b", "--title", "T"}).status, 2);
+  EXPECT_EQ(tool({"import", "a", "--album", ""}).status, 2);
   EXPECT_EQ(tool({"--help"}).status, 0);
-  EXPECT_FALSE(std::filesystem::exists(m_store)) << "wrong usage touches nothing";
-  EXPECT_EQ(tool({"check"}).status, 1) << "a missing store is not made by looking at it";
+  EXPECT_FALSE(std::filesystem::exists(m_store)) << "wrong usage makes nothing";
+  EXPECT_EQ(tool({"check"}).status, 1);
+  EXPECT_EQ(tool({"show", "x"}).status, 1);
+  EXPECT_FALSE(std::filesystem::exists(m_store)) << "a store is not made by looking at it";
 }
 
 }  // namespace

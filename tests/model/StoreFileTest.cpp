@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "model/KorvelModel.h"
+#include "platform/persistence/ManagedContext.h"
 #include "platform/persistence/StoreError.h"
 #include "support/ScratchFolder.h"
 
@@ -70,6 +71,32 @@ TEST_F(StoreFileTest, refusesDamagedStore) {
   torn.replace(4096, 4096, std::string(4096, 'x'));
   test::writeFile(m_path, torn);
   EXPECT_EQ(refusal(), Reason::damaged);
+}
+
+// Too large to be checked at opening, which only reads: the first change looks at it.
+TEST_F(StoreFileTest, doesNotWriteIntoLargeDamagedStore) {
+  make();
+  alter(
+      "INSERT INTO QBAlbum(id) VALUES(1); INSERT INTO QBSong(id, album) VALUES(1, 1);"
+      "INSERT INTO QBChord(id, song) VALUES(1, 1); INSERT INTO QBHold(id, chord) VALUES(1, 1);"
+      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300000)"
+      "INSERT INTO QBTone(hold, string) SELECT 1, i FROM n");
+  std::string bytes = test::readFile(m_path);
+  ASSERT_GT(bytes.size(), 8U << 20);
+  bytes.replace(bytes.size() / 2, 100000, std::string(100000, 'x'));
+  test::writeFile(m_path, bytes);
+  platform::ManagedContext context(storeFile(m_path).open(), korvelModel());
+  context.insert("QBAlbum");
+  EXPECT_THROW(context.save(), StoreError);
+  EXPECT_EQ(test::readFile(m_path), bytes);
+}
+
+TEST_F(StoreFileTest, leavesWriteAheadMode) {
+  make();
+  alter("PRAGMA journal_mode = WAL");
+  ASSERT_EQ(test::readFile(m_path).at(18), 2);
+  storeFile(m_path).open();
+  EXPECT_EQ(test::readFile(m_path).at(18), 1);
 }
 
 TEST_F(StoreFileTest, refusesStoreInUse) {

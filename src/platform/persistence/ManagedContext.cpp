@@ -2,7 +2,9 @@
 #include "platform/persistence/ManagedContext.h"
 
 #include <algorithm>
+
 #include <limits>
+#include "platform/persistence/StoreFile.h"
 
 #include "platform/persistence/StoreError.h"
 
@@ -346,6 +348,8 @@ bool ManagedContext::hasChanges() const {
 
 void ManagedContext::save() {
   if (!hasChanges()) return;
+  if (!m_checked) StoreFile::requireSound(*m_store);
+  m_checked = true;
   SqliteTransaction change(*m_store);
   for (const auto& table : m_tables) {
     writeInserted(*table);

@@ -44,7 +44,8 @@ class ManagedContext {
   }
 
   bool hasChanges() const;
-  /// Writes all changes in one transaction. Throws StoreError; the file is then as it was and the
+  /// Writes all changes in one transaction, the first time after a check of the store, so that a
+  /// damaged one is not written into. Throws StoreError; the file is then as it was and the
   /// changes are kept for another try.
   void save();
 
@@ -95,6 +96,7 @@ class ManagedContext {
   const ObjectModel& m_model;
   std::vector<std::unique_ptr<Table>> m_tables;
   std::unordered_map<std::string, SqliteStatement> m_statements;
+  bool m_checked = false;
 };
 
 }  // namespace korvel::platform

@@ -19,7 +19,8 @@ constexpr std::size_t kUserVersionAt = 60;
 constexpr std::size_t kApplicationIdAt = 68;
 constexpr std::string_view kMagic("SQLite format 3\0", 16);
 
-// A complete check of a store up to this size takes a few hundredths of a second at opening.
+// Checking a store up to this size takes a few hundredths of a second at opening. Larger ones are
+// checked before the first change.
 constexpr std::int64_t kCheckedAtOpening = 8 << 20;
 
 std::int32_t bigEndian(const std::array<char, kHeaderSize>& header, std::size_t at) {
@@ -57,6 +58,10 @@ std::string indexDefinition(const EntityDescription& entity, const ToOneDescript
 
 bool contains(const std::vector<std::string>& names, const std::string& name) {
   return std::ranges::find(names, name) != names.end();
+}
+
+StoreError damaged(const std::string& path) {
+  return {StoreError::Reason::damaged, path, "the store is damaged; restore a backup of it"};
 }
 
 /// The rows of an entity that no owner reaches. The first owner's index finds the few candidates.
@@ -126,17 +131,22 @@ void StoreFile::lock(SqliteDatabase& store) const {
   store.execute("PRAGMA foreign_keys = ON");
   store.execute("BEGIN EXCLUSIVE");
   store.execute("COMMIT");
+  // A tool may have left it in write-ahead mode, in which a plain copy of the file lacks changes.
+  if (store.text("PRAGMA journal_mode = DELETE") != "delete")
+    throw StoreError(StoreError::Reason::failed, m_path,
+                     "the store cannot be switched to a rollback journal; restore a backup of it");
 }
 
 void StoreFile::checkSize(SqliteDatabase& store) const {
   const std::int64_t expected =
       store.integer("PRAGMA page_count") * store.integer("PRAGMA page_size");
   const auto actual = static_cast<std::int64_t>(fs::file_size(m_path));
-  bool sound = actual >= expected;
-  if (sound && actual <= kCheckedAtOpening) sound = store.text("PRAGMA quick_check(1)") == "ok";
-  if (!sound)
-    throw StoreError(StoreError::Reason::damaged, m_path,
-                     "the store is damaged; restore a backup of it");
+  if (actual < expected) throw damaged(m_path);
+  if (actual <= kCheckedAtOpening) requireSound(store);
+}
+
+void StoreFile::requireSound(SqliteDatabase& store) {
+  if (store.text("PRAGMA quick_check(1)") != "ok") throw damaged(store.file());
 }
 
 std::vector<std::string> StoreFile::missingParts(SqliteDatabase& store) const {
@@ -168,6 +178,7 @@ void StoreFile::migrate(SqliteDatabase& store) const {
   const std::int64_t version = store.integer("PRAGMA user_version");
   const std::vector<std::string> missing = missingParts(store);
   if (missing.empty() && version == m_format.version) return;
+  requireSound(store);
   if (!missing.empty()) backup(store, backupName(version));
   SqliteTransaction change(store);
   for (const std::string& part : missing) store.execute(part);
@@ -194,6 +205,7 @@ void StoreFile::sweep(SqliteDatabase& store) const {
     return !found.empty();
   };
   if (!search()) return;
+  requireSound(store);
   SqliteTransaction change(store);
   do {
     for (const std::string& removal : found) store.execute(removal);

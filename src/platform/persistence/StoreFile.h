@@ -31,6 +31,8 @@ class StoreFile {
   /// damaged or in use.
   std::unique_ptr<SqliteDatabase> open() const;
 
+  /// A quick check of every page. Throws StoreError when the store is damaged.
+  static void requireSound(SqliteDatabase& store);
   /// Problems found in an open store by a complete check; empty when it is sound.
   static std::vector<std::string> problems(SqliteDatabase& store);
   /// Copies an open store into a file, which is complete and checked or does not appear at all.
