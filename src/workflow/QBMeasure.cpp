@@ -26,7 +26,7 @@ Run runOf(const Chords& chords, int index, int longest, int unit) {
   const int end = std::min(index + longest, static_cast<int>(chords.size()));
   int sum = 0;
   for (int i = index; i < end; ++i) {
-    sum += chords[static_cast<std::size_t>(i)]->duration();
+    sum += chords.at(static_cast<std::size_t>(i))->duration();
     if (sum % unit == 0) return {i - index + 1, true};
   }
   return {std::max(end - index, 0) + 1, false};

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/QBTabMgr.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "model/QBAlbum.h"
+#include "model/QBBlock.h"
+#include "model/QBChord.h"
+#include "model/QBHarmony.h"
+#include "model/QBHold.h"
+#include "model/QBInstrument.h"
+#include "model/QBLeftHandPattern.h"
+#include "model/QBMeasure.h"
+#include "model/QBRightHandPattern.h"
+#include "model/QBSettings.h"
+#include "model/QBSong.h"
+#include "model/QBSpectrum.h"
+#include "model/QBString.h"
+#include "model/QBTone.h"
+#include "model/QBTuning.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+class QBTabMgrTest : public testing::Test {
+ protected:
+  static QBTabMgr& db() { return QBTabMgr::db(); }
+  static std::size_t count(std::string_view entity) { return db().context().fetch(entity).size(); }
+  static void reopen() {
+    db().save();
+    QBTabMgr::clearDb();
+  }
+
+  test::StandardStore m_store;
+};
+
+TEST_F(QBTabMgrTest, createdObjectsHaveTheirFirstValuesAndNoOthers) {
+  QBAlbum* album = db().createAlbum("Album", true);
+  EXPECT_TRUE(album->isLocked());
+  QBInstrument* guitar = db().createInstrument(m_store.standard(), "Guitar", true, false, 0.5F, 1);
+  QBSong* song = db().createSong("Song", m_store.dropD(), guitar, album);
+  EXPECT_EQ(song->instrument(), "Guitar");
+  EXPECT_EQ(song->tempoRate(), 1.0F);
+  EXPECT_FALSE(song->hasTabulature());
+  EXPECT_FALSE(db().createSong("Song", nullptr, nullptr, nullptr)->hasInstrument());
+  QBMeasure* measure = db().createMeasure(song, 6, 8);
+  EXPECT_EQ(measure->position(), 1);
+  QBChord* chord = db().createChord(song, nullptr, 1LL << 40);
+  EXPECT_EQ(chord->position(), 1);
+  EXPECT_EQ(chord->duration(), 1);
+  EXPECT_EQ(chord->timestamp(), 1LL << 40);
+  EXPECT_FALSE(chord->hasBaseTone());
+  ASSERT_NE(chord->hold(), nullptr);
+  EXPECT_TRUE(chord->hold()->tones().empty());
+  const QBTone* tone = db().createTone(chord->hold(), 1, 2, 0, 3.5);
+  EXPECT_EQ(tone->duration(), 2);
+  EXPECT_TRUE(tone->isActive());
+  EXPECT_FALSE(tone->hasGroup());
+  EXPECT_EQ(db().createBlock(chord)->position(), 1);
+  EXPECT_EQ(guitar->spectrums().size(), 6U);
+  EXPECT_FALSE(guitar->findSpectrumByString(5)->isCalibrated());
+  EXPECT_EQ(guitar->findSpectrumByString(5)->string()->order(), 5);
+}
+
+TEST_F(QBTabMgrTest, patternsAreWrittenFromTheHighestString) {
+  std::string struck;
+  for (const QBString* row : db().addPattern("xxx-x-", 3)->strings()) {
+    struck += std::to_string(row->order()) + ' ';
+    EXPECT_EQ(row->tuning(), nullptr);
+    EXPECT_EQ(row->lefthandpattern(), nullptr);
+  }
+  EXPECT_EQ(struck, "1 3 4 5 ");
+  std::string fingers;
+  for (const QBString* row : db().addLeftPattern("32300x", 0)->strings())
+    fingers += std::to_string(row->order()) + ':' + std::to_string(row->baseTone()) + ' ';
+  EXPECT_EQ(fingers, "1:0 2:0 3:3 4:2 5:3 ");
+  EXPECT_THROW(db().addPattern("xxx", 0), std::invalid_argument);
+}
+
+TEST_F(QBTabMgrTest, tablesOfPatternsAreComplete) {
+  db().initRightHandPatterns();
+  db().initLeftHandPatterns();
+  db().loadPatterns();
+  db().loadLeftPatterns();
+  ASSERT_EQ(db().patterns().size(), 27U);
+  ASSERT_EQ(db().lefthandpatterns().size(), 10U);
+  const auto rows = [&](std::size_t i) { return db().patterns()[i]->strings().size(); };
+  EXPECT_EQ(rows(5), rows(10)) << "one stands twice";
+  std::size_t struck = 0;
+  for (std::size_t i = 0; i < 27; ++i) struck += rows(i);
+  EXPECT_EQ(struck, 91U);
+  EXPECT_EQ(db().findLeftHandByIndex(9)->order(), 1);
+  EXPECT_THROW(db().findLeftHandByIndex(10), std::out_of_range);
+}
+
+TEST_F(QBTabMgrTest, deletingASongLeavesMeasuresAndBlocksForTheNextOpening) {
+  QBSong* song = db().createSong("Song", nullptr, nullptr, db().createAlbum("Album", false));
+  db().createMeasure(song, 4, 4);
+  QBChord* chord = test::addChord(song, "x02210");
+  db().createSample(db().createBlock(chord), 7);
+  song->setFromChord(chord);
+  reopen();
+  const platform::Ref<QBSong> saved = db().findAlbumByIndex(0)->findSongByIndex(0);
+  db().deleteSong(saved);
+  db().deleteSong(nullptr);
+  EXPECT_EQ(count("QBChord") + count("QBHold") + count("QBTone"), 0U);
+  EXPECT_EQ(count("QBMeasure"), 1U);
+  EXPECT_EQ(count("QBBlock"), 1U);
+  EXPECT_EQ(saved->title(), "Song") << "a deleted song stays readable";
+  ASSERT_NE(saved->fromChord(), nullptr) << "and so do the ends of its loop";
+  EXPECT_EQ(saved->fromChord()->position(), 1);
+  reopen();
+  EXPECT_EQ(count("QBMeasure") + count("QBBlock") + count("QBSample"), 0U);
+}
+
+TEST_F(QBTabMgrTest, deletingAnAlbumTakesItsSongs) {
+  const platform::Ref<QBAlbum> album = db().createAlbum("Album", false);
+  QBAlbum* other = db().createAlbum("Other", false);
+  for (const char* title : {"a", "b"})
+    test::addChord(db().createSong(title, nullptr, nullptr, album), "x02210");
+  db().deleteAlbum(album);
+  EXPECT_EQ(count("QBSong") + count("QBTone"), 0U);
+  ASSERT_EQ(db().albums().size(), 1U);
+  EXPECT_EQ(db().findAlbumByIndex(0), other);
+}
+
+TEST_F(QBTabMgrTest, deletedInstrumentLeavesItsSpectraForTheNextOpening) {
+  db().createInstrument(m_store.standard(), "Guitar", true, true, 0.5F, 1);
+  reopen();
+  db().deleteInstrumentAtIndex(0);
+  EXPECT_EQ(db().selectedInstrument(), nullptr);
+  EXPECT_EQ(count("QBSpectrum"), 6U);
+  reopen();
+  EXPECT_EQ(count("QBSpectrum"), 0U);
+  EXPECT_THROW(db().deleteInstrumentAtIndex(0), std::out_of_range);
+}
+
+TEST_F(QBTabMgrTest, findsTheFirstThatMatches) {
+  QBAlbum* first = db().createAlbum("Album", false);
+  db().createAlbum("Album", false);
+  EXPECT_EQ(db().findAlbumByName("Album"), first);
+  EXPECT_EQ(db().findAlbumByName("album"), nullptr);
+  EXPECT_EQ(db().findTuningByOrder(2), m_store.dropD());
+  EXPECT_EQ(db().findTuningByOrder(7), nullptr);
+  db().createInstrument(m_store.standard(), "a", false, true, 0.5F, 1);
+  QBInstrument* active = db().createInstrument(m_store.standard(), "b", true, true, 0.5F, 1);
+  db().createInstrument(m_store.standard(), "c", true, true, 0.5F, 1);
+  EXPECT_EQ(db().selectedInstrument(), active);
+  db().deselectAllInstruments();
+  EXPECT_EQ(db().selectedInstrument(), nullptr);
+  EXPECT_THROW(db().findAlbumByIndex(2), std::out_of_range);
+}
+
+TEST_F(QBTabMgrTest, harmoniesAreLoadedByFallingOrder) {
+  for (const int order : {2, 9, 5, 9}) db().createHarmony(std::to_string(order), order);
+  reopen();
+  std::string types;
+  for (const auto& harmony : db().harmonies()) types += harmony->type() + ' ';
+  EXPECT_EQ(types, "9 9 5 2 ");
+}
+
+TEST_F(QBTabMgrTest, storeWithoutSettingsSelectsNothing) {
+  EXPECT_TRUE(db().isInitialized());
+  EXPECT_EQ(db().selectedSettings()->waveDirectory(), "./Waves/");
+  EXPECT_EQ(db().selectedSettings()->tempDirectory(), "./Temp/");
+  EXPECT_EQ(db().selectedSettings()->tabDirectory(), "./Tab/");
+  EXPECT_EQ(db().selectedSettings()->xmlDirectory(), "./Xml/");
+  db().deleteInstance(db().selectedSettings());
+  EXPECT_FALSE(db().isInitialized());
+  EXPECT_EQ(db().selectedSettings(), nullptr);
+  EXPECT_EQ(db().selectedTuning(), nullptr);
+  EXPECT_EQ(QBInstrument::largeToneOfStringS(3), 0);
+}
+
+}  // namespace
+}  // namespace korvel
