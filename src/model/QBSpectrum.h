@@ -41,7 +41,7 @@ class QBSpectrum final : public platform::ManagedObject {
   void defineAsCalibrated() { setCalibrated(true); }
   bool isCalibrated() const { return calibrated(); }
   /// Gives every overtone its distance from the open string, in the selected tuning. An overtone on
-  /// no string of the tuning: std::out_of_range.
+  /// no string of a guitar keeps the one that it has.
   void computeOffsets();
   std::unique_ptr<QBMusicXMLTag> toXML() const;
 
