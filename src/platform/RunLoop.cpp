@@ -13,12 +13,8 @@ RunLoop*& installed() {
 
 }  // namespace
 
-RunLoop& RunLoop::main() {
-  return installed() ? *installed() : PlainRunLoop::ofProcess();
-}
+RunLoop& RunLoop::main() { return installed() ? *installed() : PlainRunLoop::ofProcess(); }
 
-void RunLoop::install(RunLoop* loop) {
-  installed() = loop;
-}
+void RunLoop::install(RunLoop* loop) { installed() = loop; }
 
 }  // namespace korvel::platform
