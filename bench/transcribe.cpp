@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// korvel-transcribe: what the import hears in recordings, with the times at which it hears it. A
+// song keeps no times, as blocks without tones leave nothing behind in it.
+#include <CLI/CLI.hpp>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "analysis/QBChordAnalyserGame.h"
+#include "analysis/QBMusicXMLParser.h"
+#include "audio/QBChordRecorder.h"
+#include "audio/QBMediaTrack.h"
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBInstrument.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "model/QBTuning.h"
+#include "platform/FileError.h"
+#include "platform/Files.h"
+#include "platform/MediaAsset.h"
+#include "support/ScratchStore.h"
+
+namespace {
+
+using namespace korvel;
+using nlohmann::json;
+
+constexpr double kSamplesOfBlock = 16384;
+
+/// Makes the instrument of a definition file the one in use.
+void useInstrument(const std::filesystem::path& definition) {
+  QBTabMgr& db = QBTabMgr::db();
+  db.deselectAllInstruments();
+  QBMusicXMLParser(definition).parse();
+  if (!db.selectedInstrument()) throw platform::FileError(definition, "defines no instrument");
+  db.computeOffsets();
+}
+
+/// Seconds of sound in a block, which holds the samples of all channels of a file in turn.
+double secondsOfBlock(const std::filesystem::path& file) {
+  const platform::MediaAsset asset(file);
+  for (const platform::MediaTrack& track : asset.tracks())
+    if (track.media == platform::MediaTrack::Media::sound)
+      return kSamplesOfBlock / track.sampleRate / track.channels;
+  return 0;
+}
+
+json tonesOf(const QBHold& hold) {
+  json tones = json::array();
+  for (const QBTone* tone : hold.tones())
+    tones.push_back({{"string", tone->string()}, {"fret", tone->fret()}, {"amp", tone->amp()}});
+  return tones;
+}
+
+/// The chords of a file as {"start", "duration", "tones"}, in seconds.
+json transcribe(const std::filesystem::path& file) {
+  QBTabMgr& db = QBTabMgr::db();
+  QBAlbum* album = db.createAlbum(file.stem().string(), false);
+  QBSong* song =
+      db.createSong(file.stem().string(), db.selectedTuning(), db.selectedInstrument(), album);
+  const auto track = std::make_shared<QBMediaTrack>(file);
+  QBChordRecorder recorder(std::make_shared<QBChordAnalyserGame>(track, db.selectedTuning()),
+                           db.selectedInstrument(), song, album);
+  const double step = secondsOfBlock(file);
+  json chords = json::array();
+  recorder.startWithoutTimer("Test", 0.0F);
+  while (!track->eof()) {
+    const auto block = static_cast<double>(track->nmbOfProcessedBlocks());
+    if (const QBChord* chord = recorder.nextChord())
+      chords.push_back(
+          {{"start", block * step}, {"duration", step}, {"tones", tonesOf(*chord->hold())}});
+  }
+  recorder.stopWithoutTimer();
+  db.deleteAlbum(album);
+  return {{"chords", chords}};
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::filesystem::path folder = ".";
+  std::filesystem::path instrument;
+  std::vector<std::filesystem::path> files;
+  CLI::App app("Writes what the import hears in recordings, one JSON file each.",
+               "korvel-transcribe");
+  app.add_option("--output", folder, "Folder for the results");
+  app.add_option("--instrument", instrument, "Definition file (default: the program's own)");
+  app.add_option("FILE", files, "Recordings")->required();
+  CLI11_PARSE(app, argc, argv);
+  try {
+    const test::ScratchStore store;
+    if (!QBTabMgr::db().initializeData()) return EXIT_FAILURE;
+    if (!instrument.empty()) useInstrument(instrument);
+    for (const auto& file : files)
+      platform::writeAtomically(folder / file.stem().concat(".json"), transcribe(file).dump());
+    return EXIT_SUCCESS;
+  } catch (const std::exception& error) {
+    std::cerr << "korvel-transcribe: " << error.what() << '\n';
+    return EXIT_FAILURE;
+  }
+}
