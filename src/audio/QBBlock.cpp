@@ -34,12 +34,13 @@ std::uint32_t QBBlock::space() const { return static_cast<std::uint32_t>(kBytes 
 
 std::vector<std::int16_t> QBBlock::toSamples() {
   const platform::Bytes& bytes = data();
-  std::vector<std::int16_t> values;
-  values.reserve(bytes.size() / 2);
-  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    values.push_back(bytesToShort(bytes[i], bytes[i + 1]));
-    m_sum += values.back();
+  std::vector<std::int16_t> values(bytes.size() / 2);
+  std::int64_t sum = 0;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    values[i] = bytesToShort(bytes[2 * i], bytes[2 * i + 1]);
+    sum += values[i];
   }
+  m_sum += sum;
   m_nmbOfSamples += static_cast<std::int64_t>(values.size());
   return values;
 }
