@@ -99,7 +99,8 @@ void QBMediaTrack::stopRecord() {
 int QBMediaTrack::workingStateInPercent() const {
   if (m_nmbOfBlocks == 0) throw std::domain_error("no block was read to take a share of");
   // Whole numbers are divided first on purpose: the displays show progress as 0 or 100.
-  return static_cast<int>(static_cast<double>(m_nmbOfProcessedBlocks / m_nmbOfBlocks) * 100.0);
+  const auto whole = m_nmbOfProcessedBlocks / m_nmbOfBlocks;
+  return static_cast<int>(static_cast<double>(whole) * 100.0);
 }
 
 }  // namespace korvel

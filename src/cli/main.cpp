@@ -19,7 +19,7 @@ constexpr int kWrongUsage = 2;
 
 using Action = std::function<int()>;
 
-Action always(std::function<void()> action) {
+Action always(const std::function<void()>& action) {
   return [action] {
     action();
     return EXIT_SUCCESS;
@@ -47,14 +47,14 @@ struct Usage {
   }
 
  private:
-  CLI::App* command(const char* name, const char* description, Action run) {
+  CLI::App* command(const char* name, const char* description, const Action& run) {
     CLI::App* sub = app.add_subcommand(name, description);
     sub->callback([this, run] { action = run; });
     return sub;
   }
 
   /// For commands that need a store with something in it, and should not make an empty one.
-  CLI::App* caring(const char* name, const char* description, Action run) {
+  CLI::App* caring(const char* name, const char* description, const Action& run) {
     CLI::App* sub = command(name, description, run);
     sub->parse_complete_callback([this] { storeMustExist = true; });
     return sub;
