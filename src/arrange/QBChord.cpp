@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "arrange/ToneOrder.h"
 #include "model/QBBlock.h"
 #include "model/QBHarmony.h"
 #include "model/QBHold.h"
@@ -12,17 +13,6 @@
 #include "model/QBTone.h"
 
 namespace korvel {
-namespace {
-
-using Tones = std::vector<platform::Ref<QBTone>>;
-
-/// A chord that was deleted has no hold; caches may still hand it out.
-Tones tonesOf(const QBChord& chord) {
-  const QBHold* hold = chord.hold();
-  return hold ? hold->tones().snapshot() : Tones();
-}
-
-}  // namespace
 
 const Tones& QBChord::readAllTones() {
   if (!m_scannedTones) m_scannedTones = tonesOf(*this);
