@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/QBChordTransposer.h"
+
+#include "arrange/ToneOrder.h"
+#include "model/Pitch.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBInstrument.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kHighestString = 5;
+constexpr int kFrets = 12;  // 0..11
+
+}  // namespace
+
+QBChordTransposer::QBChordTransposer(QBChord* source, QBInstrument* instrument, int minFret,
+                                     int offset)
+    : m_source(source),
+      m_lowestFret(minFret),
+      m_offset(offset),
+      m_scratch("Transpose Album", "Transposer", instrument) {}
+
+QBChordTransposer::~QBChordTransposer() = default;
+
+QBChord* QBChordTransposer::transpose() {
+  QBChord* target =
+      QBTabMgr::db().createChord(m_scratch.song(), m_source->m_fft(), m_source->timestamp());
+  target->setDuration(m_source->duration());
+  target->setBaseTone(pitchClass(m_source->baseTone() + pitchClass(m_offset)));
+  for (const auto& tone : tonesOf(*m_source))
+    if (tone->isActive()) place(*tone, *target->hold());
+  return target;
+}
+
+void QBChordTransposer::place(const QBTone& tone, QBHold& target) const {
+  int note = largeToneOf(tone) + m_offset;
+  if (note < 0) note += kNotesPerOctave;
+  for (int string = kHighestString; string >= 0; --string) {
+    const int fret = note - QBInstrument::largeToneOfStringS(string);
+    if (fret < 0 || fret >= kFrets) continue;
+    // Of tones that meet on one fret the first stays as it is.
+    if (!target.findTone(string, fret))
+      target.addTone(string, fret, tone.amp())->setDuration(tone.duration());
+    return;
+  }
+}
+
+}  // namespace korvel
