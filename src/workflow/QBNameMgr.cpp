@@ -15,6 +15,23 @@ QBNameMgr::QBNameMgr(QBAlbum* album, std::string name) : m_album(album), m_name(
 
 QBNameMgr::~QBNameMgr() = default;
 
+std::string QBNameMgr::tagged(std::string_view tag) {
+  m_name += tag;
+  return newName();
+}
+
+std::string QBNameMgr::tagged(std::string_view tag, int number) {
+  return tagged(std::string(tag) + std::to_string(number) + ')');
+}
+
+std::string QBNameMgr::extractPartChords(int from, int to) {
+  return tagged('(' + std::to_string(from) + ',' + std::to_string(to) + ')');
+}
+
+std::string QBNameMgr::applyMetric(int beat, int beattype) {
+  return tagged('(' + std::to_string(beat) + '_' + std::to_string(beattype) + ')');
+}
+
 std::string QBNameMgr::newName() {
   while (m_album && m_album->findSongByName(m_name)) m_name += kAnother;
   return m_name;
