@@ -14,6 +14,7 @@ namespace korvel {
 
 class QBBlock;
 class QBFFT;
+class QBGroup;
 class QBHarmony;
 class QBHold;
 class QBLeftHandPattern;
@@ -123,6 +124,7 @@ class QBChord final : public platform::ManagedObject {
   int m_xPosInMatrix = 0;  ///< Cell in the text tablature; both 0 until first drawn.
   int m_yPosInMatrix = 0;
   int m_hits = 0;
+  std::weak_ptr<QBGroup> m_group;  ///< Of recurring chords; the group's builder owns it.
 
  private:
   platform::Attribute<int> m_position;

@@ -25,6 +25,7 @@ SHARED = {
     ("audio", "tab/QBTabMatrix.h"),
     ("analysis", "audio/QBAudioMemRing.h"),
     ("analysis", "audio/QBSampleSource.h"),
+    ("tab", "arrange/QBGroup.h"),  # a group of recurring chords draws itself
     ("tab", "analysis/QBMatrix.h"),  # the container under both the text grid and the tone tables
 }
 

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/QBApplyMetric.h"
+
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBMeasure.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+
+namespace korvel {
+
+QBApplyMetric::QBApplyMetric(int beat, int beattype, QBSong* song)
+    : m_beat(beat), m_beattype(beattype), m_song(song) {}
+
+QBApplyMetric::~QBApplyMetric() = default;
+
+void QBApplyMetric::execute(QBChord*, QBChord* current, QBChord*) {
+  if (!current->hold() || current->hold()->isEmpty()) return;
+  if (!m_cursor || !m_cursor->fitsIn(current->duration()))
+    m_cursor = QBTabMgr::db().createMeasure(m_song, m_beat, m_beattype);
+  m_cursor->addChord(current);
+}
+
+}  // namespace korvel

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/QBCleanRule.h"
+
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBInstrument.h"
+
+namespace korvel {
+
+bool QBCleanRule::matches(const QBChord& chord, int testedString, int testedFret) const {
+  const int note = QBInstrument::largeToneOfStringS(testedString) + testedFret + offset;
+  const int fret = note - QBInstrument::largeToneOfStringS(string);
+  return fret >= 0 && chord.hold() && chord.hold()->findTone(string, fret);
+}
+
+}  // namespace korvel

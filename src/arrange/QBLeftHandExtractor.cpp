@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/QBLeftHandExtractor.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBLeftHandPattern.h"
+#include "model/QBSong.h"
+#include "model/QBString.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::size_t kStrings = 6;
+constexpr int kOffsets = 12;
+constexpr int kFrets = 32;  // more than any guitar has
+
+/// Which frets of which string a hold stops, as bits: patterns are tried at every fret.
+class Grip {
+ public:
+  explicit Grip(const QBHold& hold) {
+    for (const QBTone* tone : hold.tones())
+      if (isPlace(tone->string(), tone->fret())) row(tone->string()) |= 1U << tone->fret();
+  }
+  bool has(int string, int fret) const {
+    return isPlace(string, fret) && (m_rows[static_cast<std::size_t>(string)] >> fret & 1U);
+  }
+
+ private:
+  static bool isPlace(int string, int fret) {
+    return string >= 0 && string < static_cast<int>(kStrings) && fret >= 0 && fret < kFrets;
+  }
+  std::uint32_t& row(int string) { return m_rows[static_cast<std::size_t>(string)]; }
+  std::array<std::uint32_t, kStrings> m_rows{};
+};
+
+/// A number of strings stopped at once, and the first offset along the neck that reaches it.
+struct Peak {
+  int count = 0;
+  int offset = 0;
+};
+
+using Counts = std::array<int, kOffsets>;
+
+Counts countAtOffsets(const QBLeftHandPattern& pattern, const Grip& grip) {
+  Counts counts{};
+  for (const QBString* finger : pattern.strings())
+    for (int offset = 0; offset < kOffsets; ++offset)
+      if (grip.has(finger->order(), finger->baseTone() + offset))
+        ++counts[static_cast<std::size_t>(offset)];
+  return counts;
+}
+
+/// The largest count below a limit; none is a count of 0.
+Peak largestBelow(int limit, const Counts& counts) {
+  Peak peak;
+  for (int offset = 0; offset < kOffsets; ++offset) {
+    const int count = counts[static_cast<std::size_t>(offset)];
+    if (count < limit && count > peak.count) peak = {count, offset};
+  }
+  return peak;
+}
+
+/// Three strings in one place leave no finger for another place farther than a fret away, and a
+/// third place must not lie above the second one.
+bool outOfReach(const Peak& first, const Peak& second, const Peak& third) {
+  if (first.count >= 3 && second.count > 0 && std::abs(first.offset - second.offset) > 1)
+    return true;
+  return third.count >= 2 && third.offset > second.offset;
+}
+
+}  // namespace
+
+QBLeftHandExtractor::QBLeftHandExtractor(QBSong* target)
+    : m_target(target), m_patterns(QBTabMgr::db().lefthandpatterns()) {
+  std::ranges::stable_sort(m_patterns, {}, [](const auto& pattern) { return pattern->order(); });
+}
+
+QBLeftHandExtractor::~QBLeftHandExtractor() = default;
+
+QBSong* QBLeftHandExtractor::target() const { return m_target; }
+
+QBLeftHandPattern* QBLeftHandExtractor::findPatternByChord(const QBChord& chord) const {
+  QBLeftHandPattern* best = nullptr;
+  float bestScore = -1.0F;
+  for (const auto& pattern : m_patterns) {
+    const float score = chord.hold() ? matches(*pattern, *chord.hold()) : 0.0F;
+    if (score <= bestScore) continue;
+    best = pattern;
+    bestScore = score;
+  }
+  return best;
+}
+
+float QBLeftHandExtractor::matches(const QBLeftHandPattern& pattern, QBHold& hold) {
+  const auto tones = hold.tones().size();
+  if (tones == 0) return 0.0F;
+  const Counts counts = countAtOffsets(pattern, Grip(hold));
+  const Peak first = largestBelow(kStrings + 1, counts);
+  const Peak second = largestBelow(first.count, counts);
+  const Peak third = largestBelow(second.count, counts);
+  if (outOfReach(first, second, third)) return 0.0F;
+  return static_cast<float>(first.count + second.count + third.count) / static_cast<float>(tones);
+}
+
+}  // namespace korvel
