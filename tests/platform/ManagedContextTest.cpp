@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <set>
+
 #include "platform/persistence/StoreError.h"
 #include "platform/persistence/StoreFile.h"
 #include "support/ScratchFolder.h"
@@ -148,6 +151,50 @@ TEST_F(ManagedContextTest, membersLoadedLaterKnowWhatHappenedInMemory) {
   reopen();
   EXPECT_EQ(numbers(*onlyBook()), (std::vector{3, 4, 5}));
   EXPECT_EQ(second->title(), "second") << "objects outlive their context";
+}
+
+// Pages are created, moved and deleted at random between saves and reopenings, in books whose pages
+// were read already or not. Numbers rise with creation, so each book's own must be sorted.
+TEST_F(ManagedContextTest, anyOrderOfChangesKeepsCreationOrder) {
+  std::mt19937 random(7);
+  const auto below = [&](std::size_t limit) { return random() % limit; };
+  std::vector<std::set<int>> expected(3);
+  for (const char* title : {"a", "b", "c"}) book(title);
+  auto books = m_context->fetchAll<Book>("Book");
+  for (int number = 1; number <= 600; ++number) {
+    const std::size_t at = below(3);
+    page(number, books[at]);
+    expected[at].insert(number);
+    const auto pages = m_context->fetchAll<Page>("Page");
+    Page* moved = pages[below(pages.size())];
+    for (auto& numbers : expected) numbers.erase(moved->number());
+    if (below(3) == 0) {
+      m_context->remove(*moved);
+    } else {
+      const std::size_t to = below(3);
+      moved->setBook(books[to]);
+      expected[to].insert(moved->number());
+    }
+    if (below(8) == 0) m_context->save();
+    if (below(20) == 0) {
+      m_context->save();
+      reopen();
+      books = m_context->fetchAll<Book>("Book");
+    }
+    const std::size_t read = below(3);
+    if (below(4) == 0) {
+      ASSERT_EQ(numbers(*books[read]), std::vector(expected[read].begin(), expected[read].end()));
+    }
+  }
+}
+
+TEST_F(ManagedContextTest, deletedObjectIsNotTakenBackAsTheOtherEnd) {
+  Page* owner = page(1, book("b"));
+  Ref<Cover> gone(static_cast<Cover*>(m_context->insert("Cover")));
+  m_context->remove(*gone);
+  owner->setCover(gone);
+  gone = nullptr;
+  EXPECT_EQ(owner->cover(), nullptr);
 }
 
 TEST_F(ManagedContextTest, oneToOneMovesItsOtherEnd) {

@@ -2,22 +2,18 @@
 #include "platform/persistence/ManagedContext.h"
 
 #include <algorithm>
-
 #include <limits>
-#include "platform/persistence/StoreFile.h"
 
+#include "platform/persistence/PendingObjects.h"
 #include "platform/persistence/StoreError.h"
+#include "platform/persistence/StoreFile.h"
 
 namespace korvel::platform {
 namespace {
 
 constexpr std::int64_t kNoId = 0;
 
-using ObjectSet = std::unordered_set<ManagedObject*>;
-
-bool olderThan(const Ref<ManagedObject>& member, std::int64_t id) {
-  return member->objectId() < id;
-}
+bool olderThan(const ManagedObject* member, std::int64_t id) { return member->objectId() < id; }
 
 std::string columnList(const EntityDescription& entity) {
   std::string columns = "id";
@@ -50,12 +46,6 @@ std::string updateSql(const EntityDescription& entity) {
   return "UPDATE " + sqlName(entity.name) + " SET " + changes + " WHERE id = ?";
 }
 
-std::vector<ManagedObject*> inCreationOrder(const ObjectSet& objects) {
-  std::vector<ManagedObject*> sorted(objects.begin(), objects.end());
-  std::ranges::sort(sorted, {}, [](const ManagedObject* object) { return object->objectId(); });
-  return sorted;
-}
-
 int bindRow(ManagedObject& object, SqliteStatement& statement, int parameter) {
   for (const AttributeDescription& attribute : object.entity().attributes)
     attribute.bind(object, statement, parameter++);
@@ -76,7 +66,7 @@ struct ManagedContext::Table {
   const EntityDescription& entity;
   const std::string select, insert, update, remove;
   std::unordered_map<std::int64_t, Ref<ManagedObject>> objects;
-  ObjectSet inserted, changed;
+  PendingObjects inserted, changed;
   std::unordered_set<std::int64_t> deleted;
   std::int64_t lastId = -1;
 };
@@ -126,7 +116,7 @@ ManagedObject* ManagedContext::insert(std::string_view entityName) {
   ManagedObject* object = make(entity, nextId(table));
   object->m_inserted = true;
   for (const MembersDescription& members : entity.members) members.slot(*object).m_loaded = true;
-  table.inserted.insert(object);
+  table.inserted.add(*object);
   return object;
 }
 
@@ -151,8 +141,8 @@ void ManagedContext::remove(ManagedObject& object) {
   emptyRelationships(object);
   Table& table = tableOf(object.entity());
   object.m_deleted = true;
-  table.inserted.erase(&object);
-  table.changed.erase(&object);
+  if (object.m_inserted) table.inserted.remove(object);
+  if (object.m_changed) table.changed.remove(object);
   if (!object.m_inserted) table.deleted.insert(object.m_id);
   table.objects.erase(object.m_id);
 }
@@ -163,8 +153,7 @@ void ManagedContext::emptyRelationships(ManagedObject& object) {
   for (const MembersDescription& members : object.entity().members) {
     load(object, members);
     const auto snapshot = members.slot(object).m_members;
-    for (const Ref<ManagedObject>& member : snapshot)
-      relate(*member, *members.inverseToOne, nullptr);
+    for (ManagedObject* member : snapshot) relate(*member, *members.inverseToOne, nullptr);
   }
 }
 
@@ -180,7 +169,7 @@ void ManagedContext::forgetRelationships(ManagedObject& object) {
 void ManagedContext::changed(ManagedObject& object) {
   if (object.m_inserted || object.m_changed) return;
   object.m_changed = true;
-  tableOf(object.entity()).changed.insert(&object);
+  tableOf(object.entity()).changed.add(object);
 }
 
 void ManagedContext::relate(ManagedObject& owner, const ToOneDescription& toOne,
@@ -202,22 +191,22 @@ void ManagedContext::relateInverse(ManagedObject& owner, const MembersDescriptio
                                    ManagedObject* target) {
   load(owner, members);
   const auto before = members.slot(owner).m_members;
-  for (const Ref<ManagedObject>& member : before)
-    if (member.get() != target) relate(*member, *members.inverseToOne, nullptr);
-  if (target) relate(*target, *members.inverseToOne, &owner);
+  for (ManagedObject* member : before)
+    if (member != target) relate(*member, *members.inverseToOne, nullptr);
+  if (target && !target->m_deleted) relate(*target, *members.inverseToOne, &owner);
 }
 
 void ManagedContext::attach(MembersSlot& slot, ManagedObject& member) {
   auto& all = slot.m_members;
   const auto place = std::lower_bound(all.begin(), all.end(), member.m_id, olderThan);
-  if (place != all.end() && place->get() == &member) return;
-  all.insert(place, Ref<ManagedObject>(&member));
+  if (place != all.end() && *place == &member) return;
+  all.insert(place, &member);
 }
 
 void ManagedContext::detach(MembersSlot& slot, ManagedObject& member) {
   auto& all = slot.m_members;
   const auto place = std::lower_bound(all.begin(), all.end(), member.m_id, olderThan);
-  if (place != all.end() && place->get() == &member) all.erase(place);
+  if (place != all.end() && *place == &member) all.erase(place);
 }
 
 // ---- reading
@@ -333,7 +322,7 @@ std::vector<Ref<ManagedObject>> ManagedContext::fetch(std::string_view entityNam
   const EntityDescription& entity = m_model.entity(entityName);
   std::vector<Ref<ManagedObject>> objects;
   for (ManagedObject* object : readRows(entity, "", nullptr)) objects.emplace_back(object);
-  for (ManagedObject* object : inCreationOrder(tableOf(entity).inserted))
+  for (ManagedObject* object : tableOf(entity).inserted.inCreationOrder())
     objects.emplace_back(object);
   return objects;
 }
@@ -363,7 +352,7 @@ void ManagedContext::save() {
 void ManagedContext::writeInserted(Table& table) {
   if (table.inserted.empty()) return;
   SqliteStatement& insert = statement(table.insert);
-  for (ManagedObject* object : inCreationOrder(table.inserted)) {
+  for (ManagedObject* object : table.inserted.inCreationOrder()) {
     insert.bind(0, object->m_id);
     int parameter = bindRow(*object, insert, 1);
     for (const ToOneDescription& toOne : table.entity.toOnes)
@@ -375,7 +364,7 @@ void ManagedContext::writeInserted(Table& table) {
 void ManagedContext::writeChanged(Table& table) {
   if (table.changed.empty()) return;
   SqliteStatement& update = statement(table.update);
-  for (ManagedObject* object : inCreationOrder(table.changed)) {
+  for (ManagedObject* object : table.changed.inCreationOrder()) {
     int parameter = bindRow(*object, update, 0);
     for (const ToOneDescription& toOne : table.entity.toOnes)
       bindTarget(toOne.slot(*object), update, parameter++);
@@ -403,8 +392,8 @@ void ManagedContext::writeDeleted(Table& table) {
 }
 
 void ManagedContext::markSaved(Table& table) {
-  for (ManagedObject* object : table.inserted) object->m_inserted = false;
-  for (ManagedObject* object : table.changed) object->m_changed = false;
+  for (ManagedObject* object : table.inserted.inCreationOrder()) object->m_inserted = false;
+  for (ManagedObject* object : table.changed.inCreationOrder()) object->m_changed = false;
   table.inserted.clear();
   table.changed.clear();
   table.deleted.clear();

@@ -23,7 +23,7 @@ const auto& descriptionOf(const Descriptions& descriptions, const ManagedObject&
 }  // namespace
 
 ManagedObject* ManagedObject::firstOf(const MembersSlot& slot) {
-  return slot.m_members.empty() ? nullptr : slot.m_members.front().get();
+  return slot.m_members.empty() ? nullptr : slot.m_members.front();
 }
 
 void ManagedObject::fire() const {

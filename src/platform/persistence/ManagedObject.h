@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 #include <utility>
@@ -92,6 +93,7 @@ class ManagedObject : public Counted {
 
  private:
   friend class ManagedContext;
+  friend class PendingObjects;
 
   static ManagedObject* targetOf(const ToOneSlot& slot) { return slot.m_target; }
   static ManagedObject* firstOf(const MembersSlot& slot);
@@ -105,6 +107,7 @@ class ManagedObject : public Counted {
   ManagedContext* m_context = nullptr;
   const EntityDescription* m_entity = nullptr;
   std::int64_t m_id = 0;
+  std::size_t m_place = 0;  ///< Among the objects that wait for the next save.
   bool m_fault = false;     ///< Known by its id only; the row is not read yet.
   bool m_demanded = true;   ///< The attributes fetched on demand are read.
   bool m_inserted = false;  ///< Has no row yet.

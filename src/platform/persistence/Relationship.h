@@ -26,8 +26,9 @@ class MembersSlot {
   friend class ManagedContext;
   template <class T>
   friend class Members;
-  /// While not loaded, only those members that were attached in memory.
-  std::vector<Ref<ManagedObject>> m_members;
+  /// While not loaded, only those members that were attached in memory. The context owns them, and
+  /// takes out those that are deleted.
+  std::vector<ManagedObject*> m_members;
   bool m_loaded = false;
 };
 
@@ -50,9 +51,9 @@ class Members {
 
   class Iterator {
    public:
-    using Base = std::vector<Ref<ManagedObject>>::const_iterator;
+    using Base = std::vector<ManagedObject*>::const_iterator;
     explicit Iterator(Base at) : m_at(at) {}
-    T* operator*() const { return static_cast<T*>(m_at->get()); }
+    T* operator*() const { return static_cast<T*>(*m_at); }
     Iterator& operator++() {
       ++m_at;
       return *this;
@@ -68,7 +69,7 @@ class Members {
   std::size_t size() const { return m_members.size(); }
   bool empty() const { return m_members.empty(); }
   /// Out of range: std::out_of_range.
-  T* at(std::size_t index) const { return static_cast<T*>(m_members.at(index).get()); }
+  T* at(std::size_t index) const { return static_cast<T*>(m_members.at(index)); }
   std::vector<Ref<T>> snapshot() const {
     std::vector<Ref<T>> copy;
     copy.reserve(size());
@@ -77,7 +78,7 @@ class Members {
   }
 
  private:
-  const std::vector<Ref<ManagedObject>>& m_members;
+  const std::vector<ManagedObject*>& m_members;
 };
 
 }  // namespace korvel::platform
