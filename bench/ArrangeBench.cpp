@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <benchmark/benchmark.h>
+
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "support/ScratchFolder.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kStrings = 6;
+
+/// A store as a new user has it, with one saved song of so many chords of six tones and a harmony
+/// each, in a process that has read nothing of it yet.
+class StoredSong {
+ public:
+  explicit StoredSong(std::int64_t chords) {
+    QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
+    QBSong* song = db().createSong("Bench", db().selectedTuning(), db().selectedInstrument(),
+                                   db().createAlbum("Bench", false));
+    for (int i = 0; i < chords; ++i) addChord(song, i);
+    song->buildTab();
+    db().save();
+    reopen();
+  }
+  StoredSong(const StoredSong&) = delete;
+  StoredSong& operator=(const StoredSong&) = delete;
+  ~StoredSong() {
+    QBTabMgr::clearDb();
+    QBTabMgr::setStorePath({});
+  }
+
+  static void reopen() { QBTabMgr::clearDb(); }
+  static QBTabMgr& db() { return QBTabMgr::db(); }
+  static QBAlbum* album() { return db().findAlbumByName("Bench"); }
+  static QBSong* song() { return album()->findSongByName("Bench"); }
+
+ private:
+  static void addChord(QBSong* song, int number) {
+    QBChord* chord = song->createChord();
+    chord->setDuration(1 + number % 4);
+    for (int string = 0; string < kStrings; ++string)
+      chord->hold()->addTone(string, (number * 7 + string * 3) % 5, 1e6 + number * string);
+    chord->setHarmony(db().findHarmonyByIndex(static_cast<std::size_t>(number % 7)));
+    chord->setBaseTone(number % 12);
+  }
+
+  test::ScratchFolder m_folder;
+};
+
+/// Every chord and every tone of a song that nothing was read of.
+void readSong(benchmark::State& state) {
+  const StoredSong store(state.range(0));
+  for (auto _ : state) {
+    state.PauseTiming();
+    StoredSong::reopen();
+    QBSong* song = StoredSong::song();
+    state.ResumeTiming();
+    double amps = 0;
+    for (const auto& chord : song->allChords())
+      for (const auto& tone : chord->readAllTones()) amps += tone->amp();
+    benchmark::DoNotOptimize(amps);
+  }
+}
+
+void cloneSong(benchmark::State& state) {
+  const StoredSong store(state.range(0));
+  for (auto _ : state) {
+    QBSong* copy = StoredSong::song()->clone();
+    state.PauseTiming();
+    StoredSong::album()->deleteSong(copy);
+    state.ResumeTiming();
+  }
+}
+
+/// As the steps of a chain do with the songs between them.
+void cloneAndDeleteSong(benchmark::State& state) {
+  const StoredSong store(state.range(0));
+  for (auto _ : state) StoredSong::album()->deleteSong(StoredSong::song()->clone());
+}
+
+void buildTab(benchmark::State& state) {
+  const StoredSong store(state.range(0));
+  for (auto _ : state) StoredSong::song()->buildTab();
+}
+
+/// What the heaviest commands do besides filtering, up to their save.
+void runCommand() {
+  QBSong* first = StoredSong::song()->clone();
+  first->buildTab();
+  QBSong* second = first->clone();
+  second->buildTab();
+  StoredSong::album()->deleteSong(first);
+  QBSong* third = second->clone();
+  third->buildTab();
+  StoredSong::album()->deleteSong(second);
+  third->setTitle("Result");
+  third->buildTab();
+}
+
+void deleteResult() {
+  StoredSong::album()->deleteSong(StoredSong::album()->findSongByName("Result"));
+}
+
+/// At most 50 ms for 650 chords, and 12 times that for 6,500.
+void command(benchmark::State& state) {
+  const StoredSong store(state.range(0));
+  for (auto _ : state) {
+    runCommand();
+    state.PauseTiming();
+    deleteResult();
+    state.ResumeTiming();
+  }
+}
+
+/// At most 150 ms for 650 chords, and 12 times that for 6,500.
+void commandAndSave(benchmark::State& state) {
+  const StoredSong store(state.range(0));
+  for (auto _ : state) {
+    runCommand();
+    StoredSong::db().save();
+    state.PauseTiming();
+    deleteResult();
+    StoredSong::db().save();
+    state.ResumeTiming();
+  }
+}
+
+/// The same from opening the store to its save, as the command line does.
+void commandOfAProcess(benchmark::State& state) {
+  const StoredSong store(state.range(0));
+  for (auto _ : state) {
+    runCommand();
+    StoredSong::db().save();
+    state.PauseTiming();
+    deleteResult();
+    StoredSong::db().save();
+    StoredSong::reopen();
+    state.ResumeTiming();
+  }
+}
+
+BENCHMARK(readSong)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+BENCHMARK(cloneSong)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+BENCHMARK(cloneAndDeleteSong)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+BENCHMARK(buildTab)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+BENCHMARK(command)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+BENCHMARK(commandAndSave)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+BENCHMARK(commandOfAProcess)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace korvel
