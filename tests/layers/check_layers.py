@@ -26,6 +26,9 @@ SHARED = {
     ("analysis", "audio/QBAudioMemRing.h"),
     ("analysis", "audio/QBSampleSource.h"),
     ("tab", "arrange/QBGroup.h"),  # a group of recurring chords draws itself
+    # Tablature is also made by visitors, and by tools that look at tones as the filters do.
+    ("tab", "arrange/QBChordVisitor.h"),
+    ("tab", "arrange/ToneOrder.h"),
     ("tab", "analysis/QBMatrix.h"),  # the container under both the text grid and the tone tables
 }
 

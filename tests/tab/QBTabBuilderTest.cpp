@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/QBTabBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHarmony.h"
+#include "model/QBHold.h"
+#include "model/QBInstrument.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "support/StandardStore.h"
+#include "tab/QBBestFingering.h"
+
+namespace korvel {
+namespace {
+
+class QBTabBuilderTest : public testing::Test {
+ protected:
+  QBTabBuilder builderOf(const char* frets) {
+    return QBTabBuilder(test::addChord(m_song, frets), m_guitar, 0, 0);
+  }
+
+  /// The fingerings found, each from the highest string down, "<" before the best.
+  std::string found(const char* frets, void (QBTabBuilder::*narrow)() = nullptr) {
+    QBTabBuilder builder = builderOf(frets);
+    const QBChord* best = builder.build();
+    if (narrow) (builder.*narrow)();
+    std::string text;
+    for (const auto& candidate : builder.m_chords())
+      text += (candidate == best ? "<" : " ") + candidate->hold()->toStringClean();
+    return text;
+  }
+
+  std::string refingered(QBChord* chord) {
+    QBBestFingering().execute(nullptr, chord, nullptr);
+    return chord->hold()->toStringClean();
+  }
+  std::string refingered(const char* frets) { return refingered(test::addChord(m_song, frets)); }
+
+  test::StandardStore m_store;
+  QBTabMgr& m_db = QBTabMgr::db();
+  QBSong* m_song = m_store.song("song");
+  QBInstrument* m_guitar = m_db.createInstrument(m_store.standard(), "guitar", true, true, 0.5F, 1);
+};
+
+TEST_F(QBTabBuilderTest, offersTheStringsBelowUpToTheEleventhFret) {
+  EXPECT_EQ(found("x0xxxx"), " -----5<----0-");
+  EXPECT_EQ(found("xxxxx0"), " -5---- --9---<0-----");
+  EXPECT_EQ(found("cxxxxx"), "<-----12") << "the position given is offered whatever its fret";
+  EXPECT_EQ(found("xxxxxx"), "");
+  EXPECT_EQ(found("xxxx00"), "<-549-- -099-- 0049--");
+}
+
+TEST_F(QBTabBuilderTest, aHeavierPatternBeatsALowerPosition) {
+  m_db.addPattern("--x---", 1);
+  m_db.loadPatterns();
+  EXPECT_EQ(found("xxxxx0"), " -5----<--9--- 0-----");
+}
+
+// Candidates come in the order -5----, --9---, 0-----, each with a second tone here.
+TEST_F(QBTabBuilderTest, aLowerPositionWinsUnlessItIsWider) {
+  using Spans = std::vector<std::pair<int, int>>;
+  const std::pair<Spans, std::size_t> cases[] = {
+      {{{2, 4}, {2, 4}, {0, 2}}, 2},
+      {{{2, 4}, {2, 4}, {0, 3}}, 0},  // wider
+      {{{0, 3}, {2, 4}, {2, 4}}, 0},  // nor does a higher one displace a wider one
+      {{{2, 2}, {1, 3}, {1, 1}}, 2},
+  };
+  for (const auto& [spans, expected] : cases) {
+    QBTabBuilder builder = builderOf("xxxxx0");
+    builder.findPositionsFrom(5, 0, 28);
+    builder.addToAllChords(0, 3);
+    for (std::size_t i = 0; i < spans.size(); ++i)
+      std::tie(builder.m_chords()[i]->hold()->m_minFret, builder.m_chords()[i]->hold()->m_maxFret) =
+          spans[i];
+    EXPECT_EQ(builder.best(), builder.m_chords()[expected].get()) << testing::PrintToString(spans);
+  }
+}
+
+TEST_F(QBTabBuilderTest, aBarreComesAfterWhatIsNone) {
+  QBTabBuilder builder = builderOf("xxxxx0");
+  builder.findPositionsFrom(5, 0, 28);
+  for (const int string : {5, 3}) builder.m_chords()[0]->hold()->addTone(string, 5, 0.0);
+  builder.m_chords()[1]->hold()->addTone(2, 5, 0.0);
+  builder.m_chords()[2]->hold()->addTone(1, 7, 0.0);
+  EXPECT_EQ(builder.best(), builder.m_chords()[1].get());
+}
+
+TEST_F(QBTabBuilderTest, narrowsTheCandidatesDown) {
+  EXPECT_EQ(found("xxxx00", &QBTabBuilder::keepComplete), "<-549-- -099-- 0049--");
+  EXPECT_EQ(found("xxx40x", &QBTabBuilder::keepComplete), "<--49-- --49-- -049--") << "a unison";
+  EXPECT_EQ(found("x02210", &QBTabBuilder::keepComplete), "") << "no string is left for the fifth";
+  EXPECT_EQ(found("xxxxx0", &QBTabBuilder::cleanUp), "<0-----");
+  EXPECT_EQ(found("x02210", &QBTabBuilder::cleanUp), "");
+}
+
+TEST_F(QBTabBuilderTest, candidatesCarryTheChordAndVanishWithTheBuilder) {
+  QBChord* source = test::addChord(m_song, "xxxx00", 6);
+  source->setTimestamp(99);
+  source->setBaseTone(4);
+  source->setHarmony(m_db.createHarmony("m", 1));
+  {
+    QBTabBuilder builder(source, m_guitar, 0, 0);
+    const QBChord* best = builder.build();
+    EXPECT_EQ(best->fullHarmonyName(), "Em");
+    EXPECT_EQ(best->duration(), 6);
+    EXPECT_EQ(best->timestamp(), 99);
+    EXPECT_EQ(best->song()->title(), "TabBuilder");
+    EXPECT_EQ(best->song()->tuning(), m_store.standard());
+    EXPECT_EQ(best->song()->instrument(), "guitar");
+    EXPECT_EQ(best->song()->album(), m_db.findAlbumByName("Builder"));
+    EXPECT_EQ(best->hold()->tones().at(0)->amp(), 0.0);
+  }
+  EXPECT_TRUE(m_db.albums().empty());
+  EXPECT_EQ(m_db.context().fetch("QBSong").size(), 1U);
+  EXPECT_EQ(m_db.context().fetch("QBTone").size(), 2U);
+}
+
+TEST_F(QBTabBuilderTest, chordsMoveToTheirBestFingering) {
+  EXPECT_EQ(refingered("xxxx00"), "-54---") << "fret 4 is nearer to fret 5 than fret 9 is";
+  EXPECT_EQ(refingered("x02210"), "01220-") << "as it was, since no candidate has all tones";
+  EXPECT_EQ(refingered("xxxx0x"), "-0----") << "one tone";
+  EXPECT_EQ(refingered("xxxxxx"), "------");
+  EXPECT_EQ(refingered("xxx40x"), "--49--") << "two tones of one pitch take one string each";
+}
+
+TEST_F(QBTabBuilderTest, movedTonesKeepAllButTheirPlace) {
+  QBChord* chord = test::addChord(m_song, "xxxx0c");
+  QBHold& hold = *chord->hold();
+  QBTone* low = hold.findToneByString(4);
+  low->setAmp(5.0);
+  low->setDuration(7);
+  low->setGroup(2);
+  low->setActive(false);
+  hold.setFretOfString(5, 0);  // leaves the index, and the span, at the twelfth fret
+  EXPECT_EQ(refingered(chord), "-54---");
+  EXPECT_EQ(hold.readSortedTones().size(), 2U);
+  const QBTone* moved = hold.findTone(3, 4);
+  ASSERT_NE(moved, nullptr);
+  EXPECT_EQ(moved->amp(), 5.0);
+  EXPECT_EQ(moved->duration(), 7);
+  EXPECT_EQ(moved->group(), 2);
+  EXPECT_FALSE(moved->isActive());
+  EXPECT_FALSE(hold.findTone(4, 5)->hasGroup());
+  EXPECT_EQ(hold.m_minFret, 4);
+  EXPECT_EQ(hold.m_maxFret, 5);
+}
+
+}  // namespace
+}  // namespace korvel
