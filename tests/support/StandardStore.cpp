@@ -6,6 +6,7 @@
 #include "model/QBSettings.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
+#include "model/QBTone.h"
 #include "model/QBTuning.h"
 
 namespace korvel::test {
@@ -14,6 +15,11 @@ namespace {
 constexpr double kAmp = 1000000;
 
 int fretOf(char c) { return c >= 'a' ? c - 'a' + 10 : c - '0'; }
+
+char drawn(const QBTone& tone) {
+  if (!tone.isActive()) return '-';
+  return static_cast<char>(tone.fret() < 10 ? '0' + tone.fret() : 'a' + tone.fret() - 10);
+}
 
 }  // namespace
 
@@ -42,6 +48,22 @@ QBChord* addChord(QBSong* song, std::string_view frets, int duration) {
     ++string;
   }
   return chord;
+}
+
+std::string fretsOf(const QBChord& chord) {
+  std::string text;
+  for (int string = 0; string < 6; ++string) {
+    std::string frets;
+    for (const auto& tone : chord.hold()->allTonesOfString(string)) frets += drawn(*tone);
+    text += frets.empty() ? "x" : frets.size() == 1 ? frets : '[' + frets + ']';
+  }
+  return text;
+}
+
+std::string fretsOf(const QBSong& song) {
+  std::string text;
+  for (const QBChord* chord : song.chords()) text += fretsOf(*chord) + ' ';
+  return text;
 }
 
 }  // namespace korvel::test

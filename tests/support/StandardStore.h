@@ -33,4 +33,10 @@ class StandardStore {
 /// first, "x" for a silent one, letters from "a" for frets from 10: "x02210".
 QBChord* addChord(QBSong* song, std::string_view frets, int duration = 1);
 
+/// A chord as `addChord` takes it; "-" stands for a tone that is silenced, "[02]" for several on a
+/// string.
+std::string fretsOf(const QBChord& chord);
+/// Those of all chords, each followed by a blank.
+std::string fretsOf(const QBSong& song);
+
 }  // namespace korvel::test

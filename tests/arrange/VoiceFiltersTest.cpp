@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "arrange/QBApplyLoudest.h"
+#include "arrange/QBApplyMetric.h"
+#include "arrange/QBExtractBrass.h"
+#include "arrange/QBExtractMelody.h"
+#include "arrange/QBExtractMelodyBrass.h"
+#include "arrange/QBExtractVoice.h"
+#include "arrange/QBExtractVoicings.h"
+#include "arrange/QBFromGroupRemover.h"
+#include "arrange/QBGroupRemover.h"
+#include "arrange/QBPlectrumExtractor.h"
+#include "arrange/QBRemoveBrass.h"
+#include "arrange/QBRemoveMelodyBrass.h"
+#include "arrange/QBRemoveSilent.h"
+#include "arrange/QBRemoveVoice.h"
+#include "arrange/QBToneGroupBuilder.h"
+#include "arrange/QBUnderAmpRemover.h"
+#include "arrange/QBUnderGroupRemover.h"
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBMeasure.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+/// What a filter makes of one chord. Amplitudes are in millions, the lowest string's first.
+struct Case {
+  const char* name;
+  std::function<void(QBSong&)> filter;
+  std::string before, after;
+  std::vector<double> amps = {};
+};
+
+template <class Visitor, class... Arguments>
+std::function<void(QBSong&)> by(Arguments... arguments) {
+  return [=](QBSong& song) {
+    Visitor visitor(arguments...);
+    song.iterate(visitor);
+  };
+}
+
+/// Layers the tones by loudness first.
+template <class Visitor>
+std::function<void(QBSong&)> layered(int group) {
+  return [=](QBSong& song) {
+    for (const auto& chord : song.allChords()) QBToneGroupBuilder(chord).build();
+    by<Visitor>(group)(song);
+  };
+}
+
+// Absolute notes of the open strings: 4, 9, 14, 19, 23, 28.
+const std::vector<Case> kCases = {
+    {"melody", by<QBExtractMelody>(), "x02210", "xxxxx0"},
+    {"melody of crossed strings", by<QBExtractMelody>(), "c02xxx", "cxxxxx"},
+    {"melody of equal notes", by<QBExtractMelody>(), "c02xxx", "cxxxxx"},
+    {"bass", by<QBExtractBrass>(), "x02210", "x0xxxx"},
+    {"bass of crossed strings", by<QBExtractBrass>(), "c0xxxx", "x0xxxx"},
+    {"bass of equal notes", by<QBExtractBrass>(), "50xx10", "5xxxxx"},
+    {"outer voices", by<QBExtractMelodyBrass>(), "x02210", "x0xxx0"},
+    {"outer voices of two", by<QBExtractMelodyBrass>(), "x02xxx", "x02xxx"},
+    {"inner voices", by<QBRemoveMelodyBrass>(), "x02210", "xx221x"},
+    {"inner voices of two", by<QBRemoveMelodyBrass>(), "x02xxx", "x02xxx"},
+    {"all but the bass", by<QBRemoveBrass>(), "x02210", "xx2210"},
+    {"all but the bass of two", by<QBRemoveBrass>(), "x02xxx", "x02xxx"},
+    {"second voice", by<QBExtractVoice>(1), "x02210", "xxxx1x"},
+    {"third voice of two", by<QBExtractVoice>(2), "x02xxx", "xxxxxx"},
+    {"all but the second voice", by<QBRemoveVoice>(1), "x02210", "x022x0"},
+    {"all but the third voice of two", by<QBRemoveVoice>(2), "x02xxx", "x02xxx"},
+    {"two loudest", by<QBApplyLoudest>(2), "x02210", "xx2x1x", {1, 3, 2, 4, 2}},
+    {"two loudest of equals", by<QBApplyLoudest>(2), "x02210", "x0xx1x", {3, 3, 2, 4, 3}},
+    {"five loudest of five", by<QBApplyLoudest>(5), "x02210", "x02210", {1, 3, 2, 4, 2}},
+    {"no loudest", by<QBApplyLoudest>(0), "x02210", "xxxxxx"},
+    {"above half", by<QBRemoveSilent>(0.5F), "x02210", "xx2x1x", {2, 2.1, 1, 4, 0}},
+    {"above all", by<QBRemoveSilent>(1.0F), "x02210", "xxxxxx", {2, 2.1, 1, 4, 0}},
+    {"from two whole millions", by<QBUnderAmpRemover>(2), "x022xx", "x--2xx", {0, 1.999999, 2}},
+    // Layers 1, 1, 2, 2: a tone that jumps up still belongs to the layer below.
+    {"layer 1", layered<QBGroupRemover>(1), "x0221x", "x--21x", {0.1, 0.4, 0.45, 0.8}},
+    {"layer 2 and louder", layered<QBFromGroupRemover>(2), "x0221x", "x02--x", {0.1, 0.4, 0.45, 9}},
+    {"layer 1 and quieter", layered<QBUnderGroupRemover>(1), "x0221x", "x--21x", {0, 0.3, 0.4, 2}},
+    {"lead and its neighbour", by<QBPlectrumExtractor>(0), "x02210", "xxxx10"},
+    {"lead alone", by<QBPlectrumExtractor>(0), "x02xx0", "xxxxx0"},
+    {"lead below its companion", by<QBPlectrumExtractor>(0), "c5xxxx", "cxxxxx"},
+    {"lead of one tone", by<QBPlectrumExtractor>(0), "xxxxx0", "xxxxx0"},
+    {"second line and its neighbour", by<QBPlectrumExtractor>(1), "xx221x", "xx22xx"},
+    {"second line alone", by<QBPlectrumExtractor>(1), "x0x21x", "xxx2xx"},
+    {"third line with nothing below", by<QBPlectrumExtractor>(2), "xx221x", "xx221x"},
+    {"third line", by<QBPlectrumExtractor>(2), "x02210", "xx22xx"},
+};
+
+class VoiceFiltersTest : public testing::Test {
+ protected:
+  QBSong* songOf(const Case& test) {
+    QBSong* song = m_store.song(test.name);
+    const QBChord* chord = test::addChord(song, test.before);
+    for (std::size_t i = 0; i < test.amps.size(); ++i)
+      chord->hold()->tones().at(i)->setAmp(test.amps[i] * 1e6);
+    return song;
+  }
+
+  test::StandardStore m_store;
+  QBTabMgr& m_db = QBTabMgr::db();
+};
+
+TEST_F(VoiceFiltersTest, keepTheTonesThatTheyAreFor) {
+  for (const Case& test : kCases) {
+    QBSong* song = songOf(test);
+    test::addChord(song, "xxxxxx");
+    test.filter(*song);
+    EXPECT_EQ(test::fretsOf(*song), test.after + " xxxxxx ") << test.name;
+  }
+}
+
+TEST_F(VoiceFiltersTest, chordsFillMeasuresOneAfterTheOther) {
+  QBSong* song = m_store.song("song");
+  for (const int duration : {4, 8, 1, 16, 20, 6, 0, 5, 1, 1}) test::addChord(song, "x0", duration);
+  test::addChord(song, "xx", 3);
+  test::addChord(song, "x0", 3)->hold()->tones().at(0)->setActive(false);
+  test::addChord(song, "x0", 2);
+  by<QBApplyMetric>(6, 8, song)(*song);
+  std::string text;
+  for (const auto& measure : song->allMeasures()) {
+    EXPECT_EQ(measure->beat() * 10 + measure->beattype(), 68);
+    for (const auto& chord : measure->allChords()) text += std::to_string(chord->duration()) + ' ';
+    text += "| ";
+  }
+  EXPECT_EQ(text, "4 8 | 1 | 16 | 20 | 6 0 5 1 | 1 2 | ") << "no measure for what is not heard";
+}
+
+TEST_F(VoiceFiltersTest, voicingsAreCollectedOnce) {
+  QBAlbum* album = m_db.createAlbum("Album", false);
+  m_db.createInstrument(m_store.standard(), "Guitar", true, true, 0.5F, 1);
+  QBSong* source = album->createSong("Song");
+  album->createSong("Song(voic)");
+  for (const char* frets : {"x02210", "xb2210", "x02210", "x0xx1x", "x0xx1x", "x12210", "xb2210"})
+    test::addChord(source, frets);
+  QBExtractVoicings visitor(source, 2);
+  source->iterate(visitor);
+  visitor.cleanUp();
+  EXPECT_EQ(visitor.voicings()->title(), "Song(voic)") << "though there is one";
+  EXPECT_EQ(album->songs().size(), 3U);
+  EXPECT_EQ(test::fretsOf(*visitor.voicings()), "x02210 xb2210 ");
+  EXPECT_EQ(source->chords().size(), 7U);
+}
+
+}  // namespace
+}  // namespace korvel
