@@ -2,17 +2,11 @@
 #include "cli/TuningForNow.h"
 
 #include "model/QBTabMgr.h"
-#include "model/QBTuning.h"
 
 namespace korvel::cli {
 
-TuningForNow::TuningForNow(QBTuning* tuning) : m_before(QBTabMgr::db().selectedTuning()) {
-  if (tuning && tuning != m_before) QBTabMgr::db().selectTuning(tuning);
-}
+TuningForNow::TuningForNow(QBTuning* tuning) { QBTabMgr::db().setTuningForNow(tuning); }
 
-TuningForNow::~TuningForNow() {
-  QBTabMgr& db = QBTabMgr::db();
-  if (db.selectedTuning() != m_before) db.selectTuning(m_before);
-}
+TuningForNow::~TuningForNow() { QBTabMgr::db().setTuningForNow(nullptr); }
 
 }  // namespace korvel::cli

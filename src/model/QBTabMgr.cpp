@@ -155,9 +155,12 @@ QBSettings* QBTabMgr::selectedSettings() const {
 }
 
 QBTuning* QBTabMgr::selectedTuning() const {
+  if (m_tuningForNow) return m_tuningForNow;
   const QBSettings* settings = selectedSettings();
   return settings ? settings->activeTuning() : nullptr;
 }
+
+void QBTabMgr::setTuningForNow(QBTuning* tuning) { m_tuningForNow = tuning; }
 
 void QBTabMgr::selectTuning(QBTuning* tuning) {
   if (QBSettings* settings = selectedSettings()) settings->setActiveTuning(tuning);

@@ -93,6 +93,8 @@ class QBTabMgr {
   QBTuning* selectedTuning() const;
   /// Makes it the active tuning and the only one marked as selected.
   void selectTuning(QBTuning* tuning);
+  /// Stands in for the selected tuning until another one, or none, is set; never stored.
+  void setTuningForNow(QBTuning* tuning);
   /// The first active one, or none.
   QBInstrument* selectedInstrument() const;
   void deselectAllInstruments();
@@ -173,6 +175,7 @@ class QBTabMgr {
   void load(List<T>& list, std::string_view entityName, std::string_view title);
 
   std::unique_ptr<platform::ManagedContext> m_context;
+  platform::Ref<QBTuning> m_tuningForNow;
   List<QBTuning> m_tunings;
   List<QBHarmony> m_harmonies;
   List<QBInstrument> m_instruments;
