@@ -19,10 +19,10 @@
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
 #include "platform/PlainRunLoop.h"
+#include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
-#include "workflow/QBTreeNode.h"
 
 namespace korvel::cli {
 namespace {

@@ -2,7 +2,7 @@
 #include "workflow/QBCmdAlbum.h"
 
 #include "model/QBSong.h"
-#include "workflow/QBTreeNode.h"
+#include "workflow/QBAlbumNode.h"
 
 namespace korvel {
 

@@ -10,7 +10,7 @@
 #include "model/QBInstrument.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
-#include "workflow/QBTreeNode.h"
+#include "workflow/QBAlbumNode.h"
 
 namespace korvel {
 

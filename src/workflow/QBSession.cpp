@@ -9,8 +9,9 @@
 
 #include "model/QBChord.h"
 #include "model/QBSong.h"
+#include "workflow/QBAlbumNode.h"
 #include "workflow/QBCommand.h"
-#include "workflow/QBTreeNode.h"
+#include "workflow/QBSongNode.h"
 
 namespace korvel {
 namespace {
@@ -115,15 +116,15 @@ void QBSession::setActiveTreeNode(QBTreeNode* node) {
   if (m_views.albumMenu) m_views.albumMenu->enable(activeAlbumNode() != nullptr);
 }
 
-QBTreeNode* QBSession::activeSongNode() const {
-  const bool song = m_activeTreeNode && m_activeTreeNode->type() == QBTreeNode::Type::song;
-  return song ? m_activeTreeNode : nullptr;
+QBSongNode* QBSession::activeSongNode() const {
+  return dynamic_cast<QBSongNode*>(m_activeTreeNode);
 }
 
-QBTreeNode* QBSession::activeAlbumNode() const {
-  const bool album = m_activeTreeNode && m_activeTreeNode->type() == QBTreeNode::Type::album;
-  return album ? m_activeTreeNode : nullptr;
+QBAlbumNode* QBSession::activeAlbumNode() const {
+  return dynamic_cast<QBAlbumNode*>(m_activeTreeNode);
 }
+
+void QBSession::errorNoSongSelected() { addToLog("There is currently no Song selected."); }
 
 void QBSession::setActiveSong(QBSong* song) {
   m_song = song;

@@ -13,8 +13,10 @@
 
 namespace korvel {
 
+class QBAlbumNode;
 class QBCommand;
 class QBSong;
+class QBSongNode;
 class QBTreeNode;
 class QBTuning;
 
@@ -53,8 +55,10 @@ class QBSession final : public SessionServices {
   void refreshTree();
   /// Enables the menu that fits the node. The node must stay alive while it is active.
   void setActiveTreeNode(QBTreeNode* node);
-  QBTreeNode* activeSongNode() const;
-  QBTreeNode* activeAlbumNode() const;
+  QBSongNode* activeSongNode() const;
+  QBAlbumNode* activeAlbumNode() const;
+  /// Logs that a command has no song to work on.
+  void errorNoSongSelected();
   void setActiveSong(QBSong* song);
   QBSong* activeSong() const { return m_song; }
   /// fraction: place in the song, 0..1.

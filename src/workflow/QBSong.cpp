@@ -121,6 +121,7 @@ QBSong* QBSong::mergeWithSong(QBSong& other) {
 QBSong* QBSong::extractPartOfSong(int from, int to) {
   QBAlbum& home = requireAlbum();
   QBSong* part = home.createSong(QBNameMgr(&home, title()).extractPartChords(from, to));
+  part->setTuning(tuning());
   QBChordExtractor visitor(from, to, part);
   iterate(visitor);
   part->buildTab();

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/persistence/Ref.h"
+#include <string>
 
 namespace korvel {
-
-class QBAlbum;
 
 /// A node of the tree of albums, songs and tunings.
 class QBTreeNode {
@@ -14,19 +12,7 @@ class QBTreeNode {
 
   virtual ~QBTreeNode() = default;
   virtual Type type() const { return Type::other; }
-};
-
-/// The node of an album.
-class QBAlbumNode final : public QBTreeNode {
- public:
-  explicit QBAlbumNode(QBAlbum* album);
-  ~QBAlbumNode() override;
-
-  Type type() const override { return Type::album; }
-  QBAlbum* album() const { return m_album; }
-
- private:
-  platform::Ref<QBAlbum> m_album;
+  virtual std::string title() const { return ""; }
 };
 
 }  // namespace korvel

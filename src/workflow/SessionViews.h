@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -68,6 +69,14 @@ class NodeMenu {
   virtual void enable(bool enabled) = 0;
 };
 
+/// Asks the user where to write a file.
+class SavePanel {
+ public:
+  virtual ~SavePanel() = default;
+  /// The path that was chosen; none when the user would rather not.
+  virtual std::optional<std::string> chooseFile(const std::string& proposedName) = 0;
+};
+
 /// Shows a fatal error and ends the program.
 class FatalAlert {
  public:
@@ -91,6 +100,7 @@ struct SessionViews {
   NodeMenu* songMenu = nullptr;
   NodeMenu* albumMenu = nullptr;
   NodeMenu* tuningMenu = nullptr;
+  SavePanel* savePanel = nullptr;
   FatalAlert* alert = nullptr;
 };
 

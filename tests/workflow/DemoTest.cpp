@@ -16,7 +16,7 @@
 #include "support/RecordingViews.h"
 #include "support/ScratchFolder.h"
 #include "workflow/QBCmdImportSong.h"
-#include "workflow/QBTreeNode.h"
+#include "workflow/QBAlbumNode.h"
 
 namespace korvel {
 namespace {

@@ -12,7 +12,7 @@
 #include "support/Guitar.h"
 #include "support/RecordingViews.h"
 #include "support/ScratchFolder.h"
-#include "workflow/QBTreeNode.h"
+#include "workflow/QBAlbumNode.h"
 
 namespace korvel {
 namespace {

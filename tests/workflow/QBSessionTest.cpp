@@ -11,7 +11,7 @@
 #include "support/ScratchStore.h"
 #include "workflow/QBCommand.h"
 #include "workflow/QBNameMgr.h"
-#include "workflow/QBTreeNode.h"
+#include "workflow/QBAlbumNode.h"
 
 namespace korvel {
 namespace {

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/persistence/Ref.h"
+#include "workflow/QBTreeNode.h"
+
+namespace korvel {
+
+class QBAlbum;
+class QBSong;
+class QBSongNode;
+
+/// The node of an album, with a node for each of its songs. Kept by shared pointers.
+class QBAlbumNode final : public QBTreeNode, public std::enable_shared_from_this<QBAlbumNode> {
+ public:
+  using Children = std::vector<std::shared_ptr<QBSongNode>>;
+
+  /// Without songs.
+  explicit QBAlbumNode(QBAlbum* album);
+  ~QBAlbumNode() override;
+  /// With the songs that the album has now.
+  static std::shared_ptr<QBAlbumNode> withSongs(QBAlbum* album);
+
+  Type type() const override { return Type::album; }
+  std::string title() const override;
+  QBAlbum* album() const { return m_album; }
+  const Children& children() const { return m_children; }
+  QBSongNode* addChild(QBSong* song);
+  void removeChild(const QBSongNode& child);
+  /// None when no child shows the song.
+  QBSongNode* findChild(const QBSong* song) const;
+
+ private:
+  platform::Ref<QBAlbum> m_album;
+  Children m_children;
+};
+
+}  // namespace korvel

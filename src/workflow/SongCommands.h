@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace korvel {
+
+class QBSong;
+class QBSongNode;
+
+/// One command that a user can give a song. A command that derives a song has `derive`; the others
+/// are the node's own business, `perform`.
+struct SongCommand {
+  std::string_view title;    ///< In the menus.
+  std::string_view action;   ///< Its name in the application's song menu.
+  std::string_view command;  ///< Its name as a command of the song's node.
+  std::string_view message;  ///< Logged once the derived song is there.
+  QBSong* (*derive)(QBSong&) = nullptr;
+  void (QBSongNode::*perform)() = nullptr;
+};
+
+/// A part of a song's menu: a submenu under a title, plain items without one, or, without items, a
+/// separator.
+struct SongMenuSection {
+  std::string_view title;
+  std::span<const SongCommand> items;
+
+  bool isSeparator() const { return items.empty(); }
+};
+
+/// The menu of a song from top to bottom.
+std::span<const SongMenuSection> songMenu();
+
+// The command of that name, or none.
+const SongCommand* findSongCommand(std::string_view command);
+const SongCommand* findSongAction(std::string_view action);
+
+}  // namespace korvel
