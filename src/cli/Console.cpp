@@ -3,7 +3,9 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 
 #include "cli/CliError.h"
@@ -36,6 +38,7 @@ Console& Console::attached() {
     auto* made = new Console;
     SessionViews views;
     views.output = made;
+    views.savePanel = made;
     views.alert = made;
     QBSession::session().attach(views);
     return made;
@@ -46,6 +49,14 @@ Console& Console::attached() {
 void Console::addLogText(std::string_view text) {
   clearProgress();
   std::cerr << text << std::endl;
+}
+
+std::optional<std::string> Console::chooseFile(const std::string& proposedName) {
+  std::string file = proposedName;
+  std::ranges::replace(file, '/', '_');
+  if (std::filesystem::exists(file))
+    throw CliError(file + ": there is a file of that name already; move it away first");
+  return file;
 }
 
 void Console::show(const std::string& text) { error(text); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,11 +11,13 @@ namespace korvel::cli {
 
 /// The session's views on a terminal: log lines and a progress bar on stderr, tablature and
 /// answers on stdout. Stays attached to the session until the process ends.
-class Console final : public OutputView, public FatalAlert {
+class Console final : public OutputView, public SavePanel, public FatalAlert {
  public:
   static Console& attached();
 
   void addLogText(std::string_view text) override;
+  /// The proposed name in the current folder; throws CliError when there is such a file already.
+  std::optional<std::string> chooseFile(const std::string& proposedName) override;
   void show(const std::string& text) override;
   int exitStatus() const override;
 

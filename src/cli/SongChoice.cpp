@@ -9,6 +9,7 @@
 #include "model/QBAlbum.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
+#include "platform/Numerals.h"
 
 namespace korvel::cli {
 namespace {
@@ -49,6 +50,22 @@ std::string listOf(const Songs& songs) {
   throw CliError("no song \"" + name + "\"; there is " + listOf(candidates));
 }
 
+Songs songsNamed(const std::string& name) {
+  return songsWhere(
+      [&](const QBSong& song) { return song.title() == name || fullTitle(song) == name; });
+}
+
+/// "TITLE#2": the second of those that share a title.
+QBSong* numberedSong(const std::string& name) {
+  const std::size_t mark = name.rfind('#');
+  if (mark == std::string::npos) return nullptr;
+  const Songs found = songsNamed(name.substr(0, mark));
+  const int number = platform::intValue(name.substr(mark + 1));
+  return number >= 1 && number <= static_cast<int>(found.size())
+             ? found[static_cast<std::size_t>(number - 1)]
+             : nullptr;
+}
+
 }  // namespace
 
 std::string fullTitle(const QBSong& song) {
@@ -56,14 +73,24 @@ std::string fullTitle(const QBSong& song) {
 }
 
 QBSong& chooseSong(const std::string& name) {
-  const Songs found = songsWhere(
-      [&](const QBSong& song) { return song.title() == name || fullTitle(song) == name; });
-  if (found.empty()) unknown(name);
+  const Songs found = songsNamed(name);
+  if (found.size() == 1) return *found.front();
+  if (found.empty()) {
+    if (QBSong* song = numberedSong(name)) return *song;
+    unknown(name);
+  }
   const auto whole = [&](const QBSong* song) { return fullTitle(*song) == name; };
   if (std::ranges::count_if(found, whole) == 1) return **std::ranges::find_if(found, whole);
-  if (found.size() > 1)
-    throw CliError("\"" + name + "\" could be " + listOf(found) + "; write ALBUM/TITLE");
-  return *found.front();
+  throw CliError("\"" + name + "\" could be " + listOf(found) +
+                 "; write ALBUM/TITLE, and #2 behind it for the second of that title");
+}
+
+QBAlbum& chooseAlbum(const std::string& name) {
+  if (QBAlbum* album = QBTabMgr::db().findAlbumByName(name)) return *album;
+  std::string known;
+  for (const auto& album : QBTabMgr::db().albums())
+    known += (known.empty() ? "\"" : ", \"") + album->name() + '"';
+  throw CliError("no album \"" + name + "\"" + (known.empty() ? "" : "; there is " + known));
 }
 
 }  // namespace korvel::cli

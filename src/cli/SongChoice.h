@@ -4,16 +4,21 @@
 #include <string>
 
 namespace korvel {
+class QBAlbum;
 class QBSong;
-}
+}  // namespace korvel
 
 namespace korvel::cli {
 
 /// "ALBUM/TITLE".
 std::string fullTitle(const QBSong& song);
 
-/// The song of that title, or of that ALBUM/TITLE. Throws CliError, which lists the candidates,
-/// when there is none or more than one.
+/// The song of that title, or of that ALBUM/TITLE; where several have the same, "#2" behind it
+/// means the second. Throws CliError, which lists the candidates, when there is none or more than
+/// one.
 QBSong& chooseSong(const std::string& name);
+
+/// Throws CliError, which lists the albums, when there is none of that name.
+QBAlbum& chooseAlbum(const std::string& name);
 
 }  // namespace korvel::cli

@@ -4,12 +4,16 @@
 #include <exception>
 #include <filesystem>
 #include <functional>
+#include <memory>
 
+#include "cli/Apply.h"
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/Import.h"
+#include "cli/SongEdits.h"
 #include "cli/StoreCommands.h"
 #include "model/QBTabMgr.h"
+#include "workflow/SongCommands.h"
 
 namespace {
 
@@ -29,9 +33,12 @@ Action always(const std::function<void()>& action) {
 /// The command line: which action, with which words.
 struct Usage {
   CLI::App app{"Korvel: guitar recordings to chords and tablature.", "korvel-cli"};
-  std::string store, song, file;
+  std::string store, song, file, target;
+  int from = 0, to = 0;
   cli::ImportOptions import;
+  cli::ApplyOptions apply;
   bool storeMustExist = false;
+  bool storeNeeded = true;
   Action action;
 
   Usage() {
@@ -43,6 +50,8 @@ struct Usage {
         "Exit status: 0 done, 1 failed, 2 wrong usage, 255 the store cannot be opened.");
     addImport();
     addSongCommands();
+    addApply();
+    addEdits();
     addStoreCommands();
   }
 
@@ -78,11 +87,12 @@ struct Usage {
     sub->add_flag("--stepped", import.stepped, "Import step by step on a timer");
   }
 
+  CLI::App* withSong(CLI::App* sub) {
+    sub->add_option("SONG", song, "Title, or ALBUM/TITLE")->required()->type_name("");
+    return sub;
+  }
+
   void addSongCommands() {
-    const auto withSong = [this](CLI::App* sub) {
-      sub->add_option("SONG", song, "Title, or ALBUM/TITLE")->required()->type_name("");
-      return sub;
-    };
     withSong(
         caring("show", "Print the tablature of a song", always([this] { cli::showSong(song); })));
     withSong(caring("dump", "Print a song as JSON", always([this] { cli::dumpSong(song); })));
@@ -92,6 +102,80 @@ struct Usage {
         ->add_option("--txt", file, "Text tablature")
         ->required()
         ->type_name("FILE");
+  }
+
+  void addApply() {
+    CLI::App* sub = app.add_subcommand("apply", "Derive songs by the commands of the song menu");
+    auto list = std::make_shared<bool>(false);
+    sub->add_option("SONG", apply.commands, "Song, unless --all, and commands in turn")
+        ->type_name("[SONG] COMMAND...");
+    sub->add_flag("--list", *list, "Print the menu with the names of the commands");
+    sub->add_option("--album", apply.album, "Album that the song is in")->type_name("ALBUM");
+    sub->add_flag("--all", apply.all, "Every song of the album");
+    sub->callback([this, list] {
+      if (*list) {
+        storeNeeded = false;
+        action = always(&cli::listCommands);
+        return;
+      }
+      storeMustExist = true;
+      checkApply();
+      action = [this] { return cli::applyCommands(apply); };
+    });
+  }
+
+  /// The first word is the song, unless all songs are meant.
+  void checkApply() {
+    auto& words = apply.commands;
+    if (apply.all && !apply.album) throw CLI::ValidationError("--all", "goes with --album");
+    if (!apply.all && !words.empty()) {
+      apply.song = words.front();
+      words.erase(words.begin());
+    }
+    if (words.empty()) throw CLI::ValidationError("apply", "takes a song and a command or more");
+    for (const std::string& word : words)
+      if (!findSongCommand(word))
+        throw CLI::ValidationError(word, "is no command; korvel-cli apply --list prints them");
+  }
+
+  void addEdits() {
+    const auto withRange = [this](CLI::App* sub) {
+      CLI::Option* first = sub->add_option("FROM", from, "Position of a chord, from 1");
+      CLI::Option* last = sub->add_option("TO", to, "Position of a chord")->needs(first);
+      return std::pair(first, last);
+    };
+    auto clear = std::make_shared<bool>(false);
+    CLI::App* loop = withSong(caring(
+        "loop", "Set the playback loop of a song",
+        always([this, clear] { *clear ? cli::clearLoop(song) : cli::setLoop(song, from, to); })));
+    CLI::Option* last = withRange(loop).second;
+    CLI::Option* off = loop->add_flag("--clear", *clear, "Take the loop away")->excludes(last);
+    loop->parse_complete_callback([this, last, off] {
+      storeMustExist = true;
+      if (last->empty() && off->empty())
+        throw CLI::ValidationError("loop", "takes FROM and TO, or --clear");
+    });
+    withSong(caring("clone", "Copy a song", always([this] { cli::cloneSong(song); })));
+    withSong(caring("rename", "Give a song another title",
+                    always([this] { cli::renameSong(song, target); })))
+        ->add_option("TITLE", target)
+        ->required()
+        ->type_name("");
+    withSong(caring("move", "Move a song to an album, which is made when missing",
+                    always([this] { cli::moveSong(song, target); })))
+        ->add_option("ALBUM", target)
+        ->required()
+        ->type_name("");
+    withSong(caring("merge", "Add the tones of another song, chord by chord, in a new song",
+                    always([this] { cli::mergeSongs(song, target); })))
+        ->add_option("OTHER", target)
+        ->required()
+        ->type_name("");
+    const auto [begin, end] =
+        withRange(withSong(caring("extract", "Copy chords to a new song",
+                                  always([this] { cli::extractPart(song, from, to); }))));
+    begin->required();
+    end->required();
   }
 
   void addStoreCommands() {
@@ -122,9 +206,12 @@ void unmark(std::string& word) {
 }
 
 void unmarkAll(Usage& usage) {
-  for (std::string* word : {&usage.store, &usage.song, &usage.file}) unmark(*word);
+  for (std::string* word :
+       {&usage.store, &usage.song, &usage.file, &usage.target, &usage.apply.song})
+    unmark(*word);
   for (std::string& file : usage.import.files) unmark(file);
-  for (auto* word : {&usage.import.album, &usage.import.title, &usage.import.tuning})
+  for (auto* word :
+       {&usage.import.album, &usage.import.title, &usage.import.tuning, &usage.apply.album})
     if (*word) unmark(**word);
 }
 
@@ -150,7 +237,7 @@ int main(int argc, char** argv) {
   cli::Console& console = cli::Console::attached();
   int status = EXIT_FAILURE;
   try {
-    openStore(usage);
+    if (usage.storeNeeded) openStore(usage);
     status = usage.action();
   } catch (const std::exception& error) {
     console.error(error.what());
