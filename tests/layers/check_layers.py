@@ -25,10 +25,15 @@ SHARED = {
     ("audio", "tab/QBTabMatrix.h"),
     ("analysis", "audio/QBAudioMemRing.h"),
     ("analysis", "audio/QBSampleSource.h"),
+    ("analysis", "arrange/QBToneGroup.h"),  # a plain value that the splitter counts chords in
     ("tab", "arrange/QBGroup.h"),  # a group of recurring chords draws itself
     # Tablature is also made by visitors, and by tools that look at tones as the filters do.
     ("tab", "arrange/QBChordVisitor.h"),
     ("tab", "arrange/ToneOrder.h"),
+    # The trimmer is a chain of filters that writes the tablature of each stage.
+    ("tab", "arrange/QBApplyRightHands.h"),
+    ("tab", "arrange/QBContraPoint.h"),
+    ("tab", "arrange/QBNonChordToneRemover.h"),
     ("tab", "analysis/QBMatrix.h"),  # the container under both the text grid and the tone tables
 }
 

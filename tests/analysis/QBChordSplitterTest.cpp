@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/QBChordSplitter.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/QBInstrument.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+class QBChordSplitterTest : public testing::Test {
+ protected:
+  QBChordSplitter splitterOf(std::initializer_list<const char*> frets) {
+    QBSong* song = m_store.song("song");
+    for (const char* chord : frets) test::addChord(song, chord);
+    return QBChordSplitter(song, 0, static_cast<int>(frets.size()));
+  }
+
+  /// Every entry: its key, and of its group the fret, the first chord and the length.
+  static std::string filed(const QBChordSplitter& splitter) {
+    std::string text;
+    for (const auto& [key, group] : splitter.m_groups)
+      text += '[' + key + "]=" + std::to_string(group->m_fret) + '@' +
+              std::to_string(group->m_pos) + '+' + std::to_string(group->m_dur) + ' ';
+    return text;
+  }
+
+  std::string built(std::initializer_list<const char*> frets) {
+    QBChordSplitter splitter = splitterOf(frets);
+    splitter.buildGroups();
+    return filed(splitter);
+  }
+
+  test::StandardStore m_store;
+};
+
+TEST_F(QBChordSplitterTest, keysAreAlignedInColumns) {
+  EXPECT_EQ(QBChordSplitter::buildKey(3, 17), " 3,  17");
+  EXPECT_EQ(QBChordSplitter::buildKey(0, 12345), " 0,12345");
+}
+
+TEST_F(QBChordSplitterTest, runsOfAFretAreGroupsAndAChangePassesOverTwoChords) {
+  EXPECT_EQ(built({"5xxxxx", "5xxxxx", "7xxxxx", "7xxxxx", "7xxxxx"}), "[ 0,   0]=5@0+2 ");
+  EXPECT_EQ(built({"5xxxxx", "7xxxxx", "7xxxxx", "7xxxxx", "7xxxxx", "7xxxxx"}), "[ 0,   0]=5@0+3 ")
+      << "the run from the fourth chord on lengthens the group that is still open";
+  EXPECT_EQ(built({"5xxxxx", "xxxxxx", "7xxxxx", "7xxxxx"}), "[ 0,   0]=5@0+2 ")
+      << "the silent chord ends the run unseen by the next, which goes on with the group";
+  EXPECT_EQ(built({"5xxxxx", "xxxxxx", "xxxxxx", "7xxxxx", "7xxxxx"}),
+            "[ 0,   0]=5@0+1 [ 0,   3]=7@3+2 ");
+  EXPECT_EQ(built({"55xxxx", "5xxxxx"}), "[ 0,   0]=5@0+2 ")
+      << "an open group takes the next string";
+  EXPECT_EQ(built({}), "");
+}
+
+TEST_F(QBChordSplitterTest, groupsAreFiledUnderEveryPositionTheyCover) {
+  QBChordSplitter splitter =
+      splitterOf({"5xxxxx", "5x3xxx", "xx3xxx", "xxxxxx", "xxxxxx", "xx3xxx"});
+  splitter.buildGroups();
+  EXPECT_EQ(filed(splitter), "[ 0,   0]=5@0+2 [ 2,   1]=3@1+2 [ 2,   5]=3@5+1 ");
+  const auto dependents = splitter.collectDependentGroups(*splitter.m_groups.at(" 0,   0"));
+  ASSERT_EQ(dependents.size(), 1U);
+  EXPECT_EQ(QBChordSplitter::computeMaximum(dependents), 3);
+  EXPECT_EQ(QBChordSplitter::computeMaximum({}), -1);
+  EXPECT_TRUE(splitter.collectDependentGroups(*splitter.m_groups.at(" 2,   5")).empty());
+  splitter.fillUp();
+  const std::string covered =
+      "[ 0,   0]=5@0+2 [ 0,   1]=5@0+2 [ 2,   1]=3@1+2 [ 2,   2]=3@1+2 [ 2,   5]=3@5+1 ";
+  EXPECT_EQ(filed(splitter), covered);
+  EXPECT_EQ(splitter.collectDependentGroups(*splitter.m_groups.at(" 0,   0")).size(), 2U);
+  splitter.fillUp();
+  EXPECT_EQ(filed(splitter), covered);
+}
+
+TEST_F(QBChordSplitterTest, neighbouringGroupsAreDrawnTogether) {
+  QBChordSplitter::Groups groups;
+  for (const auto& [position, length] : {std::array{4, 1}, {0, 2}, {5, 3}, {6, 1}, {9, 2}}) {
+    groups.push_back(std::make_shared<QBToneGroup>(0, position, 0));
+    groups.back()->m_dur = length;
+  }
+  const auto drawn = [&] {
+    std::string text;
+    for (const auto& group : groups)
+      text += ' ' + std::to_string(group->m_pos) + '+' + std::to_string(group->m_dur);
+    return text;
+  };
+  QBChordSplitter::fillUpLeft(groups);
+  EXPECT_EQ(drawn(), " 9+2 4+3 4+4 4+1 0+2");
+  QBChordSplitter::fillUpRight(groups);
+  EXPECT_EQ(drawn(), " 0+2 4+1 4+4 4+4 9+2");
+}
+
+TEST_F(QBChordSplitterTest, generatesAnEmptySong) {
+  QBTabMgr& db = QBTabMgr::db();
+  db.createInstrument(m_store.standard(), "guitar", true, true, 0.5F, 1);
+  const QBSong* song = splitterOf({"5xxxxx", "5x3xxx"}).split();
+  EXPECT_EQ(song->title(), "Splitted");
+  EXPECT_EQ(song->tuning(), m_store.standard());
+  EXPECT_EQ(song->instrument(), "guitar");
+  EXPECT_EQ(song->album(), nullptr);
+  EXPECT_TRUE(song->chords().empty());
+  const std::size_t songs = db.context().fetch("QBSong").size();
+  EXPECT_EQ(splitterOf({"5xxxxx"}).toMatrix(), nullptr);
+  EXPECT_EQ(db.context().fetch("QBSong").size(), songs + 1) << "only the source";
+}
+
+}  // namespace
+}  // namespace korvel

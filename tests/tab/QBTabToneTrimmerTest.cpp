@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/QBTabToneTrimmer.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+#include <stdexcept>
+#include <string>
+
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHarmony.h"
+#include "model/QBHold.h"
+#include "model/QBInstrument.h"
+#include "model/QBSettings.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+class QBTabToneTrimmerTest : public testing::Test {
+ protected:
+  QBTabToneTrimmerTest() {
+    m_db.selectedSettings()->setWorkDir(m_store.folder().file("work") + "/");
+    QBHarmony* minor = m_db.createHarmony("m", 3);
+    for (const int step : {0, 3, 4}) minor->addStep(step, step);
+    m_db.loadHarmonies();
+    m_db.addPattern("xxx-x-", 3);
+    m_db.loadPatterns();
+  }
+
+  QBSong* song(const std::string& title) {
+    return m_db.createSong(title, m_store.standard(), m_guitar, m_album);
+  }
+  std::string fileOf(const std::string& name) const {
+    return test::readFile(m_store.folder().path() / "work" / "Tab" / name);
+  }
+
+  test::StandardStore m_store;
+  QBTabMgr& m_db = QBTabMgr::db();
+  QBInstrument* m_guitar = m_db.createInstrument(m_store.standard(), "guitar", true, true, 0.5F, 1);
+  QBAlbum* m_album = m_db.createAlbum("Songs", false);
+};
+
+TEST_F(QBTabToneTrimmerTest, trimsInThreeStagesThatAreWrittenToFiles) {
+  QBSong* source = song("AC/DC");
+  test::addChord(source, "302210");
+  test::addChord(source, "x0221b");
+  QBSong* trimmed = QBTabToneTrimmer(m_album, source).trimmer();
+  EXPECT_EQ(trimmed->title(), "AC/DC(trimmed)");
+  EXPECT_FALSE(trimmed->hasTabulature());
+  ASSERT_EQ(m_album->songs().size(), 2U) << "the songs of the stages are gone";
+  EXPECT_EQ(source->allChords()[0]->hold()->toStringClean(), "012203");
+  std::string fingerings;
+  for (const auto& chord : trimmed->allChords())
+    fingerings += chord->hold()->toStringClean() + ' ' + (chord->pattern() ? "struck " : "");
+  EXPECT_EQ(fingerings, "012-0- struck -122-- ");
+  const std::string stages[] = {"AC_DC(NonChords).txt", "AC_DC(Contra).txt",
+                                "AC_DC(RightHand).txt"};
+  std::set<std::string> texts;
+  for (const std::string& stage : stages) texts.insert(fileOf(stage));
+  EXPECT_EQ(texts.size(), 3U);
+  EXPECT_NE(fileOf(stages[0]).find("AC/DC(1)"), std::string::npos);
+  EXPECT_NE(fileOf(stages[1]).find("AC/DC(1)(2)"), std::string::npos);
+  EXPECT_NE(fileOf(stages[2]).find("AC/DC(1)(2)(3)"), std::string::npos);
+}
+
+TEST_F(QBTabToneTrimmerTest, aSongWithoutChordsHasNoTablatureToWrite) {
+  EXPECT_THROW(QBTabToneTrimmer(m_album, song("silence")).trimmer(), std::out_of_range);
+}
+
+TEST_F(QBTabToneTrimmerTest, aFolderThatCannotBeMadeIsNamed) {
+  test::writeFile(m_store.folder().file("work"), "no folder");
+  QBSong* source = song("blocked");
+  test::addChord(source, "x02210");
+  EXPECT_THROW(QBTabToneTrimmer(m_album, source).trimmer(), std::filesystem::filesystem_error);
+}
+
+}  // namespace
+}  // namespace korvel
