@@ -25,6 +25,7 @@
 #include "model/QBSong.h"
 #include "tab/QBBestFingering.h"
 #include "tab/QBTabFilter.h"
+#include "tab/QBTabToneTrimmer.h"
 #include "workflow/QBNameMgr.h"
 
 namespace korvel {
@@ -214,6 +215,11 @@ QBSong* QBSong::cleanChords() {
 QBSong* QBSong::findBestFingering() {
   QBBestFingering visitor;
   return filtered(nameOf(*this).findBestFingering(), visitor);
+}
+
+QBSong* QBSong::trimToPlayable() {
+  const std::string derived = nameOf(*this).trimToPlayable();
+  return finished(QBTabToneTrimmer(&requireAlbum(), this).trimmer(), derived);
 }
 
 }  // namespace korvel

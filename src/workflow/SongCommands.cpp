@@ -50,6 +50,8 @@ constexpr SongCommand kStandard[] = {
     {"Clean Chords", "cleanChords", "cleanChords", "Chords cleaned.", via<&QBSong::cleanChords>},
     {"Find Best Fingering", "findBestFingering", "findBestFingering", "Best fingering found.",
      via<&QBSong::findBestFingering>},
+    {"Trim To Playable", "trimToPlayable", "trimToPlayable", "Song trimmed.",
+     via<&QBSong::trimToPlayable>},
 };
 
 constexpr SongCommand kPlectrum[] = {
