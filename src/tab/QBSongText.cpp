@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fstream>
+#include <stdexcept>
 
 #include "model/QBChord.h"
 #include "model/QBMeasure.h"
@@ -39,10 +40,11 @@ void drawNext(QBTabMatrix& matrix, QBChord& chord, const QBChord* previous, int 
 
 /// Throws std::out_of_range for a song without chords.
 std::string chordByChord(QBSong& song, const LoopRange& loop) {
+  const auto& chords = song.allChords();
+  if (chords.empty()) throw std::out_of_range("the song has no chords");
   QBTabMatrix matrix;
   openPage(matrix, song);
-  const auto& chords = song.allChords();
-  drawFirst(matrix, *chords.at(0), loop);
+  drawFirst(matrix, *chords.front(), loop);
   int group = 0;
   const int last = static_cast<int>(chords.size()) - 1;
   for (int i = 0; i < last; ++i) {

@@ -2,6 +2,7 @@
 #include "tab/QBTabFilter.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "arrange/ToneOrder.h"
 #include "model/QBChord.h"
@@ -28,7 +29,7 @@ QBTabFilter::QBTabFilter(QBSong* source, QBSong* target)
 QBTabFilter::~QBTabFilter() = default;
 
 QBSong* QBTabFilter::filter() {
-  m_chords.at(0);  // a song without chords has nothing to pick, which its caller must learn
+  if (m_chords.empty()) throw std::out_of_range("the song has no chords");
   mergeTones();
   foldEmptyChords();
   return m_target;
