@@ -12,6 +12,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTone.h"
+#include "support/Approved.h"
 #include "support/StandardStore.h"
 #include "tab/QBTabMatrix.h"
 
@@ -76,19 +77,8 @@ std::string unmarked(const std::string& text) {
                             "\n");
 }
 
-std::string approved(const std::string& name) {
-  return test::readFile(std::string(KORVEL_TEST_DATA) + "/tab/" + name);
-}
-
 class SongTextTest : public testing::Test {
  protected:
-  /// Compares with the approved text, and leaves the new one in the working folder when they
-  /// differ.
-  void expectApproved(const std::string& text, const std::string& name) {
-    EXPECT_EQ(text, approved(name));
-    if (text != approved(name)) test::writeFile("received-" + name, text);
-  }
-
   test::StandardStore m_store;
   QBSong* m_song =
       m_store.song("A long title, cut by characters: \u00C4\u00D6\u00DC \u4E8C\u80E1 " +
@@ -102,7 +92,7 @@ TEST_F(SongTextTest, drawsChordByChord) {
   chordAt(m_song, 0)->hold()->addTone(5, 1, 9e9);
   chordAt(m_song, 2)->hold()->findToneByString(0)->setActive(false);
   setLoop(m_song, 9, 16);
-  expectApproved(m_song->toString(), "chords.txt");
+  test::expectApproved(m_song->toString(), "tab/chords.txt");
   EXPECT_EQ(unmarked(m_song->toStringForExport()), unmarked(m_song->toString()));
   EXPECT_EQ(m_song->toStringForExport().find("XX"), std::string::npos);
 }
@@ -125,7 +115,7 @@ TEST_F(SongTextTest, drawsMeasureByMeasure) {
     for (const Step& step : bar.steps) measure->addChord(addStep(m_song, step));
   }
   setLoop(m_song, 2, 10);
-  expectApproved(m_song->toString(), "measures.txt");
+  test::expectApproved(m_song->toString(), "tab/measures.txt");
   EXPECT_EQ(unmarked(m_song->toStringForExport()), unmarked(m_song->toString()));
   EXPECT_EQ(m_song->toStringForExport().find("XX"), std::string::npos);
 }

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/SongDesk.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <sstream>
+
+#include "arrange/ToneOrder.h"
+#include "model/QBChord.h"
+#include "model/QBHarmony.h"
+#include "model/QBMeasure.h"
+#include "model/QBSettings.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "platform/persistence/Sqlite.h"
+#include "support/Guitar.h"
+#include "workflow/QBAlbumNode.h"
+#include "workflow/QBCmdImportSong.h"
+#include "workflow/QBSongNode.h"
+
+namespace korvel::test {
+namespace {
+
+constexpr int kDurationAtFirst = 2;
+
+std::string textOf(const QBTone& tone) {
+  std::string text = std::to_string(tone.string()) + '/' + std::to_string(tone.fret());
+  if (tone.duration() != kDurationAtFirst) text += '*' + std::to_string(tone.duration());
+  return tone.isActive() ? text : '(' + text + ')';
+}
+
+}  // namespace
+
+SongDesk::SongDesk() {
+  QBTabMgr::clearDb();
+  QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
+  SessionViews views = QBSession::session().views();
+  views.savePanel = this;
+  QBSession::session().attach(views);
+  QBTabMgr::db().createAlbum("Album", false);
+  QBTabMgr::db().selectedSettings()->setWorkDir(m_folder.file(""));
+  open();
+}
+
+SongDesk::~SongDesk() {
+  QBSession::session().setActiveSong(nullptr);
+  QBTabMgr::clearDb();
+  QBTabMgr::setStorePath({});
+}
+
+void SongDesk::open() {
+  // Hundreds of saves, none of which has to survive a power cut.
+  QBTabMgr::db().context().store().execute("PRAGMA synchronous = OFF");
+  QBTabMgr::db().loadAlbums();
+  m_album = QBTabMgr::db().findAlbumByName("Album");
+}
+
+void SongDesk::reopen() {
+  QBTabMgr::db().save();
+  QBSession::session().setActiveSong(nullptr);
+  m_album = nullptr;
+  QBTabMgr::clearDb();
+  open();
+}
+
+Performance SongDesk::perform(QBSong* song, std::string_view command) {
+  const auto before = m_album->songs().snapshot();
+  const auto node = QBAlbumNode::withSongs(m_album);
+  m_views.log.clear();
+  Performance performance{node->findChild(song)->perform(command), {}, m_views.log};
+  for (const auto& each : m_album->songs().snapshot())
+    if (std::ranges::find(before, each) == before.end()) performance.songs.push_back(each);
+  return performance;
+}
+
+QBSong* SongDesk::import(const std::vector<std::int16_t>& samples, const std::string& title) {
+  const std::string file = m_folder.file(title + ".wav");
+  writeWav(file, samples);
+  QBSong* song = m_album->createSong(title);
+  QBCmdImportSong(QBAlbumNode::withSongs(m_album), file, song).run();
+  return song;
+}
+
+void SongDesk::deleteSongs(const std::vector<platform::Ref<QBSong>>& songs) {
+  for (const auto& song : songs) m_album->deleteSong(song);
+}
+
+std::vector<std::string> songCommands() {
+  std::vector<std::string> names;
+  for (const SongMenuSection& section : songMenu())
+    for (const SongCommand& item : section.items) names.emplace_back(item.command);
+  return names;
+}
+
+std::string linesOf(const QBSong& song) {
+  std::ostringstream text;
+  for (const QBChord* chord : song.chords()) {
+    text << std::setw(3) << chord->position() << std::setw(3) << chord->duration();
+    if (const QBMeasure* measure = chord->measure()) text << " |" << measure->position();
+    text << ' ' << (chord->harmony() ? chord->fullHarmonyName() : "-");
+    for (const auto& tone : byStringAndFret(*chord)) text << ' ' << textOf(*tone);
+    text << '\n';
+  }
+  return text.str();
+}
+
+}  // namespace korvel::test
