@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "arrange/ToneOrder.h"
+#include "model/KorvelModel.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "platform/persistence/Sqlite.h"
+#include "support/SongDesk.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kHighestNote = 39;  // fret 11 of the highest string
+
+using test::linesOf;
+using Places = std::set<std::pair<int, int>>;  // string, fret
+using Notes = std::set<int>;
+using Names = std::vector<std::string>;
+
+Places placesOf(const QBChord& chord) {
+  Places places;
+  for (const QBTone* tone : chord.hold()->tones()) places.emplace(tone->string(), tone->fret());
+  return places;
+}
+
+Notes notesOf(const QBChord& chord) {
+  Notes notes;
+  for (const auto& tone : tonesOf(chord)) notes.insert(largeToneOf(*tone));
+  return notes;
+}
+
+template <class Property>
+auto ofEach(const QBSong& song, Property property) {
+  std::vector<decltype(property(*song.chords().at(0)))> all;
+  for (const QBChord* chord : song.chords()) all.push_back(property(*chord));
+  return all;
+}
+
+/// Songs of grips that may ring on: crossed strings, several tones on one, equal amplitudes,
+/// silenced tones, empty chords.
+class RandomSongs {
+ public:
+  explicit RandomSongs(unsigned seed) : m_random(seed) {}
+
+  int below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
+  bool oneIn(int count) { return below(count) == 0; }
+  template <class T>
+  const T& any(const std::vector<T>& values) {
+    return values.at(m_random() % values.size());
+  }
+
+  QBSong* make(QBAlbum& album) {
+    QBSong* song = album.createSong("Song");
+    QBChord* previous = nullptr;
+    for (int count = 1 + below(9); count > 0; --count) {
+      QBChord* chord = song->createChord();
+      chord->setDuration(below(17));
+      if (previous && oneIn(3))
+        ringOn(*previous, *chord);
+      else if (!oneIn(8))
+        strike(*chord);
+      if (!oneIn(4)) chord->readHarmony();
+      previous = chord;
+    }
+    song->buildTab();
+    return song;
+  }
+
+ private:
+  void strike(QBChord& chord) {
+    for (int string = 0; string < 6; ++string)
+      for (int more = below(5); more > 1; more -= 2) {
+        QBTone* tone = chord.hold()->addTone(string, below(oneIn(3) ? 13 : 5), 1e5 * below(20));
+        if (oneIn(8)) tone->setActive(false);
+      }
+  }
+  void ringOn(const QBChord& from, QBChord& chord) {
+    for (const auto& tone : tonesOf(from))
+      if (!oneIn(4)) chord.hold()->addTone(tone->string(), tone->fret(), 0.8 * tone->amp());
+  }
+
+  std::mt19937 m_random;
+};
+
+class SongPropertiesTest : public testing::Test {
+ protected:
+  static constexpr unsigned kSongs = 60;
+
+  /// Tries a claim on random songs, and deletes what it made.
+  template <class Claim>
+  void ofRandomSongs(unsigned count, Claim claim) {
+    for (unsigned seed = 1; seed <= count && !HasFailure(); ++seed) {
+      RandomSongs random(seed);
+      QBSong* song = random.make(*m_desk.album());
+      const testing::ScopedTrace trace(__FILE__, __LINE__, std::to_string(seed) + linesOf(*song));
+      claim(*song, random);
+      m_desk.deleteSongs(m_desk.album()->songs().snapshot());
+    }
+  }
+  /// All rows that songs are made of, as they are stored, but for one column.
+  static std::set<std::string> storedRows(std::string_view but) {
+    std::set<std::string> rows;
+    for (const char* entity : {"QBAlbum", "QBSong", "QBMeasure", "QBChord", "QBHold", "QBTone"}) {
+      std::string columns = std::string("'") + entity + " '||id";
+      const auto& description = korvelModel().entity(entity);
+      const auto add = [&](const std::string& name) {
+        if (name != but) columns += "||' '||quote(" + platform::sqlName(name) + ')';
+      };
+      for (const auto& attribute : description.attributes) add(attribute.name);
+      for (const auto& toOne : description.toOnes) add(toOne.name);
+      rows.merge(asSet(QBTabMgr::db().context().store().column("SELECT " + columns + " FROM " +
+                                                               platform::sqlName(entity))));
+    }
+    return rows;
+  }
+  static std::set<std::string> asSet(const Names& values) { return {values.begin(), values.end()}; }
+
+  test::SongDesk m_desk;
+  const Names m_commands = test::songCommands();
+};
+
+TEST_F(SongPropertiesTest, voicesJoinedAgainAreTheSong) {
+  ofRandomSongs(kSongs, [](QBSong& song, RandomSongs&) {
+    QBSong* joined = song.toVoice(0);
+    std::size_t voices = 1;
+    for (const QBChord* chord : song.chords())
+      voices = std::max(voices, chord->hold()->tones().size());
+    for (int voice = 1; voice < static_cast<int>(voices); ++voice)
+      joined = joined->mergeWithSong(*song.toVoice(voice));
+    EXPECT_EQ(ofEach(*joined, placesOf), ofEach(song, placesOf));
+  });
+}
+
+TEST_F(SongPropertiesTest, whatIsTransposedUpAndDownAgainSoundsTheSame) {
+  ofRandomSongs(kSongs, [](QBSong& song, RandomSongs& random) {
+    const int steps = 1 + random.below(11);
+    const auto inRange = [&](const QBChord& chord) {
+      Notes notes;
+      for (const auto& tone : tonesOf(chord))
+        if (tone->isActive() && largeToneOf(*tone) + steps <= kHighestNote)
+          notes.insert(largeToneOf(*tone));
+      return notes;
+    };
+    const QBSong* back = song.transformUp(steps)->transformDown(steps);
+    EXPECT_EQ(ofEach(*back, notesOf), ofEach(song, inRange)) << steps;
+  });
+}
+
+TEST_F(SongPropertiesTest, melodyIsTheHighestTone) {
+  ofRandomSongs(kSongs, [](QBSong& song, RandomSongs&) {
+    const auto highest = [](const QBChord& chord) {
+      const Notes notes = notesOf(chord);
+      return notes.empty() ? notes : Notes{*notes.rbegin()};
+    };
+    EXPECT_EQ(ofEach(*song.toMelody(), notesOf), ofEach(song, highest));
+  });
+}
+
+TEST_F(SongPropertiesTest, movingTonesKeepsTheirPitches) {
+  ofRandomSongs(kSongs, [](QBSong& song, RandomSongs&) {
+    EXPECT_EQ(ofEach(*song.pushDownStrings(), notesOf), ofEach(song, notesOf));
+    EXPECT_EQ(ofEach(*song.findBestFingering(), notesOf), ofEach(song, notesOf));
+  });
+}
+
+TEST_F(SongPropertiesTest, noCommandChangesItsSource) {
+  ofRandomSongs(4, [this](QBSong& song, RandomSongs&) {
+    for (const std::string& command : m_commands) {
+      if (command == "deleteSong") continue;
+      // The choice of right-hand patterns is kept with the chords that it was made for.
+      const std::string_view but = command == "toRightHand" ? "pattern" : "";
+      QBTabMgr::db().save();
+      const auto before = storedRows(but);
+      const auto made = m_desk.perform(&song, command).songs;
+      QBTabMgr::db().save();
+      EXPECT_TRUE(std::ranges::includes(storedRows(but), before)) << command;
+      m_desk.deleteSongs(made);
+    }
+  });
+}
+
+TEST_F(SongPropertiesTest, whatCannotBeDrawnIsReported) {
+  const auto failed = [this](const std::vector<const char*>& chords) {
+    std::vector<std::string> commands;
+    for (const std::string& command : m_commands) {
+      QBSong* song = m_desk.album()->createSong("Song");
+      for (const char* frets : chords) test::addChord(song, frets);
+      const test::Performance performance = m_desk.perform(song, command);
+      const std::string last = performance.log.back();
+      const bool reported = last.starts_with("EXCEPTION OCCURED IN CONTEXT: " + command + "\r\n") &&
+                            last.find("EXCEPTION NAME: std::out_of_range") != std::string::npos;
+      EXPECT_NE(reported, performance.succeeded) << last;
+      if (reported) commands.push_back(command);
+      m_desk.deleteSongs(m_desk.album()->songs().snapshot());
+    }
+    return commands;
+  };
+  EXPECT_EQ(failed({}).size(), m_commands.size() - 1) << "only deleting needs no chords";
+  // No voicing is seen four times, and no chord is left after cleaning.
+  EXPECT_EQ(failed({"xxxxxx", "xxxxxx", "xxxxxx"}), (Names{"extractVoicings", "cleanChords"}));
+  EXPECT_EQ(failed({"x02210"}), Names{"extractVoicings"});
+}
+
+TEST_F(SongPropertiesTest, anyCommandFollowsAnyOther) {
+  ofRandomSongs(60, [this](QBSong& song, RandomSongs& random) {
+    const std::string first = random.any(m_commands);
+    for (const auto& made : m_desk.perform(&song, first).songs) {
+      const std::string second = random.any(m_commands);
+      m_desk.perform(made, second);
+      EXPECT_EQ(QBTabMgr::db().context().fetch("QBAlbum").size(), 1U) << first << ' ' << second;
+      EXPECT_EQ(QBTabMgr::db().context().fetch("QBSong").size(), m_desk.album()->songs().size())
+          << first << ' ' << second;
+    }
+  });
+}
+
+}  // namespace
+}  // namespace korvel
