@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/SongDesk.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <iomanip>
 #include <sstream>
@@ -27,6 +29,13 @@ std::string textOf(const QBTone& tone) {
   std::string text = std::to_string(tone.string()) + '/' + std::to_string(tone.fret());
   if (tone.duration() != kDurationAtFirst) text += '*' + std::to_string(tone.duration());
   return tone.isActive() ? text : '(' + text + ')';
+}
+
+template <class Songs>
+std::vector<std::string> titlesOf(const Songs& songs) {
+  std::vector<std::string> titles;
+  for (const auto& song : songs) titles.push_back(song->title());
+  return titles;
 }
 
 }  // namespace
@@ -70,6 +79,9 @@ Performance SongDesk::perform(QBSong* song, std::string_view command) {
   Performance performance{node->findChild(song)->perform(command), {}, m_views.log};
   for (const auto& each : m_album->songs().snapshot())
     if (std::ranges::find(before, each) == before.end()) performance.songs.push_back(each);
+  if (performance.succeeded) {
+    EXPECT_EQ(titlesOf(node->children()), titlesOf(m_album->songs())) << "in the tree";
+  }
   return performance;
 }
 

@@ -65,7 +65,10 @@ std::string report(const test::SongDesk& desk, const std::string& command,
     line = std::regex_replace(line, std::regex("\r\n"), " ");
     text += "> " + line + '\n';
   }
-  for (const auto& song : performance.songs) text += "= " + song->title() + '\n' + linesOf(*song);
+  for (const auto& song : performance.songs) {
+    const bool active = QBSession::session().activeSong() == song.get();
+    text += "= " + song->title() + (active ? " (active)\n" : "\n") + linesOf(*song);
+  }
   return text + '\n';
 }
 
