@@ -65,6 +65,7 @@ std::string report(const test::SongDesk& desk, const std::string& command,
     line = std::regex_replace(line, std::regex("\r\n"), " ");
     text += "> " + line + '\n';
   }
+  if (QBTabMgr::db().context().hasChanges()) text += "not saved\n";
   for (const auto& song : performance.songs) {
     const bool active = QBSession::session().activeSong() == song.get();
     text += "= " + song->title() + (active ? " (active)\n" : "\n") + linesOf(*song);
@@ -78,12 +79,14 @@ class SongCommandsTest : public testing::Test {
   void expectCommandsApproved(const Samples& recording, const std::string& title) {
     QBSong* source = m_desk.import(recording, title);
     std::string text = "= " + title + '\n' + linesOf(*source) + '\n';
+    QBTabMgr::db().save();
     for (const std::string& command : test::songCommands()) {
       const test::Performance performance = m_desk.perform(source, command);
       text += report(m_desk, command, performance);
       for (const auto& song : performance.songs)
         EXPECT_EQ(song->tabulature(), song->chords().empty() ? "" : song->toString()) << command;
       m_desk.deleteSongs(performance.songs);
+      QBTabMgr::db().save();
     }
     EXPECT_TRUE(m_desk.album()->songs().empty());
     test::expectApproved(text, "commands/" + title + ".txt");
