@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "analysis/QBMatrix.h"
+#include "model/Neck.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
 #include "model/QBInstrument.h"
@@ -18,8 +19,6 @@
 
 namespace korvel {
 namespace {
-
-constexpr int kStrings = 6;
 
 std::optional<int> fretOf(const QBChord& chord, int string) {
   const QBTone* tone = chord.hold() ? chord.hold()->findToneByString(string) : nullptr;

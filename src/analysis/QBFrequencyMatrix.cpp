@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/QBFrequencyMapper.h"
+#include "model/Neck.h"
 #include "model/Pitch.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
@@ -13,7 +14,6 @@
 namespace korvel {
 namespace {
 
-constexpr int kStrings = 6;
 constexpr int kHighestString = 5;
 constexpr int kFretsOfHighestString = 12;
 constexpr double kShareOfSemitone = 0.075;

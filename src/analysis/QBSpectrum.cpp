@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/QBSpectrum.h"
 
+#include "model/Neck.h"
 #include "model/Pitch.h"
 #include "model/QBInstrument.h"
 #include "model/QBOvertone.h"
@@ -11,7 +12,6 @@ namespace korvel {
 namespace {
 
 constexpr int kFewestHits = 3;
-constexpr int kStrings = 6;
 
 std::string keyOf(int string, int fret) {
   return std::to_string(string) + ',' + std::to_string(fret);

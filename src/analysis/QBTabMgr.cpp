@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/QBTabMgr.h"
 
+#include "model/Neck.h"
 #include "model/QBInstrument.h"
 #include "model/QBSpectrum.h"
 
 namespace korvel {
-namespace {
-
-constexpr int kStrings = 6;
-
-}  // namespace
+namespace {}  // namespace
 
 void QBTabMgr::computeOffsets() {
   QBInstrument* instrument = selectedInstrument();

@@ -16,9 +16,15 @@ QBApplyMetric::~QBApplyMetric() = default;
 
 void QBApplyMetric::execute(QBChord*, QBChord* current, QBChord*) {
   if (!current->hold() || current->hold()->isEmpty()) return;
-  if (!m_cursor || !m_cursor->fitsIn(current->duration()))
-    m_cursor = QBTabMgr::db().createMeasure(m_song, m_beat, m_beattype);
+  if (!m_cursor) openMeasure();
+  // A chord longer than a whole measure leaves the one before it as it is, also the first and empty
+  // one, as intended.
+  if (!m_cursor->fitsIn(current->duration())) openMeasure();
   m_cursor->addChord(current);
+}
+
+void QBApplyMetric::openMeasure() {
+  m_cursor = QBTabMgr::db().createMeasure(m_song, m_beat, m_beattype);
 }
 
 }  // namespace korvel

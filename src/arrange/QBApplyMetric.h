@@ -18,6 +18,8 @@ class QBApplyMetric final : public QBChordVisitor {
   void execute(QBChord* previous, QBChord* current, QBChord* next) override;
 
  private:
+  void openMeasure();
+
   int m_beat;
   int m_beattype;
   platform::Ref<QBSong> m_song;

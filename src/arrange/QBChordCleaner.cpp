@@ -15,15 +15,6 @@
 namespace korvel {
 namespace {
 
-template <class Cleaner>
-std::unique_ptr<QBChordCleaner> make(QBChord* chord) {
-  return std::make_unique<Cleaner>(chord);
-}
-
-constexpr std::unique_ptr<QBChordCleaner> (*kCleaners[])(QBChord*) = {
-    make<QBChordCleanerLowerE>, make<QBChordCleanerA>, make<QBChordCleanerD>,
-    make<QBChordCleanerG>,      make<QBChordCleanerB>, make<QBChordCleanerHighE>};
-
 /// The tones of a chord that its cleaners do not believe; judged all together, before any goes.
 Tones doubtful(QBChord& chord) {
   Tones tones = tonesOf(chord);
@@ -47,10 +38,22 @@ bool QBChordCleaner::matches(int string, int fret) const {
 }
 
 std::unique_ptr<QBChordCleaner> QBChordCleaner::ofString(int string, QBChord* chord) {
-  if (string < 0 || string >= static_cast<int>(std::size(kCleaners))) return nullptr;
-  auto cleaner = kCleaners[string](chord);
-  cleaner->buildRules();
-  return cleaner;
+  switch (string) {
+    case 0:
+      return std::make_unique<QBChordCleanerLowerE>(chord);
+    case 1:
+      return std::make_unique<QBChordCleanerA>(chord);
+    case 2:
+      return std::make_unique<QBChordCleanerD>(chord);
+    case 3:
+      return std::make_unique<QBChordCleanerG>(chord);
+    case 4:
+      return std::make_unique<QBChordCleanerB>(chord);
+    case 5:
+      return std::make_unique<QBChordCleanerHighE>(chord);
+    default:
+      return nullptr;
+  }
 }
 
 QBSong* QBChordCleaner::clean(QBSong& source) {

@@ -27,7 +27,7 @@ class QBChordCleaner {
 
   bool matches(int string, int fret) const;
 
-  /// The cleaner of a string, 0..5, for a chord, with its rules built.
+  /// The cleaner of a string for a chord; none beyond 0..5.
   static std::unique_ptr<QBChordCleaner> ofString(int string, QBChord* chord);
   /// A song "Cleaned" of the selected tuning and instrument, in no album, with the tones of the
   /// source that are believed and without the chords that lose all of theirs.
@@ -43,49 +43,49 @@ class QBChordCleaner {
 
 class QBChordCleanerHighE final : public QBChordCleaner {
  public:
-  using QBChordCleaner::QBChordCleaner;
+  explicit QBChordCleanerHighE(QBChord* chord) : QBChordCleaner(chord) { buildRules(); }
 
- protected:
+ private:
   void buildRules() override;
 };
 
 class QBChordCleanerB final : public QBChordCleaner {
  public:
-  using QBChordCleaner::QBChordCleaner;
+  explicit QBChordCleanerB(QBChord* chord) : QBChordCleaner(chord) { buildRules(); }
 
- protected:
+ private:
   void buildRules() override;
 };
 
 class QBChordCleanerG final : public QBChordCleaner {
  public:
-  using QBChordCleaner::QBChordCleaner;
+  explicit QBChordCleanerG(QBChord* chord) : QBChordCleaner(chord) { buildRules(); }
 
- protected:
+ private:
   void buildRules() override;
 };
 
 class QBChordCleanerD final : public QBChordCleaner {
  public:
-  using QBChordCleaner::QBChordCleaner;
+  explicit QBChordCleanerD(QBChord* chord) : QBChordCleaner(chord) { buildRules(); }
 
- protected:
+ private:
   void buildRules() override;
 };
 
 class QBChordCleanerA final : public QBChordCleaner {
  public:
-  using QBChordCleaner::QBChordCleaner;
+  explicit QBChordCleanerA(QBChord* chord) : QBChordCleaner(chord) { buildRules(); }
 
- protected:
+ private:
   void buildRules() override;
 };
 
 class QBChordCleanerLowerE final : public QBChordCleaner {
  public:
-  using QBChordCleaner::QBChordCleaner;
+  explicit QBChordCleanerLowerE(QBChord* chord) : QBChordCleaner(chord) { buildRules(); }
 
- protected:
+ private:
   void buildRules() override;
 };
 

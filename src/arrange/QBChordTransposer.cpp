@@ -2,6 +2,7 @@
 #include "arrange/QBChordTransposer.h"
 
 #include "arrange/ToneOrder.h"
+#include "model/Neck.h"
 #include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
@@ -11,13 +12,6 @@
 #include "model/QBTone.h"
 
 namespace korvel {
-namespace {
-
-constexpr int kHighestString = 5;
-constexpr int kFrets = 12;  // 0..11
-
-}  // namespace
-
 QBChordTransposer::QBChordTransposer(QBChord* source, QBInstrument* instrument, int minFret,
                                      int offset)
     : m_source(source),
@@ -38,11 +32,11 @@ QBChord* QBChordTransposer::transpose() {
 }
 
 void QBChordTransposer::place(const QBTone& tone, QBHold& target) const {
-  int note = largeToneOf(tone) + m_offset;
+  int note = addNotes(largeToneOf(tone), m_offset);
   if (note < 0) note += kNotesPerOctave;
-  for (int string = kHighestString; string >= 0; --string) {
-    const int fret = note - QBInstrument::largeToneOfStringS(string);
-    if (fret < 0 || fret >= kFrets) continue;
+  for (int string = kStrings - 1; string >= 0; --string) {
+    const int fret = addNotes(note, -QBInstrument::largeToneOfStringS(string));
+    if (fret < 0 || fret >= kFretsToMoveTo) continue;
     // Of tones that meet on one fret the first stays as it is.
     if (!target.findTone(string, fret))
       target.addTone(string, fret, tone.amp())->setDuration(tone.duration());

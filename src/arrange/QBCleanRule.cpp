@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/QBCleanRule.h"
 
+#include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
 #include "model/QBInstrument.h"
@@ -8,8 +9,8 @@
 namespace korvel {
 
 bool QBCleanRule::matches(const QBChord& chord, int testedString, int testedFret) const {
-  const int note = QBInstrument::largeToneOfStringS(testedString) + testedFret + offset;
-  const int fret = note - QBInstrument::largeToneOfStringS(string);
+  const int note = addNotes(QBInstrument::largeToneOfStringS(testedString), testedFret);
+  const int fret = addNotes(note, offset - QBInstrument::largeToneOfStringS(string));
   return fret >= 0 && chord.hold() && chord.hold()->findTone(string, fret);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/QBContraPoint.h"
 
+#include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
 #include "model/QBInstrument.h"
@@ -29,7 +30,7 @@ QBTone* QBContraPoint::brassTone(const QBChord& chord) const {
 }
 
 int QBContraPoint::noteOfTone(const QBTone* tone) const {
-  return tone ? m_instrument()->largeToneOfString(tone->string()) + tone->fret() : 0;
+  return tone ? addNotes(m_instrument()->largeToneOfString(tone->string()), tone->fret()) : 0;
 }
 
 bool QBContraPoint::melodyFalls(const QBChord& previous, const QBChord& current) const {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/QBGroup.h"
 
-#include <algorithm>
-
 #include "model/QBChord.h"
 
 namespace korvel {
@@ -12,8 +10,7 @@ QBGroup::QBGroup(int number) : m_counter(number) {}
 QBGroup::~QBGroup() = default;
 
 void QBGroup::addChord(QBChord* chord) {
-  const auto isChord = [&](const auto& member) { return member.get() == chord; };
-  if (std::ranges::none_of(m_members, isChord)) m_members.emplace_back(chord);
+  if (m_known.insert(chord).second) m_members.emplace_back(chord);
 }
 
 }  // namespace korvel

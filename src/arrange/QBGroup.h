@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/persistence/Ref.h"
@@ -26,6 +27,7 @@ class QBGroup {
 
  private:
   std::vector<platform::Ref<QBChord>> m_members;
+  std::unordered_set<const QBChord*> m_known;
 };
 
 }  // namespace korvel

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "model/Neck.h"
 #include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHarmony.h"
@@ -13,7 +14,6 @@
 namespace korvel {
 namespace {
 
-constexpr int kStrings = 6;
 constexpr int kLastSearchedFret = 11;
 constexpr int kSizeOfSingleTone = 7;  // wider than anything that a hand can hold
 constexpr int kBeyondAnyTone = 1000;

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "model/Neck.h"
+#include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
 #include "model/QBLeftHandPattern.h"
@@ -17,9 +19,8 @@
 namespace korvel {
 namespace {
 
-constexpr std::size_t kStrings = 6;
 constexpr int kOffsets = 12;
-constexpr int kFrets = 32;  // more than any guitar has
+constexpr int kFretBits = 32;  // more frets than any guitar has
 
 /// Which frets of which string a hold stops, as bits: patterns are tried at every fret.
 class Grip {
@@ -34,10 +35,10 @@ class Grip {
 
  private:
   static bool isPlace(int string, int fret) {
-    return string >= 0 && string < static_cast<int>(kStrings) && fret >= 0 && fret < kFrets;
+    return string >= 0 && string < kStrings && fret >= 0 && fret < kFretBits;
   }
   std::uint32_t& row(int string) { return m_rows[static_cast<std::size_t>(string)]; }
-  std::array<std::uint32_t, kStrings> m_rows{};
+  std::array<std::uint32_t, static_cast<std::size_t>(kStrings)> m_rows{};
 };
 
 /// A number of strings stopped at once, and the first offset along the neck that reaches it.
@@ -52,7 +53,7 @@ Counts countAtOffsets(const QBLeftHandPattern& pattern, const Grip& grip) {
   Counts counts{};
   for (const QBString* finger : pattern.strings())
     for (int offset = 0; offset < kOffsets; ++offset)
-      if (grip.has(finger->order(), finger->baseTone() + offset))
+      if (grip.has(finger->order(), addNotes(finger->baseTone(), offset)))
         ++counts[static_cast<std::size_t>(offset)];
   return counts;
 }
@@ -98,7 +99,7 @@ QBLeftHandPattern* QBLeftHandExtractor::findPatternByChord(const QBChord& chord)
   return best;
 }
 
-float QBLeftHandExtractor::matches(const QBLeftHandPattern& pattern, QBHold& hold) {
+float QBLeftHandExtractor::matches(const QBLeftHandPattern& pattern, const QBHold& hold) {
   const auto tones = hold.tones().size();
   if (tones == 0) return 0.0F;
   const Counts counts = countAtOffsets(pattern, Grip(hold));

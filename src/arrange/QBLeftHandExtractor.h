@@ -25,7 +25,7 @@ class QBLeftHandExtractor : public QBChordVisitor {
   /// How well the hand's shape covers the grip when it slides along the neck: the three largest
   /// different numbers of strings stopped at one fret, together, for each tone of the hold. 0 when
   /// the shape would be needed at places that the hand cannot hold at once.
-  static float matches(const QBLeftHandPattern& pattern, QBHold& hold);
+  static float matches(const QBLeftHandPattern& pattern, const QBHold& hold);
 
  protected:
   QBSong* target() const;

@@ -2,8 +2,10 @@
 #include "arrange/QBLeftHandExtractorPello.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "arrange/ToneOrder.h"
+#include "model/Neck.h"
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
@@ -15,8 +17,6 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kTonesOfSmallChord = 2;
-constexpr int kStrings = 6;
-
 bool isSmall(const QBChord& chord) { return tonesOf(chord).size() <= kTonesOfSmallChord; }
 
 }  // namespace
@@ -24,19 +24,24 @@ bool isSmall(const QBChord& chord) { return tonesOf(chord).size() <= kTonesOfSma
 /// The scratch song, for as long as one chord is looked at.
 class QBLeftHandExtractorPello::Worker {
  public:
-  explicit Worker(QBLeftHandExtractorPello& extractor) : m_extractor(extractor) {
-    m_extractor.m_worker = extractor.target()->requireAlbum().createSong("Varnholm");
+  explicit Worker(QBLeftHandExtractorPello& extractor)
+      : m_extractor(extractor), m_album(&extractor.target()->requireAlbum()) {
+    m_extractor.m_worker = m_album->createSong("Varnholm");
   }
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
   ~Worker() {
     m_extractor.m_list.clear();
-    m_extractor.target()->requireAlbum().deleteSong(m_extractor.m_worker);
+    try {
+      m_album->deleteSong(m_extractor.m_worker);
+    } catch (const std::exception&) {  // the store has failed, and says so at the next save
+    }
     m_extractor.m_worker = nullptr;
   }
 
  private:
   QBLeftHandExtractorPello& m_extractor;
+  platform::Ref<QBAlbum> m_album;
 };
 
 QBLeftHandExtractorPello::QBLeftHandExtractorPello(QBSong* target) : QBLeftHandExtractor(target) {}
@@ -55,7 +60,9 @@ void QBLeftHandExtractorPello::execute(QBChord*, QBChord* current, QBChord*) {
       createChord(*tone);
     }
   }
-  if (QBChord* chosen = evaluate()) chosen->clone(target())->readHarmony();
+  QBChord* chosen = evaluate();
+  QBChord* made = (chosen ? chosen : current)->clone(target());
+  if (chosen) made->readHarmony();
 }
 
 /// The candidates go on with the tone; the shorter runs are of no use any more, so each grows in

@@ -25,8 +25,8 @@ class QBLeftHandExtractorPello final : public QBLeftHandExtractor {
   void createChord(const QBTone& tone);
   QBChord* evaluate();
 
-  platform::Ref<QBSong>
-      m_worker;  ///< Scratch song of the candidates, while one chord is looked at.
+  /// Scratch song of the candidates, while one chord is looked at.
+  platform::Ref<QBSong> m_worker;
   std::vector<platform::Ref<QBChord>> m_list;
 };
 

@@ -5,8 +5,8 @@
 
 namespace korvel {
 
-/// Deletes the highest and the lowest tone. Chords of one or two tones keep them: merged with the
-/// outer voices again they would be lost otherwise.
+/// Deletes the highest and the lowest tone. Chords of one or two tones have no middle and are
+/// left whole, as intended.
 class QBRemoveMelodyBrass final : public QBChordVisitor {
  public:
   void execute(QBChord* previous, QBChord* current, QBChord* next) override;

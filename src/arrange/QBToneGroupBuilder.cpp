@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "arrange/ToneOrder.h"
 #include "model/QBChord.h"
-#include "model/QBHold.h"
 #include "model/QBTone.h"
 
 namespace korvel {
@@ -19,9 +19,7 @@ QBToneGroupBuilder::QBToneGroupBuilder(QBChord* chord) : m_chord(chord) {}
 QBToneGroupBuilder::~QBToneGroupBuilder() = default;
 
 void QBToneGroupBuilder::build() {
-  const QBHold* hold = m_chord->hold();
-  if (!hold) return;
-  auto tones = hold->tones().snapshot();
+  Tones tones = tonesOf(*m_chord);
   std::ranges::stable_sort(tones, {}, [](const auto& tone) { return tone->amp(); });
   int group = 1;
   double reference = 0.0;

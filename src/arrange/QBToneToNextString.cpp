@@ -2,6 +2,8 @@
 #include "arrange/QBToneToNextString.h"
 
 #include "arrange/ToneOrder.h"
+#include "model/Neck.h"
+#include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
 #include "model/QBInstrument.h"
@@ -9,12 +11,6 @@
 #include "model/QBTone.h"
 
 namespace korvel {
-namespace {
-
-constexpr int kHighestFret = 11;
-
-}  // namespace
-
 QBToneToNextString::QBToneToNextString(QBSong* target) : m_target(target) {}
 
 QBToneToNextString::~QBToneToNextString() = default;
@@ -31,8 +27,8 @@ void QBToneToNextString::execute(QBChord*, QBChord* current, QBChord*) {
 
 QBTone* QBToneToNextString::findPositionsFrom(QBChord& chord, int string, int note) {
   for (int lower = string - 1; lower >= lowestString(); --lower) {
-    const int fret = note - QBInstrument::largeToneOfStringS(lower);
-    if (fret < 0 || fret > kHighestFret) continue;
+    const int fret = addNotes(note, -QBInstrument::largeToneOfStringS(lower));
+    if (fret < 0 || fret >= kFretsToMoveTo) continue;
     return mayMoveTo(chord, lower, fret) ? chord.hold()->addTone(lower, fret, 0.0) : nullptr;
   }
   return nullptr;

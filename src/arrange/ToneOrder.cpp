@@ -5,6 +5,7 @@
 #include <functional>
 #include <tuple>
 
+#include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
 #include "model/QBInstrument.h"
@@ -48,7 +49,7 @@ Tones byStringAndFret(const QBChord& chord) {
 }
 
 int largeToneOf(const QBTone& tone) {
-  return QBInstrument::largeToneOfStringS(tone.string()) + tone.fret();
+  return addNotes(QBInstrument::largeToneOfStringS(tone.string()), tone.fret());
 }
 
 void deleteTones(const QBChord& chord, std::span<const platform::Ref<QBTone>> tones) {

@@ -45,12 +45,21 @@ void printFrom(const QBAlbumNode& album, std::size_t first) {
     Console::attached().print(album.children()[i]->title() + '\n');
 }
 
+/// Songs that a command made before it failed; they are in no tree.
+std::string leftBehind(const QBAlbumNode& album) {
+  std::string list;
+  for (const QBSong* song : album.album()->songs())
+    if (!album.findChild(song)) list += (list.empty() ? "\"" : ", \"") + fullTitle(*song) + '"';
+  return list.empty() ? list : "; it left " + list + " behind";
+}
+
 void perform(const QBAlbumNode& album, const std::string& command) {
   QBSongNode& node = activeNode(album, command);
   requireChords(*node.song(), command);
   const std::string title = fullTitle(*node.song());
   const std::size_t before = album.children().size();
-  if (!node.perform(command)) throw CliError(title + ": " + command + " failed");
+  if (!node.perform(command))
+    throw CliError(title + ": " + command + " failed, as said above" + leftBehind(album));
   printFrom(album, before);
 }
 

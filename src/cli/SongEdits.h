@@ -6,7 +6,8 @@
 namespace korvel::cli {
 
 // Changes of songs and new songs of others. Each saves, prints the title of the song that it made
-// or changed as ALBUM/TITLE, and throws CliError when it cannot.
+// or changed as ALBUM/TITLE, and throws CliError when it cannot;
+// StoreError when it cannot be saved.
 
 /// Chords are named by their position, counted from 1; the ends may be given in either order.
 void setLoop(const std::string& song, int from, int to);

@@ -21,10 +21,6 @@ namespace {
 
 void printLine(const std::string& line) { Console::attached().print(line + '\n'); }
 
-void save() {
-  if (!QBTabMgr::db().save()) throw CliError(QBTabMgr::storePath() + ": cannot be saved");
-}
-
 /// Texts of a song need its chords, and are drawn for the tuning that it was made in.
 template <class Text>
 std::string textOf(const QBSong& song, const Text& text) {
@@ -57,7 +53,7 @@ void dumpSong(const std::string& name) { Console::attached().print(songAsJson(ch
 void deleteSong(const std::string& name) {
   QBSong& song = chooseSong(name);
   song.album()->deleteSong(&song);
-  save();
+  QBTabMgr::db().context().save();
 }
 
 void exportText(const std::string& name, const std::string& file) {

@@ -99,8 +99,9 @@ class QBSong final : public platform::ManagedObject {
   QBSong* transformUp(int steps);
   QBSong* transformDown(int steps);
 
-  // Arrangements: each a new song of the same album under a free derived title, the source
-  // unchanged. Voices and loudest tones count from the highest and the loudest.
+  // Arrangements: each a new song of the same album under a free derived title. The source does not
+  // change, but that its chords keep the right-hand patterns that toRightHand reads of them. Voices
+  // and loudest tones count from the highest and the loudest.
   QBSong* applyLoudest(int count);
   /// threshold: share of the loudest tone's amplitude.
   QBSong* removeSilent(float threshold);

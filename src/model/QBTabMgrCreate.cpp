@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <stdexcept>
 
+#include "model/Neck.h"
 #include "model/QBAlbum.h"
 #include "model/QBBlock.h"
 #include "model/QBChord.h"
@@ -23,8 +24,6 @@
 
 namespace korvel {
 namespace {
-
-constexpr int kStrings = 6;
 
 struct PatternText {
   const char* text;

@@ -63,7 +63,7 @@ void QBBestFingering::execute(QBChord*, QBChord* current, QBChord*) {
   const Tones tones = tonesOf(*current);
   if (tones.size() < kFewestTones) return;
   QBTabBuilder builder(current, m_instrument(), 0, 0);
-  builder.build();
+  builder.collect();
   builder.keepComplete();
   const QBChord* fingering = builder.best();
   if (!fingering) return;

@@ -23,7 +23,6 @@ constexpr int kPositionRow = 9;
 constexpr int kFrameColumns = 8;
 constexpr int kFretColumns = 2;
 constexpr int kRoomBeforeGroup = 4;
-constexpr int kRowsToNextSystem = 12;
 constexpr int kRowsToNextSystemOfMeasure = 15;
 
 bool isSilent(const QBChord& chord) { return !chord.hold() || chord.hold()->isEmpty(); }

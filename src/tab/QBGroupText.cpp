@@ -7,12 +7,11 @@
 namespace korvel {
 
 std::string QBGroup::toMatrix() const {
-  constexpr int kWidth = 102;
   QBTabMatrix matrix;
   matrix.openSystem(systemLabel());
   const QBChord* previous = nullptr;
   for (const auto& chord : m_members) {
-    chord->addToTabulatureWithLineBreak(matrix, previous, 0, kWidth);
+    chord->addToTabulatureWithLineBreak(matrix, previous, 0, kWidthOfSystem);
     previous = chord;
   }
   return matrix.toStringInverted();

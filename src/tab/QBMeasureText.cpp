@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kWidth = 142;
 constexpr int kLoopRow = 10;
-constexpr int kRowsToNextSystem = 12;
 
 /// Follows the groups through a measure: the last chord of each is drawn with the group's size,
 /// the others with 0.

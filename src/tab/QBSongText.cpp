@@ -12,7 +12,6 @@
 namespace korvel {
 namespace {
 
-constexpr int kWidth = 102;
 constexpr int kLoopRow = 9;
 
 void openPage(QBTabMatrix& matrix, const QBSong& song) {
@@ -27,7 +26,7 @@ void markLoop(QBTabMatrix& matrix) {
 /// The first mark stands after its chord and asks only whether the position lies between the ends,
 /// as intended: a loop that has just an end begins with the song.
 void drawFirst(QBTabMatrix& matrix, QBChord& chord, const LoopRange& loop) {
-  chord.addToTabulatureWithLineBreak(matrix, nullptr, 0, kWidth);
+  chord.addToTabulatureWithLineBreak(matrix, nullptr, 0, kWidthOfSystem);
   if (loop.contains(chord.position())) markLoop(matrix);
 }
 
@@ -35,7 +34,7 @@ void drawFirst(QBTabMatrix& matrix, QBChord& chord, const LoopRange& loop) {
 void drawNext(QBTabMatrix& matrix, QBChord& chord, const QBChord* previous, int groupFlag,
               const LoopRange& loop) {
   if (loop.isSet() && loop.contains(chord.position())) markLoop(matrix);
-  chord.addToTabulatureWithLineBreak(matrix, previous, groupFlag, kWidth);
+  chord.addToTabulatureWithLineBreak(matrix, previous, groupFlag, kWidthOfSystem);
 }
 
 /// Throws std::out_of_range for a song without chords.

@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "arrange/ToneOrder.h"
+#include "model/Neck.h"
 #include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
@@ -16,8 +17,6 @@
 
 namespace korvel {
 namespace {
-
-constexpr int kFrets = 12;  // 0..11
 
 Tones fromHighestString(const QBChord& chord) {
   Tones tones = tonesOf(chord);
@@ -39,8 +38,8 @@ int patternWeight(QBChord& chord) {
 }
 
 /// Not an order, as intended: of two candidates the lower one wins when it is asked about, unless
-/// it is wider, but never the higher one. Candidates are found from high positions to low ones, so
-/// it is the later one that is asked about.
+/// it is wider, but never the higher one. The position that the
+/// chord has, which lies lowest, is found last, so it is the later one that is asked about.
 bool precedes(QBHold& hold, QBHold& other) {
   if (hold.m_minFret != other.m_minFret)
     return hold.m_minFret < other.m_minFret && hold.sizeOfHold() <= other.sizeOfHold();
@@ -59,9 +58,13 @@ QBTabBuilder::QBTabBuilder(QBChord* source, QBInstrument* instrument, int minFre
 QBTabBuilder::~QBTabBuilder() = default;
 
 QBChord* QBTabBuilder::build() {
+  collect();
+  return best();
+}
+
+void QBTabBuilder::collect() {
   for (const auto& tone : fromHighestString(*m_source))
     findPositionsFrom(tone->string(), tone->fret(), largeToneOf(*tone));
-  return best();
 }
 
 // A scan, because the comparison is not transitive and sorting by it has no defined outcome.
@@ -86,7 +89,7 @@ void QBTabBuilder::findPositionsFrom(int string, int fret, int largeTone) {
   };
   for (int lower = string - 1; lower >= 0; --lower) {
     const int atFret = addNotes(largeTone, -QBInstrument::largeToneOfStringS(lower));
-    if (atFret >= 0 && atFret < kFrets) offer(lower, atFret);
+    if (atFret >= 0 && atFret < kFretsToMoveTo) offer(lower, atFret);
   }
   offer(string, fret);
   m_candidates.insert(m_candidates.end(), found.begin(), found.end());

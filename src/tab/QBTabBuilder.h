@@ -13,10 +13,11 @@ class QBChord;
 class QBInstrument;
 class QBTone;
 
-/// Finds fingerings for one chord: candidates, one for each string that can play its highest tone,
-/// take the other tones on whatever strings they have free. Candidates live in a scratch song.
+/// Finds fingerings for one chord: candidates, one for each string that can play the lowest tone of
+/// its highest string, take the other tones on whatever strings they have free. Candidates live in
+/// a scratch song.
 ///
-/// `build`, then what narrows the candidates down, then `best`.
+/// `build`; or `collect`, then what narrows the candidates down, then `best`.
 class QBTabBuilder {
  public:
   /// The search regards neither the lowest fret nor the offset.
@@ -28,6 +29,7 @@ class QBTabBuilder {
   /// In the order in which they were found.
   const std::vector<platform::Ref<QBChord>>& m_chords() const { return m_candidates; }
 
+  void collect();
   /// Collects the candidates and answers the best; none for a chord without tones. The chord is
   /// valid until disposed of.
   QBChord* build();

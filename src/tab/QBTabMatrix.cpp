@@ -5,15 +5,15 @@
 #include <iterator>
 #include <vector>
 
+#include "model/Neck.h"
 #include "platform/Utf8.h"
 
 namespace korvel {
 namespace {
 
-constexpr int kStrings = 6;
 constexpr int kRowsPerPage = 64;
 constexpr std::size_t kTitleWidth = 100;
-constexpr int kRowsToNextSystem = 8;
+constexpr int kRowsOfClosedSystem = 8;
 
 std::string joined(const std::vector<std::string>& characters, std::size_t from, std::size_t to) {
   std::string text;
@@ -62,7 +62,7 @@ void QBTabMatrix::closeSystem() {
   m_xPos += 6;
   barLine(m_xPos);
   m_xPos = 3;
-  m_yPos += kRowsToNextSystem;
+  m_yPos += kRowsOfClosedSystem;
 }
 
 void QBTabMatrix::closeMeasure() {

@@ -8,6 +8,11 @@
 
 namespace korvel {
 
+/// Columns that a system has at most where chords are drawn without measures.
+inline constexpr int kWidthOfSystem = 102;
+/// Rows from one system to the next.
+inline constexpr int kRowsToNextSystem = 12;
+
 /// The grid that a tablature is drawn on, with the place where the next chord goes. A system has,
 /// counted from the row m_yPos of its top string line:
 ///

@@ -25,7 +25,7 @@ QBSong* cloneThrough(QBSong* song, QBChordVisitor&& filter, const char* mark) {
 
 std::string madeTabDirectory() {
   const QBSettings* settings = QBTabMgr::db().selectedSettings();
-  const std::string folder = settings ? settings->tabDirectory() : "./";
+  const std::string folder = settings ? settings->tabDirectory() : "./Tab/";
   std::filesystem::create_directories(folder);
   return folder;
 }

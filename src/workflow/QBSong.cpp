@@ -134,7 +134,7 @@ QBSong* QBSong::transposed(const std::string& derivedTitle, int offset) {
   QBSong* made = db.createSong(derivedTitle, tuning(), instrument, &requireAlbum());
   for (const auto& chord : allChords()) {
     QBChordTransposer transposer(chord, instrument, 0, offset);
-    if (QBChord* moved = transposer.transpose()) moved->clone(made);
+    transposer.transpose()->clone(made);
     transposer.dispose();
   }
   made->buildTab();

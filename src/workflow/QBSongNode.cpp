@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/QBSongNode.h"
 
-#include <filesystem>
 #include <optional>
 #include <stdexcept>
 
@@ -9,6 +8,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "platform/FileError.h"
+#include "platform/Files.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
@@ -18,11 +18,10 @@ namespace {
 
 void printOut(std::string_view text) { QBSession::session().addToLog(text); }
 
-/// Writing itself reports nothing, so what it left is looked at.
-void requireWritten(const std::string& path) {
-  std::error_code error;
-  const auto size = std::filesystem::file_size(path, error);
-  if (error || size == 0) throw platform::FileError(path, "cannot be written");
+/// Writing itself reports nothing, so what it left is read again.
+void requireWritten(const std::string& path, const std::string& text) {
+  if (platform::readWholeFile(path) != text)
+    throw platform::FileError(path, "could not be written whole");
 }
 
 }  // namespace
@@ -94,7 +93,7 @@ void QBSongNode::exportAsFile() {
   const auto path = panel ? panel->chooseFile(m_song->title() + ".txt") : std::nullopt;
   if (!path) return;
   m_song->tofile(*path);
-  requireWritten(*path);
+  requireWritten(*path, m_song->toStringForExport());
   printOut(*path);
 }
 

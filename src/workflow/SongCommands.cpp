@@ -21,7 +21,8 @@ QBSong* withoutOptions(QBSong& song) {
   return song.removeOptions({Options...});
 }
 
-/// Long tones first, so that they can be counted; the song of long tones is only a step.
+/// Long tones first, so that they can be counted; the song of long tones is only a step. It goes,
+/// and the title is set, before anybody sees the new song, so that every view has its final title.
 template <int Beat, int Beattype>
 QBSong* laidIntoMetre(QBSong& song) {
   QBAlbum& album = song.requireAlbum();

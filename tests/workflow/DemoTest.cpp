@@ -15,8 +15,8 @@
 #include "platform/Resources.h"
 #include "support/RecordingViews.h"
 #include "support/ScratchFolder.h"
-#include "workflow/QBCmdImportSong.h"
 #include "workflow/QBAlbumNode.h"
+#include "workflow/QBCmdImportSong.h"
 
 namespace korvel {
 namespace {

@@ -9,9 +9,9 @@
 #include "model/QBTabMgr.h"
 #include "support/RecordingViews.h"
 #include "support/ScratchStore.h"
+#include "workflow/QBAlbumNode.h"
 #include "workflow/QBCommand.h"
 #include "workflow/QBNameMgr.h"
-#include "workflow/QBAlbumNode.h"
 
 namespace korvel {
 namespace {
