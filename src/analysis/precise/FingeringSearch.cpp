@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/precise/FingeringSearch.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <tuple>
+
+namespace korvel::precise {
+namespace {
+
+constexpr std::size_t kBeam = 40;
+constexpr int kFingers = 4;
+constexpr int kHighPlace = 7;
+/// Seconds that a note may lose for nothing when its string is needed, and beyond these until the
+/// loss costs all. Ends of notes are heard late rather than early.
+constexpr double kCutFree = 0.15;
+constexpr double kCutFull = 0.3;
+
+float beyond(int value, int limit) { return static_cast<float>(std::max(0, value - limit)); }
+
+}  // namespace
+
+FingeringSearch::FingeringSearch(const OpenStrings& open, int frets, const FingeringCosts& costs,
+                                 std::span<const Note> notes)
+    : m_costs(costs), m_notes(notes), m_gripList(open, frets), m_hands(1) {
+  m_hands.front().place = costs.home;
+  m_hands.front().fret.fill(Grip::kNone);
+}
+
+void FingeringSearch::add(std::span<const std::size_t> event) {
+  readEvent(event);
+  weighChoices();
+  keepBest();
+}
+
+void FingeringSearch::readEvent(std::span<const std::size_t> event) {
+  m_event = event;
+  m_sizes.push_back(event.size());
+  m_now = std::numeric_limits<double>::max();
+  std::array<int, kStrings> pitches{};
+  for (std::size_t i = 0; i < event.size(); ++i) {
+    pitches[i] = m_notes[event[i]].pitch;
+    m_now = std::min(m_now, m_notes[event[i]].onset);
+  }
+  m_grips = m_gripList.find(std::span(pitches).first(event.size()));
+  m_gripCosts.clear();
+  for (const Grip& grip : m_grips) m_gripCosts.push_back(costOf(grip));
+}
+
+// A tie goes to the choice that was found first, so that every run answers the same.
+void FingeringSearch::weighChoices() {
+  m_choices.clear();
+  for (std::size_t h = 0; h < m_hands.size(); ++h) {
+    for (std::size_t g = 0; g < m_grips.size(); ++g) {
+      const int place = placeFor(m_grips[g], m_hands[h].place);
+      const float cost = m_hands[h].cost + m_gripCosts[g] + costOfPlace(m_hands[h].place, place) +
+                         costOfCutting(m_hands[h], m_grips[g]);
+      m_choices.push_back(
+          {cost, place, static_cast<std::uint16_t>(h), static_cast<std::uint16_t>(g)});
+    }
+  }
+  std::ranges::sort(m_choices, [](const Choice& a, const Choice& b) {
+    return std::tie(a.cost, a.hand, a.grip) < std::tie(b.cost, b.hand, b.grip);
+  });
+}
+
+void FingeringSearch::keepBest() {
+  m_next.clear();
+  for (const Choice& choice : m_choices) {
+    if (m_next.size() == kBeam) break;
+    keep(choice);
+  }
+  std::swap(m_hands, m_next);
+  // Sums that grow for an hour would lose what the single grips differ by.
+  const float least = m_hands.front().cost;
+  for (Hand& hand : m_hands) hand.cost -= least;
+}
+
+void FingeringSearch::keep(const Choice& choice) {
+  Hand hand = after(choice);
+  if (std::ranges::any_of(m_next, [&](const Hand& kept) { return soundAlike(kept, hand); })) return;
+  hand.step = static_cast<std::int32_t>(m_steps.size());
+  m_steps.push_back({m_hands[choice.hand].step, m_grips[choice.grip].string});
+  m_next.push_back(hand);
+}
+
+float FingeringSearch::costOf(const Grip& grip) const {
+  const int span = grip.highest - grip.lowest;
+  return m_costs.perFret * static_cast<float>(grip.sum) +
+         m_costs.wideSpan * beyond(span, kFingers - 1) + m_costs.hardSpan * beyond(span, kFingers) +
+         m_costs.openString * static_cast<float>(grip.open) +
+         m_costs.gap * static_cast<float>(grip.gaps);
+}
+
+float FingeringSearch::costOfPlace(int from, int to) const {
+  if (to == FingeringCosts::kNowhere) return 0;
+  float cost = m_costs.perFretHigh * beyond(to, kHighPlace) +
+               m_costs.perFretFromHome * beyond(std::abs(to - m_costs.home), m_costs.homeSlack);
+  if (from != FingeringCosts::kNowhere && from != to)
+    cost += m_costs.shift + m_costs.perFretShifted * static_cast<float>(std::abs(to - from));
+  return cost;
+}
+
+float FingeringSearch::costOfCutting(const Hand& hand, const Grip& grip) const {
+  float cost = 0;
+  for (std::size_t s = 0; s < kStrings; ++s) {
+    if (grip.fret[s] == Grip::kNone || grip.fret[s] == hand.fret[s]) continue;
+    const double lost = (hand.end[s] - m_now - kCutFree) / kCutFull;
+    cost += m_costs.cutOff * static_cast<float>(std::clamp(lost, 0.0, 1.0));
+  }
+  return cost;
+}
+
+/// The nearest place from which the fingers reach, or the lowest fret when they do not.
+int FingeringSearch::placeFor(const Grip& grip, int from) const {
+  if (grip.highest == 0) return from;
+  const int lowest = std::max(1, grip.highest - (kFingers - 1));
+  if (lowest > grip.lowest) return grip.lowest;
+  return std::clamp(from, lowest, grip.lowest);
+}
+
+FingeringSearch::Hand FingeringSearch::after(const Choice& choice) const {
+  Hand hand = m_hands[choice.hand];
+  const Grip& grip = m_grips[choice.grip];
+  hand.cost = choice.cost;
+  hand.place = choice.place;
+  for (std::size_t i = 0; i < m_event.size(); ++i) {
+    if (grip.string[i] == Grip::kNone) continue;
+    const auto s = static_cast<std::size_t>(grip.string[i]);
+    hand.fret[s] = grip.fret[s];
+    hand.end[s] = m_notes[m_event[i]].end;
+  }
+  return hand;
+}
+
+/// Whether all that follows costs both the same.
+bool FingeringSearch::soundAlike(const Hand& a, const Hand& b) const {
+  if (a.place != b.place) return false;
+  for (std::size_t s = 0; s < kStrings; ++s) {
+    const bool sounds = a.end[s] > m_now;
+    if (sounds != (b.end[s] > m_now) || (sounds && a.fret[s] != b.fret[s])) return false;
+  }
+  return true;
+}
+
+std::vector<std::int8_t> FingeringSearch::strings() const {
+  std::vector<std::int8_t> found;
+  std::int32_t step = m_hands.front().step;
+  for (std::size_t event = m_sizes.size(); event-- > 0;) {
+    const Step& taken = m_steps[static_cast<std::size_t>(step)];
+    for (std::size_t i = m_sizes[event]; i-- > 0;) found.push_back(taken.string[i]);
+    step = taken.before;
+  }
+  std::ranges::reverse(found);
+  return found;
+}
+
+}  // namespace korvel::precise
