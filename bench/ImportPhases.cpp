@@ -12,7 +12,7 @@
 #include "model/QBTabMgr.h"
 #include "support/ScratchFolder.h"
 #include "workflow/QBCmdImportSong.h"
-#include "workflow/QBTreeNode.h"
+#include "workflow/QBAlbumNode.h"
 
 namespace {
 
