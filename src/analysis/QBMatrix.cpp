@@ -9,12 +9,12 @@
 
 namespace korvel {
 
-void QBMatrix::set(int column, int row, QBMatrixValue value) {
+void QBMatrix::setRun(int column, int row, int n, QBMatrixValue value) {
   if (row < 0) throw std::out_of_range("row " + std::to_string(row));
   const auto at = static_cast<std::size_t>(row);
   if (m_lines.size() <= at) m_lines.resize(at + 1, QBMatrixLine(m_empty));
-  m_lines[at].set(column, value);
-  m_width = std::max(m_width, column);
+  m_lines[at].setRun(column, n, value);
+  m_width = std::max(m_width, column + n - 1);
 }
 
 const QBMatrixValue* QBMatrix::get(int column, int row) const {

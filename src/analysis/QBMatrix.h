@@ -24,7 +24,9 @@ class QBMatrix {
 
   /// Puts a cell, with empty rows and filler cells before it as needed. A negative column or row
   /// throws std::out_of_range.
-  void set(int column, int row, QBMatrixValue value);
+  void set(int column, int row, QBMatrixValue value) { setRun(column, row, 1, value); }
+  /// The same for n > 0 cells from the column on.
+  void setRun(int column, int row, int n, QBMatrixValue value);
 
   /// Null where there is no cell; valid until the matrix is changed.
   const QBMatrixValue* get(int column, int row) const;

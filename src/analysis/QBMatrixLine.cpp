@@ -12,19 +12,11 @@ constexpr int kCompleteCount = 9;
 
 }  // namespace
 
-void QBMatrixLine::set(int column, QBMatrixValue value) {
+void QBMatrixLine::setRun(int column, int n, QBMatrixValue value) {
   if (column < 0) throw std::out_of_range("column " + std::to_string(column));
-  const auto at = static_cast<std::size_t>(column);
-  if (m_data.size() < at) m_data.resize(at, QBMatrixValue(static_cast<float>(m_empty)));
-  if (m_data.size() > at) {
-    m_data[at] = value;
-  } else {
-    m_data.push_back(value);
-  }
-}
-
-const QBMatrixValue* QBMatrixLine::get(int column) const {
-  return column < 0 || column >= length() ? nullptr : &m_data[static_cast<std::size_t>(column)];
+  const auto end = static_cast<std::size_t>(column) + static_cast<std::size_t>(n);
+  if (m_data.size() < end) m_data.resize(end, QBMatrixValue(static_cast<float>(m_empty)));
+  std::fill_n(m_data.begin() + column, n, value);
 }
 
 bool QBMatrixLine::isCompleted() const {

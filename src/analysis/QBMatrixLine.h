@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "analysis/QBMatrixValue.h"
@@ -15,10 +16,14 @@ class QBMatrixLine {
 
   /// Puts a cell at a column, with filler cells before it where the row was shorter. A negative
   /// column throws std::out_of_range.
-  void set(int column, QBMatrixValue value);
+  void set(int column, QBMatrixValue value) { setRun(column, 1, value); }
+  /// The same for n > 0 cells from the column on.
+  void setRun(int column, int n, QBMatrixValue value);
 
   /// Null beside the row; valid until the row is changed.
-  const QBMatrixValue* get(int column) const;
+  const QBMatrixValue* get(int column) const {
+    return column < 0 || column >= length() ? nullptr : &m_data[static_cast<std::size_t>(column)];
+  }
   int length() const { return static_cast<int>(m_data.size()); }
   /// True when at least nine cells hold 1.0.
   bool isCompleted() const;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace korvel {
@@ -21,9 +22,19 @@ class QBMatrixValue {
 
   float getFloat() const { return m_float; }
   /// Valid until the cell is changed or moved.
-  std::string_view getString() const;
+  std::string_view getString() const {
+    if (m_string.front() == kLongText) return longText();
+    std::size_t size = 0;
+    while (size < m_string.size() && m_string[size] != '\0') ++size;
+    return {m_string.data(), size};
+  }
 
  private:
+  /// No byte of UTF-8: as the first of a cell it says that the other three number a long text.
+  static constexpr char kLongText = '\xFF';
+  static bool fits(std::string_view text);
+  std::string_view longText() const;
+
   float m_float = 0.0F;
   std::array<char, 4> m_string{' '};
 };

@@ -42,10 +42,14 @@ std::size_t characterCount(std::string_view text) {
   return count;
 }
 
+std::string_view firstCharacter(std::string_view text) {
+  return text.empty() ? text : text.substr(0, firstLength(text));
+}
+
 std::vector<std::string> characters(std::string_view text) {
   std::vector<std::string> found;
   while (!text.empty()) {
-    found.emplace_back(text.substr(0, firstLength(text)));
+    found.emplace_back(firstCharacter(text));
     text.remove_prefix(found.back().size());
   }
   return found;

@@ -12,6 +12,9 @@ namespace korvel::platform {
 /// character counts as one.
 std::size_t characterCount(std::string_view text);
 
+/// The character that a UTF-8 text begins with; empty when the text is.
+std::string_view firstCharacter(std::string_view text);
+
 /// The characters of a UTF-8 text, one entry each; joined they give the text back.
 std::vector<std::string> characters(std::string_view text);
 

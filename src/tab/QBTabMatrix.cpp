@@ -98,8 +98,13 @@ void QBTabMatrix::stringLines(int x, int n) {
 void QBTabMatrix::barLine(int x) { vertLine(x, m_yPos, kStrings); }
 
 std::string QBTabMatrix::row(int y, int columns) const {
+  const QBMatrixLine& line = m_lines.at(static_cast<std::size_t>(y));
   std::string text;
-  for (int x = 0; x < columns; ++x) text += getString(x, y).value_or(" ");
+  text.reserve(static_cast<std::size_t>(columns));
+  for (int x = 0; x < columns; ++x) {
+    const QBMatrixValue* cell = line.get(x);
+    text += cell ? cell->getString() : " ";
+  }
   return text;
 }
 

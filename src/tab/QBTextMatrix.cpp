@@ -4,12 +4,17 @@
 #include "platform/Utf8.h"
 
 namespace korvel {
+namespace {
 
-void QBTextMatrix::setString(int x, int y, std::string_view text) {
+QBMatrixValue cellOf(std::string_view text) {
   QBMatrixValue cell;
   cell.setString(text);
-  set(x, y, cell);
+  return cell;
 }
+
+}  // namespace
+
+void QBTextMatrix::setString(int x, int y, std::string_view text) { set(x, y, cellOf(text)); }
 
 std::optional<std::string_view> QBTextMatrix::getString(int x, int y) const {
   const QBMatrixValue* cell = get(x, y);
@@ -17,15 +22,23 @@ std::optional<std::string_view> QBTextMatrix::getString(int x, int y) const {
 }
 
 void QBTextMatrix::horText(int x, int y, std::string_view text) {
-  for (const auto& character : platform::characters(text)) setString(x++, y, character);
+  while (!text.empty()) {
+    const std::string_view character = platform::firstCharacter(text);
+    setString(x++, y, character);
+    text.remove_prefix(character.size());
+  }
 }
 
 void QBTextMatrix::vertText(int x, int y, std::string_view text) {
-  for (const auto& character : platform::characters(text)) setString(x, y++, character);
+  while (!text.empty()) {
+    const std::string_view character = platform::firstCharacter(text);
+    setString(x, y++, character);
+    text.remove_prefix(character.size());
+  }
 }
 
 void QBTextMatrix::horLine(int x, int y, int n) {
-  for (int i = 0; i < n; ++i) setString(x + i, y, "-");
+  if (n > 0) setRun(x, y, n, cellOf("-"));
 }
 
 void QBTextMatrix::vertLine(int x, int y, int n) {
