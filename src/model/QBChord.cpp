@@ -25,7 +25,7 @@ platform::EntityDescription QBChord::describe() {
       .toOne<&QBChord::m_pattern>("pattern", "QBRightHandPattern")
       .toOne<&QBChord::m_leftpattern>("leftpattern", "QBLeftHandPattern")
       .toOneInverse<&QBChord::m_hold>("hold", "QBHold", "chord", true)
-      .toOneInverse<&QBChord::m_block>("block", "QBBlock", "chord")
+      .toOneInverse<&QBChord::m_block>("block", "QBBlock", "chord", true)
       .build();
 }
 

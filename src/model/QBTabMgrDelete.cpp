@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <ranges>
 
 #include "model/QBAlbum.h"
 #include "model/QBBlock.h"
@@ -28,7 +29,8 @@ void QBTabMgr::deleteAlbum(QBAlbum* album) {
 
 void QBTabMgr::deleteSong(QBSong* song) {
   if (!song) return;
-  for (const auto& chord : song->chords().snapshot()) deleteChord(chord);
+  const auto chords = song->chords().snapshot();
+  for (const auto& chord : std::views::reverse(chords)) deleteChord(chord);
   deleteInstance(song);
 }
 

@@ -18,7 +18,7 @@ class SqliteStatement;
 
 /// One connection to a SQLite file. Thin on purpose: the C API with lifetimes and exceptions added,
 /// which leaves the backup, locking and file-format calls within reach that wrappers hide.
-/// Every failure throws StoreError with the file's name.
+/// For one thread at a time. Every failure throws StoreError with the file's name.
 class SqliteDatabase {
  public:
   enum class Mode { readOnly, readWrite, create };
