@@ -265,5 +265,16 @@ TEST_F(ManagedContextTest, newObjectsKeepClearOfOddIdsInADamagedStore) {
   EXPECT_THROW(m_context->insert("Cover"), StoreError);
 }
 
+TEST_F(ManagedContextTest, newObjectTakesTheReferencesThatAwaitItsIdInADamagedStore) {
+  m_context->store().execute("PRAGMA foreign_keys = OFF; INSERT INTO Page(id, book) VALUES(1, 1)");
+  Book* made = book("new");
+  ASSERT_EQ(made->objectId(), 1);
+  const auto pages = m_context->fetchAll<Page>("Page");
+  EXPECT_EQ(pages.at(0)->book(), made);
+  m_context->save();
+  EXPECT_EQ(onlyBook().get(), made);
+  EXPECT_EQ(pages.at(0)->book(), made);
+}
+
 }  // namespace
 }  // namespace korvel::platform

@@ -12,6 +12,7 @@ namespace korvel::platform {
 namespace {
 
 constexpr std::int64_t kNoId = 0;
+constexpr std::int64_t kNoNewId = std::numeric_limits<std::int64_t>::max();
 
 bool olderThan(const ManagedObject* member, std::int64_t id) { return member->objectId() < id; }
 
@@ -65,10 +66,13 @@ struct ManagedContext::Table {
 
   const EntityDescription& entity;
   const std::string select, insert, update, remove;
+  /// The objects that have a row. New ones are in `inserted` alone, since most never get one.
   std::unordered_map<std::int64_t, Ref<ManagedObject>> objects;
   PendingObjects inserted, changed;
   std::unordered_set<std::int64_t> deleted;
   std::int64_t lastId = -1;
+  std::int64_t firstNewId = kNoNewId;    ///< No id in `inserted` is lower.
+  std::int64_t highestReferred = kNoId;  ///< Of the ids that rows name.
 };
 
 ManagedContext::ManagedContext(std::unique_ptr<SqliteDatabase> store, const ObjectModel& model)
@@ -78,11 +82,13 @@ ManagedContext::ManagedContext(std::unique_ptr<SqliteDatabase> store, const Obje
 }
 
 ManagedContext::~ManagedContext() {
+  const auto release = [](ManagedObject& object) {
+    forgetRelationships(object);
+    object.m_context = nullptr;
+  };
   for (const auto& table : m_tables) {
-    for (const auto& [id, object] : table->objects) {
-      forgetRelationships(*object);
-      object->m_context = nullptr;
-    }
+    for (const auto& [id, object] : table->objects) release(*object);
+    for (ManagedObject* object : table->inserted.inCreationOrder()) release(*object);
   }
 }
 
@@ -101,23 +107,23 @@ SqliteStatement& ManagedContext::statement(const std::string& sql) {
 
 // ---- creating and deleting
 
-ManagedObject* ManagedContext::make(const EntityDescription& entity, std::int64_t id) {
+Ref<ManagedObject> ManagedContext::make(const EntityDescription& entity, std::int64_t id) {
   Ref<ManagedObject> object = entity.make();
   object->m_context = this;
   object->m_entity = &entity;
   object->m_id = id;
-  tableOf(entity).objects.emplace(id, object);
-  return object.get();
+  return object;
 }
 
 ManagedObject* ManagedContext::insert(std::string_view entityName) {
   const EntityDescription& entity = m_model.entity(entityName);
   Table& table = tableOf(entity);
-  ManagedObject* object = make(entity, nextId(table));
+  const Ref<ManagedObject> object = make(entity, nextId(table));
   object->m_inserted = true;
   for (const MembersDescription& members : entity.members) members.slot(*object).m_loaded = true;
+  if (table.inserted.empty()) table.firstNewId = object->m_id;
   table.inserted.add(*object);
-  return object;
+  return object.get();
 }
 
 std::int64_t ManagedContext::nextId(Table& table) {
@@ -129,7 +135,8 @@ std::int64_t ManagedContext::nextId(Table& table) {
       throw StoreError(StoreError::Reason::damaged, m_store->file(),
                        "the store is damaged: " + table.entity.name + " has no free ids");
     ++table.lastId;
-  } while (table.objects.contains(table.lastId));  // known by a reference whose row is missing
+    // A damaged store may refer to rows that are missing.
+  } while (table.lastId <= table.highestReferred && table.objects.contains(table.lastId));
   return table.lastId;
 }
 
@@ -141,10 +148,13 @@ void ManagedContext::remove(ManagedObject& object) {
   emptyRelationships(object);
   Table& table = tableOf(object.entity());
   object.m_deleted = true;
-  if (object.m_inserted) table.inserted.remove(object);
   if (object.m_changed) table.changed.remove(object);
-  if (!object.m_inserted) table.deleted.insert(object.m_id);
-  table.objects.erase(object.m_id);
+  if (object.m_inserted) {
+    table.inserted.remove(object);
+  } else {
+    table.deleted.insert(object.m_id);
+    table.objects.erase(object.m_id);
+  }
 }
 
 void ManagedContext::emptyRelationships(ManagedObject& object) {
@@ -216,10 +226,13 @@ ManagedObject* ManagedContext::byId(const EntityDescription& entity, std::int64_
   const auto known = table.objects.find(id);
   if (known != table.objects.end()) return known->second.get();
   if (table.deleted.contains(id)) return nullptr;
-  ManagedObject* object = make(entity, id);
+  if (id >= table.firstNewId)
+    if (ManagedObject* object = table.inserted.find(id)) return object;
+  const Ref<ManagedObject> object = make(entity, id);
   object->m_fault = true;
   object->m_demanded = false;
-  return object;
+  table.highestReferred = std::max(table.highestReferred, id);
+  return table.objects.emplace(id, object).first->second.get();
 }
 
 ManagedObject* ManagedContext::materialise(const EntityDescription& entity,
@@ -392,9 +405,13 @@ void ManagedContext::writeDeleted(Table& table) {
 }
 
 void ManagedContext::markSaved(Table& table) {
-  for (ManagedObject* object : table.inserted.inCreationOrder()) object->m_inserted = false;
+  for (ManagedObject* object : table.inserted.inCreationOrder()) {
+    object->m_inserted = false;
+    table.objects.emplace(object->m_id, object);
+  }
   for (ManagedObject* object : table.changed.inCreationOrder()) object->m_changed = false;
   table.inserted.clear();
+  table.firstNewId = kNoNewId;
   table.changed.clear();
   table.deleted.clear();
 }

@@ -68,7 +68,7 @@ class ManagedContext {
   // Reading.
   Table& tableOf(const EntityDescription& entity);
   SqliteStatement& statement(const std::string& sql);
-  ManagedObject* make(const EntityDescription& entity, std::int64_t id);
+  Ref<ManagedObject> make(const EntityDescription& entity, std::int64_t id);
   ManagedObject* byId(const EntityDescription& entity, std::int64_t id);
   ManagedObject* materialise(const EntityDescription& entity, const SqliteStatement& row);
   void readRow(ManagedObject& object, const SqliteStatement& row);

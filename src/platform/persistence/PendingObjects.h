@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "platform/persistence/ManagedObject.h"
@@ -16,12 +17,14 @@ class PendingObjects {
   /// The object must have been added.
   void remove(const ManagedObject& object);
   void clear() { m_objects.clear(); }
+  /// Null when there is none of that id.
+  ManagedObject* find(std::int64_t id) const;
 
   bool empty() const { return m_objects.empty(); }
   std::vector<ManagedObject*> inCreationOrder() const;
 
  private:
-  std::vector<ManagedObject*> m_objects;  ///< Null where one was removed; never at the end.
+  std::vector<Ref<ManagedObject>> m_objects;  ///< Null where one was removed; never at the end.
 };
 
 }  // namespace korvel::platform

@@ -53,8 +53,8 @@ void SqliteDatabase::Close::operator()(sqlite3* connection) const { sqlite3_clos
 
 SqliteDatabase::SqliteDatabase(std::string file, Mode mode) : m_file(std::move(file)) {
   sqlite3* connection = nullptr;
-  const int result = sqlite3_open_v2(m_file.c_str(), &connection,
-                      openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int result =
+      sqlite3_open_v2(m_file.c_str(), &connection, openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
   m_connection.reset(connection);
   if (result != SQLITE_OK) fail("cannot open the store");
   sqlite3_extended_result_codes(connection, 1);
