@@ -144,12 +144,26 @@ void commandOfAProcess(benchmark::State& state) {
   }
 }
 
+/// Of a song that is stored.
+void deleteAndSave(benchmark::State& state) {
+  const StoredSong store(state.range(0));
+  for (auto _ : state) {
+    state.PauseTiming();
+    StoredSong::song()->clone()->setTitle("Result");
+    StoredSong::db().save();
+    state.ResumeTiming();
+    deleteResult();
+    StoredSong::db().save();
+  }
+}
+
 BENCHMARK(readSong)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(cloneSong)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(cloneAndDeleteSong)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(buildTab)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(command)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(commandAndSave)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+BENCHMARK(deleteAndSave)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(commandOfAProcess)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 
 }  // namespace

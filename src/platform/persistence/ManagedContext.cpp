@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <ranges>
 
 #include "platform/persistence/PendingObjects.h"
 #include "platform/persistence/StoreError.h"
@@ -357,7 +358,8 @@ void ManagedContext::save() {
     writeInserted(*table);
     writeChanged(*table);
   }
-  for (const auto& table : m_tables) writeDeleted(*table);
+  // The model names owners before what they own. A row goes easier when none points at it any more.
+  for (const auto& table : std::views::reverse(m_tables)) writeDeleted(*table);
   change.commit();
   for (const auto& table : m_tables) markSaved(*table);
 }
