@@ -12,6 +12,7 @@
 #include "arrange/QBExtractVoicings.h"
 #include "arrange/QBFromGroupRemover.h"
 #include "arrange/QBGroupRemover.h"
+#include "arrange/QBMiddleVoiceFilter.h"
 #include "arrange/QBPlectrumExtractor.h"
 #include "arrange/QBRemoveSilent.h"
 #include "arrange/QBToneGroupBuilder.h"
@@ -98,19 +99,38 @@ TEST_F(VoiceFiltersTest, keepTheTonesThatTheyAreFor) {
 }
 
 TEST_F(VoiceFiltersTest, chordsFillMeasuresOneAfterTheOther) {
+  const auto measured = [](QBSong* song, int beat, int beattype) {
+    by<QBApplyMetric>(beat, beattype, song)(*song);
+    std::string text;
+    for (const auto& measure : song->allMeasures()) {
+      for (const auto& chord : measure->allChords())
+        text += std::to_string(chord->duration()) + ' ';
+      text += "| ";
+    }
+    return text;
+  };
   QBSong* song = m_store.song("song");
   for (const int duration : {4, 8, 1, 16, 20, 6, 0, 5, 1, 1}) test::addChord(song, "x0", duration);
   test::addChord(song, "xx", 3);
   test::addChord(song, "x0", 3)->hold()->tones().at(0)->setActive(false);
   test::addChord(song, "x0", 2);
-  by<QBApplyMetric>(6, 8, song)(*song);
-  std::string text;
-  for (const auto& measure : song->allMeasures()) {
-    EXPECT_EQ(measure->beat() * 10 + measure->beattype(), 68);
-    for (const auto& chord : measure->allChords()) text += std::to_string(chord->duration()) + ' ';
-    text += "| ";
-  }
-  EXPECT_EQ(text, "4 8 | 1 | 16 | 20 | 6 0 5 1 | 1 2 | ") << "no measure for what is not heard";
+  EXPECT_EQ(measured(song, 6, 8), "4 8 | 1 | 16 | 20 | 6 0 5 1 | 1 2 | ")
+      << "no measure for what is not heard";
+  QBSong* longFirst = m_store.song("a first chord that is longer than a measure");
+  for (const int duration : {20, 4, 4}) test::addChord(longFirst, "x0", duration);
+  EXPECT_EQ(measured(longFirst, 4, 4), "| 20 | 4 4 | ");
+}
+
+// Counted in chords from the second one of a run on, a later chord having the fewer to come: the A
+// string's run ends one chord before the D string's.
+TEST_F(VoiceFiltersTest, middleTonesThatSoundOnLongestAreKept) {
+  QBSong* song = m_db.createAlbum("Album", false)->createSong("song");
+  test::addChord(song, "0xx1x0")->hold()->addTone(1, 2, 9e9);
+  for (const char* frets : {"022xx0", "022xx0", "022xx0", "0x2xx0"}) test::addChord(song, frets);
+  const QBSong* kept = QBMiddleVoiceFilter(song, 1).filter();
+  EXPECT_EQ(test::fretsOf(*kept), "0xx1x0 02xxx0 0x2xx0 0x2xx0 0x2xx0 ")
+      << "of the first chord, whose tones count nothing, the first in its hold";
+  EXPECT_EQ(kept->title(), "song(mv)");
 }
 
 TEST_F(VoiceFiltersTest, voicingsAreCollectedOnce) {

@@ -20,7 +20,6 @@ class RecordingViews final : public OutputView, public TabView, public NodeMenu,
     SessionViews views;
     views.output = this;
     views.tab = this;
-    views.songMenu = &m_songMenu;
     views.albumMenu = this;
     views.alert = this;
     QBSession::session().attach(views);
@@ -35,7 +34,6 @@ class RecordingViews final : public OutputView, public TabView, public NodeMenu,
   void show(const std::string& text) override { alert = text; }
   int exitStatus() const override { return 0; }
   void endProcess(int status) override { throw ProcessEnded{status}; }
-  bool songMenuEnabled() const { return m_songMenu.enabled; }
 
   void setActiveSong(QBSong*) override {}
   void drawPlayMode(float) override {}
@@ -48,12 +46,6 @@ class RecordingViews final : public OutputView, public TabView, public NodeMenu,
   std::vector<std::string> log;
   std::string content, alert;
   bool albumMenuEnabled = true;
-
- private:
-  struct Menu final : NodeMenu {
-    void enable(bool on) override { enabled = on; }
-    bool enabled = true;
-  } m_songMenu;
 };
 
 }  // namespace korvel::test

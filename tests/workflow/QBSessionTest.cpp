@@ -3,15 +3,21 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <stdexcept>
+
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "support/RecordingViews.h"
-#include "support/ScratchStore.h"
+#include "support/StandardStore.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCommand.h"
 #include "workflow/QBNameMgr.h"
+#include "workflow/QBSongMenu.h"
+#include "workflow/QBSongNode.h"
 
 namespace korvel {
 namespace {
@@ -59,20 +65,42 @@ TEST(QBSession, fatalErrorIsShownBeforeTheProcessEnds) {
             0U);
 }
 
-TEST(QBSession, menusFollowTheKindOfNode) {
-  const test::ScratchStore store;
+TEST(QBSession, songMenuCommandsTheSongThatIsSelectedInTheTree) {
+  const test::StandardStore store;
   test::RecordingViews views;
+  QBSongMenu menu;
   QBSession& session = QBSession::session();
-  QBAlbumNode album(QBTabMgr::db().createAlbum("A", false));
-  QBTreeNode other;
-  session.setActiveTreeNode(&album);
-  EXPECT_TRUE(views.albumMenuEnabled);
-  EXPECT_FALSE(views.songMenuEnabled());
-  EXPECT_EQ(session.activeAlbumNode(), &album);
+  QBAlbum* album = QBTabMgr::db().createAlbum("A", false);
+  test::addChord(album->createSong("S"), "x02210");
+  const auto tree = QBAlbumNode::withSongs(album);
+  const auto enabled = [&] {
+    const auto count = std::ranges::count(menu.items(), true, &QBSongMenu::Item::enabled);
+    EXPECT_TRUE(count == 0 || count == std::ssize(menu.items())) << count;
+    return count > 0;
+  };
+  EXPECT_FALSE(enabled());
+  session.setActiveTreeNode(tree->findChild(album->findSongByName("S")));
+  EXPECT_TRUE(enabled());
+  EXPECT_FALSE(views.albumMenuEnabled);
+  menu.perform("extractLeadingBrass");
+  EXPECT_NE(album->findSongByName("S(Brs)"), nullptr);
+  EXPECT_THROW(menu.perform("extractBrass"), std::invalid_argument) << "the name of the command";
+  menu.perform("deleteSong");
   EXPECT_EQ(session.activeSongNode(), nullptr);
+  menu.perform("deleteSong");
+  EXPECT_EQ(views.log,
+            (std::vector<std::string>{"Bass extracted.", "Song was successfully deleted.",
+                                      "There is currently no Song selected."}));
+  EXPECT_EQ(album->songs().size(), 1U);
+  session.setActiveTreeNode(tree.get());
+  EXPECT_FALSE(enabled());
+  EXPECT_TRUE(views.albumMenuEnabled);
+  EXPECT_EQ(session.activeAlbumNode(), tree.get());
+  QBTreeNode other;
   session.setActiveTreeNode(&other);
   EXPECT_FALSE(views.albumMenuEnabled);
   session.setActiveTreeNode(nullptr);
+  session.setActiveSong(nullptr);
 }
 
 TEST(QBSession, resettingTheLoopClearsBothEnds) {

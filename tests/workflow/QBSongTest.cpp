@@ -12,6 +12,7 @@
 #include "model/QBInstrument.h"
 #include "model/QBMeasure.h"
 #include "model/QBTabMgr.h"
+#include "model/QBTone.h"
 #include "model/QBTuning.h"
 #include "support/StandardStore.h"
 
@@ -193,6 +194,36 @@ TEST_F(QBSongTest, cloneCopiesChordsIntoTheSameAlbum) {
   EXPECT_EQ(copy->allChords()[1]->hold()->toStringClean(), "01220-");
   EXPECT_TRUE(copy->measures().empty());
   EXPECT_EQ(song->chords().size(), 2U);
+}
+
+// Of the longer song, given as the other one, each chord is merged with itself: the shorter one is
+// not in it, as intended.
+TEST_F(QBSongTest, mergingWithALongerSongGivesThatSong) {
+  test::addChord(m_song, "xxxxx5");
+  QBSong* longer = m_album->createSong("Longer");
+  for (const char* frets : {"x02210", "022000"}) test::addChord(longer, frets);
+  const QBSong* merged = m_song->mergeWithSong(*longer);
+  EXPECT_EQ(merged->title(), "Longer(mrg)");
+  EXPECT_EQ(test::fretsOf(*merged), "x02210 022000 ");
+  EXPECT_EQ(test::fretsOf(*longer->mergeWithSong(*m_song)), "x0221[05] 022000 ");
+}
+
+TEST_F(QBSongTest, handsAreSimplifiedOneAfterTheOther) {
+  QBTabMgr::db().addPattern("---xxx", 9);
+  QBTabMgr::db().addPattern("xxx---", 0);
+  QBTabMgr::db().loadPatterns();
+  test::addChord(m_song, "022100");
+  const auto made = [this](QBSong* song) {
+    EXPECT_EQ(song->tabulature(), song->toString()) << "drawn under the final title";
+    EXPECT_EQ(m_album->songs().size(), 2U) << "no song is left of the first step";
+    const std::string text = song->title() + ' ' + test::fretsOf(*song);
+    m_album->deleteSong(m_album->songs().at(1));
+    return text;
+  };
+  EXPECT_EQ(made(m_song->toLeftRightHand()), "Song(L+R) xxx100 ");
+  EXPECT_EQ(made(m_song->toRightLeftHand()), "Song(R+L) 022xxx ");
+  m_song->chords().at(0)->hold()->findToneByString(3)->setAmp(1);
+  EXPECT_EQ(made(m_song->removeSilent(0.5F)), "Song(-Slnt) 022x00 ");
 }
 
 TEST_F(QBSongTest, albumsFindCreateDeleteAndCloneSongs) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "support/Approved.h"
 #include "support/Guitar.h"
 #include "support/SongDesk.h"
+#include "workflow/SongCommands.h"
 
 namespace korvel {
 namespace {
@@ -121,6 +123,16 @@ TEST_F(SongCommandsTest, pickedSongIsArrangedAsApproved) {
 }
 
 TEST_F(SongCommandsTest, melodyIsArrangedAsApproved) { expectCommandsApproved(melody(), "Melody"); }
+
+TEST(SongMenu, standsAsApproved) {
+  std::ostringstream text;
+  for (const SongMenuSection& section : songMenu()) {
+    text << (section.isSeparator() ? "--" : "= ") << section.title << '\n';
+    for (const SongCommand& item : section.items)
+      text << item.title << " | " << item.action << " | " << item.command << '\n';
+  }
+  test::expectApproved(text.str(), "commands/Menu.txt");
+}
 
 TEST_F(SongCommandsTest, chainMakesTheSameSongsAgainAlsoAfterReopening) {
   const std::string first = chained(m_desk.import(strummed(), "Song"));
