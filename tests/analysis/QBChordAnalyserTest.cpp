@@ -82,12 +82,6 @@ TEST_F(QBChordAnalyserTest, everyLiveBlockWithATonesBecomesAChordOfTheSong) {
   EXPECT_EQ(m_analyser.nextChord(m_song), nullptr) << "nothing is pending";
 }
 
-TEST_F(QBChordAnalyserTest, amplitudeIsTheMagnitudeOfTheBin) {
-  push(block({{110.0}}));
-  const double magnitude = m_analyser.nextFFT()->amps()[28 + 13];
-  EXPECT_EQ(chordOf({{110.0}})->hold()->tones().at(0)->amp(), magnitude);
-}
-
 TEST_F(QBChordAnalyserTest, tonesComeLoudestFirst) {
   EXPECT_EQ(tonesOf(chordOf({{110.0, 200}, {196.0, 400}, {329.6, 300}})), "3,0 5,0 1,0 ");
 }

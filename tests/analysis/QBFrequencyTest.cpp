@@ -91,19 +91,6 @@ TEST(QBFrequencyMatrix, otherTablesHoldTheCoarseTones) {
   EXPECT_EQ(tones[1], 87.31035F);
 }
 
-TEST(QBFrequency, knowsItsPlace) {
-  test::StandardStore store;
-  const QBFrequency a(110.0F, 1);
-  const QBFrequency low(73.41F, 1);
-  QBTone* tone = QBTabMgr::db().createTone(nullptr, 1, 0, 0, 1);
-  EXPECT_TRUE(a.isGuitar());
-  EXPECT_TRUE(a.equalsTone(*tone));
-  EXPECT_FALSE(low.isGuitar());
-  EXPECT_FALSE(low.equalsTone(*tone));
-  tone->setFret(1);
-  EXPECT_FALSE(a.equalsTone(*tone));
-}
-
 TEST(QBFrequency, hearsIntervalsUpwardsAndTheirComplements) {
   test::StandardStore store;
   const auto tone = [](float f) { return QBFrequency(f, 1); };
@@ -130,13 +117,6 @@ TEST(QBTuning, findsTheOpenStringOfAFrequency) {
   test::StandardStore store;
   EXPECT_EQ(store.standard()->findBaseToneByFrequency(QBFrequency(196.0F, 1))->order(), 3);
   EXPECT_EQ(store.standard()->findBaseToneByFrequency(QBFrequency(207.6F, 1)), nullptr);
-}
-
-TEST(QBFrequency, stepsByString) {
-  EXPECT_EQ(QBFrequency::stepByString(0), 20);
-  EXPECT_EQ(QBFrequency::stepByString(5), 44);
-  EXPECT_EQ(QBFrequency::stepByString(6), 0);
-  EXPECT_EQ(QBFrequency::stepByString(-1), 0);
 }
 
 }  // namespace

@@ -149,12 +149,5 @@ TEST_F(ChordBookTest, typesHaveOrdersOfTheirOwnAndNoToneTwice) {
   }
 }
 
-TEST(QBHarmony, onlyTheTwelveNotesHaveNames) {
-  std::string names;
-  for (int note = -1; note <= 12; ++note)
-    names += QBHarmony::noteAsString(note).value_or("-") + ' ';
-  EXPECT_EQ(names, "- C C# D Eb E F F# G Ab A Bb B - ");
-}
-
 }  // namespace
 }  // namespace korvel

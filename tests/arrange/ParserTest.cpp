@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "arrange/Scanner.h"
 #include "model/QBHarmony.h"
 #include "model/QBTabMgr.h"
 #include "model/QBToneOfHarmony.h"
@@ -35,8 +36,24 @@ class ParserTest : public testing::Test {
     return lines;
   }
 
+  Lines tokens(const std::string& content) {
+    Lines tokens;
+    Scanner scanner(file(content));
+    while (const auto token = scanner.nextToken()) tokens.push_back(token->value);
+    EXPECT_EQ(scanner.nextToken(), std::nullopt) << "the end is for good";
+    return tokens;
+  }
+
   test::ScratchStore m_store;
 };
+
+TEST_F(ParserTest, tokensStandBetweenAngleBrackets) {
+  EXPECT_EQ(tokens("> comment <*> <> more\n< m 7 >>\r\n<\n>"), (Lines{"*", "", " m 7 ", "\n"}));
+  EXPECT_EQ(tokens("<1> <half <2> <end"), (Lines{"1", "2"})) << "cut, or started anew";
+  const std::string odd("a\0\xff", 3);
+  EXPECT_EQ(tokens("<" + odd + ">"), Lines{odd});
+  EXPECT_EQ(tokens("<1> <2!> <3>"), Lines{"1"}) << "an exclamation mark ends the file anywhere";
+}
 
 TEST_F(ParserTest, createsEveryHarmonyWithItsStepsInOrder) {
   const std::string text =
@@ -59,8 +76,8 @@ TEST_F(ParserTest, stopsAtADeclarationThatLacksATokenAndKeepsTheOnesBefore) {
     EXPECT_EQ(parse(good + rest), Lines{"m 2: 0 "}) << rest;
   }
   EXPECT_EQ(parse("<*> <m> <order> <2> <steps>"), Lines{"m 2: "}) << "a harmony without tones";
-  Parser missing(m_store.folder().file("missing"));
-  EXPECT_TRUE(missing.parseHarmonies().empty());
+  for (const std::string& none : {m_store.folder().file("missing"), m_store.folder().file("")})
+    EXPECT_TRUE(Parser(none).parseHarmonies().empty()) << none;
 }
 
 TEST_F(ParserTest, countsWithOddNumbersWithoutOverflow) {

@@ -94,15 +94,6 @@ TEST_F(QBChordTest, copyGoesToTheEndOfItsSongAndTakesTheBlock) {
   EXPECT_FALSE(chord("xxxxxx")->clone(other)->hasBaseTone());
 }
 
-TEST_F(QBChordTest, mergingAddsWhatIsLacking) {
-  QBChord* bass = chord("x0xxxx");
-  bass->hold()->findToneByString(1)->setAmp(5.0);
-  bass->mergeWith(*chord("x02210"));
-  EXPECT_EQ(bass->hold()->toStringClean(), "01220-");
-  EXPECT_EQ(bass->hold()->findToneByString(1)->amp(), 5.0);
-  EXPECT_EQ(bass->hold()->findToneByString(5)->amp(), 1000000);
-}
-
 TEST_F(QBChordTest, keepsTheSmallestDurationOffered) {
   QBChord* minor = chord("x02210");
   minor->setDuration(0);
@@ -138,23 +129,18 @@ TEST_F(QBChordTest, patternIsTheHeaviestThatFitsAndStays) {
 }
 
 TEST_F(QBChordTest, loudnessLayersOpenAfterTheToneThatLeaps) {
-  QBChord* minor = chord("x02210");
-  const double amps[] = {900000, 200000, 400001, 600001, 400000};
-  std::size_t i = 0;
-  for (QBTone* tone : minor->hold()->tones()) tone->setAmp(amps[i++]);
-  QBToneGroupBuilder(minor).build();
-  std::string groups;
-  for (const QBTone* tone : minor->hold()->tones()) groups += std::to_string(tone->group());
+  const auto layers = [this](std::initializer_list<double> amps) {
+    QBChord* layered = chord("xxxxxx");
+    for (int string = 0; const double amp : amps) layered->hold()->addTone(string++, 0, amp);
+    QBToneGroupBuilder(layered).build();
+    std::string groups;
+    for (const QBTone* tone : layered->hold()->tones()) groups += std::to_string(tone->group());
+    return groups;
+  };
   // From 0, 200000 is no leap and 400000 is one, the last of its layer; from there 600001 is.
-  EXPECT_EQ(groups, "31221");
-  QBChord* loud = chord("x0xxxx");
-  loud->hold()->addTone(2, 2, 1200001);
-  loud->hold()->addTone(3, 2, 1200002);
-  QBToneGroupBuilder(loud).build();
-  groups.clear();
-  for (const QBTone* tone : loud->hold()->tones()) groups += std::to_string(tone->group());
-  EXPECT_EQ(groups, "123") << "the quietest tone opens a layer when it is loud itself";
-  QBToneGroupBuilder(chord("xxxxxx")).build();
+  EXPECT_EQ(layers({900000, 200000, 400001, 600001, 400000}), "31221");
+  EXPECT_EQ(layers({1000000, 1200001, 1200002}), "123") << "the quietest leaps when it is loud";
+  EXPECT_EQ(layers({}), "");
 }
 
 }  // namespace

@@ -64,17 +64,6 @@ TEST_F(QBBlockTest, emptyBlockHasNoAverage) {
   EXPECT_THROW(block({1})->average(), std::domain_error);
 }
 
-TEST_F(QBBlockTest, isFilledWith32768Bytes) {
-  QBBlock* filling = block();
-  EXPECT_EQ(filling->space(), 32768U);
-  filling->addData(platform::Bytes(32767));
-  EXPECT_FALSE(filling->isFilled());
-  EXPECT_EQ(filling->space(), 1U);
-  filling->addData(platform::Bytes(1));
-  EXPECT_TRUE(filling->isFilled());
-  EXPECT_EQ(filling->space(), 0U);
-}
-
 TEST_F(QBBlockTest, samplesAreNumberedFromOneAndComparedByValue) {
   QBBlock* stored = withSamples({7, -7, 7});
   const auto samples = stored->allSamples();

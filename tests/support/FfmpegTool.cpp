@@ -1,26 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/FfmpegTool.h"
 
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <stdexcept>
+
+#include "support/Process.h"
 
 namespace korvel::test {
 namespace {
-
-int run(std::vector<std::string> command) {
-  std::vector<char*> arguments;
-  for (std::string& word : command) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  pid_t child = 0;
-  if (posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0)
-    return -1;
-  int status = 0;
-  waitpid(child, &status, 0);
-  return status;
-}
 
 std::string source(const Sound& sound) {
   std::string channels;
@@ -36,7 +22,7 @@ std::string source(const Sound& sound) {
 void ffmpeg(const std::vector<std::string>& arguments) {
   std::vector<std::string> command{"ffmpeg", "-nostdin", "-v", "error", "-y", "-bitexact"};
   command.insert(command.end(), arguments.begin(), arguments.end());
-  if (run(command) != 0) throw std::runtime_error("ffmpeg failed: " + command.back());
+  if (runProgram(command).status != 0) throw std::runtime_error("ffmpeg failed: " + command.back());
 }
 
 void encode(const Sound& sound, const std::string& file, const std::vector<std::string>& encoding) {

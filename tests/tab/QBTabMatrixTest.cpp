@@ -10,17 +10,6 @@
 namespace korvel {
 namespace {
 
-/// The rows of a text without their trailing blanks.
-std::vector<std::string> rowsOf(const std::string& text) {
-  std::vector<std::string> rows;
-  std::istringstream lines(text);
-  for (std::string line; std::getline(lines, line);)
-    rows.push_back(line.substr(0, line.find_last_not_of(" \r") + 1));
-  return rows;
-}
-
-using Rows = std::vector<std::string>;
-
 TEST(QBTextMatrix, writesOneCharacterACell) {
   QBTextMatrix matrix;
   matrix.horText(1, 0, "F\u266F\u00E9!");
@@ -40,20 +29,6 @@ TEST(QBTextMatrix, writesOneCharacterACell) {
   EXPECT_THROW(matrix.horText(0, -1, "x"), std::out_of_range);
 }
 
-TEST(QBTabMatrix, opensPageAndSystem) {
-  QBTabMatrix matrix;
-  matrix.newPage("A song");
-  EXPECT_EQ(matrix.m_yPos, 3);
-  matrix.openSystem("EBGDAE");
-  EXPECT_EQ(matrix.m_xPos, 8);
-  EXPECT_EQ(rowsOf(matrix.toStringInverted()),
-            (Rows{"    Recorded by Korvel", "        A song", "", " |E----", " |B----", " |G----",
-                  " |D----", " |A----", " |E----"}));
-  matrix.newPage("Next");
-  EXPECT_EQ(matrix.getString(4, 64), "R");
-  EXPECT_EQ(matrix.m_yPos, 67);
-}
-
 TEST(QBTabMatrix, cutsTitlesByCharacters) {
   const auto firstSystemOf = [](std::size_t length) {
     std::string title;
@@ -68,20 +43,6 @@ TEST(QBTabMatrix, cutsTitlesByCharacters) {
   EXPECT_EQ(firstSystemOf(99), 3);
   EXPECT_EQ(firstSystemOf(100), 4);
   EXPECT_EQ(firstSystemOf(150), 4);
-}
-
-TEST(QBTabMatrix, closesMeasuresAndSystems) {
-  QBTabMatrix matrix;
-  matrix.openSystem("654321");
-  matrix.closeMeasure();
-  EXPECT_EQ(matrix.m_xPos, 10);
-  matrix.addEmptyChord();
-  EXPECT_EQ(matrix.m_xPos, 11);
-  matrix.increaseXPosBy(2);
-  matrix.closeSystem();
-  EXPECT_EQ(matrix.m_xPos, 3);
-  EXPECT_EQ(matrix.m_yPos, 9);
-  EXPECT_EQ(rowsOf(matrix.toStringInverted()).front(), " |6---- -| --      |");
 }
 
 TEST(QBTabMatrix, trimsBlankRowsAtTheTopOnly) {

@@ -180,5 +180,13 @@ TEST_F(SongTextTest, chordWritesItsOwnColumnNameAndPosition) {
   EXPECT_EQ(matrix.getString(3, 11), "2");
 }
 
+TEST_F(SongTextTest, beatsAreCountedButForTheLastSlotOfTwelveEighths) {
+  EXPECT_EQ(QBChord::metricString(4, 4, 4, 4, 2), "2 . + .");
+  EXPECT_EQ(QBChord::metricString(12, 1, 3, 4, 0), "") << "beyond the measure";
+  EXPECT_EQ(QBChord::metricString(0, 4, 2, 4, 0), "") << "no ruler for that";
+  EXPECT_EQ(QBChord::metricString(22, 2, 12, 8, 0), "12");
+  EXPECT_EQ(QBChord::metricString(23, 1, 12, 8, 0), "");
+}
+
 }  // namespace
 }  // namespace korvel

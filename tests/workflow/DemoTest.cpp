@@ -8,13 +8,11 @@
 
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
-#include "model/QBHold.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "platform/Resources.h"
 #include "support/RecordingViews.h"
-#include "support/ScratchFolder.h"
+#include "support/StandardStore.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
 
@@ -23,20 +21,12 @@ namespace {
 
 using Shapes = std::vector<std::string>;
 
-/// As in a chord book, the lowest string first: "x02210".
-std::string shapeOf(const QBChord& chord) {
-  std::string shape = "xxxxxx";
-  for (const QBTone* tone : chord.hold()->tones())
-    shape[static_cast<std::size_t>(tone->string())] = static_cast<char>('0' + tone->fret());
-  return shape;
-}
-
 Shapes importedShapes(const std::string& file) {
   const auto album = platform::Ref<QBAlbum>(QBTabMgr::db().createAlbum("A", false));
   QBSong* const song = album->createSong("S");
   QBCmdImportSong(std::make_shared<QBAlbumNode>(album), file, song).run();
   Shapes shapes;
-  for (QBChord* chord : song->allChords()) shapes.push_back(shapeOf(*chord));
+  for (const auto& chord : song->allChords()) shapes.push_back(test::fretsOf(*chord));
   return shapes;
 }
 

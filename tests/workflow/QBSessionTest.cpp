@@ -103,18 +103,6 @@ TEST(QBSession, songMenuCommandsTheSongThatIsSelectedInTheTree) {
   session.setActiveSong(nullptr);
 }
 
-TEST(QBSession, resettingTheLoopClearsBothEnds) {
-  const test::ScratchStore store;
-  QBSong* song = QBTabMgr::db().createAlbum("A", false)->createSong("S");
-  song->setFromChord(song->createChord());
-  song->setToChord(song->createChord());
-  QBSession::session().setActiveSong(song);
-  QBSession::session().resetLoop();
-  EXPECT_EQ(song->fromChord(), nullptr);
-  EXPECT_EQ(song->toChord(), nullptr);
-  QBSession::session().setActiveSong(nullptr);
-}
-
 TEST(QBNameMgr, appendsUntilTheNameIsFree) {
   const test::ScratchStore store;
   QBAlbum* album = QBTabMgr::db().createAlbum("A", false);
