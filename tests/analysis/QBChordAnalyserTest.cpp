@@ -8,12 +8,6 @@
 #include "analysis/QBChordAnalyserGame.h"
 #include "analysis/QBFFT.h"
 #include "audio/QBMediaTrack.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
 #include "support/Guitar.h"
 #include "support/StandardStore.h"
 

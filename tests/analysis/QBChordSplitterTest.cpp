@@ -9,8 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

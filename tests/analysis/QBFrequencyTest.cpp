@@ -11,9 +11,6 @@
 #include "analysis/QBFrequencyMapper.h"
 #include "analysis/QBFrequencyMatrix.h"
 #include "model/QBString.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -6,11 +6,9 @@
 #include <limits>
 #include <sstream>
 
-#include "model/QBInstrument.h"
 #include "model/QBOvertone.h"
 #include "model/QBSettings.h"
 #include "model/QBSpectrum.h"
-#include "model/QBTabMgr.h"
 #include "platform/Resources.h"
 #include "support/StandardStore.h"
 

@@ -3,11 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "model/QBInstrument.h"
 #include "model/QBOvertone.h"
 #include "model/QBString.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTuning.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

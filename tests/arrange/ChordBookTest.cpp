@@ -5,11 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "model/QBChord.h"
 #include "model/QBHarmony.h"
-#include "model/QBHold.h"
-#include "model/QBTabMgr.h"
-#include "model/QBToneOfHarmony.h"
 #include "support/ScratchStore.h"
 #include "support/StandardStore.h"
 

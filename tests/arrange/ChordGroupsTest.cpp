@@ -6,10 +6,7 @@
 #include "arrange/QBGroup.h"
 #include "arrange/QBGroupBuilder.h"
 #include "arrange/QBGroupToString.h"
-#include "model/QBChord.h"
 #include "model/QBHarmony.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -8,14 +8,7 @@
 #include "arrange/QBContraPoint.h"
 #include "arrange/QBNonChordToneRemover.h"
 #include "arrange/QBOptionRemover.h"
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
 #include "model/QBHarmony.h"
-#include "model/QBHold.h"
-#include "model/QBInstrument.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -11,14 +11,8 @@
 #include "arrange/QBRightHandExtractor.h"
 #include "arrange/QBToneToNextString.h"
 #include "arrange/QBToneToNextStringAlternated.h"
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
 #include "model/QBLeftHandPattern.h"
 #include "model/QBRightHandPattern.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -7,13 +7,9 @@
 #include "arrange/QBToneGroupBuilder.h"
 #include "model/QBBlock.h"
 #include "model/QBHarmony.h"
-#include "model/QBHold.h"
 #include "model/QBLeftHandPattern.h"
 #include "model/QBMeasure.h"
 #include "model/QBRightHandPattern.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -3,11 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "model/QBChord.h"
-#include "model/QBInstrument.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

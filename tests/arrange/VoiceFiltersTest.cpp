@@ -18,13 +18,7 @@
 #include "arrange/QBToneGroupBuilder.h"
 #include "arrange/QBUnderAmpRemover.h"
 #include "arrange/QBUnderGroupRemover.h"
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
 #include "model/QBMeasure.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -3,10 +3,8 @@
 
 #include "analysis/QBMusicXMLParser.h"
 #include "export/QBMusicXMLTag.h"
-#include "model/QBInstrument.h"
 #include "model/QBOvertone.h"
 #include "model/QBSpectrum.h"
-#include "model/QBTabMgr.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -7,11 +7,8 @@
 #include "analysis/QBMusicXMLParser.h"
 #include "export/QBMusicXMLTag.h"
 #include "fuzz/Fuzzing.h"
-#include "model/QBChord.h"
-#include "model/QBInstrument.h"
 #include "model/QBOvertone.h"
 #include "model/QBSpectrum.h"
-#include "model/QBTabMgr.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

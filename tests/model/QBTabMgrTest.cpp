@@ -5,21 +5,14 @@
 
 #include <stdexcept>
 
-#include "model/QBAlbum.h"
 #include "model/QBBlock.h"
-#include "model/QBChord.h"
 #include "model/QBHarmony.h"
-#include "model/QBHold.h"
-#include "model/QBInstrument.h"
 #include "model/QBLeftHandPattern.h"
 #include "model/QBMeasure.h"
 #include "model/QBRightHandPattern.h"
 #include "model/QBSettings.h"
-#include "model/QBSong.h"
 #include "model/QBSpectrum.h"
 #include "model/QBString.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

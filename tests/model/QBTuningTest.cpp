@@ -5,9 +5,7 @@
 
 #include <stdexcept>
 
-#include "model/QBInstrument.h"
 #include "model/QBString.h"
-#include "model/QBTabMgr.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

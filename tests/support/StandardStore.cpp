@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/StandardStore.h"
 
-#include "model/QBChord.h"
-#include "model/QBHold.h"
 #include "model/QBSettings.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
 
 namespace korvel::test {
 namespace {

@@ -4,13 +4,16 @@
 #include <string>
 #include <string_view>
 
+// What tests with a store mostly handle.
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBInstrument.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "model/QBTuning.h"
 #include "support/ScratchStore.h"
-
-namespace korvel {
-class QBChord;
-class QBSong;
-class QBTuning;
-}  // namespace korvel
 
 namespace korvel::test {
 

@@ -7,14 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
 #include "model/QBHarmony.h"
-#include "model/QBHold.h"
-#include "model/QBInstrument.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "support/StandardStore.h"
 #include "tab/QBBestFingering.h"
 

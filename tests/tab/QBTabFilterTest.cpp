@@ -7,10 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTone.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -6,14 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
 #include "model/QBHarmony.h"
-#include "model/QBHold.h"
-#include "model/QBInstrument.h"
 #include "model/QBSettings.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

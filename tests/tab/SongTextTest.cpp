@@ -6,12 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "model/QBChord.h"
-#include "model/QBHold.h"
 #include "model/QBMeasure.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
 #include "tab/QBTabMatrix.h"

@@ -9,10 +9,8 @@
 
 #include "analysis/QBMusicXMLParser.h"
 #include "calibrate/DefinitionFile.h"
-#include "model/QBInstrument.h"
 #include "model/QBOvertone.h"
 #include "model/QBSpectrum.h"
-#include "model/QBTabMgr.h"
 #include "support/Guitar.h"
 #include "support/StandardStore.h"
 

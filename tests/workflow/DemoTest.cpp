@@ -6,10 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
 #include "platform/Resources.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"

@@ -7,10 +7,6 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
 #include "workflow/QBAlbumNode.h"

@@ -6,14 +6,7 @@
 #include <stdexcept>
 
 #include "arrange/QBChordVisitor.h"
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBInstrument.h"
 #include "model/QBMeasure.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

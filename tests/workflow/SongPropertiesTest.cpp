@@ -10,10 +10,6 @@
 
 #include "arrange/ToneOrder.h"
 #include "model/KorvelModel.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
 #include "platform/persistence/Sqlite.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
