@@ -11,14 +11,6 @@
 namespace korvel {
 namespace {
 
-using platform::MediaTrack;
-
-std::optional<MediaTrack> firstSound(const std::vector<MediaTrack>& tracks) {
-  const auto sound = std::ranges::find_if(
-      tracks, [](const MediaTrack& track) { return track.coding != MediaTrack::Coding::none; });
-  return sound == tracks.end() ? std::nullopt : std::optional(*sound);
-}
-
 void log(std::string_view text) { SessionServices::current().addToLog(text); }
 
 }  // namespace
@@ -41,8 +33,10 @@ bool QBMediaTrack::open() {
     log("no asset tracks found");
     return false;
   }
-  m_track = firstSound(m_asset->tracks());
-  if (m_track) createReader();
+  if (const platform::MediaTrack* sound = m_asset->firstSound()) {
+    m_track = *sound;
+    createReader();
+  }
   return isReading();
 }
 

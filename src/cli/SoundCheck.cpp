@@ -27,11 +27,7 @@ const platform::MediaTrack& soundTrack(const platform::MediaAsset& asset) {
   const auto isSound = [](const MediaTrack& track) {
     return track.media == MediaTrack::Media::sound;
   };
-  const auto decodable = [](const MediaTrack& track) {
-    return track.media == MediaTrack::Media::sound && track.coding != MediaTrack::Coding::none;
-  };
-  const auto found = std::ranges::find_if(asset.tracks(), decodable);
-  if (found != asset.tracks().end()) return *found;
+  if (const MediaTrack* found = asset.firstSound()) return *found;
   const bool any = std::ranges::any_of(asset.tracks(), isSound);
   throw CliError(asset.file().string() +
                  (any ? ": its sound is in a coding that cannot be decoded; convert it to WAV first"

@@ -6,6 +6,7 @@ extern "C" {
 #include <libavformat/avformat.h>
 }
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/MediaError.h"
@@ -46,6 +47,12 @@ MediaAsset::MediaAsset(std::filesystem::path file) : m_file(std::move(file)) {
   } catch (const MediaError& error) {
     m_problem = error.what();
   }
+}
+
+const MediaTrack* MediaAsset::firstSound() const {
+  const auto sound = std::ranges::find_if(
+      m_tracks, [](const MediaTrack& track) { return track.coding != MediaTrack::Coding::none; });
+  return sound == m_tracks.end() ? nullptr : &*sound;
 }
 
 }  // namespace korvel::platform

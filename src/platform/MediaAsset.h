@@ -31,6 +31,8 @@ class MediaAsset {
 
   bool hasTrackList() const { return m_hasTrackList; }
   const std::vector<MediaTrack>& tracks() const { return m_tracks; }
+  /// The first track that is sound and can be decoded; null when there is none.
+  const MediaTrack* firstSound() const;
   /// Why there is no track list; names the file. Empty when there is one.
   const std::string& problem() const { return m_problem; }
   const std::filesystem::path& file() const { return m_file; }

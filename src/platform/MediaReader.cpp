@@ -2,19 +2,16 @@
 #include "platform/MediaReader.h"
 
 extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
+#include <libavutil/frame.h>
 #include <libswresample/swresample.h>
 }
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <new>
 #include <vector>
 
-#include "platform/MediaError.h"
-#include "platform/MediaFile.h"
+#include "platform/MediaDecoder.h"
 
 namespace korvel::platform {
 namespace {
@@ -24,27 +21,9 @@ static_assert(std::endian::native == std::endian::little, "samples are handed ou
 /// Small frames are gathered up to this, so that a caller's cost per chunk does not count.
 constexpr std::size_t chunkBytes = 65536;
 
-/// A demuxer may ask to be called again without having read a packet; not for ever.
-constexpr int triesPerPacket = 10000;
-
-struct FreePacket {
-  void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-};
-struct FreeFrame {
-  void operator()(AVFrame* frame) const { av_frame_free(&frame); }
-};
-struct FreeDecoder {
-  void operator()(AVCodecContext* decoder) const { avcodec_free_context(&decoder); }
-};
 struct FreeConverter {
   void operator()(SwrContext* converter) const { swr_free(&converter); }
 };
-
-template <class Owner>
-Owner owned(typename Owner::pointer object) {
-  if (!object) throw std::bad_alloc();
-  return Owner(object);
-}
 
 /// Bytes of one chunk, in storage that is kept from chunk to chunk.
 class Chunk {
@@ -130,34 +109,17 @@ class SampleConverter {
 
 class MediaReader::Decoding {
  public:
-  Decoding(const std::filesystem::path& file, int track)
-      : m_file(file),
-        m_packet(owned<decltype(m_packet)>(av_packet_alloc())),
-        m_frame(owned<decltype(m_frame)>(av_frame_alloc())) {
-    AVFormatContext& context = *m_file.context();
-    if (track < 0 || track >= static_cast<int>(context.nb_streams))
-      throw MediaError(file, "the file has no such track");
-    m_stream = context.streams[track];
-    const AVCodec* codec = avcodec_find_decoder(m_stream->codecpar->codec_id);
-    if (!codec || codec->type != AVMEDIA_TYPE_AUDIO)
-      throw MediaError(file, "the track is no sound that can be decoded");
-    m_decoder = owned<decltype(m_decoder)>(avcodec_alloc_context3(codec));
-    for (unsigned i = 0; i < context.nb_streams; ++i)
-      if (context.streams[i] != m_stream) context.streams[i]->discard = AVDISCARD_ALL;
-  }
+  Decoding(const MediaAsset& asset, const MediaTrack& track) : m_decoder(asset, track) {}
 
-  bool start() {
-    if (avcodec_parameters_to_context(m_decoder.get(), m_stream->codecpar) < 0) return false;
-    // Padding at the end is told in units of the track's clock.
-    m_decoder->pkt_timebase = m_stream->time_base;
-    m_reading = avcodec_open2(m_decoder.get(), nullptr, nullptr) >= 0;
-    return m_reading;
-  }
+  bool start() { return m_reading = m_decoder.start(); }
 
   std::span<const std::byte> next() {
     m_chunk.clear();
-    while (m_reading && m_chunk.size() < chunkBytes && nextFrame())
-      m_converter.append(*m_frame, m_chunk);
+    while (m_reading && m_chunk.size() < chunkBytes) {
+      const AVFrame* frame = m_decoder.next();
+      if (!frame) break;
+      m_converter.append(*frame, m_chunk);
+    }
     if (m_chunk.size() == 0) m_reading = false;
     return m_chunk.bytes();
   }
@@ -166,50 +128,14 @@ class MediaReader::Decoding {
   void cancel() { m_reading = false; }
 
  private:
-  /// False at the end. A packet that the decoder rejects is passed over.
-  bool nextFrame() {
-    while (true) {
-      const int result = avcodec_receive_frame(m_decoder.get(), m_frame.get());
-      if (result >= 0) return true;
-      if (result == AVERROR_EOF || m_draining) return false;
-      feed();
-    }
-  }
-
-  void feed() {
-    if (!m_packetWaits) m_packetWaits = readPacket();
-    m_draining = !m_packetWaits;
-    const int result = avcodec_send_packet(m_decoder.get(), m_draining ? nullptr : m_packet.get());
-    if (result == AVERROR(EAGAIN)) return;
-    av_packet_unref(m_packet.get());
-    m_packetWaits = false;
-  }
-
-  bool readPacket() {
-    for (int tries = 0; tries < triesPerPacket;) {
-      const int result = av_read_frame(m_file.context(), m_packet.get());
-      if (result >= 0 && m_packet->stream_index == m_stream->index) return true;
-      if (result >= 0) av_packet_unref(m_packet.get());
-      if (result == AVERROR(EAGAIN)) ++tries;
-      if (result < 0 && result != AVERROR(EAGAIN)) return false;
-    }
-    return false;
-  }
-
-  MediaFile m_file;
-  AVStream* m_stream = nullptr;
-  std::unique_ptr<AVCodecContext, FreeDecoder> m_decoder;
-  std::unique_ptr<AVPacket, FreePacket> m_packet;
-  std::unique_ptr<AVFrame, FreeFrame> m_frame;
+  MediaDecoder m_decoder;
   SampleConverter m_converter;
   Chunk m_chunk;
   bool m_reading = false;
-  bool m_packetWaits = false;
-  bool m_draining = false;
 };
 
 MediaReader::MediaReader(const MediaAsset& asset, const MediaTrack& track)
-    : m_decoding(std::make_unique<Decoding>(asset.file(), track.index)) {}
+    : m_decoding(std::make_unique<Decoding>(asset, track)) {}
 
 MediaReader::MediaReader(MediaReader&&) noexcept = default;
 MediaReader& MediaReader::operator=(MediaReader&&) noexcept = default;
