@@ -3,11 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <initializer_list>
-#include <memory>
 #include <string>
-#include <vector>
 
 #include "support/StandardStore.h"
 
@@ -66,24 +63,6 @@ TEST_F(QBChordSplitterTest, groupsAreFiledUnderEveryPositionTheyCover) {
   EXPECT_EQ(filed(splitter), covered);
   splitter.fillUp();
   EXPECT_EQ(filed(splitter), covered);
-}
-
-TEST_F(QBChordSplitterTest, neighbouringGroupsAreDrawnTogether) {
-  QBChordSplitter::Groups groups;
-  for (const auto& [position, length] : {std::array{4, 1}, {0, 2}, {5, 3}, {6, 1}, {9, 2}}) {
-    groups.push_back(std::make_shared<QBToneGroup>(0, position, 0));
-    groups.back()->m_dur = length;
-  }
-  const auto drawn = [&] {
-    std::string text;
-    for (const auto& group : groups)
-      text += ' ' + std::to_string(group->m_pos) + '+' + std::to_string(group->m_dur);
-    return text;
-  };
-  QBChordSplitter::fillUpLeft(groups);
-  EXPECT_EQ(drawn(), " 9+2 4+3 4+4 4+1 0+2");
-  QBChordSplitter::fillUpRight(groups);
-  EXPECT_EQ(drawn(), " 0+2 4+1 4+4 4+4 9+2");
 }
 
 TEST_F(QBChordSplitterTest, generatesAnEmptySong) {

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
-#include <vector>
 
 #include "analysis/QBFrequencyMapper.h"
 #include "analysis/QBFrequencyMatrix.h"
@@ -72,41 +71,31 @@ TEST(QBFrequencyMatrix, tableOfBinsKeepsTheTuningOfItsFirstUse) {
 }
 
 TEST(QBFrequencyMatrix, otherTablesHoldTheCoarseTones) {
-  const auto coarse = QBFrequencyMapper::bigD(nullptr);
-  const auto small = QBFrequencyMatrix::buildSpectrumSmall();
-  EXPECT_TRUE(std::ranges::equal(small, coarse));
+  EXPECT_TRUE(std::ranges::equal(QBFrequencyMatrix::buildSpectrumSmall(),
+                                 QBFrequencyMapper::bigD(nullptr)));
   const auto fine = QBFrequencyMatrix::buildSpectrumBig();
   ASSERT_EQ(fine.size(), 223U);
-  std::vector<float> tones;
+  EXPECT_EQ(std::ranges::count(fine, 0.0F), 223 - 37);
   for (std::size_t i = 0; i < fine.size(); ++i) {
     if (fine[i] == 0) continue;
-    tones.push_back(fine[i]);
-    const auto bin = static_cast<float>(30 + i);
-    EXPECT_NEAR(fine[i], bin * QBFrequencyMapper::kBinWidth, 1.4 * QBFrequencyMapper::kBinWidth);
+    const float bin = static_cast<float>(30 + i) * QBFrequencyMapper::kBinWidth;
+    EXPECT_NEAR(fine[i], bin, 1.4 * QBFrequencyMapper::kBinWidth);
   }
-  EXPECT_EQ(tones.size(), 37U);
-  EXPECT_EQ(tones[1], 87.31035F);
 }
 
 TEST(QBFrequency, hearsIntervalsUpwardsAndTheirComplements) {
   test::StandardStore store;
   const auto tone = [](float f) { return QBFrequency(f, 1); };
   const QBFrequency a = tone(110);
-  EXPECT_TRUE(a.isOctaveOf(tone(220)));
-  EXPECT_TRUE(tone(220).isOctaveOf(tone(220)));
+  EXPECT_TRUE(a.isOctaveOf(tone(220)) && tone(220).isOctaveOf(tone(220)));
   EXPECT_FALSE(tone(220).isOctaveOf(a));
-  EXPECT_TRUE(a.isQuintOf(tone(164.8F)));
-  EXPECT_TRUE(a.isQuintOf(tone(146.8F)));
-  EXPECT_FALSE(tone(164.8F).isQuintOf(a));
-  EXPECT_FALSE(a.isQuintOf(tone(155.6F)));
-  EXPECT_TRUE(a.isTerzOf(tone(138.6F)));
-  EXPECT_TRUE(a.isSmallTerzOf(tone(130.8F)));
-  EXPECT_TRUE(a.isSexteOf(tone(130.8F)));
-  EXPECT_TRUE(a.isSekundeOf(tone(123.5F)));
+  EXPECT_TRUE(a.isQuintOf(tone(164.8F)) && a.isQuintOf(tone(146.8F)));
+  EXPECT_FALSE(tone(164.8F).isQuintOf(a) || a.isQuintOf(tone(155.6F)));
+  EXPECT_TRUE(a.isTerzOf(tone(138.6F)) && a.isSmallTerzOf(tone(130.8F)));
+  EXPECT_TRUE(a.isSexteOf(tone(130.8F)) && a.isSekundeOf(tone(123.5F)));
   EXPECT_TRUE(a.isMajSeptimeOf(tone(116.5F)));
   EXPECT_FALSE(a.isQuartOf(tone(293.7F)));
-  EXPECT_TRUE(a.isIntervalOld(5, tone(293.7F)));
-  EXPECT_TRUE(tone(329.6F).isIntervalOld(5, a));
+  EXPECT_TRUE(a.isIntervalOld(5, tone(293.7F)) && tone(329.6F).isIntervalOld(5, a));
   EXPECT_FALSE(tone(329.6F).isIntervalOld(4, a));
 }
 

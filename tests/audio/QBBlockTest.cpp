@@ -43,23 +43,16 @@ TEST_F(QBBlockTest, samplesAreSignedAndLowByteFirst) {
   EXPECT_EQ(block()->toSamples(), Values());
 }
 
-TEST_F(QBBlockTest, countersGoOnWithEveryReading) {
+TEST_F(QBBlockTest, averageDividesTheRunningSumAsAnUnsignedPattern) {
   QBBlock* read = block({4, 0, 8, 0});
   read->toSamples();
   read->toSamples();
-  EXPECT_EQ(read->m_sum, 24);
+  EXPECT_EQ(read->m_sum, 24) << "counters go on with every reading";
   EXPECT_EQ(read->m_nmbOfSamples, 4);
   EXPECT_EQ(read->average(), 12U) << "over the samples of the block, not over those counted";
-}
-
-TEST_F(QBBlockTest, negativeSumIsDividedAsItsUnsignedPattern) {
-  QBBlock* read = block({0xFE, 0xFF, 0xFF, 0xFF});
-  read->toSamples();
-  EXPECT_EQ(read->m_sum, -3);
-  EXPECT_EQ(read->average(), 0x7FFFFFFFFFFFFFFEU);
-}
-
-TEST_F(QBBlockTest, emptyBlockHasNoAverage) {
+  QBBlock* negative = block({0xFE, 0xFF, 0xFF, 0xFF});
+  negative->toSamples();
+  EXPECT_EQ(negative->average(), 0x7FFFFFFFFFFFFFFEU);
   EXPECT_THROW(block()->average(), std::domain_error);
   EXPECT_THROW(block({1})->average(), std::domain_error);
 }

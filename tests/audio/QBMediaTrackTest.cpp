@@ -49,10 +49,8 @@ std::string joined(const std::vector<std::string>& blocks) {
 
 TEST_F(QBMediaTrackTest, cutsTheDecodedSoundIntoFullBlocksAndARest) {
   test::encode({.seconds = 2.5}, file("mono.wav"));
-  test::encode({.seconds = 2.5, .channels = 2}, file("two channels.wav"));
-  test::encode({.seconds = 2.5}, file("Käse \"grün\" & 'blau'.mp3"));
-  test::encode({.seconds = 2.5, .channels = 2}, file("b.m4a"), {"-c:a", "aac"});
-  for (const char* name : {"mono.wav", "two channels.wav", "Käse \"grün\" & 'blau'.mp3", "b.m4a"}) {
+  test::encode({.seconds = 2.5, .channels = 2}, file("two.m4a"), {"-c:a", "aac"});
+  for (const char* name : {"mono.wav", "two.m4a"}) {
     const std::string sound = decodedByTool(file(name));
     const std::size_t full = sound.size() / QBBlock::kBytes;
     QBMediaTrack track(file(name));
@@ -118,7 +116,7 @@ TEST_F(QBMediaTrackTest, stopEndsReadingAndKeepsWhatWasRead) {
 TEST_F(QBMediaTrackTest, saysWhatIsWrongAndIsAtItsEnd) {
   std::string text;
   while (text.size() < 100000) text += "this is some text\n";
-  for (const char* name : {"text.mp3", "text.wav"}) test::writeFile(file(name), text);
+  test::writeFile(file("text.mp3"), text);
   // A kind of AAC that players have, but no decoder here.
   test::encode({}, file("celp.m4a"), {"-c:a", "aac"});
   std::string movie = test::readFile(file("celp.m4a"));
@@ -133,13 +131,10 @@ TEST_F(QBMediaTrackTest, saysWhatIsWrongAndIsAtItsEnd) {
     return m_views.log;
   };
   EXPECT_EQ(logOf(file("missing.mp3")), Lines{"no asset tracks found"});
-  EXPECT_EQ(logOf(file("text.wav")), Lines{"no asset tracks found"});
   EXPECT_EQ(logOf(file("text.mp3")), Lines{});  // Passes for MP3 in which no frame is found.
   EXPECT_EQ(logOf(file("celp.m4a")), Lines{"could not start reading asset"});
   EXPECT_EQ(logOf(file("mute.mp4")), Lines{});
   EXPECT_EQ(logOf(""), Lines{});
-  EXPECT_TRUE(QBMediaTrack(file("missing.mp3")).isRecordable());
-  EXPECT_FALSE(QBMediaTrack("").isRecordable());
 }
 
 }  // namespace

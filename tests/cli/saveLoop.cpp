@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Saves one song of 300 chords after the other until it is killed: the victim of KillTest.
 #include <cstdlib>
-#include <iostream>
 
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"

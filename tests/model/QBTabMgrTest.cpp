@@ -129,14 +129,6 @@ TEST_F(QBTabMgrTest, findsTheFirstThatMatches) {
   EXPECT_EQ(db().selectedInstrument(), active);
 }
 
-TEST_F(QBTabMgrTest, harmoniesAreLoadedByFallingOrder) {
-  for (const int order : {2, 9, 5, 9}) db().createHarmony(std::to_string(order), order);
-  reopen();
-  std::string types;
-  for (const auto& harmony : db().harmonies()) types += harmony->type() + ' ';
-  EXPECT_EQ(types, "9 9 5 2 ");
-}
-
 TEST_F(QBTabMgrTest, storeWithoutSettingsSelectsNothing) {
   EXPECT_TRUE(db().isInitialized());
   EXPECT_EQ(db().selectedSettings()->waveDirectory(), "./Waves/");

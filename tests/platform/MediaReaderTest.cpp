@@ -40,46 +40,38 @@ struct Format {
   std::string name;
   test::Sound sound;
   std::vector<std::string> encoding;
-  Coding coding;
+  Coding coding = Coding::lpcm;
 };
 
-std::string titleOf(const testing::TestParamInfo<Format>& format) {
-  return format.param.name.substr(0, format.param.name.find_first_of(". "));
+const Format kFormats[] = {
+    {"pcm16.wav", {}, {}},
+    {"pcm8.wav", {}, {"-c:a", "pcm_u8"}},
+    {"pcm32.wav", {.level = 1.2}, {"-c:a", "pcm_s32le"}},
+    {"float.wav", {.level = 1.2}, {"-c:a", "pcm_f32le"}},
+    {"rate96.wav", {.sampleRate = 96000}, {}},
+    {"channels6.wav", {.channels = 6}, {"-c:a", "pcm_s24le"}},
+    {"mono.mp3", {}, {}, Coding::mp3},
+    {"two.mp3", {.channels = 2}, {}, Coding::mp3},
+    {"aac.m4a", {.channels = 2}, {"-c:a", "aac"}, Coding::aac},
+    {"free.flac", {.channels = 2}, {}},
+    {"with 'blanks', \"quotes\": Käse.ogg", {}, {"-c:a", "libvorbis"}},
+};
+
+TEST(MediaReader, everyFormatGivesTheToolsSamples) {
+  for (const Format& format : kFormats) {
+    const test::ScratchFolder folder;
+    const std::string file = folder.file(format.name);
+    test::encode(format.sound, file, format.encoding);
+    const MediaAsset asset(file);
+    ASSERT_EQ(asset.tracks().size(), 1U) << asset.problem();
+    const MediaTrack& track = asset.tracks()[0];
+    EXPECT_EQ(track.media, MediaTrack::Media::sound) << file;
+    EXPECT_EQ(track.coding, format.coding) << file << track.codec;
+    EXPECT_EQ(track.sampleRate, format.sound.sampleRate) << file;
+    EXPECT_EQ(track.channels, format.sound.channels) << file;
+    EXPECT_TRUE(decoded(file) == decodedByTool(file, folder.file("raw"))) << file;
+  }
 }
-
-class EveryFormat : public testing::TestWithParam<Format> {};
-
-TEST_P(EveryFormat, givesTheToolsSamples) {
-  const Format& format = GetParam();
-  const test::ScratchFolder folder;
-  const std::string file = folder.file(format.name);
-  test::encode(format.sound, file, format.encoding);
-  const MediaAsset asset(file);
-  ASSERT_EQ(asset.tracks().size(), 1U) << asset.problem();
-  const MediaTrack& track = asset.tracks()[0];
-  EXPECT_EQ(track.media, MediaTrack::Media::sound);
-  EXPECT_EQ(track.coding, format.coding) << track.codec;
-  EXPECT_EQ(track.sampleRate, format.sound.sampleRate);
-  EXPECT_EQ(track.channels, format.sound.channels);
-  EXPECT_TRUE(decoded(file) == decodedByTool(file, folder.file("raw")));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    MediaReader, EveryFormat,
-    testing::Values(
-        Format{"pcm16.wav", {}, {}, Coding::lpcm},
-        Format{"pcm8.wav", {}, {"-c:a", "pcm_u8"}, Coding::lpcm},
-        Format{"pcm24.wav", {.channels = 2}, {"-c:a", "pcm_s24le"}, Coding::lpcm},
-        Format{"pcm32.wav", {.level = 1.2}, {"-c:a", "pcm_s32le"}, Coding::lpcm},
-        Format{"float.wav", {.level = 1.2}, {"-c:a", "pcm_f32le"}, Coding::lpcm},
-        Format{"rate96.wav", {.sampleRate = 96000}, {}, Coding::lpcm},
-        Format{"channels6.wav", {.channels = 6}, {"-c:a", "pcm_s24le"}, Coding::lpcm},
-        Format{"mono.mp3", {}, {}, Coding::mp3},
-        Format{"two.mp3", {.channels = 2}, {}, Coding::mp3},
-        Format{"aac.m4a", {.channels = 2}, {"-c:a", "aac"}, Coding::aac},
-        Format{"free.flac", {.channels = 2}, {}, Coding::lpcm},
-        Format{"with 'blanks', \"quotes\": Käse.ogg", {}, {"-c:a", "libvorbis"}, Coding::lpcm}),
-    titleOf);
 
 TEST(MediaAsset, listsSoundAndOtherTracksInOrder) {
   const test::ScratchFolder folder;
