@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
-#include <ranges>
 
 #include "model/QBAlbum.h"
 #include "model/QBBlock.h"
@@ -30,7 +29,7 @@ void QBTabMgr::deleteAlbum(QBAlbum* album) {
 void QBTabMgr::deleteSong(QBSong* song) {
   if (!song) return;
   const auto chords = song->chords().snapshot();
-  for (const auto& chord : std::views::reverse(chords)) deleteChord(chord);
+  for (auto chord = chords.rbegin(); chord != chords.rend(); ++chord) deleteChord(*chord);
   deleteInstance(song);
 }
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
 
 #include "platform/persistence/PendingObjects.h"
 #include "platform/persistence/StoreError.h"
@@ -359,7 +358,7 @@ void ManagedContext::save() {
     writeChanged(*table);
   }
   // The model names owners before what they own. A row goes easier when none points at it any more.
-  for (const auto& table : std::views::reverse(m_tables)) writeDeleted(*table);
+  for (auto table = m_tables.rbegin(); table != m_tables.rend(); ++table) writeDeleted(**table);
   change.commit();
   for (const auto& table : m_tables) markSaved(*table);
 }
