@@ -144,6 +144,7 @@ TEST_F(SongCommandsTest, chainMakesTheSameSongsAgainAlsoAfterReopening) {
   EXPECT_EQ(chained(song("Song")), first);
 }
 
+/// 0 under a sanitizer, whose allocator answers no such question.
 std::size_t bytesInUse() {
   const auto info = mallinfo2();
   return info.uordblks + info.hblkhd;
@@ -166,7 +167,7 @@ TEST_F(SongCommandsTest, twoHundredCommandsLeaveNothing) {
   EXPECT_EQ(store.column("SELECT title FROM QBSong"), std::vector<std::string>{"Song"});
   EXPECT_EQ(store.column("SELECT name FROM QBAlbum"), std::vector<std::string>{"Album"});
   EXPECT_EQ(linesOf(*song("Song")), chords);
-  EXPECT_LT(static_cast<double>(bytesInUse()), 1.1 * static_cast<double>(bytes));
+  EXPECT_LE(static_cast<double>(bytesInUse()), 1.1 * static_cast<double>(bytes));
 }
 
 }  // namespace
