@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/precise/HalfRate.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "analysis/precise/VectorClones.h"
+
+namespace korvel::precise {
+namespace {
+
+constexpr double kCutoff = 0.46;
+/// Answers that are computed together, in registers.
+constexpr std::size_t kTile = 16;
+
+double sinc(double x) {
+  const double angle = std::numbers::pi * x;
+  return x == 0 ? 1 : std::sin(angle) / angle;
+}
+
+/// Of a window that reaches 0 just outside the taps.
+double blackman(double x) {
+  const double angle = std::numbers::pi * x;
+  return 0.42 + 0.5 * std::cos(angle) + 0.08 * std::cos(2 * angle);
+}
+
+/// tile[j] += taps[0] * samples[j] + taps[2] * samples[j + 1] + ...
+inline void addEveryOther(const float* taps, std::size_t count, const float* samples, float* tile) {
+  for (std::size_t k = 0; k < count; ++k)
+    for (std::size_t j = 0; j < kTile; ++j) tile[j] += taps[2 * k] * samples[k + j];
+}
+
+/// even and odd: the samples of a stream at even and at odd places.
+KORVEL_VECTOR_CLONES
+void filter(const float* taps, std::size_t side, const float* even, const float* odd, float* answer,
+            std::size_t tiles) {
+  for (std::size_t i = 0; i < tiles; ++i) {
+    float tile[kTile] = {};
+    addEveryOther(taps, side + 1, even + i * kTile, tile);
+    addEveryOther(taps + 1, side, odd + i * kTile, tile);
+    std::copy_n(tile, kTile, answer + i * kTile);
+  }
+}
+
+}  // namespace
+
+HalfRate::HalfRate() : m_waiting(kSide) {
+  double sum = 0;
+  std::array<double, kTaps> taps{};
+  for (std::size_t i = 0; i < kTaps; ++i) {
+    const double x = static_cast<double>(i) - static_cast<double>(kSide);
+    taps[i] = sinc(kCutoff * x) * blackman(x / static_cast<double>(kSide + 1));
+    sum += taps[i];
+  }
+  std::ranges::transform(taps, m_taps.begin(),
+                         [sum](double tap) { return static_cast<float>(tap / sum); });
+}
+
+std::span<const float> HalfRate::add(std::span<const float> samples) {
+  m_waiting.insert(m_waiting.end(), samples.begin(), samples.end());
+  if (m_waiting.size() < kTaps) return {};
+  const std::size_t count = (m_waiting.size() - kTaps) / 2 + 1;
+  // The last tile is computed whole; what lies beyond the samples only reaches unused answers.
+  const std::size_t tiles = (count + kTile - 1) / kTile;
+  const std::size_t length = tiles * kTile + kSide + 1;
+  m_even.resize(length);
+  m_odd.resize(length);
+  m_answer.resize(tiles * kTile);
+  const std::size_t pairs = std::min(length, m_waiting.size() / 2);
+  for (std::size_t j = 0; j < pairs; ++j) {
+    m_even[j] = m_waiting[2 * j];
+    m_odd[j] = m_waiting[2 * j + 1];
+  }
+  if (m_waiting.size() % 2 == 1 && pairs < length) m_even[pairs] = m_waiting.back();
+  filter(m_taps.data(), kSide, m_even.data(), m_odd.data(), m_answer.data(), tiles);
+  m_waiting.erase(m_waiting.begin(), m_waiting.begin() + static_cast<std::ptrdiff_t>(2 * count));
+  return std::span(m_answer).first(count);
+}
+
+std::span<const float> HalfRate::finish() {
+  static constexpr std::array<float, kSide> kSilence{};
+  return add(kSilence);
+}
+
+}  // namespace korvel::precise

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/precise/Levels.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/precise/Power.h"
+#include "analysis/precise/Quantile.h"
+#include "analysis/precise/VectorClones.h"
+
+namespace korvel::precise {
+namespace {
+
+/// The background is looked at in every fourth frame.
+constexpr std::size_t kFloorStep = 4;
+constexpr double kFloorShare = 0.10;
+/// Bins on each side that a bin's background is compared with: three semitones.
+constexpr std::size_t kFloorSide = 9;
+constexpr double kRefShare = 0.98;
+/// Linear magnitudes grow with the frequency to this power; compressed ones to its 0.4-fold.
+constexpr double kEmphasis = 0.625;
+/// Below, nothing was recorded but the converter's own noise: about -110 dB of full scale.
+constexpr double kSilence = 3e-6;
+/// Below this share of the recording's amplitude, what is seen is the leakage of what is not.
+constexpr double kLeakage = 1e-3;
+
+BinRow emphasisFactors() {
+  BinRow factors;
+  for (std::size_t k = 0; k < kBins; ++k)
+    factors[k] = static_cast<float>(std::pow(binCentre(k, kBinsPerSemitone) / 440, kEmphasis));
+  return factors;
+}
+
+const BinRow& emphasis() {
+  static const BinRow factors = emphasisFactors();
+  return factors;
+}
+
+KORVEL_VECTOR_CLONES
+void subtract(float* values, const float* background, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const float rest = values[i] - background[i];
+    values[i] = rest > 0 ? rest : 0;
+  }
+}
+
+KORVEL_VECTOR_CLONES
+void scale(float* values, const float* factors, float factor, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) values[i] *= factors[i] * factor;
+}
+
+KORVEL_VECTOR_CLONES
+float loudest(const float* values, const float* background, const float* factors) {
+  float largest = 0;
+  for (std::size_t i = 0; i < kBins; ++i) {
+    const float level = (values[i] - background[i]) * factors[i];
+    largest = level > largest ? level : largest;
+  }
+  return largest;
+}
+
+BinRow medians(const BinRow& values) {
+  BinRow found;
+  for (std::size_t k = 0; k < kBins; ++k) {
+    const std::size_t first = k - std::min(k, kFloorSide);
+    const std::size_t end = std::min(kBins, k + kFloorSide + 1);
+    std::array<float, 2 * kFloorSide + 1> near;
+    std::copy(values.begin() + first, values.begin() + end, near.begin());
+    found[k] = quantile(std::span(near).first(end - first), 0.5);
+  }
+  return found;
+}
+
+}  // namespace
+
+void emphasise(std::span<float, kBins> magnitudes, double ref) {
+  scale(magnitudes.data(), emphasis().data(), static_cast<float>(1 / ref), kBins);
+  compress(magnitudes);
+}
+
+void Levels::measure(const FrameTable& spectra, std::size_t bin) {
+  m_column.clear();
+  for (std::size_t t = 0; t < spectra.frames(); t += kFloorStep)
+    m_column.push_back(spectra.row(t)[bin]);
+  m_floor[bin] = quantile(m_column, kFloorShare);
+}
+
+void Levels::settle(const FrameTable& spectra, double power) {
+  m_floor = medians(m_floor);
+  m_column.resize(spectra.frames());
+  for (std::size_t t = 0; t < spectra.frames(); ++t)
+    m_column[t] = loudest(spectra.row(t).data(), m_floor.data(), emphasis().data());
+  const double ref = quantile(m_column, kRefShare);
+  m_ref = ref < std::max(kSilence, kLeakage * std::sqrt(power)) ? 0 : ref;
+  m_column = {};
+}
+
+void Levels::apply(std::span<float, kBins> magnitudes) const {
+  subtract(magnitudes.data(), m_floor.data(), kBins);
+  emphasise(magnitudes, m_ref);
+}
+
+}  // namespace korvel::precise

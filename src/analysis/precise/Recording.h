@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+#include "analysis/precise/HalfRate.h"
+#include "analysis/precise/SampleStore.h"
+
+namespace korvel::precise {
+
+/// The sound that is analysed, at the two rates that are looked at. Fill it with add and finish,
+/// then read.
+class Recording {
+ public:
+  /// Samples at the full rate for one at the low rate.
+  static constexpr std::ptrdiff_t kLowRateStep = 4;
+
+  /// The next samples at kRate, of any number.
+  void add(std::span<const float> samples);
+  void finish();
+
+  /// At kRate.
+  const SampleStore& full() const { return m_full; }
+  /// At kRate / 4: sample i belongs to the moment of sample 4 i of the other.
+  const SampleStore& low() const { return m_low; }
+
+  /// Mean square of the samples; 0 of none.
+  double power() const;
+
+  /// Gives back what lies before sample `end` of kRate.
+  void release(std::ptrdiff_t end);
+
+ private:
+  HalfRate m_halver;
+  HalfRate m_quarterer;
+  SampleStore m_full;
+  SampleStore m_low;
+  double m_energy = 0;
+};
+
+}  // namespace korvel::precise
