@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/precise/PluckedStrings.h"
+
+#include <array>
+#include <cmath>
+#include <complex>
+#include <numbers>
+#include <vector>
+
+#include "analysis/precise/FrontEnd.h"
+#include "analysis/precise/Levels.h"
+
+namespace korvel::precise {
+namespace {
+
+/// What an overtone has of the amplitude of the one below it.
+constexpr std::array kDecays = {0.4, 0.6, 0.75, 0.9};
+constexpr int kPartials = 20;
+/// The stiffness of a string raises its overtones.
+constexpr double kInharmonicity = 5e-5;
+constexpr double kHighestPartial = 9500;
+/// Of the squared partial number, so that no two partials line up (the golden angle).
+constexpr double kPhase = 2.399963;
+/// The tone sounds around this frame, as long as the longest window and the filters reach.
+constexpr Frame kFrame = 10;
+constexpr std::size_t kLength = 2 * kFrame * kHop;
+
+using Tone = std::vector<float>;
+
+double partialFrequency(double fundamental, int h) {
+  return h * fundamental * std::sqrt(1 + kInharmonicity * h * h);
+}
+
+/// Adds a sine to the tones, with an amplitude of its own in each.
+void addPartial(double frequency, double phase,
+                const std::array<double, kDecays.size()>& amplitudes,
+                std::array<Tone, kDecays.size()>& tones) {
+  std::complex<double> turning = std::polar(1.0, phase);
+  const std::complex<double> turn = std::polar(1.0, 2 * std::numbers::pi * frequency / kRate);
+  for (std::size_t n = 0; n < kLength; ++n) {
+    for (std::size_t i = 0; i < tones.size(); ++i)
+      tones[i][n] += static_cast<float>(amplitudes[i] * turning.imag());
+    turning = {turning.real() * turn.real() - turning.imag() * turn.imag(),
+               turning.real() * turn.imag() + turning.imag() * turn.real()};
+  }
+}
+
+std::array<Tone, kDecays.size()> tonesOf(double fundamental) {
+  std::array<Tone, kDecays.size()> tones;
+  tones.fill(Tone(kLength));
+  for (int h = 1; h <= kPartials && partialFrequency(fundamental, h) < kHighestPartial; ++h) {
+    std::array<double, kDecays.size()> amplitudes{};
+    for (std::size_t i = 0; i < tones.size(); ++i) amplitudes[i] = std::pow(kDecays[i], h - 1);
+    addPartial(partialFrequency(fundamental, h), kPhase * h * h, amplitudes, tones);
+  }
+  return tones;
+}
+
+BinRow seen(FrontEnd& frontEnd, const Tone& tone) {
+  Recording recording;
+  recording.add(tone);
+  recording.finish();
+  BinRow bins;
+  frontEnd.spectrum(recording, kFrame, bins);
+  emphasise(bins, 1);
+  return bins;
+}
+
+Dictionary compute() {
+  Dictionary strings;
+  FrontEnd frontEnd(0);
+  for (std::size_t pitch = 0; pitch < kPitches; ++pitch) {
+    const double fundamental = hz(static_cast<double>(pitch) + Analysis::kLowestPitch);
+    for (const Tone& tone : tonesOf(fundamental)) strings.add(pitch, 0, seen(frontEnd, tone));
+  }
+  return strings;
+}
+
+}  // namespace
+
+const Dictionary& pluckedStrings() {
+  static const Dictionary strings = compute();
+  return strings;
+}
+
+}  // namespace korvel::precise
