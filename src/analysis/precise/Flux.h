@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "analysis/precise/FrameTable.h"
+#include "analysis/precise/Scale.h"
+
+namespace korvel::precise {
+
+/// How much the spectrum rises at each moment, which tells where notes begin. Add the frames in
+/// order, settle, then ask.
+class Flux {
+ public:
+  explicit Flux(std::size_t frames);
+
+  /// The next frame's magnitudes, kOnsetBins of them; overwritten.
+  void add(std::span<float, kOnsetBins> magnitudes);
+  void settle();
+
+  /// How much the partials of a pitch rise around a frame; 0 outside the recording.
+  float of(std::size_t pitch, Frame frame) const;
+  /// How much everything rises, compared with the strong rises of the recording.
+  float overall(Frame frame) const;
+
+ private:
+  using Row = std::array<float, kOnsetBins>;
+
+  bool contains(Frame frame) const;
+
+  /// Rises of each bin.
+  FrameTable m_rises;
+  std::vector<float> m_loudest;
+  std::vector<float> m_totals;
+  /// The last three frames, oldest first.
+  std::array<Row, 3> m_recent{};
+  /// Divides rises, so that they do not depend on the recording's level.
+  float m_level = 1;
+  float m_strongTotal = 1;
+};
+
+}  // namespace korvel::precise

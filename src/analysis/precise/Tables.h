@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "analysis/precise/Scale.h"
+
+/// The numbers of the precise detection that were chosen by measuring. All were tuned on clips
+/// whose notes are known: guitars of several sample collections playing scales, chords, melodies
+/// and transcribed performances, half of them with varying strength, in rooms and with noise.
+namespace korvel::precise {
+
+/// When a curve of activation is a note. Activations are compressed: half means a seventh of the
+/// amplitude.
+struct TrackerSettings {
+  /// A note starts above this, ...
+  float start;
+  /// ... above this share of the loudest pitch, ...
+  float startShare;
+  /// ... and where the flux reaches this share of its peak.
+  float startFlux;
+  /// It ends below this share of the loudest pitch.
+  float endShare;
+  /// A new note of the same pitch starts where the curve rises by more than this, ...
+  float rise;
+  /// ... by more than this share of what it was, ...
+  float riseShare;
+  /// ... and where the flux reaches this share of the new level; ...
+  float riseFlux;
+  /// ... so many frames after the last start at least.
+  Frame riseGap;
+  /// Shorter notes are dropped; in frames.
+  Frame shortest;
+};
+
+/// Only what is surely a note, to learn the sound of the instrument from.
+inline constexpr TrackerSettings kLearningNotes{.start = 0.7F,
+                                                .startShare = 0.05F,
+                                                .startFlux = 0.05F,
+                                                .endShare = 0.10F,
+                                                .rise = 0.40F,
+                                                .riseShare = 0.25F,
+                                                .riseFlux = 0.10F,
+                                                .riseGap = 11,
+                                                .shortest = 9};
+/// Whatever may be a note, for the formulas to decide.
+inline constexpr TrackerSettings kCandidateNotes{.start = 0.3F,
+                                                 .startShare = 0.03F,
+                                                 .startFlux = 0,
+                                                 .endShare = 0.06F,
+                                                 .rise = 0.15F,
+                                                 .riseShare = 0.08F,
+                                                 .riseFlux = 0.03F,
+                                                 .riseGap = 7,
+                                                 .shortest = 5};
+
+/// What is known of a candidate for a note that starts while its pitch still sounds. One is the
+/// constant 1, so that a product with it is the other factor alone.
+enum class ReattackFeature : std::uint8_t {
+  One,
+  Level,
+  Ratio,
+  Rise,
+  RatioToBefore,
+  Flux,
+  FluxShare,
+  Gap,
+  Neighbours,
+  NewNeighbours,
+  Overall,
+  Pitch,
+  Soon,
+  Count
+};
+
+/// What is known of a candidate for a note.
+enum class NoteFeature : std::uint8_t {
+  One,
+  Peak,
+  PeakShare,
+  Mean,
+  MeanShare,
+  Duration,
+  Flux,
+  OctaveBelow,
+  TwelfthBelow,
+  TwoOctavesBelow,
+  FarBelow,
+  OctaveAbove,
+  TwelfthAbove,
+  Beside,
+  Polyphony,
+  Covered,
+  Pitch,
+  Reattack,
+  Decay,
+  Share,
+  Fundamental,
+  Count
+};
+
+/// A weight of the product of two features.
+template <class Feature>
+struct Term {
+  Feature first;
+  Feature second;
+  double weight;
+};
+
+/// The terms whose sum is the logarithm of the odds that a candidate is a note. Fitted by logistic
+/// regression (L2 3.0; a candidate counts 0.3 + its seconds, at most 2, and its target is the share
+/// of it that overlaps true notes of its pitch).
+std::span<const Term<ReattackFeature>> reattackTerms();
+std::span<const Term<NoteFeature>> noteTerms();
+
+}  // namespace korvel::precise

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "analysis/precise/Candidate.h"
+#include "analysis/precise/Flux.h"
+#include "analysis/precise/FrameTable.h"
+#include "analysis/precise/Tables.h"
+
+namespace korvel::precise {
+
+/// Follows the activation of each pitch through a recording and cuts it into candidates for notes.
+class Tracker {
+ public:
+  /// activations: kPitches a frame. Both must outlive the tracker.
+  Tracker(const FrameTable& activations, const Flux& flux, const TrackerSettings& settings);
+
+  /// Appends the candidates of a pitch, in order of time.
+  void track(std::size_t pitch, std::vector<Candidate>& found);
+
+ private:
+  void loadCurve(std::size_t pitch);
+  /// The curve, which is 0 outside the recording.
+  float level(Frame frame) const;
+  float highest(Frame first, Frame end) const;
+
+  bool starts(Frame frame) const;
+  bool ends(const Candidate& note, Frame frame) const;
+  bool rises(const Candidate& note, Frame frame) const;
+  Candidate noteAt(Frame middle, Frame earliest) const;
+  std::optional<Candidate> begin(Frame frame, Frame earliest) const;
+  std::optional<Candidate> beginAgain(const Candidate& note, Frame frame) const;
+  void keep(Candidate note, Frame end, std::vector<Candidate>& found) const;
+
+  const FrameTable& m_activations;
+  const Flux& m_flux;
+  TrackerSettings m_settings;
+  /// Of the loudest pitch in each frame.
+  std::vector<float> m_loudest;
+  std::size_t m_pitch = 0;
+  std::vector<float> m_curve;
+};
+
+}  // namespace korvel::precise
