@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/precise/Engine.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cmath>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "analysis/precise/Adaptation.h"
+#include "analysis/precise/Candidate.h"
+#include "analysis/precise/CoefficientTable.h"
+#include "analysis/precise/Flux.h"
+#include "analysis/precise/FrameTable.h"
+#include "analysis/precise/FrontEnd.h"
+#include "analysis/precise/HalfRate.h"
+#include "analysis/precise/Levels.h"
+#include "analysis/precise/NonNegativeSolver.h"
+#include "analysis/precise/NoteFormula.h"
+#include "analysis/precise/OnsetIndex.h"
+#include "analysis/precise/PluckedStrings.h"
+#include "analysis/precise/ReattackFormula.h"
+#include "analysis/precise/Recording.h"
+#include "analysis/precise/Slices.h"
+#include "analysis/precise/Tables.h"
+#include "analysis/precise/Tracker.h"
+#include "analysis/precise/Tuning.h"
+
+namespace korvel::precise {
+namespace {
+
+/// Louder samples are nonsense, and their squares might overflow.
+constexpr float kLoudest = 1e6F;
+
+/// While the instrument is learnt, every second frame is enough.
+constexpr std::size_t kLearningStep = 2;
+constexpr float kTolerance = 0.003F;
+/// Frames whose largest activation a learnt note is compared with.
+constexpr Frame kAttackFrames = 8;
+
+float sound(float sample) {
+  return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0;
+}
+
+/// The probability from which a candidate is a note.
+double thresholdOf(double sensitivity) {
+  constexpr double kStrict = 0.65;
+  constexpr double kMiddle = 0.5;
+  constexpr double kLenient = 0.42;
+  const double s = std::clamp(sensitivity, 0.0, 1.0);
+  return s < 0.5 ? std::lerp(kStrict, kMiddle, 2 * s) : std::lerp(kMiddle, kLenient, 2 * s - 1);
+}
+
+double share(std::size_t done, std::size_t all) {
+  return static_cast<double>(done) / static_cast<double>(all);
+}
+
+}  // namespace
+
+/// The work is a list of passes over the recording, each of which builds on those before.
+class Engine::State {
+ public:
+  explicit State(double sensitivity) : m_threshold(thresholdOf(sensitivity)) {}
+
+  void add(std::span<const float> samples);
+  bool step(double seconds);
+  double progress() const;
+  Analysis take();
+
+ private:
+  struct Pass {
+    Slices (State::*run)();
+    /// In comparison with the other passes.
+    double cost;
+  };
+  static std::span<const Pass> passes();
+  static double totalCost();
+  void finishSamples();
+  void startPass();
+  void finishPass();
+
+  Slices tune();
+  Slices see();
+  Slices findLevels();
+  Slices level();
+  Slices solveQuickly() { return solve(kLearningStep); }
+  Slices solveFully() { return solve(1); }
+  Slices solve(std::size_t step);
+  Slices trackSureNotes() { return track(kLearningNotes); }
+  Slices trackCandidates() { return track(kCandidateNotes); }
+  Slices track(TrackerSettings settings);
+  Slices learn();
+  Slices judgeReattacks();
+  Slices judgeNotes();
+
+  float shareAtAttack(const Candidate& note) const;
+
+  double m_threshold;
+  HalfRate m_halver;
+  Recording m_recording;
+  double m_seconds = 0;
+  std::size_t m_frames = 0;
+
+  std::size_t m_pass = 0;
+  double m_costDone = 0;
+  Slices m_running;
+  bool m_started = false;
+  bool m_silent = false;
+
+  double m_tuningOffset = 0;
+  double m_power = 0;
+  FrameTable m_spectra;
+  std::optional<Flux> m_flux;
+  Levels m_levels;
+  Dictionary m_dictionary;
+  CoefficientTable m_coefficients;
+  FrameTable m_activations;
+  std::vector<Candidate> m_candidates;
+};
+
+std::span<const Engine::State::Pass> Engine::State::passes() {
+  static constexpr std::array kPasses = {
+      Pass{&State::tune, 0.2},           Pass{&State::see, 2.0},
+      Pass{&State::findLevels, 0.1},     Pass{&State::level, 0.2},
+      Pass{&State::solveQuickly, 0.7},   Pass{&State::trackSureNotes, 0.2},
+      Pass{&State::learn, 0.2},          Pass{&State::solveQuickly, 0.7},
+      Pass{&State::trackSureNotes, 0.2}, Pass{&State::learn, 0.2},
+      Pass{&State::solveFully, 1.3},     Pass{&State::trackCandidates, 0.2},
+      Pass{&State::judgeReattacks, 0.1}, Pass{&State::judgeNotes, 0.1},
+  };
+  return kPasses;
+}
+
+double Engine::State::totalCost() {
+  double sum = 0;
+  for (const Pass& pass : passes()) sum += pass.cost;
+  return sum;
+}
+
+void Engine::State::add(std::span<const float> samples) {
+  assert(!m_started);
+  std::array<float, 4096> piece;
+  while (!samples.empty()) {
+    const std::size_t count = std::min(samples.size(), piece.size());
+    std::ranges::transform(samples.first(count), piece.begin(), sound);
+    m_recording.add(m_halver.add(std::span(piece).first(count)));
+    samples = samples.subspan(count);
+  }
+}
+
+void Engine::State::finishSamples() {
+  m_started = true;
+  m_recording.add(m_halver.finish());
+  m_recording.finish();
+  m_seconds = static_cast<double>(m_recording.full().size()) / kRate;
+  m_frames = (m_recording.full().size() + kHop - 1) / kHop;
+  startPass();
+}
+
+void Engine::State::startPass() {
+  m_running = m_pass < passes().size() ? (this->*passes()[m_pass].run)() : Slices();
+}
+
+/// When nothing was recorded, the rest of the work is left out.
+void Engine::State::finishPass() {
+  m_costDone = m_silent ? totalCost() : m_costDone + passes()[m_pass].cost;
+  m_pass = m_silent ? passes().size() : m_pass + 1;
+  startPass();
+}
+
+bool Engine::State::step(double seconds) {
+  if (!m_started) finishSamples();
+  const double target = progress() + seconds / std::max(m_seconds, 1e-3);
+  while (m_pass < passes().size() && progress() < target)
+    if (!m_running.next()) finishPass();
+  return m_pass < passes().size();
+}
+
+double Engine::State::progress() const {
+  const double current = m_pass < passes().size() ? passes()[m_pass].cost * m_running.done() : 0;
+  return (m_costDone + current) / totalCost();
+}
+
+Slices Engine::State::tune() {
+  Tuning tuning;
+  const std::size_t windows = Tuning::windows(m_recording.full().size());
+  for (std::size_t i = 0; i < windows; ++i) {
+    tuning.look(m_recording.full(), i);
+    co_yield share(i, windows);
+  }
+  m_tuningOffset = tuning.offset();
+}
+
+Slices Engine::State::see() {
+  FrontEnd frontEnd(m_tuningOffset);
+  m_spectra = FrameTable(m_frames, kBins);
+  m_flux.emplace(m_frames);
+  std::array<float, kOnsetBins> onsets;
+  for (std::size_t t = 0; t < m_frames; ++t) {
+    const auto frame = static_cast<Frame>(t);
+    frontEnd.spectrum(m_recording, frame, m_spectra.row(t).first<kBins>());
+    frontEnd.onsetSpectrum(m_recording, frame, onsets);
+    m_flux->add(onsets);
+    m_recording.release(frame * static_cast<Frame>(kHop) - FrontEnd::kReach);
+    co_yield share(t, m_frames);
+  }
+  m_flux->settle();
+  m_power = m_recording.power();
+  m_recording = Recording();
+}
+
+Slices Engine::State::findLevels() {
+  for (std::size_t k = 0; k < kBins; ++k) {
+    m_levels.measure(m_spectra, k);
+    co_yield share(k, kBins);
+  }
+  m_levels.settle(m_spectra, m_power);
+  m_silent = m_levels.ref() == 0;
+}
+
+Slices Engine::State::level() {
+  for (std::size_t t = 0; t < m_frames; ++t) {
+    m_levels.apply(m_spectra.row(t).first<kBins>());
+    co_yield share(t, m_frames);
+  }
+  m_dictionary = pluckedStrings();
+}
+
+Slices Engine::State::solve(std::size_t step) {
+  NonNegativeSolver solver(m_dictionary, kTolerance);
+  std::vector<float> solution = solver.zeros();
+  m_coefficients = CoefficientTable();
+  m_activations = FrameTable(m_frames, kPitches);
+  for (std::size_t t = 0; t < m_frames; ++t) {
+    if (t % step == 0) {
+      solver.solve(std::as_const(m_spectra).row(t).first<kBins>(), solution);
+      if (step > 1) m_coefficients.add(solution);
+    }
+    const auto row = m_activations.row(t);
+    std::ranges::fill(row, 0.0F);
+    for (std::size_t a = 0; a < m_dictionary.size(); ++a) row[m_dictionary.pitch(a)] += solution[a];
+    co_yield share(t, m_frames);
+  }
+}
+
+Slices Engine::State::track(TrackerSettings settings) {
+  m_candidates.clear();
+  Tracker tracker(m_activations, *m_flux, settings);
+  for (std::size_t p = 0; p < kPitches; ++p) {
+    tracker.track(p, m_candidates);
+    co_yield share(p, kPitches);
+  }
+}
+
+/// The note's peak in relation to the loudest pitch at its attack.
+float Engine::State::shareAtAttack(const Candidate& note) const {
+  float loudest = note.peak;
+  const Frame end = std::min(note.onset + kAttackFrames, static_cast<Frame>(m_frames));
+  for (Frame t = note.onset; t < end; ++t)
+    loudest = std::max(loudest, std::ranges::max(m_activations.row(static_cast<std::size_t>(t))));
+  return note.peak / loudest;
+}
+
+Slices Engine::State::learn() {
+  sortByOnset(m_candidates);
+  keepSixStrongest(m_candidates);
+  Adaptation adaptation(m_spectra, m_dictionary, m_coefficients, kLearningStep);
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    adaptation.learn(m_candidates[i], shareAtAttack(m_candidates[i]));
+    co_yield share(i, m_candidates.size());
+  }
+  m_dictionary = adaptation.dictionary();
+}
+
+/// Joins what was not struck again to the candidate before it. They are still in order of pitch.
+Slices Engine::State::judgeReattacks() {
+  const OnsetIndex onsets(m_candidates);
+  const ReattackFormula formula(m_activations, *m_flux, onsets);
+  std::vector<Candidate> kept;
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    const Candidate& candidate = m_candidates[i];
+    const bool continues = candidate.reattack && !kept.empty() &&
+                           kept.back().pitch == candidate.pitch &&
+                           kept.back().end == candidate.onset;
+    if (continues && formula.probability(candidate, m_candidates[i - 1].onset) <= 0.5) {
+      kept.back().end = candidate.end;
+    } else {
+      kept.push_back(candidate);
+    }
+    co_yield share(i, m_candidates.size());
+  }
+  m_candidates = std::move(kept);
+}
+
+Slices Engine::State::judgeNotes() {
+  const OnsetIndex onsets(m_candidates);
+  const NoteFormula formula(m_activations, m_spectra, onsets);
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    m_candidates[i].probability = formula.probability(m_candidates[i]);
+    co_yield share(i, m_candidates.size());
+  }
+  std::erase_if(m_candidates, [this](const Candidate& c) { return c.probability <= m_threshold; });
+  sortByOnset(m_candidates);
+  keepSixStrongest(m_candidates);
+}
+
+Analysis Engine::State::take() {
+  assert(m_started && m_pass == passes().size());
+  Analysis analysis;
+  analysis.frames = m_frames;
+  analysis.ref = m_levels.ref();
+  analysis.tuningOffset = m_tuningOffset;
+  const auto values = m_activations.values();
+  analysis.activations.assign(values.begin(), values.end());
+  analysis.activations.resize(m_frames * kPitches);
+  for (const Candidate& candidate : m_candidates) {
+    analysis.notes.push_back({.onset = static_cast<double>(candidate.onset) / kFramesPerSecond,
+                              .end = static_cast<double>(candidate.end) / kFramesPerSecond,
+                              .pitch = static_cast<int>(candidate.pitch) + Analysis::kLowestPitch,
+                              .strength = candidate.peak,
+                              .probability = static_cast<float>(candidate.probability),
+                              .amplitude = static_cast<float>(analysis.amplitude(candidate.peak))});
+  }
+  return analysis;
+}
+
+Engine::Engine(double sensitivity) : m_state(std::make_unique<State>(sensitivity)) {}
+Engine::Engine(Engine&&) noexcept = default;
+Engine& Engine::operator=(Engine&&) noexcept = default;
+Engine::~Engine() = default;
+
+void Engine::add(std::span<const float> samples) { m_state->add(samples); }
+
+bool Engine::step(double seconds) { return m_state->step(seconds); }
+
+double Engine::progress() const { return m_state->progress(); }
+
+Analysis Engine::take() { return m_state->take(); }
+
+}  // namespace korvel::precise
