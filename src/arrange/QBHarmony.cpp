@@ -38,21 +38,25 @@ int QBHarmony::isPartOfChord(int base, const QBChord& chord) {
   return hold ? countTones(base, hold->pitchClasses()) : 0;
 }
 
-int QBHarmony::countTones(int base, unsigned pitchClasses) {
-  int count = 0;
-  int note = pitchClass(base);
-  for (const auto& tone : allTones()) {
-    note = above(note, *tone);
-    if (pitchClasses >> note & 1U) ++count;
+const std::vector<int>& QBHarmony::intervals() {
+  if (!m_intervals) {
+    m_intervals.emplace();
+    int note = 0;
+    for (const auto& tone : allTones()) m_intervals->push_back(note = above(note, *tone));
   }
-  return count;
+  return *m_intervals;
+}
+
+int QBHarmony::countTones(int base, unsigned pitchClasses) {
+  const int root = pitchClass(base);
+  const unsigned fromRoot = pitchClasses >> root | pitchClasses << (kNotesPerOctave - root);
+  return static_cast<int>(std::ranges::count_if(
+      intervals(), [fromRoot](int interval) { return (fromRoot >> interval & 1U) != 0; }));
 }
 
 bool QBHarmony::includesNote(int base, int note) {
-  int own = pitchClass(base);
-  return std::ranges::any_of(allTones(), [&](const auto& tone) {
-    own = above(own, *tone);
-    return own == note;
+  return std::ranges::any_of(intervals(), [root = pitchClass(base), note](int interval) {
+    return pitchClass(root + interval) == note;
   });
 }
 

@@ -46,12 +46,17 @@ class QBHarmony final : public platform::ManagedObject {
   static int toneOfString(int string);
 
  private:
+  /// Of the tones above the root, 0..11, in order; computed once, since every chord that is made
+  /// asks all harmonies on all roots.
+  const std::vector<int>& intervals();
+
   platform::Attribute<std::string> m_type;
   platform::Attribute<int> m_order;
   platform::ToMany<QBToneOfHarmony> m_tones;
   platform::ToMany<QBChord> m_chords;
 
   std::optional<std::vector<platform::Ref<QBToneOfHarmony>>> m_sortedTones;
+  std::optional<std::vector<int>> m_intervals;
 };
 
 }  // namespace korvel

@@ -35,11 +35,12 @@ QBHarmony* QBTabMgr::findHarmonyByChord(QBChord* chord) {
   const unsigned sounding = chord->hold() ? chord->hold()->pitchClasses() : 0;
   int best = 0;
   for (const auto& harmony : m_harmonies) {
+    const QBHarmony* known = chord->harmony();
+    if (known && known->order() < harmony->order()) continue;
+    if (static_cast<int>(harmony->allTones().size()) < best) continue;
     for (int root = 0; root < kNotesPerOctave; ++root) {
       const int score = harmony->countTones(root, sounding);
       if (score < kFewestTones || score < best) continue;
-      const QBHarmony* known = chord->harmony();
-      if (known && known->order() < harmony->order()) continue;
       chord->setHarmony(harmony);
       chord->setBaseTone(root);
       best = score;
