@@ -7,7 +7,6 @@
 #include <cstdlib>
 
 #include "model/Neck.h"
-#include "model/Pitch.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
 #include "model/QBLeftHandPattern.h"
@@ -29,8 +28,11 @@ class Grip {
     for (const QBTone* tone : hold.tones())
       if (isPlace(tone->string(), tone->fret())) row(tone->string()) |= 1U << tone->fret();
   }
-  bool has(int string, int fret) const {
-    return isPlace(string, fret) && (m_rows[static_cast<std::size_t>(string)] >> fret & 1U);
+  /// The frets of a string from one on, that one as bit 0; a negative one lies before the nut.
+  std::uint32_t from(int string, int fret) const {
+    if (fret <= -kFretBits || !isPlace(string, std::abs(fret))) return 0;
+    const std::uint32_t frets = m_rows[static_cast<std::size_t>(string)];
+    return fret < 0 ? frets << -fret : frets >> fret;
   }
 
  private:
@@ -51,10 +53,13 @@ using Counts = std::array<int, kOffsets>;
 
 Counts countAtOffsets(const QBLeftHandPattern& pattern, const Grip& grip) {
   Counts counts{};
-  for (const QBString* finger : pattern.strings())
-    for (int offset = 0; offset < kOffsets; ++offset)
-      if (grip.has(finger->order(), addNotes(finger->baseTone(), offset)))
-        ++counts[static_cast<std::size_t>(offset)];
+  for (const QBString* finger : pattern.strings()) {
+    std::uint32_t frets = grip.from(finger->order(), finger->baseTone());
+    for (int& count : counts) {
+      count += static_cast<int>(frets & 1U);
+      frets >>= 1;
+    }
+  }
   return counts;
 }
 
