@@ -140,7 +140,8 @@ QBTone* QBHold::setFretOfString(int string, int fret) {
 }
 
 void QBHold::deleteTone(QBTone* tone) {
-  readSortedTones().erase(keyOf(*tone));
+  // An index that was never asked for is made from the tones that are left, when it is.
+  if (m_sortedTones) m_sortedTones->erase(keyOf(*tone));
   QBTabMgr::db().deleteTone(tone);
 }
 
