@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <benchmark/benchmark.h>
 
+#include "LongSong.h"
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
-#include "model/QBHold.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTone.h"
@@ -12,18 +12,13 @@
 namespace korvel {
 namespace {
 
-constexpr int kStrings = 6;
-
 /// A store as a new user has it, with one saved song of so many chords of six tones and a harmony
 /// each, in a process that has read nothing of it yet.
 class StoredSong {
  public:
   explicit StoredSong(std::int64_t chords) {
     QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
-    QBSong* song = db().createSong("Bench", db().selectedTuning(), db().selectedInstrument(),
-                                   db().createAlbum("Bench", false));
-    for (int i = 0; i < chords; ++i) addChord(song, i);
-    song->buildTab();
+    bench::addLongSong(db().createAlbum("Bench", false), "Bench", static_cast<int>(chords));
     db().save();
     reopen();
   }
@@ -40,15 +35,6 @@ class StoredSong {
   static QBSong* song() { return album()->findSongByName("Bench"); }
 
  private:
-  static void addChord(QBSong* song, int number) {
-    QBChord* chord = song->createChord();
-    chord->setDuration(1 + number % 4);
-    for (int string = 0; string < kStrings; ++string)
-      chord->hold()->addTone(string, (number * 7 + string * 3) % 5, 1e6 + number * string);
-    chord->setHarmony(db().findHarmonyByIndex(static_cast<std::size_t>(number % 7)));
-    chord->setBaseTone(number % 12);
-  }
-
   test::ScratchFolder m_folder;
 };
 
