@@ -12,14 +12,16 @@ struct FingeringCosts {
   /// A place of the hand: none yet, or none in particular.
   static constexpr int kNowhere = 0;
 
-  float perFret = 0.01F;        ///< For each note and each fret up the neck.
+  float perFret = 0.008F;       ///< For each note and each fret up the neck.
   float wideSpan = 1;           ///< For each fret that pressed notes span beyond four.
   float hardSpan = 1.5F;        ///< For each beyond five, on top.
   float gap = 0.15F;            ///< For each string left alone between strings of a grip.
   float shift = 0.2F;           ///< The hand leaves its place,
   float perFretShifted = 0.4F;  ///< and for each fret that it goes.
+  float perFretOfChord = 0.1F;  ///< For several notes at once, and each fret of the hand.
   float perFretHigh = 0.1F;     ///< For each event and fret of the hand above the seventh.
-  float cutOff = 3;             ///< A string is needed for another fret while it rings on for long.
+  float cutOff = 1.2F;          ///< A string is needed for another fret while it rings on for long,
+  float cutStrum = 1;           ///< or when its note has only just started.
   int home = kNowhere;          ///< Where the hand is expected, and starts.
   int homeSlack = 0;            ///< Frets beside it that are as good.
   float perFretFromHome = 0;    ///< For each event and fret of the hand beyond that.

@@ -16,6 +16,8 @@ constexpr int kHighPlace = 7;
 /// loss costs all. Ends of notes are heard late rather than early.
 constexpr double kCutFree = 0.15;
 constexpr double kCutFull = 0.3;
+/// Strums take less, and notes last longer.
+constexpr double kStrum = 0.1;
 
 float beyond(int value, int limit) { return static_cast<float>(std::max(0, value - limit)); }
 
@@ -97,6 +99,7 @@ float FingeringSearch::costOfPlace(int from, int to) const {
   if (to == FingeringCosts::kNowhere) return 0;
   float cost = m_costs.perFretHigh * beyond(to, kHighPlace) +
                m_costs.perFretFromHome * beyond(std::abs(to - m_costs.home), m_costs.homeSlack);
+  if (m_event.size() > 1) cost += m_costs.perFretOfChord * static_cast<float>(to);
   if (from != FingeringCosts::kNowhere && from != to)
     cost += m_costs.shift + m_costs.perFretShifted * static_cast<float>(std::abs(to - from));
   return cost;
@@ -108,6 +111,7 @@ float FingeringSearch::costOfCutting(const Hand& hand, const Grip& grip) const {
     if (grip.fret[s] == Grip::kNone || grip.fret[s] == hand.fret[s]) continue;
     const double lost = (hand.end[s] - m_now - kCutFree) / kCutFull;
     cost += m_costs.cutOff * static_cast<float>(std::clamp(lost, 0.0, 1.0));
+    if (hand.fret[s] != Grip::kNone && m_now - hand.start[s] < kStrum) cost += m_costs.cutStrum;
   }
   return cost;
 }
@@ -129,6 +133,7 @@ FingeringSearch::Hand FingeringSearch::after(const Choice& choice) const {
     if (grip.string[i] == Grip::kNone) continue;
     const auto s = static_cast<std::size_t>(grip.string[i]);
     hand.fret[s] = grip.fret[s];
+    hand.start[s] = m_notes[m_event[i]].onset;
     hand.end[s] = m_notes[m_event[i]].end;
   }
   return hand;

@@ -31,7 +31,8 @@ class FingeringSearch {
     float cost = 0;
     int place = FingeringCosts::kNowhere;
     std::array<std::int8_t, kStrings> fret{};
-    std::array<double, kStrings> end{};  ///< Seconds, of the last note of each string.
+    std::array<double, kStrings> start{};  ///< Seconds, of the last note of each string.
+    std::array<double, kStrings> end{};
     std::int32_t step = kStart;
   };
   /// A grip that a hand may take next.
