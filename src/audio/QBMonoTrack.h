@@ -20,12 +20,11 @@ class QBMonoTrack final : public QBSampleSource {
 
   /// Opens the file anew. The volume has no meaning for a file.
   void startRecord(float volume) override;
-  /// The next samples, 1 being full scale; empty at the end. Valid until the next call.
-  std::span<const float> readSamples();
+  std::span<const float> readSamples() override;
   bool eof() const override { return !isReading(); }
   bool isReading() const override { return m_reader && m_reader->isReading(); }
-  /// How much of the file has been read, 0..1; 1 once there is nothing to read.
-  double progress() const;
+  /// Of the file; 1 once there is nothing to read.
+  double progress() const override;
   void stopRecord() override { m_reader.reset(); }
 
  private:

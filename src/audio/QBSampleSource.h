@@ -5,6 +5,7 @@
 #include <list>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <vector>
 
 #include "audio/QBSampleBlock.h"
@@ -46,6 +47,12 @@ class QBSampleSource {
   /// Reads one more slice of a file; false at its end.
   virtual bool pullBuffer() { return false; }
   virtual int workingStateInPercent() const { return 0; }
+
+  /// The next samples of a source that is heard as a whole: one channel, 44100 a second, 1 being
+  /// full scale. Empty at the end; valid until the next call.
+  virtual std::span<const float> readSamples() { return {}; }
+  /// How much of these has been read, 0..1.
+  virtual double progress() const { return 1; }
 
   const std::vector<std::int16_t>& samples() const { return m_samples; }
 

@@ -3,12 +3,13 @@
 
 #include <array>
 
-namespace korvel::precise {
+#include "model/Neck.h"
 
-inline constexpr int kStrings = 6;
+namespace korvel::precise {
 
 /// The pitches of the open strings as MIDI numbers, without capo, by string.
 using OpenStrings = std::array<int, kStrings>;
+inline constexpr OpenStrings kStandardTuning{40, 45, 50, 55, 59, 64};
 
 /// Where on the neck the player is expected to be.
 struct Position {

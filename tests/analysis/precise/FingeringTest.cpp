@@ -11,7 +11,6 @@
 namespace korvel::precise {
 namespace {
 
-constexpr OpenStrings kStandard{40, 45, 50, 55, 59, 64};
 constexpr OpenStrings kDropD{38, 45, 50, 55, 59, 64};
 constexpr Position kOpen{Position::Kind::open};
 constexpr Position around(int fret) { return {Position::Kind::around, fret}; }
@@ -69,7 +68,7 @@ Notes line(const std::vector<int>& pitches) {
 /// "string:fret" of each note of a melody.
 std::string played(const std::vector<int>& pitches, const FingeringOptions& options) {
   Notes notes = line(pitches);
-  Fingering(kStandard, options).place(notes);
+  Fingering(kStandardTuning, options).place(notes);
   std::string text;
   for (const Note& n : notes)
     text += (text.empty() ? "" : " ") + std::to_string(n.string) + ':' + std::to_string(n.fret);
@@ -81,8 +80,8 @@ const std::vector<int> kScaleOfC{48, 50, 52, 53, 55, 57, 59, 60, 62, 64, 65, 67}
 TEST(FingeringTest, findsTheShapesThatGuitaristsLearnFirst) {
   const std::vector<std::string> shapes{"x02210", "x32010", "320003", "xx0232", "022100", "133211",
                                         "x24432", "x02020", "020100", "xx0231", "577655", "x35553"};
-  EXPECT_EQ(refound(shapes, kStandard), shapes);
-  EXPECT_EQ(refound(shapes, kStandard, {}, 5.0), shapes) << "each rings into the next two";
+  EXPECT_EQ(refound(shapes, kStandardTuning), shapes);
+  EXPECT_EQ(refound(shapes, kStandardTuning, {}, 5.0), shapes) << "each rings into the next two";
   EXPECT_EQ(refound({"000xxx", "222xxx", "555xxx", "x022xx", "000232"}, kDropD),
             (std::vector<std::string>{"000xxx", "222xxx", "555xxx", "x022xx", "000232"}));
   const OpenStrings openG{38, 43, 50, 55, 59, 62};
@@ -121,22 +120,22 @@ TEST(FingeringTest, capoMovesEverythingUp) {
   EXPECT_EQ(played(raised, {.capo = 5, .position = kOpen}),
             "1:8 2:5 2:7 2:8 3:5 3:7 4:5 4:6 4:8 5:5 5:6 5:8");
   EXPECT_EQ(played({41, 42, 76, 77}, {.capo = 2}), "-1:-1 0:2 5:12 -1:-1");
-  EXPECT_EQ(refound({"xx2454", "x24432"}, kStandard, {.capo = 2}),
+  EXPECT_EQ(refound({"xx2454", "x24432"}, kStandardTuning, {.capo = 2}),
             (std::vector<std::string>{"xx2454", "x24432"}));
 }
 
 TEST(FingeringTest, leavesOutWhatTheGuitarHasNot) {
   EXPECT_EQ(played({39, 40, 76, 77, 88, 89}, {}), "-1:-1 0:0 5:12 -1:-1 -1:-1 -1:-1");
   EXPECT_EQ(played({88, 89}, {.frets = 24}), "5:24 -1:-1");
-  Notes seven = strum("022100", kStandard, 0);
+  Notes seven = strum("022100", kStandardTuning, 0);
   for (Note& n : seven) n.onset = 0;
   seven.insert(seven.begin() + 2, note(0.001, 1, 61));
   seven[2].strength = 0.1F;
-  Fingering(kStandard, {}).place(seven);
+  Fingering(kStandardTuning, {}).place(seven);
   EXPECT_EQ(seven[2].string, -1);
   EXPECT_EQ(drawn(seven), "022100");
   Notes none;
-  Fingering(kStandard, {}).place(none);
+  Fingering(kStandardTuning, {}).place(none);
 }
 
 /// Whatever the notes are, what is said of them can be played.

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "analysis/precise/Analysis.h"
+#include "analysis/precise/Engine.h"
+#include "analysis/precise/Fingering.h"
+#include "analysis/precise/Settings.h"
+
+namespace korvel {
+class QBSampleSource;
+class QBTuning;
+}  // namespace korvel
+
+namespace korvel::precise {
+
+/// The pitches that a tuning's strings sound at, to the nearest semitone. Throws std::out_of_range
+/// for a tuning of fewer than six strings.
+OpenStrings openStringsOf(QBTuning& tuning);
+
+/// A recording on its way to notes with strings and frets: reads the source, detects the notes and
+/// fingers them, a slice at each step. To cancel, destroy it.
+class Transcription {
+ public:
+  /// The source is to deliver samples (`readSamples`) by the time of the first step.
+  Transcription(std::shared_ptr<QBSampleSource> source, const OpenStrings& open,
+                const Settings& settings);
+
+  /// A few hundredths of a second of work; false when all is done.
+  bool step();
+  /// Of the work, 0..1.
+  double progress() const;
+  /// Complete once `step` has answered false.
+  const Analysis& result() const { return m_result; }
+
+ private:
+  void read();
+
+  std::shared_ptr<QBSampleSource> m_source;
+  Engine m_engine;
+  Fingering m_fingering;
+  Analysis m_result;
+  bool m_read = false;
+  bool m_done = false;
+};
+
+}  // namespace korvel::precise
