@@ -66,7 +66,8 @@ int Console::exitStatus() const { return EXIT_FAILURE; }
 void Console::progress(double share) {
   static const bool terminal = isatty(STDERR_FILENO) != 0;
   const int percent = static_cast<int>(share * 100.0);
-  if (!terminal || percent == m_drawnPercent) return;
+  if (share >= 1) clearProgress();
+  if (!terminal || share >= 1 || percent == m_drawnPercent) return;
   m_drawnPercent = percent;
   const int filled = percent * kBarWidth / 100;
   std::cerr << "\r[" << std::string(static_cast<std::size_t>(filled), '#')
@@ -86,6 +87,7 @@ void Console::error(std::string_view text) {
 }
 
 void Console::print(std::string_view text) {
+  clearProgress();
   std::cout << text << std::flush;
   if (!std::cout) throw CliError("cannot write to the standard output; check where it leads");
 }

@@ -21,7 +21,7 @@ class Console final : public OutputView, public SavePanel, public FatalAlert {
   void show(const std::string& text) override;
   int exitStatus() const override;
 
-  /// share: 0..1. Draws nothing unless stderr is a terminal.
+  /// share: 0..1, where 1 takes the bar away. Draws nothing unless stderr is a terminal.
   void progress(double share);
   void error(std::string_view text);
   /// Writes to stdout; throws CliError when that fails.

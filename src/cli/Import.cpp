@@ -59,15 +59,6 @@ class NewSong {
   bool m_kept = false;
 };
 
-QBTuning* tuningNamed(const std::string& name) {
-  std::string known;
-  for (const auto& tuning : QBTabMgr::db().tunings()) {
-    if (tuning->descr() == name) return tuning;
-    known += (known.empty() ? "\"" : ", \"") + tuning->descr() + '"';
-  }
-  throw CliError("no tuning \"" + name + "\"; there is " + known);
-}
-
 void run(QBCmdImportSong& command, bool stepped) {
   command.onProgress([](double share) { Console::attached().progress(share); });
   if (!stepped) {
@@ -130,7 +121,7 @@ void requireInstrument() {
 
 int importFiles(const ImportOptions& options) {
   requireInstrument();
-  QBTuning* tuning = options.tuning ? tuningNamed(*options.tuning) : nullptr;
+  QBTuning* tuning = options.tuning ? &chooseTuning(*options.tuning) : nullptr;
   std::vector<platform::Ref<QBSong>> songs;
   int status = EXIT_SUCCESS;
   for (const std::string& file : options.files) {

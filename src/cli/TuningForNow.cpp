@@ -1,12 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/TuningForNow.h"
 
+#include "cli/CliError.h"
 #include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
 
 namespace korvel::cli {
 
 TuningForNow::TuningForNow(QBTuning* tuning) { QBTabMgr::db().setTuningForNow(tuning); }
 
 TuningForNow::~TuningForNow() { QBTabMgr::db().setTuningForNow(nullptr); }
+
+QBTuning& chooseTuning(const std::string& name) {
+  std::string known;
+  for (const auto& tuning : QBTabMgr::db().tunings()) {
+    if (tuning->descr() == name) return *tuning;
+    known += (known.empty() ? "\"" : ", \"") + tuning->descr() + '"';
+  }
+  throw CliError("no tuning \"" + name + "\"; there is " + known);
+}
 
 }  // namespace korvel::cli

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+
 namespace korvel {
 class QBTuning;
 }
@@ -16,5 +18,8 @@ class TuningForNow {
   TuningForNow& operator=(const TuningForNow&) = delete;
   ~TuningForNow();
 };
+
+/// The tuning of that name. Throws CliError, which lists the tunings, when there is none.
+QBTuning& chooseTuning(const std::string& name);
 
 }  // namespace korvel::cli

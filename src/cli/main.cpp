@@ -9,9 +9,11 @@
 #include "cli/Apply.h"
 #include "cli/CliError.h"
 #include "cli/Console.h"
+#include "cli/DetectionFlags.h"
 #include "cli/Import.h"
 #include "cli/SongEdits.h"
 #include "cli/StoreCommands.h"
+#include "cli/Transcribe.h"
 #include "model/QBTabMgr.h"
 #include "workflow/SongCommands.h"
 
@@ -37,6 +39,7 @@ struct Usage {
   int from = 0, to = 0;
   cli::ImportOptions import;
   cli::ApplyOptions apply;
+  cli::TranscribeOptions transcribe;
   bool storeMustExist = false;
   bool storeNeeded = true;
   Action action;
@@ -49,6 +52,7 @@ struct Usage {
         "SONG is a title, or ALBUM/TITLE where titles repeat.\n"
         "Exit status: 0 done, 1 failed, 2 wrong usage, 255 the store cannot be opened.");
     addImport();
+    addTranscribe();
     addSongCommands();
     addApply();
     addEdits();
@@ -85,6 +89,20 @@ struct Usage {
     sub->add_option("--tuning", import.tuning, "Tuning of the guitar, such as \"Drop D\"");
     sub->add_flag("--json", import.json, "Print the song as JSON");
     sub->add_flag("--stepped", import.stepped, "Import step by step on a timer");
+  }
+
+  void addTranscribe() {
+    CLI::App* sub = app.add_subcommand("transcribe", "Print the notes of a recording as JSON");
+    sub->callback([this] {
+      storeNeeded = transcribe.tuning.has_value();
+      action = always([this] { cli::transcribe(transcribe); });
+    });
+    sub->add_option("FILE", transcribe.file, "Sound file")->required()->type_name("");
+    sub->add_option("--json", transcribe.json, "File for the notes (default: standard output)")
+        ->type_name("FILE");
+    sub->add_option("--tuning", transcribe.tuning,
+                    "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
+    cli::addDetectionFlags(*sub, transcribe.settings);
   }
 
   CLI::App* withSong(CLI::App* sub) {
@@ -206,12 +224,12 @@ void unmark(std::string& word) {
 }
 
 void unmarkAll(Usage& usage) {
-  for (std::string* word :
-       {&usage.store, &usage.song, &usage.file, &usage.target, &usage.apply.song})
+  for (std::string* word : {&usage.store, &usage.song, &usage.file, &usage.target,
+                            &usage.apply.song, &usage.transcribe.file})
     unmark(*word);
   for (std::string& file : usage.import.files) unmark(file);
-  for (auto* word :
-       {&usage.import.album, &usage.import.title, &usage.import.tuning, &usage.apply.album})
+  for (auto* word : {&usage.import.album, &usage.import.title, &usage.import.tuning,
+                     &usage.apply.album, &usage.transcribe.json, &usage.transcribe.tuning})
     if (*word) unmark(**word);
 }
 

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/DetectionFlags.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <string>
+
+namespace korvel::cli {
+namespace {
+
+using precise::FingeringOptions;
+using precise::Position;
+
+constexpr int kHighestCapo = 11;
+
+Position positionNamed(const std::string& word) {
+  if (word == "anywhere") return {};
+  if (word == "open") return {Position::Kind::open};
+  int fret = 0;
+  const char* end = word.data() + word.size();
+  const auto read = std::from_chars(word.data(), end, fret);
+  if (read.ec != std::errc() || read.ptr != end || fret < 1 || fret > FingeringOptions::kMostFrets)
+    throw CLI::ValidationError("--position", "is open, anywhere or a fret from 1 to 24");
+  return {Position::Kind::around, fret};
+}
+
+}  // namespace
+
+void addDetectionFlags(CLI::App& command, precise::Settings& settings) {
+  FingeringOptions& fingering = settings.fingering;
+  command
+      .add_option("--sensitivity", settings.sensitivity,
+                  "How faint or doubtful a note may be, 0 to 1 (default: 0.5)")
+      ->check(CLI::Range(0.0, 1.0))
+      ->type_name("SHARE");
+  command
+      .add_option_function<std::string>(
+          "--position",
+          [&fingering](const std::string& word) { fingering.position = positionNamed(word); },
+          "Where on the neck it is played: open, anywhere (default), or around a fret")
+      ->type_name("open|anywhere|FRET");
+  command.add_option("--frets", fingering.frets, "Highest fret that is played, 12 (default) to 24")
+      ->check(CLI::Range(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets))
+      ->type_name("FRET");
+  command.add_option("--capo", fingering.capo, "Fret of the capo; frets still count from the nut")
+      ->check(CLI::Range(0, kHighestCapo))
+      ->type_name("FRET");
+}
+
+}  // namespace korvel::cli

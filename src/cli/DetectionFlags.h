@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "analysis/precise/Settings.h"
+
+namespace CLI {
+class App;
+}
+
+namespace korvel::cli {
+
+/// Offers --sensitivity, --position, --frets and --capo, which fill the settings.
+void addDetectionFlags(CLI::App& command, precise::Settings& settings);
+
+}  // namespace korvel::cli

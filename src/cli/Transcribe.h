@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "analysis/precise/Settings.h"
+
+namespace korvel::cli {
+
+struct TranscribeOptions {
+  std::string file;
+  std::optional<std::string> json;    ///< File for the notes; stdout when not given.
+  std::optional<std::string> tuning;  ///< Of the store; standard tuning when not given.
+  precise::Settings settings{};
+};
+
+/// Prints the notes of a recording as JSON, {"notes": [{"onset", "offset", "midi", "string",
+/// "fret", "strength", "probability"}]}: times in seconds, strings from 0 for the lowest, null for
+/// string and fret of a note that the guitar has not. Stores nothing, and opens the store only when
+/// a tuning is named. Throws CliError.
+void transcribe(const TranscribeOptions& options);
+
+}  // namespace korvel::cli
