@@ -14,9 +14,12 @@ constexpr int kCompleteCount = 9;
 
 void QBMatrixLine::setRun(int column, int n, QBMatrixValue value) {
   if (column < 0) throw std::out_of_range("column " + std::to_string(column));
-  const auto end = static_cast<std::size_t>(column) + static_cast<std::size_t>(n);
-  if (m_data.size() < end) m_data.resize(end, QBMatrixValue(static_cast<float>(m_empty)));
-  std::fill_n(m_data.begin() + column, n, value);
+  const auto at = static_cast<std::size_t>(column);
+  const auto count = static_cast<std::size_t>(n);
+  if (m_data.size() < at) m_data.resize(at, QBMatrixValue(static_cast<float>(m_empty)));
+  const std::size_t known = std::min(count, m_data.size() - at);
+  std::fill_n(m_data.begin() + column, known, value);
+  m_data.insert(m_data.end(), count - known, value);
 }
 
 bool QBMatrixLine::isCompleted() const {

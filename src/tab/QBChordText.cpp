@@ -58,8 +58,8 @@ std::string fretText(int fret) { return (fret <= 9 ? "-" : "") + std::to_string(
 
 /// The later of two tones on one string stays visible, so they are drawn in a fixed order.
 void drawTones(QBTabMatrix& matrix, QBChord& chord) {
-  auto tones = chord.readAllTones();
-  std::ranges::stable_sort(tones, {}, [](const auto& tone) {
+  std::vector<const QBTone*> tones(chord.readAllTones().begin(), chord.readAllTones().end());
+  std::ranges::sort(tones, {}, [](const QBTone* tone) {
     return std::tuple(tone->string(), tone->fret(), tone->amp());
   });
   for (const auto& tone : tones) {

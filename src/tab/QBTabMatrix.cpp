@@ -81,13 +81,13 @@ void QBTabMatrix::trimLeadingLines() {
 std::string QBTabMatrix::toStringInverted() {
   trimLeadingLines();
   std::string text;
-  for (int y = 0; y < height(); ++y) text += row(y, width()) + "\n";
+  for (int y = 0; y < height(); ++y) addRow(text, y, width(), "\n");
   return text;
 }
 
 std::string QBTabMatrix::toString() const {
   std::string text;
-  for (int y = height() - 1; y >= 0; --y) text += row(y, m_xPos) + "\r\n";
+  for (int y = height() - 1; y >= 0; --y) addRow(text, y, m_xPos, "\r\n");
   return text;
 }
 
@@ -97,15 +97,18 @@ void QBTabMatrix::stringLines(int x, int n) {
 
 void QBTabMatrix::barLine(int x) { vertLine(x, m_yPos, kStrings); }
 
-std::string QBTabMatrix::row(int y, int columns) const {
+// A page has a hundred thousand cells, nearly all of one byte, which are appended as such.
+void QBTabMatrix::addRow(std::string& text, int y, int columns, std::string_view end) const {
   const QBMatrixLine& line = m_lines.at(static_cast<std::size_t>(y));
-  std::string text;
-  text.reserve(static_cast<std::size_t>(columns));
-  for (int x = 0; x < columns; ++x) {
-    const QBMatrixValue* cell = line.get(x);
-    text += cell ? cell->getString() : " ";
+  const int drawn = std::clamp(columns, 0, line.length());
+  for (int x = 0; x < drawn; ++x) {
+    const std::string_view cell = line.get(x)->getString();
+    if (cell.size() == 1)
+      text += cell.front();
+    else
+      text += cell;
   }
-  return text;
+  text.append(static_cast<std::size_t>(std::max(columns - drawn, 0)), ' ').append(end);
 }
 
 }  // namespace korvel

@@ -49,7 +49,8 @@ class QBTabMatrix : public QBTextMatrix {
 
  private:
   void barLine(int x);
-  std::string row(int y, int columns) const;
+  /// So many cells of a row from the left, blanks where there are none, and what ends the row.
+  void addRow(std::string& text, int y, int columns, std::string_view end) const;
 };
 
 }  // namespace korvel
