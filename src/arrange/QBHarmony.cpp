@@ -2,6 +2,8 @@
 #include "model/QBHarmony.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <iterator>
 
 #include "model/Pitch.h"
@@ -13,6 +15,15 @@
 
 namespace korvel {
 namespace {
+
+/// How many notes a set of pitch classes has. Processors that programs are built for by default
+/// count no bits by themselves.
+constexpr auto kCountOf = [] {
+  std::array<std::int8_t, 1U << kNotesPerOctave> counts{};
+  for (std::size_t set = 1; set < counts.size(); ++set)
+    counts[set] = static_cast<std::int8_t>(counts[set / 2] + static_cast<int>(set % 2));
+  return counts;
+}();
 
 /// The step is reduced first: a declared one may be as large as an int can be.
 int above(int note, const QBToneOfHarmony& tone) {
@@ -38,11 +49,19 @@ int QBHarmony::isPartOfChord(int base, const QBChord& chord) {
   return hold ? countTones(base, hold->pitchClasses()) : 0;
 }
 
-const std::vector<int>& QBHarmony::intervals() {
-  if (!m_intervals) {
-    m_intervals.emplace();
-    int note = 0;
-    for (const auto& tone : allTones()) m_intervals->push_back(note = above(note, *tone));
+const std::vector<unsigned>& QBHarmony::intervals() {
+  if (m_intervals) return *m_intervals;
+  m_intervals.emplace();
+  int note = 0;
+  for (const auto& tone : allTones()) {
+    note = above(note, *tone);
+    const unsigned bit = 1U << note;
+    const auto without = [bit](unsigned set) { return (set & bit) == 0; };
+    const auto set = std::ranges::find_if(*m_intervals, without);
+    if (set == m_intervals->end())
+      m_intervals->push_back(bit);
+    else
+      *set |= bit;
   }
   return *m_intervals;
 }
@@ -50,14 +69,13 @@ const std::vector<int>& QBHarmony::intervals() {
 int QBHarmony::countTones(int base, unsigned pitchClasses) {
   const int root = pitchClass(base);
   const unsigned fromRoot = pitchClasses >> root | pitchClasses << (kNotesPerOctave - root);
-  return static_cast<int>(std::ranges::count_if(
-      intervals(), [fromRoot](int interval) { return (fromRoot >> interval & 1U) != 0; }));
+  int count = 0;
+  for (const unsigned set : intervals()) count += kCountOf[set & fromRoot];
+  return count;
 }
 
 bool QBHarmony::includesNote(int base, int note) {
-  return std::ranges::any_of(intervals(), [root = pitchClass(base), note](int interval) {
-    return pitchClass(root + interval) == note;
-  });
+  return note == pitchClass(note) && countTones(base, 1U << note) > 0;
 }
 
 std::optional<std::string> QBHarmony::noteAsString(int note) {

@@ -46,9 +46,9 @@ class QBHarmony final : public platform::ManagedObject {
   static int toneOfString(int string);
 
  private:
-  /// Of the tones above the root, 0..11, in order; computed once, since every chord that is made
-  /// asks all harmonies on all roots.
-  const std::vector<int>& intervals();
+  /// The tones above the root as sets, bit n for n semitones; one that recurs is in a further set.
+  /// Computed once, since every chord that is made asks all harmonies on all roots.
+  const std::vector<unsigned>& intervals();
 
   platform::Attribute<std::string> m_type;
   platform::Attribute<int> m_order;
@@ -56,7 +56,7 @@ class QBHarmony final : public platform::ManagedObject {
   platform::ToMany<QBChord> m_chords;
 
   std::optional<std::vector<platform::Ref<QBToneOfHarmony>>> m_sortedTones;
-  std::optional<std::vector<int>> m_intervals;
+  std::optional<std::vector<unsigned>> m_intervals;
 };
 
 }  // namespace korvel
