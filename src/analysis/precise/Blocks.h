@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "analysis/precise/Analysis.h"
+#include "analysis/precise/Note.h"
+
+namespace korvel::precise {
+
+/// Samples of a block at 44100 a second: what one chord of a song stands for.
+inline constexpr std::size_t kBlockSamples = 16384;
+
+/// What sounds on a string in a block.
+struct BlockTone {
+  /// 0 is the lowest-sounding string; frets count from the nut.
+  int string = 0;
+  int fret = 0;
+  /// As the magnitude that a windowed transform of the block's samples would have at the tone's
+  /// frequency: 32768 * 16384 * 0.54 for a sine at full scale.
+  double amplitude = 0;
+};
+
+/// By string, one tone on each at most.
+using BlockTones = std::vector<BlockTone>;
+
+/// The tones of every block of a recording, in order of time; the last block may be cut short.
+/// A pitch is in a block when its notes cover at least 30 % of it; of several on one string it is
+/// the one that sounds longest in the block. notes: with strings and frets; those without are left
+/// out. samples: length of the recording at 44100 a second.
+std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
+                                 std::size_t samples);
+
+}  // namespace korvel::precise
