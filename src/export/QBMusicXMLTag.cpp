@@ -3,17 +3,10 @@
 
 #include <utility>
 
+#include "export/QBMusicXMLVisitor.h"
+#include "export/TagText.h"
+
 namespace korvel {
-namespace {
-
-std::string trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  const auto first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
-}
-
-}  // namespace
 
 QBMusicXMLTag::QBMusicXMLTag(std::string title, std::string_view value)
     : m_title(std::move(title)), m_value(trimmed(value)) {}
@@ -35,5 +28,15 @@ std::string QBMusicXMLTag::open() const {
 }
 
 std::string QBMusicXMLTag::close() const { return hasContent() ? "</" + m_title + '>' : ""; }
+
+bool QBMusicXMLTag::iterate(QBMusicXMLVisitor& visitor) const {
+  visitor.pre(*this);
+  visitor.increaseDepth();
+  for (const auto& tag : m_tags)
+    if (!tag->iterate(visitor)) return false;
+  visitor.decreaseDepth();
+  visitor.execute(*this);
+  return visitor.post(*this);
+}
 
 }  // namespace korvel

@@ -8,6 +8,8 @@
 
 namespace korvel {
 
+class QBMusicXMLVisitor;
+
 /// One element of an XML document: a title, a text or children, attributes and raw markup, which
 /// stand in the document as they are given, without escaping.
 class QBMusicXMLTag {
@@ -35,6 +37,10 @@ class QBMusicXMLTag {
   const std::string& value() const { return m_value; }
   const std::string& raw() const { return m_raw; }
   const std::vector<std::unique_ptr<QBMusicXMLTag>>& tags() const { return m_tags; }
+
+  /// Hands this tag and those below it to the visitor, in the order of the document. Ends early,
+  /// answering false, when the visitor says so after a tag.
+  bool iterate(QBMusicXMLVisitor& visitor) const;
 
  private:
   bool hasContent() const { return !m_value.empty() || !m_tags.empty(); }

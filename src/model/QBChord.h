@@ -19,6 +19,7 @@ class QBHarmony;
 class QBHold;
 class QBLeftHandPattern;
 class QBMeasure;
+class QBMusicXMLTag;
 class QBRightHandPattern;
 class QBSong;
 class QBTabMatrix;
@@ -93,6 +94,8 @@ class QBChord final : public platform::ManagedObject {
   void setDurationValue(int duration);
   /// Score for ranking candidates.
   int weight() const;
+  /// The position with the tones of the hold, by string and fret.
+  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
   // Texts and drawing.
   /// The column of a tablature that holds the chord alone.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -14,6 +15,7 @@ class QBAlbum;
 class QBChord;
 class QBChordVisitor;
 class QBMeasure;
+class QBMusicXMLTag;
 class QBTuning;
 
 /// One recorded or derived piece: chords in order of `position`, laid into measures or not.
@@ -85,6 +87,8 @@ class QBSong final : public platform::ManagedObject {
   void buildTab();
   /// Writes the text for export as UTF-8; write errors are ignored and the answer is always true.
   bool tofile(const std::string& path);
+  /// The title alone.
+  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
   // Copies and combinations, each a new song. Those with chords of their own making have a
   // tablature; std::out_of_range when there are no chords to draw, and the new song stays then.

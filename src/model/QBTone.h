@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -9,6 +10,7 @@
 namespace korvel {
 
 class QBHold;
+class QBMusicXMLTag;
 
 /// One sounding note: a fret of a string.
 class QBTone final : public platform::ManagedObject {
@@ -53,6 +55,7 @@ class QBTone final : public platform::ManagedObject {
   bool equals(const QBTone& other) const;
   std::string toString() const;
   std::string toStringClean() const;
+  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
   // Scratch values of analysis and filters; never stored.
   double m_factor = 0.0;
