@@ -13,7 +13,6 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
-#include "platform/Files.h"
 #include "platform/persistence/StoreFile.h"
 
 namespace korvel::cli {
@@ -54,11 +53,6 @@ void deleteSong(const std::string& name) {
   QBSong& song = chooseSong(name);
   song.album()->deleteSong(&song);
   QBTabMgr::db().context().save();
-}
-
-void exportText(const std::string& name, const std::string& file) {
-  QBSong& song = chooseSong(name);
-  platform::writeAtomically(file, textOf(song, [&] { return song.toStringForExport(); }));
 }
 
 void listTunings() {

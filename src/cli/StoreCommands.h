@@ -12,7 +12,6 @@ void listSongs();
 void showSong(const std::string& song);
 void dumpSong(const std::string& song);
 void deleteSong(const std::string& song);
-void exportText(const std::string& song, const std::string& file);
 /// The tunings, the active one marked with a star.
 void listTunings();
 /// A complete check of the store.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -10,6 +11,7 @@
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/DetectionFlags.h"
+#include "cli/Export.h"
 #include "cli/Import.h"
 #include "cli/SongEdits.h"
 #include "cli/StoreCommands.h"
@@ -39,6 +41,7 @@ struct Usage {
   int from = 0, to = 0;
   cli::ImportOptions import;
   cli::ApplyOptions apply;
+  cli::ExportOptions exported;
   cli::TranscribeOptions transcribe;
   bool storeMustExist = false;
   bool storeNeeded = true;
@@ -54,6 +57,7 @@ struct Usage {
     addImport();
     addTranscribe();
     addSongCommands();
+    addExport();
     addApply();
     addEdits();
     addStoreCommands();
@@ -115,11 +119,26 @@ struct Usage {
         caring("show", "Print the tablature of a song", always([this] { cli::showSong(song); })));
     withSong(caring("dump", "Print a song as JSON", always([this] { cli::dumpSong(song); })));
     withSong(caring("delete", "Delete a song", always([this] { cli::deleteSong(song); })));
-    withSong(
-        caring("export", "Write a song to a file", always([this] { cli::exportText(song, file); })))
-        ->add_option("--txt", file, "Text tablature")
-        ->required()
-        ->type_name("FILE");
+  }
+
+  void addExport() {
+    CLI::App* sub = app.add_subcommand("export", "Write a song to files");
+    sub->callback([this] {
+      if (!exported.txt && !exported.musicxml)
+        throw CLI::ValidationError("export", "takes --txt FILE, --musicxml FILE or both");
+      storeMustExist = true;
+      action = always([this] { cli::exportSong(exported); });
+    });
+    sub->add_option("SONG", exported.song, "Title, or ALBUM/TITLE")->required()->type_name("");
+    sub->add_option("--txt", exported.txt, "Text tablature")->type_name("FILE");
+    CLI::Option* score =
+        sub->add_option("--musicxml", exported.musicxml, "Score for notation programs")
+            ->type_name("FILE");
+    sub->add_option("--metric", exported.metric,
+                    "Time signature of the score (default: the song's, or 4/4)")
+        ->check(CLI::IsMember({"4/4", "3/4", "6/8", "12/8"}))
+        ->needs(score);
+    sub->add_flag("--force", exported.force, "Replace files that are there already");
   }
 
   void addApply() {
@@ -225,11 +244,12 @@ void unmark(std::string& word) {
 
 void unmarkAll(Usage& usage) {
   for (std::string* word : {&usage.store, &usage.song, &usage.file, &usage.target,
-                            &usage.apply.song, &usage.transcribe.file})
+                            &usage.apply.song, &usage.exported.song, &usage.transcribe.file})
     unmark(*word);
   for (std::string& file : usage.import.files) unmark(file);
   for (auto* word : {&usage.import.album, &usage.import.title, &usage.import.tuning,
-                     &usage.apply.album, &usage.transcribe.json, &usage.transcribe.tuning})
+                     &usage.apply.album, &usage.exported.txt, &usage.exported.musicxml,
+                     &usage.transcribe.json, &usage.transcribe.tuning})
     if (*word) unmark(**word);
 }
 
@@ -245,6 +265,8 @@ void openStore(const Usage& usage) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A file that reaches its size limit is to be an error like a full disk, not the end.
+  std::signal(SIGXFSZ, SIG_IGN);
   Usage usage;
   try {
     usage.app.parse(markedArguments(argc, argv));

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Export.h"
+
+#include <functional>
+#include <vector>
+
+#include "cli/CliError.h"
+#include "cli/Console.h"
+#include "cli/OutputFile.h"
+#include "cli/ScoreFile.h"
+#include "cli/SongChoice.h"
+#include "cli/TuningForNow.h"
+#include "export/SongScore.h"
+#include "model/QBSong.h"
+
+namespace korvel::cli {
+namespace {
+
+std::optional<Meter> meterOf(const std::optional<std::string>& metric) {
+  if (!metric) return std::nullopt;
+  if (*metric == "4/4") return Meter{4, 4};
+  if (*metric == "3/4") return Meter{3, 4};
+  if (*metric == "6/8") return Meter{6, 8};
+  return Meter{12, 8};
+}
+
+struct Output {
+  OutputFile file;
+  std::function<std::string()> make;
+};
+
+std::vector<Output> outputsOf(const ExportOptions& options, QBSong& song) {
+  std::vector<Output> outputs;
+  const auto add = [&](const std::optional<std::string>& file, std::function<std::string()> make) {
+    if (file) outputs.push_back({OutputFile(*file, options.force), std::move(make)});
+  };
+  add(options.txt, [&] { return song.toStringForExport(); });
+  add(options.musicxml, [&] { return musicXmlOf(scoreOf(song, meterOf(options.metric))); });
+  return outputs;
+}
+
+}  // namespace
+
+void exportSong(const ExportOptions& options) {
+  QBSong& song = chooseSong(options.song);
+  if (song.allChords().empty()) throw CliError(fullTitle(song) + ": the song has no chords");
+  const TuningForNow chosen(song.tuning());
+  const std::vector<Output> outputs = outputsOf(options, song);
+  for (const Output& output : outputs) output.file.check();
+  std::vector<std::string> contents;
+  for (const Output& output : outputs) contents.push_back(output.make());
+  for (std::size_t i = 0; i < outputs.size(); ++i) outputs[i].file.write(contents[i]);
+}
+
+}  // namespace korvel::cli

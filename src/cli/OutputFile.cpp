@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/OutputFile.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "cli/CliError.h"
+#include "platform/FileError.h"
+#include "platform/Files.h"
+
+namespace korvel::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+}  // namespace
+
+OutputFile::OutputFile(std::string name, bool replace)
+    : m_name(std::move(name)), m_replace(replace) {}
+
+void OutputFile::check() const {
+  std::error_code unknown;
+  const fs::path folder = fs::path(m_name).parent_path();
+  if (!folder.empty() && !fs::is_directory(folder, unknown))
+    throw CliError(m_name + ": there is no such folder; make it first");
+  if (fs::is_directory(m_name, unknown)) throw CliError(m_name + ": is a folder; name a file");
+  if (!m_replace && fs::exists(fs::symlink_status(m_name, unknown))) refuse();
+}
+
+void OutputFile::write(std::string_view bytes) const {
+  try {
+    if (m_replace)
+      platform::writeAtomically(m_name, bytes);
+    else if (!platform::createAtomically(m_name, bytes))
+      refuse();
+  } catch (const platform::FileError& error) {
+    throw CliError(std::string(error.what()) +
+                   "; nothing was written: make room, or choose a folder that you may write to");
+  }
+}
+
+void OutputFile::refuse() const {
+  throw CliError(m_name + ": there is a file of that name already; --force replaces it");
+}
+
+}  // namespace korvel::cli

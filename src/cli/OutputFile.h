@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvel::cli {
+
+/// A file that a command is to write, for which the user may have allowed to replace one.
+class OutputFile {
+ public:
+  OutputFile(std::string name, bool replace);
+
+  /// Looks whether the file could be written, before there is something to write. Throws CliError.
+  void check() const;
+  /// Writes all of the file or nothing of it. Throws CliError, and what was there before stays.
+  void write(std::string_view bytes) const;
+
+ private:
+  [[noreturn]] void refuse() const;
+
+  std::string m_name;
+  bool m_replace;
+};
+
+}  // namespace korvel::cli
