@@ -29,4 +29,8 @@ std::shared_ptr<QBFFT> QBChordAnalyser::nextFFT() {
 
 QBChord* QBChordAnalyser::nextChord(QBSong*) { return nullptr; }
 
+bool QBChordAnalyser::atEnd() const { return !m_sampleSource || m_sampleSource->eof(); }
+
+double QBChordAnalyser::progress() const { return m_sampleSource ? m_sampleSource->progress() : 1; }
+
 }  // namespace korvel

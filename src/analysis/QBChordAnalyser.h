@@ -28,6 +28,10 @@ class QBChordAnalyser {
   virtual std::shared_ptr<QBFFT> nextFFT();
   /// Stores the next chord into the song; none when no block is pending or nothing was heard in it.
   virtual QBChord* nextChord(QBSong* song);
+  /// No chord will come any more. What is live never knows, and says so.
+  virtual bool atEnd() const;
+  /// How much is done of what the source has, 0..1.
+  virtual double progress() const;
 
   const std::shared_ptr<QBSampleSource>& m_source() const { return m_sampleSource; }
   void setM_source(std::shared_ptr<QBSampleSource> source) { m_sampleSource = std::move(source); }

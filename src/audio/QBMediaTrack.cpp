@@ -90,6 +90,11 @@ void QBMediaTrack::stopRecord() {
   m_reader.reset();
 }
 
+double QBMediaTrack::progress() const {
+  if (m_nmbOfBlocks == 0) return 1;
+  return static_cast<double>(m_nmbOfProcessedBlocks) / static_cast<double>(m_nmbOfBlocks);
+}
+
 int QBMediaTrack::workingStateInPercent() const {
   if (m_nmbOfBlocks == 0) throw std::domain_error("no block was read to take a share of");
   // Whole numbers are divided first on purpose: the displays show progress as 0 or 100.

@@ -43,6 +43,8 @@ class QBMediaTrack final : public QBSampleSource {
   QBBlock& topBlock();
   /// 0 until the last block is handed out, then 100. Throws std::domain_error before any was read.
   int workingStateInPercent() const override;
+  /// Of the blocks that were read.
+  double progress() const override;
 
   std::int64_t nmbOfBlocks() const { return m_nmbOfBlocks; }
   std::int64_t nmbOfProcessedBlocks() const { return m_nmbOfProcessedBlocks; }

@@ -51,7 +51,7 @@ class QBSampleSource {
   /// The next samples of a source that is heard as a whole: one channel, 44100 a second, 1 being
   /// full scale. Empty at the end; valid until the next call.
   virtual std::span<const float> readSamples() { return {}; }
-  /// How much of these has been read, 0..1.
+  /// How much of the blocks or samples of a file has been handed out, 0..1.
   virtual double progress() const { return 1; }
 
   const std::vector<std::int16_t>& samples() const { return m_samples; }

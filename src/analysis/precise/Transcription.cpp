@@ -53,6 +53,7 @@ void Transcription::read() {
     const auto samples = m_source->readSamples();
     m_engine.add(samples);
     count += samples.size();
+    m_samples += samples.size();
     m_read = samples.empty();
   }
 }

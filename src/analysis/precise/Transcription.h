@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <memory>
 
 #include "analysis/precise/Analysis.h"
@@ -31,6 +32,8 @@ class Transcription {
   bool step();
   /// Of the work, 0..1.
   double progress() const;
+  /// Of the recording at 44100 a second, as far as it was read.
+  std::size_t samples() const { return m_samples; }
   /// Complete once `step` has answered false.
   const Analysis& result() const { return m_result; }
 
@@ -41,6 +44,7 @@ class Transcription {
   Engine m_engine;
   Fingering m_fingering;
   Analysis m_result;
+  std::size_t m_samples = 0;
   bool m_read = false;
   bool m_done = false;
 };

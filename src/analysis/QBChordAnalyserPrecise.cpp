@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/QBChordAnalyserPrecise.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "analysis/precise/Transcription.h"
+#include "audio/QBSampleSource.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+
+namespace korvel {
+namespace {
+
+using precise::BlockTone;
+using precise::BlockTones;
+
+/// Of the time; the rest goes into storing chords.
+constexpr double kShareOfListening = 0.75;
+
+/// Loudest first, as chords of a recording are.
+void addTones(QBHold& hold, BlockTones tones) {
+  std::ranges::stable_sort(tones, std::greater(), &BlockTone::amplitude);
+  for (const BlockTone& tone : tones) hold.applyTone(tone.string, tone.fret, tone.amplitude);
+}
+
+}  // namespace
+
+QBChordAnalyserPrecise::QBChordAnalyserPrecise(std::shared_ptr<QBSampleSource> source,
+                                               QBTuning* tuning, const precise::Settings& settings)
+    : QBChordAnalyser(std::move(source), tuning),
+      m_open(tuning ? precise::openStringsOf(*tuning) : precise::kStandardTuning),
+      m_settings(settings) {}
+
+QBChordAnalyserPrecise::~QBChordAnalyserPrecise() = default;
+
+QBChord* QBChordAnalyserPrecise::nextChord(QBSong* song) {
+  if (!m_blocks) {
+    listen();
+    return nullptr;
+  }
+  if (atEnd()) return nullptr;
+  const std::size_t block = m_next++;
+  const auto timestamp = static_cast<std::int64_t>(block * precise::kBlockSamples);
+  QBChord* chord = QBTabMgr::db().createChord(song, nullptr, timestamp);
+  addTones(*chord->hold(), (*m_blocks)[block]);
+  return chord;
+}
+
+void QBChordAnalyserPrecise::listen() {
+  if (!m_source()) {
+    m_blocks.emplace();
+    return;
+  }
+  if (!m_listening)
+    m_listening = std::make_unique<precise::Transcription>(m_source(), m_open, m_settings);
+  if (!m_listening->step()) keepBlocks();
+}
+
+/// Those from the first to the last that sounds, and forgets the rest.
+void QBChordAnalyserPrecise::keepBlocks() {
+  m_blocks =
+      precise::blocksOf(m_listening->result(), m_listening->result().notes, m_listening->samples());
+  m_listening.reset();
+  const auto sounds = [](const BlockTones& tones) { return !tones.empty(); };
+  while (!m_blocks->empty() && !sounds(m_blocks->back())) m_blocks->pop_back();
+  const auto first = std::ranges::find_if(*m_blocks, sounds);
+  m_first = m_next = static_cast<std::size_t>(first - m_blocks->begin());
+}
+
+bool QBChordAnalyserPrecise::atEnd() const { return m_blocks && m_next == m_blocks->size(); }
+
+double QBChordAnalyserPrecise::progress() const {
+  if (!m_blocks) return m_listening ? kShareOfListening * m_listening->progress() : 0;
+  if (atEnd()) return 1;
+  const auto done = static_cast<double>(m_next - m_first);
+  const auto all = static_cast<double>(m_blocks->size() - m_first);
+  return kShareOfListening + (1 - kShareOfListening) * done / all;
+}
+
+}  // namespace korvel

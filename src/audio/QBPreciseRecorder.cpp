@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "audio/QBPreciseRecorder.h"
+
+#include "analysis/QBChordAnalyser.h"
+#include "arrange/QBToneGroupBuilder.h"
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+
+namespace korvel {
+
+QBPreciseRecorder::QBPreciseRecorder(std::shared_ptr<QBChordAnalyser> analyser, QBSong* newSong,
+                                     QBAlbum* album)
+    : QBRecorder(std::move(analyser), album), m_newSong(newSong) {}
+
+QBPreciseRecorder::~QBPreciseRecorder() = default;
+
+QBChord* QBPreciseRecorder::nextStep() {
+  return scratchSong() ? analyser()->nextChord(m_newSong) : nullptr;
+}
+
+QBChord* QBPreciseRecorder::nextChord() {
+  QBChord* chord = nextStep();
+  if (!chord) return nullptr;
+  chord->readHarmony();
+  QBToneGroupBuilder(chord).build();
+  return chord;
+}
+
+}  // namespace korvel
