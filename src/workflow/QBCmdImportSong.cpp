@@ -4,8 +4,11 @@
 #include <stdexcept>
 
 #include "analysis/QBChordAnalyserGame.h"
+#include "analysis/QBChordAnalyserPrecise.h"
 #include "audio/QBChordRecorder.h"
 #include "audio/QBMediaTrack.h"
+#include "audio/QBMonoTrack.h"
+#include "audio/QBPreciseRecorder.h"
 #include "model/QBAlbum.h"
 #include "model/QBInstrument.h"
 #include "model/QBSong.h"
@@ -22,16 +25,33 @@ QBCmdImportSong::QBCmdImportSong(std::shared_ptr<QBAlbumNode> album, std::string
 
 QBCmdImportSong::~QBCmdImportSong() = default;
 
+void QBCmdImportSong::setDetection(ImportDetection detection, const precise::Settings& settings) {
+  m_detection = detection;
+  m_settings = settings;
+}
+
 void QBCmdImportSong::prepare() {
-  QBTabMgr& db = QBTabMgr::db();
   printOut("(1/3) importing file .....");
-  m_analyser = std::make_shared<QBChordAnalyserGame>(nullptr, db.selectedTuning());
-  m_track = std::make_shared<QBMediaTrack>(m_file);
-  m_analyser->setM_source(m_track);
-  m_recorder = std::make_unique<QBChordRecorder>(m_analyser, db.selectedInstrument(), m_newSong,
-                                                 m_source->album());
+  if (m_detection == ImportDetection::precise)
+    hearPrecisely();
+  else
+    hearBlocks();
   m_recorder->startWithoutTimer("Test", 0.0F);
   printOut("(2/3) scanning chords .....");
+}
+
+void QBCmdImportSong::hearBlocks() {
+  QBTabMgr& db = QBTabMgr::db();
+  m_analyser = std::make_shared<QBChordAnalyserGame>(nullptr, db.selectedTuning());
+  m_analyser->setM_source(std::make_shared<QBMediaTrack>(m_file));
+  m_recorder = std::make_unique<QBChordRecorder>(m_analyser, db.selectedInstrument(), m_newSong,
+                                                 m_source->album());
+}
+
+void QBCmdImportSong::hearPrecisely() {
+  m_analyser = std::make_shared<QBChordAnalyserPrecise>(
+      std::make_shared<QBMonoTrack>(m_file), QBTabMgr::db().selectedTuning(), m_settings);
+  m_recorder = std::make_unique<QBPreciseRecorder>(m_analyser, m_newSong, m_source->album());
 }
 
 void QBCmdImportSong::execute() {
@@ -58,16 +78,13 @@ void QBCmdImportSong::tearDown() {
   // The job stays listed; its buffers need not.
   m_recorder.reset();
   m_analyser.reset();
-  m_track.reset();
 }
 
-bool QBCmdImportSong::atEnd() const { return !m_track || m_track->eof(); }
+bool QBCmdImportSong::atEnd() const { return !m_analyser || m_analyser->atEnd(); }
 
 void QBCmdImportSong::takeNextChord() {
   m_recorder->nextChord();
-  if (!m_listener || m_track->nmbOfBlocks() == 0) return;
-  m_listener(static_cast<double>(m_track->nmbOfProcessedBlocks()) /
-             static_cast<double>(m_track->nmbOfBlocks()));
+  if (m_listener) m_listener(m_analyser->progress());
 }
 
 }  // namespace korvel

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
 #include "model/QBSong.h"
@@ -12,6 +14,7 @@
 #include "support/Guitar.h"
 #include "support/RecordingViews.h"
 #include "support/ScratchFolder.h"
+#include "support/StandardStore.h"
 #include "workflow/QBAlbumNode.h"
 
 namespace korvel {
@@ -32,12 +35,34 @@ class QBCmdImportSongTest : public testing::Test {
                                              m_album->createSong(title));
   }
   QBSong& song(const std::string& title) { return *m_album->findSongByName(title); }
+  /// Imports the strums with the precise detection.
+  QBSong& precise(const std::vector<test::Strum>& strums, const std::string& title,
+                  const precise::FingeringOptions& fingering = {}) {
+    test::writeWav(m_file, test::play(strums));
+    const auto import = command(m_file, title);
+    import->setDetection(ImportDetection::precise, {.fingering = fingering});
+    import->onProgress([this](double share) { m_progress.push_back(share);
+  });
+  import->run();
+  return song(title);
+}
 
-  const test::ScratchFolder m_folder;
-  test::RecordingViews m_views;
-  std::string m_file = m_folder.file("a.wav");
-  platform::Ref<QBAlbum> m_album;
-};
+const test::ScratchFolder m_folder;
+test::RecordingViews m_views;
+std::string m_file = m_folder.file("a.wav");
+platform::Ref<QBAlbum> m_album;
+std::vector<double> m_progress;
+};  // namespace
+
+/// The frets of each chord's tones and, in front of them, the block that it stands for.
+std::string blocksOf(QBSong& song) {
+  std::string text;
+  for (const auto& chord : song.allChords()) {
+    EXPECT_EQ(chord->timestamp() % 16384, 0);
+    text += std::to_string(chord->timestamp() / 16384) + ':' + test::fretsOf(*chord) + ' ';
+  }
+  return text;
+}
 
 TEST_F(QBCmdImportSongTest, leavesOnlyTheNewSong) {
   const auto import = command(m_file, "S");
@@ -78,5 +103,74 @@ TEST_F(QBCmdImportSongTest, twoSteppedImportsRunInterleaved) {
   EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
 }
 
-}  // namespace
+TEST_F(QBCmdImportSongTest, preciseSongKeepsTimeWithTheRecording) {
+  const std::vector<test::Strum> strums{{{}, 0.8},
+                                        {test::notesOf("x32010"), 1.04},
+                                        {{}, 0.8},
+                                        {test::notesOf("xx0232"), 1.04},
+                                        {{}, 1}};
+  QBSong& heard = precise(strums, "S");
+  EXPECT_EQ(blocksOf(heard),
+            "2:x32010 3:x32010 4:x32010 5:xxxxxx 6:xxxxxx 7:xx0232 8:xx0232 9:xx0232 ");
+  for (const auto& chord : heard.allChords()) {
+    EXPECT_EQ(chord->duration(), 1);
+    for (const QBTone* tone : chord->hold()->tones()) EXPECT_GE(tone->group(), 1);
+  }
+  EXPECT_EQ(heard.allChords().front()->fullHarmonyName(), "C");
+  EXPECT_TRUE(heard.hasTabulature());
+  EXPECT_EQ(m_album->songs().size(), 1U) << "the scratch song is gone";
+  EXPECT_TRUE(std::ranges::is_sorted(m_progress));
+  EXPECT_EQ(m_progress.back(), 1);
+  const auto log = m_views.log;
+  m_views.log.clear();
+  command(m_file, "Classic")->run();
+  EXPECT_EQ(m_views.log, log);
+  const auto& classic = song("Classic").allChords();
+  ASSERT_EQ(classic.size(), 6U) << "without the blocks in which nothing sounds";
+  const auto loudest = [](const QBChord& chord) { return chord.hold()->tones().at(0)->amp(); };
+  const double ratio = loudest(*heard.allChords()[1]) / loudest(*classic[1]);
+  EXPECT_TRUE(ratio > 0.2 && ratio < 10) << "limits of loudness mean about the same: " << ratio;
+}
+
+TEST_F(QBCmdImportSongTest, preciseSongIsFingeredForTheGuitar) {
+  const std::vector<test::Strum> low{{{38, 45, 50}, 1.4}};
+  EXPECT_EQ(blocksOf(precise(low, "Standard")).substr(0, 9), "0:x00xxx ") << "no string is so low";
+  QBTuning* dropD = QBTabMgr::db().tunings().at(1);
+  QBTabMgr::db().setTuningForNow(dropD);
+  QBSong& dropped = precise(low, "Drop D");
+  EXPECT_EQ(blocksOf(dropped).substr(0, 9), "0:000xxx ");
+  QBTabMgr::db().setTuningForNow(nullptr);
+
+  const std::vector<test::Strum> high{{test::notesOf("xx0232"), 1.5}, {{78}, 1.5}};
+  const std::string open = blocksOf(precise(high, "Twelve"));
+  EXPECT_NE(open.find(":xx0232 "), std::string::npos) << open;
+  EXPECT_EQ(open.find(":xxxxxe"), std::string::npos) << open;
+  EXPECT_NE(blocksOf(precise(high, "More", {.frets = 24})).find("5:xxxxxe "), std::string::npos);
+  for (const auto& chord : precise(high, "Capo", {.capo = 2}).allChords())
+    for (const QBTone* tone : chord->hold()->tones()) EXPECT_GE(tone->fret(), 2);
+  EXPECT_EQ(song("Capo").tuning(), song("Twelve").tuning());
+}
+
+TEST_F(QBCmdImportSongTest, preciseImportCanBeStoppedBetweenSteps) {
+  const auto import = command(m_file, "S");
+  import->setDetection(ImportDetection::precise);
+  import->runInBackground();
+  for (int i = 0; i < 2; ++i) import->nextStep();
+  import->stop();
+  EXPECT_FALSE(import->isRunning());
+  EXPECT_TRUE(song("S").chords().empty()) << "it only listened so far";
+  EXPECT_EQ(m_album->songs().size(), 1U);
+}
+
+TEST_F(QBCmdImportSongTest, nothingToHearLeavesAnEmptySong) {
+  for (const double seconds : {0.0, 0.01, 2.0})
+    EXPECT_TRUE(precise({{{}, seconds}}, "S" + std::to_string(seconds)).chords().empty());
+  const auto import = command(m_folder.file("missing.wav"), "M");
+  import->setDetection(ImportDetection::precise);
+  import->run();
+  EXPECT_TRUE(song("M").chords().empty());
+  EXPECT_FALSE(song("M").hasTabulature());
+}
+
+}  // namespace korvel
 }  // namespace korvel

@@ -77,7 +77,7 @@ class RandomSongs {
   void strike(QBChord& chord) {
     for (int string = 0; string < 6; ++string)
       for (int more = below(5); more > 1; more -= 2) {
-        const int fret = below(oneIn(3) ? 13 : 5);
+        const int fret = below(oneIn(3) ? 25 : 5);
         QBTone* tone = chord.hold()->addTone(string, fret, 1e5 * below(20));
         if (oneIn(8)) tone->setActive(false);
       }
