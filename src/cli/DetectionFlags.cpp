@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <initializer_list>
 #include <string>
 
 namespace korvel::cli {
@@ -24,7 +25,41 @@ Position positionNamed(const std::string& word) {
   return {Position::Kind::around, fret};
 }
 
+ImportDetection detectionNamed(const std::string& word) {
+  if (word == "precise") return ImportDetection::precise;
+  if (word == "classic") return ImportDetection::classic;
+  throw CLI::ValidationError("--detection", "is precise or classic");
+}
+
+void requireOnTheNeck(const FingeringOptions& fingering) {
+  if (fingering.position.kind == Position::Kind::around &&
+      fingering.position.fret > fingering.frets)
+    throw CLI::ValidationError(
+        "--position", "is beyond fret " + std::to_string(fingering.frets) + "; see --frets");
+}
+
+void requireNoneOf(const CLI::App& command, std::initializer_list<const char*> flags) {
+  for (const char* flag : flags)
+    if (command.count(flag) > 0)
+      throw CLI::ValidationError(flag, "has no meaning with --detection classic");
+}
+
 }  // namespace
+
+void addDetectionFlags(CLI::App& command, ImportDetection& detection, precise::Settings& settings) {
+  command
+      .add_option_function<std::string>(
+          "--detection",
+          [&detection](const std::string& word) { detection = detectionNamed(word); },
+          "How it is heard: note by note (precise, default) or block by block (classic)")
+      ->type_name("precise|classic");
+  addDetectionFlags(command, settings);
+  command.parse_complete_callback([&] {
+    requireOnTheNeck(settings.fingering);
+    if (detection == ImportDetection::classic)
+      requireNoneOf(command, {"--sensitivity", "--position", "--frets", "--capo"});
+  });
+}
 
 void addDetectionFlags(CLI::App& command, precise::Settings& settings) {
   FingeringOptions& fingering = settings.fingering;
@@ -45,6 +80,7 @@ void addDetectionFlags(CLI::App& command, precise::Settings& settings) {
   command.add_option("--capo", fingering.capo, "Fret of the capo; frets still count from the nut")
       ->check(CLI::Range(0, kHighestCapo))
       ->type_name("FRET");
+  command.parse_complete_callback([&fingering] { requireOnTheNeck(fingering); });
 }
 
 }  // namespace korvel::cli

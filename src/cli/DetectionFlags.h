@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysis/precise/Settings.h"
+#include "workflow/ImportDetection.h"
 
 namespace CLI {
 class App;
@@ -11,5 +12,7 @@ namespace korvel::cli {
 
 /// Offers --sensitivity, --position, --frets and --capo, which fill the settings.
 void addDetectionFlags(CLI::App& command, precise::Settings& settings);
+/// The same and --detection, without which they have no meaning when it is the classic one.
+void addDetectionFlags(CLI::App& command, ImportDetection& detection, precise::Settings& settings);
 
 }  // namespace korvel::cli

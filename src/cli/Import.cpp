@@ -76,6 +76,7 @@ void hear(const ImportOptions& options, const std::string& file, const NewSong& 
   made.song()->setTuning(QBTabMgr::db().selectedTuning());
   const auto command = std::make_shared<QBCmdImportSong>(
       std::make_shared<QBAlbumNode>(made.album()), file, made.song());
+  command->setDetection(options.detection, options.settings);
   QBSession::session().addJob(command);
   run(*command, options.stepped);
 }
@@ -120,7 +121,7 @@ void requireInstrument() {
 }  // namespace
 
 int importFiles(const ImportOptions& options) {
-  requireInstrument();
+  if (options.detection == ImportDetection::classic) requireInstrument();
   QBTuning* tuning = options.tuning ? &chooseTuning(*options.tuning) : nullptr;
   std::vector<platform::Ref<QBSong>> songs;
   int status = EXIT_SUCCESS;

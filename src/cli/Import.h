@@ -5,6 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "analysis/precise/Settings.h"
+#include "workflow/ImportDetection.h"
+
 namespace korvel::cli {
 
 struct ImportOptions {
@@ -12,6 +15,8 @@ struct ImportOptions {
   std::optional<std::string> album;   ///< Made when missing; one for each file when not given.
   std::optional<std::string> title;   ///< Of the song; after the file when not given.
   std::optional<std::string> tuning;  ///< For this import only; the active one when not given.
+  ImportDetection detection = ImportDetection::precise;
+  precise::Settings settings{};  ///< Of the precise detection.
   bool json = false;
   bool stepped = false;  ///< Through the run loop's timer, as a window does it.
 };

@@ -91,6 +91,7 @@ struct Usage {
     sub->add_option("--album", import.album, "Album for the songs (default: one for each file)");
     sub->add_option("--title", import.title, "Title of the song (default: after the file)");
     sub->add_option("--tuning", import.tuning, "Tuning of the guitar, such as \"Drop D\"");
+    cli::addDetectionFlags(*sub, import.detection, import.settings);
     sub->add_flag("--json", import.json, "Print the song as JSON");
     sub->add_flag("--stepped", import.stepped, "Import step by step on a timer");
   }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "model/KorvelModel.h"
 #include "support/FfmpegTool.h"
@@ -76,6 +77,33 @@ TEST_F(CliTest, detectsTheChordsThatWerePlayedAtOnceAndStepByStep) {
   EXPECT_EQ(json::parse(stepped.out), song);
 }
 
+TEST_F(CliTest, importsAsItIsTold) {
+  const std::string file = recording("a.wav", {"-ac", "2", "-ar", "48000"});
+  const auto frets = [&](const std::vector<std::string>& flags) {
+    std::vector<std::string> words{"import", file, "--json"};
+    words.insert(words.end(), flags.begin(), flags.end());
+    const Outcome import = tool(words);
+    EXPECT_EQ(import.status, 0) << import.err;
+    const json song = json::parse(import.out);
+    std::set<int> found;
+    for (const json& chord : song["chords"])
+      for (const json& tone : chord["tones"]) found.insert(tone["fret"].get<int>());
+    return found;
+  };
+  EXPECT_EQ(frets({}), (std::set{0, 1, 2, 3})) << "whatever the rate and the channels";
+  EXPECT_NE(frets({"--detection", "classic"}), frets({}));
+  EXPECT_GE(*frets({"--capo", "2"}).begin(), 2);
+  EXPECT_GE(*frets({"--position", "9", "--frets", "14"}).rbegin(), 7);
+  for (const std::vector<std::string>& flags : {std::vector<std::string>{"--detection", "exact"},
+                                                {"--detection", "classic", "--capo", "2"},
+                                                {"--position", "14"},
+                                                {"--sensitivity", "x"}}) {
+    std::vector<std::string> words{"import", file};
+    words.insert(words.end(), flags.begin(), flags.end());
+    EXPECT_EQ(tool(words).status, 2) << flags.front();
+  }
+}
+
 TEST_F(CliTest, namesAreMadeUniqueAndAmbiguousOnesRefused) {
   const std::string file = recording("a.wav");
   EXPECT_EQ(tool({"import", file, file}).status, 0);
@@ -121,7 +149,6 @@ TEST_F(CliTest, badFilesEndInOneClearLineAndLeaveNothing) {
                              make("letter.mp3", std::string(5000, 'a') + "\n"),
                              make("header only.wav", test::readFile(silence).substr(0, 44)),
                              silence,
-                             recording("surround.wav", {"-ac", "6"}),
                              film};
   for (const std::string& file : bad) {
     const Outcome import = tool({"import", file});
@@ -130,6 +157,8 @@ TEST_F(CliTest, badFilesEndInOneClearLineAndLeaveNothing) {
     EXPECT_NE(last.find(file), std::string::npos) << import.err;
     EXPECT_EQ(lines(last), 1) << import.err;
   }
+  const std::string surround = recording("surround.wav", {"-ac", "6"});
+  EXPECT_EQ(tool({"import", surround, "--detection", "classic"}).status, 1) << "one stream of six";
   EXPECT_EQ(tool({"list"}).out, "");
 }
 
