@@ -31,7 +31,8 @@ class HalfRate {
   std::vector<float> m_even;
   std::vector<float> m_odd;
   std::vector<float> m_answer;
-  std::array<float, kTaps> m_taps;
+  /// Followed by a zero, to make them an even number.
+  std::array<float, kTaps + 1> m_taps{};
 };
 
 }  // namespace korvel::precise
