@@ -37,7 +37,7 @@ constexpr float kLoudest = 1e6F;
 
 /// While the instrument is learnt, every second frame is enough.
 constexpr std::size_t kLearningStep = 2;
-constexpr float kTolerance = 0.003F;
+constexpr float kTolerance = 0.005F;
 /// Frames whose largest activation a learnt note is compared with.
 constexpr Frame kAttackFrames = 8;
 
@@ -89,6 +89,7 @@ class Engine::State {
   Slices solveQuickly() { return solve(kLearningStep); }
   Slices solveFully() { return solve(1); }
   Slices solve(std::size_t step);
+  void lookAhead(NonNegativeSolver& solver, std::size_t frame, std::size_t step) const;
   Slices trackSureNotes() { return track(kLearningNotes); }
   Slices trackCandidates() { return track(kCandidateNotes); }
   Slices track(TrackerSettings settings);
@@ -229,14 +230,25 @@ Slices Engine::State::level() {
   m_dictionary = pluckedStrings();
 }
 
+/// Shows the solver the next frames that it is to solve.
+void Engine::State::lookAhead(NonNegativeSolver& solver, std::size_t frame,
+                              std::size_t step) const {
+  std::array<const float*, NonNegativeSolver::kTogether> rows;
+  std::size_t count = 0;
+  for (; count < rows.size() && frame < m_frames; frame += step)
+    rows[count++] = m_spectra.row(frame).data();
+  solver.look(std::span(rows).first(count));
+}
+
 Slices Engine::State::solve(std::size_t step) {
   NonNegativeSolver solver(m_dictionary, kTolerance);
-  std::vector<float> solution = solver.zeros();
+  std::span<const float> solution;
   m_coefficients = CoefficientTable();
   m_activations = FrameTable(m_frames, kPitches);
   for (std::size_t t = 0; t < m_frames; ++t) {
+    if (t % (NonNegativeSolver::kTogether * step) == 0) lookAhead(solver, t, step);
     if (t % step == 0) {
-      solver.solve(std::as_const(m_spectra).row(t).first<kBins>(), solution);
+      solution = solver.solve(t / step % NonNegativeSolver::kTogether);
       if (step > 1) m_coefficients.add(solution);
     }
     const auto row = m_activations.row(t);

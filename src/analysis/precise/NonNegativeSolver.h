@@ -6,24 +6,37 @@
 #include <vector>
 
 #include "analysis/precise/Dictionary.h"
+#include "analysis/precise/WorkingSet.h"
 
 namespace korvel::precise {
 
 /// Explains spectra as sums of a dictionary's atoms: finds the coefficients c >= 0 that minimise
-/// |x - sum of c_a atom_a|^2 / 2 + sum of penalty_a c_a, by cyclic coordinate descent.
+/// |x - sum of c_a atom_a|^2 / 2 + sum of penalty_a c_a, by coordinate descent over the atoms that
+/// are in use or should be. Let it look at some spectra, which costs less for several together,
+/// then solve them one after the other. Allocates nothing but when it is made.
 class NonNegativeSolver {
  public:
-  /// No change of a coefficient in the last round over all is larger than the tolerance, but for
-  /// spectra that are not done after 20 rounds.
+  /// Spectra that are looked at together.
+  static constexpr std::size_t kTogether = 4;
+
+  /// No coefficient would still change by more than the tolerance, but for spectra that are not
+  /// done when the most rounds that are allowed are over.
   NonNegativeSolver(const Dictionary& dictionary, float tolerance);
 
-  /// Coefficients to start with.
-  std::vector<float> zeros() const { return std::vector<float>(m_stride); }
-  /// coefficients: what to start from, best the solution of a similar spectrum, and the answer: one
-  /// for each atom, followed by zeros. Allocates nothing.
-  void solve(std::span<const float, kBins> spectrum, std::span<float> coefficients);
+  /// spectra: one to kTogether rows of kBins values each.
+  void look(std::span<const float* const> spectra);
+  /// The coefficients, one for each atom, of one of the spectra that were looked at, counted from
+  /// 0. It starts from the solution before, so that similar spectra are best solved in turn. Valid
+  /// until the next call.
+  std::span<const float> solve(std::size_t spectrum);
 
  private:
+  void follow(const float* likeness);
+  void startAgain(const float* likeness);
+  bool choose();
+  void spread();
+
+  std::size_t m_atoms;
   /// Atoms, rounded up to whole vectors.
   std::size_t m_stride;
   float m_tolerance;
@@ -32,8 +45,14 @@ class NonNegativeSolver {
   /// Inner products of all atoms: m_stride rows and columns.
   std::vector<float> m_products;
   std::vector<float> m_penalties;
+  /// Inner products of the spectra looked at with all atoms, and of the one solved last.
+  std::vector<float> m_likeness;
+  std::vector<float> m_lastLikeness;
+  std::vector<float> m_solution;
   /// For each atom, how the error falls as its coefficient grows.
   std::vector<float> m_gradient;
+  WorkingSet m_set;
+  int m_followed = 0;
 };
 
 }  // namespace korvel::precise
