@@ -10,13 +10,14 @@
 #include "cli/ScoreFile.h"
 #include "cli/SongChoice.h"
 #include "cli/TuningForNow.h"
+#include "export/SongMidi.h"
 #include "export/SongScore.h"
 #include "model/QBSong.h"
 
 namespace korvel::cli {
 namespace {
 
-std::optional<Meter> meterOf(const std::optional<std::string>& metric) {
+std::optional<Meter> chosenMeter(const std::optional<std::string>& metric) {
   if (!metric) return std::nullopt;
   if (*metric == "4/4") return Meter{4, 4};
   if (*metric == "3/4") return Meter{3, 4};
@@ -35,7 +36,8 @@ std::vector<Output> outputsOf(const ExportOptions& options, QBSong& song) {
     if (file) outputs.push_back({OutputFile(*file, options.force), std::move(make)});
   };
   add(options.txt, [&] { return song.toStringForExport(); });
-  add(options.musicxml, [&] { return musicXmlOf(scoreOf(song, meterOf(options.metric))); });
+  add(options.musicxml, [&] { return musicXmlOf(scoreOf(song, chosenMeter(options.metric))); });
+  add(options.midi, [&] { return midiFile(midiOf(song, chosenMeter(options.metric))); });
   return outputs;
 }
 

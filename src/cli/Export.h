@@ -10,8 +10,9 @@ struct ExportOptions {
   std::string song;
   std::optional<std::string> txt;       ///< File for the text tablature.
   std::optional<std::string> musicxml;  ///< File for the score.
-  std::optional<std::string> metric;  ///< Of the score, such as "3/4"; the song's own if not given.
-  bool force = false;                 ///< Replaces files that are there already.
+  std::optional<std::string> midi;      ///< File for sequencers.
+  std::optional<std::string> metric;    ///< Such as "3/4"; the song's own when not given.
+  bool force = false;                   ///< Replaces files that are there already.
 };
 
 /// Writes a song to files. Makes all of them before it writes the first. Throws CliError.

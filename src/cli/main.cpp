@@ -125,20 +125,19 @@ struct Usage {
   void addExport() {
     CLI::App* sub = app.add_subcommand("export", "Write a song to files");
     sub->callback([this] {
-      if (!exported.txt && !exported.musicxml)
-        throw CLI::ValidationError("export", "takes --txt FILE, --musicxml FILE or both");
+      if (!exported.txt && !exported.musicxml && !exported.midi)
+        throw CLI::ValidationError("export", "takes one or more of --txt, --musicxml and --midi");
       storeMustExist = true;
       action = always([this] { cli::exportSong(exported); });
     });
     sub->add_option("SONG", exported.song, "Title, or ALBUM/TITLE")->required()->type_name("");
     sub->add_option("--txt", exported.txt, "Text tablature")->type_name("FILE");
-    CLI::Option* score =
-        sub->add_option("--musicxml", exported.musicxml, "Score for notation programs")
-            ->type_name("FILE");
+    sub->add_option("--musicxml", exported.musicxml, "Score for notation programs")
+        ->type_name("FILE");
+    sub->add_option("--midi", exported.midi, "What is played, for sequencers")->type_name("FILE");
     sub->add_option("--metric", exported.metric,
-                    "Time signature of the score (default: the song's, or 4/4)")
-        ->check(CLI::IsMember({"4/4", "3/4", "6/8", "12/8"}))
-        ->needs(score);
+                    "Time signature of score and MIDI (default: the song's, or 4/4)")
+        ->check(CLI::IsMember({"4/4", "3/4", "6/8", "12/8"}));
     sub->add_flag("--force", exported.force, "Replace files that are there already");
   }
 
@@ -250,7 +249,7 @@ void unmarkAll(Usage& usage) {
   for (std::string& file : usage.import.files) unmark(file);
   for (auto* word : {&usage.import.album, &usage.import.title, &usage.import.tuning,
                      &usage.apply.album, &usage.exported.txt, &usage.exported.musicxml,
-                     &usage.transcribe.json, &usage.transcribe.tuning})
+                     &usage.exported.midi, &usage.transcribe.json, &usage.transcribe.tuning})
     if (*word) unmark(**word);
 }
 

@@ -138,12 +138,22 @@ std::vector<int> openPitches(const QBTuning* tuning) {
   return pitches;
 }
 
-Score scoreOf(QBSong& song, const std::optional<Meter>& meter) {
+Meter meterOf(const QBSong& song) {
+  const auto measures = song.allMeasures();
+  return measures.empty() ? Meter() : meterOf(*measures.front());
+}
+
+Score headOf(const QBSong& song) {
   Score score;
   score.title = song.title();
   if (!song.instrument().empty()) score.instrument = song.instrument();
   score.openStrings = openPitches(song.tuning() ? song.tuning() : QBTabMgr::db().selectedTuning());
   score.tempo = tempoOf(song);
+  return score;
+}
+
+Score scoreOf(QBSong& song, const std::optional<Meter>& meter) {
+  Score score = headOf(song);
   const SongReader reader(score.openStrings);
   if (meter || song.measures().empty())
     score.bars = {{meter.value_or(Meter()), reader.eventsInTime(song.allChords())}};

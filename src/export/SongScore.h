@@ -14,6 +14,12 @@ class QBTuning;
 /// hertz; a string that it lacks is one of standard tuning, as all are without a tuning.
 std::vector<int> openPitches(const QBTuning* tuning);
 
+/// Of the song's first measure; 4/4 when it has none.
+Meter meterOf(const QBSong& song);
+
+/// What a song's score says beside the music: title, instrument, open strings and tempo.
+Score headOf(const QBSong& song);
+
 /// A song as a score, without program and date. It follows the song's measures, or the given meter
 /// from the first chord to the last; 4/4 when it has none. In measures the chords follow each
 /// other; without them chords that have become empty are rests, but for those that lie within the

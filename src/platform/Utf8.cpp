@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Utf8.h"
 
+#include <algorithm>
+
 namespace korvel::platform {
 namespace {
 
@@ -34,6 +36,15 @@ std::size_t firstLength(std::string_view text) {
   return form.length;
 }
 
+bool isPlainAscii(char c) { return c >= ' ' && c <= '~'; }
+
+bool isPrintable(std::string_view character) {
+  if (character.size() == 1) return isPlainAscii(character[0]);
+  // U+0080 to U+009F are control characters too; U+FFFE and U+FFFF are none at all.
+  if (character[0] == '\xC2' && static_cast<unsigned char>(character[1]) < 0xA0) return false;
+  return character != "\xEF\xBF\xBE" && character != "\xEF\xBF\xBF";
+}
+
 }  // namespace
 
 std::size_t characterCount(std::string_view text) {
@@ -53,6 +64,17 @@ std::vector<std::string> characters(std::string_view text) {
     text.remove_prefix(found.back().size());
   }
   return found;
+}
+
+std::string printable(std::string_view text) {
+  if (std::ranges::all_of(text, isPlainAscii)) return std::string(text);
+  std::string kept;
+  while (!text.empty()) {
+    const std::string_view character = firstCharacter(text);
+    if (isPrintable(character)) kept += character;
+    text.remove_prefix(character.size());
+  }
+  return kept;
 }
 
 }  // namespace korvel::platform

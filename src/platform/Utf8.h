@@ -18,4 +18,7 @@ std::string_view firstCharacter(std::string_view text);
 /// The characters of a UTF-8 text, one entry each; joined they give the text back.
 std::vector<std::string> characters(std::string_view text);
 
+/// The text without control characters, line ends among them, and bytes that are no UTF-8.
+std::string printable(std::string_view text);
+
 }  // namespace korvel::platform

@@ -3,7 +3,6 @@
 
 #include <libxml/xmlwriter.h>
 
-#include <algorithm>
 #include <new>
 
 #include "platform/Utf8.h"
@@ -24,27 +23,6 @@ const xmlChar* asXml(const char* text) { return reinterpret_cast<const xmlChar*>
 /// The library fails for lack of memory only: texts are made fit for it before.
 void require(int result) {
   if (result < 0) throw std::bad_alloc();
-}
-
-bool isPlainAscii(char c) { return c >= ' ' && c <= '~'; }
-
-/// Of a character in UTF-8.
-bool isAllowed(std::string_view character) {
-  if (character.size() == 1) return isPlainAscii(character[0]);
-  // U+0080 to U+009F are control characters too; U+FFFE and U+FFFF are none at all.
-  if (character[0] == '\xC2' && character[1] < '\xA0') return false;
-  return character != "\xEF\xBF\xBE" && character != "\xEF\xBF\xBF";
-}
-
-std::string fit(std::string_view text) {
-  if (std::ranges::all_of(text, isPlainAscii)) return std::string(text);
-  std::string kept;
-  while (!text.empty()) {
-    const std::string_view character = firstCharacter(text);
-    if (isAllowed(character)) kept += character;
-    text.remove_prefix(character.size());
-  }
-  return kept;
 }
 
 }  // namespace
@@ -80,16 +58,16 @@ void XmlWriter::close() { xmlTextWriterEndElement(m_document->writer.get()); }
 
 void XmlWriter::attribute(const char* name, std::string_view value) {
   require(xmlTextWriterWriteAttribute(m_document->writer.get(), asXml(name),
-                                      asXml(fit(value).c_str())));
+                                      asXml(printable(value).c_str())));
 }
 
 void XmlWriter::text(std::string_view value) {
-  require(xmlTextWriterWriteString(m_document->writer.get(), asXml(fit(value).c_str())));
+  require(xmlTextWriterWriteString(m_document->writer.get(), asXml(printable(value).c_str())));
 }
 
 void XmlWriter::add(const char* name, std::string_view text) {
-  require(
-      xmlTextWriterWriteElement(m_document->writer.get(), asXml(name), asXml(fit(text).c_str())));
+  require(xmlTextWriterWriteElement(m_document->writer.get(), asXml(name),
+                                    asXml(printable(text).c_str())));
 }
 
 void XmlWriter::add(const char* name, int number) { add(name, std::to_string(number)); }

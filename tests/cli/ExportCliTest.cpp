@@ -44,13 +44,15 @@ class ExportCliTest : public testing::Test {
 };
 
 TEST_F(ExportCliTest, writesAllFormatsAtOnce) {
-  const Outcome all = exportTo({"--txt", file("a.txt"), "--musicxml", file("[a].musicxml")});
+  const Outcome all = exportTo(
+      {"--txt", file("a.txt"), "--musicxml", file("[a].musicxml"), "--midi", file("a.mid")});
   ASSERT_EQ(all.status, 0) << all.err;
   EXPECT_EQ(test::readFile(file("a.txt")), tool({"show", "Fish & [Chips]"}).out);
   const std::string score = test::readFile(file("[a].musicxml"));
   EXPECT_NE(score.find("<work-title>Fish &amp; [Chips]</work-title>"), std::string::npos);
   EXPECT_NE(score.find("<software>Korvel 0."), std::string::npos);
   EXPECT_NE(score.find("<encoding-date>20"), std::string::npos);
+  EXPECT_TRUE(test::readFile(file("a.mid")).starts_with("MThd"));
   EXPECT_EQ(exportTo({"--musicxml", file("b.xml"), "--metric", "6/8"}).status, 0);
   EXPECT_NE(test::readFile(file("b.xml")).find("<beats>6</beats>"), std::string::npos);
   EXPECT_EQ(exportTo({}).status, 2);

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "export/Score.h"
+
+namespace korvel {
+
+/// Times are in ticks, of which a quarter has `MidiSequence::division`.
+struct MidiNote {
+  std::int64_t start = 0;
+  std::int64_t length = 1;
+  int pitch = 0;
+  int velocity = 64;  ///< 1..127
+  int release = 64;   ///< How fast it is let go, 0..127.
+
+  bool operator==(const MidiNote&) const = default;
+};
+
+/// What a standard MIDI file tells of one guitar.
+struct MidiSequence {
+  std::string title;
+  std::string instrument = "Guitar";
+  int division = 480;         ///< Ticks of a quarter, up to 32767.
+  double quarterSeconds = 1;  ///< Up to 16.7, to the microsecond.
+  Meter meter;
+  std::vector<MidiNote> notes;  ///< In any order.
+};
+
+/// The notes as one channel can play them, by start and pitch: of those of one pitch that begin
+/// together the longest stays, and one that still sounds when its pitch is struck again ends there.
+std::vector<MidiNote> playableNotes(std::vector<MidiNote> notes);
+
+/// The bytes of a file of format 1: a track with tempo, time signature and title, and one with the
+/// playable notes on channel 1 as a guitar with steel strings. Pitches beyond MIDI's are left out.
+std::string midiFile(const MidiSequence& sequence);
+
+}  // namespace korvel

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "export/SongMidi.h"
+
+#include <algorithm>
+
+#include "export/SongScore.h"
+#include "model/ChordStep.h"
+#include "model/Neck.h"
+#include "model/Pitch.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBSong.h"
+#include "model/QBTone.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kDivision = 480;
+constexpr int kTicksOfStep = kDivision / kSixteenthsOfQuarter;
+constexpr int kSoundingTicksOfStep = kTicksOfStep * 95 / 100;
+constexpr int kStepsOfUnsetTone = 2;
+constexpr int kVelocity = 50;
+constexpr int kRelease = 20;
+/// No tone is longer, whatever a store says.
+constexpr int kLongest = 16384;
+
+int stepsOf(const QBTone& tone) {
+  return tone.duration() == 0 ? kStepsOfUnsetTone : std::clamp(tone.duration(), 1, kLongest);
+}
+
+void addTones(std::vector<MidiNote>& notes, const QBHold& hold, const std::vector<int>& open,
+              std::int64_t start) {
+  for (const QBTone* tone : hold.tones()) {
+    if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
+    const int pitch = addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret());
+    notes.push_back(
+        {start, std::int64_t{kSoundingTicksOfStep} * stepsOf(*tone), pitch, kVelocity, kRelease});
+  }
+}
+
+}  // namespace
+
+MidiSequence midiOf(QBSong& song, const std::optional<Meter>& meter) {
+  const Score score = headOf(song);
+  MidiSequence sequence;
+  sequence.title = score.title;
+  sequence.instrument = score.instrument;
+  sequence.division = kDivision;
+  sequence.quarterSeconds = 60 / score.tempo;
+  sequence.meter = meter ? *meter : meterOf(song);
+  std::int64_t start = 0;
+  for (const auto& chord : song.allChords()) {
+    if (const QBHold* hold = chord->hold())
+      addTones(sequence.notes, *hold, score.openStrings, start);
+    start += kTicksOfStep;
+  }
+  return sequence;
+}
+
+}  // namespace korvel
