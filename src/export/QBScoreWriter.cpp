@@ -29,13 +29,14 @@ void addRoot(platform::XmlWriter& xml, int pitchClass) {
   if (name.alter) xml.add("root-alter", name.alter);
 }
 
-/// Its text says all, so that readers do not print it a second time.
-void addDegree(platform::XmlWriter& xml, const HarmonyDegree& degree) {
+void addDegree(platform::XmlWriter& xml, const HarmonyDegree& degree, bool printed) {
   const auto element = xml.open("degree");
-  xml.attribute("print-object", "no");
+  if (!printed) xml.attribute("print-object", "no");
   xml.add("degree-value", degree.value);
   xml.add("degree-alter", degree.alter);
-  xml.add("degree-type", degree.type);
+  const auto type = xml.open("degree-type");
+  xml.attribute("text", degree.text);
+  xml.text(degree.type);
 }
 
 }  // namespace
@@ -151,15 +152,16 @@ void QBScoreWriter::writeHarmony(const ScoreEvent& event) {
   if (event.tones.empty() || event.harmony == m_harmony) return;
   m_harmony = event.harmony;
   if (!m_harmony) return;
-  const HarmonyKind& known = harmonyKindOf(m_harmony->type);
+  const HarmonyKind known = harmonyKindOf(m_harmony->type);
   const auto harmony = m_xml->open("harmony");
   addRoot(*m_xml, m_harmony->root);
   {
     const auto kind = m_xml->open("kind");
-    if (!m_harmony->type.empty()) m_xml->attribute("text", m_harmony->type);
+    if (!known.text.empty()) m_xml->attribute("text", known.text);
     m_xml->text(known.kind);
   }
-  for (const HarmonyDegree& degree : known.degrees) addDegree(*m_xml, degree);
+  for (const HarmonyDegree& degree : known.degrees)
+    addDegree(*m_xml, degree, known.text != m_harmony->type);
 }
 
 void QBScoreWriter::writeSign(const ScoreNote& note) {
