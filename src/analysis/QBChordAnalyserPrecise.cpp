@@ -27,6 +27,25 @@ void addTones(QBHold& hold, BlockTones tones) {
   for (const BlockTone& tone : tones) hold.applyTone(tone.string, tone.fret, tone.amplitude);
 }
 
+const BlockTone* toneLike(const BlockTone& tone, const BlockTones& tones) {
+  const auto found = std::ranges::find_if(tones, [&](const BlockTone& other) {
+    return other.string == tone.string && other.fret == tone.fret;
+  });
+  return found == tones.end() ? nullptr : &*found;
+}
+
+/// A tone that rings on becomes softer from chord to chord, and one that is struck again does not:
+/// this is what tells one from the other in a song. What is heard may differ a little, when tones
+/// around it start or end.
+void tellStrikesByAmplitude(std::vector<BlockTones>& blocks) {
+  constexpr double kSofter = 0.999;
+  for (std::size_t i = 1; i < blocks.size(); ++i)
+    for (BlockTone& tone : blocks[i])
+      if (const BlockTone* before = toneLike(tone, blocks[i - 1]))
+        tone.amplitude = tone.struck ? std::max(tone.amplitude, before->amplitude)
+                                     : std::min(tone.amplitude, kSofter * before->amplitude);
+}
+
 }  // namespace
 
 QBChordAnalyserPrecise::QBChordAnalyserPrecise(std::shared_ptr<QBSampleSource> source,
@@ -65,6 +84,7 @@ void QBChordAnalyserPrecise::keepBlocks() {
   m_blocks =
       precise::blocksOf(m_listening->result(), m_listening->result().notes, m_listening->samples());
   m_listening.reset();
+  tellStrikesByAmplitude(*m_blocks);
   const auto sounds = [](const BlockTones& tones) { return !tones.empty(); };
   while (!m_blocks->empty() && !sounds(m_blocks->back())) m_blocks->pop_back();
   const auto first = std::ranges::find_if(*m_blocks, sounds);

@@ -19,7 +19,8 @@ class Transcription;
 /// Hears a recording as a whole, then makes a chord of each of its blocks, from the first in which
 /// something sounds to the last. Blocks between them in which nothing does become empty chords, so
 /// that the song keeps time with the recording. The time stamp of a chord is its block's first
-/// sample, at 44100 a second.
+/// sample, at 44100 a second. A tone that is struck again is at least as loud as it was in the
+/// chord before, and softer when it rings on.
 class QBChordAnalyserPrecise final : public QBChordAnalyser {
  public:
   /// The source, which may be set later, has to deliver samples (`readSamples`) when the first step

@@ -19,6 +19,10 @@ static_assert(kFramesOfBlock * kHop * 2 == kBlockSamples);
 /// The sum of the Hamming window over the 16-bit samples of a block.
 constexpr double kFullScale = 32768.0 * kBlockSamples * 0.54;
 
+bool covers(Frame frames, Frame block) {
+  return frames > 0 && static_cast<double>(frames) >= kLeastShare * static_cast<double>(block);
+}
+
 Frame frameAt(double seconds) {
   return static_cast<Frame>(std::lround(seconds * kFramesPerSecond));
 }
@@ -27,6 +31,7 @@ Frame frameAt(double seconds) {
 struct Share {
   Frame frames = 0;
   float activation = 0;
+  bool struck = false;
   /// Of the longest note, which gives the place on the neck.
   Frame longest = 0;
   int string = 0;
@@ -36,10 +41,11 @@ struct Share {
 /// Gathers the notes of one block.
 class Block {
  public:
-  void add(const Note& note, Frame frames, float activation) {
+  void add(const Note& note, Frame frames, float activation, bool struck) {
     Share& share = m_pitches[static_cast<std::size_t>(note.pitch - Analysis::kLowestPitch)];
     share.frames += frames;
     share.activation = std::max(share.activation, activation);
+    share.struck |= struck;
     if (frames <= share.longest) return;
     share.longest = frames;
     share.string = note.string;
@@ -49,18 +55,18 @@ class Block {
   /// length: frames of the block.
   BlockTones tones(const Analysis& analysis, Frame length) const {
     BlockTones tones;
-    for (const Share* share : longestOfStrings(kLeastShare * static_cast<double>(length)))
+    for (const Share* share : longestOfStrings(length))
       if (share)
-        tones.push_back(
-            {share->string, share->fret, kFullScale * analysis.amplitude(share->activation)});
+        tones.push_back({share->string, share->fret,
+                         kFullScale * analysis.amplitude(share->activation), share->struck});
     return tones;
   }
 
  private:
-  std::array<const Share*, kStrings> longestOfStrings(double leastFrames) const {
+  std::array<const Share*, kStrings> longestOfStrings(Frame length) const {
     std::array<const Share*, kStrings> strings{};
     for (const Share& share : m_pitches) {
-      if (share.frames == 0 || static_cast<double>(share.frames) < leastFrames) continue;
+      if (!covers(share.frames, length)) continue;
       const Share*& chosen = strings[static_cast<std::size_t>(share.string)];
       if (!chosen || share.frames > chosen->frames) chosen = &share;
     }
@@ -82,11 +88,15 @@ void add(const Note& note, const Analysis& analysis, std::span<Block> blocks) {
   const auto activation = [&](Frame t) {
     return analysis.activation(static_cast<std::size_t>(t), note.pitch);
   };
+  bool struck = false;
   for (Window part = whole; part.begin < whole.end; part.begin = part.end) {
     const Frame block = part.begin / kFramesOfBlock;
     part.end = std::min(whole.end, windowOf(block, end).end);
-    blocks[static_cast<std::size_t>(block)].add(note, part.end - part.begin,
-                                                static_cast<float>(largest(part, activation)));
+    const Frame frames = part.end - part.begin;
+    const bool strikes = !struck && (covers(frames, kFramesOfBlock) || part.end == whole.end);
+    struck |= strikes;
+    blocks[static_cast<std::size_t>(block)].add(
+        note, frames, static_cast<float>(largest(part, activation)), strikes);
   }
 }
 

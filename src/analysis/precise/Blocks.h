@@ -21,6 +21,9 @@ struct BlockTone {
   /// As the magnitude that a windowed transform of the block's samples would have at the tone's
   /// frequency: 32768 * 16384 * 0.54 for a sine at full scale.
   double amplitude = 0;
+  /// Struck here, rather than ringing on. A strike late in a block counts for the next one, when
+  /// the note sounds less than 30 % of its first.
+  bool struck = false;
 };
 
 /// By string, one tone on each at most.

@@ -65,6 +65,18 @@ TEST(Blocks, haveOneToneAString) {
       << "a note without a place is nowhere, one on two strings where it is longer";
 }
 
+TEST(Blocks, tellWhereANoteIsStruck) {
+  // From late in the first block on; again early in the third, and at the end of it.
+  const std::vector<Note> notes{note(64, 0.9, 2.0, 5, 0), note(64, 2.1, 2.9, 5, 0),
+                                note(64, 2.9, 3.1, 5, 0), note(45, 0.0, 2.9, 1, 0)};
+  std::string struck;
+  for (const BlockTones& tones : blocksOf(decaying(), notes, kSamples)) {
+    for (const BlockTone& tone : tones) struck += tone.struck ? '!' : '.';
+    struck += ' ';
+  }
+  EXPECT_EQ(struck, "! .! .! ! ");
+}
+
 TEST(Blocks, areAsLoudAsTheirLoudestFrame) {
   const auto blocks = blocksOf(decaying(), std::vector{note(64, 0.5, 2.0, 5, 0)}, kSamples);
   constexpr double kLoudest = 32768.0 * 16384 * 0.54 * 0.25;
