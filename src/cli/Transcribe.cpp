@@ -2,16 +2,19 @@
 #include "cli/Transcribe.h"
 
 #include <cmath>
+#include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
 
 #include "analysis/precise/Transcription.h"
 #include "audio/QBMonoTrack.h"
 #include "cli/Console.h"
+#include "cli/OutputFile.h"
+#include "cli/ScoreFile.h"
 #include "cli/SoundCheck.h"
 #include "cli/TuningForNow.h"
 #include "model/QBTuning.h"
-#include "platform/Files.h"
+#include "workflow/NoteScore.h"
 
 namespace korvel::cli {
 namespace {
@@ -55,15 +58,37 @@ precise::Transcription hear(const TranscribeOptions& options) {
   return heard;
 }
 
+/// The formats that were asked for, each with its file.
+class Outputs {
+ public:
+  explicit Outputs(const TranscribeOptions& options) : m_options(options) {
+    for (const auto* name : {&options.json, &options.midi, &options.musicxml})
+      if (*name) fileOf(**name).check();
+  }
+
+  void write(const std::vector<precise::Note>& notes, const precise::OpenStrings& open) const {
+    const std::string title = std::filesystem::path(m_options.file).stem().string();
+    const NoteScore score(notes, m_options.tempo);
+    if (m_options.json) fileOf(*m_options.json).write(asJson(notes));
+    if (m_options.midi) fileOf(*m_options.midi).write(midiFile(score.midi(title)));
+    if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(score.score(title, open)));
+    if (!m_options.json && !m_options.midi && !m_options.musicxml)
+      Console::attached().print(asJson(notes));
+  }
+
+ private:
+  OutputFile fileOf(const std::string& name) const { return {name, m_options.force}; }
+
+  const TranscribeOptions& m_options;
+};
+
 }  // namespace
 
 void transcribe(const TranscribeOptions& options) {
   requireSound(options.file);
-  const std::string notes = asJson(hear(options).result().notes);
-  if (options.json)
-    platform::writeAtomically(*options.json, notes);
-  else
-    Console::attached().print(notes);
+  const Outputs outputs(options);
+  const precise::Transcription heard = hear(options);
+  outputs.write(heard.result().notes, openStrings(options));
 }
 
 }  // namespace korvel::cli

@@ -97,14 +97,22 @@ struct Usage {
   }
 
   void addTranscribe() {
-    CLI::App* sub = app.add_subcommand("transcribe", "Print the notes of a recording as JSON");
+    CLI::App* sub = app.add_subcommand(
+        "transcribe", "Print the notes of a recording as JSON, or write them to files");
     sub->callback([this] {
       storeNeeded = transcribe.tuning.has_value();
       action = always([this] { cli::transcribe(transcribe); });
     });
     sub->add_option("FILE", transcribe.file, "Sound file")->required()->type_name("");
-    sub->add_option("--json", transcribe.json, "File for the notes (default: standard output)")
+    sub->add_option("--json", transcribe.json, "Notes (default: printed when no file is named)")
         ->type_name("FILE");
+    sub->add_option("--midi", transcribe.midi, "Notes at their times, for sequencers")
+        ->type_name("FILE");
+    sub->add_option("--musicxml", transcribe.musicxml, "Notes to the nearest sixteenth, as a score")
+        ->type_name("FILE");
+    sub->add_option("--tempo", transcribe.tempo, "Quarters a minute (default: what fits the notes)")
+        ->check(CLI::Range(20.0, 400.0));
+    sub->add_flag("--force", transcribe.force, "Replace files that are there already");
     sub->add_option("--tuning", transcribe.tuning,
                     "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
     cli::addDetectionFlags(*sub, transcribe.settings);
@@ -247,9 +255,10 @@ void unmarkAll(Usage& usage) {
                             &usage.apply.song, &usage.exported.song, &usage.transcribe.file})
     unmark(*word);
   for (std::string& file : usage.import.files) unmark(file);
-  for (auto* word : {&usage.import.album, &usage.import.title, &usage.import.tuning,
-                     &usage.apply.album, &usage.exported.txt, &usage.exported.musicxml,
-                     &usage.exported.midi, &usage.transcribe.json, &usage.transcribe.tuning})
+  for (auto* word :
+       {&usage.import.album, &usage.import.title, &usage.import.tuning, &usage.apply.album,
+        &usage.exported.txt, &usage.exported.musicxml, &usage.exported.midi, &usage.transcribe.json,
+        &usage.transcribe.midi, &usage.transcribe.musicxml, &usage.transcribe.tuning})
     if (*word) unmark(**word);
 }
 

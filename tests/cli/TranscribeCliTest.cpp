@@ -78,6 +78,25 @@ TEST_F(TranscribeCliTest, printsTheNotesOfAnySound) {
   EXPECT_FALSE(std::filesystem::exists(m_store)) << "nothing is stored";
 }
 
+TEST_F(TranscribeCliTest, writesFilesForOtherPrograms) {
+  const std::vector<std::string> words{"transcribe", m_wav,         "--midi",  file("a.mid"),
+                                       "--musicxml", file("a.xml"), "--tempo", "120"};
+  const Outcome written = tool(words);
+  ASSERT_EQ(written.status, 0) << written.err;
+  EXPECT_EQ(written.out, "");
+  EXPECT_TRUE(test::readFile(file("a.mid")).starts_with("MThd"));
+  const std::string score = test::readFile(file("a.xml"));
+  EXPECT_NE(score.find("<work-title>take [1]</work-title>"), std::string::npos);
+  EXPECT_NE(score.find("<sound tempo=\"120.00\"/>"), std::string::npos);
+  EXPECT_NE(score.find("<type>half</type>"), std::string::npos) << "a second and a half";
+  const Outcome again = tool(words);
+  EXPECT_EQ(again.status, 1);
+  EXPECT_NE(again.err.find("--force"), std::string::npos) << again.err;
+  std::vector<std::string> forced = words;
+  forced.push_back("--force");
+  EXPECT_EQ(tool(forced).status, 0);
+}
+
 TEST_F(TranscribeCliTest, playsWhereItIsTold) {
   EXPECT_EQ(shapeAt(notes({"--position", "5"}, m_wav), 4), "xxx7xx");
   EXPECT_EQ(shapeAt(notes({"--capo", "2"}, m_wav), 3.5), "xxx5xx");
