@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <memory>
 
-#include "platform/RealTransform.h"
+#include "platform/FourierTransform.h"
 
 namespace korvel {
 namespace {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "analysis/QBFrequency.h"
-#include "platform/RealTransform.h"
+#include "platform/FourierTransform.h"
 #include "platform/persistence/Ref.h"
 
 namespace korvel {

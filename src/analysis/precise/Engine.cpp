@@ -188,7 +188,7 @@ double Engine::State::progress() const {
 Slices Engine::State::tune() {
   Tuning tuning;
   const std::size_t windows = Tuning::windows(m_recording.full().size());
-  for (std::size_t i = 0; i < windows; ++i) {
+  for (std::size_t i = 0; i < windows; i += 2) {
     tuning.look(m_recording.full(), i);
     co_yield share(i, windows);
   }
@@ -199,12 +199,13 @@ Slices Engine::State::see() {
   FrontEnd frontEnd(m_tuningOffset);
   m_spectra = FrameTable(m_frames, kBins);
   m_flux.emplace(m_frames);
-  std::array<float, kOnsetBins> onsets;
-  for (std::size_t t = 0; t < m_frames; ++t) {
+  for (std::size_t t = 0; t < m_frames; t += 2) {
     const auto frame = static_cast<Frame>(t);
-    frontEnd.spectrum(m_recording, frame, m_spectra.row(t).first<kBins>());
-    frontEnd.onsetSpectrum(m_recording, frame, onsets);
-    m_flux->add(onsets);
+    frontEnd.look(m_recording, frame);
+    for (std::size_t i = 0; i < std::min<std::size_t>(2, m_frames - t); ++i) {
+      std::ranges::copy(frontEnd.spectrum(i), m_spectra.row(t + i).begin());
+      m_flux->add(frontEnd.onsetSpectrum(i));
+    }
     m_recording.release(frame * static_cast<Frame>(kHop) - FrontEnd::kReach);
     co_yield share(t, m_frames);
   }

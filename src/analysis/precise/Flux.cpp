@@ -26,8 +26,8 @@ constexpr std::array kPartials = {Partial{0, 1.0F},  Partial{12, 0.9F}, Partial{
                                   Partial{34, 0.4F}, Partial{36, 0.4F}};
 
 KORVEL_VECTOR_CLONES
-void takeRoots(float* values) {
-  for (std::size_t b = 0; b < kOnsetBins; ++b) values[b] = std::sqrt(values[b]);
+void takeRoots(const float* values, float* roots) {
+  for (std::size_t b = 0; b < kOnsetBins; ++b) roots[b] = std::sqrt(values[b]);
 }
 
 /// How far `next` lies above both frames before.
@@ -46,17 +46,15 @@ Flux::Flux(std::size_t frames) : m_rises(frames, kOnsetBins) {
   m_totals.reserve(frames);
 }
 
-void Flux::add(std::span<float, kOnsetBins> magnitudes) {
+void Flux::add(const OnsetRow& magnitudes) {
   m_loudest.push_back(std::ranges::max(magnitudes));
-  takeRoots(magnitudes.data());
-  const std::size_t frame = m_loudest.size() - 1;
-  if (frame > 0) {
-    const auto rises = m_rises.row(frame - 1);
-    takeRises(m_recent[0].data(), m_recent[1].data(), magnitudes.data(), rises.data());
-    m_totals.push_back(std::accumulate(rises.begin(), rises.end(), 0.0F));
-  }
   std::rotate(m_recent.begin(), m_recent.begin() + 1, m_recent.end());
-  std::ranges::copy(magnitudes, m_recent.back().begin());
+  takeRoots(magnitudes.data(), m_recent[3].data());
+  const std::size_t frame = m_loudest.size() - 1;
+  if (frame == 0) return;
+  const auto rises = m_rises.row(frame - 1);
+  takeRises(m_recent[0].data(), m_recent[1].data(), m_recent[3].data(), rises.data());
+  m_totals.push_back(std::accumulate(rises.begin(), rises.end(), 0.0F));
 }
 
 void Flux::settle() {

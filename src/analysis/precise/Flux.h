@@ -17,8 +17,8 @@ class Flux {
  public:
   explicit Flux(std::size_t frames);
 
-  /// The next frame's magnitudes, kOnsetBins of them; overwritten.
-  void add(std::span<float, kOnsetBins> magnitudes);
+  /// The next frame's magnitudes.
+  void add(const OnsetRow& magnitudes);
   void settle();
 
   /// How much the partials of a pitch rise around a frame; 0 outside the recording.
@@ -27,16 +27,14 @@ class Flux {
   float overall(Frame frame) const;
 
  private:
-  using Row = std::array<float, kOnsetBins>;
-
   bool contains(Frame frame) const;
 
   /// Rises of each bin.
   FrameTable m_rises;
   std::vector<float> m_loudest;
   std::vector<float> m_totals;
-  /// The last three frames, oldest first.
-  std::array<Row, 3> m_recent{};
+  /// The last four frames, oldest first.
+  std::array<OnsetRow, 4> m_recent{};
   /// Divides rises, so that they do not depend on the recording's level.
   float m_level = 1;
   float m_strongTotal = 1;

@@ -58,29 +58,35 @@ FrontEnd::FrontEnd(double tuningOffset)
                centres(kOnsetBins, 1, tuningOffset)) {}
 
 FrontEnd::FrontEnd(std::span<const double> centres, std::span<const double> onsetCentres)
-    : m_longSpectrum(kLong.window, kLong.transform),
-      m_middleSpectrum(kMiddle.window, kMiddle.transform),
-      m_shortSpectrum(kShort.window, kShort.transform),
-      m_longBins(triangles(centres.first(countBelow(centres, kCrossfadeEnd)), kLong)),
+    : m_longBins(triangles(centres.first(countBelow(centres, kCrossfadeEnd)), kLong)),
       m_middleBins(triangles(centres.subspan(countBelow(centres, kCrossfadeBegin)), kMiddle)),
-      m_shortBins(triangles(onsetCentres, kShort)) {
+      m_shortBins(triangles(onsetCentres, kShort)),
+      m_longSpectrum(kLong.window, kLong.transform, m_longBins.reach()),
+      m_middleSpectrum(kMiddle.window, kMiddle.transform, m_middleBins.reach()),
+      m_shortSpectrum(kShort.window, kShort.transform, m_shortBins.reach()) {
   std::ranges::transform(centres, m_middleShare.begin(), middleShare);
 }
 
-void FrontEnd::spectrum(const Recording& recording, Frame frame, std::span<float, kBins> bins) {
-  const Frame centre = frame * static_cast<Frame>(kHop);
-  m_longBins.apply(m_longSpectrum.around(recording.low(), centre / Recording::kLowRateStep),
-                   std::span(m_longMeans).first(m_longBins.count()));
-  m_middleBins.apply(m_middleSpectrum.around(recording.full(), centre),
-                     std::span(m_middleMeans).last(m_middleBins.count()));
-  for (std::size_t k = 0; k < kBins; ++k)
-    bins[k] = m_longMeans[k] + m_middleShare[k] * (m_middleMeans[k] - m_longMeans[k]);
+void FrontEnd::look(const Recording& recording, Frame frame) {
+  const auto step = static_cast<Frame>(kHop);
+  const Frame centre = frame * step;
+  const Frame lowStep = step / Recording::kLowRateStep;
+  const auto longLines =
+      m_longSpectrum.around(recording.low(), frame * lowStep, (frame + 1) * lowStep);
+  const auto middleLines = m_middleSpectrum.around(recording.full(), centre, centre + step);
+  const auto shortLines = m_shortSpectrum.around(recording.full(), centre, centre + step);
+  for (std::size_t i = 0; i < m_views.size(); ++i) {
+    mix(longLines[i], middleLines[i], m_views[i].bins);
+    m_shortBins.apply(shortLines[i], m_views[i].onsets);
+  }
 }
 
-void FrontEnd::onsetSpectrum(const Recording& recording, Frame frame,
-                             std::span<float, kOnsetBins> bins) {
-  const Frame centre = frame * static_cast<Frame>(kHop);
-  m_shortBins.apply(m_shortSpectrum.around(recording.full(), centre), bins);
+void FrontEnd::mix(std::span<const float> longLines, std::span<const float> middleLines,
+                   BinRow& bins) {
+  m_longBins.apply(longLines, std::span(m_longMeans).first(m_longBins.count()));
+  m_middleBins.apply(middleLines, std::span(m_middleMeans).last(m_middleBins.count()));
+  for (std::size_t k = 0; k < kBins; ++k)
+    bins[k] = m_longMeans[k] + m_middleShare[k] * (m_middleMeans[k] - m_longMeans[k]);
 }
 
 }  // namespace korvel::precise

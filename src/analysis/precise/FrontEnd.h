@@ -20,28 +20,37 @@ class FrontEnd {
   /// The scale is laid to the recording's tuning, in cents above 440 Hz.
   explicit FrontEnd(double tuningOffset);
 
-  /// Linear magnitudes of kBins bins in the frame centred at sample frame * kHop.
-  void spectrum(const Recording& recording, Frame frame, std::span<float, kBins> bins);
-  /// Those of kOnsetBins bins, one a semitone, of the short window.
-  void onsetSpectrum(const Recording& recording, Frame frame, std::span<float, kOnsetBins> bins);
+  /// Looks at a frame, which is centred at sample frame * kHop, and at the one that follows.
+  void look(const Recording& recording, Frame frame);
+  /// Linear magnitudes in one of the two, 0 or 1.
+  const BinRow& spectrum(std::size_t which) const { return m_views[which].bins; }
+  /// Those of the short window, one bin a semitone.
+  const OnsetRow& onsetSpectrum(std::size_t which) const { return m_views[which].onsets; }
 
   /// Samples at kRate before a frame's centre that it still needs.
   static constexpr std::ptrdiff_t kReach = 2048;
 
  private:
-  FrontEnd(std::span<const double> centres, std::span<const double> onsetCentres);
+  struct View {
+    BinRow bins{};
+    OnsetRow onsets{};
+  };
 
-  Spectrum m_longSpectrum;
-  Spectrum m_middleSpectrum;
-  Spectrum m_shortSpectrum;
+  FrontEnd(std::span<const double> centres, std::span<const double> onsetCentres);
+  void mix(std::span<const float> longLines, std::span<const float> middleLines, BinRow& bins);
+
   /// The lowest bins see only the long window, the highest only the middle one.
   Triangles m_longBins;
   Triangles m_middleBins;
   Triangles m_shortBins;
-  std::array<float, kBins> m_longMeans{};
-  std::array<float, kBins> m_middleMeans{};
+  Spectrum m_longSpectrum;
+  Spectrum m_middleSpectrum;
+  Spectrum m_shortSpectrum;
+  BinRow m_longMeans{};
+  BinRow m_middleMeans{};
   /// Share of the middle window in each bin.
-  std::array<float, kBins> m_middleShare{};
+  BinRow m_middleShare{};
+  std::array<View, 2> m_views;
 };
 
 }  // namespace korvel::precise

@@ -60,8 +60,8 @@ BinRow seen(FrontEnd& frontEnd, const Tone& tone) {
   Recording recording;
   recording.add(tone);
   recording.finish();
-  BinRow bins;
-  frontEnd.spectrum(recording, kFrame, bins);
+  frontEnd.look(recording, kFrame);
+  BinRow bins = frontEnd.spectrum(0);
   emphasise(bins, 1);
   return bins;
 }

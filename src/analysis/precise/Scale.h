@@ -31,6 +31,7 @@ inline constexpr std::size_t kBins = 240;
 inline constexpr std::size_t kOnsetBins = 80;
 
 using BinRow = std::array<float, kBins>;
+using OnsetRow = std::array<float, kOnsetBins>;
 
 /// Frequency of a MIDI number.
 inline double hz(double midi) { return 440.0 * std::exp2((midi - 69.0) / 12.0); }

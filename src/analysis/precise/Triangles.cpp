@@ -28,6 +28,7 @@ Triangles::Triangles(std::span<const double> centres, double ratio, Grid grid) {
       weights.push_back(triangle(static_cast<double>(k) * grid.spacing, low, centre, high));
       sum += weights.back();
     }
+    m_reach = std::max(m_reach, end);
     m_rows.push_back({first, m_weights.size(), m_weights.size() + weights.size()});
     for (const double weight : weights) m_weights.push_back(static_cast<float>(weight / sum));
   }

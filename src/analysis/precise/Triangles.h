@@ -22,7 +22,9 @@ class Triangles {
   Triangles(std::span<const double> centres, double ratio, Grid grid);
 
   std::size_t count() const { return m_rows.size(); }
-  /// means: count() values. magnitudes: as far as the highest triangle reaches.
+  /// How many magnitudes are looked at.
+  std::size_t reach() const { return m_reach; }
+  /// means: count() values. magnitudes: reach() values.
   void apply(std::span<const float> magnitudes, std::span<float> means) const;
 
  private:
@@ -35,6 +37,7 @@ class Triangles {
   /// Weights [begin, end) are those of the magnitudes from `first` on.
   std::vector<Row> m_rows;
   std::vector<float> m_weights;
+  std::size_t m_reach = 0;
 };
 
 }  // namespace korvel::precise

@@ -43,13 +43,19 @@ double topOf(std::span<const float> magnitudes, std::size_t k) {
 
 }  // namespace
 
-Tuning::Tuning() : m_spectrum(kWindow, kWindow) {}
+/// The highest peak is compared with two neighbours.
+Tuning::Tuning() : m_spectrum(kWindow, kWindow, binOf(kHighest) + 3) {}
 
 std::size_t Tuning::windows(std::size_t samples) { return (samples + kStep - 1) / kStep; }
 
 void Tuning::look(const SampleStore& samples, std::size_t window) {
-  const auto magnitudes =
-      m_spectrum.around(samples, static_cast<std::ptrdiff_t>(window * kStep + kStep / 2));
+  const auto centre = static_cast<std::ptrdiff_t>(window * kStep + kStep / 2);
+  const auto step = static_cast<std::ptrdiff_t>(kStep);
+  for (const auto magnitudes : m_spectrum.around(samples, centre, centre + step))
+    collect(magnitudes);
+}
+
+void Tuning::collect(std::span<const float> magnitudes) {
   const std::size_t first = binOf(kLowest);
   const std::size_t end = binOf(kHighest) + 1;
   const float largest = std::ranges::max(magnitudes.subspan(first, end - first));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "analysis/precise/SampleStore.h"
@@ -17,7 +18,7 @@ class Tuning {
 
   /// Windows that cover so many samples.
   static std::size_t windows(std::size_t samples);
-  /// Looks at one of them; samples at kRate.
+  /// Looks at one of them and the next; samples at kRate.
   void look(const SampleStore& samples, std::size_t window);
 
   /// In cents, -50..50, of all that was looked at; 0 when nothing sounds.
@@ -29,6 +30,8 @@ class Tuning {
     /// In semitones from A, fractions count.
     float position;
   };
+
+  void collect(std::span<const float> magnitudes);
 
   Spectrum m_spectrum;
   std::vector<Peak> m_peaks;
