@@ -16,7 +16,7 @@ struct Shape {
 };
 /// 186, 93 and 46 ms. Semitones of the low strings need the first, and a transform twice as long
 /// as its window, whose bins lie close enough for their triangles.
-constexpr Shape kLong{1024, 2048, kRate / Recording::kLowRateStep};
+constexpr Shape kLong{512, 1024, kRate / Recording::kLowRateStep};
 constexpr Shape kMiddle{2048, 2048, kRate};
 constexpr Shape kShort{1024, 1024, kRate};
 

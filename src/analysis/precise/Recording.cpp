@@ -6,12 +6,17 @@ namespace korvel::precise {
 void Recording::add(std::span<const float> samples) {
   m_full.append(samples);
   for (const float sample : samples) m_energy += static_cast<double>(sample) * sample;
-  m_low.append(m_quarterer.add(m_halver.add(samples)));
+  for (HalfRate& halver : m_halvers) samples = halver.add(samples);
+  m_low.append(samples);
 }
 
 void Recording::finish() {
-  m_low.append(m_quarterer.add(m_halver.finish()));
-  m_low.append(m_quarterer.finish());
+  // What one gives at its end still goes through those after it.
+  for (std::size_t i = 0; i < m_halvers.size(); ++i) {
+    auto samples = m_halvers[i].finish();
+    for (std::size_t j = i + 1; j < m_halvers.size(); ++j) samples = m_halvers[j].add(samples);
+    m_low.append(samples);
+  }
 }
 
 double Recording::power() const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <span>
 
@@ -14,7 +15,7 @@ namespace korvel::precise {
 class Recording {
  public:
   /// Samples at the full rate for one at the low rate.
-  static constexpr std::ptrdiff_t kLowRateStep = 4;
+  static constexpr std::ptrdiff_t kLowRateStep = 8;
 
   /// The next samples at kRate, of any number.
   void add(std::span<const float> samples);
@@ -22,7 +23,8 @@ class Recording {
 
   /// At kRate.
   const SampleStore& full() const { return m_full; }
-  /// At kRate / 4: sample i belongs to the moment of sample 4 i of the other.
+  /// At kRate / kLowRateStep: sample i belongs to the moment of sample kLowRateStep * i of the
+  /// other.
   const SampleStore& low() const { return m_low; }
 
   /// Mean square of the samples; 0 of none.
@@ -32,8 +34,7 @@ class Recording {
   void release(std::ptrdiff_t end);
 
  private:
-  HalfRate m_halver;
-  HalfRate m_quarterer;
+  std::array<HalfRate, 3> m_halvers;
   SampleStore m_full;
   SampleStore m_low;
   double m_energy = 0;
