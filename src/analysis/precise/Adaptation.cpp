@@ -32,11 +32,6 @@ constexpr float kLeastTrust = 0.074F;
 /// Of the atoms for strings in general.
 constexpr float kGeneralPenalty = 0.3F;
 
-KORVEL_VECTOR_CLONES
-void addScaled(float* sums, float factor, const float* values) {
-  for (std::size_t k = 0; k < kBins; ++k) sums[k] += factor * values[k];
-}
-
 /// Adds the owner's part of a spectrum: what it has of the model, scaled as the spectrum exceeds
 /// or misses the model.
 KORVEL_VECTOR_CLONES
@@ -79,19 +74,23 @@ void Adaptation::learn(const Candidate& note, Frame first, Frame end, float weig
   normalise(sum);
   Learnt& learnt = part[note.pitch];
   const float counted = weight * std::min(1.0F, static_cast<float>(frames) / kFullFrames);
-  addScaled(learnt.sum.data(), counted, sum.data());
+  addMoved(learnt.sum, counted, sum, 0);
   learnt.weight += counted;
 }
 
 void Adaptation::addOwned(std::size_t pitch, std::size_t frame, BinRow& sum) {
   BinRow model{};
   BinRow own{};
+  m_modelRows.clear();
+  m_ownRows.clear();
   for (const auto& [atom, coefficient] :
        m_coefficients.row(frame / static_cast<std::size_t>(m_step))) {
     const float* shape = m_dictionary.shape(atom).data();
-    addScaled(model.data(), coefficient, shape);
-    if (m_dictionary.pitch(atom) == pitch) addScaled(own.data(), coefficient, shape);
+    m_modelRows.collect(coefficient, shape);
+    if (m_dictionary.pitch(atom) == pitch) m_ownRows.collect(coefficient, shape);
   }
+  m_modelRows.addTo(model.data(), kBins);
+  m_ownRows.addTo(own.data(), kBins);
   addMasked(sum.data(), m_spectra.row(frame).data(), model.data(), own.data());
 }
 

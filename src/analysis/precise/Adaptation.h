@@ -9,6 +9,7 @@
 #include "analysis/precise/CoefficientTable.h"
 #include "analysis/precise/Dictionary.h"
 #include "analysis/precise/FrameTable.h"
+#include "analysis/precise/WeightedRows.h"
 
 namespace korvel::precise {
 
@@ -47,6 +48,8 @@ class Adaptation {
   Frame m_step;
   Part m_attacks;
   Part m_sustains;
+  WeightedRows m_modelRows;
+  WeightedRows m_ownRows;
 };
 
 }  // namespace korvel::precise

@@ -55,11 +55,6 @@ void multiply(const float* const* spectra, const float* rows, std::size_t stride
 }
 
 KORVEL_VECTOR_CLONES
-void addScaled(float* sums, float factor, const float* row, std::size_t count) {
-  for (std::size_t j = 0; j < count; ++j) sums[j] += factor * row[j];
-}
-
-KORVEL_VECTOR_CLONES
 void addDifference(float* sums, const float* values, const float* others, std::size_t count) {
   for (std::size_t j = 0; j < count; ++j) sums[j] += values[j] - others[j];
 }
@@ -120,11 +115,13 @@ void NonNegativeSolver::startAgain(const float* likeness) {
   m_followed = 0;
   m_set.clear();
   for (std::size_t j = 0; j < m_stride; ++j) m_gradient[j] = likeness[j] - m_penalties[j];
+  m_rows.clear();
   for (std::size_t j = 0; j < m_stride; ++j) {
     if (m_solution[j] == 0) continue;
     m_set.add(j, m_solution[j]);
-    addScaled(m_gradient.data(), -m_solution[j], m_products.data() + j * m_stride, m_stride);
+    m_rows.collect(-m_solution[j], m_products.data() + j * m_stride);
   }
+  m_rows.addTo(m_gradient.data(), m_stride);
 }
 
 /// Adds the atoms that should come into use; whether there are any.
@@ -140,13 +137,15 @@ bool NonNegativeSolver::choose() {
 
 /// Takes over what the working set found.
 void NonNegativeSolver::spread() {
+  m_rows.clear();
   for (std::size_t i = 0; i < m_set.size(); ++i) {
     const std::size_t atom = m_set.atoms()[i];
     const float step = m_set.coefficients()[i] - m_solution[atom];
     if (step == 0) continue;
     m_solution[atom] = m_set.coefficients()[i];
-    addScaled(m_gradient.data(), -step, m_products.data() + atom * m_stride, m_stride);
+    m_rows.collect(-step, m_products.data() + atom * m_stride);
   }
+  m_rows.addTo(m_gradient.data(), m_stride);
 }
 
 std::span<const float> NonNegativeSolver::solve(std::size_t spectrum) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/precise/Dictionary.h"
+#include "analysis/precise/WeightedRows.h"
 #include "analysis/precise/WorkingSet.h"
 
 namespace korvel::precise {
@@ -52,6 +53,7 @@ class NonNegativeSolver {
   /// For each atom, how the error falls as its coefficient grows.
   std::vector<float> m_gradient;
   WorkingSet m_set;
+  WeightedRows m_rows;
   int m_followed = 0;
 };
 

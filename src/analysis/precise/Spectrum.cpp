@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/precise/Spectrum.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cmath>
 #include <numbers>
@@ -22,19 +23,16 @@ void join(const float* window, const float* real, const float* imaginary, float*
 
 /// Two real pieces were transformed as the two parts of one complex one. What of the transform is
 /// mirrored with its sign turned, as that of real values is, belongs to the first, the rest to the
-/// second. parts: real and imaginary part in turn; end: the end of all.
+/// second. parts: real and imaginary part in turn; mirrored: the same from the end, so that line
+/// k meets the line that mirrors it.
 KORVEL_VECTOR_CLONES
-void takeMagnitudes(const float* parts, const float* end, float* __restrict first,
+void takeMagnitudes(const float* parts, const float* mirrored, float* __restrict first,
                     float* __restrict second, std::size_t count) {
-  for (std::size_t k = 1; k < count; ++k) {
-    const float re = parts[2 * k];
-    const float im = parts[2 * k + 1];
-    const float mirroredRe = *(end - 2 * k);
-    const float mirroredIm = *(end - 2 * k + 1);
-    const float re1 = re + mirroredRe;
-    const float im1 = im - mirroredIm;
-    const float re2 = im + mirroredIm;
-    const float im2 = mirroredRe - re;
+  for (std::size_t k = 0; k < count; ++k) {
+    const float re1 = parts[2 * k] + mirrored[2 * k];
+    const float im1 = parts[2 * k + 1] - mirrored[2 * k + 1];
+    const float re2 = parts[2 * k + 1] + mirrored[2 * k + 1];
+    const float im2 = mirrored[2 * k] - parts[2 * k];
     first[k] = std::sqrt(re1 * re1 + im1 * im1);
     second[k] = std::sqrt(re2 * re2 + im2 * im2);
   }
@@ -54,7 +52,7 @@ std::vector<float> scaledWindow(std::size_t size) {
 }  // namespace
 
 Spectrum::Spectrum(std::size_t window, std::size_t transform, std::size_t lines)
-    : m_window(scaledWindow(window)), m_transform(transform) {
+    : m_window(scaledWindow(window)), m_transform(transform), m_mirrored(lines) {
   assert(lines <= transform / 2);
   m_pieces.fill(std::vector<float>(window));
   m_magnitudes.fill(std::vector<float>(lines));
@@ -71,11 +69,11 @@ Spectrum::Pair Spectrum::around(const SampleStore& samples, std::ptrdiff_t first
        reinterpret_cast<float*>(m_transform.input().data()), size);
   m_transform.run();
   const auto output = m_transform.output();
-  const auto* parts = reinterpret_cast<const float*>(output.data());
-  m_magnitudes[0][0] = 2 * std::abs(parts[0]);
-  m_magnitudes[1][0] = 2 * std::abs(parts[1]);
-  takeMagnitudes(parts, parts + 2 * output.size(), m_magnitudes[0].data(), m_magnitudes[1].data(),
-                 m_magnitudes[0].size());
+  m_mirrored[0] = output[0];
+  std::ranges::reverse_copy(output.last(m_mirrored.size() - 1), m_mirrored.begin() + 1);
+  takeMagnitudes(reinterpret_cast<const float*>(output.data()),
+                 reinterpret_cast<const float*>(m_mirrored.data()), m_magnitudes[0].data(),
+                 m_magnitudes[1].data(), m_mirrored.size());
   return {m_magnitudes[0], m_magnitudes[1]};
 }
 

@@ -30,6 +30,7 @@ class Spectrum {
   std::vector<float> m_window;
   std::array<std::vector<float>, 2> m_pieces;
   platform::SingleComplexTransform m_transform;
+  std::vector<std::complex<float>> m_mirrored;
   std::array<std::vector<float>, 2> m_magnitudes;
 };
 
