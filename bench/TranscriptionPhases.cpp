@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Prints where the time of the precise detection goes for a file, in seconds of the processor, and
+// the most memory it took, in bytes.
+#include <sys/resource.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <iostream>
+
+#include "analysis/precise/Engine.h"
+#include "analysis/precise/Fingering.h"
+#include "audio/QBMonoTrack.h"
+
+namespace {
+
+using namespace korvel;
+
+/// Adds the processor's time for a piece of work to a sum.
+template <class Work>
+void measure(double& seconds, const Work& work) {
+  const std::clock_t start = std::clock();
+  work();
+  seconds += static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+double peakBytes() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return 1024.0 * static_cast<double>(usage.ru_maxrss);
+}
+
+void print(const char* name, double value) { std::cout << name << ' ' << value << '\n'; }
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: korvel-transcription-phases FILE\n";
+    return EXIT_FAILURE;
+  }
+  QBMonoTrack track(argv[1]);
+  precise::Engine engine;
+  double samples = 0;
+  double decoding = 0;
+  double hearing = 0;
+  double fingering = 0;
+  measure(decoding, [&] { track.startRecord(0); });
+  for (bool more = true; more;) {
+    std::span<const float> slice;
+    measure(decoding, [&] { slice = track.readSamples(); });
+    measure(hearing, [&] { engine.add(slice); });
+    samples += static_cast<double>(slice.size());
+    more = !slice.empty();
+  }
+  precise::Analysis result;
+  measure(hearing, [&] {
+    while (engine.step()) {
+    }
+    result = engine.take();
+  });
+  measure(fingering, [&] { precise::Fingering(precise::kStandardTuning, {}).place(result.notes); });
+  print("sound", samples / 44100);
+  print("decode", decoding);
+  print("hear", hearing);
+  print("finger", fingering);
+  print("notes", static_cast<double>(result.notes.size()));
+  print("peak", peakBytes());
+  return EXIT_SUCCESS;
+}
