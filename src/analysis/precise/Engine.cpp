@@ -112,7 +112,7 @@ class Engine::State {
   bool m_silent = false;
 
   double m_tuningOffset = 0;
-  double m_power = 0;
+  double m_energy = 0;
   FrameTable m_spectra;
   std::optional<Flux> m_flux;
   Levels m_levels;
@@ -147,6 +147,8 @@ void Engine::State::add(std::span<const float> samples) {
   while (!samples.empty()) {
     const std::size_t count = std::min(samples.size(), piece.size());
     std::ranges::transform(samples.first(count), piece.begin(), sound);
+    for (const float sample : std::span(piece).first(count))
+      m_energy += static_cast<double>(sample) * sample;
     m_recording.add(m_halver.add(std::span(piece).first(count)));
     samples = samples.subspan(count);
   }
@@ -210,7 +212,6 @@ Slices Engine::State::see() {
     co_yield share(t, m_frames);
   }
   m_flux->settle();
-  m_power = m_recording.power();
   m_recording = Recording();
 }
 
@@ -219,7 +220,7 @@ Slices Engine::State::findLevels() {
     m_levels.measure(m_spectra, k);
     co_yield share(k, kBins);
   }
-  m_levels.settle(m_spectra, m_power);
+  m_levels.settle(m_spectra, m_energy / std::max(kInputRate * m_seconds, 1.0));
   m_silent = m_levels.ref() == 0;
 }
 

@@ -19,8 +19,8 @@ constexpr std::size_t kFloorSide = 9;
 constexpr double kRefShare = 0.98;
 /// Linear magnitudes grow with the frequency to this power; compressed ones to its 0.4-fold.
 constexpr double kEmphasis = 0.625;
-/// Below, nothing was recorded but the converter's own noise: about -110 dB of full scale.
-constexpr double kSilence = 3e-6;
+/// Below, nothing was recorded but the rounding to 16 bits: -100 dB of full scale.
+constexpr double kSilence = 1e-5;
 /// Below this share of the recording's amplitude, what is seen is the leakage of what is not.
 constexpr double kLeakage = 1e-3;
 

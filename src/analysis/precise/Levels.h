@@ -22,8 +22,8 @@ class Levels {
   /// Finds the level of the background in a bin: what a tenth of the frames stay below.
   void measure(const FrameTable& spectra, std::size_t bin);
   /// Smooths the background over neighbouring bins, and finds the reference level: the loudest
-  /// partials of all frames but the loudest fiftieth. power: the mean square of the samples; when
-  /// next to nothing of it is seen, as of a constant, the spectra count as silence.
+  /// partials of all frames but the loudest fiftieth. power: the mean square of what was recorded;
+  /// when next to nothing of it is seen, as of a constant, the spectra count as silence.
   void settle(const FrameTable& spectra, double power);
 
   /// Subtracts the background of a frame's magnitudes, emphasises and compresses them.

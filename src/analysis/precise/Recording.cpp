@@ -5,7 +5,6 @@ namespace korvel::precise {
 
 void Recording::add(std::span<const float> samples) {
   m_full.append(samples);
-  for (const float sample : samples) m_energy += static_cast<double>(sample) * sample;
   for (HalfRate& halver : m_halvers) samples = halver.add(samples);
   m_low.append(samples);
 }
@@ -17,10 +16,6 @@ void Recording::finish() {
     for (std::size_t j = i + 1; j < m_halvers.size(); ++j) samples = m_halvers[j].add(samples);
     m_low.append(samples);
   }
-}
-
-double Recording::power() const {
-  return m_full.size() == 0 ? 0 : m_energy / static_cast<double>(m_full.size());
 }
 
 void Recording::release(std::ptrdiff_t end) {

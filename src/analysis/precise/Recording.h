@@ -27,9 +27,6 @@ class Recording {
   /// other.
   const SampleStore& low() const { return m_low; }
 
-  /// Mean square of the samples; 0 of none.
-  double power() const;
-
   /// Gives back what lies before sample `end` of kRate.
   void release(std::ptrdiff_t end);
 
@@ -37,7 +34,6 @@ class Recording {
   std::array<HalfRate, 3> m_halvers;
   SampleStore m_full;
   SampleStore m_low;
-  double m_energy = 0;
 };
 
 }  // namespace korvel::precise

@@ -32,13 +32,16 @@ bool isPeak(std::span<const float> magnitudes, std::size_t k) {
          here > magnitudes[k + 2];
 }
 
-/// The bin, with its fraction, of the top of a parabola through the logarithms.
+/// The bin, with its fraction, of the top of a parabola through the logarithms. A top may be so
+/// flat that these are no different.
 double topOf(std::span<const float> magnitudes, std::size_t k) {
   constexpr float kTiny = 1e-20F;
   const double before = std::log(magnitudes[k - 1] + kTiny);
   const double here = std::log(magnitudes[k] + kTiny);
   const double after = std::log(magnitudes[k + 1] + kTiny);
-  return static_cast<double>(k) + 0.5 * (before - after) / (before - 2 * here + after);
+  const double curvature = before - 2 * here + after;
+  if (!(curvature < 0)) return static_cast<double>(k);
+  return static_cast<double>(k) + std::clamp(0.5 * (before - after) / curvature, -0.5, 0.5);
 }
 
 }  // namespace

@@ -7,8 +7,7 @@
 /// Sanitizers start too late for the choice, which is made while the program is loaded.
 #if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__gnu_linux__) && \
     !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-#define KORVEL_VECTOR_CLONES \
-  __attribute__((target_clones("default", "avx2", "avx512f")))
+#define KORVEL_VECTOR_CLONES __attribute__((target_clones("default", "avx2", "avx512f")))
 #else
 #define KORVEL_VECTOR_CLONES
 #endif

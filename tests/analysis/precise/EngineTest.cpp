@@ -143,7 +143,10 @@ TEST(PreciseEngine, answersTheSameForAnySlices) {
 
 TEST(PreciseEngine, hearsNothingWhereNothingSounds) {
   std::mt19937 random(1);
-  std::uniform_real_distribution<float> dither(-1.0F / 65536, 1.0F / 65536);
+  std::uniform_real_distribution<double> dither(-1, 1);
+  const auto rounded = [](double value) { return std::round(32768 * value) / 32768; };
+  Sound click(3 * kSecond);
+  click[kSecond] = 1;
   const double none = std::numeric_limits<double>::quiet_NaN();
   const std::vector<Sound> sounds = {
       {},
@@ -151,9 +154,10 @@ TEST(PreciseEngine, hearsNothingWhereNothingSounds) {
       Sound(kSecond / 10),
       Sound(3 * kSecond),
       Sound(3 * kSecond, 0.5F),
-      drawn(3, [&](double) { return dither(random); }),
+      click,
+      drawn(3, [&](double) { return rounded(dither(random) / 32768); }),
       drawn(3, [](double t) { return 0.5 * sine(1, t); }),
-      drawn(3, [](double t) { return 0.5 * sine(20000, t); }),
+      drawn(3, [&](double t) { return rounded(0.5 * sine(20000, t)); }),
       drawn(3, [none](double) { return none; }),
   };
   for (std::size_t i = 0; i < sounds.size(); ++i) {
