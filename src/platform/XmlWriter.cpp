@@ -40,7 +40,8 @@ XmlWriter::XmlWriter(const char* root, const char* publicId, const char* systemI
   // The text grows by doubling, not by what is needed next.
   xmlBufferSetAllocationScheme(m_document->buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
   require(xmlTextWriterSetIndent(writer, 1));
-  require(xmlTextWriterSetIndentString(writer, asXml("  ")));
+  // A line for each tag, but no blanks: of a long document they would be half the work.
+  require(xmlTextWriterSetIndentString(writer, asXml("")));
   require(xmlTextWriterStartDocument(writer, "1.0", "UTF-8", nullptr));
   require(xmlTextWriterWriteDTD(writer, asXml(root), asXml(publicId), asXml(systemId), nullptr));
   require(xmlTextWriterStartElement(writer, asXml(root)));

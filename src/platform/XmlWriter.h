@@ -7,9 +7,9 @@
 
 namespace korvel::platform {
 
-/// Writes an XML document in UTF-8 from its first tag to its last one, indented. Texts may be
-/// anything: what has a meaning in XML is escaped, and what an XML document must not have, such as
-/// control characters and malformed bytes, is left out. Throws std::bad_alloc when memory ends.
+/// Writes an XML document in UTF-8 from its first tag to its last one, a line for each. Texts may
+/// be anything: what has a meaning in XML is escaped, and what an XML document must not have, such
+/// as control characters and malformed bytes, is left out. Throws std::bad_alloc when memory ends.
 class XmlWriter {
  public:
   /// The element that everything is in, and where its definition is published.
