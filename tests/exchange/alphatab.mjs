@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Prints what alphaTab understands of scores, as JSON. Usage: node alphatab.mjs LIBRARY FILE...
+import fs from 'fs';
+import { pathToFileURL } from 'url';
+
+const TICKS = 240; // of a sixteenth
+
+const [library, ...files] = process.argv.slice(2);
+const alphaTab = await import(pathToFileURL(library));
+
+function read(file) {
+  const bytes = new Uint8Array(fs.readFileSync(file));
+  const score = alphaTab.importer.ScoreLoader.loadScoreFromBytes(bytes);
+  const staff = score.tracks[0].staves[0];
+  const music = { title: score.title, tempo: score.tempo, tuning: [...staff.tuning].reverse(),
+                  bars: [], notes: [], names: [] };
+  const sounding = new Map();
+  for (const bar of staff.bars) {
+    const master = bar.masterBar;
+    const meter = [master.timeSignatureNumerator, master.timeSignatureDenominator];
+    const start = master.start / TICKS;
+    let length = 0;
+    for (const beat of bar.voices[0].beats) {
+      const duration = beat.displayDuration / TICKS;
+      length += duration;
+      const at = start + beat.displayStart / TICKS;
+      if (beat.chord) music.names.push([at, beat.chord.name]);
+      for (const note of beat.notes) {
+        if (note.isTieDestination) {
+          sounding.get(note.string)[1] += duration;
+        } else {
+          const made = [at, duration, note.string - 1, note.fret, note.realValue];
+          sounding.set(note.string, made);
+          music.notes.push(made);
+        }
+      }
+    }
+    music.bars.push(meter);
+    if (length !== meter[0] * 16 / meter[1]) music.wrong = `bar ${music.bars.length}: ${length}`;
+  }
+  return music;
+}
+
+console.log(JSON.stringify(files.map(read)));

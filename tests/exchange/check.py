@@ -1,0 +1,153 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Compares exported songs with what an independent reader understands of them.
+
+Usage: check.py schema|alphatab|musescore|mido FOLDER
+Ends with 77, saying so, when the reader is not on this machine.
+"""
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+
+import expected
+import musescore
+
+PROJECT = pathlib.Path(__file__).resolve().parents[2]
+MIDI_READER = """
+import json, mido, sys
+for name in sys.argv[1:]:
+    file = mido.MidiFile(name)
+    sounding, notes, rest = {}, [], []
+    for track in file.tracks:
+        time = 0
+        for message in track:
+            time += message.time
+            if message.type == "note_on" and message.velocity:
+                assert message.note not in sounding, "one pitch sounds twice"
+                sounding[message.note] = time
+            elif message.type in ("note_on", "note_off"):
+                start = sounding.pop(message.note)
+                notes.append([start, time - start, message.note])
+            else:
+                rest.append({**message.dict(), "time": time})
+    assert not sounding
+    print(json.dumps([file.type, file.ticks_per_beat, sorted(notes), rest]))
+"""
+
+
+def leave_out(what):
+    print(f"left out: {what}")
+    sys.exit(77)
+
+
+def compare(file, what, got, wanted):
+    if got == wanted:
+        return 0
+    print(f"{file.name}: {what} differ")
+    if isinstance(wanted, list):
+        different = [pair for pair in zip(got, wanted) if pair[0] != pair[1]]
+        print(f"  {len(got)} for {len(wanted)}; first: {different[:3]}")
+    else:
+        print(f"  {got!r} for {wanted!r}")
+    return 1
+
+
+def compare_music(file, got, names, fingered=True):
+    """names: of chords, as this reader writes them. fingered: whether it reads strings and frets."""
+    wanted = expected.read(file.with_suffix(".json"))
+    if not fingered:
+        for music in (got, wanted):
+            music.notes = sorted((*note[:2], note[4]) for note in music.notes)
+    wanted_names = [(start, names(name)) for start, name in wanted.names]
+    return sum(compare(file, *pair) for pair in (
+        ("titles", got.title, wanted.title), ("tunings", got.tuning, wanted.tuning),
+        ("bars", got.bars, wanted.bars), ("notes", got.notes, wanted.notes),
+        ("chord names", got.names, wanted_names)))
+
+
+def check_schema(files):
+    """Against the official definition: a folder that holds musicxml.xsd and its catalog."""
+    given = os.environ.get("KORVEL_MUSICXML_SCHEMA")
+    beside = sorted(PROJECT.parent.glob("*/musicxml/musicxml.xsd"))
+    schema = pathlib.Path(given) / "musicxml.xsd" if given else beside[0] if beside else None
+    if not shutil.which("xmllint"):
+        leave_out("xmllint is not installed")
+    if not schema or not schema.is_file():
+        leave_out("there is no definition of MusicXML; KORVEL_MUSICXML_SCHEMA names its folder")
+    environment = {**os.environ, "XML_CATALOG_FILES": str(schema.parent / "catalog.xml")}
+    result = subprocess.run(["xmllint", "--nonet", "--noout", "--schema", schema, *files],
+                            env=environment, capture_output=True, text=True, check=False)
+    if result.returncode:
+        print(result.stderr[:3000])
+    return result.returncode
+
+
+def check_alphatab(files):
+    library = pathlib.Path(os.environ.get("KORVEL_ALPHATAB", PROJECT / "build/peers"))
+    library /= "node_modules/@coderline/alphatab/dist/alphaTab.mjs"
+    if not shutil.which("node") or not library.is_file():
+        leave_out("alphaTab is not installed; KORVEL_ALPHATAB names the folder of node_modules")
+    script = pathlib.Path(__file__).with_name("alphatab.mjs")
+    out = subprocess.run(["node", script, library, *files], check=True, capture_output=True)
+    faults = 0
+    for file, got in zip(files, json.loads(out.stdout)):
+        title = got["title"].replace("\xa0", " ")  # so that it is not broken into lines
+        music = expected.Music(title, got["tuning"], got["bars"],
+                               sorted(map(tuple, got["notes"])),
+                               [(start, name.replace("\u266d", "b").replace("\u266f", "#"))
+                                for start, name in got["names"]])
+        spoilt = {"7sus4": "7sus47"}  # it prints what it is told to hide
+        faults += compare_music(file, music, lambda name: next(
+            (name.replace(*pair) for pair in spoilt.items() if pair[0] in name), name))
+        faults += "wrong" in got and compare(file, "bars", got["wrong"], None)
+        rate = json.loads(file.with_suffix(".json").read_text())["song"]["tempoRate"]
+        tempo = 15 / expected.STEP_SECONDS * rate
+        faults += abs(got["tempo"] - tempo) > 0.01 and compare(file, "tempi", got["tempo"], tempo)
+    return faults
+
+
+def check_musescore(files):
+    if not musescore.PROGRAM:
+        leave_out("MuseScore is not installed")
+    # Version 3.2 fingers all notes anew, those of its own documents too.
+    return sum(compare_music(file, music, lambda name: name[0], fingered=False)
+               for file, music in zip(files, musescore.read(files)))
+
+
+def check_mido(files):
+    python = next((python for python in (sys.executable, "/usr/bin/python3") if not subprocess.run(
+        [python, "-c", "import mido"], capture_output=True, check=False).returncode), None)
+    if not python:
+        leave_out("mido is not installed")
+    files = [file.with_suffix(".mid") for file in files]
+    out = subprocess.run([python, "-c", MIDI_READER, *files], check=True, capture_output=True)
+    faults = 0
+    for file, line in zip(files, out.stdout.splitlines()):
+        kind, division, notes, rest = json.loads(line)
+        wanted = expected.played(file.with_suffix(".json"))
+        faults += compare(file, "notes", [tuple(note) for note in notes], wanted)
+        faults += compare(file, "formats", (kind, division), (1, 4 * expected.TICKS))
+        said = {message["type"]: message for message in rest}
+        faults += compare(file, "programs", said["program_change"]["program"], 25)
+        faults += compare(file, "tempi", said["set_tempo"]["tempo"],
+                          round(4e6 * expected.STEP_SECONDS))
+        music = expected.read(file.with_suffix(".json"))
+        meter = [said["time_signature"]["numerator"], said["time_signature"]["denominator"]]
+        faults += compare(file, "meters", meter, music.bars[0])
+        title = rest[0]["name"].encode("latin-1").decode()  # the reader takes bytes for letters
+        faults += compare(file, "titles", title, music.title)
+    return faults
+
+
+def main(reader, folder):
+    files = sorted(pathlib.Path(folder).glob("*.musicxml"))
+    assert len(files) > 12, "too few songs were exported"
+    faults = globals()[f"check_{reader}"](files)
+    print(f"{len(files)} files, {faults} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))

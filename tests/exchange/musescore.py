@@ -1,0 +1,97 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Has MuseScore open scores and save them again; reads what it saved."""
+import json
+import os
+import shutil
+import subprocess
+import tempfile
+import xml.etree.ElementTree as ET
+from fractions import Fraction
+
+from expected import Music
+
+PROGRAM = shutil.which("musescore3") or shutil.which("mscore3")
+STEPS = {"C": 0, "D": 2, "E": 4, "F": 5, "G": 7, "A": 9, "B": 11}
+
+
+def pitch_of(element, step, alter, octave):
+    return (STEPS[element.findtext(step)] + int(element.findtext(alter, "0")) +
+            12 * (int(element.findtext(octave)) + 1))
+
+
+def saved_again(files):
+    """Their scores as MuseScore writes them, in the same order."""
+    with tempfile.TemporaryDirectory() as folder:
+        jobs = [{"in": str(file), "out": f"{folder}/{file.name}"} for file in files]
+        with open(f"{folder}/jobs.json", "w", encoding="utf-8") as out:
+            json.dump(jobs, out)
+        environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "HOME": folder,
+                       "XDG_RUNTIME_DIR": folder}
+        subprocess.run([PROGRAM, "-j", f"{folder}/jobs.json"], check=True, env=environment,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        return [ET.parse(job["out"]).getroot() for job in jobs]
+
+
+class Reader:
+    """Walks the measures of a part; ties join notes."""
+
+    def __init__(self, root):
+        self.music = Music(root.findtext("work/work-title", ""), [])
+        self.divisions = 1
+        self.bar = 0  # start of the bar, in sixteenths
+        self.start = self.now = 0
+        self.sounding = {}  # (string, fret) of tied notes -> their index
+        for measure in root.iterfind("part/measure"):
+            self.measure(measure)
+        self.music.notes = sorted(map(tuple, self.music.notes))
+
+    def sixteenths(self, element):
+        return Fraction(int(element.findtext("duration")) * 4, self.divisions)
+
+    def measure(self, measure):
+        self.now = self.bar
+        for element in measure:
+            if element.tag == "attributes":
+                self.attributes(element)
+            elif element.tag == "note":
+                self.note(element)
+            elif element.tag in ("backup", "forward"):
+                raise AssertionError("one voice is expected")
+            elif element.tag == "harmony":
+                self.music.names.append((int(self.now), element.find("root/root-step").text))
+        beats, beat_type = self.meter
+        self.music.bars.append([beats, beat_type])
+        assert self.now - self.bar == beats * 16 // beat_type, "a bar is not filled exactly"
+        self.bar = self.now
+
+    def attributes(self, element):
+        self.divisions = int(element.findtext("divisions", str(self.divisions)))
+        if element.find("time") is not None:
+            self.meter = [int(element.findtext("time/beats")),
+                          int(element.findtext("time/beat-type"))]
+        tunings = element.findall("staff-details/staff-tuning")
+        if tunings:
+            tunings.sort(key=lambda tuning: int(tuning.get("line")))
+            self.music.tuning = [pitch_of(tuning, "tuning-step", "tuning-alter", "tuning-octave")
+                                 for tuning in tunings]
+
+    def note(self, element):
+        duration = self.sixteenths(element)
+        if element.find("chord") is None:
+            self.start = self.now
+            self.now += duration
+        if element.find("rest") is not None:
+            return
+        pitch = pitch_of(element.find("pitch"), "step", "alter", "octave")
+        technical = element.find("notations/technical")
+        string, fret = 6 - int(technical.findtext("string")), int(technical.findtext("fret"))
+        ties = {tie.get("type") for tie in element.iterfind("tie")}
+        if "stop" in ties:
+            self.music.notes[self.sounding[string, fret]][1] += int(duration)
+        else:
+            self.music.notes.append([int(self.start), int(duration), string, fret, pitch])
+            self.sounding[string, fret] = len(self.music.notes) - 1
+
+
+def read(files):
+    return [Reader(root).music for root in saved_again(files)]
