@@ -19,6 +19,8 @@ constexpr double kCoarseStep = 0.5;
 constexpr double kReach = 2;
 /// Of the best mean; below it the onsets keep no time.
 constexpr double kLeastFit = 0.35;
+/// Onsets that are looked at: some minutes, over which a constant tempo may still be one.
+constexpr std::size_t kEnough = 2000;
 constexpr double kFineShare = 0.01;
 constexpr int kFineSteps = 400;
 
@@ -63,10 +65,11 @@ double bestTempo(double from, double to, double step, const Score& score) {
 }  // namespace
 
 double assumedTempo(std::span<const double> onsets) {
+  onsets = onsets.first(std::min(onsets.size(), kEnough));
   const auto local = [&](double tempo) { return meanFit(onsets, tempo); };
   const double coarse = bestTempo(kSlowest, kFastest, kCoarseStep, local);
   if (local(coarse) < kLeastFit) return kTempoWithoutBeat;
-  // Over the whole recording a hundredth of the tempo is many sixteenths.
+  // Over minutes a hundredth of the tempo is many sixteenths.
   const auto whole = [&](double tempo) { return std::abs(phaseSum(onsets, tempo)); };
   const double reach = coarse * kFineShare;
   return bestTempo(coarse - reach, coarse + reach, 2 * reach / kFineSteps, whole);

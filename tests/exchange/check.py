@@ -67,6 +67,12 @@ def compare_music(file, got, names, fingered=True):
         ("chord names", got.names, wanted_names)))
 
 
+def heard(files):
+    """(onset, end, string, fret, pitch) of the notes that were transcribed, times in seconds."""
+    notes = json.loads((files[0].parent / "take/take.json").read_text())["notes"]
+    return [(n["onset"], n["offset"], n["string"], n["fret"], n["midi"]) for n in notes]
+
+
 def check_schema(files):
     """Against the official definition: a folder that holds musicxml.xsd and its catalog."""
     given = os.environ.get("KORVEL_MUSICXML_SCHEMA")
@@ -77,7 +83,8 @@ def check_schema(files):
     if not schema or not schema.is_file():
         leave_out("there is no definition of MusicXML; KORVEL_MUSICXML_SCHEMA names its folder")
     environment = {**os.environ, "XML_CATALOG_FILES": str(schema.parent / "catalog.xml")}
-    result = subprocess.run(["xmllint", "--nonet", "--noout", "--schema", schema, *files],
+    result = subprocess.run(["xmllint", "--nonet", "--noout", "--schema", schema, *files,
+                             files[0].parent / "take/take.musicxml"],
                             env=environment, capture_output=True, text=True, check=False)
     if result.returncode:
         print(result.stderr[:3000])
@@ -90,9 +97,17 @@ def check_alphatab(files):
     if not shutil.which("node") or not library.is_file():
         leave_out("alphaTab is not installed; KORVEL_ALPHATAB names the folder of node_modules")
     script = pathlib.Path(__file__).with_name("alphatab.mjs")
-    out = subprocess.run(["node", script, library, *files], check=True, capture_output=True)
-    faults = 0
-    for file, got in zip(files, json.loads(out.stdout)):
+    take = files[0].parent / "take/take.musicxml"
+    out = subprocess.run(["node", script, library, *files, take], check=True, capture_output=True)
+    *songs, transcribed = json.loads(out.stdout)
+    notes = heard(files)
+    sixteenth = 15 / transcribed["tempo"]
+    faults = compare(take, "notes", sorted(note[2:] for note in transcribed["notes"]),
+                     sorted([*note[2:]] for note in notes))
+    for (start, *_, pitch), (onset, *_) in zip(transcribed["notes"], notes):
+        late = start * sixteenth - (onset - notes[0][0])
+        faults += abs(late) > sixteenth and compare(take, f"times of {pitch}", late, 0)
+    for file, got in zip(files, songs):
         title = got["title"].replace("\xa0", " ")  # so that it is not broken into lines
         music = expected.Music(title, got["tuning"], got["bars"],
                                sorted(map(tuple, got["notes"])),
@@ -116,15 +131,30 @@ def check_musescore(files):
                for file, music in zip(files, musescore.read(files)))
 
 
+def check_heard(file, content, notes):
+    """A MIDI file of notes without a song: the times that were heard, to a tenth of a millisecond."""
+    _, division, got, rest = json.loads(content)
+    tempo = next(message["tempo"] for message in rest if message["type"] == "set_tempo")
+    seconds = tempo / 1e6 / division
+    got = sorted((pitch, start * seconds, (start + ticks) * seconds) for start, ticks, pitch in got)
+    wanted = sorted((pitch, onset, end) for onset, end, _, _, pitch in notes)
+    return compare(file, "counts", len(got), len(wanted)) + sum(
+        compare(file, "notes", one, two) for one, two in zip(got, wanted)
+        if max(abs(a - b) for a, b in zip(one, two)) > 1e-4)
+
+
 def check_mido(files):
     python = next((python for python in (sys.executable, "/usr/bin/python3") if not subprocess.run(
         [python, "-c", "import mido"], capture_output=True, check=False).returncode), None)
     if not python:
         leave_out("mido is not installed")
     files = [file.with_suffix(".mid") for file in files]
-    out = subprocess.run([python, "-c", MIDI_READER, *files], check=True, capture_output=True)
-    faults = 0
-    for file, line in zip(files, out.stdout.splitlines()):
+    take = files[0].parent / "take/take.mid"
+    out = subprocess.run([python, "-c", MIDI_READER, *files, take], check=True,
+                         capture_output=True)
+    *lines, transcribed = out.stdout.splitlines()
+    faults = check_heard(take, transcribed, heard(files))
+    for file, line in zip(files, lines):
         kind, division, notes, rest = json.loads(line)
         wanted = expected.played(file.with_suffix(".json"))
         faults += compare(file, "notes", [tuple(note) for note in notes], wanted)

@@ -2,7 +2,8 @@
 """Makes the songs of the exchange tests and exports each with the tool.
 
 Usage: export_songs.py KORVEL_CLI SONG_MAKER FOLDER
-FOLDER is made anew: NUMBER.musicxml, NUMBER.mid, and NUMBER.json with what the store says.
+FOLDER is made anew: NUMBER.musicxml, NUMBER.mid, and NUMBER.json with what the store says; and in
+its folder "take" the notes of the demo recording in all formats.
 """
 import json
 import pathlib
@@ -30,6 +31,11 @@ def main(cli, maker, folder):
                                          capture_output=True).stdout)
         name.with_suffix(".json").write_text(json.dumps({"song": song, "metric": metric}))
     print(f"{len(jobs)} exports")
+    take = folder / "take"
+    take.mkdir()
+    demo = pathlib.Path(__file__).parents[2] / "resources/demo/First Steps.ogg"
+    subprocess.run([cli, "transcribe", demo, "--json", take / "take.json", "--midi",
+                    take / "take.mid", "--musicxml", take / "take.musicxml"], check=True)
 
 
 if __name__ == "__main__":
