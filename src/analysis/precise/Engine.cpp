@@ -216,7 +216,7 @@ Slices Engine::State::see() {
 }
 
 Slices Engine::State::findLevels() {
-  for (std::size_t k = 0; k < kBins; ++k) {
+  for (std::size_t k = 0; k < kBins; k += Levels::kTogether) {
     m_levels.measure(m_spectra, k);
     co_yield share(k, kBins);
   }
@@ -246,7 +246,7 @@ Slices Engine::State::solve(std::size_t step) {
   NonNegativeSolver solver(m_dictionary, kTolerance);
   std::span<const float> solution;
   m_coefficients = CoefficientTable();
-  m_activations = FrameTable(m_frames, kPitches);
+  if (m_activations.frames() != m_frames) m_activations = FrameTable(m_frames, kPitches);
   for (std::size_t t = 0; t < m_frames; ++t) {
     if (t % (NonNegativeSolver::kTogether * step) == 0) lookAhead(solver, t, step);
     if (t % step == 0) {

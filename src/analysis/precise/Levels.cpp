@@ -78,21 +78,26 @@ void emphasise(std::span<float, kBins> magnitudes, double ref) {
   compress(magnitudes);
 }
 
-void Levels::measure(const FrameTable& spectra, std::size_t bin) {
-  m_column.clear();
-  for (std::size_t t = 0; t < spectra.frames(); t += kFloorStep)
-    m_column.push_back(spectra.row(t)[bin]);
-  m_floor[bin] = quantile(m_column, kFloorShare);
+void Levels::measure(const FrameTable& spectra, std::size_t first) {
+  static_assert(kBins % kTogether == 0);
+  const std::size_t height = (spectra.frames() + kFloorStep - 1) / kFloorStep;
+  m_columns.resize(kTogether * height);
+  for (std::size_t i = 0; i < height; ++i) {
+    const float* row = spectra.row(i * kFloorStep).data() + first;
+    for (std::size_t j = 0; j < kTogether; ++j) m_columns[j * height + i] = row[j];
+  }
+  for (std::size_t j = 0; j < kTogether; ++j)
+    m_floor[first + j] = quantile(std::span(m_columns).subspan(j * height, height), kFloorShare);
 }
 
 void Levels::settle(const FrameTable& spectra, double power) {
   m_floor = medians(m_floor);
-  m_column.resize(spectra.frames());
+  m_columns.resize(spectra.frames());
   for (std::size_t t = 0; t < spectra.frames(); ++t)
-    m_column[t] = loudest(spectra.row(t).data(), m_floor.data(), emphasis().data());
-  const double ref = quantile(m_column, kRefShare);
+    m_columns[t] = loudest(spectra.row(t).data(), m_floor.data(), emphasis().data());
+  const double ref = quantile(m_columns, kRefShare);
   m_ref = ref < std::max(kSilence, kLeakage * std::sqrt(power)) ? 0 : ref;
-  m_column = {};
+  m_columns = {};
 }
 
 void Levels::apply(std::span<float, kBins> magnitudes) const {

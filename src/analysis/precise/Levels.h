@@ -16,11 +16,15 @@ namespace korvel::precise {
 void emphasise(std::span<float, kBins> magnitudes, double ref);
 
 /// Makes the spectra of a recording comparable to those of any other, whatever its level and its
-/// background: measure every bin, then settle, then apply to every frame.
+/// background: measure all bins, then settle, then apply to every frame.
 class Levels {
  public:
-  /// Finds the level of the background in a bin: what a tenth of the frames stay below.
-  void measure(const FrameTable& spectra, std::size_t bin);
+  /// Bins that are measured together.
+  static constexpr std::size_t kTogether = 16;
+
+  /// Finds the level of the background in kTogether bins from `first` on: what a tenth of the
+  /// frames stay below.
+  void measure(const FrameTable& spectra, std::size_t first);
   /// Smooths the background over neighbouring bins, and finds the reference level: the loudest
   /// partials of all frames but the loudest fiftieth. power: the mean square of what was recorded;
   /// when next to nothing of it is seen, as of a constant, the spectra count as silence.
@@ -35,7 +39,8 @@ class Levels {
  private:
   BinRow m_floor{};
   double m_ref = 0;
-  std::vector<float> m_column;
+  /// Of one bin after the other.
+  std::vector<float> m_columns;
 };
 
 }  // namespace korvel::precise

@@ -29,6 +29,8 @@ constexpr Frame kRiseSide = 5;
 /// ... and is the largest of this neighbourhood.
 constexpr Frame kRiseNeighbours = 4;
 
+constexpr std::array<float, kPitches> kSilence{};
+
 inline float median(float a, float b, float c) {
   const float low = a < b ? a : b;
   const float high = a < b ? b : a;
@@ -53,8 +55,8 @@ Tracker::Tracker(const FrameTable& activations, const Flux& flux, const TrackerS
       m_flux(flux),
       m_settings(settings),
       m_loudest(activations.frames()),
-      m_curve(activations.frames() + 2 * kMargin) {
-  static constexpr std::array<float, kPitches> kSilence{};
+      m_curves(kTogether * (activations.frames() + 2 * kMargin)) {
+  static_assert(kPitches % kTogether == 0);
   const std::size_t frames = activations.frames();
   for (std::size_t t = 0; t < frames; ++t) {
     const float* before = t > 0 ? activations.row(t - 1).data() : kSilence.data();
@@ -63,22 +65,28 @@ Tracker::Tracker(const FrameTable& activations, const Flux& flux, const TrackerS
   }
 }
 
-void Tracker::loadCurve(std::size_t pitch) {
-  m_pitch = pitch;
-  float before = 0;
-  float here = 0;
+void Tracker::loadCurves(std::size_t first) {
   const std::size_t frames = m_activations.frames();
-  for (std::size_t t = 0; t <= frames; ++t) {
-    const float after = t < frames ? m_activations.row(t)[pitch] : 0;
-    if (t > 0) m_curve[t - 1 + kMargin] = median(before, here, after);
-    before = here;
-    here = after;
+  const std::size_t length = frames + 2 * kMargin;
+  m_firstLoaded = first;
+  for (std::size_t t = 0; t < frames; ++t) {
+    const float* here = m_activations.row(t).data() + first;
+    const float* before = t > 0 ? m_activations.row(t - 1).data() + first : kSilence.data();
+    const float* after = t + 1 < frames ? m_activations.row(t + 1).data() + first : kSilence.data();
+    for (std::size_t p = 0; p < kTogether; ++p)
+      m_curves[p * length + kMargin + t] = median(before[p], here[p], after[p]);
   }
 }
 
-float Tracker::level(Frame frame) const {
-  return m_curve[static_cast<std::size_t>(frame + kMargin)];
+/// Makes a pitch's curve the one that is looked at.
+void Tracker::choose(std::size_t pitch) {
+  const std::size_t first = pitch - pitch % kTogether;
+  if (first != m_firstLoaded) loadCurves(first);
+  m_pitch = pitch;
+  m_curve = m_curves.data() + (pitch - first) * (m_activations.frames() + 2 * kMargin) + kMargin;
 }
+
+float Tracker::level(Frame frame) const { return m_curve[frame]; }
 
 float Tracker::highest(Frame first, Frame end) const {
   float largest = 0;
@@ -151,7 +159,7 @@ void Tracker::keep(Candidate note, Frame end, std::vector<Candidate>& found) con
 }
 
 void Tracker::track(std::size_t pitch, std::vector<Candidate>& found) {
-  loadCurve(pitch);
+  choose(pitch);
   const auto frames = static_cast<Frame>(m_activations.frames());
   std::optional<Candidate> note;
   Frame earliest = 0;

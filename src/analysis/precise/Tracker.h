@@ -22,7 +22,11 @@ class Tracker {
   void track(std::size_t pitch, std::vector<Candidate>& found);
 
  private:
-  void loadCurve(std::size_t pitch);
+  /// Pitches whose curves are loaded together, as they lie together in the table.
+  static constexpr std::size_t kTogether = 10;
+
+  void loadCurves(std::size_t first);
+  void choose(std::size_t pitch);
   /// The curve, which is 0 outside the recording.
   float level(Frame frame) const;
   float highest(Frame first, Frame end) const;
@@ -41,7 +45,10 @@ class Tracker {
   /// Of the loudest pitch in each frame.
   std::vector<float> m_loudest;
   std::size_t m_pitch = 0;
-  std::vector<float> m_curve;
+  /// From this pitch on, one after the other, each with a margin on both sides.
+  std::size_t m_firstLoaded = kPitches;
+  std::vector<float> m_curves;
+  const float* m_curve = nullptr;
 };
 
 }  // namespace korvel::precise
