@@ -124,13 +124,20 @@ class Engine::State {
 
 std::span<const Engine::State::Pass> Engine::State::passes() {
   static constexpr std::array kPasses = {
-      Pass{&State::tune, 0.2},           Pass{&State::see, 2.0},
-      Pass{&State::findLevels, 0.1},     Pass{&State::level, 0.2},
-      Pass{&State::solveQuickly, 0.7},   Pass{&State::trackSureNotes, 0.2},
-      Pass{&State::learn, 0.2},          Pass{&State::solveQuickly, 0.7},
-      Pass{&State::trackSureNotes, 0.2}, Pass{&State::learn, 0.2},
-      Pass{&State::solveFully, 1.3},     Pass{&State::trackCandidates, 0.2},
-      Pass{&State::judgeReattacks, 0.1}, Pass{&State::judgeNotes, 0.1},
+      Pass{&State::tune, 0.1},
+      Pass{&State::see, 0.45},
+      Pass{&State::findLevels, 0.1},
+      Pass{&State::level, 0.05},
+      Pass{&State::solveQuickly, 0.5},
+      Pass{&State::trackSureNotes, 0.05},
+      Pass{&State::learn, 0.1},
+      Pass{&State::solveQuickly, 0.45},
+      Pass{&State::trackSureNotes, 0.05},
+      Pass{&State::learn, 0.05},
+      Pass{&State::solveFully, 0.55},
+      Pass{&State::trackCandidates, 0.05},
+      Pass{&State::judgeReattacks, 0.05},
+      Pass{&State::judgeNotes, 0.05},
   };
   return kPasses;
 }
