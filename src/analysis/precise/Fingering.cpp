@@ -4,45 +4,19 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <numeric>
-#include <vector>
+#include <utility>
 
+#include "analysis/precise/Events.h"
 #include "analysis/precise/FingeringSearch.h"
 
 namespace korvel::precise {
 namespace {
 
-/// Notes whose onsets lie this close, in seconds, are played by one grip. A strum takes longer: its
-/// notes are events of their own, which ring into each other.
-constexpr double kTogether = 0.05;
+/// A line is taken for one in open position when that costs less than this times the cost of the
+/// easiest way. Lines that players chose a higher place for cost three to twelve times as much.
+constexpr double kWorthOfOpen = 2.5;
 
-using Order = std::vector<std::size_t>;
-
-Order byOnset(std::span<const Note> notes) {
-  Order order(notes.size());
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  std::ranges::stable_sort(order, {}, [&](std::size_t i) { return notes[i].onset; });
-  return order;
-}
-
-/// The front of the order that starts together.
-std::span<std::size_t> nextEvent(std::span<std::size_t> order, std::span<const Note> notes) {
-  const double last = notes[order.front()].onset + kTogether;
-  const auto after =
-      std::ranges::find_if(order, [&](std::size_t i) { return notes[i].onset > last; });
-  return order.first(static_cast<std::size_t>(after - order.begin()));
-}
-
-/// The strongest notes of an event, no more than strings, by pitch.
-std::span<std::size_t> playable(std::span<std::size_t> event, std::span<const Note> notes) {
-  std::ranges::stable_sort(event, std::ranges::greater(),
-                           [&](std::size_t i) { return notes[i].strength; });
-  event = event.first(std::min<std::size_t>(event.size(), kStrings));
-  std::ranges::stable_sort(event, {}, [&](std::size_t i) { return notes[i].pitch; });
-  return event;
-}
-
-void endWhereTheNextStarts(std::span<Note> notes, const Order& order) {
+void endWhereTheNextStarts(std::span<Note> notes, std::span<const std::size_t> order) {
   std::array<Note*, kStrings> last{};
   for (const std::size_t i : order) {
     if (notes[i].string < 0) continue;
@@ -55,7 +29,9 @@ void endWhereTheNextStarts(std::span<Note> notes, const Order& order) {
 }  // namespace
 
 Fingering::Fingering(const OpenStrings& open, const FingeringOptions& options)
-    : Fingering(open, options, FingeringCosts::of(options)) {}
+    : Fingering(open, options, FingeringCosts::of(options)) {
+  m_guessesOpen = options.position.kind == Position::Kind::anywhere;
+}
 
 Fingering::Fingering(const OpenStrings& open, const FingeringOptions& options,
                      const FingeringCosts& costs)
@@ -65,25 +41,32 @@ Fingering::Fingering(const OpenStrings& open, const FingeringOptions& options,
 }
 
 void Fingering::place(std::span<Note> notes) const {
-  Order order = byOnset(notes);
-  Order played;
-  FingeringSearch search(m_open, m_frets, m_costs, notes);
-  for (std::span<std::size_t> rest = order; !rest.empty();) {
-    const auto event = nextEvent(rest, notes);
-    rest = rest.subspan(event.size());
-    const auto grip = playable(event, notes);
-    search.add(grip);
-    played.insert(played.end(), grip.begin(), grip.end());
+  const Events events(notes);
+  FingeringSearch best = search(events, notes, m_costs);
+  if (m_guessesOpen && events.areOneLine()) {
+    FingeringSearch open = search(events, notes, FingeringCosts::openPosition());
+    if (open.cost() < kWorthOfOpen * best.cost()) best = std::move(open);
   }
   for (Note& note : notes) note.string = note.fret = -1;
-  const auto strings = search.strings();
-  for (std::size_t i = 0; i < played.size(); ++i) {
+  const auto strings = best.strings();
+  for (std::size_t i = 0; i < strings.size(); ++i) {
     if (strings[i] == Grip::kNone) continue;
-    Note& note = notes[played[i]];
+    Note& note = notes[events.played()[i]];
     note.string = strings[i];
     note.fret = note.pitch - m_open[static_cast<std::size_t>(strings[i])] + m_capo;
   }
-  endWhereTheNextStarts(notes, byOnset(notes));
+  endWhereTheNextStarts(notes, events.byOnset());
+}
+
+FingeringSearch Fingering::search(const Events& events, std::span<const Note> notes,
+                                  const FingeringCosts& costs) const {
+  FingeringSearch way(m_open, m_frets, costs, notes);
+  auto rest = events.played();
+  for (const std::size_t size : events.sizes()) {
+    way.add(rest.first(size));
+    rest = rest.subspan(size);
+  }
+  return way;
 }
 
 }  // namespace korvel::precise

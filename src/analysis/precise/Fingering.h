@@ -9,6 +9,9 @@
 
 namespace korvel::precise {
 
+class Events;
+class FingeringSearch;
+
 /// Chooses the strings on which a guitarist would play the notes of a recording: the way that costs
 /// the hand least over the whole of it, as FingeringCosts tells. The same notes always get the same
 /// fingering. Time and memory grow with the number of notes.
@@ -22,14 +25,18 @@ class Fingering {
   /// with a capo too, so that a note's pitch is its open string's plus its fret. A string sounds
   /// one note at a time: where the next one starts, the end of a note is brought forward to it.
   /// A pitch that the guitar has not gets -1 for both, as does the weakest of more than six notes
-  /// that start together.
+  /// that start together, and a doubtful one of a chord that no hand could play with it.
   void place(std::span<Note> notes) const;
 
  private:
+  FingeringSearch search(const Events& events, std::span<const Note> notes,
+                         const FingeringCosts& costs) const;
+
   OpenStrings m_open;  ///< With the capo on.
   int m_frets = 0;     ///< Beyond the capo.
   int m_capo = 0;
   FingeringCosts m_costs;
+  bool m_guessesOpen = false;  ///< Tries whether a melody lies in open position.
 };
 
 }  // namespace korvel::precise

@@ -6,25 +6,22 @@
 namespace korvel::precise {
 namespace {
 
-constexpr int kFirstWithoutOpenStrings = 4;
-
 FingeringCosts around(int fret) {
   FingeringCosts costs;
   costs.home = std::max(1, fret);
   costs.homeSlack = 1;
   costs.perFretFromHome = 0.5F;
-  if (costs.home >= kFirstWithoutOpenStrings) costs.openString = 0.5F;
   return costs;
 }
 
-FingeringCosts openPosition() {
+}  // namespace
+
+FingeringCosts FingeringCosts::openPosition() {
   FingeringCosts costs;
   costs.home = 1;
   costs.perFretFromHome = 0.3F;
   return costs;
 }
-
-}  // namespace
 
 FingeringCosts FingeringCosts::of(const FingeringOptions& options) {
   switch (options.position.kind) {

@@ -2,6 +2,7 @@
 #include "analysis/precise/FingeringSearch.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <tuple>
@@ -9,17 +10,38 @@
 namespace korvel::precise {
 namespace {
 
-constexpr std::size_t kBeam = 40;
+/// Hands kept from event to event: twice what the best way of all was ever seen to need.
+constexpr std::size_t kBeam = 32;
+/// The cheapest choices, from which they are taken: many sound alike.
+constexpr std::size_t kLooked = 8 * kBeam;
 constexpr int kFingers = 4;
-constexpr int kHighPlace = 7;
+constexpr int kHighPlace = 10;
+/// The hand at this place leaves open strings their ease; two frets above it has lost all of it.
+constexpr int kLastOpenPlace = 3;
+constexpr float kFretsAway = 2;
+/// A far shift is harder to hit than several near ones.
+constexpr float kLeap = 1.2F;
 /// Seconds that a note may lose for nothing when its string is needed, and beyond these until the
 /// loss costs all. Ends of notes are heard late rather than early.
 constexpr double kCutFree = 0.15;
 constexpr double kCutFull = 0.3;
-/// Strums take less, and notes last longer.
-constexpr double kStrum = 0.1;
 
 float beyond(int value, int limit) { return static_cast<float>(std::max(0, value - limit)); }
+
+/// Places of the hand, from the first to the last.
+struct Places {
+  int first = FingeringCosts::kNowhere;
+  int last = FingeringCosts::kNowhere;
+};
+
+/// Those from which the fingers reach: where the hand is if that is one of them, else all, as the
+/// nearest may be far from what follows. The lowest fret when there is none.
+Places placesFor(const Grip& grip, int from) {
+  if (grip.highest == 0) return {from, from};
+  const int first = std::min(std::max(1, grip.highest - (kFingers - 1)), grip.lowest);
+  const bool stays = from >= first && from <= grip.lowest;
+  return stays ? Places{from, from} : Places{first, grip.lowest};
+}
 
 }  // namespace
 
@@ -28,6 +50,9 @@ FingeringSearch::FingeringSearch(const OpenStrings& open, int frets, const Finge
     : m_costs(costs), m_notes(notes), m_gripList(open, frets), m_hands(1) {
   m_hands.front().place = costs.home;
   m_hands.front().fret.fill(Grip::kNone);
+  for (std::size_t far = 1; far < m_shiftCosts.size(); ++far)
+    m_shiftCosts[far] =
+        costs.shift + costs.perFretShifted * std::pow(static_cast<float>(far), kLeap);
 }
 
 void FingeringSearch::add(std::span<const std::size_t> event) {
@@ -53,18 +78,27 @@ void FingeringSearch::readEvent(std::span<const std::size_t> event) {
 // A tie goes to the choice that was found first, so that every run answers the same.
 void FingeringSearch::weighChoices() {
   m_choices.clear();
-  for (std::size_t h = 0; h < m_hands.size(); ++h) {
-    for (std::size_t g = 0; g < m_grips.size(); ++g) {
-      const int place = placeFor(m_grips[g], m_hands[h].place);
-      const float cost = m_hands[h].cost + m_gripCosts[g] + costOfPlace(m_hands[h].place, place) +
-                         costOfCutting(m_hands[h], m_grips[g]);
-      m_choices.push_back(
-          {cost, place, static_cast<std::uint16_t>(h), static_cast<std::uint16_t>(g)});
-    }
-  }
-  std::ranges::sort(m_choices, [](const Choice& a, const Choice& b) {
-    return std::tie(a.cost, a.hand, a.grip) < std::tie(b.cost, b.hand, b.grip);
-  });
+  for (std::size_t hand = 0; hand < m_hands.size(); ++hand)
+    for (std::size_t grip = 0; grip < m_grips.size(); ++grip) weigh(hand, grip);
+  const auto cheaper = [](const Choice& a, const Choice& b) {
+    return std::tie(a.cost, a.hand, a.grip, a.place) < std::tie(b.cost, b.hand, b.grip, b.place);
+  };
+  const auto looked = std::min(kLooked, m_choices.size());
+  const auto end = m_choices.begin() + static_cast<std::ptrdiff_t>(looked);
+  std::ranges::nth_element(m_choices, end, cheaper);
+  m_choices.resize(looked);
+  std::ranges::sort(m_choices, cheaper);
+}
+
+void FingeringSearch::weigh(std::size_t hand, std::size_t grip) {
+  const Hand& from = m_hands[hand];
+  const Grip& to = m_grips[grip];
+  const float cost = from.cost + m_gripCosts[grip] + costOfCutting(from, to);
+  const Places places = placesFor(to, from.place);
+  for (int place = places.first; place <= places.last; ++place)
+    m_choices.push_back({cost + costOfPlace(from.place, place) + costOfOpenStrings(to, place),
+                         place, static_cast<std::uint16_t>(hand),
+                         static_cast<std::uint16_t>(grip)});
 }
 
 void FingeringSearch::keepBest() {
@@ -77,6 +111,7 @@ void FingeringSearch::keepBest() {
   // Sums that grow for an hour would lose what the single grips differ by.
   const float least = m_hands.front().cost;
   for (Hand& hand : m_hands) hand.cost -= least;
+  m_cost += least;
 }
 
 void FingeringSearch::keep(const Choice& choice) {
@@ -91,18 +126,34 @@ float FingeringSearch::costOf(const Grip& grip) const {
   const int span = grip.highest - grip.lowest;
   return m_costs.perFret * static_cast<float>(grip.sum) +
          m_costs.wideSpan * beyond(span, kFingers - 1) + m_costs.hardSpan * beyond(span, kFingers) +
-         m_costs.openString * static_cast<float>(grip.open) +
-         m_costs.gap * static_cast<float>(grip.gaps);
+         m_costs.gap * static_cast<float>(grip.gaps) + costOfLeaving(grip);
+}
+
+float FingeringSearch::costOfLeaving(const Grip& grip) const {
+  float cost = 0;
+  for (std::size_t i = 0; i < m_event.size(); ++i)
+    if (grip.string[i] == Grip::kNone) cost += m_costs.leave * m_notes[m_event[i]].probability;
+  return cost;
 }
 
 float FingeringSearch::costOfPlace(int from, int to) const {
   if (to == FingeringCosts::kNowhere) return 0;
   float cost = m_costs.perFretHigh * beyond(to, kHighPlace) +
                m_costs.perFretFromHome * beyond(std::abs(to - m_costs.home), m_costs.homeSlack);
-  if (m_event.size() > 1) cost += m_costs.perFretOfChord * static_cast<float>(to);
-  if (from != FingeringCosts::kNowhere && from != to)
-    cost += m_costs.shift + m_costs.perFretShifted * static_cast<float>(std::abs(to - from));
+  if (m_event.size() > 1)
+    cost +=
+        m_costs.perFretOfChord * static_cast<float>(m_event.size() * static_cast<std::size_t>(to));
+  if (from != FingeringCosts::kNowhere)
+    cost += m_shiftCosts[static_cast<std::size_t>(std::abs(to - from))];
   return cost;
+}
+
+float FingeringSearch::costOfOpenStrings(const Grip& grip, int place) const {
+  const auto open = static_cast<float>(grip.open);
+  if (place > kLastOpenPlace)
+    return open * m_costs.openAway * std::min(1.0F, beyond(place, kLastOpenPlace) / kFretsAway);
+  if (place > 1) return 0;
+  return open * (m_event.size() == 1 ? m_costs.openAtHome : m_costs.openOfChord);
 }
 
 float FingeringSearch::costOfCutting(const Hand& hand, const Grip& grip) const {
@@ -111,17 +162,8 @@ float FingeringSearch::costOfCutting(const Hand& hand, const Grip& grip) const {
     if (grip.fret[s] == Grip::kNone || grip.fret[s] == hand.fret[s]) continue;
     const double lost = (hand.end[s] - m_now - kCutFree) / kCutFull;
     cost += m_costs.cutOff * static_cast<float>(std::clamp(lost, 0.0, 1.0));
-    if (hand.fret[s] != Grip::kNone && m_now - hand.start[s] < kStrum) cost += m_costs.cutStrum;
   }
   return cost;
-}
-
-/// The nearest place from which the fingers reach, or the lowest fret when they do not.
-int FingeringSearch::placeFor(const Grip& grip, int from) const {
-  if (grip.highest == 0) return from;
-  const int lowest = std::max(1, grip.highest - (kFingers - 1));
-  if (lowest > grip.lowest) return grip.lowest;
-  return std::clamp(from, lowest, grip.lowest);
 }
 
 FingeringSearch::Hand FingeringSearch::after(const Choice& choice) const {
@@ -133,7 +175,6 @@ FingeringSearch::Hand FingeringSearch::after(const Choice& choice) const {
     if (grip.string[i] == Grip::kNone) continue;
     const auto s = static_cast<std::size_t>(grip.string[i]);
     hand.fret[s] = grip.fret[s];
-    hand.start[s] = m_notes[m_event[i]].onset;
     hand.end[s] = m_notes[m_event[i]].end;
   }
   return hand;

@@ -22,6 +22,8 @@ class FingeringSearch {
 
   /// The next event: indices of at most kStrings notes, by rising pitch.
   void add(std::span<const std::size_t> event);
+  /// What the best way costs so far, to be compared with other searches for the same events.
+  double cost() const { return m_cost; }
   /// The string of each note that was added, in that order; Grip::kNone where it has none.
   std::vector<std::int8_t> strings() const;
 
@@ -31,8 +33,7 @@ class FingeringSearch {
     float cost = 0;
     int place = FingeringCosts::kNowhere;
     std::array<std::int8_t, kStrings> fret{};
-    std::array<double, kStrings> start{};  ///< Seconds, of the last note of each string.
-    std::array<double, kStrings> end{};
+    std::array<double, kStrings> end{};  ///< Seconds, of the last note of each string.
     std::int32_t step = kStart;
   };
   /// A grip that a hand may take next.
@@ -51,12 +52,14 @@ class FingeringSearch {
 
   void readEvent(std::span<const std::size_t> event);
   void weighChoices();
+  void weigh(std::size_t hand, std::size_t grip);
   void keepBest();
   void keep(const Choice& choice);
   float costOf(const Grip& grip) const;
+  float costOfLeaving(const Grip& grip) const;
   float costOfPlace(int from, int to) const;
+  float costOfOpenStrings(const Grip& grip, int place) const;
   float costOfCutting(const Hand& hand, const Grip& grip) const;
-  int placeFor(const Grip& grip, int from) const;
   Hand after(const Choice& choice) const;
   bool soundAlike(const Hand& a, const Hand& b) const;
 
@@ -67,7 +70,9 @@ class FingeringSearch {
   std::span<const std::size_t> m_event;
   std::span<const Grip> m_grips;
   std::vector<float> m_gripCosts;
-  double m_now = 0;  ///< Onset of the event's first note.
+  std::array<float, FingeringOptions::kMostFrets> m_shiftCosts{};  ///< By frets that the hand goes.
+  double m_cost = 0;  ///< Up to the hands', which count from the best of them.
+  double m_now = 0;   ///< Onset of the event's first note.
 
   std::vector<Hand> m_hands;
   std::vector<Hand> m_next;

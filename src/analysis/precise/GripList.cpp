@@ -8,6 +8,8 @@
 namespace korvel::precise {
 namespace {
 
+constexpr std::size_t kFewestOfChord = 3;
+
 Grip emptyGrip() {
   Grip grip;
   grip.fret.fill(Grip::kNone);
@@ -46,11 +48,17 @@ GripList::GripList(const OpenStrings& open, int frets) : m_open(open), m_frets(f
 std::span<const Grip> GripList::find(std::span<const int> pitches) {
   assert(pitches.size() <= kMostNotes);
   m_pitches = pitches;
+  m_most = 0;
+  for (extendAll(); m_grips.empty(); extendAll()) ++m_most;
+  if (pitches.size() < kFewestOfChord) return m_grips;
+  ++m_most;
+  extendAll();
+  return m_grips;
+}
+
+void GripList::extendAll() {
   m_grips.clear();
   extend(emptyGrip(), 0, 0);
-  const int least = std::ranges::min_element(m_grips, {}, &Grip::left)->left;
-  std::erase_if(m_grips, [=](const Grip& grip) { return grip.left > least; });
-  return m_grips;
 }
 
 void GripList::extend(const Grip& grip, std::size_t note, std::size_t from) {
@@ -64,6 +72,7 @@ void GripList::extend(const Grip& grip, std::size_t note, std::size_t from) {
     const int fret = m_pitches[note] - m_open[string];
     if (fret >= 0 && fret <= m_frets) extend(with(grip, note, string, fret), note + 1, rank + 1);
   }
+  if (grip.left == m_most) return;
   Grip without = grip;
   ++without.left;
   extend(without, note + 1, from);

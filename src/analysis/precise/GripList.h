@@ -25,7 +25,8 @@ struct Grip {
 };
 
 /// All ways to play a few notes: each on a string of its own or on none, no lower pitch on a string
-/// tuned higher than that of a higher pitch, as few notes left out as can be.
+/// tuned higher than that of a higher pitch, as few notes left out as can be, and one more of a
+/// chord.
 class GripList {
  public:
   static constexpr std::size_t kMostNotes = kStrings;
@@ -36,11 +37,13 @@ class GripList {
   std::span<const Grip> find(std::span<const int> pitches);
 
  private:
+  void extendAll();
   void extend(const Grip& grip, std::size_t note, std::size_t from);
 
   OpenStrings m_open;
   std::array<std::size_t, kStrings> m_byPitch{};
   int m_frets = 0;
+  int m_most = 0;  ///< Notes that may be left out.
   std::span<const int> m_pitches;
   std::vector<Grip> m_grips;
 };
