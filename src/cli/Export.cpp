@@ -50,6 +50,7 @@ void exportSong(const ExportOptions& options) {
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();
   std::vector<std::string> contents;
+  contents.reserve(outputs.size());
   for (const Output& output : outputs) contents.push_back(output.make());
   for (std::size_t i = 0; i < outputs.size(); ++i) outputs[i].file.write(contents[i]);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/QBScoreWriter.h"
 
+#include <cmath>
+
 #include "export/HarmonyKind.h"
 #include "export/NoteValues.h"
 #include "export/Spelling.h"
@@ -17,7 +19,7 @@ constexpr int kVoice = 1;
 
 /// With two decimals, whatever the user's locale.
 std::string textOf(double tempo) {
-  const auto hundredths = static_cast<long>(tempo * 100 + 0.5);
+  const long hundredths = std::lround(tempo * 100);
   const long rest = hundredths % 100;
   return std::to_string(hundredths / 100) + (rest < 10 ? ".0" : ".") + std::to_string(rest);
 }
