@@ -55,16 +55,25 @@ void filter(const float* taps, std::size_t side, const float* even, const float*
 
 }  // namespace
 
-HalfRate::HalfRate() : m_waiting(kSide) {
+HalfRate::HalfRate() : m_waiting(kSide) {}
+
+const HalfRate::Taps& HalfRate::taps() {
+  static const Taps taps = computeTaps();
+  return taps;
+}
+
+HalfRate::Taps HalfRate::computeTaps() {
   double sum = 0;
-  std::array<double, kTaps> taps{};
+  std::array<double, kTaps> exact{};
   for (std::size_t i = 0; i < kTaps; ++i) {
     const double x = static_cast<double>(i) - static_cast<double>(kSide);
-    taps[i] = sinc(kCutoff * x) * blackman(x / static_cast<double>(kSide + 1));
-    sum += taps[i];
+    exact[i] = sinc(kCutoff * x) * blackman(x / static_cast<double>(kSide + 1));
+    sum += exact[i];
   }
-  std::ranges::transform(taps, m_taps.begin(),
+  Taps taps{};
+  std::ranges::transform(exact, taps.begin(),
                          [sum](double tap) { return static_cast<float>(tap / sum); });
+  return taps;
 }
 
 std::span<const float> HalfRate::add(std::span<const float> samples) {
@@ -83,7 +92,7 @@ std::span<const float> HalfRate::add(std::span<const float> samples) {
     m_odd[j] = m_waiting[2 * j + 1];
   }
   if (m_waiting.size() % 2 == 1 && pairs < length) m_even[pairs] = m_waiting.back();
-  filter(m_taps.data(), kSide, m_even.data(), m_odd.data(), m_answer.data(), tiles);
+  filter(taps().data(), kSide, m_even.data(), m_odd.data(), m_answer.data(), tiles);
   m_waiting.erase(m_waiting.begin(), m_waiting.begin() + static_cast<std::ptrdiff_t>(2 * count));
   return std::span(m_answer).first(count);
 }

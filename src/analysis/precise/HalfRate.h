@@ -26,13 +26,17 @@ class HalfRate {
   static constexpr std::size_t kSide = 31;
   static constexpr std::size_t kTaps = 2 * kSide + 1;
 
+  /// Followed by a zero, to make them an even number.
+  using Taps = std::array<float, kTaps + 1>;
+
+  static const Taps& taps();
+  static Taps computeTaps();
+
   /// Samples that no later answer needs have left the front; the rest wait here.
   std::vector<float> m_waiting;
   std::vector<float> m_even;
   std::vector<float> m_odd;
   std::vector<float> m_answer;
-  /// Followed by a zero, to make them an even number.
-  std::array<float, kTaps + 1> m_taps{};
 };
 
 }  // namespace korvel::precise

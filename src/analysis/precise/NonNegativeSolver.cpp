@@ -91,10 +91,12 @@ NonNegativeSolver::NonNegativeSolver(const Dictionary& dictionary, float toleran
     m_gradient[a] = -m_penalties[a];
     for (std::size_t k = 0; k < kBins; ++k) m_bins[k * m_stride + a] = dictionary.shape(a)[k];
   }
-  for (std::size_t a = 0; a < m_atoms; ++a) {
-    const float* shape = dictionary.shape(a).data();
-    look(std::span(&shape, 1));
-    std::copy_n(m_likeness.data(), m_stride, m_products.data() + a * m_stride);
+  for (std::size_t a = 0; a < m_atoms; a += kTogether) {
+    std::array<const float*, kTogether> shapes{};
+    const std::size_t count = std::min(kTogether, m_atoms - a);
+    for (std::size_t i = 0; i < count; ++i) shapes[i] = dictionary.shape(a + i).data();
+    look(std::span(shapes).first(count));
+    std::copy_n(m_likeness.data(), count * m_stride, m_products.data() + a * m_stride);
   }
 }
 

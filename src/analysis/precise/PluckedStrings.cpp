@@ -31,29 +31,45 @@ double partialFrequency(double fundamental, int h) {
   return h * fundamental * std::sqrt(1 + kInharmonicity * h * h);
 }
 
-/// Adds a sine to the tones, with an amplitude of its own in each.
-void addPartial(double frequency, double phase,
-                const std::array<double, kDecays.size()>& amplitudes,
-                std::array<Tone, kDecays.size()>& tones) {
-  std::complex<double> turning = std::polar(1.0, phase);
-  const std::complex<double> turn = std::polar(1.0, 2 * std::numbers::pi * frequency / kRate);
-  for (std::size_t n = 0; n < kLength; ++n) {
-    for (std::size_t i = 0; i < tones.size(); ++i)
-      tones[i][n] += static_cast<float>(amplitudes[i] * turning.imag());
-    turning = {turning.real() * turn.real() - turning.imag() * turn.imag(),
-               turning.real() * turn.imag() + turning.imag() * turn.real()};
-  }
+using Tones = std::array<Tone, kDecays.size()>;
+
+/// A sine that turns by one sample at a time, with an amplitude of its own in each tone.
+struct Partial {
+  std::complex<double> turning;
+  std::complex<double> turn;
+  std::array<double, kDecays.size()> amplitudes{};
+};
+
+Partial partial(double frequency, int h) {
+  Partial partial{std::polar(1.0, kPhase * h * h),
+                  std::polar(1.0, 2 * std::numbers::pi * frequency / kRate)};
+  for (std::size_t i = 0; i < kDecays.size(); ++i)
+    partial.amplitudes[i] = std::pow(kDecays[i], h - 1);
+  return partial;
 }
 
-std::array<Tone, kDecays.size()> tonesOf(double fundamental) {
-  std::array<Tone, kDecays.size()> tones;
+/// All partials at once, as each waits for its own turn before.
+Tones sum(std::vector<Partial>& partials) {
+  Tones tones;
   tones.fill(Tone(kLength));
-  for (int h = 1; h <= kPartials && partialFrequency(fundamental, h) < kHighestPartial; ++h) {
-    std::array<double, kDecays.size()> amplitudes{};
-    for (std::size_t i = 0; i < tones.size(); ++i) amplitudes[i] = std::pow(kDecays[i], h - 1);
-    addPartial(partialFrequency(fundamental, h), kPhase * h * h, amplitudes, tones);
+  for (std::size_t n = 0; n < kLength; ++n) {
+    std::array<float, kDecays.size()> sums{};
+    for (auto& [turning, turn, amplitudes] : partials) {
+      for (std::size_t i = 0; i < sums.size(); ++i)
+        sums[i] += static_cast<float>(amplitudes[i] * turning.imag());
+      turning = {turning.real() * turn.real() - turning.imag() * turn.imag(),
+                 turning.real() * turn.imag() + turning.imag() * turn.real()};
+    }
+    for (std::size_t i = 0; i < sums.size(); ++i) tones[i][n] = sums[i];
   }
   return tones;
+}
+
+Tones tonesOf(double fundamental) {
+  std::vector<Partial> partials;
+  for (int h = 1; h <= kPartials && partialFrequency(fundamental, h) < kHighestPartial; ++h)
+    partials.push_back(partial(partialFrequency(fundamental, h), h));
+  return sum(partials);
 }
 
 BinRow seen(FrontEnd& frontEnd, const Tone& tone) {
