@@ -81,8 +81,9 @@ void QBChordAnalyserPrecise::listen() {
 
 /// Those from the first to the last that sounds, and forgets the rest.
 void QBChordAnalyserPrecise::keepBlocks() {
+  const precise::Analysis& heard = m_listening->result();
   m_blocks =
-      precise::blocksOf(m_listening->result(), m_listening->result().notes, m_listening->samples());
+      precise::blocksOf(heard, heard.notes, m_listening->samples(), m_open, m_settings.fingering);
   m_listening.reset();
   tellStrikesByAmplitude(*m_blocks);
   const auto sounds = [](const BlockTones& tones) { return !tones.empty(); };

@@ -4,6 +4,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
+#include <functional>
+#include <iterator>
+#include <optional>
 
 #include "analysis/precise/Scale.h"
 #include "analysis/precise/Window.h"
@@ -29,6 +33,7 @@ Frame frameAt(double seconds) {
 
 /// What is heard of a pitch within one block.
 struct Share {
+  int pitch = 0;
   Frame frames = 0;
   float activation = 0;
   bool struck = false;
@@ -38,11 +43,42 @@ struct Share {
   int fret = 0;
 };
 
+using Places = std::array<std::optional<Share>, kStrings>;
+
+/// Where the hand of a guitarist is who plays these: the mean of the pressed frets.
+double handOf(const Places& places, int capo) {
+  double sum = 0;
+  int pressed = 0;
+  for (const auto& share : places) {
+    if (!share || share->fret <= capo) continue;
+    sum += share->fret;
+    ++pressed;
+  }
+  return pressed == 0 ? capo + 1 : sum / pressed;
+}
+
+/// To a free string, if there is one that plays it; of those to the nearest to the hand.
+void moveTo(Places& places, Share share, const OpenStrings& open, const FingeringOptions& options) {
+  const double hand = handOf(places, options.capo);
+  double nearest = FingeringOptions::kMostFrets;
+  for (std::size_t s = 0; s < places.size(); ++s) {
+    const int fret = share.pitch - open[s];
+    const double far = std::abs(fret - hand);
+    if (places[s] || fret < options.capo || fret > options.frets || far >= nearest) continue;
+    nearest = far;
+    share.string = static_cast<int>(s);
+    share.fret = fret;
+  }
+  auto& place = places[static_cast<std::size_t>(share.string)];
+  if (!place) place = share;
+}
+
 /// Gathers the notes of one block.
 class Block {
  public:
   void add(const Note& note, Frame frames, float activation, bool struck) {
     Share& share = m_pitches[static_cast<std::size_t>(note.pitch - Analysis::kLowestPitch)];
+    share.pitch = note.pitch;
     share.frames += frames;
     share.activation = std::max(share.activation, activation);
     share.struck |= struck;
@@ -52,29 +88,43 @@ class Block {
     share.fret = note.fret;
   }
 
-  /// length: frames of the block.
-  BlockTones tones(const Analysis& analysis, Frame length) const {
-    BlockTones tones;
-    for (const Share* share : longestOfStrings(length))
-      if (share)
-        tones.push_back({share->string, share->fret,
-                         kFullScale * analysis.amplitude(share->activation), share->struck});
-    return tones;
+  /// Those that cover enough of the block, the longest first. length: frames of the block.
+  std::vector<Share> shares(Frame length) const {
+    std::vector<Share> shares;
+    std::ranges::copy_if(m_pitches, std::back_inserter(shares),
+                         [&](const Share& share) { return covers(share.frames, length); });
+    std::ranges::stable_sort(shares, std::ranges::greater(), &Share::frames);
+    return shares;
   }
 
  private:
-  std::array<const Share*, kStrings> longestOfStrings(Frame length) const {
-    std::array<const Share*, kStrings> strings{};
-    for (const Share& share : m_pitches) {
-      if (!covers(share.frames, length)) continue;
-      const Share*& chosen = strings[static_cast<std::size_t>(share.string)];
-      if (!chosen || share.frames > chosen->frames) chosen = &share;
-    }
-    return strings;
-  }
-
   std::array<Share, kPitches> m_pitches{};
 };
+
+/// One a string. Those that were fingered there come before any that is moved.
+Places placesOf(const std::vector<Share>& shares, const OpenStrings& open,
+                const FingeringOptions& options) {
+  Places places;
+  std::vector<Share> others;
+  for (const Share& share : shares) {
+    auto& place = places[static_cast<std::size_t>(share.string)];
+    if (place)
+      others.push_back(share);
+    else
+      place = share;
+  }
+  for (const Share& share : others) moveTo(places, share, open, options);
+  return places;
+}
+
+BlockTones tonesOf(const Places& places, const Analysis& analysis) {
+  BlockTones tones;
+  for (const auto& share : places)
+    if (share)
+      tones.push_back({share->string, share->fret,
+                       kFullScale * analysis.amplitude(share->activation), share->struck});
+  return tones;
+}
 
 /// Frames of the block, within the recording.
 Window windowOf(Frame block, Frame frames) {
@@ -103,14 +153,16 @@ void add(const Note& note, const Analysis& analysis, std::span<Block> blocks) {
 }  // namespace
 
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
-                                 std::size_t samples) {
+                                 std::size_t samples, const OpenStrings& open,
+                                 const FingeringOptions& options) {
   std::vector<Block> blocks((samples + kBlockSamples - 1) / kBlockSamples);
   for (const Note& note : notes)
     if (note.string >= 0) add(note, analysis, blocks);
   std::vector<BlockTones> tones;
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     const Window whole = windowOf(static_cast<Frame>(i), static_cast<Frame>(analysis.frames));
-    tones.push_back(blocks[i].tones(analysis, whole.end - whole.begin));
+    const auto shares = blocks[i].shares(whole.end - whole.begin);
+    tones.push_back(tonesOf(placesOf(shares, open, options), analysis));
   }
   return tones;
 }

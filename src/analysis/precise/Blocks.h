@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/precise/Analysis.h"
+#include "analysis/precise/FingeringOptions.h"
 #include "analysis/precise/Note.h"
 
 namespace korvel::precise {
@@ -30,10 +31,13 @@ struct BlockTone {
 using BlockTones = std::vector<BlockTone>;
 
 /// The tones of every block of a recording, in order of time; the last block may be cut short.
-/// A pitch is in a block when its notes cover at least 30 % of it; of several on one string it is
-/// the one that sounds longest in the block. notes: with strings and frets; those without are left
-/// out. samples: length of the recording at 44100 a second.
+/// A pitch is in a block when its notes cover at least 30 % of it. Of several on one string the one
+/// that sounds longest stays there; the others go to free strings, where they can be played as near
+/// to the hand as can be, and are left out when there is none.
+/// notes: with strings and frets; those without are left out. samples: length of the recording at
+/// 44100 a second. open, options: of the guitar, as the notes were fingered.
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
-                                 std::size_t samples);
+                                 std::size_t samples, const OpenStrings& open,
+                                 const FingeringOptions& options);
 
 }  // namespace korvel::precise

@@ -33,6 +33,10 @@ Analysis decaying() {
   return analysis;
 }
 
+std::vector<BlockTones> heard(const std::vector<Note>& notes) {
+  return blocksOf(decaying(), notes, kSamples, kStandardTuning, {});
+}
+
 std::string shapesOf(const std::vector<BlockTones>& blocks) {
   std::string text;
   for (const BlockTones& tones : blocks) {
@@ -50,19 +54,22 @@ TEST(Blocks, haveTheTonesThatCoverThem) {
       note(45, 0.6, 1.4, 1, 0),                             // in both
       note(50, 2.1, 2.27, 2, 0), note(50, 2.5, 2.67, 2, 0)  // together long enough
   };
-  EXPECT_EQ(shapesOf(blocksOf(decaying(), notes, kSamples)), "x0xxxx x0xxxx xx0xxx xxxxxx ");
+  EXPECT_EQ(shapesOf(heard(notes)), "x0xxxx x0xxxx xx0xxx xxxxxx ");
   // What the recording has of its last block is what counts.
-  EXPECT_EQ(shapesOf(blocksOf(decaying(), std::vector{note(40, 3.05, 3.2, 0, 0)}, kSamples)),
-            "xxxxxx xxxxxx xxxxxx 0xxxxx ");
-  EXPECT_TRUE(blocksOf({}, {}, 0).empty());
+  EXPECT_EQ(shapesOf(heard({note(40, 3.05, 3.2, 0, 0)})), "xxxxxx xxxxxx xxxxxx 0xxxxx ");
+  EXPECT_TRUE(blocksOf({}, {}, 0, kStandardTuning, {}).empty());
 }
 
 TEST(Blocks, haveOneToneAString) {
   const std::vector<Note> notes{note(64, 0.0, 0.4, 5, 0), note(65, 0.4, 1.0, 5, 1),
                                 note(60, 0.0, 0.3, 4, 1), note(60, 0.3, 0.7, 3, 5),
                                 note(55, 0.7, 1.0, 3, 0), note(40, 0.0, 1.0, -1, -1)};
-  EXPECT_EQ(shapesOf(blocksOf(decaying(), notes, kSamples)), "xxx5x1 xxxxxx xxxxxx xxxxxx ")
-      << "a note without a place is nowhere, one on two strings where it is longer";
+  EXPECT_EQ(shapesOf(heard(notes)), "xx5551 xxxxxx xxxxxx xxxxxx ")
+      << "a note without a place is nowhere, one on two strings where it is longer,"
+         " and the E and the G below it go to strings that are free";
+  EXPECT_EQ(shapesOf(heard({note(40, 0.0, 0.6, 0, 0), note(42, 0.6, 1.0, 0, 2)})).substr(0, 7),
+            "0xxxxx ")
+      << "no other string is so low";
 }
 
 TEST(Blocks, tellWhereANoteIsStruck) {
@@ -70,7 +77,7 @@ TEST(Blocks, tellWhereANoteIsStruck) {
   const std::vector<Note> notes{note(64, 0.9, 2.0, 5, 0), note(64, 2.1, 2.9, 5, 0),
                                 note(64, 2.9, 3.1, 5, 0), note(45, 0.0, 2.9, 1, 0)};
   std::string struck;
-  for (const BlockTones& tones : blocksOf(decaying(), notes, kSamples)) {
+  for (const BlockTones& tones : heard(notes)) {
     for (const BlockTone& tone : tones) struck += tone.struck ? '!' : '.';
     struck += ' ';
   }
@@ -78,7 +85,7 @@ TEST(Blocks, tellWhereANoteIsStruck) {
 }
 
 TEST(Blocks, areAsLoudAsTheirLoudestFrame) {
-  const auto blocks = blocksOf(decaying(), std::vector{note(64, 0.5, 2.0, 5, 0)}, kSamples);
+  const auto blocks = heard({note(64, 0.5, 2.0, 5, 0)});
   constexpr double kLoudest = 32768.0 * 16384 * 0.54 * 0.25;
   EXPECT_NEAR(blocks[0][0].amplitude, kLoudest * std::pow(1 - 0.005 * 16, 2.5), kLoudest * 1e-5);
   EXPECT_NEAR(blocks[1][0].amplitude, kLoudest * std::pow(1 - 0.005 * 32, 2.5), kLoudest * 1e-5);
