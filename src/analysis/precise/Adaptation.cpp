@@ -10,9 +10,9 @@
 namespace korvel::precise {
 namespace {
 
-/// The attack begins after the pick's noise, in frames after the onset.
+/// The attack, in frames after the onset: from after the pick's noise to 0.15 s.
 constexpr Frame kAttackBegin = 3;
-constexpr auto kAttackEnd = static_cast<Frame>(0.15 * kFramesPerSecond + 0.5);
+constexpr Frame kAttackEnd = 13;
 /// A part of a note is learnt from so many frames; from this number on it counts fully.
 constexpr Frame kLeastFrames = 3;
 constexpr Frame kMostFrames = 60;
