@@ -63,23 +63,28 @@ struct Strike {
 };
 
 /// It lasts for as long as it sounds, however its start was moved.
-Strike strikeOf(std::span<const Note> notes, int start, const BeatGrid& grid) {
+Strike strikeOf(std::span<const Note> notes, const BeatGrid& grid) {
+  const int start = sixteenthAt(grid, notes.front().onset);
   const double seconds = std::ranges::max(notes, {}, &Note::end).end - notes.front().onset;
   const auto length = static_cast<int>(std::lround(seconds / grid.secondsOfSixteenth()));
   return {start, start + std::max(length, 1), tonesOf(notes)};
 }
 
+/// How many notes from the first on are one chord: by their strum, or by the grid.
+std::size_t countOfChord(std::span<const Note> notes, const BeatGrid& grid) {
+  const double strummed = notes.front().onset + kStrumSeconds;
+  const int start = sixteenthAt(grid, notes.front().onset);
+  const auto isLater = [&](const Note& note) {
+    return note.onset > strummed && sixteenthAt(grid, note.onset) != start;
+  };
+  return static_cast<std::size_t>(std::ranges::find_if(notes, isLater) - notes.begin());
+}
+
 std::vector<Strike> strikesOf(std::span<const Note> notes, const BeatGrid& grid) {
   std::vector<Strike> strikes;
   while (!notes.empty()) {
-    const int start = sixteenthAt(grid, notes.front().onset);
-    double strummed = notes.front().onset + kStrumSeconds;
-    std::size_t count = 1;
-    for (; count < notes.size() &&
-           (notes[count].onset <= strummed || sixteenthAt(grid, notes[count].onset) == start);
-         ++count)
-      ;
-    Strike strike = strikeOf(notes.first(count), start, grid);
+    const std::size_t count = countOfChord(notes, grid);
+    Strike strike = strikeOf(notes.first(count), grid);
     if (!strike.tones.empty()) strikes.push_back(std::move(strike));
     notes = notes.subspan(count);
   }
