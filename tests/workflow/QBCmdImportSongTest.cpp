@@ -139,6 +139,10 @@ TEST_F(QBCmdImportSongTest, preciseSongIsFingeredForTheGuitar) {
   QBTabMgr::db().setTuningForNow(dropD);
   QBSong& dropped = precise(low, "Drop D");
   EXPECT_EQ(blocksOf(dropped).substr(0, 9), "0:000xxx ");
+  QBTuning* openG = QBTabMgr::db().createTuning("Open G", 3);
+  openG->createOpenGStrings();
+  QBTabMgr::db().setTuningForNow(openG);
+  EXPECT_EQ(blocksOf(precise({{{50, 55, 59, 62}, 1.4}}, "Open G")).substr(0, 9), "0:xx0000 ");
   QBTabMgr::db().setTuningForNow(nullptr);
 
   const std::vector<test::Strum> high{{test::notesOf("xx0232"), 1.5}, {{78}, 1.5}};
