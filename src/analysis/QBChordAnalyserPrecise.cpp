@@ -18,8 +18,8 @@ namespace {
 using precise::BlockTone;
 using precise::BlockTones;
 
-/// Of the time; the rest goes into storing chords.
-constexpr double kShareOfListening = 0.75;
+/// Of the time; the rest goes into making chords.
+constexpr double kShareOfListening = 0.95;
 
 /// Loudest first, as chords of a recording are.
 void addTones(QBHold& hold, BlockTones tones) {

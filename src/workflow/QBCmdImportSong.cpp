@@ -16,6 +16,11 @@
 #include "workflow/QBAlbumNode.h"
 
 namespace korvel {
+namespace {
+
+constexpr int kChordsOfStep = 100;
+
+}  // namespace
 
 QBCmdImportSong::QBCmdImportSong(std::shared_ptr<QBAlbumNode> album, std::string file,
                                  QBSong* newSong)
@@ -60,10 +65,13 @@ void QBCmdImportSong::execute() {
 }
 
 void QBCmdImportSong::nextStep() {
-  if (atEnd())
+  if (atEnd()) {
     stop();
-  else
-    takeNextChord();
+    return;
+  }
+  // Chords of what was heard before cost next to nothing.
+  const int most = m_detection == ImportDetection::precise ? kChordsOfStep : 1;
+  for (int taken = 0; taken < most && takeNextChord(); ++taken) continue;
 }
 
 void QBCmdImportSong::tearDown() {
@@ -82,9 +90,11 @@ void QBCmdImportSong::tearDown() {
 
 bool QBCmdImportSong::atEnd() const { return !m_analyser || m_analyser->atEnd(); }
 
-void QBCmdImportSong::takeNextChord() {
-  m_recorder->nextChord();
+/// Whether there was one.
+bool QBCmdImportSong::takeNextChord() {
+  const bool taken = m_recorder->nextChord() != nullptr;
   if (m_listener) m_listener(m_analyser->progress());
+  return taken;
 }
 
 }  // namespace korvel

@@ -28,8 +28,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// Decodes the whole file for the classic detection, and opens it for the precise one.
   void prepare() override;
   void execute() override;
-  /// One block of the file, or a few hundredths of a second of listening to it; stops the command
-  /// when there is nothing left to do.
+  /// One block of the file. Of the precise detection a few hundredths of a second of listening or,
+  /// afterwards, a hundred blocks. Stops the command when there is nothing left to do.
   void nextStep() override;
   void tearDown() override;
   /// Type and name without a blank between them: the form that the job list shows.
@@ -42,7 +42,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void hearBlocks();
   void hearPrecisely();
   bool atEnd() const;
-  void takeNextChord();
+  bool takeNextChord();
 
   std::string m_file;
   platform::Ref<QBSong> m_newSong;
