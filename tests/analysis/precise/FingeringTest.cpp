@@ -80,7 +80,8 @@ const std::vector<int> kScaleOfC{48, 50, 52, 53, 55, 57, 59, 60, 62, 64, 65, 67}
 
 TEST(FingeringTest, findsTheShapesThatGuitaristsLearnFirst) {
   const std::vector<std::string> shapes{"x02210", "x32010", "320003", "xx0232", "022100", "133211",
-                                        "x24432", "x02020", "020100", "xx0231", "577655", "x35553"};
+                                        "x24432", "x02020", "020100", "xx0231", "577655", "x35553",
+                                        "x32310", "x21202", "xx3210", "x32000", "355433", "xx0212"};
   EXPECT_EQ(refound(shapes, kStandardTuning), shapes);
   EXPECT_EQ(refound(shapes, kStandardTuning, {}, 5.0), shapes) << "each rings into the next two";
   EXPECT_EQ(refound({"000xxx", "222xxx", "555xxx", "x022xx", "000232"}, kDropD),
