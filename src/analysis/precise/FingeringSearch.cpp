@@ -12,6 +12,8 @@ namespace {
 
 /// Hands kept from event to event: twice what the best way of all was ever seen to need.
 constexpr std::size_t kBeam = 32;
+/// A choice that costs this much more than another was never seen to be part of the best way.
+constexpr float kHopeless = 10;
 /// The cheapest choices, from which they are taken: many sound alike.
 constexpr std::size_t kLooked = 8 * kBeam;
 constexpr int kFingers = 4;
@@ -78,6 +80,7 @@ void FingeringSearch::readEvent(std::span<const std::size_t> event) {
 // A tie goes to the choice that was found first, so that every run answers the same.
 void FingeringSearch::weighChoices() {
   m_choices.clear();
+  m_least = std::numeric_limits<float>::infinity();
   for (std::size_t hand = 0; hand < m_hands.size(); ++hand)
     for (std::size_t grip = 0; grip < m_grips.size(); ++grip) weigh(hand, grip);
   const auto cheaper = [](const Choice& a, const Choice& b) {
@@ -93,12 +96,17 @@ void FingeringSearch::weighChoices() {
 void FingeringSearch::weigh(std::size_t hand, std::size_t grip) {
   const Hand& from = m_hands[hand];
   const Grip& to = m_grips[grip];
-  const float cost = from.cost + m_gripCosts[grip] + costOfCutting(from, to);
+  float cost = from.cost + m_gripCosts[grip];
+  if (cost > m_least + kHopeless) return;
+  cost += costOfCutting(from, to);
   const Places places = placesFor(to, from.place);
-  for (int place = places.first; place <= places.last; ++place)
-    m_choices.push_back({cost + costOfPlace(from.place, place) + costOfOpenStrings(to, place),
-                         place, static_cast<std::uint16_t>(hand),
-                         static_cast<std::uint16_t>(grip)});
+  for (int place = places.first; place <= places.last; ++place) {
+    const float all = cost + costOfPlace(from.place, place) + costOfOpenStrings(to, place);
+    if (all > m_least + kHopeless) continue;
+    m_least = std::min(m_least, all);
+    m_choices.push_back(
+        {all, place, static_cast<std::uint16_t>(hand), static_cast<std::uint16_t>(grip)});
+  }
 }
 
 void FingeringSearch::keepBest() {

@@ -77,6 +77,7 @@ class FingeringSearch {
   std::vector<Hand> m_hands;
   std::vector<Hand> m_next;
   std::vector<Choice> m_choices;
+  float m_least = 0;  ///< That a choice costs, so far.
   std::vector<Step> m_steps;
   std::vector<std::size_t> m_sizes;  ///< Notes of each event.
 };
