@@ -16,6 +16,8 @@ constexpr Frame kAttackBegin = 2;
 constexpr Frame kAttackEnd = 22;
 /// Keeps ratios and logarithms of nothing in bounds.
 constexpr double kTiny = 0.001;
+/// The weights were fitted on pitches up to E5, and would drop most of what lies above.
+constexpr double kHighestFitted = 0.9;
 /// A pitch sounds when it has this share of the loudest pitch.
 constexpr float kSounding = 0.25F;
 
@@ -124,7 +126,7 @@ Features<NoteFeature> NoteFormula::features(const Candidate& candidate) const {
   x[Beside] = std::max(near(-1), near(1));
   x[Polyphony] = std::log(attack.sounding + kTiny);
   x[Covered] = isCovered(candidate) ? 1 : 0;
-  x[Pitch] = centredPitch(p);
+  x[Pitch] = std::min(centredPitch(p), kHighestFitted);
   x[Reattack] = candidate.reattack ? 1 : 0;
   x[Decay] = std::log((mean(whole, level) + kTiny) / attackMean);
   x[Share] = std::log(attackMean / (attack.total + kTiny));
