@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // korvel-transcribe: what the import hears in recordings, with the times at which it hears it. A
-// song keeps no times, as blocks without tones leave nothing behind in it.
+// song of the classic detection keeps no times, as blocks without tones leave nothing behind in it.
 #include <CLI/CLI.hpp>
 #include <cstdlib>
 #include <exception>
@@ -12,9 +12,12 @@
 #include <vector>
 
 #include "analysis/QBChordAnalyserGame.h"
+#include "analysis/QBChordAnalyserPrecise.h"
 #include "analysis/QBMusicXMLParser.h"
 #include "audio/QBChordRecorder.h"
 #include "audio/QBMediaTrack.h"
+#include "audio/QBMonoTrack.h"
+#include "audio/QBPreciseRecorder.h"
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
 #include "model/QBHold.h"
@@ -34,6 +37,8 @@ using namespace korvel;
 using nlohmann::json;
 
 constexpr double kSamplesOfBlock = 16384;
+/// Of the time stamps of the precise detection.
+constexpr double kRate = 44100;
 
 /// Makes the instrument of a definition file the one in use.
 void useInstrument(const std::filesystem::path& definition) {
@@ -60,12 +65,12 @@ json tonesOf(const QBHold& hold) {
   return tones;
 }
 
-/// The chords of a file as {"start", "duration", "tones"}, in seconds.
-json transcribe(const std::filesystem::path& file) {
+json chordOf(const QBChord& chord, double start, double duration) {
+  return {{"start", start}, {"duration", duration}, {"tones", tonesOf(*chord.hold())}};
+}
+
+json hearBlocks(const std::filesystem::path& file, QBSong* song, QBAlbum* album) {
   QBTabMgr& db = QBTabMgr::db();
-  QBAlbum* album = db.createAlbum(file.stem().string(), false);
-  QBSong* song =
-      db.createSong(file.stem().string(), db.selectedTuning(), db.selectedInstrument(), album);
   const auto track = std::make_shared<QBMediaTrack>(file);
   QBChordRecorder recorder(std::make_shared<QBChordAnalyserGame>(track, db.selectedTuning()),
                            db.selectedInstrument(), song, album);
@@ -75,12 +80,35 @@ json transcribe(const std::filesystem::path& file) {
   while (!track->eof()) {
     const auto block = static_cast<double>(track->nmbOfProcessedBlocks());
     if (const QBChord* chord = recorder.nextChord())
-      chords.push_back(
-          {{"start", block * step}, {"duration", step}, {"tones", tonesOf(*chord->hold())}});
+      chords.push_back(chordOf(*chord, block * step, step));
   }
   recorder.stopWithoutTimer();
+  return chords;
+}
+
+json hearPrecisely(const std::filesystem::path& file, QBSong* song, QBAlbum* album) {
+  const auto analyser = std::make_shared<QBChordAnalyserPrecise>(
+      std::make_shared<QBMonoTrack>(file), QBTabMgr::db().selectedTuning(), precise::Settings{});
+  QBPreciseRecorder recorder(analyser, song, album);
+  json chords = json::array();
+  recorder.startWithoutTimer("Test", 0.0F);
+  while (!analyser->atEnd())
+    if (const QBChord* chord = recorder.nextChord())
+      chords.push_back(chordOf(*chord, static_cast<double>(chord->timestamp()) / kRate,
+                               kSamplesOfBlock / kRate));
+  recorder.stopWithoutTimer();
+  return chords;
+}
+
+/// The chords of a file as {"start", "duration", "tones"}, in seconds.
+json transcribe(const std::filesystem::path& file, bool precisely) {
+  QBTabMgr& db = QBTabMgr::db();
+  QBAlbum* album = db.createAlbum(file.stem().string(), false);
+  QBSong* song =
+      db.createSong(file.stem().string(), db.selectedTuning(), db.selectedInstrument(), album);
+  json chords = (precisely ? hearPrecisely : hearBlocks)(file, song, album);
   db.deleteAlbum(album);
-  return {{"chords", chords}};
+  return {{"chords", std::move(chords)}};
 }
 
 }  // namespace
@@ -89,10 +117,12 @@ int main(int argc, char** argv) {
   std::filesystem::path folder = ".";
   std::filesystem::path instrument;
   std::vector<std::filesystem::path> files;
+  bool precisely = false;
   CLI::App app("Writes what the import hears in recordings, one JSON file each.",
                "korvel-transcribe");
   app.add_option("--output", folder, "Folder for the results");
   app.add_option("--instrument", instrument, "Definition file (default: the program's own)");
+  app.add_flag("--precise", precisely, "By the precise detection instead of the classic one");
   app.add_option("FILE", files, "Recordings")->required();
   CLI11_PARSE(app, argc, argv);
   try {
@@ -100,7 +130,8 @@ int main(int argc, char** argv) {
     if (!QBTabMgr::db().initializeData()) return EXIT_FAILURE;
     if (!instrument.empty()) useInstrument(instrument);
     for (const auto& file : files)
-      platform::writeAtomically(folder / file.stem().concat(".json"), transcribe(file).dump());
+      platform::writeAtomically(folder / file.stem().concat(".json"),
+                                transcribe(file, precisely).dump());
     return EXIT_SUCCESS;
   } catch (const std::exception& error) {
     std::cerr << "korvel-transcribe: " << error.what() << '\n';
