@@ -13,6 +13,7 @@
 #include "analysis/precise/Adaptation.h"
 #include "analysis/precise/Candidate.h"
 #include "analysis/precise/CoefficientTable.h"
+#include "analysis/precise/Company.h"
 #include "analysis/precise/Flux.h"
 #include "analysis/precise/FrameTable.h"
 #include "analysis/precise/FrontEnd.h"
@@ -44,6 +45,9 @@ constexpr Frame kAttackFrames = 8;
 float sound(float sample) {
   return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0;
 }
+
+/// What is less probable by itself is no note in any company.
+constexpr double kHopeless = 0.25;
 
 /// The probability from which a candidate is a note.
 double thresholdOf(double sensitivity) {
@@ -306,7 +310,7 @@ Slices Engine::State::judgeReattacks() {
     const bool continues = candidate.reattack && !kept.empty() &&
                            kept.back().pitch == candidate.pitch &&
                            kept.back().end == candidate.onset;
-    if (continues && formula.probability(candidate, m_candidates[i - 1].onset) <= 0.5) {
+    if (continues && formula.probability(candidate, m_candidates[i - 1]) <= 0.5) {
       kept.back().end = candidate.end;
     } else {
       kept.push_back(candidate);
@@ -316,12 +320,21 @@ Slices Engine::State::judgeReattacks() {
   m_candidates = std::move(kept);
 }
 
+/// First each candidate by itself, then each in the company of what is probable beside it.
 Slices Engine::State::judgeNotes() {
   const OnsetIndex onsets(m_candidates);
-  const NoteFormula formula(m_activations, m_spectra, onsets);
+  const NoteFormula formula(m_activations, m_spectra, *m_flux, onsets);
+  std::vector<Features<NoteFeature>> known(m_candidates.size());
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    m_candidates[i].probability = formula.probability(m_candidates[i]);
+    known[i] = formula.features(m_candidates[i]);
+    m_candidates[i].probability = logistic(noteTerms(), known[i]);
     co_yield share(i, m_candidates.size());
+  }
+  const Company company(m_candidates);
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) company.add(i, known[i]);
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    double& probability = m_candidates[i].probability;
+    probability = probability < kHopeless ? 0 : logistic(companyTerms(), known[i]);
   }
   std::erase_if(m_candidates, [this](const Candidate& c) { return c.probability <= m_threshold; });
   sortByOnset(m_candidates);

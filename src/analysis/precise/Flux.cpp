@@ -82,6 +82,16 @@ float Flux::of(std::size_t pitch, Frame frame) const {
   return sum / m_level;
 }
 
+float Flux::at(std::size_t bin, Frame frame) const {
+  if (!contains(frame) || bin >= kOnsetBins) return 0;
+  return m_rises.row(static_cast<std::size_t>(frame))[bin] / m_level;
+}
+
+float Flux::strongest(Frame frame) const {
+  if (!contains(frame)) return 0;
+  return std::ranges::max(m_rises.row(static_cast<std::size_t>(frame))) / m_level;
+}
+
 float Flux::overall(Frame frame) const {
   return contains(frame) ? m_totals[static_cast<std::size_t>(frame)] / m_strongTotal : 0;
 }

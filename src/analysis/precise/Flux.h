@@ -23,6 +23,10 @@ class Flux {
 
   /// How much the partials of a pitch rise around a frame; 0 outside the recording.
   float of(std::size_t pitch, Frame frame) const;
+  /// How much a bin of the onset spectrum rises, and the one that rises most; 0 outside the
+  /// recording and the scale.
+  float at(std::size_t bin, Frame frame) const;
+  float strongest(Frame frame) const;
   /// How much everything rises, compared with the strong rises of the recording.
   float overall(Frame frame) const;
 

@@ -1,31 +1,49 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <vector>
+
 #include "analysis/precise/Candidate.h"
+#include "analysis/precise/Flux.h"
 #include "analysis/precise/FrameTable.h"
 #include "analysis/precise/Logistic.h"
 #include "analysis/precise/OnsetIndex.h"
+#include "analysis/precise/Window.h"
 
 namespace korvel::precise {
 
-/// Decides whether a candidate is a note, and not an overtone of another or noise.
+/// Finds what tells whether a candidate is a note, and not an overtone of another or noise.
 class NoteFormula {
  public:
-  /// The activations, and the spectra that they explain. All must outlive this.
-  NoteFormula(const FrameTable& activations, const FrameTable& spectra, const OnsetIndex& onsets);
+  /// The activations, and the spectra and the flux that they explain. All must outlive this.
+  NoteFormula(const FrameTable& activations, const FrameTable& spectra, const Flux& flux,
+              const OnsetIndex& onsets);
 
-  double probability(const Candidate& candidate) const;
-
-  /// What the decision rests on.
+  /// What is known of the candidate by itself.
   Features<NoteFeature> features(const Candidate& candidate) const;
 
  private:
-  bool isCovered(const Candidate& candidate) const;
-  double fundamentalAt(std::size_t pitch, Frame frame) const;
+  using Known = Features<NoteFeature>;
+  struct Attack;
+
+  Attack attackOf(const Candidate& candidate) const;
+  double meanLevel(std::size_t pitch, const Window& window) const;
+  double partialLevel(std::size_t pitch, std::size_t number, const Window& window) const;
+  double riseOfPartial(const Candidate& candidate, std::size_t semitones) const;
+
+  void addLevels(const Candidate& candidate, const Attack& attack, Known& x) const;
+  void addShape(const Candidate& candidate, double attackMean, Known& x) const;
+  void addNeighbours(const Candidate& candidate, const Attack& attack, Known& x) const;
+  void addPartials(const Candidate& candidate, const Attack& attack, Known& x) const;
+  void addFlux(const Candidate& candidate, Known& x) const;
 
   const FrameTable& m_activations;
   const FrameTable& m_spectra;
+  const Flux& m_flux;
   const OnsetIndex& m_onsets;
+  Frame m_frames;
+  /// Activation of the loudest pitch in each frame.
+  std::vector<float> m_loudest;
 };
 
 }  // namespace korvel::precise

@@ -18,18 +18,24 @@ class OnsetIndex {
   explicit OnsetIndex(std::span<const Candidate> candidates);
 
   /// Candidates of any pitch that start near the frame, and those of them that are no re-attacks.
-  std::size_t count(Frame frame) const;
-  std::size_t countNew(Frame frame) const;
-  /// Whether one of that pitch starts near the frame.
-  bool contains(std::size_t pitch, Frame frame) const;
+  std::size_t count(Frame frame) const { return countNear(m_onsets, frame); }
+  std::size_t countNew(Frame frame) const { return countNear(m_newOnsets, frame); }
+  /// Whether one that starts near the frame has an overtone at the pitch.
+  bool isCovered(std::size_t pitch, Frame frame) const;
+  /// Whether one that is no re-attack does.
+  bool isCoveredByNew(std::size_t pitch, Frame frame) const;
 
  private:
-  static std::size_t countNear(const std::vector<Frame>& onsets, Frame frame);
-
   /// In order.
-  std::vector<Frame> m_onsets;
-  std::vector<Frame> m_newOnsets;
-  std::vector<std::vector<Frame>> m_byPitch;
+  using Onsets = std::vector<Frame>;
+
+  static std::size_t countNear(const Onsets& onsets, Frame frame);
+  static bool covers(const std::vector<Onsets>& byPitch, std::size_t pitch, Frame frame);
+
+  Onsets m_onsets;
+  Onsets m_newOnsets;
+  std::vector<Onsets> m_byPitch;
+  std::vector<Onsets> m_newByPitch;
 };
 
 }  // namespace korvel::precise

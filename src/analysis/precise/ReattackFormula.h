@@ -4,7 +4,9 @@
 #include "analysis/precise/Candidate.h"
 #include "analysis/precise/Flux.h"
 #include "analysis/precise/FrameTable.h"
+#include "analysis/precise/Logistic.h"
 #include "analysis/precise/OnsetIndex.h"
+#include "analysis/precise/Smoothed.h"
 
 namespace korvel::precise {
 
@@ -14,14 +16,27 @@ class ReattackFormula {
   /// All must outlive this.
   ReattackFormula(const FrameTable& activations, const Flux& flux, const OnsetIndex& onsets);
 
-  /// That the candidate, a re-attack, is a note of its own. before: the onset of the candidate of
-  /// the same pitch before it.
-  double probability(const Candidate& candidate, Frame before) const;
+  /// That the candidate, a re-attack, is a note of its own. before: the candidate of the same pitch
+  /// that ends where it starts.
+  double probability(const Candidate& candidate, const Candidate& before) const;
+
+  /// What the decision rests on.
+  Features<ReattackFeature> features(const Candidate& candidate, const Candidate& before) const;
 
  private:
+  using Known = Features<ReattackFeature>;
+
+  void addLevels(const Candidate& candidate, const Candidate& before, Known& x) const;
+  void addFlux(const Candidate& candidate, Known& x) const;
+  void addBounces(const Candidate& candidate, Known& x) const;
+  double bounce(std::size_t pitch, Frame frame) const;
+  double highestFlux(std::size_t pitch, Frame first, Frame end) const;
+  float loudest(Frame frame) const;
+
   const FrameTable& m_activations;
   const Flux& m_flux;
   const OnsetIndex& m_onsets;
+  Smoothed m_level;
 };
 
 }  // namespace korvel::precise

@@ -33,6 +33,10 @@ struct TrackerSettings {
   Frame riseGap;
   /// Shorter notes are dropped; in frames.
   Frame shortest;
+  /// A new note also starts at a peak of the flux above this, 0 for never, ...
+  float strikeFlux = 0;
+  /// ... if the curve bounces by more than this from the dip there.
+  float strikeRise = 0;
 };
 
 /// Only what is surely a note, to learn the sound of the instrument from.
@@ -50,11 +54,13 @@ inline constexpr TrackerSettings kCandidateNotes{.start = 0.3F,
                                                  .startShare = 0.03F,
                                                  .startFlux = 0,
                                                  .endShare = 0.06F,
-                                                 .rise = 0.15F,
-                                                 .riseShare = 0.08F,
-                                                 .riseFlux = 0.03F,
+                                                 .rise = 0.05F,
+                                                 .riseShare = 0.02F,
+                                                 .riseFlux = 0.0F,
                                                  .riseGap = 7,
-                                                 .shortest = 5};
+                                                 .shortest = 5,
+                                                 .strikeFlux = 0.08F,
+                                                 .strikeRise = 0.04F};
 
 /// What is known of a candidate for a note that starts while its pitch still sounds. One is the
 /// constant 1, so that a product with it is the other factor alone.
@@ -72,10 +78,29 @@ enum class ReattackFeature : std::uint8_t {
   Overall,
   Pitch,
   Soon,
+  Bounce,
+  BounceRatio,
+  Drop,
+  BounceOfOthers,
+  Others,
+  FundamentalFlux,
+  OctaveFlux,
+  FluxToBefore,
+  FluxToAfter,
+  Length,
+  LevelShare,
+  BounceOctaveBelow,
+  BounceOctaveAbove,
+  BounceTwelfth,
+  Covered,
+  StrongestRise,
+  Remainder,
+  BounceBeside,
   Count
 };
 
-/// What is known of a candidate for a note.
+/// What is known of a candidate for a note; from Odds on, what is known after all have been judged
+/// once, of those that it sounds with.
 enum class NoteFeature : std::uint8_t {
   One,
   Peak,
@@ -98,6 +123,31 @@ enum class NoteFeature : std::uint8_t {
   Decay,
   Share,
   Fundamental,
+  FundamentalToEven,
+  ThirdToEven,
+  OddToEven,
+  OddFlux,
+  FundamentalFlux,
+  LocalShare,
+  Before,
+  Sustain,
+  TwoOctavesAbove,
+  Fifths,
+  SecondPartial,
+  Odds,
+  LikelyOctaveBelow,
+  LikelyOctaveAbove,
+  LikelyFarBelow,
+  LikelyFarAbove,
+  LikelyPolyphony,
+  LoudestCompany,
+  LikelyChord,
+  Texture,
+  LikelyBefore,
+  LikelyBeside,
+  StrengthAbove,
+  StrengthBelow,
+  LikelyLouder,
   Count
 };
 
@@ -109,10 +159,24 @@ struct Term {
   double weight;
 };
 
-/// The terms whose sum is the logarithm of the odds that a candidate is a note. Fitted by logistic
-/// regression (L2 3.0; a candidate counts 0.3 + its seconds, at most 2, and its target is the share
-/// of it that overlaps true notes of its pitch).
+/// Where a feature lay in nearly all of what the weights were fitted on. Values beyond are taken as
+/// the nearest of these: squares know nothing of what lies outside.
+struct Range {
+  double least;
+  double most;
+};
+std::span<const Range> rangesOf(ReattackFeature);
+std::span<const Range> rangesOf(NoteFeature);
+
+/// The terms whose sum is the logarithm of the odds that a candidate is a note: of a re-attack, of
+/// any candidate by itself, of any candidate in its company. Fitted by logistic regression (L2 3.0)
+/// on rendered notes of seven sampled and six computed guitars: as they are, and, counting
+/// 0.4-fold, in rooms, with bodies, strings that ring along, noise and strokes of all strengths,
+/// and on clicks, drums, noise and speech without a note. A candidate counts 0.6 + its seconds, at
+/// most 2, and its target is the share of it that overlaps true notes of its pitch; that of a
+/// re-attack is whether a note starts within 60 ms. docs/detection.md has the figures.
 std::span<const Term<ReattackFeature>> reattackTerms();
 std::span<const Term<NoteFeature>> noteTerms();
+std::span<const Term<NoteFeature>> companyTerms();
 
 }  // namespace korvel::precise

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "analysis/precise/Smoothed.h"
 #include "analysis/precise/VectorClones.h"
 
 namespace korvel::precise {
@@ -28,15 +29,13 @@ constexpr Frame kSafeFrames = 2;
 constexpr Frame kRiseSide = 5;
 /// ... and is the largest of this neighbourhood.
 constexpr Frame kRiseNeighbours = 4;
+/// The dip of a string that is struck again lies within these frames of the strike, and it has
+/// bounced back within those after.
+constexpr Frame kDipBefore = 4;
+constexpr Frame kDipAfter = 3;
+constexpr Frame kBounceFrames = 7;
 
 constexpr std::array<float, kPitches> kSilence{};
-
-inline float median(float a, float b, float c) {
-  const float low = a < b ? a : b;
-  const float high = a < b ? b : a;
-  const float capped = high < c ? high : c;
-  return low > capped ? low : capped;
-}
 
 KORVEL_VECTOR_CLONES
 float loudestMedian(const float* before, const float* here, const float* after) {
@@ -144,10 +143,27 @@ std::optional<Candidate> Tracker::begin(Frame frame, Frame earliest) const {
   return note;
 }
 
+/// Whether the flux has a peak at which the level bounces back from a dip: a finger or the pick
+/// stops a string before it strikes it again.
+bool Tracker::isStruck(const Candidate& note, Frame frame) const {
+  if (m_settings.strikeFlux <= 0 || frame < note.onset + m_settings.riseGap) return false;
+  const float flux = m_flux.of(m_pitch, frame);
+  if (flux <= m_settings.strikeFlux) return false;
+  for (Frame t = frame - kRiseNeighbours; t <= frame + kRiseNeighbours; ++t)
+    if (m_flux.of(m_pitch, t) > flux) return false;
+  float low = level(frame);
+  for (Frame t = frame - kDipBefore; t <= frame + kDipAfter; ++t) low = std::min(low, level(t));
+  return highest(frame + 1, frame + kBounceFrames) - low > m_settings.strikeRise;
+}
+
 std::optional<Candidate> Tracker::beginAgain(const Candidate& note, Frame frame) const {
-  if (!rises(note, frame)) return std::nullopt;
-  Candidate again = noteAt(frame, note.onset + 1);
-  if (again.flux <= m_settings.riseFlux * level(frame + kRiseSide)) return std::nullopt;
+  Candidate again{.pitch = m_pitch, .onset = frame, .flux = m_flux.of(m_pitch, frame)};
+  if (!isStruck(note, frame)) {
+    if (!rises(note, frame)) return std::nullopt;
+    again = noteAt(frame, note.onset + 1);
+    if (again.flux <= m_settings.riseFlux * level(frame + kRiseSide)) return std::nullopt;
+  }
+  if (again.onset - note.onset < m_settings.shortest) return std::nullopt;
   again.reattack = true;
   again.peak = highest(again.onset, again.onset + kPeakFrames);
   return again;

@@ -33,6 +33,7 @@ class Tracker {
 
   bool starts(Frame frame) const;
   bool ends(const Candidate& note, Frame frame) const;
+  bool isStruck(const Candidate& note, Frame frame) const;
   bool rises(const Candidate& note, Frame frame) const;
   Candidate noteAt(Frame middle, Frame earliest) const;
   std::optional<Candidate> begin(Frame frame, Frame earliest) const;

@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 
+#include "analysis/precise/Company.h"
 #include "analysis/precise/OnsetIndex.h"
 
 namespace korvel::precise {
@@ -36,9 +38,45 @@ TEST(OnsetIndex, countsWhatStartsWithinFourFrames) {
   const OnsetIndex index(candidates);
   EXPECT_EQ(index.count(10), 3U);
   EXPECT_EQ(index.countNew(10), 2U);
-  EXPECT_TRUE(index.contains(5, 10));
-  EXPECT_FALSE(index.contains(9, 10));
-  EXPECT_FALSE(index.contains(8, 10));
+}
+
+TEST(OnsetIndex, findsNotesWithAnOvertoneAtThePitch) {
+  const std::vector<Candidate> candidates = {
+      {.pitch = 5, .onset = 14, .end = 30}, {.pitch = 8, .onset = 10, .end = 30, .reattack = true}};
+  const OnsetIndex index(candidates);
+  EXPECT_TRUE(index.isCovered(5 + 19, 10));
+  EXPECT_FALSE(index.isCovered(5 + 18, 10));
+  EXPECT_FALSE(index.isCovered(5 + 19, 9));
+  EXPECT_TRUE(index.isCovered(8 + 12, 10));
+  EXPECT_FALSE(index.isCoveredByNew(8 + 12, 10));
+}
+
+TEST(Company, countsWhatIsProbableWhileTheCandidateSounds) {
+  using enum NoteFeature;
+  // The second has the first an octave below it for half its time, and a doubtful one above it.
+  const std::vector<Candidate> candidates = {
+      {.pitch = 3, .onset = 10, .end = 40, .peak = 2, .probability = 0.8},
+      {.pitch = 15, .onset = 20, .end = 60, .peak = 1, .probability = 0.5},
+      {.pitch = 27, .onset = 22, .end = 60, .peak = 0.5F, .probability = 0.1},
+      {.pitch = 15, .onset = 60, .end = 80, .peak = 1, .reattack = true, .probability = 0.9},
+      {.pitch = 15, .onset = 900, .end = 950, .peak = 1, .probability = 0.9}};
+  const Company company(candidates);
+  std::vector<Features<NoteFeature>> known(candidates.size());
+  for (std::size_t i = 0; i < known.size(); ++i) company.add(i, known[i]);
+  EXPECT_NEAR(known[1][LikelyOctaveBelow], 0.4, 1e-9);
+  EXPECT_NEAR(known[1][LikelyOctaveAbove], 0.1 * 38 / 40, 1e-9);
+  EXPECT_NEAR(known[1][LikelyPolyphony], 0.4 + 0.1 * 38 / 40, 1e-9);
+  EXPECT_NEAR(known[1][LikelyLouder], 0.4, 1e-9);
+  EXPECT_NEAR(known[1][LikelyChord], 0.1, 1e-9);
+  EXPECT_NEAR(known[1][StrengthBelow], std::log(1.65), 1e-6);
+  EXPECT_NEAR(known[1][Odds], 0, 1e-9);
+  // A note that goes on where the one before it ended remembers it; long after, it does not.
+  EXPECT_NEAR(known[3][LikelyBefore], 0.5, 1e-9);
+  EXPECT_LT(known[4][LikelyBefore], 1e-6);
+  EXPECT_EQ(known[0][Texture], known[4][Texture]);
+  EXPECT_NEAR(known[0][Texture],
+              (30 * 0.8 + 40 * 0.5 + 38 * 0.1 + 70 * 0.9) / (10 * 0.8 + 20 + 20 * 0.6 + 70 * 0.9),
+              0.05);
 }
 
 }  // namespace

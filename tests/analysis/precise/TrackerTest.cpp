@@ -73,6 +73,19 @@ TEST(Tracker, cutsWhatIsStruckAgain) {
   EXPECT_EQ(scene.track({20, 69}, kLearningNotes).size(), 2U);
 }
 
+TEST(Tracker, cutsWhereALevelBouncesAtAStrike) {
+  Scene scene;
+  scene.draw(kPitch, 20, 120, 1);
+  scene.draw(kPitch, 68, 71, 0.7F);
+  EXPECT_EQ(scene.track({20}).size(), 1U);
+  const auto found = scene.track({20, 70});
+  ASSERT_EQ(found.size(), 2U);
+  EXPECT_TRUE(found[1].reattack);
+  EXPECT_EQ(found[1].onset, 70);
+  // What would leave too short a note goes on: nothing may be lost between two candidates.
+  EXPECT_EQ(scene.track({20, 24, 70}).front().end, 70);
+}
+
 TEST(Tracker, dropsSpikesAndWhatIsFaintBesideOthers) {
   Scene scene;
   scene.draw(kPitch, 20, 21, 3);
