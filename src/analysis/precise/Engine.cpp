@@ -21,6 +21,7 @@
 #include "analysis/precise/Levels.h"
 #include "analysis/precise/NonNegativeSolver.h"
 #include "analysis/precise/NoteFormula.h"
+#include "analysis/precise/Observer.h"
 #include "analysis/precise/OnsetIndex.h"
 #include "analysis/precise/PluckedStrings.h"
 #include "analysis/precise/ReattackFormula.h"
@@ -67,7 +68,8 @@ double share(std::size_t done, std::size_t all) {
 /// The work is a list of passes over the recording, each of which builds on those before.
 class Engine::State {
  public:
-  explicit State(double sensitivity) : m_threshold(thresholdOf(sensitivity)) {}
+  State(double sensitivity, Observer* observer)
+      : m_threshold(thresholdOf(sensitivity)), m_observer(observer) {}
 
   void add(std::span<const float> samples);
   bool step(double seconds);
@@ -104,6 +106,7 @@ class Engine::State {
   float shareAtAttack(const Candidate& note) const;
 
   double m_threshold;
+  Observer* m_observer;
   HalfRate m_halver;
   Recording m_recording;
   double m_seconds = 0;
@@ -304,12 +307,15 @@ Slices Engine::State::learn() {
 Slices Engine::State::judgeReattacks() {
   const OnsetIndex onsets(m_candidates);
   const ReattackFormula formula(m_activations, *m_flux, onsets);
+  if (m_observer) m_observer->tracked(m_candidates);
   std::vector<Candidate> kept;
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     const Candidate& candidate = m_candidates[i];
     const bool continues = candidate.reattack && !kept.empty() &&
                            kept.back().pitch == candidate.pitch &&
                            kept.back().end == candidate.onset;
+    if (continues && m_observer)
+      m_observer->reattack(candidate, formula.features(candidate, m_candidates[i - 1]));
     if (continues && formula.probability(candidate, m_candidates[i - 1]) <= 0.5) {
       kept.back().end = candidate.end;
     } else {
@@ -331,7 +337,10 @@ Slices Engine::State::judgeNotes() {
     co_yield share(i, m_candidates.size());
   }
   const Company company(m_candidates);
-  for (std::size_t i = 0; i < m_candidates.size(); ++i) company.add(i, known[i]);
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    company.add(i, known[i]);
+    if (m_observer) m_observer->note(m_candidates[i], known[i]);
+  }
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     double& probability = m_candidates[i].probability;
     probability = probability < kHopeless ? 0 : logistic(companyTerms(), known[i]);
@@ -361,7 +370,8 @@ Analysis Engine::State::take() {
   return analysis;
 }
 
-Engine::Engine(double sensitivity) : m_state(std::make_unique<State>(sensitivity)) {}
+Engine::Engine(double sensitivity, Observer* observer)
+    : m_state(std::make_unique<State>(sensitivity, observer)) {}
 Engine::Engine(Engine&&) noexcept = default;
 Engine& Engine::operator=(Engine&&) noexcept = default;
 Engine::~Engine() = default;

@@ -8,6 +8,8 @@
 
 namespace korvel::precise {
 
+class Observer;
+
 /// The precise detection: from the samples of a recording to its notes. Add all samples, then step
 /// until it is done, then take the result; to cancel, destroy the engine. The result is the same
 /// for any division into calls. Uses no other threads; one thread at a time.
@@ -16,7 +18,8 @@ namespace korvel::precise {
 class Engine {
  public:
   /// sensitivity, 0..1: how faint or doubtful a note may be. 0.5 is the most probable reading.
-  explicit Engine(double sensitivity = 0.5);
+  /// observer: is shown what the notes are chosen from; must outlive the engine's steps.
+  explicit Engine(double sensitivity = 0.5, Observer* observer = nullptr);
   Engine(Engine&&) noexcept;
   Engine& operator=(Engine&&) noexcept;
   ~Engine();

@@ -20,6 +20,9 @@ class Features {
   double& operator[](Feature feature) { return m_values[static_cast<std::size_t>(feature)]; }
   double operator[](Feature feature) const { return m_values[static_cast<std::size_t>(feature)]; }
 
+  /// In the order of the enumerators.
+  std::span<const double> values() const { return m_values; }
+
   /// Every feature within the range that the weights know.
   Features limited() const {
     Features limited = *this;

@@ -11,6 +11,7 @@
 #include <set>
 #include <vector>
 
+#include "analysis/precise/Observer.h"
 #include "support/Guitar.h"
 
 namespace korvel::precise {
@@ -139,6 +140,38 @@ TEST(PreciseEngine, answersTheSameForAnySlices) {
       EXPECT_EQ(found.notes[i].probability, expected.notes[i].probability);
     }
   }
+}
+
+/// Counts what the formulas decide on, and what they make of the re-attacks.
+class Counts final : public Observer {
+ public:
+  void tracked(std::span<const Candidate> candidates) override { all = candidates.size(); }
+  void reattack(const Candidate&, const Features<ReattackFeature>& known) override {
+    ++(logistic(reattackTerms(), known) > 0.5 ? struckAgain : joined);
+  }
+  void note(const Candidate& candidate, const Features<NoteFeature>& known) override {
+    ++judged;
+    if (candidate.probability == logistic(noteTerms(), known)) ++explained;
+    if (logistic(companyTerms(), known) > 0.5) probable.insert(pitchOf(candidate));
+  }
+
+  static int pitchOf(const Candidate& candidate) {
+    return static_cast<int>(candidate.pitch) + Analysis::kLowestPitch;
+  }
+
+  std::size_t all = 0, struckAgain = 0, joined = 0, judged = 0, explained = 0;
+  std::multiset<int> probable;
+};
+
+TEST(PreciseEngine, showsWhatItDecidesOn) {
+  Counts counts;
+  Engine engine(0.5, &counts);
+  engine.add(strummed({{{45, 52, 57}, 0.6}, {{45, 52, 57}, 0.6}, {{40}, 1.0}}));
+  while (engine.step()) continue;
+  EXPECT_GE(counts.struckAgain, 3U);
+  EXPECT_EQ(counts.judged, counts.all - counts.joined);
+  EXPECT_EQ(counts.explained, counts.judged);
+  EXPECT_EQ(counts.probable, pitches(engine.take()));
 }
 
 TEST(PreciseEngine, hearsNothingWhereNothingSounds) {
