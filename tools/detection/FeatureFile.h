@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "analysis/precise/Observer.h"
+
+namespace korvel::tools {
+
+/// What the formulas of the precise detection decided on in one recording, as JSON:
+///   "hop": seconds from one frame to the next
+///   "tracked": whatever may be a note, as [pitch, onset, end]
+///   "reattacks": of these, the re-attacks, as [pitch, onset, end, peak, features...]
+///   "notes": what was left when the re-attacks were judged, as [pitch, onset, end, peak,
+///     probability by itself, features...]
+/// Pitches are MIDI numbers, onsets and ends frames, and features stand in the order of their
+/// enumerators.
+class FeatureFile final : public precise::Observer {
+ public:
+  void tracked(std::span<const precise::Candidate> candidates) override;
+  void reattack(const precise::Candidate& candidate,
+                const precise::Features<precise::ReattackFeature>& known) override;
+  void note(const precise::Candidate& candidate,
+            const precise::Features<precise::NoteFeature>& known) override;
+
+  /// Complete once the engine has answered that all is done.
+  std::string text() const;
+
+ private:
+  // Rows, each with a comma and a line break before it.
+  std::string m_tracked;
+  std::string m_reattacks;
+  std::string m_notes;
+};
+
+}  // namespace korvel::tools
