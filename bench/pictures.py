@@ -66,8 +66,8 @@ def draw_scores(own, peer, kinds, figures, picture):
     for axes, (key, title) in zip(panels, figures.items()):
         left, right = ([values[kind][key] for kind in kinds] for values in (peer, own))
         axes.hlines(rows, left, right, color="lightgrey", linewidth=3)
-        axes.plot(left, rows, "o", color="tab:grey", label="peer")
-        axes.plot(right, rows, "o", color="tab:red", label="Korvel")
+        axes.plot(left, rows, "o", color="tab:grey", label="peer", clip_on=False)
+        axes.plot(right, rows, "o", color="tab:red", label="Korvel", clip_on=False)
         axes.set(title=f"{title} F1", xlim=(numpy.floor(10 * least) / 10, 1))
         axes.grid(axis="x", alpha=0.3)
     panels[0].set_yticks(rows, kinds.values())
