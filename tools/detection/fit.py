@@ -1,0 +1,217 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Fits the formulas of the precise detection and writes their tables.
+
+Usage: fit.py --clips DIR --features DIR [--out FILE]
+
+--clips has the notes of the recordings, as render.py writes them, --features what
+korvel-detection-features wrote of them. Writes Tables.cpp of the source tree by default. Prints how
+well formulas do on guitars that they were not fitted on: the mean loss, and the share of the weight
+that they decide rightly.
+"""
+import argparse
+import glob
+import json
+import os
+import sys
+
+import numpy as np
+
+sys.dont_write_bytecode = True
+
+import tables
+from company import company
+
+PRECISE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '../../src/analysis/precise')
+FOLDS = 4
+L2 = 3.0
+STEPS = 12
+HARD_WEIGHT = .4
+SAME_ONSET = .06  # seconds
+# Of what a feature was, in percent; the rest is taken as the nearest of these.
+RANGE = (.2, 99.8)
+REATTACK_COLUMNS, NOTE_COLUMNS = 4, 5
+
+
+class Clip:
+    """The candidates in one recording and what they truly are."""
+
+    def __init__(self, labels_file, features_file, widths):
+        with open(labels_file) as file:
+            labels = json.load(file)
+        with open(features_file) as file:
+            seen = json.load(file)
+        self.source, self.hop = labels['source'], seen['hop']
+        self.weight = HARD_WEIGHT if labels['hard'] else 1.0
+        reattacks = np.array(seen['reattacks']).reshape(-1, REATTACK_COLUMNS + widths[0])
+        notes = np.array(seen['notes']).reshape(-1, NOTE_COLUMNS + widths[1])
+        self.reattacks, self.notes = reattacks[:, REATTACK_COLUMNS:], notes[:, NOTE_COLUMNS:]
+        self.pitch, self.onset, self.end, self.peak = notes[:, :4].T
+        self.struck = self.struck_again(seen['tracked'], reattacks, labels['notes'])
+        self.true_share = self.shares(labels['notes'])
+        self.reattack_weights = np.full(len(reattacks), self.weight)
+        self.note_weights = self.weight * (.6 + np.minimum((self.end - self.onset) * self.hop, 2))
+
+    def struck_again(self, tracked, reattacks, notes):
+        """1 for each re-attack that is the candidate nearest to a true onset of its pitch. Every
+        candidate and every onset has one partner at most, the nearest first."""
+        onsets = {}
+        for pitch, onset, _ in tracked:
+            onsets.setdefault(pitch, []).append(onset)
+        pairs = sorted((abs(onset * self.hop - note['onset']), number, note['midi'], onset)
+                       for number, note in enumerate(notes)
+                       for onset in onsets.get(note['midi'], []))
+        heard, found = set(), set()
+        for distance, number, pitch, onset in pairs:
+            if distance <= SAME_ONSET and number not in heard and (pitch, onset) not in found:
+                heard.add(number)
+                found.add((pitch, onset))
+        return np.array([(pitch, onset) in found for pitch, onset in reattacks[:, :2]], float)
+
+    def shares(self, notes):
+        """How much of each candidate lies in true notes of its pitch."""
+        shares = np.zeros(len(self.pitch))
+        for note in notes:
+            common = (np.minimum(self.end * self.hop, note['offset'])
+                      - np.maximum(self.onset * self.hop, note['onset']))
+            shares += np.where(self.pitch == note['midi'], np.maximum(common, 0), 0)
+        return np.minimum(1, shares / np.maximum((self.end - self.onset) * self.hop, 1e-3))
+
+    def add_company(self, probability, names):
+        """Replaces the company by that of other probabilities than the engine's."""
+        found = company(self.pitch, self.onset, self.end, self.peak, probability, self.hop)
+        for name, values in found.items():
+            self.notes[:, names.index(name)] = values
+
+
+class Samples:
+    """The candidates of all clips in one table: features, targets and weights."""
+
+    def __init__(self, features, targets, weights, folds):
+        self.features = np.vstack(features)
+        self.targets, self.weights = np.concatenate(targets), np.concatenate(weights)
+        self.folds = np.repeat(folds, [len(rows) for rows in features])
+        self.least, self.most = np.percentile(self.features, RANGE, axis=0)
+        self.least[0] = self.most[0] = 1
+        self.features = np.clip(self.features, self.least, self.most)
+
+    def terms(self, terms, chosen):
+        first, second = np.array(terms).T
+        rows = self.features[chosen]
+        return rows[:, first] * rows[:, second]
+
+    def fit(self, terms, chosen=slice(None)):
+        return fit_logistic(self.terms(terms, chosen), self.targets[chosen], self.weights[chosen])
+
+    def probabilities(self, name, terms):
+        """Of each candidate, by a formula that was fitted on the sources of other folds."""
+        found = np.zeros(len(self.targets))
+        for fold in np.unique(self.folds):
+            chosen = self.folds == fold
+            found[chosen] = logistic(self.terms(terms, chosen) @ self.fit(terms, ~chosen))
+        p, y = np.clip(found, 1e-9, 1 - 1e-9), self.targets
+        loss = -(y * np.log(p) + (1 - y) * np.log(1 - p))
+        right = (p > .5) == (y > .5)
+        print('%s: %d candidates, loss %.4f, right %.4f'
+              % (name, len(y), np.average(loss, weights=self.weights),
+                 np.average(right, weights=self.weights)), flush=True)
+        return found
+
+
+def logistic(z):
+    return 1 / (1 + np.exp(-np.clip(z, -40, 40)))
+
+
+def fit_logistic(terms, targets, weights):
+    """The weights of a logistic regression, by Newton's method. Terms count by their spread; the
+    first, a constant, is not held down."""
+    spread = terms.std(axis=0)
+    spread[spread == 0] = 1
+    scaled = terms / spread
+    held = np.full(scaled.shape[1], L2)
+    held[0] = 0
+    found = np.zeros(scaled.shape[1])
+    for _ in range(STEPS):
+        p = logistic(scaled @ found)
+        slope = scaled.T @ (weights * (p - targets)) + held * found
+        curvature = (scaled * (weights * p * (1 - p))[:, None]).T @ scaled
+        step = np.linalg.solve(curvature + np.diag(held + 1e-6), slope)
+        found -= step
+        if np.abs(step).max() < 1e-6:
+            break
+    return found / spread
+
+
+def read_clips(options, widths):
+    clips = []
+    for labels in sorted(glob.glob(os.path.join(options.clips, '*.json'))):
+        features = os.path.join(options.features, os.path.basename(labels))
+        if os.path.exists(features):
+            clips.append(Clip(labels, features, widths))
+    return clips
+
+
+def folds_of(clips):
+    """A number for each clip; clips of one source have the same."""
+    sources = sorted({clip.source for clip in clips})
+    if len(sources) < 2:
+        raise SystemExit('fit.py: needs clips and features of two sources at least')
+    return [sources.index(clip.source) % FOLDS for clip in clips]
+
+
+def fit_reattacks(clips, folds, names):
+    samples = Samples([clip.reattacks for clip in clips], [clip.struck for clip in clips],
+                      [clip.reattack_weights for clip in clips], folds)
+    terms = tables.terms_of(names)
+    samples.probabilities('re-attacks', terms)
+    enum = 'ReattackFeature'
+    return (tables.terms_text('reattackTerms', enum, names, terms, samples.fit(terms)),
+            tables.ranges_text(enum, names, samples.least, samples.most))
+
+
+def fit_notes(clips, folds, names):
+    """First each candidate by itself; then in the company of others, with the probabilities that
+    those have by themselves if the formula does not know their guitar."""
+    def samples_of(count):
+        return Samples([clip.notes[:, :count] for clip in clips],
+                       [clip.true_share for clip in clips],
+                       [clip.note_weights for clip in clips], folds)
+    enum = 'NoteFeature'
+    alone = names[:names.index('Odds')]
+    samples = samples_of(len(alone))
+    terms = tables.terms_of(alone, tables.NOTE_PRODUCTS)
+    probability = samples.probabilities('notes by themselves', terms)
+    by_itself = tables.terms_text('noteTerms', enum, names, terms, samples.fit(terms))
+
+    starts = np.cumsum([0] + [len(clip.notes) for clip in clips])
+    for clip, start in zip(clips, starts):
+        clip.add_company(probability[start:start + len(clip.notes)], names)
+    samples = samples_of(len(names))
+    terms = tables.terms_of(names, tables.NOTE_PRODUCTS)
+    samples.probabilities('notes in company', terms)
+    return (by_itself, tables.terms_text('companyTerms', enum, names, terms, samples.fit(terms)),
+            tables.ranges_text(enum, names, samples.least, samples.most))
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument('--clips', required=True, metavar='DIR')
+    parser.add_argument('--features', required=True, metavar='DIR')
+    parser.add_argument('--out', default=os.path.join(PRECISE, 'Tables.cpp'), metavar='FILE')
+    options = parser.parse_args()
+    with open(os.path.join(PRECISE, 'Tables.h')) as file:
+        header = file.read()
+    reattack_names = tables.names_of(header, 'ReattackFeature')
+    note_names = tables.names_of(header, 'NoteFeature')
+    clips = read_clips(options, (len(reattack_names), len(note_names)))
+    folds = folds_of(clips)
+    reattack_terms, reattack_ranges = fit_reattacks(clips, folds, reattack_names)
+    note_terms, company_terms, note_ranges = fit_notes(clips, folds, note_names)
+    with open(options.out, 'w') as file:
+        file.write(tables.file_text([reattack_terms, note_terms, company_terms, reattack_ranges,
+                                     note_ranges]))
+
+
+if __name__ == '__main__':
+    main()
