@@ -154,4 +154,21 @@ def intervals(r):
     return score, t + .8
 
 
-KINDS = dict(strumming=strumming, picking=picking, solo=solo, intervals=intervals)
+def ringing(r):
+    """Chords and single notes that ring until they are gone."""
+    score, t = make_set.Score(r), .5
+    for _ in range(12):
+        hold = float(r.choice([3.9, 6., 8.]))
+        if r.rand() < .5:
+            notes = grip(str(r.choice(list(make_set.SHAPES))), int(r.randint(0, 6)))
+            strum(score, r, t, t + hold, notes, r.rand() < .4, float(r.uniform(.5, 1)))
+        else:
+            string = int(r.randint(6))
+            pitch = OPEN[string] + int(r.randint(0, 15))
+            score.add(t, t + hold, pitch, string, float(r.uniform(.4, 1)))
+        t += 4.1 if r.rand() < .6 else float(r.uniform(1.5, 3))
+    return score, t + 2
+
+
+KINDS = dict(ring=ringing, strumming=strumming, picking=picking, solo=solo,
+             intervals=intervals)
