@@ -47,6 +47,7 @@ void exportSong(const ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
   if (song.allChords().empty()) throw CliError(fullTitle(song) + ": the song has no chords");
   const TuningForNow chosen(song.tuning());
+  OutputFile::requireDifferent({options.txt, options.musicxml, options.midi});
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();
   std::vector<std::string> contents;

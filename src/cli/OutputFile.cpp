@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/OutputFile.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -25,6 +26,14 @@ void OutputFile::check() const {
     throw CliError(m_name + ": there is no such folder; make it first");
   if (fs::is_directory(m_name, unknown)) throw CliError(m_name + ": is a folder; name a file");
   if (!m_replace && fs::exists(fs::symlink_status(m_name, unknown))) refuse();
+}
+
+void OutputFile::requireDifferent(std::vector<std::optional<std::string>> names) {
+  std::erase(names, std::nullopt);
+  std::ranges::sort(names);
+  const auto twice = std::ranges::adjacent_find(names);
+  if (twice != names.end())
+    throw CliError(**twice + ": is named for two formats; name a file for each");
 }
 
 void OutputFile::write(std::string_view bytes) const {

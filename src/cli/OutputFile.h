@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvel::cli {
 
@@ -13,6 +15,9 @@ class OutputFile {
 
   /// Looks whether the file could be written, before there is something to write. Throws CliError.
   void check() const;
+  /// Throws CliError when one name is given twice: the second would replace the first or be
+  /// refused.
+  static void requireDifferent(std::vector<std::optional<std::string>> names);
   /// Writes all of the file or nothing of it. Throws CliError, and what was there before stays.
   void write(std::string_view bytes) const;
 

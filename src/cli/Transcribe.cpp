@@ -62,6 +62,7 @@ precise::Transcription hear(const TranscribeOptions& options) {
 class Outputs {
  public:
   explicit Outputs(const TranscribeOptions& options) : m_options(options) {
+    OutputFile::requireDifferent({options.json, options.midi, options.musicxml});
     for (const auto* name : {&options.json, &options.midi, &options.musicxml})
       if (*name) fileOf(**name).check();
   }
