@@ -38,7 +38,8 @@ std::span<const float> QBKeptSound::readSamples() {
 }
 
 double QBKeptSound::progress() const {
-  return m_reading ? static_cast<double>(m_next) / static_cast<double>(m_samples.size()) : 1;
+  const bool reads = m_reading && !m_samples.empty();
+  return reads ? static_cast<double>(m_next) / static_cast<double>(m_samples.size()) : 1;
 }
 
 }  // namespace korvel
