@@ -6,6 +6,8 @@
 #include <initializer_list>
 #include <string>
 
+#include "cli/NumberRange.h"
+
 namespace korvel::cli {
 namespace {
 
@@ -66,7 +68,7 @@ void addDetectionFlags(CLI::App& command, precise::Settings& settings) {
   command
       .add_option("--sensitivity", settings.sensitivity,
                   "How faint or doubtful a note may be, 0 to 1 (default: 0.5)")
-      ->check(CLI::Range(0.0, 1.0))
+      ->check(numbersWithin(0, 1))
       ->type_name("SHARE");
   command
       .add_option_function<std::string>(

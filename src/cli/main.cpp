@@ -13,6 +13,7 @@
 #include "cli/DetectionFlags.h"
 #include "cli/Export.h"
 #include "cli/Import.h"
+#include "cli/NumberRange.h"
 #include "cli/SongEdits.h"
 #include "cli/StoreCommands.h"
 #include "cli/Transcribe.h"
@@ -111,7 +112,7 @@ struct Usage {
     sub->add_option("--musicxml", transcribe.musicxml, "Notes to the nearest sixteenth, as a score")
         ->type_name("FILE");
     sub->add_option("--tempo", transcribe.tempo, "Quarters a minute (default: what fits the notes)")
-        ->check(CLI::Range(20.0, 400.0));
+        ->check(cli::numbersWithin(20, 400));
     sub->add_flag("--force", transcribe.force, "Replace files that are there already");
     sub->add_option("--tuning", transcribe.tuning,
                     "Tuning of the guitar, such as \"Drop D\" (default: Standard)");

@@ -118,6 +118,7 @@ TEST_F(TranscribeCliTest, answersSilenceWithNoNotesAndFaultsWithOneLine) {
   for (const std::vector<std::string>& flags :
        {std::vector<std::string>{"transcribe", file("missing.wav")},
         {"transcribe", m_wav, "--tuning", "Open Q"},
+        {"transcribe", m_wav, "--force", "--json", file("a"), "--midi", file("a")},
         {"transcribe", m_wav, "--json", file("no folder/a.json")}}) {
     const Outcome outcome = tool(flags);
     EXPECT_EQ(outcome.status, 1) << flags.back();
@@ -126,6 +127,8 @@ TEST_F(TranscribeCliTest, answersSilenceWithNoNotesAndFaultsWithOneLine) {
   }
   for (const auto& [flag, value] :
        std::vector<std::pair<std::string, std::string>>{{"--sensitivity", "1.1"},
+                                                        {"--sensitivity", "nan"},
+                                                        {"--tempo", "nan"},
                                                         {"--position", "0"},
                                                         {"--position", "close"},
                                                         {"--position", "25"},
