@@ -11,8 +11,8 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "support/ScratchFolder.h"
-#include "workflow/QBCmdImportSong.h"
 #include "workflow/QBAlbumNode.h"
+#include "workflow/QBCmdImportSong.h"
 
 namespace {
 
