@@ -2,9 +2,7 @@
 #include "audio/QBPreciseRecorder.h"
 
 #include "analysis/QBChordAnalyser.h"
-#include "arrange/QBToneGroupBuilder.h"
 #include "model/QBAlbum.h"
-#include "model/QBChord.h"
 #include "model/QBSong.h"
 
 namespace korvel {
@@ -19,12 +17,6 @@ QBChord* QBPreciseRecorder::nextStep() {
   return scratchSong() ? analyser()->nextChord(m_newSong) : nullptr;
 }
 
-QBChord* QBPreciseRecorder::nextChord() {
-  QBChord* chord = nextStep();
-  if (!chord) return nullptr;
-  chord->readHarmony();
-  QBToneGroupBuilder(chord).build();
-  return chord;
-}
+QBChord* QBPreciseRecorder::nextChord() { return completed(nextStep()); }
 
 }  // namespace korvel

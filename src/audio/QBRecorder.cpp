@@ -2,6 +2,7 @@
 #include "audio/QBRecorder.h"
 
 #include "analysis/QBChordAnalyser.h"
+#include "arrange/QBToneGroupBuilder.h"
 #include "audio/QBSampleSource.h"
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
@@ -73,6 +74,13 @@ QBChord* QBRecorder::nextStep() {
 }
 
 QBChord* QBRecorder::nextChord() { return nullptr; }
+
+QBChord* QBRecorder::completed(QBChord* chord) {
+  if (!chord) return nullptr;
+  chord->readHarmony();
+  QBToneGroupBuilder(chord).build();
+  return chord;
+}
 
 void QBRecorder::saveTo(const std::filesystem::path& path) const { m_matrix->saveToFile(path); }
 

@@ -45,6 +45,8 @@ class QBRecorder {
  protected:
   const std::shared_ptr<QBChordAnalyser>& analyser() const { return m_analyser; }
   QBSong* scratchSong() const { return m_song; }
+  /// The chord, if any, with harmony and groups of tones.
+  static QBChord* completed(QBChord* chord);
 
  private:
   void begin();
