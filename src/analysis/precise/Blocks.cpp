@@ -45,32 +45,43 @@ struct Share {
 
 using Places = std::array<std::optional<Share>, kStrings>;
 
-/// Where the hand of a guitarist is who plays these: the mean of the pressed frets.
-double handOf(const Places& places, int capo) {
-  double sum = 0;
-  int pressed = 0;
-  for (const auto& share : places) {
-    if (!share || share->fret <= capo) continue;
-    sum += share->fret;
-    ++pressed;
-  }
-  return pressed == 0 ? capo + 1 : sum / pressed;
-}
+/// The pressed frets that a hand holds.
+struct Grip {
+  int lowest = 0;
+  int highest = 0;
+  /// Frets that a hand reaches above its lowest finger.
+  static constexpr int kReach = 4;
 
-/// To a free string, if there is one that plays it; of those to the nearest to the hand.
+  Grip(const Places& places, int capo) {
+    for (const auto& share : places) {
+      if (!share || share->fret <= capo) continue;
+      lowest = lowest == 0 ? share->fret : std::min(lowest, share->fret);
+      highest = std::max(highest, share->fret);
+    }
+  }
+
+  bool reaches(int fret) const {
+    return lowest == 0 || (fret >= highest - kReach && fret <= lowest + kReach);
+  }
+  /// In half frets, from its middle; where nothing is pressed, lower is nearer.
+  int distance(int fret) const { return std::abs(2 * fret - lowest - highest); }
+};
+
+/// To a free string that plays it open or within reach of the hand, if there is one; of those to
+/// the nearest.
 void moveTo(Places& places, Share share, const OpenStrings& open, const FingeringOptions& options) {
-  const double hand = handOf(places, options.capo);
-  double nearest = FingeringOptions::kMostFrets;
+  const Grip grip(places, options.capo);
+  std::optional<int> nearest;
   for (std::size_t s = 0; s < places.size(); ++s) {
     const int fret = share.pitch - open[s];
-    const double far = std::abs(fret - hand);
-    if (places[s] || fret < options.capo || fret > options.frets || far >= nearest) continue;
-    nearest = far;
+    if (places[s] || fret < options.capo || fret > options.frets) continue;
+    if (fret > options.capo && !grip.reaches(fret)) continue;
+    if (nearest && grip.distance(fret) >= *nearest) continue;
+    nearest = grip.distance(fret);
     share.string = static_cast<int>(s);
     share.fret = fret;
   }
-  auto& place = places[static_cast<std::size_t>(share.string)];
-  if (!place) place = share;
+  if (nearest) places[static_cast<std::size_t>(share.string)] = share;
 }
 
 /// Gathers the notes of one block.

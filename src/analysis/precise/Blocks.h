@@ -32,8 +32,8 @@ using BlockTones = std::vector<BlockTone>;
 
 /// The tones of every block of a recording, in order of time; the last block may be cut short.
 /// A pitch is in a block when its notes cover at least 30 % of it. Of several on one string the one
-/// that sounds longest stays there; the others go to free strings, where they can be played as near
-/// to the hand as can be, and are left out when there is none.
+/// that sounds longest stays there; the others go to free strings that play them open or within
+/// reach of the hand, to the nearest, and are left out when there is none.
 /// notes: with strings and frets; those without are left out. samples: length of the recording at
 /// 44100 a second. open, options: of the guitar, as the notes were fingered.
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
