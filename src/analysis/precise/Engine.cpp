@@ -47,14 +47,16 @@ float sound(float sample) {
   return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0;
 }
 
-/// What is less probable by itself is no note in any company.
-constexpr double kHopeless = 0.25;
+/// What has less by itself than this share of the probability that is asked is no note in any
+/// company.
+constexpr double kShareByItself = 0.5;
 
-/// The probability from which a candidate is a note.
+/// The probability from which a candidate is a note. Most are surely one or surely none, so that
+/// the ends lie far apart.
 double thresholdOf(double sensitivity) {
-  constexpr double kStrict = 0.65;
+  constexpr double kStrict = 0.8;
   constexpr double kMiddle = 0.5;
-  constexpr double kLenient = 0.42;
+  constexpr double kLenient = 0.15;
   const double s = std::clamp(sensitivity, 0.0, 1.0);
   return s < 0.5 ? std::lerp(kStrict, kMiddle, 2 * s) : std::lerp(kMiddle, kLenient, 2 * s - 1);
 }
@@ -314,13 +316,16 @@ Slices Engine::State::judgeReattacks() {
     const bool continues = candidate.reattack && !kept.empty() &&
                            kept.back().pitch == candidate.pitch &&
                            kept.back().end == candidate.onset;
-    if (continues && m_observer)
-      m_observer->reattack(candidate, formula.features(candidate, m_candidates[i - 1]));
-    if (continues && formula.probability(candidate, m_candidates[i - 1]) <= 0.5) {
-      kept.back().end = candidate.end;
-    } else {
-      kept.push_back(candidate);
+    bool struck = true;
+    if (continues) {
+      const auto known = formula.features(candidate, m_candidates[i - 1]);
+      if (m_observer) m_observer->reattack(candidate, known);
+      struck = logistic(reattackTerms(), known) > 0.5;
     }
+    if (struck)
+      kept.push_back(candidate);
+    else
+      kept.back().end = candidate.end;
     co_yield share(i, m_candidates.size());
   }
   m_candidates = std::move(kept);
@@ -343,7 +348,8 @@ Slices Engine::State::judgeNotes() {
   }
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     double& probability = m_candidates[i].probability;
-    probability = probability < kHopeless ? 0 : logistic(companyTerms(), known[i]);
+    probability =
+        probability < kShareByItself * m_threshold ? 0 : logistic(companyTerms(), known[i]);
   }
   std::erase_if(m_candidates, [this](const Candidate& c) { return c.probability <= m_threshold; });
   sortByOnset(m_candidates);

@@ -136,8 +136,4 @@ Features<ReattackFeature> ReattackFormula::features(const Candidate& candidate,
   return x;
 }
 
-double ReattackFormula::probability(const Candidate& candidate, const Candidate& before) const {
-  return logistic(reattackTerms(), features(candidate, before));
-}
-
 }  // namespace korvel::precise

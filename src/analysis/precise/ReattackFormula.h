@@ -10,17 +10,14 @@
 
 namespace korvel::precise {
 
-/// Decides whether a pitch that already sounds was struck again.
+/// Finds what tells whether a pitch that already sounds was struck again.
 class ReattackFormula {
  public:
   /// All must outlive this.
   ReattackFormula(const FrameTable& activations, const Flux& flux, const OnsetIndex& onsets);
 
-  /// That the candidate, a re-attack, is a note of its own. before: the candidate of the same pitch
-  /// that ends where it starts.
-  double probability(const Candidate& candidate, const Candidate& before) const;
-
-  /// What the decision rests on.
+  /// What is known of the candidate, a re-attack. before: the candidate of the same pitch that ends
+  /// where it starts.
   Features<ReattackFeature> features(const Candidate& candidate, const Candidate& before) const;
 
  private:
