@@ -14,7 +14,7 @@ bool QBAudioMem::Ptry() {
 
 void QBAudioMem::V() { mLock.unlock(); }
 
-void QBAudioMem::Push(const QueueBuffer& buffer) {
+void QBAudioMem::Push(const platform::QueueBuffer& buffer) {
   if (!Ptry()) return;
   const auto sound = buffer.sound();
   const auto fitting = std::min(sound.size(), static_cast<std::size_t>(kBytes - mEndPos));

@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "audio/QueueBuffer.h"
+#include "platform/QueueBuffer.h"
 
 namespace korvel {
 
@@ -24,7 +24,7 @@ class QBAudioMem {
   virtual ~QBAudioMem() = default;
 
   /// Appends the buffer's bytes as far as they fit.
-  virtual void Push(const QueueBuffer& buffer);
+  virtual void Push(const platform::QueueBuffer& buffer);
   /// The sample at the read position, which moves on by two bytes; none past the written bytes.
   std::optional<std::int16_t> nextSample();
   /// Back to the start. Does not take the lock: nobody else may be at work.

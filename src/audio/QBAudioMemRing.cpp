@@ -20,14 +20,14 @@ std::size_t untilEnd(std::int32_t position, std::size_t wanted) {
   return std::min(wanted, static_cast<std::size_t>(QBAudioMem::kBytes - position));
 }
 
-void silence(QueueBuffer& buffer) {
+void silence(platform::QueueBuffer& buffer) {
   std::ranges::fill(buffer.data, std::byte{0});
   buffer.dataByteSize = QBAudioMemRing::kDefaultFill;
 }
 
 }  // namespace
 
-void QBAudioMemRing::Push(const QueueBuffer& buffer) {
+void QBAudioMemRing::Push(const platform::QueueBuffer& buffer) {
   if (!Ptry()) return;
   auto sound = buffer.sound();
   if (mEndPos + static_cast<std::int64_t>(sound.size()) >= kBytes) mFirstRun = false;
@@ -40,7 +40,7 @@ void QBAudioMemRing::Push(const QueueBuffer& buffer) {
   V();
 }
 
-void QBAudioMemRing::Fill(QueueBuffer& buffer) {
+void QBAudioMemRing::Fill(platform::QueueBuffer& buffer) {
   if (!Ptry()) {
     silence(buffer);
     return;

@@ -12,11 +12,11 @@ class QBAudioMemRing : public QBAudioMem {
   static constexpr std::uint32_t kDefaultFill = 8192;
 
   /// Appends the buffer's bytes; the oldest are overwritten.
-  void Push(const QueueBuffer& buffer) override;
+  void Push(const platform::QueueBuffer& buffer) override;
   /// Fills the buffer to its size: with the newest bytes at delay 0; otherwise from the delay's
   /// distance behind the newest byte, or, before the ring has wrapped for the first time, from
   /// where the last call ended.
-  void Fill(QueueBuffer& buffer);
+  void Fill(platform::QueueBuffer& buffer);
   /// In seconds of 44100 bytes.
   void SetDelay(float seconds);
   void Reset() override;

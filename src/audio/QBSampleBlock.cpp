@@ -5,7 +5,7 @@
 
 namespace korvel {
 
-void QBSampleBlock::fill(const QueueBuffer& buffer) {
+void QBSampleBlock::fill(const platform::QueueBuffer& buffer) {
   const auto sound = buffer.sound();
   std::ranges::copy(sound.first(std::min(sound.size(), m_buffer.size())), m_buffer.begin());
 }

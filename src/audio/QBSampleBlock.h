@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "audio/QueueBuffer.h"
 #include "model/QBBlock.h"
+#include "platform/QueueBuffer.h"
 
 namespace korvel {
 
@@ -18,7 +18,7 @@ class QBSampleBlock {
   explicit QBSampleBlock(std::int64_t time = 0) : m_time(time) {}
 
   /// Takes the buffer's bytes, 32768 of them at most. Allocates nothing.
-  void fill(const QueueBuffer& buffer);
+  void fill(const platform::QueueBuffer& buffer);
   std::vector<std::int16_t> toSamples() const;
 
   std::int64_t m_time;  ///< Sample time of the first frame.

@@ -8,7 +8,8 @@ QBSampleSource::QBSampleSource() : m_replacement(std::make_unique<QBSampleBlock>
   while (m_spare.size() < kSpareBlocks) m_spare.push_back(std::make_unique<QBSampleBlock>());
 }
 
-void QBSampleSource::pushBuffer(const AudioTimeStamp& time, const QueueBuffer& buffer) {
+void QBSampleSource::pushBuffer(const platform::AudioTimeStamp& time,
+                                const platform::QueueBuffer& buffer) {
   if (buffer.dataByteSize != QBBlock::kBytes || buffer.data.size() < QBBlock::kBytes) return;
   if (m_filling.empty()) m_filling.push_back(std::make_unique<QBSampleBlock>());
   m_filling.front()->m_time = static_cast<std::int64_t>(time.sampleTime);

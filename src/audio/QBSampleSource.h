@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "audio/QBSampleBlock.h"
-#include "audio/QueueBuffer.h"
 #include "model/QBBlock.h"
+#include "platform/QueueBuffer.h"
 #include "platform/persistence/Ref.h"
 
 namespace korvel {
@@ -30,7 +30,7 @@ class QBSampleSource {
   /// Queues a copy of a buffer of exactly 32768 bytes; others are ignored, and the block is lost
   /// when the lock is busy. For one audio thread at a time: waits for nothing, and allocates only
   /// when the reader is more than kSpareBlocks behind.
-  void pushBuffer(const AudioTimeStamp& time, const QueueBuffer& buffer);
+  void pushBuffer(const platform::AudioTimeStamp& time, const platform::QueueBuffer& buffer);
   /// The oldest pending block; none when nothing is pending or the lock is busy. For one reading
   /// thread at a time.
   std::unique_ptr<QBSampleBlock> readBuffer();

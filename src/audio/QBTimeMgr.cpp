@@ -11,7 +11,7 @@ std::uint64_t QBTimeMgr::currentMicroseconds(Clock::time_point now) {
   return static_cast<std::uint64_t>(whole.count() * 1000 + (time - whole).count());
 }
 
-bool QBTimeMgr::isValid(const AudioTimeStamp& time, Clock::time_point now) {
+bool QBTimeMgr::isValid(const platform::AudioTimeStamp& time, Clock::time_point now) {
   return currentMicroseconds(now) - time.hostTime < 1000;
 }
 

@@ -14,7 +14,7 @@ namespace {
 constexpr int kBytes = QBAudioMem::kBytes;
 
 /// A buffer over bytes of its own.
-struct Buffer : QueueBuffer {
+struct Buffer : platform::QueueBuffer {
   explicit Buffer(std::vector<std::byte> content) : bytes(std::move(content)) {
     data = bytes;
     dataByteSize = static_cast<std::uint32_t>(bytes.size());

@@ -24,11 +24,11 @@ class Sound {
     m_buffer.data = m_bytes;
     m_buffer.dataByteSize = size;
   }
-  operator QueueBuffer&() { return m_buffer; }
+  operator platform::QueueBuffer&() { return m_buffer; }
 
  private:
   std::vector<std::byte> m_bytes;
-  QueueBuffer m_buffer;
+  platform::QueueBuffer m_buffer;
 };
 
 TEST(QBSampleSource, readsBlocksInTheOrderOfPushing) {

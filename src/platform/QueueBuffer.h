@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <span>
 
-namespace korvel {
+namespace korvel::platform {
 
 /// A buffer that goes round between an audio queue and us. The queue owns the memory.
 struct QueueBuffer {
@@ -25,4 +25,4 @@ struct AudioTimeStamp {
   std::uint64_t hostTime = 0;  ///< Of the machine's clock.
 };
 
-}  // namespace korvel
+}  // namespace korvel::platform
