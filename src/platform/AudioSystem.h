@@ -40,6 +40,12 @@ class AudioSystem {
   virtual std::unique_ptr<AudioQueue> newOutput(const std::string& device,
                                                 const StreamDescription& description,
                                                 AudioQueue::OutputCallback callback) = 0;
+
+  /// The system of this process: the installed one. Throws AudioError when there is none.
+  static AudioSystem& main();
+  /// Puts one in, such as files in the place of devices. It must outlive all use of main(); nullptr
+  /// takes it out.
+  static void install(AudioSystem* system);
 };
 
 }  // namespace korvel::platform
