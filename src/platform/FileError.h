@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace korvel::platform {
@@ -13,6 +14,10 @@ class FileError : public std::runtime_error {
  public:
   FileError(std::filesystem::path file, const std::string& problem)
       : std::runtime_error(file.string() + ": " + problem), m_file(std::move(file)) {}
+
+  /// code: as in errno.
+  FileError(std::filesystem::path file, const std::string& doing, int code)
+      : FileError(std::move(file), doing + ": " + std::generic_category().message(code)) {}
 
   const std::filesystem::path& file() const { return m_file; }
 

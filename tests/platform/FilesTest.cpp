@@ -2,15 +2,14 @@
 #include "platform/Files.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
 #include <iterator>
 
 #include "platform/FileError.h"
 #include "platform/Resources.h"
 #include "platform/Utf8.h"
+#include "support/FileSizeLimit.h"
 #include "support/ScratchFolder.h"
 
 namespace korvel::platform {
@@ -21,26 +20,6 @@ namespace fs = std::filesystem;
 std::ptrdiff_t entriesIn(const fs::path& folder) {
   return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
-
-/// Files of this process end after so many bytes, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_before);
-    const rlimit limited{bytes, m_before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limited);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &m_before);
-    std::signal(SIGXFSZ, m_handler);
-  }
-
- private:
-  rlimit m_before{};
-  void (*m_handler)(int);
-};
 
 TEST(Files, replacedFileKeepsItsModeAndTheLinkToIt) {
   test::ScratchFolder folder;
@@ -62,7 +41,7 @@ TEST(Files, failedWriteLeavesTheOldFileAndNoOther) {
   const fs::path file = folder.file("song.txt");
   writeAtomically(file, "old");
   {
-    const FileSizeLimit full(4096);
+    const test::FileSizeLimit full(4096);
     EXPECT_THROW(writeAtomically(file, std::string(10000, 'x')), FileError);
   }
   EXPECT_EQ(readWholeFile(file), "old");
