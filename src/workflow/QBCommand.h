@@ -31,6 +31,10 @@ class QBCommand {
   /// Ends the steps and tears down.
   void stop();
   bool isRunning() const { return m_timer != nullptr; }
+  /// What the job list offers while the command runs: to end it early with what it has so far, or
+  /// without a trace.
+  virtual void stopAndKeep() { stop(); }
+  virtual void cancelAndDrop() { stop(); }
 
   void printOut(std::string_view text) { appendOut(text); }
   void appendOut(std::string_view text);

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/Application.h"
+
+#include <QFileInfo>
+#include <cstdlib>
+#include <iostream>
+
+#include "model/QBTabMgr.h"
+#include "ui/AlertBox.h"
+#include "ui/MainWindow.h"
+#include "ui/QtRunLoop.h"
+#include "ui/SingleInstance.h"
+#include "workflow/QBSession.h"
+
+namespace korvel::ui {
+namespace {
+
+void report(const std::exception& exception) {
+  QBSession::session().handleException("window", exception);
+}
+
+/// While there is no window yet, only the alert can be shown.
+void openStore(AlertBox& alert) {
+  SessionViews views;
+  views.alert = &alert;
+  QBSession::session().attach(views);
+  if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+}
+
+QStringList absolute(const QStringList& files) {
+  QStringList paths;
+  for (const QString& file : files) paths.append(QFileInfo(file).absoluteFilePath());
+  return paths;
+}
+
+}  // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  setOrganizationName("korvel");
+  setApplicationName("korvel");
+  setApplicationDisplayName("Korvel");
+  setDesktopFileName("korvel");
+}
+
+int Application::run(const QStringList& files) {
+  SingleInstance instance(QString::fromStdString(QBTabMgr::storePath()));
+  if (instance.becomeFirst()) return runFirst(instance, absolute(files));
+  if (instance.handOver(absolute(files))) return EXIT_SUCCESS;
+  std::cerr << "korvel: another Korvel of yours is running and does not answer; end it first\n";
+  return EXIT_FAILURE;
+}
+
+int Application::runFirst(SingleInstance& instance, const QStringList& files) {
+  QtRunLoop loop(&report);
+  platform::RunLoop::install(&loop);
+  AlertBox alert;
+  openStore(alert);
+  int status = EXIT_SUCCESS;
+  {
+    MainWindow window(alert);
+    connect(&instance, &SingleInstance::startedAgain, &window, &MainWindow::comeToFront);
+    window.show();
+    window.openFiles(files);
+    status = exec();
+  }
+  QBTabMgr::clearDb();
+  platform::RunLoop::install(nullptr);
+  return status;
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const std::exception& exception) {
+    report(exception);
+    return true;
+  }
+}
+
+}  // namespace korvel::ui

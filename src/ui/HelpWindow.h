@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTextBrowser>
+
+#include "workflow/SessionViews.h"
+
+namespace korvel::ui {
+
+/// A window of its own with the help, which stays open beside the work.
+class HelpWindow final : public QTextBrowser, public HelpView {
+  Q_OBJECT
+
+ public:
+  explicit HelpWindow(QWidget* parent = nullptr);
+
+  /// Plain text. Shows the window.
+  void setContent(const std::string& content) override;
+};
+
+}  // namespace korvel::ui

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/JobPanel.h"
+
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "ui/JobRow.h"
+#include "workflow/QBCommand.h"
+#include "workflow/QBSession.h"
+
+namespace korvel::ui {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kUpdateInterval = 200ms;
+
+bool isListed(const QBCommand& job) {
+  const QBSession& session = QBSession::session();
+  for (std::size_t i = 0; i < session.numberOfCurrentJobs(); ++i)
+    if (&session.findJobByIndex(i) == &job) return true;
+  return false;
+}
+
+}  // namespace
+
+JobPanel::JobPanel(QWidget* parent) : QScrollArea(parent) {
+  auto* content = new QWidget;
+  m_rows = new QVBoxLayout(content);
+  m_rows->addStretch();
+  setWidget(content);
+  setWidgetResizable(true);
+  setAccessibleName(tr("Jobs"));
+  m_clock.setInterval(kUpdateInterval);
+  connect(&m_clock, &QTimer::timeout, this, &JobPanel::update);
+}
+
+JobPanel::~JobPanel() = default;
+
+void JobPanel::reload() {
+  std::erase_if(m_jobs, [](JobRow* row) {
+    const bool gone = !isListed(row->job());
+    if (gone) delete row;
+    return gone;
+  });
+  const QBSession& session = QBSession::session();
+  for (std::size_t i = m_jobs.size(); i < session.numberOfCurrentJobs(); ++i) {
+    m_jobs.push_back(new JobRow(session.findJobByIndex(i)));
+    m_rows->insertWidget(0, m_jobs.back());
+  }
+  m_clock.start();
+}
+
+void JobPanel::update() {
+  const auto running =
+      static_cast<int>(std::ranges::count_if(m_jobs, [](JobRow* row) { return row->update(); }));
+  if (running == 0) m_clock.stop();
+  if (running == m_running) return;
+  m_running = running;
+  emit runningJobsChanged(running);
+}
+
+}  // namespace korvel::ui

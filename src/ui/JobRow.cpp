@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/JobRow.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "ui/Text.h"
+#include "workflow/QBCommand.h"
+
+namespace korvel::ui {
+
+JobRow::JobRow(QBCommand& job, QWidget* parent)
+    : QWidget(parent),
+      m_job(job),
+      m_title(new QLabel(toText(job.fullTitle()))),
+      m_progress(new QProgressBar),
+      m_keep(new QPushButton(tr("Stop and keep"))),
+      m_drop(new QPushButton(tr("Cancel and drop"))) {
+  m_progress->setAccessibleName(tr("Progress of %1").arg(m_title->text()));
+  m_keep->setToolTip(tr("Ends the job now and keeps what it has made so far"));
+  m_drop->setToolTip(tr("Ends the job now and removes what it has made"));
+  connect(m_keep, &QPushButton::clicked, this, [this] { m_job.stopAndKeep(); });
+  connect(m_drop, &QPushButton::clicked, this, [this] { m_job.cancelAndDrop(); });
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(m_title, 2);
+  row->addWidget(m_progress, 3);
+  row->addWidget(m_keep);
+  row->addWidget(m_drop);
+  update();
+}
+
+bool JobRow::update() {
+  const bool running = m_job.isRunning();
+  m_progress->setValue(m_job.m_percent);
+  m_progress->setEnabled(running);
+  m_keep->setEnabled(running);
+  m_drop->setEnabled(running);
+  return running;
+}
+
+}  // namespace korvel::ui

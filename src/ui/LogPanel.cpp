@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/LogPanel.h"
+
+#include "ui/Text.h"
+
+namespace korvel::ui {
+namespace {
+
+constexpr int kMostLines = 5000;
+
+}  // namespace
+
+LogPanel::LogPanel(QWidget* parent) : QPlainTextEdit(parent) {
+  setReadOnly(true);
+  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  setMaximumBlockCount(kMostLines);
+  setAccessibleName(tr("Log"));
+}
+
+void LogPanel::addLogText(std::string_view text) { appendPlainText(toText(text)); }
+
+}  // namespace korvel::ui
