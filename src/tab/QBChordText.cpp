@@ -49,6 +49,10 @@ void keepPlace(QBChord& chord, const QBTabMatrix& matrix) {
   chord.m_yPosInMatrix = matrix.m_yPos;
 }
 
+void recordPlace(QBTabMatrix& matrix, const QBChord& chord, int columns) {
+  matrix.m_drawn.push_back({&chord, matrix.m_xPos, matrix.m_yPos, columns});
+}
+
 void drawFrame(QBTabMatrix& matrix, const QBChord& chord) {
   matrix.stringLines(matrix.m_xPos, kFrameColumns);
   QBChord::setMetric(matrix, matrix.m_xPos + 1, matrix.m_yPos + kGlyphRow, chord.duration());
@@ -86,6 +90,7 @@ void QBChord::addToTabulatureWithLineBreak(QBTabMatrix& matrix, const QBChord* /
   const int length = outputLength(groupFlag);
   breakLine(matrix, length, width, kRowsToNextSystem);
   if (m_xPosInMatrix == 0 && m_yPosInMatrix == 0) keepPlace(*this, matrix);
+  recordPlace(matrix, *this, length);
   drawFrame(matrix, *this);
   drawContent(matrix, *this);
   advance(matrix, length);
@@ -103,7 +108,9 @@ void QBChord::addToTabulatureWithMetric(QBTabMatrix& matrix, const QBChord* /*pr
   measure.m_counter += duration();
   matrix.horText(matrix.m_xPos + 1, matrix.m_yPos + kRulerRow, ruler);
   drawContent(matrix, *this);
-  advance(matrix, std::max(lengthOf(ruler), length));
+  const int columns = std::max(lengthOf(ruler), length);
+  recordPlace(matrix, *this, columns);
+  advance(matrix, columns);
 }
 
 void QBChord::addAsChord(QBTabMatrix& matrix) const {

@@ -6,7 +6,7 @@
 #include "model/QBMeasure.h"
 #include "model/QBSong.h"
 #include "tab/LoopRange.h"
-#include "tab/QBTabMatrix.h"
+#include "tab/SongDrawing.h"
 #include "tab/SystemLabel.h"
 
 namespace korvel {
@@ -38,7 +38,7 @@ void drawNext(QBTabMatrix& matrix, QBChord& chord, const QBChord* previous, int 
 }
 
 /// Throws std::out_of_range for a song without chords.
-std::string chordByChord(QBSong& song, const LoopRange& loop) {
+QBTabMatrix chordByChord(QBSong& song, const LoopRange& loop) {
   const auto& chords = song.allChords();
   if (chords.empty()) throw std::out_of_range("the song has no chords");
   QBTabMatrix matrix;
@@ -52,28 +52,32 @@ std::string chordByChord(QBSong& song, const LoopRange& loop) {
     const auto at = static_cast<std::size_t>(i);
     drawNext(matrix, *chords[at + 1], chords[at], startsGroup ? 1 : 0, loop);
   }
-  return matrix.toStringInverted();
+  return matrix;
 }
 
-std::string byMeasures(const QBSong& song, const QBSong* loopOf) {
+QBTabMatrix byMeasures(const QBSong& song, const QBSong* loopOf) {
   QBTabMatrix matrix;
   openPage(matrix, song);
   for (const auto& measure : song.allMeasures())
     measure->addToTabulatureWithLineBreak(loopOf, matrix);
-  return matrix.toStringInverted();
+  return matrix;
 }
 
 }  // namespace
 
-std::string QBSong::toString() {
-  return measures().empty() ? chordByChord(*this, LoopRange(this)) : toStringByMeasures();
+QBTabMatrix drawingOf(QBSong& song) {
+  return song.measures().empty() ? chordByChord(song, LoopRange(&song)) : byMeasures(song, &song);
 }
+
+std::string QBSong::toString() { return drawingOf(*this).toStringInverted(); }
 
 std::string QBSong::toStringForExport() {
-  return measures().empty() ? chordByChord(*this, LoopRange()) : byMeasures(*this, nullptr);
+  QBTabMatrix matrix =
+      measures().empty() ? chordByChord(*this, LoopRange()) : byMeasures(*this, nullptr);
+  return matrix.toStringInverted();
 }
 
-std::string QBSong::toStringByMeasures() { return byMeasures(*this, this); }
+std::string QBSong::toStringByMeasures() { return byMeasures(*this, this).toStringInverted(); }
 
 // Answers true whatever becomes of the file, as intended: an export is one step of chains that go
 // on without it.

@@ -51,6 +51,7 @@ void QBTabMatrix::newPage(std::string_view title) {
 }
 
 void QBTabMatrix::openSystem(std::string_view label) {
+  if (m_systems.empty() || m_systems.back() != m_yPos) m_systems.push_back(m_yPos);
   barLine(1);
   vertText(2, m_yPos, label);
   m_xPos = 3;
@@ -74,7 +75,10 @@ void QBTabMatrix::addEmptyChord() { stringLines(++m_xPos, 2); }
 
 void QBTabMatrix::trimLeadingLines() {
   const auto firstDrawn = std::ranges::find_if_not(m_lines, isBlank);
-  m_yPos -= static_cast<int>(std::distance(m_lines.begin(), firstDrawn));
+  const int blank = static_cast<int>(std::distance(m_lines.begin(), firstDrawn));
+  m_yPos -= blank;
+  for (DrawnChord& drawn : m_drawn) drawn.y -= blank;
+  for (int& row : m_systems) row -= blank;
   m_lines.erase(m_lines.begin(), firstDrawn);
 }
 

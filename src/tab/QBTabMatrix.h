@@ -3,15 +3,26 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tab/QBTextMatrix.h"
 
 namespace korvel {
 
+class QBChord;
+
 /// Columns that a system has at most where chords are drawn without measures.
 inline constexpr int kWidthOfSystem = 102;
 /// Rows from one system to the next.
 inline constexpr int kRowsToNextSystem = 12;
+
+/// Where a chord was drawn.
+struct DrawnChord {
+  const QBChord* chord;
+  int x;        ///< Column of its frets.
+  int y;        ///< Row of the top string.
+  int columns;  ///< From x to the next chord.
+};
 
 /// The grid that a tablature is drawn on, with the place where the next chord goes. A system has,
 /// counted from the row m_yPos of its top string line:
@@ -46,6 +57,9 @@ class QBTabMatrix : public QBTextMatrix {
   int m_yPos = 1;      ///< Row of the current system's top string.
   int m_duration = 0;  ///< For callers; the layout does not read it.
   int m_page = 0;      ///< Pages opened so far.
+  // What was drawn, in that order. Unlike the places that chords keep, these are of this drawing.
+  std::vector<DrawnChord> m_drawn;
+  std::vector<int> m_systems;  ///< Rows of the systems' top strings, each once.
 
  private:
   void barLine(int x);

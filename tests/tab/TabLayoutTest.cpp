@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/TabLayout.h"
+
+#include <gtest/gtest.h>
+
+#include "model/QBMeasure.h"
+#include "support/StandardStore.h"
+#include "tab/ChordSearch.h"
+#include "tab/PlayPosition.h"
+#include "tab/TabPages.h"
+
+namespace korvel {
+namespace {
+
+constexpr const char* kFrets[] = {"x32010", "xxxxxx", "022000", "xx0a32", "x0221x"};
+
+class TabLayoutTest : public testing::Test {
+ protected:
+  /// Every second chord named, every fifth silent.
+  void addChords(int count) {
+    for (int i = 0; i < count; ++i) {
+      QBChord* chord = test::addChord(m_song, kFrets[i % 5], 1 + i % 4);
+      if (i % 2 == 1) continue;
+      chord->setBaseTone(i % 12);
+      chord->setHarmony(m_minor);
+    }
+  }
+
+  void divideIntoMeasures(std::size_t chordsOfMeasure) {
+    QBMeasure* measure = nullptr;
+    for (std::size_t i = 0; i < m_song->allChords().size(); ++i) {
+      if (i % chordsOfMeasure == 0) measure = QBTabMgr::db().createMeasure(m_song, 4, 4);
+      measure->addChord(m_song->allChords()[i]);
+    }
+  }
+
+  void expectFretsAtTheirPlaces(const TabLayout& layout) const {
+    for (const TabLayout::Place& place : layout.places()) {
+      const QBHold* hold = m_song->allChords()[static_cast<std::size_t>(place.chord)]->hold();
+      for (int string = 0; string < 6; ++string) {
+        const QBTone* tone = hold->findToneByString(string);
+        const int row = rowOfString(place.y, string);
+        const std::string text = layout.rows()[static_cast<std::size_t>(row)].substr(
+            static_cast<std::size_t>(place.x), 2);
+        EXPECT_EQ(text, !tone               ? "--"
+                        : tone->fret() < 10 ? "-" + std::to_string(tone->fret())
+                                            : std::to_string(tone->fret()))
+            << "chord " << place.chord << " string " << string;
+        EXPECT_EQ(layout.chordAt(place.x + 1, row), place.chord);
+        EXPECT_EQ(stringAt(*layout.systemAt(row), row), string);
+      }
+    }
+  }
+
+  test::StandardStore m_store;
+  QBSong* m_song = m_store.song("Waltz");
+  QBHarmony* m_minor = QBTabMgr::db().createHarmony("m", 1);
+};
+
+TEST_F(TabLayoutTest, placesAreWhereTheTextShowsTheFrets) {
+  addChords(90);
+  m_song->buildTab();
+  const TabLayout byChords(*m_song);
+  EXPECT_EQ(byChords.places().size(), 72U);
+  EXPECT_GT(byChords.systems().size(), 3U);
+  expectFretsAtTheirPlaces(byChords);
+
+  divideIntoMeasures(30);
+  m_song->buildTab();
+  const TabLayout byMeasures(*m_song);
+  EXPECT_EQ(byMeasures.places().size(), 72U);
+  expectFretsAtTheirPlaces(byMeasures);
+}
+
+TEST_F(TabLayoutTest, followsTheChordsWhereTheStoredTextIsOlder) {
+  m_song->setTabulature("    Recorded by Korvel\n");
+  EXPECT_EQ(TabLayout(*m_song).rows().size(), 1U) << "without chords the text is all there is";
+  addChords(5);
+  expectFretsAtTheirPlaces(TabLayout(*m_song));
+}
+
+TEST_F(TabLayoutTest, silentChordsLieBetweenThoseThatAreDrawn) {
+  addChords(7);
+  const TabLayout layout(*m_song);
+  const TabLayout::Place* before = layout.placeOf(0);
+  EXPECT_EQ(layout.placeOf(1), nullptr);
+  EXPECT_EQ(layout.nearPlace(1)->x, before->x + before->columns);
+  EXPECT_EQ(layout.nextDrawn(0), 2);
+  EXPECT_EQ(layout.previousDrawn(2), 0);
+  EXPECT_EQ(layout.nextDrawn(5), std::nullopt) << "the last one is silent";
+  EXPECT_EQ(layout.chordAt(before->x - 2, before->y), std::nullopt) << "the names of the strings";
+  EXPECT_EQ(layout.chordAt(before->x, 0), std::nullopt) << "the heading";
+  EXPECT_EQ(layout.nearPlace(7), std::nullopt);
+}
+
+TEST_F(TabLayoutTest, pagesBreakBetweenSystems) {
+  addChords(200);
+  m_song->buildTab();
+  const TabLayout layout(*m_song);
+  for (const int rows : {rowsOfLargestSystem(layout), 40, 64}) {
+    const auto pages = pagesOf(layout, rows);
+    std::size_t page = 0;
+    for (const TabLayout::System& system : layout.systems()) {
+      if (system.end > pages[page].end) ++page;
+      ASSERT_LT(page, pages.size());
+      EXPECT_GE(system.first, pages[page].first);
+      EXPECT_LE(system.end, pages[page].end);
+      EXPECT_LE(pages[page].end - pages[page].first, rows);
+    }
+    EXPECT_EQ(page + 1, pages.size());
+  }
+}
+
+TEST_F(TabLayoutTest, chordsAreFoundByNameRoundTheSong) {
+  addChords(30);  // Cm at 0, 12 and 24, Dm at 2 and 14; 26, another Dm, is silent
+  const auto forward = SearchDirection::forward;
+  EXPECT_EQ(findChord(*m_song, "Cm", 0, forward), 12);
+  EXPECT_EQ(findChord(*m_song, "Cm", 24, forward), 0);
+  EXPECT_EQ(findChord(*m_song, "Cm", 12, SearchDirection::backward), 0);
+  EXPECT_EQ(findChord(*m_song, "Cm", 0, SearchDirection::backward), 24);
+  EXPECT_EQ(findChord(*m_song, "d", 2, forward), 14) << "a beginning, in lower case";
+  EXPECT_EQ(findChord(*m_song, "d", 14, forward), 2);
+  EXPECT_EQ(findChord(*m_song, "Am7", 0, forward), std::nullopt);
+  EXPECT_EQ(findChord(*m_song, "", 0, forward), std::nullopt);
+}
+
+TEST_F(TabLayoutTest, playPositionsCountFromTheStartOfTheLoop) {
+  addChords(10);
+  EXPECT_EQ(chordAtPlayPosition(*m_song, 0), std::nullopt);
+  EXPECT_EQ(chordAtPlayPosition(*m_song, 0.1F), 0);
+  EXPECT_EQ(chordAtPlayPosition(*m_song, 1), 9);
+  m_song->setFromChord(m_song->allChords()[4]);
+  m_song->setToChord(m_song->allChords()[8]);
+  EXPECT_EQ(chordAtPlayPosition(*m_song, 0.25F), 4);
+  EXPECT_EQ(chordAtPlayPosition(*m_song, 1), 7);
+  EXPECT_EQ(chordAtPlayPosition(*m_song, 1.25F), 8);
+}
+
+}  // namespace
+}  // namespace korvel
