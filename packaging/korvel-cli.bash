@@ -1,0 +1,56 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Completes korvel-cli for bash. Commands and options are asked of the program itself, titles of the
+# user's own store.
+
+# Offers those of the lines that begin with the word. Not by compgen -W, which would expand what
+# stands in a title.
+_korvel_cli_offer() {
+  local line
+  while IFS= read -r line; do
+    [[ -n $line && $line == "$cur"* ]] && COMPREPLY+=("$(printf '%q' "$line")")
+  done
+}
+
+_korvel_cli() {
+  local cur prev words cword
+  _init_completion || return
+  cur=${cur//\\/}
+  local commands command='' i
+  commands=$("${words[0]}" --help 2>/dev/null | sed -n '/^Subcommands:/,$s/^  \([a-z]\{1,\}\) .*/\1/p')
+  for ((i = 1; i < cword; i++)); do
+    if grep -qxF -- "${words[i]}" <<<"$commands"; then
+      command=${words[i]}
+      break
+    fi
+  done
+
+  if [[ $cur == -* ]]; then
+    _korvel_cli_offer < <("${words[0]}" ${command:+"$command"} --help 2>/dev/null |
+      grep -oE -- '--[a-z][a-z-]*' | sort -u)
+    return
+  fi
+  if [ -z "$command" ]; then
+    _korvel_cli_offer <<<"$commands"
+    return
+  fi
+  case $prev in
+    --txt | --musicxml | --midi | --wav | --json | --file | --soundfont | --store)
+      _filedir
+      return
+      ;;
+    --detection) _korvel_cli_offer < <(printf 'precise\nclassic\n') && return ;;
+    --metric) _korvel_cli_offer < <(printf '4/4\n3/4\n6/8\n12/8\n') && return ;;
+  esac
+  case $command in
+    import | transcribe | backup) _filedir ;;
+    apply)
+      _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
+      _korvel_cli_offer < <("${words[0]}" apply --list 2>/dev/null | sed -n 's/.*\[\([A-Za-z0-9_]*\)\]$/\1/p')
+      ;;
+    show | dump | delete | export | loop | clone | rename | move | merge | extract | play | render)
+      _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
+      ;;
+  esac
+}
+
+complete -F _korvel_cli korvel-cli
