@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <list>
 #include <memory>
@@ -29,11 +30,13 @@ class QBSampleSource {
 
   /// Queues a copy of a buffer of exactly 32768 bytes; others are ignored, and the block is lost
   /// when the lock is busy. For one audio thread at a time: waits for nothing, and allocates only
-  /// when the reader is more than kSpareBlocks behind.
+  /// when the reader is more than kSpareBlocks behind and the source has no limit.
   void pushBuffer(const platform::AudioTimeStamp& time, const platform::QueueBuffer& buffer);
   /// The oldest pending block; none when nothing is pending or the lock is busy. For one reading
   /// thread at a time.
-  std::unique_ptr<QBSampleBlock> readBuffer();
+  virtual std::unique_ptr<QBSampleBlock> readBuffer();
+  /// Blocks that were lost, since the lock was busy or as many as may wait did so. For any thread.
+  std::int64_t nmbOfDroppedBlocks() const { return m_nmbOfDroppedBlocks; }
 
   virtual void startRecord(float volume) { m_volume = volume; }
   virtual void stopRecord() {}
@@ -59,6 +62,10 @@ class QBSampleSource {
  protected:
   static constexpr int kSpareBlocks = 8;
 
+  /// From now on so many blocks may wait to be read, and further ones are lost: for who must not
+  /// allocate on the audio thread at all. Not while blocks are pushed.
+  void limitPending(int blocks);
+
   std::vector<std::int16_t> m_samples;  ///< Of sources that hold all their samples at once.
   float m_volume = 0;
   std::mutex m_lock;  ///< Guards m_blocks and m_spare.
@@ -66,11 +73,16 @@ class QBSampleSource {
  private:
   using Queue = std::list<std::unique_ptr<QBSampleBlock>>;
 
+  bool findBlockToFill();
+  bool queueFilled();
+
   // List nodes move between these with their blocks, so that neither is made on the audio thread.
   Queue m_blocks;                                ///< Pending, oldest first.
   Queue m_spare;                                 ///< Empty ones, for the audio thread to fill.
   Queue m_filling;                               ///< One block; the audio thread's own.
   std::unique_ptr<QBSampleBlock> m_replacement;  ///< Takes a read block's place; the reader's own.
+  bool m_isLimited = false;
+  std::atomic<std::int64_t> m_nmbOfDroppedBlocks = 0;
 };
 
 }  // namespace korvel

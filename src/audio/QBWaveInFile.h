@@ -2,17 +2,19 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
-#include "audio/QBSampleSource.h"
+#include "audio/QBWaveIn.h"
 
 namespace korvel {
 
-/// Samples that were stored as a property list, in place of a microphone.
-class QBWaveInFile final : public QBSampleSource {
+/// Samples that were stored as a property list, in place of those of the microphone.
+class QBWaveInFile final : public QBWaveIn {
  public:
-  explicit QBWaveInFile(std::string file) : m_file(std::move(file)) {}
+  QBWaveInFile(QBChordAnalyser* analyser, std::string file)
+      : QBWaveIn(analyser), m_file(std::move(file)) {}
 
-  using QBSampleSource::startRecord;
+  using QBWaveIn::startRecord;
   /// Reads `samples` from the file: none when it is missing or holds anything but an array of
   /// 16-bit numbers.
   void startRecord();

@@ -117,7 +117,7 @@ TEST(QBWaveInFile, readsAListOfSamplesOrNothing) {
   const std::string file = folder.file("a.plist");
   const auto samplesOf = [&](const std::string& text) {
     test::writeFile(file, text);
-    QBWaveInFile wave(file);
+    QBWaveInFile wave(nullptr, file);
     wave.startRecord();
     return wave.samples();
   };
@@ -144,7 +144,7 @@ TEST(QBWaveInFile, readsAListOfSamplesOrNothing) {
       "<!DOCTYPE plist [<!ENTITY e \"<integer>1</integer>\">]>" + start + "&e;" + end,
       "<!DOCTYPE plist [<!ENTITY e \"1\">]>" + start + "<integer>&e;</integer>" + end};
   for (const std::string& wrong : wrongTexts) EXPECT_EQ(samplesOf(wrong), Samples{}) << wrong;
-  QBWaveInFile missing(folder.file("missing"));
+  QBWaveInFile missing(nullptr, folder.file("missing"));
   missing.startRecord();
   EXPECT_TRUE(missing.samples().empty() && missing.eof());
 }
