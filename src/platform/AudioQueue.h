@@ -35,7 +35,8 @@ class AudioQueue {
       std::function<void(QueueBuffer&, const AudioTimeStamp& start, std::uint32_t packets)>;
   /// A buffer was played. Audio thread; while the queue does not run, the caller's.
   using OutputCallback = std::function<void(QueueBuffer&)>;
-  /// The queue began or ended to run. Audio thread.
+  /// The queue began or ended to run: for start and stop on their thread, for a lost device on
+  /// another one, where it must not wait for the main thread.
   using RunningListener = std::function<void()>;
 
   AudioQueue() = default;
@@ -45,11 +46,12 @@ class AudioQueue {
   virtual ~AudioQueue() = default;
 
   virtual const StreamDescription& description() const = 0;
-  /// Memory of the queue's own, zeroed; its size is all of it. Stays until the queue's end. Only
-  /// while the queue does not run.
+  /// Memory of the queue's own, zeroed; its size is all of it. Stays until the queue's end. At most
+  /// BufferRing::kCapacity of them, and only while the queue does not run.
   virtual QueueBuffer& allocateBuffer(std::uint32_t bytes) = 0;
-  /// Puts a buffer at the end of those to be filled or played. Also for the callback; waits for
-  /// nothing and allocates nothing.
+  /// Puts a buffer at the end of those to be filled or played. While the queue runs, for the
+  /// callback only; waits for nothing and allocates nothing. When no buffer is left, silence is
+  /// played, and what is recorded is lost.
   virtual void enqueue(QueueBuffer& buffer) = 0;
   /// What was enqueued shall reach the device without waiting for more. Also for the callback.
   virtual void flush() = 0;
@@ -67,7 +69,8 @@ class AudioQueue {
   /// Before start.
   virtual void onRunningChanged(RunningListener listener) = 0;
 
-  /// Frames since the start that were recorded, or that could be heard by now; for any thread.
+  /// Frames since the start that were recorded, or that could be heard by now, silence for want of
+  /// buffers included. Also for the callback. Stays where it was when the queue ends.
   virtual AudioTimeStamp currentTime() const = 0;
   /// 0 is silent, 1 is as it comes. For any thread.
   virtual void setVolume(float volume) = 0;

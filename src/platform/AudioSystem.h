@@ -41,7 +41,7 @@ class AudioSystem {
                                                 const StreamDescription& description,
                                                 AudioQueue::OutputCallback callback) = 0;
 
-  /// The system of this process: the installed one. Throws AudioError when there is none.
+  /// The system of this process: the installed one, or else the desktop's sound server.
   static AudioSystem& main();
   /// Puts one in, such as files in the place of devices. It must outlive all use of main(); nullptr
   /// takes it out.

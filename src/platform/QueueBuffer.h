@@ -22,7 +22,7 @@ struct QueueBuffer {
 /// When the first frame of a buffer was recorded or is to be played.
 struct AudioTimeStamp {
   double sampleTime = 0;       ///< In frames since the queue started.
-  std::uint64_t hostTime = 0;  ///< Of the machine's clock.
+  std::uint64_t hostTime = 0;  ///< Nanoseconds of the steady clock.
 };
 
 }  // namespace korvel::platform

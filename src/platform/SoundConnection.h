@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+struct cubeb;
+
+namespace korvel::platform {
+
+enum class SoundDirection { input, output };
+
+struct SoundDevice {
+  std::string name;              ///< As the desktop shows it, and unlike those of the others.
+  std::string id;                ///< Stays when the desktop is asked again.
+  const void* handle = nullptr;  ///< For streams of the connection; none is the default device.
+};
+
+/// A connection to the desktop's sound server, or to the sound cards when there is none.
+class SoundConnection {
+ public:
+  /// Throws AudioError when there is neither.
+  SoundConnection();
+
+  /// What is plugged in. Throws AudioError when the server is gone. For any thread.
+  std::vector<SoundDevice> devices(SoundDirection direction) const;
+  /// The device of this name; the default one for "" and AudioSystem::kSystemDefault. Throws
+  /// AudioError when there is none, naming those that there are.
+  SoundDevice find(SoundDirection direction, const std::string& name) const;
+
+  cubeb* context() const { return m_context.get(); }
+
+ private:
+  struct Close {
+    void operator()(cubeb* context) const;
+  };
+  std::unique_ptr<cubeb, Close> m_context;
+};
+
+}  // namespace korvel::platform
