@@ -49,6 +49,16 @@ TabLayout::TabLayout(QBSong& song) {
   divide(matrix.m_systems);
 }
 
+TabLayout TabLayout::forExport(QBSong& song) {
+  TabLayout layout(song);
+  if (drawsNothing(song)) return layout;
+  std::vector<int> tops;
+  for (const System& system : layout.m_systems) tops.push_back(system.top);
+  layout.readText(song.toStringForExport());
+  layout.divide(tops);
+  return layout;
+}
+
 void TabLayout::readText(const std::string& text) {
   m_rows = rowsOf(text);
   m_columns = 0;
@@ -69,6 +79,7 @@ void TabLayout::place(QBSong& song, const QBTabMatrix& matrix) {
 
 void TabLayout::divide(const std::vector<int>& tops) {
   const auto isBlank = [this](int row) { return m_rows[static_cast<std::size_t>(row)].empty(); };
+  m_systems.clear();
   for (std::size_t i = 0; i < tops.size(); ++i) {
     const int first = tops[i] - 1;
     int end = i + 1 < tops.size() ? tops[i + 1] - 1 : static_cast<int>(m_rows.size());

@@ -33,6 +33,10 @@ class TabLayout {
   /// Of no song.
   TabLayout() = default;
   explicit TabLayout(QBSong& song);
+  /// Of the text for export, which has no marks of the loop.
+  static TabLayout forExport(QBSong& song);
+  /// Of a text without chords.
+  explicit TabLayout(const std::string& text) { readText(text); }
 
   /// The stored tablature, in rows of characters; drawn anew where it is older than the chords that
   /// it should show. All blanks at the ends of rows are left out.

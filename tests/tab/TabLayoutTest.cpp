@@ -8,6 +8,7 @@
 #include "tab/ChordSearch.h"
 #include "tab/PlayPosition.h"
 #include "tab/TabPages.h"
+#include "tab/TabText.h"
 
 namespace korvel {
 namespace {
@@ -95,8 +96,12 @@ TEST_F(TabLayoutTest, silentChordsLieBetweenThoseThatAreDrawn) {
 
 TEST_F(TabLayoutTest, pagesBreakBetweenSystems) {
   addChords(200);
+  m_song->setFromChord(m_song->allChords()[190]);
+  m_song->setToChord(m_song->allChords()[198]);
   m_song->buildTab();
-  const TabLayout layout(*m_song);
+  const TabLayout layout = TabLayout::forExport(*m_song);
+  expectFretsAtTheirPlaces(layout);
+  EXPECT_EQ(textOf(layout).find("XX"), std::string::npos);
   for (const int rows : {rowsOfLargestSystem(layout), 40, 64}) {
     const auto pages = pagesOf(layout, rows);
     std::size_t page = 0;

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/views/ChordWords.h"
+
+#include "arrange/ToneOrder.h"
+#include "model/Neck.h"
+#include "model/QBChord.h"
+#include "model/QBHarmony.h"
+#include "model/QBMeasure.h"
+#include "model/QBSong.h"
+#include "model/QBString.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTone.h"
+#include "model/QBTuning.h"
+#include "tab/ChordSearch.h"
+#include "ui/Text.h"
+
+namespace korvel::ui {
+
+ChordWords::ChordWords(QBTuning* tuning) {
+  for (int string = 0; string < kStrings; ++string) m_notes << QString();
+  if (!tuning) return;
+  for (const QBString* string : tuning->strings())
+    if (string->order() >= 0 && string->order() < kStrings)
+      m_notes[string->order()] = toText(QBHarmony::noteAsString(string->baseTone()).value_or(""));
+}
+
+QString ChordWords::string(int string) const {
+  const QString name = note(string);
+  const int number = kStrings - string;
+  if (name.isEmpty()) return tr("string %1").arg(number);
+  return m_notes.count(name) > 1 ? tr("%1 string (%2)").arg(name).arg(number)
+                                 : tr("%1 string").arg(name);
+}
+
+QString ChordWords::place(QBSong& song, int chord, int string) const {
+  const auto& chords = song.allChords();
+  if (chord < 0 || chord >= static_cast<int>(chords.size())) return {};
+  const QBChord& here = *chords[static_cast<std::size_t>(chord)];
+  QStringList words;
+  if (const QBMeasure* bar = here.measure()) words << tr("bar %1").arg(bar->position());
+  words << tr("chord %1 of %2").arg(chord + 1).arg(chords.size());
+  if (const std::string name = shownName(here); !name.empty()) words << toText(name);
+  const QString played = tones(here, string);
+  words << this->string(string) << (played.isEmpty() ? tr("silent") : played);
+  QString text = words.join(tr(", "));
+  text[0] = text[0].toUpper();
+  return text;
+}
+
+QString ChordWords::grip(const QBChord& chord) const {
+  QStringList words;
+  for (int string = 0; string < kStrings; ++string)
+    if (const QString played = tones(chord, string); !played.isEmpty())
+      words << tr("%1 %2", "a string, what is played on it").arg(this->string(string), played);
+  const QString text = words.isEmpty() ? tr("silent") : words.join(tr(", "));
+  const std::string name = shownName(chord);
+  return name.empty() ? text : tr("%1: %2", "a chord, its tones").arg(toText(name), text);
+}
+
+QString ChordWords::tones(const QBChord& chord, int string) {
+  QStringList words;
+  for (const auto& tone : byStringAndFret(chord)) {
+    if (tone->string() != string) continue;
+    const QString fret = tone->fret() == 0 ? tr("open") : tr("fret %1").arg(tone->fret());
+    words << (tone->isActive() ? fret : tr("%1 (inactive)").arg(fret));
+  }
+  return words.join(tr(" and "));
+}
+
+QBTuning* tuningOf(const QBSong* song) {
+  if (song && song->tuning()) return song->tuning();
+  return QBTabMgr::db().selectedTuning();
+}
+
+}  // namespace korvel::ui

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+namespace korvel::ui {
+
+/// The colours of the views, all made of the palette's, so that they follow a light or dark theme.
+/// None is the only sign of what it stands for.
+struct Shades {
+  explicit Shades(const QPalette& palette);
+
+  QColor base;
+  QColor text;
+  QColor faintText;  ///< Still readable on the base.
+  QColor line;       ///< Strings, bars and note values.
+  QColor grid;       ///< What only helps the eye.
+  QColor accent;
+  QColor onAccent;
+  QColor loop;    ///< Ground of the loop.
+  QColor chosen;  ///< Ground of what is selected.
+};
+
+/// So much of the second colour in the first, 0 to 1.
+QColor mixed(const QColor& first, const QColor& second, double share);
+
+}  // namespace korvel::ui

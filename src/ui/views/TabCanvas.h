@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFont>
+#include <QRectF>
+#include <QString>
+
+#include "tab/TabLayout.h"
+#include "ui/views/Shades.h"
+
+class QPainter;
+class QPaintDevice;
+
+namespace korvel::ui {
+
+/// Draws the rows of a tablature into cells of one size, on the screen or on paper: strings, bars
+/// and stems as lines, everything else as the text that it is.
+class TabCanvas {
+ public:
+  /// The font has to be monospaced; the device says how large its points are.
+  TabCanvas(const QFont& font, const Shades& shades, const QPaintDevice* device = nullptr);
+
+  QSizeF cell() const { return m_cell; }
+  /// Cells of a text whose top left corner is at the origin.
+  QRectF cells(int x, int y, int columns, int rows) const;
+  int columnAt(double x) const;
+  int rowAt(double y) const;
+
+  /// Draws a row where it stands in the text, but with other words, such as the layout's own.
+  void drawRow(QPainter& painter, const TabLayout& layout, int row, const QString& words) const;
+
+ private:
+  struct Row;
+  void drawLines(QPainter& painter, const Row& row) const;
+  void drawWords(QPainter& painter, const Row& row) const;
+  QRectF lineOf(const Row& row, int column) const;
+
+  QFont m_font;
+  QFont m_bold;
+  Shades m_shades;
+  QSizeF m_cell;
+  double m_ascent;
+  double m_pen;  ///< Width of a line.
+};
+
+}  // namespace korvel::ui

@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "model/Neck.h"
+#include "model/QBSong.h"
+#include "tab/QBTabMatrix.h"
+#include "tab/TabText.h"
+#include "ui/Text.h"
+#include "ui/views/AccessibleTablature.h"
+#include "ui/views/ChordWords.h"
+#include "ui/views/TablatureView.h"
+
+namespace korvel::ui {
+namespace {
+
+constexpr int kSmallestZoom = 30;
+constexpr int kLargestZoom = 500;
+constexpr int kZoomStep = 10;
+constexpr int kHighestFret = 24;
+constexpr int kMillisecondsToSecondDigit = 1000;
+
+int wheelSteps(const QWheelEvent& event) {
+  return event.angleDelta().y() / QWheelEvent::DefaultDeltasPerStep;
+}
+
+}  // namespace
+
+// ---- zoom
+
+void TablatureView::setZoom(int percent) {
+  percent = std::clamp(percent, kSmallestZoom, kLargestZoom);
+  if (percent == m_zoom) return;
+  const double height = m_canvas.cell().height();
+  const double rowAtTop = verticalScrollBar()->value() / height;
+  m_zoom = percent;
+  remeasure();
+  verticalScrollBar()->setValue(static_cast<int>(rowAtTop * m_canvas.cell().height()));
+  emit zoomChanged(percent);
+}
+
+void TablatureView::zoomIn() { setZoom(m_zoom + kZoomStep); }
+
+void TablatureView::zoomOut() { setZoom(m_zoom - kZoomStep); }
+
+void TablatureView::wheelEvent(QWheelEvent* event) {
+  if (!(event->modifiers() & Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
+  setZoom(m_zoom + wheelSteps(*event) * kZoomStep);
+  event->accept();
+}
+
+// ---- selection
+
+void TablatureView::select(Span span) {
+  m_selection = span;
+  if (span.first < 0) m_anchor = -1;
+  viewport()->update();
+  emit selectionChanged(span.first >= 0);
+}
+
+void TablatureView::selectAll() {
+  if (m_layout.chords() == 0) return;
+  m_anchor = 0;
+  select({0, m_layout.chords() - 1});
+}
+
+void TablatureView::selectNone() {
+  if (m_selection.first >= 0) select({});
+}
+
+QString TablatureView::selectedText() const {
+  const bool all = m_selection.first <= 0 && m_selection.last == m_layout.chords() - 1;
+  return toText(all ? textOf(m_layout)
+                    : textOfChords(m_layout, m_selection.first, m_selection.last));
+}
+
+/// The whole text when nothing is selected.
+void TablatureView::copy() const { QApplication::clipboard()->setText(selectedText()); }
+
+/// For the middle mouse button, where the desktop has that.
+void TablatureView::offerSelection() const {
+  QClipboard& clipboard = *QApplication::clipboard();
+  if (clipboard.supportsSelection()) clipboard.setText(selectedText(), QClipboard::Selection);
+}
+
+// ---- cursor
+
+QString TablatureView::placeText() const {
+  return m_song ? ChordWords(tuningOf(m_song)).place(*m_song, m_chord, m_string) : QString();
+}
+
+void TablatureView::moveCursor(int chord, int string) {
+  if (chord < 0 || chord >= m_layout.chords()) return;
+  const QString before = placeText();
+  updateChord(m_chord);
+  m_chord = chord;
+  m_string = std::clamp(string, 0, kStrings - 1);
+  updateChord(m_chord);
+  reveal(cursorCells());
+  announce(before);
+  emit cursorMoved(m_chord, m_string);
+}
+
+void TablatureView::announce(const QString& before) {
+  if (const QString now = placeText(); now != before) announceText(*this, before, now);
+}
+
+bool TablatureView::findNext(const QString& name) { return find(name, SearchDirection::forward); }
+
+bool TablatureView::findPrevious(const QString& name) {
+  return find(name, SearchDirection::backward);
+}
+
+bool TablatureView::find(const QString& name, SearchDirection direction) {
+  if (!m_song) return false;
+  const auto found = findChord(*m_song, name.trimmed().toStdString(), m_chord, direction);
+  if (found) moveTo(found, m_string, false);
+  return found.has_value();
+}
+
+/// With `selecting`, what lies between the anchor and the cursor becomes the selection.
+void TablatureView::moveTo(std::optional<int> chord, int string, bool selecting) {
+  if (!chord) return;
+  if (selecting && m_anchor < 0) m_anchor = m_chord;
+  moveCursor(*chord, string);
+  if (selecting)
+    select({std::min(m_anchor, m_chord), std::max(m_anchor, m_chord)});
+  else
+    selectNone();
+}
+
+// ---- mouse
+
+void TablatureView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(event);
+  const auto chord = chordUnder(event->pos());
+  if (chord && event->modifiers() & Qt::ShiftModifier)
+    moveTo(chord, m_string, true);
+  else
+    m_pressed = event->pos();
+}
+
+void TablatureView::mouseMoveEvent(QMouseEvent* event) {
+  if (!m_pressed || !(event->buttons() & Qt::LeftButton)) return;
+  const bool dragged =
+      (event->pos() - *m_pressed).manhattanLength() >= QApplication::startDragDistance();
+  const auto chord = chordUnder(event->pos());
+  if (!dragged || !chord) return;
+  if (!std::exchange(m_dragging, true)) m_anchor = chordUnder(*m_pressed).value_or(*chord);
+  moveTo(chord, m_string, true);
+}
+
+void TablatureView::mouseReleaseEvent(QMouseEvent* event) {
+  const bool wasPressed = std::exchange(m_pressed, std::nullopt).has_value();
+  if (!wasPressed || event->button() != Qt::LeftButton) return;
+  if (std::exchange(m_dragging, false)) return offerSelection();
+  const auto chord = chordUnder(event->pos());
+  if (!chord) return selectNone();
+  const QPointF cell = toCells(event->pos());
+  const int row = static_cast<int>(std::floor(cell.y()));
+  moveTo(chord, stringAt(*m_layout.systemAt(row), row).value_or(m_string), false);
+  emit clicked(cell.x(), cell.y());
+}
+
+// ---- keys
+
+/// A window's shortcut for a key that edits here, such as Space or a digit, has to wait.
+bool TablatureView::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool plain = !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (plain &&
+        (key->key() == Qt::Key_Delete || (key->key() >= Qt::Key_0 && key->key() <= Qt::Key_9)))
+      event->accept();
+  }
+  return QAbstractScrollArea::event(event);
+}
+
+void TablatureView::keyPressEvent(QKeyEvent* event) {
+  if (zoomByKey(*event) || copyByKey(*event) || moveByKey(*event) || editByKey(*event)) return;
+  QAbstractScrollArea::keyPressEvent(event);
+}
+
+bool TablatureView::zoomByKey(QKeyEvent& event) {
+  if (event.matches(QKeySequence::ZoomIn) ||
+      (event.modifiers() & Qt::ControlModifier && event.key() == Qt::Key_Equal))
+    zoomIn();
+  else if (event.matches(QKeySequence::ZoomOut))
+    zoomOut();
+  else if (event.modifiers() & Qt::ControlModifier && event.key() == Qt::Key_0)
+    resetZoom();
+  else
+    return false;
+  return true;
+}
+
+bool TablatureView::copyByKey(QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy))
+    copy();
+  else if (event.matches(QKeySequence::SelectAll))
+    selectAll();
+  else if (event.key() == Qt::Key_Escape && m_selection.first >= 0)
+    selectNone();
+  else
+    return false;
+  return true;
+}
+
+/// Arrows go by chord and string, with Ctrl past silent chords; Home and End to the ends of the
+/// system, with Ctrl of the song. Shift selects.
+bool TablatureView::moveByKey(QKeyEvent& event) {
+  if (m_layout.chords() == 0 || event.modifiers() & Qt::AltModifier) return false;
+  const bool selecting = event.modifiers() & Qt::ShiftModifier;
+  const bool far = event.modifiers() & Qt::ControlModifier;
+  const int last = m_layout.chords() - 1;
+  const auto place = m_layout.nearPlace(m_chord);
+  const TabLayout::System* system = place ? m_layout.systemAt(place->y) : nullptr;
+  const auto go = [&](std::optional<int> chord) { moveTo(chord, m_string, selecting); };
+  switch (event.key()) {
+    case Qt::Key_Left:
+      go(far ? m_layout.previousDrawn(m_chord) : std::max(m_chord - 1, 0));
+      return true;
+    case Qt::Key_Right:
+      go(far ? m_layout.nextDrawn(m_chord) : std::min(m_chord + 1, last));
+      return true;
+    case Qt::Key_Up:
+      moveTo(m_chord, m_string + 1, selecting);
+      return true;
+    case Qt::Key_Down:
+      moveTo(m_chord, m_string - 1, selecting);
+      return true;
+    case Qt::Key_Home:
+      go(far || !system ? 0 : m_layout.begin(*system)->chord);
+      return true;
+    case Qt::Key_End:
+      go(far || !system ? last : std::prev(m_layout.end(*system))->chord);
+      return true;
+    case Qt::Key_PageUp:
+      go(chordOnPage(-1));
+      return true;
+    case Qt::Key_PageDown:
+      go(chordOnPage(1));
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// The chord in the same column so many pages of the view further down.
+int TablatureView::chordOnPage(int pages) const {
+  const auto place = m_layout.nearPlace(m_chord);
+  if (!place) return m_chord;
+  const int rows = std::max(kRowsToNextSystem, m_canvas.rowAt(viewport()->height()));
+  const auto& systems = m_layout.systems();
+  const int row = std::clamp(place->y + pages * rows, systems.front().top, systems.back().top);
+  const TabLayout::System& system = *m_layout.systemAt(row);
+  const auto first = m_layout.begin(system);
+  const auto after = std::upper_bound(first, m_layout.end(system), place->x,
+                                      [](int x, const auto& other) { return x < other.x; });
+  if (first == m_layout.end(system)) return m_chord;
+  return after == first ? first->chord : std::prev(after)->chord;
+}
+
+bool TablatureView::editByKey(QKeyEvent& event) {
+  const auto place = m_layout.nearPlace(m_chord);
+  if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier) || !place) return false;
+  const int key = event.key();
+  if (key == Qt::Key_Space) {
+    emit playToggled();
+  } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    emit clicked(place->x, rowOfString(place->y, m_string));
+  } else if (m_locked) {
+    return false;
+  } else if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
+    emit removalWanted(m_chord, m_string);
+  } else if (key >= Qt::Key_0 && key <= Qt::Key_9) {
+    typeDigit(key - Qt::Key_0);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void TablatureView::typeDigit(int digit) {
+  const int both = m_typed.fret * 10 + digit;
+  const bool continues = m_typed.since.isValid() && m_typed.chord == m_chord &&
+                         m_typed.string == m_string && both <= kHighestFret && m_typed.fret > 0 &&
+                         m_typed.since.elapsed() < kMillisecondsToSecondDigit;
+  m_typed.chord = m_chord;
+  m_typed.string = m_string;
+  m_typed.fret = continues ? both : digit;
+  m_typed.since.start();
+  emit fretTyped(m_chord, m_string, m_typed.fret, continues);
+}
+
+}  // namespace korvel::ui

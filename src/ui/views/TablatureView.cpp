@@ -1,0 +1,390 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/views/TablatureView.h"
+
+#include <QEvent>
+#include <QFontDatabase>
+#include <QHelpEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+#include <cmath>
+
+#include "arrange/ToneOrder.h"
+#include "model/Neck.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBSong.h"
+#include "model/QBTone.h"
+#include "model/QBTuning.h"
+#include "platform/Utf8.h"
+#include "tab/LoopRange.h"
+#include "tab/PlayPosition.h"
+#include "ui/Text.h"
+#include "ui/views/AccessibleTablature.h"
+#include "ui/views/ChordWords.h"
+
+namespace korvel::ui {
+namespace {
+
+constexpr double kMarginColumns = 1;
+constexpr double kMarginRows = 0.5;
+constexpr int kFretColumns = 2;
+/// Rows of a system that marks span: the name, the strings, the note values.
+constexpr int kMarkedRows = 1 + kStrings + 3;
+
+QRectF withMargin(const QRectF& rect, double margin) {
+  return rect.adjusted(-margin, -margin, margin, margin);
+}
+
+}  // namespace
+
+TablatureView::TablatureView(QWidget* parent)
+    : QAbstractScrollArea(parent), m_canvas(font(), Shades(palette())) {
+  installTablatureAccessibility();
+  setAccessibleName(tr("Tablature"));
+  setFocusPolicy(Qt::StrongFocus);
+  setFrameShape(NoFrame);
+  viewport()->setCursor(Qt::IBeamCursor);
+  viewport()->setBackgroundRole(QPalette::Base);
+  m_family = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+  remeasure();
+}
+
+TablatureView::~TablatureView() = default;
+
+// ---- what the session says
+
+void TablatureView::setActiveSong(QBSong* song) {
+  if (song != m_song) {
+    m_chord = -1;
+    m_string = kStrings - 1;
+    select({});
+    verticalScrollBar()->setValue(0);
+  }
+  m_song = song;
+  showPlaying(-1);
+  refresh();
+}
+
+void TablatureView::refresh() {
+  const QString before = placeText();
+  m_layout = m_song ? TabLayout(*m_song) : TabLayout();
+  const int last = m_layout.chords() - 1;
+  m_chord = std::min(m_chord, last);
+  if (m_chord < 0) m_chord = m_layout.nextDrawn(-1).value_or(-1);
+  if (m_selection.last > last) select({});
+  m_playing = std::min(m_playing, last);
+  readLoop();
+  updateScrollBars();
+  viewport()->update();
+  announce(before);
+}
+
+void TablatureView::readLoop() {
+  const LoopRange range(m_song);
+  m_loop = {};
+  if (!m_song) return;
+  const auto& chords = m_song->allChords();
+  for (int i = 0; i < m_layout.chords(); ++i) {
+    const int position = chords[static_cast<std::size_t>(i)]->position();
+    if (position == range.from && m_loop.first < 0) m_loop.first = i;
+    if (position == range.to) m_loop.last = i;
+  }
+}
+
+void TablatureView::drawPlayMode(float fraction) {
+  if (m_song) showPlaying(chordAtPlayPosition(*m_song, fraction).value_or(-1));
+}
+
+void TablatureView::handleClick(double x, double y) {
+  const auto chord =
+      m_layout.chordAt(static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y)));
+  if (chord && !m_locked) emit loopEndChosen(*chord);
+}
+
+void TablatureView::lock(bool locked) { m_locked = locked; }
+
+void TablatureView::drawTuning(QBTuning* tuning) {
+  drawContent(tuning ? tuning->descr() + "\n\n" + tuning->toString() : "");
+}
+
+void TablatureView::drawContent(const std::string& text) {
+  m_song = nullptr;
+  showPlaying(-1);
+  refresh();
+  m_layout = TabLayout(text);
+  updateScrollBars();
+}
+
+void TablatureView::sayGoodBye() { drawContent({}); }
+
+// ---- geometry
+
+QFont TablatureView::tabFont() const {
+  QFont font(m_family);
+  font.setStyleHint(QFont::Monospace);
+  font.setFixedPitch(true);
+  const double scale = m_zoom / 100.0;
+  if (this->font().pointSizeF() > 0)
+    font.setPointSizeF(this->font().pointSizeF() * scale);
+  else
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(this->font().pixelSize() * scale))));
+  return font;
+}
+
+void TablatureView::remeasure() {
+  m_canvas = TabCanvas(tabFont(), Shades(palette()));
+  updateScrollBars();
+  viewport()->update();
+}
+
+void TablatureView::updateScrollBars() {
+  const QSizeF cell = m_canvas.cell();
+  const double width = (m_layout.columns() + 2 * kMarginColumns) * cell.width();
+  const double height =
+      (static_cast<double>(m_layout.rows().size()) + 2 * kMarginRows) * cell.height();
+  const QSize page = viewport()->size();
+  const auto fit = [](QScrollBar& bar, double size, int visible, double step) {
+    bar.setRange(0, std::max(0, static_cast<int>(std::ceil(size)) - visible));
+    bar.setPageStep(visible);
+    bar.setSingleStep(static_cast<int>(step));
+  };
+  fit(*horizontalScrollBar(), width, page.width(), 4 * cell.width());
+  fit(*verticalScrollBar(), height, page.height(), 3 * cell.height());
+}
+
+/// Of the text, in the viewport.
+QPointF TablatureView::origin() const {
+  const QSizeF cell = m_canvas.cell();
+  return {std::round(kMarginColumns * cell.width()) - horizontalScrollBar()->value(),
+          std::round(kMarginRows * cell.height()) - verticalScrollBar()->value()};
+}
+
+QPointF TablatureView::toCells(const QPoint& position) const {
+  const QPointF inText = position - origin();
+  return {inText.x() / m_canvas.cell().width(), inText.y() / m_canvas.cell().height()};
+}
+
+std::optional<int> TablatureView::chordUnder(const QPoint& position) const {
+  const QPointF cell = toCells(position);
+  return m_layout.chordAt(static_cast<int>(std::floor(cell.x())),
+                          static_cast<int>(std::floor(cell.y())));
+}
+
+QRectF TablatureView::cellsOf(const TabLayout::Place& place) const {
+  return m_canvas.cells(place.x, place.y - 1, place.columns, kMarkedRows);
+}
+
+QRectF TablatureView::cursorCells() const {
+  const auto place = m_layout.nearPlace(m_chord);
+  if (!place) return {};
+  const int columns = m_layout.placeOf(m_chord) ? kFretColumns : 1;
+  return m_canvas.cells(place->x, rowOfString(place->y, m_string), columns, 1);
+}
+
+QRect TablatureView::chordRect(int chord) const {
+  const auto place = m_layout.nearPlace(chord);
+  return place ? cellsOf(*place).translated(origin()).toAlignedRect() : QRect();
+}
+
+/// Scrolls no further than needed.
+void TablatureView::reveal(const QRectF& cells) {
+  const QRectF seen = withMargin(cells, m_canvas.cell().height()).translated(origin());
+  const auto move = [](QScrollBar& bar, double first, double last, double size) {
+    if (last > size) bar.setValue(bar.value() + static_cast<int>(std::ceil(last - size)));
+    if (first < 0) bar.setValue(bar.value() + static_cast<int>(std::floor(first)));
+  };
+  move(*horizontalScrollBar(), seen.left(), seen.right(), viewport()->width());
+  move(*verticalScrollBar(), seen.top(), seen.bottom(), viewport()->height());
+}
+
+/// Brings the chord's system to the upper part of the view, so that the next ones show as well.
+void TablatureView::follow(int chord) {
+  const auto place = m_layout.nearPlace(chord);
+  if (!place) return;
+  const QRectF marked = cellsOf(*place).translated(origin());
+  const QRectF view = viewport()->rect();
+  if (marked.top() < 0 || marked.bottom() > view.bottom())
+    verticalScrollBar()->setValue(verticalScrollBar()->value() +
+                                  static_cast<int>(marked.top() - view.height() / 8));
+  reveal(cellsOf(*place));
+}
+
+void TablatureView::updateChord(int chord) {
+  if (const auto place = m_layout.nearPlace(chord))
+    viewport()->update(
+        withMargin(cellsOf(*place), m_canvas.cell().width()).translated(origin()).toAlignedRect());
+}
+
+void TablatureView::showPlaying(int chord) {
+  if (chord == m_playing) return;
+  const auto before = m_layout.nearPlace(m_playing);
+  const auto now = m_layout.nearPlace(chord);
+  updateChord(m_playing);
+  m_playing = chord;
+  updateChord(m_playing);
+  // Within a system the user may look elsewhere.
+  if (now && (!before || before->y != now->y)) follow(chord);
+}
+
+// ---- painting
+
+void TablatureView::paintEvent(QPaintEvent* event) {
+  QPainter painter(viewport());
+  painter.fillRect(event->rect(), Shades(palette()).base);
+  if (m_layout.rows().empty()) return paintPlaceholder(painter);
+  painter.translate(origin());
+  const QRectF wanted = QRectF(event->rect()).translated(-origin());
+  const int rows = static_cast<int>(m_layout.rows().size());
+  const int first = std::clamp(m_canvas.rowAt(wanted.top()), 0, rows);
+  const int end = std::clamp(m_canvas.rowAt(wanted.bottom()) + 1, 0, rows);
+  const auto isVisible = [&](const TabLayout::System& system) {
+    return system.first < end && system.end >= first;
+  };
+  for (const auto& system : m_layout.systems())
+    if (isVisible(system)) paintGround(painter, system);
+  for (int row = first; row < end; ++row) m_canvas.drawRow(painter, m_layout, row, shownRow(row));
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (const auto& system : m_layout.systems())
+    if (isVisible(system)) paintMarks(painter, system);
+  paintCursor(painter);
+}
+
+QString TablatureView::shownRow(int row) const {
+  QString words = toText(m_layout.rows()[static_cast<std::size_t>(row)]);
+  const TabLayout::System* system = m_layout.systemAt(row);
+  if (m_song && system && stringAt(*system, row)) addInactiveTones(words, *system, row);
+  return words;
+}
+
+/// The text leaves silenced tones out; here they show in parentheses where a string has no other.
+void TablatureView::addInactiveTones(QString& words, const TabLayout::System& system,
+                                     int row) const {
+  const auto& chords = m_song->allChords();
+  const int string = *stringAt(system, row);
+  for (auto place = m_layout.begin(system); place != m_layout.end(system); ++place) {
+    if (place->chord >= static_cast<int>(chords.size())) continue;
+    const QBHold* hold = chords[static_cast<std::size_t>(place->chord)]->hold();
+    if (!hold || QStringView(words).mid(place->x, kFretColumns) != u"--") continue;
+    for (const auto& tone : hold->allTonesOfString(string)) {
+      if (tone->isActive()) continue;
+      const QString text = QString("(%1)").arg(tone->fret());
+      if (place->x + text.size() <= words.size()) words.replace(place->x, text.size(), text);
+    }
+  }
+}
+
+void TablatureView::paintGround(QPainter& painter, const TabLayout::System& system) const {
+  const Shades shades(palette());
+  for (auto place = m_layout.begin(system); place != m_layout.end(system); ++place) {
+    const QRectF cells = cellsOf(*place);
+    if (m_loop.contains(place->chord)) painter.fillRect(cells, shades.loop);
+    if (!m_selection.contains(place->chord)) continue;
+    const double edge = std::max(1.0, m_canvas.cell().width() / 5);
+    painter.fillRect(cells, shades.chosen);
+    painter.fillRect(QRectF(cells.left(), cells.top(), cells.width(), edge), shades.accent);
+    painter.fillRect(QRectF(cells.left(), cells.bottom() - edge, cells.width(), edge),
+                     shades.accent);
+  }
+}
+
+void TablatureView::paintMarks(QPainter& painter, const TabLayout::System& system) const {
+  const auto isHere = [&](const auto& place) { return place && place->y == system.top; };
+  const auto from = m_layout.nearPlace(m_loop.first);
+  const auto to = m_layout.nearPlace(m_loop.last);
+  const auto playing = m_layout.nearPlace(m_playing);
+  if (isHere(from)) paintBracket(painter, *from, true);
+  if (isHere(to)) paintBracket(painter, *to, false);
+  if (!isHere(playing)) return;
+  const double pen = std::max(2.0, m_canvas.cell().width() / 4);
+  painter.setPen(QPen(Shades(palette()).accent, pen));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(cellsOf(*playing).adjusted(-pen / 2, pen / 2, -pen, -pen / 2), 2 * pen,
+                          2 * pen);
+}
+
+void TablatureView::paintBracket(QPainter& painter, const TabLayout::Place& place,
+                                 bool opening) const {
+  const QRectF cells = cellsOf(place);
+  const double pen = std::max(2.0, m_canvas.cell().width() / 3);
+  const double x = opening ? cells.left() - pen / 2 : cells.right() - pen / 2;
+  const double inner = x + (opening ? 1 : -1) * m_canvas.cell().width() * 0.8;
+  painter.setPen(QPen(Shades(palette()).text, pen, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+  painter.drawPolyline(QPolygonF{
+      {inner, cells.top()}, {x, cells.top()}, {x, cells.bottom()}, {inner, cells.bottom()}});
+}
+
+void TablatureView::paintCursor(QPainter& painter) const {
+  const QRectF cells = cursorCells();
+  if (cells.isEmpty()) return;
+  const Shades shades(palette());
+  if (!hasFocus()) {
+    painter.setPen(QPen(shades.faintText, 1, Qt::DotLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(withMargin(cells, -0.5));
+    return;
+  }
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.fillRect(cells, shades.accent);
+  painter.setClipRect(cells);
+  Shades onAccent = shades;
+  onAccent.text = onAccent.faintText = onAccent.line = shades.onAccent;
+  const int row = m_canvas.rowAt(cells.center().y());
+  TabCanvas(tabFont(), onAccent).drawRow(painter, m_layout, row, shownRow(row));
+  painter.setClipping(false);
+}
+
+void TablatureView::paintPlaceholder(QPainter& painter) const {
+  painter.setPen(Shades(palette()).faintText);
+  painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_placeholder);
+}
+
+void TablatureView::setPlaceholderText(const QString& text) {
+  m_placeholder = text;
+  viewport()->update();
+}
+
+// ---- changes from outside
+
+void TablatureView::setTabFamily(const QString& family) {
+  m_family = family;
+  remeasure();
+}
+
+void TablatureView::resizeEvent(QResizeEvent*) { updateScrollBars(); }
+
+void TablatureView::changeEvent(QEvent* event) {
+  QAbstractScrollArea::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange ||
+      event->type() == QEvent::StyleChange)
+    remeasure();
+}
+
+void TablatureView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  updateChord(m_chord);
+}
+
+void TablatureView::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  updateChord(m_chord);
+}
+
+bool TablatureView::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || !m_song) return QAbstractScrollArea::viewportEvent(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  const auto chord = chordUnder(help->pos());
+  const auto& chords = m_song->allChords();
+  if (!chord || *chord >= static_cast<int>(chords.size())) {
+    QToolTip::hideText();
+    return true;
+  }
+  const QBChord& under = *chords[static_cast<std::size_t>(*chord)];
+  const QString words = ChordWords(tuningOf(m_song)).grip(under);
+  QToolTip::showText(help->globalPos(), words, viewport(), chordRect(*chord));
+  return true;
+}
+
+}  // namespace korvel::ui

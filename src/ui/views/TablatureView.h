@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QElapsedTimer>
+#include <optional>
+
+#include "platform/persistence/Ref.h"
+#include "tab/ChordSearch.h"
+#include "tab/TabLayout.h"
+#include "ui/views/TabCanvas.h"
+#include "workflow/SessionViews.h"
+
+namespace korvel {
+class QBSong;
+}  // namespace korvel
+
+namespace korvel::ui {
+
+/// The text tablature of the active song: shows which chord plays, which are looped and which are
+/// selected, and has a cursor on one string of one chord, at which keys edit. Changes nothing
+/// itself but tells what the user wants.
+///
+/// Chords are named by their index in the song's `allChords`; -1 is none. Shows the song as it was
+/// at the last `refresh`, which has to follow every change of its chords, loop or text.
+class TablatureView final : public QAbstractScrollArea, public TabView {
+  Q_OBJECT
+
+ public:
+  explicit TablatureView(QWidget* parent = nullptr);
+  ~TablatureView() override;
+
+  // What the session says.
+  void setActiveSong(QBSong* song) override;
+  void drawPlayMode(float fraction) override;
+  /// Keeps the cursor, the selection and the place in the text.
+  void refresh() override;
+  /// Column and row of the text.
+  void handleClick(double x, double y) override;
+  /// While locked, clicks move the cursor but not the loop, and keys do not edit.
+  void lock(bool locked) override;
+  void drawTuning(QBTuning* tuning) override;
+  void drawContent(const std::string& text) override;
+  void sayGoodBye() override;
+
+  QBSong* song() const { return m_song; }
+  const TabLayout& tabLayout() const { return m_layout; }
+  int cursorChord() const { return m_chord; }
+  int cursorString() const { return m_string; }
+  int playingChord() const { return m_playing; }
+  /// The place of the cursor in words; empty without one.
+  QString placeText() const;
+  QString selectedText() const;
+  /// Percent of the font's size.
+  int zoom() const { return m_zoom; }
+  /// Shown as long as there is nothing else.
+  void setPlaceholderText(const QString& text);
+  /// The monospaced font to show and print in; its size at 100 % is the widget's own.
+  void setTabFamily(const QString& family);
+  QFont tabFont() const;
+  /// Where a chord is drawn, in coordinates of the viewport.
+  QRect chordRect(int chord) const;
+
+ public slots:
+  void moveCursor(int chord, int string);
+  void showPlaying(int chord);
+  void setZoom(int percent);
+  void zoomIn();
+  void zoomOut();
+  void resetZoom() { setZoom(100); }
+  void copy() const;
+  void selectAll();
+  void selectNone();
+  /// Move the cursor to the next chord of that name; false when there is none.
+  bool findNext(const QString& name);
+  bool findPrevious(const QString& name);
+
+ signals:
+  /// A chord of the tablature was clicked, or Enter was pressed on it: for
+  /// `QBSession::selectChord`.
+  void clicked(double x, double y);
+  /// The session handed on a click on that chord: the nearer end of the loop goes there.
+  void loopEndChosen(int chord);
+  void cursorMoved(int chord, int string);
+  /// `continues` when a second digit makes one fret of it and the digit before.
+  void fretTyped(int chord, int string, int fret, bool continues);
+  void removalWanted(int chord, int string);
+  void playToggled();
+  void zoomChanged(int percent);
+  void selectionChanged(bool any);
+
+ protected:
+  bool event(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  struct Span {
+    int first = -1;
+    int last = -1;
+    bool contains(int chord) const { return first >= 0 && first <= chord && chord <= last; }
+  };
+  struct Typed {
+    int chord = -1;
+    int string = -1;
+    int fret = 0;
+    QElapsedTimer since;
+  };
+
+  // Geometry.
+  void remeasure();
+  void updateScrollBars();
+  QPointF origin() const;
+  QPointF toCells(const QPoint& position) const;
+  std::optional<int> chordUnder(const QPoint& position) const;
+  QRectF cellsOf(const TabLayout::Place& place) const;
+  QRectF cursorCells() const;
+  void reveal(const QRectF& cells);
+  void follow(int chord);
+  void updateChord(int chord);
+
+  // Painting.
+  QString shownRow(int row) const;
+  void addInactiveTones(QString& words, const TabLayout::System& system, int row) const;
+  void paintGround(QPainter& painter, const TabLayout::System& system) const;
+  void paintMarks(QPainter& painter, const TabLayout::System& system) const;
+  void paintBracket(QPainter& painter, const TabLayout::Place& place, bool opening) const;
+  void paintCursor(QPainter& painter) const;
+  void paintPlaceholder(QPainter& painter) const;
+
+  // Input.
+  bool zoomByKey(QKeyEvent& event);
+  bool copyByKey(QKeyEvent& event);
+  bool moveByKey(QKeyEvent& event);
+  bool editByKey(QKeyEvent& event);
+  void moveTo(std::optional<int> chord, int string, bool selecting);
+  int chordOnPage(int pages) const;
+  void typeDigit(int digit);
+  void select(Span span);
+  void offerSelection() const;
+  bool find(const QString& name, SearchDirection direction);
+  void announce(const QString& before);
+  void readLoop();
+
+  platform::Ref<QBSong> m_song;
+  TabLayout m_layout;
+  TabCanvas m_canvas;
+  QString m_family;
+  QString m_placeholder;
+  int m_zoom = 100;
+  bool m_locked = false;
+
+  int m_chord = -1;
+  int m_string = 0;
+  int m_playing = -1;
+  Span m_loop;
+  Span m_selection;
+  int m_anchor = -1;  ///< Where the selection began.
+  std::optional<QPoint> m_pressed;
+  bool m_dragging = false;
+  Typed m_typed;
+};
+
+}  // namespace korvel::ui

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/views/TablatureView.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "platform/FileError.h"
+#include "support/Approved.h"
+#include "support/StandardStore.h"
+#include "ui/views/TablaturePages.h"
+
+namespace korvel::ui {
+namespace {
+
+class TablatureViewTest : public testing::Test {
+ protected:
+  TablatureViewTest() {
+    for (int i = 0; i < 200; ++i) test::addChord(m_song, i % 5 == 4 ? "xxxxxx" : "x02210", 2);
+    m_song->buildTab();
+    m_view.resize(800, 400);
+    m_view.setActiveSong(m_song);
+    m_view.show();
+  }
+
+  void click(int chord, Qt::KeyboardModifiers modifiers = {}) {
+    // Four and a half of the ten rows down: the D string.
+    const QRect rect = m_view.chordRect(chord);
+    const QPoint fret(rect.left() + rect.width() / 4, rect.top() + rect.height() * 9 / 20);
+    QTest::mouseClick(m_view.viewport(), Qt::LeftButton, modifiers, fret);
+  }
+
+  void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&m_view, static_cast<Qt::Key>(key), modifiers);
+  }
+
+  test::StandardStore m_store;
+  QBSong* m_song = m_store.song("Waltz");
+  TablatureView m_view;
+};
+
+TEST_F(TablatureViewTest, clickMovesTheLoopUnlessLocked) {
+  // As the session relays it.
+  QObject::connect(&m_view, &TablatureView::clicked, &m_view, &TablatureView::handleClick);
+  const QSignalSpy chosen(&m_view, &TablatureView::loopEndChosen);
+  click(7);
+  ASSERT_EQ(chosen.count(), 1);
+  EXPECT_EQ(chosen[0][0].toInt(), 7);
+  EXPECT_EQ(m_view.cursorChord(), 7);
+  EXPECT_EQ(m_view.cursorString(), 2);
+  press(Qt::Key_Return);
+  EXPECT_EQ(chosen.count(), 2);
+  m_view.lock(true);
+  click(8);
+  EXPECT_EQ(chosen.count(), 2);
+  EXPECT_EQ(m_view.cursorChord(), 8);
+}
+
+TEST_F(TablatureViewTest, keysMoveTheCursorAndEdit) {
+  m_view.moveCursor(2, 3);
+  press(Qt::Key_Right);
+  press(Qt::Key_Right);
+  press(Qt::Key_Up);
+  EXPECT_EQ(m_view.cursorChord(), 4) << "a silent chord can be filled";
+  press(Qt::Key_Left);
+  press(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(m_view.cursorChord(), 5);
+  EXPECT_EQ(m_view.cursorString(), 4);
+
+  const QSignalSpy typed(&m_view, &TablatureView::fretTyped);
+  press(Qt::Key_1);
+  press(Qt::Key_2);
+  press(Qt::Key_3);
+  ASSERT_EQ(typed.count(), 3);
+  EXPECT_EQ(typed[0], (QVariantList{5, 4, 1, false}));
+  EXPECT_EQ(typed[1], (QVariantList{5, 4, 12, true}));
+  EXPECT_EQ(typed[2], (QVariantList{5, 4, 3, false})) << "there is no fret 123";
+
+  const QSignalSpy removed(&m_view, &TablatureView::removalWanted);
+  const QSignalSpy played(&m_view, &TablatureView::playToggled);
+  press(Qt::Key_Delete);
+  press(Qt::Key_Space);
+  m_view.lock(true);
+  press(Qt::Key_Delete);
+  press(Qt::Key_Space);
+  EXPECT_EQ(removed.count(), 1);
+  EXPECT_EQ(played.count(), 2) << "playing can be stopped";
+  press(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(m_view.cursorChord(), 199);
+}
+
+TEST_F(TablatureViewTest, viewFollowsThePlayingChord) {
+  m_view.drawPlayMode(0.9F);
+  EXPECT_EQ(m_view.playingChord(), 179) << "a silent one";
+  EXPECT_FALSE(m_view.viewport()->rect().contains(m_view.chordRect(0)));
+  m_view.showPlaying(180);
+  EXPECT_TRUE(m_view.viewport()->rect().contains(m_view.chordRect(180)));
+  const QImage marked = m_view.grab().toImage();
+  m_view.setActiveSong(m_song);
+  EXPECT_NE(m_view.grab().toImage(), marked) << "the marker goes when playing ends";
+}
+
+TEST_F(TablatureViewTest, selectedChordsAreCopiedAsTablature) {
+  m_view.moveCursor(1, 0);
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  press(Qt::Key_C, Qt::ControlModifier);
+  const QStringList rows = QApplication::clipboard()->text().split('\n');
+  EXPECT_EQ(rows.value(1).toStdString(), " |E---- -0--------0---");
+  EXPECT_EQ(rows.value(6).toStdString(), " |E---- --------------");
+  press(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(m_view.selectedText().contains("Recorded by Korvel"));
+  click(1);
+  click(3, Qt::ShiftModifier);
+  EXPECT_EQ(m_view.selectedText().count('2'), 6) << "two a chord";
+}
+
+TEST_F(TablatureViewTest, saysInWordsWhereTheCursorIs) {
+  m_view.moveCursor(1, 2);
+  EXPECT_EQ(m_view.placeText(), "Chord 2 of 200, D string, fret 2");
+  m_view.moveCursor(1, 5);
+  EXPECT_EQ(m_view.placeText(), "Chord 2 of 200, E string (1), open");
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&m_view);
+  ASSERT_TRUE(interface && interface->textInterface());
+  EXPECT_EQ(interface->textInterface()->text(0, 7), "Chord 2");
+  EXPECT_EQ(interface->text(QAccessible::Description), m_view.placeText());
+}
+
+TEST_F(TablatureViewTest, silencedTonesStayVisible) {
+  QBHold* hold = m_song->allChords()[0]->hold();
+  hold->findToneByString(2)->setActive(false);
+  m_song->buildTab();
+  m_view.refresh();
+  const QImage silenced = m_view.grab().toImage();
+  hold->deleteToneOfString(2);
+  m_view.refresh();
+  EXPECT_NE(m_view.grab().toImage(), silenced);
+}
+
+TEST_F(TablatureViewTest, songThatLosesItsChordsIsStillShown) {
+  m_view.moveCursor(150, 0);
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  QBSong* shorter = m_store.song("Empty");
+  m_view.setActiveSong(shorter);
+  EXPECT_EQ(m_view.cursorChord(), -1);
+  EXPECT_TRUE(m_view.selectedText().isEmpty());
+  for (const int key : {int{Qt::Key_Right}, int{Qt::Key_PageDown}, int{Qt::Key_End}, int{Qt::Key_5},
+                        int{Qt::Key_Return}})
+    press(key);
+  m_view.drawPlayMode(0.5F);
+  m_view.drawContent("EXCEPTION OCCURED");
+  EXPECT_FALSE(m_view.grab().isNull());
+}
+
+TEST_F(TablatureViewTest, zoomKeepsWhatIsAtTheTop) {
+  m_view.moveCursor(190, 0);
+  const QRect before = m_view.chordRect(190);
+  press(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(m_view.zoom(), 110);
+  EXPECT_GT(m_view.chordRect(190).width(), before.width());
+  EXPECT_NEAR(m_view.chordRect(190).top(), before.top() * 1.1, 20);
+  press(Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(m_view.zoom(), 100);
+}
+
+TEST_F(TablatureViewTest, pdfAppearsWholeOrNotAtAll) {
+  const std::string file = m_store.folder().file("waltz.pdf");
+  savePdf(*m_song, m_view.tabFont(), file);
+  const std::string pdf = test::readFile(file);
+  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+  const std::string missing = m_store.folder().file("missing/waltz.pdf");
+  try {
+    savePdf(*m_song, m_view.tabFont(), missing);
+    FAIL() << "nothing was thrown";
+  } catch (const platform::FileError& error) {
+    EXPECT_EQ(error.file(), missing);
+  }
+}
+
+}  // namespace
+}  // namespace korvel::ui
