@@ -7,7 +7,6 @@
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/SongChoice.h"
-#include "cli/TuningForNow.h"
 #include "model/QBAlbum.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
@@ -15,6 +14,7 @@
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBSession.h"
 #include "workflow/QBSongNode.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {

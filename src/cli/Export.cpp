@@ -9,10 +9,10 @@
 #include "cli/OutputFile.h"
 #include "cli/ScoreFile.h"
 #include "cli/SongChoice.h"
-#include "cli/TuningForNow.h"
 #include "export/SongMidi.h"
 #include "export/SongScore.h"
 #include "model/QBSong.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {

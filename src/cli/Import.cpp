@@ -8,8 +8,7 @@
 
 #include "cli/CliError.h"
 #include "cli/Console.h"
-#include "cli/SoundCheck.h"
-#include "cli/TuningForNow.h"
+#include "cli/TuningChoice.h"
 #include "export/SongJson.h"
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
@@ -23,6 +22,8 @@
 #include "workflow/QBCmdImportSong.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
+#include "workflow/SoundCheck.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {

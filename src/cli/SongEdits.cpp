@@ -6,7 +6,6 @@
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/SongChoice.h"
-#include "cli/TuningForNow.h"
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
 #include "model/QBSong.h"
@@ -15,6 +14,7 @@
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSongNode.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {

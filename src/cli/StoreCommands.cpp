@@ -7,13 +7,13 @@
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/SongChoice.h"
-#include "cli/TuningForNow.h"
 #include "export/SongJson.h"
 #include "model/QBAlbum.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
 #include "platform/persistence/StoreFile.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {

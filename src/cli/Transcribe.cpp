@@ -11,10 +11,11 @@
 #include "cli/Console.h"
 #include "cli/OutputFile.h"
 #include "cli/ScoreFile.h"
-#include "cli/SoundCheck.h"
-#include "cli/TuningForNow.h"
+#include "cli/TuningChoice.h"
 #include "model/QBTuning.h"
 #include "workflow/NoteScore.h"
+#include "workflow/SoundCheck.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {

@@ -95,6 +95,7 @@ class QBTabMgr {
   void selectTuning(QBTuning* tuning);
   /// Stands in for the selected tuning until another one, or none, is set; never stored.
   void setTuningForNow(QBTuning* tuning);
+  QBTuning* tuningForNow() const { return m_tuningForNow; }
   /// The first active one, or none.
   QBInstrument* selectedInstrument() const;
   void deselectAllInstruments();

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/TuningForNow.h"
+#include "cli/TuningChoice.h"
 
 #include "cli/CliError.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
 
 namespace korvel::cli {
-
-TuningForNow::TuningForNow(QBTuning* tuning) { QBTabMgr::db().setTuningForNow(tuning); }
-
-TuningForNow::~TuningForNow() { QBTabMgr::db().setTuningForNow(nullptr); }
 
 QBTuning& chooseTuning(const std::string& name) {
   std::string known;

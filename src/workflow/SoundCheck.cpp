@@ -1,25 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/SoundCheck.h"
+#include "workflow/SoundCheck.h"
 
 #include <algorithm>
 #include <filesystem>
 
-#include "cli/CliError.h"
 #include "platform/MediaAsset.h"
 #include "platform/MediaError.h"
 #include "platform/MediaReader.h"
 
-namespace korvel::cli {
+namespace korvel {
 namespace {
 
 namespace fs = std::filesystem;
 
 void requireFile(const std::string& file) {
   std::error_code error;
-  if (!fs::exists(file, error)) throw CliError(file + ": there is no such file");
-  if (fs::is_directory(file, error)) throw CliError(file + ": is a folder; name a sound file");
-  if (!fs::is_regular_file(file, error)) throw CliError(file + ": is not a plain file");
-  if (fs::file_size(file, error) == 0) throw CliError(file + ": is empty");
+  if (!fs::exists(file, error)) throw NoSound(file + ": there is no such file");
+  if (fs::is_directory(file, error)) throw NoSound(file + ": is a folder; name a sound file");
+  if (!fs::is_regular_file(file, error)) throw NoSound(file + ": is not a plain file");
+  if (fs::file_size(file, error) == 0) throw NoSound(file + ": is empty");
 }
 
 const platform::MediaTrack& soundTrack(const platform::MediaAsset& asset) {
@@ -29,9 +28,9 @@ const platform::MediaTrack& soundTrack(const platform::MediaAsset& asset) {
   };
   if (const MediaTrack* found = asset.firstSound()) return *found;
   const bool any = std::ranges::any_of(asset.tracks(), isSound);
-  throw CliError(asset.file().string() +
-                 (any ? ": its sound is in a coding that cannot be decoded; convert it to WAV first"
-                      : ": has no sound track"));
+  throw NoSound(asset.file().string() +
+                (any ? ": its sound is in a coding that cannot be decoded; convert it to WAV first"
+                     : ": has no sound track"));
 }
 
 }  // namespace
@@ -39,14 +38,14 @@ const platform::MediaTrack& soundTrack(const platform::MediaAsset& asset) {
 void requireSound(const std::string& file) {
   requireFile(file);
   const platform::MediaAsset asset(file);
-  if (!asset.hasTrackList()) throw CliError(asset.problem());
+  if (!asset.hasTrackList()) throw NoSound(asset.problem());
   try {
     platform::MediaReader reader(asset, soundTrack(asset));
     if (reader.start() && !reader.next().empty()) return;
   } catch (const platform::MediaError& error) {
-    throw CliError(error.what());
+    throw NoSound(error.what());
   }
-  throw CliError(file + ": no sound could be decoded; is the file complete?");
+  throw NoSound(file + ": no sound could be decoded; is the file complete?");
 }
 
-}  // namespace korvel::cli
+}  // namespace korvel
