@@ -91,6 +91,7 @@ void QBMediaTrack::stopRecord() {
 }
 
 double QBMediaTrack::progress() const {
+  if (isReading()) return m_reader->progress();
   if (m_nmbOfBlocks == 0) return 1;
   return static_cast<double>(m_nmbOfProcessedBlocks) / static_cast<double>(m_nmbOfBlocks);
 }

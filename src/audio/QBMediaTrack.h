@@ -43,7 +43,7 @@ class QBMediaTrack final : public QBSampleSource {
   QBBlock& topBlock();
   /// 0 until the last block is handed out, then 100. Throws std::domain_error before any was read.
   int workingStateInPercent() const override;
-  /// Of the blocks that were read.
+  /// Of the file while it is being read, of its blocks afterwards.
   double progress() const override;
 
   std::int64_t nmbOfBlocks() const { return m_nmbOfBlocks; }

@@ -125,6 +125,7 @@ class MediaReader::Decoding {
   }
 
   bool isReading() const { return m_reading; }
+  double progress() const { return m_decoder.progress(); }
   void cancel() { m_reading = false; }
 
  private:
@@ -144,6 +145,7 @@ MediaReader::~MediaReader() = default;
 bool MediaReader::start() { return m_decoding->start(); }
 std::span<const std::byte> MediaReader::next() { return m_decoding->next(); }
 bool MediaReader::isReading() const { return m_decoding->isReading(); }
+double MediaReader::progress() const { return m_decoding->progress(); }
 void MediaReader::cancel() { m_decoding->cancel(); }
 
 }  // namespace korvel::platform

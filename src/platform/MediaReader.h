@@ -30,6 +30,8 @@ class MediaReader {
   std::span<const std::byte> next();
   /// From a successful start to the end of the track or cancel.
   bool isReading() const;
+  /// How much of the file has been read, 0..1.
+  double progress() const;
   void cancel();
 
  private:

@@ -5,6 +5,7 @@
 
 #include "model/QBAlbum.h"
 #include "model/QBSong.h"
+#include "workflow/QBSession.h"
 #include "workflow/QBSongNode.h"
 
 namespace korvel {
@@ -20,6 +21,20 @@ std::shared_ptr<QBAlbumNode> QBAlbumNode::withSongs(QBAlbum* album) {
 }
 
 std::string QBAlbumNode::title() const { return m_album->name(); }
+
+void QBAlbumNode::followSongs() {
+  const Children before = std::move(m_children);
+  m_children.clear();
+  for (QBSong* song : m_album->songs()) {
+    if (QBSession::session().isScratch(*song)) continue;
+    const auto known =
+        std::ranges::find_if(before, [&](const auto& child) { return child->song() == song; });
+    if (known != before.end())
+      m_children.push_back(*known);
+    else
+      addChild(song);
+  }
+}
 
 QBSongNode* QBAlbumNode::addChild(QBSong* song) {
   m_children.push_back(std::make_shared<QBSongNode>(song, weak_from_this()));

@@ -28,6 +28,9 @@ class QBAlbumNode final : public QBTreeNode, public std::enable_shared_from_this
   std::string title() const override;
   QBAlbum* album() const { return m_album; }
   const Children& children() const { return m_children; }
+  /// The songs that the album has now, in its order, but for those that a running job only tries
+  /// things on. Nodes that are there already stay the same.
+  void followSongs();
   QBSongNode* addChild(QBSong* song);
   void removeChild(const QBSongNode& child);
   /// None when no child shows the song.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/QBCmdImportSong.h"
 
+#include <chrono>
 #include <stdexcept>
 
 #include "analysis/QBChordAnalyserGame.h"
@@ -13,12 +14,25 @@
 #include "model/QBInstrument.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
 #include "workflow/QBAlbumNode.h"
+#include "workflow/QBSession.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel {
 namespace {
 
-constexpr int kChordsOfStep = 100;
+constexpr int kAll = 100;
+
+/// Steps of many small parts end here, so that the user does not wait for them.
+class Deadline {
+ public:
+  bool isOver() const { return Clock::now() >= m_end; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point m_end = Clock::now() + std::chrono::milliseconds(10);
+};
 
 }  // namespace
 
@@ -36,21 +50,28 @@ void QBCmdImportSong::setDetection(ImportDetection detection, const precise::Set
 }
 
 void QBCmdImportSong::prepare() {
+  m_tuning = QBTabMgr::db().selectedTuning();
   printOut("(1/3) importing file .....");
   if (m_detection == ImportDetection::precise)
     hearPrecisely();
   else
     hearBlocks();
   m_recorder->startWithoutTimer("Test", 0.0F);
+  m_scratch = m_source->album()->songs().snapshot().back();
   printOut("(2/3) scanning chords .....");
 }
 
+/// A stepped import decodes the file itself, as far as the next block takes it, where the recorder
+/// would decode all of it at once: the recorder is therefore made before there is a source.
 void QBCmdImportSong::hearBlocks() {
   QBTabMgr& db = QBTabMgr::db();
+  const auto track = std::make_shared<QBMediaTrack>(m_file);
   m_analyser = std::make_shared<QBChordAnalyserGame>(nullptr, db.selectedTuning());
-  m_analyser->setM_source(std::make_shared<QBMediaTrack>(m_file));
+  if (!isStepped()) m_analyser->setM_source(track);
   m_recorder = std::make_unique<QBChordRecorder>(m_analyser, db.selectedInstrument(), m_newSong,
                                                  m_source->album());
+  m_analyser->setM_source(track);
+  if (isStepped() && track->open()) m_decoding = track;
 }
 
 void QBCmdImportSong::hearPrecisely() {
@@ -59,22 +80,53 @@ void QBCmdImportSong::hearPrecisely() {
   m_recorder = std::make_unique<QBPreciseRecorder>(m_analyser, m_newSong, m_source->album());
 }
 
+QBSong* QBCmdImportSong::newSong() const { return m_newSong; }
+
 void QBCmdImportSong::execute() {
   printOut(".. scanning chords.");
   while (!atEnd()) takeNextChord();
 }
 
 void QBCmdImportSong::nextStep() {
-  if (atEnd()) {
-    stop();
+  const TuningForNow chosen(m_tuning);
+  try {
+    step();
+  } catch (...) {
+    abandon();
+    throw;
+  }
+}
+
+void QBCmdImportSong::step() {
+  if (m_newSong->isDeleted()) {
+    abandon();
     return;
   }
-  // Chords of what was heard before cost next to nothing.
-  const int most = m_detection == ImportDetection::precise ? kChordsOfStep : 1;
-  for (int taken = 0; taken < most && takeNextChord(); ++taken) continue;
+  decodeNextBlock();
+  if (atEnd())
+    stop();
+  else
+    takeChords();
+}
+
+/// The last block may still grow until the file is at its end.
+void QBCmdImportSong::decodeNextBlock() {
+  constexpr int kWithTheGrowingOne = 2;
+  const auto pending = [this] {
+    return m_decoding->nmbOfBlocks() - m_decoding->nmbOfProcessedBlocks();
+  };
+  while (m_decoding && pending() < kWithTheGrowingOne)
+    if (!m_decoding->pullBuffer()) m_decoding.reset();
+}
+
+/// Chords of what the precise detection has heard cost next to nothing.
+void QBCmdImportSong::takeChords() {
+  const Deadline deadline;
+  while (takeNextChord() && m_detection == ImportDetection::precise && !deadline.isOver()) continue;
 }
 
 void QBCmdImportSong::tearDown() {
+  const TuningForNow chosen(m_tuning);
   m_recorder->stopWithoutTimer();
   printOut("(3/3) building tabulature .....");
   try {
@@ -82,10 +134,52 @@ void QBCmdImportSong::tearDown() {
   } catch (const std::out_of_range&) {
     // Nothing was heard: a song without chords has no tablature, and the import ends all the same.
   }
+  dropBuffers();
+  if (m_saving) QBTabMgr::db().save();
+  m_percent = kAll;
   printOut("Song successfully imported.");
-  // The job stays listed; its buffers need not.
+}
+
+void QBCmdImportSong::stopAndKeep() {
+  if (m_detection == ImportDetection::precise)
+    m_analyser->m_source()->stopRecord();
+  else
+    stop();
+}
+
+void QBCmdImportSong::cancelAndDrop() {
+  abandon();
+  dropSong();
+  if (m_saving) QBTabMgr::db().save();
+  printOut("Import cancelled, nothing was kept.");
+  QBSession::session().refreshTree();
+}
+
+void QBCmdImportSong::abandon() {
+  abandonSteps();
+  if (m_recorder) m_recorder->stopWithoutTimer();
+  dropBuffers();
+}
+
+/// The job stays listed; its buffers need not. Blocks that nobody took would be stored.
+void QBCmdImportSong::dropBuffers() {
+  const auto source = m_analyser ? m_analyser->m_source() : nullptr;
+  while (const auto block = source ? source->readBlockFromSamples() : nullptr)
+    QBTabMgr::db().deleteBlock(block);
+  if (source) source->stopRecord();
+  m_decoding.reset();
+  m_scratch = nullptr;
   m_recorder.reset();
   m_analyser.reset();
+}
+
+void QBCmdImportSong::dropSong() {
+  QBSession& session = QBSession::session();
+  const platform::Ref<QBAlbum> album = m_source->album();
+  if (session.activeSong() == m_newSong) session.setActiveSong(nullptr);
+  if (!m_newSong->isDeleted()) album->deleteSong(m_newSong);
+  if (m_ownsAlbum && !album->isDeleted() && album->songs().empty())
+    QBTabMgr::db().deleteAlbum(album);
 }
 
 bool QBCmdImportSong::atEnd() const { return !m_analyser || m_analyser->atEnd(); }
@@ -93,7 +187,9 @@ bool QBCmdImportSong::atEnd() const { return !m_analyser || m_analyser->atEnd();
 /// Whether there was one.
 bool QBCmdImportSong::takeNextChord() {
   const bool taken = m_recorder->nextChord() != nullptr;
-  if (m_listener) m_listener(m_analyser->progress());
+  const double share = m_analyser->progress();
+  m_percent = static_cast<int>(kAll * share);
+  if (m_listener) m_listener(share);
   return taken;
 }
 

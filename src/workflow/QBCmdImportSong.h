@@ -12,11 +12,14 @@
 namespace korvel {
 
 class QBChordAnalyser;
+class QBMediaTrack;
 class QBRecorder;
+class QBTuning;
 
 /// Turns a media file into the chords and the tablature of a song. What is wrong with a file shows
 /// in the log only; a file without sound leaves a song without chords and without tablature.
 /// `stop` between two steps ends an import early, and leaves the song with the chords so far.
+/// The tuning that is selected at the beginning is that of the whole import.
 class QBCmdImportSong final : public QBCmdAlbum {
  public:
   QBCmdImportSong(std::shared_ptr<QBAlbumNode> album, std::string file, QBSong* newSong);
@@ -25,15 +28,27 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// Before `prepare`. Classic is what is chosen otherwise, which needs no settings.
   void setDetection(ImportDetection detection, const precise::Settings& settings = {});
 
-  /// Decodes the whole file for the classic detection, and opens it for the precise one.
+  /// Saves the store before the last line of the log, for a front end that goes on meanwhile.
+  void setSaving(bool saving) { m_saving = saving; }
+  /// The album was made for this import, and goes with the song when the import is dropped.
+  void setOwnsAlbum(bool owns) { m_ownsAlbum = owns; }
+
+  /// Opens the file; decodes all of it for the classic detection, unless stepped.
   void prepare() override;
   void execute() override;
   /// One block of the file. Of the precise detection a few hundredths of a second of listening or,
-  /// afterwards, a hundred blocks. Stops the command when there is nothing left to do.
+  /// afterwards, some blocks. Stops the command when there is nothing left to do.
   void nextStep() override;
   void tearDown() override;
+  /// What was not heard yet is left out; the precise detection still makes chords of the rest.
+  void stopAndKeep() override;
+  /// Deletes the song.
+  void cancelAndDrop() override;
   /// Type and name without a blank between them: the form that the job list shows.
   std::string fullTitle() const override { return m_type + m_name; }
+  bool usesAsScratch(const QBSong& song) const override { return m_scratch == &song; }
+  const std::string& file() const { return m_file; }
+  QBSong* newSong() const;
 
   /// Called after each step with the share of the work that is done, 0..1.
   void onProgress(std::function<void(double)> listener) { m_listener = std::move(listener); }
@@ -41,15 +56,26 @@ class QBCmdImportSong final : public QBCmdAlbum {
  private:
   void hearBlocks();
   void hearPrecisely();
+  void step();
+  void decodeNextBlock();
   bool atEnd() const;
   bool takeNextChord();
+  void takeChords();
+  void abandon();
+  void dropBuffers();
+  void dropSong();
 
   std::string m_file;
   platform::Ref<QBSong> m_newSong;
   ImportDetection m_detection = ImportDetection::classic;
   precise::Settings m_settings{};
+  bool m_saving = false;
+  bool m_ownsAlbum = false;
+  platform::Ref<QBTuning> m_tuning;
+  std::shared_ptr<QBMediaTrack> m_decoding;  ///< While a stepped import decodes its file.
   std::shared_ptr<QBChordAnalyser> m_analyser;
   std::unique_ptr<QBRecorder> m_recorder;
+  platform::Ref<QBSong> m_scratch;  ///< The recorder's.
   std::function<void(double)> m_listener;
 };
 

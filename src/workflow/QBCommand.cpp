@@ -21,8 +21,16 @@ void QBCommand::run() {
 }
 
 void QBCommand::runInBackground() {
+  m_stepped = true;
   prepare();
-  m_timer = platform::RunLoop::main().scheduleRepeating(kStepSeconds, [this] { nextStep(); });
+  m_timer = platform::RunLoop::main().scheduleRepeating(kStepSeconds, [this] {
+    try {
+      nextStep();
+    } catch (...) {
+      m_timer.reset();
+      throw;
+    }
+  });
 }
 
 void QBCommand::stop() {

@@ -9,6 +9,8 @@
 
 namespace korvel {
 
+class QBSong;
+
 /// A piece of work that the session lists as a job: run at once, or step by step on the run loop's
 /// timer so that the program stays alive meanwhile. Main thread.
 class QBCommand {
@@ -26,7 +28,7 @@ class QBCommand {
   /// prepare, execute, tearDown.
   void run();
   /// prepare, then a nextStep for every tick of the timer until the command stops itself. It must
-  /// stay alive until then.
+  /// stay alive until then. A step that throws is the last one.
   void runInBackground();
   /// Ends the steps and tears down.
   void stop();
@@ -40,12 +42,21 @@ class QBCommand {
   void appendOut(std::string_view text);
   void concatAndPrintOut(std::string_view a, std::string_view b);
   virtual std::string fullTitle() const { return ""; }
+  /// Whether the song is only there for the command to try things on.
+  virtual bool usesAsScratch(const QBSong&) const { return false; }
 
   std::string m_type;  ///< Kind of command, as the job list shows it.
   std::string m_name;
   int m_percent = 0;
 
+ protected:
+  /// Whether the steps are those of `runInBackground`; known when it calls prepare.
+  bool isStepped() const { return m_stepped; }
+  /// Ends the steps without tearing down.
+  void abandonSteps() { m_timer.reset(); }
+
  private:
+  bool m_stepped = false;
   std::unique_ptr<platform::RunLoop::Timer> m_timer;
 };
 

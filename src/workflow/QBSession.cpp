@@ -3,6 +3,7 @@
 
 #include <cxxabi.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <typeinfo>
@@ -65,6 +66,10 @@ void QBSession::addJob(std::shared_ptr<QBCommand> command) {
 void QBSession::removeJob(const QBCommand& command) {
   std::erase_if(m_jobs, [&](const auto& job) { return job.get() == &command; });
   if (m_views.batch) m_views.batch->reload();
+}
+
+bool QBSession::isScratch(const QBSong& song) const {
+  return std::ranges::any_of(m_jobs, [&](const auto& job) { return job->usesAsScratch(song); });
 }
 
 // ---- log and reports

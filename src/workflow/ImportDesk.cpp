@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/ImportDesk.h"
+
+#include <filesystem>
+
+#include "model/QBAlbum.h"
+#include "model/QBInstrument.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+#include "workflow/LibraryTree.h"
+#include "workflow/QBAlbumNode.h"
+#include "workflow/QBCmdImportSong.h"
+#include "workflow/QBNameMgr.h"
+#include "workflow/QBSession.h"
+#include "workflow/SoundCheck.h"
+
+namespace korvel {
+namespace {
+
+void requireInstrument() {
+  if (!QBTabMgr::db().selectedInstrument())
+    throw std::runtime_error("no instrument is selected that could confirm tones; select one");
+}
+
+/// The song that an import fills, with the album made for it unless there is one.
+QBSong* newSong(const std::string& file, QBAlbum* into) {
+  QBTabMgr& db = QBTabMgr::db();
+  const std::string name = std::filesystem::path(file).stem().string();
+  QBAlbum* album = into ? into : db.createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
+  QBSong* song = album->createSong(into ? QBNameMgr(into, name).newName() : album->name());
+  song->setTuning(db.selectedTuning());
+  return song;
+}
+
+}  // namespace
+
+void ImportDesk::setDetection(ImportDetection detection, const precise::Settings& settings) {
+  m_detection = detection;
+  m_settings = settings;
+}
+
+std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file, QBAlbum* into) {
+  try {
+    return start(file, into);
+  } catch (const std::exception& exception) {
+    QBSession::session().handleException("importSong", exception);
+    return nullptr;
+  }
+}
+
+std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
+  requireSound(file);
+  if (m_detection == ImportDetection::classic) requireInstrument();
+  QBSong* song = newSong(file, into);
+  QBSession& session = QBSession::session();
+  session.refreshTree();
+  m_tree.refresh();
+  const auto command = std::make_shared<QBCmdImportSong>(m_tree.find(song->album()), file, song);
+  command->m_name = ": " + std::filesystem::path(file).filename().string();
+  command->setDetection(m_detection, m_settings);
+  command->setSaving(true);
+  command->setOwnsAlbum(!into);
+  session.addJob(command);
+  try {
+    command->runInBackground();
+  } catch (...) {
+    command->cancelAndDrop();
+    throw;
+  }
+  return command;
+}
+
+void ImportDesk::dropAll() {
+  const QBSession& session = QBSession::session();
+  for (std::size_t i = 0; i < session.numberOfCurrentJobs(); ++i) {
+    QBCommand& job = session.findJobByIndex(i);
+    if (job.isRunning()) job.cancelAndDrop();
+  }
+}
+
+}  // namespace korvel

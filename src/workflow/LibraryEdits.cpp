@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/LibraryEdits.h"
+
+#include <algorithm>
+
+#include "analysis/QBMusicXMLParser.h"
+#include "export/QBMusicXMLTag.h"
+#include "export/QBMusicXMLVisitorFile.h"
+#include "model/QBAlbum.h"
+#include "model/QBInstrument.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+#include "workflow/QBNameMgr.h"
+#include "workflow/QBSession.h"
+#include "workflow/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+QBTabMgr& db() { return QBTabMgr::db(); }
+
+/// Whoever reads the line can rely on the edit.
+void done(std::string_view line) {
+  db().save();
+  QBSession::session().addToLog(line);
+  QBSession::session().refreshTree();
+}
+
+void requireName(const std::string& name, const char* what) {
+  if (name.find_first_not_of(" \t\r\n") == std::string::npos)
+    throw EditRefused(std::string(what) + " needs a name; type one");
+}
+
+void redraw(QBSong& song) {
+  const TuningForNow chosen(song.tuning());
+  if (!song.chords().empty()) song.buildTab();
+}
+
+void leave(const QBAlbum& album) {
+  QBSession& session = QBSession::session();
+  const QBSong* active = session.activeSong();
+  if (active && active->album() == &album) session.setActiveSong(nullptr);
+}
+
+}  // namespace
+
+// ---- albums
+
+QBAlbum* newAlbum(const std::string& name) {
+  requireName(name, "An album");
+  QBAlbum* album = db().createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
+  done("Album created.");
+  return album;
+}
+
+void renameAlbum(QBAlbum& album, const std::string& name) {
+  if (name == album.name()) return;
+  requireName(name, "An album");
+  if (db().findAlbumByName(name))
+    throw EditRefused(name + ": there is an album of that name already; choose another name");
+  album.setName(name);
+  done("Album renamed.");
+}
+
+QBAlbum* cloneAlbum(QBAlbum& album) {
+  const std::string name = QBNameMgr(nullptr, album.name()).newAlbumName();
+  QBAlbum* copy = album.clone();
+  copy->setName(name);
+  done("Album was successfully cloned.");
+  return copy;
+}
+
+void deleteAlbum(QBAlbum& album) {
+  leave(album);
+  db().deleteAlbum(&album);
+  done("Album was successfully deleted.");
+}
+
+// ---- songs
+
+void renameSong(QBSong& song, const std::string& title) {
+  if (title == song.title()) return;
+  requireName(title, "A song");
+  if (song.requireAlbum().findSongByName(title))
+    throw EditRefused(title + ": the album has a song of that title already; choose another title");
+  song.setTitle(title);
+  redraw(song);
+  done("Song renamed.");
+}
+
+void moveSong(QBSong& song, QBAlbum& album) {
+  if (song.album() == &album) return;
+  const std::string title = QBNameMgr(&album, song.title()).newName();
+  song.setAlbum(&album);
+  if (title != song.title()) {
+    song.setTitle(title);
+    redraw(song);
+  }
+  done("Song moved.");
+}
+
+// ---- instruments
+
+void selectInstrument(QBInstrument& instrument) {
+  db().deselectAllInstruments();
+  instrument.setActive(true);
+  done("Instrument selected.");
+}
+
+QBInstrument* importInstrument(const std::string& file) {
+  const platform::Ref<QBInstrument> before = db().selectedInstrument();
+  const std::size_t count = db().instruments().size();
+  db().deselectAllInstruments();
+  QBMusicXMLParser(file).parse();
+  if (db().instruments().size() == count) {
+    if (before) before->setActive(true);
+    throw EditRefused(file + ": is no instrument definition file; nothing was imported");
+  }
+  db().computeOffsets();
+  done("Instrument imported.");
+  return db().selectedInstrument();
+}
+
+std::string definitionOf(const QBInstrument& instrument) {
+  QBMusicXMLVisitorFile text("");
+  instrument.toXML()->iterate(text);
+  return text.content();
+}
+
+void renameInstrument(QBInstrument& instrument, const std::string& name) {
+  if (name == instrument.name()) return;
+  requireName(name, "An instrument");
+  instrument.setName(name);
+  done("Instrument renamed.");
+}
+
+void deleteInstrument(QBInstrument& instrument) {
+  const auto& all = db().instruments();
+  if (all.size() < 2)
+    throw EditRefused(instrument.name() + ": is the only instrument; import another one first");
+  const bool selected = instrument.active();
+  const auto place = std::ranges::find(all, &instrument, &platform::Ref<QBInstrument>::get);
+  db().deleteInstrumentAtIndex(static_cast<std::size_t>(place - all.begin()));
+  if (selected) db().findInstrumentByIndex(0)->setActive(true);
+  done("Instrument was successfully deleted.");
+}
+
+}  // namespace korvel

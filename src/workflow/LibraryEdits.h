@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace korvel {
+
+class QBAlbum;
+class QBInstrument;
+class QBSong;
+
+/// An edit that cannot be made; what() says why, in a line for the user.
+class EditRefused : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// What a user does to albums, songs and instruments as a whole. Each edit saves the store, logs a
+// line, has the tree drawn anew, and throws EditRefused when it is not possible; nothing has
+// changed then.
+
+/// Under that name, or a free one like it.
+QBAlbum* newAlbum(const std::string& name);
+void renameAlbum(QBAlbum& album, const std::string& name);
+/// The copy gets a free name.
+QBAlbum* cloneAlbum(QBAlbum& album);
+/// With all its songs.
+void deleteAlbum(QBAlbum& album);
+
+void renameSong(QBSong& song, const std::string& title);
+/// Gets another title when the album has one like it.
+void moveSong(QBSong& song, QBAlbum& album);
+
+/// The instrument that confirms tones from now on.
+void selectInstrument(QBInstrument& instrument);
+/// From a definition file; it becomes the selected one.
+QBInstrument* importInstrument(const std::string& file);
+/// Its definition file.
+std::string definitionOf(const QBInstrument& instrument);
+void renameInstrument(QBInstrument& instrument, const std::string& name);
+/// Not the last one, without which no tone could be confirmed.
+void deleteInstrument(QBInstrument& instrument);
+
+}  // namespace korvel

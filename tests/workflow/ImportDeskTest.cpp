@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/ImportDesk.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/PlainRunLoop.h"
+#include "support/Guitar.h"
+#include "support/RecordingViews.h"
+#include "support/SongDesk.h"
+#include "support/StandardStore.h"
+#include "workflow/LibraryTree.h"
+#include "workflow/QBAlbumNode.h"
+#include "workflow/QBCmdImportSong.h"
+
+namespace korvel {
+namespace {
+
+class ImportDeskTest : public testing::Test {
+ protected:
+  ImportDeskTest() {
+    QBTabMgr::clearDb();
+    QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
+    test::writeWav(m_file, test::fewChords());
+    m_tree.emplace();
+  }
+  ~ImportDeskTest() override {
+    m_tree.reset();
+    QBTabMgr::clearDb();
+  }
+
+  void runUntil(const std::function<bool()>& done) {
+    platform::PlainRunLoop::ofProcess().runUntil(done);
+  }
+  std::shared_ptr<QBCmdImportSong> start(ImportDetection detection, QBAlbum* into = nullptr) {
+    ImportDesk desk(*m_tree);
+    desk.setDetection(detection, {});
+    return desk.importFile(m_file, into);
+  }
+  std::size_t stored(const char* entity) { return QBTabMgr::db().context().fetch(entity).size(); }
+
+  const test::ScratchFolder m_folder;
+  test::RecordingViews m_views;
+  const std::string m_file = m_folder.file("First Try.wav");
+  std::optional<LibraryTree> m_tree;
+};
+
+TEST_F(ImportDeskTest, steppedImportHearsAndSaysWhatOneAtOnceDoes) {
+  const auto import = start(ImportDetection::classic);
+  EXPECT_EQ(import->fullTitle(), "Song Import: First Try.wav");
+  m_tree->refresh();
+  EXPECT_EQ(m_tree->albums().back()->children().size(), 1U) << "the scratch song is not shown";
+  runUntil([&] { return !import->isRunning(); });
+  EXPECT_EQ(import->m_percent, 100);
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges()) << "saved";
+  QBAlbum* album = QBTabMgr::db().findAlbumByName("First Try");
+  QBCmdImportSong atOnce(m_tree->find(album), m_file, album->createSong("At once"));
+  const auto log = std::exchange(m_views.log, {});
+  atOnce.run();
+  EXPECT_EQ(test::linesOf(*album->findSongByName("First Try")),
+            test::linesOf(*album->findSongByName("At once")));
+  std::erase(m_views.log, ".. scanning chords.");
+  EXPECT_EQ(log, m_views.log);
+}
+
+TEST_F(ImportDeskTest, stoppedImportKeepsWhatWasHeardSoFar) {
+  for (const auto detection : {ImportDetection::classic, ImportDetection::precise}) {
+    const auto import = start(detection);
+    const std::size_t heard = detection == ImportDetection::classic ? 5 : 0;
+    runUntil(
+        [&] { return import->m_percent >= 20 && import->newSong()->chords().size() >= heard; });
+    import->stopAndKeep();
+    runUntil([&] { return !import->isRunning(); });
+    EXPECT_TRUE(import->newSong()->hasTabulature());
+    EXPECT_EQ(stored("QBBlock"), 0U);
+    EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
+  }
+}
+
+TEST_F(ImportDeskTest, droppedImportLeavesNothing) {
+  const std::size_t songs = stored("QBSong");
+  const std::size_t albums = stored("QBAlbum");
+  const auto dropped = start(ImportDetection::classic);
+  runUntil([&] { return dropped->newSong()->chords().size() == 3; });
+  dropped->cancelAndDrop();
+  const auto orphaned = start(ImportDetection::classic);
+  runUntil([&] { return orphaned->newSong()->chords().size() == 3; });
+  QBTabMgr::db().deleteAlbum(orphaned->newSong()->album());
+  runUntil([&] { return !orphaned->isRunning(); });
+  QBTabMgr::db().save();
+  for (const char* entity : {"QBBlock", "QBChord", "QBTone"})
+    EXPECT_EQ(stored(entity), 0U) << entity;
+  EXPECT_EQ(stored("QBSong"), songs);
+  EXPECT_EQ(stored("QBAlbum"), albums);
+}
+
+TEST_F(ImportDeskTest, fileWithoutSoundIsReportedAndLeavesNothing) {
+  const std::string file = m_folder.file("notes.mp3");
+  test::writeFile(file, "no sound");
+  ImportDesk desk(*m_tree);
+  EXPECT_EQ(desk.importFile(file), nullptr);
+  EXPECT_TRUE(m_views.content.starts_with("EXCEPTION OCCURED IN CONTEXT: importSong"));
+  EXPECT_NE(m_views.content.find(file), std::string::npos);
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+}
+
+}  // namespace
+}  // namespace korvel

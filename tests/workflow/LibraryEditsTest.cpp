@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/LibraryEdits.h"
+
+#include <gtest/gtest.h>
+
+#include "support/RecordingViews.h"
+#include "support/StandardStore.h"
+#include "workflow/LibraryTree.h"
+#include "workflow/QBAlbumNode.h"
+#include "workflow/QBInstrumentNode.h"
+#include "workflow/QBSongNode.h"
+#include "workflow/QBTuningNode.h"
+#include "workflow/TuningEdits.h"
+
+namespace korvel {
+namespace {
+
+class LibraryEditsTest : public testing::Test {
+ protected:
+  QBSong* song(QBAlbum* album, const std::string& title) {
+    QBSong* made = album->createSong(title);
+    made->setTuning(m_store.standard());
+    test::addChord(made, "x02210");
+    made->buildTab();
+    return made;
+  }
+  /// "Album: Song Song; " for each album.
+  static std::string texts(LibraryTree& tree) {
+    std::string text;
+    tree.refresh();
+    for (const auto& album : tree.albums()) {
+      text += album->title() + ':';
+      for (const auto& each : album->children()) text += ' ' + each->title();
+      text += "; ";
+    }
+    return text;
+  }
+
+  test::StandardStore m_store;
+  test::RecordingViews m_views;
+};
+
+TEST_F(LibraryEditsTest, namesStayFreeWhateverIsRenamedMovedOrCloned) {
+  QBAlbum* first = newAlbum("A");
+  QBAlbum* second = newAlbum("A");
+  QBSong* a = song(first, "S");
+  song(second, "S");
+  LibraryTree tree;
+  moveSong(*a, *second);
+  EXPECT_EQ(texts(tree), "A:; A_2: S_2 S; ");
+  EXPECT_NE(a->tabulature().find("S_2"), std::string::npos) << "the heading has the new title";
+  EXPECT_THROW(renameSong(*a, "S"), EditRefused);
+  EXPECT_THROW(renameSong(*a, " "), EditRefused);
+  EXPECT_THROW(renameAlbum(*second, "A"), EditRefused);
+  cloneAlbum(*second);
+  EXPECT_EQ(texts(tree), "A:; A_2: S_2 S; A_2_2: S_2 S; ");
+}
+
+TEST_F(LibraryEditsTest, treeKeepsItsNodesAndLetsGoOfTheActiveOneThatIsDeleted) {
+  QBAlbum* album = newAlbum("A");
+  song(album, "S");
+  LibraryTree tree;
+  const auto node = tree.albums().front();
+  QBSession& session = QBSession::session();
+  session.setActiveTreeNode(node->children().front().get());
+  session.setActiveSong(node->children().front()->song());
+  song(album, "T");
+  tree.refresh();
+  EXPECT_EQ(tree.albums().front(), node);
+  EXPECT_EQ(session.activeSongNode(), node->children().front().get());
+  deleteAlbum(*album);
+  EXPECT_EQ(session.activeSong(), nullptr);
+  tree.refresh();
+  EXPECT_EQ(session.activeSongNode(), nullptr);
+  EXPECT_TRUE(tree.albums().empty());
+}
+
+TEST_F(LibraryEditsTest, editedTuningSoundsAsItSaysAndKeepsItsPlace) {
+  QBTuning* open = newTuning(KnownTuning::dropD);
+  EXPECT_EQ(open->descr(), "Drop D_2");
+  selectTuning(*open);
+  OpenPitches dadgad = pitchesOf(*open);
+  EXPECT_EQ(dadgad, (OpenPitches{38, 45, 50, 55, 59, 64}));
+  dadgad[4] = 57;
+  dadgad[5] = 62;
+  open = editTuning(*open, dadgad);
+  EXPECT_EQ(open->toString(), "DAGDAD");
+  EXPECT_EQ(QBTabMgr::db().selectedTuning(), open);
+  EXPECT_FLOAT_EQ(open->computeFrequency(5, 0), 293.66F);
+  EXPECT_FLOAT_EQ(open->computeFrequency(0, 0), 73.41F) << "was not touched";
+  QBTabMgr::db().reloadData();
+  ASSERT_EQ(QBTabMgr::db().tunings().size(), 3U);
+  EXPECT_EQ(pitchesOf(*QBTabMgr::db().findTuningByOrder(3)), dadgad);
+}
+
+TEST_F(LibraryEditsTest, tuningThatCannotBeIsRefusedAndStaysAsItWas) {
+  QBTuning* dropD = m_store.dropD();
+  EXPECT_THROW(editTuning(*dropD, {38, 45, 44, 55, 59, 64}), EditRefused) << "strings cross";
+  EXPECT_THROW(editTuning(*dropD, {30, 45, 50, 55, 59, 64}), EditRefused) << "too low";
+  song(newAlbum("A"), "S");
+  EXPECT_THROW(editTuning(*m_store.standard(), {38, 45, 50, 55, 59, 64}), EditRefused) << "in use";
+  EXPECT_EQ(pitchesOf(*dropD), (OpenPitches{38, 45, 50, 55, 59, 64}));
+}
+
+TEST_F(LibraryEditsTest, oneInstrumentIsAlwaysSelected) {
+  const std::string file = m_store.folder().file("guitar.xml");
+  test::writeFile(file, "<Instrument><Name>One</Name><DetailLevel>0.5</DetailLevel></Instrument>");
+  QBInstrument* one = importInstrument(file);
+  ASSERT_NE(one, nullptr);
+  EXPECT_THROW(deleteInstrument(*one), EditRefused);
+  test::writeFile(file, definitionOf(*one));
+  QBInstrument* two = importInstrument(file);
+  EXPECT_EQ(QBTabMgr::db().selectedInstrument(), two);
+  EXPECT_FALSE(one->active());
+  test::writeFile(file, "<Song/>");
+  EXPECT_THROW(importInstrument(file), EditRefused);
+  EXPECT_EQ(QBTabMgr::db().selectedInstrument(), two);
+  deleteInstrument(*two);
+  EXPECT_EQ(QBTabMgr::db().selectedInstrument(), one);
+}
+
+}  // namespace
+}  // namespace korvel
