@@ -34,6 +34,7 @@ SHARED = {
     ("tab", "arrange/QBApplyRightHands.h"),
     ("tab", "arrange/QBContraPoint.h"),
     ("tab", "arrange/QBNonChordToneRemover.h"),
+    ("playback", "analysis/QBChordAnalyser.h"),  # whose source a speaker leads to
     ("tab", "analysis/QBMatrix.h"),  # the container under both the text grid and the tone tables
 }
 
