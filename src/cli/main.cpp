@@ -11,6 +11,7 @@
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/DetectionFlags.h"
+#include "cli/Devices.h"
 #include "cli/Export.h"
 #include "cli/Import.h"
 #include "cli/NumberRange.h"
@@ -225,6 +226,9 @@ struct Usage {
   }
 
   void addStoreCommands() {
+    command("devices", "List the devices that sound is played and recorded on",
+            always(&cli::listDevices))
+        ->parse_complete_callback([this] { storeNeeded = false; });
     command("list", "List albums and songs", always(&cli::listSongs));
     command("tunings", "List the tunings", always(&cli::listTunings));
     caring("check", "Check that the store is sound", always(&cli::checkStore));
