@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+/// One part of the program that can be tried out on the user's own machine.
+struct SelfCheck {
+  std::string title;
+  /// Says what works. Throws an exception whose text says what is wrong and what to do. Main
+  /// thread; some tenths of a second, for a large store more.
+  std::function<std::string()> run;
+};
+
+/// The parts in the order in which a recording meets them: store, decoding, transform, synthesiser,
+/// sound devices.
+std::vector<SelfCheck> selfChecks();
+
+}  // namespace korvel

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/SelfCheck.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "platform/AudioSystem.h"
+#include "platform/WaveFiles.h"
+#include "platform/persistence/ManagedContext.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+/// What each check says; what it complains about stands behind "WRONG: ".
+std::map<std::string, std::string> outcomes() {
+  std::map<std::string, std::string> said;
+  for (const SelfCheck& check : selfChecks()) {
+    try {
+      said[check.title] = check.run();
+    } catch (const std::exception& error) {
+      said[check.title] = std::string("WRONG: ") + error.what();
+    }
+  }
+  return said;
+}
+
+class SelfCheckTest : public testing::Test {
+ protected:
+  SelfCheckTest() { platform::AudioSystem::install(&m_devices); }
+  ~SelfCheckTest() override { platform::AudioSystem::install(nullptr); }
+
+  test::StandardStore m_store;
+  platform::WaveFiles m_devices{m_store.folder().file("in.wav")};
+};
+
+TEST_F(SelfCheckTest, passesOnASoundMachine) {
+  for (const auto& [title, said] : outcomes())
+    EXPECT_FALSE(said.starts_with("WRONG")) << title << ": " << said;
+}
+
+TEST_F(SelfCheckTest, findsRowsThatPointNowhere) {
+  platform::SqliteDatabase& store = QBTabMgr::db().context().store();
+  store.execute("PRAGMA foreign_keys = OFF");
+  store.execute("INSERT INTO QBTone(hold) VALUES (4711)");
+  EXPECT_TRUE(outcomes()["Store"].starts_with("WRONG: " + store.file())) << outcomes()["Store"];
+}
+
+}  // namespace
+}  // namespace korvel
