@@ -17,4 +17,15 @@ LoopRange::LoopRange(const QBSong* song) {
   to = positionOf(song->toChord());
 }
 
+ChordSpan loopOf(QBSong& song) {
+  ChordSpan span;
+  int index = 0;
+  for (const auto& chord : song.allChords()) {
+    if (chord == song.fromChord()) span.first = index;
+    if (chord == song.toChord()) span.last = index;
+    ++index;
+  }
+  return span;
+}
+
 }  // namespace korvel

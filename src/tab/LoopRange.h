@@ -18,4 +18,15 @@ struct LoopRange {
   bool isSet() const { return from != -1 && to != -1; }
 };
 
+/// A run of chords by their indexes in the song's `allChords`, -1 where an end is not set.
+struct ChordSpan {
+  int first = -1;
+  int last = -1;
+
+  bool contains(int chord) const { return first >= 0 && first <= chord && chord <= last; }
+};
+
+/// The loop of a song. An end whose chord is gone is not set.
+ChordSpan loopOf(QBSong& song);
+
 }  // namespace korvel

@@ -17,11 +17,15 @@
 namespace korvel::ui {
 
 ChordWords::ChordWords(QBTuning* tuning) {
-  for (int string = 0; string < kStrings; ++string) m_notes << QString();
+  m_notes = QStringList(kStrings);
+  m_pitchClasses = QList<int>(kStrings);
   if (!tuning) return;
-  for (const QBString* string : tuning->strings())
-    if (string->order() >= 0 && string->order() < kStrings)
-      m_notes[string->order()] = toText(QBHarmony::noteAsString(string->baseTone()).value_or(""));
+  for (const QBString* string : tuning->strings()) {
+    const int order = string->order();
+    if (order < 0 || order >= kStrings) continue;
+    m_notes[order] = toText(QBHarmony::noteAsString(string->baseTone()).value_or(""));
+    m_pitchClasses[order] = string->baseTone();
+  }
 }
 
 QString ChordWords::string(int string) const {

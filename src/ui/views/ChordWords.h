@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -23,6 +24,8 @@ class ChordWords {
 
   /// Name of the open note, "" for a string that the tuning lacks.
   QString note(int string) const { return m_notes.value(string); }
+  /// Of the open string, 0..11; 0 for a string that the tuning lacks.
+  int pitchClass(int string) const { return m_pitchClasses.value(string); }
   /// Such as "A string"; strings of the same note are told apart by their number.
   QString string(int string) const;
   /// Such as "Bar 3, chord 12 of 40, Am, A string, fret 2".
@@ -33,7 +36,9 @@ class ChordWords {
  private:
   static QString tones(const QBChord& chord, int string);
 
-  QStringList m_notes;  ///< From the lowest string up.
+  // From the lowest string up.
+  QStringList m_notes;
+  QList<int> m_pitchClasses;
 };
 
 /// The tuning that the song is shown in: its own, or else the selected one; null without either.

@@ -14,7 +14,6 @@
 #include "tab/QBTabMatrix.h"
 #include "tab/TabText.h"
 #include "ui/Text.h"
-#include "ui/views/AccessibleTablature.h"
 #include "ui/views/ChordWords.h"
 #include "ui/views/TablatureView.h"
 
@@ -58,7 +57,7 @@ void TablatureView::wheelEvent(QWheelEvent* event) {
 
 // ---- selection
 
-void TablatureView::select(Span span) {
+void TablatureView::select(ChordSpan span) {
   m_selection = span;
   if (span.first < 0) m_anchor = -1;
   viewport()->update();
@@ -104,12 +103,8 @@ void TablatureView::moveCursor(int chord, int string) {
   m_string = std::clamp(string, 0, kStrings - 1);
   updateChord(m_chord);
   reveal(cursorCells());
-  announce(before);
+  announce(*this, before);
   emit cursorMoved(m_chord, m_string);
-}
-
-void TablatureView::announce(const QString& before) {
-  if (const QString now = placeText(); now != before) announceText(*this, before, now);
 }
 
 bool TablatureView::findNext(const QString& name) { return find(name, SearchDirection::forward); }

@@ -19,10 +19,8 @@
 #include "model/QBTone.h"
 #include "model/QBTuning.h"
 #include "platform/Utf8.h"
-#include "tab/LoopRange.h"
 #include "tab/PlayPosition.h"
 #include "ui/Text.h"
-#include "ui/views/AccessibleTablature.h"
 #include "ui/views/ChordWords.h"
 
 namespace korvel::ui {
@@ -42,7 +40,6 @@ QRectF withMargin(const QRectF& rect, double margin) {
 
 TablatureView::TablatureView(QWidget* parent)
     : QAbstractScrollArea(parent), m_canvas(font(), Shades(palette())) {
-  installTablatureAccessibility();
   setAccessibleName(tr("Tablature"));
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(NoFrame);
@@ -76,22 +73,10 @@ void TablatureView::refresh() {
   if (m_chord < 0) m_chord = m_layout.nextDrawn(-1).value_or(-1);
   if (m_selection.last > last) select({});
   m_playing = std::min(m_playing, last);
-  readLoop();
+  m_loop = m_song ? loopOf(*m_song) : ChordSpan();
   updateScrollBars();
   viewport()->update();
-  announce(before);
-}
-
-void TablatureView::readLoop() {
-  const LoopRange range(m_song);
-  m_loop = {};
-  if (!m_song) return;
-  const auto& chords = m_song->allChords();
-  for (int i = 0; i < m_layout.chords(); ++i) {
-    const int position = chords[static_cast<std::size_t>(i)]->position();
-    if (position == range.from && m_loop.first < 0) m_loop.first = i;
-    if (position == range.to) m_loop.last = i;
-  }
+  announce(*this, before);
 }
 
 void TablatureView::drawPlayMode(float fraction) {

@@ -7,7 +7,9 @@
 
 #include "platform/persistence/Ref.h"
 #include "tab/ChordSearch.h"
+#include "tab/LoopRange.h"
 #include "tab/TabLayout.h"
+#include "ui/views/SpokenView.h"
 #include "ui/views/TabCanvas.h"
 #include "workflow/SessionViews.h"
 
@@ -23,7 +25,7 @@ namespace korvel::ui {
 ///
 /// Chords are named by their index in the song's `allChords`; -1 is none. Shows the song as it was
 /// at the last `refresh`, which has to follow every change of its chords, loop or text.
-class TablatureView final : public QAbstractScrollArea, public TabView {
+class TablatureView final : public QAbstractScrollArea, public TabView, public SpokenView {
   Q_OBJECT
 
  public:
@@ -50,6 +52,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView {
   int playingChord() const { return m_playing; }
   /// The place of the cursor in words; empty without one.
   QString placeText() const;
+  QString spokenText() const override { return placeText(); }
+  QRect spokenRect() const override { return chordRect(m_chord); }
   QString selectedText() const;
   /// Percent of the font's size.
   int zoom() const { return m_zoom; }
@@ -104,11 +108,6 @@ class TablatureView final : public QAbstractScrollArea, public TabView {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  struct Span {
-    int first = -1;
-    int last = -1;
-    bool contains(int chord) const { return first >= 0 && first <= chord && chord <= last; }
-  };
   struct Typed {
     int chord = -1;
     int string = -1;
@@ -145,11 +144,9 @@ class TablatureView final : public QAbstractScrollArea, public TabView {
   void moveTo(std::optional<int> chord, int string, bool selecting);
   int chordOnPage(int pages) const;
   void typeDigit(int digit);
-  void select(Span span);
+  void select(ChordSpan span);
   void offerSelection() const;
   bool find(const QString& name, SearchDirection direction);
-  void announce(const QString& before);
-  void readLoop();
 
   platform::Ref<QBSong> m_song;
   TabLayout m_layout;
@@ -162,8 +159,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView {
   int m_chord = -1;
   int m_string = 0;
   int m_playing = -1;
-  Span m_loop;
-  Span m_selection;
+  ChordSpan m_loop;
+  ChordSpan m_selection;
   int m_anchor = -1;  ///< Where the selection began.
   std::optional<QPoint> m_pressed;
   bool m_dragging = false;

@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/views/AccessibleTablature.h"
+#include "ui/views/SpokenView.h"
 
-#include <QAccessible>
 #include <QAccessibleWidget>
-
-#include "ui/views/TablatureView.h"
+#include <QWidget>
 
 namespace korvel::ui {
 namespace {
 
-class AccessibleTablature final : public QAccessibleWidget, public QAccessibleTextInterface {
+class AccessibleView final : public QAccessibleWidget, public QAccessibleTextInterface {
  public:
-  explicit AccessibleTablature(TablatureView* view)
-      : QAccessibleWidget(view, QAccessible::EditableText), m_view(*view) {}
+  AccessibleView(QWidget* widget, const SpokenView& view)
+      : QAccessibleWidget(widget, view.spokenRole()), m_view(view) {}
 
   void* interface_cast(QAccessible::InterfaceType type) override {
     if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
@@ -20,8 +18,8 @@ class AccessibleTablature final : public QAccessibleWidget, public QAccessibleTe
   }
 
   QString text(QAccessible::Text kind) const override {
-    const bool isPlace = kind == QAccessible::Value || kind == QAccessible::Description;
-    return isPlace ? m_view.placeText() : QAccessibleWidget::text(kind);
+    const bool isLine = kind == QAccessible::Value || kind == QAccessible::Description;
+    return isLine ? m_view.spokenText() : QAccessibleWidget::text(kind);
   }
 
   // The text can be read but has no parts to choose from: the arrows move in the music instead.
@@ -33,13 +31,12 @@ class AccessibleTablature final : public QAccessibleWidget, public QAccessibleTe
   int cursorPosition() const override { return 0; }
   void setCursorPosition(int) override {}
   QString text(int start, int end) const override {
-    return m_view.placeText().mid(start, end - start);
+    return m_view.spokenText().mid(start, end - start);
   }
-  int characterCount() const override { return static_cast<int>(m_view.placeText().size()); }
+  int characterCount() const override { return static_cast<int>(m_view.spokenText().size()); }
   QRect characterRect(int) const override {
-    const QWidget& viewport = *m_view.viewport();
-    const QRect chord = m_view.chordRect(m_view.cursorChord());
-    return {viewport.mapToGlobal(chord.topLeft()), chord.size()};
+    const QRect place = m_view.spokenRect();
+    return {widget()->mapToGlobal(place.topLeft()), place.size()};
   }
   int offsetAtPoint(const QPoint&) const override { return 0; }
   void scrollToSubstring(int, int) override {}
@@ -50,26 +47,22 @@ class AccessibleTablature final : public QAccessibleWidget, public QAccessibleTe
   }
 
  private:
-  TablatureView& m_view;
+  const SpokenView& m_view;
 };
 
 QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
-  auto* view = qobject_cast<TablatureView*>(object);
-  return view ? new AccessibleTablature(view) : nullptr;
+  auto* widget = qobject_cast<QWidget*>(object);
+  const auto* view = dynamic_cast<const SpokenView*>(widget);
+  return view ? new AccessibleView(widget, *view) : nullptr;
 }
 
 }  // namespace
 
-void installTablatureAccessibility() {
-  static const bool installed = [] {
-    QAccessible::installFactory(accessibleOf);
-    return true;
-  }();
-  static_cast<void>(installed);
-}
+SpokenView::SpokenView() { QAccessible::installFactory(accessibleOf); }
 
-void announceText(QWidget& view, const QString& before, const QString& now) {
-  if (!QAccessible::isActive()) return;
+void SpokenView::announce(QWidget& view, const QString& before) const {
+  const QString now = spokenText();
+  if (now == before || !QAccessible::isActive()) return;
   QAccessibleTextUpdateEvent changed(&view, 0, before, now);
   QAccessible::updateAccessibility(&changed);
   QAccessibleEvent described(&view, QAccessible::DescriptionChanged);

@@ -1,0 +1,360 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/views/FretboardView.h"
+
+#include <QEvent>
+#include <QFontMetricsF>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+#include <cmath>
+
+#include "model/Neck.h"
+#include "model/Pitch.h"
+#include "model/QBChord.h"
+#include "model/QBHarmony.h"
+#include "model/QBSong.h"
+#include "model/QBString.h"
+#include "model/QBTuning.h"
+#include "ui/Text.h"
+#include "ui/views/Shades.h"
+
+namespace korvel::ui {
+namespace {
+
+constexpr int kFretsOfShortNeck = 12;
+constexpr int kFretsOfLongNeck = 24;
+constexpr int kInlays[] = {3, 5, 7, 9, 12, 15, 17, 19, 21, 24};
+
+// In heights of a line of text.
+constexpr double kMargin = 0.5;
+constexpr double kHeading = 1.5;
+constexpr double kNumbers = 1.4;
+constexpr double kLowestSpacing = 1.1;
+constexpr double kBestSpacing = 1.6;
+constexpr double kHighestSpacing = 2.4;
+constexpr double kNarrowestFret = 1.7;
+constexpr double kBestFret = 2.8;
+
+bool isDouble(int fret) { return fret % kNotesPerOctave == 0; }
+
+/// Of the neck's length from the nut, halfway between real frets and equal ones: high frets are
+/// still wide enough for a finger's digit.
+double shareOfFret(int fret, int frets) {
+  const auto real = [](int n) { return 1 - std::pow(2.0, -n / 12.0); };
+  return (real(fret) / real(frets) + static_cast<double>(fret) / frets) / 2;
+}
+
+QFont bold(QFont font) {
+  font.setBold(true);
+  return font;
+}
+
+}  // namespace
+
+/// Where everything is. Fret 0 stands for the marks left of the nut.
+struct FretboardView::Neck {
+  double line;  ///< Height of a line of text.
+  double heading;
+  double names;  ///< Left edge of the names of the strings.
+  double marks;  ///< Middle of the marks of open and silent strings.
+  QRectF board;
+  int frets;
+
+  double spacing() const { return board.height() / kStrings; }
+  double radius() const {
+    const double narrowest = wire(frets) - wire(frets - 1);
+    return std::min(spacing() * 0.44, narrowest * 0.46);
+  }
+  double y(int string) const { return board.top() + (kStrings - 0.5 - string) * spacing(); }
+  double wire(int fret) const { return board.left() + board.width() * shareOfFret(fret, frets); }
+  double x(int fret) const { return fret == 0 ? marks : (wire(fret - 1) + wire(fret)) / 2; }
+  QRectF cell(int string, int fret) const {
+    const double left = fret == 0 ? marks - line * 0.8 : wire(fret - 1);
+    const double right = fret == 0 ? marks + line * 0.8 : wire(fret);
+    return {left, y(string) - spacing() / 2, right - left, spacing()};
+  }
+};
+
+FretboardView::FretboardView(QWidget* parent) : QWidget(parent), m_words(nullptr) {
+  setAccessibleName(tr("Fretboard"));
+  setFocusPolicy(Qt::StrongFocus);
+  setBackgroundRole(QPalette::Base);
+  setAutoFillBackground(true);
+}
+
+FretboardView::~FretboardView() = default;
+
+void FretboardView::setSong(QBSong* song) {
+  m_song = song;
+  m_words = ChordWords(tuningOf(song));
+  showChord(-1);
+}
+
+void FretboardView::setFrets(int frets) {
+  m_frets = frets > kFretsOfShortNeck ? kFretsOfLongNeck : kFretsOfShortNeck;
+  update();
+}
+
+int FretboardView::frets() const {
+  const int needed = std::max(m_grip.highestFret(), m_fret);
+  return std::max(
+      m_frets, needed > kFretsOfShortNeck ? std::max(needed, kFretsOfLongNeck) : kFretsOfShortNeck);
+}
+
+void FretboardView::showChord(int chord) {
+  const QString before = spokenText();
+  const bool known = m_song && chord >= 0 && chord < static_cast<int>(m_song->allChords().size());
+  m_chord = known ? chord : -1;
+  m_grip = known ? ChordGrip(*m_song->allChords()[static_cast<std::size_t>(chord)]) : ChordGrip();
+  update();
+  announce(*this, before);
+}
+
+void FretboardView::moveCursor(int string, int fret) {
+  const QString before = spokenText();
+  m_string = std::clamp(string, 0, kStrings - 1);
+  m_fret = std::clamp(fret, 0, kFretsOfLongNeck);
+  update();
+  announce(*this, before);
+}
+
+// ---- geometry
+
+FretboardView::Neck FretboardView::neck() const {
+  const double line = QFontMetricsF(font()).height();
+  Neck neck{line, kMargin * line, kMargin * line, 0, {}, frets()};
+  const QFontMetricsF names(bold(font()));
+  neck.marks = neck.names + names.horizontalAdvance("Bb") + line;
+  const double left = neck.marks + line;
+  const double top = (kMargin + kHeading) * line;
+  const double room = height() - top - (kNumbers + kMargin) * line;
+  const double tall =
+      std::clamp(room, kLowestSpacing * kStrings * line, kHighestSpacing * kStrings * line);
+  neck.board = QRectF(left, top, std::max(1.0, width() - left - 2 * kMargin * line), tall);
+  return neck;
+}
+
+QSize FretboardView::sizeHint() const {
+  const double line = QFontMetricsF(font()).height();
+  return QSizeF((5 + kBestFret * kFretsOfShortNeck) * line,
+                (kStrings * kBestSpacing + kHeading + kNumbers + 2 * kMargin) * line)
+      .toSize();
+}
+
+QSize FretboardView::minimumSizeHint() const {
+  const double line = QFontMetricsF(font()).height();
+  return QSizeF((5 + kNarrowestFret * kFretsOfShortNeck) * line,
+                (kStrings * kLowestSpacing + kHeading + kNumbers + 2 * kMargin) * line)
+      .toSize();
+}
+
+QPoint FretboardView::placeOf(int string, int fret) const {
+  return neck().cell(string, fret).center().toPoint();
+}
+
+std::optional<FretboardView::Cell> FretboardView::cellAt(const QPointF& position) const {
+  const Neck neck = this->neck();
+  if (position.y() < neck.board.top() || position.y() >= neck.board.bottom()) return std::nullopt;
+  const int below = static_cast<int>((position.y() - neck.board.top()) / neck.spacing());
+  const int string = std::clamp(kStrings - 1 - below, 0, kStrings - 1);
+  for (int fret = 0; fret <= neck.frets; ++fret)
+    if (position.x() < neck.wire(fret)) return Cell{string, fret};
+  return std::nullopt;
+}
+
+// ---- painting
+
+void FretboardView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const Neck neck = this->neck();
+  paintHeading(painter, neck);
+  paintFrets(painter, neck);
+  paintInlays(painter, neck);
+  paintStrings(painter, neck);
+  paintMarks(painter, neck);
+  for (const ChordGrip::Tone& tone : m_grip.tones) paintTone(painter, neck, tone);
+  if (hasFocus()) paintCursor(painter, neck);
+}
+
+void FretboardView::paintHeading(QPainter& painter, const Neck& neck) const {
+  if (m_chord < 0) return;
+  const Shades shades(palette());
+  QFont large = bold(font());
+  if (large.pointSizeF() > 0) large.setPointSizeF(large.pointSizeF() * 1.2);
+  const QString name = m_grip.name.empty() ? tr("no name") : toText(m_grip.name);
+  const QRectF row(neck.names, neck.heading, width(), kHeading * neck.line);
+  painter.setPen(m_grip.name.empty() ? shades.faintText : shades.text);
+  painter.setFont(m_grip.name.empty() ? font() : large);
+  QRectF used;
+  painter.drawText(row, Qt::AlignLeft | Qt::AlignTop, name, &used);
+  painter.setPen(shades.faintText);
+  painter.setFont(font());
+  const double x = std::max(neck.board.left(), used.right() + neck.line);
+  painter.drawText(QRectF(x, used.top(), width(), used.height()), Qt::AlignLeft | Qt::AlignVCenter,
+                   toText(m_grip.shorthand()));
+}
+
+void FretboardView::paintFrets(QPainter& painter, const Neck& neck) const {
+  const Shades shades(palette());
+  painter.fillRect(neck.board, mixed(shades.base, shades.text, 0.06));
+  for (int fret = 0; fret <= neck.frets; ++fret) {
+    const double pen = fret == 0 ? std::max(4.0, neck.line / 4) : std::max(1.0, neck.line / 14);
+    const double x = fret == 0 ? neck.wire(0) - pen : std::round(neck.wire(fret) - pen / 2);
+    painter.fillRect(QRectF(x, neck.board.top(), pen, neck.board.height()),
+                     fret == 0 ? shades.faintText : mixed(shades.base, shades.text, 0.35));
+  }
+}
+
+void FretboardView::paintInlays(QPainter& painter, const Neck& neck) const {
+  const Shades shades(palette());
+  const QRectF numbers(0, neck.board.bottom(), 0, kNumbers * neck.line);
+  const double radius = neck.radius() * 0.45;
+  painter.setFont(font());
+  for (const int fret : kInlays) {
+    if (fret > neck.frets) break;
+    const double x = neck.x(fret);
+    const double apart = isDouble(fret) ? neck.spacing() : 0;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(shades.grid);
+    painter.drawEllipse(QPointF(x, neck.board.center().y() - apart), radius, radius);
+    if (apart > 0) painter.drawEllipse(QPointF(x, neck.board.center().y() + apart), radius, radius);
+    painter.setPen(shades.faintText);
+    painter.drawText(numbers.adjusted(x - neck.line, 0, x + neck.line, 0), Qt::AlignCenter,
+                     QString::number(fret));
+  }
+}
+
+void FretboardView::paintStrings(QPainter& painter, const Neck& neck) const {
+  const Shades shades(palette());
+  painter.setFont(bold(font()));
+  for (int string = 0; string < kStrings; ++string) {
+    const double pen = std::max(1.0, neck.line / 16 * (1 + (kStrings - 1 - string) * 0.3));
+    painter.fillRect(QRectF(neck.board.left(), neck.y(string) - pen / 2, neck.board.width(), pen),
+                     shades.line);
+    painter.setPen(shades.text);
+    painter.drawText(QRectF(neck.names, neck.y(string) - neck.line, neck.line * 2, neck.line * 2),
+                     Qt::AlignLeft | Qt::AlignVCenter, m_words.note(string));
+  }
+}
+
+/// A cross for each string that does not sound; rings of open strings are drawn with the tones.
+void FretboardView::paintMarks(QPainter& painter, const Neck& neck) const {
+  if (m_chord < 0) return;
+  const double arm = neck.radius() * 0.5;
+  painter.setPen(QPen(Shades(palette()).faintText, std::max(1.5, neck.line / 9)));
+  for (int string = 0; string < kStrings; ++string) {
+    const auto isOpen = [&](const auto& tone) { return tone.string == string && tone.fret == 0; };
+    if (m_grip.isPlayed(string) || std::ranges::any_of(m_grip.tones, isOpen)) continue;
+    const QPointF middle(neck.marks, neck.y(string));
+    painter.drawLine(middle + QPointF(-arm, -arm), middle + QPointF(arm, arm));
+    painter.drawLine(middle + QPointF(-arm, arm), middle + QPointF(arm, -arm));
+  }
+}
+
+void FretboardView::paintTone(QPainter& painter, const Neck& neck,
+                              const ChordGrip::Tone& tone) const {
+  if (tone.string < 0 || tone.string >= kStrings || tone.fret < 0) return;
+  const Shades shades(palette());
+  const QPointF middle(neck.x(tone.fret), neck.y(tone.string));
+  const bool open = tone.fret == 0;
+  const double radius = neck.radius() * (open ? 0.55 : 1);
+  const double pen = std::max(1.5, neck.line / 9);
+  const QColor ink = tone.active ? shades.text : shades.faintText;
+  painter.setPen(QPen(open || !tone.active ? ink : shades.accent, pen,
+                      tone.active ? Qt::SolidLine : Qt::DashLine));
+  painter.setBrush(open ? QBrush(Qt::NoBrush) : tone.active ? shades.accent : shades.base);
+  painter.drawEllipse(middle, radius - pen / 2, radius - pen / 2);
+  if (open) return;
+  const QString label =
+      tone.finger ? QString::number(*tone.finger) : cellNote({tone.string, tone.fret});
+  QFont fitting = bold(font());
+  fitting.setPixelSize(std::max(6, static_cast<int>(radius * (label.size() > 1 ? 0.95 : 1.2))));
+  painter.setFont(fitting);
+  painter.setPen(tone.active ? shades.onAccent : ink);
+  painter.drawText(QRectF(middle.x() - radius, middle.y() - radius, 2 * radius, 2 * radius),
+                   Qt::AlignCenter, label);
+}
+
+void FretboardView::paintCursor(QPainter& painter, const Neck& neck) const {
+  painter.setPen(QPen(Shades(palette()).text, std::max(1.0, neck.line / 12), Qt::DashLine));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(neck.cell(m_string, m_fret).adjusted(1, 1, -1, -1));
+}
+
+// ---- words
+
+QString FretboardView::cellNote(const Cell& cell) const {
+  const int open = m_words.pitchClass(cell.string);
+  return toText(QBHarmony::noteAsString(pitchClass(open + cell.fret)).value_or(""));
+}
+
+QString FretboardView::cellText(const Cell& cell) const {
+  const QString string = m_words.string(cell.string);
+  return cell.fret == 0 ? tr("%1, open: %2").arg(string, cellNote(cell))
+                        : tr("%1, fret %2: %3").arg(string).arg(cell.fret).arg(cellNote(cell));
+}
+
+QString FretboardView::spokenText() const {
+  const QString cell = cellText({m_string, m_fret});
+  if (m_chord < 0 || m_chord >= static_cast<int>(m_song->allChords().size())) return cell;
+  const QBChord& chord = *m_song->allChords()[static_cast<std::size_t>(m_chord)];
+  return tr("%1. Cursor on %2", "the grip of a chord, a fret").arg(m_words.grip(chord), cell);
+}
+
+QRect FretboardView::spokenRect() const { return neck().cell(m_string, m_fret).toAlignedRect(); }
+
+// ---- input
+
+void FretboardView::mousePressEvent(QMouseEvent* event) {
+  const auto cell = cellAt(event->position());
+  if (event->button() != Qt::LeftButton || !cell) return QWidget::mousePressEvent(event);
+  moveCursor(cell->string, cell->fret);
+  emit clicked(cell->string, cell->fret);
+}
+
+void FretboardView::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Up:
+      return moveCursor(m_string + 1, m_fret);
+    case Qt::Key_Down:
+      return moveCursor(m_string - 1, m_fret);
+    case Qt::Key_Left:
+      return moveCursor(m_string, m_fret - 1);
+    case Qt::Key_Right:
+      return moveCursor(m_string, m_fret + 1);
+    case Qt::Key_Home:
+      return moveCursor(m_string, 0);
+    case Qt::Key_End:
+      return moveCursor(m_string, frets());
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      emit clicked(m_string, m_fret);
+      return;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+bool FretboardView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  const auto cell = cellAt(help->pos());
+  if (cell)
+    QToolTip::showText(help->globalPos(), cellText(*cell), this,
+                       neck().cell(cell->string, cell->fret).toAlignedRect());
+  else
+    QToolTip::hideText();
+  return true;
+}
+
+void FretboardView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) updateGeometry();
+}
+
+}  // namespace korvel::ui

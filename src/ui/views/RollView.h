@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractScrollArea>
+
+#include "platform/persistence/Ref.h"
+#include "tab/LoopRange.h"
+#include "ui/views/SpokenView.h"
+#include "workflow/ToneRoll.h"
+
+namespace korvel {
+class QBSong;
+}  // namespace korvel
+
+namespace korvel::ui {
+
+struct Shades;
+
+/// The tones of a song in time: one column for each chord, pitch upwards, the louder the stronger
+/// the shade. The column that a tone begins in is drawn full, those that it rings through are
+/// narrower; silenced tones are hollow. Shows the song as it was at the last `refresh`.
+///
+/// Chords are named by their index in the song's `allChords`; -1 is none.
+class RollView final : public QAbstractScrollArea, public SpokenView {
+  Q_OBJECT
+
+ public:
+  explicit RollView(QWidget* parent = nullptr);
+  ~RollView() override;
+
+  void setSong(QBSong* song);
+  /// Percent of a column's width.
+  int zoom() const { return m_zoom; }
+  int cursorChord() const { return m_cursor; }
+  /// Column of a chord, in coordinates of the viewport.
+  QRect chordRect(int chord) const;
+
+  QString spokenText() const override { return words(m_cursor); }
+  QRect spokenRect() const override { return chordRect(m_cursor); }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ public slots:
+  void refresh();
+  void showPlaying(int chord);
+  /// Marks the chord that is worked on, and shows it.
+  void showCursor(int chord);
+  void setZoom(int percent);
+  void zoomIn();
+  void zoomOut();
+  void resetZoom() { setZoom(100); }
+
+ signals:
+  /// A column was clicked, or gone to by keys.
+  void chordChosen(int chord);
+  void zoomChanged(int percent);
+
+ protected:
+  bool viewportEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  // Geometry, in coordinates of the viewport.
+  void remeasure();
+  double x(int chord) const;
+  double top(int pitch) const;
+  double laneHeight() const;
+  QRectF lanes() const;
+  int chordAt(double x) const;
+  QRectF headOf(const ToneRoll::Tone& tone) const;
+  QRectF tailOf(const ToneRoll::Tone& tone) const;
+  void updateColumn(int chord);
+  void reveal(int chord, double place);
+
+  // Painting of what is in the chords [first, end).
+  void paintLanes(QPainter& painter, const Shades& shades) const;
+  void paintLoop(QPainter& painter, const Shades& shades) const;
+  void paintBracket(QPainter& painter, const Shades& shades, double x, double inner) const;
+  void paintRuler(QPainter& painter, const Shades& shades, int first, int end) const;
+  void paintTones(QPainter& painter, const Shades& shades, int first, int end) const;
+  void paintColumn(QPainter& painter, const QColor& ink, Qt::PenStyle style, int chord) const;
+  void paintPitches(QPainter& painter, const Shades& shades) const;
+
+  QString words(int chord) const;
+  void choose(int chord);
+
+  platform::Ref<QBSong> m_song;
+  ToneRoll m_roll;
+  ChordSpan m_loop;
+  int m_playing = -1;
+  int m_cursor = -1;
+  int m_zoom = 100;
+  double m_step = 16;   ///< Width of a column.
+  double m_line = 16;   ///< Height of a line of text.
+  double m_names = 32;  ///< Width of the names of pitches.
+};
+
+}  // namespace korvel::ui

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAccessible>
+#include <QRect>
+#include <QString>
+
+class QWidget;
+
+namespace korvel::ui {
+
+/// A drawn widget that screen readers see as one line of text: what is at its cursor.
+class SpokenView {
+ public:
+  virtual ~SpokenView() = default;
+  virtual QString spokenText() const = 0;
+  /// The place that the text is about, in coordinates of the widget.
+  virtual QRect spokenRect() const = 0;
+  virtual QAccessible::Role spokenRole() const { return QAccessible::EditableText; }
+
+ protected:
+  /// Has every view of this kind be seen so.
+  SpokenView();
+  /// Tells screen readers that the view, which is this, may have another text than before.
+  void announce(QWidget& view, const QString& before) const;
+};
+
+}  // namespace korvel::ui
