@@ -86,7 +86,9 @@ void BufferQueue::play(std::span<std::byte> chunk) {
 
 bool BufferQueue::hasBuffer() {
   if (m_buffer) return true;
-  m_buffer = m_ring.pop();
+  do {
+    m_buffer = m_ring.pop();
+  } while (!m_buffer && waitForBuffer());
   m_offset = 0;
   return m_buffer != nullptr;
 }
@@ -109,6 +111,10 @@ void BufferQueue::stamp(std::uint64_t framesLeft, std::uint64_t end) {
   const double nanoseconds = static_cast<double>(framesLeft) / m_description.sampleRate * 1e9;
   m_start.sampleTime = static_cast<double>(m_frames);
   m_start.hostTime = end - static_cast<std::uint64_t>(nanoseconds);
+}
+
+void BufferQueue::handBackRest() {
+  if (m_buffer && m_offset > 0) handBackFilled();
 }
 
 void BufferQueue::handBackFilled() {

@@ -42,8 +42,13 @@ class BufferQueue : public AudioQueue {
   // For one audio thread at a time: wait for nothing, allocate nothing, throw nothing.
   /// Fills buffers with whole frames that were recorded just now and calls back for each full one.
   void record(std::span<const std::byte> chunk);
+  /// Nothing more will come: calls back for the buffer that is being filled, as full as it is.
+  void handBackRest();
   /// Fills the chunk from the buffers and calls back for each one that was played.
   void play(std::span<std::byte> chunk);
+
+  /// When no buffer is left: whether to look again. For queues that no device drives.
+  virtual bool waitForBuffer() { return false; }
 
   /// That were recorded or played since the start.
   std::uint64_t frames() const { return m_frames; }
