@@ -18,47 +18,15 @@
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
 #include "platform/PlainRunLoop.h"
+#include "workflow/NewSong.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
-#include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
 #include "workflow/SoundCheck.h"
 #include "workflow/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
-
-/// The song that an import fills, with the album made for it; taken back unless kept.
-class NewSong {
- public:
-  NewSong(const ImportOptions& options, const std::string& file) {
-    QBTabMgr& db = QBTabMgr::db();
-    const std::string name = std::filesystem::path(file).stem().string();
-    const std::string wanted = options.album.value_or(QBNameMgr(nullptr, name).newAlbumName());
-    m_album = db.findAlbumByName(wanted);
-    m_madeAlbum = !m_album;
-    if (!m_album) m_album = db.createAlbum(wanted, false);
-    const std::string title = options.title.value_or(options.album ? name : wanted);
-    m_song = m_album->createSong(QBNameMgr(m_album, title).newName());
-  }
-  NewSong(const NewSong&) = delete;
-  NewSong& operator=(const NewSong&) = delete;
-  ~NewSong() {
-    if (m_kept) return;
-    m_album->deleteSong(m_song);
-    if (m_madeAlbum) QBTabMgr::db().deleteAlbum(m_album);
-  }
-
-  void keep() { m_kept = true; }
-  QBAlbum* album() const { return m_album; }
-  QBSong* song() const { return m_song; }
-
- private:
-  platform::Ref<QBAlbum> m_album;
-  platform::Ref<QBSong> m_song;
-  bool m_madeAlbum = false;
-  bool m_kept = false;
-};
 
 void run(QBCmdImportSong& command, bool stepped) {
   command.onProgress([](double share) { Console::attached().progress(share); });
@@ -91,7 +59,7 @@ bool hasTones(const QBSong& song) {
 platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,
                                  QBTuning* tuning) {
   requireSound(file);
-  NewSong made(options, file);
+  NewSong made(options.album, std::filesystem::path(file).stem().string(), options.title);
   hear(options, file, made, tuning);
   if (!hasTones(*made.song()))
     throw CliError(file + ": no tones were heard in it; nothing was stored");
