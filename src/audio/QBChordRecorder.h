@@ -6,7 +6,7 @@
 namespace korvel {
 
 /// The recorder of the import: also names each filtered chord and sorts its tones by loudness.
-class QBChordRecorder final : public QBOnlineTestRecorder {
+class QBChordRecorder : public QBOnlineTestRecorder {
  public:
   using QBOnlineTestRecorder::QBOnlineTestRecorder;
 

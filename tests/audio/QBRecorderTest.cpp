@@ -11,8 +11,8 @@
 #include "model/QBHarmony.h"
 #include "model/QBOvertone.h"
 #include "model/QBSpectrum.h"
-#include "platform/PlainRunLoop.h"
 #include "support/Guitar.h"
+#include "support/JumpingLoop.h"
 #include "support/StandardStore.h"
 
 namespace korvel {
@@ -29,28 +29,6 @@ class CountingSource final : public QBSampleSource {
 
   int starts = 0;
   int stops = 0;
-};
-
-/// The main run loop for the time of a test, on a clock that jumps instead of waiting.
-class JumpingLoop {
- public:
-  JumpingLoop() { platform::RunLoop::install(&m_loop); }
-  JumpingLoop(const JumpingLoop&) = delete;
-  JumpingLoop& operator=(const JumpingLoop&) = delete;
-  ~JumpingLoop() { platform::RunLoop::install(nullptr); }
-
-  void run(std::chrono::milliseconds time) {
-    bool over = false;
-    const auto timer =
-        m_loop.scheduleRepeating(static_cast<double>(time.count()) / 1000, [&] { over = true; });
-    m_loop.runUntil([&] { return over; });
-  }
-
- private:
-  using Time = platform::PlainRunLoop::Time;
-  Time m_now;
-  platform::PlainRunLoop m_loop{
-      {.now = [this] { return m_now; }, .sleepUntil = [this](Time time) { m_now = time; }}};
 };
 
 class QBRecorderTest : public testing::Test {
@@ -151,7 +129,7 @@ TEST_F(QBRecorderTest, chordWithoutConfirmedTonesStaysAsAnEmptyOne) {
 }
 
 TEST_F(QBRecorderTest, liveRecordingStepsOnItsTimerUntilItStops) {
-  JumpingLoop loop;
+  test::JumpingLoop loop;
   QBChordRecorder recorder(live(), m_guitar, m_target, m_album);
   recorder.stop();
   EXPECT_EQ(m_source->stops, 0) << "nothing runs";
@@ -175,7 +153,7 @@ TEST_F(QBRecorderTest, liveRecordingStepsOnItsTimerUntilItStops) {
 }
 
 TEST_F(QBRecorderTest, liveRecordingEndsWithTheRecorder) {
-  JumpingLoop loop;
+  test::JumpingLoop loop;
   {
     QBOnlineTestRecorder recorder(live(), m_guitar, m_target, m_album);
     recorder.start("title", 0);
