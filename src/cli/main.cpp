@@ -15,6 +15,7 @@
 #include "cli/Export.h"
 #include "cli/Import.h"
 #include "cli/NumberRange.h"
+#include "cli/Record.h"
 #include "cli/SongEdits.h"
 #include "cli/StoreCommands.h"
 #include "cli/Transcribe.h"
@@ -44,6 +45,7 @@ struct Usage {
   cli::ImportOptions import;
   cli::ApplyOptions apply;
   cli::ExportOptions exported;
+  cli::RecordOptions record;
   cli::TranscribeOptions transcribe;
   bool storeMustExist = false;
   bool storeNeeded = true;
@@ -57,6 +59,7 @@ struct Usage {
         "SONG is a title, or ALBUM/TITLE where titles repeat.\n"
         "Exit status: 0 done, 1 failed, 2 wrong usage, 255 the store cannot be opened.");
     addImport();
+    addRecord();
     addTranscribe();
     addSongCommands();
     addExport();
@@ -96,6 +99,29 @@ struct Usage {
     cli::addDetectionFlags(*sub, import.detection, import.settings);
     sub->add_flag("--json", import.json, "Print the song as JSON");
     sub->add_flag("--stepped", import.stepped, "Import step by step on a timer");
+  }
+
+  void addRecord() {
+    CLI::App* sub = app.add_subcommand("record", "Record a song and show its chords while playing");
+    sub->callback([this] {
+      if (record.title == "" || record.album == "" || record.wav == "" || record.file == "")
+        throw CLI::ValidationError("record", "takes names that are not empty");
+      action = [this] { return cli::record(record); };
+    });
+    sub->add_option("--seconds", record.seconds, "How long (default: until Ctrl-C)")
+        ->check(cli::numbersWithin(0.1, 86400));
+    CLI::Option* device =
+        sub->add_option("--device", record.device, "Input (default: what the system has chosen)");
+    CLI::Option* wave =
+        sub->add_option("--file", record.file, "WAV file that is heard instead")->type_name("FILE");
+    wave->excludes(device);
+    sub->add_flag("--fast", record.fast, "Hear the file faster than it plays; some may get lost")
+        ->needs(wave);
+    sub->add_option("--album", record.album, "Album for the song (default: one of its own)");
+    sub->add_option("--title", record.title, "Title of the song (default: date and time)");
+    sub->add_option("--wav", record.wav, "File that the sound is kept in")->type_name("FILE");
+    sub->add_option("--tuning", record.tuning, "Tuning of the guitar, such as \"Drop D\"");
+    cli::addDetectionFlags(*sub, record.detection, record.settings);
   }
 
   void addTranscribe() {
@@ -256,14 +282,17 @@ void unmark(std::string& word) {
 }
 
 void unmarkAll(Usage& usage) {
-  for (std::string* word : {&usage.store, &usage.song, &usage.file, &usage.target,
-                            &usage.apply.song, &usage.exported.song, &usage.transcribe.file})
+  for (std::string* word :
+       {&usage.store, &usage.song, &usage.file, &usage.target, &usage.apply.song,
+        &usage.exported.song, &usage.transcribe.file, &usage.record.device})
     unmark(*word);
   for (std::string& file : usage.import.files) unmark(file);
   for (auto* word :
        {&usage.import.album, &usage.import.title, &usage.import.tuning, &usage.apply.album,
         &usage.exported.txt, &usage.exported.musicxml, &usage.exported.midi, &usage.transcribe.json,
-        &usage.transcribe.midi, &usage.transcribe.musicxml, &usage.transcribe.tuning})
+        &usage.transcribe.midi, &usage.transcribe.musicxml, &usage.transcribe.tuning,
+        &usage.record.file, &usage.record.album, &usage.record.title, &usage.record.wav,
+        &usage.record.tuning})
     if (*word) unmark(**word);
 }
 

@@ -21,6 +21,7 @@
 #include "platform/Files.h"
 #include "workflow/NewSong.h"
 #include "workflow/QBNameMgr.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -56,6 +57,7 @@ class LiveRecording::Recorder final : public QBChordRecorder {
         m_owner(owner) {}
 
   QBChord* nextStep() override {
+    const TuningForNow tuning(m_owner.m_tuning);
     QBChord* chord = nullptr;
     try {
       chord = completed(QBChordRecorder::nextStep());
@@ -98,7 +100,8 @@ void LiveRecording::make() {
   m_take = std::make_unique<LiveTake>(file);
   m_made = std::make_unique<NewSong>(m_options.album,
                                      m_options.title.value_or(dateAndTime("%Y-%m-%d %H:%M:%S")));
-  m_tuning = QBTabMgr::db().selectedTuning();
+  m_tuning = m_options.tuning;
+  if (!m_tuning) m_tuning = QBTabMgr::db().selectedTuning();
   m_made->song()->setTuning(m_tuning);
   connect();
   m_recorder = std::make_unique<Recorder>(*this, m_made->song(), m_made->album());
@@ -167,6 +170,7 @@ void LiveRecording::hearPrecisely() {
 }
 
 void LiveRecording::hearNext() {
+  const TuningForNow tuning(m_tuning);
   try {
     // Chords of what was heard before cost next to nothing.
     for (int taken = 0; taken < kChordsOfStep && m_preciseRecorder->nextChord(); ++taken) continue;

@@ -39,6 +39,7 @@ class LiveRecording {
     std::string device{};                ///< None is the system's default.
     std::optional<std::string> album{};  ///< Made when missing; one of its own when not given.
     std::optional<std::string> title{};  ///< Date and time when not given.
+    platform::Ref<QBTuning> tuning{};    ///< The active one when there is none.
     ImportDetection detection = ImportDetection::precise;
     precise::Settings settings{};
     std::optional<double> seconds{};  ///< After which it stops by itself.

@@ -52,6 +52,8 @@ Running::Running(const std::vector<std::string>& command)
 
 void Running::kill() { ::kill(m_pid, SIGKILL); }
 
+void Running::interrupt() { ::kill(m_pid, SIGINT); }
+
 int Running::wait() { return waitFor(m_pid); }
 
 }  // namespace korvel::test

@@ -22,6 +22,8 @@ class Running {
  public:
   explicit Running(const std::vector<std::string>& command);
   void kill();
+  /// As Ctrl-C does it.
+  void interrupt();
   /// Exit status; -1 when a signal ended it.
   int wait();
 
