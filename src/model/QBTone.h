@@ -51,6 +51,8 @@ class QBTone final : public platform::ManagedObject {
   bool isNote(int note) const;
   /// Whether it sounds that absolute note.
   bool isLargeNote(int note) const;
+  /// The number of the MIDI note that it plays in the selected tuning; the low E is 40.
+  int toMIDI() const;
   /// Same string and fret.
   bool equals(const QBTone& other) const;
   std::string toString() const;

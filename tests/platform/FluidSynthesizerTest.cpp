@@ -12,15 +12,12 @@
 #include "platform/SoundFonts.h"
 #include "support/Guitar.h"
 #include "support/ScratchFolder.h"
+#include "support/SoundFont.h"
 
 namespace korvel::platform {
 namespace {
 
 constexpr int kGuitar = 25;
-
-std::filesystem::path anyFont() {
-  return SoundFonts(SoundFonts::Folders::ofMachine()).find(std::nullopt, kGuitar);
-}
 
 class Guitar {
  public:
@@ -38,7 +35,7 @@ class Guitar {
   void silence() { m_synth.silence(); }
 
  private:
-  FluidSynthesizer m_synth{anyFont(), {kGuitar}};
+  FluidSynthesizer m_synth{test::kSoundFont, {kGuitar}};
 };
 
 int peakOf(const std::vector<std::int16_t>& samples) {

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playback/QBMIDIPlayer.h"
+
+#include <utility>
+
+#include "model/ChordStep.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
+#include "model/QBSong.h"
+#include "model/QBTone.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kVelocity = 50;
+constexpr int kReleaseVelocity = 20;
+/// Notes end a little before the next chord.
+constexpr double kSounding = 0.95;
+constexpr double kStepsOfUnsetTone = 2.0;
+constexpr int kHighestNote = 127;
+constexpr std::uint8_t kProgramChange = 0xC0;
+
+float stepAfter(float time) { return static_cast<float>(time + kSecondsOfChord); }
+
+double stepsOf(const QBTone& tone) {
+  return tone.duration() == 0 ? kStepsOfUnsetTone : tone.duration();
+}
+
+}  // namespace
+
+QBMIDIPlayer::QBMIDIPlayer(QBSong& song, std::unique_ptr<platform::MusicPlayer> player)
+    : m_song(&song),
+      m_chords(song.allChords()),
+      m_track(&m_sequence.newTrack()),
+      m_player(std::move(player)) {
+  if (m_player) m_player->setSequence(m_sequence);
+}
+
+// ---- the sequence
+
+bool QBMIDIPlayer::playNote(int, int note, double duration) {
+  if (note < 0 || note > kHighestNote) return false;
+  platform::MidiNoteMessage message;
+  message.note = static_cast<std::uint8_t>(note);
+  message.velocity = kVelocity;
+  message.releaseVelocity = kReleaseVelocity;
+  message.duration = static_cast<float>(duration * kSecondsOfChord * kSounding);
+  return m_track && m_track->addNote(m_timestamp, message);
+}
+
+QBChord& QBMIDIPlayer::playChord(QBChord& chord) {
+  m_timestamp = stepAfter(m_timestamp);
+  if (const QBHold* hold = chord.hold())
+    for (const QBTone* tone : hold->tones())
+      if (tone->isActive()) playNote(tone->string(), tone->toMIDI(), stepsOf(*tone));
+  return chord;
+}
+
+QBChord* QBMIDIPlayer::chordAtIndex(int index) const {
+  const auto i = static_cast<std::size_t>(index);
+  return index >= 0 && i < m_chords.size() ? m_chords[i].get() : nullptr;
+}
+
+int QBMIDIPlayer::first() {
+  m_cursor = 0;
+  QBChord* chord = chordAtIndex(m_cursor);
+  if (!chord) return -1;
+  playChord(*chord);
+  return m_cursor;
+}
+
+int QBMIDIPlayer::next() {
+  if (m_cursor < static_cast<int>(m_chords.size())) ++m_cursor;
+  QBChord* chord = chordAtIndex(m_cursor);
+  if (!chord) return -1;
+  playChord(*chord);
+  return m_cursor;
+}
+
+void QBMIDIPlayer::scanFull() {
+  first();
+  for (std::size_t i = 0; i < m_chords.size(); ++i) next();
+}
+
+void QBMIDIPlayer::scan(int from, int to) {
+  m_loop = true;
+  m_to = to;
+  for (const auto& chord : m_chords)
+    if (from <= chord->position() && chord->position() <= to) playChord(*chord);
+}
+
+bool QBMIDIPlayer::changeProgram(int program) {
+  return m_track && program >= 0 && program <= kHighestNote &&
+         m_track->addChannelEvent(0.0, {kProgramChange, static_cast<std::uint8_t>(program), 0});
+}
+
+// ---- playing
+
+/// The program is changed only once the player runs: it takes an event of time 0 at any time.
+bool QBMIDIPlayer::start() {
+  if (!m_player) return false;
+  try {
+    m_player->preroll();
+    m_player->start();
+  } catch (const platform::AudioError& error) {
+    m_problem = error.what();
+    return false;
+  }
+  changeProgram(kProgram);
+  return isPlaying();
+}
+
+bool QBMIDIPlayer::stop() {
+  if (m_player) m_player->stop();
+  if (m_track) m_sequence.disposeTrack(*std::exchange(m_track, nullptr));
+  return true;
+}
+
+bool QBMIDIPlayer::isPlaying() const { return m_player && m_player->isPlaying(); }
+
+bool QBMIDIPlayer::isLost() const { return m_player && m_player->isLost(); }
+
+void QBMIDIPlayer::rewind() {
+  if (m_player) m_player->setTime(0.0);
+}
+
+void QBMIDIPlayer::setPlaybackPosition(int index) {
+  if (m_player) m_player->setTime(index * kSecondsOfChord);
+}
+
+int QBMIDIPlayer::playbackPosition() const { return isPlaying() ? findIndex(m_player->time()) : 0; }
+
+/// The end of the song has no index, and so a song of one chord has none at all: whoever shows
+/// positions shows them up to the chord before the last.
+int QBMIDIPlayer::findIndex(double time) const {
+  const auto count = static_cast<int>(m_chords.size());
+  if (count <= 1) return -1;
+  float begin = 0;
+  for (int i = 0;; ++i) {
+    begin = stepAfter(begin);
+    if (time >= begin && time < stepAfter(begin)) return i;
+    if (i + 1 >= count - 1) return -1;
+  }
+}
+
+void QBMIDIPlayer::setPlaybackRate(float rate) {
+  if (m_player) m_player->setPlayRateScalar(rate);
+}
+
+bool QBMIDIPlayer::isOver() const { return m_player && m_player->time() >= m_sequence.length(); }
+
+}  // namespace korvel

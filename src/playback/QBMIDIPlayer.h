@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/MusicPlayer.h"
+#include "platform/MusicSequence.h"
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+
+class QBChord;
+class QBSong;
+
+/// A song as one MIDI sequence, a chord at each step, and its playing. Made for one playing: fill
+/// the sequence, start, stop, drop. A step is kSecondsOfChord; the first chord sounds after one.
+/// Times are kept in single precision, as positions are looked up with the same rounding.
+class QBMIDIPlayer {
+ public:
+  /// General MIDI's steel-string acoustic guitar.
+  static constexpr int kProgram = 25;
+
+  /// Without a player the sequence can be filled, but not played.
+  QBMIDIPlayer(QBSong& song, std::unique_ptr<platform::MusicPlayer> player);
+
+  // Filling the sequence.
+  /// Adds a note at the present time; the string does not matter. duration: in steps.
+  bool playNote(int string, int note, double duration);
+  /// Goes on by a step and adds the active tones there.
+  QBChord& playChord(QBChord& chord);
+  /// None beyond the end.
+  QBChord* chordAtIndex(int index) const;
+  /// Adds the first chord, or the one after the last added: its index, or -1 when there is none.
+  int first();
+  int next();
+  /// Adds all chords.
+  void scanFull();
+  /// Adds the chords of positions from..to, both included, one step after another.
+  void scan(int from, int to);
+  bool repeatAsLoop() const { return m_loop; }
+  /// At time 0.
+  bool changeProgram(int program);
+  const platform::MusicSequence& sequence() const { return m_sequence; }
+
+  // Playing.
+  /// False when the device cannot be played on; `problem` tells why.
+  bool start();
+  const std::string& problem() const { return m_problem; }
+  /// Disposes of the notes too.
+  bool stop();
+  bool isPlaying() const;
+  /// The device went away while it played.
+  bool isLost() const;
+  void rewind();
+  /// index: in steps.
+  void setPlaybackPosition(int index);
+  /// The index of the chord that is heard; 0 when it does not play, -1 where findIndex has none.
+  int playbackPosition() const;
+  /// The chord that a time belongs to, in beats: chord i from i + 1 steps to i + 2 steps; -1 before
+  /// the first and from the last one on.
+  int findIndex(double time) const;
+  void setPlaybackRate(float rate);
+  /// All notes have been heard; it goes on in silence until it is stopped.
+  bool isOver() const;
+
+ private:
+  platform::Ref<QBSong> m_song;
+  std::vector<platform::Ref<QBChord>> m_chords;
+  platform::MusicSequence m_sequence;
+  platform::MusicTrack* m_track;
+  std::unique_ptr<platform::MusicPlayer> m_player;
+  int m_cursor = 0;
+  float m_timestamp = 0;  ///< When the last chord was added, in beats.
+  bool m_loop = false;
+  int m_to = 0;
+  std::string m_problem;
+};
+
+}  // namespace korvel

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+
+#include "platform/MusicEvent.h"
+#include "platform/SequenceRenderer.h"
+#include "platform/Synthesizer.h"
+
+namespace korvel {
+
+class QBSong;
+
+/// A song as samples, computed as fast as they are taken: from the first chord on, and until the
+/// last note has faded away.
+class SongRenderer {
+ public:
+  /// Positions of chords, both included.
+  struct Range {
+    int from;
+    int to;
+  };
+
+  /// Without a range all chords; rate: 1 is the speed of the recording. The synthesiser must
+  /// outlive this.
+  SongRenderer(QBSong& song, const std::optional<Range>& range, double rate,
+               platform::Synthesizer& synthesizer);
+  SongRenderer(const SongRenderer&) = delete;
+  SongRenderer& operator=(const SongRenderer&) = delete;
+
+  /// Renders the next frames, stereo and interleaved: as many as fit in, fewer at the end, then
+  /// none.
+  std::span<const std::int16_t> next(std::span<std::int16_t> samples);
+  /// Share of the notes that is rendered, 0..1.
+  double progress() const;
+
+ private:
+  platform::MusicEvents m_events;
+  double m_length;  ///< In beats.
+  platform::SequenceRenderer m_renderer;
+  double m_longestEcho;  ///< Frames that may follow the last note.
+};
+
+}  // namespace korvel

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playback/QBMIDIPlayer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+#include "model/ChordStep.h"
+#include "platform/FluidSynthesizer.h"
+#include "platform/WaveFileWriter.h"
+#include "playback/SongRenderer.h"
+#include "support/HandAudio.h"
+#include "support/SoundFont.h"
+#include "support/StandardStore.h"
+#include "workflow/QBAlbumNode.h"
+#include "workflow/QBCmdImportSong.h"
+
+namespace korvel {
+namespace {
+
+using platform::MidiChannelMessage;
+using platform::MidiNoteMessage;
+
+constexpr double kTolerance = 1e-6;
+constexpr std::size_t kFramesOfStep = 16384;
+
+std::unique_ptr<platform::Synthesizer> synthesizer() {
+  return std::make_unique<platform::FluidSynthesizer>(test::kSoundFont,
+                                                      std::vector{QBMIDIPlayer::kProgram});
+}
+
+class QBMIDIPlayerTest : public testing::Test {
+ protected:
+  std::unique_ptr<QBMIDIPlayer> player(const std::string& device = {}) {
+    return std::make_unique<QBMIDIPlayer>(
+        *m_song, std::make_unique<platform::MusicPlayer>(m_audio, device, synthesizer()));
+  }
+  void addChords(int count) {
+    for (int i = 0; i < count; ++i)
+      for (QBTone* tone : test::addChord(m_song, "0xxxx3")->hold()->tones())
+        tone->setDuration(i % 2 * 4);
+  }
+  /// Plays until the place that was rendered when this was called, and a step more.
+  void listen(double steps) {
+    m_audio.play(static_cast<std::size_t>(std::lround(steps * kFramesOfStep)));
+  }
+
+  const test::StandardStore m_store;
+  QBSong* m_song = m_store.song("Song");
+  test::HandAudio m_audio;
+};
+
+TEST_F(QBMIDIPlayerTest, chordsBecomeNotesAStepApart) {
+  addChords(3);
+  (*m_song->chords().at(2)->hold()->tones().begin())->setActive(false);
+  const auto midi = player();
+  midi->scanFull();
+  const platform::MusicEvents events = midi->sequence().events();
+  ASSERT_EQ(events.size(), 5U);
+  const auto expectNote = [&](std::size_t i, double time, int number, double length) {
+    const auto& note = std::get<MidiNoteMessage>(events[i].message);
+    EXPECT_NEAR(events[i].time, time, kTolerance);
+    EXPECT_EQ(note.note, number);
+    EXPECT_NEAR(note.duration, length, kTolerance);
+    EXPECT_EQ(note.velocity, 50);
+    EXPECT_EQ(note.releaseVelocity, 20);
+    EXPECT_EQ(note.channel, 0);
+  };
+  expectNote(0, kSecondsOfChord, 40, 0.705887);
+  expectNote(1, kSecondsOfChord, 67, 0.705887);
+  expectNote(2, 2 * kSecondsOfChord, 40, 1.411773);
+  expectNote(4, 3 * kSecondsOfChord, 67, 0.705887);
+}
+
+TEST_F(QBMIDIPlayerTest, aRangeStartsAtOneStep) {
+  addChords(9);
+  const auto midi = player();
+  midi->scan(5, 8);
+  EXPECT_TRUE(midi->repeatAsLoop());
+  const auto events = midi->sequence().events();
+  ASSERT_EQ(events.size(), 8U);
+  EXPECT_NEAR(events.front().time, kSecondsOfChord, kTolerance);
+  EXPECT_NEAR(events.back().time, 4 * kSecondsOfChord, kTolerance);
+  EXPECT_FALSE(midi->playNote(0, 128, 1));
+  EXPECT_FALSE(midi->playNote(0, -1, 1));
+}
+
+TEST_F(QBMIDIPlayerTest, cursorStopsBehindTheLastChord) {
+  EXPECT_EQ(player()->first(), -1);
+  addChords(2);
+  m_song = m_store.song("Other");
+  addChords(2);
+  const auto midi = player();
+  EXPECT_EQ(midi->first(), 0);
+  EXPECT_EQ(midi->next(), 1);
+  EXPECT_EQ(midi->next(), -1);
+  EXPECT_EQ(midi->next(), -1);
+  EXPECT_EQ(midi->chordAtIndex(2), nullptr);
+}
+
+TEST_F(QBMIDIPlayerTest, indexesEndBeforeTheLastChord) {
+  EXPECT_EQ(player()->findIndex(0.5), -1) << "no chord";
+  m_song = m_store.song("One");
+  addChords(1);
+  EXPECT_EQ(player()->findIndex(0.5), -1) << "the only chord is the last";
+  m_song = m_store.song("Three");
+  addChords(3);
+  const auto midi = player();
+  EXPECT_EQ(midi->findIndex(0.2), -1);
+  EXPECT_EQ(midi->findIndex(0.5), 0);
+  EXPECT_EQ(midi->findIndex(0.8), 1);
+  EXPECT_EQ(midi->findIndex(1.2), -1);
+}
+
+/// 800 sums of single precision lie 0.005 steps off the products.
+TEST_F(QBMIDIPlayerTest, indexesFollowTheTimesOfTheSequence) {
+  addChords(800);
+  const auto midi = player();
+  midi->scanFull();
+  const auto events = midi->sequence().events();
+  for (int i : {0, 100, 500, 798})
+    EXPECT_EQ(midi->findIndex(events[static_cast<std::size_t>(2 * i)].time), i);
+}
+
+TEST_F(QBMIDIPlayerTest, playsOnADeviceWithTheProgramOfASteelGuitar) {
+  addChords(4);
+  const auto midi = player();
+  midi->scan(0, 4);
+  EXPECT_EQ(midi->playbackPosition(), 0);
+  ASSERT_TRUE(midi->start());
+  EXPECT_TRUE(midi->isPlaying());
+  const auto events = midi->sequence().events();
+  const auto& change = std::get<MidiChannelMessage>(events.front().message);
+  EXPECT_EQ(change.status, 0xC0);
+  EXPECT_EQ(change.data1, 25);
+  midi->setPlaybackPosition(0);
+  EXPECT_EQ(midi->playbackPosition(), -1) << "before the first chord";
+  listen(1.7);
+  EXPECT_EQ(midi->playbackPosition(), 0);
+  listen(1);
+  EXPECT_EQ(midi->playbackPosition(), 1);
+  midi->setPlaybackRate(0.5);
+  midi->rewind();
+  listen(3);
+  EXPECT_EQ(midi->playbackPosition(), 0);
+  EXPECT_FALSE(midi->isOver());
+  midi->setPlaybackRate(1);
+  midi->setPlaybackPosition(7);
+  listen(3);
+  EXPECT_TRUE(midi->isOver());
+  EXPECT_TRUE(midi->stop());
+  EXPECT_FALSE(midi->isPlaying());
+  EXPECT_FALSE(midi->playNote(0, 40, 1)) << "the track is gone";
+  const auto heard = m_audio.heard();
+  EXPECT_GT(*std::ranges::max_element(heard), 2000);
+}
+
+TEST_F(QBMIDIPlayerTest, tellsWhyItCannotStart) {
+  addChords(2);
+  const auto midi = player("Boombox");
+  EXPECT_FALSE(midi->start());
+  EXPECT_NE(midi->problem().find("Boombox"), std::string::npos);
+  EXPECT_FALSE(midi->isPlaying());
+}
+
+// ---- rendering
+
+class SongRendererTest : public QBMIDIPlayerTest {
+ protected:
+  std::vector<std::int16_t> rendered(const std::optional<SongRenderer::Range>& range = {},
+                                     double rate = 1) {
+    const auto synth = synthesizer();
+    SongRenderer renderer(*m_song, range, rate, *synth);
+    std::vector<std::int16_t> all, part(2000);
+    for (auto next = renderer.next(part); !next.empty(); next = renderer.next(part))
+      all.insert(all.end(), next.begin(), next.end());
+    EXPECT_EQ(renderer.progress(), 1);
+    return all;
+  }
+  /// Of either channel.
+  static std::size_t firstSound(const std::vector<std::int16_t>& samples, std::size_t frame = 0) {
+    const auto from = samples.begin() + static_cast<std::ptrdiff_t>(2 * frame);
+    const auto sound = std::find_if(from, samples.end(), [](auto s) { return std::abs(s) > 500; });
+    return static_cast<std::size_t>(sound - samples.begin()) / 2;
+  }
+};
+
+TEST_F(SongRendererTest, chordsStandWhereTheyWereRecorded) {
+  for (const char* frets : {"xxxxxx", "022100", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx",
+                            "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "320003"})
+    test::addChord(m_song, frets);
+  for (const double rate : {1.0, 0.5, 2.0}) {
+    const auto samples = rendered({}, rate);
+    const auto step = static_cast<double>(kFramesOfStep) / rate;
+    EXPECT_NEAR(static_cast<double>(firstSound(samples)), step, 300) << rate;
+    EXPECT_NEAR(static_cast<double>(firstSound(samples, static_cast<std::size_t>(11.9 * step))),
+                12 * step, 300)
+        << rate;
+    EXPECT_GT(samples.size() / 2, 13.0 * step);
+    EXPECT_LT(samples.size() / 2, 14.0 * step + 10.5 * 44100) << "it fades away";
+  }
+  EXPECT_LT(firstSound(rendered(SongRenderer::Range{13, 13})), 300U) << "a range starts at once";
+}
+
+std::set<int> pitchClasses(const QBChord& chord) {
+  std::set<int> classes;
+  if (chord.hold())
+    for (const QBTone* tone : chord.hold()->tones())
+      if (tone->isActive()) classes.insert(tone->toMIDI() % 12);
+  return classes;
+}
+
+/// What the import hears in a rendered song is what was played.
+TEST_F(SongRendererTest, theImportHearsTheSameTones) {
+  const std::vector<std::string> shapes{"x02210", "xxxxxx", "xxxxxx", "xxxxxx", "x32010",
+                                        "xxxxxx", "xxxxxx", "xxxxxx", "320003", "xxxxxx",
+                                        "xxxxxx", "xxxxxx", "022100", "xxxxxx", "xxxxxx",
+                                        "xxxxxx", "xx0232", "xxxxxx", "xxxxxx", "xxxxxx"};
+  for (const std::string& shape : shapes)
+    for (QBTone* tone : test::addChord(m_song, shape)->hold()->tones()) tone->setDuration(4);
+  const std::string file = m_store.folder().file("song.wav");
+  platform::WaveFileWriter writer(file, platform::Synthesizer::kSampleRate, 2);
+  writer.write(rendered());
+  writer.finish();
+  QBAlbum* album = QBTabMgr::db().createAlbum("Album", false);
+  QBSong* heard = album->createSong("Heard");
+  QBCmdImportSong import(std::make_shared<QBAlbumNode>(album), file, heard);
+  import.setDetection(ImportDetection::precise, {});
+  import.run();
+  std::size_t played = 0, found = 0, extra = 0;
+  const auto& chords = m_song->allChords();
+  ASSERT_GE(heard->allChords().size(), chords.size() - 4);
+  for (std::size_t i = 0; i < chords.size(); i += 4) {
+    const std::set<int> wanted = pitchClasses(*chords[i]);
+    played += wanted.size();
+    for (const int each : pitchClasses(*heard->allChords()[i]))
+      ++(wanted.contains(each) ? found : extra);
+  }
+  EXPECT_GE(found, 14U) << "of " << played;
+  EXPECT_LE(extra, 2U) << "such as strings that ring on";
+}
+
+}  // namespace
+}  // namespace korvel
