@@ -7,12 +7,9 @@
 #include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/OutputFile.h"
-#include "cli/ScoreFile.h"
 #include "cli/SongChoice.h"
-#include "export/SongMidi.h"
-#include "export/SongScore.h"
 #include "model/QBSong.h"
-#include "workflow/TuningForNow.h"
+#include "workflow/SongFiles.h"
 
 namespace korvel::cli {
 namespace {
@@ -35,9 +32,14 @@ std::vector<Output> outputsOf(const ExportOptions& options, QBSong& song) {
   const auto add = [&](const std::optional<std::string>& file, std::function<std::string()> make) {
     if (file) outputs.push_back({OutputFile(*file, options.force), std::move(make)});
   };
-  add(options.txt, [&] { return song.toStringForExport(); });
-  add(options.musicxml, [&] { return musicXmlOf(scoreOf(song, chosenMeter(options.metric))); });
-  add(options.midi, [&] { return midiFile(midiOf(song, chosenMeter(options.metric))); });
+  const auto as = [&](SongFormat format) {
+    return [&song, format, meter = chosenMeter(options.metric)] {
+      return songFile(song, format, meter);
+    };
+  };
+  add(options.txt, as(SongFormat::text));
+  add(options.musicxml, as(SongFormat::musicXml));
+  add(options.midi, as(SongFormat::midi));
   return outputs;
 }
 
@@ -46,7 +48,6 @@ std::vector<Output> outputsOf(const ExportOptions& options, QBSong& song) {
 void exportSong(const ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
   if (song.allChords().empty()) throw CliError(fullTitle(song) + ": the song has no chords");
-  const TuningForNow chosen(song.tuning());
   OutputFile::requireDifferent({options.txt, options.musicxml, options.midi});
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();

@@ -10,10 +10,10 @@
 #include "audio/QBMonoTrack.h"
 #include "cli/Console.h"
 #include "cli/OutputFile.h"
-#include "cli/ScoreFile.h"
 #include "cli/TuningChoice.h"
 #include "model/QBTuning.h"
 #include "workflow/NoteScore.h"
+#include "workflow/ScoreFile.h"
 #include "workflow/SoundCheck.h"
 #include "workflow/TuningForNow.h"
 

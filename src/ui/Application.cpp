@@ -60,7 +60,8 @@ int Application::runFirst(SingleInstance& instance, const QStringList& files) {
     MainWindow window(alert);
     connect(&instance, &SingleInstance::startedAgain, &window, &MainWindow::comeToFront);
     window.show();
-    window.openFiles(files);
+    window.openLastSong();
+    window.importFiles(files);
     status = exec();
   }
   QBTabMgr::clearDb();

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "ui/Text.h"
 #include "workflow/QBCommand.h"
@@ -23,10 +24,12 @@ JobRow::JobRow(QBCommand& job, QWidget* parent)
   m_drop->setToolTip(tr("Ends the job now and removes what it has made"));
   connect(m_keep, &QPushButton::clicked, this, [this] { m_job.stopAndKeep(); });
   connect(m_drop, &QPushButton::clicked, this, [this] { m_job.cancelAndDrop(); });
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->addWidget(m_title, 2);
-  row->addWidget(m_progress, 3);
+  auto* column = new QVBoxLayout(this);
+  auto* row = new QHBoxLayout;
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(m_title);
+  column->addLayout(row);
+  row->addWidget(m_progress);
   row->addWidget(m_keep);
   row->addWidget(m_drop);
   update();

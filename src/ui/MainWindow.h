@@ -3,7 +3,10 @@
 
 #include <QMainWindow>
 
+#include "platform/persistence/Ref.h"
 #include "ui/SaveFilePanel.h"
+#include "workflow/ImportDesk.h"
+#include "workflow/LibraryTree.h"
 #include "workflow/SessionViews.h"
 
 class QDockWidget;
@@ -11,10 +14,15 @@ class QLabel;
 
 namespace korvel::ui {
 
+class AlbumMenu;
+class FindBar;
 class HelpWindow;
 class JobPanel;
+class LibraryActions;
 class LogPanel;
-class TabPanel;
+class SongMenu;
+class TablatureView;
+class TreePanel;
 
 /// The window that a guitarist works in. For as long as it lives its panels are the session's
 /// views.
@@ -26,30 +34,62 @@ class MainWindow final : public QMainWindow, public SongView {
   explicit MainWindow(FatalAlert& alert, QWidget* parent = nullptr);
   ~MainWindow() override;
 
-  void openFiles(const QStringList& files);
+  void importFiles(const QStringList& files);
   /// Somebody started the program again, with these files.
   void comeToFront(const QStringList& files);
+  /// Shows the song that was shown when the window was closed last.
+  void openLastSong();
 
   void setActiveSong(QBSong* song) override;
 
+  TreePanel& tree() { return *m_tree; }
+  TablatureView& tablature() { return *m_tablature; }
+
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
+  void addTablature();
   void addPanels();
   QDockWidget* addPanel(const QString& title, const char* name, QWidget* panel,
                         Qt::DockWidgetArea area);
-  void addMenus();
   void attachViews(FatalAlert& alert);
   void restoreLayout();
+  void say(const QString& text);
+
+  // Menus.
+  void addMenus();
+  void addFileMenu();
+  void addEditMenu();
+  void addViewMenu();
+  void addHelpMenu();
+  void listRecentFiles();
+
+  // What they do.
+  void chooseLoopEnd(int chord);
+  void showImported(const QString& file, QBSong* song);
+  void printSong();
+  void exportPdf();
   void showHelp();
 
   SaveFilePanel m_savePanel{this};
-  TabPanel* m_tab;
+  LibraryTree m_library;
+  ImportDesk m_desk{m_library};
+  platform::Ref<QBSong> m_song;
+  bool m_turnedToASong = false;  ///< Since the last import was started.
+  LibraryActions* m_actions;
+  TreePanel* m_tree;
+  TablatureView* m_tablature;
+  FindBar* m_find;
   LogPanel* m_log;
   JobPanel* m_jobs;
   HelpWindow* m_help;
-  QLabel* m_songLabel;
+  SongMenu* m_songMenu;
+  AlbumMenu* m_albumMenu;
+  QMenu* m_recent = nullptr;
+  QLabel* m_place;
 };
 
 }  // namespace korvel::ui

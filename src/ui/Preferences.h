@@ -23,6 +23,10 @@ class Preferences {
   QString lastSong() const { return m_store.value("lastSong").toString(); }
   void setLastSong(const QString& name) { m_store.setValue("lastSong", name); }
 
+  /// Files that were imported, the latest first.
+  QStringList recentFiles() const { return m_store.value("recentFiles").toStringList(); }
+  void addRecentFile(const QString& file);
+
   QString importFolder() const { return folder("folders/import"); }
   void setImportFolder(const QString& path) { m_store.setValue("folders/import", path); }
   QString exportFolder() const { return folder("folders/export"); }

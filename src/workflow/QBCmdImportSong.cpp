@@ -138,6 +138,7 @@ void QBCmdImportSong::tearDown() {
   if (m_saving) QBTabMgr::db().save();
   m_percent = kAll;
   printOut("Song successfully imported.");
+  if (m_finished) m_finished();
 }
 
 void QBCmdImportSong::stopAndKeep() {

@@ -52,6 +52,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
 
   /// Called after each step with the share of the work that is done, 0..1.
   void onProgress(std::function<void(double)> listener) { m_listener = std::move(listener); }
+  /// Called once the song is there, saved and logged; not for an import that is dropped.
+  void onFinished(std::function<void()> listener) { m_finished = std::move(listener); }
 
  private:
   void hearBlocks();
@@ -77,6 +79,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   std::unique_ptr<QBRecorder> m_recorder;
   platform::Ref<QBSong> m_scratch;  ///< The recorder's.
   std::function<void(double)> m_listener;
+  std::function<void()> m_finished;
 };
 
 }  // namespace korvel

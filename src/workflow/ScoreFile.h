@@ -5,9 +5,9 @@
 
 #include "export/Score.h"
 
-namespace korvel::cli {
+namespace korvel {
 
 /// A score as a MusicXML document that names this program and today's date.
 std::string musicXmlOf(Score score);
 
-}  // namespace korvel::cli
+}  // namespace korvel

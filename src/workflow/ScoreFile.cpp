@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/ScoreFile.h"
+#include "workflow/ScoreFile.h"
 
 #include <array>
 #include <ctime>
 
 #include "export/QBScoreWriter.h"
 
-namespace korvel::cli {
+namespace korvel {
 namespace {
 
 std::string today() {
@@ -25,4 +25,4 @@ std::string musicXmlOf(Score score) {
   return QBScoreWriter(score).write();
 }
 
-}  // namespace korvel::cli
+}  // namespace korvel

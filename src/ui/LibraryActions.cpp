@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/LibraryActions.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <array>
+#include <filesystem>
+
+#include "model/QBAlbum.h"
+#include "model/QBInstrument.h"
+#include "model/QBSong.h"
+#include "model/QBTuning.h"
+#include "platform/FileError.h"
+#include "platform/Files.h"
+#include "ui/Preferences.h"
+#include "ui/SongMenu.h"
+#include "ui/Text.h"
+#include "ui/TuningDialog.h"
+#include "workflow/LibraryEdits.h"
+#include "workflow/QBAlbumNode.h"
+#include "workflow/QBCmdImportSong.h"
+#include "workflow/QBInstrumentNode.h"
+#include "workflow/QBSongNode.h"
+#include "workflow/QBTuningNode.h"
+#include "workflow/SongOrders.h"
+
+namespace korvel::ui {
+namespace {
+
+struct FormatName {
+  SongFormat format;
+  const char* name;
+};
+
+constexpr std::array kFormats{
+    FormatName{SongFormat::text, QT_TRANSLATE_NOOP("SongFormat", "Text tablature")},
+    FormatName{SongFormat::musicXml, QT_TRANSLATE_NOOP("SongFormat", "MusicXML score")},
+    FormatName{SongFormat::midi, QT_TRANSLATE_NOOP("SongFormat", "MIDI file")},
+};
+
+QString nameOf(const FormatName& format) {
+  return QCoreApplication::translate("SongFormat", format.name);
+}
+
+QString extension(SongFormat format) { return toText(extensionOf(format)); }
+
+/// As file dialogs have it: "MIDI file (*.mid)".
+QString filterOf(const FormatName& format) {
+  return nameOf(format) + " (*" + extension(format.format) + ')';
+}
+
+QString proposedPath(const QString& title) {
+  QString name = title;
+  name.replace('/', '_');
+  return QDir(Preferences().exportFolder()).filePath(name);
+}
+
+const std::string kSoundFiles =
+    "*.wav *.mp3 *.m4a *.aac *.ogg *.oga *.opus *.flac *.aif *.aiff *.wma *.mp4 *.mkv *.mov *.webm";
+
+}  // namespace
+
+LibraryActions::LibraryActions(ImportDesk& desk, QWidget* window)
+    : QObject(window), m_desk(desk), m_window(window) {}
+
+void LibraryActions::attempt(const std::function<void()>& edit) {
+  try {
+    edit();
+  } catch (const EditRefused& reason) {
+    emit refused(toText(reason.what()));
+  } catch (const platform::FileError& problem) {
+    emit refused(toText(problem.what()));
+  }
+}
+
+// ---- menus
+
+void LibraryActions::fillRootMenu(QMenu& menu) {
+  menu.addAction(tr("Import WAV File"), this, [this] { chooseAndImport(); });
+  menu.addAction(tr("New Album"), this, &LibraryActions::createAlbum);
+}
+
+void LibraryActions::fillTuningsMenu(QMenu& menu) {
+  const auto add = [&](const QString& title, KnownTuning from) {
+    menu.addAction(title, this, [this, from] { attempt([from] { newTuning(from); }); });
+  };
+  add(tr("New from Standard"), KnownTuning::standard);
+  add(tr("New from Drop D"), KnownTuning::dropD);
+  add(tr("New from Open G"), KnownTuning::openG);
+}
+
+void LibraryActions::fillInstrumentsMenu(QMenu& menu) {
+  menu.addAction(tr("Import Definition File ..."), this, &LibraryActions::chooseInstrument);
+}
+
+void LibraryActions::fillMenu(QMenu& menu, const std::shared_ptr<QBTreeNode>& node) {
+  if (dynamic_cast<QBSongNode*>(node.get())) {
+    fillSongMenu(menu, node);
+  } else if (const auto album = std::dynamic_pointer_cast<QBAlbumNode>(node)) {
+    addRename(menu, node.get());
+    fillAlbumMenu(menu, [album] { return album->album(); });
+  } else if (const auto* tuning = dynamic_cast<QBTuningNode*>(node.get())) {
+    addRename(menu, node.get());
+    fillTuningMenu(menu, *tuning->tuning());
+  } else if (const auto* instrument = dynamic_cast<QBInstrumentNode*>(node.get())) {
+    addRename(menu, node.get());
+    fillInstrumentMenu(menu, *instrument->instrument());
+  }
+}
+
+void LibraryActions::fillSongMenu(QMenu& menu, const std::shared_ptr<QBTreeNode>& node) {
+  addSongCommands(menu, [this, node](const SongCommand& command) {
+    attempt([&] { orderOf(static_cast<QBSongNode&>(*node), command); });
+  });
+}
+
+void LibraryActions::fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album) {
+  const auto add = [&](QMenu& place, const QString& title, const auto& act) {
+    place.addAction(title, this, [this, album, act] {
+      const platform::Ref<QBAlbum> chosen = album();
+      if (chosen) attempt([&] { act(*chosen); });
+    });
+  };
+  add(menu, tr("Clone"), [](QBAlbum& each) { cloneAlbum(each); });
+  add(menu, tr("Delete"), [](QBAlbum& each) { deleteAlbum(each); });
+  menu.addSeparator();
+  add(menu, tr("Import Into ..."), [this](QBAlbum& each) { chooseAndImport(&each); });
+  QMenu& all = *menu.addMenu(tr("Export All As"));
+  for (const FormatName& format : kFormats)
+    add(all, nameOf(format), [this, format](QBAlbum& each) { exportAll(each, format.format); });
+}
+
+void LibraryActions::fillTuningMenu(QMenu& menu, QBTuning& tuning) {
+  const platform::Ref<QBTuning> kept(&tuning);
+  menu.addAction(tr("Select As Active"), this,
+                 [this, kept] { attempt([&] { selectTuning(*kept); }); });
+  menu.addAction(tr("Edit Strings ..."), this, [this, kept] { editStrings(*kept); });
+  menu.addSeparator();
+  fillTuningsMenu(menu);
+}
+
+void LibraryActions::fillInstrumentMenu(QMenu& menu, QBInstrument& instrument) {
+  const platform::Ref<QBInstrument> kept(&instrument);
+  menu.addAction(tr("Select As Active"), this,
+                 [this, kept] { attempt([&] { selectInstrument(*kept); }); });
+  menu.addAction(tr("Export Definition File ..."), this, [this, kept] { exportInstrument(*kept); });
+  menu.addAction(tr("Delete"), this, [this, kept] { attempt([&] { deleteInstrument(*kept); }); });
+  menu.addSeparator();
+  fillInstrumentsMenu(menu);
+}
+
+void LibraryActions::addRename(QMenu& menu, const QBTreeNode* node) {
+  menu.addAction(tr("Rename"), this, [this, node] { emit renameWanted(node); });
+}
+
+// ---- what they do
+
+void LibraryActions::chooseAndImport(QBAlbum* into) {
+  const platform::Ref<QBAlbum> album = into;
+  Preferences preferences;
+  const QStringList files = QFileDialog::getOpenFileNames(
+      m_window, tr("Import Recordings"), preferences.importFolder(),
+      tr("Sound and video files (%1)").arg(toText(kSoundFiles)) + ";;" + tr("All files (*)"));
+  if (files.isEmpty()) return;
+  preferences.setImportFolder(QFileInfo(files.first()).absolutePath());
+  importFiles(files, album);
+}
+
+void LibraryActions::importFiles(const QStringList& files, QBAlbum* into) {
+  const platform::Ref<QBAlbum> album = into;
+  for (const QString& file : files) importFile(file, album);
+}
+
+void LibraryActions::importFile(const QString& file, QBAlbum* into) {
+  const auto job = m_desk.importFile(file.toStdString(), into);
+  if (!job) {
+    emit refused(tr("%1 was not imported: choose another sound file, or convert it to WAV first")
+                     .arg(QFileInfo(file).fileName()));
+    return;
+  }
+  job->onFinished(
+      [this, file, song = platform::Ref<QBSong>(job->newSong())] { emit imported(file, song); });
+  emit importStarted(file);
+}
+
+void LibraryActions::createAlbum() {
+  attempt([] { newAlbum(tr("New Album").toStdString()); });
+}
+
+void LibraryActions::exportSongFile(QBSong* song) {
+  const platform::Ref<QBSong> kept = song;
+  QStringList filters;
+  for (const FormatName& format : kFormats) filters.append(filterOf(format));
+  QString chosen = filters.first();
+  QString file =
+      QFileDialog::getSaveFileName(m_window, tr("Export Song"), proposedPath(toText(song->title())),
+                                   filters.join(";;"), &chosen);
+  if (file.isEmpty()) return;
+  const SongFormat format = kFormats.at(static_cast<std::size_t>(filters.indexOf(chosen))).format;
+  if (QFileInfo(file).suffix().isEmpty()) file += extension(format);
+  Preferences().setExportFolder(QFileInfo(file).absolutePath());
+  attempt([&] { exportSong(*kept, format, file.toStdString()); });
+}
+
+void LibraryActions::exportAll(QBAlbum& album, SongFormat format) {
+  Preferences preferences;
+  const QString folder = QFileDialog::getExistingDirectory(m_window, tr("Export All Songs Into"),
+                                                           preferences.exportFolder());
+  if (folder.isEmpty()) return;
+  preferences.setExportFolder(folder);
+  exportAlbum(album, format, folder.toStdString());
+}
+
+void LibraryActions::editStrings(QBTuning& tuning) {
+  TuningDialog dialog(tuning, m_window);
+  if (dialog.exec() != QDialog::Accepted) return;
+  attempt([&] { editTuning(tuning, dialog.pitches()); });
+}
+
+void LibraryActions::chooseInstrument() {
+  Preferences preferences;
+  const QString file = QFileDialog::getOpenFileName(
+      m_window, tr("Import Instrument"), preferences.importFolder(),
+      tr("Instrument definitions (*.xml)") + ";;" + tr("All files (*)"));
+  if (file.isEmpty()) return;
+  preferences.setImportFolder(QFileInfo(file).absolutePath());
+  attempt([&] { importInstrument(file.toStdString()); });
+}
+
+void LibraryActions::exportInstrument(QBInstrument& instrument) {
+  const QString file = QFileDialog::getSaveFileName(
+      m_window, tr("Export Instrument"), proposedPath(toText(instrument.name()) + ".xml"),
+      tr("Instrument definitions (*.xml)"));
+  if (file.isEmpty()) return;
+  Preferences().setExportFolder(QFileInfo(file).absolutePath());
+  attempt([&] { platform::writeAtomically(file.toStdString(), definitionOf(instrument)); });
+}
+
+}  // namespace korvel::ui

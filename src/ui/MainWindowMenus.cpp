@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "model/QBSong.h"
+#include "model/QBTextLoader.h"
+#include "platform/FileError.h"
+#include "ui/AlbumMenu.h"
+#include "ui/FindBar.h"
+#include "ui/LibraryActions.h"
+#include "ui/MainWindow.h"
+#include "ui/Preferences.h"
+#include "ui/SongMenu.h"
+#include "ui/Text.h"
+#include "ui/TreePanel.h"
+#include "ui/views/TablaturePages.h"
+#include "ui/views/TablatureView.h"
+#include "workflow/QBSession.h"
+
+namespace korvel::ui {
+
+void MainWindow::addMenus() {
+  addFileMenu();
+  addEditMenu();
+  menuBar()->addMenu(m_songMenu);
+  menuBar()->addMenu(m_albumMenu);
+  addViewMenu();
+  addHelpMenu();
+}
+
+void MainWindow::addFileMenu() {
+  QMenu* menu = menuBar()->addMenu(tr("&File"));
+  menu->addAction(tr("&Import ..."), QKeySequence::Open, this,
+                  [this] { m_actions->chooseAndImport(); });
+  m_recent = menu->addMenu(tr("Import &Recent"));
+  menu->addAction(tr("&New Album"), QKeySequence::New, m_actions, &LibraryActions::createAlbum);
+  menu->addSeparator();
+  QAction* save = menu->addAction(tr("&Export Song ..."), tr("Ctrl+E"), this,
+                                  [this] { m_actions->exportSongFile(m_song); });
+  QAction* pdf = menu->addAction(tr("Export as P&DF ..."), this, &MainWindow::exportPdf);
+  QAction* print =
+      menu->addAction(tr("&Print ..."), QKeySequence::Print, this, &MainWindow::printSong);
+  menu->addSeparator();
+  menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+  connect(menu, &QMenu::aboutToShow, this, [this, save, pdf, print] {
+    listRecentFiles();
+    for (QAction* action : {save, pdf, print})
+      action->setEnabled(m_song && m_song->hasTabulature());
+  });
+}
+
+void MainWindow::addEditMenu() {
+  QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+  menu->addAction(tr("&Copy"), QKeySequence::Copy, m_tablature, &TablatureView::copy);
+  menu->addAction(tr("Select &All"), QKeySequence::SelectAll, m_tablature,
+                  &TablatureView::selectAll);
+  menu->addSeparator();
+  menu->addAction(tr("&Find Chord ..."), QKeySequence::Find, m_find, &FindBar::open);
+  menu->addAction(tr("Search &Library ..."), tr("Ctrl+L"), m_tree, &TreePanel::focusSearch);
+  menu->addSeparator();
+  menu->addAction(tr("Reset &Loop"), this, [] { QBSession::session().resetLoop(); });
+}
+
+void MainWindow::addViewMenu() {
+  QMenu* menu = menuBar()->addMenu(tr("&View"));
+  menu->addAction(tr("Zoom &In"), QKeySequence::ZoomIn, m_tablature, &TablatureView::zoomIn);
+  menu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, m_tablature, &TablatureView::zoomOut);
+  menu->addAction(tr("&Actual Size"), tr("Ctrl+0"), m_tablature, &TablatureView::resetZoom);
+  menu->addSeparator();
+  QMenu* panels = createPopupMenu();
+  menu->addActions(panels->actions());
+}
+
+void MainWindow::addHelpMenu() {
+  QMenu* menu = menuBar()->addMenu(tr("&Help"));
+  menu->addAction(tr("&Contents"), QKeySequence::HelpContents, this, &MainWindow::showHelp);
+}
+
+void MainWindow::listRecentFiles() {
+  m_recent->clear();
+  for (const QString& file : Preferences().recentFiles())
+    m_recent->addAction(QFileInfo(file).fileName(), this, [this, file] { importFiles({file}); })
+        ->setToolTip(file);
+  m_recent->setEnabled(!m_recent->isEmpty());
+}
+
+void MainWindow::printSong() {
+  QPrinter printer(QPrinter::HighResolution);
+  QPrintDialog dialog(&printer, this);
+  if (dialog.exec() == QDialog::Accepted &&
+      !printTablature(*m_song, m_tablature->tabFont(), printer))
+    say(tr("The printer took nothing; look whether it is switched on"));
+}
+
+void MainWindow::exportPdf() {
+  Preferences preferences;
+  QString name = toText(m_song->title()) + ".pdf";
+  name.replace('/', '_');
+  const QString file = QFileDialog::getSaveFileName(this, tr("Export as PDF"),
+                                                    QDir(preferences.exportFolder()).filePath(name),
+                                                    tr("PDF documents (*.pdf)"));
+  if (file.isEmpty()) return;
+  preferences.setExportFolder(QFileInfo(file).absolutePath());
+  try {
+    savePdf(*m_song, m_tablature->tabFont(), file.toStdString());
+    QBSession::session().addToLog(file.toStdString());
+  } catch (const platform::FileError& problem) {
+    say(toText(problem.what()));
+  }
+}
+
+void MainWindow::showHelp() {
+  QBSession::session().drawHelp(QBTextLoader::db().index().value_or(""));
+}
+
+}  // namespace korvel::ui

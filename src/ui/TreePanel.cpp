@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/TreePanel.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "model/QBAlbum.h"
+#include "model/QBSong.h"
+#include "ui/LibraryActions.h"
+#include "ui/Text.h"
+#include "workflow/LibraryEdits.h"
+#include "workflow/QBAlbumNode.h"
+#include "workflow/QBSession.h"
+#include "workflow/QBSongNode.h"
+#include "workflow/QBTuningNode.h"
+#include "workflow/SongOrders.h"
+
+namespace korvel::ui {
+
+TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* parent)
+    : QWidget(parent),
+      m_model(library),
+      m_actions(actions),
+      m_search(new QLineEdit),
+      m_view(new QTreeView) {
+  m_filter.setSourceModel(&m_model);
+  m_filter.setRecursiveFilteringEnabled(true);
+  m_filter.setAutoAcceptChildRows(true);
+  m_filter.setFilterCaseSensitivity(Qt::CaseInsensitive);
+  m_search->setPlaceholderText(tr("Search"));
+  m_search->setAccessibleName(tr("Search in albums, songs, tunings and instruments"));
+  m_search->setClearButtonEnabled(true);
+  m_view->setModel(&m_filter);
+  m_view->setHeaderHidden(true);
+  m_view->setUniformRowHeights(true);
+  m_view->setDragDropMode(QAbstractItemView::DragDrop);
+  m_view->setDropIndicatorShown(true);
+  m_view->setEditTriggers(QAbstractItemView::EditKeyPressed);
+  m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+  m_view->setAccessibleName(tr("Library"));
+  m_view->expandToDepth(0);
+  m_view->installEventFilter(this);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(m_search);
+  column->addWidget(m_view);
+  connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
+    m_filter.setFilterFixedString(text);
+    if (!text.isEmpty()) m_view->expandAll();
+  });
+  connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &TreePanel::select);
+  connect(m_view, &QWidget::customContextMenuRequested, this, &TreePanel::showMenu);
+  connect(&m_model, &TreeModel::refused, this, &TreePanel::refused);
+  connect(&m_model, &TreeModel::filesDropped, this, &TreePanel::drop);
+  connect(&m_actions, &LibraryActions::renameWanted, this, [this](const QBTreeNode* node) {
+    m_view->edit(m_filter.mapFromSource(m_model.indexOf(node)));
+  });
+}
+
+void TreePanel::refreshAllContents() { m_model.refresh(); }
+
+void TreePanel::showSong(const QBSong* song) {
+  const QModelIndex index = m_filter.mapFromSource(m_model.indexOf(song));
+  if (!index.isValid() || index == m_view->currentIndex()) return;
+  m_following = true;
+  m_view->setCurrentIndex(index);
+  m_view->scrollTo(index);
+  m_following = false;
+}
+
+void TreePanel::focusSearch() {
+  m_search->setFocus();
+  m_search->selectAll();
+}
+
+void TreePanel::renameCurrent() { m_view->edit(m_view->currentIndex()); }
+
+QModelIndex TreePanel::currentIndex() const { return m_filter.mapToSource(m_view->currentIndex()); }
+
+void TreePanel::select(const QModelIndex& current) {
+  const auto node = m_model.nodeOf(m_filter.mapToSource(current));
+  QBSession& session = QBSession::session();
+  session.setActiveTreeNode(node.get());
+  if (m_following) return;
+  if (auto* song = dynamic_cast<QBSongNode*>(node.get()))
+    song->mouseClick();
+  else if (const auto* tuning = dynamic_cast<QBTuningNode*>(node.get()))
+    session.drawTuning(tuning->tuning());
+}
+
+void TreePanel::showMenu(const QPoint& position) {
+  const QModelIndex index = m_filter.mapToSource(m_view->indexAt(position));
+  QMenu menu;
+  if (m_model.isGroup(index, TreeModel::Group::tunings))
+    m_actions.fillTuningsMenu(menu);
+  else if (m_model.isGroup(index, TreeModel::Group::instruments))
+    m_actions.fillInstrumentsMenu(menu);
+  else if (const auto node = m_model.nodeOf(index))
+    m_actions.fillMenu(menu, node);
+  else
+    m_actions.fillRootMenu(menu);
+  menu.exec(m_view->viewport()->mapToGlobal(position));
+}
+
+void TreePanel::deleteCurrent() {
+  const auto node = m_model.nodeOf(currentIndex());
+  if (auto* song = dynamic_cast<QBSongNode*>(node.get()))
+    orderOf(*song, *findSongCommand("deleteSong"));
+  else if (const auto* album = dynamic_cast<QBAlbumNode*>(node.get()))
+    deleteAlbum(*album->album());
+}
+
+void TreePanel::drop(const QStringList& files, const QModelIndex& into) {
+  const auto node = m_model.nodeOf(into);
+  const auto* album = dynamic_cast<QBAlbumNode*>(node.get());
+  m_actions.importFiles(files, album ? album->album() : nullptr);
+}
+
+bool TreePanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Delete)) {
+    deleteCurrent();
+    return true;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace korvel::ui

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QSortFilterProxyModel>
+#include <QWidget>
+
+#include "ui/TreeModel.h"
+#include "workflow/SessionViews.h"
+
+class QLineEdit;
+class QTreeView;
+
+namespace korvel::ui {
+
+class LibraryActions;
+
+/// The library with a field to search in it. What is selected becomes the session's active node,
+/// and a song that is selected is shown.
+class TreePanel final : public QWidget, public TreeView {
+  Q_OBJECT
+
+ public:
+  /// Both outlive the panel.
+  TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* parent = nullptr);
+
+  void refreshAllContents() override;
+  /// Selects the song's row without selecting the song anew.
+  void showSong(const QBSong* song);
+  void focusSearch();
+  void renameCurrent();
+  TreeModel& model() { return m_model; }
+  QTreeView& view() { return *m_view; }
+
+ signals:
+  void refused(const QString& text);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void select(const QModelIndex& current);
+  void showMenu(const QPoint& position);
+  void deleteCurrent();
+  void drop(const QStringList& files, const QModelIndex& into);
+  QModelIndex currentIndex() const;
+
+  TreeModel m_model;
+  QSortFilterProxyModel m_filter;
+  LibraryActions& m_actions;
+  QLineEdit* m_search;
+  QTreeView* m_view;
+  bool m_following = false;
+};
+
+}  // namespace korvel::ui

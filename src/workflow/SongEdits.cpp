@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/SongEdits.h"
+
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+#include "workflow/QBSession.h"
+#include "workflow/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+void redrawAndSave(QBSong& song) {
+  const TuningForNow chosen(song.tuning());
+  if (!song.chords().empty()) song.buildTab();
+  QBTabMgr::db().save();
+}
+
+}  // namespace
+
+void moveLoopEnd(QBSong& song, int chord) {
+  song.setChordInLoop(song.allChords().at(static_cast<std::size_t>(chord)));
+  redrawAndSave(song);
+}
+
+void clearLoop(QBSong& song) {
+  QBSession::session().resetLoop();
+  redrawAndSave(song);
+}
+
+}  // namespace korvel

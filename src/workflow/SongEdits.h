@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace korvel {
+
+class QBSong;
+
+// Small changes of a song as a whole, saved and with its tablature drawn anew.
+
+/// The nearer end of the playback loop goes to the chord of that index in `allChords`.
+void moveLoopEnd(QBSong& song, int chord);
+void clearLoop(QBSong& song);
+
+}  // namespace korvel

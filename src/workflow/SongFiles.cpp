@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/SongFiles.h"
+
+#include <algorithm>
+
+#include "export/MidiFile.h"
+#include "export/SongMidi.h"
+#include "export/SongScore.h"
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+#include "model/QBTuning.h"
+#include "platform/Files.h"
+#include "workflow/LibraryEdits.h"
+#include "workflow/QBSession.h"
+#include "workflow/ScoreFile.h"
+#include "workflow/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A title may hold what separates folders.
+std::string fileStem(const QBSong& song) {
+  std::string stem = song.title();
+  std::ranges::replace(stem, '/', '_');
+  return stem.empty() || stem.starts_with('.') ? "_" + stem : stem;
+}
+
+void createUnderAFreeName(const fs::path& folder, const std::string& stem,
+                          std::string_view extension, std::string_view bytes) {
+  fs::path file = folder / (stem + std::string(extension));
+  for (int number = 2; !platform::createAtomically(file, bytes); ++number)
+    file = folder / (stem + " " + std::to_string(number) + std::string(extension));
+}
+
+}  // namespace
+
+std::string_view extensionOf(SongFormat format) {
+  if (format == SongFormat::musicXml) return ".musicxml";
+  return format == SongFormat::midi ? ".mid" : ".txt";
+}
+
+std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>& meter) {
+  if (song.allChords().empty())
+    throw EditRefused(song.title() + ": the song has no chords, so there is nothing to export");
+  const TuningForNow chosen(song.tuning());
+  if (format == SongFormat::musicXml) return musicXmlOf(scoreOf(song, meter));
+  if (format == SongFormat::midi) return midiFile(midiOf(song, meter));
+  return song.toStringForExport();
+}
+
+void exportSong(QBSong& song, SongFormat format, const fs::path& file,
+                const std::optional<Meter>& meter) {
+  platform::writeAtomically(file, songFile(song, format, meter));
+  QBSession::session().addToLog(file.string());
+}
+
+int exportAlbum(QBAlbum& album, SongFormat format, const fs::path& folder) {
+  int written = 0;
+  for (const auto& song : album.songs().snapshot()) {
+    if (song->chords().empty()) continue;
+    createUnderAFreeName(folder, fileStem(*song), extensionOf(format), songFile(*song, format));
+    ++written;
+  }
+  QBSession::session().addToLog(folder.string() + ": " + std::to_string(written) +
+                                " songs exported.");
+  return written;
+}
+
+}  // namespace korvel

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "export/Score.h"
+
+namespace korvel {
+
+class QBAlbum;
+class QBSong;
+
+/// What a song can be written as for other programs.
+enum class SongFormat { text, musicXml, midi };
+
+/// ".txt" and so on.
+std::string_view extensionOf(SongFormat format);
+
+/// The bytes of a file of the song, in the tuning that it was made in. Score and MIDI follow the
+/// song's measures unless a meter is given. EditRefused for a song without chords.
+std::string songFile(QBSong& song, SongFormat format,
+                     const std::optional<Meter>& meter = std::nullopt);
+
+/// Replaces the file as a whole, and logs its path. Throws EditRefused, or platform::FileError, and
+/// leaves the file as it was then.
+void exportSong(QBSong& song, SongFormat format, const std::filesystem::path& file,
+                const std::optional<Meter>& meter = std::nullopt);
+
+/// Writes every song of the album that has chords into the folder, named by its title; files that
+/// are there already stay, and the new one's name gets a number. Answers how many were written.
+int exportAlbum(QBAlbum& album, SongFormat format, const std::filesystem::path& folder);
+
+}  // namespace korvel

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/SongOrders.h"
+
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+#include "workflow/LibraryEdits.h"
+#include "workflow/QBSession.h"
+#include "workflow/QBSongMenu.h"
+#include "workflow/QBSongNode.h"
+#include "workflow/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kDelete = "deleteSong";
+
+void requireChords(const QBSong& song, const SongCommand& command) {
+  if (song.chords().empty() && command.command != kDelete)
+    throw EditRefused(song.title() + ": the song has no chords, so \"" +
+                      std::string(command.title) + "\" has nothing to do");
+}
+
+template <class Order>
+auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
+  requireChords(song, command);
+  const TuningForNow chosen(song.tuning());
+  const auto answer = order();
+  QBTabMgr::db().save();
+  return answer;
+}
+
+}  // namespace
+
+bool orderOf(QBSongNode& node, const SongCommand& command) {
+  return ordered(*node.song(), command, [&] { return node.perform(command); });
+}
+
+void orderByMenu(QBSongMenu& menu, const SongCommand& command) {
+  const QBSongNode* node = QBSession::session().activeSongNode();
+  const auto perform = [&] {
+    menu.perform(command.action);
+    return true;
+  };
+  if (node)
+    ordered(*node->song(), command, perform);
+  else
+    perform();
+}
+
+}  // namespace korvel
