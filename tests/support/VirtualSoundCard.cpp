@@ -78,7 +78,7 @@ EnvironmentVariable::~EnvironmentVariable() {
 
 bool VirtualSoundCard::isInstalled() {
   try {
-    return runs("pulseaudio") && runs("pactl") && runs("setpriv");
+    return runs("pulseaudio") && runs("pactl") && runs("paplay") && runs("setpriv");
   } catch (const std::runtime_error&) {
     return false;
   }
@@ -113,6 +113,10 @@ void VirtualSoundCard::killServer() {
   if (!std::exchange(m_alive, false)) return;
   m_daemon.kill();
   m_daemon.wait();
+}
+
+bool VirtualSoundCard::isPlaying() const {
+  return !control({"list", "short", "sink-inputs"}).out.empty();
 }
 
 bool eventually(const std::function<bool()>& condition) {

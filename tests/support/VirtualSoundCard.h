@@ -40,6 +40,8 @@ class VirtualSoundCard {
   void plug(const std::string& id, const std::string& name);
   void unplug(const std::string& id);
   void killServer();
+  /// Any program plays on a card of the server.
+  bool isPlaying() const;
 
  private:
   const ScratchFolder m_folder;
