@@ -233,11 +233,15 @@ double LiveRecording::elapsed() const { return m_take ? m_take->seconds() : 0; }
 
 float LiveRecording::level() const { return m_take ? m_take->level() : 0; }
 
+std::int64_t LiveRecording::droppedBlocks() const {
+  return m_wave ? m_wave->nmbOfDroppedBlocks() : 0;
+}
+
 /// Blocks after the last one that was read leave no gap.
 double LiveRecording::lostSeconds() const {
   if (!m_wave) return 0;
-  const double dropped = static_cast<double>(m_wave->nmbOfDroppedBlocks()) *
-                         QBAudioMicrophone::kPackets / platform::kLiveSound.sampleRate;
+  const double dropped = static_cast<double>(droppedBlocks()) * QBAudioMicrophone::kPackets /
+                         platform::kLiveSound.sampleRate;
   return std::max(m_take->lostSeconds(), dropped);
 }
 
