@@ -28,6 +28,16 @@ void makeFolderOf(const fs::path& file) {
     throw platform::FileError(file.parent_path(), "cannot make the folder", failed.value());
 }
 
+bool isLeft(const fs::directory_entry& entry) {
+  std::error_code unreadable;
+  if (entry.path().extension() != kEnding || !entry.is_regular_file(unreadable)) return false;
+  try {
+    return !platform::GrowingWaveFile::isGrowing(entry.path());
+  } catch (const platform::FileError&) {
+    return false;
+  }
+}
+
 float levelOf(std::span<const std::int16_t> samples) {
   int loudest = 0;
   for (const std::int16_t sample : samples) loudest = std::max(loudest, std::abs(sample));
@@ -93,7 +103,7 @@ std::vector<fs::path> LiveTake::leftIn(const fs::path& folder) {
   std::vector<fs::path> takes;
   std::error_code unreadable;
   for (const auto& entry : fs::directory_iterator(folder, unreadable)) {
-    if (entry.path().extension() != kEnding || !entry.is_regular_file(unreadable)) continue;
+    if (!isLeft(entry)) continue;
     if (entry.file_size(unreadable) <= platform::GrowingWaveFile::kEmptySize)
       fs::remove(entry.path(), unreadable);
     else

@@ -50,7 +50,8 @@ class LiveTake {
   /// A name for a take in the folder that no file has.
   static std::filesystem::path freeFile(const std::filesystem::path& folder,
                                         const std::string& name);
-  /// Takes that nobody removed, oldest name first. Those without sound are removed here.
+  /// Takes that nobody records any more and nobody removed, oldest name first. Those without sound
+  /// are removed here.
   static std::vector<std::filesystem::path> leftIn(const std::filesystem::path& folder);
 
  private:

@@ -18,10 +18,12 @@ void count(int) { interruptions = interruptions + 1; }
 Interrupts::Interrupts() {
   interruptions = 0;
   for (const int number : kSignals) std::signal(number, count);
+  std::signal(SIGPIPE, SIG_IGN);
 }
 
 Interrupts::~Interrupts() {
   for (const int number : kSignals) std::signal(number, SIG_DFL);
+  std::signal(SIGPIPE, SIG_DFL);
 }
 
 bool Interrupts::next() {

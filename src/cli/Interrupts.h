@@ -3,7 +3,8 @@
 
 namespace korvel::cli {
 
-/// While it lives, Ctrl-C and requests to end are counted instead of ending the program.
+/// While it lives, Ctrl-C and requests to end are counted instead of ending the program, and a
+/// reader of its output that goes away is an error of writing.
 class Interrupts {
  public:
   Interrupts();

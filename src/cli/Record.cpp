@@ -46,13 +46,17 @@ std::string fretsOf(const QBHold& hold) {
   return frets;
 }
 
+/// Whoever does not read on shall not end the recording.
 void printChord(QBChord& chord) {
   char time[16];
   std::snprintf(time, sizeof time, "%5.1f s  ",
                 static_cast<double>(chord.timestamp()) / kFramesPerSecond);
   std::string name = chord.harmony() ? chord.fullHarmonyName() : "";
   name.resize(std::max<std::size_t>(name.size() + 2, 8), ' ');
-  Console::attached().print(time + name + fretsOf(*chord.hold()) + '\n');
+  try {
+    Console::attached().print(time + name + fretsOf(*chord.hold()) + '\n');
+  } catch (const CliError&) {
+  }
 }
 
 /// A file in the place of the devices, when one was chosen.

@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <sndfile.h>
+#include <sys/file.h>
 
 #include <cerrno>
 #include <string>
@@ -20,6 +21,7 @@ constexpr std::uint64_t kMostBytes = 0xFFFFFFFFULL - 4096;
 struct GrowingWaveFile::Encoder {
   Encoder(const std::filesystem::path& file, int sampleRate, int channels)
       : named(file), out(file, file, O_RDWR | O_CREAT | O_EXCL, "cannot make") {
+    ::flock(out.number(), LOCK_EX | LOCK_NB);
     SF_INFO info{};
     info.samplerate = sampleRate;
     info.channels = channels;
@@ -43,6 +45,11 @@ GrowingWaveFile::GrowingWaveFile(const std::filesystem::path& file, int sampleRa
     : m_encoder(std::make_unique<Encoder>(file, sampleRate, channels)) {}
 
 GrowingWaveFile::~GrowingWaveFile() = default;
+
+bool GrowingWaveFile::isGrowing(const std::filesystem::path& file) {
+  const Descriptor in(file, file, O_RDONLY, "cannot read");
+  return ::flock(in.number(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
 
 void GrowingWaveFile::write(std::span<const std::int16_t> samples) {
   const auto& [named, out, handle, bytes] = *m_encoder;

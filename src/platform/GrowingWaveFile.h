@@ -21,6 +21,9 @@ class GrowingWaveFile {
   /// Whole frames, their channels interleaved.
   void write(std::span<const std::int16_t> samples);
 
+  /// Whether a program, this one or another, is writing the file. Throws FileError.
+  static bool isGrowing(const std::filesystem::path& file);
+
   /// Size of a file that nothing was written to.
   static constexpr std::uintmax_t kEmptySize = 44;
 
