@@ -7,7 +7,9 @@
 
 #include "model/QBTabMgr.h"
 #include "ui/AlertBox.h"
+#include "ui/Appearance.h"
 #include "ui/MainWindow.h"
+#include "ui/Preferences.h"
 #include "ui/QtRunLoop.h"
 #include "ui/SingleInstance.h"
 #include "workflow/QBSession.h"
@@ -55,11 +57,13 @@ int Application::runFirst(SingleInstance& instance, const QStringList& files) {
   platform::RunLoop::install(&loop);
   AlertBox alert;
   openStore(alert);
+  applyLanguage(Preferences().language());
   int status = EXIT_SUCCESS;
   {
     MainWindow window(alert);
     connect(&instance, &SingleInstance::startedAgain, &window, &MainWindow::comeToFront);
     window.show();
+    window.greet();
     window.openLastSong();
     window.importFiles(files);
     status = exec();

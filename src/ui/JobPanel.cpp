@@ -47,17 +47,14 @@ void JobPanel::reload() {
   for (std::size_t i = m_jobs.size(); i < session.numberOfCurrentJobs(); ++i) {
     m_jobs.push_back(new JobRow(session.findJobByIndex(i)));
     m_rows->insertWidget(0, m_jobs.back());
+    emit jobAdded();
   }
   m_clock.start();
 }
 
 void JobPanel::update() {
-  const auto running =
-      static_cast<int>(std::ranges::count_if(m_jobs, [](JobRow* row) { return row->update(); }));
+  const auto running = std::ranges::count_if(m_jobs, [](JobRow* row) { return row->update(); });
   if (running == 0) m_clock.stop();
-  if (running == m_running) return;
-  m_running = running;
-  emit runningJobsChanged(running);
 }
 
 }  // namespace korvel::ui

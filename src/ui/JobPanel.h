@@ -28,7 +28,7 @@ class JobPanel final : public QScrollArea, public BatchView {
   void reload() override;
 
  signals:
-  void runningJobsChanged(int count);
+  void jobAdded();
 
  private:
   void update();
@@ -36,7 +36,6 @@ class JobPanel final : public QScrollArea, public BatchView {
   QVBoxLayout* m_rows;
   std::vector<JobRow*> m_jobs;
   QTimer m_clock;
-  int m_running = 0;
 };
 
 }  // namespace korvel::ui

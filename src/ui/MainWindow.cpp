@@ -2,6 +2,7 @@
 #include "ui/MainWindow.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QLabel>
@@ -20,11 +21,16 @@
 #include "ui/JobPanel.h"
 #include "ui/LibraryActions.h"
 #include "ui/LogPanel.h"
+#include "ui/OfferBar.h"
 #include "ui/Preferences.h"
+#include "ui/SettingsDialog.h"
 #include "ui/SongMenu.h"
 #include "ui/Text.h"
 #include "ui/TreePanel.h"
+#include "ui/views/FretboardView.h"
+#include "ui/views/RollView.h"
 #include "ui/views/TablatureView.h"
+#include "workflow/LibraryEdits.h"
 #include "workflow/QBSession.h"
 #include "workflow/SongEdits.h"
 
@@ -32,7 +38,7 @@ namespace korvel::ui {
 namespace {
 
 constexpr int kSayMilliseconds = 15000;
-constexpr QSize kFirstSize(1200, 760);
+constexpr QSize kFirstSize(1280, 860);
 
 }  // namespace
 
@@ -42,6 +48,8 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_tree(new TreePanel(m_library, *m_actions)),
       m_tablature(new TablatureView),
       m_find(new FindBar(*m_tablature)),
+      m_fretboard(new FretboardView),
+      m_roll(new RollView),
       m_log(new LogPanel),
       m_jobs(new JobPanel),
       m_help(new HelpWindow(this)),
@@ -53,12 +61,15 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
   statusBar()->addPermanentWidget(m_place);
   addTablature();
   addPanels();
+  connectViews();
   addMenus();
   restoreLayout();
   attachViews(alert);
+  applyPreferences();
   connect(m_actions, &LibraryActions::refused, this, &MainWindow::say);
   connect(m_actions, &LibraryActions::importStarted, this, [this](const QString& file) {
     Preferences().addRecentFile(file);
+    rememberRunning();
     m_turnedToASong = false;
   });
   connect(m_actions, &LibraryActions::imported, this, &MainWindow::showImported);
@@ -74,30 +85,41 @@ MainWindow::~MainWindow() {
 void MainWindow::addTablature() {
   m_tablature->setPlaceholderText(tr("Drop a recording here, or choose File, Import to begin."));
   m_tablature->setZoom(Preferences().zoom());
-  connect(m_tablature, &TablatureView::clicked, this,
-          [](double x, double y) { QBSession::session().selectChord(x, y); });
-  connect(m_tablature, &TablatureView::loopEndChosen, this, &MainWindow::chooseLoopEnd);
-  connect(m_tablature, &TablatureView::cursorMoved, this,
-          [this] { m_place->setText(m_tablature->placeText()); });
-  connect(m_tablature, &TablatureView::zoomChanged, this,
-          [](int percent) { Preferences().setZoom(percent); });
   auto* centre = new QWidget;
-  auto* column = new QVBoxLayout(centre);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  column->addWidget(m_tablature);
-  column->addWidget(m_find);
+  m_centre = new QVBoxLayout(centre);
+  m_centre->setContentsMargins(0, 0, 0, 0);
+  m_centre->setSpacing(0);
+  m_centre->addWidget(m_tablature);
+  m_centre->addWidget(m_find);
   setCentralWidget(centre);
 }
 
+void MainWindow::connectViews() {
+  connect(m_tablature, &TablatureView::clicked, this,
+          [](double x, double y) { QBSession::session().selectChord(x, y); });
+  connect(m_tablature, &TablatureView::loopEndChosen, this, &MainWindow::chooseLoopEnd);
+  connect(m_tablature, &TablatureView::cursorMoved, this, &MainWindow::showCursor);
+  connect(m_tablature, &TablatureView::zoomChanged, this,
+          [](int percent) { Preferences().setZoom(percent); });
+  connect(m_roll, &RollView::chordChosen, this,
+          [this](int chord) { m_tablature->moveCursor(chord, m_tablature->cursorString()); });
+}
+
 void MainWindow::addPanels() {
+  setDockNestingEnabled(true);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
   addPanel(tr("Library"), "library", m_tree, Qt::LeftDockWidgetArea);
+  QDockWidget* roll = addPanel(tr("Roll"), "roll", m_roll, Qt::BottomDockWidgetArea);
+  QDockWidget* neck = addPanel(tr("Fretboard"), "fretboard", m_fretboard, Qt::BottomDockWidgetArea);
   QDockWidget* log = addPanel(tr("Log"), "log", m_log, Qt::BottomDockWidgetArea);
   QDockWidget* jobs = addPanel(tr("Jobs"), "jobs", m_jobs, Qt::BottomDockWidgetArea);
-  splitDockWidget(log, jobs, Qt::Horizontal);
-  resizeDocks({log, jobs}, {kFirstSize.width() / 2, kFirstSize.width() / 3}, Qt::Horizontal);
-  resizeDocks({log}, {kFirstSize.height() / 5}, Qt::Vertical);
+  splitDockWidget(roll, neck, Qt::Vertical);
+  splitDockWidget(neck, log, Qt::Horizontal);
+  tabifyDockWidget(log, jobs);
+  log->raise();
+  resizeDocks({neck, log}, {kFirstSize.width() / 2, kFirstSize.width() / 4}, Qt::Horizontal);
+  resizeDocks({roll, neck}, {kFirstSize.height() / 5, kFirstSize.height() / 4}, Qt::Vertical);
+  connect(m_jobs, &JobPanel::jobAdded, jobs, &QWidget::raise);
 }
 
 QDockWidget* MainWindow::addPanel(const QString& title, const char* name, QWidget* panel,
@@ -141,6 +163,45 @@ void MainWindow::openLastSong() {
         }
 }
 
+void MainWindow::greet() {
+  Preferences preferences;
+  for (const QString& file : preferences.runningImports())
+    m_log->addLogText(
+        tr("Korvel ended while it imported %1; import it again.").arg(file).toStdString());
+  preferences.setRunningImports({});
+  if (!preferences.askedForFolder()) offerWorkFolder();
+}
+
+void MainWindow::offerWorkFolder() {
+  Preferences().setAskedForFolder();
+  const QString folder = offeredWorkFolder();
+  const auto accept = [folder] { setWorkDirectory(folder.toStdString()); };
+  m_centre->insertWidget(
+      0, new OfferBar(tr("Keep tablature and scores in %1? The settings take another folder.")
+                          .arg(QDir::toNativeSeparators(folder)),
+                      accept));
+}
+
+void MainWindow::applyPreferences() {
+  const Preferences preferences;
+  applyTheme(preferences.theme());
+  m_tablature->setTabFamily(preferences.tabFont());
+  m_desk.setDetection(preferences.detection(), preferences.detectionSettings());
+}
+
+void MainWindow::changeSettings() {
+  if (SettingsDialog(this).exec() == QDialog::Accepted) applyPreferences();
+}
+
+/// So that the next start can tell, should this one be killed.
+void MainWindow::rememberRunning() {
+  Preferences().setRunningImports([] {
+    QStringList files;
+    for (const std::string& file : ImportDesk::running()) files.append(toText(file));
+    return files;
+  }());
+}
+
 void MainWindow::importFiles(const QStringList& files) { m_actions->importFiles(files); }
 
 void MainWindow::comeToFront(const QStringList& files) {
@@ -154,17 +215,33 @@ void MainWindow::setActiveSong(QBSong* song) {
   m_song = song;
   m_turnedToASong = true;
   m_tree->showSong(song);
+  m_fretboard->setSong(song);
+  m_roll->setSong(song);
+  showCursor(m_tablature->cursorChord());
+}
+
+void MainWindow::showCursor(int chord) {
+  m_fretboard->showChord(chord);
+  m_roll->showCursor(chord);
   m_place->setText(m_tablature->placeText());
+}
+
+/// After a change of the song.
+void MainWindow::refreshViews() {
+  m_tablature->refresh();
+  m_roll->refresh();
+  showCursor(m_tablature->cursorChord());
 }
 
 void MainWindow::chooseLoopEnd(int chord) {
   if (!m_song) return;
   moveLoopEnd(*m_song, chord);
-  m_tablature->refresh();
+  refreshViews();
 }
 
 /// Unless the user has turned to another song meanwhile.
 void MainWindow::showImported(const QString& file, QBSong* song) {
+  rememberRunning();
   const QString name = QFileInfo(file).fileName();
   if (!song->hasTabulature())
     say(tr("%1: no tones were heard in it; is it a guitar alone, and loud enough?").arg(name));
@@ -177,6 +254,7 @@ void MainWindow::showImported(const QString& file, QBSong* song) {
 void MainWindow::say(const QString& text) { statusBar()->showMessage(text, kSayMilliseconds); }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  rememberRunning();
   ImportDesk::dropAll();
   Preferences preferences;
   preferences.setWindowGeometry(saveGeometry());

@@ -11,15 +11,18 @@
 
 class QDockWidget;
 class QLabel;
+class QVBoxLayout;
 
 namespace korvel::ui {
 
 class AlbumMenu;
 class FindBar;
+class FretboardView;
 class HelpWindow;
 class JobPanel;
 class LibraryActions;
 class LogPanel;
+class RollView;
 class SongMenu;
 class TablatureView;
 class TreePanel;
@@ -39,6 +42,9 @@ class MainWindow final : public QMainWindow, public SongView {
   void comeToFront(const QStringList& files);
   /// Shows the song that was shown when the window was closed last.
   void openLastSong();
+  /// Says what was running when the last window did not close, and offers a working directory to a
+  /// new user.
+  void greet();
 
   void setActiveSong(QBSong* song) override;
 
@@ -52,6 +58,7 @@ class MainWindow final : public QMainWindow, public SongView {
 
  private:
   void addTablature();
+  void connectViews();
   void addPanels();
   QDockWidget* addPanel(const QString& title, const char* name, QWidget* panel,
                         Qt::DockWidgetArea area);
@@ -68,8 +75,14 @@ class MainWindow final : public QMainWindow, public SongView {
   void listRecentFiles();
 
   // What they do.
+  void showCursor(int chord);
+  void refreshViews();
   void chooseLoopEnd(int chord);
   void showImported(const QString& file, QBSong* song);
+  void applyPreferences();
+  void changeSettings();
+  void offerWorkFolder();
+  void rememberRunning();
   void printSong();
   void exportPdf();
   void showHelp();
@@ -83,12 +96,15 @@ class MainWindow final : public QMainWindow, public SongView {
   TreePanel* m_tree;
   TablatureView* m_tablature;
   FindBar* m_find;
+  FretboardView* m_fretboard;
+  RollView* m_roll;
   LogPanel* m_log;
   JobPanel* m_jobs;
   HelpWindow* m_help;
   SongMenu* m_songMenu;
   AlbumMenu* m_albumMenu;
   QMenu* m_recent = nullptr;
+  QVBoxLayout* m_centre = nullptr;
   QLabel* m_place;
 };
 

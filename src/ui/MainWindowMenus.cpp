@@ -14,12 +14,14 @@
 #include "ui/LibraryActions.h"
 #include "ui/MainWindow.h"
 #include "ui/Preferences.h"
+#include "ui/SelfCheckDialog.h"
 #include "ui/SongMenu.h"
 #include "ui/Text.h"
 #include "ui/TreePanel.h"
 #include "ui/views/TablaturePages.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/QBSession.h"
+#include "workflow/SongEdits.h"
 
 namespace korvel::ui {
 
@@ -45,6 +47,8 @@ void MainWindow::addFileMenu() {
   QAction* print =
       menu->addAction(tr("&Print ..."), QKeySequence::Print, this, &MainWindow::printSong);
   menu->addSeparator();
+  menu->addAction(tr("&Settings ..."), QKeySequence::Preferences, this,
+                  &MainWindow::changeSettings);
   menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
   connect(menu, &QMenu::aboutToShow, this, [this, save, pdf, print] {
     listRecentFiles();
@@ -62,7 +66,10 @@ void MainWindow::addEditMenu() {
   menu->addAction(tr("&Find Chord ..."), QKeySequence::Find, m_find, &FindBar::open);
   menu->addAction(tr("Search &Library ..."), tr("Ctrl+L"), m_tree, &TreePanel::focusSearch);
   menu->addSeparator();
-  menu->addAction(tr("Reset &Loop"), this, [] { QBSession::session().resetLoop(); });
+  menu->addAction(tr("Reset &Loop"), this, [this] {
+    if (m_song) clearLoop(*m_song);
+    refreshViews();
+  });
 }
 
 void MainWindow::addViewMenu() {
@@ -78,6 +85,7 @@ void MainWindow::addViewMenu() {
 void MainWindow::addHelpMenu() {
   QMenu* menu = menuBar()->addMenu(tr("&Help"));
   menu->addAction(tr("&Contents"), QKeySequence::HelpContents, this, &MainWindow::showHelp);
+  menu->addAction(tr("&Self Check"), this, [this] { SelfCheckDialog(this).exec(); });
 }
 
 void MainWindow::listRecentFiles() {

@@ -3,6 +3,10 @@
 
 #include <QDir>
 
+#include "model/QBSettings.h"
+#include "model/QBTabMgr.h"
+#include "ui/Text.h"
+
 namespace korvel::ui {
 namespace {
 
@@ -17,8 +21,43 @@ void Preferences::addRecentFile(const QString& file) {
   m_store.setValue("recentFiles", files.mid(0, kMostRecentFiles));
 }
 
+ImportDetection Preferences::detection() const {
+  return m_store.value("detection/classic").toBool() ? ImportDetection::classic
+                                                     : ImportDetection::precise;
+}
+
+precise::Settings Preferences::detectionSettings() const {
+  precise::Settings settings;
+  settings.sensitivity = m_store.value("detection/sensitivity", settings.sensitivity).toDouble();
+  auto& fingering = settings.fingering;
+  fingering.frets = m_store.value("detection/frets", fingering.frets).toInt();
+  fingering.capo = m_store.value("detection/capo", fingering.capo).toInt();
+  fingering.position.kind =
+      static_cast<precise::Position::Kind>(m_store.value("detection/position").toInt());
+  fingering.position.fret = m_store.value("detection/fret", fingering.position.fret).toInt();
+  return settings;
+}
+
+void Preferences::setDetection(ImportDetection detection, const precise::Settings& settings) {
+  m_store.setValue("detection/classic", detection == ImportDetection::classic);
+  m_store.setValue("detection/sensitivity", settings.sensitivity);
+  m_store.setValue("detection/frets", settings.fingering.frets);
+  m_store.setValue("detection/capo", settings.fingering.capo);
+  m_store.setValue("detection/position", static_cast<int>(settings.fingering.position.kind));
+  m_store.setValue("detection/fret", settings.fingering.position.fret);
+}
+
+/// At once, for it is read by the next start after one that was killed.
+void Preferences::setRunningImports(const QStringList& files) {
+  m_store.setValue("running", files);
+  m_store.sync();
+}
+
+/// The working directory at first, or the home folder when none was chosen.
 QString Preferences::folder(const QString& key) const {
-  return m_store.value(key, QDir::homePath()).toString();
+  const QBSettings* settings = QBTabMgr::db().selectedSettings();
+  const QString work = settings ? toText(settings->workDir()) : QString();
+  return m_store.value(key, QDir::isAbsolutePath(work) ? work : QDir::homePath()).toString();
 }
 
 }  // namespace korvel::ui

@@ -6,6 +6,10 @@
 #include <QString>
 #include <QStringList>
 
+#include "analysis/precise/Settings.h"
+#include "ui/Appearance.h"
+#include "workflow/ImportDetection.h"
+
 namespace korvel::ui {
 
 /// What the window remembers of its user from one start to the next, in the desktop's usual place.
@@ -27,13 +31,38 @@ class Preferences {
   QStringList recentFiles() const { return m_store.value("recentFiles").toStringList(); }
   void addRecentFile(const QString& file);
 
+  Theme theme() const { return static_cast<Theme>(m_store.value("theme").toInt()); }
+  void setTheme(Theme theme) { m_store.setValue("theme", static_cast<int>(theme)); }
+  /// Such as "de"; empty for the desktop's.
+  QString language() const { return m_store.value("language").toString(); }
+  void setLanguage(const QString& language) { m_store.setValue("language", language); }
+  /// Family of the tablature's font; empty for the desktop's monospaced one.
+  QString tabFont() const { return m_store.value("tab/font").toString(); }
+  void setTabFont(const QString& family) { m_store.setValue("tab/font", family); }
+  // Names of sound devices; empty for the system's default.
+  QString output() const { return m_store.value("sound/output").toString(); }
+  void setOutput(const QString& device) { m_store.setValue("sound/output", device); }
+  QString input() const { return m_store.value("sound/input").toString(); }
+  void setInput(const QString& device) { m_store.setValue("sound/input", device); }
+  /// File of the SoundFont; empty for one that is found.
+  QString soundFont() const { return m_store.value("sound/soundFont").toString(); }
+  void setSoundFont(const QString& file) { m_store.setValue("sound/soundFont", file); }
+  ImportDetection detection() const;
+  precise::Settings detectionSettings() const;
+  void setDetection(ImportDetection detection, const precise::Settings& settings);
+  /// The user was asked for a working directory once.
+  bool askedForFolder() const { return m_store.value("askedForFolder").toBool(); }
+  void setAskedForFolder() { m_store.setValue("askedForFolder", true); }
+  /// Files whose import was running when this was last written.
+  QStringList runningImports() const { return m_store.value("running").toStringList(); }
+  void setRunningImports(const QStringList& files);
+
   QString importFolder() const { return folder("folders/import"); }
   void setImportFolder(const QString& path) { m_store.setValue("folders/import", path); }
   QString exportFolder() const { return folder("folders/export"); }
   void setExportFolder(const QString& path) { m_store.setValue("folders/export", path); }
 
  private:
-  /// The home folder at first.
   QString folder(const QString& key) const;
 
   QSettings m_store;

@@ -79,4 +79,14 @@ void ImportDesk::dropAll() {
   }
 }
 
+std::vector<std::string> ImportDesk::running() {
+  const QBSession& session = QBSession::session();
+  std::vector<std::string> files;
+  for (std::size_t i = 0; i < session.numberOfCurrentJobs(); ++i) {
+    const auto* import = dynamic_cast<QBCmdImportSong*>(&session.findJobByIndex(i));
+    if (import && import->isRunning()) files.push_back(import->file());
+  }
+  return files;
+}
+
 }  // namespace korvel

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "analysis/precise/Settings.h"
 #include "workflow/ImportDetection.h"
@@ -25,6 +26,8 @@ class ImportDesk {
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
   /// Ends all jobs that still run, without a trace.
   static void dropAll();
+  /// Files whose import runs.
+  static std::vector<std::string> running();
 
  private:
   std::shared_ptr<QBCmdImportSong> start(const std::string& file, QBAlbum* into);

@@ -2,15 +2,18 @@
 #include "workflow/LibraryEdits.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "analysis/QBMusicXMLParser.h"
 #include "export/QBMusicXMLTag.h"
 #include "export/QBMusicXMLVisitorFile.h"
 #include "model/QBAlbum.h"
 #include "model/QBInstrument.h"
+#include "model/QBSettings.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/FileError.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
 #include "workflow/TuningForNow.h"
@@ -144,6 +147,16 @@ void deleteInstrument(QBInstrument& instrument) {
   db().deleteInstrumentAtIndex(static_cast<std::size_t>(place - all.begin()));
   if (selected) db().findInstrumentByIndex(0)->setActive(true);
   done("Instrument was successfully deleted.");
+}
+
+// ---- settings
+
+void setWorkDirectory(const std::string& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) throw platform::FileError(folder, "the folder cannot be made", error.value());
+  db().selectedSettings()->setWorkDir(folder.ends_with('/') ? folder : folder + '/');
+  done("Working directory chosen.");
 }
 
 }  // namespace korvel

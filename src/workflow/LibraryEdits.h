@@ -42,4 +42,7 @@ void renameInstrument(QBInstrument& instrument, const std::string& name);
 /// Not the last one, without which no tone could be confirmed.
 void deleteInstrument(QBInstrument& instrument);
 
+/// The folder that files are written to; made when missing. Throws platform::FileError.
+void setWorkDirectory(const std::string& folder);
+
 }  // namespace korvel

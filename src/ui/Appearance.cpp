@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/Appearance.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTranslator>
+
+#include "platform/Resources.h"
+#include "ui/Text.h"
+
+namespace korvel::ui {
+namespace {
+
+QPalette paletteOf(const QColor& window, const QColor& base, const QColor& text,
+                   const QColor& highlight) {
+  QPalette palette(window);
+  const QColor faint((text.red() + window.red()) / 2, (text.green() + window.green()) / 2,
+                     (text.blue() + window.blue()) / 2);
+  palette.setColor(QPalette::Base, base);
+  palette.setColor(QPalette::AlternateBase, window);
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText,
+                          QPalette::ToolTipText, QPalette::BrightText})
+    palette.setColor(role, text);
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, faint);
+  palette.setColor(QPalette::PlaceholderText, faint);
+  palette.setColor(QPalette::ToolTipBase, window);
+  palette.setColor(QPalette::Highlight, highlight);
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Link, highlight);
+  return palette;
+}
+
+QPalette dark() { return paletteOf({45, 45, 48}, {30, 30, 32}, {230, 230, 230}, {45, 110, 180}); }
+
+QPalette light() {
+  return paletteOf({239, 239, 239}, {255, 255, 255}, {20, 20, 20}, {48, 100, 180});
+}
+
+bool load(QTranslator& translator, const QLocale& locale) {
+  const auto resources = platform::Resources::ofProgram();
+  for (const auto& folder : resources.folders())
+    if (translator.load(locale, "korvel", "_", toText((folder / "translations").string())))
+      return true;
+  return false;
+}
+
+}  // namespace
+
+void applyTheme(Theme theme) {
+  static const QPalette ofTheDesktop = QApplication::palette();
+  if (theme == Theme::system) {
+    QApplication::setPalette(ofTheDesktop);
+    return;
+  }
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setPalette(theme == Theme::dark ? dark() : light());
+}
+
+void applyLanguage(const QString& language) {
+  static QTranslator own;
+  static QTranslator ofQt;
+  const QLocale locale = language.isEmpty() ? QLocale::system() : QLocale(language);
+  QCoreApplication::removeTranslator(&own);
+  QCoreApplication::removeTranslator(&ofQt);
+  if (!load(own, locale)) return;
+  QCoreApplication::installTranslator(&own);
+  if (ofQt.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&ofQt);
+}
+
+}  // namespace korvel::ui

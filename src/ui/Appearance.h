@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace korvel::ui {
+
+enum class Theme { system, light, dark };
+
+/// Gives the application the colours of a theme; `system` those that the desktop had at the start.
+void applyTheme(Theme theme);
+
+/// Loads the texts of a language, such as "de"; an empty one is the desktop's. English where there
+/// are none. For windows that are made from now on.
+void applyLanguage(const QString& language);
+
+}  // namespace korvel::ui

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QFontComboBox;
+class QLineEdit;
+class QSlider;
+class QSpinBox;
+
+namespace korvel::ui {
+
+/// What a user may choose once and for all. Nothing changes before the dialog is accepted.
+class SettingsDialog final : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit SettingsDialog(QWidget* parent = nullptr);
+
+  void accept() override;
+
+ private:
+  QWidget* generalPage();
+  QWidget* detectionPage();
+  QWidget* soundPage();
+  void keepDetection() const;
+
+  QLineEdit* m_folder;
+  QComboBox* m_language;
+  QComboBox* m_theme;
+  QCheckBox* m_ownFont;
+  QFontComboBox* m_font;
+  QComboBox* m_detection;
+  QSlider* m_sensitivity;
+  QComboBox* m_position;
+  QSpinBox* m_positionFret;
+  QSpinBox* m_frets;
+  QSpinBox* m_capo;
+  QComboBox* m_output;
+  QComboBox* m_input;
+  QLineEdit* m_soundFont;
+};
+
+/// The folder that is offered for files.
+QString offeredWorkFolder();
+
+}  // namespace korvel::ui
