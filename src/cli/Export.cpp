@@ -4,12 +4,13 @@
 #include <functional>
 #include <vector>
 
-#include "cli/CliError.h"
 #include "cli/Console.h"
 #include "cli/OutputFile.h"
+#include "cli/Render.h"
 #include "cli/SongChoice.h"
 #include "model/QBSong.h"
 #include "workflow/SongFiles.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
@@ -43,17 +44,27 @@ std::vector<Output> outputsOf(const ExportOptions& options, QBSong& song) {
   return outputs;
 }
 
+std::optional<OutputFile> waveOf(const ExportOptions& options) {
+  if (!options.wav) return std::nullopt;
+  return OutputFile(*options.wav, options.force);
+}
+
 }  // namespace
 
 void exportSong(const ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
-  if (song.allChords().empty()) throw CliError(fullTitle(song) + ": the song has no chords");
-  OutputFile::requireDifferent({options.txt, options.musicxml, options.midi});
+  requireChords(song);
+  const TuningForNow chosen(song.tuning());
+  OutputFile::requireDifferent({options.txt, options.musicxml, options.midi, options.wav});
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();
+  const std::optional<OutputFile> wave = waveOf(options);
+  if (wave) wave->check();
   std::vector<std::string> contents;
   contents.reserve(outputs.size());
   for (const Output& output : outputs) contents.push_back(output.make());
+  // The one that takes most room first: when there is not enough, nothing is written.
+  if (wave) renderSong(song, *wave, {});
   for (std::size_t i = 0; i < outputs.size(); ++i) outputs[i].file.write(contents[i]);
 }
 

@@ -11,6 +11,7 @@ struct ExportOptions {
   std::optional<std::string> txt;       ///< File for the text tablature.
   std::optional<std::string> musicxml;  ///< File for the score.
   std::optional<std::string> midi;      ///< File for sequencers.
+  std::optional<std::string> wav;       ///< File that the song sounds from.
   std::optional<std::string> metric;    ///< Such as "3/4"; the song's own when not given.
   bool force = false;                   ///< Replaces files that are there already.
 };

@@ -7,7 +7,6 @@
 
 #include "cli/CliError.h"
 #include "platform/FileError.h"
-#include "platform/Files.h"
 
 namespace korvel::cli {
 namespace {
@@ -37,10 +36,16 @@ void OutputFile::requireDifferent(std::vector<std::optional<std::string>> names)
 }
 
 void OutputFile::write(std::string_view bytes) const {
+  writeBy([&](const fs::path& name, platform::Existing existing) {
+    platform::NewFile file(name, existing);
+    file.write(bytes);
+    return file.appear();
+  });
+}
+
+void OutputFile::writeBy(const Writer& writer) const {
   try {
-    if (m_replace)
-      platform::writeAtomically(m_name, bytes);
-    else if (!platform::createAtomically(m_name, bytes))
+    if (!writer(m_name, m_replace ? platform::Existing::replaced : platform::Existing::kept))
       refuse();
   } catch (const platform::FileError& error) {
     throw CliError(std::string(error.what()) +

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/NewFile.h"
 
 namespace korvel::cli {
 
@@ -20,6 +24,10 @@ class OutputFile {
   static void requireDifferent(std::vector<std::optional<std::string>> names);
   /// Writes all of the file or nothing of it. Throws CliError, and what was there before stays.
   void write(std::string_view bytes) const;
+  /// The same by something that writes files itself: it is told the name and what becomes of a file
+  /// of that name, and answers whether the new one appeared.
+  using Writer = std::function<bool(const std::filesystem::path&, platform::Existing)>;
+  void writeBy(const Writer& writer) const;
 
  private:
   [[noreturn]] void refuse() const;

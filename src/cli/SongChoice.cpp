@@ -7,6 +7,7 @@
 
 #include "cli/CliError.h"
 #include "model/QBAlbum.h"
+#include "model/QBChord.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "platform/Numerals.h"
@@ -83,6 +84,21 @@ QBSong& chooseSong(const std::string& name) {
   if (std::ranges::count_if(found, whole) == 1) return **std::ranges::find_if(found, whole);
   throw CliError("\"" + name + "\" could be " + listOf(found) +
                  "; write ALBUM/TITLE, and #2 behind it for the second of that title");
+}
+
+void requireChords(QBSong& song) {
+  if (song.allChords().empty()) throw CliError(fullTitle(song) + ": the song has no chords");
+}
+
+QBChord* chordAt(QBSong& song, int position) {
+  requireChords(song);
+  const auto& chords = song.allChords();
+  const auto found =
+      std::ranges::find(chords, position, [](const auto& c) { return c->position(); });
+  if (found != chords.end()) return *found;
+  throw CliError(fullTitle(song) + ": has no chord " + std::to_string(position) + ", but chords " +
+                 std::to_string(chords.front()->position()) + " to " +
+                 std::to_string(chords.back()->position()));
 }
 
 QBAlbum& chooseAlbum(const std::string& name) {

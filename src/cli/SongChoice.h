@@ -5,6 +5,7 @@
 
 namespace korvel {
 class QBAlbum;
+class QBChord;
 class QBSong;
 }  // namespace korvel
 
@@ -17,6 +18,11 @@ std::string fullTitle(const QBSong& song);
 /// means the second. Throws CliError, which lists the candidates, when there is none or more than
 /// one.
 QBSong& chooseSong(const std::string& name);
+
+/// Throws CliError when the song has none.
+void requireChords(QBSong& song);
+/// The chord at a position, counted from 1. Throws CliError, which tells those that there are.
+QBChord* chordAt(QBSong& song, int position);
 
 /// Throws CliError, which lists the albums, when there is none of that name.
 QBAlbum& chooseAlbum(const std::string& name);

@@ -19,21 +19,6 @@
 namespace korvel::cli {
 namespace {
 
-void requireChords(QBSong& song) {
-  if (song.allChords().empty()) throw CliError(fullTitle(song) + ": the song has no chords");
-}
-
-QBChord* chordAt(QBSong& song, int position) {
-  requireChords(song);
-  const auto& chords = song.allChords();
-  const auto found =
-      std::ranges::find(chords, position, [](const auto& c) { return c->position(); });
-  if (found != chords.end()) return *found;
-  throw CliError(fullTitle(song) + ": has no chord " + std::to_string(position) + ", but chords " +
-                 std::to_string(chords.front()->position()) + " to " +
-                 std::to_string(chords.back()->position()));
-}
-
 /// Draws songs for the tuning that they were made in.
 void redraw(QBSong& song) {
   const TuningForNow chosen(song.tuning());

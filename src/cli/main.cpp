@@ -16,6 +16,7 @@
 #include "cli/Import.h"
 #include "cli/NumberRange.h"
 #include "cli/Record.h"
+#include "cli/Render.h"
 #include "cli/SongEdits.h"
 #include "cli/StoreCommands.h"
 #include "cli/Transcribe.h"
@@ -46,6 +47,7 @@ struct Usage {
   cli::ApplyOptions apply;
   cli::ExportOptions exported;
   cli::RecordOptions record;
+  cli::RenderOptions rendered;
   cli::TranscribeOptions transcribe;
   bool storeMustExist = false;
   bool storeNeeded = true;
@@ -63,6 +65,7 @@ struct Usage {
     addTranscribe();
     addSongCommands();
     addExport();
+    addRender();
     addApply();
     addEdits();
     addStoreCommands();
@@ -161,8 +164,9 @@ struct Usage {
   void addExport() {
     CLI::App* sub = app.add_subcommand("export", "Write a song to files");
     sub->callback([this] {
-      if (!exported.txt && !exported.musicxml && !exported.midi)
-        throw CLI::ValidationError("export", "takes one or more of --txt, --musicxml and --midi");
+      if (!exported.txt && !exported.musicxml && !exported.midi && !exported.wav)
+        throw CLI::ValidationError("export",
+                                   "takes one or more of --txt, --musicxml, --midi and --wav");
       storeMustExist = true;
       action = always([this] { cli::exportSong(exported); });
     });
@@ -171,10 +175,37 @@ struct Usage {
     sub->add_option("--musicxml", exported.musicxml, "Score for notation programs")
         ->type_name("FILE");
     sub->add_option("--midi", exported.midi, "What is played, for sequencers")->type_name("FILE");
+    sub->add_option("--wav", exported.wav, "The sound of it, as render writes it")
+        ->type_name("FILE");
     sub->add_option("--metric", exported.metric,
                     "Time signature of score and MIDI (default: the song's, or 4/4)")
         ->check(CLI::IsMember({"4/4", "3/4", "6/8", "12/8"}));
     sub->add_flag("--force", exported.force, "Replace files that are there already");
+  }
+
+  void addSoundOptions(CLI::App& sub, cli::SoundOptions& sound) {
+    sub.add_option("--rate", sound.rate,
+                   "Speed, where 1 is that of the recording (default: the song's)")
+        ->check(cli::numbersWithin(0.1, 4));
+    sub.add_option("--loop", sound.loop,
+                   "Positions of the chords to play (default: the song's loop, or all)")
+        ->expected(2)
+        ->type_name("FROM TO");
+    sub.add_option("--soundfont", sound.soundFont,
+                   "SoundFont to play with (default: what is found)")
+        ->type_name("FILE");
+  }
+
+  void addRender() {
+    CLI::App* sub = app.add_subcommand("render", "Write what a song sounds like to a WAV file");
+    sub->callback([this] {
+      storeMustExist = true;
+      action = always([this] { cli::render(rendered); });
+    });
+    sub->add_option("SONG", rendered.song, "Title, or ALBUM/TITLE")->required()->type_name("");
+    sub->add_option("FILE", rendered.file, "WAV file")->required()->type_name("");
+    addSoundOptions(*sub, rendered.sound);
+    sub->add_flag("--force", rendered.force, "Replace a file that is there already");
   }
 
   void addApply() {
@@ -282,17 +313,17 @@ void unmark(std::string& word) {
 }
 
 void unmarkAll(Usage& usage) {
-  for (std::string* word :
-       {&usage.store, &usage.song, &usage.file, &usage.target, &usage.apply.song,
-        &usage.exported.song, &usage.transcribe.file, &usage.record.device})
+  for (std::string* word : {&usage.store, &usage.song, &usage.file, &usage.target,
+                            &usage.apply.song, &usage.exported.song, &usage.transcribe.file,
+                            &usage.record.device, &usage.rendered.song, &usage.rendered.file})
     unmark(*word);
   for (std::string& file : usage.import.files) unmark(file);
   for (auto* word :
        {&usage.import.album, &usage.import.title, &usage.import.tuning, &usage.apply.album,
-        &usage.exported.txt, &usage.exported.musicxml, &usage.exported.midi, &usage.transcribe.json,
-        &usage.transcribe.midi, &usage.transcribe.musicxml, &usage.transcribe.tuning,
-        &usage.record.file, &usage.record.album, &usage.record.title, &usage.record.wav,
-        &usage.record.tuning})
+        &usage.exported.txt, &usage.exported.musicxml, &usage.exported.midi, &usage.exported.wav,
+        &usage.rendered.sound.soundFont, &usage.transcribe.json, &usage.transcribe.midi,
+        &usage.transcribe.musicxml, &usage.transcribe.tuning, &usage.record.file,
+        &usage.record.album, &usage.record.title, &usage.record.wav, &usage.record.tuning})
     if (*word) unmark(**word);
 }
 

@@ -46,6 +46,7 @@ void MusicPlayer::preroll() {
   queue->setVolume(m_volume);
   m_queue = std::move(queue);
   m_timeline.clear();
+  m_lost = false;
   m_frames = 0;
   m_seekTo = m_time;
   ++m_seeks;
@@ -72,13 +73,14 @@ void MusicPlayer::stop() {
   if (!m_queue) return;
   m_time = time();
   m_queue->stop();
+  m_lost = m_queue->isLost();
   m_queue = nullptr;
   m_renderer.seek(m_time);
 }
 
 bool MusicPlayer::isPlaying() const { return m_queue && m_queue->isRunning(); }
 
-bool MusicPlayer::isLost() const { return m_queue && m_queue->isLost(); }
+bool MusicPlayer::isLost() const { return m_queue ? m_queue->isLost() : m_lost; }
 
 double MusicPlayer::time() const {
   if (!m_queue) return m_time;

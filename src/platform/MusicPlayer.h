@@ -39,6 +39,7 @@ class MusicPlayer {
   void stop();
   /// False also when the device was lost.
   bool isPlaying() const;
+  /// The device failed, as this may also tell while it stops; until the next start.
   bool isLost() const;
 
   /// The place that can be heard now, in beats, or the one that was set and cannot be heard yet.
@@ -60,6 +61,7 @@ class MusicPlayer {
   MusicSequence* m_sequence = nullptr;
   double m_time = 0;  ///< Where it stands, or last was told to go.
   float m_volume = 1;
+  bool m_lost = false;
 
   // From the main thread to the audio thread: the last word counts.
   std::atomic<const MusicEvents*> m_newEvents = nullptr;

@@ -92,9 +92,10 @@ TEST_F(MusicPlayerTest, stopsWhenTheDeviceIsLostAndCanStartAgain) {
   EXPECT_FALSE(m_player.isPlaying());
   EXPECT_TRUE(m_player.isLost());
   m_player.stop();
-  EXPECT_FALSE(m_player.isLost());
+  EXPECT_TRUE(m_player.isLost());
   EXPECT_NEAR(frame(), 1024, 1e-6);
   m_player.start();
+  EXPECT_FALSE(m_player.isLost());
   m_audio.play(kBufferFrames);
   EXPECT_NEAR(frame(), 1536, 1e-6);
   EXPECT_THROW(MusicPlayer(m_audio, "Boombox", std::make_unique<Adder>()).start(), AudioError);

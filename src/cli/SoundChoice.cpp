@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/SoundChoice.h"
+
+#include <algorithm>
+
+#include "cli/SongChoice.h"
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+#include "platform/FluidSynthesizer.h"
+#include "platform/SoundFonts.h"
+#include "playback/QBMIDIPlayer.h"
+
+namespace korvel::cli {
+
+std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options) {
+  const platform::SoundFonts fonts(platform::SoundFonts::Folders::ofMachine());
+  const std::vector programs{QBMIDIPlayer::kProgram};
+  return std::make_unique<platform::FluidSynthesizer>(
+      fonts.find(options.soundFont, QBMIDIPlayer::kProgram), programs);
+}
+
+double rateOf(const QBSong& song, const SoundOptions& options) {
+  if (options.rate) return *options.rate;
+  return song.tempoRate() > 0 ? static_cast<double>(song.tempoRate()) : 1.0;
+}
+
+LoopForNow::LoopForNow(QBSong& song, const SoundOptions& options)
+    : m_song(song), m_from(song.fromChord()), m_to(song.toChord()) {
+  if (options.loop.empty()) return;
+  const auto [first, last] = std::ranges::minmax(options.loop);
+  QBChord* from = chordAt(song, first);
+  QBChord* to = chordAt(song, last);
+  song.setFromChord(from);
+  song.setToChord(to);
+}
+
+LoopForNow::~LoopForNow() {
+  m_song.setFromChord(m_from);
+  m_song.setToChord(m_to);
+}
+
+}  // namespace korvel::cli
