@@ -1,42 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <benchmark/benchmark.h>
 
-#include "LongSong.h"
-#include "model/QBAlbum.h"
+#include "StoredSong.h"
 #include "model/QBChord.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
 #include "model/QBTone.h"
-#include "support/ScratchFolder.h"
 
 namespace korvel {
 namespace {
 
-/// A store as a new user has it, with one saved song of so many chords of six tones and a harmony
-/// each, in a process that has read nothing of it yet.
-class StoredSong {
- public:
-  explicit StoredSong(std::int64_t chords) {
-    QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
-    bench::addLongSong(db().createAlbum("Bench", false), "Bench", static_cast<int>(chords));
-    db().save();
-    reopen();
-  }
-  StoredSong(const StoredSong&) = delete;
-  StoredSong& operator=(const StoredSong&) = delete;
-  ~StoredSong() {
-    QBTabMgr::clearDb();
-    QBTabMgr::setStorePath({});
-  }
-
-  static void reopen() { QBTabMgr::clearDb(); }
-  static QBTabMgr& db() { return QBTabMgr::db(); }
-  static QBAlbum* album() { return db().findAlbumByName("Bench"); }
-  static QBSong* song() { return album()->findSongByName("Bench"); }
-
- private:
-  test::ScratchFolder m_folder;
-};
+using bench::StoredSong;
 
 /// Every chord and every tone of a song that nothing was read of.
 void readSong(benchmark::State& state) {

@@ -88,6 +88,7 @@ FretboardView::FretboardView(QWidget* parent) : QWidget(parent), m_words(nullptr
 FretboardView::~FretboardView() = default;
 
 void FretboardView::setSong(QBSong* song) {
+  m_chord = -1;
   m_song = song;
   m_words = ChordWords(tuningOf(song));
   showChord(-1);
@@ -300,7 +301,8 @@ QString FretboardView::cellText(const Cell& cell) const {
 
 QString FretboardView::spokenText() const {
   const QString cell = cellText({m_string, m_fret});
-  if (m_chord < 0 || m_chord >= static_cast<int>(m_song->allChords().size())) return cell;
+  if (!m_song || m_chord < 0 || m_chord >= static_cast<int>(m_song->allChords().size()))
+    return cell;
   const QBChord& chord = *m_song->allChords()[static_cast<std::size_t>(m_chord)];
   return tr("%1. Cursor on %2", "the grip of a chord, a fret").arg(m_words.grip(chord), cell);
 }
