@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/HelpWindow.h"
 
-#include <QFontDatabase>
-
+#include "platform/Resources.h"
 #include "ui/Text.h"
 
 namespace korvel::ui {
 namespace {
 
-constexpr int kColumns = 104;
+constexpr int kColumns = 60;
 constexpr int kLines = 40;
 
 }  // namespace
@@ -18,13 +17,17 @@ HelpWindow::HelpWindow(QWidget* parent) : QTextBrowser(parent) {
   setWindowTitle(tr("Help"));
   setAccessibleName(tr("Help"));
   setOpenExternalLinks(true);
-  setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  // Pictures are named by their place beside the text.
+  QStringList folders;
+  const platform::Resources resources = platform::Resources::ofProgram();
+  for (const auto& folder : resources.folders()) folders << toText(folder.string());
+  setSearchPaths(folders);
   const QFontMetrics metrics(font());
   resize(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
 }
 
 void HelpWindow::setContent(const std::string& content) {
-  setPlainText(toText(content));
+  setMarkdown(toText(content));
   show();
   raise();
   activateWindow();

@@ -14,7 +14,7 @@ class HelpWindow final : public QTextBrowser, public HelpView {
  public:
   explicit HelpWindow(QWidget* parent = nullptr);
 
-  /// Plain text. Shows the window.
+  /// Markdown. Shows the window.
   void setContent(const std::string& content) override;
 };
 
