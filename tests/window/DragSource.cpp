@@ -21,10 +21,10 @@ class Files final : public QLabel {
   void mouseMoveEvent(QMouseEvent*) override {
     if (m_dragging) return;
     m_dragging = true;
-    auto* data = new QMimeData;
-    data->setUrls(m_files);
+    auto* files = new QMimeData;
+    files->setUrls(m_files);
     auto* drag = new QDrag(this);
-    drag->setMimeData(data);
+    drag->setMimeData(files);
     drag->exec(Qt::CopyAction);
     m_dragging = false;
   }

@@ -86,8 +86,25 @@ class Window:
                     return node
         return None
 
+    def all(self, role, name):
+        """The showing objects of a role whose name begins with the given one, from the top."""
+        found = [node for node in descendants(self.root) if node.get_role_name() == role
+                 and (node.get_name() or "").startswith(name) and showing(node)]
+        return sorted(found, key=lambda node: centre(node)[1])
+
     def has(self, role, name):
         return self._find(role, name) is not None
+
+    def entries(self, menu, *path):
+        """What a menu of the menu bar offers, without separators."""
+        node = self.find("menu item", menu)
+        for step in (*path, None):
+            popup = next(children(node))
+            items = [item for item in children(popup) if item.get_role_name() == "menu item"]
+            if step is None:
+                return [item.get_name() for item in items]
+            node = next(item for item in items if item.get_name() == step)
+        return []
 
     def press(self, role, name):
         """Does what the object's first action does: presses a button, chooses a menu entry."""
