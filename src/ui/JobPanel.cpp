@@ -50,6 +50,7 @@ void JobPanel::reload() {
     emit jobAdded();
   }
   m_clock.start();
+  QTimer::singleShot(0, this, &JobPanel::update);  // a job is listed before it runs
 }
 
 void JobPanel::update() {

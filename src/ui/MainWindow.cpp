@@ -253,6 +253,8 @@ void MainWindow::showImported(const QString& file, QBSong* song) {
 
 void MainWindow::say(const QString& text) { statusBar()->showMessage(text, kSayMilliseconds); }
 
+QString MainWindow::statusMessage() const { return statusBar()->currentMessage(); }
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   rememberRunning();
   ImportDesk::dropAll();

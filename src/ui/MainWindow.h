@@ -48,6 +48,8 @@ class MainWindow final : public QMainWindow, public SongView {
 
   void setActiveSong(QBSong* song) override;
 
+  /// What the status bar says at the moment.
+  QString statusMessage() const;
   TreePanel& tree() { return *m_tree; }
   TablatureView& tablature() { return *m_tablature; }
 

@@ -47,8 +47,7 @@ void MainWindow::addFileMenu() {
   QAction* print =
       menu->addAction(tr("&Print ..."), QKeySequence::Print, this, &MainWindow::printSong);
   menu->addSeparator();
-  menu->addAction(tr("&Settings ..."), QKeySequence::Preferences, this,
-                  &MainWindow::changeSettings);
+  menu->addAction(tr("&Settings ..."), tr("Ctrl+,"), this, &MainWindow::changeSettings);
   menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
   connect(menu, &QMenu::aboutToShow, this, [this, save, pdf, print] {
     listRecentFiles();

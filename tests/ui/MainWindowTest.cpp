@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/MainWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+#include <optional>
+
+#include "model/QBAlbum.h"
+#include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "support/Guitar.h"
+#include "support/ScratchFolder.h"
+#include "ui/AlertBox.h"
+#include "ui/JobPanel.h"
+#include "ui/LogPanel.h"
+#include "ui/Preferences.h"
+#include "ui/QtRunLoop.h"
+#include "ui/TreePanel.h"
+#include "ui/views/TablatureView.h"
+#include "workflow/ImportDesk.h"
+#include "workflow/QBSession.h"
+
+namespace korvel::ui {
+namespace {
+
+/// The window on a new store, with a recording beside it.
+class MainWindowTest : public testing::Test {
+ protected:
+  MainWindowTest() {
+    QSettings().clear();
+    QBTabMgr::clearDb();
+    QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
+    platform::RunLoop::install(&m_loop);
+    test::writeWav(m_file, test::fewChords());
+    open();
+  }
+  ~MainWindowTest() override {
+    close();
+    platform::RunLoop::install(nullptr);
+    QBTabMgr::clearDb();
+  }
+
+  void open() {
+    if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+    m_window.emplace(m_alert);
+    m_window->show();
+  }
+  void close() {
+    if (m_window) m_window->close();
+    m_window.reset();
+  }
+  void import() {
+    m_window->importFiles({QString::fromStdString(m_file)});
+    ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }, 20000));
+  }
+  QAction* action(const QString& text, QMenu* menu = nullptr) {
+    const auto actions = menu ? menu->actions() : m_window->menuBar()->actions();
+    for (QAction* each : actions) {
+      if (each->text() == text) return each;
+      if (QAction* found = each->menu() ? action(text, each->menu()) : nullptr) return found;
+    }
+    return nullptr;
+  }
+  QString log() { return m_window->findChild<LogPanel*>()->toPlainText(); }
+  static std::string titles() {
+    std::string text;
+    for (const auto& album : QBTabMgr::db().albums())
+      for (const QBSong* song : album->songs()) text += album->name() + '/' + song->title() + ' ';
+    return text;
+  }
+
+  const test::ScratchFolder m_folder;
+  const std::string m_file = m_folder.file("Tune.wav");
+  QtRunLoop m_loop{[](const std::exception& error) { FAIL() << error.what(); }};
+  AlertBox m_alert;
+  std::optional<MainWindow> m_window;
+};
+
+TEST_F(MainWindowTest, droppedRecordingIsShownArrangedAndFoundAgain) {
+  EXPECT_EQ(m_window->windowTitle(), "Workbench ..");
+  EXPECT_FALSE(action("Melody")->isEnabled()) << "no song is selected";
+  import();
+  ASSERT_NE(m_window->tablature().song(), nullptr);
+  EXPECT_TRUE(log().endsWith("Song successfully imported."));
+  EXPECT_TRUE(action("Melody")->isEnabled());
+  EXPECT_FALSE(action("Export All As")->isEnabled()) << "no album is selected";
+  action("Melody")->trigger();
+  EXPECT_EQ(titles(), "Tune/Tune Tune/Tune(Mld) ");
+  EXPECT_EQ(m_window->tree().view().currentIndex().data().toString(), "Tune(Mld)");
+  close();
+  QBTabMgr::clearDb();
+  open();
+  m_window->openLastSong();
+  ASSERT_NE(m_window->tablature().song(), nullptr);
+  EXPECT_EQ(m_window->tablature().song()->title(), "Tune(Mld)");
+}
+
+TEST_F(MainWindowTest, jobIsDroppedByItsButton) {
+  Preferences().setDetection(ImportDetection::classic, {});
+  close();
+  open();
+  m_window->importFiles({QString::fromStdString(m_file)});
+  QPushButton* drop = nullptr;  // that of the newest job
+  for (auto* button : m_window->findChild<JobPanel*>()->findChildren<QPushButton*>())
+    if (button->text() == "Cancel and drop") drop = button;
+  ASSERT_NE(drop, nullptr);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return drop->isEnabled(); }));
+  drop->click();
+  EXPECT_EQ(titles(), "");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !drop->isEnabled(); }));
+}
+
+TEST_F(MainWindowTest, startAfterAKillSaysWhatWasRunning) {
+  Preferences().setRunningImports({"/tmp/Waltz.mp3"});
+  m_window->greet();
+  EXPECT_TRUE(log().contains("/tmp/Waltz.mp3"));
+  EXPECT_TRUE(Preferences().runningImports().isEmpty());
+}
+
+TEST_F(MainWindowTest, fileWithoutSoundIsSaidInTheStatusBar) {
+  const std::string file = m_folder.file("notes.mp3");
+  test::writeFile(file, "no sound");
+  m_window->importFiles({QString::fromStdString(file)});
+  EXPECT_TRUE(m_window->statusMessage().startsWith("notes.mp3 was not imported"));
+  EXPECT_TRUE(log().startsWith("EXCEPTION OCCURED IN CONTEXT: importSong"));
+}
+
+TEST_F(MainWindowTest, searchShowsTheSongsThatMatchAndTheirAlbums) {
+  QBTabMgr::db().createAlbum("Practice", false)->createSong("Blues");
+  QBTabMgr::db().createAlbum("Other", false)->createSong("Waltz");
+  QBSession::session().refreshTree();
+  QTest::keyClicks(m_window->findChild<QLineEdit*>(), "blu");
+  const QAbstractItemModel& shown = *m_window->tree().view().model();
+  ASSERT_EQ(shown.rowCount(), 1);
+  ASSERT_EQ(shown.rowCount(shown.index(0, 0)), 1);
+  EXPECT_EQ(shown.index(0, 0, shown.index(0, 0)).data().toString(), "Practice");
+}
+
+}  // namespace
+}  // namespace korvel::ui
