@@ -31,6 +31,11 @@ std::string oneLine(std::string_view text) {
   return line;
 }
 
+bool isTerminal() {
+  static const bool terminal = isatty(STDERR_FILENO) != 0;
+  return terminal;
+}
+
 }  // namespace
 
 Console& Console::attached() {
@@ -64,7 +69,7 @@ void Console::show(const std::string& text) { error(text); }
 int Console::exitStatus() const { return EXIT_FAILURE; }
 
 void Console::progress(double share) {
-  static const bool terminal = isatty(STDERR_FILENO) != 0;
+  const bool terminal = isTerminal();
   const int percent = static_cast<int>(share * 100.0);
   if (share >= 1) clearProgress();
   if (!terminal || share >= 1 || percent == m_drawnPercent) return;
@@ -73,6 +78,20 @@ void Console::progress(double share) {
   std::cerr << "\r[" << std::string(static_cast<std::size_t>(filled), '#')
             << std::string(static_cast<std::size_t>(kBarWidth - filled), ' ') << "] " << percent
             << " %" << std::flush;
+}
+
+void Console::status(const std::string& text) {
+  if (text == m_status) return;
+  m_status = text;
+  if (isTerminal())
+    std::cerr << '\r' << text << std::flush;
+  else
+    std::cerr << text << std::endl;
+}
+
+void Console::endStatus() {
+  if (isTerminal() && !m_status.empty()) std::cerr << std::endl;
+  m_status.clear();
 }
 
 void Console::clearProgress() {

@@ -23,6 +23,10 @@ class Console final : public OutputView, public SavePanel, public FatalAlert {
 
   /// share: 0..1, where 1 takes the bar away. Draws nothing unless stderr is a terminal.
   void progress(double share);
+  /// Something that changes: rewritten on a line of stderr when that is a terminal, else a line for
+  /// each change.
+  void status(const std::string& text);
+  void endStatus();
   void error(std::string_view text);
   /// Writes to stdout; throws CliError when that fails.
   void print(std::string_view text);
@@ -31,6 +35,7 @@ class Console final : public OutputView, public SavePanel, public FatalAlert {
   Console() = default;
   void clearProgress();
   int m_drawnPercent = -1;
+  std::string m_status;
 };
 
 }  // namespace korvel::cli

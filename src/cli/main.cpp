@@ -15,6 +15,7 @@
 #include "cli/Export.h"
 #include "cli/Import.h"
 #include "cli/NumberRange.h"
+#include "cli/Play.h"
 #include "cli/Record.h"
 #include "cli/Render.h"
 #include "cli/SongEdits.h"
@@ -47,6 +48,7 @@ struct Usage {
   cli::ApplyOptions apply;
   cli::ExportOptions exported;
   cli::RecordOptions record;
+  cli::PlayOptions played;
   cli::RenderOptions rendered;
   cli::TranscribeOptions transcribe;
   bool storeMustExist = false;
@@ -65,6 +67,7 @@ struct Usage {
     addTranscribe();
     addSongCommands();
     addExport();
+    addPlay();
     addRender();
     addApply();
     addEdits();
@@ -196,6 +199,24 @@ struct Usage {
         ->type_name("FILE");
   }
 
+  void addPlay() {
+    CLI::App* sub = app.add_subcommand("play", "Play a song, or its loop until Ctrl-C");
+    sub->callback([this] {
+      if (played.file == "") throw CLI::ValidationError("--file", "takes a name");
+      storeMustExist = true;
+      action = always([this] { cli::play(played); });
+    });
+    sub->add_option("SONG", played.song, "Title, or ALBUM/TITLE")->required()->type_name("");
+    addSoundOptions(*sub, played.sound);
+    CLI::Option* device =
+        sub->add_option("--device", played.device, "Output (default: what the system has chosen)");
+    CLI::Option* wave =
+        sub->add_option("--file", played.file, "WAV file that is played into instead");
+    wave->type_name("FILE")->excludes(device);
+    sub->add_flag("--force", played.force, "Replace that file when it is there already")
+        ->needs(wave);
+  }
+
   void addRender() {
     CLI::App* sub = app.add_subcommand("render", "Write what a song sounds like to a WAV file");
     sub->callback([this] {
@@ -313,17 +334,32 @@ void unmark(std::string& word) {
 }
 
 void unmarkAll(Usage& usage) {
-  for (std::string* word : {&usage.store, &usage.song, &usage.file, &usage.target,
-                            &usage.apply.song, &usage.exported.song, &usage.transcribe.file,
-                            &usage.record.device, &usage.rendered.song, &usage.rendered.file})
+  for (std::string* word :
+       {&usage.store, &usage.song, &usage.file, &usage.target, &usage.apply.song,
+        &usage.exported.song, &usage.transcribe.file, &usage.record.device, &usage.rendered.song,
+        &usage.played.song, &usage.played.device, &usage.rendered.file})
     unmark(*word);
   for (std::string& file : usage.import.files) unmark(file);
-  for (auto* word :
-       {&usage.import.album, &usage.import.title, &usage.import.tuning, &usage.apply.album,
-        &usage.exported.txt, &usage.exported.musicxml, &usage.exported.midi, &usage.exported.wav,
-        &usage.rendered.sound.soundFont, &usage.transcribe.json, &usage.transcribe.midi,
-        &usage.transcribe.musicxml, &usage.transcribe.tuning, &usage.record.file,
-        &usage.record.album, &usage.record.title, &usage.record.wav, &usage.record.tuning})
+  for (auto* word : {&usage.import.album,
+                     &usage.import.title,
+                     &usage.import.tuning,
+                     &usage.apply.album,
+                     &usage.exported.txt,
+                     &usage.exported.musicxml,
+                     &usage.exported.midi,
+                     &usage.exported.wav,
+                     &usage.rendered.sound.soundFont,
+                     &usage.played.sound.soundFont,
+                     &usage.played.file,
+                     &usage.transcribe.json,
+                     &usage.transcribe.midi,
+                     &usage.transcribe.musicxml,
+                     &usage.transcribe.tuning,
+                     &usage.record.file,
+                     &usage.record.album,
+                     &usage.record.title,
+                     &usage.record.wav,
+                     &usage.record.tuning})
     if (*word) unmark(**word);
 }
 

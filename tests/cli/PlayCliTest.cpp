@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <regex>
 
 #include "support/Guitar.h"
 #include "support/Process.h"
 #include "support/ScratchFolder.h"
 #include "support/SoundFont.h"
+#include "support/VirtualSoundCard.h"
 
 namespace korvel {
 namespace {
@@ -21,6 +23,7 @@ class PlayCliTest : public testing::Test {
   PlayCliTest() {
     test::writeWav(file("a.wav"), test::fewChords());
     EXPECT_EQ(tool({"import", file("a.wav"), "--title", "Song", "--album", "Album"}).status, 0);
+    m_filesAtFirst = files();
   }
 
   Outcome tool(std::vector<std::string> words) const {
@@ -48,6 +51,7 @@ class PlayCliTest : public testing::Test {
   }
 
   test::ScratchFolder m_folder;
+  std::ptrdiff_t m_filesAtFirst;
 };
 
 TEST_F(PlayCliTest, rendersSongsLoopsAndRates) {
@@ -85,6 +89,30 @@ TEST_F(PlayCliTest, rendersAllOfAFileOrNothing) {
   EXPECT_EQ(test::readFile(file("old.wav")), "old");
   EXPECT_EQ(files(), before);
   EXPECT_EQ(sound({"render", "Song", file("b.wav"), "--rate", "nan"}).status, 2);
+}
+
+TEST_F(PlayCliTest, playsToTheEndAndTellsThePosition) {
+  const Outcome played = sound({"play", "Song", "--rate", "4", "--file", file("played.wav")});
+  EXPECT_EQ(played.status, 0) << played.err;
+  EXPECT_EQ(played.out, "");
+  EXPECT_TRUE(std::regex_match(played.err, std::regex("( [ 0-9][0-9]\\n){2,15}"))) << played.err;
+  EXPECT_GT(sizeOf("played.wav"), 15 * kBytesOfStep / 4);
+  expectRefused(sound({"play", "Song", "--file", file("played.wav")}), file("played.wav"),
+                "--force");
+  const test::NoSoundServer silence;
+  expectRefused(sound({"play", "Song"}), "System default", "no sound server");
+}
+
+TEST_F(PlayCliTest, aLoopIsPlayedUntilCtrlC) {
+  test::Running playing({KORVEL_CLI, "--store", file("Korvel.sqlite"), "play", "Song", "--loop",
+                         "2", "3", "--file", file("loop.wav"), "--soundfont", test::kSoundFont});
+  const auto isPlaying = [&] { return files() > m_filesAtFirst; };
+  ASSERT_TRUE(test::eventually(isPlaying));
+  playing.interrupt();
+  playing.interrupt();
+  EXPECT_EQ(playing.wait(), 0);
+  EXPECT_EQ(files(), m_filesAtFirst + 1) << "what was played until then";
+  EXPECT_EQ(tool({"dump", "Song"}).out.find("\"fromChord\": 2"), std::string::npos);
 }
 
 }  // namespace

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/QBPlayerViewController.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "platform/FluidSynthesizer.h"
+#include "platform/PlainRunLoop.h"
+#include "support/HandAudio.h"
+#include "support/RecordingViews.h"
+#include "support/SoundFont.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+using platform::PlainRunLoop;
+using Texts = std::vector<std::string>;
+
+/// A run loop whose time passes by listening.
+class ListeningLoop {
+ public:
+  explicit ListeningLoop(test::HandAudio& audio) : m_audio(audio) {
+    platform::RunLoop::install(&m_loop);
+  }
+  ~ListeningLoop() { platform::RunLoop::install(nullptr); }
+
+  void run(double seconds) {
+    const auto end = m_now + std::chrono::duration_cast<PlainRunLoop::Time::duration>(
+                                 std::chrono::duration<double>(seconds));
+    const auto wakening = m_loop.scheduleRepeating(seconds, [] {});
+    m_loop.runUntil([&] { return m_now >= end; });
+  }
+
+ private:
+  void listenUntil(PlainRunLoop::Time time) {
+    const std::chrono::duration<double> passed = time - m_now;
+    m_now = time;
+    m_audio.play(static_cast<std::size_t>(std::lround(passed.count() * 44100)));
+  }
+
+  test::HandAudio& m_audio;
+  PlainRunLoop::Time m_now;
+  PlainRunLoop m_loop{{[this] { return m_now; }, [this](auto time) { listenUntil(time); }}};
+};
+
+class Controls final : public PlayerControls {
+ public:
+  void lockMIDI() override { told.emplace_back("locked"); }
+  void unlockAll() override { told.emplace_back("unlocked"); }
+  void showLoop(const LoopRange& loop) override {
+    told.push_back("loop " + std::to_string(loop.from) + " " + std::to_string(loop.to));
+  }
+  void showPosition(const std::string& percent) override { told.push_back(percent); }
+  void showSpeed(const std::string& percent) override { told.push_back("speed " + percent); }
+  void showProblem(const std::string& problem) override { told.push_back(problem); }
+  int speed() const override { return slider; }
+  int maximumSpeed() const override { return 200; }
+  Texts news() { return std::exchange(told, {}); }
+
+  Texts told;
+  int slider = 200;
+};
+
+class QBPlayerViewControllerTest : public testing::Test {
+ protected:
+  QBPlayerViewControllerTest() {
+    SessionViews views = QBSession::session().views();
+    views.player = &m_player;
+    QBSession::session().attach(views);
+    for (int i = 0; i < 6; ++i) test::addChord(m_song, "022100");
+  }
+  ~QBPlayerViewControllerTest() override { QBSession::session().setActiveSong(nullptr); }
+
+  void choose() {
+    QBSession::session().setActiveSong(m_song);
+    m_controls.told.clear();
+  }
+  std::unique_ptr<platform::MusicPlayer> newPlayer() {
+    return std::make_unique<platform::MusicPlayer>(
+        m_audio, m_device, std::make_unique<platform::FluidSynthesizer>(m_font, std::vector{25}));
+  }
+
+  const test::StandardStore m_store;
+  test::RecordingViews m_views;
+  QBSong* m_song = m_store.song("Song");
+  test::HandAudio m_audio;
+  ListeningLoop m_loop{m_audio};
+  Controls m_controls;
+  std::string m_device, m_font = test::kSoundFont;
+  QBPlayerViewController m_player{m_controls, [this] { return newPlayer(); }};
+};
+
+TEST_F(QBPlayerViewControllerTest, aWholeSongStopsShortOfItsLastChord) {
+  m_player.play();
+  EXPECT_FALSE(m_player.isPlaying()) << "no song is chosen";
+  choose();
+  m_player.play();
+  m_player.play();
+  EXPECT_EQ(m_controls.news(), Texts{"locked"});
+  m_loop.run(2.9);
+  EXPECT_EQ(m_controls.news(), (Texts{" 16", " 33", " 50", " 66", " 83"}));
+  EXPECT_FALSE(m_player.isOver());
+  m_loop.run(2);
+  EXPECT_EQ(m_controls.news(), Texts());
+  EXPECT_TRUE(m_player.isOver());
+  m_player.stop();
+  m_player.stop();
+  EXPECT_EQ(m_controls.news(), (Texts{"unlocked", "loop -1 -1"}));
+  m_loop.run(1);
+  EXPECT_EQ(m_controls.news(), Texts()) << "the timer is gone";
+}
+
+TEST_F(QBPlayerViewControllerTest, aLoopIsRewoundAtItsEnd) {
+  m_song->setFromChord(m_song->chords().at(1));
+  m_song->setToChord(m_song->chords().at(4));
+  choose();
+  m_player.play();
+  m_controls.told.clear();
+  m_loop.run(4);
+  const Texts positions = m_controls.news();
+  ASSERT_GE(positions.size(), 6U);
+  EXPECT_EQ(Texts(positions.begin(), positions.begin() + 6),
+            (Texts{" 33", " 66", "100", " 33", " 66", "100"}));
+  EXPECT_FALSE(m_player.isOver());
+}
+
+TEST_F(QBPlayerViewControllerTest, theSliderSetsTheSpeed) {
+  choose();
+  m_controls.slider = 100;
+  m_player.speedChanged();
+  m_player.play();
+  m_loop.run(1.6);
+  EXPECT_EQ(m_controls.news(), (Texts{"speed  50", "locked", " 16", " 16"}));
+  m_controls.slider = 0;
+  m_player.speedChanged();
+  m_loop.run(1);
+  EXPECT_EQ(m_controls.news().front(), "speed   0");
+  EXPECT_FALSE(m_player.isOver()) << "it stands still";
+}
+
+TEST_F(QBPlayerViewControllerTest, problemsEndInAMessageAndFreeControls) {
+  choose();
+  m_player.play();
+  m_loop.run(1);
+  m_audio.lose();
+  m_controls.told.clear();
+  m_loop.run(1);
+  EXPECT_FALSE(m_player.isPlaying());
+  const Texts lost = m_controls.news();
+  ASSERT_EQ(lost.size(), 3U);
+  EXPECT_NE(lost[2].find("device is gone"), std::string::npos);
+  m_device = "Boombox";
+  m_player.play();
+  EXPECT_EQ(m_controls.news().back(), "Boombox: no such device");
+  m_font = "/none.sf2";
+  m_player.play();
+  EXPECT_EQ(m_controls.news().back(), "/none.sf2: there is no such SoundFont");
+  EXPECT_FALSE(m_player.isPlaying());
+}
+
+}  // namespace
+}  // namespace korvel
