@@ -42,8 +42,7 @@ MusicEvents MusicSequence::events() const {
   for (const auto& track : m_tracks)
     all.insert(all.end(), track->events().begin(), track->events().end());
   std::ranges::stable_sort(all, before);
-  const auto doubled = std::ranges::unique(all, beginTogether);
-  all.erase(doubled.begin(), doubled.end());
+  all.erase(std::unique(all.begin(), all.end(), beginTogether), all.end());
   return all;
 }
 
