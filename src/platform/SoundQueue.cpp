@@ -11,8 +11,10 @@
 namespace korvel::platform {
 namespace {
 
-/// Frames between us and the device: enough for a busy machine, few enough that nobody notices.
-constexpr std::uint32_t kLatency = 4096;
+/// Frames between us and the device. Played sound must bridge the times when a busy machine has
+/// none for us; recorded sound waits for us anyway.
+constexpr std::uint32_t kOutputLatency = 8192;
+constexpr std::uint32_t kInputLatency = 2048;
 
 cubeb_stream_params paramsOf(const StreamDescription& description) {
   cubeb_stream_params params{};
@@ -41,7 +43,7 @@ struct SoundQueue::Stream {
     const int result = cubeb_stream_init(
         queue.m_connection->context(), &stream, input ? "Recording" : "Playback",
         input ? device.handle : nullptr, input ? &params : nullptr, input ? nullptr : device.handle,
-        input ? nullptr : &params, kLatency, &data, &state, this);
+        input ? nullptr : &params, input ? kInputLatency : kOutputLatency, &data, &state, this);
     if (result != CUBEB_OK) throw cannotOpen(queue.m_device);
   }
   Stream(const Stream&) = delete;
