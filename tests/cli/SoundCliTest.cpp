@@ -124,5 +124,27 @@ TEST_F(SoundCliTest, anUnpluggedMicrophoneLeavesWhatWasRecorded) {
   EXPECT_GE(dump("T")["chords"].size(), 5U);
 }
 
+TEST_F(SoundCliTest, anUnpluggedLoudspeakerEndsThePlaying) {
+  m_card->plug("amp", "Amp");
+  test::writeWav(m_folder.file("a.wav"), test::fewChords());
+  ASSERT_EQ(tool({"import", m_folder.file("a.wav"), "--title", "Song"}).status, 0);
+  std::future<Outcome> playing = std::async(std::launch::async, [&] {
+    return tool({"play", "Song", "--device", "Amp", "--loop", "1", "9"});
+  });
+  const bool played = eventually([&] { return m_card->isPlaying(); });
+  m_card->unplug("amp");
+  const Outcome ended = playing.get();
+  EXPECT_TRUE(played);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_NE(ended.err.find("korvel-cli: Amp: the sound device is gone"), std::string::npos)
+      << ended.err;
+  const Outcome again = tool({"play", "Song", "--device", "Amp"});
+  EXPECT_EQ(again.status, 1);
+  EXPECT_NE(again.err.find("korvel-cli: no sound output \"Amp\"; there is \"System default\", "
+                           "\"Card\"\n"),
+            std::string::npos)
+      << again.err;
+}
+
 }  // namespace
 }  // namespace korvel
