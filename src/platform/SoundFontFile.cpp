@@ -28,10 +28,10 @@ struct Chunk {
   std::string name;
   std::uint64_t begin = 0, size = 0;  ///< Of its content.
 
-  std::uint64_t end() const { return begin + size + size % 2; }
+  std::uint64_t end() const { return begin + size; }
 };
 
-/// The chunks of a RIFF file: each a name, a size and content, of even length.
+/// The chunks of a RIFF file: each a name, a size and content.
 class ChunkReader {
  public:
   explicit ChunkReader(const std::filesystem::path& path) : m_path(path) {
@@ -62,12 +62,12 @@ class ChunkReader {
   /// The list of that type within a chunk, or the chunk of that name within a list.
   Chunk find(const Chunk& outer, const std::string& name) {
     std::uint64_t at = outer.begin + kFormType;
-    while (at + kChunkHead + kFormType <= outer.begin + outer.size) {
+    while (at + kChunkHead + kFormType <= outer.end()) {
       const Chunk chunk = chunkAt(at);
       const bool list = chunk.name == "LIST";
-      if (chunk.begin + chunk.size > m_size) refuseDamaged(m_path);
+      if (chunk.end() > m_size) refuseDamaged(m_path);
       if ((list ? text(chunk.begin, kFormType) : chunk.name) == name) return chunk;
-      at = chunk.end();
+      at = after(chunk, outer);
     }
     refuseDamaged(m_path);
   }
@@ -75,6 +75,12 @@ class ChunkReader {
   std::uint64_t size() const { return m_size; }
 
  private:
+  /// A byte fills chunks of odd size up, which compressed fonts leave out.
+  std::uint64_t after(const Chunk& chunk, const Chunk& outer) {
+    const bool odd = chunk.size % 2 != 0 && chunk.end() + kChunkHead <= outer.end();
+    return odd && text(chunk.end(), 1) == std::string(1, '\0') ? chunk.end() + 1 : chunk.end();
+  }
+
   std::filesystem::path m_path;
   std::ifstream m_in;
   std::uint64_t m_size = 0;
@@ -88,7 +94,7 @@ Chunk wholeFont(ChunkReader& file, const std::filesystem::path& path) {
   if (file.size() < kChunkHead + kFormType) refuse(path);
   const Chunk font = file.chunkAt(0);
   if (font.name != "RIFF" || file.text(font.begin, kFormType) != "sfbk") refuse(path);
-  if (font.begin + font.size > file.size()) refuseDamaged(path);
+  if (font.end() > file.size()) refuseDamaged(path);
   return font;
 }
 
