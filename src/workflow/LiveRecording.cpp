@@ -81,12 +81,12 @@ LiveRecording::~LiveRecording() {
 }
 
 void LiveRecording::start() {
-  make();
   try {
+    make();
     m_recorder->start("", 0.0F);
   } catch (...) {
-    m_recorder->stop();
-    m_take->removeFile();
+    if (m_recorder) m_recorder->stop();
+    if (m_take) m_take->removeFile();
     m_made.reset();
     throw;
   }
@@ -122,18 +122,19 @@ void LiveRecording::stop() {
   if (m_state == State::recording) m_wave->stopRecord();
 }
 
-/// What still waits when the microphone has been stopped is heard step by step as before.
+/// What still waits when the microphone has been stopped is heard step by step as before. Only a
+/// step that began after its end can tell that nothing waits any more.
 void LiveRecording::stepped(QBChord* chord) {
   if (m_state != State::recording) return;
-  if (chord && !chord->hold()->isEmpty() && m_onChord) m_onChord(*chord);
   const QBAudioMicrophone& microphone = m_wave->m_microphone();
+  const bool drained = !std::exchange(m_blockRead, false) && !microphone.isRunning();
+  if (chord && !chord->hold()->isEmpty() && m_onChord) m_onChord(*chord);
   if (microphone.hasEnded()) {
     m_ending = microphone.isLost() ? Ending::deviceLost : Ending::deviceEnded;
     stop();
   }
   const bool full = m_options.seconds && elapsed() >= *m_options.seconds;
   if (full) stop();
-  const bool drained = !std::exchange(m_blockRead, false) && !microphone.isRunning();
   if (full || drained) endPlaying();
 }
 
@@ -175,7 +176,7 @@ void LiveRecording::hearNext() {
     // Chords of what was heard before cost next to nothing.
     for (int taken = 0; taken < kChordsOfStep && m_preciseRecorder->nextChord(); ++taken) continue;
     if (m_onProgress) m_onProgress(m_listening->progress());
-    if (!m_listening->atEnd()) return;
+    if (m_state != State::hearing || !m_listening->atEnd()) return;
     if (hasTones(*m_preciseSong)) replaceLive();
     finishHeard();
   } catch (const std::exception& error) {

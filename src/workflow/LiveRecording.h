@@ -56,7 +56,7 @@ class LiveRecording {
   /// What is not stored by now is dropped, but for the file of the take.
   ~LiveRecording();
 
-  /// Throws AudioError and FileError, and then nothing has been made. Once only.
+  /// Throws AudioError and FileError, and then nothing is left of it. Once only.
   void start();
   /// The playing is over; what was recorded is stored and heard. Otherwise without effect.
   void stop();

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <cstring>
 #include <deque>
+#include <functional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/AudioSystem.h"
@@ -39,6 +41,8 @@ class HandFedMicrophone final : public platform::AudioSystem {
     m_queue->lost = lost;
     m_queue->running = false;
   }
+  /// Happens once, just before the queue answers whether it runs.
+  std::function<void()> whenAsked;
   /// What was asked of the queue since the microphone was made.
   std::string asked;
   std::string device;
@@ -92,7 +96,10 @@ class HandFedMicrophone final : public platform::AudioSystem {
       running = false;
     }
     void reset() override { microphone.asked += "reset "; }
-    bool isRunning() const override { return running; }
+    bool isRunning() const override {
+      if (microphone.whenAsked) std::exchange(microphone.whenAsked, nullptr)();
+      return running;
+    }
     bool isLost() const override { return lost; }
     void onRunningChanged(RunningListener) override {}
     platform::AudioTimeStamp currentTime() const override { return {.hostTime = 1'000'000'000}; }

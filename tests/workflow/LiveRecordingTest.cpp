@@ -146,6 +146,18 @@ TEST_F(LiveRecordingTest, classicLeavesTheLiveSongAndAKeptTakeHasSilenceForLostB
   EXPECT_THROW(begin({.keptTake = file}), platform::FileError) << "there is such a file";
 }
 
+TEST_F(LiveRecordingTest, blocksThatComeWhileTheDeviceEndsAreHeard) {
+  LiveRecording& recording = begin({.detection = ImportDetection::classic});
+  m_microphone.whenAsked = [this] {  // when the step has found none
+    hear(strum("x02210", 4));
+    m_microphone.end(false);
+  };
+  finish();
+  EXPECT_EQ(recording.ending(), LiveRecording::Ending::deviceEnded);
+  ASSERT_NE(recording.song(), nullptr);
+  EXPECT_EQ(recording.song()->chords().size(), 4U);
+}
+
 TEST_F(LiveRecordingTest, lostDeviceKeepsWhatWasRecorded) {
   LiveRecording& recording = begin();
   hear(strum("x02210", 8));
