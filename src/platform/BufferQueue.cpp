@@ -69,19 +69,26 @@ void BufferQueue::tell() const {
 }
 
 void BufferQueue::record(std::span<const std::byte> chunk) {
+  if (!m_running) return;
   const std::uint64_t end = now();
   while (!chunk.empty() && hasBuffer()) chunk = chunk.subspan(fill(chunk, end));
   m_frames += chunk.size() / m_description.bytesPerFrame;  // for which there was no buffer
 }
 
 void BufferQueue::play(std::span<std::byte> chunk) {
+  // A server may go on asking when the device is lost, for the sake of another one.
+  if (m_running) chunk = playBuffers(chunk);
+  std::ranges::fill(chunk, std::byte{});
+}
+
+std::span<std::byte> BufferQueue::playBuffers(std::span<std::byte> chunk) {
   m_frames += chunk.size() / m_description.bytesPerFrame;
   while (!chunk.empty() && hasBuffer()) {
     const std::size_t played = drain(chunk);
     if (played == 0) break;  // an empty buffer that comes back for ever would hold us here
     chunk = chunk.subspan(played);
   }
-  std::ranges::fill(chunk, std::byte{});
+  return chunk;
 }
 
 bool BufferQueue::hasBuffer() {

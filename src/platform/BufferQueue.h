@@ -39,7 +39,8 @@ class BufferQueue : public AudioQueue {
   /// For any thread.
   void lose();
 
-  // For one audio thread at a time: wait for nothing, allocate nothing, throw nothing.
+  // For one audio thread at a time: wait for nothing, allocate nothing, throw nothing. Without
+  // effect, and silent, when the queue does not run.
   /// Fills buffers with whole frames that were recorded just now and calls back for each full one.
   void record(std::span<const std::byte> chunk);
   /// Nothing more will come: calls back for the buffer that is being filled, as full as it is.
@@ -60,6 +61,8 @@ class BufferQueue : public AudioQueue {
     QueueBuffer buffer;
   };
 
+  /// What is left of the chunk.
+  std::span<std::byte> playBuffers(std::span<std::byte> chunk);
   bool hasBuffer();
   std::size_t fill(std::span<const std::byte> chunk, std::uint64_t end);
   void stamp(std::uint64_t framesLeft, std::uint64_t end);

@@ -117,25 +117,29 @@ TEST(BufferQueue, volumeScalesWithinTheRangeOfSamples) {
   EXPECT_EQ(samplesOf(buffer.sound()), (Samples{1000, -1000, 32767, -32768}));
 }
 
-TEST(BufferQueue, tellsOnceThatItEndedAndForgetsWhatWasEnqueued) {
-  Device device(kLiveSound, [](QueueBuffer&) {});
+TEST(BufferQueue, endsOnceAndIsSilentThen) {
+  int played = 0;
+  Device device(kLiveSound, [&](QueueBuffer&) { ++played; });
   std::string told;
   device.onRunningChanged([&] { told += device.isRunning() ? '+' : device.isLost() ? 'x' : '-'; });
-  put({1, 2, 3, 4}, device.allocateBuffer(8));
+  QueueBuffer& buffer = device.allocateBuffer(8);
+  put({1, 2, 3, 4}, buffer);
+  device.enqueue(buffer);
   device.lose();
   EXPECT_FALSE(device.isLost()) << "it does not run yet";
   device.start();
   device.lose();
   device.lose();
+  EXPECT_EQ(device.played(6), (Samples{0, 0, 0, 0, 0, 0})) << "a lost device may still ask";
+  EXPECT_EQ(played, 0);
   device.stop();
   device.start();
+  EXPECT_EQ(device.played(2), (Samples{1, 2}));
   device.stop();
   EXPECT_EQ(told, "+x+-");
-  QueueBuffer& buffer = device.allocateBuffer(8);
-  device.enqueue(buffer);
   device.reset();
   device.start();
-  EXPECT_EQ(device.played(2), (Samples{0, 0}));
+  EXPECT_EQ(device.played(2), (Samples{0, 0})) << "what was enqueued is forgotten";
 }
 
 }  // namespace
