@@ -22,7 +22,9 @@
 #include "ui/LibraryActions.h"
 #include "ui/LogPanel.h"
 #include "ui/OfferBar.h"
+#include "ui/PlayerBar.h"
 #include "ui/Preferences.h"
+#include "ui/RecordPanel.h"
 #include "ui/SettingsDialog.h"
 #include "ui/SongMenu.h"
 #include "ui/Text.h"
@@ -52,6 +54,8 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_roll(new RollView),
       m_log(new LogPanel),
       m_jobs(new JobPanel),
+      m_player(new PlayerBar),
+      m_record(new RecordPanel),
       m_help(new HelpWindow(this)),
       m_songMenu(new SongMenu(this)),
       m_albumMenu(new AlbumMenu(*m_actions, this)),
@@ -62,6 +66,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
   addTablature();
   addPanels();
   connectViews();
+  connectSound();
   addMenus();
   restoreLayout();
   attachViews(alert);
@@ -105,7 +110,19 @@ void MainWindow::connectViews() {
           [this](int chord) { m_tablature->moveCursor(chord, m_tablature->cursorString()); });
 }
 
+void MainWindow::connectSound() {
+  connect(m_tablature, &TablatureView::playToggled, m_player, &PlayerBar::toggle);
+  connect(m_player, &PlayerBar::moved, this, &MainWindow::showPlaying);
+  connect(m_player, &PlayerBar::resetLoopWanted, this, &MainWindow::resetLoop);
+  connect(m_player, &PlayerBar::settingsWanted, this, [this] { changeSettings("sound"); });
+  connect(m_player, &PlayerBar::refused, this, &MainWindow::say);
+  connect(m_record, &RecordPanel::refused, this, &MainWindow::say);
+  connect(m_record, &RecordPanel::recorded, this,
+          [](QBSong* song) { QBSession::session().setActiveSong(song); });
+}
+
 void MainWindow::addPanels() {
+  addToolBar(m_player);
   setDockNestingEnabled(true);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
   addPanel(tr("Library"), "library", m_tree, Qt::LeftDockWidgetArea);
@@ -113,9 +130,11 @@ void MainWindow::addPanels() {
   QDockWidget* neck = addPanel(tr("Fretboard"), "fretboard", m_fretboard, Qt::BottomDockWidgetArea);
   QDockWidget* log = addPanel(tr("Log"), "log", m_log, Qt::BottomDockWidgetArea);
   QDockWidget* jobs = addPanel(tr("Jobs"), "jobs", m_jobs, Qt::BottomDockWidgetArea);
+  QDockWidget* record = addPanel(tr("Record"), "record", m_record, Qt::BottomDockWidgetArea);
   splitDockWidget(roll, neck, Qt::Vertical);
   splitDockWidget(neck, log, Qt::Horizontal);
   tabifyDockWidget(log, jobs);
+  tabifyDockWidget(jobs, record);
   log->raise();
   resizeDocks({neck, log}, {kFirstSize.width() / 2, kFirstSize.width() / 4}, Qt::Horizontal);
   resizeDocks({roll, neck}, {kFirstSize.height() / 5, kFirstSize.height() / 4}, Qt::Vertical);
@@ -136,6 +155,7 @@ void MainWindow::attachViews(FatalAlert& alert) {
   views.output = m_log;
   views.tab = m_tablature;
   views.song = this;
+  views.player = &m_player->controller();
   views.batch = m_jobs;
   views.tree = m_tree;
   views.help = m_help;
@@ -189,8 +209,10 @@ void MainWindow::applyPreferences() {
   m_desk.setDetection(preferences.detection(), preferences.detectionSettings());
 }
 
-void MainWindow::changeSettings() {
-  if (SettingsDialog(this).exec() == QDialog::Accepted) applyPreferences();
+void MainWindow::changeSettings(const char* page) {
+  SettingsDialog dialog(this);
+  if (page) dialog.showPage(page);
+  if (dialog.exec() == QDialog::Accepted) applyPreferences();
 }
 
 /// So that the next start can tell, should this one be killed.
@@ -226,6 +248,18 @@ void MainWindow::showCursor(int chord) {
   m_place->setText(m_tablature->placeText());
 }
 
+/// The chord that is heard, or the one under the cursor when none is.
+void MainWindow::showPlaying() {
+  const int chord = m_player->isPlaying() ? m_tablature->playingChord() : -1;
+  m_roll->showPlaying(chord);
+  m_fretboard->showChord(chord >= 0 ? chord : m_tablature->cursorChord());
+}
+
+void MainWindow::resetLoop() {
+  if (m_song) clearLoop(*m_song);
+  refreshViews();
+}
+
 /// After a change of the song.
 void MainWindow::refreshViews() {
   m_tablature->refresh();
@@ -256,6 +290,8 @@ void MainWindow::say(const QString& text) { statusBar()->showMessage(text, kSayM
 QString MainWindow::statusMessage() const { return statusBar()->currentMessage(); }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  m_player->stop();
+  m_record->finish();
   rememberRunning();
   ImportDesk::dropAll();
   Preferences preferences;

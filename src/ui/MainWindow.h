@@ -22,6 +22,8 @@ class HelpWindow;
 class JobPanel;
 class LibraryActions;
 class LogPanel;
+class PlayerBar;
+class RecordPanel;
 class RollView;
 class SongMenu;
 class TablatureView;
@@ -61,6 +63,7 @@ class MainWindow final : public QMainWindow, public SongView {
  private:
   void addTablature();
   void connectViews();
+  void connectSound();
   void addPanels();
   QDockWidget* addPanel(const QString& title, const char* name, QWidget* panel,
                         Qt::DockWidgetArea area);
@@ -78,11 +81,13 @@ class MainWindow final : public QMainWindow, public SongView {
 
   // What they do.
   void showCursor(int chord);
+  void showPlaying();
   void refreshViews();
+  void resetLoop();
   void chooseLoopEnd(int chord);
   void showImported(const QString& file, QBSong* song);
   void applyPreferences();
-  void changeSettings();
+  void changeSettings(const char* page = nullptr);
   void offerWorkFolder();
   void rememberRunning();
   void printSong();
@@ -102,6 +107,8 @@ class MainWindow final : public QMainWindow, public SongView {
   RollView* m_roll;
   LogPanel* m_log;
   JobPanel* m_jobs;
+  PlayerBar* m_player;
+  RecordPanel* m_record;
   HelpWindow* m_help;
   SongMenu* m_songMenu;
   AlbumMenu* m_albumMenu;

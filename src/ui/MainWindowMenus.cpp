@@ -21,7 +21,6 @@
 #include "ui/views/TablaturePages.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/QBSession.h"
-#include "workflow/SongEdits.h"
 
 namespace korvel::ui {
 
@@ -36,7 +35,7 @@ void MainWindow::addMenus() {
 
 void MainWindow::addFileMenu() {
   QMenu* menu = menuBar()->addMenu(tr("&File"));
-  menu->addAction(tr("&Import ..."), QKeySequence::Open, this,
+  menu->addAction(tr("&Import Recording ..."), QKeySequence::Open, this,
                   [this] { m_actions->chooseAndImport(); });
   m_recent = menu->addMenu(tr("Import &Recent"));
   menu->addAction(tr("&New Album"), QKeySequence::New, m_actions, &LibraryActions::createAlbum);
@@ -47,7 +46,7 @@ void MainWindow::addFileMenu() {
   QAction* print =
       menu->addAction(tr("&Print ..."), QKeySequence::Print, this, &MainWindow::printSong);
   menu->addSeparator();
-  menu->addAction(tr("&Settings ..."), tr("Ctrl+,"), this, &MainWindow::changeSettings);
+  menu->addAction(tr("&Settings ..."), tr("Ctrl+,"), this, [this] { changeSettings(); });
   menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
   connect(menu, &QMenu::aboutToShow, this, [this, save, pdf, print] {
     listRecentFiles();
@@ -65,10 +64,7 @@ void MainWindow::addEditMenu() {
   menu->addAction(tr("&Find Chord ..."), QKeySequence::Find, m_find, &FindBar::open);
   menu->addAction(tr("Search &Library ..."), tr("Ctrl+L"), m_tree, &TreePanel::focusSearch);
   menu->addSeparator();
-  menu->addAction(tr("Reset &Loop"), this, [this] {
-    if (m_song) clearLoop(*m_song);
-    refreshViews();
-  });
+  menu->addAction(tr("Reset &Loop"), this, &MainWindow::resetLoop);
 }
 
 void MainWindow::addViewMenu() {

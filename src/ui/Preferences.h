@@ -44,6 +44,9 @@ class Preferences {
   void setOutput(const QString& device) { m_store.setValue("sound/output", device); }
   QString input() const { return m_store.value("sound/input").toString(); }
   void setInput(const QString& device) { m_store.setValue("sound/input", device); }
+  /// Percent.
+  int volume() const { return m_store.value("sound/volume", 100).toInt(); }
+  void setVolume(int percent) { m_store.setValue("sound/volume", percent); }
   /// File of the SoundFont; empty for one that is found.
   QString soundFont() const { return m_store.value("sound/soundFont").toString(); }
   void setSoundFont(const QString& file) { m_store.setValue("sound/soundFont", file); }

@@ -94,16 +94,20 @@ QString offeredWorkFolder() {
 
 SettingsDialog::SettingsDialog(QWidget* parent) : QDialog(parent) {
   setWindowTitle(tr("Settings"));
-  auto* pages = new QTabWidget;
-  pages->addTab(generalPage(), tr("&General"));
-  pages->addTab(detectionPage(), tr("&Import"));
-  pages->addTab(soundPage(), tr("&Sound"));
+  m_pages = new QTabWidget;
+  m_pages->addTab(generalPage(), tr("&General"));
+  m_pages->addTab(detectionPage(), tr("&Import"));
+  m_pages->addTab(soundPage(), tr("&Sound"));
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &SettingsDialog::reject);
   auto* column = new QVBoxLayout(this);
-  column->addWidget(pages);
+  column->addWidget(m_pages);
   column->addWidget(buttons);
+}
+
+void SettingsDialog::showPage(const char* name) {
+  m_pages->setCurrentWidget(m_pages->findChild<QWidget*>(name));
 }
 
 QWidget* SettingsDialog::generalPage() {
@@ -124,6 +128,7 @@ QWidget* SettingsDialog::generalPage() {
   if (m_ownFont->isChecked()) m_font->setCurrentFont(preferences.tabFont());
   connect(m_ownFont, &QCheckBox::toggled, m_font, &QWidget::setEnabled);
   auto* page = new QWidget;
+  page->setObjectName("general");
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Working directory"), withButton(m_folder, [this] {
                  return QFileDialog::getExistingDirectory(this, tr("Working directory"),
@@ -161,6 +166,7 @@ QWidget* SettingsDialog::detectionPage() {
   row->addWidget(m_position);
   row->addWidget(m_positionFret);
   auto* page = new QWidget;
+  page->setObjectName("detection");
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Detection"), m_detection);
   form->addRow(tr("&Sensitivity"), m_sensitivity);
@@ -178,6 +184,7 @@ QWidget* SettingsDialog::soundPage() {
   m_soundFont = new QLineEdit(preferences.soundFont());
   m_soundFont->setPlaceholderText(tr("One that the system has"));
   auto* page = new QWidget;
+  page->setObjectName("sound");
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Play on"), m_output);
   form->addRow(tr("&Record from"), m_input);

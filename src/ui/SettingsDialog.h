@@ -9,6 +9,7 @@ class QFontComboBox;
 class QLineEdit;
 class QSlider;
 class QSpinBox;
+class QTabWidget;
 
 namespace korvel::ui {
 
@@ -19,6 +20,8 @@ class SettingsDialog final : public QDialog {
  public:
   explicit SettingsDialog(QWidget* parent = nullptr);
 
+  /// "general", "detection" or "sound".
+  void showPage(const char* name);
   void accept() override;
 
  private:
@@ -27,6 +30,7 @@ class SettingsDialog final : public QDialog {
   QWidget* soundPage();
   void keepDetection() const;
 
+  QTabWidget* m_pages;
   QLineEdit* m_folder;
   QComboBox* m_language;
   QComboBox* m_theme;

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/PlayerBar.h"
+
+#include <QLabel>
+#include <QSlider>
+#include <QStyle>
+
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+#include "model/QBTuning.h"
+#include "platform/FluidSynthesizer.h"
+#include "platform/SoundFonts.h"
+#include "ui/Preferences.h"
+#include "ui/Text.h"
+#include "workflow/QBSession.h"
+#include "workflow/TuningForNow.h"
+
+namespace korvel::ui {
+namespace {
+
+constexpr int kAll = 100;
+constexpr int kSliderWidth = 12;  // in letters
+
+std::unique_ptr<platform::Synthesizer> newSynthesizer(const QString& soundFont) {
+  std::optional<std::filesystem::path> chosen;
+  if (!soundFont.isEmpty()) chosen = soundFont.toStdString();
+  const platform::SoundFonts fonts(platform::SoundFonts::Folders::ofMachine());
+  const std::vector programs{QBMIDIPlayer::kProgram};
+  return std::make_unique<platform::FluidSynthesizer>(fonts.find(chosen, QBMIDIPlayer::kProgram),
+                                                      programs);
+}
+
+}  // namespace
+
+PlayerBar::PlayerBar(QWidget* parent)
+    : QToolBar(tr("Player"), parent),
+      m_loop(new QLabel),
+      m_position(new QLabel),
+      m_player(*this, [this] { return newPlayer(); }) {
+  setObjectName("player");
+  setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  m_play =
+      addAction(style()->standardIcon(QStyle::SP_MediaPlay), tr("Play"), this, &PlayerBar::play);
+  m_stop =
+      addAction(style()->standardIcon(QStyle::SP_MediaStop), tr("Stop"), this, &PlayerBar::stop);
+  m_position->setAccessibleName(tr("Position"));
+  addWidget(m_position);
+  addSeparator();
+  addWidget(m_loop);
+  m_resetLoop = addAction(tr("Reset Loop"), this, &PlayerBar::resetLoopWanted);
+  addSeparator();
+  m_speed = addSlider(tr("Speed"), kAll, kAll);
+  m_percent = new QLabel;
+  addWidget(m_percent);
+  m_volume = addSlider(tr("Volume"), kAll, Preferences().volume());
+  m_sound = addAction(tr("Sound ..."), this, &PlayerBar::settingsWanted);
+  connect(m_speed, &QSlider::valueChanged, this, [this] { m_player.speedChanged(); });
+  connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
+    Preferences().setVolume(value);
+    applyVolume();
+  });
+  m_player.speedChanged();
+  showPosition("  0");
+  showLoop({});
+  unlockAll();
+}
+
+PlayerBar::~PlayerBar() = default;
+
+QSlider* PlayerBar::addSlider(const QString& title, int most, int value) {
+  auto* label = new QLabel(' ' + title + ' ');
+  auto* slider = new QSlider(Qt::Horizontal);
+  slider->setRange(0, most);
+  slider->setValue(value);
+  slider->setPageStep(most / 10);
+  slider->setAccessibleName(title);
+  slider->setFixedWidth(kSliderWidth * fontMetrics().horizontalAdvance('m'));
+  addWidget(label);
+  addWidget(slider);
+  return slider;
+}
+
+// ---- what the user does
+
+void PlayerBar::play() {
+  const QBSong* song = QBSession::session().activeSong();
+  if (!song || song->chords().empty()) return;
+  const TuningForNow chosen(song->tuning());
+  m_player.play();
+}
+
+void PlayerBar::stop() { m_player.stop(); }
+
+void PlayerBar::toggle() { isPlaying() ? stop() : play(); }
+
+std::unique_ptr<platform::MusicPlayer> PlayerBar::newPlayer() {
+  const Preferences preferences;
+  auto player = std::make_unique<platform::MusicPlayer>(platform::AudioSystem::main(),
+                                                        preferences.output().toStdString(),
+                                                        newSynthesizer(preferences.soundFont()));
+  m_sounding = player.get();
+  applyVolume();
+  return player;
+}
+
+void PlayerBar::applyVolume() {
+  if (m_sounding) m_sounding->setVolume(static_cast<float>(m_volume->value()) / kAll);
+}
+
+// ---- what the player shows
+
+void PlayerBar::lockMIDI() {
+  for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(false);
+  m_stop->setEnabled(true);
+}
+
+void PlayerBar::unlockAll() {
+  m_sounding = nullptr;
+  for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(true);
+  m_stop->setEnabled(false);
+  QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);
+}
+
+void PlayerBar::showLoop(const LoopRange& loop) {
+  const auto end = [](int position) {
+    return position == -1 ? QString("…") : QString::number(position);
+  };
+  const bool none = loop.from == -1 && loop.to == -1;
+  m_loop->setText(none ? tr("No loop") : tr("Loop %1–%2").arg(end(loop.from), end(loop.to)));
+}
+
+/// The tablature learns of the place right after this.
+void PlayerBar::showPosition(const std::string& percent) {
+  m_position->setText(' ' + toText(percent) + " % ");
+  QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);
+}
+
+void PlayerBar::showSpeed(const std::string& percent) {
+  m_percent->setText(toText(percent) + " % ");
+}
+
+void PlayerBar::showProblem(const std::string& problem) { emit refused(toText(problem)); }
+
+int PlayerBar::speed() const { return m_speed->value(); }
+
+int PlayerBar::maximumSpeed() const { return m_speed->maximum(); }
+
+}  // namespace korvel::ui

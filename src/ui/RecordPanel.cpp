@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/RecordPanel.h"
+
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+#include "platform/AudioSystem.h"
+#include "platform/FileError.h"
+#include "tab/ChordSearch.h"
+#include "ui/Preferences.h"
+#include "ui/Text.h"
+#include "workflow/QBSession.h"
+
+namespace korvel::ui {
+namespace {
+
+using namespace std::chrono_literals;
+using State = LiveRecording::State;
+
+constexpr auto kTick = 50ms;
+constexpr int kAll = 100;
+constexpr double kFramesPerSecond = 44100;
+
+LiveRecording::Options chosenOptions() {
+  const Preferences preferences;
+  LiveRecording::Options options;
+  options.device = preferences.input().toStdString();
+  options.detection = preferences.detection();
+  options.settings = preferences.detectionSettings();
+  return options;
+}
+
+QString withTake(const LiveRecording& recording, const QString& text) {
+  const auto take = recording.takeLeft();
+  return take ? text + RecordPanel::tr("; the recording is in %1").arg(toText(take->string()))
+              : text;
+}
+
+}  // namespace
+
+RecordPanel::RecordPanel(QWidget* parent)
+    : QWidget(parent),
+      m_device(new QComboBox),
+      m_start(new QPushButton(tr("Record"))),
+      m_stop(new QPushButton(tr("Stop"))),
+      m_level(new QProgressBar),
+      m_time(new QLabel("0:00")),
+      m_chords(new QPlainTextEdit) {
+  m_device->setAccessibleName(tr("Device to record from"));
+  m_level->setRange(0, kAll);
+  m_level->setTextVisible(false);
+  m_level->setAccessibleName(tr("Level"));
+  m_chords->setReadOnly(true);
+  m_chords->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  m_chords->setPlaceholderText(tr("Chords appear here as they are heard."));
+  m_chords->setAccessibleName(tr("Chords heard"));
+  auto* buttons = new QHBoxLayout;
+  for (QWidget* each : std::initializer_list<QWidget*>{m_start, m_stop, m_time})
+    buttons->addWidget(each);
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(m_device);
+  column->addLayout(buttons);
+  column->addWidget(m_level);
+  column->addWidget(m_chords, 1);
+  connect(m_start, &QPushButton::clicked, this, &RecordPanel::start);
+  connect(m_stop, &QPushButton::clicked, this, &RecordPanel::stop);
+  connect(m_device, &QComboBox::textActivated, this, [this](const QString& name) {
+    Preferences().setInput(m_device->currentIndex() == 0 ? QString() : name);
+  });
+  m_clock.setInterval(kTick);
+  connect(&m_clock, &QTimer::timeout, this, &RecordPanel::tick);
+  enter(State::ready);
+}
+
+RecordPanel::~RecordPanel() = default;
+
+bool RecordPanel::isBusy() const { return m_recording != nullptr; }
+
+void RecordPanel::showEvent(QShowEvent* event) {
+  if (!isBusy()) listDevices();
+  QWidget::showEvent(event);
+}
+
+void RecordPanel::listDevices() {
+  m_device->clear();
+  try {
+    for (const std::string& name : platform::AudioSystem::main().inputs())
+      m_device->addItem(toText(name));
+  } catch (const platform::AudioError& problem) {
+    m_device->addItem(toText(platform::AudioSystem::kSystemDefault));
+    m_device->setToolTip(toText(problem.what()));
+  }
+  m_device->setCurrentIndex(std::max(0, m_device->findText(Preferences().input())));
+}
+
+void RecordPanel::start() {
+  m_chords->clear();
+  m_recording = std::make_unique<LiveRecording>(chosenOptions());
+  m_recording->onChord([this](QBChord& chord) { showChord(chord); });
+  m_recording->onState([this](State state) { enter(state); });
+  m_recording->onProgress(
+      [this](double share) { m_level->setValue(static_cast<int>(share * kAll)); });
+  try {
+    m_recording->start();
+    m_clock.start();
+  } catch (const platform::AudioError& problem) {
+    m_recording.reset();
+    emit refused(toText(problem.what()));
+  } catch (const platform::FileError& problem) {
+    m_recording.reset();
+    emit refused(toText(problem.what()));
+  }
+}
+
+/// Once more leaves the song at the chords that were heard live.
+void RecordPanel::stop() {
+  if (!m_recording) return;
+  m_recording->state() == State::recording ? m_recording->stop() : m_recording->cancel();
+}
+
+void RecordPanel::finish() {
+  stop();
+  stop();
+  if (m_recording && m_recording->state() == State::over) conclude();
+}
+
+void RecordPanel::enter(State state) {
+  const bool busy = state == State::recording || state == State::hearing;
+  m_start->setEnabled(!busy);
+  m_device->setEnabled(!busy);
+  m_stop->setEnabled(busy);
+  m_stop->setText(state == State::hearing ? tr("Keep Live Chords") : tr("Stop"));
+  m_level->setAccessibleName(state == State::hearing ? tr("Progress") : tr("Level"));
+  if (state == State::hearing)
+    m_chords->appendPlainText(tr("Listening once more, note by note ..."));
+  // The recording must not go while it calls.
+  if (state == State::over) QTimer::singleShot(0, this, &RecordPanel::conclude);
+}
+
+void RecordPanel::showChord(QBChord& chord) {
+  const double seconds = static_cast<double>(chord.timestamp()) / kFramesPerSecond;
+  m_chords->appendPlainText(
+      QString("%1 s  %2").arg(seconds, 6, 'f', 1).arg(toText(shownName(chord))));
+}
+
+void RecordPanel::tick() {
+  if (!m_recording || m_recording->state() != State::recording) return;
+  m_level->setValue(static_cast<int>(m_recording->level() * kAll));
+  const int seconds = static_cast<int>(m_recording->elapsed());
+  m_time->setText(QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0')));
+}
+
+void RecordPanel::conclude() {
+  if (!m_recording) return;
+  const auto recording = std::move(m_recording);
+  m_clock.stop();
+  m_level->setValue(0);
+  QBSession::session().refreshTree();
+  if (recording->ending() == LiveRecording::Ending::deviceLost)
+    emit refused(tr("The sound device is gone, which ended the recording there"));
+  if (recording->problem())
+    emit refused(
+        withTake(*recording, tr("Not all is stored: %1").arg(toText(*recording->problem()))));
+  else if (!recording->song())
+    emit refused(withTake(*recording, tr("No tones were heard; nothing was stored")));
+  if (recording->song()) emit recorded(recording->song());
+}
+
+}  // namespace korvel::ui
