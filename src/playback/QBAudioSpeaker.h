@@ -70,8 +70,9 @@ class QBAudioSpeaker {
   std::atomic<bool> mIsDone = false;
   bool mIsLooping = false;
   bool mIsInitialized = false;
-  std::int64_t mCurrentPacket = 0;
-  std::int32_t mNumPacketsToRead = 0;
+  // Nothing is counted, as the buffers go round unchanged.
+  [[maybe_unused]] std::int64_t mCurrentPacket = 0;
+  [[maybe_unused]] std::int32_t mNumPacketsToRead = 0;
   std::mutex m_buffersLock;
   std::deque<std::shared_ptr<QBSampleBlock>> m_buffers;  ///< Pending.
   std::unique_ptr<platform::AudioQueue> mQueue;
