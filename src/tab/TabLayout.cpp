@@ -43,8 +43,8 @@ TabLayout::TabLayout(QBSong& song) {
   readText(song.tabulature());
   if (drawsNothing(song)) return;
   QBTabMatrix matrix = drawingOf(song);
-  const std::string drawn = matrix.toStringInverted();
-  if (static_cast<int>(m_rows.size()) != matrix.height()) readText(drawn);
+  matrix.trimLeadingLines();
+  if (static_cast<int>(m_rows.size()) != matrix.height()) readText(matrix.toStringInverted());
   place(song, matrix);
   divide(matrix.m_systems);
 }

@@ -39,6 +39,7 @@ constexpr double kStepWidth = 1.1;
 constexpr double kRulerHeight = 1.3;
 constexpr double kTallestLane = 0.9;
 constexpr double kLabelDistance = 3;
+constexpr double kOutlinedLane = 0.4;
 
 QString nameOf(int pitch) {
   const auto note = QBHarmony::noteAsString(pitchClass(pitch)).value_or("");
@@ -297,12 +298,15 @@ void RollView::paintRuler(QPainter& painter, const Shades& shades, int first, in
   }
 }
 
+/// In narrow lanes an outline would hide the shade.
 void RollView::paintTones(QPainter& painter, const Shades& shades, int first, int end) const {
+  const bool outlined = laneHeight() >= kOutlinedLane * m_line;
   for (auto tone = m_roll.firstSounding(first); tone != m_roll.endSounding(end); ++tone) {
     if (tone->chord + tone->steps <= first) continue;
     const QColor fill =
-        tone->active ? mixed(shades.base, shades.accent, 0.2 + 0.8 * tone->loudness) : shades.base;
+        tone->active ? mixed(shades.base, shades.accent, 0.3 + 0.7 * tone->loudness) : shades.base;
     painter.setPen(tone->active ? mixed(shades.accent, shades.text, 0.5) : shades.faintText);
+    if (tone->active && !outlined) painter.setPen(Qt::NoPen);
     painter.setBrush(fill);
     if (tone->steps > 1 && tone->active) painter.drawRect(tailOf(*tone));
     const double round = std::min(3.0, laneHeight() / 4);
