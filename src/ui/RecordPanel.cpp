@@ -128,9 +128,9 @@ void RecordPanel::stop() {
 }
 
 void RecordPanel::finish() {
-  stop();
-  stop();
-  if (m_recording && m_recording->state() == State::over) conclude();
+  if (!m_recording) return;
+  m_recording->endNow();
+  conclude();
 }
 
 void RecordPanel::enter(State state) {

@@ -207,6 +207,12 @@ void LiveRecording::cancel() {
   if (m_state == State::hearing) finish();
 }
 
+void LiveRecording::endNow() {
+  stop();
+  while (m_state == State::recording) m_recorder->nextStep();
+  cancel();
+}
+
 void LiveRecording::finishHeard() {
   m_isHeard = true;
   finish();

@@ -63,6 +63,10 @@ class LiveRecording {
   /// While the take is heard precisely: leaves it at the chords that were heard live.
   void cancel();
 
+  /// Ends at once, for a program that is to end: hears what waits, and stores the song as it was
+  /// heard live.
+  void endNow();
+
   State state() const { return m_state; }
   /// Of what was recorded, in seconds.
   double elapsed() const;

@@ -182,6 +182,17 @@ TEST_F(LiveRecordingTest, cancelledHearingLeavesTheLiveSong) {
   EXPECT_FALSE(recording.takeLeft());
 }
 
+TEST_F(LiveRecordingTest, programThatEndsStoresWhatWasHeardLive) {
+  LiveRecording& recording = begin();
+  hear(strum("x02210", 8));
+  m_loop.run(std::chrono::milliseconds(120));
+  recording.endNow();
+  EXPECT_EQ(recording.state(), State::over);
+  ASSERT_NE(recording.song(), nullptr);
+  EXPECT_EQ(recording.song()->chords().size(), 8U);
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges() || recording.takeLeft());
+}
+
 TEST_F(LiveRecordingTest, nothingHeardLeavesNothing) {
   for (const std::size_t blocks : {0U, 10U}) {
     LiveRecording& recording = begin();
