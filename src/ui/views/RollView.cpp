@@ -298,20 +298,29 @@ void RollView::paintRuler(QPainter& painter, const Shades& shades, int first, in
   }
 }
 
-/// In narrow lanes an outline would hide the shade.
 void RollView::paintTones(QPainter& painter, const Shades& shades, int first, int end) const {
+  // In narrow lanes an outline would hide the shade.
   const bool outlined = laneHeight() >= kOutlinedLane * m_line;
+  const QPen outline = outlined ? QPen(mixed(shades.accent, shades.text, 0.5)) : QPen(Qt::NoPen);
   for (auto tone = m_roll.firstSounding(first); tone != m_roll.endSounding(end); ++tone) {
     if (tone->chord + tone->steps <= first) continue;
-    const QColor fill =
-        tone->active ? mixed(shades.base, shades.accent, 0.3 + 0.7 * tone->loudness) : shades.base;
-    painter.setPen(tone->active ? mixed(shades.accent, shades.text, 0.5) : shades.faintText);
-    if (tone->active && !outlined) painter.setPen(Qt::NoPen);
-    painter.setBrush(fill);
+    painter.setPen(tone->active ? outline : QPen(shades.faintText));
+    painter.setBrush(tone->active ? mixed(shades.base, shades.accent, 0.3 + 0.7 * tone->loudness)
+                                  : shades.base);
     if (tone->steps > 1 && tone->active) painter.drawRect(tailOf(*tone));
-    const double round = std::min(3.0, laneHeight() / 4);
-    painter.drawRoundedRect(headOf(*tone).adjusted(0.5, 0.5, -0.5, -0.5), round, round);
+    paintHead(painter, headOf(*tone), outlined, tone->active);
   }
+}
+
+void RollView::paintHead(QPainter& painter, const QRectF& head, bool outlined, bool active) const {
+  const double round = std::min(3.0, laneHeight() / 4);
+  if (outlined)
+    painter.drawRoundedRect(head.adjusted(0.5, 0.5, -0.5, -0.5), round, round);
+  else if (active)
+    painter.drawRoundedRect(head, round, round);
+  else  // too narrow for a hollow
+    painter.drawLine(QPointF(head.left(), head.center().y()),
+                     QPointF(head.center().x(), head.center().y()));
 }
 
 /// A frame, with a flag in the ruler that shows over tones of any shade.

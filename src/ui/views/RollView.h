@@ -83,6 +83,7 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   void paintBracket(QPainter& painter, const Shades& shades, double x, double inner) const;
   void paintRuler(QPainter& painter, const Shades& shades, int first, int end) const;
   void paintTones(QPainter& painter, const Shades& shades, int first, int end) const;
+  void paintHead(QPainter& painter, const QRectF& head, bool outlined, bool active) const;
   void paintColumn(QPainter& painter, const QColor& ink, Qt::PenStyle style, int chord) const;
   void paintPitches(QPainter& painter, const Shades& shades) const;
 

@@ -13,11 +13,12 @@ namespace {
 constexpr int kNoteValueRows = 3;
 constexpr int kTitleRow = 1;
 
-enum class Kind { heading, title, names, string, noteValue, ruler };
+enum class Kind { plain, heading, title, names, string, noteValue, ruler };
 
 Kind kindOf(const TabLayout& layout, int row) {
+  if (layout.systems().empty()) return Kind::plain;
   const TabLayout::System* system = layout.systemAt(row);
-  if (!system) return row == kTitleRow && !layout.systems().empty() ? Kind::title : Kind::heading;
+  if (!system) return row == kTitleRow ? Kind::title : Kind::heading;
   const int below = row - system->top;
   if (below < 0) return Kind::names;
   if (below < kStrings) return Kind::string;
@@ -105,7 +106,7 @@ void TabCanvas::drawWords(QPainter& painter, const Row& row) const {
     const bool faint = row.kind == Kind::heading || row.kind == Kind::ruler ||
                        row.kind == Kind::noteValue || word.startsWith(u'(');
     painter.setPen(faint ? m_shades.faintText : m_shades.text);
-    painter.setFont(faint ? m_font : m_bold);
+    painter.setFont(faint || row.kind == Kind::plain ? m_font : m_bold);
     painter.drawText(QPointF(first * m_cell.width(), baseline), word);
   }
 }
