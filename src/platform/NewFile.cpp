@@ -29,7 +29,7 @@ fs::path throughLinks(const fs::path& file) {
 }
 
 fs::path replaceable(const fs::path& file) {
-  const fs::path target = throughLinks(file);
+  fs::path target = throughLinks(file);
   std::error_code unknown;
   if (fs::exists(target, unknown) && !fs::is_regular_file(target, unknown))
     throw FileError(file, "cannot write: it is not a plain file");
@@ -39,8 +39,8 @@ fs::path replaceable(const fs::path& file) {
 /// A name of a few bytes beside the target, since the target's own may be as long as names can be.
 fs::path temporaryBeside(const fs::path& target) {
   static unsigned count = 0;
-  const fs::path temporary = folderOf(target) / (".korvel-" + std::to_string(::getpid()) + "-" +
-                                                 std::to_string(++count) + ".tmp");
+  fs::path temporary = folderOf(target) / (".korvel-" + std::to_string(::getpid()) + "-" +
+                                           std::to_string(++count) + ".tmp");
   ::unlink(temporary.c_str());  // left by a process of the same number that was killed
   return temporary;
 }

@@ -8,7 +8,7 @@
 namespace korvel::platform {
 namespace {
 
-constexpr std::size_t kMostHeld = 16 * 128;
+constexpr std::size_t kMostHeld = 2048;  // 128 pitches on each of 16 channels
 constexpr double kFastest = 1000;
 constexpr double kNever = std::numeric_limits<double>::infinity();
 

@@ -63,7 +63,7 @@ class ChunkReader {
   Chunk find(const Chunk& outer, const std::string& name) {
     std::uint64_t at = outer.begin + kFormType;
     while (at + kChunkHead + kFormType <= outer.end()) {
-      const Chunk chunk = chunkAt(at);
+      Chunk chunk = chunkAt(at);
       const bool list = chunk.name == "LIST";
       if (chunk.end() > m_size) refuseDamaged(m_path);
       if ((list ? text(chunk.begin, kFormType) : chunk.name) == name) return chunk;
@@ -92,7 +92,7 @@ int numberAt(const std::string& bytes, std::size_t at) {
 
 Chunk wholeFont(ChunkReader& file, const std::filesystem::path& path) {
   if (file.size() < kChunkHead + kFormType) refuse(path);
-  const Chunk font = file.chunkAt(0);
+  Chunk font = file.chunkAt(0);
   if (font.name != "RIFF" || file.text(font.begin, kFormType) != "sfbk") refuse(path);
   if (font.end() > file.size()) refuseDamaged(path);
   return font;

@@ -32,7 +32,7 @@ std::span<const std::int16_t> SongRenderer::next(std::span<std::int16_t> samples
   const bool echo = m_renderer.isOver();
   m_renderer.render(samples);
   if (!echo) return samples;
-  m_longestEcho -= static_cast<double>(samples.size() / platform::Synthesizer::kChannels);
+  m_longestEcho -= static_cast<double>(samples.size()) / platform::Synthesizer::kChannels;
   const auto lastHeard = std::find_if(samples.rbegin(), samples.rend(), [](auto s) { return s; });
   if (lastHeard == samples.rend()) m_longestEcho = 0;
   return m_longestEcho > 0 ? samples : std::span<std::int16_t>();
