@@ -23,6 +23,9 @@ namespace {
 
 constexpr std::size_t kFramesOfPiece = 4096;
 constexpr int kRate = static_cast<int>(kLiveSound.sampleRate);
+/// What sound is recorded at. Others would make more samples than there is memory for.
+constexpr int kLowestRate = 1000;
+constexpr int kHighestRate = 768000;
 
 bool isWave(const SF_INFO& info) {
   const int type = info.format & SF_FORMAT_TYPEMASK;
@@ -107,6 +110,9 @@ struct WaveFileReader::Resampler {
 WaveFileReader::WaveFileReader(const std::filesystem::path& file)
     : m_decoder(std::make_unique<Decoder>(file)) {
   const int rate = m_decoder->info.samplerate;
+  if (rate < kLowestRate || rate > kHighestRate)
+    throw FileError(file, "cannot read: no sound has " + std::to_string(rate) +
+                              " samples a second; record or convert it anew");
   if (rate != kRate) m_resampler = std::make_unique<Resampler>(rate);
 }
 

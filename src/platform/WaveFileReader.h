@@ -17,7 +17,7 @@ class WaveFileReader {
  public:
   static constexpr int kChannels = 2;
 
-  /// Throws FileError when the file cannot be read or is no WAV file.
+  /// Throws FileError when the file cannot be read, is no WAV file, or has an impossible rate.
   explicit WaveFileReader(const std::filesystem::path& file);
   WaveFileReader(const WaveFileReader&) = delete;
   WaveFileReader& operator=(const WaveFileReader&) = delete;

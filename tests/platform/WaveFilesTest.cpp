@@ -93,6 +93,10 @@ TEST_F(WaveFilesTest, whatIsNoWaveIsNamed) {
             m_in + ": it is no WAV file; another program has to convert it to one first");
   EXPECT_EQ(problemOf(m_out), m_out + ": cannot read: No such file or directory");
   EXPECT_EQ(problemOf(m_folder.path()), m_folder.path().string() + ": cannot read: it is a folder");
+  for (const int rate : {1, 2'000'000'000}) {
+    test::writeWav(m_in, ramp(100), rate, 2);
+    EXPECT_NE(problemOf(m_in).find("no sound has " + std::to_string(rate)), std::string::npos);
+  }
   test::encode({}, m_folder.file("a.flac"));
   EXPECT_NE(problemOf(m_folder.file("a.flac")), "");
 }
