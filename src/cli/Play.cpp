@@ -58,8 +58,10 @@ std::string named(const std::string& problem, const PlayOptions& options) {
 void run(QBPlayerViewController& player, Interrupts& interrupts, bool endless) {
   const auto watch = platform::RunLoop::main().scheduleRepeating(kWatchSeconds, [] {});
   player.play();
-  platform::PlainRunLoop::ofProcess().runUntil(
-      [&] { return !player.isPlaying() || interrupts.next() || (!endless && player.isOver()); });
+  platform::PlainRunLoop::ofProcess().runUntil([&] {
+    player.keepLooping();
+    return !player.isPlaying() || interrupts.next() || (!endless && player.isOver());
+  });
   player.stop();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/QBMIDIPlayer.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "model/ChordStep.h"
@@ -147,6 +148,9 @@ void QBMIDIPlayer::setPlaybackRate(float rate) {
   if (m_player) m_player->setPlayRateScalar(rate);
 }
 
-bool QBMIDIPlayer::isOver() const { return m_player && m_player->time() >= m_sequence.length(); }
+bool QBMIDIPlayer::isOver() const {
+  const double endOfChords = stepAfter(m_timestamp);
+  return m_player && m_player->time() >= std::max(m_sequence.length(), endOfChords);
+}
 
 }  // namespace korvel

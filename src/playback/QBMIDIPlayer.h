@@ -50,6 +50,8 @@ class QBMIDIPlayer {
   const std::string& problem() const { return m_problem; }
   /// Disposes of the notes too.
   bool stop();
+  /// Without effect: nothing is left after stop.
+  void dispose() {}
   bool isPlaying() const;
   /// The device went away while it played.
   bool isLost() const;
@@ -62,7 +64,8 @@ class QBMIDIPlayer {
   /// the first and from the last one on.
   int findIndex(double time) const;
   void setPlaybackRate(float rate);
-  /// All notes have been heard; it goes on in silence until it is stopped.
+  /// All chords have been heard, the empty ones too, and all notes; it goes on in silence until it
+  /// is stopped.
   bool isOver() const;
 
  private:

@@ -96,6 +96,10 @@ void QBPlayerViewController::end(const std::string& problem) {
   if (!told.empty()) m_controls.showProblem(told);
 }
 
+void QBPlayerViewController::keepLooping() {
+  if (isOver() && (m_song->fromChord() || m_song->toChord())) m_midi->rewind();
+}
+
 void QBPlayerViewController::speedChanged() {
   m_controls.showSpeed(percentOf(speedFraction()));
   if (m_midi) m_midi->setPlaybackRate(speedFraction());

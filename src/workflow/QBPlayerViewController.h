@@ -53,8 +53,12 @@ class QBPlayerViewController final : public PlayerView {
   /// Nothing when none plays.
   void stop();
   bool isPlaying() const { return m_midi != nullptr; }
-  /// All notes of what plays have been heard.
+  /// All of what plays has been heard.
   bool isOver() const { return m_midi && m_midi->isOver(); }
+
+  /// Begins a loop again whose end was passed over between two looks at the position, as happens to
+  /// who plays faster than was recorded and should call this now and then.
+  void keepLooping();
 
   /// The slider has moved.
   void speedChanged();

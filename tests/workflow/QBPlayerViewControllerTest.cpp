@@ -126,6 +126,24 @@ TEST_F(QBPlayerViewControllerTest, aLoopIsRewoundAtItsEnd) {
   EXPECT_FALSE(m_player.isOver());
 }
 
+TEST_F(QBPlayerViewControllerTest, aLoopGoesOnWhenItsEndIsPassedOver) {
+  test::addChord(m_song, "xxxxxx");
+  m_song->setFromChord(m_song->chords().at(0));
+  m_song->setToChord(m_song->chords().at(6));
+  m_controls.slider = 500;
+  choose();
+  m_player.play();
+  m_loop.run(1.18);
+  EXPECT_FALSE(m_player.isOver()) << "the empty chord is still to pass";
+  EXPECT_NE(m_controls.news().back(), "100");
+  m_loop.run(0.5);
+  EXPECT_TRUE(m_player.isOver());
+  m_player.keepLooping();
+  EXPECT_FALSE(m_player.isOver());
+  m_loop.run(0.8);
+  EXPECT_FALSE(m_controls.news().empty());
+}
+
 TEST_F(QBPlayerViewControllerTest, theSliderSetsTheSpeed) {
   choose();
   m_controls.slider = 100;
