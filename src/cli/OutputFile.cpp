@@ -19,6 +19,7 @@ OutputFile::OutputFile(std::string name, bool replace)
     : m_name(std::move(name)), m_replace(replace) {}
 
 void OutputFile::check() const {
+  if (m_name.empty()) throw CliError("the name of the file to write is empty; name a file");
   std::error_code unknown;
   const fs::path folder = fs::path(m_name).parent_path();
   if (!folder.empty() && !fs::is_directory(folder, unknown))
@@ -48,8 +49,7 @@ void OutputFile::writeBy(const Writer& writer) const {
     if (!writer(m_name, m_replace ? platform::Existing::replaced : platform::Existing::kept))
       refuse();
   } catch (const platform::FileError& error) {
-    throw CliError(std::string(error.what()) +
-                   "; nothing was written: make room, or choose a folder that you may write to");
+    throw CliError(std::string(error.what()) + kAdvice);
   }
 }
 

@@ -15,6 +15,10 @@ namespace korvel::cli {
 /// A file that a command is to write, for which the user may have allowed to replace one.
 class OutputFile {
  public:
+  /// Follows what is said of a file that cannot be written.
+  static constexpr const char* kAdvice =
+      "; nothing was written: make room, or choose a folder that you may write to";
+
   OutputFile(std::string name, bool replace);
 
   /// Looks whether the file could be written, before there is something to write. Throws CliError.

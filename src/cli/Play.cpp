@@ -2,6 +2,7 @@
 #include "cli/Play.h"
 
 #include <cmath>
+#include <utility>
 
 #include "cli/CliError.h"
 #include "cli/Console.h"
@@ -48,11 +49,15 @@ class ConsolePlayer final : public PlayerControls {
 
 bool hasLoop(const QBSong& song) { return song.fromChord() || song.toChord(); }
 
+/// To the player a file that cannot be written any more is a device that is gone.
 std::string named(const std::string& problem, const PlayOptions& options) {
   const std::string device =
       options.device.empty() ? platform::AudioSystem::kSystemDefault : options.device;
   const std::string name = options.file.value_or(device);
-  return problem.find(name) == std::string::npos ? name + ": " + problem : problem;
+  const bool isNamed = problem.find(name) != std::string::npos;
+  if (options.file)
+    return (isNamed ? problem : name + ": cannot be written any further") + OutputFile::kAdvice;
+  return isNamed ? problem : name + ": " + problem;
 }
 
 void run(QBPlayerViewController& player, Interrupts& interrupts, bool endless) {
@@ -88,10 +93,10 @@ class PlayingSession {
 void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& options) {
   Interrupts interrupts;  // first, so that a second Ctrl-C does not end what the first one began
   const LoopForNow loop(song, options.sound);
+  auto synthesizer = synthesizerFor(options.sound);
   ConsolePlayer console(rateOf(song, options.sound));
   QBPlayerViewController player(console, [&] {
-    return std::make_unique<platform::MusicPlayer>(system, options.device,
-                                                   synthesizerFor(options.sound));
+    return std::make_unique<platform::MusicPlayer>(system, options.device, std::move(synthesizer));
   });
   const PlayingSession session(song, player);
   run(player, interrupts, hasLoop(song));

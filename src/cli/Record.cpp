@@ -19,6 +19,7 @@
 #include "model/QBTabMgr.h"
 #include "model/QBTone.h"
 #include "model/QBTuning.h"
+#include "platform/FileError.h"
 #include "platform/PlainRunLoop.h"
 #include "platform/WaveFiles.h"
 #include "workflow/LiveRecording.h"
@@ -113,9 +114,17 @@ void tellOfState(State state, const RecordOptions& options) {
   if (state == State::over) console.progress(1);
 }
 
+void start(LiveRecording& recording) {
+  try {
+    recording.start();
+  } catch (const platform::FileError& error) {
+    throw CliError(std::string(error.what()) + OutputFile::kAdvice);
+  }
+}
+
 void run(LiveRecording& recording) {
   Interrupts interrupts;
-  recording.start();
+  start(recording);
   platform::PlainRunLoop::ofProcess().runUntil([&] {
     if (interrupts.next())
       recording.state() == State::recording ? recording.stop() : recording.cancel();

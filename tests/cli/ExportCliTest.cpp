@@ -84,6 +84,7 @@ TEST_F(ExportCliTest, leavesOldFilesWholeWhenItCannotWrite) {
   expectRefused(exportTo({"--txt", "/sys/a.txt"}), "/sys/a.txt", "choose a folder");
   expectRefused(exportTo({"--txt", file("none/a.txt")}), file("none/a.txt"), "make it first");
   expectRefused(exportTo({"--txt", file(""), "--force"}), file(""), "name a file");
+  expectRefused(exportTo({"--txt", ""}), "korvel-cli", "name a file");
   EXPECT_EQ(files(), before);
 }
 

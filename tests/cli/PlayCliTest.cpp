@@ -101,6 +101,22 @@ TEST_F(PlayCliTest, playsToTheEndAndTellsThePosition) {
                 "--force");
   const test::NoSoundServer silence;
   expectRefused(sound({"play", "Song"}), "System default", "no sound server");
+  expectRefused(tool({"play", "Song", "--soundfont", file("a.wav")}),
+                "korvel-cli: " + file("a.wav"), "is no SoundFont");
+}
+
+TEST_F(PlayCliTest, playsAllIntoAFileOrNothing) {
+  const Outcome full = test::runProgram(
+      {"/bin/sh", "-c",
+       R"(ulimit -f 300; exec "$0" --store "$1" play Song --rate 4 --file "$2" --soundfont "$3")",
+       KORVEL_CLI, file("Korvel.sqlite"), file("full.wav"), test::kSoundFont});
+  EXPECT_EQ(full.status, 1);
+  EXPECT_NE(full.err.find(file("full.wav") + ": cannot be written any further; nothing was "
+                                             "written: make room"),
+            std::string::npos)
+      << full.err;
+  expectRefused(sound({"play", "Song", "--file", "/sys/b.wav"}), "/sys/b.wav", "choose a folder");
+  EXPECT_EQ(files(), m_filesAtFirst);
 }
 
 TEST_F(PlayCliTest, aLoopIsPlayedUntilCtrlC) {
