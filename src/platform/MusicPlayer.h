@@ -17,7 +17,8 @@ namespace korvel::platform {
 
 /// Plays a sequence through a synthesiser on a device. A beat is a second at rate 1. It goes on
 /// after the last event until it is stopped. Main thread; what is changed while it plays reaches
-/// the audio thread without locks, and sounds some 50 milliseconds later.
+/// the audio thread without locks, and sounds some 50 milliseconds later than what the device has
+/// taken by then.
 class MusicPlayer {
  public:
   /// device: as in AudioSystem. The system must outlive this.

@@ -28,8 +28,6 @@ class SoundQueue final : public BufferQueue {
  private:
   struct Stream;
 
-  void open();
-  void watch(const SoundDevice& device);
   std::uint64_t framesHeard() const;
 
   const SoundDirection m_direction;
