@@ -16,7 +16,7 @@ namespace {
 
 using test::Outcome;
 
-constexpr std::size_t kBytesOfStep = 16384 * 4;
+constexpr std::size_t kBytesOfStep = 65536;
 
 class PlayCliTest : public testing::Test {
  protected:

@@ -26,10 +26,10 @@ constexpr int kStrums = 4;
 /// A machine that is busy with other things may be late with a buffer.
 constexpr int kAttempts = 4;
 
-/// What a card plays, of the left channel.
+/// What a card plays for half a minute, of the left channel.
 class Tape {
  public:
-  Tape() : m_samples(30 * 44100) {
+  Tape() : m_samples(1323000) {
     m_queue = m_server.newInput("Monitor of Card", platform::kLiveSound,
                                 [this](auto& buffer, auto&, auto) {
                                   keep(buffer.sound());
