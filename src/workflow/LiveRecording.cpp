@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <stdexcept>
 #include <utility>
 
 #include "analysis/QBChordAnalyserPrecise.h"
@@ -60,6 +61,7 @@ class LiveRecording::Recorder final : public QBChordRecorder {
     const TuningForNow tuning(m_owner.m_tuning);
     QBChord* chord = nullptr;
     try {
+      m_owner.requireSongs();
       chord = completed(QBChordRecorder::nextStep());
     } catch (const std::exception& error) {
       m_owner.m_problem = error.what();
@@ -149,7 +151,14 @@ void LiveRecording::endPlaying() {
   }
 }
 
+/// The user may have deleted what is recorded into.
+void LiveRecording::requireSongs() const {
+  const bool kept = !m_made->song()->isDeleted() && !(m_preciseSong && m_preciseSong->isDeleted());
+  if (!kept) throw std::runtime_error("the song was deleted while it was recorded");
+}
+
 void LiveRecording::storeLive() {
+  requireSongs();
   if (!hasTones(*m_made->song())) return;
   m_made->song()->buildTab();
   QBTabMgr::db().context().save();
@@ -173,6 +182,7 @@ void LiveRecording::hearPrecisely() {
 void LiveRecording::hearNext() {
   const TuningForNow tuning(m_tuning);
   try {
+    requireSongs();
     // Chords of what was heard before cost next to nothing.
     for (int taken = 0; taken < kChordsOfStep && m_preciseRecorder->nextChord(); ++taken) continue;
     if (m_onProgress) m_onProgress(m_listening->progress());
@@ -226,6 +236,7 @@ void LiveRecording::fail(const std::exception& error) {
 void LiveRecording::finish() {
   dropPrecise();
   m_made.reset();
+  if (m_song && m_song->isDeleted()) m_song = nullptr;
   m_takeStays = !m_options.keptTake.empty() || m_problem || (!m_song && !m_isHeard);
   if (!m_takeStays) m_take->removeFile();
   enter(State::over);

@@ -83,7 +83,8 @@ class LiveRecording {
   QBSong* song() const { return m_song; }
   /// The song's chords are those of the precise detection.
   bool isPrecise() const { return m_isPrecise; }
-  /// What went wrong after the start, if anything did; a song may not be saved then.
+  /// What went wrong after the start, if anything did, such as that the song was deleted by
+  /// somebody else; a song may not be saved then.
   const std::optional<std::string>& problem() const { return m_problem; }
   /// Why the file of the take could not be written to its end.
   const std::optional<std::string>& takeProblem() const;
@@ -106,6 +107,7 @@ class LiveRecording {
   void connect();
   void stepped(QBChord* chord);
   void endPlaying();
+  void requireSongs() const;
   void storeLive();
   void hearPrecisely();
   void hearNext();

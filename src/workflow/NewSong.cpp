@@ -22,7 +22,7 @@ NewSong::NewSong(const std::optional<std::string>& album, const std::string& nam
 NewSong::~NewSong() {
   if (m_kept) return;
   m_album->deleteSong(m_song);
-  if (m_madeAlbum) QBTabMgr::db().deleteAlbum(m_album);
+  if (m_madeAlbum && m_album->songs().empty()) QBTabMgr::db().deleteAlbum(m_album);
 }
 
 }  // namespace korvel

@@ -12,7 +12,8 @@ class QBAlbum;
 class QBSong;
 
 /// A song that is still to be filled, in an album that is made when it is missing. Unless it is
-/// kept, song and album are taken back with this object; nothing is saved here.
+/// kept, the song is taken back with this object, and so is the album unless other songs have come
+/// into it; nothing is saved here.
 class NewSong {
  public:
   /// Without an album one of its own, of that name. The title is the name too, unless one is given.

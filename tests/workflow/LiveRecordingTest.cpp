@@ -193,6 +193,33 @@ TEST_F(LiveRecordingTest, programThatEndsStoresWhatWasHeardLive) {
   EXPECT_FALSE(QBTabMgr::db().context().hasChanges() || recording.takeLeft());
 }
 
+TEST_F(LiveRecordingTest, songThatIsDeletedMeanwhileLeavesTheTake) {
+  for (const State during : {State::recording, State::hearing}) {
+    LiveRecording& recording = begin();
+    const auto deleteAt = [&](State state) {
+      if (state == during) QBTabMgr::db().deleteAlbum(QBTabMgr::db().findAlbumByName("Live"));
+    };
+    hear(strum("x02210", 8));
+    m_loop.run(std::chrono::milliseconds(220));
+    deleteAt(State::recording);
+    recording.onState(deleteAt);
+    recording.stop();
+    finish();
+    EXPECT_EQ(recording.song(), nullptr);
+    EXPECT_EQ(songs(), "");
+    EXPECT_NE(recording.problem().value_or("").find("deleted"), std::string::npos);
+    EXPECT_TRUE(recording.takeLeft().has_value());
+  }
+}
+
+TEST_F(LiveRecordingTest, albumThatOthersUseStaysWhenNothingIsHeard) {
+  LiveRecording& recording = begin();
+  QBTabMgr::db().findAlbumByName("Live")->createSong("Other");
+  recording.stop();
+  finish();
+  EXPECT_EQ(songs(), "Live/Other ");
+}
+
 TEST_F(LiveRecordingTest, nothingHeardLeavesNothing) {
   for (const std::size_t blocks : {0U, 10U}) {
     LiveRecording& recording = begin();
