@@ -91,8 +91,8 @@ void QBPlayerViewController::end(const std::string& problem) {
   m_midi = nullptr;
   m_controls.unlockAll();
   QBSession::session().lockTab(false);
-  if (const platform::Ref<QBSong> song = std::exchange(m_song, nullptr))
-    QBSession::session().setActiveSong(song);
+  const platform::Ref<QBSong> song = std::exchange(m_song, nullptr);
+  if (song && !song->isDeleted()) QBSession::session().setActiveSong(song);
   if (!told.empty()) m_controls.showProblem(told);
 }
 

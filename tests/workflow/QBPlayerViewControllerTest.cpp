@@ -144,6 +144,17 @@ TEST_F(QBPlayerViewControllerTest, aLoopGoesOnWhenItsEndIsPassedOver) {
   EXPECT_FALSE(m_controls.news().empty());
 }
 
+TEST_F(QBPlayerViewControllerTest, aSongThatIsDeletedMeanwhileStaysAway) {
+  choose();
+  m_player.play();
+  m_loop.run(1);
+  QBSession::session().setActiveSong(nullptr);
+  QBTabMgr::db().deleteSong(m_song);
+  m_loop.run(1);
+  m_player.stop();
+  EXPECT_EQ(QBSession::session().activeSong(), nullptr);
+}
+
 TEST_F(QBPlayerViewControllerTest, theSliderSetsTheSpeed) {
   choose();
   m_controls.slider = 100;
