@@ -95,7 +95,8 @@ double LiveTake::lostSeconds() const { return static_cast<double>(m_lostFrames) 
 
 fs::path LiveTake::freeFile(const fs::path& folder, const std::string& name) {
   std::string free = name;
-  while (fs::exists(folder / (free + kEnding))) free += "_2";
+  std::error_code unknown;  // whoever makes the file is told why it cannot be made
+  while (fs::exists(folder / (free + kEnding), unknown)) free += "_2";
   return folder / (free + kEnding);
 }
 

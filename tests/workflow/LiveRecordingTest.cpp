@@ -220,6 +220,14 @@ TEST_F(LiveRecordingTest, albumThatOthersUseStaysWhenNothingIsHeard) {
   EXPECT_EQ(songs(), "Live/Other ");
 }
 
+TEST_F(LiveRecordingTest, folderThatNothingCanBeMadeInIsNamed) {
+  const fs::path folder = m_store.folder().path() / "korvel" / "takes";
+  fs::create_directories(folder.parent_path());
+  fs::create_directory_symlink(folder, folder);
+  EXPECT_THROW(begin(), platform::FileError);
+  EXPECT_EQ(songs(), "");
+}
+
 TEST_F(LiveRecordingTest, nothingHeardLeavesNothing) {
   for (const std::size_t blocks : {0U, 10U}) {
     LiveRecording& recording = begin();
