@@ -40,10 +40,10 @@ QPalette light() {
   return paletteOf({239, 239, 239}, {255, 255, 255}, {20, 20, 20}, {48, 100, 180});
 }
 
-bool load(QTranslator& translator, const QLocale& locale) {
+bool load(QTranslator& translator, const QLocale& language) {
   const auto resources = platform::Resources::ofProgram();
   for (const auto& folder : resources.folders())
-    if (translator.load(locale, "korvel", "_", toText((folder / "translations").string())))
+    if (translator.load(language, "korvel", "_", toText((folder / "translations").string())))
       return true;
   return false;
 }
@@ -61,15 +61,23 @@ void applyTheme(Theme theme) {
 }
 
 void applyLanguage(const QString& language) {
+  applyLanguages(language.isEmpty() ? QLocale::system().uiLanguages() : QStringList(language));
+}
+
+void applyLanguages(const QStringList& languages) {
   static QTranslator own;
   static QTranslator ofQt;
-  const QLocale locale = language.isEmpty() ? QLocale::system() : QLocale(language);
   QCoreApplication::removeTranslator(&own);
   QCoreApplication::removeTranslator(&ofQt);
-  if (!load(own, locale)) return;
-  QCoreApplication::installTranslator(&own);
-  if (ofQt.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QCoreApplication::installTranslator(&ofQt);
+  for (const QString& each : languages) {
+    const QLocale language(each);
+    if (language.language() == QLocale::English) return;
+    if (!load(own, language)) continue;
+    QCoreApplication::installTranslator(&own);
+    if (ofQt.load(language, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+      QCoreApplication::installTranslator(&ofQt);
+    return;
+  }
 }
 
 }  // namespace korvel::ui

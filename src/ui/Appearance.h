@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 namespace korvel::ui {
 
@@ -13,5 +13,7 @@ void applyTheme(Theme theme);
 /// Loads the texts of a language, such as "de"; an empty one is the desktop's. English where there
 /// are none. For windows that are made from now on.
 void applyLanguage(const QString& language);
+/// The first of them that there are texts of.
+void applyLanguages(const QStringList& languages);
 
 }  // namespace korvel::ui

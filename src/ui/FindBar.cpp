@@ -18,6 +18,7 @@ FindBar::FindBar(TablatureView& tablature, QWidget* parent)
   auto* next = new QPushButton(tr("&Next"));
   label->setBuddy(m_name);
   m_name->setPlaceholderText(tr("Am7"));
+  m_name->setAccessibleName(tr("Chord to find"));
   auto* row = new QHBoxLayout(this);
   for (QWidget* each : std::initializer_list<QWidget*>{label, m_name, previous, next, m_answer})
     row->addWidget(each);

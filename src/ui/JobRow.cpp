@@ -20,6 +20,8 @@ JobRow::JobRow(QBCommand& job, QWidget* parent)
       m_keep(new QPushButton(tr("Stop and keep"))),
       m_drop(new QPushButton(tr("Cancel and drop"))) {
   m_progress->setAccessibleName(tr("Progress of %1").arg(m_title->text()));
+  m_keep->setAccessibleName(tr("Stop and keep %1").arg(m_title->text()));
+  m_drop->setAccessibleName(tr("Cancel and drop %1").arg(m_title->text()));
   m_keep->setToolTip(tr("Ends the job now and keeps what it has made so far"));
   m_drop->setToolTip(tr("Ends the job now and removes what it has made"));
   connect(m_keep, &QPushButton::clicked, this, [this] { m_job.stopAndKeep(); });

@@ -64,7 +64,7 @@ void MainWindow::addEditMenu() {
   menu->addAction(tr("&Find Chord ..."), QKeySequence::Find, m_find, &FindBar::open);
   menu->addAction(tr("Search &Library ..."), tr("Ctrl+L"), m_tree, &TreePanel::focusSearch);
   menu->addSeparator();
-  menu->addAction(tr("Reset &Loop"), this, &MainWindow::resetLoop);
+  menu->addAction(tr("Reset L&oop"), this, &MainWindow::resetLoop);
 }
 
 void MainWindow::addViewMenu() {
@@ -117,7 +117,8 @@ void MainWindow::exportPdf() {
 }
 
 void MainWindow::showHelp() {
-  QBSession::session().drawHelp(QBTextLoader::db().index().value_or(""));
+  const std::string page = tr("index", "the page of help in the user's language").toStdString();
+  QBSession::session().drawHelp(QBTextLoader::db().loadFromFile(page).value_or(""));
 }
 
 }  // namespace korvel::ui

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/SaveFilePanel.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -13,8 +14,9 @@ std::optional<std::string> SaveFilePanel::chooseFile(const std::string& proposed
   Preferences preferences;
   QString name = QString::fromStdString(proposedName);
   name.replace('/', '_');  // a title may hold what separates folders
-  const QString file = QFileDialog::getSaveFileName(
-      m_window, QObject::tr("Export"), QDir(preferences.exportFolder()).filePath(name));
+  const QString file =
+      QFileDialog::getSaveFileName(m_window, QCoreApplication::translate("SaveFilePanel", "Export"),
+                                   QDir(preferences.exportFolder()).filePath(name));
   if (file.isEmpty()) return std::nullopt;
   preferences.setExportFolder(QFileInfo(file).absolutePath());
   return file.toStdString();

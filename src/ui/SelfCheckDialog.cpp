@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/SelfCheckDialog.h"
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QTimer>
 #include <QTreeWidget>
@@ -51,7 +52,8 @@ void SelfCheckDialog::runNext() {
   const SelfCheck& check = checks[m_next++];
   const Outcome outcome = outcomeOf(check);
   const QString mark = outcome.good ? tr("✓ %1") : tr("✗ %1");
-  new QTreeWidgetItem(m_results, {mark.arg(toText(check.title)), outcome.text});
+  const QString title = QCoreApplication::translate("SelfCheck", check.title.c_str());
+  new QTreeWidgetItem(m_results, {mark.arg(title), outcome.text});
   m_results->resizeColumnToContents(0);
   QTimer::singleShot(0, this, &SelfCheckDialog::runNext);
 }

@@ -36,8 +36,10 @@ constexpr int kHighestCapo = 11;
 constexpr double kSensitivitySteps = 100;
 
 /// A line with a button behind it that chooses what goes there.
-QWidget* withButton(QLineEdit* line, const std::function<QString()>& choose) {
+QWidget* withButton(QLineEdit* line, const QString& name, const std::function<QString()>& choose) {
   auto* button = new QPushButton(SettingsDialog::tr("Choose ..."));
+  line->setAccessibleName(name);
+  button->setAccessibleName(SettingsDialog::tr("Choose: %1").arg(name));
   QObject::connect(button, &QPushButton::clicked, line, [line, choose] {
     const QString chosen = choose();
     if (!chosen.isEmpty()) line->setText(chosen);
@@ -95,6 +97,7 @@ QString offeredWorkFolder() {
 SettingsDialog::SettingsDialog(QWidget* parent) : QDialog(parent) {
   setWindowTitle(tr("Settings"));
   m_pages = new QTabWidget;
+  m_pages->setAccessibleName(windowTitle());
   m_pages->addTab(generalPage(), tr("&General"));
   m_pages->addTab(detectionPage(), tr("&Import"));
   m_pages->addTab(soundPage(), tr("&Sound"));
@@ -130,7 +133,7 @@ QWidget* SettingsDialog::generalPage() {
   auto* page = new QWidget;
   page->setObjectName("general");
   auto* form = new QFormLayout(page);
-  form->addRow(tr("&Working directory"), withButton(m_folder, [this] {
+  form->addRow(tr("&Working directory"), withButton(m_folder, tr("Working directory"), [this] {
                  return QFileDialog::getExistingDirectory(this, tr("Working directory"),
                                                           offeredWorkFolder());
                }));
@@ -155,6 +158,7 @@ QWidget* SettingsDialog::detectionPage() {
                          {tr("First frets"), static_cast<int>(Position::Kind::open)},
                          {tr("About fret"), static_cast<int>(Position::Kind::around)}},
                         static_cast<int>(fingering.position.kind));
+  m_position->setAccessibleName(tr("Played at"));
   m_positionFret = number(1, FingeringOptions::kMostFrets, fingering.position.fret);
   m_positionFret->setAccessibleName(tr("Fret that the hand stays about"));
   m_frets = number(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets, fingering.frets);
@@ -188,7 +192,7 @@ QWidget* SettingsDialog::soundPage() {
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Play on"), m_output);
   form->addRow(tr("&Record from"), m_input);
-  form->addRow(tr("Sound&Font"), withButton(m_soundFont, [this] {
+  form->addRow(tr("Sound&Font"), withButton(m_soundFont, tr("SoundFont"), [this] {
                  return QFileDialog::getOpenFileName(this, tr("SoundFont"), QString(),
                                                      tr("SoundFonts (*.sf2 *.sf3)"));
                }));

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -33,6 +34,8 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
   m_search->setPlaceholderText(tr("Search"));
   m_search->setAccessibleName(tr("Search in albums, songs, tunings and instruments"));
   m_search->setClearButtonEnabled(true);
+  for (auto* clear : m_search->findChildren<QToolButton*>())
+    clear->setAccessibleName(tr("Clear Search"));
   m_view->setModel(&m_filter);
   m_view->setHeaderHidden(true);
   m_view->setUniformRowHeights(true);

@@ -1,0 +1,1652 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>Duration</name>
+    <message>
+        <source>Sixteenth</source>
+        <translation>Sechzehntel</translation>
+    </message>
+    <message>
+        <source>Eighth</source>
+        <translation>Achtel</translation>
+    </message>
+    <message>
+        <source>Dotted Eighth</source>
+        <translation>Punktierte Achtel</translation>
+    </message>
+    <message>
+        <source>Quarter</source>
+        <translation>Viertel</translation>
+    </message>
+    <message>
+        <source>Dotted Quarter</source>
+        <translation>Punktierte Viertel</translation>
+    </message>
+    <message>
+        <source>Half</source>
+        <translation>Halbe</translation>
+    </message>
+    <message>
+        <source>Dotted Half</source>
+        <translation>Punktierte Halbe</translation>
+    </message>
+    <message>
+        <source>Whole</source>
+        <translation>Ganze</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFilePanel</name>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>SelfCheck</name>
+    <message>
+        <source>Store</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>Decoding</source>
+        <translation>Dekodieren</translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation>Transformation</translation>
+    </message>
+    <message>
+        <source>Synthesiser</source>
+        <translation>Synthesizer</translation>
+    </message>
+    <message>
+        <source>Sound devices</source>
+        <translation>Tongeräte</translation>
+    </message>
+</context>
+<context>
+    <name>SongFormat</name>
+    <message>
+        <source>Text tablature</source>
+        <translation>Tabulatur als Text</translation>
+    </message>
+    <message>
+        <source>MusicXML score</source>
+        <translation>MusicXML-Noten</translation>
+    </message>
+    <message>
+        <source>MIDI file</source>
+        <translation>MIDI-Datei</translation>
+    </message>
+</context>
+<context>
+    <name>SongMenu</name>
+    <message>
+        <source>Apply Standard Filters</source>
+        <translation>Standardfilter anwenden</translation>
+    </message>
+    <message>
+        <source>All Standard Filters</source>
+        <translation>Alle Standardfilter</translation>
+    </message>
+    <message>
+        <source>Detect Voicings</source>
+        <translation>Voicings erkennen</translation>
+    </message>
+    <message>
+        <source>Simplify Left Hand</source>
+        <translation>Linke Hand vereinfachen</translation>
+    </message>
+    <message>
+        <source>Simplify Right Hand</source>
+        <translation>Rechte Hand vereinfachen</translation>
+    </message>
+    <message>
+        <source>Push Down Strings</source>
+        <translation>In tiefere Lagen bringen</translation>
+    </message>
+    <message>
+        <source>Clean Chords</source>
+        <translation>Akkorde bereinigen</translation>
+    </message>
+    <message>
+        <source>Find Best Fingering</source>
+        <translation>Besten Fingersatz finden</translation>
+    </message>
+    <message>
+        <source>Trim To Playable</source>
+        <translation>Auf Spielbares beschränken</translation>
+    </message>
+    <message>
+        <source>Apply Plectrum Filters</source>
+        <translation>Plektrumfilter anwenden</translation>
+    </message>
+    <message>
+        <source>Extract Lead (1st)</source>
+        <translation>Führungsstimme (1.) herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract 2nd</source>
+        <translation>2. Stimme herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract 3rd</source>
+        <translation>3. Stimme herauslösen</translation>
+    </message>
+    <message>
+        <source>Apply Rhythmn Filters</source>
+        <translation>Rhythmusfilter anwenden</translation>
+    </message>
+    <message>
+        <source>3/4</source>
+        <translation>3/4</translation>
+    </message>
+    <message>
+        <source>4/4</source>
+        <translation>4/4</translation>
+    </message>
+    <message>
+        <source>6/8</source>
+        <translation>6/8</translation>
+    </message>
+    <message>
+        <source>12/8</source>
+        <translation>12/8</translation>
+    </message>
+    <message>
+        <source>Extract Voices</source>
+        <translation>Stimmen herauslösen</translation>
+    </message>
+    <message>
+        <source>Leading Three</source>
+        <translation>Führende drei</translation>
+    </message>
+    <message>
+        <source>Leading Four</source>
+        <translation>Führende vier</translation>
+    </message>
+    <message>
+        <source>Leading Five</source>
+        <translation>Führende fünf</translation>
+    </message>
+    <message>
+        <source>Leading Six</source>
+        <translation>Führende sechs</translation>
+    </message>
+    <message>
+        <source>Melody and Brass</source>
+        <translation>Melodie und Bass</translation>
+    </message>
+    <message>
+        <source>Melody</source>
+        <translation>Melodie</translation>
+    </message>
+    <message>
+        <source>Brass</source>
+        <translation>Bass</translation>
+    </message>
+    <message>
+        <source>2nd</source>
+        <translation>2. Stimme</translation>
+    </message>
+    <message>
+        <source>3rd</source>
+        <translation>3. Stimme</translation>
+    </message>
+    <message>
+        <source>4th</source>
+        <translation>4. Stimme</translation>
+    </message>
+    <message>
+        <source>5th</source>
+        <translation>5. Stimme</translation>
+    </message>
+    <message>
+        <source>Extract Loudest Voices</source>
+        <translation>Lauteste Stimmen herauslösen</translation>
+    </message>
+    <message>
+        <source>Loudest Two</source>
+        <translation>Lauteste zwei</translation>
+    </message>
+    <message>
+        <source>Loudest Three</source>
+        <translation>Lauteste drei</translation>
+    </message>
+    <message>
+        <source>Loudest Four</source>
+        <translation>Lauteste vier</translation>
+    </message>
+    <message>
+        <source>Loudest Five</source>
+        <translation>Lauteste fünf</translation>
+    </message>
+    <message>
+        <source>Loudest Six</source>
+        <translation>Lauteste sechs</translation>
+    </message>
+    <message>
+        <source>Remove Options</source>
+        <translation>Optionstöne entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Non Harmony Tones</source>
+        <translation>Akkordfremde Töne entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the Seven</source>
+        <translation>Septime entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the Nine</source>
+        <translation>None entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the Eleven</source>
+        <translation>Undezime entfernen</translation>
+    </message>
+    <message>
+        <source>All from Seven</source>
+        <translation>Alles ab der Septime</translation>
+    </message>
+    <message>
+        <source>All from Nine</source>
+        <translation>Alles ab der None</translation>
+    </message>
+    <message>
+        <source>All from Eleven</source>
+        <translation>Alles ab der Undezime</translation>
+    </message>
+    <message>
+        <source>Remove Voices</source>
+        <translation>Stimmen entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Melody and Brass</source>
+        <translation>Melodie und Bass entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Melody</source>
+        <translation>Melodie entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Brass</source>
+        <translation>Bass entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 2nd Voice</source>
+        <translation>2. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 3nd Voice</source>
+        <translation>3. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 4th Voice</source>
+        <translation>4. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 5th Voice</source>
+        <translation>5. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>Transpose Up By</source>
+        <translation>Nach oben transponieren um</translation>
+    </message>
+    <message>
+        <source>One Half Tone</source>
+        <translation>Einen Halbton</translation>
+    </message>
+    <message>
+        <source>A Second (2 Half Tones)</source>
+        <translation>Eine Sekunde (2 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A small Terz (3 Half Tones)</source>
+        <translation>Eine kleine Terz (3 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Terz (4 Half Tones)</source>
+        <translation>Eine große Terz (4 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Quarter (5 Half Tones )</source>
+        <translation>Eine Quarte (5 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>Tritonus (6 Half Tones)</source>
+        <translation>Einen Tritonus (6 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Quinta (7 Half Tones)</source>
+        <translation>Eine Quinte (7 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Minor Six (8 Half Tones)</source>
+        <translation>Eine kleine Sexte (8 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Six (9 Half Tones)</source>
+        <translation>Eine große Sexte (9 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Minor Seven (10 Half Tones)</source>
+        <translation>Eine kleine Septime (10 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Major Seven (11 Half Tones)</source>
+        <translation>Eine große Septime (11 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>Transpose Down By</source>
+        <translation>Nach unten transponieren um</translation>
+    </message>
+    <message>
+        <source>A Small Terz (3 Half Tones)</source>
+        <translation>Eine kleine Terz (3 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Quarter (5 Half Tones)</source>
+        <translation>Eine Quarte (5 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Small Six (8 Half Tones)</source>
+        <translation>Eine kleine Sexte (8 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>Export To Textfile</source>
+        <translation>Als Textdatei exportieren</translation>
+    </message>
+    <message>
+        <source>Clone</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>All Standard Filters</source>
+        <translation>Alle Standardfilter</translation>
+    </message>
+    <message>
+        <source>Detect Voicings</source>
+        <translation>Voicings erkennen</translation>
+    </message>
+    <message>
+        <source>Simplify Left Hand</source>
+        <translation>Linke Hand vereinfachen</translation>
+    </message>
+    <message>
+        <source>Simplify Right Hand</source>
+        <translation>Rechte Hand vereinfachen</translation>
+    </message>
+    <message>
+        <source>Push Down Strings</source>
+        <translation>In tiefere Lagen bringen</translation>
+    </message>
+    <message>
+        <source>Clean Chords</source>
+        <translation>Akkorde bereinigen</translation>
+    </message>
+    <message>
+        <source>Find Best Fingering</source>
+        <translation>Besten Fingersatz finden</translation>
+    </message>
+    <message>
+        <source>Trim To Playable</source>
+        <translation>Auf Spielbares beschränken</translation>
+    </message>
+    <message>
+        <source>Extract Lead (1st)</source>
+        <translation>Führungsstimme (1.) herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract 2nd</source>
+        <translation>2. Stimme herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract 3rd</source>
+        <translation>3. Stimme herauslösen</translation>
+    </message>
+    <message>
+        <source>Apply 3/4</source>
+        <translation>3/4 anwenden</translation>
+    </message>
+    <message>
+        <source>Apply 4/4</source>
+        <translation>4/4 anwenden</translation>
+    </message>
+    <message>
+        <source>Apply 6/8</source>
+        <translation>6/8 anwenden</translation>
+    </message>
+    <message>
+        <source>Apply 12/8</source>
+        <translation>12/8 anwenden</translation>
+    </message>
+    <message>
+        <source>Extract Leading Three</source>
+        <translation>Führende drei herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Leading Four</source>
+        <translation>Führende vier herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Leading Five</source>
+        <translation>Führende fünf herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Leading Six</source>
+        <translation>Führende sechs herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Melody and Brass</source>
+        <translation>Melodie und Bass herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Melody</source>
+        <translation>Melodie herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Brass</source>
+        <translation>Bass herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract 4th</source>
+        <translation>4. Stimme herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract 5th</source>
+        <translation>5. Stimme herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Loudest Two</source>
+        <translation>Lauteste zwei herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Loudest Three</source>
+        <translation>Lauteste drei herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Loudest Four</source>
+        <translation>Lauteste vier herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Loudest Five</source>
+        <translation>Lauteste fünf herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Loudest Six</source>
+        <translation>Lauteste sechs herauslösen</translation>
+    </message>
+    <message>
+        <source>Remove Non Harmony Tones</source>
+        <translation>Akkordfremde Töne entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the Seven</source>
+        <translation>Septime entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the Nine</source>
+        <translation>None entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the Eleven</source>
+        <translation>Undezime entfernen</translation>
+    </message>
+    <message>
+        <source>Remove All from Seven</source>
+        <translation>Alles ab der Septime entfernen</translation>
+    </message>
+    <message>
+        <source>Remove All from Nine</source>
+        <translation>Alles ab der None entfernen</translation>
+    </message>
+    <message>
+        <source>Remove All from Eleven</source>
+        <translation>Alles ab der Undezime entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Melody and Brass</source>
+        <translation>Melodie und Bass entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Melody</source>
+        <translation>Melodie entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Brass</source>
+        <translation>Bass entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 2nd Voice</source>
+        <translation>2. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 3nd Voice</source>
+        <translation>3. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 4th Voice</source>
+        <translation>4. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 5th Voice</source>
+        <translation>5. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>Transpose Up By One Half Tone</source>
+        <translation>Um einen Halbton nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Second (2 Half Tones)</source>
+        <translation>Um eine Sekunde (2 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A small Terz (3 Half Tones)</source>
+        <translation>Um eine kleine Terz (3 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Terz (4 Half Tones)</source>
+        <translation>Um eine große Terz (4 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Quarter (5 Half Tones )</source>
+        <translation>Um eine Quarte (5 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By Tritonus (6 Half Tones)</source>
+        <translation>Um einen Tritonus (6 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Quinta (7 Half Tones)</source>
+        <translation>Um eine Quinte (7 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Minor Six (8 Half Tones)</source>
+        <translation>Um eine kleine Sexte (8 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Six (9 Half Tones)</source>
+        <translation>Um eine große Sexte (9 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Minor Seven (10 Half Tones)</source>
+        <translation>Um eine kleine Septime (10 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Major Seven (11 Half Tones)</source>
+        <translation>Um eine große Septime (11 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By One Half Tone</source>
+        <translation>Um einen Halbton nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Second (2 Half Tones)</source>
+        <translation>Um eine Sekunde (2 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Small Terz (3 Half Tones)</source>
+        <translation>Um eine kleine Terz (3 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Terz (4 Half Tones)</source>
+        <translation>Um eine große Terz (4 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Quarter (5 Half Tones)</source>
+        <translation>Um eine Quarte (5 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By Tritonus (6 Half Tones)</source>
+        <translation>Um einen Tritonus (6 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Quinta (7 Half Tones)</source>
+        <translation>Um eine Quinte (7 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Small Six (8 Half Tones)</source>
+        <translation>Um eine kleine Sexte (8 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Six (9 Half Tones)</source>
+        <translation>Um eine große Sexte (9 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Minor Seven (10 Half Tones)</source>
+        <translation>Um eine kleine Septime (10 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Major Seven (11 Half Tones)</source>
+        <translation>Um eine große Septime (11 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Export To Textfile</source>
+        <translation>Als Textdatei exportieren</translation>
+    </message>
+    <message>
+        <source>Clone</source>
+        <translation>Song duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Song löschen</translation>
+    </message>
+    <message>
+        <source>Activate Tone</source>
+        <translation>Ton aktivieren</translation>
+    </message>
+    <message>
+        <source>Add Tone</source>
+        <translation>Ton hinzufügen</translation>
+    </message>
+    <message>
+        <source>Change Duration</source>
+        <translation>Dauer ändern</translation>
+    </message>
+    <message>
+        <source>Change Fret</source>
+        <translation>Bund ändern</translation>
+    </message>
+    <message>
+        <source>Change Tuning</source>
+        <translation>Stimmung ändern</translation>
+    </message>
+    <message>
+        <source>Clone Album</source>
+        <translation>Album duplizieren</translation>
+    </message>
+    <message>
+        <source>Deactivate Tone</source>
+        <translation>Ton stummschalten</translation>
+    </message>
+    <message>
+        <source>Delete Album</source>
+        <translation>Album löschen</translation>
+    </message>
+    <message>
+        <source>Delete Chord</source>
+        <translation>Akkord löschen</translation>
+    </message>
+    <message>
+        <source>Delete Chords</source>
+        <translation>Akkorde löschen</translation>
+    </message>
+    <message>
+        <source>Delete Instrument</source>
+        <translation>Instrument löschen</translation>
+    </message>
+    <message>
+        <source>Import Instrument</source>
+        <translation>Instrument importieren</translation>
+    </message>
+    <message>
+        <source>Import WAV File</source>
+        <translation>Aufnahme importieren</translation>
+    </message>
+    <message>
+        <source>Insert Chord</source>
+        <translation>Akkord einfügen</translation>
+    </message>
+    <message>
+        <source>Move Song</source>
+        <translation>Song verschieben</translation>
+    </message>
+    <message>
+        <source>New Album</source>
+        <translation>Neues Album</translation>
+    </message>
+    <message>
+        <source>New Tuning</source>
+        <translation>Neue Stimmung</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Remove Tone</source>
+        <translation>Ton entfernen</translation>
+    </message>
+    <message>
+        <source>Rename Album</source>
+        <translation>Album umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename Instrument</source>
+        <translation>Instrument umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename Song</source>
+        <translation>Song umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename Tuning</source>
+        <translation>Stimmung umbenennen</translation>
+    </message>
+    <message>
+        <source>Reset Loop</source>
+        <translation>Loop zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Select Instrument</source>
+        <translation>Instrument auswählen</translation>
+    </message>
+    <message>
+        <source>Select Tuning</source>
+        <translation>Stimmung auswählen</translation>
+    </message>
+    <message>
+        <source>Set Chord Name</source>
+        <translation>Akkord benennen</translation>
+    </message>
+    <message>
+        <source>Set Loop</source>
+        <translation>Loop setzen</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::AlbumMenu</name>
+    <message>
+        <source>&amp;Album</source>
+        <translation>A&amp;lbum</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::ChordWords</name>
+    <message>
+        <source>string %1</source>
+        <translation>Saite %1</translation>
+    </message>
+    <message>
+        <source>%1 string (%2)</source>
+        <translation>%1-Saite (%2)</translation>
+    </message>
+    <message>
+        <source>%1 string</source>
+        <translation>%1-Saite</translation>
+    </message>
+    <message>
+        <source>bar %1</source>
+        <translation>Takt %1</translation>
+    </message>
+    <message>
+        <source>chord %1 of %2</source>
+        <translation>Akkord %1 von %2</translation>
+    </message>
+    <message>
+        <source>silent</source>
+        <translation>stumm</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>a string, what is played on it</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>a chord, its tones</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>fret %1</source>
+        <translation>Bund %1</translation>
+    </message>
+    <message>
+        <source>%1 (inactive)</source>
+        <translation>%1 (inaktiv)</translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> und </translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Remove &amp;Tone</source>
+        <translation>&amp;Ton entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Silence or Sound Tone</source>
+        <translation>Ton &amp;stumm oder hörbar</translation>
+    </message>
+    <message>
+        <source>Ctrl+T</source>
+        <translation>Ctrl+T</translation>
+    </message>
+    <message>
+        <source>Set Chord &amp;Name ...</source>
+        <translation>Akkord be&amp;nennen ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Change &amp;Duration</source>
+        <translation>&amp;Dauer ändern</translation>
+    </message>
+    <message>
+        <source>Insert Chord &amp;Before</source>
+        <translation>Akkord da&amp;vor einfügen</translation>
+    </message>
+    <message>
+        <source>Shift+Ins</source>
+        <translation>Shift+Ins</translation>
+    </message>
+    <message>
+        <source>&amp;Insert Chord After</source>
+        <translation>Akkord danach &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>Ins</source>
+        <translation>Ins</translation>
+    </message>
+    <message>
+        <source>Ctrl+Del</source>
+        <translation>Ctrl+Del</translation>
+    </message>
+    <message>
+        <source>Stop playing first, then edit</source>
+        <translation>Erst die Wiedergabe anhalten, dann bearbeiten</translation>
+    </message>
+    <message>
+        <source>Set Chord Name</source>
+        <translation>Akkord benennen</translation>
+    </message>
+    <message>
+        <source>Name, such as F#m7; none takes the name away:</source>
+        <translation>Name, zum Beispiel F#m7; ohne Eingabe entfällt der Name:</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Chord</source>
+        <translation>Akkord &amp;löschen</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::FindBar</name>
+    <message>
+        <source>&amp;Chord:</source>
+        <translation>&amp;Akkord:</translation>
+    </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>&amp;Vorheriger</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>&amp;Nächster</translation>
+    </message>
+    <message>
+        <source>Am7</source>
+        <translation>Am7</translation>
+    </message>
+    <message>
+        <source>No chord &quot;%1&quot;</source>
+        <translation>Kein Akkord „%1“</translation>
+    </message>
+    <message>
+        <source>Chord to find</source>
+        <translation>Gesuchter Akkord</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::FretboardView</name>
+    <message>
+        <source>Fretboard</source>
+        <translation>Griffbrett</translation>
+    </message>
+    <message>
+        <source>no name</source>
+        <translation>ohne Namen</translation>
+    </message>
+    <message>
+        <source>%1, open: %2</source>
+        <translation>%1, leer: %2</translation>
+    </message>
+    <message>
+        <source>%1, fret %2: %3</source>
+        <translation>%1, Bund %2: %3</translation>
+    </message>
+    <message>
+        <source>%1. Cursor on %2</source>
+        <comment>the grip of a chord, a fret</comment>
+        <translation>%1. Cursor auf %2</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::HelpWindow</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::JobPanel</name>
+    <message>
+        <source>Jobs</source>
+        <translation>Aufträge</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::JobRow</name>
+    <message>
+        <source>Stop and keep</source>
+        <translation>Anhalten und behalten</translation>
+    </message>
+    <message>
+        <source>Cancel and drop</source>
+        <translation>Abbrechen und verwerfen</translation>
+    </message>
+    <message>
+        <source>Progress of %1</source>
+        <translation>Fortschritt von %1</translation>
+    </message>
+    <message>
+        <source>Ends the job now and keeps what it has made so far</source>
+        <translation>Beendet den Auftrag jetzt und behält, was bisher entstanden ist</translation>
+    </message>
+    <message>
+        <source>Ends the job now and removes what it has made</source>
+        <translation>Beendet den Auftrag jetzt und entfernt, was entstanden ist</translation>
+    </message>
+    <message>
+        <source>Stop and keep %1</source>
+        <translation>%1 anhalten und behalten</translation>
+    </message>
+    <message>
+        <source>Cancel and drop %1</source>
+        <translation>%1 abbrechen und verwerfen</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::LibraryActions</name>
+    <message>
+        <source>Import WAV File</source>
+        <translation>WAV-Datei importieren</translation>
+    </message>
+    <message>
+        <source>New Album</source>
+        <translation>Neues Album</translation>
+    </message>
+    <message>
+        <source>New from Standard</source>
+        <translation>Neu aus Standard</translation>
+    </message>
+    <message>
+        <source>New from Drop D</source>
+        <translation>Neu aus Drop D</translation>
+    </message>
+    <message>
+        <source>New from Open G</source>
+        <translation>Neu aus Open G</translation>
+    </message>
+    <message>
+        <source>Import Definition File ...</source>
+        <translation>Definitionsdatei importieren ...</translation>
+    </message>
+    <message>
+        <source>Clone</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Import Into ...</source>
+        <translation>Hierher importieren ...</translation>
+    </message>
+    <message>
+        <source>Export All As</source>
+        <translation>Alle exportieren als</translation>
+    </message>
+    <message>
+        <source>Select As Active</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Edit Strings ...</source>
+        <translation>Saiten ändern ...</translation>
+    </message>
+    <message>
+        <source>Export Definition File ...</source>
+        <translation>Definitionsdatei exportieren ...</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Import Recordings</source>
+        <translation>Aufnahmen importieren</translation>
+    </message>
+    <message>
+        <source>Sound and video files (%1)</source>
+        <translation>Ton- und Videodateien (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>%1 was not imported: choose another sound file, or convert it to WAV first</source>
+        <translation>%1 wurde nicht importiert: Wähle eine andere Tondatei oder wandle sie erst in WAV um</translation>
+    </message>
+    <message>
+        <source>Export Song</source>
+        <translation>Song exportieren</translation>
+    </message>
+    <message>
+        <source>Export All Songs Into</source>
+        <translation>Alle Songs exportieren nach</translation>
+    </message>
+    <message>
+        <source>Import Instrument</source>
+        <translation>Instrument importieren</translation>
+    </message>
+    <message>
+        <source>Instrument definitions (*.xml)</source>
+        <translation>Instrument-Definitionen (*.xml)</translation>
+    </message>
+    <message>
+        <source>Export Instrument</source>
+        <translation>Instrument exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::LogPanel</name>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::MainWindow</name>
+    <message>
+        <source>Workbench ..</source>
+        <translation>Werkbank ..</translation>
+    </message>
+    <message>
+        <source>Drop a recording here, or choose File, Import to begin.</source>
+        <translation>Ziehe eine Aufnahme hierher, oder wähle zum Beginnen „Datei“, „Aufnahme importieren“.</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>Notenrolle</translation>
+    </message>
+    <message>
+        <source>Fretboard</source>
+        <translation>Griffbrett</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Jobs</source>
+        <translation>Aufträge</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Korvel ended while it imported %1; import it again.</source>
+        <translation>Korvel wurde beendet, während es %1 importierte; importiere die Datei noch einmal.</translation>
+    </message>
+    <message>
+        <source>Keep tablature and scores in %1? The settings take another folder.</source>
+        <translation>Tabulaturen und Noten in %1 ablegen? In den Einstellungen lässt sich ein anderer Ordner wählen.</translation>
+    </message>
+    <message>
+        <source>%1: no tones were heard in it; is it a guitar alone, and loud enough?</source>
+        <translation>%1: Es waren keine Töne zu hören; ist es eine Gitarre allein, und laut genug?</translation>
+    </message>
+    <message>
+        <source>%1 is imported</source>
+        <translation>%1 ist importiert</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Import Recording ...</source>
+        <translation>&amp;Aufnahme importieren ...</translation>
+    </message>
+    <message>
+        <source>Import &amp;Recent</source>
+        <translation>&amp;Zuletzt importiert</translation>
+    </message>
+    <message>
+        <source>&amp;New Album</source>
+        <translation>&amp;Neues Album</translation>
+    </message>
+    <message>
+        <source>&amp;Export Song ...</source>
+        <translation>Song &amp;exportieren ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+E</source>
+        <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>Export as P&amp;DF ...</source>
+        <translation>Als &amp;PDF exportieren ...</translation>
+    </message>
+    <message>
+        <source>&amp;Print ...</source>
+        <translation>&amp;Drucken ...</translation>
+    </message>
+    <message>
+        <source>&amp;Settings ...</source>
+        <translation>E&amp;instellungen ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+,</source>
+        <translation>Ctrl+,</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Find Chord ...</source>
+        <translation>Akkord s&amp;uchen ...</translation>
+    </message>
+    <message>
+        <source>Search &amp;Library ...</source>
+        <translation>Bi&amp;bliothek durchsuchen ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+L</source>
+        <translation>Ctrl+L</translation>
+    </message>
+    <message>
+        <source>Reset L&amp;oop</source>
+        <translation>Loop &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>A&amp;nsicht</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size</source>
+        <translation>&amp;Originalgröße</translation>
+    </message>
+    <message>
+        <source>Ctrl+0</source>
+        <translation>Ctrl+0</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Inhalt</translation>
+    </message>
+    <message>
+        <source>&amp;Self Check</source>
+        <translation>&amp;Selbsttest</translation>
+    </message>
+    <message>
+        <source>The printer took nothing; look whether it is switched on</source>
+        <translation>Der Drucker hat nichts angenommen; sieh nach, ob er eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>Export as PDF</source>
+        <translation>Als PDF exportieren</translation>
+    </message>
+    <message>
+        <source>PDF documents (*.pdf)</source>
+        <translation>PDF-Dokumente (*.pdf)</translation>
+    </message>
+    <message>
+        <source>index</source>
+        <comment>the page of help in the user&apos;s language</comment>
+        <translation>index_de</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::OfferBar</name>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::PlayerBar</name>
+    <message>
+        <source>Player</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Reset Loop</source>
+        <translation>Loop zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Sound ...</source>
+        <translation>Klang ...</translation>
+    </message>
+    <message>
+        <source>No loop</source>
+        <translation>Kein Loop</translation>
+    </message>
+    <message>
+        <source>Loop %1–%2</source>
+        <translation>Loop %1–%2</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::RecordPanel</name>
+    <message>
+        <source>; the recording is in %1</source>
+        <translation>; die Aufnahme liegt in %1</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Device to record from</source>
+        <translation>Gerät, von dem aufgenommen wird</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Pegel</translation>
+    </message>
+    <message>
+        <source>Chords appear here as they are heard.</source>
+        <translation>Akkorde erscheinen hier, sobald sie zu hören sind.</translation>
+    </message>
+    <message>
+        <source>Chords heard</source>
+        <translation>Gehörte Akkorde</translation>
+    </message>
+    <message>
+        <source>Keep Live Chords</source>
+        <translation>Erste Akkorde behalten</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Listening once more, note by note ...</source>
+        <translation>Hört noch einmal hin, Ton für Ton ...</translation>
+    </message>
+    <message>
+        <source>The sound device is gone, which ended the recording there</source>
+        <translation>Das Tongerät ist weg; dort endet die Aufnahme</translation>
+    </message>
+    <message>
+        <source>Not all is stored: %1</source>
+        <translation>Nicht alles ist gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>No tones were heard; nothing was stored</source>
+        <translation>Es waren keine Töne zu hören; nichts wurde gespeichert</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::RollView</name>
+    <message>
+        <source>Roll</source>
+        <translation>Notenrolle</translation>
+    </message>
+    <message>
+        <source>Chord %1, %2. %3</source>
+        <comment>number, time, tones</comment>
+        <translation>Akkord %1, %2. %3</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::SelfCheckDialog</name>
+    <message>
+        <source>Self Check</source>
+        <translation>Selbsttest</translation>
+    </message>
+    <message>
+        <source>Part</source>
+        <translation>Bereich</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Results of the self check</source>
+        <translation>Ergebnisse des Selbsttests</translation>
+    </message>
+    <message>
+        <source>✓ %1</source>
+        <translation>✓ %1</translation>
+    </message>
+    <message>
+        <source>✗ %1</source>
+        <translation>✗ %1</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::SettingsDialog</name>
+    <message>
+        <source>Choose ...</source>
+        <translation>Wählen ...</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;General</source>
+        <translation>&amp;Allgemein</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <translation>&amp;Import</translation>
+    </message>
+    <message>
+        <source>&amp;Sound</source>
+        <translation>&amp;Klang</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Wie der Desktop</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Tablature in a &amp;font of its own</source>
+        <translation>Eigene &amp;Schrift für die Tabulatur</translation>
+    </message>
+    <message>
+        <source>Font of the tablature</source>
+        <translation>Schrift der Tabulatur</translation>
+    </message>
+    <message>
+        <source>&amp;Working directory</source>
+        <translation>A&amp;rbeitsordner</translation>
+    </message>
+    <message>
+        <source>Working directory</source>
+        <translation>Arbeitsordner</translation>
+    </message>
+    <message>
+        <source>&amp;Language (from the next start)</source>
+        <translation>&amp;Sprache (ab dem nächsten Start)</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
+    </message>
+    <message>
+        <source>Precise: note by note</source>
+        <translation>Genau: Ton für Ton</translation>
+    </message>
+    <message>
+        <source>Classic: block by block</source>
+        <translation>Klassisch: Block für Block</translation>
+    </message>
+    <message>
+        <source>How faint or doubtful a note may be</source>
+        <translation>Wie leise oder zweifelhaft ein Ton sein darf</translation>
+    </message>
+    <message>
+        <source>Anywhere</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>First frets</source>
+        <translation>In den ersten Bünden</translation>
+    </message>
+    <message>
+        <source>About fret</source>
+        <translation>Um den Bund</translation>
+    </message>
+    <message>
+        <source>Fret that the hand stays about</source>
+        <translation>Bund, um den die Hand bleibt</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>&amp;Detection</source>
+        <translation>&amp;Erkennung</translation>
+    </message>
+    <message>
+        <source>&amp;Sensitivity</source>
+        <translation>E&amp;mpfindlichkeit</translation>
+    </message>
+    <message>
+        <source>&amp;Played at</source>
+        <translation>&amp;Gespielt wird</translation>
+    </message>
+    <message>
+        <source>&amp;Frets of the guitar</source>
+        <translation>&amp;Bünde der Gitarre</translation>
+    </message>
+    <message>
+        <source>&amp;Capo at fret</source>
+        <translation>Kap&amp;odaster im Bund</translation>
+    </message>
+    <message>
+        <source>One that the system has</source>
+        <translation>Eine, die das System hat</translation>
+    </message>
+    <message>
+        <source>&amp;Play on</source>
+        <translation>A&amp;bspielen auf</translation>
+    </message>
+    <message>
+        <source>&amp;Record from</source>
+        <translation>Auf&amp;nehmen von</translation>
+    </message>
+    <message>
+        <source>Sound&amp;Font</source>
+        <translation>Sound&amp;Font</translation>
+    </message>
+    <message>
+        <source>SoundFont</source>
+        <translation>SoundFont</translation>
+    </message>
+    <message>
+        <source>SoundFonts (*.sf2 *.sf3)</source>
+        <translation>SoundFonts (*.sf2 *.sf3)</translation>
+    </message>
+    <message>
+        <source>Choose: %1</source>
+        <translation>Wählen: %1</translation>
+    </message>
+    <message>
+        <source>Played at</source>
+        <translation>Gespielt wird</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::SongMenu</name>
+    <message>
+        <source>&amp;Song</source>
+        <translation>&amp;Song</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::TablaturePages</name>
+    <message>
+        <source>%1 – page %2 of %3</source>
+        <translation>%1 – Seite %2 von %3</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::TablatureView</name>
+    <message>
+        <source>Tablature</source>
+        <translation>Tabulatur</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::TreeModel</name>
+    <message>
+        <source>Albums</source>
+        <translation>Alben</translation>
+    </message>
+    <message>
+        <source>Tunings</source>
+        <translation>Stimmungen</translation>
+    </message>
+    <message>
+        <source>Instruments</source>
+        <translation>Instrumente</translation>
+    </message>
+    <message>
+        <source>%1, selected</source>
+        <translation>%1, ausgewählt</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::TreePanel</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search in albums, songs, tunings and instruments</source>
+        <translation>In Alben, Songs, Stimmungen und Instrumenten suchen</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Suche leeren</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::TuningDialog</name>
+    <message>
+        <source>Strings of %1</source>
+        <translation>Saiten von %1</translation>
+    </message>
+    <message>
+        <source>String &amp;%1</source>
+        <translation>Saite &amp;%1</translation>
+    </message>
+    <message>
+        <source>Of the strings above the lowest one, recordings are heard at their new notes; all that counts in absolute notes, as transposing does, goes on as in standard tuning.</source>
+        <translation>Aufnahmen werden auf den Saiten über der tiefsten mit ihren neuen Tönen gehört; alles, was mit absoluten Tönen rechnet, etwa das Transponieren, geht weiter von der Standardstimmung aus.</translation>
+    </message>
+</context>
+</TS>

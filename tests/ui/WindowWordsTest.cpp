@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the window says to those who hear it, who have no mouse, and who speak German.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSettings>
+#include <QTranslator>
+
+#include "model/QBTabMgr.h"
+#include "model/QBTuning.h"
+#include "platform/Resources.h"
+#include "support/ScratchFolder.h"
+#include "ui/AlertBox.h"
+#include "ui/Appearance.h"
+#include "ui/MainWindow.h"
+#include "ui/QtRunLoop.h"
+#include "ui/SelfCheckDialog.h"
+#include "ui/SettingsDialog.h"
+#include "ui/TuningDialog.h"
+#include "workflow/SongCommands.h"
+
+namespace korvel::ui {
+namespace {
+
+/// A control speaks for its parts, such as the list of a combo box, which is a window; scroll bars
+/// are moved by what they scroll.
+bool isPart(const QWidget& widget) {
+  const QWidget* parent = widget.parentWidget();
+  return qobject_cast<const QScrollBar*>(&widget) || qobject_cast<const QHeaderView*>(&widget) ||
+         qobject_cast<const QComboBox*>(parent) || qobject_cast<const QAbstractSpinBox*>(parent) ||
+         widget.objectName().startsWith("qt_");
+}
+
+bool isControl(const QWidget& widget) {
+  return widget.focusPolicy() != Qt::NoFocus || qobject_cast<const QAbstractButton*>(&widget);
+}
+
+std::string nameless(const QWidget& window) {
+  std::string found;
+  for (const QWidget* each : window.findChildren<QWidget*>()) {
+    if (each->window() != &window || !isControl(*each) || isPart(*each)) continue;
+    auto* seen = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(each));
+    if (seen->text(QAccessible::Name).isEmpty())
+      found += std::string(each->metaObject()->className()) + " in " +
+               each->parentWidget()->metaObject()->className() + '\n';
+  }
+  return found;
+}
+
+class WindowWordsTest : public testing::TestWithParam<const char*> {
+ protected:
+  WindowWordsTest() {
+    QSettings().clear();
+    QBTabMgr::clearDb();
+    QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
+    QBTabMgr::db().initializeData();
+    platform::RunLoop::install(&m_loop);
+    applyLanguage(GetParam());
+  }
+  ~WindowWordsTest() override {
+    applyLanguage("en");
+    platform::RunLoop::install(nullptr);
+    QBTabMgr::clearDb();
+  }
+
+  const test::ScratchFolder m_folder;
+  QtRunLoop m_loop{[](const std::exception& error) { FAIL() << error.what(); }};
+  AlertBox m_alert;
+};
+
+TEST_P(WindowWordsTest, everyControlHasANameForScreenReaders) {
+  MainWindow window(m_alert);
+  window.show();
+  EXPECT_EQ(nameless(window), "");
+  SettingsDialog settings(nullptr);
+  EXPECT_EQ(nameless(settings), "");
+  EXPECT_EQ(nameless(TuningDialog(*QBTabMgr::db().selectedTuning(), nullptr)), "");
+  EXPECT_EQ(nameless(SelfCheckDialog(nullptr)), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, WindowWordsTest, testing::Values("en", "de"),
+                         [](const auto& tested) { return std::string(tested.param); });
+
+/// Its titles come from a table that is not the window's.
+TEST(GermanTest, hasEveryTitleOfTheSongMenu) {
+  QTranslator german;
+  const auto file = platform::Resources::ofProgram().locate("translations/korvel_de.qm");
+  ASSERT_TRUE(file && german.load(QString::fromStdString(file->string())));
+  const auto has = [&](std::string_view title) {
+    return title.empty() || !german.translate("SongMenu", std::string(title).c_str()).isEmpty();
+  };
+  for (const SongMenuSection& section : songMenu()) {
+    EXPECT_TRUE(has(section.title)) << section.title;
+    for (const SongCommand& command : section.items)
+      EXPECT_TRUE(has(command.title)) << command.title;
+  }
+}
+
+/// A desktop names all languages that its user understands, the best one first.
+TEST(GermanTest, isNotSpokenToThoseWhoPreferEnglish) {
+  applyLanguages({"en-GB", "de"});
+  EXPECT_EQ(MainWindow::tr("Library"), "Library");
+  applyLanguages({"pt-BR", "de-AT", "en"});
+  EXPECT_EQ(MainWindow::tr("Library"), "Bibliothek");
+  applyLanguage("en");
+}
+
+}  // namespace
+}  // namespace korvel::ui
