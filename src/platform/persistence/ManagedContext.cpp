@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/persistence/ChangeLog.h"
 #include "platform/persistence/PendingObjects.h"
 #include "platform/persistence/StoreError.h"
 #include "platform/persistence/StoreFile.h"
+#include "platform/persistence/UndoManager.h"
 
 namespace korvel::platform {
 namespace {
@@ -55,6 +57,12 @@ int bindRow(ManagedObject& object, SqliteStatement& statement, int parameter) {
 
 }  // namespace
 
+/// A relationship that no inverse tells of.
+struct ManagedContext::Referrer {
+  const EntityDescription& entity;
+  const ToOneDescription& toOne;
+};
+
 /// What the context knows of one entity's rows.
 struct ManagedContext::Table {
   explicit Table(const EntityDescription& description)
@@ -69,6 +77,7 @@ struct ManagedContext::Table {
   /// The objects that have a row. New ones are in `inserted` alone, since most never get one.
   std::unordered_map<std::int64_t, Ref<ManagedObject>> objects;
   PendingObjects inserted, changed;
+  std::vector<Referrer> referrers;  ///< That point at this entity.
   std::unordered_set<std::int64_t> deleted;
   std::int64_t lastId = -1;
   std::int64_t firstNewId = kNoNewId;    ///< No id in `inserted` is lower.
@@ -76,9 +85,14 @@ struct ManagedContext::Table {
 };
 
 ManagedContext::ManagedContext(std::unique_ptr<SqliteDatabase> store, const ObjectModel& model)
-    : m_store(std::move(store)), m_model(model) {
+    : m_store(std::move(store)),
+      m_model(model),
+      m_undoManager(std::make_shared<UndoManager>(*this)) {
   for (const EntityDescription& entity : model.entities())
     m_tables.push_back(std::make_unique<Table>(entity));
+  for (const EntityDescription& entity : model.entities())
+    for (const ToOneDescription& toOne : entity.toOnes)
+      if (!toOne.inverseMembers) tableOf(*toOne.targetEntity).referrers.push_back({entity, toOne});
 }
 
 ManagedContext::~ManagedContext() {
@@ -123,6 +137,7 @@ ManagedObject* ManagedContext::insert(std::string_view entityName) {
   for (const MembersDescription& members : entity.members) members.slot(*object).m_loaded = true;
   if (table.inserted.empty()) table.firstNewId = object->m_id;
   table.inserted.add(*object);
+  if (m_log) m_log->recordInsertion(*object);
   return object.get();
 }
 
@@ -145,16 +160,19 @@ void ManagedContext::remove(ManagedObject& object) {
   const Ref<ManagedObject> keep(&object);
   if (object.m_fault) fire(object);
   if (!object.m_demanded) demand(object);
+  if (logFor(object)) recordReferrers(object);
   emptyRelationships(object);
   Table& table = tableOf(object.entity());
   object.m_deleted = true;
   if (object.m_changed) table.changed.remove(object);
+  object.m_changed = false;
   if (object.m_inserted) {
     table.inserted.remove(object);
   } else {
     table.deleted.insert(object.m_id);
     table.objects.erase(object.m_id);
   }
+  if (m_log) m_log->recordRemoval(object);
 }
 
 void ManagedContext::emptyRelationships(ManagedObject& object) {
@@ -177,7 +195,7 @@ void ManagedContext::forgetRelationships(ManagedObject& object) {
 // ---- relating
 
 void ManagedContext::changed(ManagedObject& object) {
-  if (object.m_inserted || object.m_changed) return;
+  if (object.m_inserted || object.m_changed || object.m_deleted) return;
   object.m_changed = true;
   tableOf(object.entity()).changed.add(object);
 }
@@ -188,7 +206,7 @@ void ManagedContext::relate(ManagedObject& owner, const ToOneDescription& toOne,
   ToOneSlot& slot = toOne.slot(owner);
   const Ref<ManagedObject> before = slot.m_target;
   if (before.get() == target) return;
-  owner.willChange();
+  if (ChangeLog* log = owner.willChange()) log->recordTarget(owner, toOne);
   const MembersDescription* inverse = toOne.inverseMembers;
   if (before && inverse) detach(inverse->slot(*before), owner);
   if (target && inverse && !inverse->toMany && !target->m_deleted)
@@ -217,6 +235,73 @@ void ManagedContext::detach(MembersSlot& slot, ManagedObject& member) {
   auto& all = slot.m_members;
   const auto place = std::lower_bound(all.begin(), all.end(), member.m_id, olderThan);
   if (place != all.end() && *place == &member) all.erase(place);
+}
+
+// ---- undoing
+
+ChangeLog* ManagedContext::logFor(const ManagedObject& object) const {
+  return m_log && !m_log->hasMade(object) ? m_log : nullptr;
+}
+
+/// A deleted object gets its row back, at the next save if the file has lost it already.
+void ManagedContext::revive(ManagedObject& object) {
+  if (!object.m_deleted) return;
+  object.m_deleted = false;
+  Table& table = tableOf(object.entity());
+  if (table.deleted.erase(object.m_id) > 0) {
+    object.m_inserted = false;
+    table.objects.emplace(object.m_id, &object);
+    changed(object);
+    return;
+  }
+  object.m_inserted = true;
+  table.firstNewId = table.inserted.empty() ? object.m_id : std::min(table.firstNewId, object.m_id);
+  table.inserted.add(object);
+}
+
+/// Unlike `relate` without consequences for others: those have entries of their own.
+void ManagedContext::retarget(ManagedObject& owner, const ToOneDescription& toOne,
+                              ManagedObject* target) {
+  if (owner.m_deleted) return;
+  ToOneSlot& slot = toOne.slot(owner);
+  const MembersDescription* inverse = toOne.inverseMembers;
+  if (target && target->m_deleted && inverse) target = nullptr;
+  if (slot.m_target && inverse) detach(inverse->slot(*slot.m_target), owner);
+  slot.m_target = target;
+  if (target && inverse) attach(inverse->slot(*target), owner);
+  changed(owner);
+}
+
+// Rows that point at a deleted one lose that in the file, though nothing is told them in memory. So
+// that they are written again when it comes back, they are recorded as if they had changed.
+void ManagedContext::recordReferrers(ManagedObject& object) {
+  for (const Referrer& referrer : tableOf(object.entity()).referrers) {
+    if (!object.m_inserted) recordReferrersOfRow(object, referrer);
+    recordUnsavedReferrers(object, referrer);
+  }
+}
+
+void ManagedContext::recordReferrersOfRow(const ManagedObject& object, const Referrer& referrer) {
+  std::vector<std::int64_t> ids;
+  SqliteStatement& select = statement("SELECT id FROM " + sqlName(referrer.entity.name) +
+                                      " WHERE " + sqlName(referrer.toOne.name) + " = ?");
+  select.bind(0, object.m_id);
+  while (select.step()) ids.push_back(select.integer(0));
+  select.reset();
+  for (const std::int64_t id : ids) {
+    ManagedObject* owner = byId(referrer.entity, id);
+    if (!owner) continue;
+    if (owner->m_fault) fire(*owner);
+    if (logFor(*owner)) m_log->recordTarget(*owner, referrer.toOne);
+  }
+}
+
+void ManagedContext::recordUnsavedReferrers(const ManagedObject& object, const Referrer& referrer) {
+  const Table& table = tableOf(referrer.entity);
+  for (const PendingObjects* pending : {&table.inserted, &table.changed})
+    for (ManagedObject* owner : pending->inCreationOrder())
+      if (referrer.toOne.slot(*owner).m_target.get() == &object && logFor(*owner))
+        m_log->recordTarget(*owner, referrer.toOne);
 }
 
 // ---- reading
@@ -337,6 +422,8 @@ std::vector<Ref<ManagedObject>> ManagedContext::fetch(std::string_view entityNam
   for (ManagedObject* object : readRows(entity, "", nullptr)) objects.emplace_back(object);
   for (ManagedObject* object : tableOf(entity).inserted.inCreationOrder())
     objects.emplace_back(object);
+  // An object whose deletion was undone has lost its row, but not its age.
+  std::ranges::sort(objects, {}, [](const auto& object) { return object->objectId(); });
   return objects;
 }
 

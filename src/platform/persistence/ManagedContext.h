@@ -16,6 +16,9 @@
 
 namespace korvel::platform {
 
+class ChangeLog;
+class UndoManager;
+
 /// The graph of objects over one open store: reads rows when they are asked for, keeps one object
 /// per row, keeps both ends of every relationship in step, and writes all changes when told to.
 ///
@@ -49,21 +52,35 @@ class ManagedContext {
   /// changes are kept for another try.
   void save();
 
+  /// Lives as long as the context.
+  UndoManager& undoManager() { return *m_undoManager; }
   SqliteDatabase& store() { return *m_store; }
 
  private:
+  friend class ChangeLog;
   friend class ManagedObject;
+  friend class UndoGroup;
+  friend class UndoManager;
   struct Table;
+  struct Referrer;
   using Owners = std::vector<ManagedObject*>;
 
   // What objects ask for.
   void fire(ManagedObject& object);
   void demand(ManagedObject& object);
   void changed(ManagedObject& object);
+  ChangeLog* logFor(const ManagedObject& object) const;
   void load(ManagedObject& owner, const MembersDescription& members);
   void relate(ManagedObject& owner, const ToOneDescription& toOne, ManagedObject* target);
   void relateInverse(ManagedObject& owner, const MembersDescription& members,
                      ManagedObject* target);
+
+  // What undoing asks for.
+  void revive(ManagedObject& object);
+  void retarget(ManagedObject& owner, const ToOneDescription& toOne, ManagedObject* target);
+  void recordReferrers(ManagedObject& object);
+  void recordReferrersOfRow(const ManagedObject& object, const Referrer& referrer);
+  void recordUnsavedReferrers(const ManagedObject& object, const Referrer& referrer);
 
   // Reading.
   Table& tableOf(const EntityDescription& entity);
@@ -97,6 +114,8 @@ class ManagedContext {
   std::vector<std::unique_ptr<Table>> m_tables;
   std::unordered_map<std::string, SqliteStatement> m_statements;
   bool m_checked = false;
+  ChangeLog* m_log = nullptr;  ///< Of the action under way.
+  std::shared_ptr<UndoManager> m_undoManager;
 };
 
 }  // namespace korvel::platform

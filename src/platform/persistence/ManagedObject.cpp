@@ -34,11 +34,12 @@ void ManagedObject::demand() const {
   if (m_context) m_context->demand(writable(*this));
 }
 
-void ManagedObject::willChange() {
-  if (!m_context || m_deleted) return;
+ChangeLog* ManagedObject::willChange() {
+  if (!m_context || m_deleted) return nullptr;
   if (m_fault) fire();
   if (!m_demanded) demand();
   m_context->changed(*this);
+  return m_context->logFor(*this);
 }
 
 const MembersSlot& ManagedObject::loaded(const MembersSlot& slot) const {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/persistence/Attribute.h"
+#include "platform/persistence/ChangeLog.h"
 #include "platform/persistence/Ref.h"
 #include "platform/persistence/Relationship.h"
 
@@ -26,6 +27,10 @@ class ManagedObject : public Counted {
   std::int64_t objectId() const { return m_id; }
   const EntityDescription& entity() const { return *m_entity; }
   bool isDeleted() const { return m_deleted; }
+
+  /// Drops what was computed from the values and the members, here and in the owners: they changed
+  /// other than by the operations that keep it in step.
+  virtual void forgetCaches() {}
 
  protected:
   template <class T>
@@ -51,20 +56,20 @@ class ManagedObject : public Counted {
   }
   template <class T>
   void assign(Attribute<T>& attribute, std::type_identity_t<T> value) {
-    willChange();
+    willChange(attribute);
     attribute.m_value = std::move(value);
     attribute.m_set = true;
   }
   /// Changes a value in place.
   template <class T>
   T& mutate(Attribute<T>& attribute) {
-    willChange();
+    willChange(attribute);
     attribute.m_set = true;
     return attribute.m_value;
   }
   template <class T>
   void unset(Attribute<T>& attribute) {
-    willChange();
+    willChange(attribute);
     attribute.m_value = T{};
     attribute.m_set = false;
   }
@@ -92,6 +97,7 @@ class ManagedObject : public Counted {
   }
 
  private:
+  friend class ChangeLog;
   friend class ManagedContext;
   friend class PendingObjects;
 
@@ -99,7 +105,12 @@ class ManagedObject : public Counted {
   static ManagedObject* firstOf(const MembersSlot& slot);
   void fire() const;
   void demand() const;
-  void willChange();
+  /// Answers the log that has to know of the change, if any.
+  ChangeLog* willChange();
+  template <class T>
+  void willChange(Attribute<T>& attribute) {
+    if (ChangeLog* log = willChange()) log->recordAttribute(*this, attribute);
+  }
   const MembersSlot& loaded(const MembersSlot& slot) const;
   void setTarget(ToOneSlot& slot, ManagedObject* target);
   void setTarget(MembersSlot& slot, ManagedObject* target);
@@ -107,10 +118,12 @@ class ManagedObject : public Counted {
   ManagedContext* m_context = nullptr;
   const EntityDescription* m_entity = nullptr;
   std::int64_t m_id = 0;
-  std::size_t m_place = 0;  ///< Among the objects that wait for the next save.
-  bool m_fault = false;     ///< Known by its id only; the row is not read yet.
-  bool m_demanded = true;   ///< The attributes fetched on demand are read.
-  bool m_inserted = false;  ///< Has no row yet.
+  std::size_t m_place = 0;             ///< Among the objects that wait for the next save.
+  std::uint32_t m_madeBy = 0;          ///< The number of the log of the action that made it.
+  std::uint32_t m_placeAmongMade = 0;  ///< In that log, until it is closed.
+  bool m_fault = false;                ///< Known by its id only; the row is not read yet.
+  bool m_demanded = true;              ///< The attributes fetched on demand are read.
+  bool m_inserted = false;             ///< Has no row yet.
   bool m_changed = false;
   bool m_deleted = false;
 };

@@ -13,6 +13,7 @@ class ManagedObject;
 /// The stored side of a to-one relationship.
 class ToOneSlot {
  private:
+  friend class ChangeLog;
   friend class ManagedObject;
   friend class ManagedContext;
   Ref<ManagedObject> m_target;

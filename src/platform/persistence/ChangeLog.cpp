@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/persistence/ChangeLog.h"
+
+#include <algorithm>
+
+#include "platform/persistence/EntityDescription.h"
+#include "platform/persistence/ManagedContext.h"
+#include "platform/persistence/ManagedObject.h"
+
+namespace korvel::platform {
+
+AttributeChange::AttributeChange(ManagedObject* object) : m_object(object) {}
+
+AttributeChange::~AttributeChange() = default;
+
+ChangeLog::ChangeLog(ManagedContext& context, std::string title, std::uint32_t number)
+    : m_context(context), m_title(std::move(title)), m_number(number) {}
+
+ChangeLog::~ChangeLog() = default;
+
+void ChangeLog::close() {
+  m_open = false;
+  m_attributes = {};
+  m_made.shrink_to_fit();
+  m_changes.shrink_to_fit();
+}
+
+// ---- recording
+
+bool ChangeLog::hasMade(const ManagedObject& object) const { return object.m_madeBy == m_number; }
+
+void ChangeLog::recordInsertion(ManagedObject& object) {
+  object.m_madeBy = m_number;
+  object.m_placeAmongMade = static_cast<std::uint32_t>(m_made.size());
+  m_made.emplace_back(&object);
+}
+
+// Filters make thousands of objects only to try things on. The order of those made does not matter,
+// so that the last one can take the place of one that goes.
+void ChangeLog::recordRemoval(ManagedObject& object) {
+  if (!hasMade(object)) {
+    m_changes.emplace_back(Removal{&object});
+    return;
+  }
+  const std::uint32_t place = object.m_placeAmongMade;
+  object.m_madeBy = 0;
+  std::swap(m_made[place], m_made.back());
+  m_made[place]->m_placeAmongMade = place;
+  m_made.pop_back();
+}
+
+void ChangeLog::recordTarget(ManagedObject& owner, const ToOneDescription& toOne) {
+  m_changes.emplace_back(Retargeting{&owner, &toOne, toOne.slot(owner).m_target});
+}
+
+// ---- taking back and doing again
+
+void ChangeLog::undo() {
+  Touched touched;
+  for (auto change = m_changes.rbegin(); change != m_changes.rend(); ++change) {
+    if (auto* target = std::get_if<Retargeting>(&*change)) {
+      exchange(*target, touched);
+    } else if (auto* removal = std::get_if<Removal>(&*change)) {
+      m_context.revive(*removal->object);
+      touched.insert(removal->object);
+    } else {
+      exchange(*std::get<std::unique_ptr<AttributeChange>>(*change), touched);
+    }
+  }
+  takeBackMade(touched);
+  renew(touched);
+}
+
+void ChangeLog::redo() {
+  Touched touched;
+  bringBackMade(touched);
+  for (Change& change : m_changes) {
+    if (auto* target = std::get_if<Retargeting>(&change))
+      exchange(*target, touched);
+    else if (auto* removal = std::get_if<Removal>(&change))
+      m_context.remove(*removal->object);
+    else
+      exchange(*std::get<std::unique_ptr<AttributeChange>>(change), touched);
+  }
+  renew(touched);
+}
+
+void ChangeLog::exchange(Retargeting& change, Touched& touched) {
+  Ref<ManagedObject> before = change.toOne->slot(*change.owner).m_target;
+  m_context.retarget(*change.owner, *change.toOne, change.other);
+  for (ManagedObject* object : {change.owner.get(), before.get(), change.other.get()})
+    if (object) touched.insert(object);
+  change.other = std::move(before);
+}
+
+void ChangeLog::exchange(AttributeChange& change, Touched& touched) {
+  change.exchange();
+  m_context.changed(change.object());
+  touched.insert(&change.object());
+}
+
+template <class Act>
+void ChangeLog::forEachTarget(ManagedObject& object, Act act) {
+  for (const ToOneDescription& toOne : object.entity().toOnes)
+    if (toOne.inverseMembers) act(toOne);
+}
+
+// All targets are noted before the first object goes, since objects that go take each other's
+// along.
+void ChangeLog::takeBackMade(Touched& touched) {
+  std::erase_if(m_made, [](const auto& object) { return object->isDeleted(); });
+  for (const auto& object : m_made)
+    forEachTarget(*object, [&](const ToOneDescription& toOne) {
+      m_targetsOfMade.push_back(toOne.slot(*object).m_target);
+      if (m_targetsOfMade.back()) touched.insert(m_targetsOfMade.back());
+    });
+  for (auto object = m_made.rbegin(); object != m_made.rend(); ++object) m_context.remove(**object);
+}
+
+void ChangeLog::bringBackMade(Touched& touched) {
+  for (const auto& object : m_made) m_context.revive(*object);
+  auto target = m_targetsOfMade.begin();
+  for (const auto& object : m_made) {
+    touched.insert(object);
+    forEachTarget(*object, [&](const ToOneDescription& toOne) {
+      if (*target) touched.insert(*target);
+      m_context.retarget(*object, toOne, *target++);
+    });
+  }
+  m_targetsOfMade = {};
+}
+
+void ChangeLog::renew(const Touched& touched) {
+  for (ManagedObject* object : touched)
+    if (!object->isDeleted()) object->forgetCaches();
+}
+
+}  // namespace korvel::platform

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_set>
+#include <variant>
+#include <vector>
+
+#include "platform/persistence/AttributeChange.h"
+#include "platform/persistence/Ref.h"
+
+namespace korvel::platform {
+
+class ManagedContext;
+class ManagedObject;
+struct ToOneDescription;
+
+/// What one undoable action changed in a context, so that it can be taken back and done again, any
+/// number of times and with saves in between.
+///
+/// Changes stand in the order in which they happened. An object that the action made takes one
+/// entry, whatever happens to it afterwards, and none once the action itself deleted it: what it
+/// points at is only kept while the action is undone.
+class ChangeLog {
+ public:
+  /// number: different for each log of a context, and not 0.
+  ChangeLog(ManagedContext& context, std::string title, std::uint32_t number);
+  ~ChangeLog();
+
+  const std::string& title() const { return m_title; }
+  bool isEmpty() const { return m_made.empty() && m_changes.empty(); }
+  bool isOpen() const { return m_open; }
+  /// Releases what only recording needs.
+  void close();
+
+  // Recording, which the context does.
+  void recordInsertion(ManagedObject& object);
+  /// When the object's relationships are empty already.
+  void recordRemoval(ManagedObject& object);
+  /// Before the relationship changes.
+  void recordTarget(ManagedObject& owner, const ToOneDescription& toOne);
+  /// Before the value changes; of several changes of an attribute the first one tells all.
+  template <class T>
+  void recordAttribute(ManagedObject& object, Attribute<T>& attribute) {
+    if (m_attributes.insert(&attribute).second)
+      m_changes.emplace_back(std::make_unique<ChangeOf<T>>(&object, attribute));
+  }
+  bool hasMade(const ManagedObject& object) const;
+
+  // Only when nothing records. Undone and done take turns.
+  void undo();
+  void redo();
+
+ private:
+  struct Retargeting {
+    Ref<ManagedObject> owner;
+    const ToOneDescription* toOne;
+    Ref<ManagedObject> other;
+  };
+  struct Removal {
+    Ref<ManagedObject> object;
+  };
+  using Change = std::variant<Retargeting, Removal, std::unique_ptr<AttributeChange>>;
+  using Touched = std::unordered_set<ManagedObject*>;
+
+  template <class Act>
+  static void forEachTarget(ManagedObject& object, Act act);
+  void exchange(Retargeting& change, Touched& touched);
+  void exchange(AttributeChange& change, Touched& touched);
+  void takeBackMade(Touched& touched);
+  void bringBackMade(Touched& touched);
+  static void renew(const Touched& touched);
+
+  ManagedContext& m_context;
+  std::string m_title;
+  std::uint32_t m_number;
+  bool m_open = true;
+  std::vector<Ref<ManagedObject>> m_made;
+  std::vector<Change> m_changes;
+  /// Of the objects made, in turn, those with another end; only while undone.
+  std::vector<Ref<ManagedObject>> m_targetsOfMade;
+  std::unordered_set<const void*> m_attributes;  ///< Those recorded; only while open.
+};
+
+}  // namespace korvel::platform

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvel::platform {
+
+class ChangeLog;
+class ManagedContext;
+
+/// Takes back what was done in a context, action by action, and does it again, for as long as the
+/// context lives; saves do not matter to it. Objects come back as they were: with their ids,
+/// attributes and relationships, so that references to them are good again.
+///
+/// Changes made outside of an UndoGroup cannot be undone; they should not be mixed with those that
+/// can. Main thread only.
+class UndoManager : public std::enable_shared_from_this<UndoManager> {
+ public:
+  explicit UndoManager(ManagedContext& context);
+  UndoManager(const UndoManager&) = delete;
+  UndoManager& operator=(const UndoManager&) = delete;
+  ~UndoManager();
+
+  /// False too while the latest action is still going on, as an import does that is stepped.
+  bool canUndo() const;
+  bool canRedo() const;
+  /// Of the action that is next; "" when there is none.
+  const std::string& undoActionName() const;
+  const std::string& redoActionName() const;
+  /// Answers whether there was something to undo. std::logic_error inside of a group.
+  bool undo();
+  bool redo();
+
+ private:
+  friend class UndoGroup;
+  using Log = std::shared_ptr<ChangeLog>;
+
+  Log open(std::string title);
+  void close(const Log& log);
+  void drop(const Log& log);
+  void requireNoGroup() const;
+
+  ManagedContext& m_context;
+  std::uint32_t m_logs = 0;
+  std::vector<Log> m_done, m_undone;  ///< The next one last.
+};
+
+/// One undoable action: while it is in scope, all changes of the context belong to it. Inside of
+/// another group it becomes part of that one. A group without changes leaves nothing; one with
+/// changes ends what could be redone.
+///
+/// An action in steps suspends its group between them. Others may come in between, and can be
+/// undone while it goes on; itself it can when it has ended and they are undone.
+class UndoGroup {
+ public:
+  UndoGroup(UndoManager& manager, std::string title);
+  UndoGroup(const UndoGroup&) = delete;
+  UndoGroup& operator=(const UndoGroup&) = delete;
+  ~UndoGroup();
+
+  void suspend();
+  /// Answers whether it was suspended.
+  bool resume();
+  /// Ends the group and leaves everything as it was before. A part of another group only ends: that
+  /// one has to know what becomes of the whole.
+  void rollBack();
+
+ private:
+  void end();
+
+  std::weak_ptr<UndoManager> m_manager;
+  std::shared_ptr<ChangeLog> m_log;  ///< None when part of another group, and at the end.
+  ChangeLog* m_outer = nullptr;      ///< That recorded when this was resumed.
+};
+
+/// A step of a group that is suspended: what happens in its scope belongs to the group, if there is
+/// one. Steps within a step are part of that.
+class UndoStep {
+ public:
+  explicit UndoStep(std::shared_ptr<UndoGroup> group)
+      : m_group(group && group->resume() ? std::move(group) : nullptr) {}
+  UndoStep(const UndoStep&) = delete;
+  UndoStep& operator=(const UndoStep&) = delete;
+  ~UndoStep() {
+    if (m_group) m_group->suspend();
+  }
+
+ private:
+  std::shared_ptr<UndoGroup> m_group;
+};
+
+}  // namespace korvel::platform

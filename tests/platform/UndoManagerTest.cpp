@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/persistence/UndoManager.h"
+
+#include <optional>
+#include <random>
+#include <stdexcept>
+
+#include "platform/BookStore.h"
+#include "support/StoreContents.h"
+
+namespace korvel::platform {
+namespace {
+
+using test::Book;
+using test::Cover;
+using test::Page;
+
+class UndoManagerTest : public test::BookStoreTest {
+ protected:
+  UndoManager& undo() { return m_context->undoManager(); }
+  /// Hundreds of saves, none of which has to survive a power cut.
+  void quicken() {
+    m_context->store().execute("PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
+  }
+  std::string saved() {
+    m_context->save();
+    return korvel::test::contentsOf(m_context->store());
+  }
+  /// The whole graph as objects tell it, both ends of each relationship.
+  std::string told() {
+    std::string text;
+    for (const auto& book : m_context->fetchAll<Book>("Book")) {
+      text += book->title() + '/' + book->text() + '/' + idOf(book->mark()) + ':';
+      for (const Page* page : book->pages()) text += ' ' + idOf(page);
+      text += '\n';
+    }
+    for (const auto& page : m_context->fetchAll<Page>("Page"))
+      text += idOf(page) + ' ' + std::to_string(page->number()) + ' ' + idOf(page->book()) + ' ' +
+              idOf(page->cover()) + '\n';
+    for (const auto& cover : m_context->fetchAll<Cover>("Cover"))
+      text += idOf(cover) + " covers " + idOf(cover->page()) + '\n';
+    return text;
+  }
+  static std::string idOf(const ManagedObject* object) {
+    if (!object) return "-";
+    return std::to_string(object->objectId()) + (object->isDeleted() ? "?" : "");
+  }
+};
+
+/// Does anything to a store of books.
+class Vandal {
+ public:
+  Vandal(ManagedContext& context, unsigned seed) : m_context(context), m_random(seed) {}
+
+  bool oneIn(unsigned count) { return m_random() % count == 0; }
+  void act() {
+    Book* book = any<Book>("Book");
+    Page* page = any<Page>("Page");
+    Cover* cover = any<Cover>("Cover");
+    switch (m_random() % 11) {
+      case 0:
+        return static_cast<Book*>(m_context.insert("Book"))->setTitle(word());
+      case 1:
+      case 2:
+        return static_cast<Page*>(m_context.insert("Page"))->setBook(book);
+      case 3:
+        return static_cast<Cover*>(m_context.insert("Cover"))->setPage(page);
+      case 4:
+        return page ? page->setCover(cover) : void();
+      case 5:
+        return page ? page->setBook(oneIn(3) ? nullptr : book) : void();
+      case 6:
+        return page ? page->setNumber(static_cast<int>(m_random() % 100)) : void();
+      case 7:
+        return book ? book->setMark(page) : void();
+      case 8:
+        return book ? (oneIn(2) ? book->setText(word()) : book->setTitle(word())) : void();
+      case 9:
+        return remove(page);
+      default:
+        return oneIn(2) ? remove(cover) : oneIn(3) ? remove(book) : void();
+    }
+  }
+
+ private:
+  template <class T>
+  T* any(const char* entity) {
+    const auto all = m_context.fetchAll<T>(entity);
+    return all.empty() ? nullptr : all[m_random() % all.size()].get();
+  }
+  std::string word() { return std::to_string(m_random()); }
+  void remove(ManagedObject* object) {
+    if (object) m_context.remove(*object);
+  }
+
+  ManagedContext& m_context;
+  std::mt19937 m_random;
+};
+
+// Actions of random changes on a store that was partly read, taken back and done again with saves
+// at any moment. What objects tell must be right at every step; files are compared where one is
+// known.
+TEST_F(UndoManagerTest, anyActionsAreTakenBackAndDoneAgainWhateverWasSaved) {
+  quicken();
+  for (unsigned seed = 1; seed <= 12 && !HasFailure(); ++seed) {
+    const testing::ScopedTrace trace(__FILE__, __LINE__, std::to_string(seed));
+    Vandal vandal(*m_context, seed);
+    for (int i = 0; i < 15; ++i) vandal.act();
+    m_context->save();
+    reopen();
+    quicken();
+    Vandal other(*m_context, seed + 1000);
+    std::vector<std::string> told{this->told()};
+    std::vector<std::optional<std::string>> saved{this->saved()};
+    for (int action = 0; action < 10; ++action) {
+      {
+        const UndoGroup group(undo(), std::to_string(action));
+        m_context->insert("Cover");
+        for (int i = 0; i < 12; ++i) {
+          other.act();
+          if (other.oneIn(20)) m_context->save();
+        }
+      }
+      told.push_back(this->told());
+      saved.emplace_back();
+      if (other.oneIn(2)) saved.back() = this->saved();
+    }
+    const auto expectLevel = [&](std::size_t level) {
+      ASSERT_EQ(this->told(), told[level]) << level;
+      if (!other.oneIn(2)) return;
+      if (!saved[level]) saved[level] = this->saved();
+      ASSERT_EQ(this->saved(), *saved[level]) << level;
+    };
+    for (int round = 0; round < 2; ++round) {
+      for (std::size_t level = 10; level-- > 0;) {
+        EXPECT_EQ(undo().undoActionName(), std::to_string(level));
+        ASSERT_TRUE(undo().undo());
+        expectLevel(level);
+      }
+      EXPECT_EQ(this->saved(), *saved[0]);
+      EXPECT_FALSE(undo().undo());
+      for (std::size_t level = 1; level <= 10; ++level) {
+        ASSERT_TRUE(undo().redo());
+        expectLevel(level);
+      }
+      EXPECT_FALSE(undo().canRedo());
+    }
+    m_context->save();
+    EXPECT_TRUE(StoreFile::problems(m_context->store()).empty());
+  }
+}
+
+TEST_F(UndoManagerTest, savedDeletionComesBackAsTheSameObjectAndRow) {
+  Ref<Book> owner = book("b");
+  const Ref<Page> page = this->page(7, owner);
+  owner->setMark(page);
+  const std::string before = saved();
+  {
+    const UndoGroup group(undo(), "Delete Page");
+    m_context->remove(*page);
+  }
+  EXPECT_NE(saved(), before);
+  undo().undo();
+  EXPECT_FALSE(page->isDeleted());
+  EXPECT_EQ(owner->pages().at(0), page.get());
+  EXPECT_EQ(saved(), before) << "with the mark, which the file had lost";
+  reopen();
+  EXPECT_EQ(onlyBook()->mark()->number(), 7);
+  EXPECT_FALSE(undo().canUndo());
+}
+
+TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
+  Book* changed = book("b");
+  {
+    const UndoGroup whole(undo(), "Whole");
+    {
+      UndoGroup part(undo(), "Part");
+      changed->setTitle("c");
+      part.rollBack();
+    }
+    EXPECT_THROW(undo().undo(), std::logic_error);
+    changed->setTitle("d");
+  }
+  EXPECT_TRUE(undo().undo());
+  EXPECT_EQ(changed->title(), "b");
+  { const UndoGroup empty(undo(), "Empty"); }
+  EXPECT_EQ(undo().redoActionName(), "Whole");
+  {
+    const UndoGroup next(undo(), "Next");
+    changed->setTitle("e");
+  }
+  EXPECT_FALSE(undo().canRedo());
+  {
+    UndoGroup failed(undo(), "Failed");
+    page(1, changed);
+    m_context->save();
+    m_context->remove(*changed);
+    failed.rollBack();
+  }
+  EXPECT_EQ(told(), "e//-:\n");
+  EXPECT_EQ(undo().undoActionName(), "Next");
+}
+
+TEST_F(UndoManagerTest, steppedActionLetsOthersBeUndoneAndComesBeforeThem) {
+  Book* owner = book("b");
+  auto steps = std::make_unique<UndoGroup>(undo(), "Steps");
+  page(1, owner);
+  steps->suspend();
+  EXPECT_FALSE(undo().canUndo()) << "it goes on";
+  {
+    const UndoGroup between(undo(), "Between");
+    owner->setTitle("c");
+  }
+  steps->resume();
+  page(2, owner);
+  steps->suspend();
+  EXPECT_EQ(undo().undoActionName(), "Between");
+  undo().undo();
+  EXPECT_EQ(told(), "b//-: 1 2\n1 1 1 -\n2 2 1 -\n");
+  undo().redo();
+  steps->resume();
+  steps.reset();
+  undo().undo();
+  EXPECT_EQ(undo().undoActionName(), "Steps");
+  undo().undo();
+  EXPECT_EQ(told(), "b//-:\n");
+  auto orphan = std::make_unique<UndoGroup>(undo(), "Cut off");
+  reopen();
+  orphan.reset();
+}
+
+}  // namespace
+}  // namespace korvel::platform
