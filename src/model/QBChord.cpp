@@ -61,4 +61,11 @@ QBBlock* QBChord::block() const { return target(m_block); }
 
 void QBChord::setBlock(QBBlock* value) { relate(m_block, value); }
 
+void QBChord::forgetCaches() {
+  m_scannedTones.reset();
+  m_key.reset();
+  m_xPosInMatrix = m_yPosInMatrix = 0;
+  if (QBSong* owner = song()) owner->forgetCaches();
+}
+
 }  // namespace korvel

@@ -70,6 +70,8 @@ class QBChord final : public platform::ManagedObject {
   QBBlock* block() const;
   void setBlock(QBBlock* value);
 
+  void forgetCaches() override;
+
   // Tones and names.
   /// The tones of the hold, unsorted, as they were at the first call.
   const std::vector<platform::Ref<QBTone>>& readAllTones();

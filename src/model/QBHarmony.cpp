@@ -26,4 +26,9 @@ platform::Members<QBToneOfHarmony> QBHarmony::tones() const { return members(m_t
 
 platform::Members<QBChord> QBHarmony::chords() const { return members(m_chords); }
 
+void QBHarmony::forgetCaches() {
+  m_sortedTones.reset();
+  m_intervals.reset();
+}
+
 }  // namespace korvel

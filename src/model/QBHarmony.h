@@ -29,6 +29,8 @@ class QBHarmony final : public platform::ManagedObject {
   platform::Members<QBToneOfHarmony> tones() const;
   platform::Members<QBChord> chords() const;
 
+  void forgetCaches() override;
+
   /// Appends an interval, in semitones above the tone before it.
   void addStep(int order, int step);
   /// In order; computed once.

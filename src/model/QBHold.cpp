@@ -24,4 +24,10 @@ void QBHold::setChord(QBChord* value) { relate(m_chord, value); }
 
 platform::Members<QBTone> QBHold::tones() const { return members(m_tones); }
 
+void QBHold::forgetCaches() {
+  m_sortedTones.reset();
+  m_isBarre = Barre::unknown;
+  if (QBChord* owner = chord()) owner->forgetCaches();
+}
+
 }  // namespace korvel

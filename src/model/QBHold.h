@@ -28,6 +28,8 @@ class QBHold final : public platform::ManagedObject {
   void setChord(QBChord* value);
   platform::Members<QBTone> tones() const;
 
+  void forgetCaches() override;
+
   /// The index: "string,fret" to tone, one tone for each pair.
   std::map<std::string, platform::Ref<QBTone>>& readSortedTones();
   QBTone* findTone(int string, int fret);

@@ -52,4 +52,6 @@ int QBInstrument::stringByLargeTone(int largeTone) const {
   return kHighest;
 }
 
+void QBInstrument::forgetCaches() { sortedSpectrums.reset(); }
+
 }  // namespace korvel

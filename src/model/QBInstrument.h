@@ -44,6 +44,8 @@ class QBInstrument final : public platform::ManagedObject {
   void setTuning(QBTuning* value);
   platform::Members<QBSpectrum> spectrums() const;
 
+  void forgetCaches() override;
+
   /// Absolute note of an open string in the selected tuning, whatever tuning this instrument has.
   int largeToneOfString(int string) const;
   static int largeToneOfStringS(int string);

@@ -23,4 +23,8 @@ QBSpectrum* QBOvertone::spectrum() const { return target(m_spectrum); }
 
 void QBOvertone::setSpectrum(QBSpectrum* value) { relate(m_spectrum, value); }
 
+void QBOvertone::forgetCaches() {
+  if (QBSpectrum* owner = spectrum()) owner->forgetCaches();
+}
+
 }  // namespace korvel

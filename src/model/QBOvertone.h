@@ -34,6 +34,7 @@ class QBOvertone final : public platform::ManagedObject {
   void setAmp(double value) { assign(m_amp, value); }
   QBSpectrum* spectrum() const;
   void setSpectrum(QBSpectrum* value);
+  void forgetCaches() override;
 
   /// Whether it is that position.
   bool equals(int string, int fret) const;

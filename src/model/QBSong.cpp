@@ -50,4 +50,10 @@ platform::Members<QBChord> QBSong::chords() const { return members(m_chords); }
 
 platform::Members<QBMeasure> QBSong::measures() const { return members(m_measures); }
 
+void QBSong::forgetCaches() {
+  if (!m_sortedChords) return;
+  for (const auto& chord : *m_sortedChords) chord->m_xPosInMatrix = chord->m_yPosInMatrix = 0;
+  m_sortedChords.reset();
+}
+
 }  // namespace korvel

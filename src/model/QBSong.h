@@ -60,6 +60,9 @@ class QBSong final : public platform::ManagedObject {
   platform::Members<QBChord> chords() const;
   platform::Members<QBMeasure> measures() const;
 
+  /// The next `allChords` is in order again, and drawing gives every chord its place anew.
+  void forgetCaches() override;
+
   // Order and lookup.
   const std::vector<platform::Ref<QBChord>>& allChords();
   std::vector<platform::Ref<QBMeasure>> allMeasures() const;

@@ -32,4 +32,9 @@ void QBSpectrum::setString(QBString* value) { relate(m_string, value); }
 
 platform::Members<QBOvertone> QBSpectrum::overtones() const { return members(m_overtones); }
 
+void QBSpectrum::forgetCaches() {
+  m_sorted.reset();
+  if (QBInstrument* owner = instrument()) owner->forgetCaches();
+}
+
 }  // namespace korvel

@@ -30,6 +30,8 @@ class QBSpectrum final : public platform::ManagedObject {
   void setString(QBString* value);
   platform::Members<QBOvertone> overtones() const;
 
+  void forgetCaches() override;
+
   /// The overtones by "string,fret", the last of each pair. Filled on first use; overtones that are
   /// added or deleted here renew it, others are not seen.
   const std::map<std::string, platform::Ref<QBOvertone>>& readSortedTones();

@@ -64,4 +64,9 @@ int QBString::largeToneOfString() const {
   return kLargeTones[position];
 }
 
+void QBString::forgetCaches() {
+  frequencies.clear();
+  if (QBTuning* owner = tuning()) owner->forgetCaches();
+}
+
 }  // namespace korvel

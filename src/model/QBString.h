@@ -38,6 +38,8 @@ class QBString final : public platform::ManagedObject {
   QBLeftHandPattern* lefthandpattern() const;
   void setLefthandpattern(QBLeftHandPattern* value);
 
+  void forgetCaches() override;
+
   /// Frequencies of frets 0..12 in hertz.
   const std::vector<float>& frequencyAll();
   /// Hertz; std::out_of_range for a fret beyond 0..12.

@@ -24,4 +24,8 @@ QBHold* QBTone::hold() const { return target(m_hold); }
 
 void QBTone::setHold(QBHold* value) { relate(m_hold, value); }
 
+void QBTone::forgetCaches() {
+  if (QBHold* owner = hold()) owner->forgetCaches();
+}
+
 }  // namespace korvel

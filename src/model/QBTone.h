@@ -44,6 +44,8 @@ class QBTone final : public platform::ManagedObject {
   QBHold* hold() const;
   void setHold(QBHold* value);
 
+  void forgetCaches() override;
+
   QBTone* clone(QBHold* owner) const;
   bool isActive() const { return active(); }
   int dur() const { return duration(); }

@@ -18,4 +18,8 @@ QBHarmony* QBToneOfHarmony::harmony() const { return target(m_harmony); }
 
 void QBToneOfHarmony::setHarmony(QBHarmony* value) { relate(m_harmony, value); }
 
+void QBToneOfHarmony::forgetCaches() {
+  if (QBHarmony* owner = harmony()) owner->forgetCaches();
+}
+
 }  // namespace korvel

@@ -19,6 +19,7 @@ class QBToneOfHarmony final : public platform::ManagedObject {
   void setStep(int value) { assign(m_step, value); }
   QBHarmony* harmony() const;
   void setHarmony(QBHarmony* value);
+  void forgetCaches() override;
 
  private:
   platform::Attribute<int> m_order;

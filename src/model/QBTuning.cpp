@@ -131,4 +131,9 @@ void QBTuning::createDropDStrings() { createStrings(*this, kDropD); }
 
 void QBTuning::createOpenGStrings() { createStrings(*this, kOpenG); }
 
+void QBTuning::forgetCaches() {
+  sortedTones.reset();
+  m_tuneStr.reset();
+}
+
 }  // namespace korvel

@@ -37,6 +37,8 @@ class QBTuning final : public platform::ManagedObject {
   platform::Members<QBSong> songs() const;
   platform::Members<QBInstrument> instruments() const;
 
+  void forgetCaches() override;
+
   const std::vector<platform::Ref<QBString>>& allTones();
   /// std::out_of_range for a position beyond the strings.
   QBString* findStringByPosition(int position);
