@@ -20,6 +20,7 @@
 #include "platform/Files.h"
 #include "platform/Resources.h"
 #include "platform/persistence/StoreError.h"
+#include "platform/persistence/UndoManager.h"
 
 namespace korvel {
 namespace {
@@ -148,6 +149,20 @@ bool QBTabMgr::save() {
     SessionServices::current().exitWithError("Saving Data Failed", error.what());
     return false;
   }
+}
+
+bool QBTabMgr::undo() {
+  if (!m_context->undoManager().undo()) return false;
+  save();
+  reloadData();
+  return true;
+}
+
+bool QBTabMgr::redo() {
+  if (!m_context->undoManager().redo()) return false;
+  save();
+  reloadData();
+  return true;
 }
 
 QBSettings* QBTabMgr::selectedSettings() const {

@@ -63,6 +63,10 @@ class QBTabMgr {
   bool initializeData();
   /// Writes all changes at once. A failure is reported through the session; false then.
   bool save();
+  /// Takes the latest action back, or does it again, saves, and loads the lists anew. False when
+  /// there is no such action.
+  bool undo();
+  bool redo();
 
   const List<QBTuning>& tunings() const { return m_tunings; }
   const List<QBHarmony>& harmonies() const { return m_harmonies; }

@@ -8,6 +8,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/persistence/UndoManager.h"
 #include "workflow/LibraryTree.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
@@ -52,6 +53,8 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
 std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
   requireSound(file);
   if (m_detection == ImportDetection::classic) requireInstrument();
+  const auto undo = std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
+                                                          "Import WAV File");
   QBSong* song = newSong(file, into);
   QBSession& session = QBSession::session();
   session.refreshTree();
@@ -61,6 +64,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAl
   command->setDetection(m_detection, m_settings);
   command->setSaving(true);
   command->setOwnsAlbum(!into);
+  command->joinUndo(undo);
   session.addJob(command);
   try {
     command->runInBackground();

@@ -14,6 +14,7 @@
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
 #include "platform/FileError.h"
+#include "platform/persistence/UndoManager.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
 #include "workflow/TuningForNow.h"
@@ -22,6 +23,8 @@ namespace korvel {
 namespace {
 
 QBTabMgr& db() { return QBTabMgr::db(); }
+
+platform::UndoManager& undoManager() { return db().context().undoManager(); }
 
 /// Whoever reads the line can rely on the edit.
 void done(std::string_view line) {
@@ -51,6 +54,7 @@ void leave(const QBAlbum& album) {
 // ---- albums
 
 QBAlbum* newAlbum(const std::string& name) {
+  const platform::UndoGroup group(undoManager(), "New Album");
   requireName(name, "An album");
   QBAlbum* album = db().createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
   done("Album created.");
@@ -58,6 +62,7 @@ QBAlbum* newAlbum(const std::string& name) {
 }
 
 void renameAlbum(QBAlbum& album, const std::string& name) {
+  const platform::UndoGroup group(undoManager(), "Rename Album");
   if (name == album.name()) return;
   requireName(name, "An album");
   if (db().findAlbumByName(name))
@@ -67,6 +72,7 @@ void renameAlbum(QBAlbum& album, const std::string& name) {
 }
 
 QBAlbum* cloneAlbum(QBAlbum& album) {
+  const platform::UndoGroup group(undoManager(), "Clone Album");
   const std::string name = QBNameMgr(nullptr, album.name()).newAlbumName();
   QBAlbum* copy = album.clone();
   copy->setName(name);
@@ -75,6 +81,7 @@ QBAlbum* cloneAlbum(QBAlbum& album) {
 }
 
 void deleteAlbum(QBAlbum& album) {
+  const platform::UndoGroup group(undoManager(), "Delete Album");
   leave(album);
   db().deleteAlbum(&album);
   done("Album was successfully deleted.");
@@ -83,6 +90,7 @@ void deleteAlbum(QBAlbum& album) {
 // ---- songs
 
 void renameSong(QBSong& song, const std::string& title) {
+  const platform::UndoGroup group(undoManager(), "Rename Song");
   if (title == song.title()) return;
   requireName(title, "A song");
   if (song.requireAlbum().findSongByName(title))
@@ -93,6 +101,7 @@ void renameSong(QBSong& song, const std::string& title) {
 }
 
 void moveSong(QBSong& song, QBAlbum& album) {
+  const platform::UndoGroup group(undoManager(), "Move Song");
   if (song.album() == &album) return;
   const std::string title = QBNameMgr(&album, song.title()).newName();
   song.setAlbum(&album);
@@ -106,12 +115,14 @@ void moveSong(QBSong& song, QBAlbum& album) {
 // ---- instruments
 
 void selectInstrument(QBInstrument& instrument) {
+  const platform::UndoGroup group(undoManager(), "Select Instrument");
   db().deselectAllInstruments();
   instrument.setActive(true);
   done("Instrument selected.");
 }
 
 QBInstrument* importInstrument(const std::string& file) {
+  const platform::UndoGroup group(undoManager(), "Import Instrument");
   const platform::Ref<QBInstrument> before = db().selectedInstrument();
   const std::size_t count = db().instruments().size();
   db().deselectAllInstruments();
@@ -132,6 +143,7 @@ std::string definitionOf(const QBInstrument& instrument) {
 }
 
 void renameInstrument(QBInstrument& instrument, const std::string& name) {
+  const platform::UndoGroup group(undoManager(), "Rename Instrument");
   if (name == instrument.name()) return;
   requireName(name, "An instrument");
   instrument.setName(name);
@@ -139,6 +151,7 @@ void renameInstrument(QBInstrument& instrument, const std::string& name) {
 }
 
 void deleteInstrument(QBInstrument& instrument) {
+  const platform::UndoGroup group(undoManager(), "Delete Instrument");
   const auto& all = db().instruments();
   if (all.size() < 2)
     throw EditRefused(instrument.name() + ": is the only instrument; import another one first");

@@ -16,9 +16,9 @@ class EditRefused : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// What a user does to albums, songs and instruments as a whole. Each edit saves the store, logs a
-// line, has the tree drawn anew, and throws EditRefused when it is not possible; nothing has
-// changed then.
+// What a user does to albums, songs and instruments as a whole. Each edit is an undoable
+// action, saves the store, logs a line, has the tree drawn anew, and throws EditRefused when it is
+// not possible; nothing has changed then.
 
 /// Under that name, or a free one like it.
 QBAlbum* newAlbum(const std::string& name);

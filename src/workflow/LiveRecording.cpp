@@ -20,6 +20,7 @@
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
 #include "platform/Files.h"
+#include "platform/persistence/UndoManager.h"
 #include "workflow/NewSong.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/TuningForNow.h"
@@ -59,6 +60,7 @@ class LiveRecording::Recorder final : public QBChordRecorder {
 
   QBChord* nextStep() override {
     const TuningForNow tuning(m_owner.m_tuning);
+    const platform::UndoStep part(m_owner.m_undo);
     QBChord* chord = nullptr;
     try {
       m_owner.requireSongs();
@@ -78,11 +80,16 @@ class LiveRecording::Recorder final : public QBChordRecorder {
 LiveRecording::LiveRecording(Options options) : m_options(std::move(options)) {}
 
 LiveRecording::~LiveRecording() {
+  const platform::UndoStep part(m_undo);
   if (m_state == State::recording) m_recorder->stop();
   if (m_state == State::hearing) dropPrecise();
+  m_made.reset();
 }
 
 void LiveRecording::start() {
+  m_undo = std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(), "Record");
+  m_undo->suspend();
+  const platform::UndoStep part(m_undo);
   try {
     make();
     m_recorder->start("", 0.0F);
@@ -90,6 +97,7 @@ void LiveRecording::start() {
     if (m_recorder) m_recorder->stop();
     if (m_take) m_take->removeFile();
     m_made.reset();
+    m_undo.reset();
     throw;
   }
   enter(State::recording);
@@ -181,6 +189,7 @@ void LiveRecording::hearPrecisely() {
 
 void LiveRecording::hearNext() {
   const TuningForNow tuning(m_tuning);
+  const platform::UndoStep part(m_undo);
   try {
     requireSongs();
     // Chords of what was heard before cost next to nothing.
@@ -234,12 +243,18 @@ void LiveRecording::fail(const std::exception& error) {
 }
 
 void LiveRecording::finish() {
-  dropPrecise();
-  m_made.reset();
+  dropScratch();
   if (m_song && m_song->isDeleted()) m_song = nullptr;
   m_takeStays = !m_options.keptTake.empty() || m_problem || (!m_song && !m_isHeard);
   if (!m_takeStays) m_take->removeFile();
   enter(State::over);
+}
+
+/// What is left is an action that can be undone.
+void LiveRecording::dropScratch() {
+  const platform::UndoStep part(std::exchange(m_undo, nullptr));
+  dropPrecise();
+  m_made.reset();
 }
 
 void LiveRecording::enter(State state) {

@@ -17,6 +17,9 @@
 
 namespace korvel {
 
+namespace platform {
+class UndoGroup;
+}
 class LiveTake;
 class NewSong;
 class QBChord;
@@ -113,6 +116,7 @@ class LiveRecording {
   void hearNext();
   void replaceLive();
   void dropPrecise();
+  void dropScratch();
   void finishHeard();
   void fail(const std::exception& error);
   void finish();
@@ -121,6 +125,7 @@ class LiveRecording {
   const Options m_options;
   State m_state = State::ready;
   Ending m_ending = Ending::asked;
+  std::shared_ptr<platform::UndoGroup> m_undo;  ///< From start to end.
   std::unique_ptr<NewSong> m_made;
   std::unique_ptr<LiveTake> m_take;
   platform::Ref<QBTuning> m_tuning;

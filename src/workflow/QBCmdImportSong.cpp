@@ -15,6 +15,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/persistence/UndoManager.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBSession.h"
 #include "workflow/TuningForNow.h"
@@ -49,7 +50,20 @@ void QBCmdImportSong::setDetection(ImportDetection detection, const precise::Set
   m_settings = settings;
 }
 
+void QBCmdImportSong::joinUndo(std::shared_ptr<platform::UndoGroup> group) {
+  m_undo = std::move(group);
+  m_undo->suspend();
+}
+
 void QBCmdImportSong::prepare() {
+  if (!m_undo)
+    joinUndo(std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
+                                                   "Import WAV File"));
+  begin();
+}
+
+void QBCmdImportSong::begin() {
+  const platform::UndoStep part(m_undo);
   m_tuning = QBTabMgr::db().selectedTuning();
   printOut("(1/3) importing file .....");
   if (m_detection == ImportDetection::precise)
@@ -83,30 +97,36 @@ void QBCmdImportSong::hearPrecisely() {
 QBSong* QBCmdImportSong::newSong() const { return m_newSong; }
 
 void QBCmdImportSong::execute() {
+  const platform::UndoStep part(m_undo);
   printOut(".. scanning chords.");
   while (!atEnd()) takeNextChord();
 }
 
 void QBCmdImportSong::nextStep() {
   const TuningForNow chosen(m_tuning);
+  bool more = false;
   try {
-    step();
+    more = step();
   } catch (...) {
     abandon();
+    m_undo.reset();
     throw;
   }
+  if (!more && m_recorder) stop();
 }
 
-void QBCmdImportSong::step() {
+/// Whether there was something to do.
+bool QBCmdImportSong::step() {
+  const platform::UndoStep part(m_undo);
   if (m_newSong->isDeleted()) {
     abandon();
-    return;
+    m_undo.reset();
+    return false;
   }
   decodeNextBlock();
-  if (atEnd())
-    stop();
-  else
-    takeChords();
+  if (atEnd()) return false;
+  takeChords();
+  return true;
 }
 
 /// The last block may still grow until the file is at its end.
@@ -126,7 +146,16 @@ void QBCmdImportSong::takeChords() {
 }
 
 void QBCmdImportSong::tearDown() {
+  finish();
+  m_undo.reset();
+  m_percent = kAll;
+  printOut("Song successfully imported.");
+  if (m_finished) m_finished();
+}
+
+void QBCmdImportSong::finish() {
   const TuningForNow chosen(m_tuning);
+  const platform::UndoStep part(m_undo);
   m_recorder->stopWithoutTimer();
   printOut("(3/3) building tabulature .....");
   try {
@@ -136,9 +165,6 @@ void QBCmdImportSong::tearDown() {
   }
   dropBuffers();
   if (m_saving) QBTabMgr::db().save();
-  m_percent = kAll;
-  printOut("Song successfully imported.");
-  if (m_finished) m_finished();
 }
 
 void QBCmdImportSong::stopAndKeep() {
@@ -158,6 +184,7 @@ void QBCmdImportSong::cancelAndDrop() {
 
 void QBCmdImportSong::abandon() {
   abandonSteps();
+  const platform::UndoStep part(m_undo);
   if (m_recorder) m_recorder->stopWithoutTimer();
   dropBuffers();
 }
@@ -178,9 +205,12 @@ void QBCmdImportSong::dropSong() {
   QBSession& session = QBSession::session();
   const platform::Ref<QBAlbum> album = m_source->album();
   if (session.activeSong() == m_newSong) session.setActiveSong(nullptr);
+  if (m_undo) m_undo->rollBack();
+  m_undo.reset();
   if (!m_newSong->isDeleted()) album->deleteSong(m_newSong);
   if (m_ownsAlbum && !album->isDeleted() && album->songs().empty())
     QBTabMgr::db().deleteAlbum(album);
+  QBTabMgr::db().loadAlbums();
 }
 
 bool QBCmdImportSong::atEnd() const { return !m_analyser || m_analyser->atEnd(); }

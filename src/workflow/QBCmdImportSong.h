@@ -11,6 +11,9 @@
 
 namespace korvel {
 
+namespace platform {
+class UndoGroup;
+}
 class QBChordAnalyser;
 class QBMediaTrack;
 class QBRecorder;
@@ -33,6 +36,11 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// The album was made for this import, and goes with the song when the import is dropped.
   void setOwnsAlbum(bool owns) { m_ownsAlbum = owns; }
 
+  /// The action that made the song and perhaps its album, which the import goes on with; before
+  /// `prepare`. Otherwise an action of its own begins there, "Import WAV File". It ends with the
+  /// import, and is suspended between two steps.
+  void joinUndo(std::shared_ptr<platform::UndoGroup> group);
+
   /// Opens the file; decodes all of it for the classic detection, unless stepped.
   void prepare() override;
   void execute() override;
@@ -42,7 +50,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void tearDown() override;
   /// What was not heard yet is left out; the precise detection still makes chords of the rest.
   void stopAndKeep() override;
-  /// Deletes the song.
+  /// Deletes the song; there is nothing to undo then.
   void cancelAndDrop() override;
   /// Type and name without a blank between them: the form that the job list shows.
   std::string fullTitle() const override { return m_type + m_name; }
@@ -56,13 +64,15 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void onFinished(std::function<void()> listener) { m_finished = std::move(listener); }
 
  private:
+  void begin();
   void hearBlocks();
   void hearPrecisely();
-  void step();
+  bool step();
   void decodeNextBlock();
   bool atEnd() const;
   bool takeNextChord();
   void takeChords();
+  void finish();
   void abandon();
   void dropBuffers();
   void dropSong();
@@ -80,6 +90,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   platform::Ref<QBSong> m_scratch;  ///< The recorder's.
   std::function<void(double)> m_listener;
   std::function<void()> m_finished;
+  std::shared_ptr<platform::UndoGroup> m_undo;
 };
 
 }  // namespace korvel

@@ -8,8 +8,11 @@
 #include <iostream>
 #include <typeinfo>
 
+#include "model/QBAlbum.h"
 #include "model/QBChord.h"
 #include "model/QBSong.h"
+#include "model/QBTabMgr.h"
+#include "platform/persistence/UndoManager.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCommand.h"
 #include "workflow/QBSongNode.h"
@@ -36,6 +39,8 @@ std::string exceptionText(std::string_view context, const std::exception& except
   text.append("DESCRIPTION: ").append(exception.what()).append(kLine);
   return text.append("DEBUG DESCRIPTION: ").append(name + ": " + exception.what());
 }
+
+platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
 
 std::string fatalText(std::string_view context, std::string_view error) {
   std::string text = "AN ERROR OCCURED IN CONTEXT: ";
@@ -109,6 +114,42 @@ void QBSession::sayGoodBye() {
   if (m_views.tab) m_views.tab->sayGoodBye();
 }
 
+// ---- saving and undoing
+
+void QBSession::saveIfAtOnce() {
+  if (m_savesAtOnce) QBTabMgr::db().save();
+}
+
+void QBSession::finish(std::string_view sentence) {
+  saveIfAtOnce();
+  addToLog(sentence);
+}
+
+bool QBSession::undo() {
+  const std::string name = undoManager().undoActionName();
+  if (!QBTabMgr::db().undo()) return false;
+  renewViews();
+  addToLog("Undo " + name);
+  return true;
+}
+
+bool QBSession::redo() {
+  const std::string name = undoManager().redoActionName();
+  if (!QBTabMgr::db().redo()) return false;
+  renewViews();
+  addToLog("Redo " + name);
+  return true;
+}
+
+void QBSession::renewViews() {
+  const QBSongNode* song = activeSongNode();
+  const QBAlbumNode* album = activeAlbumNode();
+  if ((song && song->song()->isDeleted()) || (album && album->album()->isDeleted()))
+    setActiveTreeNode(nullptr);
+  refreshTree();
+  if (m_song) setActiveSong(m_song->isDeleted() ? nullptr : m_song.get());
+}
+
 // ---- what the user works on
 
 void QBSession::refreshTree() {
@@ -146,8 +187,10 @@ void QBSession::setTabPosition(float fraction) {
 
 void QBSession::resetLoop() {
   if (m_song) {
+    const platform::UndoGroup group(undoManager(), "Reset Loop");
     m_song->setFromChord(nullptr);
     m_song->setToChord(nullptr);
+    saveIfAtOnce();
   }
   updateLoop();
   if (!m_views.tab) return;
@@ -156,7 +199,10 @@ void QBSession::resetLoop() {
 }
 
 void QBSession::selectChord(double x, double y) {
+  const auto group =
+      m_song ? std::make_unique<platform::UndoGroup>(undoManager(), "Set Loop") : nullptr;
   if (m_views.tab) m_views.tab->handleClick(x, y);
+  if (m_song) saveIfAtOnce();
   updateLoop();
 }
 

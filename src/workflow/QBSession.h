@@ -53,6 +53,20 @@ class QBSession final : public SessionServices {
   /// The main window closes.
   void sayGoodBye();
 
+  // Saving and undoing.
+  /// Whether what a command changes is saved by the time its sentence is logged, and a loop when it
+  /// is set. Unless told so, commands that only clone or delete leave it to the caller, and so does
+  /// the loop.
+  void setSavesAtOnce(bool saves) { m_savesAtOnce = saves; }
+  bool savesAtOnce() const { return m_savesAtOnce; }
+  /// Logs the sentence of something that is done.
+  void finish(std::string_view sentence);
+  /// Takes the latest action back, or does it again: saved, logged as "Undo" or "Redo" and its
+  /// name, tree and views renewed. An active song that is gone then is active no more. False, and
+  /// nothing happens, when there is no such action.
+  bool undo();
+  bool redo();
+
   // What the user works on.
   void refreshTree();
   /// Enables the menu that fits the node. The node must stay alive while it is active.
@@ -74,12 +88,15 @@ class QBSession final : public SessionServices {
  private:
   QBSession();
   void updateLoop();
+  void saveIfAtOnce();
+  void renewViews();
 
   SessionViews m_views;
   std::vector<std::shared_ptr<QBCommand>> m_jobs;
   platform::Ref<QBSong> m_song;
   float m_percent = 0.0F;
   QBTreeNode* m_activeTreeNode = nullptr;
+  bool m_savesAtOnce = false;
 };
 
 }  // namespace korvel

@@ -9,6 +9,7 @@
 #include "model/QBTabMgr.h"
 #include "platform/FileError.h"
 #include "platform/Files.h"
+#include "platform/persistence/UndoManager.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
@@ -17,6 +18,8 @@ namespace korvel {
 namespace {
 
 void printOut(std::string_view text) { QBSession::session().addToLog(text); }
+
+void finish(std::string_view sentence) { QBSession::session().finish(sentence); }
 
 /// Writing itself reports nothing, so what it left is read again.
 void requireWritten(const std::string& path, const std::string& text) {
@@ -43,6 +46,7 @@ bool QBSongNode::perform(std::string_view command) {
 
 bool QBSongNode::perform(const SongCommand& command) {
   const auto keep = shared_from_this();  // a deletion takes this node out of the tree
+  const platform::UndoGroup group(QBTabMgr::db().context().undoManager(), undoTitle(command));
   try {
     if (command.derive)
       derive(command);
@@ -59,7 +63,7 @@ void QBSongNode::derive(const SongCommand& command) {
   QBSong* made = command.derive(*m_song);
   addSongToParent(made);
   QBSession::session().setActiveSong(made);
-  printOut(command.message);
+  finish(command.message);
   QBTabMgr::db().save();
 }
 
@@ -79,12 +83,12 @@ void QBSongNode::extractChainStandard() {
   printOut("Applying filter chain.");
   QBSong* voices = m_song->extractMiddleVoices(kMiddleVoicesOfSix);
   addSongToParent(voices);
-  printOut("Leading Six Voices extracted.");
+  finish("Leading Six Voices extracted.");
   QBSong* left = voices->toLeftHand();
   addSongToParent(left);
-  printOut("Left Hand optimized.");
+  finish("Left Hand optimized.");
   addSongToParent(left->toRightHand());
-  printOut("Right Hand optimized.");
+  finish("Right Hand optimized.");
   QBTabMgr::db().save();
 }
 
@@ -104,7 +108,7 @@ void QBSongNode::copySong() {
   addSongToParent(copy);
   QBSession::session().setActiveSong(copy);
   copy->buildTab();
-  printOut("Song was successfully cloned.");
+  finish("Song was successfully cloned.");
 }
 
 void QBSongNode::deleteSong() {
@@ -113,7 +117,7 @@ void QBSongNode::deleteSong() {
   if (const auto parent = m_parent.lock()) parent->removeChild(*this);
   m_song->requireAlbum().deleteSong(m_song);
   session.refreshTree();
-  printOut("Song was successfully deleted.");
+  finish("Song was successfully deleted.");
 }
 
 }  // namespace korvel

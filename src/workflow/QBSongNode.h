@@ -18,7 +18,8 @@ class QBSong;
 ///
 /// A command that derives a song hangs the new one beside this, makes it the active song, logs its
 /// sentence and saves the store. What goes wrong is reported through the session under the
-/// command's name; a song that was made by then stays. Nodes are kept by shared pointers.
+/// command's name; a song that was made by then stays. Each command is one undoable action. Nodes
+/// are kept by shared pointers.
 class QBSongNode final : public QBTreeNode, public std::enable_shared_from_this<QBSongNode> {
  public:
   QBSongNode(QBSong* song, std::weak_ptr<QBAlbumNode> parent);

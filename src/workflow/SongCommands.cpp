@@ -200,16 +200,16 @@ constexpr SongCommand kPlain[] = {
 constexpr SongMenuSection kMenu[] = {
     {"Apply Standard Filters", kStandard},
     {"Apply Plectrum Filters", kPlectrum},
-    {"Apply Rhythmn Filters", kRhythm},
+    {"Apply Rhythmn Filters", kRhythm, "Apply "},
     {},
-    {"Extract Voices", kVoices},
-    {"Extract Loudest Voices", kLoudest},
+    {"Extract Voices", kVoices, "Extract "},
+    {"Extract Loudest Voices", kLoudest, "Extract "},
     {},
-    {"Remove Options", kOptions},
+    {"Remove Options", kOptions, "Remove "},
     {"Remove Voices", kRemovedVoices},
     {},
-    {"Transpose Up By", kUp},
-    {"Transpose Down By", kDown},
+    {"Transpose Up By", kUp, "Transpose Up By "},
+    {"Transpose Down By", kDown, "Transpose Down By "},
     {},
     {"", kPlain},
 };
@@ -225,6 +225,16 @@ const SongCommand* find(std::string_view SongCommand::*name, std::string_view wa
 }  // namespace
 
 std::span<const SongMenuSection> songMenu() { return kMenu; }
+
+std::string undoTitle(const SongCommand& command) {
+  for (const SongMenuSection& section : kMenu) {
+    const bool here =
+        &command >= section.items.data() && &command < section.items.data() + section.items.size();
+    if (here && !command.title.starts_with(section.verb))
+      return std::string(section.verb).append(command.title);
+  }
+  return std::string(command.title);
+}
 
 const SongCommand* findSongCommand(std::string_view command) {
   return find(&SongCommand::command, command);

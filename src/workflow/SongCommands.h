@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace korvel {
@@ -25,12 +26,17 @@ struct SongCommand {
 struct SongMenuSection {
   std::string_view title;
   std::span<const SongCommand> items;
+  /// Said before an item's title where that tells too little by itself.
+  std::string_view verb = "";
 
   bool isSeparator() const { return items.empty(); }
 };
 
 /// The menu of a song from top to bottom.
 std::span<const SongMenuSection> songMenu();
+
+/// The title of a command as it is undone: "Extract Melody" for the item "Melody".
+std::string undoTitle(const SongCommand& command);
 
 // The command of that name, or none.
 const SongCommand* findSongCommand(std::string_view command);

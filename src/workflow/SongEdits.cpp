@@ -5,11 +5,14 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/persistence/UndoManager.h"
 #include "workflow/QBSession.h"
 #include "workflow/TuningForNow.h"
 
 namespace korvel {
 namespace {
+
+platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
 
 void redrawAndSave(QBSong& song) {
   const TuningForNow chosen(song.tuning());
@@ -20,11 +23,13 @@ void redrawAndSave(QBSong& song) {
 }  // namespace
 
 void moveLoopEnd(QBSong& song, int chord) {
+  const platform::UndoGroup group(undoManager(), "Set Loop");
   song.setChordInLoop(song.allChords().at(static_cast<std::size_t>(chord)));
   redrawAndSave(song);
 }
 
 void clearLoop(QBSong& song) {
+  const platform::UndoGroup group(undoManager(), "Reset Loop");
   QBSession::session().resetLoop();
   redrawAndSave(song);
 }

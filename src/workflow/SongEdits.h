@@ -5,7 +5,8 @@ namespace korvel {
 
 class QBSong;
 
-// Small changes of a song as a whole, saved and with its tablature drawn anew.
+// Small changes of a song as a whole, each an undoable action, saved and with its tablature drawn
+// anew.
 
 /// The nearer end of the playback loop goes to the chord of that index in `allChords`.
 void moveLoopEnd(QBSong& song, int chord);

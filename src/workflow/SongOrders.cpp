@@ -22,10 +22,23 @@ void requireChords(const QBSong& song, const SongCommand& command) {
                       std::string(command.title) + "\" has nothing to do");
 }
 
+/// Nobody has to fear for what the log says is done.
+class SavedWhenLogged {
+ public:
+  SavedWhenLogged() { QBSession::session().setSavesAtOnce(true); }
+  SavedWhenLogged(const SavedWhenLogged&) = delete;
+  SavedWhenLogged& operator=(const SavedWhenLogged&) = delete;
+  ~SavedWhenLogged() { QBSession::session().setSavesAtOnce(m_before); }
+
+ private:
+  const bool m_before = QBSession::session().savesAtOnce();
+};
+
 template <class Order>
 auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
   requireChords(song, command);
   const TuningForNow chosen(song.tuning());
+  const SavedWhenLogged saved;
   const auto answer = order();
   QBTabMgr::db().save();
   return answer;

@@ -7,9 +7,9 @@ namespace korvel {
 
 class QBSongMenu;
 
-// Gives a song a command as a user means it: in the tuning that the song was made in, and saved at
-// its end, whatever the command itself does. Throws EditRefused for a song without chords, of which
-// nothing can be derived.
+// Gives a song a command as a user means it: in the tuning that the song was made in, and saved by
+// the time its sentence is logged, whatever the command itself does. Throws EditRefused for a song
+// without chords, of which nothing can be derived.
 
 /// Answers whether all went well; what did not was reported through the session.
 bool orderOf(QBSongNode& node, const SongCommand& command);

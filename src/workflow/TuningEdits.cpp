@@ -10,6 +10,7 @@
 #include "model/QBString.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/persistence/UndoManager.h"
 #include "workflow/LibraryEdits.h"
 #include "workflow/QBSession.h"
 
@@ -23,6 +24,8 @@ constexpr int kConcertA = 69;
 constexpr double kHertzOfConcertA = 440;
 
 QBTabMgr& db() { return QBTabMgr::db(); }
+
+platform::UndoManager& undoManager() { return db().context().undoManager(); }
 
 void done(std::string_view line) {
   db().save();
@@ -98,11 +101,13 @@ void remove(QBTuning& tuning) {
 }  // namespace
 
 void selectTuning(QBTuning& tuning) {
+  const platform::UndoGroup group(undoManager(), "Select Tuning");
   db().selectTuning(&tuning);
   done("Tuning selected.");
 }
 
 void renameTuning(QBTuning& tuning, const std::string& name) {
+  const platform::UndoGroup group(undoManager(), "Rename Tuning");
   if (name == tuning.descr()) return;
   if (name.empty()) throw EditRefused("A tuning needs a name; type one");
   if (isTaken(name))
@@ -112,6 +117,7 @@ void renameTuning(QBTuning& tuning, const std::string& name) {
 }
 
 QBTuning* newTuning(KnownTuning from) {
+  const platform::UndoGroup group(undoManager(), "New Tuning");
   const auto make = [](const char* name, void (QBTuning::*strings)()) {
     QBTuning* tuning = db().createTuning(freeName(name), nextOrder());
     (tuning->*strings)();
@@ -140,6 +146,7 @@ PitchRange pitchRangeOf(int string) {
 // The order and the names of a tuning's strings are computed once, so another tuning is made
 // instead of changing this one.
 QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches) {
+  const platform::UndoGroup group(undoManager(), "Change Tuning");
   if (pitches == pitchesOf(tuning)) return &tuning;
   requirePlayable(pitches);
   requireUnused(tuning);

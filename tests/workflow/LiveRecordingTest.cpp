@@ -118,6 +118,10 @@ TEST_F(LiveRecordingTest, liveChordsAreStoredAndThenReplacedByTheHeardWhole) {
   EXPECT_NE(recording.song()->tabulature().find("\n        T"), std::string::npos);
   EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
   EXPECT_TRUE(takes().empty() && !recording.takeLeft());
+  EXPECT_TRUE(QBTabMgr::db().undo());
+  EXPECT_EQ(songs(), "") << "one action from start to end";
+  EXPECT_TRUE(QBTabMgr::db().redo());
+  EXPECT_EQ(songs(), "Live/T ");
 }
 
 TEST_F(LiveRecordingTest, classicLeavesTheLiveSongAndAKeptTakeHasSilenceForLostBlocks) {
