@@ -49,6 +49,7 @@ class QBChord final : public platform::ManagedObject {
   /// Root of the harmony, 0..11 with C = 0.
   int baseTone() const { return read(m_baseTone); }
   void setBaseTone(int value) { assign(m_baseTone, value); }
+  void clearBaseTone() { unset(m_baseTone); }
   bool hasBaseTone() const { return has(m_baseTone); }
   /// Index of the group of recurring chords.
   int groupNumber() const { return read(m_groupNumber); }

@@ -44,6 +44,7 @@ class QBSong final : public platform::ManagedObject {
   /// The text tablature as it was last built; unset before.
   const std::string& tabulature() const { return readOnDemand(m_tabulature); }
   void setTabulature(std::string value) { assign(m_tabulature, std::move(value)); }
+  void clearTabulature() { unset(m_tabulature); }
   bool hasTabulature() const { return hasOnDemand(m_tabulature); }
   const std::string& descr() const { return read(m_descr); }
   void setDescr(std::string value) { assign(m_descr, std::move(value)); }

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <stdexcept>
+#include <string_view>
+
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+
+class QBHarmony;
+
+/// A root, 0..11 with C = 0, and a declared chord type: what names a chord.
+struct ChordName {
+  int baseTone = 0;
+  platform::Ref<QBHarmony> harmony;
+};
+
+/// A text that names no chord. what() quotes it and says what would.
+class NoChordName : public std::invalid_argument {
+ public:
+  using std::invalid_argument::invalid_argument;
+};
+
+/// Reads "F#m7" or "Bb", with any of the spellings of a note and blanks around. The type is written
+/// as it is declared, or as players write it too: "min", "M7", "+". Throws NoChordName.
+ChordName parseChordName(std::string_view text);
+
+}  // namespace korvel
