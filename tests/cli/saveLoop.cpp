@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Saves one song of 300 chords after the other until it is killed: the victim of KillTest.
+// The victim of KillTest, at work until it is killed: saves one song of 300 chords after the other
+// or, with the word "edit", changes one such song in place and takes some changes back.
+#include <algorithm>
 #include <cstdlib>
+#include <random>
+#include <string>
 
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
@@ -8,19 +12,59 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTone.h"
+#include "workflow/SongEditor.h"
 
-int main(int argc, char** argv) {
-  using namespace korvel;
-  if (argc != 2) return EXIT_FAILURE;
-  QBTabMgr::setStorePath(argv[1]);
+namespace {
+
+using namespace korvel;
+
+constexpr int kChords = 300;
+
+QBSong* addSong(QBAlbum* album, const std::string& title) {
+  QBSong* song = album->createSong(title);
+  for (int chord = 0; chord < kChords; ++chord) {
+    QBHold* hold = song->createChord()->hold();
+    for (int string = 0; string < 6; ++string) hold->addTone(string, chord % 12, 1.0);
+  }
+  return song;
+}
+
+int saveSongs() {
   QBTabMgr& db = QBTabMgr::db();
   QBAlbum* album = db.createAlbum("Saved", false);
   for (int number = 0;; ++number) {
-    QBSong* song = album->createSong(std::to_string(number));
-    for (int chord = 0; chord < 300; ++chord) {
-      QBHold* hold = song->createChord()->hold();
-      for (int string = 0; string < 6; ++string) hold->addTone(string, chord % 12, 1.0);
-    }
+    addSong(album, std::to_string(number));
     if (!db.save()) return EXIT_FAILURE;
   }
+}
+
+QBSong* songToEdit() {
+  QBTabMgr& db = QBTabMgr::db();
+  if (QBAlbum* known = db.findAlbumByName("Edited")) return known->findSongByName("Song");
+  QBSong* song = addSong(db.createAlbum("Edited", false), "Song");
+  song->buildTab();
+  db.save();
+  return song;
+}
+
+int editSong() {
+  SongEditor editor(*songToEdit());
+  std::mt19937 random(std::random_device{}());
+  const auto chord = [&] { return static_cast<int>(random() % kChords); };
+  for (int number = 0;; ++number) {
+    editor.setFret(chord(), number % 6, number % 25);
+    const int at = chord();
+    editor.deleteChords(at, std::min(at + 2, kChords - 1));
+    QBTabMgr::db().undo();
+    editor.insertChordAfter(at);
+    editor.deleteChord(at);
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2 && argc != 3) return EXIT_FAILURE;
+  QBTabMgr::setStorePath(argv[1]);
+  return argc == 3 ? editSong() : saveSongs();
 }
