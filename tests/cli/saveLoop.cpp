@@ -48,13 +48,15 @@ QBSong* songToEdit() {
 }
 
 int editSong() {
-  SongEditor editor(*songToEdit());
+  QBSong& song = *songToEdit();
+  SongEditor editor(song);
   std::mt19937 random(std::random_device{}());
-  const auto chord = [&] { return static_cast<int>(random() % kChords); };
+  const auto count = [&] { return static_cast<int>(song.chords().size()); };
+  const auto chord = [&] { return static_cast<int>(random() % song.chords().size()); };
   for (int number = 0;; ++number) {
     editor.setFret(chord(), number % 6, number % 25);
     const int at = chord();
-    editor.deleteChords(at, std::min(at + 2, kChords - 1));
+    editor.deleteChords(at, std::min(at + 2, count() - 1));
     QBTabMgr::db().undo();
     editor.insertChordAfter(at);
     editor.deleteChord(at);
