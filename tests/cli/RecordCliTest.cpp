@@ -106,6 +106,17 @@ TEST_F(RecordCliTest, interruptedRecordingIsFinished) {
   EXPECT_TRUE(takes().empty());
 }
 
+TEST_F(RecordCliTest, outlivesItsTerminalWhenToldTo) {
+  std::vector<std::string> words = tool(
+      {"record", "--file", m_wav, "--title", "T", "--detection", "classic", "--seconds", "2.5"});
+  words.insert(words.begin(), "nohup");
+  test::Running recording(words);
+  awaitTake();
+  recording.hangUp();
+  EXPECT_EQ(recording.wait(), 0);
+  EXPECT_GE(json::parse(run({"dump", "T"}).out)["chords"].size(), 12U) << "of 14";
+}
+
 TEST_F(RecordCliTest, takeOfAKilledProgramIsToldOfAndCanBeImported) {
   test::Running recording(tool({"record", "--file", m_wav}));
   awaitTake();

@@ -24,6 +24,8 @@ class Running {
   void kill();
   /// As Ctrl-C does it.
   void interrupt();
+  /// As a terminal that is closed.
+  void hangUp();
   /// Exit status; -1 when a signal ended it.
   int wait();
 
