@@ -30,8 +30,8 @@ JobRow::JobRow(QBCommand& job, QWidget* parent)
   auto* row = new QHBoxLayout;
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(m_title);
+  column->addWidget(m_progress);
   column->addLayout(row);
-  row->addWidget(m_progress);
   row->addWidget(m_keep);
   row->addWidget(m_drop);
   update();

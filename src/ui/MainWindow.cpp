@@ -29,6 +29,7 @@
 #include "ui/SongMenu.h"
 #include "ui/Text.h"
 #include "ui/TreePanel.h"
+#include "ui/Wording.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/RollView.h"
 #include "ui/views/TablatureView.h"
@@ -285,7 +286,9 @@ void MainWindow::showImported(const QString& file, QBSong* song) {
     say(tr("%1 is imported").arg(name));
 }
 
-void MainWindow::say(const QString& text) { statusBar()->showMessage(text, kSayMilliseconds); }
+void MainWindow::say(const QString& text) {
+  statusBar()->showMessage(worded(text), kSayMilliseconds);
+}
 
 QString MainWindow::statusMessage() const { return statusBar()->currentMessage(); }
 

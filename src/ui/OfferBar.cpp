@@ -19,7 +19,9 @@ OfferBar::OfferBar(const QString& question, std::function<void()> accept, QWidge
   });
   connect(no, &QPushButton::clicked, this, &QObject::deleteLater);
   auto* row = new QHBoxLayout(this);
-  row->addWidget(new QLabel(question), 1);
+  auto* text = new QLabel(question);
+  text->setWordWrap(true);
+  row->addWidget(text, 1);
   row->addWidget(yes);
   row->addWidget(no);
 }

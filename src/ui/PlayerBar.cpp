@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QSlider>
 #include <QStyle>
+#include <QToolButton>
 
 #include "model/QBChord.h"
 #include "model/QBSong.h"
@@ -59,6 +60,10 @@ PlayerBar::PlayerBar(QWidget* parent)
     Preferences().setVolume(value);
     applyVolume();
   });
+  for (auto* button : findChildren<QToolButton*>()) {
+    button->setFocusPolicy(Qt::TabFocus);
+    if (button->text().isEmpty()) button->setAccessibleName(tr("More"));  // where the bar is narrow
+  }
   m_player.speedChanged();
   showPosition("  0");
   showLoop({});

@@ -18,6 +18,7 @@
 #include "tab/ChordSearch.h"
 #include "ui/Preferences.h"
 #include "ui/Text.h"
+#include "ui/Wording.h"
 #include "workflow/QBSession.h"
 
 namespace korvel::ui {
@@ -97,8 +98,9 @@ void RecordPanel::listDevices() {
       m_device->addItem(toText(name));
   } catch (const platform::AudioError& problem) {
     m_device->addItem(toText(platform::AudioSystem::kSystemDefault));
-    m_device->setToolTip(toText(problem.what()));
+    m_device->setToolTip(worded(toText(problem.what())));
   }
+  m_device->setItemText(0, worded(m_device->itemText(0)));
   m_device->setCurrentIndex(std::max(0, m_device->findText(Preferences().input())));
 }
 
@@ -168,8 +170,8 @@ void RecordPanel::conclude() {
   if (recording->ending() == LiveRecording::Ending::deviceLost)
     emit refused(tr("The sound device is gone, which ended the recording there"));
   if (recording->problem())
-    emit refused(
-        withTake(*recording, tr("Not all is stored: %1").arg(toText(*recording->problem()))));
+    emit refused(withTake(*recording,
+                          tr("Not all is stored: %1").arg(worded(toText(*recording->problem())))));
   else if (!recording->song())
     emit refused(withTake(*recording, tr("No tones were heard; nothing was stored")));
   if (recording->song()) emit recorded(recording->song());

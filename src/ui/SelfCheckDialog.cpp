@@ -8,12 +8,14 @@
 #include <QVBoxLayout>
 
 #include "ui/Text.h"
+#include "ui/Wording.h"
 #include "workflow/SelfCheck.h"
 
 namespace korvel::ui {
 namespace {
 
-constexpr QSize kSize(720, 300);
+constexpr int kColumns = 60;
+constexpr int kLines = 16;
 
 struct Outcome {
   bool good;
@@ -32,7 +34,8 @@ Outcome outcomeOf(const SelfCheck& check) {
 
 SelfCheckDialog::SelfCheckDialog(QWidget* parent) : QDialog(parent), m_results(new QTreeWidget) {
   setWindowTitle(tr("Self Check"));
-  resize(kSize);
+  const QFontMetrics metrics(font());
+  resize(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
   m_results->setHeaderLabels({tr("Part"), tr("Result")});
   m_results->setRootIsDecorated(false);
   m_results->setWordWrap(true);
@@ -53,8 +56,9 @@ void SelfCheckDialog::runNext() {
   const Outcome outcome = outcomeOf(check);
   const QString mark = outcome.good ? tr("✓ %1") : tr("✗ %1");
   const QString title = QCoreApplication::translate("SelfCheck", check.title.c_str());
-  new QTreeWidgetItem(m_results, {mark.arg(title), outcome.text});
+  new QTreeWidgetItem(m_results, {mark.arg(title), worded(outcome.text)});
   m_results->resizeColumnToContents(0);
+  m_results->doItemsLayout();  // the lines of the other column may break elsewhere now
   QTimer::singleShot(0, this, &SelfCheckDialog::runNext);
 }
 

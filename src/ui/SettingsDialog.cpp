@@ -24,6 +24,7 @@
 #include "platform/FileError.h"
 #include "ui/Preferences.h"
 #include "ui/Text.h"
+#include "ui/Wording.h"
 #include "workflow/LibraryEdits.h"
 
 namespace korvel::ui {
@@ -68,9 +69,10 @@ QComboBox* devices(std::vector<std::string> (platform::AudioSystem::*list)(),
     for (const std::string& name : (platform::AudioSystem::main().*list)())
       box->addItem(toText(name));
   } catch (const platform::AudioError& problem) {
-    box->setToolTip(toText(problem.what()));
+    box->setToolTip(worded(toText(problem.what())));
     box->addItem(toText(platform::AudioSystem::kSystemDefault));
   }
+  box->setItemText(0, worded(box->itemText(0)));
   if (!chosen.isEmpty() && box->findText(chosen) < 0) box->addItem(chosen);
   box->setCurrentIndex(std::max(0, box->findText(chosen)));
   return box;
@@ -216,7 +218,7 @@ void SettingsDialog::accept() {
   try {
     if (folder != QBTabMgr::db().selectedSettings()->workDir()) setWorkDirectory(folder);
   } catch (const platform::FileError& problem) {
-    QMessageBox::warning(this, windowTitle(), toText(problem.what()));
+    QMessageBox::warning(this, windowTitle(), worded(toText(problem.what())));
     return;
   }
   Preferences preferences;

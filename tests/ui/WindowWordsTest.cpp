@@ -11,6 +11,7 @@
 #include <QSettings>
 #include <QTranslator>
 
+#include "model/QBAlbum.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
 #include "platform/Resources.h"
@@ -22,6 +23,9 @@
 #include "ui/SelfCheckDialog.h"
 #include "ui/SettingsDialog.h"
 #include "ui/TuningDialog.h"
+#include "ui/Wording.h"
+#include "workflow/LibraryEdits.h"
+#include "workflow/SelfCheck.h"
 #include "workflow/SongCommands.h"
 
 namespace korvel::ui {
@@ -86,19 +90,48 @@ TEST_P(WindowWordsTest, everyControlHasANameForScreenReaders) {
 INSTANTIATE_TEST_SUITE_P(Languages, WindowWordsTest, testing::Values("en", "de"),
                          [](const auto& tested) { return std::string(tested.param); });
 
-/// Its titles come from a table that is not the window's.
-TEST(GermanTest, hasEveryTitleOfTheSongMenu) {
+/// They come from a table that is not the window's.
+TEST(GermanTest, hasEveryCommandOfSongs) {
   QTranslator german;
   const auto file = platform::Resources::ofProgram().locate("translations/korvel_de.qm");
   ASSERT_TRUE(file && german.load(QString::fromStdString(file->string())));
-  const auto has = [&](std::string_view title) {
-    return title.empty() || !german.translate("SongMenu", std::string(title).c_str()).isEmpty();
+  const auto has = [&](std::string_view title, const char* context = "SongMenu") {
+    return title.empty() || !german.translate(context, std::string(title).c_str()).isEmpty();
   };
   for (const SongMenuSection& section : songMenu()) {
     EXPECT_TRUE(has(section.title)) << section.title;
-    for (const SongCommand& command : section.items)
+    for (const SongCommand& command : section.items) {
       EXPECT_TRUE(has(command.title)) << command.title;
+      EXPECT_TRUE(has(undoTitle(command), "UndoAction")) << undoTitle(command);
+    }
   }
+}
+
+/// Lower layers word what they refuse and find in English.
+TEST(GermanTest, wordsWhatLowerLayersSay) {
+  const test::ScratchFolder folder;
+  QBTabMgr::clearDb();
+  QBTabMgr::setStorePath(folder.file("Korvel.sqlite"));
+  QBTabMgr::db().initializeData();
+  applyLanguages({"de"});
+  const auto said = [](const auto& act) {
+    try {
+      return QString::fromStdString(act());
+    } catch (const std::exception& problem) {
+      return QString::fromUtf8(problem.what());
+    }
+  };
+  for (const SelfCheck& check : selfChecks()) {
+    const QString line = said([&] { return check.run(); });
+    EXPECT_NE(worded(line), line) << line.toStdString();
+  }
+  EXPECT_EQ(worded(said([] { return newAlbum(" ")->name(); })),
+            "Ein Album braucht einen Namen; gib einen ein");
+  EXPECT_EQ(worded("50 % %2: there is a tuning of that name already; choose another name"),
+            "50 % %2: Eine Stimmung dieses Namens gibt es schon; wähle einen anderen Namen");
+  EXPECT_EQ(worded("Something else"), "Something else");
+  applyLanguages({"en"});
+  QBTabMgr::clearDb();
 }
 
 /// A desktop names all languages that its user understands, the best one first.

@@ -756,6 +756,137 @@
     </message>
 </context>
 <context>
+    <name>Wording</name>
+    <message>
+        <source>An album needs a name; type one</source>
+        <translation>Ein Album braucht einen Namen; gib einen ein</translation>
+    </message>
+    <message>
+        <source>A song needs a name; type one</source>
+        <translation>Ein Song braucht einen Titel; gib einen ein</translation>
+    </message>
+    <message>
+        <source>An instrument needs a name; type one</source>
+        <translation>Ein Instrument braucht einen Namen; gib einen ein</translation>
+    </message>
+    <message>
+        <source>A tuning needs a name; type one</source>
+        <translation>Eine Stimmung braucht einen Namen; gib einen ein</translation>
+    </message>
+    <message>
+        <source>%1: there is an album of that name already; choose another name</source>
+        <translation>%1: Ein Album dieses Namens gibt es schon; wähle einen anderen Namen</translation>
+    </message>
+    <message>
+        <source>%1: the album has a song of that title already; choose another title</source>
+        <translation>%1: Das Album hat schon einen Song dieses Titels; wähle einen anderen Titel</translation>
+    </message>
+    <message>
+        <source>%1: there is a tuning of that name already; choose another name</source>
+        <translation>%1: Eine Stimmung dieses Namens gibt es schon; wähle einen anderen Namen</translation>
+    </message>
+    <message>
+        <source>%1: the song has no chords, so there is nothing to export</source>
+        <translation>%1: Der Song hat keine Akkorde, also gibt es nichts zu exportieren</translation>
+    </message>
+    <message>
+        <source>%1: the song has no chords, so &quot;%2&quot; has nothing to do</source>
+        <translation>%1: Der Song hat keine Akkorde, also hat „%2“ nichts zu tun</translation>
+    </message>
+    <message>
+        <source>%1: is no instrument definition file; nothing was imported</source>
+        <translation>%1: ist keine Instrument-Definition; nichts wurde importiert</translation>
+    </message>
+    <message>
+        <source>%1: is the only instrument; import another one first</source>
+        <translation>%1: ist das einzige Instrument; importiere zuerst ein anderes</translation>
+    </message>
+    <message>
+        <source>String %1 cannot be tuned that far; choose a nearer note</source>
+        <translation>Saite %1 lässt sich nicht so weit stimmen; wähle einen näheren Ton</translation>
+    </message>
+    <message>
+        <source>String %1 must be higher than the string below it; choose another note</source>
+        <translation>Saite %1 muss höher klingen als die nächsttiefere; wähle einen anderen Ton</translation>
+    </message>
+    <message>
+        <source>%1: songs or instruments are written in it; make a new tuning and edit that</source>
+        <translation>%1: In ihr sind Songs oder Instrumente notiert; lege eine neue Stimmung an und ändere diese</translation>
+    </message>
+    <message>
+        <source>fret %1 is not within %2 to %3</source>
+        <translation>Bund %1 liegt nicht zwischen %2 und %3</translation>
+    </message>
+    <message>
+        <source>%1 is sound</source>
+        <translation>%1 ist unbeschädigt</translation>
+    </message>
+    <message>
+        <source>%1: the store is damaged (%2); restore a backup of it</source>
+        <translation>%1: Die Datenbank ist beschädigt (%2); spiele eine Sicherung zurück</translation>
+    </message>
+    <message>
+        <source>the demo recording is read</source>
+        <translation>die Beispielaufnahme lässt sich lesen</translation>
+    </message>
+    <message>
+        <source>the demo recording is missing; install Korvel again</source>
+        <translation>die Beispielaufnahme fehlt; installiere Korvel neu</translation>
+    </message>
+    <message>
+        <source>%1 cannot be decoded; install FFmpeg&apos;s libraries with Vorbis</source>
+        <translation>%1 lässt sich nicht dekodieren; installiere FFmpegs Bibliotheken mit Vorbis</translation>
+    </message>
+    <message>
+        <source>a tone of 110 Hz is found</source>
+        <translation>ein Ton von 110 Hz wird gefunden</translation>
+    </message>
+    <message>
+        <source>a tone of 110 Hz is not found; install FFTW&apos;s libraries again</source>
+        <translation>ein Ton von 110 Hz wird nicht gefunden; installiere die Bibliotheken von FFTW neu</translation>
+    </message>
+    <message>
+        <source>the open low E string is played with %1</source>
+        <translation>die leere tiefe E-Saite klingt mit %1</translation>
+    </message>
+    <message>
+        <source>%1: its guitar does not sound as it should; choose another SoundFont</source>
+        <translation>%1: Die Gitarre darin klingt nicht, wie sie soll; wähle einen anderen SoundFont</translation>
+    </message>
+    <message>
+        <source>%1 to play on, %2 to record from</source>
+        <translation>%1 zum Abspielen, %2 zum Aufnehmen</translation>
+    </message>
+    <message>
+        <source>no sound server can be reached and there is no sound card; start PipeWire, PulseAudio or JACK, or plug a device in</source>
+        <translation>kein Tonserver ist erreichbar, und es gibt keine Soundkarte; starte PipeWire, PulseAudio oder JACK, oder schließe ein Gerät an</translation>
+    </message>
+    <message>
+        <source>%1: the sound device cannot be opened; check that it is plugged in and that no other program keeps it</source>
+        <translation>%1: Das Tongerät lässt sich nicht öffnen; sieh nach, ob es angeschlossen ist und kein anderes Programm es belegt</translation>
+    </message>
+    <message>
+        <source>SoundFont: none was found to play with; install one (apt install timgm6mb-soundfont) or choose a file</source>
+        <translation>SoundFont: Zum Abspielen war keiner zu finden; installiere einen (apt install timgm6mb-soundfont) oder wähle eine Datei</translation>
+    </message>
+    <message>
+        <source>%1: cannot be played: it is a damaged SoundFont</source>
+        <translation>%1: kann nicht klingen: Der SoundFont ist beschädigt</translation>
+    </message>
+    <message>
+        <source>%1: cannot read: %2</source>
+        <translation>%1: lässt sich nicht lesen: %2</translation>
+    </message>
+    <message>
+        <source>%1: cannot write: %2</source>
+        <translation>%1: lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>System default</source>
+        <translation>Standardgerät</translation>
+    </message>
+</context>
+<context>
     <name>korvel::ui::AlbumMenu</name>
     <message>
         <source>&amp;Album</source>
@@ -1337,6 +1468,10 @@
         <source>Loop %1–%2</source>
         <translation>Loop %1–%2</translation>
     </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::RecordPanel</name>
@@ -1544,7 +1679,7 @@
     </message>
     <message>
         <source>One that the system has</source>
-        <translation>Eine, die das System hat</translation>
+        <translation>Einer, den das System hat</translation>
     </message>
     <message>
         <source>&amp;Play on</source>
