@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
+#include <QTimer>
 #include <array>
 #include <filesystem>
 
@@ -181,8 +182,10 @@ void LibraryActions::importFile(const QString& file, QBAlbum* into) {
                      .arg(QFileInfo(file).fileName()));
     return;
   }
-  job->onFinished(
-      [this, file, song = platform::Ref<QBSong>(job->newSong())] { emit imported(file, song); });
+  // Showing the song is a step of its own: the last one of the import is long enough.
+  job->onFinished([this, file, song = platform::Ref<QBSong>(job->newSong())] {
+    QTimer::singleShot(0, this, [this, file, song] { emit imported(file, song); });
+  });
   emit importStarted(file);
 }
 

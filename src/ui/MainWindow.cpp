@@ -16,6 +16,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "ui/AlbumMenu.h"
+#include "ui/EditMenu.h"
 #include "ui/FindBar.h"
 #include "ui/HelpWindow.h"
 #include "ui/JobPanel.h"
@@ -58,6 +59,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_player(new PlayerBar),
       m_record(new RecordPanel),
       m_help(new HelpWindow(this)),
+      m_editMenu(new EditMenu(*m_tablature, *m_fretboard, this)),
       m_songMenu(new SongMenu(this)),
       m_albumMenu(new AlbumMenu(*m_actions, this)),
       m_place(new QLabel) {
@@ -107,6 +109,8 @@ void MainWindow::connectViews() {
   connect(m_tablature, &TablatureView::cursorMoved, this, &MainWindow::showCursor);
   connect(m_tablature, &TablatureView::zoomChanged, this,
           [](int percent) { Preferences().setZoom(percent); });
+  connect(m_editMenu, &EditMenu::edited, this, &MainWindow::refreshViews);
+  connect(m_editMenu, &EditMenu::refused, this, &MainWindow::say);
   connect(m_roll, &RollView::chordChosen, this,
           [this](int chord) { m_tablature->moveCursor(chord, m_tablature->cursorString()); });
 }
@@ -165,6 +169,7 @@ void MainWindow::attachViews(FatalAlert& alert) {
   views.savePanel = &m_savePanel;
   views.alert = &alert;
   QBSession::session().attach(views);
+  QBSession::session().setSavesAtOnce(true);
 }
 
 void MainWindow::restoreLayout() {
@@ -240,6 +245,7 @@ void MainWindow::setActiveSong(QBSong* song) {
   m_tree->showSong(song);
   m_fretboard->setSong(song);
   m_roll->setSong(song);
+  m_editMenu->setSong(song);
   showCursor(m_tablature->cursorChord());
 }
 
@@ -252,6 +258,7 @@ void MainWindow::showCursor(int chord) {
 /// The chord that is heard, or the one under the cursor when none is.
 void MainWindow::showPlaying() {
   const int chord = m_player->isPlaying() ? m_tablature->playingChord() : -1;
+  m_editMenu->setLocked(m_player->isPlaying());
   m_roll->showPlaying(chord);
   m_fretboard->showChord(chord >= 0 ? chord : m_tablature->cursorChord());
 }
@@ -278,6 +285,7 @@ void MainWindow::chooseLoopEnd(int chord) {
 void MainWindow::showImported(const QString& file, QBSong* song) {
   rememberRunning();
   const QString name = QFileInfo(file).fileName();
+  if (song->isDeleted()) return;
   if (!song->hasTabulature())
     say(tr("%1: no tones were heard in it; is it a guitar alone, and loud enough?").arg(name));
   else if (!m_turnedToASong)

@@ -16,6 +16,7 @@ class QVBoxLayout;
 namespace korvel::ui {
 
 class AlbumMenu;
+class EditMenu;
 class FindBar;
 class FretboardView;
 class HelpWindow;
@@ -74,7 +75,7 @@ class MainWindow final : public QMainWindow, public SongView {
   // Menus.
   void addMenus();
   void addFileMenu();
-  void addEditMenu();
+  void completeEditMenu();
   void addViewMenu();
   void addHelpMenu();
   void listRecentFiles();
@@ -110,6 +111,7 @@ class MainWindow final : public QMainWindow, public SongView {
   PlayerBar* m_player;
   RecordPanel* m_record;
   HelpWindow* m_help;
+  EditMenu* m_editMenu;
   SongMenu* m_songMenu;
   AlbumMenu* m_albumMenu;
   QMenu* m_recent = nullptr;

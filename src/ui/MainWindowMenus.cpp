@@ -10,6 +10,7 @@
 #include "model/QBTextLoader.h"
 #include "platform/FileError.h"
 #include "ui/AlbumMenu.h"
+#include "ui/EditMenu.h"
 #include "ui/FindBar.h"
 #include "ui/LibraryActions.h"
 #include "ui/MainWindow.h"
@@ -26,7 +27,7 @@ namespace korvel::ui {
 
 void MainWindow::addMenus() {
   addFileMenu();
-  addEditMenu();
+  completeEditMenu();
   menuBar()->addMenu(m_songMenu);
   menuBar()->addMenu(m_albumMenu);
   addViewMenu();
@@ -55,16 +56,12 @@ void MainWindow::addFileMenu() {
   });
 }
 
-void MainWindow::addEditMenu() {
-  QMenu* menu = menuBar()->addMenu(tr("&Edit"));
-  menu->addAction(tr("&Copy"), QKeySequence::Copy, m_tablature, &TablatureView::copy);
-  menu->addAction(tr("Select &All"), QKeySequence::SelectAll, m_tablature,
-                  &TablatureView::selectAll);
-  menu->addSeparator();
-  menu->addAction(tr("&Find Chord ..."), QKeySequence::Find, m_find, &FindBar::open);
-  menu->addAction(tr("Search &Library ..."), tr("Ctrl+L"), m_tree, &TreePanel::focusSearch);
-  menu->addSeparator();
-  menu->addAction(tr("Reset L&oop"), this, &MainWindow::resetLoop);
+void MainWindow::completeEditMenu() {
+  menuBar()->addMenu(m_editMenu);
+  m_editMenu->addSeparator();
+  m_editMenu->addAction(tr("&Find Chord ..."), QKeySequence::Find, m_find, &FindBar::open);
+  m_editMenu->addAction(tr("Search &Library ..."), tr("Ctrl+L"), m_tree, &TreePanel::focusSearch);
+  m_editMenu->addAction(tr("Reset L&oop"), this, &MainWindow::resetLoop);
 }
 
 void MainWindow::addViewMenu() {

@@ -24,6 +24,8 @@ namespace korvel {
 namespace {
 
 constexpr int kAll = 100;
+/// Saving all chords of a long recording at once would keep the user waiting.
+constexpr std::size_t kChordsOfSave = 200;
 
 /// Steps of many small parts end here, so that the user does not wait for them.
 class Deadline {
@@ -72,6 +74,8 @@ void QBCmdImportSong::begin() {
     hearBlocks();
   m_recorder->startWithoutTimer("Test", 0.0F);
   m_scratch = m_source->album()->songs().snapshot().back();
+  // What a killed program leaves in no album goes when the store is opened next.
+  if (m_saving) m_scratch->setAlbum(nullptr);
   printOut("(2/3) scanning chords .....");
 }
 
@@ -142,7 +146,13 @@ void QBCmdImportSong::decodeNextBlock() {
 /// Chords of what the precise detection has heard cost next to nothing.
 void QBCmdImportSong::takeChords() {
   const Deadline deadline;
-  while (takeNextChord() && m_detection == ImportDetection::precise && !deadline.isOver()) continue;
+  while (takeNextChord()) {
+    ++m_unsaved;
+    if (m_detection == ImportDetection::classic || deadline.isOver()) break;
+  }
+  if (!m_saving || m_unsaved < kChordsOfSave) return;
+  QBTabMgr::db().save();
+  m_unsaved = 0;
 }
 
 void QBCmdImportSong::tearDown() {

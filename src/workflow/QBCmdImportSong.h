@@ -31,7 +31,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// Before `prepare`. Classic is what is chosen otherwise, which needs no settings.
   void setDetection(ImportDetection detection, const precise::Settings& settings = {});
 
-  /// Saves the store before the last line of the log, for a front end that goes on meanwhile.
+  /// Saves the store now and then, and before the last line of the log, for a front end that goes
+  /// on meanwhile.
   void setSaving(bool saving) { m_saving = saving; }
   /// The album was made for this import, and goes with the song when the import is dropped.
   void setOwnsAlbum(bool owns) { m_ownsAlbum = owns; }
@@ -87,6 +88,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   std::shared_ptr<QBMediaTrack> m_decoding;  ///< While a stepped import decodes its file.
   std::shared_ptr<QBChordAnalyser> m_analyser;
   std::unique_ptr<QBRecorder> m_recorder;
+  std::size_t m_unsaved = 0;        ///< Chords.
   platform::Ref<QBSong> m_scratch;  ///< The recorder's.
   std::function<void(double)> m_listener;
   std::function<void()> m_finished;

@@ -11,16 +11,22 @@
 #include <optional>
 
 #include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
+#include "model/QBTone.h"
 #include "support/Guitar.h"
 #include "support/ScratchFolder.h"
+#include "support/StandardStore.h"
 #include "ui/AlertBox.h"
+#include "ui/EditMenu.h"
 #include "ui/JobPanel.h"
 #include "ui/LogPanel.h"
 #include "ui/Preferences.h"
 #include "ui/QtRunLoop.h"
 #include "ui/TreePanel.h"
+#include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/ImportDesk.h"
 #include "workflow/QBSession.h"
@@ -61,7 +67,7 @@ class MainWindowTest : public testing::Test {
   QAction* action(const QString& text, QMenu* menu = nullptr) {
     const auto actions = menu ? menu->actions() : m_window->menuBar()->actions();
     for (QAction* each : actions) {
-      if (each->text() == text) return each;
+      if (each->text().remove('&') == text) return each;
       if (QAction* found = each->menu() ? action(text, each->menu()) : nullptr) return found;
     }
     return nullptr;
@@ -85,7 +91,7 @@ TEST_F(MainWindowTest, droppedRecordingIsShownArrangedAndFoundAgain) {
   EXPECT_EQ(m_window->windowTitle(), "Workbench ..");
   EXPECT_FALSE(action("Melody")->isEnabled()) << "no song is selected";
   import();
-  ASSERT_NE(m_window->tablature().song(), nullptr);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return m_window->tablature().song() != nullptr; }));
   EXPECT_TRUE(log().endsWith("Song successfully imported."));
   EXPECT_TRUE(action("Melody")->isEnabled());
   EXPECT_FALSE(action("Export All As")->isEnabled()) << "no album is selected";
@@ -98,6 +104,31 @@ TEST_F(MainWindowTest, droppedRecordingIsShownArrangedAndFoundAgain) {
   m_window->openLastSong();
   ASSERT_NE(m_window->tablature().song(), nullptr);
   EXPECT_EQ(m_window->tablature().song()->title(), "Tune(Mld)");
+}
+
+TEST_F(MainWindowTest, tonesAreEditedByKeysAndOnTheFretboardAndUndone) {
+  import();
+  TablatureView& tablature = m_window->tablature();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return tablature.song() != nullptr; }));
+  QBSong& song = *tablature.song();
+  const std::string before = test::fretsOf(song);
+  tablature.moveCursor(0, 5);
+  QTest::keyClicks(&tablature, "12");
+  EXPECT_EQ(song.allChords().front()->hold()->findToneByString(5)->fret(), 12);
+  auto* fretboard = m_window->findChild<FretboardView*>();
+  QTest::mouseClick(fretboard, Qt::LeftButton, {}, fretboard->placeOf(5, 12));
+  EXPECT_EQ(song.allChords().front()->hold()->findToneByString(5), nullptr) << "was there already";
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges()) << "saved";
+  const auto undo = m_window->findChild<EditMenu*>()->actions().front();
+  undo->trigger();
+  EXPECT_TRUE(log().endsWith("Undo Remove Tone"));
+  undo->trigger();
+  EXPECT_EQ(test::fretsOf(song), before) << "both digits are one edit";
+  undo->trigger();
+  EXPECT_EQ(tablature.song(), nullptr) << "the import itself was undone";
+  EXPECT_EQ(titles(), "");
+  m_window->findChild<EditMenu*>()->actions().at(1)->trigger();
+  EXPECT_EQ(titles(), "Tune/Tune ");
 }
 
 TEST_F(MainWindowTest, jobIsDroppedByItsButton) {

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMenu>
+#include <functional>
+
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+class QBSong;
+class SongEditor;
+}  // namespace korvel
+
+namespace korvel::ui {
+
+class FretboardView;
+class TablatureView;
+
+/// Edits of the song that is shown, at the tablature's cursor, and undo and redo of everything.
+class EditMenu final : public QMenu {
+  Q_OBJECT
+
+ public:
+  /// Takes the edits that the views tell of, too; both outlive this.
+  EditMenu(TablatureView& tablature, FretboardView& fretboard, QWidget* parent = nullptr);
+
+  /// None takes the edits away, and so does one that is locked, as while it plays.
+  void setSong(QBSong* song);
+  void setLocked(bool locked);
+
+ signals:
+  /// The song is another one than the views show.
+  void edited();
+  /// One line with what to do.
+  void refused(const QString& text);
+
+ private:
+  void addUndo();
+  void addClipboard();
+  void addToneEdits();
+  void addChordEdits();
+  QAction* addEdit(const QString& title, const QKeySequence& keys,
+                   const std::function<void()>& act);
+  void connectViews(FretboardView& fretboard);
+  void attempt(const std::function<void(QBSong&)>& edit);
+  void nameChord();
+  void update();
+
+  TablatureView& m_tablature;
+  platform::Ref<QBSong> m_song;
+  bool m_locked = false;
+  QAction* m_undo = nullptr;
+  QAction* m_redo = nullptr;
+  QMenu* m_duration = nullptr;
+  QList<QAction*> m_edits;
+};
+
+}  // namespace korvel::ui
