@@ -18,12 +18,15 @@
 #include "platform/Files.h"
 #include "ui/Preferences.h"
 #include "ui/SongMenu.h"
+#include "ui/Synthesizers.h"
 #include "ui/Text.h"
 #include "ui/TuningDialog.h"
 #include "workflow/LibraryEdits.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
+#include "workflow/QBCmdRenderSong.h"
 #include "workflow/QBInstrumentNode.h"
+#include "workflow/QBSession.h"
 #include "workflow/QBSongNode.h"
 #include "workflow/QBTuningNode.h"
 #include "workflow/SongOrders.h"
@@ -197,15 +200,38 @@ void LibraryActions::exportSongFile(QBSong* song) {
   const platform::Ref<QBSong> kept = song;
   QStringList filters;
   for (const FormatName& format : kFormats) filters.append(filterOf(format));
+  filters.append(tr("Sound as it is played") + " (*.wav)");
   QString chosen = filters.first();
-  QString file =
+  const QString file =
       QFileDialog::getSaveFileName(m_window, tr("Export Song"), proposedPath(toText(song->title())),
                                    filters.join(";;"), &chosen);
   if (file.isEmpty()) return;
-  const SongFormat format = kFormats.at(static_cast<std::size_t>(filters.indexOf(chosen))).format;
-  if (QFileInfo(file).suffix().isEmpty()) file += extension(format);
   Preferences().setExportFolder(QFileInfo(file).absolutePath());
-  attempt([&] { exportSong(*kept, format, file.toStdString()); });
+  exportAs(*kept, file, static_cast<std::size_t>(filters.indexOf(chosen)));
+}
+
+/// format: index into kFormats, or one beyond for sound.
+void LibraryActions::exportAs(QBSong& song, const QString& file, std::size_t format) {
+  const bool sound = format >= kFormats.size();
+  const QString ending = sound ? QString(".wav") : extension(kFormats.at(format).format);
+  const QString path = QFileInfo(file).suffix().isEmpty() ? file + ending : file;
+  attempt([&] {
+    if (sound)
+      renderSong(song, path);
+    else
+      exportSong(song, kFormats.at(format).format, path.toStdString());
+  });
+}
+
+void LibraryActions::renderSong(QBSong& song, const QString& file) {
+  const auto job = std::make_shared<QBCmdRenderSong>(&song, file.toStdString(), newSynthesizer());
+  QBSession::session().addJob(job);
+  try {
+    job->runInBackground();
+  } catch (...) {
+    QBSession::session().removeJob(*job);
+    throw;
+  }
 }
 
 void LibraryActions::exportAll(QBAlbum& album, SongFormat format) {

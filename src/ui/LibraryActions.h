@@ -59,6 +59,8 @@ class LibraryActions final : public QObject {
   void fillTuningMenu(QMenu& menu, QBTuning& tuning);
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);
   void addRename(QMenu& menu, const QBTreeNode* node);
+  void exportAs(QBSong& song, const QString& file, std::size_t format);
+  static void renderSong(QBSong& song, const QString& file);
   void exportAll(QBAlbum& album, SongFormat format);
   void editStrings(QBTuning& tuning);
   void chooseInstrument();

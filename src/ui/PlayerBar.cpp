@@ -9,9 +9,8 @@
 #include "model/QBChord.h"
 #include "model/QBSong.h"
 #include "model/QBTuning.h"
-#include "platform/FluidSynthesizer.h"
-#include "platform/SoundFonts.h"
 #include "ui/Preferences.h"
+#include "ui/Synthesizers.h"
 #include "ui/Text.h"
 #include "workflow/QBSession.h"
 #include "workflow/TuningForNow.h"
@@ -21,15 +20,6 @@ namespace {
 
 constexpr int kAll = 100;
 constexpr int kSliderWidth = 12;  // in letters
-
-std::unique_ptr<platform::Synthesizer> newSynthesizer(const QString& soundFont) {
-  std::optional<std::filesystem::path> chosen;
-  if (!soundFont.isEmpty()) chosen = soundFont.toStdString();
-  const platform::SoundFonts fonts(platform::SoundFonts::Folders::ofMachine());
-  const std::vector programs{QBMIDIPlayer::kProgram};
-  return std::make_unique<platform::FluidSynthesizer>(fonts.find(chosen, QBMIDIPlayer::kProgram),
-                                                      programs);
-}
 
 }  // namespace
 
@@ -100,9 +90,8 @@ void PlayerBar::toggle() { isPlaying() ? stop() : play(); }
 
 std::unique_ptr<platform::MusicPlayer> PlayerBar::newPlayer() {
   const Preferences preferences;
-  auto player = std::make_unique<platform::MusicPlayer>(platform::AudioSystem::main(),
-                                                        preferences.output().toStdString(),
-                                                        newSynthesizer(preferences.soundFont()));
+  auto player = std::make_unique<platform::MusicPlayer>(
+      platform::AudioSystem::main(), preferences.output().toStdString(), newSynthesizer());
   m_sounding = player.get();
   applyVolume();
   return player;

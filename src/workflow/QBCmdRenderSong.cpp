@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/QBCmdRenderSong.h"
+
+#include "model/QBChord.h"
+#include "model/QBSong.h"
+#include "model/QBTuning.h"
+#include "platform/FileError.h"
+#include "platform/Synthesizer.h"
+#include "platform/WaveFileWriter.h"
+#include "playback/SongRenderer.h"
+#include "workflow/LibraryEdits.h"
+#include "workflow/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::size_t kSamplesOfStep = 32768;
+constexpr int kAll = 100;
+
+}  // namespace
+
+QBCmdRenderSong::QBCmdRenderSong(QBSong* song, std::filesystem::path file,
+                                 std::unique_ptr<platform::Synthesizer> synthesizer)
+    : m_song(song), m_file(std::move(file)), m_synthesizer(std::move(synthesizer)) {
+  m_type = "WAV Export";
+  m_name = ": " + m_file.filename().string();
+}
+
+QBCmdRenderSong::~QBCmdRenderSong() = default;
+
+void QBCmdRenderSong::prepare() {
+  if (m_song->allChords().empty())
+    throw EditRefused(m_song->title() + ": the song has no chords, so there is nothing to export");
+  const TuningForNow chosen(m_song->tuning());
+  const double rate = m_song->tempoRate() > 0 ? static_cast<double>(m_song->tempoRate()) : 1.0;
+  m_renderer = std::make_unique<SongRenderer>(*m_song, std::nullopt, rate, *m_synthesizer);
+  m_writer = std::make_unique<platform::WaveFileWriter>(m_file, platform::Synthesizer::kSampleRate,
+                                                        platform::Synthesizer::kChannels);
+  m_samples.resize(kSamplesOfStep);
+}
+
+void QBCmdRenderSong::execute() {
+  while (step()) continue;
+}
+
+void QBCmdRenderSong::nextStep() {
+  try {
+    if (!step()) stop();
+  } catch (const platform::FileError& problem) {
+    abandonSteps();
+    release();
+    printOut(problem.what());
+  }
+}
+
+bool QBCmdRenderSong::step() {
+  const auto rendered = m_renderer->next(m_samples);
+  if (rendered.empty()) return false;
+  m_writer->write(rendered);
+  m_percent = static_cast<int>(kAll * m_renderer->progress());
+  return true;
+}
+
+void QBCmdRenderSong::tearDown() {
+  m_writer->finish();
+  m_percent = kAll;
+  printOut(m_file.string());
+  release();
+}
+
+void QBCmdRenderSong::cancelAndDrop() {
+  abandonSteps();
+  release();
+  printOut(m_file.string() + ": cancelled, nothing was written.");
+}
+
+void QBCmdRenderSong::release() {
+  m_writer.reset();
+  m_renderer.reset();
+  m_synthesizer.reset();
+  m_samples = {};
+}
+
+}  // namespace korvel

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/QBCmdRenderSong.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "platform/FluidSynthesizer.h"
+#include "platform/PlainRunLoop.h"
+#include "playback/QBMIDIPlayer.h"
+#include "support/RecordingViews.h"
+#include "support/SoundFont.h"
+#include "support/StandardStore.h"
+#include "workflow/LibraryEdits.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+class QBCmdRenderSongTest : public testing::Test {
+ protected:
+  std::unique_ptr<QBCmdRenderSong> command(QBSong* song) {
+    return std::make_unique<QBCmdRenderSong>(
+        song, m_file,
+        std::make_unique<platform::FluidSynthesizer>(m_font, std::vector{QBMIDIPlayer::kProgram}));
+  }
+
+  test::StandardStore m_store;
+  test::RecordingViews m_views;
+  const std::string m_file = m_store.folder().file("song.wav");
+  const fs::path m_font = test::kSoundFont;
+};
+
+TEST_F(QBCmdRenderSongTest, fileAppearsWhenTheLastStepIsDone) {
+  QBSong* song = m_store.song("S");
+  for (int i = 0; i < 20; ++i) test::addChord(song, "x02210");
+  const auto render = command(song);
+  render->runInBackground();
+  platform::PlainRunLoop::ofProcess().runUntil([&] {
+    EXPECT_TRUE(!render->isRunning() || !fs::exists(m_file));
+    return !render->isRunning();
+  });
+  EXPECT_EQ(m_views.log, std::vector{m_file});
+  EXPECT_GT(fs::file_size(m_file), 20 * 0.37 * 44100 * 4);
+}
+
+TEST_F(QBCmdRenderSongTest, nothingIsWrittenThatIsCancelledOrHasNoChords) {
+  EXPECT_THROW(command(m_store.song("Empty"))->runInBackground(), EditRefused);
+  QBSong* song = m_store.song("S");
+  for (int i = 0; i < 20; ++i) test::addChord(song, "x02210");
+  const auto render = command(song);
+  render->runInBackground();
+  render->nextStep();
+  render->cancelAndDrop();
+  EXPECT_FALSE(render->isRunning());
+  EXPECT_FALSE(fs::exists(m_file));
+}
+
+}  // namespace
+}  // namespace korvel
