@@ -1235,6 +1235,10 @@
         <source>Export Instrument</source>
         <translation>Instrument exportieren</translation>
     </message>
+    <message>
+        <source>Sound as it is played</source>
+        <translation>Klang, wie er gespielt wird</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::LogPanel</name>
@@ -1336,18 +1340,6 @@
     <message>
         <source>&amp;Quit</source>
         <translation>&amp;Beenden</translation>
-    </message>
-    <message>
-        <source>&amp;Edit</source>
-        <translation>&amp;Bearbeiten</translation>
-    </message>
-    <message>
-        <source>&amp;Copy</source>
-        <translation>&amp;Kopieren</translation>
-    </message>
-    <message>
-        <source>Select &amp;All</source>
-        <translation>&amp;Alles auswählen</translation>
     </message>
     <message>
         <source>&amp;Find Chord ...</source>
