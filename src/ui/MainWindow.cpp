@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -42,7 +43,16 @@ namespace korvel::ui {
 namespace {
 
 constexpr int kSayMilliseconds = 15000;
-constexpr QSize kFirstSize(1280, 860);
+// Of the first window, in letters and lines.
+constexpr int kColumns = 106;
+constexpr int kLines = 60;
+constexpr double kMostOfScreen = 0.95;  // the frame takes some
+
+QSize firstSize(const QWidget& window) {
+  const QFontMetrics metrics(window.font());
+  const QSize wanted(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
+  return wanted.boundedTo(window.screen()->availableSize() * kMostOfScreen);
+}
 
 }  // namespace
 
@@ -130,7 +140,7 @@ void MainWindow::addPanels() {
   addToolBar(m_player);
   setDockNestingEnabled(true);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-  addPanel(tr("Library"), "library", m_tree, Qt::LeftDockWidgetArea);
+  QDockWidget* library = addPanel(tr("Library"), "library", m_tree, Qt::LeftDockWidgetArea);
   QDockWidget* roll = addPanel(tr("Roll"), "roll", m_roll, Qt::BottomDockWidgetArea);
   QDockWidget* neck = addPanel(tr("Fretboard"), "fretboard", m_fretboard, Qt::BottomDockWidgetArea);
   QDockWidget* log = addPanel(tr("Log"), "log", m_log, Qt::BottomDockWidgetArea);
@@ -141,8 +151,10 @@ void MainWindow::addPanels() {
   tabifyDockWidget(log, jobs);
   tabifyDockWidget(jobs, record);
   log->raise();
-  resizeDocks({neck, log}, {kFirstSize.width() / 2, kFirstSize.width() / 4}, Qt::Horizontal);
-  resizeDocks({roll, neck}, {kFirstSize.height() / 5, kFirstSize.height() / 4}, Qt::Vertical);
+  const QSize size = firstSize(*this);
+  resizeDocks({library}, {size.width() / 6}, Qt::Horizontal);
+  resizeDocks({neck, log}, {size.width() / 2, size.width() / 4}, Qt::Horizontal);
+  resizeDocks({roll, neck}, {size.height() / 5, size.height() / 4}, Qt::Vertical);
   connect(m_jobs, &JobPanel::jobAdded, jobs, &QWidget::raise);
 }
 
@@ -174,7 +186,7 @@ void MainWindow::attachViews(FatalAlert& alert) {
 
 void MainWindow::restoreLayout() {
   const Preferences preferences;
-  if (!restoreGeometry(preferences.windowGeometry())) resize(kFirstSize);
+  if (!restoreGeometry(preferences.windowGeometry())) resize(firstSize(*this));
   restoreState(preferences.windowState());
 }
 

@@ -3,6 +3,8 @@
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QScreen>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -14,7 +16,7 @@
 namespace korvel::ui {
 namespace {
 
-constexpr int kColumns = 60;
+constexpr int kColumns = 80;
 constexpr int kLines = 16;
 
 struct Outcome {
@@ -35,10 +37,12 @@ Outcome outcomeOf(const SelfCheck& check) {
 SelfCheckDialog::SelfCheckDialog(QWidget* parent) : QDialog(parent), m_results(new QTreeWidget) {
   setWindowTitle(tr("Self Check"));
   const QFontMetrics metrics(font());
-  resize(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
+  const QSize wanted(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
+  resize(wanted.boundedTo(screen()->availableSize()));
   m_results->setHeaderLabels({tr("Part"), tr("Result")});
   m_results->setRootIsDecorated(false);
-  m_results->setWordWrap(true);
+  m_results->header()->setStretchLastSection(false);
+  m_results->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   m_results->setAccessibleName(tr("Results of the self check"));
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -57,8 +61,6 @@ void SelfCheckDialog::runNext() {
   const QString mark = outcome.good ? tr("✓ %1") : tr("✗ %1");
   const QString title = QCoreApplication::translate("SelfCheck", check.title.c_str());
   new QTreeWidgetItem(m_results, {mark.arg(title), worded(outcome.text)});
-  m_results->resizeColumnToContents(0);
-  m_results->doItemsLayout();  // the lines of the other column may break elsewhere now
   QTimer::singleShot(0, this, &SelfCheckDialog::runNext);
 }
 
