@@ -38,8 +38,9 @@ constexpr std::array kDurations{
 
 platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
 
-QString shown(const std::string& action) {
-  return QCoreApplication::translate("UndoAction", action.c_str());
+QString titled(const QString& plain, const QString& named, const std::string& action) {
+  if (action.empty()) return plain;
+  return named.arg(QCoreApplication::translate("UndoAction", action.c_str()));
 }
 
 }  // namespace
@@ -110,7 +111,7 @@ void EditMenu::addChordEdits() {
   addEdit(tr("&Insert Chord After"), tr("Ins"), [this] {
     attempt([this](QBSong& song) { SongEditor(song).insertChordAfter(m_tablature.cursorChord()); });
   });
-  addEdit(tr("Delete &Chord"), tr("Ctrl+Del"), [this] {
+  addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] {
     attempt([this](QBSong& song) { SongEditor(song).deleteChord(m_tablature.cursorChord()); });
   });
 }
@@ -177,8 +178,8 @@ void EditMenu::update() {
   for (QAction* action : m_edits) action->setEnabled(editable);
   m_duration->setEnabled(editable);
   platform::UndoManager& manager = undoManager();
-  m_undo->setText(tr("&Undo %1").arg(shown(manager.undoActionName())).trimmed());
-  m_redo->setText(tr("&Redo %1").arg(shown(manager.redoActionName())).trimmed());
+  m_undo->setText(titled(tr("&Undo"), tr("&Undo %1"), manager.undoActionName()));
+  m_redo->setText(titled(tr("&Redo"), tr("&Redo %1"), manager.redoActionName()));
   if (!isVisible()) return;
   m_undo->setEnabled(manager.canUndo());
   m_redo->setEnabled(manager.canRedo());

@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QMenuBar>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTranslator>
@@ -56,6 +57,29 @@ std::string nameless(const QWidget& window) {
   return found;
 }
 
+/// Letters that two entries of the same menu answer to.
+std::string clashes(const QList<QAction*>& entries) {
+  std::string found;
+  QMap<QChar, QString> taken;
+  for (const QAction* each : entries) {
+    if (each->menu()) found += clashes(each->menu()->actions());
+    const QKeySequence key = QKeySequence::mnemonic(each->text());
+    if (key.isEmpty()) continue;
+    const QChar letter = key.toString().back();
+    if (taken.contains(letter))
+      found += (taken[letter] + " / " + each->text() + '\n').toStdString();
+    taken[letter] = each->text();
+  }
+  return found;
+}
+
+std::string withoutMnemonic(const QMenuBar& bar) {
+  std::string found;
+  for (const QAction* each : bar.actions())
+    if (QKeySequence::mnemonic(each->text()).isEmpty()) found += each->text().toStdString() + '\n';
+  return found;
+}
+
 class WindowWordsTest : public testing::TestWithParam<const char*> {
  protected:
   WindowWordsTest() {
@@ -85,6 +109,12 @@ TEST_P(WindowWordsTest, everyControlHasANameForScreenReaders) {
   EXPECT_EQ(nameless(settings), "");
   EXPECT_EQ(nameless(TuningDialog(*QBTabMgr::db().selectedTuning(), nullptr)), "");
   EXPECT_EQ(nameless(SelfCheckDialog(nullptr)), "");
+}
+
+TEST_P(WindowWordsTest, menusAreReachedByLettersOfTheirOwn) {
+  const MainWindow window(m_alert);
+  EXPECT_EQ(withoutMnemonic(*window.menuBar()), "");
+  EXPECT_EQ(clashes(window.menuBar()->actions()), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, WindowWordsTest, testing::Values("en", "de"),

@@ -1041,7 +1041,7 @@
         <translation>&amp;Wiederholen: %1</translation>
     </message>
     <message>
-        <source>Delete &amp;Chord</source>
+        <source>Delete C&amp;hord</source>
         <translation>Akkord &amp;löschen</translation>
     </message>
 </context>
