@@ -175,7 +175,7 @@ QWidget* SettingsDialog::detectionPage() {
   page->setObjectName("detection");
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Detection"), m_detection);
-  form->addRow(tr("&Sensitivity"), m_sensitivity);
+  form->addRow(tr("Se&nsitivity"), m_sensitivity);
   form->addRow(tr("&Played at"), place);
   form->addRow(tr("&Frets of the guitar"), m_frets);
   form->addRow(tr("&Capo at fret"), m_capo);

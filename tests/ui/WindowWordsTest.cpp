@@ -6,10 +6,13 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenuBar>
 #include <QScrollBar>
 #include <QSettings>
+#include <QTabWidget>
 #include <QTranslator>
 
 #include "model/QBAlbum.h"
@@ -57,20 +60,36 @@ std::string nameless(const QWidget& window) {
   return found;
 }
 
-/// Letters that two entries of the same menu answer to.
-std::string clashes(const QList<QAction*>& entries) {
+/// Letters that two texts beside each other answer to.
+std::string clashes(const QStringList& texts) {
   std::string found;
   QMap<QChar, QString> taken;
-  for (const QAction* each : entries) {
-    if (each->menu()) found += clashes(each->menu()->actions());
-    const QKeySequence key = QKeySequence::mnemonic(each->text());
+  for (const QString& each : texts) {
+    const QKeySequence key = QKeySequence::mnemonic(each);
     if (key.isEmpty()) continue;
     const QChar letter = key.toString().back();
-    if (taken.contains(letter))
-      found += (taken[letter] + " / " + each->text() + '\n').toStdString();
-    taken[letter] = each->text();
+    if (taken.contains(letter)) found += (taken[letter] + " / " + each + '\n').toStdString();
+    taken[letter] = each;
   }
   return found;
+}
+
+std::string clashes(const QList<QAction*>& entries) {
+  std::string found;
+  QStringList texts;
+  for (const QAction* each : entries) {
+    texts << each->text();
+    if (each->menu()) found += clashes(each->menu()->actions());
+  }
+  return found + clashes(texts);
+}
+
+QStringList textsOf(const QWidget& page) {
+  QStringList texts;
+  for (const QLabel* each : page.findChildren<QLabel*>())
+    if (each->buddy()) texts << each->text();
+  for (const QAbstractButton* each : page.findChildren<QAbstractButton*>()) texts << each->text();
+  return texts;
 }
 
 std::string withoutMnemonic(const QMenuBar& bar) {
@@ -115,6 +134,15 @@ TEST_P(WindowWordsTest, menusAreReachedByLettersOfTheirOwn) {
   const MainWindow window(m_alert);
   EXPECT_EQ(withoutMnemonic(*window.menuBar()), "");
   EXPECT_EQ(clashes(window.menuBar()->actions()), "");
+}
+
+TEST_P(WindowWordsTest, settingsAreReachedByLettersOfTheirOwn) {
+  const SettingsDialog settings(nullptr);
+  const auto& pages = *settings.findChild<QTabWidget*>();
+  QStringList around = textsOf(*settings.findChild<QDialogButtonBox*>());
+  for (int i = 0; i < pages.count(); ++i) around << pages.tabText(i);
+  for (int i = 0; i < pages.count(); ++i)
+    EXPECT_EQ(clashes(around + textsOf(*pages.widget(i))), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, WindowWordsTest, testing::Values("en", "de"),

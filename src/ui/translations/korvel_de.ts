@@ -1057,7 +1057,7 @@
     </message>
     <message>
         <source>&amp;Next</source>
-        <translation>&amp;Nächster</translation>
+        <translation>Nä&amp;chster</translation>
     </message>
     <message>
         <source>Am7</source>
@@ -1595,7 +1595,7 @@
     </message>
     <message>
         <source>Tablature in a &amp;font of its own</source>
-        <translation>Eigene &amp;Schrift für die Tabulatur</translation>
+        <translation>Eigene S&amp;chrift für die Tabulatur</translation>
     </message>
     <message>
         <source>Font of the tablature</source>
@@ -1654,7 +1654,7 @@
         <translation>&amp;Erkennung</translation>
     </message>
     <message>
-        <source>&amp;Sensitivity</source>
+        <source>Se&amp;nsitivity</source>
         <translation>E&amp;mpfindlichkeit</translation>
     </message>
     <message>
@@ -1667,7 +1667,7 @@
     </message>
     <message>
         <source>&amp;Capo at fret</source>
-        <translation>Kap&amp;odaster im Bund</translation>
+        <translation>Ka&amp;podaster im Bund</translation>
     </message>
     <message>
         <source>One that the system has</source>
