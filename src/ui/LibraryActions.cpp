@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <array>
 #include <filesystem>
+#include <optional>
 
 #include "model/QBAlbum.h"
 #include "model/QBInstrument.h"
@@ -54,6 +55,17 @@ QString extension(SongFormat format) { return toText(extensionOf(format)); }
 /// As file dialogs have it: "MIDI file (*.mid)".
 QString filterOf(const FormatName& format) {
   return nameOf(format) + " (*" + extension(format.format) + ')';
+}
+
+QString endingOf(std::size_t format) {
+  return format < kFormats.size() ? extension(kFormats.at(format).format) : QString(".wav");
+}
+
+/// A name that ends on what the file shall be knows it better than the dialog's filter.
+std::optional<std::size_t> formatNamedBy(const QString& file) {
+  for (std::size_t format = 0; format <= kFormats.size(); ++format)
+    if (file.endsWith(endingOf(format), Qt::CaseInsensitive)) return format;
+  return std::nullopt;
 }
 
 QString proposedPath(const QString& title) {
@@ -212,11 +224,13 @@ void LibraryActions::exportSongFile(QBSong* song) {
 
 /// format: index into kFormats, or one beyond for sound.
 void LibraryActions::exportAs(QBSong& song, const QString& file, std::size_t format) {
-  const bool sound = format >= kFormats.size();
-  const QString ending = sound ? QString(".wav") : extension(kFormats.at(format).format);
-  const QString path = QFileInfo(file).suffix().isEmpty() ? file + ending : file;
+  QString path = file;
+  if (QFileInfo(file).suffix().isEmpty())
+    path += endingOf(format);
+  else
+    format = formatNamedBy(file).value_or(format);
   attempt([&] {
-    if (sound)
+    if (format >= kFormats.size())
       renderSong(song, path);
     else
       exportSong(song, kFormats.at(format).format, path.toStdString());

@@ -126,6 +126,7 @@ void PlayerBar::showLoop(const LoopRange& loop) {
 /// The tablature learns of the place right after this.
 void PlayerBar::showPosition(const std::string& percent) {
   m_position->setText(' ' + toText(percent) + " % ");
+  m_position->setAccessibleDescription(m_position->text());
   QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);
 }
 
