@@ -11,6 +11,8 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
+SCREEN = Atspi.CoordType.SCREEN
+ENABLED = Atspi.StateType.ENABLED
 LONG = 60  # seconds that anything may take on a busy machine
 
 
@@ -52,7 +54,7 @@ def showing(node):
 
 
 def centre(node):
-    box = node.get_extents(Atspi.CoordType.SCREEN)
+    box = node.get_extents(SCREEN)
     return box.x + box.width // 2, box.y + box.height // 2
 
 
@@ -140,6 +142,13 @@ class Window:
 
 def xdotool(*words):
     subprocess.run(["xdotool", *map(str, words)], check=True)
+
+
+def window_named(title):
+    """Its number; none while there is none."""
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}"],
+                           text=True, capture_output=True)
+    return found.stdout.split()[0] if found.stdout.strip() else None
 
 
 def drag(source, target):

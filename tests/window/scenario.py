@@ -13,7 +13,8 @@ import subprocess
 import sys
 import tempfile
 
-from desk import Window, centre, drag, screenshot, wait_for, xdotool
+from desk import (ENABLED, SCREEN, Window, centre, drag, screenshot, wait_for, window_named,
+                  xdotool)
 
 TITLE = "First Steps"
 
@@ -49,8 +50,11 @@ class Session:
 
     def song_cell(self, title):
         """The tree has an album of the song's name, too, which stands above it."""
-        cells = wait_for(f"{title!r} in the tree", lambda: self.window.all("table cell", title))
-        return cells[-1]
+        def cells():
+            return [cell for cell in self.window.all("table cell", title)
+                    if cell.get_name() == title]
+
+        return wait_for(f"{title!r} in the tree", cells)[-1]
 
     def select(self, title):
         xdotool("mousemove", *centre(self.song_cell(title)), "click", 1)
@@ -103,24 +107,88 @@ class Session:
                  lambda: len(self.window.all("table cell", TITLE + "(")) == 3)
         self.picture("3-arranged")
 
+    def play(self):
+        """Until the marker has moved, in a loop that clicks have marked."""
+        self.select(TITLE)
+        self.click_tablature(5, 0.35)
+        last = self.click_tablature(5, 0.5)
+        first = self.click_tablature(5, 0.2)
+        self.window.find("label", f"Loop {first}–{last}")
+        self.window.keys("space")
+        wait_for("the play position to move", lambda: self.position() > 0)
+        self.picture("4-playing")
+        self.window.keys("space")
+        wait_for("the player to stop", lambda: self.can_be_pressed("Play"))
+        self.window.press("push button", "Reset Loop")
+        self.window.find("label", "No loop")
+
+    def position(self):
+        return int(self.window.find("label", "Position").get_description().split()[0])
+
+    def can_be_pressed(self, button):
+        return self.window.find("push button", button).get_state_set().contains(ENABLED)
+
+    def click_tablature(self, row, share):
+        """Clicks into a row of the text; which chord stands there."""
+        box = self.window.find("text", "Tablature").get_extents(SCREEN)
+        xdotool("mousemove", box.x + int(box.width * share), box.y + row * 14, "click", 1)
+        return wait_for("a chord under the click", self.chord_at_cursor)
+
+    def chord_at_cursor(self):
+        return int(self.place().split()[1])
+
+    def place(self):
+        return self.window.text("Tablature")
+
+    def edit(self):
+        """A fret is put into the first chord, taken back, and put again."""
+        self.window.keys("ctrl+Home")
+        before = self.place()
+        self.window.keys("7")
+        wait_for("fret 7", lambda: "fret 7" in self.place())
+        self.window.keys("ctrl+z")
+        wait_for("the fret before", lambda: self.place() == before)
+        self.window.keys("ctrl+shift+z")
+        wait_for("fret 7 again", lambda: "fret 7" in self.place())
+        self.picture("5-edited")
+
+    def export(self):
+        for suffix, begin in (("txt", b""), ("musicxml", b"<?xml"), ("mid", b"MThd"),
+                              ("wav", b"RIFF")):
+            file = self.home / f"handed-on.{suffix}"
+            self.window.keys("ctrl+e")
+            self.window.find("text", "File name")
+            self.window.type(str(file))
+            self.window.keys("Return")
+            wait_for(file.name, file.exists)
+            if not file.read_bytes().startswith(begin):
+                raise AssertionError(f"{file.name} is something else")
+        self.picture("6-exported")
+
 
     def end(self):
         if self.window.close() != 0:
             raise AssertionError("the window did not end well")
 
     def expect_stored(self):
-        expected = [f"{TITLE}/{TITLE}{tags}" for tags in ("", "(Mld)", "(Mld)(4_4)",
-                                                          "(Mld)(4_4)(Psh)")]
+        expected = [f"{TITLE}/{TITLE}{tags}" for tags in ("", "(Mld)", "(4_4)", "(Psh)")]
         if self.songs() != expected:
             raise AssertionError(f"stored are {self.songs()}")
+        tones = self.dump(f"{TITLE}/{TITLE}")["chords"][0]["tones"]
+        if 7 not in [tone["fret"] for tone in tones]:
+            raise AssertionError(f"the edit is not stored: {tones}")
+
+    def expect_as_left(self):
+        """The next start: the same songs, the last one open."""
+        self.song_cell(TITLE + "(Mld)")
+        wait_for("the song that was open", lambda: "Chord 1 of 40, F#m7" in self.place())
+        self.picture("7-started-again")
 
 
 def place_of_window(title):
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
-                           text=True, capture_output=True)
-    if not found.stdout.strip():
+    window = window_named(title)
+    if not window:
         return None
-    window = found.stdout.split()[0]
     shape = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], text=True,
                            capture_output=True, check=True)
     values = dict(line.split("=") for line in shape.stdout.split())
@@ -135,8 +203,14 @@ def main():
         session.start()
         session.import_by_drag_and_drop()
         session.arrange()
+        session.play()
+        session.edit()
+        session.export()
         session.end()
         session.expect_stored()
+        session.start()
+        session.expect_as_left()
+        session.end()
     except AssertionError:
         session.picture("failed")
         raise
