@@ -27,6 +27,7 @@ bool isListed(const QBCommand& job) {
 JobPanel::JobPanel(QWidget* parent) : QScrollArea(parent) {
   auto* content = new QWidget;
   m_rows = new QVBoxLayout(content);
+  m_rows->setContentsMargins(0, 0, 0, 0);
   m_rows->addStretch();
   setWidget(content);
   setWidgetResizable(true);

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "ui/Text.h"
+#include "ui/Wording.h"
 #include "workflow/QBCommand.h"
 
 namespace korvel::ui {
@@ -15,7 +16,7 @@ namespace korvel::ui {
 JobRow::JobRow(QBCommand& job, QWidget* parent)
     : QWidget(parent),
       m_job(job),
-      m_title(new QLabel(toText(job.fullTitle()))),
+      m_title(new QLabel(worded(toText(job.fullTitle())))),
       m_progress(new QProgressBar),
       m_keep(new QPushButton(tr("Stop and keep"))),
       m_drop(new QPushButton(tr("Cancel and drop"))) {

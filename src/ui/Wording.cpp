@@ -52,6 +52,7 @@ constexpr const char* kLines[] = {
     QT_TRANSLATE_NOOP("Wording", "%1: cannot read: %2"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2"),
     QT_TRANSLATE_NOOP("Wording", "System default"),
+    QT_TRANSLATE_NOOP("Wording", "Song Import: %1"),
 };
 
 QRegularExpression matching(const char* line) {

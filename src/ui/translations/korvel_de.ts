@@ -885,6 +885,10 @@
         <source>System default</source>
         <translation>Standardgerät</translation>
     </message>
+    <message>
+        <source>Song Import: %1</source>
+        <translation>Import: %1</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
