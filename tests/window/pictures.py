@@ -10,7 +10,7 @@ import subprocess
 import sys
 import tempfile
 
-from desk import SCREEN, Window, wait_for, window_named, xdotool
+from desk import SCREEN, Window, centre, wait_for, window_named, xdotool
 
 TITLE = "First Steps"
 
@@ -40,12 +40,25 @@ class Pictures:
         subprocess.run(["import", "-window", window_named("Workbench"), "-strip",
                         str(self.folder / f"{name}.png")], check=True)
 
-    def importing(self):
+    def first_song(self):
         self.start(1, self.recording)
-        wait_for("the import", lambda: "(2/3)" in self.window.text("Log"))
-        self.window.click("page tab", "Jobs")
-        self.take("import")
         wait_for("the song", lambda: self.window.text("Tablature").startswith("Chord "))
+
+    def importing(self):
+        """Another recording, long enough to be seen while it is heard."""
+        long = self.settings.parent / "Evening Practice.ogg"
+        subprocess.run(["ffmpeg", "-v", "error", "-stream_loop", "150", "-i", self.recording, "-c",
+                        "copy", str(long)], check=True)
+        subprocess.run([self.program, str(long)], env=self.environment, check=True)
+        self.window.click("page tab", "Jobs")
+        wait_for("a part of the import", lambda: self.progress() > 5)
+        self.take("import")
+        newest = self.window.all("push button", "Cancel and drop")[0]
+        xdotool("mousemove", *centre(newest), "click", 1)
+        wait_for("the import to go", lambda: not self.window.has("table cell", "Evening"))
+
+    def progress(self):
+        return self.window.find("progress bar", "Progress of Song Import: Evening").get_current_value()
 
     def song(self, name):
         """A loop, and the cursor on a chord."""
@@ -74,8 +87,9 @@ def main():
     pictures = Pictures(prefix, recording, folder)
     pictures.folder.mkdir(parents=True, exist_ok=True)
     try:
-        pictures.importing()
+        pictures.first_song()
         pictures.song("song")
+        pictures.importing()
         pictures.end()
         pictures.start(2)
         pictures.song("dark")
