@@ -185,6 +185,33 @@ class Session:
         self.picture("7-started-again")
 
 
+    def survive_being_killed(self):
+        """In the middle of playing, of editing and of an import: the next start has a sound store."""
+        self.window.keys("space")
+        wait_for("the play position to move", lambda: self.position() > 0)
+        self.start_after_kill()
+        self.window.click("text", "Tablature")
+        for fret in "3579":
+            self.window.keys(fret)
+        self.start_after_kill()
+        self.import_without_end()
+        self.start_after_kill()
+        self.picture("8-after-a-kill")
+
+    def import_without_end(self):
+        long = self.home / "Evening.ogg"
+        subprocess.run(["ffmpeg", "-v", "error", "-stream_loop", "100", "-i", self.recording, "-c",
+                        "copy", str(long)], check=True)
+        subprocess.run([self.program, str(long)], env=self.environment, check=True)
+        wait_for("the import", lambda: "(2/3)" in self.log())
+
+    def start_after_kill(self):
+        self.window.kill()
+        subprocess.run([self.tool, "check"], env=self.environment, check=True)
+        self.start()
+        self.song_cell(TITLE)
+
+
 def place_of_window(title):
     window = window_named(title)
     if not window:
@@ -210,6 +237,7 @@ def main():
         session.expect_stored()
         session.start()
         session.expect_as_left()
+        session.survive_being_killed()
         session.end()
     except AssertionError:
         session.picture("failed")
