@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Import.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -12,7 +11,6 @@
 #include "export/SongJson.h"
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
-#include "model/QBHold.h"
 #include "model/QBInstrument.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
@@ -48,12 +46,6 @@ void hear(const ImportOptions& options, const std::string& file, const NewSong& 
   command->setDetection(options.detection, options.settings);
   QBSession::session().addJob(command);
   run(*command, options.stepped);
-}
-
-bool hasTones(const QBSong& song) {
-  return std::ranges::any_of(song.chords().snapshot(), [](const auto& chord) {
-    return chord->hold() && !chord->hold()->isEmpty();
-  });
 }
 
 platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,

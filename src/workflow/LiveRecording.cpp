@@ -43,12 +43,6 @@ std::string dateAndTime(const char* format) {
 
 fs::path folderOfTakes() { return platform::userDataFolder("korvel") / "takes"; }
 
-bool hasTones(const QBSong& song) {
-  return std::ranges::any_of(song.chords().snapshot(), [](const auto& chord) {
-    return chord->hold() && !chord->hold()->isEmpty();
-  });
-}
-
 }  // namespace
 
 /// Completes each chord as an import does, and tells of every step.

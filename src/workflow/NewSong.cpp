@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/NewSong.h"
 
+#include <algorithm>
+
 #include "model/QBAlbum.h"
+#include "model/QBChord.h"
+#include "model/QBHold.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "workflow/QBNameMgr.h"
@@ -23,6 +27,12 @@ NewSong::~NewSong() {
   if (m_kept) return;
   m_album->deleteSong(m_song);
   if (m_madeAlbum && m_album->songs().empty()) QBTabMgr::db().deleteAlbum(m_album);
+}
+
+bool hasTones(const QBSong& song) {
+  return std::ranges::any_of(song.chords().snapshot(), [](const auto& chord) {
+    return chord->hold() && !chord->hold()->isEmpty();
+  });
 }
 
 }  // namespace korvel

@@ -35,4 +35,7 @@ class NewSong {
   bool m_kept = false;
 };
 
+/// Whether anything was heard in the song: some chord has a tone.
+bool hasTones(const QBSong& song);
+
 }  // namespace korvel
