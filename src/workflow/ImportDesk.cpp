@@ -77,7 +77,8 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAl
 
 void ImportDesk::dropAll() {
   const QBSession& session = QBSession::session();
-  for (std::size_t i = 0; i < session.numberOfCurrentJobs(); ++i) {
+  // The later first: it may import into the album of one before.
+  for (std::size_t i = session.numberOfCurrentJobs(); i-- > 0;) {
     QBCommand& job = session.findJobByIndex(i);
     if (job.isRunning()) job.cancelAndDrop();
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/QBCmdImportSong.h"
 
+#include <algorithm>
 #include <chrono>
 #include <stdexcept>
 
@@ -36,6 +37,11 @@ class Deadline {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point m_end = Clock::now() + std::chrono::milliseconds(10);
 };
+
+bool hasOtherSongs(const QBAlbum& album, const QBSong* song) {
+  return std::ranges::any_of(album.songs().snapshot(),
+                             [song](const auto& each) { return each.get() != song; });
+}
 
 }  // namespace
 
@@ -211,11 +217,18 @@ void QBCmdImportSong::dropBuffers() {
   m_analyser.reset();
 }
 
+/// The album stays when the user has put other songs there meanwhile, and with it the action that
+/// made it: rolled back it would take their album from them.
 void QBCmdImportSong::dropSong() {
   QBSession& session = QBSession::session();
   const platform::Ref<QBAlbum> album = m_source->album();
   if (session.activeSong() == m_newSong) session.setActiveSong(nullptr);
-  if (m_undo) m_undo->rollBack();
+  if (m_ownsAlbum && hasOtherSongs(*album, m_newSong)) {
+    const platform::UndoStep part(m_undo);
+    if (!m_newSong->isDeleted()) album->deleteSong(m_newSong);
+  } else if (m_undo) {
+    m_undo->rollBack();
+  }
   m_undo.reset();
   if (!m_newSong->isDeleted()) album->deleteSong(m_newSong);
   if (m_ownsAlbum && !album->isDeleted() && album->songs().empty())

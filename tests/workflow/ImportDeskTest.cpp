@@ -8,9 +8,11 @@
 #include "support/RecordingViews.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
+#include "workflow/LibraryEdits.h"
 #include "workflow/LibraryTree.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
+#include "workflow/QBSession.h"
 
 namespace korvel {
 namespace {
@@ -91,6 +93,24 @@ TEST_F(ImportDeskTest, droppedImportLeavesNothing) {
     EXPECT_EQ(stored(entity), 0U) << entity;
   EXPECT_EQ(stored("QBSong"), songs);
   EXPECT_EQ(stored("QBAlbum"), albums);
+}
+
+TEST_F(ImportDeskTest, droppedImportLeavesSongsThatWereMovedToItsAlbum) {
+  QBAlbum* home = QBTabMgr::db().createAlbum("Home", false);
+  const platform::Ref<QBSong> moved = home->createSong("Waltz");
+  const auto import = start(ImportDetection::classic);
+  const auto into = start(ImportDetection::classic, import->newSong()->album());
+  const platform::Ref<QBAlbum> album = import->newSong()->album();
+  runUntil([&] { return into->newSong()->chords().size() == 3; });
+  moveSong(*moved, *album);
+  ImportDesk::dropAll();
+  EXPECT_EQ(moved->album(), album.get());
+  EXPECT_EQ(album->songs().size(), 1U);
+  QBSession::session().undo();
+  EXPECT_EQ(moved->album(), home);
+  QBSession::session().undo();
+  EXPECT_TRUE(album->isDeleted()) << "it came with the import";
+  EXPECT_EQ(stored("QBChord"), 0U);
 }
 
 TEST_F(ImportDeskTest, fileWithoutSoundIsReportedAndLeavesNothing) {
