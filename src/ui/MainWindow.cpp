@@ -85,6 +85,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
   attachViews(alert);
   applyPreferences();
   connect(m_actions, &LibraryActions::refused, this, &MainWindow::say);
+  connect(m_songMenu, &SongMenu::refused, this, &MainWindow::say);
   connect(m_actions, &LibraryActions::importStarted, this, [this](const QString& file) {
     Preferences().addRecentFile(file);
     rememberRunning();

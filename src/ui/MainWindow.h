@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 
 #include "platform/persistence/Ref.h"
 #include "ui/SaveFilePanel.h"
@@ -79,6 +80,8 @@ class MainWindow final : public QMainWindow, public SongView {
   void addViewMenu();
   void addHelpMenu();
   void listRecentFiles();
+  /// Does what needs a song that can be handed on.
+  void withSong(const std::function<void()>& act);
 
   // What they do.
   void showCursor(int chord);

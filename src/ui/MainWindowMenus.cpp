@@ -41,11 +41,13 @@ void MainWindow::addFileMenu() {
   m_recent = menu->addMenu(tr("Import &Recent"));
   menu->addAction(tr("&New Album"), QKeySequence::New, m_actions, &LibraryActions::createAlbum);
   menu->addSeparator();
-  QAction* save = menu->addAction(tr("&Export Song ..."), tr("Ctrl+E"), this,
-                                  [this] { m_actions->exportSongFile(m_song); });
-  QAction* pdf = menu->addAction(tr("Export as P&DF ..."), this, &MainWindow::exportPdf);
-  QAction* print =
-      menu->addAction(tr("&Print ..."), QKeySequence::Print, this, &MainWindow::printSong);
+  QAction* save = menu->addAction(tr("&Export Song ..."), tr("Ctrl+E"), this, [this] {
+    withSong([this] { m_actions->exportSongFile(m_song); });
+  });
+  QAction* pdf = menu->addAction(tr("Export as P&DF ..."), this,
+                                 [this] { withSong([this] { exportPdf(); }); });
+  QAction* print = menu->addAction(tr("&Print ..."), QKeySequence::Print, this,
+                                   [this] { withSong([this] { printSong(); }); });
   menu->addSeparator();
   menu->addAction(tr("&Settings ..."), tr("Ctrl+,"), this, [this] { changeSettings(); });
   menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
@@ -54,6 +56,17 @@ void MainWindow::addFileMenu() {
     for (QAction* action : {save, pdf, print})
       action->setEnabled(m_song && m_song->hasTabulature());
   });
+  // Their keys work whatever the menu said when it was open.
+  connect(menu, &QMenu::aboutToHide, this, [save, pdf, print] {
+    for (QAction* action : {save, pdf, print}) action->setEnabled(true);
+  });
+}
+
+void MainWindow::withSong(const std::function<void()>& act) {
+  if (m_song && m_song->hasTabulature())
+    act();
+  else
+    say(tr("Choose a song with chords first"));
 }
 
 void MainWindow::completeEditMenu() {

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 #include "ui/Text.h"
+#include "workflow/LibraryEdits.h"
 #include "workflow/SongOrders.h"
 
 namespace korvel::ui {
@@ -30,7 +31,13 @@ void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>&
 }
 
 SongMenu::SongMenu(QWidget* parent) : QMenu(tr("&Song"), parent) {
-  addSongCommands(*this, [this](const SongCommand& command) { orderByMenu(m_items, command); });
+  addSongCommands(*this, [this](const SongCommand& command) {
+    try {
+      orderByMenu(m_items, command);
+    } catch (const EditRefused& reason) {
+      emit refused(toText(reason.what()));
+    }
+  });
   enable(false);
 }
 

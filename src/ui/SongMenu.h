@@ -21,6 +21,9 @@ class SongMenu final : public QMenu, public NodeMenu {
 
   void enable(bool enabled) override;
 
+ signals:
+  void refused(const QString& reason);
+
  private:
   void setEnabledBelow(QMenu& menu, bool enabled);
 

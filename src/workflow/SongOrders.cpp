@@ -34,6 +34,12 @@ class SavedWhenLogged {
   const bool m_before = QBSession::session().savesAtOnce();
 };
 
+/// Views would go on showing, playing and editing a song that is nowhere any more.
+void leaveDeleted() {
+  QBSession& session = QBSession::session();
+  if (session.activeSong() && session.activeSong()->isDeleted()) session.setActiveSong(nullptr);
+}
+
 template <class Order>
 auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
   requireChords(song, command);
@@ -41,6 +47,7 @@ auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
   const SavedWhenLogged saved;
   const auto answer = order();
   QBTabMgr::db().save();
+  leaveDeleted();
   return answer;
 }
 

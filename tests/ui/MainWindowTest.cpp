@@ -131,6 +131,38 @@ TEST_F(MainWindowTest, tonesAreEditedByKeysAndOnTheFretboardAndUndone) {
   EXPECT_EQ(titles(), "Tune/Tune ");
 }
 
+TEST_F(MainWindowTest, keysOfTheFileMenuDoNothingWithoutASong) {
+  QAction* save = action("Export Song ...");
+  emit action("File")->menu()->aboutToShow();
+  EXPECT_FALSE(save->isEnabled());
+  emit action("File")->menu()->aboutToHide();
+  for (QAction* each : {save, action("Print ..."), action("Export as PDF ...")}) {
+    EXPECT_TRUE(each->isEnabled()) << "its key may find a song later";
+    each->trigger();
+    EXPECT_EQ(m_window->statusMessage(), "Choose a song with chords first");
+  }
+}
+
+TEST_F(MainWindowTest, deletedSongIsNotShownAnyMore) {
+  import();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return m_window->tablature().song() != nullptr; }));
+  m_window->tablature().moveCursor(0, 5);
+  action("Delete")->trigger();
+  EXPECT_EQ(m_window->tablature().song(), nullptr);
+  QTest::keyClicks(&m_window->tablature(), "7");
+  action("Undo Delete")->trigger();
+  EXPECT_EQ(titles(), "Tune/Tune ");
+}
+
+TEST_F(MainWindowTest, songMenuSaysWhyASongWithoutChordsIsLeftAlone) {
+  QBSong* song = QBTabMgr::db().createAlbum("Practice", false)->createSong("Blues");
+  QBSession::session().refreshTree();
+  m_window->tree().showSong(song);
+  ASSERT_TRUE(action("Melody")->isEnabled());
+  action("Melody")->trigger();
+  EXPECT_TRUE(m_window->statusMessage().startsWith("Blues: the song has no chords"));
+}
+
 TEST_F(MainWindowTest, jobIsDroppedByItsButton) {
   Preferences().setDetection(ImportDetection::classic, {});
   close();

@@ -1410,6 +1410,10 @@
         <comment>the page of help in the user&apos;s language</comment>
         <translation>index_de</translation>
     </message>
+    <message>
+        <source>Choose a song with chords first</source>
+        <translation>Wähle erst einen Song, der Akkorde hat</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
