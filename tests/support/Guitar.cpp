@@ -63,8 +63,9 @@ void writeWav(const std::string& file, const std::vector<std::int16_t>& samples,
   const auto bytes = samples.size() * 2;
   std::string wav = "RIFF" + littleEndian(36 + bytes, 4) + "WAVEfmt " + littleEndian(16, 4) +
                     littleEndian(1, 2) + littleEndian(channels, 2) + littleEndian(rate, 4) +
-                    littleEndian(rate * channels * 2, 4) + littleEndian(channels * 2, 2) +
-                    littleEndian(16, 2) + "data" + littleEndian(bytes, 4);
+                    littleEndian(std::int64_t{2} * rate * channels, 4) +
+                    littleEndian(channels * 2, 2) + littleEndian(16, 2) + "data" +
+                    littleEndian(bytes, 4);
   for (const std::int16_t sample : samples) wav += littleEndian(sample, 2);
   writeFile(file, wav);
 }
