@@ -3,12 +3,12 @@
 
 #include <QLabel>
 #include <QSlider>
-#include <QStyle>
 #include <QToolButton>
 
 #include "model/QBChord.h"
 #include "model/QBSong.h"
 #include "model/QBTuning.h"
+#include "ui/PlayerIcons.h"
 #include "ui/Preferences.h"
 #include "ui/Synthesizers.h"
 #include "ui/Text.h"
@@ -30,10 +30,8 @@ PlayerBar::PlayerBar(QWidget* parent)
       m_player(*this, [this] { return newPlayer(); }) {
   setObjectName("player");
   setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  m_play =
-      addAction(style()->standardIcon(QStyle::SP_MediaPlay), tr("Play"), this, &PlayerBar::play);
-  m_stop =
-      addAction(style()->standardIcon(QStyle::SP_MediaStop), tr("Stop"), this, &PlayerBar::stop);
+  m_play = addAction(playIcon(), tr("Play"), this, &PlayerBar::play);
+  m_stop = addAction(stopIcon(), tr("Stop"), this, &PlayerBar::stop);
   m_position->setAccessibleName(tr("Position"));
   addWidget(m_position);
   addSeparator();
