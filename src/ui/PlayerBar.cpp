@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QSlider>
 #include <QToolButton>
+#include <chrono>
 
 #include "model/QBChord.h"
 #include "model/QBSong.h"
@@ -20,6 +21,8 @@ namespace {
 
 constexpr int kAll = 100;
 constexpr int kSliderWidth = 12;  // in letters
+/// How late a loop may begin again whose end was passed over.
+constexpr std::chrono::milliseconds kWatch{50};
 
 }  // namespace
 
@@ -43,6 +46,8 @@ PlayerBar::PlayerBar(QWidget* parent)
   addWidget(m_percent);
   m_volume = addSlider(tr("Volume"), kAll, Preferences().volume());
   m_sound = addAction(tr("Sound ..."), this, &PlayerBar::settingsWanted);
+  m_watch.setInterval(kWatch);
+  connect(&m_watch, &QTimer::timeout, this, [this] { m_player.keepLooping(); });
   connect(m_speed, &QSlider::valueChanged, this, [this] { m_player.speedChanged(); });
   connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
     Preferences().setVolume(value);
@@ -104,10 +109,12 @@ void PlayerBar::applyVolume() {
 void PlayerBar::lockMIDI() {
   for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(false);
   m_stop->setEnabled(true);
+  m_watch.start();
 }
 
 void PlayerBar::unlockAll() {
   m_sounding = nullptr;
+  m_watch.stop();
   for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(true);
   m_stop->setEnabled(false);
   QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QTimer>
 #include <QToolBar>
 
 #include "workflow/QBPlayerViewController.h"
@@ -58,6 +59,7 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   QSlider* m_speed = nullptr;
   QSlider* m_volume = nullptr;
   platform::MusicPlayer* m_sounding = nullptr;  ///< The controller's, while it plays.
+  QTimer m_watch;                               ///< Runs while it plays.
   QBPlayerViewController m_player;
 };
 
