@@ -7,6 +7,10 @@ namespace korvel {
 /// value it is a sixteenth.
 inline constexpr double kSecondsOfChord = 0.37151927437641724;
 
+/// The time a step later. In single precision, so that times that are added up step by step are the
+/// same wherever they are.
+inline float stepAfter(float time) { return static_cast<float>(time + kSecondsOfChord); }
+
 inline constexpr int kSixteenthsOfQuarter = 4;
 inline constexpr int kSixteenthsOfWhole = 16;
 

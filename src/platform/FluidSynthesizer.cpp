@@ -17,6 +17,7 @@ namespace {
 /// of the General MIDI fonts that Debian has.
 constexpr double kGain = 2.0;
 constexpr std::size_t kFramesAtOnce = 512;
+constexpr int kPercussionBank = 128;
 constexpr int kNibble = 4;
 constexpr int kDataBits = 7;
 
@@ -59,6 +60,7 @@ struct FluidSynthesizer::Engine {
     if (font == FLUID_FAILED)
       throw SoundFontError(soundFont, "cannot be played: it is a damaged SoundFont");
     for (const int program : programs) fluid_synth_pin_preset(synth.get(), font, 0, program);
+    fluid_synth_pin_preset(synth.get(), font, kPercussionBank, 0);
   }
 
   /// Up to kFramesAtOnce.

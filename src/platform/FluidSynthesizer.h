@@ -13,8 +13,8 @@ namespace korvel::platform {
 /// multiple of 64 frames on, counted from the last silence.
 class FluidSynthesizer final : public Synthesizer {
  public:
-  /// programs: what shall be ready to play; a change to any other one loads its sounds first, which
-  /// takes a while. Throws SoundFontError.
+  /// programs: what shall be ready to play, as the percussion of channel 9 is; a change to any
+  /// other one loads its sounds first, which takes a while. Throws SoundFontError.
   FluidSynthesizer(const std::filesystem::path& soundFont, const std::vector<int>& programs);
   ~FluidSynthesizer() override;
 

@@ -9,6 +9,7 @@
 #include "model/QBHold.h"
 #include "model/QBSong.h"
 #include "model/QBTone.h"
+#include "playback/Metronome.h"
 
 namespace korvel {
 namespace {
@@ -20,8 +21,6 @@ constexpr double kSounding = 0.95;
 constexpr double kStepsOfUnsetTone = 2.0;
 constexpr int kHighestNote = 127;
 constexpr std::uint8_t kProgramChange = 0xC0;
-
-float stepAfter(float time) { return static_cast<float>(time + kSecondsOfChord); }
 
 double stepsOf(const QBTone& tone) {
   return tone.duration() == 0 ? kStepsOfUnsetTone : tone.duration();
@@ -90,6 +89,11 @@ void QBMIDIPlayer::scan(int from, int to) {
     if (from <= chord->position() && chord->position() <= to) playChord(*chord);
 }
 
+void QBMIDIPlayer::addMetronome(int from, int to) {
+  if (!m_clicks) m_clicks = &m_sequence.newTrack();
+  addClicks(*m_song, from, to, *m_clicks);
+}
+
 bool QBMIDIPlayer::changeProgram(int program) {
   return m_track && program >= 0 && program <= kHighestNote &&
          m_track->addChannelEvent(0.0, {kProgramChange, static_cast<std::uint8_t>(program), 0});
@@ -114,6 +118,7 @@ bool QBMIDIPlayer::start() {
 bool QBMIDIPlayer::stop() {
   if (m_player) m_player->stop();
   if (m_track) m_sequence.disposeTrack(*std::exchange(m_track, nullptr));
+  if (m_clicks) m_sequence.disposeTrack(*std::exchange(m_clicks, nullptr));
   return true;
 }
 

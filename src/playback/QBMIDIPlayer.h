@@ -39,6 +39,8 @@ class QBMIDIPlayer {
   void scanFull();
   /// Adds the chords of positions from..to, both included, one step after another.
   void scan(int from, int to);
+  /// Adds a track of clicks for the same chords; before it is started.
+  void addMetronome(int from, int to);
   bool repeatAsLoop() const { return m_loop; }
   /// At time 0.
   bool changeProgram(int program);
@@ -73,6 +75,7 @@ class QBMIDIPlayer {
   std::vector<platform::Ref<QBChord>> m_chords;
   platform::MusicSequence m_sequence;
   platform::MusicTrack* m_track;
+  platform::MusicTrack* m_clicks = nullptr;  ///< None without a metronome.
   std::unique_ptr<platform::MusicPlayer> m_player;
   int m_cursor = 0;
   float m_timestamp = 0;  ///< When the last chord was added, in beats.

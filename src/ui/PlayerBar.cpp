@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/PlayerBar.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QSlider>
 #include <QToolButton>
@@ -28,6 +29,7 @@ constexpr std::chrono::milliseconds kWatch{50};
 
 PlayerBar::PlayerBar(QWidget* parent)
     : QToolBar(tr("Player"), parent),
+      m_metronome(new QCheckBox(tr("Metronome"))),
       m_loop(new QLabel),
       m_position(new QLabel),
       m_player(*this, [this] { return newPlayer(); }) {
@@ -45,6 +47,7 @@ PlayerBar::PlayerBar(QWidget* parent)
   m_percent = new QLabel;
   addWidget(m_percent);
   m_volume = addSlider(tr("Volume"), kAll, Preferences().volume());
+  addMetronome();
   m_sound = addAction(tr("Sound ..."), this, &PlayerBar::settingsWanted);
   m_watch.setInterval(kWatch);
   connect(&m_watch, &QTimer::timeout, this, [this] { m_player.keepLooping(); });
@@ -78,6 +81,16 @@ QSlider* PlayerBar::addSlider(const QString& title, int most, int value) {
   return slider;
 }
 
+void PlayerBar::addMetronome() {
+  connect(m_metronome, &QCheckBox::toggled, this, [this](bool on) {
+    Preferences().setMetronome(on);
+    m_player.setMetronome(on);
+  });
+  m_metronome->setChecked(Preferences().metronome());
+  addSeparator();
+  addWidget(m_metronome);
+}
+
 // ---- what the user does
 
 void PlayerBar::play() {
@@ -106,17 +119,21 @@ void PlayerBar::applyVolume() {
 
 // ---- what the player shows
 
+void PlayerBar::setLocked(bool locked) {
+  for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(!locked);
+  m_metronome->setEnabled(!locked);
+  m_stop->setEnabled(locked);
+}
+
 void PlayerBar::lockMIDI() {
-  for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(false);
-  m_stop->setEnabled(true);
+  setLocked(true);
   m_watch.start();
 }
 
 void PlayerBar::unlockAll() {
   m_sounding = nullptr;
   m_watch.stop();
-  for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(true);
-  m_stop->setEnabled(false);
+  setLocked(false);
   QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);
 }
 

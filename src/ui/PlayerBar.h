@@ -6,6 +6,7 @@
 
 #include "workflow/QBPlayerViewController.h"
 
+class QCheckBox;
 class QLabel;
 class QSlider;
 
@@ -48,11 +49,14 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   QSlider* addSlider(const QString& title, int most, int value);
   std::unique_ptr<platform::MusicPlayer> newPlayer();
   void applyVolume();
+  void addMetronome();
+  void setLocked(bool locked);
 
   QAction* m_play;
   QAction* m_stop;
   QAction* m_resetLoop;
   QAction* m_sound;
+  QCheckBox* m_metronome;
   QLabel* m_loop;
   QLabel* m_position;
   QLabel* m_percent = nullptr;

@@ -47,6 +47,9 @@ class Preferences {
   /// Percent.
   int volume() const { return m_store.value("sound/volume", 100).toInt(); }
   void setVolume(int percent) { m_store.setValue("sound/volume", percent); }
+  /// Clicks are heard beside a song.
+  bool metronome() const { return m_store.value("sound/metronome").toBool(); }
+  void setMetronome(bool on) { m_store.setValue("sound/metronome", on); }
   /// File of the SoundFont; empty for one that is found.
   QString soundFont() const { return m_store.value("sound/soundFont").toString(); }
   void setSoundFont(const QString& file) { m_store.setValue("sound/soundFont", file); }

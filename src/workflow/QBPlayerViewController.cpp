@@ -55,6 +55,7 @@ void QBPlayerViewController::begin(QBSong& song) {
   m_to = song.toChord() ? song.toChord()->position() : static_cast<int>(song.allChords().size());
   m_midi = std::make_unique<QBMIDIPlayer>(song, m_newPlayer());
   m_midi->scan(m_from, m_to);
+  if (m_metronome) m_midi->addMetronome(m_from, m_to);
   m_timer = platform::RunLoop::main().scheduleRepeating(kSecondsOfChord, [this] { playHandler(); });
   if (!m_midi->start()) throw platform::AudioError(m_midi->problem());
   m_midi->setPlaybackRate(speedFraction());

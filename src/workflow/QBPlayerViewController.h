@@ -60,6 +60,8 @@ class QBPlayerViewController final : public PlayerView {
   /// who plays faster than was recorded and should call this now and then.
   void keepLooping();
 
+  /// Whether clicks on the beats are heard beside the song, from the next playing on.
+  void setMetronome(bool on) { m_metronome = on; }
   /// The slider has moved.
   void speedChanged();
   void updateLoop() override;
@@ -74,6 +76,7 @@ class QBPlayerViewController final : public PlayerView {
   NewPlayer m_newPlayer;
   platform::Ref<QBSong> m_song;
   int m_from = 0, m_to = 0;
+  bool m_metronome = false;
   std::unique_ptr<QBMIDIPlayer> m_midi;
   std::unique_ptr<platform::RunLoop::Timer> m_timer;
 };

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "model/ChordStep.h"
+#include "model/QBMeasure.h"
 #include "platform/FluidSynthesizer.h"
 #include "platform/WaveFileWriter.h"
 #include "playback/SongRenderer.h"
@@ -85,6 +86,40 @@ TEST_F(QBMIDIPlayerTest, aRangeStartsAtOneStep) {
   EXPECT_NEAR(events.back().time, 4 * kSecondsOfChord, kTolerance);
   EXPECT_FALSE(midi->playNote(0, 128, 1));
   EXPECT_FALSE(midi->playNote(0, -1, 1));
+}
+
+/// The last digits of the clicks' pitches from the third chord on, "." for a chord that has none
+/// and
+/// "?" for a click beside the chords.
+std::string clicksOf(QBSong& song) {
+  QBMIDIPlayer midi(song, nullptr);
+  midi.scan(3, 99);
+  midi.addMetronome(3, 99);
+  std::string text;
+  double last = 0;
+  for (const auto& event : midi.sequence().events()) {
+    const auto& note = std::get<MidiNoteMessage>(event.message);
+    if (event.time != last) text += note.channel == 0 ? '.' : '?';
+    if (event.time == last && note.channel == 9) text.back() = "0123456789"[note.note % 10];
+    last = event.time;
+  }
+  return text;
+}
+
+TEST_F(QBMIDIPlayerTest, theMetronomeClicksOnQuartersOrOnTheBeatsOfMeasures) {
+  addChords(12);
+  EXPECT_EQ(clicksOf(*m_song), "7...7...7.");
+  const auto chords = m_song->allChords();
+  int i = 0;
+  for (int bar = 0; bar < 2; ++bar) {
+    QBMeasure* measure = QBTabMgr::db().createMeasure(m_song, 3, 8);
+    for (int duration : {1, 1, 3, 1}) {
+      chords.at(static_cast<std::size_t>(i))->setDuration(duration);
+      measure->addChord(chords.at(static_cast<std::size_t>(i++)).get());
+    }
+  }
+  EXPECT_EQ(clicksOf(*m_song), "7.6.7.....")
+      << "no beat begins with the chords behind a long one, nor outside of measures";
 }
 
 TEST_F(QBMIDIPlayerTest, cursorStopsBehindTheLastChord) {

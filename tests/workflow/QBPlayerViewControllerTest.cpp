@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/FluidSynthesizer.h"
@@ -167,6 +168,21 @@ TEST_F(QBPlayerViewControllerTest, theSliderSetsTheSpeed) {
   m_loop.run(1);
   EXPECT_EQ(m_controls.news().front(), "speed   0");
   EXPECT_FALSE(m_player.isOver()) << "it stands still";
+}
+
+TEST_F(QBPlayerViewControllerTest, theMetronomeIsHeardWhenItIsOn) {
+  m_song = m_store.song("Silence");
+  for (int i = 0; i < 6; ++i) test::addChord(m_song, "xxxxxx");
+  choose();
+  const auto loudest = [&] {
+    m_player.play();
+    m_loop.run(1.5);
+    m_player.stop();
+    return std::ranges::max(m_audio.heard());
+  };
+  EXPECT_EQ(loudest(), 0);
+  m_player.setMetronome(true);
+  EXPECT_GT(loudest(), 1000);
 }
 
 TEST_F(QBPlayerViewControllerTest, problemsEndInAMessageAndFreeControls) {

@@ -1472,6 +1472,10 @@
         <source>More</source>
         <translation>Mehr</translation>
     </message>
+    <message>
+        <source>Metronome</source>
+        <translation>Metronom</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::RecordPanel</name>

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/MusicTrack.h"
+
+namespace korvel {
+
+class QBSong;
+
+/// Adds clicks of General MIDI's percussion to the chords of positions from..to, which follow each
+/// other by a step, the first after one. A song in measures clicks where a chord begins on a beat
+/// of its measure, with another, louder sound on the first; chords in no measure have none. Any
+/// other song clicks at every fourth chord from the first of the range on, all alike.
+void addClicks(QBSong& song, int from, int to, platform::MusicTrack& track);
+
+}  // namespace korvel
