@@ -105,11 +105,10 @@ void EditMenu::addChordEdits() {
           });
         });
   addEdit(tr("Insert Chord &Before"), tr("Shift+Ins"), [this] {
-    attempt(
-        [this](QBSong& song) { SongEditor(song).insertChordBefore(m_tablature.cursorChord()); });
+    attemptInsertion([](QBSong& song, int chord) { SongEditor(song).insertChordBefore(chord); });
   });
   addEdit(tr("&Insert Chord After"), tr("Ins"), [this] {
-    attempt([this](QBSong& song) { SongEditor(song).insertChordAfter(m_tablature.cursorChord()); });
+    attemptInsertion([](QBSong& song, int chord) { SongEditor(song).insertChordAfter(chord); });
   });
   addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] {
     attempt([this](QBSong& song) { SongEditor(song).deleteChord(m_tablature.cursorChord()); });
@@ -133,7 +132,21 @@ void EditMenu::connectViews(FretboardView& fretboard) {
 }
 
 void EditMenu::attempt(const std::function<void(QBSong&)>& edit) {
-  if (!m_song || m_tablature.cursorChord() < 0) return;
+  if (m_song && m_tablature.cursorChord() >= 0) perform(edit);
+}
+
+/// A song without chords has no cursor, and gets its first chord all the same.
+void EditMenu::attemptInsertion(const std::function<void(QBSong&, int)>& insert) {
+  if (!m_song) return;
+  if (!m_song->chords().empty()) {
+    attempt([&](QBSong& song) { insert(song, m_tablature.cursorChord()); });
+    return;
+  }
+  perform([&](QBSong& song) { insert(song, 0); });
+  m_tablature.moveCursor(0, m_tablature.cursorString());
+}
+
+void EditMenu::perform(const std::function<void(QBSong&)>& edit) {
   if (m_locked) {
     emit refused(tr("Stop playing first, then edit"));
     return;

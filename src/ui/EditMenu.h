@@ -42,7 +42,10 @@ class EditMenu final : public QMenu {
   QAction* addEdit(const QString& title, const QKeySequence& keys,
                    const std::function<void()>& act);
   void connectViews(FretboardView& fretboard);
+  /// At the cursor.
   void attempt(const std::function<void(QBSong&)>& edit);
+  void attemptInsertion(const std::function<void(QBSong&, int)>& insert);
+  void perform(const std::function<void(QBSong&)>& edit);
   void nameChord();
   void update();
 

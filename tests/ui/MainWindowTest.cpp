@@ -154,6 +154,19 @@ TEST_F(MainWindowTest, deletedSongIsNotShownAnyMore) {
   EXPECT_EQ(titles(), "Tune/Tune ");
 }
 
+TEST_F(MainWindowTest, songWithoutChordsGetsOneAgain) {
+  QBSong* song = QBTabMgr::db().createAlbum("Practice", false)->createSong("Blues");
+  QBSession::session().setActiveSong(song);
+  action("Insert Chord After")->trigger();
+  ASSERT_EQ(song->chords().size(), 1U);
+  QTest::keyClicks(&m_window->tablature(), "7");
+  EXPECT_EQ(test::fretsOf(*song), "xxxxx7 ") << "the cursor is on the new chord";
+  action("Delete Chord")->trigger();
+  EXPECT_TRUE(song->chords().empty());
+  action("Insert Chord Before")->trigger();
+  EXPECT_EQ(song->chords().size(), 1U);
+}
+
 TEST_F(MainWindowTest, songMenuSaysWhyASongWithoutChordsIsLeftAlone) {
   QBSong* song = QBTabMgr::db().createAlbum("Practice", false)->createSong("Blues");
   QBSession::session().refreshTree();

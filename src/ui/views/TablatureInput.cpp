@@ -264,13 +264,15 @@ int TablatureView::chordOnPage(int pages) const {
 }
 
 bool TablatureView::editByKey(QKeyEvent& event) {
+  // Where all chords are silent none has a place, but tones are typed all the same.
   const auto place = m_layout.nearPlace(m_chord);
-  if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier) || !place) return false;
+  if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier) || m_layout.chords() == 0)
+    return false;
   const int key = event.key();
   if (key == Qt::Key_Space) {
     emit playToggled();
   } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    emit clicked(place->x, rowOfString(place->y, m_string));
+    if (place) emit clicked(place->x, rowOfString(place->y, m_string));
   } else if (m_locked) {
     return false;
   } else if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
