@@ -14,7 +14,6 @@
 #include "model/QBChord.h"
 #include "model/QBSong.h"
 #include "platform/AudioSystem.h"
-#include "platform/FileError.h"
 #include "tab/ChordSearch.h"
 #include "ui/Preferences.h"
 #include "ui/Text.h"
@@ -114,10 +113,7 @@ void RecordPanel::start() {
   try {
     m_recording->start();
     m_clock.start();
-  } catch (const platform::AudioError& problem) {
-    m_recording.reset();
-    emit refused(toText(problem.what()));
-  } catch (const platform::FileError& problem) {
+  } catch (const std::exception& problem) {
     m_recording.reset();
     emit refused(toText(problem.what()));
   }
