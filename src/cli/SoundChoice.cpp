@@ -6,17 +6,12 @@
 #include "cli/SongChoice.h"
 #include "model/QBChord.h"
 #include "model/QBSong.h"
-#include "platform/FluidSynthesizer.h"
-#include "platform/SoundFonts.h"
-#include "playback/QBMIDIPlayer.h"
+#include "playback/GuitarSynthesizer.h"
 
 namespace korvel::cli {
 
 std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options) {
-  const platform::SoundFonts fonts(platform::SoundFonts::Folders::ofMachine());
-  const std::vector programs{QBMIDIPlayer::kProgram};
-  return std::make_unique<platform::FluidSynthesizer>(
-      fonts.find(options.soundFont, QBMIDIPlayer::kProgram), programs);
+  return guitarSynthesizer(options.soundFont);
 }
 
 double rateOf(const QBSong& song, const SoundOptions& options) {

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Synthesizers.h"
 
-#include "platform/FluidSynthesizer.h"
-#include "platform/SoundFonts.h"
-#include "playback/QBMIDIPlayer.h"
+#include "playback/GuitarSynthesizer.h"
 #include "ui/Preferences.h"
 
 namespace korvel::ui {
@@ -12,10 +10,7 @@ std::unique_ptr<platform::Synthesizer> newSynthesizer() {
   const QString soundFont = Preferences().soundFont();
   std::optional<std::filesystem::path> chosen;
   if (!soundFont.isEmpty()) chosen = soundFont.toStdString();
-  const platform::SoundFonts fonts(platform::SoundFonts::Folders::ofMachine());
-  const std::vector programs{QBMIDIPlayer::kProgram};
-  return std::make_unique<platform::FluidSynthesizer>(fonts.find(chosen, QBMIDIPlayer::kProgram),
-                                                      programs);
+  return guitarSynthesizer(chosen);
 }
 
 }  // namespace korvel::ui
