@@ -106,7 +106,8 @@ int main(int argc, char** argv) {
     ui::MainWindow window(alert);
     window.show();
     draw(window);
-    std::cout << "usable after " << clock.elapsed() << " ms, peak " << peakMiB() << " MiB\n";
+    std::cout << "usable after " << clock.elapsed() << " ms, peak " << peakMiB() << " MiB"
+              << std::endl;
     measureOpening(window);
     if (argc > 2) measureImport(window, argv[2]);
     std::cout << "peak " << peakMiB() << " MiB\n";
