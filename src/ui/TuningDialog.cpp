@@ -6,24 +6,18 @@
 #include <QFormLayout>
 #include <QLabel>
 
-#include "model/Pitch.h"
-#include "model/QBHarmony.h"
+#include "model/NoteName.h"
 #include "model/QBTuning.h"
 #include "ui/Text.h"
 
 namespace korvel::ui {
 namespace {
 
-/// Such as "E2", with the octave as guitarists and MIDI count it: middle C is C4.
-QString noteName(int pitch) {
-  const auto note = QBHarmony::noteAsString(pitchClass(pitch));
-  return toText(note.value_or("")) + QString::number(pitch / kNotesPerOctave - 1);
-}
-
 QComboBox* notesOf(int string, int pitch) {
   auto* notes = new QComboBox;
   const PitchRange range = pitchRangeOf(string);
-  for (int each = range.lowest; each <= range.highest; ++each) notes->addItem(noteName(each), each);
+  for (int each = range.lowest; each <= range.highest; ++each)
+    notes->addItem(toText(noteName(each)), each);
   notes->setCurrentIndex(notes->findData(pitch));
   return notes;
 }

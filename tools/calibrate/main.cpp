@@ -3,22 +3,30 @@
 #include <stdlib.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "calibrate/Calibration.h"
-#include "calibrate/DefinitionFile.h"
-#include "calibrate/NoteName.h"
+#include "analysis/Calibration.h"
+#include "analysis/QBFFT.h"
+#include "audio/QBMonoTrack.h"
+#include "audio/Samples16.h"
+#include "export/DefinitionFile.h"
 #include "model/KorvelModel.h"
+#include "model/NoteName.h"
 #include "model/QBInstrument.h"
 #include "model/QBSettings.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/FileError.h"
 #include "platform/Files.h"
+#include "workflow/SoundCheck.h"
 
 namespace {
 
@@ -28,9 +36,9 @@ constexpr int kWrongUsage = 2;
 
 struct Options {
   std::string name;
-  // Both were chosen by measuring how well detection does with them; docs/instrument.md has how.
-  float detailLevel = 0.85F;
-  double smallestShare = 0.2;
+  // docs/instrument.md has how these were chosen.
+  float detailLevel = Calibration::kDetailLevel;
+  double smallestShare = Calibration::kSmallestShare;
   std::string output;
   std::vector<std::string> notes;
 };
@@ -65,19 +73,54 @@ class ScratchStore {
   std::string m_folder;
 };
 
-void addRecording(tools::Calibration& calibration, const std::string& argument) {
+/// Blocks of the whole recording, as an import of a file of one channel at 44.1 kHz cuts them.
+std::vector<std::vector<HeardTone>> tonesOf(const std::filesystem::path& file) {
+  requireSound(file);
+  QBMonoTrack track(file);
+  track.startRecord(0.0F);
+  std::vector<std::int16_t> samples;
+  while (!track.eof()) append16(samples, track.readSamples());
+  std::vector<std::vector<HeardTone>> blocks;
+  for (std::size_t begin = 0; begin < samples.size(); begin += QBFFT::m_numSamples) {
+    const std::size_t size = std::min(QBFFT::m_numSamples, samples.size() - begin);
+    blocks.push_back(Calibration::tonesIn(std::span(samples).subspan(begin, size)));
+  }
+  return blocks;
+}
+
+void addNote(Calibration& calibration, const std::filesystem::path& file, int midi) {
+  if (!Calibration::isReached(midi))
+    throw platform::FileError(file, "no string reaches the note " + std::to_string(midi));
+  bool heard = false;
+  for (const auto& tones : tonesOf(file)) {
+    if (tones.empty()) continue;
+    calibration.addBlock(tones, midi);
+    heard = true;
+  }
+  if (!heard) throw platform::FileError(file, "nothing is loud enough to be heard in it");
+}
+
+void addRecording(Calibration& calibration, const std::string& argument) {
   const auto sign = argument.find('=');
-  const auto note = tools::midiNote(argument.substr(0, sign));
+  const auto note = midiNote(argument.substr(0, sign));
   if (sign == std::string::npos || !note)
     throw CLI::ValidationError("NOTE=FILE", "\"" + argument + "\" names no note");
-  calibration.addNote(argument.substr(sign + 1), *note);
+  addNote(calibration, argument.substr(sign + 1), *note);
+}
+
+QBInstrument& measured(const Options& options) {
+  Calibration calibration;
+  for (const std::string& note : options.notes) addRecording(calibration, note);
+  const auto unknown = calibration.unknownStrings();
+  if (!unknown.empty())
+    throw std::runtime_error("no recording holds enough of string " +
+                             std::to_string(kStrings - unknown.front()));
+  return calibration.createInstrument(options.name, options.detailLevel, options.smallestShare);
 }
 
 void calibrate(const Options& options) {
   const ScratchStore store;
-  tools::Calibration calibration(options.name, options.detailLevel);
-  for (const std::string& note : options.notes) addRecording(calibration, note);
-  const std::string text = tools::definitionText(calibration.finish(options.smallestShare));
+  const std::string text = definitionText(measured(options));
   if (options.output.empty())
     std::cout << text;
   else
@@ -100,8 +143,7 @@ int main(int argc, char** argv) {
       ->check(CLI::Range(0.0, 1.0))
       ->capture_default_str();
   app.add_option("-o,--output", options.output, "Definition file (default: standard output)");
-  app.add_option("NOTE=FILE", options.notes,
-                 "Notes, such as E2, F#2 or 40, and their recordings, 44.1 kHz mono")
+  app.add_option("NOTE=FILE", options.notes, "Notes, such as E2, F#2 or 40, and their recordings")
       ->required()
       ->type_name("");
   try {

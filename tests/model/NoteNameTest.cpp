@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "calibrate/NoteName.h"
+#include "model/NoteName.h"
 
 #include <gtest/gtest.h>
 
-namespace korvel::tools {
+namespace korvel {
 namespace {
 
 TEST(NoteNameTest, readsNumbersAndNames) {
@@ -15,6 +15,12 @@ TEST(NoteNameTest, readsNumbersAndNames) {
   EXPECT_EQ(midiNote("C-1"), 0);
 }
 
+TEST(NoteNameTest, namesReadBackAsTheirNotes) {
+  EXPECT_EQ(noteName(40), "E2");
+  EXPECT_EQ(noteName(63), "Eb4");
+  for (int midi = 0; midi <= 127; ++midi) EXPECT_EQ(midiNote(noteName(midi)), midi);
+}
+
 TEST(NoteNameTest, refusesAnythingElse) {
   for (const char* text :
        {"", "E", "H2", "e2", "E#", "E2x", "E##2", "2E", "-1", "128", "C99999999"})
@@ -22,4 +28,4 @@ TEST(NoteNameTest, refusesAnythingElse) {
 }
 
 }  // namespace
-}  // namespace korvel::tools
+}  // namespace korvel

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "calibrate/NoteName.h"
+#include "model/NoteName.h"
 
 #include <charconv>
 
 #include "model/Pitch.h"
+#include "model/QBHarmony.h"
 
-namespace korvel::tools {
+namespace korvel {
 namespace {
 
 constexpr std::string_view kLetters = "CDEFGAB";
 constexpr int kSteps[] = {0, 2, 4, 5, 7, 9, 11};
 constexpr int kLastMidiNote = 127;
+constexpr int kOctaveOfNote0 = -1;
 
 /// The number that the whole text is.
 std::optional<int> number(std::string_view text) {
@@ -35,7 +37,7 @@ std::optional<int> named(std::string_view text) {
   const int step = kSteps[letter] + takeAccidental(text);
   const std::optional<int> octave = number(text);
   if (!octave || *octave < -1 || *octave > 9) return std::nullopt;
-  return (*octave + 1) * kNotesPerOctave + step;
+  return (*octave - kOctaveOfNote0) * kNotesPerOctave + step;
 }
 
 }  // namespace
@@ -46,4 +48,9 @@ std::optional<int> midiNote(std::string_view text) {
   return note && *note >= 0 && *note <= kLastMidiNote ? note : std::nullopt;
 }
 
-}  // namespace korvel::tools
+std::string noteName(int midi) {
+  const int octave = midi / kNotesPerOctave + kOctaveOfNote0;
+  return QBHarmony::noteAsString(pitchClass(midi)).value_or("") + std::to_string(octave);
+}
+
+}  // namespace korvel

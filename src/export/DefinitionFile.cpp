@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "calibrate/DefinitionFile.h"
+#include "export/DefinitionFile.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -11,7 +11,7 @@
 #include "model/QBString.h"
 #include "platform/Numerals.h"
 
-namespace korvel::tools {
+namespace korvel {
 namespace {
 
 using platform::decimalText;
@@ -85,4 +85,4 @@ std::string definitionText(QBInstrument& instrument) {
   return file.text();
 }
 
-}  // namespace korvel::tools
+}  // namespace korvel
