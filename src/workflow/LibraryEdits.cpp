@@ -3,10 +3,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <stdexcept>
 
+#include "analysis/Calibration.h"
 #include "analysis/QBMusicXMLParser.h"
-#include "export/QBMusicXMLTag.h"
-#include "export/QBMusicXMLVisitorFile.h"
+#include "export/DefinitionFile.h"
 #include "model/QBAlbum.h"
 #include "model/QBInstrument.h"
 #include "model/QBSettings.h"
@@ -41,6 +42,11 @@ void requireName(const std::string& name, const char* what) {
 void redraw(QBSong& song) {
   const TuningForNow chosen(song.tuning());
   if (!song.chords().empty()) song.buildTab();
+}
+
+bool isInstrument(const std::string& name) {
+  return std::ranges::any_of(db().instruments(),
+                             [&](const auto& each) { return each->name() == name; });
 }
 
 void leave(const QBAlbum& album) {
@@ -136,10 +142,28 @@ QBInstrument* importInstrument(const std::string& file) {
   return db().selectedInstrument();
 }
 
-std::string definitionOf(const QBInstrument& instrument) {
-  QBMusicXMLVisitorFile text("");
-  instrument.toXML()->iterate(text);
-  return text.content();
+QBInstrument* addInstrument(const std::string& name, const Calibration& measured) {
+  const platform::UndoGroup group(undoManager(), "Calibrate Instrument");
+  requireName(name, "An instrument");
+  if (isInstrument(name))
+    throw EditRefused(name + ": there is an instrument of that name already; choose another name");
+  const TuningForNow chosen(measured.tuning());
+  QBInstrument& instrument =
+      measured.createInstrument(name, Calibration::kDetailLevel, Calibration::kSmallestShare);
+  db().deselectAllInstruments();
+  instrument.setActive(true);
+  done("Instrument calibrated.");
+  return &instrument;
+}
+
+std::string definitionOf(QBInstrument& instrument) {
+  try {
+    return definitionText(instrument);
+  } catch (const std::invalid_argument&) {
+    throw EditRefused(instrument.name() +
+                      ": a definition file cannot hold that name; rename the instrument without "
+                      "apostrophes and \"<\"");
+  }
 }
 
 void renameInstrument(QBInstrument& instrument, const std::string& name) {

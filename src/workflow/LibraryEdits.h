@@ -6,6 +6,7 @@
 
 namespace korvel {
 
+class Calibration;
 class QBAlbum;
 class QBInstrument;
 class QBSong;
@@ -36,8 +37,10 @@ void moveSong(QBSong& song, QBAlbum& album);
 void selectInstrument(QBInstrument& instrument);
 /// From a definition file; it becomes the selected one.
 QBInstrument* importInstrument(const std::string& file);
-/// Its definition file.
-std::string definitionOf(const QBInstrument& instrument);
+/// As it was measured on single notes; it becomes the selected one.
+QBInstrument* addInstrument(const std::string& name, const Calibration& measured);
+/// Its definition file, complete: what was measured is there when it is read again.
+std::string definitionOf(QBInstrument& instrument);
 void renameInstrument(QBInstrument& instrument, const std::string& name);
 /// Not the last one, without which no tone could be confirmed.
 void deleteInstrument(QBInstrument& instrument);
