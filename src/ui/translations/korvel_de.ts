@@ -1531,6 +1531,10 @@
         <source>No tones were heard; nothing was stored</source>
         <translation>Es waren keine Töne zu hören; nichts wurde gespeichert</translation>
     </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::RollView</name>
@@ -1733,6 +1737,14 @@
     <message>
         <source>Tablature</source>
         <translation>Tabulatur</translation>
+    </message>
+    <message>
+        <source>, loop begins</source>
+        <translation>, Loop beginnt</translation>
+    </message>
+    <message>
+        <source>, loop ends</source>
+        <translation>, Loop endet</translation>
     </message>
 </context>
 <context>

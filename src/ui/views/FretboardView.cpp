@@ -106,20 +106,18 @@ int FretboardView::frets() const {
 }
 
 void FretboardView::showChord(int chord) {
-  const QString before = spokenText();
   const bool known = m_song && chord >= 0 && chord < static_cast<int>(m_song->allChords().size());
   m_chord = known ? chord : -1;
   m_grip = known ? ChordGrip(*m_song->allChords()[static_cast<std::size_t>(chord)]) : ChordGrip();
   update();
-  announce(*this, before);
+  announce(*this);
 }
 
 void FretboardView::moveCursor(int string, int fret) {
-  const QString before = spokenText();
   m_string = std::clamp(string, 0, kStrings - 1);
   m_fret = std::clamp(fret, 0, kFretsOfLongNeck);
   update();
-  announce(*this, before);
+  announce(*this);
 }
 
 // ---- geometry

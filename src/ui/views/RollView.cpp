@@ -92,6 +92,7 @@ void RollView::refresh() {
   m_playing = std::min(m_playing, m_roll.chords() - 1);
   m_cursor = std::min(m_cursor, m_roll.chords() - 1);
   remeasure();
+  announce(*this);
 }
 
 void RollView::showPlaying(int chord) {
@@ -105,12 +106,11 @@ void RollView::showPlaying(int chord) {
 
 void RollView::showCursor(int chord) {
   if (chord == m_cursor || chord >= m_roll.chords()) return;
-  const QString before = spokenText();
   updateColumn(m_cursor);
   m_cursor = chord;
   updateColumn(m_cursor);
   if (chord >= 0) reveal(chord, 0.5);
-  announce(*this, before);
+  announce(*this);
 }
 
 void RollView::setZoom(int percent) {

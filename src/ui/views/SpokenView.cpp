@@ -3,6 +3,7 @@
 
 #include <QAccessibleWidget>
 #include <QWidget>
+#include <utility>
 
 namespace korvel::ui {
 namespace {
@@ -60,8 +61,9 @@ QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
 
 SpokenView::SpokenView() { QAccessible::installFactory(accessibleOf); }
 
-void SpokenView::announce(QWidget& view, const QString& before) const {
+void SpokenView::announce(QWidget& view) {
   const QString now = spokenText();
+  const QString before = std::exchange(m_told, now);
   if (now == before || !QAccessible::isActive()) return;
   QAccessibleTextUpdateEvent changed(&view, 0, before, now);
   QAccessible::updateAccessibility(&changed);

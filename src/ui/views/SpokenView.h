@@ -21,8 +21,11 @@ class SpokenView {
  protected:
   /// Has every view of this kind be seen so.
   SpokenView();
-  /// Tells screen readers that the view, which is this, may have another text than before.
-  void announce(QWidget& view, const QString& before) const;
+  /// Tells screen readers when the view, which is this, has another text than they were told last.
+  void announce(QWidget& view);
+
+ private:
+  QString m_told;
 };
 
 }  // namespace korvel::ui

@@ -92,18 +92,21 @@ void TablatureView::offerSelection() const {
 // ---- cursor
 
 QString TablatureView::placeText() const {
-  return m_song ? ChordWords(tuningOf(m_song)).place(*m_song, m_chord, m_string) : QString();
+  if (!m_song) return {};
+  QString words = ChordWords(tuningOf(m_song)).place(*m_song, m_chord, m_string);
+  if (m_chord >= 0 && m_chord == m_loop.first) words += tr(", loop begins");
+  if (m_chord >= 0 && m_chord == m_loop.last) words += tr(", loop ends");
+  return words;
 }
 
 void TablatureView::moveCursor(int chord, int string) {
   if (chord < 0 || chord >= m_layout.chords()) return;
-  const QString before = placeText();
   updateChord(m_chord);
   m_chord = chord;
   m_string = std::clamp(string, 0, kStrings - 1);
   updateChord(m_chord);
   reveal(cursorCells());
-  announce(*this, before);
+  announce(*this);
   emit cursorMoved(m_chord, m_string);
 }
 

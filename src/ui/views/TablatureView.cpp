@@ -66,7 +66,6 @@ void TablatureView::setActiveSong(QBSong* song) {
 }
 
 void TablatureView::refresh() {
-  const QString before = placeText();
   m_layout = m_song ? TabLayout(*m_song) : TabLayout();
   const int last = m_layout.chords() - 1;
   m_chord = std::min(m_chord, last);
@@ -76,7 +75,7 @@ void TablatureView::refresh() {
   m_loop = m_song ? loopOf(*m_song) : ChordSpan();
   updateScrollBars();
   viewport()->update();
-  announce(*this, before);
+  announce(*this);
 }
 
 void TablatureView::drawPlayMode(float fraction) {

@@ -128,6 +128,9 @@ TEST_F(TablatureViewTest, saysInWordsWhereTheCursorIs) {
   ASSERT_TRUE(interface && interface->textInterface());
   EXPECT_EQ(interface->textInterface()->text(0, 7), "Chord 2");
   EXPECT_EQ(interface->text(QAccessible::Description), m_view.placeText());
+  m_song->setFromChord(m_song->allChords()[1]);
+  m_view.refresh();
+  EXPECT_EQ(m_view.placeText(), "Chord 2 of 200, E string (1), open, loop begins");
 }
 
 TEST_F(TablatureViewTest, silencedTonesStayVisible) {
