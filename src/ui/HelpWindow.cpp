@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/HelpWindow.h"
 
+#include <QKeyEvent>
+#include <QScreen>
+
 #include "platform/Resources.h"
 #include "ui/Text.h"
 
@@ -9,6 +12,7 @@ namespace {
 
 constexpr int kColumns = 60;
 constexpr int kLines = 40;
+constexpr double kMostOfScreen = 0.9;  // the frame takes some
 
 }  // namespace
 
@@ -23,7 +27,8 @@ HelpWindow::HelpWindow(QWidget* parent) : QTextBrowser(parent) {
   for (const auto& folder : resources.folders()) folders << toText(folder.string());
   setSearchPaths(folders);
   const QFontMetrics metrics(font());
-  resize(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
+  const QSize wanted(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
+  resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
 }
 
 void HelpWindow::setContent(const std::string& content) {
@@ -31,6 +36,13 @@ void HelpWindow::setContent(const std::string& content) {
   show();
   raise();
   activateWindow();
+}
+
+void HelpWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    QTextBrowser::keyPressEvent(event);
 }
 
 }  // namespace korvel::ui

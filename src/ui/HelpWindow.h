@@ -7,7 +7,7 @@
 
 namespace korvel::ui {
 
-/// A window of its own with the help, which stays open beside the work.
+/// A window of its own with the help, which stays open beside the work until Escape closes it.
 class HelpWindow final : public QTextBrowser, public HelpView {
   Q_OBJECT
 
@@ -16,6 +16,9 @@ class HelpWindow final : public QTextBrowser, public HelpView {
 
   /// Markdown. Shows the window.
   void setContent(const std::string& content) override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace korvel::ui

@@ -46,6 +46,9 @@ constexpr int kSayMilliseconds = 15000;
 // Of the first window, in letters and lines.
 constexpr int kColumns = 106;
 constexpr int kLines = 60;
+// In smaller ones panels share a place, one before the other.
+constexpr int kLinesForTwoRows = 40;
+constexpr int kColumnsForTwoPanels = 70;
 constexpr double kMostOfScreen = 0.95;  // the frame takes some
 
 QSize firstSize(const QWidget& window) {
@@ -76,12 +79,12 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
   setWindowTitle(tr("Workbench .."));
   setAcceptDrops(true);
   statusBar()->addPermanentWidget(m_place);
-  addTablature();
   addPanels();
   connectViews();
   connectSound();
   addMenus();
   restoreLayout();
+  m_tablature->setFocus();
   attachViews(alert);
   applyPreferences();
   connect(m_actions, &LibraryActions::refused, this, &MainWindow::say);
@@ -142,20 +145,29 @@ void MainWindow::addPanels() {
   setDockNestingEnabled(true);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
   QDockWidget* library = addPanel(tr("Library"), "library", m_tree, Qt::LeftDockWidgetArea);
+  addTablature();  // in this order Tab goes through them
   QDockWidget* roll = addPanel(tr("Roll"), "roll", m_roll, Qt::BottomDockWidgetArea);
   QDockWidget* neck = addPanel(tr("Fretboard"), "fretboard", m_fretboard, Qt::BottomDockWidgetArea);
   QDockWidget* log = addPanel(tr("Log"), "log", m_log, Qt::BottomDockWidgetArea);
   QDockWidget* jobs = addPanel(tr("Jobs"), "jobs", m_jobs, Qt::BottomDockWidgetArea);
   QDockWidget* record = addPanel(tr("Record"), "record", m_record, Qt::BottomDockWidgetArea);
-  splitDockWidget(roll, neck, Qt::Vertical);
-  splitDockWidget(neck, log, Qt::Horizontal);
+  const QSize size = firstSize(*this);
+  resize(size);  // or the panels would share what is there before the window shows
+  const QFontMetrics metrics(font());
+  const bool isFlat = size.height() < kLinesForTwoRows * metrics.lineSpacing();
+  const bool isNarrow = size.width() < kColumnsForTwoPanels * metrics.horizontalAdvance('m');
+  isFlat ? tabifyDockWidget(neck, roll) : splitDockWidget(roll, neck, Qt::Vertical);
+  isNarrow ? tabifyDockWidget(neck, log) : splitDockWidget(neck, log, Qt::Horizontal);
   tabifyDockWidget(log, jobs);
   tabifyDockWidget(jobs, record);
-  log->raise();
-  const QSize size = firstSize(*this);
+  (isNarrow ? neck : log)->raise();
+  if (isFlat) neck->raise();
   resizeDocks({library}, {size.width() / 6}, Qt::Horizontal);
   resizeDocks({neck, log}, {size.width() / 2, size.width() / 4}, Qt::Horizontal);
-  resizeDocks({roll, neck}, {size.height() / 5, size.height() / 4}, Qt::Vertical);
+  if (isFlat)
+    resizeDocks({neck}, {size.height() / 3}, Qt::Vertical);
+  else
+    resizeDocks({roll, neck}, {size.height() / 5, size.height() / 4}, Qt::Vertical);
   connect(m_jobs, &JobPanel::jobAdded, jobs, &QWidget::raise);
 }
 
@@ -164,6 +176,11 @@ QDockWidget* MainWindow::addPanel(const QString& title, const char* name, QWidge
   auto* dock = new QDockWidget(title);
   dock->setObjectName(name);
   dock->setWidget(panel);
+  // Behind the tab of another panel its controls would take the focus unseen.
+  QSizePolicy keepsItsPlace = panel->sizePolicy();
+  keepsItsPlace.setRetainSizeWhenHidden(true);
+  panel->setSizePolicy(keepsItsPlace);
+  connect(dock, &QDockWidget::visibilityChanged, panel, &QWidget::setVisible);
   addDockWidget(area, dock);
   return dock;
 }
@@ -187,7 +204,7 @@ void MainWindow::attachViews(FatalAlert& alert) {
 
 void MainWindow::restoreLayout() {
   const Preferences preferences;
-  if (!restoreGeometry(preferences.windowGeometry())) resize(firstSize(*this));
+  restoreGeometry(preferences.windowGeometry());
   restoreState(preferences.windowState());
 }
 

@@ -28,6 +28,7 @@ using State = LiveRecording::State;
 
 constexpr auto kTick = 50ms;
 constexpr int kAll = 100;
+constexpr int kFewestLines = 3;
 constexpr double kFramesPerSecond = 44100;
 
 LiveRecording::Options chosenOptions() {
@@ -63,11 +64,19 @@ RecordPanel::RecordPanel(QWidget* parent)
   m_chords->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   m_chords->setPlaceholderText(tr("Chords appear here as they are heard."));
   m_chords->setAccessibleName(tr("Chords heard"));
+  m_chords->setMinimumHeight(kFewestLines * fontMetrics().lineSpacing());
+  // A screen reader says the value of a choice, and takes what it is for from its label.
+  auto* label = new QLabel(tr("Device"));
+  label->setBuddy(m_device);
+  auto* device = new QHBoxLayout;
+  device->addWidget(label);
+  device->addWidget(m_device, 1);
   auto* buttons = new QHBoxLayout;
   for (QWidget* each : std::initializer_list<QWidget*>{m_start, m_stop, m_time})
     buttons->addWidget(each);
   auto* column = new QVBoxLayout(this);
-  column->addWidget(m_device);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addLayout(device);
   column->addLayout(buttons);
   column->addWidget(m_level);
   column->addWidget(m_chords, 1);

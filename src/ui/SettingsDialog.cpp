@@ -9,6 +9,7 @@
 #include <QFontComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -128,6 +129,7 @@ QWidget* SettingsDialog::generalPage() {
   m_font = new QFontComboBox;
   m_font->setFontFilters(QFontComboBox::MonospacedFonts);
   m_font->setAccessibleName(tr("Font of the tablature"));
+  m_font->lineEdit()->setAccessibleName(m_font->accessibleName());
   m_ownFont->setChecked(!preferences.tabFont().isEmpty());
   m_font->setEnabled(m_ownFont->isChecked());
   if (m_ownFont->isChecked()) m_font->setCurrentFont(preferences.tabFont());
@@ -163,6 +165,12 @@ QWidget* SettingsDialog::detectionPage() {
   m_position->setAccessibleName(tr("Played at"));
   m_positionFret = number(1, FingeringOptions::kMostFrets, fingering.position.fret);
   m_positionFret->setAccessibleName(tr("Fret that the hand stays about"));
+  const auto ask = [this] {
+    const int kind = m_position->currentData().toInt();
+    m_positionFret->setEnabled(kind == static_cast<int>(Position::Kind::around));
+  };
+  connect(m_position, &QComboBox::currentIndexChanged, this, ask);
+  ask();
   m_frets = number(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets, fingering.frets);
   m_capo = number(0, kHighestCapo, fingering.capo);
   m_capo->setSpecialValueText(tr("None"));
@@ -179,7 +187,7 @@ QWidget* SettingsDialog::detectionPage() {
   form->addRow(tr("&Played at"), place);
   form->addRow(tr("&Frets of the guitar"), m_frets);
   form->addRow(tr("&Capo at fret"), m_capo);
-  place->setFocusProxy(m_position);
+  static_cast<QLabel*>(form->labelForField(place))->setBuddy(m_position);
   return page;
 }
 

@@ -81,10 +81,10 @@ class Window:
         """The showing object of a role whose name is, or begins with, the given one."""
         return wait_for(f"{role} {name!r}", lambda: self._find(role, name), seconds)
 
-    def _find(self, role, name):
+    def _find(self, role, name, hidden=False):
         for node in descendants(self.root):
             if node.get_role_name() == role and (node.get_name() or "").startswith(name):
-                if showing(node):
+                if hidden or showing(node):
                     return node
         return None
 
@@ -122,7 +122,8 @@ class Window:
         return node
 
     def text(self, name):
-        return text_of(self.find("text", name))
+        """Also of a panel behind another one's tab."""
+        return text_of(wait_for(f"text {name!r}", lambda: self._find("text", name, hidden=True)))
 
     def keys(self, *names):
         xdotool("key", *names)

@@ -32,10 +32,10 @@ constexpr int kInlays[] = {3, 5, 7, 9, 12, 15, 17, 19, 21, 24};
 constexpr double kMargin = 0.5;
 constexpr double kHeading = 1.5;
 constexpr double kNumbers = 1.4;
-constexpr double kLowestSpacing = 1.1;
+constexpr double kLowestSpacing = 0.8;
 constexpr double kBestSpacing = 1.6;
 constexpr double kHighestSpacing = 2.4;
-constexpr double kNarrowestFret = 1.7;
+constexpr double kNarrowestFret = 1.0;
 constexpr double kBestFret = 2.8;
 
 bool isDouble(int fret) { return fret % kNotesPerOctave == 0; }
