@@ -17,6 +17,7 @@
 #include "model/QBTuning.h"
 #include "platform/FileError.h"
 #include "platform/Files.h"
+#include "ui/CalibrationDialog.h"
 #include "ui/Preferences.h"
 #include "ui/SongMenu.h"
 #include "ui/Synthesizers.h"
@@ -74,9 +75,6 @@ QString proposedPath(const QString& title) {
   return QDir(Preferences().exportFolder()).filePath(name);
 }
 
-const std::string kSoundFiles =
-    "*.wav *.mp3 *.m4a *.aac *.ogg *.oga *.opus *.flac *.aif *.aiff *.wma *.mp4 *.mkv *.mov *.webm";
-
 }  // namespace
 
 LibraryActions::LibraryActions(ImportDesk& desk, QWidget* window)
@@ -110,6 +108,8 @@ void LibraryActions::fillTuningsMenu(QMenu& menu) {
 
 void LibraryActions::fillInstrumentsMenu(QMenu& menu) {
   menu.addAction(tr("Import Definition File ..."), this, &LibraryActions::chooseInstrument);
+  menu.addAction(tr("Calibrate From Recorded Notes ..."), this,
+                 &LibraryActions::calibrateInstrument);
 }
 
 void LibraryActions::fillMenu(QMenu& menu, const std::shared_ptr<QBTreeNode>& node) {
@@ -178,8 +178,7 @@ void LibraryActions::chooseAndImport(QBAlbum* into) {
   const platform::Ref<QBAlbum> album = into;
   Preferences preferences;
   const QStringList files = QFileDialog::getOpenFileNames(
-      m_window, tr("Import Recordings"), preferences.importFolder(),
-      tr("Sound and video files (%1)").arg(toText(kSoundFiles)) + ";;" + tr("All files (*)"));
+      m_window, tr("Import Recordings"), preferences.importFolder(), soundFileFilter());
   if (files.isEmpty()) return;
   preferences.setImportFolder(QFileInfo(files.first()).absolutePath());
   importFiles(files, album);
@@ -271,6 +270,10 @@ void LibraryActions::chooseInstrument() {
   if (file.isEmpty()) return;
   preferences.setImportFolder(QFileInfo(file).absolutePath());
   attempt([&] { importInstrument(file.toStdString()); });
+}
+
+void LibraryActions::calibrateInstrument() {
+  attempt([this] { CalibrationDialog(m_window).exec(); });
 }
 
 void LibraryActions::exportInstrument(QBInstrument& instrument) {

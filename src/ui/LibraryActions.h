@@ -64,6 +64,7 @@ class LibraryActions final : public QObject {
   void exportAll(QBAlbum& album, SongFormat format);
   void editStrings(QBTuning& tuning);
   void chooseInstrument();
+  void calibrateInstrument();
   void exportInstrument(QBInstrument& instrument);
 
   ImportDesk& m_desk;

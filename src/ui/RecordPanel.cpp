@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/RecordPanel.h"
 
-#include <QComboBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,8 +12,8 @@
 #include "model/QBAlbum.h"
 #include "model/QBChord.h"
 #include "model/QBSong.h"
-#include "platform/AudioSystem.h"
 #include "tab/ChordSearch.h"
+#include "ui/InputList.h"
 #include "ui/Preferences.h"
 #include "ui/Text.h"
 #include "ui/Wording.h"
@@ -50,13 +49,12 @@ QString withTake(const LiveRecording& recording, const QString& text) {
 
 RecordPanel::RecordPanel(QWidget* parent)
     : QWidget(parent),
-      m_device(new QComboBox),
+      m_device(new InputList),
       m_start(new QPushButton(tr("Record"))),
       m_stop(new QPushButton(tr("Stop"))),
       m_level(new QProgressBar),
       m_time(new QLabel("0:00")),
       m_chords(new QPlainTextEdit) {
-  m_device->setAccessibleName(tr("Device to record from"));
   m_level->setRange(0, kAll);
   m_level->setTextVisible(false);
   m_level->setAccessibleName(tr("Level"));
@@ -82,9 +80,6 @@ RecordPanel::RecordPanel(QWidget* parent)
   column->addWidget(m_chords, 1);
   connect(m_start, &QPushButton::clicked, this, &RecordPanel::start);
   connect(m_stop, &QPushButton::clicked, this, &RecordPanel::stop);
-  connect(m_device, &QComboBox::textActivated, this, [this](const QString& name) {
-    Preferences().setInput(m_device->currentIndex() == 0 ? QString() : name);
-  });
   m_clock.setInterval(kTick);
   connect(&m_clock, &QTimer::timeout, this, &RecordPanel::tick);
   enter(State::ready);
@@ -95,21 +90,8 @@ RecordPanel::~RecordPanel() = default;
 bool RecordPanel::isBusy() const { return m_recording != nullptr; }
 
 void RecordPanel::showEvent(QShowEvent* event) {
-  if (!isBusy()) listDevices();
+  if (!isBusy()) m_device->list();
   QWidget::showEvent(event);
-}
-
-void RecordPanel::listDevices() {
-  m_device->clear();
-  try {
-    for (const std::string& name : platform::AudioSystem::main().inputs())
-      m_device->addItem(toText(name));
-  } catch (const platform::AudioError& problem) {
-    m_device->addItem(toText(platform::AudioSystem::kSystemDefault));
-    m_device->setToolTip(worded(toText(problem.what())));
-  }
-  m_device->setItemText(0, worded(m_device->itemText(0)));
-  m_device->setCurrentIndex(std::max(0, m_device->findText(Preferences().input())));
 }
 
 void RecordPanel::start() {

@@ -7,13 +7,14 @@
 
 #include "workflow/LiveRecording.h"
 
-class QComboBox;
 class QLabel;
 class QPlainTextEdit;
 class QProgressBar;
 class QPushButton;
 
 namespace korvel::ui {
+
+class InputList;
 
 /// Records a guitar: device, level, start and stop, and the chords as they are heard.
 class RecordPanel final : public QWidget {
@@ -36,7 +37,6 @@ class RecordPanel final : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void listDevices();
   void start();
   void stop();
   void enter(LiveRecording::State state);
@@ -44,7 +44,7 @@ class RecordPanel final : public QWidget {
   void tick();
   void conclude();
 
-  QComboBox* m_device;
+  InputList* m_device;
   QPushButton* m_start;
   QPushButton* m_stop;
   QProgressBar* m_level;

@@ -18,6 +18,30 @@ constexpr const char* kLines[] = {
     QT_TRANSLATE_NOOP("Wording",
                       "%1: the album has a song of that title already; choose another title"),
     QT_TRANSLATE_NOOP("Wording", "%1: there is a tuning of that name already; choose another name"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "%1: there is an instrument of that name already; choose another name"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "%1: an instrument is calibrated in Standard or Drop D; select one of them, "
+                      "and tune the guitar to it"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "%1: a definition file cannot hold that name; rename the instrument without "
+                      "apostrophes and \"<\""),
+    QT_TRANSLATE_NOOP("Wording",
+                      "The recording is longer than ten minutes; choose one that holds the single "
+                      "notes only"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "Nothing is heard in the recording; check the microphone or choose another "
+                      "file"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "No single note is heard in the recording; play one note at a time, louder, "
+                      "and mute it before the next one"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "String %1 was not heard long enough; record its notes once more, and let "
+                      "each ring for three seconds"),
+    QT_TRANSLATE_NOOP("Wording", "%1: is empty"),
+    QT_TRANSLATE_NOOP("Wording", "%1: is a folder; name a sound file"),
+    QT_TRANSLATE_NOOP("Wording", "%1: has no sound track"),
+    QT_TRANSLATE_NOOP("Wording", "%1: no sound could be decoded; is the file complete?"),
     QT_TRANSLATE_NOOP("Wording", "%1: the song has no chords, so there is nothing to export"),
     QT_TRANSLATE_NOOP("Wording", "%1: the song has no chords, so \"%2\" has nothing to do"),
     QT_TRANSLATE_NOOP("Wording", "%1: is no instrument definition file; nothing was imported"),
@@ -53,6 +77,7 @@ constexpr const char* kLines[] = {
     QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2"),
     QT_TRANSLATE_NOOP("Wording", "System default"),
     QT_TRANSLATE_NOOP("Wording", "Song Import: %1"),
+    QT_TRANSLATE_NOOP("Wording", "Calibration: %1"),
 };
 
 QRegularExpression matching(const char* line) {

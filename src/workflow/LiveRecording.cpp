@@ -98,10 +98,7 @@ void LiveRecording::start() {
 }
 
 void LiveRecording::make() {
-  const fs::path file = m_options.keptTake.empty()
-                            ? LiveTake::freeFile(folderOfTakes(), dateAndTime("%Y-%m-%d %H-%M-%S"))
-                            : m_options.keptTake;
-  m_take = std::make_unique<LiveTake>(file);
+  m_take = std::make_unique<LiveTake>(m_options.keptTake.empty() ? freeTake() : m_options.keptTake);
   m_made = std::make_unique<NewSong>(m_options.album,
                                      m_options.title.value_or(dateAndTime("%Y-%m-%d %H:%M:%S")));
   m_tuning = m_options.tuning;
@@ -279,6 +276,10 @@ const std::optional<std::string>& LiveRecording::takeProblem() const {
 
 std::optional<fs::path> LiveRecording::takeLeft() const {
   return m_takeStays && m_take ? std::optional(m_take->file()) : std::nullopt;
+}
+
+fs::path LiveRecording::freeTake() {
+  return LiveTake::freeFile(folderOfTakes(), dateAndTime("%Y-%m-%d %H-%M-%S"));
 }
 
 std::vector<fs::path> LiveRecording::takesLeftBehind() { return LiveTake::leftIn(folderOfTakes()); }

@@ -100,6 +100,8 @@ class LiveRecording {
   void onProgress(std::function<void(double)> listener) { m_onProgress = std::move(listener); }
   void onState(std::function<void(State)> listener) { m_onState = std::move(listener); }
 
+  /// A file for a take, named by date and time, that is not there yet.
+  static std::filesystem::path freeTake();
   /// Takes of recordings that did not end, because the program was killed.
   static std::vector<std::filesystem::path> takesLeftBehind();
 

@@ -147,6 +147,7 @@ constexpr const char* kUndoActions[] = {
     QT_TRANSLATE_NOOP("UndoAction", "Delete"),
     QT_TRANSLATE_NOOP("UndoAction", "Activate Tone"),
     QT_TRANSLATE_NOOP("UndoAction", "Add Tone"),
+    QT_TRANSLATE_NOOP("UndoAction", "Calibrate Instrument"),
     QT_TRANSLATE_NOOP("UndoAction", "Change Duration"),
     QT_TRANSLATE_NOOP("UndoAction", "Change Fret"),
     QT_TRANSLATE_NOOP("UndoAction", "Change Tuning"),

@@ -754,6 +754,10 @@
         <source>Set Loop</source>
         <translation>Loop setzen</translation>
     </message>
+    <message>
+        <source>Calibrate Instrument</source>
+        <translation>Instrument einmessen</translation>
+    </message>
 </context>
 <context>
     <name>Wording</name>
@@ -889,6 +893,54 @@
         <source>Song Import: %1</source>
         <translation>Import: %1</translation>
     </message>
+    <message>
+        <source>%1: there is an instrument of that name already; choose another name</source>
+        <translation>%1: Es gibt schon ein Instrument dieses Namens; wähle einen anderen</translation>
+    </message>
+    <message>
+        <source>%1: an instrument is calibrated in Standard or Drop D; select one of them, and tune the guitar to it</source>
+        <translation>%1: Ein Instrument wird in Standard oder Drop D eingemessen; wähle eine davon aus und stimme die Gitarre so</translation>
+    </message>
+    <message>
+        <source>%1: a definition file cannot hold that name; rename the instrument without apostrophes and &quot;&lt;&quot;</source>
+        <translation>%1: Eine Definitionsdatei kann diesen Namen nicht aufnehmen; benenne das Instrument ohne Apostroph und „&lt;“ um</translation>
+    </message>
+    <message>
+        <source>The recording is longer than ten minutes; choose one that holds the single notes only</source>
+        <translation>Die Aufnahme ist länger als zehn Minuten; wähle eine, auf der nur die einzelnen Töne sind</translation>
+    </message>
+    <message>
+        <source>Nothing is heard in the recording; check the microphone or choose another file</source>
+        <translation>In der Aufnahme ist nichts zu hören; prüfe das Mikrofon oder wähle eine andere Datei</translation>
+    </message>
+    <message>
+        <source>No single note is heard in the recording; play one note at a time, louder, and mute it before the next one</source>
+        <translation>In der Aufnahme ist kein einzelner Ton zu hören; spiele einen Ton nach dem anderen, lauter, und dämpfe ihn vor dem nächsten</translation>
+    </message>
+    <message>
+        <source>String %1 was not heard long enough; record its notes once more, and let each ring for three seconds</source>
+        <translation>Saite %1 war nicht lange genug zu hören; nimm ihre Töne noch einmal auf und lass jeden drei Sekunden klingen</translation>
+    </message>
+    <message>
+        <source>%1: is empty</source>
+        <translation>%1: ist leer</translation>
+    </message>
+    <message>
+        <source>%1: is a folder; name a sound file</source>
+        <translation>%1: ist ein Ordner; nenne eine Tondatei</translation>
+    </message>
+    <message>
+        <source>%1: has no sound track</source>
+        <translation>%1: hat keine Tonspur</translation>
+    </message>
+    <message>
+        <source>%1: no sound could be decoded; is the file complete?</source>
+        <translation>%1: Es ließ sich kein Ton dekodieren; ist die Datei vollständig?</translation>
+    </message>
+    <message>
+        <source>Calibration: %1</source>
+        <translation>Einmessen: %1</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -899,6 +951,149 @@
     <message>
         <source>Rename</source>
         <translation>Umbenennen</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::CalibrationDialog</name>
+    <message>
+        <source>String %1 open</source>
+        <translation>Saite %1 leer</translation>
+    </message>
+    <message>
+        <source>String %1, fret %2</source>
+        <translation>Saite %1, Bund %2</translation>
+    </message>
+    <message>
+        <source>My Guitar</source>
+        <translation>Meine Gitarre</translation>
+    </message>
+    <message>
+        <source>My Guitar %1</source>
+        <translation>Meine Gitarre %1</translation>
+    </message>
+    <message>
+        <source>Sound and video files (%1)</source>
+        <translation>Ton- und Videodateien (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Choose File ...</source>
+        <translation>&amp;Datei wählen ...</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Pegel</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Calibrate From Recorded Notes</source>
+        <translation>Aus aufgenommenen Tönen einmessen</translation>
+    </message>
+    <message>
+        <source>Create &amp;Instrument</source>
+        <translation>&amp;Instrument anlegen</translation>
+    </message>
+    <message>
+        <source>1. Play single notes, one after the other: each string open and then at fret 7, from the lowest string to the highest.</source>
+        <translation>1. Spiele einzelne Töne nacheinander: jede Saite leer und dann im 7. Bund, von der tiefsten Saite bis zur höchsten.</translation>
+    </message>
+    <message>
+        <source>2. Let each ring for three seconds, mute it, and leave a second of silence.</source>
+        <translation>2. Lass jeden drei Sekunden klingen, dämpfe ihn, und lass eine Sekunde Stille.</translation>
+    </message>
+    <message>
+        <source>3. Play as loud as in your recordings, the guitar alone. Single notes at other frets, up to fret 12, make it better.</source>
+        <translation>3. Spiele so laut wie auf deinen Aufnahmen, die Gitarre allein. Einzelne Töne in anderen Bünden, bis zum 12., machen es besser.</translation>
+    </message>
+    <message>
+        <source>The instrument tells the classic detection, and the chords shown while you record, which tones are only overtones. The precise detection hears without an instrument.</source>
+        <translation>Das Instrument sagt der klassischen Erkennung, und den Akkorden, die beim Aufnehmen erscheinen, welche Töne nur Obertöne sind. Die genaue Erkennung hört ohne Instrument.</translation>
+    </message>
+    <message>
+        <source>Your settings have the precise one: imports will be heard as before.</source>
+        <translation>Eingestellt ist die genaue: Importe werden gehört wie bisher.</translation>
+    </message>
+    <message>
+        <source>Your settings have the classic one: imports will be heard with it.</source>
+        <translation>Eingestellt ist die klassische: Importe werden damit gehört.</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>or drop a file here, or record now:</source>
+        <translation>oder eine Datei hierher ziehen, oder jetzt aufnehmen:</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Ton</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Notes that were heard</source>
+        <translation>Töne, die zu hören waren</translation>
+    </message>
+    <message>
+        <source>Name of the instrument</source>
+        <translation>Name des Instruments</translation>
+    </message>
+    <message>
+        <source>&amp;Name of the instrument</source>
+        <translation>&amp;Name des Instruments</translation>
+    </message>
+    <message>
+        <source>Recorded Notes</source>
+        <translation>Aufgenommene Töne</translation>
+    </message>
+    <message>
+        <source>Play the notes, then press Stop.</source>
+        <translation>Spiele die Töne, dann drücke Stopp.</translation>
+    </message>
+    <message>
+        <source>Listening ...</source>
+        <translation>Hört zu ...</translation>
+    </message>
+    <message>
+        <source>Choose a recording of the notes, or record them.</source>
+        <translation>Wähle eine Aufnahme der Töne, oder nimm sie auf.</translation>
+    </message>
+    <message>
+        <source>✓ heard</source>
+        <translation>✓ gehört</translation>
+    </message>
+    <message>
+        <source>✗ missing</source>
+        <translation>✗ fehlt</translation>
+    </message>
+    <message>
+        <source>Also: %1</source>
+        <translation>Außerdem: %1</translation>
+    </message>
+    <message>
+        <source>Every string was heard. The instrument becomes better with the missing notes.</source>
+        <translation>Jede Saite war zu hören. Mit den fehlenden Tönen wird das Instrument besser.</translation>
+    </message>
+    <message>
+        <source>All notes were heard. Give the instrument a name and create it.</source>
+        <translation>Alle Töne waren zu hören. Gib dem Instrument einen Namen und lege es an.</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Stopp</translation>
+    </message>
+    <message>
+        <source>&amp;Record</source>
+        <translation>&amp;Aufnehmen</translation>
     </message>
 </context>
 <context>
@@ -1108,6 +1303,13 @@
     </message>
 </context>
 <context>
+    <name>korvel::ui::InputList</name>
+    <message>
+        <source>Device to record from</source>
+        <translation>Gerät, von dem aufgenommen wird</translation>
+    </message>
+</context>
+<context>
     <name>korvel::ui::JobPanel</name>
     <message>
         <source>Jobs</source>
@@ -1208,10 +1410,6 @@
         <translation>Aufnahmen importieren</translation>
     </message>
     <message>
-        <source>Sound and video files (%1)</source>
-        <translation>Ton- und Videodateien (%1)</translation>
-    </message>
-    <message>
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
     </message>
@@ -1242,6 +1440,10 @@
     <message>
         <source>Sound as it is played</source>
         <translation>Klang, wie er gespielt wird</translation>
+    </message>
+    <message>
+        <source>Calibrate From Recorded Notes ...</source>
+        <translation>Aus aufgenommenen Tönen einmessen ...</translation>
     </message>
 </context>
 <context>
@@ -1490,10 +1692,6 @@
     <message>
         <source>Stop</source>
         <translation>Stopp</translation>
-    </message>
-    <message>
-        <source>Device to record from</source>
-        <translation>Gerät, von dem aufgenommen wird</translation>
     </message>
     <message>
         <source>Level</source>

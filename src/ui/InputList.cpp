@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/InputList.h"
+
+#include "platform/AudioSystem.h"
+#include "ui/Preferences.h"
+#include "ui/Text.h"
+#include "ui/Wording.h"
+
+namespace korvel::ui {
+
+InputList::InputList(QWidget* parent) : QComboBox(parent) {
+  setAccessibleName(tr("Device to record from"));
+  setAccessibleDescription(accessibleName());  // where the chosen entry counts as the name
+  connect(this, &QComboBox::textActivated, this, [this](const QString& name) {
+    Preferences().setInput(currentIndex() == 0 ? QString() : name);
+  });
+}
+
+void InputList::list() {
+  clear();
+  try {
+    for (const std::string& name : platform::AudioSystem::main().inputs()) addItem(toText(name));
+  } catch (const platform::AudioError& problem) {
+    addItem(toText(platform::AudioSystem::kSystemDefault));
+    setToolTip(worded(toText(problem.what())));
+  }
+  setItemText(0, worded(itemText(0)));
+  setCurrentIndex(std::max(0, findText(Preferences().input())));
+}
+
+}  // namespace korvel::ui
