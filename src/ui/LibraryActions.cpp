@@ -204,7 +204,7 @@ void LibraryActions::importFile(const QString& file, QBAlbum* into) {
 }
 
 void LibraryActions::createAlbum() {
-  attempt([] { newAlbum(tr("New Album").toStdString()); });
+  attempt([this] { emit albumCreated(newAlbum(tr("New Album").toStdString())); });
 }
 
 void LibraryActions::exportSongFile(QBSong* song) {

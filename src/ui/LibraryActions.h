@@ -50,6 +50,8 @@ class LibraryActions final : public QObject {
   void imported(const QString& file, QBSong* song);
   /// The title of that node is to be edited in place.
   void renameWanted(const QBTreeNode* node);
+  /// By the user, who has yet to name it.
+  void albumCreated(const QBAlbum* album);
 
  private:
   /// Runs an edit and tells why it was refused.

@@ -96,6 +96,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
   });
   connect(m_actions, &LibraryActions::imported, this, &MainWindow::showImported);
   connect(m_tree, &TreePanel::refused, this, &MainWindow::say);
+  connect(m_tree, &TreePanel::songActivated, m_tablature, qOverload<>(&QWidget::setFocus));
 }
 
 MainWindow::~MainWindow() {
@@ -131,6 +132,7 @@ void MainWindow::connectViews() {
 
 void MainWindow::connectSound() {
   connect(m_tablature, &TablatureView::playToggled, m_player, &PlayerBar::toggle);
+  connect(m_roll, &RollView::playToggled, m_player, &PlayerBar::toggle);
   connect(m_player, &PlayerBar::moved, this, &MainWindow::showPlaying);
   connect(m_player, &PlayerBar::resetLoopWanted, this, &MainWindow::resetLoop);
   connect(m_player, &PlayerBar::settingsWanted, this, [this] { changeSettings("sound"); });
@@ -182,6 +184,7 @@ QDockWidget* MainWindow::addPanel(const QString& title, const char* name, QWidge
   panel->setSizePolicy(keepsItsPlace);
   connect(dock, &QDockWidget::visibilityChanged, panel, &QWidget::setVisible);
   addDockWidget(area, dock);
+  m_panels.append(dock);
   return dock;
 }
 
@@ -294,6 +297,7 @@ void MainWindow::showPlaying() {
 }
 
 void MainWindow::resetLoop() {
+  if (m_player->isPlaying()) return say(tr("Stop playing first, then change the loop"));
   if (m_song) clearLoop(*m_song);
   refreshViews();
 }

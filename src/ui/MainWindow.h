@@ -77,9 +77,14 @@ class MainWindow final : public QMainWindow, public SongView {
   void addMenus();
   void addFileMenu();
   void completeEditMenu();
+  void addLibraryEdits();
+  void addPlayMenu();
   void addViewMenu();
+  void addGoToMenu(QMenu& menu);
   void addHelpMenu();
   void listRecentFiles();
+  void listAlbums(QMenu& menu);
+  static void goTo(QDockWidget& panel);
   /// Does what needs a song that can be handed on.
   void withSong(const std::function<void()>& act);
 
@@ -118,6 +123,7 @@ class MainWindow final : public QMainWindow, public SongView {
   SongMenu* m_songMenu;
   AlbumMenu* m_albumMenu;
   QMenu* m_recent = nullptr;
+  QList<QDockWidget*> m_panels;  ///< The library first.
   QVBoxLayout* m_centre = nullptr;
   QLabel* m_place;
 };

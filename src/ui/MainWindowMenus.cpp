@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QDir>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QPrinter>
 
+#include "model/QBAlbum.h"
 #include "model/QBSong.h"
+#include "model/QBTabMgr.h"
 #include "model/QBTextLoader.h"
 #include "platform/FileError.h"
 #include "ui/AlbumMenu.h"
@@ -14,6 +17,7 @@
 #include "ui/FindBar.h"
 #include "ui/LibraryActions.h"
 #include "ui/MainWindow.h"
+#include "ui/PlayerBar.h"
 #include "ui/Preferences.h"
 #include "ui/SelfCheckDialog.h"
 #include "ui/SongMenu.h"
@@ -21,15 +25,16 @@
 #include "ui/TreePanel.h"
 #include "ui/views/TablaturePages.h"
 #include "ui/views/TablatureView.h"
+#include "workflow/LibraryEdits.h"
 #include "workflow/QBSession.h"
 
 namespace korvel::ui {
-
 void MainWindow::addMenus() {
   addFileMenu();
   completeEditMenu();
   menuBar()->addMenu(m_songMenu);
   menuBar()->addMenu(m_albumMenu);
+  addPlayMenu();
   addViewMenu();
   addHelpMenu();
 }
@@ -74,7 +79,40 @@ void MainWindow::completeEditMenu() {
   m_editMenu->addSeparator();
   m_editMenu->addAction(tr("&Find Chord ..."), QKeySequence::Find, m_find, &FindBar::open);
   m_editMenu->addAction(tr("Search &Library ..."), tr("Ctrl+L"), m_tree, &TreePanel::focusSearch);
-  m_editMenu->addAction(tr("Reset L&oop"), this, &MainWindow::resetLoop);
+  addLibraryEdits();
+}
+
+void MainWindow::addLibraryEdits() {
+  m_editMenu->addSeparator();
+  m_editMenu->addAction(tr("Rena&me in Library"), tr("F2"), this, [this] {
+    goTo(*m_panels.front());
+    m_tree->renameCurrent();
+  });
+  QMenu* albums = m_editMenu->addMenu(tr("Mo&ve Song to Album"));
+  connect(m_editMenu, &QMenu::aboutToShow, this, [this, albums] { listAlbums(*albums); });
+}
+
+/// Those that the song that is shown may move to.
+void MainWindow::listAlbums(QMenu& menu) {
+  menu.clear();
+  const QBAlbum* own = m_song ? m_song->album() : nullptr;
+  for (const auto& album : QBTabMgr::db().albums())
+    if (own && album != own)
+      menu.addAction(toText(album->name()).replace('&', "&&"), this, [this, album] {
+        moveSong(*m_song, *album);
+        m_tree->showSong(m_song);
+      });
+  menu.setEnabled(!menu.isEmpty());
+}
+
+void MainWindow::addPlayMenu() {
+  QMenu* menu = menuBar()->addMenu(tr("&Play"));
+  QAction* play = menu->addAction(tr("&Play or Stop"), m_player, &PlayerBar::toggle);
+  play->setShortcuts({QKeySequence(tr("Ctrl+Space")), QKeySequence(Qt::Key_MediaTogglePlayPause)});
+  menu->addSeparator();
+  menu->addAction(tr("Set &Loop End Here"), tr("Ctrl+Return"), m_tablature,
+                  &TablatureView::chooseLoopEnd);
+  menu->addAction(tr("&Reset Loop"), this, &MainWindow::resetLoop);
 }
 
 void MainWindow::addViewMenu() {
@@ -83,8 +121,30 @@ void MainWindow::addViewMenu() {
   menu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, m_tablature, &TablatureView::zoomOut);
   menu->addAction(tr("&Actual Size"), tr("Ctrl+0"), m_tablature, &TablatureView::resetZoom);
   menu->addSeparator();
-  QMenu* panels = createPopupMenu();
-  menu->addActions(panels->actions());
+  addGoToMenu(*menu);
+  menu->addSeparator();
+  for (const QDockWidget* panel : m_panels) menu->addAction(panel->toggleViewAction());
+  menu->addSeparator();
+  menu->addAction(m_player->toggleViewAction());
+}
+
+/// In the order of the window, the tablature after the library.
+void MainWindow::addGoToMenu(QMenu& menu) {
+  QMenu* places = menu.addMenu(tr("&Go To"));
+  int number = 1;
+  const auto key = [&number] { return QKeySequence(Qt::ALT | Qt::Key(Qt::Key_0 + number++)); };
+  for (QDockWidget* panel : m_panels) {
+    places->addAction(panel->windowTitle(), key(), this, [panel] { goTo(*panel); });
+    if (panel == m_panels.front())
+      places->addAction(tr("Tablature"), key(), this, [this] { m_tablature->setFocus(); });
+  }
+}
+
+void MainWindow::goTo(QDockWidget& panel) {
+  panel.show();
+  panel.raise();
+  panel.widget()->show();  // it may be told later that it is in front
+  panel.widget()->setFocus(Qt::ShortcutFocusReason);
 }
 
 void MainWindow::addHelpMenu() {

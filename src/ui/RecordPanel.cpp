@@ -72,6 +72,7 @@ RecordPanel::RecordPanel(QWidget* parent)
   auto* buttons = new QHBoxLayout;
   for (QWidget* each : std::initializer_list<QWidget*>{m_start, m_stop, m_time})
     buttons->addWidget(each);
+  setFocusProxy(m_start);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addLayout(device);

@@ -221,6 +221,10 @@ void TreeModel::rename(QBTreeNode& node, const std::string& title) {
     renameInstrument(*instrument->instrument(), title);
 }
 
+QVariant TreeModel::headerData(int, Qt::Orientation, int role) const {
+  return role == Qt::DisplayRole ? tr("Library") : QVariant();
+}
+
 Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::ItemIsDropEnabled;
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDropEnabled;

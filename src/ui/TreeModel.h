@@ -44,6 +44,8 @@ class TreeModel final : public QAbstractItemModel {
   QVariant data(const QModelIndex& index, int role) const override;
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
+  /// The view hides it, but screen readers say it.
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   Qt::DropActions supportedDropActions() const override;
   QStringList mimeTypes() const override;

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/TreePanel.h"
 
+#include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -46,6 +49,7 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
   m_view->setAccessibleName(tr("Library"));
   m_view->expandToDepth(0);
   m_view->installEventFilter(this);
+  setFocusProxy(m_view);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(m_search);
@@ -56,11 +60,15 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
   });
   connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &TreePanel::select);
   connect(m_view, &QWidget::customContextMenuRequested, this, &TreePanel::showMenu);
+  connect(m_view, &QTreeView::activated, this, [this](const QModelIndex& index) {
+    if (dynamic_cast<QBSongNode*>(m_model.nodeOf(m_filter.mapToSource(index)).get()))
+      emit songActivated();
+  });
   connect(&m_model, &TreeModel::refused, this, &TreePanel::refused);
   connect(&m_model, &TreeModel::filesDropped, this, &TreePanel::drop);
-  connect(&m_actions, &LibraryActions::renameWanted, this, [this](const QBTreeNode* node) {
-    m_view->edit(m_filter.mapFromSource(m_model.indexOf(node)));
-  });
+  connect(&m_actions, &LibraryActions::renameWanted, this, &TreePanel::rename);
+  connect(&m_actions, &LibraryActions::albumCreated, this,
+          [this, &library](const QBAlbum* album) { rename(library.find(album).get()); });
 }
 
 void TreePanel::refreshAllContents() { m_model.refresh(); }
@@ -77,6 +85,11 @@ void TreePanel::showSong(const QBSong* song) {
 void TreePanel::focusSearch() {
   m_search->setFocus();
   m_search->selectAll();
+}
+
+void TreePanel::rename(const QBTreeNode* node) {
+  m_view->setCurrentIndex(m_filter.mapFromSource(m_model.indexOf(node)));
+  renameCurrent();
 }
 
 void TreePanel::renameCurrent() { m_view->edit(m_view->currentIndex()); }
@@ -105,6 +118,12 @@ void TreePanel::showMenu(const QPoint& position) {
     m_actions.fillMenu(menu, node);
   else
     m_actions.fillRootMenu(menu);
+  // Readers of the screen learn of a menu only by the entry that has the focus.
+  if (m_menuByKeys)
+    QTimer::singleShot(0, &menu, [&menu] {
+      QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+      QCoreApplication::sendEvent(&menu, &down);
+    });
   menu.exec(m_view->viewport()->mapToGlobal(position));
 }
 
@@ -123,6 +142,8 @@ void TreePanel::drop(const QStringList& files, const QModelIndex& into) {
 }
 
 bool TreePanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ContextMenu)
+    m_menuByKeys = static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
   if (event->type() == QEvent::KeyPress &&
       static_cast<QKeyEvent*>(event)->matches(QKeySequence::Delete)) {
     deleteCurrent();

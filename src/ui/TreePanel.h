@@ -33,6 +33,8 @@ class TreePanel final : public QWidget, public TreeView {
 
  signals:
   void refused(const QString& text);
+  /// By Enter or a double click.
+  void songActivated();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -41,6 +43,7 @@ class TreePanel final : public QWidget, public TreeView {
   void select(const QModelIndex& current);
   void showMenu(const QPoint& position);
   void deleteCurrent();
+  void rename(const QBTreeNode* node);
   void drop(const QStringList& files, const QModelIndex& into);
   QModelIndex currentIndex() const;
 
@@ -50,6 +53,7 @@ class TreePanel final : public QWidget, public TreeView {
   QLineEdit* m_search;
   QTreeView* m_view;
   bool m_following = false;
+  bool m_menuByKeys = false;
 };
 
 }  // namespace korvel::ui

@@ -143,6 +143,30 @@ TEST_F(MainWindowTest, keysOfTheFileMenuDoNothingWithoutASong) {
   }
 }
 
+TEST_F(MainWindowTest, whatAMouseDoesIsDoneByKeysToo) {
+  import();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return m_window->tablature().song() != nullptr; }));
+  m_window->activateWindow();
+  auto* log = m_window->findChild<LogPanel*>();
+  EXPECT_FALSE(log->isVisible()) << "is behind the jobs, where Tab must not lead";
+  action("Log", action("Go To")->menu())->trigger();
+  EXPECT_TRUE(log->isVisible());
+  EXPECT_EQ(m_window->focusWidget(), log);
+  action("Tablature", action("Go To")->menu())->trigger();
+  EXPECT_EQ(m_window->focusWidget(), &m_window->tablature());
+  m_window->tablature().moveCursor(1, 0);
+  action("Set Loop End Here")->trigger();
+  EXPECT_TRUE(m_window->tablature().placeText().endsWith("loop begins"));
+  action("Reset Loop")->trigger();
+  EXPECT_FALSE(m_window->tablature().placeText().contains("loop"));
+  action("New Album")->trigger();
+  emit action("Edit")->menu()->aboutToShow();
+  const auto albums = action("Move Song to Album")->menu()->actions();
+  ASSERT_EQ(albums.size(), 1) << "its own is left out";
+  albums.front()->trigger();
+  EXPECT_EQ(titles(), albums.front()->text().toStdString() + "/Tune ");
+}
+
 TEST_F(MainWindowTest, deletedSongIsNotShownAnyMore) {
   import();
   ASSERT_TRUE(QTest::qWaitFor([&] { return m_window->tablature().song() != nullptr; }));

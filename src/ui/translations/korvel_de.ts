@@ -1560,10 +1560,6 @@
         <translation>Ctrl+L</translation>
     </message>
     <message>
-        <source>Reset L&amp;oop</source>
-        <translation>Loop &amp;zurücksetzen</translation>
-    </message>
-    <message>
         <source>&amp;View</source>
         <translation>A&amp;nsicht</translation>
     </message>
@@ -1615,6 +1611,54 @@
     <message>
         <source>Choose a song with chords first</source>
         <translation>Wähle erst einen Song, der Akkorde hat</translation>
+    </message>
+    <message>
+        <source>Stop playing first, then change the loop</source>
+        <translation>Erst die Wiedergabe anhalten, dann den Loop ändern</translation>
+    </message>
+    <message>
+        <source>Rena&amp;me in Library</source>
+        <translation>In der Bibliothek u&amp;mbenennen</translation>
+    </message>
+    <message>
+        <source>F2</source>
+        <translation>F2</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve Song to Album</source>
+        <translation>Son&amp;g in Album verschieben</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Wiedergabe</translation>
+    </message>
+    <message>
+        <source>&amp;Play or Stop</source>
+        <translation>&amp;Abspielen oder anhalten</translation>
+    </message>
+    <message>
+        <source>Ctrl+Space</source>
+        <translation>Ctrl+Space</translation>
+    </message>
+    <message>
+        <source>Set &amp;Loop End Here</source>
+        <translation>&amp;Loop-Ende hier setzen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Loop</source>
+        <translation>Loop &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Go To</source>
+        <translation>Gehe &amp;zu</translation>
+    </message>
+    <message>
+        <source>Tablature</source>
+        <translation>Tabulatur</translation>
     </message>
 </context>
 <context>
@@ -1962,6 +2006,10 @@
     <message>
         <source>%1, selected</source>
         <translation>%1, ausgewählt</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
     </message>
 </context>
 <context>

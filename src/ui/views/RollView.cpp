@@ -411,6 +411,9 @@ void RollView::keyPressEvent(QKeyEvent* event) {
       return choose(0);
     case Qt::Key_End:
       return choose(m_roll.chords() - 1);
+    case Qt::Key_Space:
+      emit playToggled();
+      return;
     case Qt::Key_0:
       if (event->modifiers() & Qt::ControlModifier) return resetZoom();
       [[fallthrough]];

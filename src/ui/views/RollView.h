@@ -54,6 +54,8 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   /// A column was clicked, or gone to by keys.
   void chordChosen(int chord);
   void zoomChanged(int percent);
+  /// Space was pressed.
+  void playToggled();
 
  protected:
   bool viewportEvent(QEvent* event) override;

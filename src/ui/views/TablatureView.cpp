@@ -88,6 +88,10 @@ void TablatureView::handleClick(double x, double y) {
   if (chord && !m_locked) emit loopEndChosen(*chord);
 }
 
+void TablatureView::chooseLoopEnd() {
+  if (m_chord >= 0 && !m_locked) emit loopEndChosen(m_chord);
+}
+
 void TablatureView::lock(bool locked) { m_locked = locked; }
 
 void TablatureView::drawTuning(QBTuning* tuning) {

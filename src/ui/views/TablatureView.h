@@ -67,6 +67,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
 
  public slots:
   void moveCursor(int chord, int string);
+  /// As a click on the chord at the cursor.
+  void chooseLoopEnd();
   void showPlaying(int chord);
   void setZoom(int percent);
   void zoomIn();
