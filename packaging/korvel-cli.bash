@@ -24,8 +24,10 @@ _korvel_cli() {
     fi
   done
 
+  local below=''
+  [[ $command == tunings || $command == instruments ]] && ((cword > i + 1)) && below=${words[i + 1]}
   if [[ $cur == -* ]]; then
-    _korvel_cli_offer < <("${words[0]}" ${command:+"$command"} --help 2>/dev/null |
+    _korvel_cli_offer < <("${words[0]}" ${command:+"$command"} ${below:+"$below"} --help 2>/dev/null |
       grep -oE -- '--[a-z][a-z-]*' | sort -u)
     return
   fi
@@ -43,6 +45,19 @@ _korvel_cli() {
   esac
   case $command in
     import | transcribe | backup) _filedir ;;
+    tunings | instruments)
+      case $((cword - i)):$below in
+        1:)
+          _korvel_cli_offer < <("${words[0]}" "$command" --help 2>/dev/null |
+            sed -n '/^Subcommands:/,$s/^  \([a-z]\{1,\}\) .*/\1/p')
+          ;;
+        2:add) _korvel_cli_offer < <(printf 'Standard\nDrop D\nOpen G\n') ;;
+        2:select | 2:export)
+          _korvel_cli_offer < <("${words[0]}" "$command" 2>/dev/null | sed 's/^[* ] //; s/ ([A-Gb#]*)$//')
+          ;;
+        *:import | *:export | *:calibrate) _filedir ;;
+      esac
+      ;;
     apply)
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       _korvel_cli_offer < <("${words[0]}" apply --list 2>/dev/null | sed -n 's/.*\[\([A-Za-z0-9_]*\)\]$/\1/p')

@@ -14,6 +14,7 @@
 #include "cli/Devices.h"
 #include "cli/Export.h"
 #include "cli/Import.h"
+#include "cli/InstrumentCommands.h"
 #include "cli/NumberRange.h"
 #include "cli/Play.h"
 #include "cli/Record.h"
@@ -21,6 +22,8 @@
 #include "cli/SongEdits.h"
 #include "cli/StoreCommands.h"
 #include "cli/Transcribe.h"
+#include "cli/TuningCommands.h"
+#include "model/Neck.h"
 #include "model/QBTabMgr.h"
 #include "workflow/SongCommands.h"
 
@@ -51,6 +54,7 @@ struct Usage {
   cli::PlayOptions played;
   cli::RenderOptions rendered;
   cli::TranscribeOptions transcribe;
+  cli::NewTuning tuning;
   bool storeMustExist = false;
   bool storeNeeded = true;
   Action action;
@@ -308,12 +312,82 @@ struct Usage {
             always(&cli::listDevices))
         ->parse_complete_callback([this] { storeNeeded = false; });
     command("list", "List albums and songs", always(&cli::listSongs));
-    command("tunings", "List the tunings", always(&cli::listTunings));
+    addTunings();
+    addInstruments();
     caring("check", "Check that the store is sound", always(&cli::checkStore));
     caring("backup", "Copy the store to a new file", always([this] { cli::backupStore(file); }))
         ->add_option("FILE", file, "The copy")
         ->required()
         ->type_name("");
+  }
+
+  /// A command with commands of its own below it; by itself it lists.
+  CLI::App* listing(const char* name, const char* description, void (*list)()) {
+    CLI::App* sub = app.add_subcommand(name, description);
+    sub->require_subcommand(0, 1);
+    sub->callback([this, sub, list] {
+      if (sub->get_subcommands().empty()) action = always(list);
+    });
+    return sub;
+  }
+
+  CLI::App* below(CLI::App& above, const char* name, const char* description, const Action& run) {
+    CLI::App* sub = above.add_subcommand(name, description);
+    sub->callback([this, run] { action = run; });
+    return sub;
+  }
+
+  void addTunings() {
+    CLI::App& tunings =
+        *listing("tunings", "List the tunings, select one or add one", &cli::listTunings);
+    below(tunings, "select", "Select the tuning of new songs",
+          always([this] { cli::selectTuningNamed(target); }))
+        ->add_option("TUNING", target, "Its name")
+        ->required()
+        ->type_name("");
+    CLI::App* add =
+        below(tunings, "add", "Add a tuning", always([this] { cli::addTuning(tuning); }));
+    CLI::Option* like =
+        add->add_option("TUNING", tuning.like, "\"Standard\", \"Drop D\" or \"Open G\"")
+            ->type_name("");
+    CLI::Option* name = add->add_option("--name", tuning.name, "Its name (default: a free one)");
+    CLI::Option* strings =
+        add->add_option("--strings", tuning.notes, "Or its notes, such as D2, lowest string first")
+            ->expected(kStrings)
+            ->type_name("NOTE...")
+            ->needs(name)
+            ->excludes(like);
+    add->parse_complete_callback([like, strings] {
+      if (like->empty() && strings->empty())
+        throw CLI::ValidationError("add", "takes a TUNING, or --strings and --name");
+    });
+  }
+
+  void addInstruments() {
+    CLI::App& instruments =
+        *listing("instruments", "List the instruments of the classic detection, or change them",
+                 &cli::listInstruments);
+    const auto taking = [](CLI::App* sub, const char* name, std::string& word, const char* what) {
+      sub->add_option(name, word, what)->required()->type_name("");
+      return sub;
+    };
+    taking(below(instruments, "select", "Select the instrument that confirms tones",
+                 always([this] { cli::selectInstrumentNamed(target); })),
+           "INSTRUMENT", target, "Its name");
+    taking(below(instruments, "import", "Add an instrument from its definition file",
+                 always([this] { cli::importInstrumentFile(file); })),
+           "FILE", file, "Definition file");
+    auto force = std::make_shared<bool>(false);
+    CLI::App* write = below(instruments, "export", "Write the definition file of an instrument",
+                            always([this, force] { cli::exportInstrument(target, file, *force); }));
+    taking(taking(write, "INSTRUMENT", target, "Its name"), "FILE", file, "Definition file");
+    write->add_flag("--force", *force, "Replace a file that is there already");
+    CLI::App* calibrate = below(instruments, "calibrate",
+                                "Add an instrument from a recording of single notes: each string "
+                                "open and at fret 7, with silence between them",
+                                always([this] { cli::calibrateInstrument(file, target); }));
+    taking(calibrate, "FILE", file, "Sound file");
+    calibrate->add_option("--name", target, "Name of the instrument")->required();
   }
 };
 
@@ -340,6 +414,7 @@ void unmarkAll(Usage& usage) {
         &usage.played.song, &usage.played.device, &usage.rendered.file})
     unmark(*word);
   for (std::string& file : usage.import.files) unmark(file);
+  unmark(usage.tuning.like);
   for (auto* word : {&usage.import.album,
                      &usage.import.title,
                      &usage.import.tuning,
@@ -359,7 +434,8 @@ void unmarkAll(Usage& usage) {
                      &usage.record.album,
                      &usage.record.title,
                      &usage.record.wav,
-                     &usage.record.tuning})
+                     &usage.record.tuning,
+                     &usage.tuning.name})
     if (*word) unmark(**word);
 }
 

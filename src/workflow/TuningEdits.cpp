@@ -38,6 +38,13 @@ bool isTaken(const std::string& name) {
                              [&](const auto& each) { return each->descr() == name; });
 }
 
+void requireFree(const std::string& name) {
+  if (name.find_first_not_of(" \t\r\n") == std::string::npos)
+    throw EditRefused("A tuning needs a name; type one");
+  if (isTaken(name))
+    throw EditRefused(name + ": there is a tuning of that name already; choose another name");
+}
+
 std::string freeName(std::string name) {
   while (isTaken(name)) name += "_2";
   return name;
@@ -109,17 +116,16 @@ void selectTuning(QBTuning& tuning) {
 void renameTuning(QBTuning& tuning, const std::string& name) {
   const platform::UndoGroup group(undoManager(), "Rename Tuning");
   if (name == tuning.descr()) return;
-  if (name.empty()) throw EditRefused("A tuning needs a name; type one");
-  if (isTaken(name))
-    throw EditRefused(name + ": there is a tuning of that name already; choose another name");
+  requireFree(name);
   tuning.setDescr(name);
   done("Tuning renamed.");
 }
 
-QBTuning* newTuning(KnownTuning from) {
+QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name) {
   const platform::UndoGroup group(undoManager(), "New Tuning");
-  const auto make = [](const char* name, void (QBTuning::*strings)()) {
-    QBTuning* tuning = db().createTuning(freeName(name), nextOrder());
+  if (name) requireFree(*name);
+  const auto make = [&](const char* kind, void (QBTuning::*strings)()) {
+    QBTuning* tuning = db().createTuning(name.value_or(freeName(kind)), nextOrder());
     (tuning->*strings)();
     done("Tuning created.");
     return tuning;
@@ -127,6 +133,19 @@ QBTuning* newTuning(KnownTuning from) {
   if (from == KnownTuning::dropD) return make("Drop D", &QBTuning::createDropDStrings);
   if (from == KnownTuning::openG) return make("Open G", &QBTuning::createOpenGStrings);
   return make("Standard", &QBTuning::createStandardStrings);
+}
+
+QBTuning* newTuning(const std::string& name, const OpenPitches& pitches) {
+  const platform::UndoGroup group(undoManager(), "New Tuning");
+  requireFree(name);
+  requirePlayable(pitches);
+  QBTuning* standard = db().createTuning(name, nextOrder());
+  standard->createStandardStrings();
+  QBTuning* tuning = db().createTuning(name, standard->order());
+  createStrings(*tuning, *standard, pitches);
+  remove(*standard);
+  done("Tuning created.");
+  return tuning;
 }
 
 OpenPitches pitchesOf(QBTuning& tuning) {

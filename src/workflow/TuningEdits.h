@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "model/Neck.h"
@@ -22,8 +23,10 @@ using OpenPitches = std::array<int, kStrings>;
 /// The tuning that new songs get.
 void selectTuning(QBTuning& tuning);
 void renameTuning(QBTuning& tuning, const std::string& name);
-/// Under a free name, as the last of the tunings.
-QBTuning* newTuning(KnownTuning from);
+/// Under that name, or a free one after what it begins as; the last of the tunings.
+QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name = std::nullopt);
+/// With these strings, which are refused as by editTuning.
+QBTuning* newTuning(const std::string& name, const OpenPitches& pitches);
 OpenPitches pitchesOf(QBTuning& tuning);
 /// The lowest and the highest pitch of an open string. Only the lowest string's note is followed by
 /// all that counts in absolute notes; of the others detection knows, by their frequency.

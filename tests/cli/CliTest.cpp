@@ -133,6 +133,57 @@ TEST_F(CliTest, tuningOfAnImportIsNotKept) {
   EXPECT_NE(unknown.err.find("Drop D"), std::string::npos);
 }
 
+TEST_F(CliTest, addsAndSelectsTunings) {
+  EXPECT_EQ(tool({"tunings", "add", "Open G"}).out, "Open G\n");
+  EXPECT_EQ(tool({"tunings", "add", "--strings", "D2", "A2", "D3", "G3", "A3", "D4", "--name",
+                  "[Celtic]"})
+                .out,
+            "[Celtic]\n");
+  EXPECT_EQ(tool({"tunings", "select", "Open G"}).status, 0);
+  const std::string tunings =
+      "  Standard (EBGDAE)\n  Drop D (EBGDAD)\n* Open G (DBGDBG)\n  [Celtic] (DAGDAD)\n";
+  EXPECT_EQ(tool({"tunings"}).out, tunings);
+  const auto refused = [&](std::vector<std::string> words, const char* why) {
+    words.insert(words.begin(), {"tunings", "add"});
+    const Outcome outcome = tool(words);
+    return outcome.status == 1 && lines(outcome.err) == 1 &&
+           outcome.err.find(why) != std::string::npos;
+  };
+  EXPECT_TRUE(refused({"Open Q"}, "Open G"));
+  EXPECT_TRUE(refused({"Open G", "--name", "Standard"}, "of that name already"));
+  EXPECT_TRUE(refused({"--strings", "D2", "A2", "D3", "G3", "A3", "H4", "--name", "X"}, "H4"));
+  EXPECT_TRUE(
+      refused({"--strings", "D2", "A2", "D3", "G3", "A3", "D5", "--name", "X"}, "String 1"));
+  EXPECT_EQ(tool({"tunings", "add"}).status, 2);
+  EXPECT_EQ(tool({"tunings"}).out, tunings);
+}
+
+TEST_F(CliTest, calibratesExportsAndImportsInstruments) {
+  std::vector<test::Strum> strums;
+  for (const int note : {40, 45, 50, 55, 59, 64})
+    strums.insert(strums.end(), {{{}, 0.5}, {{note}, 1.5}});
+  const std::string notes = m_folder.file("notes.wav");
+  test::writeWav(notes, test::play(strums));
+  const Outcome calibrated = tool({"instruments", "calibrate", notes, "--name", "Mine"});
+  ASSERT_EQ(calibrated.status, 0) << calibrated.err;
+  EXPECT_EQ(lines(calibrated.out), 6);
+  EXPECT_TRUE(calibrated.out.starts_with("E2  -")) << calibrated.out;
+  EXPECT_NE(calibrated.err.find("B4"), std::string::npos) << "what is missing is said";
+  const std::string definition = m_folder.file("mine.xml");
+  EXPECT_EQ(tool({"instruments", "export", "Mine", definition}).status, 0);
+  EXPECT_EQ(tool({"instruments", "export", "Classic E-Guitar", definition}).status, 1)
+      << "is there";
+  EXPECT_EQ(tool({"instruments", "import", definition}).out, "Mine#2\n");
+  const std::string again = m_folder.file("again.xml");
+  EXPECT_EQ(tool({"instruments", "export", "Mine#2", again}).status, 0);
+  EXPECT_EQ(test::readFile(again), test::readFile(definition));
+  EXPECT_EQ(tool({"instruments", "select", "Mine"}).status, 0);
+  EXPECT_EQ(tool({"instruments"}).out, "  Classic E-Guitar\n* Mine\n  Mine#2\n");
+  EXPECT_EQ(tool({"instruments", "select", "Yours"}).status, 1);
+  EXPECT_EQ(tool({"instruments", "import", notes}).status, 1);
+  EXPECT_EQ(tool({"instruments", "calibrate", recording("a.wav"), "--name", "X"}).status, 1);
+}
+
 TEST_F(CliTest, badFilesEndInOneClearLineAndLeaveNothing) {
   const auto make = [&](const std::string& name, const std::string& content) {
     test::writeFile(m_folder.file(name), content);
