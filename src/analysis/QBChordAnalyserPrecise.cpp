@@ -11,6 +11,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/Deadline.h"
 
 namespace korvel {
 namespace {
@@ -76,14 +77,26 @@ void QBChordAnalyserPrecise::listen() {
   }
   if (!m_listening)
     m_listening = std::make_unique<precise::Transcription>(m_source(), m_open, m_settings);
-  if (!m_listening->step()) keepBlocks();
+  if (m_heard)
+    gather();
+  else if (!m_listening->step())
+    m_heard = true;
+}
+
+void QBChordAnalyserPrecise::gather() {
+  const precise::Analysis& heard = m_listening->result();
+  if (!m_gathering.isUnderWay())
+    m_gathering = precise::gatherBlocks(heard, heard.notes, m_listening->samples(), m_open,
+                                        m_settings.fingering, m_gathered);
+  const platform::Deadline deadline;
+  while (m_gathering.next())
+    if (deadline.isOver()) return;
+  keepBlocks();
 }
 
 /// Those from the first to the last that sounds, and forgets the rest.
 void QBChordAnalyserPrecise::keepBlocks() {
-  const precise::Analysis& heard = m_listening->result();
-  m_blocks =
-      precise::blocksOf(heard, heard.notes, m_listening->samples(), m_open, m_settings.fingering);
+  m_blocks = std::move(m_gathered);
   m_listening.reset();
   tellStrikesByAmplitude(*m_blocks);
   const auto sounds = [](const BlockTones& tones) { return !tones.empty(); };

@@ -9,6 +9,7 @@
 #include "analysis/precise/Blocks.h"
 #include "analysis/precise/FingeringOptions.h"
 #include "analysis/precise/Settings.h"
+#include "platform/Slices.h"
 
 namespace korvel {
 
@@ -37,11 +38,15 @@ class QBChordAnalyserPrecise final : public QBChordAnalyser {
 
  private:
   void listen();
+  void gather();
   void keepBlocks();
 
   precise::OpenStrings m_open;
   precise::Settings m_settings;
   std::unique_ptr<precise::Transcription> m_listening;  ///< None before and after.
+  bool m_heard = false;
+  platform::Slices m_gathering;
+  std::vector<precise::BlockTones> m_gathered;
   std::optional<std::vector<precise::BlockTones>> m_blocks;
   std::size_t m_first = 0;
   std::size_t m_next = 0;

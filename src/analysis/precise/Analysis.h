@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "analysis/precise/FrameTable.h"
 #include "analysis/precise/Note.h"
 
 namespace korvel::precise {
@@ -19,8 +20,8 @@ struct Analysis {
 
   /// By onset, equal onsets by pitch.
   std::vector<Note> notes;
-  /// `frames` rows of kPitches values: how strongly each pitch sounds, >= 0, compressed.
-  std::vector<float> activations;
+  /// A row of kPitches values for each frame: how strongly each pitch sounds, >= 0, compressed.
+  FrameTable activations;
   std::size_t frames = 0;
   /// The amplitude of an activation of 1; 0 for a silent recording.
   double ref = 0;
@@ -29,7 +30,7 @@ struct Analysis {
 
   /// frame < frames, pitch in [kLowestPitch, kLowestPitch + kPitches).
   float activation(std::size_t frame, int pitch) const {
-    return activations[frame * kPitches + static_cast<std::size_t>(pitch - kLowestPitch)];
+    return activations.row(frame)[static_cast<std::size_t>(pitch - kLowestPitch)];
   }
   /// The linear amplitude of an activation, undoing the compression.
   double amplitude(double activation) const { return std::pow(activation, 2.5) * ref; }

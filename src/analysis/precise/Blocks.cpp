@@ -166,16 +166,25 @@ void add(const Note& note, const Analysis& analysis, std::span<Block> blocks) {
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
                                  std::size_t samples, const OpenStrings& open,
                                  const FingeringOptions& options) {
+  std::vector<BlockTones> found;
+  gatherBlocks(analysis, notes, samples, open, options, found).finish();
+  return found;
+}
+
+platform::Slices gatherBlocks(const Analysis& analysis, std::span<const Note> notes,
+                              std::size_t samples, const OpenStrings& open,
+                              const FingeringOptions& options, std::vector<BlockTones>& found) {
   std::vector<Block> blocks((samples + kBlockSamples - 1) / kBlockSamples);
-  for (const Note& note : notes)
+  for (const Note& note : notes) {
     if (note.string >= 0) add(note, analysis, blocks);
-  std::vector<BlockTones> tones;
+    co_yield 0;
+  }
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     const Window whole = windowOf(static_cast<Frame>(i), static_cast<Frame>(analysis.frames));
     const auto shares = blocks[i].shares(whole.end - whole.begin);
-    tones.push_back(tonesOf(placesOf(shares, open, options), analysis));
+    found.push_back(tonesOf(placesOf(shares, open, options), analysis));
+    co_yield static_cast<double>(i) / static_cast<double>(blocks.size());
   }
-  return tones;
 }
 
 }  // namespace korvel::precise

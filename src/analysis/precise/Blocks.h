@@ -8,6 +8,7 @@
 #include "analysis/precise/Analysis.h"
 #include "analysis/precise/FingeringOptions.h"
 #include "analysis/precise/Note.h"
+#include "platform/Slices.h"
 
 namespace korvel::precise {
 
@@ -39,5 +40,9 @@ using BlockTones = std::vector<BlockTone>;
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
                                  std::size_t samples, const OpenStrings& open,
                                  const FingeringOptions& options);
+/// The same, a little at a time, into `found`; all that is named has to live meanwhile.
+platform::Slices gatherBlocks(const Analysis& analysis, std::span<const Note> notes,
+                              std::size_t samples, const OpenStrings& open,
+                              const FingeringOptions& options, std::vector<BlockTones>& found);
 
 }  // namespace korvel::precise

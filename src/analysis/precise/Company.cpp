@@ -30,21 +30,25 @@ double logarithmOfOdds(double probability) {
 }  // namespace
 
 Company::Company(std::span<const Candidate> candidates)
-    : m_candidates(candidates), m_companions(candidates.size()) {
-  meetAll();
-  findTexture();
-}
+    : m_candidates(candidates), m_companions(candidates.size()) {}
 
-/// Lets every pair meet whose times overlap, and every candidate the one of its pitch before it.
-void Company::meetAll() {
+std::vector<std::size_t> Company::inOrder() const {
   std::vector<std::size_t> order(m_candidates.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::ranges::sort(order, {}, [this](std::size_t i) {
     return std::tuple(m_candidates[i].onset, m_candidates[i].pitch);
   });
+  return order;
+}
+
+/// Lets every pair meet whose times overlap, and every candidate the one of its pitch before it.
+platform::Slices Company::meetAll() {
+  const auto order = inOrder();
   std::vector<std::size_t> sounding;
   std::array<std::optional<std::size_t>, kPitches> last;
+  double done = 0;
   for (const std::size_t i : order) {
+    co_yield done++ / static_cast<double>(order.size());
     const Candidate& candidate = m_candidates[i];
     std::erase_if(sounding, [&](std::size_t j) { return m_candidates[j].end <= candidate.onset; });
     for (const std::size_t j : sounding) {
@@ -58,6 +62,7 @@ void Company::meetAll() {
     }
     last[candidate.pitch] = i;
   }
+  findTexture();
 }
 
 void Company::meet(std::size_t i, std::size_t other) {

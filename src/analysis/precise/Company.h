@@ -6,6 +6,7 @@
 
 #include "analysis/precise/Candidate.h"
 #include "analysis/precise/Logistic.h"
+#include "platform/Slices.h"
 
 namespace korvel::precise {
 
@@ -16,6 +17,9 @@ class Company {
  public:
   /// The candidates with the probability that each has by itself.
   explicit Company(std::span<const Candidate> candidates);
+
+  /// Finds who sounds with whom; before anything is asked.
+  platform::Slices meetAll();
 
   /// Completes what is known of candidate i.
   void add(std::size_t i, Features<NoteFeature>& known) const;
@@ -42,7 +46,7 @@ class Company {
   };
 
   void meet(std::size_t i, std::size_t other);
-  void meetAll();
+  std::vector<std::size_t> inOrder() const;
   void findTexture();
 
   std::span<const Candidate> m_candidates;

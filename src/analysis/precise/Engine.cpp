@@ -26,13 +26,15 @@
 #include "analysis/precise/PluckedStrings.h"
 #include "analysis/precise/ReattackFormula.h"
 #include "analysis/precise/Recording.h"
-#include "analysis/precise/Slices.h"
 #include "analysis/precise/Tables.h"
 #include "analysis/precise/Tracker.h"
 #include "analysis/precise/Tuning.h"
+#include "platform/Slices.h"
 
 namespace korvel::precise {
 namespace {
+
+using platform::Slices;
 
 /// Louder samples are nonsense, and their squares might overflow.
 constexpr float kLoudest = 1e6F;
@@ -50,6 +52,15 @@ float sound(float sample) {
 /// What has less by itself than this share of the probability that is asked is no note in any
 /// company.
 constexpr double kShareByItself = 0.5;
+/// Of judging the notes, what goes into looking at each by itself.
+constexpr double kShareOfEach = 0.7;
+/// Of that, finding the loudest pitch of each frame.
+constexpr double kShareOfLoudest = 0.1;
+/// Of judging them in company, finding out who sounds with whom, and telling it of each.
+constexpr double kShareOfMeeting = 0.4;
+constexpr double kShareOfAdding = 0.3;
+/// Rows of a table whose memory is given back at once.
+constexpr std::size_t kFramesGivenBack = 8192;
 
 /// The probability from which a candidate is a note. Most are surely one or surely none, so that
 /// the ends lie far apart.
@@ -104,6 +115,9 @@ class Engine::State {
   Slices learn();
   Slices judgeReattacks();
   Slices judgeNotes();
+  Slices judgeEach();
+  Slices judgeInCompany();
+  Slices giveBack();
 
   float shareAtAttack(const Candidate& note) const;
 
@@ -129,6 +143,7 @@ class Engine::State {
   CoefficientTable m_coefficients;
   FrameTable m_activations;
   std::vector<Candidate> m_candidates;
+  std::vector<Features<NoteFeature>> m_known;  ///< Of each candidate, while notes are judged.
 };
 
 std::span<const Engine::State::Pass> Engine::State::passes() {
@@ -146,7 +161,8 @@ std::span<const Engine::State::Pass> Engine::State::passes() {
       Pass{&State::solveFully, 0.55},
       Pass{&State::trackCandidates, 0.05},
       Pass{&State::judgeReattacks, 0.05},
-      Pass{&State::judgeNotes, 0.05},
+      Pass{&State::judgeNotes, 0.1},
+      Pass{&State::giveBack, 0.02},
   };
   return kPasses;
 }
@@ -232,11 +248,8 @@ Slices Engine::State::see() {
 }
 
 Slices Engine::State::findLevels() {
-  for (std::size_t k = 0; k < kBins; k += Levels::kTogether) {
-    m_levels.measure(m_spectra, k);
-    co_yield share(k, kBins);
-  }
-  m_levels.settle(m_spectra, m_energy / std::max(kInputRate * m_seconds, 1.0));
+  Slices measuring = m_levels.measure(m_spectra, m_energy / std::max(kInputRate * m_seconds, 1.0));
+  while (measuring.next()) co_yield measuring.done();
   m_silent = m_levels.ref() == 0;
 }
 
@@ -279,10 +292,8 @@ Slices Engine::State::solve(std::size_t step) {
 Slices Engine::State::track(TrackerSettings settings) {
   m_candidates.clear();
   Tracker tracker(m_activations, *m_flux, settings);
-  for (std::size_t p = 0; p < kPitches; ++p) {
-    tracker.track(p, m_candidates);
-    co_yield share(p, kPitches);
-  }
+  Slices tracking = tracker.track(m_candidates);
+  while (tracking.next()) co_yield tracking.done();
 }
 
 /// The note's peak in relation to the loudest pitch at its attack.
@@ -333,27 +344,62 @@ Slices Engine::State::judgeReattacks() {
 
 /// First each candidate by itself, then each in the company of what is probable beside it.
 Slices Engine::State::judgeNotes() {
-  const OnsetIndex onsets(m_candidates);
-  const NoteFormula formula(m_activations, m_spectra, *m_flux, onsets);
-  std::vector<Features<NoteFeature>> known(m_candidates.size());
-  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    known[i] = formula.features(m_candidates[i]);
-    m_candidates[i].probability = logistic(noteTerms(), known[i]);
-    co_yield share(i, m_candidates.size());
+  Slices judging = judgeEach();
+  while (judging.next()) co_yield judging.done() * kShareOfEach;
+  judging = judgeInCompany();
+  while (judging.next()) co_yield kShareOfEach + judging.done() * (1 - kShareOfEach);
+  std::erase_if(m_candidates, [this](const Candidate& c) { return c.probability <= m_threshold; });
+  co_yield 1;
+  sortByOnset(m_candidates);
+  keepSixStrongest(m_candidates);
+}
+
+Slices Engine::State::judgeEach() {
+  std::vector<float> loudest(m_frames);
+  for (std::size_t t = 0; t < m_frames; ++t) {
+    loudest[t] = std::ranges::max(m_activations.row(t));
+    co_yield share(t, m_frames) * kShareOfLoudest;
   }
-  const Company company(m_candidates);
+  const OnsetIndex onsets(m_candidates);
+  const NoteFormula formula(m_activations, m_spectra, *m_flux, onsets, std::move(loudest));
+  m_known.resize(m_candidates.size());
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    company.add(i, known[i]);
-    if (m_observer) m_observer->note(m_candidates[i], known[i]);
+    m_known[i] = formula.features(m_candidates[i]);
+    m_candidates[i].probability = logistic(noteTerms(), m_known[i]);
+    co_yield kShareOfLoudest + (1 - kShareOfLoudest) * share(i, m_candidates.size());
+  }
+}
+
+Slices Engine::State::judgeInCompany() {
+  Company company(m_candidates);
+  Slices meeting = company.meetAll();
+  while (meeting.next()) co_yield meeting.done() * kShareOfMeeting;
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    company.add(i, m_known[i]);
+    if (m_observer) m_observer->note(m_candidates[i], m_known[i]);
+    co_yield kShareOfMeeting + share(i, m_candidates.size()) * kShareOfAdding;
   }
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     double& probability = m_candidates[i].probability;
     probability =
-        probability < kShareByItself * m_threshold ? 0 : logistic(companyTerms(), known[i]);
+        probability < kShareByItself * m_threshold ? 0 : logistic(companyTerms(), m_known[i]);
+    co_yield kShareOfMeeting + kShareOfAdding +
+        (1 - kShareOfMeeting - kShareOfAdding) * share(i, m_candidates.size());
   }
-  std::erase_if(m_candidates, [this](const Candidate& c) { return c.probability <= m_threshold; });
-  sortByOnset(m_candidates);
-  keepSixStrongest(m_candidates);
+}
+
+/// What nobody needs any more: of an hour it would take long to give it all back at once.
+Slices Engine::State::giveBack() {
+  m_known = {};
+  co_yield 0.1;
+  m_coefficients = {};
+  co_yield 0.2;
+  m_flux.reset();
+  for (std::size_t end = 0; end < m_frames; end += kFramesGivenBack) {
+    m_spectra.release(end);
+    co_yield 0.3 + 0.7 * share(end, m_frames);
+  }
+  m_spectra = {};
 }
 
 Analysis Engine::State::take() {
@@ -362,9 +408,8 @@ Analysis Engine::State::take() {
   analysis.frames = m_frames;
   analysis.ref = m_levels.ref();
   analysis.tuningOffset = m_tuningOffset;
-  const auto values = m_activations.values();
-  analysis.activations.assign(values.begin(), values.end());
-  analysis.activations.resize(m_frames * kPitches);
+  if (m_silent) m_activations = FrameTable(m_frames, kPitches);
+  analysis.activations = std::move(m_activations);
   for (const Candidate& candidate : m_candidates) {
     analysis.notes.push_back({.onset = static_cast<double>(candidate.onset) / kFramesPerSecond,
                               .end = static_cast<double>(candidate.end) / kFramesPerSecond,

@@ -13,8 +13,7 @@ class Observer;
 /// The precise detection: from the samples of a recording to its notes. Add all samples, then step
 /// until it is done, then take the result; to cancel, destroy the engine. The result is the same
 /// for any division into calls. Uses no other threads; one thread at a time.
-/// An hour of sound takes about ten seconds and, while it is worked on, 600 to
-/// 750 megabytes.
+/// An hour of sound takes about ten seconds and, while it is worked on, about 550 megabytes.
 class Engine {
  public:
   /// sensitivity, 0..1: how faint or doubtful a note may be. 0.5 is the most probable reading.

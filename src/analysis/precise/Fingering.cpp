@@ -40,13 +40,34 @@ Fingering::Fingering(const OpenStrings& open, const FingeringOptions& options,
   for (int& pitch : m_open) pitch += options.capo;
 }
 
-void Fingering::place(std::span<Note> notes) const {
+platform::Slices Fingering::placing(std::span<Note> notes) const {
   const Events events(notes);
-  FingeringSearch best = search(events, notes, m_costs);
-  if (m_guessesOpen && events.areOneLine()) {
-    FingeringSearch open = search(events, notes, FingeringCosts::openPosition());
+  const bool tries = m_guessesOpen && events.areOneLine();
+  const double shareOfSearch = tries ? 0.5 : 1;
+  FingeringSearch best(m_open, m_frets, m_costs, notes);
+  platform::Slices searching = search(events, best);
+  while (searching.next()) co_yield searching.done() * shareOfSearch;
+  if (tries) {
+    FingeringSearch open(m_open, m_frets, FingeringCosts::openPosition(), notes);
+    searching = search(events, open);
+    while (searching.next()) co_yield (1 + searching.done()) * shareOfSearch;
     if (open.cost() < kWorthOfOpen * best.cost()) best = std::move(open);
   }
+  assign(events, best, notes);
+}
+
+platform::Slices Fingering::search(const Events& events, FingeringSearch& way) {
+  auto rest = events.played();
+  const auto all = static_cast<double>(rest.size());
+  for (const std::size_t size : events.sizes()) {
+    way.add(rest.first(size));
+    rest = rest.subspan(size);
+    co_yield 1 - static_cast<double>(rest.size()) / all;
+  }
+}
+
+void Fingering::assign(const Events& events, const FingeringSearch& best,
+                       std::span<Note> notes) const {
   for (Note& note : notes) note.string = note.fret = -1;
   const auto strings = best.strings();
   for (std::size_t i = 0; i < strings.size(); ++i) {
@@ -56,17 +77,6 @@ void Fingering::place(std::span<Note> notes) const {
     note.fret = note.pitch - m_open[static_cast<std::size_t>(strings[i])] + m_capo;
   }
   endWhereTheNextStarts(notes, events.byOnset());
-}
-
-FingeringSearch Fingering::search(const Events& events, std::span<const Note> notes,
-                                  const FingeringCosts& costs) const {
-  FingeringSearch way(m_open, m_frets, costs, notes);
-  auto rest = events.played();
-  for (const std::size_t size : events.sizes()) {
-    way.add(rest.first(size));
-    rest = rest.subspan(size);
-  }
-  return way;
 }
 
 }  // namespace korvel::precise

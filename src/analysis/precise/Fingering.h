@@ -6,6 +6,7 @@
 #include "analysis/precise/FingeringCosts.h"
 #include "analysis/precise/FingeringOptions.h"
 #include "analysis/precise/Note.h"
+#include "platform/Slices.h"
 
 namespace korvel::precise {
 
@@ -26,11 +27,13 @@ class Fingering {
   /// one note at a time: where the next one starts, the end of a note is brought forward to it.
   /// A pitch that the guitar has not gets -1 for both, as does the weakest of more than six notes
   /// that start together, and a doubtful one of a chord that no hand could play with it.
-  void place(std::span<Note> notes) const;
+  void place(std::span<Note> notes) const { placing(notes).finish(); }
+  /// The same, a little at a time; the notes have to stay where they are meanwhile.
+  platform::Slices placing(std::span<Note> notes) const;
 
  private:
-  FingeringSearch search(const Events& events, std::span<const Note> notes,
-                         const FingeringCosts& costs) const;
+  static platform::Slices search(const Events& events, FingeringSearch& way);
+  void assign(const Events& events, const FingeringSearch& best, std::span<Note> notes) const;
 
   OpenStrings m_open;  ///< With the capo on.
   int m_frets = 0;     ///< Beyond the capo.

@@ -24,6 +24,16 @@ constexpr double kSilence = 1e-5;
 /// Below this share of the recording's amplitude, what is seen is the leakage of what is not.
 constexpr double kLeakage = 1e-3;
 
+/// Bins that are looked at together.
+constexpr std::size_t kTogether = 16;
+/// Work is done this many rows of a table at a time.
+constexpr std::size_t kRowsOfSlice = 1024;
+constexpr double kShareOfFloor = 0.8;
+
+double share(std::size_t done, std::size_t all) {
+  return static_cast<double>(done) / static_cast<double>(all);
+}
+
 BinRow emphasisFactors() {
   BinRow factors;
   for (std::size_t k = 0; k < kBins; ++k)
@@ -78,26 +88,41 @@ void emphasise(std::span<float, kBins> magnitudes, double ref) {
   compress(magnitudes);
 }
 
-void Levels::measure(const FrameTable& spectra, std::size_t first) {
-  static_assert(kBins % kTogether == 0);
-  const std::size_t height = (spectra.frames() + kFloorStep - 1) / kFloorStep;
-  m_columns.resize(kTogether * height);
-  for (std::size_t i = 0; i < height; ++i) {
-    const float* row = spectra.row(i * kFloorStep).data() + first;
-    for (std::size_t j = 0; j < kTogether; ++j) m_columns[j * height + i] = row[j];
-  }
-  for (std::size_t j = 0; j < kTogether; ++j)
-    m_floor[first + j] = quantile(std::span(m_columns).subspan(j * height, height), kFloorShare);
+platform::Slices Levels::measure(const FrameTable& spectra, double power) {
+  platform::Slices floor = measureFloor(spectra);
+  while (floor.next()) co_yield floor.done() * kShareOfFloor;
+  m_floor = medians(m_floor);
+  platform::Slices loudest = measureLoudest(spectra);
+  while (loudest.next()) co_yield kShareOfFloor + (1 - kShareOfFloor) * loudest.done();
+  const double ref = quantile(m_loudest, kRefShare);
+  m_ref = ref < std::max(kSilence, kLeakage * std::sqrt(power)) ? 0 : ref;
+  m_loudest = {};
 }
 
-void Levels::settle(const FrameTable& spectra, double power) {
-  m_floor = medians(m_floor);
-  m_columns.resize(spectra.frames());
-  for (std::size_t t = 0; t < spectra.frames(); ++t)
-    m_columns[t] = loudest(spectra.row(t).data(), m_floor.data(), emphasis().data());
-  const double ref = quantile(m_columns, kRefShare);
-  m_ref = ref < std::max(kSilence, kLeakage * std::sqrt(power)) ? 0 : ref;
-  m_columns = {};
+/// Several bins together, as they lie together in the table.
+platform::Slices Levels::measureFloor(const FrameTable& spectra) {
+  static_assert(kBins % kTogether == 0);
+  const std::size_t height = (spectra.frames() + kFloorStep - 1) / kFloorStep;
+  std::vector<float> columns(kTogether * height);
+  for (std::size_t first = 0; first < kBins; first += kTogether) {
+    for (std::size_t i = 0; i < height; ++i) {
+      const float* row = spectra.row(i * kFloorStep).data() + first;
+      for (std::size_t j = 0; j < kTogether; ++j) columns[j * height + i] = row[j];
+      if (i % kRowsOfSlice == 0) co_yield share(first * height + i * kTogether / 2, kBins * height);
+    }
+    for (std::size_t j = 0; j < kTogether; ++j) {
+      m_floor[first + j] = quantile(std::span(columns).subspan(j * height, height), kFloorShare);
+      co_yield share(2 * first + kTogether + j, 2 * kBins);
+    }
+  }
+}
+
+platform::Slices Levels::measureLoudest(const FrameTable& spectra) {
+  m_loudest.resize(spectra.frames());
+  for (std::size_t t = 0; t < spectra.frames(); ++t) {
+    m_loudest[t] = loudest(spectra.row(t).data(), m_floor.data(), emphasis().data());
+    if (t % kRowsOfSlice == 0) co_yield share(t, spectra.frames());
+  }
 }
 
 void Levels::apply(std::span<float, kBins> magnitudes) const {

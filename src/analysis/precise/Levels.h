@@ -8,6 +8,7 @@
 
 #include "analysis/precise/FrameTable.h"
 #include "analysis/precise/Scale.h"
+#include "platform/Slices.h"
 
 namespace korvel::precise {
 
@@ -16,19 +17,14 @@ namespace korvel::precise {
 void emphasise(std::span<float, kBins> magnitudes, double ref);
 
 /// Makes the spectra of a recording comparable to those of any other, whatever its level and its
-/// background: measure all bins, then settle, then apply to every frame.
+/// background: measure them, then apply to every frame.
 class Levels {
  public:
-  /// Bins that are measured together.
-  static constexpr std::size_t kTogether = 16;
-
-  /// Finds the level of the background in kTogether bins from `first` on: what a tenth of the
-  /// frames stay below.
-  void measure(const FrameTable& spectra, std::size_t first);
-  /// Smooths the background over neighbouring bins, and finds the reference level: the loudest
-  /// partials of all frames but the loudest fiftieth. power: the mean square of what was recorded;
-  /// when next to nothing of it is seen, as of a constant, the spectra count as silence.
-  void settle(const FrameTable& spectra, double power);
+  /// Finds the level of the background in each bin, what a tenth of the frames stay below, smoothed
+  /// over neighbouring bins, and the reference level: the loudest partials of all frames but the
+  /// loudest fiftieth. power: the mean square of what was recorded; when next to nothing of it is
+  /// seen, as of a constant, the spectra count as silence.
+  platform::Slices measure(const FrameTable& spectra, double power);
 
   /// Subtracts the background of a frame's magnitudes, emphasises and compresses them.
   void apply(std::span<float, kBins> magnitudes) const;
@@ -37,10 +33,12 @@ class Levels {
   double ref() const { return m_ref; }
 
  private:
+  platform::Slices measureFloor(const FrameTable& spectra);
+  platform::Slices measureLoudest(const FrameTable& spectra);
+
   BinRow m_floor{};
   double m_ref = 0;
-  /// Of one bin after the other.
-  std::vector<float> m_columns;
+  std::vector<float> m_loudest;  ///< Of each frame, while it is measured.
 };
 
 }  // namespace korvel::precise

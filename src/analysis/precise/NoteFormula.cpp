@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 namespace korvel::precise {
 namespace {
@@ -41,16 +42,13 @@ struct NoteFormula::Attack {
 };
 
 NoteFormula::NoteFormula(const FrameTable& activations, const FrameTable& spectra, const Flux& flux,
-                         const OnsetIndex& onsets)
+                         const OnsetIndex& onsets, std::vector<float> loudest)
     : m_activations(activations),
       m_spectra(spectra),
       m_flux(flux),
       m_onsets(onsets),
       m_frames(static_cast<Frame>(activations.frames())),
-      m_loudest(activations.frames()) {
-  for (std::size_t t = 0; t < m_loudest.size(); ++t)
-    m_loudest[t] = std::ranges::max(activations.row(t));
-}
+      m_loudest(std::move(loudest)) {}
 
 NoteFormula::Attack NoteFormula::attackOf(const Candidate& candidate) const {
   Attack attack;

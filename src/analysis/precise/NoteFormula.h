@@ -16,8 +16,9 @@ namespace korvel::precise {
 class NoteFormula {
  public:
   /// The activations, and the spectra and the flux that they explain. All must outlive this.
+  /// loudest: activation of the loudest pitch in each frame.
   NoteFormula(const FrameTable& activations, const FrameTable& spectra, const Flux& flux,
-              const OnsetIndex& onsets);
+              const OnsetIndex& onsets, std::vector<float> loudest);
 
   /// What is known of the candidate by itself.
   Features<NoteFeature> features(const Candidate& candidate) const;
@@ -42,7 +43,6 @@ class NoteFormula {
   const Flux& m_flux;
   const OnsetIndex& m_onsets;
   Frame m_frames;
-  /// Activation of the loudest pitch in each frame.
   std::vector<float> m_loudest;
 };
 

@@ -8,9 +8,9 @@ namespace korvel::precise {
 void SampleStore::append(std::span<const float> samples) {
   while (!samples.empty()) {
     const std::size_t filled = m_size % kPiece;
-    if (filled == 0) m_pieces.push_back(std::make_unique_for_overwrite<float[]>(kPiece));
+    if (filled == 0) m_pieces.emplace_back(kPiece * sizeof(float));
     const std::size_t count = std::min(samples.size(), kPiece - filled);
-    std::ranges::copy(samples.first(count), m_pieces.back().get() + filled);
+    std::ranges::copy(samples.first(count), samplesOf(m_pieces.size() - 1) + filled);
     samples = samples.subspan(count);
     m_size += count;
   }
@@ -23,7 +23,7 @@ void SampleStore::read(std::ptrdiff_t first, std::span<float> values) const {
   auto at = static_cast<std::size_t>(std::max(first, 0L));
   while (!values.empty() && at < m_size) {
     const std::size_t count = std::min({values.size(), m_size - at, kPiece - at % kPiece});
-    const float* piece = m_pieces[at / kPiece].get();
+    const float* piece = samplesOf(at / kPiece);
     if (piece != nullptr) {
       std::copy_n(piece + at % kPiece, count, values.begin());
     } else {
@@ -37,8 +37,8 @@ void SampleStore::read(std::ptrdiff_t first, std::span<float> values) const {
 
 void SampleStore::release(std::ptrdiff_t end) {
   const auto whole = static_cast<std::size_t>(std::max(end, 0L)) / kPiece;
-  for (std::size_t i = std::min(whole, m_pieces.size()); i > 0 && m_pieces[i - 1]; --i)
-    m_pieces[i - 1].reset();
+  for (std::size_t i = std::min(whole, m_pieces.size()); i > 0 && samplesOf(i - 1); --i)
+    m_pieces[i - 1] = {};
 }
 
 }  // namespace korvel::precise

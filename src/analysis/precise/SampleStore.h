@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <span>
 #include <vector>
+
+#include "platform/PageMemory.h"
 
 namespace korvel::precise {
 
@@ -26,7 +27,9 @@ class SampleStore {
  private:
   static constexpr std::size_t kPiece = std::size_t{1} << 16U;
 
-  std::vector<std::unique_ptr<float[]>> m_pieces;
+  float* samplesOf(std::size_t piece) const { return static_cast<float*>(m_pieces[piece].data()); }
+
+  std::vector<platform::PageMemory> m_pieces;
   std::size_t m_size = 0;
 };
 

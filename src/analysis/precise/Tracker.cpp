@@ -35,6 +35,16 @@ constexpr Frame kDipBefore = 4;
 constexpr Frame kDipAfter = 3;
 constexpr Frame kBounceFrames = 7;
 
+/// Tables are read so many rows at a time.
+constexpr std::size_t kFramesOfSlice = 4096;
+/// Of the work: finding the loudest pitch of all frames, and loading the curves of some pitches.
+constexpr double kShareOfLoudest = 0.2;
+constexpr double kShareOfLoading = 0.08;
+
+double share(std::size_t done, std::size_t all) {
+  return static_cast<double>(done) / static_cast<double>(all);
+}
+
 constexpr std::array<float, kPitches> kSilence{};
 
 KORVEL_VECTOR_CLONES
@@ -54,35 +64,36 @@ Tracker::Tracker(const FrameTable& activations, const Flux& flux, const TrackerS
       m_flux(flux),
       m_settings(settings),
       m_loudest(activations.frames()),
-      m_curves(kTogether * (activations.frames() + 2 * kMargin)) {
-  static_assert(kPitches % kTogether == 0);
-  const std::size_t frames = activations.frames();
+      m_curves(kTogether * (activations.frames() + 2 * kMargin)) {}
+
+platform::Slices Tracker::findLoudest() {
+  const std::size_t frames = m_activations.frames();
   for (std::size_t t = 0; t < frames; ++t) {
-    const float* before = t > 0 ? activations.row(t - 1).data() : kSilence.data();
-    const float* after = t + 1 < frames ? activations.row(t + 1).data() : kSilence.data();
-    m_loudest[t] = loudestMedian(before, activations.row(t).data(), after);
+    const float* before = t > 0 ? m_activations.row(t - 1).data() : kSilence.data();
+    const float* after = t + 1 < frames ? m_activations.row(t + 1).data() : kSilence.data();
+    m_loudest[t] = loudestMedian(before, m_activations.row(t).data(), after);
+    if (t % kFramesOfSlice == 0) co_yield share(t, frames);
   }
 }
 
-void Tracker::loadCurves(std::size_t first) {
+platform::Slices Tracker::loadCurves(std::size_t first) {
   const std::size_t frames = m_activations.frames();
   const std::size_t length = frames + 2 * kMargin;
-  m_firstLoaded = first;
   for (std::size_t t = 0; t < frames; ++t) {
     const float* here = m_activations.row(t).data() + first;
     const float* before = t > 0 ? m_activations.row(t - 1).data() + first : kSilence.data();
     const float* after = t + 1 < frames ? m_activations.row(t + 1).data() + first : kSilence.data();
     for (std::size_t p = 0; p < kTogether; ++p)
       m_curves[p * length + kMargin + t] = median(before[p], here[p], after[p]);
+    if (t % kFramesOfSlice == 0) co_yield share(t, frames);
   }
 }
 
-/// Makes a pitch's curve the one that is looked at.
+/// Makes a pitch's curve, which is loaded, the one that is looked at.
 void Tracker::choose(std::size_t pitch) {
-  const std::size_t first = pitch - pitch % kTogether;
-  if (first != m_firstLoaded) loadCurves(first);
+  const std::size_t length = m_activations.frames() + 2 * kMargin;
   m_pitch = pitch;
-  m_curve = m_curves.data() + (pitch - first) * (m_activations.frames() + 2 * kMargin) + kMargin;
+  m_curve = m_curves.data() + pitch % kTogether * length + kMargin;
 }
 
 float Tracker::level(Frame frame) const { return m_curve[frame]; }
@@ -174,8 +185,25 @@ void Tracker::keep(Candidate note, Frame end, std::vector<Candidate>& found) con
   if (end - note.onset >= m_settings.shortest) found.push_back(note);
 }
 
-void Tracker::track(std::size_t pitch, std::vector<Candidate>& found) {
-  choose(pitch);
+platform::Slices Tracker::track(std::vector<Candidate>& found) {
+  static_assert(kPitches % kTogether == 0);
+  platform::Slices preparing = findLoudest();
+  while (preparing.next()) co_yield preparing.done() * kShareOfLoudest;
+  double done = kShareOfLoudest;
+  for (std::size_t pitch = 0; pitch < kPitches; ++pitch) {
+    if (pitch % kTogether == 0) {
+      preparing = loadCurves(pitch);
+      while (preparing.next()) co_yield done + preparing.done() * kShareOfLoading;
+      done += kShareOfLoading;
+    }
+    choose(pitch);
+    trackChosen(found);
+    done += (1 - kShareOfLoudest) / kPitches - kShareOfLoading / kTogether;
+    co_yield done;
+  }
+}
+
+void Tracker::trackChosen(std::vector<Candidate>& found) const {
   const auto frames = static_cast<Frame>(m_activations.frames());
   std::optional<Candidate> note;
   Frame earliest = 0;

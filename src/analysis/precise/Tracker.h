@@ -9,6 +9,7 @@
 #include "analysis/precise/Flux.h"
 #include "analysis/precise/FrameTable.h"
 #include "analysis/precise/Tables.h"
+#include "platform/Slices.h"
 
 namespace korvel::precise {
 
@@ -18,15 +19,17 @@ class Tracker {
   /// activations: kPitches a frame. Both must outlive the tracker.
   Tracker(const FrameTable& activations, const Flux& flux, const TrackerSettings& settings);
 
-  /// Appends the candidates of a pitch, in order of time.
-  void track(std::size_t pitch, std::vector<Candidate>& found);
+  /// Appends the candidates of all pitches, in order of pitch, then of time.
+  platform::Slices track(std::vector<Candidate>& found);
 
  private:
   /// Pitches whose curves are loaded together, as they lie together in the table.
   static constexpr std::size_t kTogether = 10;
 
-  void loadCurves(std::size_t first);
+  platform::Slices findLoudest();
+  platform::Slices loadCurves(std::size_t first);
   void choose(std::size_t pitch);
+  void trackChosen(std::vector<Candidate>& found) const;
   /// The curve, which is 0 outside the recording.
   float level(Frame frame) const;
   float highest(Frame first, Frame end) const;
@@ -46,8 +49,7 @@ class Tracker {
   /// Of the loudest pitch in each frame.
   std::vector<float> m_loudest;
   std::size_t m_pitch = 0;
-  /// From this pitch on, one after the other, each with a margin on both sides.
-  std::size_t m_firstLoaded = kPitches;
+  /// Of kTogether pitches, one after the other, each with a margin on both sides.
   std::vector<float> m_curves;
   const float* m_curve = nullptr;
 };

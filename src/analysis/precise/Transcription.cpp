@@ -7,15 +7,19 @@
 #include "audio/QBSampleSource.h"
 #include "model/QBString.h"
 #include "model/QBTuning.h"
+#include "platform/Deadline.h"
 
 namespace korvel::precise {
 namespace {
 
-/// Of the recording, worked on at one step.
-constexpr double kSecondsOfStep = 5;
-constexpr std::size_t kSamplesOfStep = static_cast<std::size_t>(kSecondsOfStep * 44100);
-/// Reading a compressed file takes about this share of the time.
+/// Of the recording, worked on before the time is looked at.
+constexpr double kSecondsOfPart = 0.25;
+constexpr int kEventsOfPart = 50;
+/// At one step, so that progress shows in short recordings, too.
+constexpr int kPartsOfStep = 20;
+/// Reading a compressed file takes about this share of the time, and finding the notes that one.
 constexpr double kShareOfReading = 0.25;
+constexpr double kShareOfHearing = 0.7;
 
 int midiOf(double hertz) { return static_cast<int>(std::lround(69 + 12 * std::log2(hertz / 440))); }
 
@@ -36,32 +40,47 @@ Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenS
       m_fingering(open, settings.fingering) {}
 
 bool Transcription::step() {
-  if (m_done) return false;
-  if (!m_read) {
-    read();
-    return true;
+  const platform::Deadline deadline;
+  for (int i = 0; i < kPartsOfStep && m_phase != Phase::done; ++i) {
+    work();
+    if (deadline.isOver()) break;
   }
-  if (m_engine.step(kSecondsOfStep)) return true;
-  m_result = m_engine.take();
-  m_fingering.place(m_result.notes);
-  m_done = true;
-  return false;
+  return m_phase != Phase::done;
+}
+
+void Transcription::work() {
+  if (m_phase == Phase::reading) {
+    read();
+  } else if (m_phase == Phase::hearing) {
+    if (m_engine.step(kSecondsOfPart)) return;
+    m_result = m_engine.take();
+    m_placing = m_fingering.placing(m_result.notes);
+    m_phase = Phase::fingering;
+  } else {
+    for (int i = 0; i < kEventsOfPart; ++i)
+      if (!m_placing.next()) m_phase = Phase::done;
+  }
 }
 
 void Transcription::read() {
-  for (std::size_t count = 0; count < kSamplesOfStep && !m_read;) {
-    const auto samples = m_source->readSamples();
-    m_engine.add(samples);
-    count += samples.size();
-    m_samples += samples.size();
-    m_read = samples.empty();
-  }
+  const auto samples = m_source->readSamples();
+  m_engine.add(samples);
+  m_samples += samples.size();
+  if (samples.empty()) m_phase = Phase::hearing;
 }
 
 double Transcription::progress() const {
-  if (m_done) return 1;
-  if (!m_read) return kShareOfReading * m_source->progress();
-  return kShareOfReading + (1 - kShareOfReading) * m_engine.progress();
+  switch (m_phase) {
+    case Phase::reading:
+      return kShareOfReading * m_source->progress();
+    case Phase::hearing:
+      return kShareOfReading + kShareOfHearing * m_engine.progress();
+    case Phase::fingering:
+      return kShareOfReading + kShareOfHearing +
+             (1 - kShareOfReading - kShareOfHearing) * m_placing.done();
+    default:
+      return 1;
+  }
 }
 
 }  // namespace korvel::precise

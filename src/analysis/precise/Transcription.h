@@ -8,6 +8,7 @@
 #include "analysis/precise/Engine.h"
 #include "analysis/precise/Fingering.h"
 #include "analysis/precise/Settings.h"
+#include "platform/Slices.h"
 
 namespace korvel {
 class QBSampleSource;
@@ -21,7 +22,7 @@ namespace korvel::precise {
 OpenStrings openStringsOf(QBTuning& tuning);
 
 /// A recording on its way to notes with strings and frets: reads the source, detects the notes and
-/// fingers them, a slice at each step. To cancel, destroy it.
+/// fingers them, a slice at each step. To cancel, destroy it. Not to be moved between steps.
 class Transcription {
  public:
   /// The source is to deliver samples (`readSamples`) by the time of the first step.
@@ -38,6 +39,9 @@ class Transcription {
   const Analysis& result() const { return m_result; }
 
  private:
+  enum class Phase { reading, hearing, fingering, done };
+
+  void work();
   void read();
 
   std::shared_ptr<QBSampleSource> m_source;
@@ -45,8 +49,8 @@ class Transcription {
   Fingering m_fingering;
   Analysis m_result;
   std::size_t m_samples = 0;
-  bool m_read = false;
-  bool m_done = false;
+  Phase m_phase = Phase::reading;
+  platform::Slices m_placing;
 };
 
 }  // namespace korvel::precise

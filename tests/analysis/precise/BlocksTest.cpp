@@ -27,9 +27,9 @@ Analysis decaying() {
   Analysis analysis;
   analysis.frames = kFrames;
   analysis.ref = 0.25;
+  analysis.activations = FrameTable(kFrames, Analysis::kPitches);
   for (std::size_t t = 0; t < kFrames; ++t)
-    analysis.activations.insert(analysis.activations.end(), Analysis::kPitches,
-                                1 - 0.005F * static_cast<float>(t));
+    std::ranges::fill(analysis.activations.row(t), 1 - 0.005F * static_cast<float>(t));
   return analysis;
 }
 

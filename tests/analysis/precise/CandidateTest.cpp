@@ -60,7 +60,8 @@ TEST(Company, countsWhatIsProbableWhileTheCandidateSounds) {
       {.pitch = 27, .onset = 22, .end = 60, .peak = 0.5F, .probability = 0.1},
       {.pitch = 15, .onset = 60, .end = 80, .peak = 1, .reattack = true, .probability = 0.9},
       {.pitch = 15, .onset = 900, .end = 950, .peak = 1, .probability = 0.9}};
-  const Company company(candidates);
+  Company company(candidates);
+  company.meetAll().finish();
   std::vector<Features<NoteFeature>> known(candidates.size());
   for (std::size_t i = 0; i < known.size(); ++i) company.add(i, known[i]);
   EXPECT_NEAR(known[1][LikelyOctaveBelow], 0.4, 1e-9);

@@ -133,7 +133,7 @@ TEST(PreciseEngine, answersTheSameForAnySlices) {
     }
     EXPECT_DOUBLE_EQ(engine.progress(), 1);
     const Analysis found = engine.take();
-    EXPECT_EQ(found.activations, expected.activations);
+    EXPECT_TRUE(std::ranges::equal(found.activations.values(), expected.activations.values()));
     ASSERT_EQ(found.notes.size(), expected.notes.size());
     for (std::size_t i = 0; i < found.notes.size(); ++i) {
       EXPECT_EQ(found.notes[i].onset, expected.notes[i].onset);
@@ -197,7 +197,7 @@ TEST(PreciseEngine, hearsNothingWhereNothingSounds) {
     const Analysis analysis = listen(sounds[i]);
     EXPECT_TRUE(analysis.notes.empty()) << i;
     EXPECT_EQ(analysis.frames, (sounds[i].size() + 511) / 512) << i;
-    EXPECT_EQ(analysis.activations.size(), analysis.frames * Analysis::kPitches) << i;
+    EXPECT_EQ(analysis.activations.frames(), analysis.frames) << i;
   }
 }
 

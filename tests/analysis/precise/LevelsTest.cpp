@@ -43,8 +43,7 @@ TEST(Levels, subtractTheBackgroundAndScaleToTheLoudest) {
   // One loud bin of all the time is a note, no background.
   for (std::size_t t = 0; t < spectra.frames(); ++t) spectra.row(t)[kA + 40] = 0.05F;
   Levels levels;
-  for (std::size_t k = 0; k < kBins; k += Levels::kTogether) levels.measure(spectra, k);
-  levels.settle(spectra, 0.1);
+  levels.measure(spectra, 0.1).finish();
   EXPECT_NEAR(levels.ref(), 0.5, 1e-4);
   levels.apply(spectra.row(0).first<kBins>());
   levels.apply(spectra.row(300).first<kBins>());

@@ -36,7 +36,8 @@ class Scene {
     }
     flux.settle();
     std::vector<Candidate> found;
-    Tracker(m_activations, flux, settings).track(kPitch, found);
+    Tracker(m_activations, flux, settings).track(found).finish();
+    std::erase_if(found, [](const Candidate& each) { return each.pitch != kPitch; });
     return found;
   }
 

@@ -5,7 +5,7 @@
 #include <exception>
 #include <utility>
 
-namespace korvel::precise {
+namespace korvel::platform {
 
 /// Work that is done a little at a time: a function that answers Slices stops wherever it writes
 /// `co_yield done`, the share of its work that is done, 0..1, and goes on when it is asked to.
@@ -45,6 +45,13 @@ class Slices {
     return !m_handle.done();
   }
 
+  /// Does all that is left.
+  void finish() {
+    while (next()) continue;
+  }
+
+  /// There is something left to do.
+  bool isUnderWay() const { return m_handle && !m_handle.done(); }
   double done() const { return m_handle ? m_handle.promise().done : 0; }
 
  private:
@@ -55,4 +62,4 @@ class Slices {
   Handle m_handle;
 };
 
-}  // namespace korvel::precise
+}  // namespace korvel::platform
