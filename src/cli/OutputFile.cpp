@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "cli/CliError.h"
+#include "model/QBTabMgr.h"
 #include "platform/FileError.h"
+#include "platform/Files.h"
 
 namespace korvel::cli {
 namespace {
@@ -26,14 +28,21 @@ void OutputFile::check() const {
     throw CliError(m_name + ": there is no such folder; make it first");
   if (fs::is_directory(m_name, unknown)) throw CliError(m_name + ": is a folder; name a file");
   if (!m_replace && fs::exists(fs::symlink_status(m_name, unknown))) refuse();
+  if (platform::isSameFile(m_name, QBTabMgr::storePath()))
+    throw CliError(m_name + ": holds your songs; name another file");
 }
 
 void OutputFile::requireDifferent(std::vector<std::optional<std::string>> names) {
   std::erase(names, std::nullopt);
-  std::ranges::sort(names);
-  const auto twice = std::ranges::adjacent_find(names);
-  if (twice != names.end())
-    throw CliError(**twice + ": is named for two formats; name a file for each");
+  for (auto name = names.begin(); name != names.end(); ++name)
+    if (std::any_of(names.begin(), name,
+                    [&](const auto& before) { return platform::isSameFile(*before, **name); }))
+      throw CliError(**name + ": is named for two formats; name a file for each");
+}
+
+void OutputFile::requireOtherThan(const std::string& source) const {
+  if (platform::isSameFile(m_name, source))
+    throw CliError(m_name + ": is the recording itself; name another file");
 }
 
 void OutputFile::write(std::string_view bytes) const {

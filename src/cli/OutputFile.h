@@ -21,11 +21,14 @@ class OutputFile {
 
   OutputFile(std::string name, bool replace);
 
-  /// Looks whether the file could be written, before there is something to write. Throws CliError.
+  /// Looks whether the file could be written, before there is something to write. Throws CliError,
+  /// also for the store in use.
   void check() const;
-  /// Throws CliError when one name is given twice: the second would replace the first or be
+  /// Throws CliError when one file is named twice: the second would replace the first or be
   /// refused.
   static void requireDifferent(std::vector<std::optional<std::string>> names);
+  /// Throws CliError when the file is the one that is read.
+  void requireOtherThan(const std::string& source) const;
   /// Writes all of the file or nothing of it. Throws CliError, and what was there before stays.
   void write(std::string_view bytes) const;
   /// The same by something that writes files itself: it is told the name and what becomes of a file

@@ -65,7 +65,7 @@ class Outputs {
   explicit Outputs(const TranscribeOptions& options) : m_options(options) {
     OutputFile::requireDifferent({options.json, options.midi, options.musicxml});
     for (const auto* name : {&options.json, &options.midi, &options.musicxml})
-      if (*name) fileOf(**name).check();
+      if (*name) checkFile(**name);
   }
 
   void write(const std::vector<precise::Note>& notes, const precise::OpenStrings& open) const {
@@ -79,6 +79,11 @@ class Outputs {
   }
 
  private:
+  void checkFile(const std::string& name) const {
+    const OutputFile file = fileOf(name);
+    file.requireOtherThan(m_options.file);
+    file.check();
+  }
   OutputFile fileOf(const std::string& name) const { return {name, m_options.force}; }
 
   const TranscribeOptions& m_options;

@@ -49,6 +49,14 @@ std::string readWholeFile(const fs::path& file) {
   return bytes;
 }
 
+bool isSameFile(const fs::path& a, const fs::path& b) {
+  std::error_code notBoth;
+  if (fs::equivalent(a, b, notBoth)) return true;
+  std::error_code unknown;
+  return fs::weakly_canonical(fs::absolute(a, unknown), unknown) ==
+         fs::weakly_canonical(fs::absolute(b, unknown), unknown);
+}
+
 fs::path executableFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
 
 fs::path userDataFolder(std::string_view appName) {

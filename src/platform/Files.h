@@ -19,6 +19,10 @@ bool createAtomically(const std::filesystem::path& file, std::string_view bytes)
 /// All bytes of a regular file. Throws FileError.
 std::string readWholeFile(const std::filesystem::path& file);
 
+/// Whether two names lead to one file, however they are spelled and whatever links lie on the way.
+/// It need not be there.
+bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b);
+
 /// The folder that the running program was started from.
 std::filesystem::path executableFolder();
 

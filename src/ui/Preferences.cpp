@@ -2,6 +2,7 @@
 #include "ui/Preferences.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include "model/QBSettings.h"
 #include "model/QBTabMgr.h"
@@ -12,11 +13,17 @@ namespace {
 
 constexpr int kMostRecentFiles = 10;
 
+/// The same for every spelling of a file's path, unless it is gone.
+QString placeOf(const QString& file) {
+  const QString place = QFileInfo(file).canonicalFilePath();
+  return place.isEmpty() ? file : place;
+}
+
 }  // namespace
 
 void Preferences::addRecentFile(const QString& file) {
   QStringList files = recentFiles();
-  files.removeAll(file);
+  files.removeIf([&](const QString& each) { return placeOf(each) == placeOf(file); });
   files.prepend(file);
   m_store.setValue("recentFiles", files.mid(0, kMostRecentFiles));
 }

@@ -85,6 +85,8 @@ TEST_F(ExportCliTest, leavesOldFilesWholeWhenItCannotWrite) {
   expectRefused(exportTo({"--txt", file("none/a.txt")}), file("none/a.txt"), "make it first");
   expectRefused(exportTo({"--txt", file(""), "--force"}), file(""), "name a file");
   expectRefused(exportTo({"--txt", ""}), "korvel-cli", "name a file");
+  expectRefused(exportTo({"--txt", file("./Korvel.sqlite"), "--force"}), file("./Korvel.sqlite"),
+                "holds your songs");
   EXPECT_EQ(files(), before);
 }
 

@@ -118,7 +118,8 @@ TEST_F(TranscribeCliTest, answersSilenceWithNoNotesAndFaultsWithOneLine) {
   for (const std::vector<std::string>& flags :
        {std::vector<std::string>{"transcribe", file("missing.wav")},
         {"transcribe", m_wav, "--tuning", "Open Q"},
-        {"transcribe", m_wav, "--force", "--json", file("a"), "--midi", file("a")},
+        {"transcribe", m_wav, "--force", "--json", file("a"), "--midi", file("./a")},
+        {"transcribe", m_wav, "--force", "--json", file("./take [1].wav")},
         {"transcribe", m_wav, "--json", file("no folder/a.json")}}) {
     const Outcome outcome = tool(flags);
     EXPECT_EQ(outcome.status, 1) << flags.back();

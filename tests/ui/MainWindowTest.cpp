@@ -131,6 +131,15 @@ TEST_F(MainWindowTest, tonesAreEditedByKeysAndOnTheFretboardAndUndone) {
   EXPECT_EQ(titles(), "Tune/Tune ");
 }
 
+TEST_F(MainWindowTest, recentFilesNameEachFileOnce) {
+  const QString folder = m_folder.path().c_str();
+  Preferences().addRecentFile(folder + "/Tune.wav");
+  Preferences().addRecentFile(folder + "/gone.wav");
+  Preferences().addRecentFile(folder + "/./Tune.wav");
+  EXPECT_EQ(Preferences().recentFiles(),
+            (QStringList{folder + "/./Tune.wav", folder + "/gone.wav"}));
+}
+
 TEST_F(MainWindowTest, keysOfTheFileMenuDoNothingWithoutASong) {
   QAction* save = action("Export Song ...");
   emit action("File")->menu()->aboutToShow();
