@@ -5,20 +5,20 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QStyle>
 #include <QTranslator>
 
 #include "platform/Resources.h"
 #include "ui/Text.h"
+#include "ui/views/Shades.h"
 
 namespace korvel::ui {
 namespace {
 
 QPalette paletteOf(const QColor& window, const QColor& base, const QColor& text,
-                   const QColor& highlight) {
+                   const QColor& highlight, const QColor& link) {
   QPalette palette(window);
-  const QColor faint((text.red() + window.red()) / 2, (text.green() + window.green()) / 2,
-                     (text.blue() + window.blue()) / 2);
+  const QColor faint = mixed(window, text, 0.5);
   palette.setColor(QPalette::Base, base);
   palette.setColor(QPalette::AlternateBase, window);
   for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText,
@@ -26,18 +26,29 @@ QPalette paletteOf(const QColor& window, const QColor& base, const QColor& text,
     palette.setColor(role, text);
   for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
     palette.setColor(QPalette::Disabled, role, faint);
-  palette.setColor(QPalette::PlaceholderText, faint);
+  palette.setColor(QPalette::PlaceholderText, mixed(window, text, 0.6));
   palette.setColor(QPalette::ToolTipBase, window);
   palette.setColor(QPalette::Highlight, highlight);
   palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Link, highlight);
+  palette.setColor(QPalette::Link, link);
   return palette;
 }
 
-QPalette dark() { return paletteOf({45, 45, 48}, {30, 30, 32}, {230, 230, 230}, {45, 110, 180}); }
+QPalette dark() {
+  return paletteOf({45, 45, 48}, {30, 30, 32}, {230, 230, 230}, {45, 110, 180}, {120, 180, 240});
+}
 
 QPalette light() {
-  return paletteOf({239, 239, 239}, {255, 255, 255}, {20, 20, 20}, {48, 100, 180});
+  return paletteOf({239, 239, 239}, {255, 255, 255}, {20, 20, 20}, {48, 100, 180}, {48, 100, 180});
+}
+
+bool isDark(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightnessF() <
+         palette.color(QPalette::WindowText).lightnessF();
+}
+
+void useStyle(const QString& name) {
+  if (QApplication::style()->name() != name) QApplication::setStyle(name);
 }
 
 bool load(QTranslator& translator, const QLocale& language) {
@@ -50,14 +61,15 @@ bool load(QTranslator& translator, const QLocale& language) {
 
 }  // namespace
 
-void applyTheme(Theme theme) {
-  static const QPalette ofTheDesktop = QApplication::palette();
+void applyTheme(Theme theme, bool desktopIsDark) {
+  static const QString styleOfTheDesktop = QApplication::style()->name();
   if (theme == Theme::system) {
-    QApplication::setPalette(ofTheDesktop);
-    return;
+    useStyle(styleOfTheDesktop);
+    QApplication::setPalette(QPalette());  // follows the desktop's from now on
+    if (!desktopIsDark || isDark(QApplication::palette())) return;
   }
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
-  QApplication::setPalette(theme == Theme::dark ? dark() : light());
+  useStyle("fusion");
+  QApplication::setPalette(theme == Theme::light ? light() : dark());
 }
 
 void applyLanguage(const QString& language) {

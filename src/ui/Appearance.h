@@ -7,8 +7,9 @@ namespace korvel::ui {
 
 enum class Theme { system, light, dark };
 
-/// Gives the application the colours of a theme; `system` those that the desktop had at the start.
-void applyTheme(Theme theme);
+/// Gives the application the colours of a theme. `system` are those of the desktop; where Qt knows
+/// of light ones only although the desktop wants dark ones, as it says by its portal, our own.
+void applyTheme(Theme theme, bool desktopIsDark = false);
 
 /// Loads the texts of a language, such as "de"; an empty one is the desktop's. English where there
 /// are none. For windows that are made from now on.

@@ -87,6 +87,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
   m_tablature->setFocus();
   attachViews(alert);
   applyPreferences();
+  connect(&m_scheme, &DesktopScheme::changed, this, &MainWindow::applyPreferences);
   connect(m_actions, &LibraryActions::refused, this, &MainWindow::say);
   connect(m_songMenu, &SongMenu::refused, this, &MainWindow::say);
   connect(m_actions, &LibraryActions::importStarted, this, [this](const QString& file) {
@@ -243,7 +244,7 @@ void MainWindow::offerWorkFolder() {
 
 void MainWindow::applyPreferences() {
   const Preferences preferences;
-  applyTheme(preferences.theme());
+  applyTheme(preferences.theme(), m_scheme.isDark());
   m_tablature->setTabFamily(preferences.tabFont());
   m_desk.setDetection(preferences.detection(), preferences.detectionSettings());
 }

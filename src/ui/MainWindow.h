@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "platform/persistence/Ref.h"
+#include "ui/DesktopScheme.h"
 #include "ui/SaveFilePanel.h"
 #include "workflow/ImportDesk.h"
 #include "workflow/LibraryTree.h"
@@ -124,6 +125,7 @@ class MainWindow final : public QMainWindow, public SongView {
   AlbumMenu* m_albumMenu;
   QMenu* m_recent = nullptr;
   QList<QDockWidget*> m_panels;  ///< The library first.
+  DesktopScheme m_scheme;
   QVBoxLayout* m_centre = nullptr;
   QLabel* m_place;
 };

@@ -58,7 +58,9 @@ PlayerBar::PlayerBar(QWidget* parent)
   });
   for (auto* button : findChildren<QToolButton*>()) {
     button->setFocusPolicy(Qt::TabFocus);
-    if (button->text().isEmpty()) button->setAccessibleName(tr("More"));  // where the bar is narrow
+    if (!button->text().isEmpty()) continue;
+    button->setAccessibleName(tr("More"));  // where the bar is narrow
+    button->setIcon(moreIcon());            // the style's is black in dark themes, too
   }
   m_player.speedChanged();
   showPosition("  0");

@@ -263,7 +263,7 @@ void FretboardView::paintTone(QPainter& painter, const Neck& neck,
   const double radius = neck.radius() * (open ? 0.55 : 1);
   const double pen = std::max(1.5, neck.line / 9);
   const QColor ink = tone.active ? shades.text : shades.faintText;
-  painter.setPen(QPen(open || !tone.active ? ink : shades.accent, pen,
+  painter.setPen(QPen(open || !tone.active ? ink : shades.mark, pen,
                       tone.active ? Qt::SolidLine : Qt::DashLine));
   painter.setBrush(open ? QBrush(Qt::NoBrush) : tone.active ? shades.accent : shades.base);
   painter.drawEllipse(middle, radius - pen / 2, radius - pen / 2);

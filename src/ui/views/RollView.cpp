@@ -224,7 +224,7 @@ void RollView::paintEvent(QPaintEvent* event) {
   paintRuler(painter, shades, first, end);
   painter.setRenderHint(QPainter::Antialiasing);
   paintTones(painter, shades, first, end);
-  if (m_playing >= 0) paintColumn(painter, shades.accent, Qt::SolidLine, m_playing);
+  if (m_playing >= 0) paintColumn(painter, shades.mark, Qt::SolidLine, m_playing);
   if (m_cursor >= 0)
     paintColumn(painter, shades.text, hasFocus() ? Qt::DashLine : Qt::DotLine, m_cursor);
   paintPitches(painter, shades);
@@ -301,12 +301,11 @@ void RollView::paintRuler(QPainter& painter, const Shades& shades, int first, in
 void RollView::paintTones(QPainter& painter, const Shades& shades, int first, int end) const {
   // In narrow lanes an outline would hide the shade.
   const bool outlined = laneHeight() >= kOutlinedLane * m_line;
-  const QPen outline = outlined ? QPen(mixed(shades.accent, shades.text, 0.5)) : QPen(Qt::NoPen);
+  const QPen outline = outlined ? QPen(mixed(shades.mark, shades.text, 0.5)) : QPen(Qt::NoPen);
   for (auto tone = m_roll.firstSounding(first); tone != m_roll.endSounding(end); ++tone) {
     if (tone->chord + tone->steps <= first) continue;
     painter.setPen(tone->active ? outline : QPen(shades.faintText));
-    painter.setBrush(tone->active ? mixed(shades.base, shades.accent, 0.3 + 0.7 * tone->loudness)
-                                  : shades.base);
+    painter.setBrush(tone->active ? mixed(shades.quiet, shades.mark, tone->loudness) : shades.base);
     if (tone->steps > 1 && tone->active) painter.drawRect(tailOf(*tone));
     paintHead(painter, headOf(*tone), outlined, tone->active);
   }

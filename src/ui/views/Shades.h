@@ -16,13 +16,19 @@ struct Shades {
   QColor faintText;  ///< Still readable on the base.
   QColor line;       ///< Strings, bars and note values.
   QColor grid;       ///< What only helps the eye.
-  QColor accent;
-  QColor onAccent;
-  QColor loop;    ///< Ground of the loop.
-  QColor chosen;  ///< Ground of what is selected.
+  QColor accent;     ///< What is filled, such as the cursor.
+  QColor onAccent;   ///< Text on it.
+  QColor mark;       ///< Frames on the base, and the loudest tones.
+  QColor quiet;      ///< The faintest tones.
+  QColor loop;       ///< Ground of the loop.
+  QColor chosen;     ///< Ground of what is selected.
 };
 
 /// So much of the second colour in the first, 0 to 1.
 QColor mixed(const QColor& first, const QColor& second, double share);
+
+/// From 1 to 21, as the Web Content Accessibility Guidelines have it: text needs 4.5, what else
+/// must be seen 3.
+double contrast(const QColor& first, const QColor& second);
 
 }  // namespace korvel::ui

@@ -272,9 +272,8 @@ void TablatureView::paintGround(QPainter& painter, const TabLayout::System& syst
     if (!m_selection.contains(place->chord)) continue;
     const double edge = std::max(1.0, m_canvas.cell().width() / 5);
     painter.fillRect(cells, shades.chosen);
-    painter.fillRect(QRectF(cells.left(), cells.top(), cells.width(), edge), shades.accent);
-    painter.fillRect(QRectF(cells.left(), cells.bottom() - edge, cells.width(), edge),
-                     shades.accent);
+    painter.fillRect(QRectF(cells.left(), cells.top(), cells.width(), edge), shades.mark);
+    painter.fillRect(QRectF(cells.left(), cells.bottom() - edge, cells.width(), edge), shades.mark);
   }
 }
 
@@ -287,7 +286,7 @@ void TablatureView::paintMarks(QPainter& painter, const TabLayout::System& syste
   if (isHere(to)) paintBracket(painter, *to, false);
   if (!isHere(playing)) return;
   const double pen = std::max(2.0, m_canvas.cell().width() / 4);
-  painter.setPen(QPen(Shades(palette()).accent, pen));
+  painter.setPen(QPen(Shades(palette()).mark, pen));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(cellsOf(*playing).adjusted(-pen / 2, pen / 2, -pen, -pen / 2), 2 * pen,
                           2 * pen);
