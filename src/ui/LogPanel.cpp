@@ -15,6 +15,7 @@ LogPanel::LogPanel(QWidget* parent) : QPlainTextEdit(parent) {
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setMaximumBlockCount(kMostLines);
   setAccessibleName(tr("Log"));
+  setPlaceholderText(tr("What is done is noted here."));
 }
 
 void LogPanel::addLogText(std::string_view text) { appendPlainText(toText(text)); }

@@ -107,7 +107,9 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::addTablature() {
-  m_tablature->setPlaceholderText(tr("Drop a recording here, or choose File, Import to begin."));
+  m_tablature->setPlaceholderText(
+      tr("Drop a recording of a guitar here, or choose File, Import Recording.\n"
+         "To play one yourself, open the Record panel."));
   m_tablature->setZoom(Preferences().zoom());
   auto* centre = new QWidget;
   m_centre = new QVBoxLayout(centre);
@@ -237,9 +239,10 @@ void MainWindow::offerWorkFolder() {
   const QString folder = offeredWorkFolder();
   const auto accept = [folder] { setWorkDirectory(folder.toStdString()); };
   m_centre->insertWidget(
-      0, new OfferBar(tr("Keep tablature and scores in %1? The settings take another folder.")
-                          .arg(QDir::toNativeSeparators(folder)),
-                      accept));
+      0, new OfferBar(
+             tr("Keep exported tablature and scores in %1? The settings can name another folder.")
+                 .arg(QDir::toNativeSeparators(folder)),
+             accept));
 }
 
 void MainWindow::applyPreferences() {
@@ -323,10 +326,15 @@ void MainWindow::showImported(const QString& file, QBSong* song) {
   if (song->isDeleted()) return;
   if (!song->hasTabulature())
     say(tr("%1: no tones were heard in it; is it a guitar alone, and loud enough?").arg(name));
-  else if (!m_turnedToASong)
-    QBSession::session().setActiveSong(song);
-  else
+  else if (m_turnedToASong)
     say(tr("%1 is imported").arg(name));
+  else
+    showNewSong(song);
+}
+
+void MainWindow::showNewSong(QBSong* song) {
+  QBSession::session().setActiveSong(song);
+  say(tr("Space plays it, digits change the fret at the cursor, the menu Song arranges it"));
 }
 
 void MainWindow::say(const QString& text) {

@@ -96,6 +96,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void resetLoop();
   void chooseLoopEnd(int chord);
   void showImported(const QString& file, QBSong* song);
+  void showNewSong(QBSong* song);
   void applyPreferences();
   void changeSettings(const char* page = nullptr);
   void offerWorkFolder();

@@ -97,7 +97,7 @@ void PlayerBar::addMetronome() {
 
 void PlayerBar::play() {
   const QBSong* song = QBSession::session().activeSong();
-  if (!song || song->chords().empty()) return;
+  if (!song || song->chords().empty()) return emit refused(tr("Choose a song with chords first"));
   const TuningForNow chosen(song->tuning());
   m_player.play();
 }

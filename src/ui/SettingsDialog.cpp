@@ -35,12 +35,14 @@ using precise::FingeringOptions;
 using precise::Position;
 
 constexpr int kHighestCapo = 11;
+constexpr int kLettersOfPath = 36;
 constexpr double kSensitivitySteps = 100;
 
 /// A line with a button behind it that chooses what goes there.
 QWidget* withButton(QLineEdit* line, const QString& name, const std::function<QString()>& choose) {
   auto* button = new QPushButton(SettingsDialog::tr("Choose ..."));
   line->setAccessibleName(name);
+  line->setMinimumWidth(kLettersOfPath * line->fontMetrics().averageCharWidth());
   button->setAccessibleName(SettingsDialog::tr("Choose: %1").arg(name));
   QObject::connect(button, &QPushButton::clicked, line, [line, choose] {
     const QString chosen = choose();

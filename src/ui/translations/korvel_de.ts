@@ -1452,16 +1452,16 @@
         <source>Log</source>
         <translation>Protokoll</translation>
     </message>
+    <message>
+        <source>What is done is noted here.</source>
+        <translation>Hier steht, was getan wurde.</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::MainWindow</name>
     <message>
         <source>Workbench ..</source>
         <translation>Werkbank ..</translation>
-    </message>
-    <message>
-        <source>Drop a recording here, or choose File, Import to begin.</source>
-        <translation>Ziehe eine Aufnahme hierher, oder wähle zum Beginnen „Datei“, „Aufnahme importieren“.</translation>
     </message>
     <message>
         <source>Library</source>
@@ -1490,10 +1490,6 @@
     <message>
         <source>Korvel ended while it imported %1; import it again.</source>
         <translation>Korvel wurde beendet, während es %1 importierte; importiere die Datei noch einmal.</translation>
-    </message>
-    <message>
-        <source>Keep tablature and scores in %1? The settings take another folder.</source>
-        <translation>Tabulaturen und Noten in %1 ablegen? In den Einstellungen lässt sich ein anderer Ordner wählen.</translation>
     </message>
     <message>
         <source>%1: no tones were heard in it; is it a guitar alone, and loud enough?</source>
@@ -1660,6 +1656,20 @@
         <source>Tablature</source>
         <translation>Tabulatur</translation>
     </message>
+    <message>
+        <source>Drop a recording of a guitar here, or choose File, Import Recording.
+To play one yourself, open the Record panel.</source>
+        <translation>Ziehe eine Gitarrenaufnahme hierher, oder wähle Datei, Aufnahme importieren.
+Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
+    </message>
+    <message>
+        <source>Keep exported tablature and scores in %1? The settings can name another folder.</source>
+        <translation>Exportierte Tabulaturen und Noten in %1 ablegen? In den Einstellungen lässt sich ein anderer Ordner wählen.</translation>
+    </message>
+    <message>
+        <source>Space plays it, digits change the fret at the cursor, the menu Song arranges it</source>
+        <translation>Die Leertaste spielt ab, Ziffern ändern den Bund unter dem Cursor, das Menü Song arrangiert</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
@@ -1721,6 +1731,10 @@
     <message>
         <source>Metronome</source>
         <translation>Metronom</translation>
+    </message>
+    <message>
+        <source>Choose a song with chords first</source>
+        <translation>Wähle erst einen Song, der Akkorde hat</translation>
     </message>
 </context>
 <context>
@@ -1987,6 +2001,10 @@
     <message>
         <source>, loop ends</source>
         <translation>, Loop endet</translation>
+    </message>
+    <message>
+        <source>This song has no chords. The key Insert puts in the first one.</source>
+        <translation>Dieser Song hat keine Akkorde. Die Taste Einfg fügt den ersten ein.</translation>
     </message>
 </context>
 <context>

@@ -324,8 +324,20 @@ void TablatureView::paintCursor(QPainter& painter) const {
 }
 
 void TablatureView::paintPlaceholder(QPainter& painter) const {
+  QFont large = font();
+  if (large.pointSizeF() > 0) large.setPointSizeF(large.pointSizeF() * 1.3);
+  painter.setFont(large);
   painter.setPen(Shades(palette()).faintText);
-  painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_placeholder);
+  painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, placeholder());
+}
+
+QString TablatureView::placeholder() const {
+  return m_song ? tr("This song has no chords. The key Insert puts in the first one.")
+                : m_placeholder;
+}
+
+QString TablatureView::spokenText() const {
+  return m_layout.rows().empty() ? placeholder() : placeText();
 }
 
 void TablatureView::setPlaceholderText(const QString& text) {

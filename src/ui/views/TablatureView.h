@@ -52,7 +52,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   int playingChord() const { return m_playing; }
   /// The place of the cursor in words; empty without one.
   QString placeText() const;
-  QString spokenText() const override { return placeText(); }
+  QString spokenText() const override;
   QRect spokenRect() const override { return chordRect(m_chord); }
   QString selectedText() const;
   /// Percent of the font's size.
@@ -137,6 +137,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   void paintBracket(QPainter& painter, const TabLayout::Place& place, bool opening) const;
   void paintCursor(QPainter& painter) const;
   void paintPlaceholder(QPainter& painter) const;
+  QString placeholder() const;
 
   // Input.
   bool zoomByKey(QKeyEvent& event);
