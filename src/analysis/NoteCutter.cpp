@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "model/Pitch.h"
 
@@ -53,62 +54,77 @@ std::size_t endOfNote(const Levels& levels, std::size_t begin, float threshold) 
 
 // ---- pitch
 
-constexpr std::size_t kStep = 2;  // samples that are taken as one
+constexpr std::size_t kStep = 4;        // of the samples that are looked at
+constexpr std::size_t kSmoothing = 12;  // samples that make one of them, against shrill overtones
 constexpr double kRate = 44100.0 / kStep;
-constexpr std::size_t kWindow = 4096;
-constexpr std::size_t kLastLag = 340;  // below C#2
+constexpr std::size_t kWindow = 2048;
+constexpr std::size_t kLastLag = 170;  // below C#2
 constexpr std::size_t kAfterStroke = 2048;
-constexpr double kClearNote = 0.8;
+constexpr double kClearNote = 0.7;  // of chords it is hardly more than 0.5
 constexpr double kNearlyBest = 0.9;
 constexpr double kConcertA = 440;
 constexpr int kMidiOfConcertA = 69;
 
 std::vector<double> thinned(std::span<const std::int16_t> samples) {
   std::vector<double> thin;
-  for (std::size_t i = 0; i + 1 < samples.size(); i += kStep)
-    thin.push_back(samples[i] + samples[i + 1]);
+  for (std::size_t i = 0; i + kSmoothing <= samples.size(); i += kStep) {
+    const auto few = samples.subspan(i, kSmoothing);
+    thin.push_back(std::accumulate(few.begin(), few.end(), 0.0));
+  }
   return thin;
 }
 
 /// How like itself the sound is when it is shifted, -1..1, by lag.
 std::vector<double> likeness(std::span<const double> sound) {
   std::vector<double> alike(kLastLag + 2);
+  const auto begin = sound.begin();
+  const auto end = begin + kWindow;
+  const double energy = std::inner_product(begin, end, begin, 0.0);
+  double shifted = energy;
   for (std::size_t lag = 0; lag < alike.size(); ++lag) {
-    double common = 0;
-    double energy = 0;
-    for (std::size_t i = 0; i < kWindow; ++i) {
-      common += sound[i] * sound[i + lag];
-      energy += sound[i] * sound[i] + sound[i + lag] * sound[i + lag];
-    }
-    alike[lag] = energy > 0 ? 2 * common / energy : 0;
+    const double common =
+        std::inner_product(begin, end, begin + static_cast<std::ptrdiff_t>(lag), 0.0);
+    alike[lag] = energy + shifted > 0 ? 2 * common / (energy + shifted) : 0;
+    shifted += sound[lag + kWindow] * sound[lag + kWindow] - sound[lag] * sound[lag];
   }
   return alike;
 }
 
-bool isPeak(const std::vector<double>& alike, std::size_t lag) {
-  return alike[lag] > alike[lag - 1] && alike[lag] >= alike[lag + 1];
-}
+struct Peak {
+  double lag;
+  double alike;
+};
 
-/// The top of the parabola through the peak and its neighbours.
-double exactLag(const std::vector<double>& alike, std::size_t lag) {
+/// The top of the parabola through a value that is none below its neighbours: a period need not be
+/// a whole number of samples.
+std::optional<Peak> peakAt(const std::vector<double>& alike, std::size_t lag) {
   const double before = alike[lag - 1];
+  const double here = alike[lag];
   const double after = alike[lag + 1];
-  const double bend = before - 2 * alike[lag] + after;
-  return static_cast<double>(lag) + (bend < 0 ? (before - after) / (2 * bend) : 0);
+  if (here <= before || here < after) return std::nullopt;
+  const double offset = (before - after) / (2 * (before - 2 * here + after));
+  return Peak{static_cast<double>(lag) + offset, here - (before - after) * offset / 4};
 }
 
-/// Small shifts are alike whatever the period is, up to the first that is the opposite. Multiples
-/// of the period are alike as well: it is the first shift that is nearly as good as the best.
-std::optional<double> periodOf(const std::vector<double>& alike) {
+/// Small shifts are alike whatever the period is, up to the first that is the opposite.
+std::vector<Peak> peaksOf(const std::vector<double>& alike) {
   const auto opposite = std::ranges::find_if(alike, [](double each) { return each < 0; });
-  const auto first = static_cast<std::size_t>(opposite - alike.begin());
-  double best = 0;
-  for (std::size_t lag = first; lag <= kLastLag; ++lag)
-    if (isPeak(alike, lag)) best = std::max(best, alike[lag]);
-  if (best < kClearNote) return std::nullopt;
-  std::size_t lag = first;
-  while (!isPeak(alike, lag) || alike[lag] < kNearlyBest * best) ++lag;
-  return exactLag(alike, lag);
+  std::vector<Peak> peaks;
+  for (auto lag = static_cast<std::size_t>(opposite - alike.begin()); lag <= kLastLag; ++lag)
+    if (const auto peak = peakAt(alike, lag)) peaks.push_back(*peak);
+  return peaks;
+}
+
+/// Multiples of the period are alike as well: it is the first shift that is nearly as good as the
+/// best.
+std::optional<double> periodOf(const std::vector<double>& alike) {
+  const std::vector<Peak> peaks = peaksOf(alike);
+  const auto best = std::ranges::max_element(peaks, {}, &Peak::alike);
+  if (best == peaks.end() || best->alike < kClearNote) return std::nullopt;
+  const auto isNearlyBest = [&](const Peak& peak) {
+    return peak.alike >= kNearlyBest * best->alike;
+  };
+  return std::ranges::find_if(peaks, isNearlyBest)->lag;
 }
 
 }  // namespace
@@ -143,7 +159,7 @@ std::vector<NoteCutter::Stretch> NoteCutter::stretches() const {
 }
 
 std::optional<int> singleNote(std::span<const std::int16_t> stretch) {
-  constexpr std::size_t kNeeded = kStep * (kWindow + kLastLag + 2);
+  constexpr std::size_t kNeeded = kStep * (kWindow + kLastLag + 2) + kSmoothing;
   if (stretch.size() < kNeeded) return std::nullopt;
   const std::size_t from = std::min(kAfterStroke, stretch.size() - kNeeded);
   const auto period = periodOf(likeness(thinned(stretch.subspan(from, kNeeded))));

@@ -38,21 +38,6 @@ class Deadline {
 
 double decibels(float level) { return 20 * std::log10(static_cast<double>(level)); }
 
-/// A last one that is mostly silence would only show less of the note.
-std::vector<std::vector<HeardTone>> tonesOfBlocks(std::span<const std::int16_t> stretch) {
-  std::vector<std::vector<HeardTone>> blocks;
-  while (stretch.size() >= kBlock / 2 && blocks.size() < kBlocksOfNote) {
-    const std::size_t size = std::min(kBlock, stretch.size());
-    blocks.push_back(Calibration::tonesIn(stretch.first(size)));
-    stretch = stretch.subspan(size);
-  }
-  return blocks;
-}
-
-bool holds(const std::vector<HeardTone>& tones, int midi) {
-  return std::ranges::find(tones, midi, &HeardTone::midi) != tones.end();
-}
-
 }  // namespace
 
 std::vector<CalibrationNote> notesToCalibrate() {
@@ -78,7 +63,11 @@ QBCmdCalibrate::QBCmdCalibrate(std::shared_ptr<QBSampleSource> source, const std
 
 QBCmdCalibrate::~QBCmdCalibrate() = default;
 
-void QBCmdCalibrate::prepare() { m_source->startRecord(0.0F); }
+/// Memory that is not used yet costs nothing, unlike growing samples that have to move.
+void QBCmdCalibrate::prepare() {
+  m_samples.reserve(kLongest + kRate);
+  m_source->startRecord(0.0F);
+}
 
 void QBCmdCalibrate::execute() {
   while (step()) continue;
@@ -96,7 +85,7 @@ bool QBCmdCalibrate::step() {
   }
   if (m_next == m_stretches->size()) return false;
   const TuningForNow chosen(m_calibration.tuning());
-  hear((*m_stretches)[m_next++]);
+  hear();
   m_percent = kPercentOfReading +
               static_cast<int>((kAll - kPercentOfReading) * m_next / m_stretches->size());
   return true;
@@ -117,21 +106,44 @@ void QBCmdCalibrate::read() {
     m_stretches = m_cutter.stretches();
 }
 
-/// A note whose own tone the detection misses throughout was taken for another one.
-void QBCmdCalibrate::hear(const NoteCutter::Stretch& stretch) {
-  const auto samples = std::span(m_samples).subspan(stretch.begin, stretch.end - stretch.begin);
-  const auto note = singleNote(samples);
-  const auto blocks = tonesOfBlocks(samples);
-  const bool counts =
-      note && Calibration::isReached(*note) &&
-      std::ranges::any_of(blocks, [&](const auto& each) { return holds(each, *note); });
-  if (!counts) {
+/// Its note in one step, then as many blocks in each as there is time for.
+void QBCmdCalibrate::hear() {
+  if (!m_hearing) {
+    const NoteCutter::Stretch& next = (*m_stretches)[m_next];
+    const auto samples = std::span(m_samples).subspan(next.begin, next.end - next.begin);
+    m_hearing = Hearing{next, singleNote(samples), next.begin, {}};
+    return;
+  }
+  const Deadline deadline;
+  while (hearBlock())
+    if (deadline.isOver()) return;
+  count(*m_hearing);
+  m_hearing.reset();
+  ++m_next;
+}
+
+/// A last block that is mostly silence would only show less of the note; false then.
+bool QBCmdCalibrate::hearBlock() {
+  auto& [stretch, note, next, blocks] = *m_hearing;
+  const std::size_t size = std::min(kBlock, stretch.end - next);
+  if (size < kBlock / 2 || blocks.size() == kBlocksOfNote) return false;
+  blocks.push_back(Calibration::tonesIn(std::span(m_samples).subspan(next, size)));
+  next += size;
+  return true;
+}
+
+/// What is heard besides counts also where the note itself is too faint for the detection.
+void QBCmdCalibrate::count(const Hearing& heard) {
+  const auto isHeard = [](const auto& tones) { return !tones.empty(); };
+  if (!heard.note || !Calibration::isReached(*heard.note) ||
+      std::ranges::none_of(heard.blocks, isHeard)) {
     ++m_others;
     return;
   }
-  for (const auto& tones : blocks)
-    if (!tones.empty()) m_calibration.addBlock(tones, *note);
-  m_notes.push_back({*note, static_cast<double>(stretch.begin) / kRate, decibels(stretch.loudest)});
+  for (const auto& tones : heard.blocks)
+    if (isHeard(tones)) m_calibration.addBlock(tones, *heard.note);
+  m_notes.push_back({*heard.note, static_cast<double>(heard.stretch.begin) / kRate,
+                     decibels(heard.stretch.loudest)});
 }
 
 void QBCmdCalibrate::tearDown() {
@@ -155,6 +167,7 @@ void QBCmdCalibrate::release() {
   m_samples = {};
   m_stretches.emplace();
   m_next = 0;
+  m_hearing.reset();
 }
 
 std::optional<std::string> QBCmdCalibrate::problem() const {

@@ -46,7 +46,7 @@ class QBCmdCalibrate final : public QBCommand {
 
   void prepare() override;
   void execute() override;
-  /// About a hundredth of a second of reading, or a note. Stops the command at the end.
+  /// About a hundredth of a second of reading or hearing. Stops the command at the end.
   void nextStep() override;
   void tearDown() override;
   /// Hears what has been read so far.
@@ -69,9 +69,19 @@ class QBCmdCalibrate final : public QBCommand {
   std::optional<std::string> problem() const;
 
  private:
+  /// A stretch that is being heard.
+  struct Hearing {
+    NoteCutter::Stretch stretch;
+    std::optional<int> note;
+    std::size_t next;  ///< Sample to go on at.
+    std::vector<std::vector<HeardTone>> blocks;
+  };
+
   bool step();
   void read();
-  void hear(const NoteCutter::Stretch& stretch);
+  void hear();
+  bool hearBlock();
+  void count(const Hearing& heard);
   void release();
 
   std::shared_ptr<QBSampleSource> m_source;
@@ -81,6 +91,7 @@ class QBCmdCalibrate final : public QBCommand {
   bool m_tooLong = false;
   std::optional<std::vector<NoteCutter::Stretch>> m_stretches;  ///< When all is read.
   std::size_t m_next = 0;                                       ///< Stretch to hear.
+  std::optional<Hearing> m_hearing;
   std::vector<HeardNote> m_notes;
   int m_others = 0;
   std::function<void()> m_finished;
