@@ -40,7 +40,7 @@ void MusicSequence::disposeTrack(const MusicTrack& track) {
 MusicEvents MusicSequence::events() const {
   MusicEvents all;
   for (const auto& track : m_tracks)
-    all.insert(all.end(), track->events().begin(), track->events().end());
+    if (!track->isMuted()) all.insert(all.end(), track->events().begin(), track->events().end());
   std::ranges::stable_sort(all, before);
   all.erase(std::unique(all.begin(), all.end(), beginTogether), all.end());
   return all;

@@ -21,8 +21,8 @@ class MusicSequence {
   MusicTrack& newTrack();
   void disposeTrack(const MusicTrack& track);
 
-  /// The events of all tracks as they can be played: of notes of one pitch that begin together on a
-  /// channel only the longest.
+  /// The events of all tracks that are not muted, as they can be played: of notes of one pitch that
+  /// begin together on a channel only the longest.
   MusicEvents events() const;
   /// When the last note ends, in beats; 0 without notes.
   double length() const;

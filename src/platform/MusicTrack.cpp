@@ -28,6 +28,12 @@ bool MusicTrack::addChannelEvent(double time, const MidiChannelMessage& message)
   return known && isTime(time) && add({time, message});
 }
 
+void MusicTrack::setMuted(bool muted) {
+  if (muted == m_muted) return;
+  m_muted = muted;
+  m_changed();
+}
+
 bool MusicTrack::add(const MusicEvent& event) {
   m_events.push_back(event);
   m_changed();

@@ -94,6 +94,10 @@ void QBMIDIPlayer::addMetronome(int from, int to) {
   addClicks(*m_song, from, to, *m_clicks);
 }
 
+void QBMIDIPlayer::setMetronome(bool heard) {
+  if (m_clicks) m_clicks->setMuted(!heard);
+}
+
 bool QBMIDIPlayer::changeProgram(int program) {
   return m_track && program >= 0 && program <= kHighestNote &&
          m_track->addChannelEvent(0.0, {kProgramChange, static_cast<std::uint8_t>(program), 0});

@@ -41,6 +41,8 @@ class QBMIDIPlayer {
   void scan(int from, int to);
   /// Adds a track of clicks for the same chords; before it is started.
   void addMetronome(int from, int to);
+  /// Whether the clicks are heard, which they are at first; also while it plays.
+  void setMetronome(bool heard);
   bool repeatAsLoop() const { return m_loop; }
   /// At time 0.
   bool changeProgram(int program);
