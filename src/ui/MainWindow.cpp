@@ -75,9 +75,11 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_editMenu(new EditMenu(*m_tablature, *m_fretboard, this)),
       m_songMenu(new SongMenu(this)),
       m_albumMenu(new AlbumMenu(*m_actions, this)),
+      m_heard(new QLabel),
       m_place(new QLabel) {
   setWindowTitle(tr("Workbench .."));
   setAcceptDrops(true);
+  statusBar()->addPermanentWidget(m_heard);
   statusBar()->addPermanentWidget(m_place);
   addPanels();
   connectViews();
@@ -284,6 +286,7 @@ void MainWindow::setActiveSong(QBSong* song) {
   m_roll->setSong(song);
   m_editMenu->setSong(song);
   showCursor(m_tablature->cursorChord());
+  showPlaying();
 }
 
 void MainWindow::showCursor(int chord) {
@@ -292,16 +295,20 @@ void MainWindow::showCursor(int chord) {
   m_place->setText(m_tablature->placeText());
 }
 
-/// The chord that is heard, or the one under the cursor when none is.
+/// The chord that is heard, or the one under the cursor when none is, or one of another song.
 void MainWindow::showPlaying() {
-  const int chord = m_player->isPlaying() ? m_tablature->playingChord() : -1;
-  m_editMenu->setLocked(m_player->isPlaying());
+  QBSong* heard = m_player->song();
+  const bool shown = m_player->plays(m_song);
+  const int chord = shown ? m_tablature->playingChord() : -1;
+  m_heard->setText(heard ? tr("Playing %1").arg(toText(heard->title())) : QString());
+  m_tree->model().setPlaying(heard);
+  m_editMenu->setLocked(shown);
   m_roll->showPlaying(chord);
   m_fretboard->showChord(chord >= 0 ? chord : m_tablature->cursorChord());
 }
 
 void MainWindow::resetLoop() {
-  if (m_player->isPlaying()) return say(tr("Stop playing first, then change the loop"));
+  if (m_player->plays(m_song)) return say(tr("Stop playing first, then change the loop"));
   if (m_song) clearLoop(*m_song);
   refreshViews();
 }
@@ -343,7 +350,13 @@ void MainWindow::say(const QString& text) {
 
 QString MainWindow::statusMessage() const { return statusBar()->currentMessage(); }
 
+void MainWindow::rememberSong() const {
+  const QBAlbum* album = m_song ? m_song->album() : nullptr;
+  Preferences().setLastSong(album ? toText(album->name() + '/' + m_song->title()) : QString());
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
+  rememberSong();
   m_player->stop();
   m_record->finish();
   rememberRunning();
@@ -351,8 +364,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   Preferences preferences;
   preferences.setWindowGeometry(saveGeometry());
   preferences.setWindowState(saveState());
-  const QBAlbum* album = m_song ? m_song->album() : nullptr;
-  preferences.setLastSong(album ? toText(album->name() + '/' + m_song->title()) : QString());
   QBSession::session().sayGoodBye();
   event->accept();
 }

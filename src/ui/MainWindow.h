@@ -101,6 +101,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void changeSettings(const char* page = nullptr);
   void offerWorkFolder();
   void rememberRunning();
+  void rememberSong() const;
   void printSong();
   void exportPdf();
   void showHelp();
@@ -128,6 +129,7 @@ class MainWindow final : public QMainWindow, public SongView {
   QList<QDockWidget*> m_panels;  ///< The library first.
   DesktopScheme m_scheme;
   QVBoxLayout* m_centre = nullptr;
+  QLabel* m_heard;  ///< Which song plays.
   QLabel* m_place;
 };
 

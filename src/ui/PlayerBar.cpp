@@ -104,7 +104,7 @@ void PlayerBar::play() {
 
 void PlayerBar::stop() { m_player.stop(); }
 
-void PlayerBar::toggle() { isPlaying() ? stop() : play(); }
+void PlayerBar::toggle() { m_player.isPlaying() ? stop() : play(); }
 
 std::unique_ptr<platform::MusicPlayer> PlayerBar::newPlayer() {
   const Preferences preferences;
@@ -123,8 +123,13 @@ void PlayerBar::applyVolume() {
 
 void PlayerBar::setLocked(bool locked) {
   for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(!locked);
-  m_metronome->setEnabled(!locked);
   m_stop->setEnabled(locked);
+  tellMoved();
+}
+
+/// Once the session and its views know as well.
+void PlayerBar::tellMoved() {
+  QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);
 }
 
 void PlayerBar::lockMIDI() {
@@ -136,7 +141,6 @@ void PlayerBar::unlockAll() {
   m_sounding = nullptr;
   m_watch.stop();
   setLocked(false);
-  QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);
 }
 
 void PlayerBar::showLoop(const LoopRange& loop) {
@@ -147,11 +151,10 @@ void PlayerBar::showLoop(const LoopRange& loop) {
   m_loop->setText(none ? tr("No loop") : tr("Loop %1–%2").arg(end(loop.from), end(loop.to)));
 }
 
-/// The tablature learns of the place right after this.
 void PlayerBar::showPosition(const std::string& percent) {
   m_position->setText(' ' + toText(percent) + " % ");
   m_position->setAccessibleDescription(m_position->text());
-  QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);
+  tellMoved();
 }
 
 void PlayerBar::showSpeed(const std::string& percent) {

@@ -12,7 +12,7 @@ class QSlider;
 
 namespace korvel::ui {
 
-/// Plays the song that is shown, or its loop.
+/// Plays the song that is shown, or its loop. The user may turn to another song meanwhile.
 class PlayerBar final : public QToolBar, public PlayerControls {
   Q_OBJECT
 
@@ -21,7 +21,9 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   ~PlayerBar() override;
 
   PlayerView& controller() { return m_player; }
-  bool isPlaying() const { return m_player.isPlaying(); }
+  /// The song that plays, or none.
+  QBSong* song() const { return m_player.song(); }
+  bool plays(const QBSong* song) const { return m_player.plays(song); }
 
   void lockMIDI() override;
   void unlockAll() override;
@@ -38,7 +40,7 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void toggle();
 
  signals:
-  /// Another chord is heard, or none any more.
+  /// Another chord is heard, or playing has begun or ended.
   void moved();
   void resetLoopWanted();
   void settingsWanted();
@@ -51,6 +53,7 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void applyVolume();
   void addMetronome();
   void setLocked(bool locked);
+  void tellMoved();
 
   QAction* m_play;
   QAction* m_stop;

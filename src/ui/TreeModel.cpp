@@ -129,6 +129,14 @@ void TreeModel::insertNew(Item& parent, const Nodes& nodes) {
   }
 }
 
+void TreeModel::setPlaying(QBSong* song) {
+  if (song == m_playing) return;
+  const QModelIndex before = indexOf(m_playing);
+  m_playing = song;
+  for (const QModelIndex& changed : {before, indexOf(song)})
+    if (changed.isValid()) emit dataChanged(changed, changed);
+}
+
 // ---- items and their places
 
 TreeModel::Item& TreeModel::itemOf(const QModelIndex& index) const {
@@ -180,15 +188,22 @@ int TreeModel::columnCount(const QModelIndex&) const { return 1; }
 
 // ---- what is shown and edited
 
+QString TreeModel::markedTitle(const Item& item, int role) const {
+  if (item.isGroup()) return titleOf(item.group);
+  const QString title = shownTitle(*item.node);
+  const bool spoken = role == Qt::AccessibleTextRole;
+  const auto* song = dynamic_cast<const QBSongNode*>(item.node.get());
+  if (song && song->song() == m_playing)
+    return spoken ? tr("%1, playing").arg(title) : "▶ " + title;
+  if (!isSelected(*item.node)) return title;
+  return spoken ? tr("%1, selected").arg(title) : "✓ " + title;
+}
+
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const Item& item = itemOf(index);
   const bool selected = item.node && isSelected(*item.node);
-  if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole) {
-    const QString title = item.node ? shownTitle(*item.node) : titleOf(item.group);
-    if (!selected) return title;
-    return role == Qt::DisplayRole ? "✓ " + title : tr("%1, selected").arg(title);
-  }
+  if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole) return markedTitle(item, role);
   if (role == Qt::EditRole && item.node) return toText(item.node->title());
   if (role == Qt::FontRole && (item.isGroup() || selected)) {
     QFont bold;

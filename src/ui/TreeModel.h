@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/persistence/Ref.h"
 #include "workflow/LibraryTree.h"
 
 namespace korvel {
@@ -27,6 +28,8 @@ class TreeModel final : public QAbstractItemModel {
 
   /// Has the library follow the store, and tells the views what has come and gone.
   void refresh();
+  /// Marks the song that plays, or none.
+  void setPlaying(QBSong* song);
 
   QModelIndex indexOfGroup(Group group) const;
   /// Invalid when the tree does not show it.
@@ -71,10 +74,12 @@ class TreeModel final : public QAbstractItemModel {
   void removeGone(Item& parent, const Nodes& nodes);
   void insertNew(Item& parent, const Nodes& nodes);
   void rename(QBTreeNode& node, const std::string& title);
+  QString markedTitle(const Item& item, int role) const;
   QModelIndex albumAt(const QModelIndex& index) const;
 
   LibraryTree& m_library;
   std::unique_ptr<Item> m_root;
+  platform::Ref<QBSong> m_playing;
 };
 
 }  // namespace korvel::ui

@@ -49,13 +49,18 @@ void QBPlayerViewController::play() {
   }
 }
 
+QBPlayerViewController::Range QBPlayerViewController::rangeOf(QBSong& song) {
+  return {song.fromChord() ? song.fromChord()->position() : 0,
+          song.toChord() ? song.toChord()->position() : static_cast<int>(song.allChords().size())};
+}
+
 void QBPlayerViewController::begin(QBSong& song) {
   m_song = &song;
-  m_from = song.fromChord() ? song.fromChord()->position() : 0;
-  m_to = song.toChord() ? song.toChord()->position() : static_cast<int>(song.allChords().size());
+  m_range = rangeOf(song);
   m_midi = std::make_unique<QBMIDIPlayer>(song, m_newPlayer());
-  m_midi->scan(m_from, m_to);
-  if (m_metronome) m_midi->addMetronome(m_from, m_to);
+  m_midi->scan(m_range.from, m_range.to);
+  m_midi->addMetronome(m_range.from, m_range.to);
+  m_midi->setMetronome(m_metronome);
   m_timer = platform::RunLoop::main().scheduleRepeating(kSecondsOfChord, [this] { playHandler(); });
   if (!m_midi->start()) throw platform::AudioError(m_midi->problem());
   m_midi->setPlaybackRate(speedFraction());
@@ -66,15 +71,15 @@ void QBPlayerViewController::begin(QBSong& song) {
 /// The last chord of a loop is cut off by the rewinding: the place is that of the chord which
 /// begins, and the range is counted without one of its ends. Positions that users see depend on it.
 void QBPlayerViewController::playHandler() {
-  if (m_midi->isLost()) {
-    end(kDeviceLost);
-    return;
-  }
+  if (m_midi->isLost()) return end(kDeviceLost);
+  if (m_song->isDeleted()) return end({});
   const int index = m_midi->playbackPosition();
   if (index == -1) return;
-  const float fraction = static_cast<float>(index + 1) / static_cast<float>(m_to - m_from);
+  const float fraction =
+      static_cast<float>(index + 1) / static_cast<float>(m_range.to - m_range.from);
   m_controls.showPosition(percentOf(fraction));
-  QBSession::session().setTabPosition(fraction);
+  QBSession& session = QBSession::session();
+  if (session.activeSong() == m_song) session.setTabPosition(fraction);
   if (fraction >= 1.0F) m_midi->rewind();
 }
 
@@ -101,12 +106,19 @@ void QBPlayerViewController::keepLooping() {
   if (isOver() && (m_song->fromChord() || m_song->toChord())) m_midi->rewind();
 }
 
+void QBPlayerViewController::setMetronome(bool on) {
+  m_metronome = on;
+  if (m_midi) m_midi->setMetronome(on);
+}
+
 void QBPlayerViewController::speedChanged() {
   m_controls.showSpeed(percentOf(speedFraction()));
   if (m_midi) m_midi->setPlaybackRate(speedFraction());
 }
 
+/// An undo may have changed what plays; what is seen must not be another song than what is heard.
 void QBPlayerViewController::updateLoop() {
+  if (m_midi && (m_song->isDeleted() || rangeOf(*m_song) != m_range)) stop();
   m_controls.showLoop(LoopRange(QBSession::session().activeSong()));
 }
 

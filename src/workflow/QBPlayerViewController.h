@@ -20,7 +20,7 @@ class QBSong;
 class PlayerControls {
  public:
   virtual ~PlayerControls() = default;
-  /// Playing begins: only stopping and the speed are left to the user.
+  /// Playing begins: what is played, and on what, is fixed until it is stopped.
   virtual void lockMIDI() = 0;
   virtual void unlockAll() = 0;
   virtual void showLoop(const LoopRange& loop) = 0;
@@ -36,7 +36,9 @@ class PlayerControls {
 
 /// Plays the session's song: its loop, or all of it, again and again where its end is reached. The
 /// end of a song that is played whole is not, as the last chord has no position; it goes on in
-/// silence then until it is stopped. Main thread; runs on the main run loop's timer.
+/// silence then until it is stopped. Another song may become the session's meanwhile; the place is
+/// told while it is the one that plays. Playing ends when its song is deleted, or gets another loop
+/// or other chords. Main thread; runs on the main run loop's timer.
 class QBPlayerViewController final : public PlayerView {
  public:
   /// Makes what a song is played with; may throw AudioError and SoundFontError.
@@ -53,6 +55,9 @@ class QBPlayerViewController final : public PlayerView {
   /// Nothing when none plays.
   void stop();
   bool isPlaying() const { return m_midi != nullptr; }
+  /// The song that plays, or none.
+  QBSong* song() const { return m_song; }
+  bool plays(const QBSong* song) const override { return m_midi && song && song == m_song; }
   /// All of what plays has been heard.
   bool isOver() const { return m_midi && m_midi->isOver(); }
 
@@ -60,13 +65,20 @@ class QBPlayerViewController final : public PlayerView {
   /// who plays faster than was recorded and should call this now and then.
   void keepLooping();
 
-  /// Whether clicks on the beats are heard beside the song, from the next playing on.
-  void setMetronome(bool on) { m_metronome = on; }
+  /// Whether clicks on the beats are heard beside the song; at any time.
+  void setMetronome(bool on);
   /// The slider has moved.
   void speedChanged();
   void updateLoop() override;
 
  private:
+  /// Positions of the first and the last chord that are played.
+  struct Range {
+    int from = 0, to = 0;
+    bool operator==(const Range&) const = default;
+  };
+
+  static Range rangeOf(QBSong& song);
   void begin(QBSong& song);
   void playHandler();
   void end(const std::string& problem);
@@ -75,7 +87,7 @@ class QBPlayerViewController final : public PlayerView {
   PlayerControls& m_controls;
   NewPlayer m_newPlayer;
   platform::Ref<QBSong> m_song;
-  int m_from = 0, m_to = 0;
+  Range m_range;
   bool m_metronome = false;
   std::unique_ptr<QBMIDIPlayer> m_midi;
   std::unique_ptr<platform::RunLoop::Timer> m_timer;

@@ -177,7 +177,7 @@ void QBSession::setActiveSong(QBSong* song) {
   if (m_views.tab) m_views.tab->setActiveSong(song);
   if (m_views.song) m_views.song->setActiveSong(song);
   updateLoop();
-  lockTab(false);
+  lockTab(m_views.player && m_views.player->plays(song));
 }
 
 void QBSession::setTabPosition(float fraction) {

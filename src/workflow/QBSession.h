@@ -75,6 +75,7 @@ class QBSession final : public SessionServices {
   QBAlbumNode* activeAlbumNode() const;
   /// Logs that a command has no song to work on.
   void errorNoSongSelected();
+  /// Unlocks the tablature, unless it is that of the song that plays.
   void setActiveSong(QBSong* song);
   QBSong* activeSong() const { return m_song; }
   /// fraction: place in the song, 0..1.

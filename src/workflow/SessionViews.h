@@ -43,6 +43,8 @@ class PlayerView {
  public:
   virtual ~PlayerView() = default;
   virtual void updateLoop() = 0;
+  /// Whether it is this song that is heard at the moment; its tablature stays locked then.
+  virtual bool plays(const QBSong* /*song*/) const { return false; }
 };
 
 class BatchView {

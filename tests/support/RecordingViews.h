@@ -36,16 +36,18 @@ class RecordingViews final : public OutputView, public TabView, public NodeMenu,
   void endProcess(int status) override { throw ProcessEnded{status}; }
 
   void setActiveSong(QBSong*) override {}
-  void drawPlayMode(float) override {}
+  void drawPlayMode(float fraction) override { playPosition = fraction; }
   void refresh() override {}
   void handleClick(double, double) override {}
-  void lock(bool) override {}
+  void lock(bool locked) override { tabLocked = locked; }
   void drawTuning(QBTuning*) override {}
   void sayGoodBye() override {}
 
   std::vector<std::string> log;
   std::string content, alert;
   bool albumMenuEnabled = true;
+  bool tabLocked = false;
+  float playPosition = 0;
 };
 
 }  // namespace korvel::test

@@ -108,7 +108,8 @@ class Session:
         self.picture("3-arranged")
 
     def play(self):
-        """Until the marker has moved, in a loop that clicks have marked."""
+        """Until the marker has moved, in a loop that clicks have marked, and on beside another
+        song."""
         self.select(TITLE)
         self.click_tablature(5, 0.35)
         last = self.click_tablature(5, 0.5)
@@ -117,8 +118,12 @@ class Session:
         self.window.keys("space")
         wait_for("the play position to move", lambda: self.position() > 0)
         self.picture("4-playing")
-        self.window.keys("space")
+        self.select(TITLE + "(Mld)")
+        self.window.find("label", f"Playing {TITLE}")
+        self.picture("4-playing-another")
+        self.window.press("push button", "Stop")
         wait_for("the player to stop", lambda: self.can_be_pressed("Play"))
+        self.click_tablature(5, 0.2)
         self.window.press("push button", "Reset Loop")
         self.window.find("label", "No loop")
 

@@ -8,6 +8,7 @@
 
 #include "platform/FluidSynthesizer.h"
 #include "platform/PlainRunLoop.h"
+#include "platform/persistence/UndoManager.h"
 #include "support/HandAudio.h"
 #include "support/RecordingViews.h"
 #include "support/SoundFont.h"
@@ -145,15 +146,59 @@ TEST_F(QBPlayerViewControllerTest, aLoopGoesOnWhenItsEndIsPassedOver) {
   EXPECT_FALSE(m_controls.news().empty());
 }
 
-TEST_F(QBPlayerViewControllerTest, aSongThatIsDeletedMeanwhileStaysAway) {
+TEST_F(QBPlayerViewControllerTest, aSongThatIsDeletedIsHeardNoMore) {
   choose();
   m_player.play();
   m_loop.run(1);
   QBSession::session().setActiveSong(nullptr);
   QBTabMgr::db().deleteSong(m_song);
+  m_controls.told.clear();
   m_loop.run(1);
-  m_player.stop();
+  EXPECT_FALSE(m_player.isPlaying());
+  EXPECT_EQ(m_controls.news(), Texts{"unlocked"});
+  EXPECT_FALSE(m_views.tabLocked);
   EXPECT_EQ(QBSession::session().activeSong(), nullptr);
+}
+
+TEST_F(QBPlayerViewControllerTest, markAndLocksStayWithTheSongThatPlays) {
+  QBSession& session = QBSession::session();
+  choose();
+  m_player.play();
+  m_loop.run(1);
+  EXPECT_TRUE(m_views.tabLocked);
+  session.setActiveSong(m_store.song("Other"));
+  EXPECT_FALSE(m_views.tabLocked);
+  m_views.playPosition = 0;
+  m_controls.told.clear();
+  m_loop.run(1);
+  EXPECT_EQ(m_views.playPosition, 0) << "a mark on the other song";
+  EXPECT_FALSE(m_controls.news().empty());
+  session.setActiveSong(m_song);
+  EXPECT_TRUE(m_views.tabLocked);
+  m_loop.run(0.4);
+  EXPECT_GT(m_views.playPosition, 0);
+}
+
+TEST_F(QBPlayerViewControllerTest, undoKeepsTheLocksUnlessItChangesWhatPlays) {
+  platform::UndoManager& undo = QBTabMgr::db().context().undoManager();
+  m_song->setAlbum(QBTabMgr::db().createAlbum("Album", false));
+  QBTabMgr::db().save();
+  choose();
+  {
+    const platform::UndoGroup group(undo, "Set Loop");
+    m_song->setFromChord(m_song->chords().at(1));
+  }
+  {
+    const platform::UndoGroup group(undo, "Rename");
+    m_song->setTitle("New");
+  }
+  m_player.play();
+  EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_TRUE(m_player.isPlaying());
+  EXPECT_TRUE(m_views.tabLocked);
+  EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_FALSE(m_player.isPlaying()) << "it played the loop";
+  EXPECT_FALSE(m_views.tabLocked);
 }
 
 TEST_F(QBPlayerViewControllerTest, theSliderSetsTheSpeed) {
@@ -181,8 +226,11 @@ TEST_F(QBPlayerViewControllerTest, theMetronomeIsHeardWhenItIsOn) {
     return std::ranges::max(m_audio.heard());
   };
   EXPECT_EQ(loudest(), 0);
+  m_player.play();
+  m_loop.run(0.7);
   m_player.setMetronome(true);
-  EXPECT_GT(loudest(), 1000);
+  m_loop.run(1.5);
+  EXPECT_GT(std::ranges::max(m_audio.heard()), 1000) << "from now on";
 }
 
 TEST_F(QBPlayerViewControllerTest, problemsEndInAMessageAndFreeControls) {

@@ -1670,6 +1670,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>Space plays it, digits change the fret at the cursor, the menu Song arranges it</source>
         <translation>Die Leertaste spielt ab, Ziffern ändern den Bund unter dem Cursor, das Menü Song arrangiert</translation>
     </message>
+    <message>
+        <source>Playing %1</source>
+        <translation>Es spielt: %1</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
@@ -2028,6 +2032,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Library</source>
         <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>%1, playing</source>
+        <translation>%1, spielt</translation>
     </message>
 </context>
 <context>
