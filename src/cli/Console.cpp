@@ -5,10 +5,10 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <iostream>
 
 #include "cli/CliError.h"
+#include "platform/Files.h"
 #include "workflow/QBSession.h"
 
 namespace korvel::cli {
@@ -59,7 +59,7 @@ void Console::addLogText(std::string_view text) {
 std::optional<std::string> Console::chooseFile(const std::string& proposedName) {
   std::string file = proposedName;
   std::ranges::replace(file, '/', '_');
-  if (std::filesystem::exists(file))
+  if (platform::isThere(file))
     throw CliError(file + ": there is a file of that name already; move it away first");
   return file;
 }

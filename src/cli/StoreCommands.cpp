@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/StoreCommands.h"
 
-#include <filesystem>
 #include <stdexcept>
 
 #include "cli/CliError.h"
@@ -12,6 +11,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/Files.h"
 #include "platform/persistence/StoreFile.h"
 #include "workflow/TuningForNow.h"
 
@@ -71,7 +71,7 @@ void checkStore() {
 }
 
 void backupStore(const std::string& file) {
-  if (std::filesystem::exists(file))
+  if (platform::isThere(file))
     throw CliError(file + ": there is a file of that name already; choose another");
   platform::StoreFile::backup(QBTabMgr::db().context().store(), file);
 }

@@ -3,7 +3,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -25,6 +24,7 @@
 #include "cli/TuningCommands.h"
 #include "model/Neck.h"
 #include "model/QBTabMgr.h"
+#include "platform/Files.h"
 #include "workflow/SongCommands.h"
 
 namespace {
@@ -443,7 +443,7 @@ void unmarkAll(Usage& usage) {
 void openStore(const Usage& usage) {
   if (!usage.store.empty()) QBTabMgr::setStorePath(usage.store);
   const std::string path = QBTabMgr::storePath();
-  if (usage.storeMustExist && !std::filesystem::exists(path))
+  if (usage.storeMustExist && !platform::isThere(path))
     throw cli::CliError(path + ": there is no such store");
   if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
 }

@@ -43,7 +43,7 @@ std::string& chosenStorePath() {
 void copySeedTo(const fs::path& store) {
   const auto seed = platform::Resources::ofProgram().locate("Korvel", "sqlite");
   if (!seed) throw platform::FileError("Korvel.sqlite", "the program's own store is missing");
-  if (store.has_parent_path()) fs::create_directories(store.parent_path());
+  if (store.has_parent_path()) platform::makeFolders(store.parent_path());
   platform::createAtomically(store, platform::readWholeFile(*seed));
 }
 
@@ -78,7 +78,7 @@ QBTabMgr::~QBTabMgr() = default;
 
 void QBTabMgr::openStore() {
   const std::string path = storePath();
-  if (!fs::exists(path)) {
+  if (!platform::isThere(path)) {
     try {
       copySeedTo(path);
     } catch (const std::exception& error) {

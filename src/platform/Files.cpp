@@ -39,6 +39,22 @@ bool createAtomically(const fs::path& file, std::string_view bytes) {
   return out.appear();
 }
 
+bool isThere(const std::filesystem::path& file) {
+  std::error_code error;
+  const bool there = std::filesystem::exists(file, error);
+  if (!error) return there;
+  throw FileError(file, "cannot be reached: " + error.message() +
+                            "; check the rights of its folders, or choose another place");
+}
+
+void makeFolders(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error)
+    throw FileError(folder, "the folder cannot be made: " + error.message() +
+                                "; check the rights of the one that it is in");
+}
+
 std::string readWholeFile(const fs::path& file) {
   const Descriptor in(file, file, O_RDONLY | O_NONBLOCK, "cannot read");
   in.refuseIrregular();

@@ -16,6 +16,13 @@ void writeAtomically(const std::filesystem::path& file, std::string_view bytes);
 /// another process made in the meantime is left alone; false then. Throws FileError.
 bool createAtomically(const std::filesystem::path& file, std::string_view bytes);
 
+/// Whether there is something of that name. Throws FileError when that cannot be told, as where a
+/// folder on the way may not be entered.
+bool isThere(const std::filesystem::path& file);
+
+/// Makes a folder and those on the way to it, where they are missing. Throws FileError.
+void makeFolders(const std::filesystem::path& folder);
+
 /// All bytes of a regular file. Throws FileError.
 std::string readWholeFile(const std::filesystem::path& file);
 

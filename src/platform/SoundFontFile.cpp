@@ -37,11 +37,11 @@ class ChunkReader {
   explicit ChunkReader(const std::filesystem::path& path) : m_path(path) {
     std::error_code unknown;
     if (!std::filesystem::exists(path, unknown))
-      throw SoundFontError(path, "there is no such SoundFont");
+      throw SoundFontError(path, "there is no such SoundFont; choose another one");
     if (!std::filesystem::is_regular_file(path, unknown)) refuse(path);
     m_size = std::filesystem::file_size(path);
     m_in.open(path, std::ios::binary);
-    if (!m_in) throw SoundFontError(path, "the SoundFont cannot be read");
+    if (!m_in) throw SoundFontError(path, "the SoundFont cannot be read; check its rights");
   }
 
   std::string text(std::uint64_t begin, std::size_t length) {

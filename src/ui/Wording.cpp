@@ -72,7 +72,14 @@ constexpr const char* kLines[] = {
     QT_TRANSLATE_NOOP("Wording",
                       "SoundFont: none was found to play with; install one (apt install "
                       "timgm6mb-soundfont) or choose a file"),
-    QT_TRANSLATE_NOOP("Wording", "%1: cannot be played: it is a damaged SoundFont"),
+    QT_TRANSLATE_NOOP("Wording", "%1: there is no such SoundFont; choose another one"),
+    QT_TRANSLATE_NOOP("Wording", "%1: is no SoundFont; choose a file of type sf2 or sf3"),
+    QT_TRANSLATE_NOOP("Wording", "%1: the SoundFont cannot be read; check its rights"),
+    QT_TRANSLATE_NOOP("Wording", "%1: is a damaged SoundFont; fetch it anew or choose another one"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "%1: nothing sounds in these chords, so there is nothing to export"),
+    QT_TRANSLATE_NOOP(
+        "Wording", "%1: the folder cannot be made: %2; check the rights of the one that it is in"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot read: %2"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2"),
     QT_TRANSLATE_NOOP("Wording", "System default"),

@@ -2,7 +2,6 @@
 #include "workflow/LibraryEdits.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <stdexcept>
 
 #include "analysis/Calibration.h"
@@ -14,7 +13,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
-#include "platform/FileError.h"
+#include "platform/Files.h"
 #include "platform/persistence/UndoManager.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
@@ -189,9 +188,7 @@ void deleteInstrument(QBInstrument& instrument) {
 // ---- settings
 
 void setWorkDirectory(const std::string& folder) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) throw platform::FileError(folder, "the folder cannot be made", error.value());
+  platform::makeFolders(folder);
   db().selectedSettings()->setWorkDir(folder.ends_with('/') ? folder : folder + '/');
   done("Working directory chosen.");
 }

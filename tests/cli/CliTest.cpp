@@ -228,6 +228,13 @@ TEST_F(CliTest, storeThatCannotBeOpenedIsNamedAndLeftAlone) {
   EXPECT_EQ(lines(foreign.err), 1);
   EXPECT_EQ(test::readFile(m_store), std::string(200, 'z'));
   std::filesystem::remove(m_store);
+  std::filesystem::create_symlink("ring", m_folder.file("ring"));
+  const std::string lost = m_folder.file("ring/Korvel.sqlite");
+  for (const char* command : {"list", "check"}) {
+    const Outcome unreachable = test::runProgram({KORVEL_CLI, "--store", lost, command});
+    EXPECT_NE(unreachable.err.find(lost + ": cannot be reached: "), std::string::npos) << command;
+    EXPECT_EQ(lines(unreachable.err), 1);
+  }
   ASSERT_EQ(tool({"list"}).status, 0);
   const auto open = storeFile(m_store).open();
   const Outcome second = tool({"list"});

@@ -164,7 +164,8 @@ TEST_F(SoundFontsTest, otherFilesAreRefusedByName) {
     EXPECT_TRUE(found(data("bad.sf2")).starts_with(data("bad.sf2").string() + ": is ")) << bytes;
     EXPECT_THROW(FluidSynthesizer(data("bad.sf2"), {}), SoundFontError);
   }
-  EXPECT_EQ(found(data("none.sf2")), data("none.sf2").string() + ": there is no such SoundFont");
+  EXPECT_EQ(found(data("none.sf2")),
+            data("none.sf2").string() + ": there is no such SoundFont; choose another one");
 }
 
 }  // namespace

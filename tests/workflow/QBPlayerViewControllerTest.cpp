@@ -249,7 +249,7 @@ TEST_F(QBPlayerViewControllerTest, problemsEndInAMessageAndFreeControls) {
   EXPECT_EQ(m_controls.news().back(), "Boombox: no such device");
   m_font = "/none.sf2";
   m_player.play();
-  EXPECT_EQ(m_controls.news().back(), "/none.sf2: there is no such SoundFont");
+  EXPECT_EQ(m_controls.news().back(), "/none.sf2: there is no such SoundFont; choose another one");
   EXPECT_FALSE(m_player.isPlaying());
 }
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/Files.h"
 #include "platform/persistence/StoreError.h"
 
 namespace korvel::platform {
@@ -82,7 +83,7 @@ StoreFile::StoreFile(std::string path, const ObjectModel& model, Format format)
     : m_path(std::move(path)), m_model(model), m_format(format) {}
 
 std::unique_ptr<SqliteDatabase> StoreFile::create() const {
-  if (fs::exists(m_path))
+  if (isThere(m_path))
     throw StoreError(StoreError::Reason::failed, m_path, "there is a file of that name already");
   auto store = std::make_unique<SqliteDatabase>(m_path, SqliteDatabase::Mode::create);
   lock(*store);
@@ -108,8 +109,7 @@ std::unique_ptr<SqliteDatabase> StoreFile::open() const {
 void StoreFile::inspectHeader() const {
   using Reason = StoreError::Reason;
   std::error_code error;
-  if (!fs::exists(m_path, error))
-    throw StoreError(Reason::failed, m_path, "there is no such store");
+  if (!isThere(m_path)) throw StoreError(Reason::failed, m_path, "there is no such store");
   if (!fs::is_regular_file(m_path, error))
     throw StoreError(Reason::notAStore, m_path, "not a Korvel store; choose another file");
   std::array<char, kHeaderSize> header{};
@@ -189,7 +189,7 @@ void StoreFile::migrate(SqliteDatabase& store) const {
 std::string StoreFile::backupName(std::int64_t version) const {
   const std::string base = m_path + ".backup-of-version-" + std::to_string(version);
   std::string name = base;
-  for (int i = 2; fs::exists(name); ++i) name = base + "-" + std::to_string(i);
+  for (int i = 2; isThere(name); ++i) name = base + "-" + std::to_string(i);
   return name;
 }
 

@@ -874,10 +874,6 @@
         <translation>SoundFont: Zum Abspielen war keiner zu finden; installiere einen (apt install timgm6mb-soundfont) oder wähle eine Datei</translation>
     </message>
     <message>
-        <source>%1: cannot be played: it is a damaged SoundFont</source>
-        <translation>%1: kann nicht klingen: Der SoundFont ist beschädigt</translation>
-    </message>
-    <message>
         <source>%1: cannot read: %2</source>
         <translation>%1: lässt sich nicht lesen: %2</translation>
     </message>
@@ -940,6 +936,30 @@
     <message>
         <source>Calibration: %1</source>
         <translation>Einmessen: %1</translation>
+    </message>
+    <message>
+        <source>%1: there is no such SoundFont; choose another one</source>
+        <translation>%1: Diesen SoundFont gibt es nicht; wähle einen anderen</translation>
+    </message>
+    <message>
+        <source>%1: is no SoundFont; choose a file of type sf2 or sf3</source>
+        <translation>%1: Das ist kein SoundFont; wähle eine Datei der Art sf2 oder sf3</translation>
+    </message>
+    <message>
+        <source>%1: the SoundFont cannot be read; check its rights</source>
+        <translation>%1: Der SoundFont kann nicht gelesen werden; prüfe seine Rechte</translation>
+    </message>
+    <message>
+        <source>%1: is a damaged SoundFont; fetch it anew or choose another one</source>
+        <translation>%1: Der SoundFont ist beschädigt; lade ihn neu oder wähle einen anderen</translation>
+    </message>
+    <message>
+        <source>%1: nothing sounds in these chords, so there is nothing to export</source>
+        <translation>%1: In diesen Akkorden klingt nichts, also gibt es nichts zu exportieren</translation>
+    </message>
+    <message>
+        <source>%1: the folder cannot be made: %2; check the rights of the one that it is in</source>
+        <translation>%1: Der Ordner kann nicht angelegt werden: %2; prüfe die Rechte dessen, in dem er liegt</translation>
     </message>
 </context>
 <context>
