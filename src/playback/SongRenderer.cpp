@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "model/ChordStep.h"
+#include "model/QBChord.h"
+#include "model/QBSong.h"
 #include "playback/QBMIDIPlayer.h"
 
 namespace korvel {
@@ -25,6 +27,15 @@ SongRenderer::SongRenderer(QBSong& song, const std::optional<Range>& range, doub
   m_renderer.setRate(rate);
   m_renderer.use(m_events);
   m_renderer.seek(kSecondsOfChord);
+}
+
+std::optional<SongRenderer::Range> SongRenderer::loopOf(QBSong& song) {
+  const QBChord* from = song.fromChord();
+  const QBChord* to = song.toChord();
+  if (!from && !to) return std::nullopt;
+  const auto& chords = song.allChords();
+  return Range{from ? from->position() : chords.front()->position(),
+               to ? to->position() : chords.back()->position()};
 }
 
 std::span<const std::int16_t> SongRenderer::next(std::span<std::int16_t> samples) {

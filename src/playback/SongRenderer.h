@@ -28,12 +28,16 @@ class SongRenderer {
   /// outlive this.
   SongRenderer(QBSong& song, const std::optional<Range>& range, double rate,
                platform::Synthesizer& synthesizer);
+  /// The loop that is set in the song, or none; an end that is not set is the song's.
+  static std::optional<Range> loopOf(QBSong& song);
   SongRenderer(const SongRenderer&) = delete;
   SongRenderer& operator=(const SongRenderer&) = delete;
 
   /// Renders the next frames, stereo and interleaved: as many as fit in, fewer at the end, then
   /// none.
   std::span<const std::int16_t> next(std::span<std::int16_t> samples);
+  /// No tone is active in any of the chords.
+  bool isSilent() const { return m_length <= 0; }
   /// Share of the notes that is rendered, 0..1.
   double progress() const;
 

@@ -17,6 +17,7 @@
 #include "model/QBTuning.h"
 #include "platform/FileError.h"
 #include "platform/Files.h"
+#include "playback/SongRenderer.h"
 #include "ui/CalibrationDialog.h"
 #include "ui/Preferences.h"
 #include "ui/SongMenu.h"
@@ -26,7 +27,6 @@
 #include "workflow/LibraryEdits.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
-#include "workflow/QBCmdRenderSong.h"
 #include "workflow/QBInstrumentNode.h"
 #include "workflow/QBSession.h"
 #include "workflow/QBSongNode.h"
@@ -211,7 +211,10 @@ void LibraryActions::exportSongFile(QBSong* song) {
   const platform::Ref<QBSong> kept = song;
   QStringList filters;
   for (const FormatName& format : kFormats) filters.append(filterOf(format));
-  filters.append(tr("Sound as it is played") + " (*.wav)");
+  filters.append(tr("Sound of the whole song") + " (*.wav)");
+  if (const auto loop = SongRenderer::loopOf(*song))
+    filters.append(tr("Sound of the loop, chords %1 to %2").arg(loop->from).arg(loop->to) +
+                   " (*.wav)");
   QString chosen = filters.first();
   const QString file =
       QFileDialog::getSaveFileName(m_window, tr("Export Song"), proposedPath(toText(song->title())),
@@ -221,23 +224,24 @@ void LibraryActions::exportSongFile(QBSong* song) {
   exportAs(*kept, file, static_cast<std::size_t>(filters.indexOf(chosen)));
 }
 
-/// format: index into kFormats, or one beyond for sound.
+/// format: index into kFormats, or one beyond for sound, and two for that of the loop.
 void LibraryActions::exportAs(QBSong& song, const QString& file, std::size_t format) {
   QString path = file;
   if (QFileInfo(file).suffix().isEmpty())
     path += endingOf(format);
-  else
+  else if (endingOf(format).compare('.' + QFileInfo(file).suffix(), Qt::CaseInsensitive) != 0)
     format = formatNamedBy(file).value_or(format);
   attempt([&] {
     if (format >= kFormats.size())
-      renderSong(song, path);
+      renderSong(song, format > kFormats.size() ? RenderedPart::loop : RenderedPart::song, path);
     else
       exportSong(song, kFormats.at(format).format, path.toStdString());
   });
 }
 
-void LibraryActions::renderSong(QBSong& song, const QString& file) {
-  const auto job = std::make_shared<QBCmdRenderSong>(&song, file.toStdString(), newSynthesizer());
+void LibraryActions::renderSong(QBSong& song, RenderedPart part, const QString& file) {
+  const auto job =
+      std::make_shared<QBCmdRenderSong>(&song, part, file.toStdString(), newSynthesizer());
   QBSession::session().addJob(job);
   try {
     job->runInBackground();

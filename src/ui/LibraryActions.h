@@ -6,6 +6,7 @@
 
 #include "platform/persistence/Ref.h"
 #include "workflow/ImportDesk.h"
+#include "workflow/QBCmdRenderSong.h"
 #include "workflow/SongFiles.h"
 #include "workflow/TuningEdits.h"
 
@@ -62,7 +63,7 @@ class LibraryActions final : public QObject {
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);
   void addRename(QMenu& menu, const QBTreeNode* node);
   void exportAs(QBSong& song, const QString& file, std::size_t format);
-  static void renderSong(QBSong& song, const QString& file);
+  static void renderSong(QBSong& song, RenderedPart part, const QString& file);
   void exportAll(QBAlbum& album, SongFormat format);
   void editStrings(QBTuning& tuning);
   void chooseInstrument();

@@ -19,9 +19,9 @@ constexpr int kAll = 100;
 
 }  // namespace
 
-QBCmdRenderSong::QBCmdRenderSong(QBSong* song, std::filesystem::path file,
+QBCmdRenderSong::QBCmdRenderSong(QBSong* song, RenderedPart part, std::filesystem::path file,
                                  std::unique_ptr<platform::Synthesizer> synthesizer)
-    : m_song(song), m_file(std::move(file)), m_synthesizer(std::move(synthesizer)) {
+    : m_song(song), m_part(part), m_file(std::move(file)), m_synthesizer(std::move(synthesizer)) {
   m_type = "WAV Export";
   m_name = ": " + m_file.filename().string();
 }
@@ -33,7 +33,11 @@ void QBCmdRenderSong::prepare() {
     throw EditRefused(m_song->title() + ": the song has no chords, so there is nothing to export");
   const TuningForNow chosen(m_song->tuning());
   const double rate = m_song->tempoRate() > 0 ? static_cast<double>(m_song->tempoRate()) : 1.0;
-  m_renderer = std::make_unique<SongRenderer>(*m_song, std::nullopt, rate, *m_synthesizer);
+  const auto range = m_part == RenderedPart::loop ? SongRenderer::loopOf(*m_song) : std::nullopt;
+  m_renderer = std::make_unique<SongRenderer>(*m_song, range, rate, *m_synthesizer);
+  if (m_renderer->isSilent())
+    throw EditRefused(m_song->title() +
+                      ": nothing sounds in these chords, so there is nothing to export");
   m_writer = std::make_unique<platform::WaveFileWriter>(m_file, platform::Synthesizer::kSampleRate,
                                                         platform::Synthesizer::kChannels);
   m_samples.resize(kSamplesOfStep);

@@ -20,16 +20,19 @@ class Synthesizer;
 class WaveFileWriter;
 }  // namespace platform
 
-/// Plays a song into a WAV file, a part of a second at each step. The file appears when it is
-/// complete; one that cannot be written is told in the log. Follows the chords that the song has
-/// when it begins.
+enum class RenderedPart { song, loop };
+
+/// Plays a song or its loop into a WAV file, a part of a second at each step. The file appears when
+/// it is complete; one that cannot be written is told in the log. Follows the chords that the song
+/// has when it begins.
 class QBCmdRenderSong final : public QBCommand {
  public:
-  QBCmdRenderSong(QBSong* song, std::filesystem::path file,
+  /// loop: the whole song when it has none.
+  QBCmdRenderSong(QBSong* song, RenderedPart part, std::filesystem::path file,
                   std::unique_ptr<platform::Synthesizer> synthesizer);
   ~QBCmdRenderSong() override;
 
-  /// Throws platform::FileError, and EditRefused for a song without chords.
+  /// Throws platform::FileError, and EditRefused where there is nothing to hear.
   void prepare() override;
   void execute() override;
   void nextStep() override;
@@ -45,6 +48,7 @@ class QBCmdRenderSong final : public QBCommand {
   void release();
 
   platform::Ref<QBSong> m_song;
+  RenderedPart m_part;
   std::filesystem::path m_file;
   std::unique_ptr<platform::Synthesizer> m_synthesizer;
   std::unique_ptr<SongRenderer> m_renderer;

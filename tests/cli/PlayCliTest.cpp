@@ -55,6 +55,11 @@ class PlayCliTest : public testing::Test {
 };
 
 TEST_F(PlayCliTest, rendersSongsLoopsAndRates) {
+  auto rests = test::fewChords();
+  rests.resize(rests.size() + 6 * 44100);
+  const auto chords = test::fewChords();
+  rests.insert(rests.end(), chords.begin(), chords.end());
+  test::writeWav(file("rests.wav"), rests);
   ASSERT_EQ(sound({"render", "Song", file("whole.wav")}).status, 0);
   EXPECT_GT(sizeOf("whole.wav"), 15 * kBytesOfStep);
   EXPECT_EQ(tool({"import", file("whole.wav"), "--title", "Again", "--album", "Album"}).status, 0);
@@ -69,6 +74,10 @@ TEST_F(PlayCliTest, rendersSongsLoopsAndRates) {
   EXPECT_EQ(sizeOf("part.wav"), part) << "the song's loop, which --loop had not stored";
   ASSERT_EQ(sound({"render", "Song", file("slow.wav"), "--rate", "0.5"}).status, 0);
   EXPECT_GT(sizeOf("slow.wav"), part + kBytesOfStep);
+  EXPECT_EQ(tool({"import", file("rests.wav"), "--title", "Rests", "--album", "Album"}).status, 0);
+  expectRefused(sound({"render", "Rests", file("none.wav"), "--loop", "24", "28"}), "Album/Rests",
+                "nothing sounds");
+  EXPECT_FALSE(std::filesystem::exists(file("none.wav")));
 }
 
 TEST_F(PlayCliTest, rendersAllOfAFileOrNothing) {

@@ -20,9 +20,9 @@ namespace fs = std::filesystem;
 
 class QBCmdRenderSongTest : public testing::Test {
  protected:
-  std::unique_ptr<QBCmdRenderSong> command(QBSong* song) {
+  std::unique_ptr<QBCmdRenderSong> command(QBSong* song, RenderedPart part = RenderedPart::song) {
     return std::make_unique<QBCmdRenderSong>(
-        song, m_file,
+        song, part, m_file,
         std::make_unique<platform::FluidSynthesizer>(m_font, std::vector{QBMIDIPlayer::kProgram}));
   }
 
@@ -42,11 +42,20 @@ TEST_F(QBCmdRenderSongTest, fileAppearsWhenTheLastStepIsDone) {
     return !render->isRunning();
   });
   EXPECT_EQ(m_views.log, std::vector{m_file});
-  EXPECT_GT(fs::file_size(m_file), 20 * 0.37 * 44100 * 4);
+  const auto whole = fs::file_size(m_file);
+  EXPECT_GT(whole, 20 * 0.37 * 44100 * 4);
+  song->setFromChord(song->chords().at(18));
+  command(song)->run();
+  EXPECT_EQ(fs::file_size(m_file), whole) << "the loop was not asked for";
+  command(song, RenderedPart::loop)->run();
+  EXPECT_LT(fs::file_size(m_file), whole - std::uintmax_t{17} * 16000 * 4);
 }
 
-TEST_F(QBCmdRenderSongTest, nothingIsWrittenThatIsCancelledOrHasNoChords) {
+TEST_F(QBCmdRenderSongTest, nothingIsWrittenThatIsCancelledOrSilent) {
   EXPECT_THROW(command(m_store.song("Empty"))->runInBackground(), EditRefused);
+  QBSong* silent = m_store.song("Rests");
+  test::addChord(silent, "xxxxxx");
+  EXPECT_THROW(command(silent)->runInBackground(), EditRefused);
   QBSong* song = m_store.song("S");
   for (int i = 0; i < 20; ++i) test::addChord(song, "x02210");
   const auto render = command(song);

@@ -1458,8 +1458,12 @@
         <translation>Instrument exportieren</translation>
     </message>
     <message>
-        <source>Sound as it is played</source>
-        <translation>Klang, wie er gespielt wird</translation>
+        <source>Sound of the whole song</source>
+        <translation>Klang des ganzen Songs</translation>
+    </message>
+    <message>
+        <source>Sound of the loop, chords %1 to %2</source>
+        <translation>Klang des Loops, Akkorde %1 bis %2</translation>
     </message>
     <message>
         <source>Calibrate From Recorded Notes ...</source>
