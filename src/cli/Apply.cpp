@@ -42,7 +42,7 @@ void requireChords(const QBSong& song, const std::string& command) {
 
 void printFrom(const QBAlbumNode& album, std::size_t first) {
   for (std::size_t i = first; i < album.children().size(); ++i)
-    Console::attached().print(album.children()[i]->title() + '\n');
+    Console::attached().printLine(album.children()[i]->title());
 }
 
 /// Songs that a command made before it failed; they are in no tree.

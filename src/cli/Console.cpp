@@ -31,6 +31,25 @@ std::string oneLine(std::string_view text) {
   return line;
 }
 
+std::string visible(std::string_view text) {
+  constexpr std::string_view kHex = "0123456789abcdef";
+  std::string shown;
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    if (c == '\n')
+      shown += "\\n";
+    else if (c == '\r')
+      shown += "\\r";
+    else if (c == '\t')
+      shown += "\\t";
+    else if (code < 0x20 || code == 0x7f)
+      shown.append("\\x") += {kHex[code / 16], kHex[code % 16]};
+    else
+      shown += c;
+  }
+  return shown;
+}
+
 bool isTerminal() {
   static const bool terminal = isatty(STDERR_FILENO) != 0;
   return terminal;
@@ -110,5 +129,7 @@ void Console::print(std::string_view text) {
   std::cout << text << std::flush;
   if (!std::cout) throw CliError("cannot write to the standard output; check where it leads");
 }
+
+void Console::printLine(std::string_view names) { print(visible(names) + '\n'); }
 
 }  // namespace korvel::cli

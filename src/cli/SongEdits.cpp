@@ -27,7 +27,7 @@ void redraw(QBSong& song) {
 
 void saveAndPrint(const QBSong& song) {
   QBTabMgr::db().context().save();
-  Console::attached().print(fullTitle(song) + '\n');
+  Console::attached().printLine(fullTitle(song));
 }
 
 QBAlbum& albumFor(const std::string& name) {

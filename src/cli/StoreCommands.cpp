@@ -18,7 +18,7 @@
 namespace korvel::cli {
 namespace {
 
-void printLine(const std::string& line) { Console::attached().print(line + '\n'); }
+void printLine(std::string_view line) { Console::attached().printLine(line); }
 
 /// Texts of a song need its chords, and are drawn for the tuning that it was made in.
 template <class Text>

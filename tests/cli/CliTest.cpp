@@ -118,6 +118,8 @@ TEST_F(CliTest, namesAreMadeUniqueAndAmbiguousOnesRefused) {
   EXPECT_NE(tool({"show", "A_"}).err.find("a_2/a_2"), std::string::npos);
   EXPECT_EQ(tool({"import", file, "--album", "X", "--title", "a/a"}).status, 0);
   EXPECT_EQ(tool({"show", "a/a"}).status, 0) << "the whole name of one song, a title of another";
+  EXPECT_EQ(tool({"rename", "X/a/a", "two\nlines"}).out, "X/two\\nlines\n");
+  EXPECT_TRUE(tool({"list"}).out.ends_with("X/two\\nlines\n"));
 }
 
 TEST_F(CliTest, tuningOfAnImportIsNotKept) {
