@@ -214,6 +214,7 @@ void MainWindow::restoreLayout() {
   const Preferences preferences;
   restoreGeometry(preferences.windowGeometry());
   restoreState(preferences.windowState());
+  m_tree->setOpenBranches(preferences.openBranches());
 }
 
 void MainWindow::openLastSong() {
@@ -364,6 +365,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   Preferences preferences;
   preferences.setWindowGeometry(saveGeometry());
   preferences.setWindowState(saveState());
+  preferences.setOpenBranches(m_tree->openBranches());
   QBSession::session().sayGoodBye();
   event->accept();
 }

@@ -27,6 +27,12 @@ class Preferences {
   QString lastSong() const { return m_store.value("lastSong").toString(); }
   void setLastSong(const QString& name) { m_store.setValue("lastSong", name); }
 
+  /// What is open in the library; its three groups at first.
+  QStringList openBranches() const {
+    return m_store.value("tree/open", QStringList{"0", "1", "2"}).toStringList();
+  }
+  void setOpenBranches(const QStringList& keys) { m_store.setValue("tree/open", keys); }
+
   /// Files that were imported, the latest first.
   QStringList recentFiles() const { return m_store.value("recentFiles").toStringList(); }
   void addRecentFile(const QString& file);

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QSet>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
@@ -47,17 +48,13 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
   m_view->setEditTriggers(QAbstractItemView::EditKeyPressed);
   m_view->setContextMenuPolicy(Qt::CustomContextMenu);
   m_view->setAccessibleName(tr("Library"));
-  m_view->expandToDepth(0);
   m_view->installEventFilter(this);
   setFocusProxy(m_view);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(m_search);
   column->addWidget(m_view);
-  connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
-    m_filter.setFilterFixedString(text);
-    if (!text.isEmpty()) m_view->expandAll();
-  });
+  connect(m_search, &QLineEdit::textChanged, this, &TreePanel::search);
   connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &TreePanel::select);
   connect(m_view, &QWidget::customContextMenuRequested, this, &TreePanel::showMenu);
   connect(m_view, &QTreeView::activated, this, [this](const QModelIndex& index) {
@@ -90,6 +87,48 @@ void TreePanel::focusSearch() {
 void TreePanel::rename(const QBTreeNode* node) {
   m_view->setCurrentIndex(m_filter.mapFromSource(m_model.indexOf(node)));
   renameCurrent();
+}
+
+/// Shows all that is found, and afterwards the tree as it was, with what was chosen meanwhile.
+void TreePanel::search(const QString& text) {
+  if (!m_searching) m_openBefore = openBranches();
+  m_searching = !text.isEmpty();
+  m_filter.setFilterFixedString(text);
+  if (m_searching) {
+    m_view->expandAll();
+  } else {
+    setOpenBranches(m_openBefore);
+    m_view->scrollTo(m_view->currentIndex());
+  }
+}
+
+void TreePanel::forEachBranch(
+    const std::function<void(const QModelIndex&, const QString& key)>& act) const {
+  for (int group = 0; group < m_filter.rowCount(); ++group) {
+    const QModelIndex top = m_filter.index(group, 0);
+    const QString key = QString::number(m_filter.mapToSource(top).row());
+    act(top, key);
+    for (int row = 0; row < m_filter.rowCount(top); ++row) {
+      const QModelIndex branch = m_filter.index(row, 0, top);
+      act(branch, key + '/' + branch.data(Qt::EditRole).toString());
+    }
+  }
+}
+
+QStringList TreePanel::openBranches() const {
+  if (m_searching) return m_openBefore;
+  QStringList keys;
+  forEachBranch([&](const QModelIndex& branch, const QString& key) {
+    if (m_view->isExpanded(branch)) keys.append(key);
+  });
+  return keys;
+}
+
+void TreePanel::setOpenBranches(const QStringList& keys) {
+  const QSet<QString> open(keys.begin(), keys.end());
+  forEachBranch([&](const QModelIndex& branch, const QString& key) {
+    m_view->setExpanded(branch, open.contains(key));
+  });
 }
 
 void TreePanel::renameCurrent() { m_view->edit(m_view->currentIndex()); }

@@ -3,6 +3,7 @@
 
 #include <QSortFilterProxyModel>
 #include <QWidget>
+#include <functional>
 
 #include "ui/TreeModel.h"
 #include "workflow/SessionViews.h"
@@ -27,6 +28,9 @@ class TreePanel final : public QWidget, public TreeView {
   /// Selects the song's row without selecting the song anew.
   void showSong(const QBSong* song);
   void focusSearch();
+  /// The groups and albums that are open, each by a key of its own; a search does not count.
+  QStringList openBranches() const;
+  void setOpenBranches(const QStringList& keys);
   void renameCurrent();
   TreeModel& model() { return m_model; }
   QTreeView& view() { return *m_view; }
@@ -40,6 +44,8 @@ class TreePanel final : public QWidget, public TreeView {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void search(const QString& text);
+  void forEachBranch(const std::function<void(const QModelIndex&, const QString& key)>& act) const;
   void select(const QModelIndex& current);
   void showMenu(const QPoint& position);
   void deleteCurrent();
@@ -54,6 +60,8 @@ class TreePanel final : public QWidget, public TreeView {
   QTreeView* m_view;
   bool m_following = false;
   bool m_menuByKeys = false;
+  bool m_searching = false;
+  QStringList m_openBefore;  ///< The search began.
 };
 
 }  // namespace korvel::ui

@@ -104,6 +104,7 @@ TEST_F(MainWindowTest, droppedRecordingIsShownArrangedAndFoundAgain) {
   m_window->openLastSong();
   ASSERT_NE(m_window->tablature().song(), nullptr);
   EXPECT_EQ(m_window->tablature().song()->title(), "Tune(Mld)");
+  EXPECT_EQ(m_window->tree().view().currentIndex().data().toString(), "Tune(Mld)");
 }
 
 TEST_F(MainWindowTest, tonesAreEditedByKeysAndOnTheFretboardAndUndone) {
@@ -237,6 +238,37 @@ TEST_F(MainWindowTest, fileWithoutSoundIsSaidInTheStatusBar) {
   m_window->importFiles({QString::fromStdString(file)});
   EXPECT_TRUE(m_window->statusMessage().startsWith("notes.mp3 was not imported"));
   EXPECT_TRUE(log().startsWith("EXCEPTION OCCURED IN CONTEXT: importSong"));
+}
+
+/// What is open in the tree, by the titles that are seen.
+std::string openTitles(const QTreeView& view, const QModelIndex& parent = {}) {
+  std::string titles;
+  for (int row = 0; row < view.model()->rowCount(parent); ++row) {
+    const QModelIndex index = view.model()->index(row, 0, parent);
+    if (view.isExpanded(index) && view.model()->hasChildren(index))
+      titles += index.data().toString().toStdString() + ' ' + openTitles(view, index);
+  }
+  return titles;
+}
+
+TEST_F(MainWindowTest, libraryIsOpenAsItWasAfterASearchAndAfterAStart) {
+  for (const char* name : {"Other", "Practice"})
+    QBTabMgr::db().createAlbum(name, false)->createSong("Blues");
+  QBSession::session().refreshTree();
+  const auto view = [&]() -> QTreeView& { return m_window->tree().view(); };
+  EXPECT_EQ(openTitles(view()), "Albums Tunings Instruments ");
+  const QAbstractItemModel& shown = *view().model();
+  view().setExpanded(shown.index(1, 0, shown.index(0, 0)), true);
+  view().setExpanded(shown.index(1, 0), false);
+  auto* search = m_window->findChild<QLineEdit*>();
+  QTest::keyClicks(search, "blu");
+  EXPECT_EQ(openTitles(view()), "Albums Other Practice ");
+  search->clear();
+  EXPECT_EQ(openTitles(view()), "Albums Practice Instruments ");
+  QTest::keyClicks(search, "oth");
+  close();
+  open();
+  EXPECT_EQ(openTitles(view()), "Albums Practice Instruments ");
 }
 
 TEST_F(MainWindowTest, searchShowsTheSongsThatMatchAndTheirAlbums) {
