@@ -25,7 +25,10 @@ void InputList::list() {
     setToolTip(worded(toText(problem.what())));
   }
   setItemText(0, worded(itemText(0)));
-  setCurrentIndex(std::max(0, findText(Preferences().input())));
+  const QString chosen = Preferences().input();
+  // It is recorded from, or complained of, while it is unplugged.
+  if (!chosen.isEmpty() && findText(chosen) < 0) addItem(chosen);
+  setCurrentIndex(std::max(0, findText(chosen)));
 }
 
 }  // namespace korvel::ui

@@ -258,7 +258,9 @@ void MainWindow::applyPreferences() {
 void MainWindow::changeSettings(const char* page) {
   SettingsDialog dialog(this);
   if (page) dialog.showPage(page);
-  if (dialog.exec() == QDialog::Accepted) applyPreferences();
+  if (dialog.exec() != QDialog::Accepted) return;
+  applyPreferences();
+  m_record->showChosenDevice();
 }
 
 /// So that the next start can tell, should this one be killed.

@@ -60,6 +60,7 @@ class Preferences {
   QString soundFont() const { return m_store.value("sound/soundFont").toString(); }
   void setSoundFont(const QString& file) { m_store.setValue("sound/soundFont", file); }
   ImportDetection detection() const;
+  /// Of a guitar with 19 frets at first, the fewest that are common.
   precise::Settings detectionSettings() const;
   void setDetection(ImportDetection detection, const precise::Settings& settings);
   /// The user was asked for a working directory once.

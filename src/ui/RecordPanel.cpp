@@ -95,6 +95,10 @@ void RecordPanel::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
 }
 
+void RecordPanel::showChosenDevice() {
+  if (isVisible() && !isBusy()) m_device->list();
+}
+
 void RecordPanel::start() {
   m_chords->clear();
   m_recording = std::make_unique<LiveRecording>(chosenOptions());

@@ -27,6 +27,8 @@ class RecordPanel final : public QWidget {
   bool isBusy() const;
   /// Ends the recording; what was played is stored, at least as it was heard live.
   void finish();
+  /// After a change of the settings.
+  void showChosenDevice();
 
  signals:
   void recorded(QBSong* song);
