@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <cstdlib>
 #include <iostream>
+#include <utility>
 
 #include "model/QBTabMgr.h"
 #include "ui/AlertBox.h"
@@ -57,19 +58,32 @@ int Application::runFirst(SingleInstance& instance, const QStringList& files) {
   platform::RunLoop::install(&loop);
   AlertBox alert;
   openStore(alert);
-  applyLanguage(Preferences().language());
   int status = EXIT_SUCCESS;
-  {
-    MainWindow window(alert);
-    connect(&instance, &SingleInstance::startedAgain, &window, &MainWindow::comeToFront);
-    window.show();
-    window.greet();
-    window.openLastSong();
-    window.importFiles(files);
-    status = exec();
-  }
+  Handed handed{files, {}};
+  do {
+    status = runWindow(instance, alert, handed);
+  } while (std::exchange(m_newWindowWanted, false));
   QBTabMgr::clearDb();
   platform::RunLoop::install(nullptr);
+  return status;
+}
+
+/// A window speaks one language all its life, so that another language takes another window.
+int Application::runWindow(SingleInstance& instance, FatalAlert& alert, Handed& handed) {
+  applyLanguage(Preferences().language());
+  MainWindow window(alert);
+  connect(&instance, &SingleInstance::startedAgain, &window, &MainWindow::comeToFront);
+  connect(&window, &MainWindow::languageChosen, this, [&] {
+    m_newWindowWanted = true;
+    window.close();
+  });
+  window.show();
+  window.setLog(handed.log);
+  window.greet();
+  window.openLastSong();
+  window.importFiles(std::exchange(handed.files, {}));
+  const int status = exec();
+  handed.log = window.log();
   return status;
 }
 

@@ -3,7 +3,13 @@
 
 #include <QApplication>
 
+namespace korvel {
+class FatalAlert;
+}
+
 namespace korvel::ui {
+
+class SingleInstance;
 
 /// The program with a window: names itself to the desktop, and lets no exception of a window's
 /// action end it.
@@ -20,7 +26,16 @@ class Application final : public QApplication {
   bool notify(QObject* receiver, QEvent* event) override;
 
  private:
-  int runFirst(class SingleInstance& instance, const QStringList& files);
+  /// From one window to the next.
+  struct Handed {
+    QStringList files;  ///< To be imported.
+    QString log;
+  };
+
+  int runFirst(SingleInstance& instance, const QStringList& files);
+  int runWindow(SingleInstance& instance, FatalAlert& alert, Handed& handed);
+
+  bool m_newWindowWanted = false;
 };
 
 }  // namespace korvel::ui

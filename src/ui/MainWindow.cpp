@@ -256,11 +256,21 @@ void MainWindow::applyPreferences() {
 }
 
 void MainWindow::changeSettings(const char* page) {
+  const QString language = Preferences().language();
   SettingsDialog dialog(this);
   if (page) dialog.showPage(page);
   if (dialog.exec() != QDialog::Accepted) return;
   applyPreferences();
   m_record->showChosenDevice();
+  if (language == Preferences().language()) return;
+  if (isBusy())
+    say(tr("The language changes with the next start, as there is something going on"));
+  else
+    emit languageChosen();
+}
+
+bool MainWindow::isBusy() const {
+  return m_player->song() || m_record->isBusy() || QBSession::session().hasRunningJobs();
 }
 
 /// So that the next start can tell, should this one be killed.
@@ -350,6 +360,10 @@ void MainWindow::showNewSong(QBSong* song) {
 void MainWindow::say(const QString& text) {
   statusBar()->showMessage(worded(text), kSayMilliseconds);
 }
+
+QString MainWindow::log() const { return m_log->toPlainText(); }
+
+void MainWindow::setLog(const QString& text) { m_log->setPlainText(text); }
 
 QString MainWindow::statusMessage() const { return statusBar()->currentMessage(); }
 

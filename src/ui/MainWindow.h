@@ -55,8 +55,14 @@ class MainWindow final : public QMainWindow, public SongView {
 
   /// What the status bar says at the moment.
   QString statusMessage() const;
+  QString log() const;
+  void setLog(const QString& text);
   TreePanel& tree() { return *m_tree; }
   TablatureView& tablature() { return *m_tablature; }
+
+ signals:
+  /// Another one than the window's own, and nothing is under way that a new window would end.
+  void languageChosen();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -99,6 +105,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void showNewSong(QBSong* song);
   void applyPreferences();
   void changeSettings(const char* page = nullptr);
+  bool isBusy() const;
   void offerWorkFolder();
   void rememberRunning();
   void rememberSong() const;

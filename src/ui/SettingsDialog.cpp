@@ -143,7 +143,7 @@ QWidget* SettingsDialog::generalPage() {
                  return QFileDialog::getExistingDirectory(this, tr("Working directory"),
                                                           offeredWorkFolder());
                }));
-  form->addRow(tr("&Language (from the next start)"), m_language);
+  form->addRow(tr("&Language"), m_language);
   form->addRow(tr("&Theme"), m_theme);
   form->addRow(m_ownFont, m_font);
   return page;

@@ -73,6 +73,10 @@ void QBSession::removeJob(const QBCommand& command) {
   if (m_views.batch) m_views.batch->reload();
 }
 
+bool QBSession::hasRunningJobs() const {
+  return std::ranges::any_of(m_jobs, [](const auto& job) { return job->isRunning(); });
+}
+
 bool QBSession::isScratch(const QBSong& song) const {
   return std::ranges::any_of(m_jobs, [&](const auto& job) { return job->usesAsScratch(song); });
 }

@@ -37,6 +37,7 @@ class QBSession final : public SessionServices {
   /// std::out_of_range beyond the list.
   QBCommand& findJobByIndex(std::size_t index) const { return *m_jobs.at(index); }
   std::size_t numberOfCurrentJobs() const { return m_jobs.size(); }
+  bool hasRunningJobs() const;
   /// Whether a job only tries things on that song, so that nobody should see it.
   bool isScratch(const QBSong& song) const;
 

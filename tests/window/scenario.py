@@ -190,6 +190,17 @@ class Session:
         self.picture("7-started-again")
 
 
+    def speak(self, language, label, menu):
+        """The language changes at once, and the song stays open."""
+        self.window.keys("ctrl+comma")
+        self.window.find("label", label)
+        self.window.keys("alt+" + label[0].lower())
+        self.window.type(language)
+        self.window.keys("Return")
+        self.window.find("menu item", menu)
+        self.song_cell(TITLE + "(Mld)")
+        self.picture("7-in-" + language)
+
     def survive_being_killed(self):
         """In the middle of playing, of editing and of an import: the next start has a sound store."""
         self.window.keys("space")
@@ -241,6 +252,9 @@ def main():
         session.end()
         session.expect_stored()
         session.start()
+        session.expect_as_left()
+        session.speak("Deutsch", "Language", "Datei")
+        session.speak("English", "Sprache", "File")
         session.expect_as_left()
         session.survive_being_killed()
         session.end()

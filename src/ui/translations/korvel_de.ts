@@ -1698,6 +1698,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>Playing %1</source>
         <translation>Es spielt: %1</translation>
     </message>
+    <message>
+        <source>The language changes with the next start, as there is something going on</source>
+        <translation>Die Sprache wechselt beim nächsten Start, da gerade etwas läuft</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
@@ -1910,10 +1914,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>Arbeitsordner</translation>
     </message>
     <message>
-        <source>&amp;Language (from the next start)</source>
-        <translation>&amp;Sprache (ab dem nächsten Start)</translation>
-    </message>
-    <message>
         <source>&amp;Theme</source>
         <translation>&amp;Farbschema</translation>
     </message>
@@ -2000,6 +2000,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Played at</source>
         <translation>Gespielt wird</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
     </message>
 </context>
 <context>
