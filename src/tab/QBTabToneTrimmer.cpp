@@ -2,7 +2,6 @@
 #include "tab/QBTabToneTrimmer.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 
 #include "arrange/QBApplyRightHands.h"
@@ -12,6 +11,7 @@
 #include "model/QBSettings.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
+#include "platform/Files.h"
 
 namespace korvel {
 namespace {
@@ -26,7 +26,7 @@ QBSong* cloneThrough(QBSong* song, QBChordVisitor&& filter, const char* mark) {
 std::string madeTabDirectory() {
   const QBSettings* settings = QBTabMgr::db().selectedSettings();
   const std::string folder = settings ? settings->tabDirectory() : "./Tab/";
-  std::filesystem::create_directories(folder);
+  platform::makeFolders(folder);
   return folder;
 }
 

@@ -19,7 +19,7 @@ class QBTabToneTrimmer {
 
   /// Answers a new song, titled as the source with "(trimmed)" behind, whose tablature is not built
   /// yet. For a source without chords std::out_of_range, and then the songs of the stages stay.
-  /// std::filesystem::filesystem_error when the folder cannot be made.
+  /// platform::FileError when the folder cannot be made.
   QBSong* trimmer();
 
   // Stages: each answers a changed clone of the song, with the number of the stage in its title.
