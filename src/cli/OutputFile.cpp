@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "cli/CliError.h"
-#include "model/QBTabMgr.h"
 #include "platform/FileError.h"
 #include "platform/Files.h"
 
@@ -28,8 +27,7 @@ void OutputFile::check() const {
     throw CliError(m_name + ": there is no such folder; make it first");
   if (fs::is_directory(m_name, unknown)) throw CliError(m_name + ": is a folder; name a file");
   if (!m_replace && fs::exists(fs::symlink_status(m_name, unknown))) refuse();
-  if (platform::isSameFile(m_name, QBTabMgr::storePath()))
-    throw CliError(m_name + ": holds your songs; name another file");
+  if (platform::isStore(m_name)) throw CliError(m_name + ": holds songs; name another file");
 }
 
 void OutputFile::requireDifferent(std::vector<std::optional<std::string>> names) {

@@ -22,7 +22,7 @@ class OutputFile {
   OutputFile(std::string name, bool replace);
 
   /// Looks whether the file could be written, before there is something to write. Throws CliError,
-  /// also for the store in use.
+  /// also for a store of songs.
   void check() const;
   /// Throws CliError when one file is named twice: the second would replace the first or be
   /// refused.

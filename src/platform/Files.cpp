@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <fstream>
 
 #include "platform/Descriptor.h"
 #include "platform/FileError.h"
@@ -63,6 +64,14 @@ std::string readWholeFile(const fs::path& file) {
   while (const std::size_t count = in.read(buffer.data(), buffer.size()))
     bytes.append(buffer.data(), count);
   return bytes;
+}
+
+bool isStore(const fs::path& file) {
+  constexpr std::string_view kBeginning = "SQLite format 3";
+  std::string beginning(kBeginning.size(), '\0');
+  std::ifstream(file, std::ios::binary)
+      .read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
+  return beginning == kBeginning;
 }
 
 bool isSameFile(const fs::path& a, const fs::path& b) {

@@ -9,7 +9,7 @@ namespace korvel::platform {
 
 /// Replaces or creates a file so that it holds either its old content or all of the new one,
 /// whenever the process or the machine dies. A symbolic link stays and its target is replaced.
-/// Throws FileError, and then the old file is as it was.
+/// Throws FileError, also for a store, and then the old file is as it was.
 void writeAtomically(const std::filesystem::path& file, std::string_view bytes);
 
 /// Writes a file that does not exist yet, so that it appears complete or not at all. A file that
@@ -25,6 +25,10 @@ void makeFolders(const std::filesystem::path& folder);
 
 /// All bytes of a regular file. Throws FileError.
 std::string readWholeFile(const std::filesystem::path& file);
+
+/// Whether the file is a store of songs, which nothing that is written for other programs may
+/// replace.
+bool isStore(const std::filesystem::path& file);
 
 /// Whether two names lead to one file, however they are spelled and whatever links lie on the way.
 /// It need not be there.

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "platform/FileError.h"
+#include "platform/Files.h"
 
 namespace korvel::platform {
 namespace {
@@ -33,6 +34,7 @@ fs::path replaceable(const fs::path& file) {
   std::error_code unknown;
   if (fs::exists(target, unknown) && !fs::is_regular_file(target, unknown))
     throw FileError(file, "cannot write: it is not a plain file");
+  if (isStore(target)) throw FileError(file, "cannot write: it holds songs; choose another file");
   return target;
 }
 

@@ -15,7 +15,7 @@ enum class Existing { replaced, kept };
 /// when it is complete. What is not complete when the object goes is removed. All throw FileError.
 class NewFile {
  public:
-  /// A symbolic link stays, and its target is replaced.
+  /// A symbolic link stays, and its target is replaced, unless that is a store of songs.
   NewFile(const std::filesystem::path& file, Existing existing);
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;

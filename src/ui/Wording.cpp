@@ -81,6 +81,7 @@ constexpr const char* kLines[] = {
     QT_TRANSLATE_NOOP(
         "Wording", "%1: the folder cannot be made: %2; check the rights of the one that it is in"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot read: %2"),
+    QT_TRANSLATE_NOOP("Wording", "%1: cannot write: it holds songs; choose another file"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2"),
     QT_TRANSLATE_NOOP("Wording", "System default"),
     QT_TRANSLATE_NOOP("Wording", "Song Import: %1"),

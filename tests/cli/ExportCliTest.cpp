@@ -86,7 +86,7 @@ TEST_F(ExportCliTest, leavesOldFilesWholeWhenItCannotWrite) {
   expectRefused(exportTo({"--txt", file(""), "--force"}), file(""), "name a file");
   expectRefused(exportTo({"--txt", ""}), "korvel-cli", "name a file");
   expectRefused(exportTo({"--txt", file("./Korvel.sqlite"), "--force"}), file("./Korvel.sqlite"),
-                "holds your songs");
+                "holds songs");
   EXPECT_EQ(files(), before);
 }
 

@@ -36,6 +36,20 @@ TEST(Files, replacedFileKeepsItsModeAndTheLinkToIt) {
   EXPECT_EQ(entriesIn(folder.path()), 2);
 }
 
+TEST(Files, storeIsNeverReplacedAndFilesAreKnownUnderAnyName) {
+  const test::ScratchFolder folder;
+  const std::string store = folder.file("Songs.sqlite");
+  const std::string content = std::string("SQLite format 3") + '\0' + "songs";
+  test::writeFile(store, content);
+  const std::string link = folder.file("tab.txt");
+  fs::create_symlink(store, link);
+  EXPECT_THROW(writeAtomically(link, "a song"), FileError);
+  EXPECT_EQ(test::readFile(store), content);
+  EXPECT_TRUE(isSameFile(store, link));
+  EXPECT_TRUE(isSameFile(folder.file("new"), folder.file("./new"))) << "which is not there";
+  EXPECT_FALSE(isSameFile(store, folder.file("new")));
+}
+
 TEST(Files, failedWriteLeavesTheOldFileAndNoOther) {
   test::ScratchFolder folder;
   const fs::path file = folder.file("song.txt");

@@ -961,6 +961,10 @@
         <source>%1: the folder cannot be made: %2; check the rights of the one that it is in</source>
         <translation>%1: Der Ordner kann nicht angelegt werden: %2; prüfe die Rechte dessen, in dem er liegt</translation>
     </message>
+    <message>
+        <source>%1: cannot write: it holds songs; choose another file</source>
+        <translation>%1: Kann nicht geschrieben werden: Die Datei enthält Songs; wähle eine andere</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
