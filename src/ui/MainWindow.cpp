@@ -295,6 +295,7 @@ void MainWindow::setActiveSong(QBSong* song) {
   m_song = song;
   m_turnedToASong = true;
   m_tree->showSong(song);
+  m_tablature->sayPlace();  // the tree tells of its current row as if it had the focus
   m_fretboard->setSong(song);
   m_roll->setSong(song);
   m_editMenu->setSong(song);

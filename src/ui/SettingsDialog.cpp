@@ -176,11 +176,9 @@ QWidget* SettingsDialog::detectionPage() {
   m_frets = number(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets, fingering.frets);
   m_capo = number(0, kHighestCapo, fingering.capo);
   m_capo->setSpecialValueText(tr("None"));
-  auto* place = new QWidget;
-  auto* row = new QHBoxLayout(place);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->addWidget(m_position);
-  row->addWidget(m_positionFret);
+  auto* place = new QHBoxLayout;
+  place->addWidget(m_position);
+  place->addWidget(m_positionFret);
   auto* page = new QWidget;
   page->setObjectName("detection");
   auto* form = new QFormLayout(page);

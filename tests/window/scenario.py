@@ -145,12 +145,16 @@ class Session:
     def place(self):
         return self.window.text("Tablature")
 
+    def spoken(self):
+        return self.window.find("list item", "Chord ").get_name()
+
     def edit(self):
         """A fret is put into the first chord, taken back, and put again."""
         self.window.keys("ctrl+Home")
         before = self.place()
         self.window.keys("7")
         wait_for("fret 7", lambda: "fret 7" in self.place())
+        wait_for("the focus on it for screen readers", lambda: "fret 7" in self.spoken())
         self.window.keys("ctrl+z")
         wait_for("the fret before", lambda: self.place() == before)
         self.window.keys("ctrl+shift+z")

@@ -1314,9 +1314,9 @@
         <translation>%1, Bund %2: %3</translation>
     </message>
     <message>
-        <source>%1. Cursor on %2</source>
-        <comment>the grip of a chord, a fret</comment>
-        <translation>%1. Cursor auf %2</translation>
+        <source>%1. %2</source>
+        <comment>a fret, the grip of a chord</comment>
+        <translation>%1. %2</translation>
     </message>
 </context>
 <context>

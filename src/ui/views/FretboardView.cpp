@@ -302,7 +302,7 @@ QString FretboardView::spokenText() const {
   if (!m_song || m_chord < 0 || m_chord >= static_cast<int>(m_song->allChords().size()))
     return cell;
   const QBChord& chord = *m_song->allChords()[static_cast<std::size_t>(m_chord)];
-  return tr("%1. Cursor on %2", "the grip of a chord, a fret").arg(m_words.grip(chord), cell);
+  return tr("%1. %2", "a fret, the grip of a chord").arg(cell, m_words.grip(chord));
 }
 
 QRect FretboardView::spokenRect() const { return neck().cell(m_string, m_fret).toAlignedRect(); }

@@ -2,16 +2,85 @@
 #include "ui/views/SpokenView.h"
 
 #include <QAccessibleWidget>
+#include <QPointer>
 #include <QWidget>
 #include <utility>
 
 namespace korvel::ui {
 namespace {
 
+/// What was at the cursor once, as an object of its own: readers say what the focus moves to, but
+/// not that a text has become another one.
+class AccessiblePlace final : public QAccessibleInterface {
+ public:
+  AccessiblePlace(QWidget& widget, const SpokenView& view)
+      : m_widget(&widget), m_words(view.spokenText()), m_rect(view.spokenRect()) {}
+
+  /// The cursor is elsewhere from now on.
+  void leave() { m_isLeft = true; }
+
+  bool isValid() const override { return m_widget != nullptr; }
+  QObject* object() const override { return nullptr; }
+  QAccessibleInterface* parent() const override {
+    return QAccessible::queryAccessibleInterface(m_widget);
+  }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? m_words : QString();
+  }
+  void setText(QAccessible::Text, const QString&) override {}
+  QRect rect() const override { return {m_widget->mapToGlobal(m_rect.topLeft()), m_rect.size()}; }
+  QAccessible::Role role() const override { return QAccessible::ListItem; }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.focusable = true;
+    state.focused = m_widget->hasFocus() && !m_isLeft;
+    state.invisible = !m_widget->isVisible() || m_isLeft;
+    return state;
+  }
+
+ private:
+  const QPointer<QWidget> m_widget;
+  const QString m_words;
+  const QRect m_rect;
+  bool m_isLeft = false;
+};
+
 class AccessibleView final : public QAccessibleWidget, public QAccessibleTextInterface {
  public:
   AccessibleView(QWidget* widget, const SpokenView& view)
       : QAccessibleWidget(widget, view.spokenRole()), m_view(view) {}
+  ~AccessibleView() override {
+    for (const QAccessible::Id id : {m_before, m_now})
+      if (id) QAccessible::deleteAccessibleInterface(id);
+  }
+  AccessibleView(const AccessibleView&) = delete;
+  AccessibleView& operator=(const AccessibleView&) = delete;
+
+  /// Another object than before, which stays for those who still ask for it.
+  QAccessibleInterface* newPlace() {
+    if (m_before) QAccessible::deleteAccessibleInterface(m_before);
+    m_before = m_now;
+    if (m_now) static_cast<AccessiblePlace*>(QAccessible::accessibleInterface(m_now))->leave();
+    m_now = QAccessible::registerAccessibleInterface(new AccessiblePlace(*widget(), m_view));
+    return QAccessible::accessibleInterface(m_now);
+  }
+
+  // Behind the children that every such widget has.
+  int childCount() const override { return QAccessibleWidget::childCount() + (m_now ? 1 : 0); }
+  QAccessibleInterface* child(int index) const override {
+    return m_now && index == QAccessibleWidget::childCount()
+               ? QAccessible::accessibleInterface(m_now)
+               : QAccessibleWidget::child(index);
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    return m_now && child == QAccessible::accessibleInterface(m_now)
+               ? QAccessibleWidget::childCount()
+               : QAccessibleWidget::indexOfChild(child);
+  }
 
   void* interface_cast(QAccessible::InterfaceType type) override {
     if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
@@ -49,6 +118,8 @@ class AccessibleView final : public QAccessibleWidget, public QAccessibleTextInt
 
  private:
   const SpokenView& m_view;
+  QAccessible::Id m_now = 0;
+  QAccessible::Id m_before = 0;
 };
 
 QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
@@ -67,8 +138,15 @@ void SpokenView::announce(QWidget& view) {
   if (now == before || !QAccessible::isActive()) return;
   QAccessibleTextUpdateEvent changed(&view, 0, before, now);
   QAccessible::updateAccessibility(&changed);
-  QAccessibleEvent described(&view, QAccessible::DescriptionChanged);
-  QAccessible::updateAccessibility(&described);
+  announceAgain(view);
+}
+
+void SpokenView::announceAgain(QWidget& view) {
+  if (!QAccessible::isActive()) return;
+  auto* seen = dynamic_cast<AccessibleView*>(QAccessible::queryAccessibleInterface(&view));
+  if (!seen || !view.hasFocus()) return;
+  QAccessibleEvent moved(seen->newPlace(), QAccessible::Focus);
+  QAccessible::updateAccessibility(&moved);
 }
 
 }  // namespace korvel::ui

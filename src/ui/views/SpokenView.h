@@ -23,6 +23,8 @@ class SpokenView {
   SpokenView();
   /// Tells screen readers when the view, which is this, has another text than they were told last.
   void announce(QWidget& view);
+  /// Tells it anew, after something else seemed to have the focus.
+  void announceAgain(QWidget& view);
 
  private:
   QString m_told;

@@ -20,6 +20,7 @@
 #include "model/QBTuning.h"
 #include "platform/Utf8.h"
 #include "tab/PlayPosition.h"
+#include "tab/TabText.h"
 #include "ui/Text.h"
 #include "ui/views/ChordWords.h"
 
@@ -337,7 +338,8 @@ QString TablatureView::placeholder() const {
 }
 
 QString TablatureView::spokenText() const {
-  return m_layout.rows().empty() ? placeholder() : placeText();
+  if (m_layout.rows().empty()) return placeholder();
+  return m_song ? placeText() : toText(textOf(m_layout)).simplified();
 }
 
 void TablatureView::setPlaceholderText(const QString& text) {

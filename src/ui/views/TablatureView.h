@@ -65,6 +65,9 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   /// Where a chord is drawn, in coordinates of the viewport.
   QRect chordRect(int chord) const;
 
+  /// Says to screen readers what is at the cursor, if the focus is here.
+  void sayPlace() { announceAgain(*this); }
+
  public slots:
   void moveCursor(int chord, int string);
   /// As a click on the chord at the cursor.
