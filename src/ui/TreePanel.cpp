@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/TreePanel.h"
 
+#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -180,7 +181,18 @@ void TreePanel::drop(const QStringList& files, const QModelIndex& into) {
   m_actions.importFiles(files, album ? album->album() : nullptr);
 }
 
+/// Screen readers learn that the tree has the focus, but not which row.
+void TreePanel::sayCurrent() {
+  if (!QAccessible::isActive() || !m_view->hasFocus()) return;
+  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(m_view);
+  QAccessibleTableInterface* rows = seen ? seen->tableInterface() : nullptr;
+  if (!rows || rows->selectedCellCount() == 0) return;
+  QAccessibleEvent focused(rows->selectedCells().front(), QAccessible::Focus);
+  QAccessible::updateAccessibility(&focused);
+}
+
 bool TreePanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, this, &TreePanel::sayCurrent);
   if (event->type() == QEvent::ContextMenu)
     m_menuByKeys = static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
   if (event->type() == QEvent::KeyPress &&

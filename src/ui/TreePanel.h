@@ -49,6 +49,7 @@ class TreePanel final : public QWidget, public TreeView {
   void select(const QModelIndex& current);
   void showMenu(const QPoint& position);
   void deleteCurrent();
+  void sayCurrent();
   void rename(const QBTreeNode* node);
   void drop(const QStringList& files, const QModelIndex& into);
   QModelIndex currentIndex() const;
