@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QTimer>
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <optional>
@@ -221,7 +222,8 @@ void LibraryActions::exportSongFile(QBSong* song) {
                                    filters.join(";;"), &chosen);
   if (file.isEmpty()) return;
   Preferences().setExportFolder(QFileInfo(file).absolutePath());
-  exportAs(*kept, file, static_cast<std::size_t>(filters.indexOf(chosen)));
+  const auto format = std::max<qsizetype>(0, filters.indexOf(chosen));
+  exportAs(*kept, file, static_cast<std::size_t>(format));
 }
 
 /// format: index into kFormats, or one beyond for sound, and two for that of the loop.
