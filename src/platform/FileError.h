@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace korvel::platform {
@@ -16,8 +15,7 @@ class FileError : public std::runtime_error {
       : std::runtime_error(file.string() + ": " + problem), m_file(std::move(file)) {}
 
   /// code: as in errno.
-  FileError(std::filesystem::path file, const std::string& doing, int code)
-      : FileError(std::move(file), doing + ": " + std::generic_category().message(code)) {}
+  FileError(std::filesystem::path file, const std::string& doing, int code);
 
   const std::filesystem::path& file() const { return m_file; }
 

@@ -20,7 +20,9 @@ SNDFILE* opened(const NewFile& file, int sampleRate, int channels) {
   info.samplerate = sampleRate;
   info.channels = channels;
   info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+  errno = 0;
   SNDFILE* encoder = sf_open_fd(file.descriptor(), SFM_WRITE, &info, SF_FALSE);
+  if (!encoder && errno != 0) throw FileError(file.file(), "cannot write", errno);
   if (!encoder) throw FileError(file.file(), std::string("cannot write: ") + sf_strerror(nullptr));
   return encoder;
 }

@@ -80,12 +80,49 @@ constexpr const char* kLines[] = {
                       "%1: nothing sounds in these chords, so there is nothing to export"),
     QT_TRANSLATE_NOOP(
         "Wording", "%1: the folder cannot be made: %2; check the rights of the one that it is in"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "%1: the store is in use by another program; close that one first"),
+    QT_TRANSLATE_NOOP(
+        "Wording",
+        "%1: cannot read or write the store: database or disk is full; make room on the "
+        "disk and try again"),
+    QT_TRANSLATE_NOOP(
+        "Wording",
+        "%1: cannot change the store: database or disk is full; make room on the disk and "
+        "try again"),
+    QT_TRANSLATE_NOOP(
+        "Wording",
+        "%1: cannot change the store: %2; look at the permissions of the store and its "
+        "folder"),
+    QT_TRANSLATE_NOOP("Wording", "%1: cannot change the store: %2"),
+    QT_TRANSLATE_NOOP("Wording", "%1: cannot read or write the store: %2"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "\"%1\" is no chord name: it has to begin with a note from A to G"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "\"%1\" is no chord name: after the note comes nothing or one of %2"),
+    QT_TRANSLATE_NOOP("Wording", "the song was deleted while it was recorded"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "the sound device is gone; choose another one or plug it in, and play again"),
+    QT_TRANSLATE_NOOP("Wording", "no sound output \"%1\"; there is %2"),
+    QT_TRANSLATE_NOOP("Wording", "no sound input \"%1\"; there is %2"),
+    QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2; make room or choose another place"),
+    QT_TRANSLATE_NOOP("Wording",
+                      "%1: cannot write: %2; look at its permissions or choose another place"),
+    QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2; choose another place"),
+    QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2; choose a shorter name"),
+    QT_TRANSLATE_NOOP(
+        "Wording",
+        "%1: the folder cannot be made: %2; look at its permissions or choose another place"),
+    QT_TRANSLATE_NOOP("Wording", "%1: the folder cannot be made: %2"),
+    QT_TRANSLATE_NOOP("Wording", "%1: cannot make the folder: %2"),
+    QT_TRANSLATE_NOOP("Wording", "%1: cannot be written: %2"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot read: %2"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot write: it holds songs; choose another file"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2"),
     QT_TRANSLATE_NOOP("Wording", "System default"),
     QT_TRANSLATE_NOOP("Wording", "Song Import: %1"),
     QT_TRANSLATE_NOOP("Wording", "Calibration: %1"),
+    QT_TRANSLATE_NOOP("Wording", "WAV Export: %1"),
 };
 
 QRegularExpression matching(const char* line) {

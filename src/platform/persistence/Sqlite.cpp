@@ -34,6 +34,19 @@ StoreError::Reason reasonOf(int code) {
   }
 }
 
+const char* adviceFor(int code) {
+  switch (code & 0xff) {
+    case SQLITE_FULL:
+      return "; make room on the disk and try again";
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+      return "; look at the permissions of the store and its folder";
+    default:
+      return "";
+  }
+}
+
 std::string problemOf(int code, const std::string& doing, const char* message) {
   switch (reasonOf(code)) {
     case StoreError::Reason::inUse:
@@ -41,9 +54,9 @@ std::string problemOf(int code, const std::string& doing, const char* message) {
     case StoreError::Reason::damaged:
       return "the store is damaged (" + std::string(message) + "); restore a backup of it";
     case StoreError::Reason::notAStore:
-      return "not a Korvel store; choose another file";
+      return "not a Korvel store; move it away or choose another file";
     default:
-      return doing + ": " + message;
+      return doing + ": " + message + adviceFor(code);
   }
 }
 

@@ -965,6 +965,90 @@
         <source>%1: cannot write: it holds songs; choose another file</source>
         <translation>%1: Kann nicht geschrieben werden: Die Datei enthält Songs; wähle eine andere</translation>
     </message>
+    <message>
+        <source>%1: the store is in use by another program; close that one first</source>
+        <translation>%1: Die Datenbank wird von einem anderen Programm benutzt; schließe erst dieses</translation>
+    </message>
+    <message>
+        <source>%1: cannot read or write the store: database or disk is full; make room on the disk and try again</source>
+        <translation>%1: Die Platte ist voll; schaffe Platz darauf und versuche es noch einmal</translation>
+    </message>
+    <message>
+        <source>%1: cannot change the store: database or disk is full; make room on the disk and try again</source>
+        <translation>%1: Die Platte ist voll; schaffe Platz darauf und versuche es noch einmal</translation>
+    </message>
+    <message>
+        <source>%1: cannot change the store: %2; look at the permissions of the store and its folder</source>
+        <translation>%1: Die Datenbank kann nicht geändert werden: %2; prüfe die Rechte an ihr und ihrem Ordner</translation>
+    </message>
+    <message>
+        <source>%1: cannot change the store: %2</source>
+        <translation>%1: Die Datenbank kann nicht geändert werden: %2</translation>
+    </message>
+    <message>
+        <source>%1: cannot read or write the store: %2</source>
+        <translation>%1: Die Datenbank kann nicht gelesen oder geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no chord name: it has to begin with a note from A to G</source>
+        <translation>„%1“ ist kein Akkordname: Er muss mit einem Ton von A bis G beginnen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no chord name: after the note comes nothing or one of %2</source>
+        <translation>„%1“ ist kein Akkordname: Nach dem Ton kommt nichts oder eines von %2</translation>
+    </message>
+    <message>
+        <source>the song was deleted while it was recorded</source>
+        <translation>der Song wurde gelöscht, während er aufgenommen wurde</translation>
+    </message>
+    <message>
+        <source>the sound device is gone; choose another one or plug it in, and play again</source>
+        <translation>Das Tongerät ist fort; wähle ein anderes oder schließe es an und spiele noch einmal ab</translation>
+    </message>
+    <message>
+        <source>no sound output &quot;%1&quot;; there is %2</source>
+        <translation>Es gibt keine Tonausgabe „%1“, aber %2</translation>
+    </message>
+    <message>
+        <source>no sound input &quot;%1&quot;; there is %2</source>
+        <translation>Es gibt keine Tonaufnahme „%1“, aber %2</translation>
+    </message>
+    <message>
+        <source>%1: cannot write: %2; make room or choose another place</source>
+        <translation>%1: kann nicht geschrieben werden: %2; schaffe Platz oder wähle einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>%1: cannot write: %2; look at its permissions or choose another place</source>
+        <translation>%1: kann nicht geschrieben werden: %2; prüfe die Rechte daran oder wähle einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>%1: cannot write: %2; choose another place</source>
+        <translation>%1: kann nicht geschrieben werden: %2; wähle einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>%1: cannot write: %2; choose a shorter name</source>
+        <translation>%1: kann nicht geschrieben werden: %2; wähle einen kürzeren Namen</translation>
+    </message>
+    <message>
+        <source>%1: the folder cannot be made: %2; look at its permissions or choose another place</source>
+        <translation>%1: Der Ordner kann nicht angelegt werden: %2; prüfe die Rechte daran oder wähle einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>%1: the folder cannot be made: %2</source>
+        <translation>%1: Der Ordner kann nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1: cannot make the folder: %2</source>
+        <translation>%1: Der Ordner kann nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>WAV Export: %1</source>
+        <translation>WAV-Export: %1</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -975,6 +1059,13 @@
     <message>
         <source>Rename</source>
         <translation>Umbenennen</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::Application</name>
+    <message>
+        <source>Another Korvel of yours is running and does not answer; end it first</source>
+        <translation>Ein anderes Korvel von dir läuft und antwortet nicht; beende es erst</translation>
     </message>
 </context>
 <context>
@@ -1473,6 +1564,22 @@
         <source>Calibrate From Recorded Notes ...</source>
         <translation>Aus aufgenommenen Tönen einmessen ...</translation>
     </message>
+    <message>
+        <source>%1 is not on this computer; save it here, or look where it went</source>
+        <translation>%1 ist nicht auf diesem Rechner; speichere es hier, oder sieh nach, wohin es gekommen ist</translation>
+    </message>
+    <message>
+        <source>%1 may not be read; change its permissions or copy it</source>
+        <translation>%1 darf nicht gelesen werden; ändere die Rechte daran oder kopiere es</translation>
+    </message>
+    <message>
+        <source>%1 has no sound files; choose another folder</source>
+        <translation>%1 hat keine Tondateien; wähle einen anderen Ordner</translation>
+    </message>
+    <message>
+        <source>%1 is there already. Replace it?</source>
+        <translation>%1 gibt es schon. Ersetzen?</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::LogPanel</name>
@@ -1685,7 +1792,7 @@
         <translation>Tabulatur</translation>
     </message>
     <message>
-        <source>Drop a recording of a guitar here, or choose File, Import Recording.
+         <source>Drop a recording of a guitar here, or choose File, Import Recording.
 To play one yourself, open the Record panel.</source>
         <translation>Ziehe eine Gitarrenaufnahme hierher, oder wähle Datei, Aufnahme importieren.
 Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
@@ -1705,6 +1812,26 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>The language changes with the next start, as there is something going on</source>
         <translation>Die Sprache wechselt beim nächsten Start, da gerade etwas läuft</translation>
+    </message>
+    <message>
+        <source>That did not work, and the text says why; press Escape in it or click a song to go on</source>
+        <translation>Das ging nicht, und der Text sagt, warum; drücke darin Escape oder klicke auf einen Song, um weiterzuarbeiten</translation>
+    </message>
+    <message>
+        <source>%1 is recorded</source>
+        <translation>%1 ist aufgenommen</translation>
+    </message>
+    <message>
+        <source>Korvel ended while it recorded; the sound is in %1</source>
+        <translation>Korvel endete, während es aufnahm; der Ton ist in %1</translation>
+    </message>
+    <message>
+        <source>Korvel ended while it recorded. Make a song of what is in %1?</source>
+        <translation>Korvel endete, während es aufnahm. Soll aus dem, was in %1 ist, ein Song werden?</translation>
+    </message>
+    <message>
+        <source>This song has no chords. Press Ins to insert one.</source>
+        <translation>Dieser Song hat keine Akkorde. Einfg fügt einen ein.</translation>
     </message>
 </context>
 <context>
