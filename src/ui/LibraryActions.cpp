@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
+#include <QMessageBox>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -40,12 +41,13 @@ namespace {
 struct FormatName {
   SongFormat format;
   const char* name;
+  const char* otherEnding;
 };
 
 constexpr std::array kFormats{
-    FormatName{SongFormat::text, QT_TRANSLATE_NOOP("SongFormat", "Text tablature")},
-    FormatName{SongFormat::musicXml, QT_TRANSLATE_NOOP("SongFormat", "MusicXML score")},
-    FormatName{SongFormat::midi, QT_TRANSLATE_NOOP("SongFormat", "MIDI file")},
+    FormatName{SongFormat::text, QT_TRANSLATE_NOOP("SongFormat", "Text tablature"), ".tab"},
+    FormatName{SongFormat::musicXml, QT_TRANSLATE_NOOP("SongFormat", "MusicXML score"), ".xml"},
+    FormatName{SongFormat::midi, QT_TRANSLATE_NOOP("SongFormat", "MIDI file"), ".midi"},
 };
 
 QString nameOf(const FormatName& format) {
@@ -63,17 +65,21 @@ QString endingOf(std::size_t format) {
   return format < kFormats.size() ? extension(kFormats.at(format).format) : QString(".wav");
 }
 
-/// A name that ends on what the file shall be knows it better than the dialog's filter.
+/// A name that ends on what the file shall be knows it better than the dialog's filter. Other dots
+/// are the title's own: "01. Prelude".
 std::optional<std::size_t> formatNamedBy(const QString& file) {
+  const auto ends = [&](const QString& ending) {
+    return file.endsWith(ending, Qt::CaseInsensitive);
+  };
   for (std::size_t format = 0; format <= kFormats.size(); ++format)
-    if (file.endsWith(endingOf(format), Qt::CaseInsensitive)) return format;
+    if (ends(endingOf(format))) return format;
+  for (std::size_t format = 0; format < kFormats.size(); ++format)
+    if (ends(kFormats.at(format).otherEnding)) return format;
   return std::nullopt;
 }
 
-QString proposedPath(const QString& title) {
-  QString name = title;
-  name.replace('/', '_');
-  return QDir(Preferences().exportFolder()).filePath(name);
+QString proposedPath(const std::string& title, const QString& ending = {}) {
+  return QDir(Preferences().exportFolder()).filePath(toText(fileNameOf(title)) + ending);
 }
 
 }  // namespace
@@ -217,9 +223,8 @@ void LibraryActions::exportSongFile(QBSong* song) {
     filters.append(tr("Sound of the loop, chords %1 to %2").arg(loop->from).arg(loop->to) +
                    " (*.wav)");
   QString chosen = filters.first();
-  const QString file =
-      QFileDialog::getSaveFileName(m_window, tr("Export Song"), proposedPath(toText(song->title())),
-                                   filters.join(";;"), &chosen);
+  const QString file = QFileDialog::getSaveFileName(
+      m_window, tr("Export Song"), proposedPath(song->title()), filters.join(";;"), &chosen);
   if (file.isEmpty()) return;
   Preferences().setExportFolder(QFileInfo(file).absolutePath());
   const auto format = std::max<qsizetype>(0, filters.indexOf(chosen));
@@ -228,17 +233,25 @@ void LibraryActions::exportSongFile(QBSong* song) {
 
 /// format: index into kFormats, or one beyond for sound, and two for that of the loop.
 void LibraryActions::exportAs(QBSong& song, const QString& file, std::size_t format) {
-  QString path = file;
-  if (QFileInfo(file).suffix().isEmpty())
-    path += endingOf(format);
-  else if (endingOf(format).compare('.' + QFileInfo(file).suffix(), Qt::CaseInsensitive) != 0)
-    format = formatNamedBy(file).value_or(format);
+  const bool asChosen = file.endsWith(endingOf(format), Qt::CaseInsensitive);
+  const auto named = asChosen ? std::optional(format) : formatNamedBy(file);
+  const QString path = named ? file : file + endingOf(format);
+  // The dialog has asked for the name as it was typed only.
+  if (!named && !mayReplace(path)) return;
+  format = named.value_or(format);
   attempt([&] {
     if (format >= kFormats.size())
       renderSong(song, format > kFormats.size() ? RenderedPart::loop : RenderedPart::song, path);
     else
       exportSong(song, kFormats.at(format).format, path.toStdString());
   });
+}
+
+bool LibraryActions::mayReplace(const QString& file) {
+  return !QFileInfo::exists(file) ||
+         QMessageBox::question(m_window, tr("Export Song"),
+                               tr("%1 is there already. Replace it?").arg(file)) ==
+             QMessageBox::Yes;
 }
 
 void LibraryActions::renderSong(QBSong& song, RenderedPart part, const QString& file) {
@@ -283,9 +296,9 @@ void LibraryActions::calibrateInstrument() {
 }
 
 void LibraryActions::exportInstrument(QBInstrument& instrument) {
-  const QString file = QFileDialog::getSaveFileName(
-      m_window, tr("Export Instrument"), proposedPath(toText(instrument.name()) + ".xml"),
-      tr("Instrument definitions (*.xml)"));
+  const QString file = QFileDialog::getSaveFileName(m_window, tr("Export Instrument"),
+                                                    proposedPath(instrument.name(), ".xml"),
+                                                    tr("Instrument definitions (*.xml)"));
   if (file.isEmpty()) return;
   Preferences().setExportFolder(QFileInfo(file).absolutePath());
   attempt([&] { platform::writeAtomically(file.toStdString(), definitionOf(instrument)); });

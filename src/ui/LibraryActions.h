@@ -63,6 +63,8 @@ class LibraryActions final : public QObject {
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);
   void addRename(QMenu& menu, const QBTreeNode* node);
   void exportAs(QBSong& song, const QString& file, std::size_t format);
+  /// Asks when a file of that name is there.
+  bool mayReplace(const QString& file);
   static void renderSong(QBSong& song, RenderedPart part, const QString& file);
   void exportAll(QBAlbum& album, SongFormat format);
   void editStrings(QBTuning& tuning);

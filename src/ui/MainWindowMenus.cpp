@@ -27,6 +27,7 @@
 #include "ui/views/TablatureView.h"
 #include "workflow/LibraryEdits.h"
 #include "workflow/QBSession.h"
+#include "workflow/SongFiles.h"
 
 namespace korvel::ui {
 void MainWindow::addMenus() {
@@ -171,8 +172,7 @@ void MainWindow::printSong() {
 
 void MainWindow::exportPdf() {
   Preferences preferences;
-  QString name = toText(m_song->title()) + ".pdf";
-  name.replace('/', '_');
+  const QString name = toText(fileNameOf(m_song->title())) + ".pdf";
   const QString file = QFileDialog::getSaveFileName(this, tr("Export as PDF"),
                                                     QDir(preferences.exportFolder()).filePath(name),
                                                     tr("PDF documents (*.pdf)"));

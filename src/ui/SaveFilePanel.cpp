@@ -5,15 +5,19 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "ui/Preferences.h"
+#include "ui/Text.h"
+#include "workflow/SongFiles.h"
 
 namespace korvel::ui {
 
 std::optional<std::string> SaveFilePanel::chooseFile(const std::string& proposedName) {
   Preferences preferences;
-  QString name = QString::fromStdString(proposedName);
-  name.replace('/', '_');  // a title may hold what separates folders
+  const std::size_t ending = std::min(proposedName.rfind('.'), proposedName.size());
+  const QString name =
+      toText(fileNameOf(proposedName.substr(0, ending)) + proposedName.substr(ending));
   const QString file =
       QFileDialog::getSaveFileName(m_window, QCoreApplication::translate("SaveFilePanel", "Export"),
                                    QDir(preferences.exportFolder()).filePath(name));

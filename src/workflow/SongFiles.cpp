@@ -2,6 +2,7 @@
 #include "workflow/SongFiles.h"
 
 #include <algorithm>
+#include <cctype>
 
 #include "export/MidiFile.h"
 #include "export/SongMidi.h"
@@ -21,11 +22,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A title may hold what separates folders.
-std::string fileStem(const QBSong& song) {
-  std::string stem = song.title();
-  std::ranges::replace(stem, '/', '_');
-  return stem.empty() || stem.starts_with('.') ? "_" + stem : stem;
+/// Bytes; file systems take 255 with the ending and a number.
+constexpr std::size_t kLongestName = 200;
+
+bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+std::string shortened(std::string name) {
+  if (name.size() <= kLongestName) return name;
+  std::size_t end = kLongestName;
+  while (end > 0 && isContinuation(name[end])) --end;
+  return name.substr(0, end);
 }
 
 void createUnderAFreeName(const fs::path& folder, const std::string& stem,
@@ -40,6 +46,15 @@ void createUnderAFreeName(const fs::path& folder, const std::string& stem,
 std::string_view extensionOf(SongFormat format) {
   if (format == SongFormat::musicXml) return ".musicxml";
   return format == SongFormat::midi ? ".mid" : ".txt";
+}
+
+std::string fileNameOf(const std::string& title) {
+  std::string name = shortened(title);
+  const auto isForbidden = [](char c) {
+    return c == '/' || std::iscntrl(static_cast<unsigned char>(c));
+  };
+  std::ranges::replace_if(name, isForbidden, '_');
+  return name.empty() || name.starts_with('.') ? "_" + name : name;
 }
 
 std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>& meter) {
@@ -61,7 +76,8 @@ int exportAlbum(QBAlbum& album, SongFormat format, const fs::path& folder) {
   int written = 0;
   for (const auto& song : album.songs().snapshot()) {
     if (song->chords().empty()) continue;
-    createUnderAFreeName(folder, fileStem(*song), extensionOf(format), songFile(*song, format));
+    createUnderAFreeName(folder, fileNameOf(song->title()), extensionOf(format),
+                         songFile(*song, format));
     ++written;
   }
   QBSession::session().addToLog(folder.string() + ": " + std::to_string(written) +

@@ -20,6 +20,10 @@ enum class SongFormat { text, musicXml, midi };
 /// ".txt" and so on.
 std::string_view extensionOf(SongFormat format);
 
+/// A title as the name of a file, without ending: a title may hold what separates folders, line
+/// breaks, and more than a file system takes.
+std::string fileNameOf(const std::string& title);
+
 /// The bytes of a file of the song, in the tuning that it was made in. Score and MIDI follow the
 /// song's measures unless a meter is given. EditRefused for a song without chords.
 std::string songFile(QBSong& song, SongFormat format,
