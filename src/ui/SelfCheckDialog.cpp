@@ -9,6 +9,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "ui/Synthesizers.h"
 #include "ui/Text.h"
 #include "ui/Wording.h"
 #include "workflow/SelfCheck.h"
@@ -54,7 +55,7 @@ SelfCheckDialog::SelfCheckDialog(QWidget* parent) : QDialog(parent), m_results(n
 
 /// Each result is drawn before the next part is tried.
 void SelfCheckDialog::runNext() {
-  const auto checks = selfChecks();
+  const auto checks = selfChecks(chosenSoundFont());
   if (m_next == checks.size()) return;
   const SelfCheck& check = checks[m_next++];
   const Outcome outcome = outcomeOf(check);

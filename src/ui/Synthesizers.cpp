@@ -6,11 +6,14 @@
 
 namespace korvel::ui {
 
+std::optional<std::filesystem::path> chosenSoundFont() {
+  const QString file = Preferences().soundFont();
+  if (file.isEmpty()) return std::nullopt;
+  return file.toStdString();
+}
+
 std::unique_ptr<platform::Synthesizer> newSynthesizer() {
-  const QString soundFont = Preferences().soundFont();
-  std::optional<std::filesystem::path> chosen;
-  if (!soundFont.isEmpty()) chosen = soundFont.toStdString();
-  return guitarSynthesizer(chosen);
+  return guitarSynthesizer(chosenSoundFont());
 }
 
 }  // namespace korvel::ui

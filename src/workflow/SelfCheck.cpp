@@ -97,9 +97,9 @@ std::vector<double> playedLowE(const std::filesystem::path& soundFont) {
   return block;
 }
 
-std::string checkSynthesizer() {
+std::string checkSynthesizer(const std::optional<std::filesystem::path>& soundFont) {
   const auto font = platform::SoundFonts(platform::SoundFonts::Folders::ofMachine())
-                        .find(std::nullopt, kSteelGuitar);
+                        .find(soundFont, kSteelGuitar);
   const double heard = strongest(playedLowE(font));
   const double partial = std::round(heard / kLowEHertz);
   if (partial < 1 || std::abs(heard - partial * kLowEHertz) > 2 * kHertzOfBin)
@@ -122,11 +122,11 @@ std::string checkDevices() {
 
 }  // namespace
 
-std::vector<SelfCheck> selfChecks() {
+std::vector<SelfCheck> selfChecks(const std::optional<std::filesystem::path>& soundFont) {
   return {{"Store", checkStore},
           {"Decoding", checkDecoding},
           {"Transform", checkTransform},
-          {"Synthesiser", checkSynthesizer},
+          {"Synthesiser", [soundFont] { return checkSynthesizer(soundFont); }},
           {"Sound devices", checkDevices}};
 }
 

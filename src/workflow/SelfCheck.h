@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +18,7 @@ struct SelfCheck {
 };
 
 /// The parts in the order in which a recording meets them: store, decoding, transform, synthesiser,
-/// sound devices.
-std::vector<SelfCheck> selfChecks();
+/// sound devices. soundFont: the user's own, if one was chosen.
+std::vector<SelfCheck> selfChecks(const std::optional<std::filesystem::path>& soundFont = {});
 
 }  // namespace korvel
