@@ -85,6 +85,13 @@ QString deviceOf(const QComboBox& box) {
   return box.currentIndex() == 0 ? QString() : box.currentText();
 }
 
+/// As a user means what was typed: "~" and names without a folder before them are of the home
+/// folder.
+QString inHome(const QString& path) {
+  if (path.startsWith("~/")) return QDir::home().filePath(path.mid(2));
+  return path.isEmpty() ? path : QDir::home().absoluteFilePath(path);
+}
+
 QSpinBox* number(int least, int most, int value) {
   auto* box = new QSpinBox;
   box->setRange(least, most);
@@ -222,9 +229,10 @@ void SettingsDialog::keepDetection() const {
 }
 
 void SettingsDialog::accept() {
-  const std::string folder = m_folder->text().toStdString();
+  const std::string& before = QBTabMgr::db().selectedSettings()->workDir();
   try {
-    if (folder != QBTabMgr::db().selectedSettings()->workDir()) setWorkDirectory(folder);
+    if (m_folder->text() != toText(before))
+      setWorkDirectory(inHome(m_folder->text()).toStdString());
   } catch (const platform::FileError& problem) {
     QMessageBox::warning(this, windowTitle(), worded(toText(problem.what())));
     return;
@@ -235,7 +243,7 @@ void SettingsDialog::accept() {
   preferences.setTabFont(m_ownFont->isChecked() ? m_font->currentFont().family() : QString());
   preferences.setOutput(deviceOf(*m_output));
   preferences.setInput(deviceOf(*m_input));
-  preferences.setSoundFont(m_soundFont->text());
+  preferences.setSoundFont(inHome(m_soundFont->text()));
   keepDetection();
   QDialog::accept();
 }
