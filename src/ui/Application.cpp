@@ -2,8 +2,8 @@
 #include "ui/Application.h"
 
 #include <QFileInfo>
+#include <QIcon>
 #include <cstdlib>
-#include <iostream>
 #include <utility>
 
 #include "model/QBTabMgr.h"
@@ -42,14 +42,18 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   setOrganizationName("korvel");
   setApplicationName("korvel");
   setApplicationDisplayName("Korvel");
-  setDesktopFileName("korvel");
+  // The name of the desktop file, by which desktops find the program's icon and group its windows.
+  setDesktopFileName("org.korvel.Korvel");
+  setWindowIcon(QIcon::fromTheme(desktopFileName()));
 }
 
 int Application::run(const QStringList& files) {
   SingleInstance instance(QString::fromStdString(QBTabMgr::storePath()));
   if (instance.becomeFirst()) return runFirst(instance, absolute(files));
   if (instance.handOver(absolute(files))) return EXIT_SUCCESS;
-  std::cerr << "korvel: another Korvel of yours is running and does not answer; end it first\n";
+  applyLanguage(Preferences().language());
+  AlertBox().show(
+      tr("Another Korvel of yours is running and does not answer; end it first").toStdString());
   return EXIT_FAILURE;
 }
 

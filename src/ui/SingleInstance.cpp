@@ -45,7 +45,8 @@ SingleInstance::SingleInstance(const QString& key, QObject* parent)
 }
 
 bool SingleInstance::becomeFirst() {
-  if (!m_lock.tryLock(0)) return false;
+  // Where no lock can be made nobody can hold it; the store has a lock of its own.
+  if (!m_lock.tryLock(0) && m_lock.error() == QLockFile::LockFailedError) return false;
   QLocalServer::removeServer(m_name);
   m_server.setSocketOptions(QLocalServer::UserAccessOption);
   m_server.listen(m_name);
