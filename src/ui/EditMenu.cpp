@@ -110,9 +110,7 @@ void EditMenu::addChordEdits() {
   addEdit(tr("&Insert Chord After"), tr("Ins"), [this] {
     attemptInsertion([](QBSong& song, int chord) { SongEditor(song).insertChordAfter(chord); });
   });
-  addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] {
-    attempt([this](QBSong& song) { SongEditor(song).deleteChord(m_tablature.cursorChord()); });
-  });
+  addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] { deleteChosen(); });
 }
 
 // ---- what they do
@@ -157,6 +155,20 @@ void EditMenu::perform(const std::function<void(QBSong&)>& edit) {
   } catch (const std::exception& problem) {
     emit refused(toText(problem.what()));
   }
+}
+
+/// The selected chords, or the one under the cursor when none are.
+void EditMenu::deleteChosen() {
+  const ChordSpan chosen = m_tablature.selection();
+  attempt([&](QBSong& song) {
+    if (chosen.first < 0)
+      SongEditor(song).deleteChord(m_tablature.cursorChord());
+    else
+      SongEditor(song).deleteChords(chosen.first, chosen.last);
+  });
+  if (chosen.first < 0 || m_locked) return;
+  m_tablature.selectNone();
+  m_tablature.moveCursor(chosen.first, m_tablature.cursorString());
 }
 
 void EditMenu::nameChord() {

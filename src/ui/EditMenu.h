@@ -46,6 +46,7 @@ class EditMenu final : public QMenu {
   void attempt(const std::function<void(QBSong&)>& edit);
   void attemptInsertion(const std::function<void(QBSong&, int)>& insert);
   void perform(const std::function<void(QBSong&)>& edit);
+  void deleteChosen();
   void nameChord();
   void update();
 

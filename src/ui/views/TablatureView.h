@@ -54,6 +54,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   QString placeText() const;
   QString spokenText() const override;
   QRect spokenRect() const override { return chordRect(m_chord); }
+  /// From first to last; first is -1 when none are.
+  ChordSpan selection() const { return m_selection; }
   QString selectedText() const;
   /// Percent of the font's size.
   int zoom() const { return m_zoom; }
