@@ -47,9 +47,6 @@ constexpr double kMostOfScreen = 0.9;
 constexpr int kResultColumn = 1;
 constexpr int kLevelColumn = 2;
 
-const QString kSoundFiles =
-    "*.wav *.mp3 *.m4a *.aac *.ogg *.oga *.opus *.flac *.aif *.aiff *.wma *.mp4 *.mkv *.mov *.webm";
-
 QLabel* paragraph(const QString& text) {
   auto* label = new QLabel(text);
   label->setWordWrap(true);
@@ -96,9 +93,14 @@ QStringList localFiles(const QMimeData& data) {
 
 }  // namespace
 
+QStringList soundFilePatterns() {
+  return {"*.wav", "*.mp3",  "*.m4a", "*.aac", "*.ogg", "*.oga", "*.opus", "*.flac",
+          "*.aif", "*.aiff", "*.wma", "*.mp4", "*.mkv", "*.mov", "*.webm"};
+}
+
 QString soundFileFilter() {
-  return CalibrationDialog::tr("Sound and video files (%1)").arg(kSoundFiles) + ";;" +
-         CalibrationDialog::tr("All files (*)");
+  return CalibrationDialog::tr("Sound and video files (%1)").arg(soundFilePatterns().join(' ')) +
+         ";;" + CalibrationDialog::tr("All files (*)");
 }
 
 CalibrationDialog::CalibrationDialog(QWidget* parent)

@@ -21,6 +21,8 @@ namespace korvel::ui {
 
 class InputList;
 
+/// Names that recordings usually have.
+QStringList soundFilePatterns();
 /// What file dialogs offer where a recording is wanted.
 QString soundFileFilter();
 

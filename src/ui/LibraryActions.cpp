@@ -82,6 +82,20 @@ QString proposedPath(const std::string& title, const QString& ending = {}) {
   return QDir(Preferences().exportFolder()).filePath(toText(fileNameOf(title)) + ending);
 }
 
+/// What to do about a file that was not imported; the log has the reason.
+QString adviceFor(const QString& file) {
+  const QFileInfo info(file);
+  const QString name = info.fileName();
+  if (!info.exists())
+    return LibraryActions::tr("%1 is not on this computer; save it here, or look where it went")
+        .arg(name);
+  if (!info.isReadable())
+    return LibraryActions::tr("%1 may not be read; change its permissions or copy it").arg(name);
+  return LibraryActions::tr(
+             "%1 was not imported: choose another sound file, or convert it to WAV first")
+      .arg(name);
+}
+
 }  // namespace
 
 LibraryActions::LibraryActions(ImportDesk& desk, QWidget* window)
@@ -193,14 +207,29 @@ void LibraryActions::chooseAndImport(QBAlbum* into) {
 
 void LibraryActions::importFiles(const QStringList& files, QBAlbum* into) {
   const platform::Ref<QBAlbum> album = into;
-  for (const QString& file : files) importFile(file, album);
+  for (const QString& file : files)
+    QFileInfo(file).isDir() ? importFolder(file, album) : importFile(file, album);
+}
+
+/// Its recordings become songs of an album of its name.
+void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
+  const QDir dir(folder);
+  const QStringList names = dir.entryList(soundFilePatterns(), QDir::Files, QDir::LocaleAware);
+  if (names.isEmpty()) {
+    emit refused(tr("%1 has no sound files; choose another folder").arg(dir.dirName()));
+    return;
+  }
+  platform::Ref<QBAlbum> album = into;
+  attempt([&] {
+    if (!album) album = newAlbum(dir.dirName().toStdString());
+  });
+  for (const QString& name : names) importFile(dir.filePath(name), album);
 }
 
 void LibraryActions::importFile(const QString& file, QBAlbum* into) {
   const auto job = m_desk.importFile(file.toStdString(), into);
   if (!job) {
-    emit refused(tr("%1 was not imported: choose another sound file, or convert it to WAV first")
-                     .arg(QFileInfo(file).fileName()));
+    emit refused(adviceFor(file));
     return;
   }
   // Showing the song is a step of its own: the last one of the import is long enough.

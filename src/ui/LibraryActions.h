@@ -39,6 +39,7 @@ class LibraryActions final : public QObject {
 
   /// Asks for files; into a new album each unless one is named.
   void chooseAndImport(QBAlbum* into = nullptr);
+  /// Of folders the sound files in them.
   void importFiles(const QStringList& files, QBAlbum* into = nullptr);
   void createAlbum();
   /// In a format that the user chooses with the name of the file.
@@ -57,6 +58,7 @@ class LibraryActions final : public QObject {
  private:
   /// Runs an edit and tells why it was refused.
   void attempt(const std::function<void()>& edit);
+  void importFolder(const QString& folder, QBAlbum* into);
   void importFile(const QString& file, QBAlbum* into);
   void fillSongMenu(QMenu& menu, const std::shared_ptr<QBTreeNode>& node);
   void fillTuningMenu(QMenu& menu, QBTuning& tuning);

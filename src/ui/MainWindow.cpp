@@ -9,7 +9,6 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include "model/QBAlbum.h"
@@ -392,10 +391,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-  QStringList files;
-  for (const QUrl& url : event->mimeData()->urls())
-    if (url.isLocalFile()) files.append(url.toLocalFile());
-  importFiles(files);
+  importFiles(TreeModel::filesOf(*event->mimeData()));
   event->acceptProposedAction();
 }
 

@@ -37,8 +37,11 @@ bool isSelected(const QBTreeNode& node) {
   return instrument && instrument->instrument()->active();
 }
 
+/// In one line, whatever the name of the imported file had in it.
 QString shownTitle(const QBTreeNode& node) {
   QString title = toText(node.title());
+  for (QChar& each : title)
+    if (!each.isPrint()) each = u' ';
   if (const auto* tuning = dynamic_cast<const QBTuningNode*>(&node))
     title += " (" + toText(tuning->tuning()->toString()) + ')';
   return title;
@@ -204,6 +207,7 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
   const Item& item = itemOf(index);
   const bool selected = item.node && isSelected(*item.node);
   if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole) return markedTitle(item, role);
+  if (role == Qt::ToolTipRole && item.node) return shownTitle(*item.node).toHtmlEscaped();
   if (role == Qt::EditRole && item.node) return toText(item.node->title());
   if (role == Qt::FontRole && (item.isGroup() || selected)) {
     QFont bold;
@@ -266,6 +270,13 @@ QMimeData* TreeModel::mimeData(const QModelIndexList& indexes) const {
   return data;
 }
 
+QStringList TreeModel::filesOf(const QMimeData& data) {
+  QStringList files;
+  for (const QUrl& url : data.urls())
+    files.append(url.isLocalFile() ? url.toLocalFile() : url.toString());
+  return files;
+}
+
 /// The album that something dropped there goes into; invalid when there is none.
 QModelIndex TreeModel::albumAt(const QModelIndex& index) const {
   const auto node = nodeOf(index);
@@ -284,10 +295,7 @@ bool TreeModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int r
   if (!canDropMimeData(data, action, row, column, parent)) return false;
   const QModelIndex into = albumAt(parent);
   if (data->hasUrls()) {
-    QStringList files;
-    for (const QUrl& url : data->urls())
-      if (url.isLocalFile()) files.append(url.toLocalFile());
-    emit filesDropped(files, into);
+    emit filesDropped(filesOf(*data), into);
     return true;
   }
   const platform::Ref<QBAlbum> album = static_cast<QBAlbumNode&>(*nodeOf(into)).album();

@@ -52,6 +52,8 @@ class TreeModel final : public QAbstractItemModel {
 
   Qt::DropActions supportedDropActions() const override;
   QStringList mimeTypes() const override;
+  /// Paths of what is dragged; what is no file of this machine by its address.
+  static QStringList filesOf(const QMimeData& data);
   QMimeData* mimeData(const QModelIndexList& indexes) const override;
   bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                        const QModelIndex& parent) const override;

@@ -8,6 +8,7 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/Utf8.h"
 #include "platform/persistence/UndoManager.h"
 #include "workflow/LibraryTree.h"
 #include "workflow/QBAlbumNode.h"
@@ -27,7 +28,8 @@ void requireInstrument() {
 /// The song that an import fills, with the album made for it unless there is one.
 QBSong* newSong(const std::string& file, QBAlbum* into) {
   QBTabMgr& db = QBTabMgr::db();
-  const std::string name = std::filesystem::path(file).stem().string();
+  // A line break in a title would shift the rows of the tablature.
+  const std::string name = platform::printable(std::filesystem::path(file).stem().string());
   QBAlbum* album = into ? into : db.createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
   QBSong* song = album->createSong(into ? QBNameMgr(into, name).newName() : album->name());
   song->setTuning(db.selectedTuning());

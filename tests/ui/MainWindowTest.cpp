@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
@@ -269,6 +270,17 @@ TEST_F(MainWindowTest, libraryIsOpenAsItWasAfterASearchAndAfterAStart) {
   close();
   open();
   EXPECT_EQ(openTitles(view()), "Albums Practice Instruments ");
+}
+
+TEST_F(MainWindowTest, folderBecomesAnAlbumOfItsRecordings) {
+  const QDir folder(QString::fromStdString(m_folder.file("Set")));
+  folder.mkpath(".");
+  for (const char* name : {"02. B\nside.wav", "01. A.wav"})
+    QFile::copy(QString::fromStdString(m_file), folder.filePath(name));
+  test::writeFile(m_folder.file("Set/cover.jpg"), "no sound");
+  m_window->importFiles({folder.path() + '/'});
+  ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }, 20000));
+  EXPECT_EQ(titles(), "Set/01. A Set/02. Bside ");
 }
 
 TEST_F(MainWindowTest, searchShowsTheSongsThatMatchAndTheirAlbums) {

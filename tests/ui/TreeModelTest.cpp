@@ -82,7 +82,8 @@ TEST_F(TreeModelTest, filesAreDroppedIntoTheAlbumUnderThem) {
   m_model.dropMimeData(&files, Qt::CopyAction, 0, 0, indexOf(1, 0));
   m_model.dropMimeData(&files, Qt::CopyAction, -1, -1, {});
   ASSERT_EQ(dropped.count(), 2);
-  EXPECT_EQ(dropped[0][0].toStringList(), QStringList{"/tmp/a b.mp3"});
+  EXPECT_EQ(dropped[0][0].toStringList(),
+            QStringList({"/tmp/a b.mp3", "https://example.org/c.mp3"}));
   EXPECT_EQ(dropped[0][1].toModelIndex(), indexOf(1));
   EXPECT_FALSE(dropped[1][1].toModelIndex().isValid());
 }
