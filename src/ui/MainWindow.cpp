@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/MainWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
@@ -15,6 +16,7 @@
 #include "model/QBChord.h"
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
+#include "platform/FileError.h"
 #include "ui/AlbumMenu.h"
 #include "ui/EditMenu.h"
 #include "ui/FindBar.h"
@@ -55,6 +57,9 @@ QSize firstSize(const QWidget& window) {
   const QSize wanted(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
   return wanted.boundedTo(window.screen()->availableSize() * kMostOfScreen);
 }
+
+/// It is about the song that is shown, which must not change then.
+bool isDialogOpen() { return QApplication::activeModalWidget() != nullptr; }
 
 }  // namespace
 
@@ -124,6 +129,15 @@ void MainWindow::addTablature() {
 void MainWindow::connectViews() {
   connect(m_tablature, &TablatureView::clicked, this,
           [](double x, double y) { QBSession::session().selectChord(x, y); });
+  connect(m_tablature, &TablatureView::problemShown, this, [this] {
+    say(tr(
+        "That did not work, and the text says why; press Escape in it or click a song to go on"));
+  });
+  connect(m_tablature, &TablatureView::songWanted, this,
+          [this] { QBSession::session().setActiveSong(m_song); });
+  connect(m_tree, &TreePanel::songClicked, this, [this](QBSong* song) {
+    if (song == m_song && m_tablature->song() != song) QBSession::session().setActiveSong(song);
+  });
   connect(m_tablature, &TablatureView::loopEndChosen, this, &MainWindow::chooseLoopEnd);
   connect(m_tablature, &TablatureView::cursorMoved, this, &MainWindow::showCursor);
   connect(m_tablature, &TablatureView::zoomChanged, this,
@@ -142,8 +156,12 @@ void MainWindow::connectSound() {
   connect(m_player, &PlayerBar::settingsWanted, this, [this] { changeSettings("sound"); });
   connect(m_player, &PlayerBar::refused, this, &MainWindow::say);
   connect(m_record, &RecordPanel::refused, this, &MainWindow::say);
-  connect(m_record, &RecordPanel::recorded, this,
-          [](QBSong* song) { QBSession::session().setActiveSong(song); });
+  connect(m_record, &RecordPanel::recorded, this, [this](QBSong* song) {
+    if (isDialogOpen())
+      say(tr("%1 is recorded").arg(toText(song->title())));
+    else
+      QBSession::session().setActiveSong(song);
+  });
 }
 
 void MainWindow::addPanels() {
@@ -239,7 +257,13 @@ void MainWindow::greet() {
 void MainWindow::offerWorkFolder() {
   Preferences().setAskedForFolder();
   const QString folder = offeredWorkFolder();
-  const auto accept = [folder] { setWorkDirectory(folder.toStdString()); };
+  const auto accept = [this, folder] {
+    try {
+      setWorkDirectory(folder.toStdString());
+    } catch (const platform::FileError& problem) {
+      say(toText(problem.what()));
+    }
+  };
   m_centre->insertWidget(
       0, new OfferBar(
              tr("Keep exported tablature and scores in %1? The settings can name another folder.")
@@ -300,6 +324,7 @@ void MainWindow::setActiveSong(QBSong* song) {
   m_editMenu->setSong(song);
   showCursor(m_tablature->cursorChord());
   showPlaying();
+  if (song) rememberSong();  // the program may be killed
 }
 
 void MainWindow::showCursor(int chord) {
@@ -346,7 +371,7 @@ void MainWindow::showImported(const QString& file, QBSong* song) {
   if (song->isDeleted()) return;
   if (!song->hasTabulature())
     say(tr("%1: no tones were heard in it; is it a guitar alone, and loud enough?").arg(name));
-  else if (m_turnedToASong)
+  else if (m_turnedToASong || isDialogOpen())
     say(tr("%1 is imported").arg(name));
   else
     showNewSong(song);

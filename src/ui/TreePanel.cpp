@@ -57,6 +57,11 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
   column->addWidget(m_view);
   connect(m_search, &QLineEdit::textChanged, this, &TreePanel::search);
   connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &TreePanel::select);
+  for (const auto signal : {&QTreeView::clicked, &QTreeView::activated})
+    connect(m_view, signal, this, [this](const QModelIndex& index) {
+      const auto node = m_model.nodeOf(m_filter.mapToSource(index));
+      if (const auto* song = dynamic_cast<QBSongNode*>(node.get())) emit songClicked(song->song());
+    });
   connect(m_view, &QWidget::customContextMenuRequested, this, &TreePanel::showMenu);
   connect(m_view, &QTreeView::activated, this, [this](const QModelIndex& index) {
     if (dynamic_cast<QBSongNode*>(m_model.nodeOf(m_filter.mapToSource(index)).get()))
@@ -91,16 +96,19 @@ void TreePanel::rename(const QBTreeNode* node) {
 }
 
 /// Shows all that is found, and afterwards the tree as it was, with what was chosen meanwhile.
+/// Which song is shown stays. While the search hides its row none is selected, so that no command
+/// goes to a song that is not the one shown.
 void TreePanel::search(const QString& text) {
+  const auto chosen = m_model.nodeOf(currentIndex());
   if (!m_searching) m_openBefore = openBranches();
   m_searching = !text.isEmpty();
+  m_following = true;
   m_filter.setFilterFixedString(text);
-  if (m_searching) {
-    m_view->expandAll();
-  } else {
-    setOpenBranches(m_openBefore);
-    m_view->scrollTo(m_view->currentIndex());
-  }
+  m_searching ? m_view->expandAll() : setOpenBranches(m_openBefore);
+  m_view->setCurrentIndex(m_filter.mapFromSource(m_model.indexOf(chosen.get())));
+  m_following = false;
+  if (!chosen) showSong(QBSession::session().activeSong());
+  if (!m_searching) m_view->scrollTo(m_view->currentIndex());
 }
 
 void TreePanel::forEachBranch(

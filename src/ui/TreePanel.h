@@ -39,6 +39,8 @@ class TreePanel final : public QWidget, public TreeView {
   void refused(const QString& text);
   /// By Enter or a double click.
   void songActivated();
+  /// By mouse or Enter, even when it was selected before.
+  void songClicked(QBSong* song);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -31,6 +31,7 @@
 #include "ui/views/TablatureView.h"
 #include "workflow/ImportDesk.h"
 #include "workflow/QBSession.h"
+#include "workflow/QBSongNode.h"
 
 namespace korvel::ui {
 namespace {
@@ -272,6 +273,25 @@ TEST_F(MainWindowTest, libraryIsOpenAsItWasAfterASearchAndAfterAStart) {
   EXPECT_EQ(openTitles(view()), "Albums Practice Instruments ");
 }
 
+TEST_F(MainWindowTest, whatWentWrongGivesWayToTheSongAgain) {
+  import();
+  QTest::qWait(50);
+  TablatureView& tablature = m_window->tablature();
+  ASSERT_TRUE(tablature.song());
+  m_window->importFiles({QString::fromStdString(m_folder.file("gone.wav"))});
+  EXPECT_FALSE(tablature.song());
+  EXPECT_TRUE(m_window->statusMessage().startsWith("gone.wav is not on this computer"));
+  QTest::keyClick(&tablature, Qt::Key_Escape);
+  EXPECT_TRUE(tablature.song());
+
+  QBSession::session().handleException("test", std::runtime_error("nothing"));
+  EXPECT_TRUE(m_window->statusMessage().contains("click a song"));
+  QTreeView& tree = m_window->tree().view();
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {},
+                    tree.visualRect(tree.currentIndex()).center());
+  EXPECT_TRUE(tablature.song());
+}
+
 TEST_F(MainWindowTest, folderBecomesAnAlbumOfItsRecordings) {
   const QDir folder(QString::fromStdString(m_folder.file("Set")));
   folder.mkpath(".");
@@ -281,6 +301,21 @@ TEST_F(MainWindowTest, folderBecomesAnAlbumOfItsRecordings) {
   m_window->importFiles({folder.path() + '/'});
   ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }, 20000));
   EXPECT_EQ(titles(), "Set/01. A Set/02. Bside ");
+}
+
+TEST_F(MainWindowTest, searchLeavesTheSongThatIsShown) {
+  QBAlbum* album = QBTabMgr::db().createAlbum("Practice", false);
+  QBSong* blues = album->createSong("Blues");
+  album->createSong("Waltz");
+  QBSession::session().refreshTree();
+  QBSession::session().setActiveSong(blues);
+  auto* search = m_window->findChild<QLineEdit*>();
+  QTest::keyClicks(search, "wal");
+  EXPECT_EQ(QBSession::session().activeSong(), blues);
+  EXPECT_FALSE(QBSession::session().activeSongNode());
+  search->clear();
+  ASSERT_TRUE(QBSession::session().activeSongNode());
+  EXPECT_EQ(QBSession::session().activeSongNode()->song(), blues);
 }
 
 TEST_F(MainWindowTest, searchShowsTheSongsThatMatchAndTheirAlbums) {

@@ -206,6 +206,8 @@ bool TablatureView::copyByKey(QKeyEvent& event) {
     selectAll();
   else if (event.key() == Qt::Key_Escape && m_selection.first >= 0)
     selectNone();
+  else if (event.key() == Qt::Key_Escape && !m_song)
+    emit songWanted();
   else
     return false;
   return true;

@@ -96,18 +96,24 @@ void TablatureView::chooseLoopEnd() {
 void TablatureView::lock(bool locked) { m_locked = locked; }
 
 void TablatureView::drawTuning(QBTuning* tuning) {
-  drawContent(tuning ? tuning->descr() + "\n\n" + tuning->toString() : "");
+  showText(tuning ? tuning->descr() + "\n\n" + tuning->toString() : "");
 }
 
 void TablatureView::drawContent(const std::string& text) {
+  showText(text);
+  emit problemShown();
+}
+
+void TablatureView::sayGoodBye() { showText({}); }
+
+void TablatureView::showText(const std::string& text) {
   m_song = nullptr;
   showPlaying(-1);
   refresh();
   m_layout = TabLayout(text);
   updateScrollBars();
+  emit cursorMoved(m_chord, m_string);
 }
-
-void TablatureView::sayGoodBye() { drawContent({}); }
 
 // ---- geometry
 

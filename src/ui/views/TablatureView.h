@@ -97,6 +97,10 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   void fretTyped(int chord, int string, int fret, bool continues);
   void removalWanted(int chord, int string);
   void playToggled();
+  /// A text about what went wrong stands in the song's place.
+  void problemShown();
+  /// Escape was pressed in such a text.
+  void songWanted();
   void zoomChanged(int percent);
   void selectionChanged(bool any);
 
@@ -121,6 +125,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
     int fret = 0;
     QElapsedTimer since;
   };
+
+  void showText(const std::string& text);
 
   // Geometry.
   void remeasure();
