@@ -37,6 +37,7 @@
 #include "ui/views/RollView.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/LibraryEdits.h"
+#include "workflow/LiveRecording.h"
 #include "workflow/QBSession.h"
 #include "workflow/SongEdits.h"
 
@@ -251,7 +252,28 @@ void MainWindow::greet() {
     m_log->addLogText(
         tr("Korvel ended while it imported %1; import it again.").arg(file).toStdString());
   preferences.setRunningImports({});
+  offerTakes();
   if (!preferences.askedForFolder()) offerWorkFolder();
+}
+
+/// What a recording has left that did not come to its end. Each is told of once.
+void MainWindow::offerTakes() {
+  Preferences preferences;
+  const QStringList known = preferences.knownTakes();
+  QStringList all;
+  QStringList takes;
+  for (const auto& take : LiveRecording::takesLeftBehind()) all.append(toText(take.string()));
+  for (const QString& take : all)
+    if (!known.contains(take)) takes.append(take);
+  preferences.setKnownTakes(all);
+  if (takes.isEmpty()) return;
+  const QString files = takes.join(", ");
+  m_log->addLogText(
+      tr("Korvel ended while it recorded; the sound is in %1").arg(files).toStdString());
+  m_centre->insertWidget(
+      0,
+      new OfferBar(tr("Korvel ended while it recorded. Make a song of what is in %1?").arg(files),
+                   [this, takes] { importFiles(takes); }));
 }
 
 void MainWindow::offerWorkFolder() {

@@ -47,8 +47,8 @@ class MainWindow final : public QMainWindow, public SongView {
   void comeToFront(const QStringList& files);
   /// Shows the song that was shown when the window was closed last.
   void openLastSong();
-  /// Says what was running when the last window did not close, and offers a working directory to a
-  /// new user.
+  /// Says what was running when the last window did not close, offers to import what it was
+  /// recording, and a working directory to a new user.
   void greet();
 
   void setActiveSong(QBSong* song) override;
@@ -106,6 +106,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void applyPreferences();
   void changeSettings(const char* page = nullptr);
   bool isBusy() const;
+  void offerTakes();
   void offerWorkFolder();
   void rememberRunning();
   void rememberSong() const;

@@ -70,6 +70,10 @@ class Preferences {
   QStringList runningImports() const { return m_store.value("running").toStringList(); }
   void setRunningImports(const QStringList& files);
 
+  /// Files left by recordings that did not end, of which the user knows.
+  QStringList knownTakes() const { return m_store.value("knownTakes").toStringList(); }
+  void setKnownTakes(const QStringList& files) { m_store.setValue("knownTakes", files); }
+
   QString importFolder() const { return folder("folders/import"); }
   void setImportFolder(const QString& path) { m_store.setValue("folders/import", path); }
   QString exportFolder() const { return folder("folders/export"); }

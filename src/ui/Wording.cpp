@@ -110,10 +110,6 @@ constexpr const char* kLines[] = {
                       "%1: cannot write: %2; look at its permissions or choose another place"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2; choose another place"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot write: %2; choose a shorter name"),
-    QT_TRANSLATE_NOOP(
-        "Wording",
-        "%1: the folder cannot be made: %2; look at its permissions or choose another place"),
-    QT_TRANSLATE_NOOP("Wording", "%1: the folder cannot be made: %2"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot make the folder: %2"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot be written: %2"),
     QT_TRANSLATE_NOOP("Wording", "%1: cannot read: %2"),

@@ -1030,14 +1030,6 @@
         <translation>%1: kann nicht geschrieben werden: %2; wähle einen kürzeren Namen</translation>
     </message>
     <message>
-        <source>%1: the folder cannot be made: %2; look at its permissions or choose another place</source>
-        <translation>%1: Der Ordner kann nicht angelegt werden: %2; prüfe die Rechte daran oder wähle einen anderen Ort</translation>
-    </message>
-    <message>
-        <source>%1: the folder cannot be made: %2</source>
-        <translation>%1: Der Ordner kann nicht angelegt werden: %2</translation>
-    </message>
-    <message>
         <source>%1: cannot make the folder: %2</source>
         <translation>%1: Der Ordner kann nicht angelegt werden: %2</translation>
     </message>
@@ -1792,7 +1784,7 @@
         <translation>Tabulatur</translation>
     </message>
     <message>
-         <source>Drop a recording of a guitar here, or choose File, Import Recording.
+        <source>Drop a recording of a guitar here, or choose File, Import Recording.
 To play one yourself, open the Record panel.</source>
         <translation>Ziehe eine Gitarrenaufnahme hierher, oder wähle Datei, Aufnahme importieren.
 Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
@@ -1828,10 +1820,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Korvel ended while it recorded. Make a song of what is in %1?</source>
         <translation>Korvel endete, während es aufnahm. Soll aus dem, was in %1 ist, ein Song werden?</translation>
-    </message>
-    <message>
-        <source>This song has no chords. Press Ins to insert one.</source>
-        <translation>Dieser Song hat keine Akkorde. Einfg fügt einen ein.</translation>
     </message>
 </context>
 <context>
