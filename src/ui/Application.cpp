@@ -2,6 +2,7 @@
 #include "ui/Application.h"
 
 #include <QFileInfo>
+#include <QFocusEvent>
 #include <QIcon>
 #include <cstdlib>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "model/QBTabMgr.h"
 #include "ui/AlertBox.h"
 #include "ui/Appearance.h"
+#include "ui/FocusRing.h"
 #include "ui/MainWindow.h"
 #include "ui/Preferences.h"
 #include "ui/QtRunLoop.h"
@@ -93,6 +95,9 @@ int Application::runWindow(SingleInstance& instance, FatalAlert& alert, Handed& 
 
 bool Application::notify(QObject* receiver, QEvent* event) {
   try {
+    if (event->type() == QEvent::FocusIn && receiver->isWidgetType())
+      FocusRing::follow(*static_cast<QWidget*>(receiver),
+                        static_cast<QFocusEvent*>(event)->reason());
     return QApplication::notify(receiver, event);
   } catch (const std::exception& exception) {
     report(exception);

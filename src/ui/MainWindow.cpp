@@ -287,10 +287,9 @@ void MainWindow::offerWorkFolder() {
     }
   };
   m_centre->insertWidget(
-      0, new OfferBar(
-             tr("Keep exported tablature and scores in %1? The settings can name another folder.")
-                 .arg(QDir::toNativeSeparators(folder)),
-             accept));
+      0, new OfferBar(tr("Keep exported tablature in %1? The settings name another folder.")
+                          .arg(QString(folder).replace(QDir::homePath(), "~")),
+                      accept));
 }
 
 void MainWindow::applyPreferences() {

@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPushButton>
 #include <QStyle>
+#include <QTest>
 
+#include "ui/FocusRing.h"
 #include "ui/views/Shades.h"
 
 namespace korvel::ui {
@@ -53,6 +56,26 @@ TEST(Appearance, followsTheDesktopThereAndBack) {
   applyTheme(Theme::system, false);
   EXPECT_EQ(QApplication::palette().color(QPalette::Window), window);
   EXPECT_EQ(QApplication::style()->name(), style);
+}
+
+TEST(FocusRing, goesWithTheControlThatKeysReached) {
+  QWidget window;
+  window.resize(300, 200);
+  auto* first = new QPushButton(&window);
+  auto* second = new QPushButton(&window);
+  const auto ring = [&] { return window.findChild<FocusRing*>(); };
+  window.show();
+  FocusRing::follow(*first, Qt::TabFocusReason);
+  first->setGeometry(100, 80, 90, 30);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ring()->geometry().contains(first->geometry()); }));
+  EXPECT_TRUE(ring()->isVisible());
+  FocusRing::follow(*second, Qt::BacktabFocusReason);
+  EXPECT_TRUE(ring()->geometry().contains(second->geometry()));
+  FocusRing::follow(*first, Qt::MouseFocusReason);
+  EXPECT_EQ(ring(), nullptr);
+  FocusRing::follow(*first, Qt::ShortcutFocusReason);
+  delete first;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !ring(); })) << "as with the row of a job that goes";
 }
 
 }  // namespace

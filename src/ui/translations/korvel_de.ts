@@ -1790,10 +1790,6 @@ To play one yourself, open the Record panel.</source>
 Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
     <message>
-        <source>Keep exported tablature and scores in %1? The settings can name another folder.</source>
-        <translation>Exportierte Tabulaturen und Noten in %1 ablegen? In den Einstellungen lässt sich ein anderer Ordner wählen.</translation>
-    </message>
-    <message>
         <source>Space plays it, digits change the fret at the cursor, the menu Song arranges it</source>
         <translation>Die Leertaste spielt ab, Ziffern ändern den Bund unter dem Cursor, das Menü Song arrangiert</translation>
     </message>
@@ -1820,6 +1816,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Korvel ended while it recorded. Make a song of what is in %1?</source>
         <translation>Korvel endete, während es aufnahm. Soll aus dem, was in %1 ist, ein Song werden?</translation>
+    </message>
+    <message>
+        <source>Keep exported tablature in %1? The settings name another folder.</source>
+        <translation>Exportierte Tabulaturen in %1 ablegen? Die Einstellungen ändern das.</translation>
     </message>
 </context>
 <context>

@@ -325,7 +325,7 @@ void RollView::paintHead(QPainter& painter, const QRectF& head, bool outlined, b
 /// A frame, with a flag in the ruler that shows over tones of any shade.
 void RollView::paintColumn(QPainter& painter, const QColor& ink, Qt::PenStyle style,
                            int chord) const {
-  const double pen = std::max(1.5, m_line / 10);
+  const double pen = std::max(1.5, m_line / (hasFocus() ? 6 : 10));
   const QRectF column(x(chord), kRulerHeight * m_line, m_step, lanes().height());
   painter.setPen(QPen(ink, pen, style));
   painter.setBrush(Qt::NoBrush);
