@@ -35,9 +35,16 @@ FocusRing::FocusRing(QWidget& control) : QFocusFrame(control.window()), m_contro
 void FocusRing::follow(QWidget& control, Qt::FocusReason reason) {
   static QPointer<FocusRing> shown;
   if (shown && isReturn(reason) && shown->m_control == &control) return shown->place();
+  const bool isWanted = isByKeys(reason) || (shown && reason == Qt::OtherFocusReason);
   delete shown;
-  if (isByKeys(reason) && !control.isWindow() && !dynamic_cast<SpokenView*>(&control))
+  if (isWanted && !control.isWindow() && !dynamic_cast<SpokenView*>(&control))
     shown = new FocusRing(control);
+}
+
+void FocusRing::handOver(QWidget& from, QWidget& to) {
+  to.setEnabled(true);
+  if (from.hasFocus()) to.setFocus();
+  from.setEnabled(false);
 }
 
 /// Around the control, or within it at the edge of the window.

@@ -17,6 +17,8 @@ class FocusRing final : public QFocusFrame {
   /// Shows a ring where keys have moved the focus to; the mouse needs none, and neither do views
   /// that draw a cursor of their own. To be called with each control that gets the focus.
   static void follow(QWidget& control, Qt::FocusReason reason);
+  /// Enables one control instead of another, which leaves it the focus.
+  static void handOver(QWidget& from, QWidget& to);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -122,6 +122,10 @@ void PlayerBar::applyVolume() {
 // ---- what the player shows
 
 void PlayerBar::setLocked(bool locked) {
+  // The button that may be pressed next keeps the focus.
+  QAction* next = locked ? m_stop : m_play;
+  next->setEnabled(true);
+  if (widgetForAction(locked ? m_play : m_stop)->hasFocus()) widgetForAction(next)->setFocus();
   for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(!locked);
   m_stop->setEnabled(locked);
   tellMoved();

@@ -13,6 +13,7 @@
 #include "model/QBChord.h"
 #include "model/QBSong.h"
 #include "tab/ChordSearch.h"
+#include "ui/FocusRing.h"
 #include "ui/InputList.h"
 #include "ui/Preferences.h"
 #include "ui/Text.h"
@@ -129,9 +130,8 @@ void RecordPanel::finish() {
 
 void RecordPanel::enter(State state) {
   const bool busy = state == State::recording || state == State::hearing;
-  m_start->setEnabled(!busy);
+  busy ? FocusRing::handOver(*m_start, *m_stop) : FocusRing::handOver(*m_stop, *m_start);
   m_device->setEnabled(!busy);
-  m_stop->setEnabled(busy);
   m_stop->setText(state == State::hearing ? tr("Keep Live Chords") : tr("Stop"));
   m_level->setAccessibleName(state == State::hearing ? tr("Progress") : tr("Level"));
   if (state == State::hearing)
