@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QInputDialog>
 #include <array>
+#include <utility>
 
 #include "model/QBChord.h"
 #include "model/QBSong.h"
@@ -38,9 +39,12 @@ constexpr std::array kDurations{
 
 platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
 
+QString translated(const std::string& action) {
+  return QCoreApplication::translate("UndoAction", action.c_str());
+}
+
 QString titled(const QString& plain, const QString& named, const std::string& action) {
-  if (action.empty()) return plain;
-  return named.arg(QCoreApplication::translate("UndoAction", action.c_str()));
+  return action.empty() ? plain : named.arg(translated(action));
 }
 
 }  // namespace
@@ -63,7 +67,7 @@ EditMenu::EditMenu(TablatureView& tablature, FretboardView& fretboard, QWidget* 
 // ---- entries
 
 void EditMenu::addUndo() {
-  m_undo = addAction(tr("&Undo"), QKeySequence::Undo, this, [] { QBSession::session().undo(); });
+  m_undo = addAction(tr("&Undo"), QKeySequence::Undo, this, &EditMenu::undo);
   m_redo = addAction(tr("&Redo"), QKeySequence::Redo, this, [] { QBSession::session().redo(); });
   addSeparator();
 }
@@ -171,6 +175,14 @@ void EditMenu::deleteChosen() {
   m_tablature.moveCursor(chosen.first, m_tablature.cursorString());
 }
 
+void EditMenu::undo() {
+  if (QBSession::session().undo()) return;
+  const std::string& running = undoManager().undoWaitsFor();
+  if (running.empty()) return;
+  emit refused(
+      tr("\"%1\" still goes on; end it or wait for its end, then undo").arg(translated(running)));
+}
+
 void EditMenu::nameChord() {
   const int index = m_tablature.cursorChord();
   if (!m_song || index < 0) return;
@@ -194,8 +206,7 @@ void EditMenu::setSong(QBSong* song) {
 }
 
 void EditMenu::setLocked(bool locked) {
-  m_locked = locked;
-  update();
+  if (std::exchange(m_locked, locked) != locked) update();
 }
 
 void EditMenu::update() {
@@ -203,7 +214,8 @@ void EditMenu::update() {
   for (QAction* action : m_edits) action->setEnabled(editable);
   m_duration->setEnabled(editable);
   platform::UndoManager& manager = undoManager();
-  m_undo->setText(titled(tr("&Undo"), tr("&Undo %1"), manager.undoActionName()));
+  const QString undo = titled(tr("&Undo"), tr("&Undo %1"), manager.undoActionName());
+  m_undo->setText(titled(undo, tr("%1 (after: %2)").arg(undo), manager.undoWaitsFor()));
   m_redo->setText(titled(tr("&Redo"), tr("&Redo %1"), manager.redoActionName()));
   if (!isVisible()) return;
   m_undo->setEnabled(manager.canUndo());

@@ -48,6 +48,7 @@ class EditMenu final : public QMenu {
   void perform(const std::function<void(QBSong&)>& edit);
   void deleteChosen();
   void nameChord();
+  void undo();
   void update();
 
   TablatureView& m_tablature;

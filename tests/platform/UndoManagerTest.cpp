@@ -201,6 +201,94 @@ TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
   EXPECT_EQ(undo().undoActionName(), "Next");
 }
 
+// A job that fills a book of its own, as an import does, while somebody acts at random and goes
+// back and forth. In the end all of it can be undone and done again.
+TEST_F(UndoManagerTest, anyActionsBesideOneInStepsAreTakenBackAndDoneAgain) {
+  quicken();
+  for (unsigned seed = 1; seed <= 60 && !HasFailure(); ++seed) {
+    const testing::ScopedTrace trace(__FILE__, __LINE__, std::to_string(seed));
+    reopen();
+    quicken();
+    Vandal vandal(*m_context, seed);
+    for (int i = 0; i < 10; ++i) vandal.act();
+    const auto act = [&](const std::string& name) {
+      const UndoGroup group(undo(), name);
+      m_context->insert("Cover");
+      vandal.act();
+    };
+    const std::string before = told();
+    act("Before");
+    auto job = std::make_shared<UndoGroup>(undo(), "Job");
+    const Ref<Book> filled = book("filled");
+    job->suspend();
+    for (int step = 0; step < 40; ++step) {
+      if (vandal.oneIn(4)) {
+        const UndoStep part(job);
+        if (!filled->isDeleted()) page(step, filled);
+      } else if (vandal.oneIn(3)) {
+        undo().undo();
+      } else if (vandal.oneIn(2)) {
+        undo().redo();
+      } else {
+        act(std::to_string(step));
+      }
+      if (vandal.oneIn(10)) m_context->save();
+    }
+    job.reset();
+    act("After");
+    std::vector<std::string> levels{told()};
+    while (undo().undo()) levels.push_back(told());
+    EXPECT_EQ(levels.back(), before);
+    for (levels.pop_back(); undo().redo(); levels.pop_back()) ASSERT_EQ(told(), levels.back());
+    EXPECT_TRUE(levels.empty());
+    m_context->save();
+    EXPECT_TRUE(StoreFile::problems(m_context->store()).empty());
+  }
+}
+
+TEST_F(UndoManagerTest, actionUnderWayIsPassedOverUnlessItUsesWhatWouldGo) {
+  Book* owner = book("b");
+  const auto act = [&](const char* name, const auto& work) {
+    const UndoGroup group(undo(), name);
+    work();
+  };
+  act("Rename", [&] { owner->setTitle("c"); });
+  auto steps = std::make_unique<UndoGroup>(undo(), "Steps");
+  Ref<Page> made = page(1, owner);
+  steps->suspend();
+  EXPECT_TRUE(undo().undo());
+  EXPECT_EQ(owner->title(), "b");
+  EXPECT_EQ(undo().undoWaitsFor(), "Steps") << "there is nothing else";
+  EXPECT_FALSE(undo().undo());
+  steps->resume();
+  page(2, owner);
+  steps->suspend();
+  EXPECT_EQ(undo().redoActionName(), "Rename") << "steps are nothing new";
+  EXPECT_TRUE(undo().redo());
+
+  act("Delete", [&] { m_context->remove(*made); });
+  undo().undo();
+  EXPECT_FALSE(undo().canRedo()) << "more may have been made of it meanwhile";
+  steps.reset();
+  EXPECT_EQ(undo().undoActionName(), "Steps");
+
+  Book* shelf = nullptr;
+  act("New Book", [&] { shelf = book("new"); });
+  steps = std::make_unique<UndoGroup>(undo(), "More steps");
+  page(3, shelf);
+  steps->suspend();
+  EXPECT_EQ(undo().undoActionName(), "New Book");
+  EXPECT_EQ(undo().undoWaitsFor(), "More steps");
+  EXPECT_FALSE(undo().undo());
+  act("Renumber", [&] { shelf->pages().at(0)->setNumber(4); });
+  act("Move", [&] { made->setBook(shelf); });
+  steps->rollBack();
+  EXPECT_EQ(undo().undoWaitsFor(), "");
+  EXPECT_EQ(undo().undoActionName(), "Move") << "what is left of them, not what went with the page";
+  EXPECT_TRUE(undo().undo());
+  EXPECT_EQ(undo().undoActionName(), "New Book");
+}
+
 TEST_F(UndoManagerTest, steppedActionLetsOthersBeUndoneAndComesBeforeThem) {
   Book* owner = book("b");
   auto steps = std::make_unique<UndoGroup>(undo(), "Steps");

@@ -242,7 +242,7 @@ TEST_F(UndoCommandsTest, whatTheLogSaysIsSaved) {
 }
 
 TEST_F(UndoCommandsTest, steppedImportIsOneActionBesideOthers) {
-  song({"x02210"});
+  QBSong* other = song({"x02210"});
   const std::string before = saved();
   const std::string file = m_desk.folder().file("a.wav");
   test::writeWav(file, test::fewChords());
@@ -254,6 +254,8 @@ TEST_F(UndoCommandsTest, steppedImportIsOneActionBesideOthers) {
   newAlbum("Other");
   EXPECT_TRUE(m_session.undo());
   platform::PlainRunLoop::ofProcess().runUntil([&] { return !import->isRunning(); });
+  EXPECT_EQ(m_session.redo(), true) << "steps of an import are no new action";
+  m_session.undo();
   EXPECT_EQ(actionName(), "Import WAV File");
   const std::string after = saved();
   EXPECT_TRUE(m_session.undo());
@@ -267,6 +269,21 @@ TEST_F(UndoCommandsTest, steppedImportIsOneActionBesideOthers) {
   dropped->cancelAndDrop();
   EXPECT_EQ(saved(), before);
   EXPECT_EQ(actionName(), "") << "there was nothing";
+
+  newAlbum("Into");
+  renameSong(*other, "Renamed");
+  const auto later = desk.importFile(file, QBTabMgr::db().albums().back());
+  later->nextStep();
+  EXPECT_TRUE(m_session.undo());
+  EXPECT_EQ(other->title(), "Song");
+  EXPECT_FALSE(m_session.undo()) << "the album has to stay for as long as it is imported into";
+  EXPECT_EQ(context().undoManager().undoWaitsFor(), "Import WAV File");
+  later->nextStep();
+  EXPECT_TRUE(m_session.redo());
+  EXPECT_EQ(other->title(), "Renamed");
+  platform::PlainRunLoop::ofProcess().runUntil([&] { return !later->isRunning(); });
+  while (m_session.undo()) continue;
+  EXPECT_EQ(saved(), before);
 }
 
 }  // namespace

@@ -39,6 +39,7 @@ void ChangeLog::recordInsertion(ManagedObject& object) {
 // so that the last one can take the place of one that goes.
 void ChangeLog::recordRemoval(ManagedObject& object) {
   if (!hasMade(object)) {
+    recordUse(object);
     m_changes.emplace_back(Removal{&object});
     return;
   }
@@ -50,7 +51,42 @@ void ChangeLog::recordRemoval(ManagedObject& object) {
 }
 
 void ChangeLog::recordTarget(ManagedObject& owner, const ToOneDescription& toOne) {
+  recordUse(owner);
   m_changes.emplace_back(Retargeting{&owner, &toOne, toOne.slot(owner).m_target});
+}
+
+void ChangeLog::recordUse(const ManagedObject& object) {
+  constexpr std::uint32_t kNobody = 0;
+  if (object.m_madeBy != kNobody && object.m_madeBy != m_number) m_uses.insert(object.m_madeBy);
+}
+
+// ---- what others have to do with it
+
+const ManagedObject& ChangeLog::objectOf(const Change& change) {
+  if (const auto* target = std::get_if<Retargeting>(&change)) return *target->owner;
+  if (const auto* removal = std::get_if<Removal>(&change)) return *removal->object;
+  return std::get<std::unique_ptr<AttributeChange>>(change)->object();
+}
+
+bool ChangeLog::isOnlyAbout(const ChangeLog& other) const {
+  return m_made.empty() && std::ranges::all_of(m_changes, [&](const Change& change) {
+           return other.hasMade(objectOf(change));
+         });
+}
+
+bool ChangeLog::deletesPartsOf(const std::unordered_set<std::uint32_t>& others) const {
+  const auto isTheirs = [&](const ManagedObject* object) {
+    return others.contains(object->m_madeBy);
+  };
+  return std::ranges::any_of(m_changes, [&](const Change& change) {
+    const auto* removal = std::get_if<Removal>(&change);
+    if (!removal) return false;
+    ManagedObject& object = *removal->object;
+    return isTheirs(&object) ||
+           std::ranges::any_of(object.entity().members, [&](const MembersDescription& members) {
+             return std::ranges::any_of(members.slot(object).m_members, isTheirs);
+           });
+  });
 }
 
 // ---- taking back and doing again

@@ -23,6 +23,8 @@ struct ToOneDescription;
 /// Changes stand in the order in which they happened. An object that the action made takes one
 /// entry, whatever happens to it afterwards, and none once the action itself deleted it: what it
 /// points at is only kept while the action is undone.
+///
+/// Logs of actions that overlap know of one another by the objects that they make.
 class ChangeLog {
  public:
   /// number: different for each log of a context, and not 0.
@@ -30,6 +32,8 @@ class ChangeLog {
   ~ChangeLog();
 
   const std::string& title() const { return m_title; }
+  /// Rises from log to log.
+  std::uint32_t number() const { return m_number; }
   bool isEmpty() const { return m_made.empty() && m_changes.empty(); }
   bool isOpen() const { return m_open; }
   /// Releases what only recording needs.
@@ -44,10 +48,21 @@ class ChangeLog {
   /// Before the value changes; of several changes of an attribute the first one tells all.
   template <class T>
   void recordAttribute(ManagedObject& object, Attribute<T>& attribute) {
-    if (m_attributes.insert(&attribute).second)
-      m_changes.emplace_back(std::make_unique<ChangeOf<T>>(&object, attribute));
+    if (!m_attributes.insert(&attribute).second) return;
+    recordUse(object);
+    m_changes.emplace_back(std::make_unique<ChangeOf<T>>(&object, attribute));
   }
   bool hasMade(const ManagedObject& object) const;
+  /// Before one of its own objects points at another one, and before it changes one.
+  void recordUse(const ManagedObject& object);
+
+  // What another action has to do with this one.
+  /// This one points at, has changed or deleted what the other one made.
+  bool uses(const ChangeLog& other) const { return m_uses.contains(other.m_number); }
+  /// Without the other's objects nothing is left of this one.
+  bool isOnlyAbout(const ChangeLog& other) const;
+  /// Once undone, whether what it deletes again has become part of one of these meanwhile.
+  bool deletesPartsOf(const std::unordered_set<std::uint32_t>& others) const;
 
   // Only when nothing records. Undone and done take turns.
   void undo();
@@ -65,6 +80,7 @@ class ChangeLog {
   using Change = std::variant<Retargeting, Removal, std::unique_ptr<AttributeChange>>;
   using Touched = std::unordered_set<ManagedObject*>;
 
+  static const ManagedObject& objectOf(const Change& change);
   template <class Act>
   static void forEachTarget(ManagedObject& object, Act act);
   void exchange(Retargeting& change, Touched& touched);
@@ -79,6 +95,7 @@ class ChangeLog {
   bool m_open = true;
   std::vector<Ref<ManagedObject>> m_made;
   std::vector<Change> m_changes;
+  std::unordered_set<std::uint32_t> m_uses;  ///< Numbers of other logs.
   /// Of the objects made, in turn, those with another end; only while undone.
   std::vector<Ref<ManagedObject>> m_targetsOfMade;
   std::unordered_set<const void*> m_attributes;  ///< Those recorded; only while open.

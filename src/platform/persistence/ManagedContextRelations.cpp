@@ -24,6 +24,7 @@ void ManagedContext::relate(ManagedObject& owner, const ToOneDescription& toOne,
   const Ref<ManagedObject> before = slot.m_target;
   if (before.get() == target) return;
   if (ChangeLog* log = owner.willChange()) log->recordTarget(owner, toOne);
+  if (m_log && target) m_log->recordUse(*target);
   const MembersDescription* inverse = toOne.inverseMembers;
   if (before && inverse) detach(inverse->slot(*before), owner);
   if (target && inverse && !inverse->toMany && !target->m_deleted)

@@ -23,6 +23,7 @@ class ToOneSlot {
 /// Members are ordered by creation, which is also the order of the rows after a reload.
 class MembersSlot {
  private:
+  friend class ChangeLog;
   friend class ManagedObject;
   friend class ManagedContext;
   template <class T>

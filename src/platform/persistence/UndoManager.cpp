@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/persistence/UndoManager.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -18,35 +19,62 @@ UndoManager::UndoManager(ManagedContext& context) : m_context(context) {}
 
 UndoManager::~UndoManager() = default;
 
-bool UndoManager::canUndo() const { return !m_done.empty() && !m_done.back()->isOpen(); }
+UndoManager::Log UndoManager::next() const {
+  const auto ended =
+      std::find_if(m_done.rbegin(), m_done.rend(), [](const Log& log) { return !log->isOpen(); });
+  return ended == m_done.rend() ? nullptr : *ended;
+}
 
-bool UndoManager::canRedo() const { return !m_undone.empty(); }
+/// The action that goes on with what the other one made.
+UndoManager::Log UndoManager::userOf(const Log& log) const {
+  const auto user = std::ranges::find_if(
+      m_done, [&](const Log& each) { return each->isOpen() && (!log || each->uses(*log)); });
+  return user == m_done.end() ? nullptr : *user;
+}
+
+bool UndoManager::canUndo() const {
+  const Log log = next();
+  return log && !userOf(log);
+}
+
+bool UndoManager::canRedo() const {
+  return !m_undone.empty() && !m_undone.back().log->deletesPartsOf(m_undone.back().wentOn);
+}
 
 const std::string& UndoManager::undoActionName() const {
-  return canUndo() ? m_done.back()->title() : kNoName;
+  const Log log = next();
+  return log ? log->title() : kNoName;
 }
 
 const std::string& UndoManager::redoActionName() const {
-  return canRedo() ? m_undone.back()->title() : kNoName;
+  return canRedo() ? m_undone.back().log->title() : kNoName;
+}
+
+const std::string& UndoManager::undoWaitsFor() const {
+  const Log user = userOf(next());
+  return user ? user->title() : kNoName;
 }
 
 bool UndoManager::undo() {
   requireNoGroup();
   if (!canUndo()) return false;
-  const Log log = m_done.back();
+  const Log log = next();
   log->undo();
-  m_done.pop_back();
-  m_undone.push_back(log);
+  drop(log);
+  Undone undone{log, {}};
+  for (const Log& each : m_done)
+    if (each->isOpen()) undone.wentOn.insert(each->number());
+  m_undone.push_back(std::move(undone));
   return true;
 }
 
 bool UndoManager::redo() {
   requireNoGroup();
   if (!canRedo()) return false;
-  const Log log = m_undone.back();
+  const Log log = m_undone.back().log;
   log->redo();
   m_undone.pop_back();
-  m_done.push_back(log);
+  m_done.insert(std::ranges::upper_bound(m_done, log->number(), {}, &ChangeLog::number), log);
   return true;
 }
 
@@ -65,6 +93,15 @@ void UndoManager::close(const Log& log) {
 }
 
 void UndoManager::drop(const Log& log) { std::erase(m_done, log); }
+
+/// What was done to objects that are gone for good, and what undone actions would do with them.
+void UndoManager::forget(const Log& log) {
+  std::erase_if(m_done,
+                [&](const Log& each) { return !each->isOpen() && each->isOnlyAbout(*log); });
+  const auto user = std::find_if(m_undone.rbegin(), m_undone.rend(),
+                                 [&](const Undone& each) { return each.log->uses(*log); });
+  m_undone.erase(m_undone.begin(), user.base());
+}
 
 // ---- groups
 
@@ -88,7 +125,8 @@ void UndoGroup::suspend() {
   const auto manager = m_manager.lock();
   if (!manager || !m_log || manager->m_context.m_log != m_log.get()) return;
   manager->m_context.m_log = std::exchange(m_outer, nullptr);
-  if (!m_log->isEmpty()) manager->m_undone.clear();
+  if (m_log->isEmpty() || !std::exchange(m_isNew, false)) return;
+  manager->m_undone.clear();
 }
 
 void UndoGroup::end() {
@@ -107,6 +145,7 @@ void UndoGroup::rollBack() {
   // What goes on around this one has nothing to do with what was there before it.
   ChangeLog* outer = std::exchange(manager->m_context.m_log, nullptr);
   log->undo();
+  manager->forget(log);
   manager->m_context.m_log = outer;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -25,12 +26,16 @@ class UndoManager : public std::enable_shared_from_this<UndoManager> {
   UndoManager& operator=(const UndoManager&) = delete;
   ~UndoManager();
 
-  /// False too while the latest action is still going on, as an import does that is stepped.
+  /// Of actions that have ended, the latest is next; those that still go on, as an import does that
+  /// is stepped, are passed over unless they use what the next one made.
   bool canUndo() const;
   bool canRedo() const;
-  /// Of the action that is next; "" when there is none.
+  /// Of the action that is next, though it may have to wait; "" when there is none.
   const std::string& undoActionName() const;
   const std::string& redoActionName() const;
+  /// The action whose end undo waits for: one that uses what the next one made, or the only one
+  /// that there is. "" when it need not wait.
+  const std::string& undoWaitsFor() const;
   /// Answers whether there was something to undo. std::logic_error inside of a group.
   bool undo();
   bool redo();
@@ -38,15 +43,23 @@ class UndoManager : public std::enable_shared_from_this<UndoManager> {
  private:
   friend class UndoGroup;
   using Log = std::shared_ptr<ChangeLog>;
+  struct Undone {
+    Log log;
+    std::unordered_set<std::uint32_t> wentOn;  ///< Numbers of the logs that were open.
+  };
 
   Log open(std::string title);
   void close(const Log& log);
   void drop(const Log& log);
+  void forget(const Log& log);
+  Log next() const;
+  Log userOf(const Log& log) const;
   void requireNoGroup() const;
 
   ManagedContext& m_context;
   std::uint32_t m_logs = 0;
-  std::vector<Log> m_done, m_undone;  ///< The next one last.
+  std::vector<Log> m_done;       ///< In the order of their beginnings.
+  std::vector<Undone> m_undone;  ///< The next one last.
 };
 
 /// One undoable action: while it is in scope, all changes of the context belong to it. Inside of
@@ -54,7 +67,9 @@ class UndoManager : public std::enable_shared_from_this<UndoManager> {
 /// changes ends what could be redone.
 ///
 /// An action in steps suspends its group between them. Others may come in between, and can be
-/// undone while it goes on; itself it can when it has ended and they are undone.
+/// undone while it goes on; itself it can when it has ended and those that began later are undone.
+/// It makes objects and changes only these; of what others made it may use what was there when it
+/// began.
 class UndoGroup {
  public:
   UndoGroup(UndoManager& manager, std::string title);
@@ -74,6 +89,7 @@ class UndoGroup {
 
   std::weak_ptr<UndoManager> m_manager;
   std::shared_ptr<ChangeLog> m_log;  ///< None when part of another group, and at the end.
+  bool m_isNew = true;               ///< Has changed nothing yet.
   ChangeLog* m_outer = nullptr;      ///< That recorded when this was resumed.
 };
 

@@ -1041,6 +1041,14 @@
         <source>WAV Export: %1</source>
         <translation>WAV-Export: %1</translation>
     </message>
+    <message>
+        <source>%1: is still being heard; edit it when that has ended</source>
+        <translation>%1: Wird noch gehört; bearbeite es, wenn das zu Ende ist</translation>
+    </message>
+    <message>
+        <source>%1: is being recorded; stop the recording, then delete it</source>
+        <translation>%1: Wird gerade aufgenommen; stoppe die Aufnahme, dann lösche den Song</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -1349,6 +1357,14 @@
     <message>
         <source>Delete C&amp;hord</source>
         <translation>Akkord &amp;löschen</translation>
+    </message>
+    <message>
+        <source>%1 (after: %2)</source>
+        <translation>%1 (nach: %2)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; still goes on; end it or wait for its end, then undo</source>
+        <translation>„%1“ läuft noch; beende es oder warte das Ende ab, dann rückgängig machen</translation>
     </message>
 </context>
 <context>
@@ -1820,6 +1836,14 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Keep exported tablature in %1? The settings name another folder.</source>
         <translation>Exportierte Tabulaturen in %1 ablegen? Die Einstellungen ändern das.</translation>
+    </message>
+    <message>
+        <source>Korvel ended while it recorded; import the recording from %1.</source>
+        <translation>Korvel wurde beendet, während es aufnahm; importiere die Aufnahme aus %1.</translation>
+    </message>
+    <message>
+        <source>Korvel ended while it imported %1; the song %2 has what was heard until then. Import the file again to have all of it.</source>
+        <translation>Korvel wurde beendet, während es %1 importierte; der Song %2 enthält, was bis dahin gehört wurde. Importiere die Datei noch einmal, um alles zu haben.</translation>
     </message>
 </context>
 <context>
