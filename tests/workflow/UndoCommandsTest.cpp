@@ -7,6 +7,7 @@
 #include <random>
 
 #include "model/QBMeasure.h"
+#include "platform/PackedText.h"
 #include "platform/PlainRunLoop.h"
 #include "platform/persistence/StoreFile.h"
 #include "platform/persistence/UndoManager.h"
@@ -284,6 +285,18 @@ TEST_F(UndoCommandsTest, steppedImportIsOneActionBesideOthers) {
   platform::PlainRunLoop::ofProcess().runUntil([&] { return !later->isRunning(); });
   while (m_session.undo()) continue;
   EXPECT_EQ(saved(), before);
+}
+
+/// Each edit of a song keeps the tablature that it had.
+TEST_F(UndoCommandsTest, tablatureThatIsKeptForUndoTakesLittle) {
+  std::string text;
+  for (int line = 0; line < 1000; ++line)
+    text += "|E---- -" + std::to_string(line % 13) + "----0--\n";
+  const platform::PackedText packed(text);
+  EXPECT_LT(packed.bytes(), text.size() / 10);
+  EXPECT_EQ(packed.text(), text);
+  EXPECT_EQ(platform::PackedText("Waltz").text(), "Waltz");
+  EXPECT_EQ(platform::PackedText("").text(), "");
 }
 
 }  // namespace

@@ -21,6 +21,8 @@ class Attribute {
   bool isSet() const { return m_set; }
 
  private:
+  template <class U>
+  friend class ChangeOf;
   friend class ManagedObject;
   template <auto Member>
   friend struct AttributeAccess;
