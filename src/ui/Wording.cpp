@@ -17,6 +17,8 @@ constexpr const char* kLines[] = {
     QT_TRANSLATE_NOOP("Wording", "%1: there is an album of that name already; choose another name"),
     QT_TRANSLATE_NOOP("Wording",
                       "%1: the album has a song of that title already; choose another title"),
+    QT_TRANSLATE_NOOP("Wording", "%1: is still being heard; edit it when that has ended"),
+    QT_TRANSLATE_NOOP("Wording", "%1: is being recorded; stop the recording, then delete it"),
     QT_TRANSLATE_NOOP("Wording", "%1: there is a tuning of that name already; choose another name"),
     QT_TRANSLATE_NOOP("Wording",
                       "%1: there is an instrument of that name already; choose another name"),

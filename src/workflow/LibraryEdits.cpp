@@ -17,6 +17,7 @@
 #include "platform/persistence/UndoManager.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
+#include "workflow/SongInWork.h"
 #include "workflow/TuningForNow.h"
 
 namespace korvel {
@@ -87,6 +88,7 @@ QBAlbum* cloneAlbum(QBAlbum& album) {
 
 void deleteAlbum(QBAlbum& album) {
   const platform::UndoGroup group(undoManager(), "Delete Album");
+  for (const QBSong* song : album.songs()) SongInWork::requireDeletable(*song);
   leave(album);
   db().deleteAlbum(&album);
   done("Album was successfully deleted.");

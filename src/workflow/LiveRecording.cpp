@@ -23,6 +23,7 @@
 #include "platform/persistence/UndoManager.h"
 #include "workflow/NewSong.h"
 #include "workflow/QBNameMgr.h"
+#include "workflow/SongInWork.h"
 #include "workflow/TuningForNow.h"
 
 namespace korvel {
@@ -104,6 +105,7 @@ void LiveRecording::make() {
   m_tuning = m_options.tuning;
   if (!m_tuning) m_tuning = QBTabMgr::db().selectedTuning();
   m_made->song()->setTuning(m_tuning);
+  m_mark = std::make_unique<SongInWork>(m_made->song(), SongInWork::Filler::recording);
   connect();
   m_recorder = std::make_unique<Recorder>(*this, m_made->song(), m_made->album());
 }
@@ -245,6 +247,7 @@ void LiveRecording::finish() {
 void LiveRecording::dropScratch() {
   const platform::UndoStep part(std::exchange(m_undo, nullptr));
   dropPrecise();
+  m_mark.reset();
   m_made.reset();
 }
 

@@ -28,6 +28,7 @@ class QBPreciseRecorder;
 class QBSong;
 class QBTuning;
 class QBWaveIn;
+class SongInWork;
 
 /// Records a guitar into a new song. Chords appear while it is played, as the classic detection
 /// hears them; at the end they are stored. Then, unless classic is what is wanted, the precise
@@ -129,6 +130,7 @@ class LiveRecording {
   Ending m_ending = Ending::asked;
   std::shared_ptr<platform::UndoGroup> m_undo;  ///< From start to end.
   std::unique_ptr<NewSong> m_made;
+  std::unique_ptr<SongInWork> m_mark;  ///< On the song made; it may go in the end.
   std::unique_ptr<LiveTake> m_take;
   platform::Ref<QBTuning> m_tuning;
   std::shared_ptr<QBChordAnalyser> m_analyser;

@@ -17,8 +17,10 @@
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
 #include "platform/persistence/UndoManager.h"
+#include "workflow/NewSong.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBSession.h"
+#include "workflow/SongInWork.h"
 #include "workflow/TuningForNow.h"
 
 namespace korvel {
@@ -80,6 +82,7 @@ void QBCmdImportSong::begin() {
     hearBlocks();
   m_recorder->startWithoutTimer("Test", 0.0F);
   m_scratch = m_source->album()->songs().snapshot().back();
+  m_mark = std::make_unique<SongInWork>(m_newSong, SongInWork::Filler::job);
   // What a killed program leaves in no album goes when the store is opened next.
   if (m_saving) m_scratch->setAlbum(nullptr);
   printOut("(2/3) scanning chords .....");
@@ -129,14 +132,25 @@ void QBCmdImportSong::nextStep() {
 bool QBCmdImportSong::step() {
   const platform::UndoStep part(m_undo);
   if (m_newSong->isDeleted()) {
-    abandon();
-    m_undo.reset();
-    return false;
+    rest();
+    return true;
   }
   decodeNextBlock();
   if (atEnd()) return false;
   takeChords();
   return true;
+}
+
+/// What is heard of a song that comes back would be half of it, if the import ended here.
+void QBCmdImportSong::rest() {
+  abandonSteps();
+  printOut("Import paused, its song was deleted; undo that to go on.");
+}
+
+void QBCmdImportSong::storeRenewed() {
+  if (!isStepped() || isRunning() || !m_recorder || m_newSong->isDeleted()) return;
+  printOut("Import goes on.");
+  beginSteps();
 }
 
 /// The last block may still grow until the file is at its end.
@@ -162,7 +176,13 @@ void QBCmdImportSong::takeChords() {
 }
 
 void QBCmdImportSong::tearDown() {
-  finish();
+  try {
+    finish();
+  } catch (...) {
+    abandon();
+    m_undo.reset();
+    throw;
+  }
   m_undo.reset();
   m_percent = kAll;
   printOut("Song successfully imported.");
@@ -184,10 +204,19 @@ void QBCmdImportSong::finish() {
 }
 
 void QBCmdImportSong::stopAndKeep() {
-  if (m_detection == ImportDetection::precise)
+  if (m_detection == ImportDetection::precise) {
+    m_cutShort = m_analyser->m_source()->progress() < 1;
     m_analyser->m_source()->stopRecord();
-  else
+  } else {
+    m_cutShort = !atEnd();
     stop();
+  }
+}
+
+void QBCmdImportSong::endNow() {
+  stopAndKeep();
+  while (isRunning()) nextStep();
+  if (!m_newSong->isDeleted() && !hasTones(*m_newSong)) cancelAndDrop();
 }
 
 void QBCmdImportSong::cancelAndDrop() {
@@ -215,6 +244,7 @@ void QBCmdImportSong::dropBuffers() {
   m_scratch = nullptr;
   m_recorder.reset();
   m_analyser.reset();
+  m_mark.reset();
 }
 
 /// The album stays when the user has put other songs there meanwhile, and with it the action that

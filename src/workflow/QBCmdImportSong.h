@@ -18,10 +18,12 @@ class QBChordAnalyser;
 class QBMediaTrack;
 class QBRecorder;
 class QBTuning;
+class SongInWork;
 
 /// Turns a media file into the chords and the tablature of a song. What is wrong with a file shows
 /// in the log only; a file without sound leaves a song without chords and without tablature.
 /// `stop` between two steps ends an import early, and leaves the song with the chords so far.
+/// A stepped import whose song is deleted rests, and goes on when an undo brings the song back.
 /// The tuning that is selected at the beginning is that of the whole import.
 class QBCmdImportSong final : public QBCmdAlbum {
  public:
@@ -53,11 +55,17 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void stopAndKeep() override;
   /// Deletes the song; there is nothing to undo then.
   void cancelAndDrop() override;
+  /// Keeps what `stopAndKeep` does, unless nothing was heard. An hour of sound may take ten
+  /// seconds.
+  void endNow() override;
+  void storeRenewed() override;
   /// Type and name without a blank between them: the form that the job list shows.
   std::string fullTitle() const override { return m_type + m_name; }
   bool usesAsScratch(const QBSong& song) const override { return m_scratch == &song; }
   const std::string& file() const { return m_file; }
   QBSong* newSong() const;
+  /// The end of the file was not heard.
+  bool isCutShort() const { return m_cutShort; }
 
   /// Called after each step with the share of the work that is done, 0..1.
   void onProgress(std::function<void(double)> listener) { m_listener = std::move(listener); }
@@ -69,6 +77,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void hearBlocks();
   void hearPrecisely();
   bool step();
+  void rest();
   void decodeNextBlock();
   bool atEnd() const;
   bool takeNextChord();
@@ -84,10 +93,12 @@ class QBCmdImportSong final : public QBCmdAlbum {
   precise::Settings m_settings{};
   bool m_saving = false;
   bool m_ownsAlbum = false;
+  bool m_cutShort = false;
   platform::Ref<QBTuning> m_tuning;
   std::shared_ptr<QBMediaTrack> m_decoding;  ///< While a stepped import decodes its file.
   std::shared_ptr<QBChordAnalyser> m_analyser;
   std::unique_ptr<QBRecorder> m_recorder;
+  std::unique_ptr<SongInWork> m_mark;
   std::size_t m_unsaved = 0;        ///< Chords.
   platform::Ref<QBSong> m_scratch;  ///< The recorder's.
   std::function<void(double)> m_listener;

@@ -23,6 +23,10 @@ void QBCommand::run() {
 void QBCommand::runInBackground() {
   m_stepped = true;
   prepare();
+  beginSteps();
+}
+
+void QBCommand::beginSteps() {
   m_timer = platform::RunLoop::main().scheduleRepeating(kStepSeconds, [this] {
     try {
       nextStep();

@@ -37,6 +37,10 @@ class QBCommand {
   /// without a trace.
   virtual void stopAndKeep() { stop(); }
   virtual void cancelAndDrop() { stop(); }
+  /// The program is to end: ends a running command before it returns, and keeps what is worth it.
+  virtual void endNow() { cancelAndDrop(); }
+  /// Something was undone or done again, which may have brought back what the command works on.
+  virtual void storeRenewed() {}
 
   void printOut(std::string_view text) { appendOut(text); }
   void appendOut(std::string_view text);
@@ -54,6 +58,7 @@ class QBCommand {
   bool isStepped() const { return m_stepped; }
   /// Ends the steps without tearing down.
   void abandonSteps() { m_timer.reset(); }
+  void beginSteps();
 
  private:
   bool m_stepped = false;

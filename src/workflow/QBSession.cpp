@@ -152,6 +152,8 @@ void QBSession::renewViews() {
     setActiveTreeNode(nullptr);
   refreshTree();
   if (m_song) setActiveSong(m_song->isDeleted() ? nullptr : m_song.get());
+  for (std::size_t job = 0; job < m_jobs.size(); ++job) m_jobs[job]->storeRenewed();
+  if (m_views.batch) m_views.batch->reload();
 }
 
 // ---- what the user works on

@@ -19,7 +19,9 @@
 #include "model/QBTone.h"
 #include "model/QBTuning.h"
 #include "platform/persistence/UndoManager.h"
+#include "workflow/LibraryEdits.h"
 #include "workflow/MeasureLayout.h"
+#include "workflow/SongInWork.h"
 #include "workflow/TuningForNow.h"
 
 namespace korvel {
@@ -76,6 +78,8 @@ SongEditor::SongEditor(QBSong& song) : m_song(&song) {}
 SongEditor::~SongEditor() = default;
 
 void SongEditor::edit(const std::string& title, const std::function<void()>& work) {
+  if (SongInWork::is(*m_song))
+    throw EditRefused(m_song->title() + ": is still being heard; edit it when that has ended");
   QBTabMgr& db = QBTabMgr::db();
   const TuningForNow tuning(m_song->tuning());
   platform::UndoGroup group(db.context().undoManager(), title);

@@ -9,6 +9,7 @@
 #include "workflow/QBSession.h"
 #include "workflow/QBSongMenu.h"
 #include "workflow/QBSongNode.h"
+#include "workflow/SongInWork.h"
 #include "workflow/TuningForNow.h"
 
 namespace korvel {
@@ -43,6 +44,7 @@ void leaveDeleted() {
 template <class Order>
 auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
   requireChords(song, command);
+  if (command.command == kDelete) SongInWork::requireDeletable(song);
   const TuningForNow chosen(song.tuning());
   const SavedWhenLogged saved;
   const auto answer = order();

@@ -13,6 +13,7 @@
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
 #include "workflow/QBSession.h"
+#include "workflow/SongEditor.h"
 
 namespace korvel {
 namespace {
@@ -84,15 +85,36 @@ TEST_F(ImportDeskTest, droppedImportLeavesNothing) {
   const auto dropped = start(ImportDetection::classic);
   runUntil([&] { return dropped->newSong()->chords().size() == 3; });
   dropped->cancelAndDrop();
-  const auto orphaned = start(ImportDetection::classic);
-  runUntil([&] { return orphaned->newSong()->chords().size() == 3; });
-  QBTabMgr::db().deleteAlbum(orphaned->newSong()->album());
-  runUntil([&] { return !orphaned->isRunning(); });
   QBTabMgr::db().save();
   for (const char* entity : {"QBBlock", "QBChord", "QBTone"})
     EXPECT_EQ(stored(entity), 0U) << entity;
   EXPECT_EQ(stored("QBSong"), songs);
   EXPECT_EQ(stored("QBAlbum"), albums);
+}
+
+TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
+  const auto whole = start(ImportDetection::classic);
+  runUntil([&] { return !whole->isRunning(); });
+  const std::string expected = test::linesOf(*whole->newSong());
+  const auto import = start(ImportDetection::classic);
+  const platform::Ref<QBSong> song = import->newSong();
+  for (const std::size_t chords : {3U, 6U}) {
+    runUntil([&] { return song->chords().size() == chords; });
+    EXPECT_THROW(SongEditor(*song).setFret(0, 0, 3), EditRefused) << "the next chord is to come";
+    deleteAlbum(*song->album());
+    runUntil([&] { return !import->isRunning(); });
+    EXPECT_TRUE(song->isDeleted());
+    EXPECT_TRUE(QBSession::session().undo());
+    EXPECT_TRUE(import->isRunning());
+    EXPECT_FALSE(QBSession::session().redo()) << "it would leave the chords that come now";
+  }
+  runUntil([&] { return !import->isRunning(); });
+  EXPECT_EQ(test::linesOf(*song), expected);
+  EXPECT_TRUE(song->hasTabulature());
+  SongEditor(*song).setFret(0, 0, 3);
+  for (int action = 0; action < 3; ++action) EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_EQ(stored("QBChord"), 0U);
+  EXPECT_EQ(stored("QBBlock"), 0U);
 }
 
 TEST_F(ImportDeskTest, droppedImportLeavesSongsThatWereMovedToItsAlbum) {

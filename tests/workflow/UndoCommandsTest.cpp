@@ -287,6 +287,21 @@ TEST_F(UndoCommandsTest, steppedImportIsOneActionBesideOthers) {
   EXPECT_EQ(saved(), before);
 }
 
+TEST_F(UndoCommandsTest, importWhoseEndFailsCanBeUndone) {
+  const std::string before = saved();
+  const std::string file = m_desk.folder().file("a.wav");
+  test::writeWav(file, test::fewChords());
+  LibraryTree tree;
+  const auto import = ImportDesk(tree).importFile(file);
+  import->nextStep();
+  context().store().execute("PRAGMA query_only = 1");
+  EXPECT_ANY_THROW(import->stop());
+  context().store().execute("PRAGMA query_only = 0");
+  EXPECT_FALSE(import->isRunning());
+  EXPECT_TRUE(m_session.undo());
+  EXPECT_EQ(saved(), before);
+}
+
 /// Each edit of a song keeps the tablature that it had.
 TEST_F(UndoCommandsTest, tablatureThatIsKeptForUndoTakesLittle) {
   std::string text;
