@@ -3,6 +3,7 @@
 
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "ui/JobRow.h"
 #include "workflow/QBCommand.h"
@@ -57,6 +58,7 @@ void JobPanel::reload() {
 void JobPanel::update() {
   const auto running = std::ranges::count_if(m_jobs, [](JobRow* row) { return row->update(); });
   if (running == 0) m_clock.stop();
+  if (std::exchange(m_running, running) != running) emit runningChanged();
 }
 
 }  // namespace korvel::ui

@@ -3,6 +3,7 @@
 
 #include <QScrollArea>
 #include <QTimer>
+#include <cstddef>
 #include <vector>
 
 #include "workflow/SessionViews.h"
@@ -29,12 +30,15 @@ class JobPanel final : public QScrollArea, public BatchView {
 
  signals:
   void jobAdded();
+  /// More or fewer jobs run than before.
+  void runningChanged();
 
  private:
   void update();
 
   QVBoxLayout* m_rows;
   std::vector<JobRow*> m_jobs;
+  std::ptrdiff_t m_running = 0;
   QTimer m_clock;
 };
 

@@ -194,6 +194,7 @@ void MainWindow::addPanels() {
   else
     resizeDocks({roll, neck}, {size.height() / 5, size.height() / 4}, Qt::Vertical);
   connect(m_jobs, &JobPanel::jobAdded, jobs, &QWidget::raise);
+  connect(m_jobs, &JobPanel::runningChanged, this, &MainWindow::rememberRunning);
 }
 
 QDockWidget* MainWindow::addPanel(const QString& title, const char* name, QWidget* panel,
@@ -248,10 +249,9 @@ void MainWindow::openLastSong() {
 
 void MainWindow::greet() {
   Preferences preferences;
-  for (const QString& file : preferences.runningImports())
-    m_log->addLogText(
-        tr("Korvel ended while it imported %1; import it again.").arg(file).toStdString());
+  for (const ImportUnderWay& each : preferences.runningImports()) tellOfInterrupted(each);
   preferences.setRunningImports({});
+  m_tree->refreshAllContents();
   offerTakes();
   if (!preferences.askedForFolder()) offerWorkFolder();
 }
@@ -274,6 +274,17 @@ void MainWindow::offerTakes() {
       0,
       new OfferBar(tr("Korvel ended while it recorded. Make a song of what is in %1?").arg(files),
                    [this, takes] { importFiles(takes); }));
+}
+
+void MainWindow::tellOfInterrupted(const ImportUnderWay& import) {
+  const QBSong* song = ImportDesk::mend(import);
+  const QString file = toText(import.file);
+  const QString text =
+      song ? tr("Korvel ended while it imported %1; the song %2 has what was heard until then. "
+                "Import the file again to have all of it.")
+                 .arg(file, toText(song->title()))
+           : tr("Korvel ended while it imported %1; import it again.").arg(file);
+  m_log->addLogText(text.toStdString());
 }
 
 void MainWindow::offerWorkFolder() {
@@ -318,13 +329,7 @@ bool MainWindow::isBusy() const {
 }
 
 /// So that the next start can tell, should this one be killed.
-void MainWindow::rememberRunning() {
-  Preferences().setRunningImports([] {
-    QStringList files;
-    for (const std::string& file : ImportDesk::running()) files.append(toText(file));
-    return files;
-  }());
-}
+void MainWindow::rememberRunning() { Preferences().setRunningImports(ImportDesk::running()); }
 
 void MainWindow::importFiles(const QStringList& files) { m_actions->importFiles(files); }
 
@@ -420,16 +425,26 @@ void MainWindow::rememberSong() const {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   rememberSong();
-  m_player->stop();
-  m_record->finish();
-  rememberRunning();
-  ImportDesk::dropAll();
   Preferences preferences;
   preferences.setWindowGeometry(saveGeometry());
   preferences.setWindowState(saveState());
   preferences.setOpenBranches(m_tree->openBranches());
+  endWork();
   QBSession::session().sayGoodBye();
   event->accept();
+}
+
+/// What is heard of a long recording may take some seconds more, for which the user need not see
+/// the window.
+void MainWindow::endWork() {
+  m_player->stop();
+  rememberRunning();
+  if (m_record->isBusy() || !ImportDesk::running().empty()) {
+    hide();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
+  m_record->finish();
+  Preferences().setRunningImports(ImportDesk::endAll());
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

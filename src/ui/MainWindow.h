@@ -110,6 +110,8 @@ class MainWindow final : public QMainWindow, public SongView {
   void offerWorkFolder();
   void rememberRunning();
   void rememberSong() const;
+  void tellOfInterrupted(const ImportUnderWay& import);
+  void endWork();
   void printSong();
   void exportPdf();
   void showHelp();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Preferences.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 
@@ -18,6 +19,12 @@ constexpr int kFretsAtFirst = 19;
 QString placeOf(const QString& file) {
   const QString place = QFileInfo(file).canonicalFilePath();
   return place.isEmpty() ? file : place;
+}
+
+/// Windows on several stores have the same preferences.
+QString keyOfRunning() {
+  const QByteArray path = QByteArray::fromStdString(QBTabMgr::storePath());
+  return "running/" + QCryptographicHash::hash(path, QCryptographicHash::Md5).toHex();
 }
 
 }  // namespace
@@ -55,9 +62,28 @@ void Preferences::setDetection(ImportDetection detection, const precise::Setting
   m_store.setValue("detection/fret", settings.fingering.position.fret);
 }
 
+std::vector<ImportUnderWay> Preferences::runningImports() const {
+  std::vector<ImportUnderWay> imports;
+  for (const QVariant& each : m_store.value(keyOfRunning()).toList()) {
+    const QVariantList parts = each.toList();
+    if (parts.size() == 3)
+      imports.push_back({parts[0].toString().toStdString(), parts[1].toLongLong(),
+                         parts[2].toString().toStdString()});
+  }
+  return imports;
+}
+
 /// At once, for it is read by the next start after one that was killed.
-void Preferences::setRunningImports(const QStringList& files) {
-  m_store.setValue("running", files);
+void Preferences::setRunningImports(const std::vector<ImportUnderWay>& imports) {
+  QVariantList list;
+  for (const ImportUnderWay& each : imports) {
+    const QVariantList parts{toText(each.file), qlonglong(each.song), toText(each.title)};
+    list.append(QVariant(parts));
+  }
+  if (list.isEmpty())
+    m_store.remove(keyOfRunning());
+  else
+    m_store.setValue(keyOfRunning(), list);
   m_store.sync();
 }
 

@@ -5,9 +5,11 @@
 #include <QSettings>
 #include <QString>
 #include <QStringList>
+#include <vector>
 
 #include "analysis/precise/Settings.h"
 #include "ui/Appearance.h"
+#include "workflow/ImportDesk.h"
 #include "workflow/ImportDetection.h"
 
 namespace korvel::ui {
@@ -66,9 +68,9 @@ class Preferences {
   /// The user was asked for a working directory once.
   bool askedForFolder() const { return m_store.value("askedForFolder").toBool(); }
   void setAskedForFolder() { m_store.setValue("askedForFolder", true); }
-  /// Files whose import was running when this was last written.
-  QStringList runningImports() const { return m_store.value("running").toStringList(); }
-  void setRunningImports(const QStringList& files);
+  /// Imports into the open store that were running when this was last written.
+  std::vector<ImportUnderWay> runningImports() const;
+  void setRunningImports(const std::vector<ImportUnderWay>& imports);
 
   /// Files left by recordings that did not end, of which the user knows.
   QStringList knownTakes() const { return m_store.value("knownTakes").toStringList(); }

@@ -11,11 +11,13 @@
 #include "platform/Utf8.h"
 #include "platform/persistence/UndoManager.h"
 #include "workflow/LibraryTree.h"
+#include "workflow/NewSong.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBCmdImportSong.h"
 #include "workflow/QBNameMgr.h"
 #include "workflow/QBSession.h"
 #include "workflow/SoundCheck.h"
+#include "workflow/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -34,6 +36,29 @@ QBSong* newSong(const std::string& file, QBAlbum* into) {
   QBSong* song = album->createSong(into ? QBNameMgr(into, name).newName() : album->name());
   song->setTuning(db.selectedTuning());
   return song;
+}
+
+ImportUnderWay stateOf(const QBCmdImportSong& import) {
+  return {import.file(), import.newSong()->objectId(), import.newSong()->title()};
+}
+
+/// Whether all went well.
+bool ended(QBCommand& job) {
+  try {
+    job.endNow();
+    return true;
+  } catch (const std::exception& exception) {
+    QBSession::session().handleException("endJob", exception);
+    return false;
+  }
+}
+
+/// An id may have been given again, to a song of another title.
+QBSong* storedSong(const ImportUnderWay& import) {
+  for (const auto& album : QBTabMgr::db().albums())
+    for (QBSong* song : album->songs())
+      if (song->objectId() == import.song && song->title() == import.title) return song;
+  return nullptr;
 }
 
 }  // namespace
@@ -77,23 +102,44 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAl
   return command;
 }
 
-void ImportDesk::dropAll() {
+std::vector<ImportUnderWay> ImportDesk::endAll() {
   const QBSession& session = QBSession::session();
+  std::vector<ImportUnderWay> interrupted;
   // The later first: it may import into the album of one before.
   for (std::size_t i = session.numberOfCurrentJobs(); i-- > 0;) {
     QBCommand& job = session.findJobByIndex(i);
-    if (job.isRunning()) job.cancelAndDrop();
+    if (!job.isRunning()) continue;
+    const bool whole = ended(job);
+    const auto* import = dynamic_cast<QBCmdImportSong*>(&job);
+    if (import && (!whole || import->isCutShort())) interrupted.push_back(stateOf(*import));
   }
+  return interrupted;
 }
 
-std::vector<std::string> ImportDesk::running() {
+std::vector<ImportUnderWay> ImportDesk::running() {
   const QBSession& session = QBSession::session();
-  std::vector<std::string> files;
+  std::vector<ImportUnderWay> imports;
   for (std::size_t i = 0; i < session.numberOfCurrentJobs(); ++i) {
     const auto* import = dynamic_cast<QBCmdImportSong*>(&session.findJobByIndex(i));
-    if (import && import->isRunning()) files.push_back(import->file());
+    if (import && import->isRunning()) imports.push_back(stateOf(*import));
   }
-  return files;
+  return imports;
+}
+
+QBSong* ImportDesk::mend(const ImportUnderWay& interrupted) {
+  const platform::Ref<QBSong> song = storedSong(interrupted);
+  if (!song || song->hasTabulature()) return song;
+  if (hasTones(*song)) {
+    const TuningForNow chosen(song->tuning());
+    song->buildTab();
+  } else {
+    const platform::Ref<QBAlbum> album = song->album();
+    album->deleteSong(song);
+    if (album->songs().empty() && album->name() == interrupted.title)
+      QBTabMgr::db().deleteAlbum(album);
+  }
+  QBTabMgr::db().save();
+  return song->isDeleted() ? nullptr : song.get();
 }
 
 }  // namespace korvel

@@ -30,6 +30,7 @@
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/ImportDesk.h"
+#include "workflow/LibraryEdits.h"
 #include "workflow/QBSession.h"
 #include "workflow/QBSongNode.h"
 
@@ -228,10 +229,35 @@ TEST_F(MainWindowTest, jobIsDroppedByItsButton) {
 }
 
 TEST_F(MainWindowTest, startAfterAKillSaysWhatWasRunning) {
-  Preferences().setRunningImports({"/tmp/Waltz.mp3"});
+  Preferences().setRunningImports({{"/tmp/Waltz, slow.mp3", 7, "Waltz"}});
+  QBTabMgr::setStorePath(m_folder.file("Other.sqlite"));
+  EXPECT_TRUE(Preferences().runningImports().empty()) << "that is another store";
+  QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
   m_window->greet();
-  EXPECT_TRUE(log().contains("/tmp/Waltz.mp3"));
-  EXPECT_TRUE(Preferences().runningImports().isEmpty());
+  EXPECT_TRUE(log().contains("imported /tmp/Waltz, slow.mp3; import it again."));
+  EXPECT_TRUE(Preferences().runningImports().empty());
+}
+
+TEST_F(MainWindowTest, closingKeepsWhatAnImportHasHeard) {
+  Preferences().setDetection(ImportDetection::classic, {});
+  close();
+  open();
+  newAlbum("Practice");
+  m_window->importFiles({QString::fromStdString(m_file)});
+  ASSERT_TRUE(QTest::qWaitFor([] { return QBTabMgr::db().context().fetch("QBChord").size() > 3; }));
+  const auto undo = m_window->findChild<EditMenu*>()->actions().front();
+  undo->trigger();
+  EXPECT_TRUE(log().endsWith("Undo New Album"));
+  EXPECT_EQ(titles(), "Tune/Tune ");
+  undo->trigger();
+  EXPECT_TRUE(m_window->statusMessage().startsWith("\"Import WAV File\" still goes on"));
+  close();
+  QBTabMgr::clearDb();
+  open();
+  m_window->greet();
+  EXPECT_TRUE(log().contains("the song Tune has what was heard until then")) << log().toStdString();
+  EXPECT_EQ(titles(), "Tune/Tune ");
+  EXPECT_TRUE(QBTabMgr::db().albums().at(0)->songs().at(0)->hasTabulature());
 }
 
 TEST_F(MainWindowTest, fileWithoutSoundIsSaidInTheStatusBar) {

@@ -214,12 +214,37 @@ class Session:
         for fret in "3579":
             self.window.keys(fret)
         self.start_after_kill()
-        self.import_without_end()
+        self.import_without_end("Morning")
         self.start_after_kill()
+        self.expect_log(f"Korvel ended while it imported {self.home}/Morning.ogg; import it again.")
         self.picture("8-after-a-kill")
 
-    def import_without_end(self):
-        long = self.home / "Evening.ogg"
+    def edit_beside_an_import(self):
+        """What was done before the import is taken back while it goes on, and done again."""
+        self.window.click("text", "Tablature")
+        self.window.keys("ctrl+Home")
+        before = self.place()
+        self.window.keys("9")
+        wait_for("fret 9", lambda: "fret 9" in self.place())
+        self.import_without_end("Evening")
+        self.window.keys("ctrl+z")
+        wait_for("the fret before", lambda: self.place() == before)
+        self.window.keys("ctrl+shift+z")
+        wait_for("fret 9 again", lambda: "fret 9" in self.place())
+        if "successfully imported." in self.log():
+            raise AssertionError("the import was over too early")
+        self.picture("9-undone-beside-an-import")
+
+    def expect_import_kept(self):
+        """The window was closed in the middle of it."""
+        if not self.dump("Evening/Evening")["chords"]:
+            raise AssertionError("what the import had heard is lost")
+        self.start()
+        self.song_cell("Evening")
+        self.picture("10-after-closing-in-an-import")
+
+    def import_without_end(self, name):
+        long = self.home / f"{name}.ogg"
         subprocess.run(["ffmpeg", "-v", "error", "-stream_loop", "100", "-i", self.recording, "-c",
                         "copy", str(long)], check=True)
         subprocess.run([self.program, str(long)], env=self.environment, check=True)
@@ -261,6 +286,9 @@ def main():
         session.speak("English", "Sprache", "File")
         session.expect_as_left()
         session.survive_being_killed()
+        session.edit_beside_an_import()
+        session.end()
+        session.expect_import_kept()
         session.end()
     except AssertionError:
         session.picture("failed")

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+
 #include "platform/PlainRunLoop.h"
 #include "support/Guitar.h"
 #include "support/RecordingViews.h"
@@ -117,6 +120,49 @@ TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
   EXPECT_EQ(stored("QBBlock"), 0U);
 }
 
+TEST_F(ImportDeskTest, endOfTheProgramKeepsWhatWasHeard) {
+  const auto classic = start(ImportDetection::classic);
+  const auto precise = start(ImportDetection::precise);
+  runUntil([&] { return classic->newSong()->chords().size() == 5; });
+  const auto silent = start(ImportDetection::classic);
+  const auto interrupted = ImportDesk::endAll();
+  EXPECT_TRUE(ImportDesk::running().empty());
+  EXPECT_EQ(classic->newSong()->chords().size(), 5U);
+  EXPECT_TRUE(classic->newSong()->hasTabulature());
+  EXPECT_TRUE(precise->newSong()->hasTabulature());
+  EXPECT_TRUE(silent->newSong()->isDeleted()) << "nothing of it was heard yet";
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+  std::vector<std::string> titles;
+  for (const ImportUnderWay& each : interrupted) titles.push_back(each.title);
+  EXPECT_NE(std::ranges::find(titles, classic->newSong()->title()), titles.end());
+}
+
+TEST_F(ImportDeskTest, whatAKilledProgramLeftOfAnImportIsMended) {
+  const auto import = start(ImportDetection::classic);
+  runUntil([&] { return import->newSong()->chords().size() == 5; });
+  const auto unheard = start(ImportDetection::precise);
+  const auto running = ImportDesk::running();
+  ASSERT_EQ(running.size(), 2U);
+  EXPECT_EQ(running.front().file, m_file);
+  QBTabMgr::db().save();
+  const std::string left = m_folder.file("Left.sqlite");
+  std::filesystem::copy_file(QBTabMgr::storePath(), left);
+  unheard->cancelAndDrop();
+  import->cancelAndDrop();
+  m_tree.reset();
+  QBTabMgr::clearDb();
+  QBTabMgr::setStorePath(left);
+  m_tree.emplace();
+  QBSong* song = ImportDesk::mend(running.front());
+  ASSERT_NE(song, nullptr);
+  EXPECT_EQ(song->chords().size(), 5U);
+  EXPECT_TRUE(song->hasTabulature());
+  EXPECT_EQ(ImportDesk::mend(running.back()), nullptr) << "nothing was heard of it";
+  EXPECT_EQ(QBTabMgr::db().albums().size(), 1U);
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+  EXPECT_EQ(ImportDesk::mend({"other.wav", song->objectId(), "Other"}), nullptr);
+}
+
 TEST_F(ImportDeskTest, droppedImportLeavesSongsThatWereMovedToItsAlbum) {
   QBAlbum* home = QBTabMgr::db().createAlbum("Home", false);
   const platform::Ref<QBSong> moved = home->createSong("Waltz");
@@ -125,7 +171,8 @@ TEST_F(ImportDeskTest, droppedImportLeavesSongsThatWereMovedToItsAlbum) {
   const platform::Ref<QBAlbum> album = import->newSong()->album();
   runUntil([&] { return into->newSong()->chords().size() == 3; });
   moveSong(*moved, *album);
-  ImportDesk::dropAll();
+  into->cancelAndDrop();
+  import->cancelAndDrop();
   EXPECT_EQ(moved->album(), album.get());
   EXPECT_EQ(album->songs().size(), 1U);
   QBSession::session().undo();

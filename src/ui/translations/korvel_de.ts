@@ -1838,10 +1838,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>Exportierte Tabulaturen in %1 ablegen? Die Einstellungen ändern das.</translation>
     </message>
     <message>
-        <source>Korvel ended while it recorded; import the recording from %1.</source>
-        <translation>Korvel wurde beendet, während es aufnahm; importiere die Aufnahme aus %1.</translation>
-    </message>
-    <message>
         <source>Korvel ended while it imported %1; the song %2 has what was heard until then. Import the file again to have all of it.</source>
         <translation>Korvel wurde beendet, während es %1 importierte; der Song %2 enthält, was bis dahin gehört wurde. Importiere die Datei noch einmal, um alles zu haben.</translation>
     </message>
