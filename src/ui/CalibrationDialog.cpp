@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -121,10 +122,19 @@ CalibrationDialog::CalibrationDialog(QWidget* parent)
   m_create = buttons->addButton(tr("Create &Instrument"), QDialogButtonBox::AcceptRole);
   connect(buttons, &QDialogButtonBox::accepted, this, &CalibrationDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &CalibrationDialog::reject);
+  auto* content = new QWidget;
+  auto* parts = new QVBoxLayout(content);
+  parts->setContentsMargins(0, 0, 0, 0);
+  parts->addWidget(instructions());
+  parts->addWidget(sources());
+  parts->addWidget(results(), 1);
+  auto* scrolled = new QScrollArea;  // for large fonts on small screens
+  scrolled->setWidget(content);
+  scrolled->setWidgetResizable(true);
+  scrolled->setFrameShape(QFrame::NoFrame);
+  scrolled->setFocusPolicy(Qt::NoFocus);
   auto* column = new QVBoxLayout(this);
-  column->addWidget(instructions());
-  column->addWidget(sources());
-  column->addWidget(results(), 1);
+  column->addWidget(scrolled);
   column->addWidget(buttons);
   m_clock.setInterval(kTick);
   connect(&m_clock, &QTimer::timeout, this, &CalibrationDialog::tick);
@@ -167,7 +177,9 @@ QGroupBox* CalibrationDialog::sources() {
   auto* column = new QVBoxLayout(box);
   auto* file = new QHBoxLayout;
   file->addWidget(m_browse);
-  file->addWidget(paragraph(tr("or drop a file here, or record now:")), 1);
+  QLabel* label = paragraph(tr("or drop a file here, or record now:"));
+  label->setBuddy(m_device);
+  file->addWidget(label, 1);
   auto* live = new QHBoxLayout;
   live->addWidget(m_device, 1);
   live->addWidget(m_record);
