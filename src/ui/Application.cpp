@@ -87,6 +87,7 @@ int Application::runWindow(SingleInstance& instance, FatalAlert& alert, Handed& 
   window.setLog(handed.log);
   window.greet();
   window.openLastSong();
+  QBTabMgr::db().context().checkAhead();
   window.importFiles(std::exchange(handed.files, {}));
   const int status = exec();
   handed.log = window.log();

@@ -80,6 +80,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
 std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
   requireSound(file);
   if (m_detection == ImportDetection::classic) requireInstrument();
+  QBTabMgr::db().context().checkAhead();
   const auto undo = std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
                                                           "Import WAV File");
   QBSong* song = newSong(file, into);

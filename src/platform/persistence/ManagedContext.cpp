@@ -6,6 +6,7 @@
 
 #include "platform/persistence/ChangeLog.h"
 #include "platform/persistence/ManagedContextTable.h"
+#include "platform/persistence/StoreCheck.h"
 #include "platform/persistence/StoreError.h"
 #include "platform/persistence/UndoManager.h"
 

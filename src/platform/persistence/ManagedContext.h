@@ -17,6 +17,7 @@
 namespace korvel::platform {
 
 class ChangeLog;
+class StoreCheck;
 class UndoManager;
 
 /// The graph of objects over one open store: reads rows when they are asked for, keeps one object
@@ -45,6 +46,12 @@ class ManagedContext {
       typed.emplace_back(static_cast<T*>(object.get()));
     return typed;
   }
+
+  /// Begins the check that the first `save` needs, in a thread, so that it need not do it. Nothing
+  /// happens when it has begun or is over.
+  void checkAhead();
+  /// `save` would have to wait for that check.
+  bool isBeingChecked() const;
 
   bool hasChanges() const;
   /// Writes all changes in one transaction, the first time after a check of the store, so that a
@@ -102,6 +109,7 @@ class ManagedContext {
   static void forgetRelationships(ManagedObject& object);
 
   // Writing.
+  void requireSound();
   std::int64_t nextId(Table& table);
   static void bindTarget(const ToOneSlot& slot, SqliteStatement& statement, int parameter);
   void writeInserted(Table& table);
@@ -113,6 +121,7 @@ class ManagedContext {
   const ObjectModel& m_model;
   std::vector<std::unique_ptr<Table>> m_tables;
   std::unordered_map<std::string, SqliteStatement> m_statements;
+  std::unique_ptr<StoreCheck> m_check;
   bool m_checked = false;
   ChangeLog* m_log = nullptr;  ///< Of the action under way.
   std::shared_ptr<UndoManager> m_undoManager;

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "platform/persistence/ManagedContextTable.h"
+#include "platform/persistence/StoreCheck.h"
 #include "platform/persistence/StoreFile.h"
 
 namespace korvel::platform {
@@ -21,10 +22,25 @@ bool ManagedContext::hasChanges() const {
   });
 }
 
+void ManagedContext::checkAhead() {
+  if (!m_checked && !m_check) m_check = std::make_unique<StoreCheck>(m_store->file());
+}
+
+bool ManagedContext::isBeingChecked() const { return m_check && !m_check->isOver(); }
+
+/// A store in which damage was found is looked at again by the next try.
+void ManagedContext::requireSound() {
+  if (m_checked) return;
+  if (const auto check = std::move(m_check))
+    check->requireSound();
+  else
+    StoreFile::requireSound(*m_store);
+  m_checked = true;
+}
+
 void ManagedContext::save() {
   if (!hasChanges()) return;
-  if (!m_checked) StoreFile::requireSound(*m_store);
-  m_checked = true;
+  requireSound();
   SqliteTransaction change(*m_store);
   for (const auto& table : m_tables) {
     writeInserted(*table);

@@ -16,8 +16,27 @@ int openFlags(SqliteDatabase::Mode mode) {
       return SQLITE_OPEN_READWRITE;
     case SqliteDatabase::Mode::create:
       return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    case SqliteDatabase::Mode::lockedByUs:
+      return SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
   }
   return SQLITE_OPEN_READONLY;
+}
+
+/// A file that cannot change is read without asking for a lock, which we have ourselves.
+std::string nameFor(const std::string& file, SqliteDatabase::Mode mode) {
+  if (mode != SqliteDatabase::Mode::lockedByUs) return file;
+  std::string name = file.starts_with('/') ? "file://" : "file:";
+  for (const char c : file) {
+    if (c == '%')
+      name += "%25";
+    else if (c == '?')
+      name += "%3f";
+    else if (c == '#')
+      name += "%23";
+    else
+      name += c;
+  }
+  return name + "?immutable=1";
 }
 
 StoreError::Reason reasonOf(int code) {
@@ -66,8 +85,8 @@ void SqliteDatabase::Close::operator()(sqlite3* connection) const { sqlite3_clos
 
 SqliteDatabase::SqliteDatabase(std::string file, Mode mode) : m_file(std::move(file)) {
   sqlite3* connection = nullptr;
-  const int result =
-      sqlite3_open_v2(m_file.c_str(), &connection, openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int result = sqlite3_open_v2(nameFor(m_file, mode).c_str(), &connection,
+                                     openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
   m_connection.reset(connection);
   if (result != SQLITE_OK) fail("cannot open the store");
   sqlite3_extended_result_codes(connection, 1);
@@ -85,6 +104,8 @@ void SqliteDatabase::execute(const std::string& sql) {
   if (sqlite3_exec(m_connection.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
     fail("cannot change the store");
 }
+
+void SqliteDatabase::interrupt() { sqlite3_interrupt(m_connection.get()); }
 
 SqliteStatement SqliteDatabase::prepare(const std::string& sql) { return {*this, sql}; }
 

@@ -21,7 +21,12 @@ class SqliteStatement;
 /// For one thread at a time. Every failure throws StoreError with the file's name.
 class SqliteDatabase {
  public:
-  enum class Mode { readOnly, readWrite, create };
+  enum class Mode {
+    readOnly,
+    readWrite,
+    create,
+    lockedByUs,  ///< As readOnly, beside a connection of this process that has the file locked.
+  };
 
   SqliteDatabase(std::string file, Mode mode);
   SqliteDatabase(SqliteDatabase&&) noexcept = default;
@@ -37,6 +42,8 @@ class SqliteDatabase {
   /// First column of every row.
   std::vector<std::string> column(const std::string& sql);
 
+  /// Has a statement that runs fail. From any thread.
+  void interrupt();
   /// Copies the whole content into another database, replacing what is there.
   void copyTo(SqliteDatabase& target);
 
