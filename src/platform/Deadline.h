@@ -9,14 +9,16 @@ namespace korvel::platform {
 /// this is over. Begins when it is made.
 class Deadline {
  public:
+  /// Nobody sees a window wait for so long, and parts may be somewhat longer than they should.
+  static constexpr std::chrono::milliseconds kWork{15};
+
+  explicit Deadline(std::chrono::milliseconds work = kWork) : m_end(Clock::now() + work) {}
   bool isOver() const { return Clock::now() >= m_end; }
 
  private:
   using Clock = std::chrono::steady_clock;
-  /// Nobody sees a window wait for so long, and the parts may be somewhat longer than they should.
-  static constexpr std::chrono::milliseconds kWork{15};
 
-  const Clock::time_point m_end = Clock::now() + kWork;
+  const Clock::time_point m_end;
 };
 
 }  // namespace korvel::platform

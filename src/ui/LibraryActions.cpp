@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <optional>
 
@@ -37,6 +38,11 @@
 
 namespace korvel::ui {
 namespace {
+
+using namespace std::chrono_literals;
+
+/// After the events that wait already; 0 would come before them.
+constexpr auto kNextTurn = 1ms;
 
 struct FormatName {
   SongFormat format;
@@ -206,9 +212,17 @@ void LibraryActions::chooseAndImport(QBAlbum* into) {
 }
 
 void LibraryActions::importFiles(const QStringList& files, QBAlbum* into) {
+  if (files.isEmpty()) return;
   const platform::Ref<QBAlbum> album = into;
-  for (const QString& file : files)
-    QFileInfo(file).isDir() ? importFolder(file, album) : importFile(file, album);
+  if (QFileInfo(files.first()).isDir())
+    importFolder(files.first(), album);
+  else
+    importFile(files.first(), album);
+  if (files.size() == 1) return;
+  // Each takes a moment to begin, and the user is not to wait for all of them.
+  QTimer::singleShot(kNextTurn, this, [this, rest = files.mid(1), album] {
+    if (!album || !album->isDeleted()) importFiles(rest, album);
+  });
 }
 
 /// Its recordings become songs of an album of its name.
@@ -223,7 +237,9 @@ void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
   attempt([&] {
     if (!album) album = newAlbum(dir.dirName().toStdString());
   });
-  for (const QString& name : names) importFile(dir.filePath(name), album);
+  QStringList files;
+  for (const QString& name : names) files.append(dir.filePath(name));
+  importFiles(files, album);
 }
 
 void LibraryActions::importFile(const QString& file, QBAlbum* into) {
@@ -234,7 +250,7 @@ void LibraryActions::importFile(const QString& file, QBAlbum* into) {
   }
   // Showing the song is a step of its own: the last one of the import is long enough.
   job->onFinished([this, file, song = platform::Ref<QBSong>(job->newSong())] {
-    QTimer::singleShot(0, this, [this, file, song] { emit imported(file, song); });
+    QTimer::singleShot(kNextTurn, this, [this, file, song] { emit imported(file, song); });
   });
   emit importStarted(file);
 }

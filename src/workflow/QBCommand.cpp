@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/QBCommand.h"
 
+#include "workflow/JobTurns.h"
 #include "workflow/QBSession.h"
 
 namespace korvel {
-namespace {
-
-constexpr double kStepSeconds = 0.01;
-
-}  // namespace
 
 QBCommand::QBCommand() = default;
 
@@ -27,7 +23,7 @@ void QBCommand::runInBackground() {
 }
 
 void QBCommand::beginSteps() {
-  m_timer = platform::RunLoop::main().scheduleRepeating(kStepSeconds, [this] {
+  m_timer = JobTurns::begin([this] {
     try {
       nextStep();
     } catch (...) {

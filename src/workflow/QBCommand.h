@@ -28,7 +28,8 @@ class QBCommand {
   /// prepare, execute, tearDown.
   void run();
   /// prepare, then a nextStep for every tick of the timer until the command stops itself. It must
-  /// stay alive until then. A step that throws is the last one.
+  /// stay alive until then. A step that throws is the last one. Of several commands all step in one
+  /// tick when their steps are short, and otherwise by turns.
   void runInBackground();
   /// Ends the steps and tears down.
   void stop();
