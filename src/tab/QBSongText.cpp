@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fstream>
 #include <stdexcept>
+#include <utility>
 
 #include "model/QBChord.h"
 #include "model/QBMeasure.h"
@@ -13,6 +14,8 @@ namespace korvel {
 namespace {
 
 constexpr int kLoopRow = 9;
+/// Of building a tablature; the rest is reading it out.
+constexpr double kShareOfDrawing = 0.8;
 
 void openPage(QBTabMatrix& matrix, const QBSong& song) {
   matrix.newPage(song.title());
@@ -38,10 +41,9 @@ void drawNext(QBTabMatrix& matrix, QBChord& chord, const QBChord* previous, int 
 }
 
 /// Throws std::out_of_range for a song without chords.
-QBTabMatrix chordByChord(QBSong& song, const LoopRange& loop) {
-  const auto& chords = song.allChords();
+platform::Slices chordByChord(QBSong& song, LoopRange loop, QBTabMatrix& matrix) {
+  const auto chords = song.allChords();
   if (chords.empty()) throw std::out_of_range("the song has no chords");
-  QBTabMatrix matrix;
   openPage(matrix, song);
   drawFirst(matrix, *chords.front(), loop);
   int group = 0;
@@ -51,33 +53,63 @@ QBTabMatrix chordByChord(QBSong& song, const LoopRange& loop) {
     if (startsGroup) group = i + song.lookupGroupSize(i);
     const auto at = static_cast<std::size_t>(i);
     drawNext(matrix, *chords[at + 1], chords[at], startsGroup ? 1 : 0, loop);
+    co_yield static_cast<double>(i) / last;
   }
-  return matrix;
 }
 
-QBTabMatrix byMeasures(const QBSong& song, const QBSong* loopOf) {
-  QBTabMatrix matrix;
+platform::Slices byMeasures(QBSong& song, const QBSong* loopOf, QBTabMatrix& matrix) {
+  const auto measures = song.allMeasures();
   openPage(matrix, song);
-  for (const auto& measure : song.allMeasures())
+  double done = 0;
+  for (const auto& measure : measures) {
     measure->addToTabulatureWithLineBreak(loopOf, matrix);
-  return matrix;
+    co_yield ++done / static_cast<double>(measures.size());
+  }
+}
+
+platform::Slices drawing(QBSong& song, QBTabMatrix& matrix) {
+  return song.measures().empty() ? chordByChord(song, LoopRange(&song), matrix)
+                                 : byMeasures(song, &song, matrix);
+}
+
+std::string drawn(platform::Slices (*draw)(QBSong&, QBTabMatrix&), QBSong& song) {
+  QBTabMatrix matrix;
+  draw(song, matrix).finish();
+  return matrix.toStringInverted();
+}
+
+platform::Slices drawingForExport(QBSong& song, QBTabMatrix& matrix) {
+  return song.measures().empty() ? chordByChord(song, LoopRange(), matrix)
+                                 : byMeasures(song, nullptr, matrix);
+}
+
+platform::Slices drawingByMeasures(QBSong& song, QBTabMatrix& matrix) {
+  return byMeasures(song, &song, matrix);
 }
 
 }  // namespace
 
 QBTabMatrix drawingOf(QBSong& song) {
-  return song.measures().empty() ? chordByChord(song, LoopRange(&song)) : byMeasures(song, &song);
+  QBTabMatrix matrix;
+  drawing(song, matrix).finish();
+  return matrix;
 }
 
-std::string QBSong::toString() { return drawingOf(*this).toStringInverted(); }
-
-std::string QBSong::toStringForExport() {
-  QBTabMatrix matrix =
-      measures().empty() ? chordByChord(*this, LoopRange()) : byMeasures(*this, nullptr);
-  return matrix.toStringInverted();
+platform::Slices buildingTab(QBSong& song) {
+  QBTabMatrix matrix;
+  platform::Slices work = drawing(song, matrix);
+  while (work.next()) co_yield work.done() * kShareOfDrawing;
+  std::string text;
+  work = matrix.reading(text);
+  while (work.next()) co_yield kShareOfDrawing + work.done() * (1 - kShareOfDrawing);
+  song.setTabulature(std::move(text));
 }
 
-std::string QBSong::toStringByMeasures() { return byMeasures(*this, this).toStringInverted(); }
+std::string QBSong::toString() { return drawn(drawing, *this); }
+
+std::string QBSong::toStringForExport() { return drawn(drawingForExport, *this); }
+
+std::string QBSong::toStringByMeasures() { return drawn(drawingByMeasures, *this); }
 
 // Answers true whatever becomes of the file, as intended: an export is one step of chains that go
 // on without it.

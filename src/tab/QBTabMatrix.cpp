@@ -83,10 +83,17 @@ void QBTabMatrix::trimLeadingLines() {
 }
 
 std::string QBTabMatrix::toStringInverted() {
-  trimLeadingLines();
   std::string text;
-  for (int y = 0; y < height(); ++y) addRow(text, y, width(), "\n");
+  reading(text).finish();
   return text;
+}
+
+platform::Slices QBTabMatrix::reading(std::string& text) {
+  trimLeadingLines();
+  for (int y = 0; y < height(); ++y) {
+    addRow(text, y, width(), "\n");
+    co_yield static_cast<double>(y) / height();
+  }
 }
 
 std::string QBTabMatrix::toString() const {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Slices.h"
 #include "tab/QBTextMatrix.h"
 
 namespace korvel {
@@ -50,6 +51,8 @@ class QBTabMatrix : public QBTextMatrix {
   /// The read-out of a song, top row first: trims the top, then every row in the full width of the
   /// grid, ended by LF.
   std::string toStringInverted();
+  /// The same a little at a time, added to a text.
+  platform::Slices reading(std::string& text);
   /// From the bottom row up, every row up to the column of the cursor and ended by CR LF.
   std::string toString() const override;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/Slices.h"
 #include "tab/QBTabMatrix.h"
 
 namespace korvel {
@@ -10,5 +11,9 @@ class QBSong;
 /// The grid that `QBSong::toString` reads out. std::out_of_range for a song without chords and
 /// measures.
 QBTabMatrix drawingOf(QBSong& song);
+
+/// Renews the song's `tabulature` as `QBSong::buildTab` does, a little at a time. The song keeps
+/// the old text until the end. It must not get or lose chords or measures meanwhile.
+platform::Slices buildingTab(QBSong& song);
 
 }  // namespace korvel

@@ -2,7 +2,6 @@
 #include "workflow/QBCmdImportSong.h"
 
 #include <algorithm>
-#include <chrono>
 #include <stdexcept>
 
 #include "analysis/QBChordAnalyserGame.h"
@@ -16,7 +15,9 @@
 #include "model/QBSong.h"
 #include "model/QBTabMgr.h"
 #include "model/QBTuning.h"
+#include "platform/Deadline.h"
 #include "platform/persistence/UndoManager.h"
+#include "tab/SongDrawing.h"
 #include "workflow/NewSong.h"
 #include "workflow/QBAlbumNode.h"
 #include "workflow/QBSession.h"
@@ -28,21 +29,22 @@ namespace {
 
 constexpr int kAll = 100;
 /// Saving all chords of a long recording at once would keep the user waiting.
-constexpr std::size_t kChordsOfSave = 200;
-
-/// Steps of many small parts end here, so that the user does not wait for them.
-class Deadline {
- public:
-  bool isOver() const { return Clock::now() >= m_end; }
-
- private:
-  using Clock = std::chrono::steady_clock;
-  const Clock::time_point m_end = Clock::now() + std::chrono::milliseconds(10);
-};
+constexpr std::size_t kChordsOfSave = 100;
+/// Share of the end's work after which the song is saved, in a step of its own.
+constexpr double kAllButSaved = 1;
 
 bool hasOtherSongs(const QBAlbum& album, const QBSong* song) {
   return std::ranges::any_of(album.songs().snapshot(),
                              [song](const auto& each) { return each.get() != song; });
+}
+
+/// A song without chords, as nothing was heard, has no tablature.
+bool drawMore(platform::Slices& building) {
+  try {
+    return building.next();
+  } catch (const std::out_of_range&) {
+    return false;
+  }
 }
 
 }  // namespace
@@ -125,7 +127,7 @@ void QBCmdImportSong::nextStep() {
     m_undo.reset();
     throw;
   }
-  if (!more && m_recorder) stop();
+  if (!more && isRunning()) stop();
 }
 
 /// Whether there was something to do.
@@ -135,10 +137,32 @@ bool QBCmdImportSong::step() {
     rest();
     return true;
   }
-  decodeNextBlock();
-  if (atEnd()) return false;
-  takeChords();
-  return true;
+  if (!m_finishing.isUnderWay()) {
+    if (hearsMore()) return true;
+    m_finishing = finish();
+  }
+  return finishSome();
+}
+
+bool QBCmdImportSong::hearsMore() {
+  if (!m_endsEarly) decodeNextBlock();
+  const bool more = !m_endsEarly && !atEnd();
+  if (waitsForStore(more)) return true;
+  if (more) takeChords();
+  return more;
+}
+
+/// The first change of a store comes after a check of it, which takes long when it is large.
+bool QBCmdImportSong::waitsForStore(bool hearsMore) const {
+  return m_saving && (m_unsaved >= kChordsOfSave || !hearsMore) &&
+         QBTabMgr::db().context().isBeingChecked();
+}
+
+bool QBCmdImportSong::finishSome() {
+  const platform::Deadline deadline;
+  while (m_finishing.next())
+    if (deadline.isOver() || m_finishing.done() == kAllButSaved) return true;
+  return false;
 }
 
 /// What is heard of a song that comes back would be half of it, if the import ended here.
@@ -148,7 +172,8 @@ void QBCmdImportSong::rest() {
 }
 
 void QBCmdImportSong::storeRenewed() {
-  if (!isStepped() || isRunning() || !m_recorder || m_newSong->isDeleted()) return;
+  const bool hasMore = m_recorder || m_finishing.isUnderWay();
+  if (!isStepped() || isRunning() || !hasMore || m_newSong->isDeleted()) return;
   printOut("Import goes on.");
   beginSteps();
 }
@@ -163,21 +188,24 @@ void QBCmdImportSong::decodeNextBlock() {
     if (!m_decoding->pullBuffer()) m_decoding.reset();
 }
 
-/// Chords of what the precise detection has heard cost next to nothing.
+/// Chords of what the precise detection has heard cost next to nothing, saving them does.
 void QBCmdImportSong::takeChords() {
-  const Deadline deadline;
+  const auto isSaveDue = [this] { return m_saving && m_unsaved >= kChordsOfSave; };
+  if (isSaveDue()) {
+    QBTabMgr::db().save();
+    m_unsaved = 0;
+    return;
+  }
+  const platform::Deadline deadline;
   while (takeNextChord()) {
     ++m_unsaved;
-    if (m_detection == ImportDetection::classic || deadline.isOver()) break;
+    if (m_detection == ImportDetection::classic || isSaveDue() || deadline.isOver()) break;
   }
-  if (!m_saving || m_unsaved < kChordsOfSave) return;
-  QBTabMgr::db().save();
-  m_unsaved = 0;
 }
 
 void QBCmdImportSong::tearDown() {
   try {
-    finish();
+    finishNow();
   } catch (...) {
     abandon();
     m_undo.reset();
@@ -189,27 +217,34 @@ void QBCmdImportSong::tearDown() {
   if (m_finished) m_finished();
 }
 
-void QBCmdImportSong::finish() {
+/// What the steps have left of it.
+void QBCmdImportSong::finishNow() {
   const TuningForNow chosen(m_tuning);
   const platform::UndoStep part(m_undo);
+  if (m_recorder && !m_finishing.isUnderWay()) m_finishing = finish();
+  m_finishing.finish();
+}
+
+platform::Slices QBCmdImportSong::finish() {
   m_recorder->stopWithoutTimer();
   printOut("(3/3) building tabulature .....");
-  try {
-    m_newSong->buildTab();
-  } catch (const std::out_of_range&) {
-    // Nothing was heard: a song without chords has no tablature, and the import ends all the same.
-  }
+  m_newSong->clearTabulature();
+  platform::Slices building = buildingTab(*m_newSong);
+  // A user who edits the song between two steps has it drawn, and then this drawing is outdated.
+  while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;
   dropBuffers();
+  co_yield kAllButSaved;
   if (m_saving) QBTabMgr::db().save();
 }
 
 void QBCmdImportSong::stopAndKeep() {
+  if (!m_analyser) return;  // only to be saved
   if (m_detection == ImportDetection::precise) {
     m_cutShort = m_analyser->m_source()->progress() < 1;
     m_analyser->m_source()->stopRecord();
   } else {
     m_cutShort = !atEnd();
-    stop();
+    m_endsEarly = true;
   }
 }
 
@@ -229,6 +264,7 @@ void QBCmdImportSong::cancelAndDrop() {
 
 void QBCmdImportSong::abandon() {
   abandonSteps();
+  m_finishing = {};
   const platform::UndoStep part(m_undo);
   if (m_recorder) m_recorder->stopWithoutTimer();
   dropBuffers();

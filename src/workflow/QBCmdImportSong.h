@@ -6,6 +6,7 @@
 #include <string>
 
 #include "analysis/precise/Settings.h"
+#include "platform/Slices.h"
 #include "workflow/ImportDetection.h"
 #include "workflow/QBCmdAlbum.h"
 
@@ -48,10 +49,12 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void prepare() override;
   void execute() override;
   /// One block of the file. Of the precise detection a few hundredths of a second of listening or,
-  /// afterwards, some blocks. Stops the command when there is nothing left to do.
+  /// afterwards, some blocks. Then parts of the tablature. Stops the command when there is nothing
+  /// left to do.
   void nextStep() override;
   void tearDown() override;
-  /// What was not heard yet is left out; the precise detection still makes chords of the rest.
+  /// What was not heard yet is left out; the precise detection still makes chords of the rest. The
+  /// command ends some steps later.
   void stopAndKeep() override;
   /// Deletes the song; there is nothing to undo then.
   void cancelAndDrop() override;
@@ -82,7 +85,11 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool atEnd() const;
   bool takeNextChord();
   void takeChords();
-  void finish();
+  bool hearsMore();
+  bool waitsForStore(bool hearsMore) const;
+  bool finishSome();
+  void finishNow();
+  platform::Slices finish();
   void abandon();
   void dropBuffers();
   void dropSong();
@@ -99,7 +106,9 @@ class QBCmdImportSong final : public QBCmdAlbum {
   std::shared_ptr<QBChordAnalyser> m_analyser;
   std::unique_ptr<QBRecorder> m_recorder;
   std::unique_ptr<SongInWork> m_mark;
-  std::size_t m_unsaved = 0;        ///< Chords.
+  std::size_t m_unsaved = 0;  ///< Chords.
+  bool m_endsEarly = false;
+  platform::Slices m_finishing;
   platform::Ref<QBSong> m_scratch;  ///< The recorder's.
   std::function<void(double)> m_listener;
   std::function<void()> m_finished;
