@@ -29,6 +29,7 @@
 #include "ui/TuningDialog.h"
 #include "workflow/LibraryEdits.h"
 #include "workflow/QBAlbumNode.h"
+#include "workflow/QBCmdExportAlbum.h"
 #include "workflow/QBCmdImportSong.h"
 #include "workflow/QBInstrumentNode.h"
 #include "workflow/QBSession.h"
@@ -300,8 +301,10 @@ bool LibraryActions::mayReplace(const QString& file) {
 }
 
 void LibraryActions::renderSong(QBSong& song, RenderedPart part, const QString& file) {
-  const auto job =
-      std::make_shared<QBCmdRenderSong>(&song, part, file.toStdString(), newSynthesizer());
+  run(std::make_shared<QBCmdRenderSong>(&song, part, file.toStdString(), newSynthesizer()));
+}
+
+void LibraryActions::run(const std::shared_ptr<QBCommand>& job) {
   QBSession::session().addJob(job);
   try {
     job->runInBackground();
@@ -317,7 +320,7 @@ void LibraryActions::exportAll(QBAlbum& album, SongFormat format) {
                                                            preferences.exportFolder());
   if (folder.isEmpty()) return;
   preferences.setExportFolder(folder);
-  exportAlbum(album, format, folder.toStdString());
+  run(std::make_shared<QBCmdExportAlbum>(album, format, folder.toStdString()));
 }
 
 void LibraryActions::editStrings(QBTuning& tuning) {

@@ -13,6 +13,7 @@
 class QMenu;
 
 namespace korvel {
+class QBCommand;
 class QBInstrument;
 class QBTreeNode;
 }  // namespace korvel
@@ -68,6 +69,8 @@ class LibraryActions final : public QObject {
   /// Asks when a file of that name is there.
   bool mayReplace(const QString& file);
   static void renderSong(QBSong& song, RenderedPart part, const QString& file);
+  /// As a job of the session; one that cannot begin is none.
+  static void run(const std::shared_ptr<QBCommand>& job);
   void exportAll(QBAlbum& album, SongFormat format);
   void editStrings(QBTuning& tuning);
   void chooseInstrument();

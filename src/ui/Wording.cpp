@@ -120,6 +120,7 @@ constexpr const char* kLines[] = {
     QT_TRANSLATE_NOOP("Wording", "System default"),
     QT_TRANSLATE_NOOP("Wording", "Song Import: %1"),
     QT_TRANSLATE_NOOP("Wording", "Calibration: %1"),
+    QT_TRANSLATE_NOOP("Wording", "Album Export: %1"),
     QT_TRANSLATE_NOOP("Wording", "WAV Export: %1"),
 };
 

@@ -7,7 +7,6 @@
 #include "export/MidiFile.h"
 #include "export/SongMidi.h"
 #include "export/SongScore.h"
-#include "model/QBAlbum.h"
 #include "model/QBChord.h"
 #include "model/QBSong.h"
 #include "model/QBTuning.h"
@@ -32,13 +31,6 @@ std::string shortened(std::string name) {
   std::size_t end = kLongestName;
   while (end > 0 && isContinuation(name[end])) --end;
   return name.substr(0, end);
-}
-
-void createUnderAFreeName(const fs::path& folder, const std::string& stem,
-                          std::string_view extension, std::string_view bytes) {
-  fs::path file = folder / (stem + std::string(extension));
-  for (int number = 2; !platform::createAtomically(file, bytes); ++number)
-    file = folder / (stem + " " + std::to_string(number) + std::string(extension));
 }
 
 }  // namespace
@@ -70,19 +62,6 @@ void exportSong(QBSong& song, SongFormat format, const fs::path& file,
                 const std::optional<Meter>& meter) {
   platform::writeAtomically(file, songFile(song, format, meter));
   QBSession::session().addToLog(file.string());
-}
-
-int exportAlbum(QBAlbum& album, SongFormat format, const fs::path& folder) {
-  int written = 0;
-  for (const auto& song : album.songs().snapshot()) {
-    if (song->chords().empty()) continue;
-    createUnderAFreeName(folder, fileNameOf(song->title()), extensionOf(format),
-                         songFile(*song, format));
-    ++written;
-  }
-  QBSession::session().addToLog(folder.string() + ": " + std::to_string(written) +
-                                " songs exported.");
-  return written;
 }
 
 }  // namespace korvel

@@ -11,7 +11,6 @@
 
 namespace korvel {
 
-class QBAlbum;
 class QBSong;
 
 /// What a song can be written as for other programs.
@@ -33,9 +32,5 @@ std::string songFile(QBSong& song, SongFormat format,
 /// leaves the file as it was then.
 void exportSong(QBSong& song, SongFormat format, const std::filesystem::path& file,
                 const std::optional<Meter>& meter = std::nullopt);
-
-/// Writes every song of the album that has chords into the folder, named by its title; files that
-/// are there already stay, and the new one's name gets a number. Answers how many were written.
-int exportAlbum(QBAlbum& album, SongFormat format, const std::filesystem::path& folder);
 
 }  // namespace korvel

@@ -1038,6 +1038,10 @@
         <translation>%1: kann nicht geschrieben werden: %2</translation>
     </message>
     <message>
+        <source>Album Export: %1</source>
+        <translation>Album-Export: %1</translation>
+    </message>
+    <message>
         <source>WAV Export: %1</source>
         <translation>WAV-Export: %1</translation>
     </message>
