@@ -8,34 +8,23 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <chrono>
 
 #include "ui/Synthesizers.h"
 #include "ui/Text.h"
 #include "ui/Wording.h"
-#include "workflow/SelfCheck.h"
 
 namespace korvel::ui {
 namespace {
 
 constexpr int kColumns = 80;
 constexpr int kLines = 16;
-
-struct Outcome {
-  bool good;
-  QString text;
-};
-
-Outcome outcomeOf(const SelfCheck& check) {
-  try {
-    return {true, toText(check.run())};
-  } catch (const std::exception& problem) {
-    return {false, toText(problem.what())};
-  }
-}
+constexpr std::chrono::milliseconds kPatience{20};
 
 }  // namespace
 
-SelfCheckDialog::SelfCheckDialog(QWidget* parent) : QDialog(parent), m_results(new QTreeWidget) {
+SelfCheckDialog::SelfCheckDialog(QWidget* parent)
+    : QDialog(parent), m_checks(selfChecks(chosenSoundFont())), m_results(new QTreeWidget) {
   setWindowTitle(tr("Self Check"));
   const QFontMetrics metrics(font());
   const QSize wanted(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
@@ -55,13 +44,39 @@ SelfCheckDialog::SelfCheckDialog(QWidget* parent) : QDialog(parent), m_results(n
 
 /// Each result is drawn before the next part is tried.
 void SelfCheckDialog::runNext() {
-  const auto checks = selfChecks(chosenSoundFont());
-  if (m_next == checks.size()) return;
-  const SelfCheck& check = checks[m_next++];
-  const Outcome outcome = outcomeOf(check);
-  const QString mark = outcome.good ? tr("✓ %1") : tr("✗ %1");
+  if (m_next == m_checks.size()) return;
+  const SelfCheck& check = m_checks[m_next];
+  if (!check.runBeside) return runHere(check);
+  m_result = std::async(std::launch::async, check.runBeside);
+  awaitResult();
+}
+
+void SelfCheckDialog::awaitResult() {
+  if (m_result.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+    QTimer::singleShot(kPatience, this, &SelfCheckDialog::awaitResult);
+    return;
+  }
+  const SelfCheck& check = m_checks[m_next];
+  try {
+    showResult(check, true, toText(m_result.get()));
+  } catch (const std::exception&) {
+    runHere(check);
+  }
+}
+
+void SelfCheckDialog::runHere(const SelfCheck& check) {
+  try {
+    showResult(check, true, toText(check.run()));
+  } catch (const std::exception& problem) {
+    showResult(check, false, toText(problem.what()));
+  }
+}
+
+void SelfCheckDialog::showResult(const SelfCheck& check, bool good, const QString& text) {
+  const QString mark = good ? tr("✓ %1") : tr("✗ %1");
   const QString title = QCoreApplication::translate("SelfCheck", check.title.c_str());
-  new QTreeWidgetItem(m_results, {mark.arg(title), worded(outcome.text)});
+  new QTreeWidgetItem(m_results, {mark.arg(title), worded(text)});
+  ++m_next;
   QTimer::singleShot(0, this, &SelfCheckDialog::runNext);
 }
 

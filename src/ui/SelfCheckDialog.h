@@ -2,6 +2,11 @@
 #pragma once
 
 #include <QDialog>
+#include <future>
+#include <string>
+#include <vector>
+
+#include "workflow/SelfCheck.h"
 
 class QTreeWidget;
 
@@ -13,12 +18,19 @@ class SelfCheckDialog final : public QDialog {
 
  public:
   explicit SelfCheckDialog(QWidget* parent = nullptr);
+  /// Waits for the part that is being tried.
+  ~SelfCheckDialog() override = default;
 
  private:
   void runNext();
+  void awaitResult();
+  void showResult(const SelfCheck& check, bool good, const QString& text);
+  void runHere(const SelfCheck& check);
 
-  QTreeWidget* m_results;
+  std::vector<SelfCheck> m_checks;
   std::size_t m_next = 0;
+  QTreeWidget* m_results;
+  std::future<std::string> m_result;
 };
 
 }  // namespace korvel::ui

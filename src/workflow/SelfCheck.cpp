@@ -31,13 +31,19 @@ constexpr std::uint8_t kSteelGuitar = 25;
 constexpr std::uint8_t kLowE = 40;
 constexpr std::size_t kDemoSamples = 10 * 44100;  // that sound, at least
 
-std::string checkStore() {
-  platform::SqliteDatabase& store = QBTabMgr::db().context().store();
+std::string check(platform::SqliteDatabase& store) {
   const auto problems = platform::StoreFile::problems(store);
   if (!problems.empty())
     throw std::runtime_error(store.file() + ": the store is damaged (" + problems.front() +
                              "); restore a backup of it");
   return store.file() + " is sound";
+}
+
+std::string checkStore() { return check(QBTabMgr::db().context().store()); }
+
+std::string checkStoreBeside(const std::string& file) {
+  platform::SqliteDatabase store(file, platform::SqliteDatabase::Mode::lockedByUs);
+  return check(store);
 }
 
 /// Samples of the demo recording that are louder than its noise.
@@ -123,10 +129,12 @@ std::string checkDevices() {
 }  // namespace
 
 std::vector<SelfCheck> selfChecks(const std::optional<std::filesystem::path>& soundFont) {
-  return {{"Store", checkStore},
-          {"Decoding", checkDecoding},
-          {"Transform", checkTransform},
-          {"Synthesiser", [soundFont] { return checkSynthesizer(soundFont); }},
+  const std::string store = QBTabMgr::db().context().store().file();
+  const auto playing = [soundFont] { return checkSynthesizer(soundFont); };
+  return {{"Store", checkStore, [store] { return checkStoreBeside(store); }},
+          {"Decoding", checkDecoding, checkDecoding},
+          {"Transform", checkTransform, checkTransform},
+          {"Synthesiser", playing, playing},
           {"Sound devices", checkDevices}};
 }
 

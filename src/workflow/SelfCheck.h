@@ -13,12 +13,15 @@ namespace korvel {
 struct SelfCheck {
   std::string title;
   /// Says what works. Throws an exception whose text says what is wrong and what to do. Main
-  /// thread; some tenths of a second, for a large store more.
+  /// thread; some tenths of a second, for a large store or SoundFont more.
   std::function<std::string()> run;
+  /// The same in another thread, for not holding a window; empty where only the main thread may
+  /// try. What fails here has to be run again, as a store that is saved meanwhile looks damaged.
+  std::function<std::string()> runBeside = {};
 };
 
 /// The parts in the order in which a recording meets them: store, decoding, transform, synthesiser,
-/// sound devices. soundFont: the user's own, if one was chosen.
+/// sound devices. soundFont: the user's own, if one was chosen. Main thread.
 std::vector<SelfCheck> selfChecks(const std::optional<std::filesystem::path>& soundFont = {});
 
 }  // namespace korvel

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
 #include <map>
 
 #include "platform/AudioSystem.h"
@@ -38,6 +39,13 @@ class SelfCheckTest : public testing::Test {
 TEST_F(SelfCheckTest, passesOnASoundMachine) {
   for (const auto& [title, said] : outcomes())
     EXPECT_FALSE(said.starts_with("WRONG")) << title << ": " << said;
+}
+
+TEST_F(SelfCheckTest, saysTheSameInAnotherThread) {
+  for (const SelfCheck& check : selfChecks()) {
+    if (!check.runBeside) continue;
+    EXPECT_EQ(std::async(std::launch::async, check.runBeside).get(), check.run());
+  }
 }
 
 TEST_F(SelfCheckTest, findsRowsThatPointNowhere) {
