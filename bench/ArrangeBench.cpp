@@ -2,8 +2,8 @@
 #include <benchmark/benchmark.h>
 
 #include "StoredSong.h"
-#include "model/QBChord.h"
-#include "model/QBTone.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBTone.h"
 
 namespace korvel {
 namespace {

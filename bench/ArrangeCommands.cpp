@@ -20,13 +20,13 @@
 #include <vector>
 
 #include "LongSong.h"
-#include "model/QBAlbum.h"
-#include "model/QBSettings.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBSession.h"
-#include "workflow/QBSongNode.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBSettings.h"
+#include "model/store/QBTabMgr.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/session/QBSession.h"
 
 namespace {
 
@@ -85,14 +85,14 @@ void build(const std::string& chords) {
   QBTabMgr::clearDb();
 }
 
-void perform(const SongCommand& command, const QBAlbumNode& songs, const QBSong* song) {
+void perform(const SongCommand& command, const AlbumNode& songs, const QBSong* song) {
   if (!songs.findChild(song)->perform(command))
     throw std::runtime_error(std::string(command.command) + " failed");
 }
 
 /// Some commands leave the save to their caller.
 Seconds measure(const Desk& desk, const SongCommand& command, const QBSong* song) {
-  const auto songs = QBAlbumNode::withSongs(song->album());
+  const auto songs = AlbumNode::withSongs(song->album());
   const double start = processorTime();
   perform(command, *songs, song);
   QBTabMgr::db().save();
@@ -136,7 +136,7 @@ void runEach(const Desk& desk, int runs, const Words& lengths) {
 }
 
 void runAll(const std::string& chords) {
-  const auto songs = QBAlbumNode::withSongs(&albumOf(chords));
+  const auto songs = AlbumNode::withSongs(&albumOf(chords));
   const QBSong* song = albumOf(chords).findSongByName(chords);
   forEachCommand([&](const SongCommand& command) { perform(command, *songs, song); });
   QBTabMgr::db().save();

@@ -6,7 +6,7 @@
 #include <numbers>
 #include <vector>
 
-#include "analysis/QBFFTGuitar.h"
+#include "analysis/spectrum/QBFFTGuitar.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -2,11 +2,11 @@
 #include <benchmark/benchmark.h>
 
 #include "LongSong.h"
-#include "export/QBScoreWriter.h"
 #include "export/SongMidi.h"
-#include "export/SongScore.h"
-#include "model/QBAlbum.h"
-#include "model/QBSong.h"
+#include "export/score/ScoreWriter.h"
+#include "export/score/SongScore.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
 #include "support/StandardStore.h"
 
 namespace korvel {
@@ -26,7 +26,7 @@ void exportSong(benchmark::State& state, const Write& write) {
 }
 
 void exportMusicXml(benchmark::State& state) {
-  exportSong(state, [](QBSong& song) { return QBScoreWriter(scoreOf(song)).write(); });
+  exportSong(state, [](QBSong& song) { return ScoreWriter(scoreOf(song)).write(); });
 }
 BENCHMARK(exportMusicXml)->Arg(500)->Arg(2000)->Arg(8000)->Unit(benchmark::kMillisecond);
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/precise/Fingering.h"
+#include "precise/fingering/Fingering.h"
 
 namespace {
 

@@ -5,14 +5,14 @@
 #include <iostream>
 #include <memory>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 #include "support/ScratchFolder.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBCmdImportSong.h"
+#include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/library/AlbumNode.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ int main(int argc, char** argv) {
   QBAlbum* album = QBTabMgr::db().createAlbum("Bench", false);
   QBSong* song = album->createSong("Bench");
   {
-    QBCmdImportSong command(std::make_shared<QBAlbumNode>(album), argv[1], song);
+    QBCmdImportSong command(std::make_shared<AlbumNode>(album), argv[1], song);
     const double decoding = secondsOf([&] { command.prepare(); });
     const double scanning = secondsOf([&] { command.execute(); });
     const double drawing = secondsOf([&] { command.tearDown(); });

@@ -9,14 +9,14 @@
 #include <string_view>
 #include <vector>
 
-#include "audio/QBAudioMicrophone.h"
-#include "model/QBChord.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "platform/PlainRunLoop.h"
-#include "platform/WaveFiles.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/loop/PlainRunLoop.h"
+#include "platform/sound/WaveFiles.h"
+#include "recording/QBAudioMicrophone.h"
 #include "support/ScratchFolder.h"
-#include "workflow/LiveRecording.h"
+#include "workflow/hearing/LiveRecording.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 
 #include <random>
 
-#include "arrange/QBToneGroupBuilder.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
+#include "arrange/groups/QBToneGroupBuilder.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 
 namespace korvel::bench {
 namespace {

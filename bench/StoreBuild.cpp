@@ -5,12 +5,12 @@
 #include <iostream>
 #include <string>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTuning.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 
 namespace {
 

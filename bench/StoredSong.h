@@ -4,9 +4,9 @@
 #include <cstdint>
 
 #include "LongSong.h"
-#include "model/QBAlbum.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 #include "support/ScratchFolder.h"
 
 namespace korvel::bench {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <benchmark/benchmark.h>
 
-#include "model/QBChord.h"
-#include "model/QBSong.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -7,9 +7,9 @@
 #include <ctime>
 #include <iostream>
 
-#include "analysis/precise/Engine.h"
-#include "analysis/precise/Fingering.h"
-#include "audio/QBMonoTrack.h"
+#include "audio/MonoTrack.h"
+#include "precise/Engine.h"
+#include "precise/fingering/Fingering.h"
 
 namespace {
 
@@ -38,7 +38,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: korvel-transcription-phases FILE\n";
     return EXIT_FAILURE;
   }
-  QBMonoTrack track(argv[1]);
+  MonoTrack track(argv[1]);
   precise::Engine engine;
   double samples = 0;
   double decoding = 0;

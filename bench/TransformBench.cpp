@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <memory>
 
-#include "platform/FourierTransform.h"
+#include "platform/numerics/FourierTransform.h"
 
 namespace korvel {
 namespace {

@@ -3,13 +3,13 @@
 #include <malloc.h>
 
 #include "LongSong.h"
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/ScratchFolder.h"
-#include "workflow/SongEditor.h"
+#include "workflow/editing/SongEditor.h"
 
 namespace korvel {
 namespace {

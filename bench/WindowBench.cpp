@@ -14,17 +14,17 @@
 #include <ctime>
 #include <iostream>
 
-#include "model/QBAlbum.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "ui/AlertBox.h"
-#include "ui/LogPanel.h"
-#include "ui/MainWindow.h"
-#include "ui/Preferences.h"
-#include "ui/QtRunLoop.h"
-#include "workflow/ImportDesk.h"
-#include "workflow/QBCommand.h"
-#include "workflow/QBSession.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "ui/desktop/Preferences.h"
+#include "ui/desktop/QtRunLoop.h"
+#include "ui/dialogs/AlertBox.h"
+#include "ui/window/LogPanel.h"
+#include "ui/window/MainWindow.h"
+#include "workflow/hearing/ImportDesk.h"
+#include "workflow/session/QBCommand.h"
+#include "workflow/session/QBSession.h"
 
 namespace {
 

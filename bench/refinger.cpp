@@ -10,10 +10,10 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
-#include "analysis/precise/Fingering.h"
-#include "analysis/precise/Settings.h"
-#include "cli/DetectionFlags.h"
-#include "platform/Files.h"
+#include "cli/support/DetectionFlags.h"
+#include "platform/files/Files.h"
+#include "precise/Settings.h"
+#include "precise/fingering/Fingering.h"
 
 namespace {
 

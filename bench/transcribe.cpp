@@ -11,24 +11,24 @@
 #include <string>
 #include <vector>
 
-#include "analysis/QBChordAnalyserGame.h"
-#include "analysis/QBChordAnalyserPrecise.h"
-#include "analysis/QBMusicXMLParser.h"
-#include "audio/QBChordRecorder.h"
+#include "analysis/chords/PreciseAnalyser.h"
+#include "analysis/chords/QBChordAnalyserGame.h"
+#include "analysis/instrument/QBMusicXMLParser.h"
+#include "audio/MonoTrack.h"
 #include "audio/QBMediaTrack.h"
-#include "audio/QBMonoTrack.h"
-#include "audio/QBPreciseRecorder.h"
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBInstrument.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
-#include "platform/FileError.h"
-#include "platform/Files.h"
-#include "platform/MediaAsset.h"
+#include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/files/FileError.h"
+#include "platform/files/Files.h"
+#include "platform/media/MediaAsset.h"
+#include "recording/PreciseRecorder.h"
+#include "recording/QBChordRecorder.h"
 #include "support/ScratchStore.h"
 
 namespace {
@@ -87,9 +87,9 @@ json hearBlocks(const std::filesystem::path& file, QBSong* song, QBAlbum* album)
 }
 
 json hearPrecisely(const std::filesystem::path& file, QBSong* song, QBAlbum* album) {
-  const auto analyser = std::make_shared<QBChordAnalyserPrecise>(
-      std::make_shared<QBMonoTrack>(file), QBTabMgr::db().selectedTuning(), precise::Settings{});
-  QBPreciseRecorder recorder(analyser, song, album);
+  const auto analyser = std::make_shared<PreciseAnalyser>(
+      std::make_shared<MonoTrack>(file), QBTabMgr::db().selectedTuning(), precise::Settings{});
+  PreciseRecorder recorder(analyser, song, album);
   json chords = json::array();
   recorder.startWithoutTimer("Test", 0.0F);
   while (!analyser->atEnd())

@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "model/KorvelModel.h"
-#include "model/QBTabMgr.h"
+#include "model/store/KorvelModel.h"
+#include "model/store/QBTabMgr.h"
 
 int main(int argc, char** argv) {
   if (argc != 2) {

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "model/QBBlock.h"
+#include "model/songs/QBBlock.h"
 
 namespace korvel {
 

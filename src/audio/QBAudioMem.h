@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/QueueBuffer.h"
+#include "platform/sound/QueueBuffer.h"
 
 namespace korvel {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBBlock.h"
+#include "model/songs/QBBlock.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "model/QBSample.h"
-#include "model/QBTabMgr.h"
+#include "model/songs/QBSample.h"
+#include "model/store/QBTabMgr.h"
 
 namespace korvel {
 

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "model/QBTabMgr.h"
-#include "model/SessionServices.h"
-#include "platform/MediaError.h"
+#include "model/store/QBTabMgr.h"
+#include "model/store/SessionServices.h"
+#include "platform/media/MediaError.h"
 
 namespace korvel {
 namespace {

@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "audio/QBSampleSource.h"
-#include "platform/MediaAsset.h"
-#include "platform/MediaReader.h"
+#include "platform/media/MediaAsset.h"
+#include "platform/media/MediaReader.h"
 
 namespace korvel {
 

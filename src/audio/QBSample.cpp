@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBSample.h"
+#include "model/songs/QBSample.h"
 
 namespace korvel {
 

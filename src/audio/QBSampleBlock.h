@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "model/QBBlock.h"
-#include "platform/QueueBuffer.h"
+#include "model/songs/QBBlock.h"
+#include "platform/sound/QueueBuffer.h"
 
 namespace korvel {
 

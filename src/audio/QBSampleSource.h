@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "audio/QBSampleBlock.h"
-#include "model/QBBlock.h"
-#include "platform/QueueBuffer.h"
+#include "model/songs/QBBlock.h"
 #include "platform/persistence/Ref.h"
+#include "platform/sound/QueueBuffer.h"
 
 namespace korvel {
 

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <cstdint>
 
-#include "platform/QueueBuffer.h"
+#include "platform/sound/QueueBuffer.h"
 
 namespace korvel {
 

@@ -8,7 +8,7 @@
 #include <optional>
 #include <tuple>
 
-#include "platform/Utf8.h"
+#include "platform/text/Utf8.h"
 
 namespace korvel {
 namespace {

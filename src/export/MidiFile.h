@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "export/Score.h"
+#include "export/score/Score.h"
 
 namespace korvel {
 

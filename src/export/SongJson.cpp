@@ -3,14 +3,14 @@
 
 #include <nlohmann/json.hpp>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHarmony.h"
-#include "model/QBHold.h"
-#include "model/QBMeasure.h"
-#include "model/QBSong.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
+#include "model/book/QBHarmony.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBMeasure.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
 
 namespace korvel {
 namespace {

@@ -3,14 +3,14 @@
 
 #include <algorithm>
 
-#include "export/SongScore.h"
-#include "model/ChordStep.h"
-#include "model/Neck.h"
-#include "model/Pitch.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTone.h"
+#include "export/score/SongScore.h"
+#include "model/songs/ChordStep.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "music/Neck.h"
+#include "music/Pitch.h"
 
 namespace korvel {
 namespace {

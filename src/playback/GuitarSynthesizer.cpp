@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "platform/FluidSynthesizer.h"
-#include "platform/SoundFonts.h"
+#include "platform/midi/FluidSynthesizer.h"
+#include "platform/midi/SoundFonts.h"
 #include "playback/QBMIDIPlayer.h"
 
 namespace korvel {

@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/Synthesizer.h"
+#include "platform/midi/Synthesizer.h"
 
 namespace korvel {
 

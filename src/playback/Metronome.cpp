@@ -5,10 +5,10 @@
 #include <map>
 #include <optional>
 
-#include "model/ChordStep.h"
-#include "model/QBChord.h"
-#include "model/QBMeasure.h"
-#include "model/QBSong.h"
+#include "model/songs/ChordStep.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBMeasure.h"
+#include "model/songs/QBSong.h"
 
 namespace korvel {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/MusicTrack.h"
+#include "platform/midi/MusicTrack.h"
 
 namespace korvel {
 

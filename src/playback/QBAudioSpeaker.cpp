@@ -3,9 +3,9 @@
 
 #include <utility>
 
-#include "analysis/QBChordAnalyser.h"
-#include "platform/AudioSystem.h"
-#include "platform/NotificationCenter.h"
+#include "analysis/chords/QBChordAnalyser.h"
+#include "platform/loop/NotificationCenter.h"
+#include "platform/sound/AudioSystem.h"
 
 namespace korvel {
 

@@ -8,7 +8,7 @@
 #include <memory>
 #include <mutex>
 
-#include "platform/AudioQueue.h"
+#include "platform/sound/AudioQueue.h"
 
 namespace korvel {
 

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/ChordStep.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTone.h"
+#include "model/songs/ChordStep.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
 #include "playback/Metronome.h"
 
 namespace korvel {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/MusicPlayer.h"
-#include "platform/MusicSequence.h"
+#include "platform/midi/MusicPlayer.h"
+#include "platform/midi/MusicSequence.h"
 #include "platform/persistence/Ref.h"
 
 namespace korvel {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBTone.h"
+#include "model/songs/QBTone.h"
 
-#include "model/Pitch.h"
-#include "model/QBInstrument.h"
+#include "model/instruments/QBInstrument.h"
+#include "music/Pitch.h"
 
 namespace korvel {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "model/ChordStep.h"
-#include "model/QBChord.h"
-#include "model/QBSong.h"
+#include "model/songs/ChordStep.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
 #include "playback/QBMIDIPlayer.h"
 
 namespace korvel {

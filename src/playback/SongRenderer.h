@@ -6,9 +6,9 @@
 #include <optional>
 #include <span>
 
-#include "platform/MusicEvent.h"
-#include "platform/SequenceRenderer.h"
-#include "platform/Synthesizer.h"
+#include "platform/midi/MusicEvent.h"
+#include "platform/midi/SequenceRenderer.h"
+#include "platform/midi/Synthesizer.h"
 
 namespace korvel {
 

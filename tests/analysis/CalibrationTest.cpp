@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/Calibration.h"
+#include "analysis/instrument/Calibration.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "analysis/QBMusicXMLParser.h"
-#include "export/DefinitionFile.h"
-#include "model/QBOvertone.h"
-#include "model/QBSpectrum.h"
+#include "analysis/instrument/QBMusicXMLParser.h"
+#include "export/xml/DefinitionFile.h"
+#include "model/instruments/QBOvertone.h"
+#include "model/instruments/QBSpectrum.h"
 #include "support/Guitar.h"
 #include "support/StandardStore.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/NoteCutter.h"
+#include "analysis/instrument/NoteCutter.h"
 
 #include <gtest/gtest.h>
 

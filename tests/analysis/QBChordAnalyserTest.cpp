@@ -5,8 +5,8 @@
 #include <cstring>
 #include <numbers>
 
-#include "analysis/QBChordAnalyserGame.h"
-#include "analysis/QBFFT.h"
+#include "analysis/chords/QBChordAnalyserGame.h"
+#include "analysis/spectrum/QBFFT.h"
 #include "audio/QBMediaTrack.h"
 #include "support/Guitar.h"
 #include "support/StandardStore.h"

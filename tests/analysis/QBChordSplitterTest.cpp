@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/QBChordSplitter.h"
+#include "analysis/chords/QBChordSplitter.h"
 
 #include <gtest/gtest.h>
 

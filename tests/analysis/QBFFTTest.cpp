@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/QBFFT.h"
+#include "analysis/spectrum/QBFFT.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 #include <stdexcept>
 #include <vector>
 
-#include "analysis/QBFFTGame.h"
-#include "analysis/QBFFTGuitar.h"
+#include "analysis/spectrum/QBFFTGame.h"
+#include "analysis/spectrum/QBFFTGuitar.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

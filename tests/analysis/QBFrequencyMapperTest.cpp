@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/QBFrequencyMapper.h"
+#include "analysis/spectrum/QBFrequencyMapper.h"
 
 #include <gtest/gtest.h>
 

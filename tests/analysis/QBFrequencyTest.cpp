@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/QBFrequency.h"
+#include "analysis/spectrum/QBFrequency.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 #include <cmath>
 #include <string>
 
-#include "analysis/QBFrequencyMapper.h"
-#include "analysis/QBFrequencyMatrix.h"
-#include "model/QBString.h"
+#include "analysis/spectrum/QBFrequencyMapper.h"
+#include "analysis/spectrum/QBFrequencyMatrix.h"
+#include "model/instruments/QBString.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

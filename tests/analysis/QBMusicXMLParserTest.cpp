@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/QBMusicXMLParser.h"
+#include "analysis/instrument/QBMusicXMLParser.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <sstream>
 
-#include "model/QBOvertone.h"
-#include "model/QBSettings.h"
-#include "model/QBSpectrum.h"
-#include "platform/Resources.h"
+#include "model/instruments/QBOvertone.h"
+#include "model/instruments/QBSpectrum.h"
+#include "model/store/QBSettings.h"
+#include "platform/files/Resources.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

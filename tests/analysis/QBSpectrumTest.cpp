@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBSpectrum.h"
+#include "model/instruments/QBSpectrum.h"
 
 #include <gtest/gtest.h>
 
-#include "model/QBOvertone.h"
-#include "model/QBString.h"
+#include "model/instruments/QBOvertone.h"
+#include "model/instruments/QBString.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "model/QBHarmony.h"
+#include "model/book/QBHarmony.h"
 #include "support/ScratchStore.h"
 #include "support/StandardStore.h"
 

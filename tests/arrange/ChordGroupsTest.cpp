@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "arrange/QBGroup.h"
-#include "arrange/QBGroupBuilder.h"
-#include "arrange/QBGroupToString.h"
-#include "model/QBHarmony.h"
+#include "arrange/groups/QBGroup.h"
+#include "arrange/groups/QBGroupBuilder.h"
+#include "arrange/groups/QBGroupToString.h"
+#include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "arrange/QBChordFilter.h"
-#include "arrange/QBChordTransposer.h"
-#include "arrange/QBContraPoint.h"
-#include "arrange/QBNonChordToneRemover.h"
-#include "arrange/QBOptionRemover.h"
-#include "model/QBHarmony.h"
+#include "arrange/chords/QBChordFilter.h"
+#include "arrange/harmony/QBChordTransposer.h"
+#include "arrange/harmony/QBContraPoint.h"
+#include "arrange/harmony/QBNonChordToneRemover.h"
+#include "arrange/harmony/QBOptionRemover.h"
+#include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "arrange/Parser.h"
+#include "arrange/harmony/Parser.h"
 
 #include <gtest/gtest.h>
 
@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "arrange/Scanner.h"
-#include "model/QBHarmony.h"
-#include "model/QBTabMgr.h"
-#include "model/QBToneOfHarmony.h"
+#include "arrange/harmony/Scanner.h"
+#include "model/book/QBHarmony.h"
+#include "model/book/QBToneOfHarmony.h"
+#include "model/store/QBTabMgr.h"
 #include "support/ScratchStore.h"
 
 namespace korvel {

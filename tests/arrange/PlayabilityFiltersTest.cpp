@@ -3,15 +3,15 @@
 
 #include <string>
 
-#include "arrange/QBApplyRightHands.h"
-#include "arrange/QBChordCleaner.h"
-#include "arrange/QBLeftHandExtractor.h"
-#include "arrange/QBLeftHandExtractorPello.h"
-#include "arrange/QBRightHandExtractor.h"
-#include "arrange/QBToneToNextString.h"
-#include "arrange/QBToneToNextStringAlternated.h"
-#include "model/QBLeftHandPattern.h"
-#include "model/QBRightHandPattern.h"
+#include "arrange/hands/QBApplyRightHands.h"
+#include "arrange/hands/QBLeftHandExtractor.h"
+#include "arrange/hands/QBLeftHandExtractorPello.h"
+#include "arrange/hands/QBRightHandExtractor.h"
+#include "arrange/hands/QBToneToNextString.h"
+#include "arrange/hands/QBToneToNextStringAlternated.h"
+#include "arrange/harmony/QBChordCleaner.h"
+#include "model/book/QBLeftHandPattern.h"
+#include "model/book/QBRightHandPattern.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBChord.h"
+#include "model/songs/QBChord.h"
 
 #include <gtest/gtest.h>
 
-#include "analysis/QBFFTGuitar.h"
-#include "arrange/QBToneGroupBuilder.h"
-#include "model/QBBlock.h"
-#include "model/QBHarmony.h"
-#include "model/QBLeftHandPattern.h"
-#include "model/QBMeasure.h"
-#include "model/QBRightHandPattern.h"
+#include "analysis/spectrum/QBFFTGuitar.h"
+#include "arrange/groups/QBToneGroupBuilder.h"
+#include "model/book/QBHarmony.h"
+#include "model/book/QBLeftHandPattern.h"
+#include "model/book/QBRightHandPattern.h"
+#include "model/songs/QBBlock.h"
+#include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

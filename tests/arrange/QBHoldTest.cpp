@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBHold.h"
+#include "model/songs/QBHold.h"
 
 #include <gtest/gtest.h>
 

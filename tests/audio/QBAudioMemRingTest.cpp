@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "model/QBBlock.h"
+#include "model/songs/QBBlock.h"
 
 namespace korvel {
 namespace {

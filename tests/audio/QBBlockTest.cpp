@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBBlock.h"
+#include "model/songs/QBBlock.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "model/QBSample.h"
-#include "model/QBTabMgr.h"
+#include "model/songs/QBSample.h"
+#include "model/store/QBTabMgr.h"
 #include "support/ScratchStore.h"
 
 namespace korvel {

@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "audio/QBTimeMgr.h"
-#include "audio/QBWaveInFile.h"
+#include "recording/QBWaveInFile.h"
 #include "support/ScratchFolder.h"
 
 namespace korvel {

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "model/KorvelModel.h"
+#include "model/store/KorvelModel.h"
 #include "support/FfmpegTool.h"
 #include "support/Guitar.h"
 #include "support/Process.h"

@@ -5,7 +5,7 @@
 #include <random>
 #include <thread>
 
-#include "model/KorvelModel.h"
+#include "model/store/KorvelModel.h"
 #include "support/Guitar.h"
 #include "support/Process.h"
 #include "support/ScratchFolder.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "platform/Resources.h"
+#include "platform/files/Resources.h"
 #include "support/FfmpegTool.h"
 #include "support/Guitar.h"
 #include "support/Process.h"

@@ -6,13 +6,13 @@
 #include <random>
 #include <string>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
-#include "workflow/SongEditor.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "model/store/QBTabMgr.h"
+#include "workflow/editing/SongEditor.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <random>
 #include <stdexcept>
 
-#include "model/QBHarmony.h"
+#include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
 
 namespace {

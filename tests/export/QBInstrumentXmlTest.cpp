@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include "analysis/QBMusicXMLParser.h"
-#include "export/QBMusicXMLTag.h"
-#include "model/QBOvertone.h"
-#include "model/QBSpectrum.h"
+#include "analysis/instrument/QBMusicXMLParser.h"
+#include "export/xml/QBMusicXMLTag.h"
+#include "model/instruments/QBOvertone.h"
+#include "model/instruments/QBSpectrum.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

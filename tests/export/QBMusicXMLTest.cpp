@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "export/QBMusicXML.h"
+#include "export/xml/QBMusicXML.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "export/QBSongToXML.h"
+#include "export/xml/QBSongToXML.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
 

@@ -2,12 +2,12 @@
 // Any bytes as a chord declaration file: tokens, and the harmonies made of them.
 #include <string>
 
-#include "arrange/Parser.h"
-#include "arrange/Scanner.h"
+#include "arrange/harmony/Parser.h"
+#include "arrange/harmony/Scanner.h"
 #include "fuzz/Fuzzing.h"
-#include "model/QBHarmony.h"
-#include "model/QBTabMgr.h"
-#include "model/QBToneOfHarmony.h"
+#include "model/book/QBHarmony.h"
+#include "model/book/QBToneOfHarmony.h"
+#include "model/store/QBTabMgr.h"
 #include "support/ScratchStore.h"
 
 namespace korvel {

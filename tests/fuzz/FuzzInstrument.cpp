@@ -4,11 +4,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "analysis/QBMusicXMLParser.h"
-#include "export/QBMusicXMLTag.h"
+#include "analysis/instrument/QBMusicXMLParser.h"
+#include "export/xml/QBMusicXMLTag.h"
 #include "fuzz/Fuzzing.h"
-#include "model/QBOvertone.h"
-#include "model/QBSpectrum.h"
+#include "model/instruments/QBOvertone.h"
+#include "model/instruments/QBSpectrum.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

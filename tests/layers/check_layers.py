@@ -11,31 +11,17 @@ import sys
 # A folder includes itself and the folders of lower rank. Folders of one rank do not see each other.
 RANK = {
     "platform": 0,
-    "model": 1,
-    "audio": 2, "analysis": 2, "arrange": 2, "tab": 2, "export": 2, "playback": 2,
-    "workflow": 3,
-    "cli": 4, "ui": 4,
+    "music": 1, "matrix": 1,
+    "model": 2,
+    "audio": 3, "precise": 3, "analysis": 4, "arrange": 3, "tab": 5, "export": 4, "playback": 5, "recording": 6,
+    "workflow": 7,
+    "cli": 8, "ui": 8,
 }
 
-# The headers that cross between folders of one rank: (folder, header).
+# The headers that cross upwards: (folder, header).
 SHARED = {
-    # A recorder of the audio folder drives an analyser, which reads a source of the audio folder.
-    ("audio", "analysis/QBChordAnalyser.h"),
-    ("audio", "arrange/QBToneGroupBuilder.h"),
-    ("audio", "tab/QBTabMatrix.h"),
-    ("analysis", "audio/QBAudioMemRing.h"),
-    ("analysis", "audio/QBSampleSource.h"),
-    ("analysis", "arrange/QBToneGroup.h"),  # a plain value that the splitter counts chords in
-    ("tab", "arrange/QBGroup.h"),  # a group of recurring chords draws itself
-    # Tablature is also made by visitors, and by tools that look at tones as the filters do.
-    ("tab", "arrange/QBChordVisitor.h"),
-    ("tab", "arrange/ToneOrder.h"),
-    # The trimmer is a chain of filters that writes the tablature of each stage.
-    ("tab", "arrange/QBApplyRightHands.h"),
-    ("tab", "arrange/QBContraPoint.h"),
-    ("tab", "arrange/QBNonChordToneRemover.h"),
-    ("playback", "analysis/QBChordAnalyser.h"),  # whose source a speaker leads to
-    ("tab", "analysis/QBMatrix.h"),  # the container under both the text grid and the tone tables
+    ("music", "model/book/QBHarmony.h"),  # the names of notes
+    ("precise", "audio/QBSampleSource.h"),  # what a transcription reads
 }
 
 # Headers from outside the project belong to the source files of platform, with these exceptions:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/NoteName.h"
+#include "music/NoteName.h"
 
 #include <gtest/gtest.h>
 

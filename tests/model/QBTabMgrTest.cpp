@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBTabMgr.h"
+#include "model/store/QBTabMgr.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "model/QBBlock.h"
-#include "model/QBHarmony.h"
-#include "model/QBLeftHandPattern.h"
-#include "model/QBMeasure.h"
-#include "model/QBRightHandPattern.h"
-#include "model/QBSettings.h"
-#include "model/QBSpectrum.h"
-#include "model/QBString.h"
+#include "model/book/QBHarmony.h"
+#include "model/book/QBLeftHandPattern.h"
+#include "model/book/QBRightHandPattern.h"
+#include "model/instruments/QBSpectrum.h"
+#include "model/instruments/QBString.h"
+#include "model/songs/QBBlock.h"
+#include "model/songs/QBMeasure.h"
+#include "model/store/QBSettings.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBTuning.h"
+#include "model/instruments/QBTuning.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "model/QBString.h"
+#include "model/instruments/QBString.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

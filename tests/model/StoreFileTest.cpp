@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/persistence/StoreFile.h"
+#include "platform/sqlite/StoreFile.h"
 
 #include <gtest/gtest.h>
 
-#include "model/KorvelModel.h"
+#include "model/store/KorvelModel.h"
 #include "platform/persistence/ManagedContext.h"
-#include "platform/persistence/StoreError.h"
+#include "platform/sqlite/StoreError.h"
 #include "support/Process.h"
 #include "support/ScratchFolder.h"
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/persistence/ManagedContext.h"
-#include "platform/persistence/StoreFile.h"
+#include "platform/sqlite/StoreFile.h"
 #include "support/ScratchFolder.h"
 
 namespace korvel::platform::test {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/BufferQueue.h"
+#include "platform/sound/BufferQueue.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <numeric>
 
-#include "platform/AudioSystem.h"
+#include "platform/sound/AudioSystem.h"
 
 namespace korvel::platform {
 namespace {

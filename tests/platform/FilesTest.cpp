@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Files.h"
+#include "platform/files/Files.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <iterator>
 
-#include "platform/FileError.h"
-#include "platform/Resources.h"
-#include "platform/Utf8.h"
+#include "platform/files/FileError.h"
+#include "platform/files/Resources.h"
+#include "platform/text/Utf8.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScratchFolder.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/FluidSynthesizer.h"
+#include "platform/midi/FluidSynthesizer.h"
 
 #include <gtest/gtest.h>
 
@@ -8,8 +8,8 @@
 #include <complex>
 #include <vector>
 
-#include "platform/FourierTransform.h"
-#include "platform/SoundFonts.h"
+#include "platform/midi/SoundFonts.h"
+#include "platform/numerics/FourierTransform.h"
 #include "support/Guitar.h"
 #include "support/ScratchFolder.h"
 #include "support/SoundFont.h"

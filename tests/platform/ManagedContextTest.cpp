@@ -7,7 +7,7 @@
 #include <set>
 
 #include "platform/BookStore.h"
-#include "platform/persistence/StoreError.h"
+#include "platform/sqlite/StoreError.h"
 
 namespace korvel::platform {
 namespace {

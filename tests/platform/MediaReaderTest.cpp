@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/MediaReader.h"
+#include "platform/media/MediaReader.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/MediaError.h"
+#include "platform/media/MediaError.h"
 #include "support/FfmpegTool.h"
 #include "support/ScratchFolder.h"
 

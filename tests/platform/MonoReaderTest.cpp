@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/MonoReader.h"
+#include "platform/media/MonoReader.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/MediaError.h"
+#include "platform/media/MediaError.h"
 #include "support/FfmpegTool.h"
 #include "support/ScratchFolder.h"
 

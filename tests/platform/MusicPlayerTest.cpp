@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/MusicPlayer.h"
+#include "platform/midi/MusicPlayer.h"
 
 #include <gtest/gtest.h>
 

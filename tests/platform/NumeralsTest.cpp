@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Numerals.h"
+#include "platform/text/Numerals.h"
 
 #include <gtest/gtest.h>
 

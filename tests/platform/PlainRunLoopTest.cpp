@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/PlainRunLoop.h"
+#include "platform/loop/PlainRunLoop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/SequenceRenderer.h"
+#include "platform/midi/SequenceRenderer.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/MusicSequence.h"
+#include "platform/midi/MusicSequence.h"
 
 namespace korvel::platform {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/SoundServer.h"
+#include "platform/sound/SoundServer.h"
 
 #include <gtest/gtest.h>
 

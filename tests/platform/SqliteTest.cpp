@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/persistence/Sqlite.h"
+#include "platform/sqlite/Sqlite.h"
 
 #include <gtest/gtest.h>
 

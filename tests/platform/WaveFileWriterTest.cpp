@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/WaveFileWriter.h"
+#include "platform/media/WaveFileWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <numeric>
 #include <vector>
 
-#include "platform/FileError.h"
+#include "platform/files/FileError.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScratchFolder.h"
 

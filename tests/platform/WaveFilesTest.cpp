@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/WaveFiles.h"
+#include "platform/sound/WaveFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@
 #include <semaphore>
 #include <vector>
 
-#include "platform/FileError.h"
-#include "platform/WaveFileReader.h"
+#include "platform/files/FileError.h"
+#include "platform/media/WaveFileReader.h"
 #include "support/FfmpegTool.h"
 #include "support/FileSizeLimit.h"
 #include "support/Guitar.h"

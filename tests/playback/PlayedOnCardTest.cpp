@@ -12,8 +12,8 @@
 #include <span>
 #include <vector>
 
-#include "platform/FluidSynthesizer.h"
-#include "platform/SoundServer.h"
+#include "platform/midi/FluidSynthesizer.h"
+#include "platform/sound/SoundServer.h"
 #include "playback/QBMIDIPlayer.h"
 #include "support/SoundFont.h"
 #include "support/StandardStore.h"

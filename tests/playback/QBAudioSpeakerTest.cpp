@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "audio/QBSampleBlock.h"
-#include "platform/AudioSystem.h"
-#include "platform/BufferQueue.h"
-#include "platform/NotificationCenter.h"
+#include "platform/loop/NotificationCenter.h"
+#include "platform/sound/AudioSystem.h"
+#include "platform/sound/BufferQueue.h"
 
 namespace korvel {
 namespace {

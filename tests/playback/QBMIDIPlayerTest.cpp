@@ -7,16 +7,16 @@
 #include <cmath>
 #include <set>
 
-#include "model/ChordStep.h"
-#include "model/QBMeasure.h"
-#include "platform/FluidSynthesizer.h"
-#include "platform/WaveFileWriter.h"
+#include "model/songs/ChordStep.h"
+#include "model/songs/QBMeasure.h"
+#include "platform/media/WaveFileWriter.h"
+#include "platform/midi/FluidSynthesizer.h"
 #include "playback/SongRenderer.h"
 #include "support/HandAudio.h"
 #include "support/SoundFont.h"
 #include "support/StandardStore.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBCmdImportSong.h"
+#include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/library/AlbumNode.h"
 
 namespace korvel {
 namespace {
@@ -261,7 +261,7 @@ TEST_F(SongRendererTest, theImportHearsTheSameTones) {
   writer.finish();
   QBAlbum* album = QBTabMgr::db().createAlbum("Album", false);
   QBSong* heard = album->createSong("Heard");
-  QBCmdImportSong import(std::make_shared<QBAlbumNode>(album), file, heard);
+  QBCmdImportSong import(std::make_shared<AlbumNode>(album), file, heard);
   import.setDetection(ImportDetection::precise, {});
   import.run();
   std::size_t played = 0, found = 0, extra = 0;

@@ -6,7 +6,7 @@
 #include <span>
 #include <utility>
 
-#include "platform/BufferQueue.h"
+#include "platform/sound/BufferQueue.h"
 
 namespace korvel::test {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/AudioSystem.h"
+#include "platform/sound/AudioSystem.h"
 
 namespace korvel::test {
 

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/AudioSystem.h"
+#include "platform/sound/AudioSystem.h"
 
 namespace korvel::test {
 

@@ -3,7 +3,7 @@
 
 #include <chrono>
 
-#include "platform/PlainRunLoop.h"
+#include "platform/loop/PlainRunLoop.h"
 
 namespace korvel::test {
 

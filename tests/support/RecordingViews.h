@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "workflow/QBSession.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel::test {
 

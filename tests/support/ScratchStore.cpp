@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ScratchStore.h"
 
-#include "model/KorvelModel.h"
-#include "model/QBTabMgr.h"
+#include "model/store/KorvelModel.h"
+#include "model/store/QBTabMgr.h"
 
 namespace korvel::test {
 

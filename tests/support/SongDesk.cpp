@@ -7,18 +7,18 @@
 #include <iomanip>
 #include <sstream>
 
-#include "arrange/ToneOrder.h"
-#include "model/QBChord.h"
-#include "model/QBHarmony.h"
-#include "model/QBMeasure.h"
-#include "model/QBSettings.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
-#include "platform/persistence/Sqlite.h"
+#include "arrange/chords/ToneOrder.h"
+#include "model/book/QBHarmony.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBMeasure.h"
+#include "model/songs/QBTone.h"
+#include "model/store/QBSettings.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/sqlite/Sqlite.h"
 #include "support/Guitar.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBCmdImportSong.h"
-#include "workflow/QBSongNode.h"
+#include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/QBSongNode.h"
 
 namespace korvel::test {
 namespace {
@@ -74,7 +74,7 @@ void SongDesk::reopen() {
 
 Performance SongDesk::perform(QBSong* song, std::string_view command) {
   const auto before = m_album->songs().snapshot();
-  const auto node = QBAlbumNode::withSongs(m_album);
+  const auto node = AlbumNode::withSongs(m_album);
   m_views.log.clear();
   Performance performance{node->findChild(song)->perform(command), {}, m_views.log};
   for (const auto& each : m_album->songs().snapshot())
@@ -89,7 +89,7 @@ QBSong* SongDesk::import(const std::vector<std::int16_t>& samples, const std::st
   const std::string file = m_folder.file(title + ".wav");
   writeWav(file, samples);
   QBSong* song = m_album->createSong(title);
-  QBCmdImportSong(QBAlbumNode::withSongs(m_album), file, song).run();
+  QBCmdImportSong(AlbumNode::withSongs(m_album), file, song).run();
   return song;
 }
 

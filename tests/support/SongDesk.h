@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "model/QBAlbum.h"
-#include "model/QBSong.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
 #include "platform/persistence/Ref.h"
 #include "support/RecordingViews.h"
 #include "support/ScratchFolder.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/StandardStore.h"
 
-#include "model/QBSettings.h"
+#include "model/store/QBSettings.h"
 
 namespace korvel::test {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/persistence/Sqlite.h"
+#include "platform/sqlite/Sqlite.h"
 
 namespace korvel::test {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tab/ChordGrip.h"
+#include "tab/layout/ChordGrip.h"
 
 #include <gtest/gtest.h>
 
-#include "model/QBLeftHandPattern.h"
+#include "model/book/QBLeftHandPattern.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tab/QBTabBuilder.h"
+#include "tab/text/QBTabBuilder.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "model/QBHarmony.h"
+#include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
-#include "tab/QBBestFingering.h"
+#include "tab/filters/BestFingering.h"
 
 namespace korvel {
 namespace {
@@ -32,7 +32,7 @@ class QBTabBuilderTest : public testing::Test {
   }
 
   std::string refingered(QBChord* chord) {
-    QBBestFingering().execute(nullptr, chord, nullptr);
+    BestFingering().execute(nullptr, chord, nullptr);
     return chord->hold()->toStringClean();
   }
   std::string refingered(const char* frets) { return refingered(test::addChord(m_song, frets)); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tab/QBTabFilter.h"
+#include "tab/filters/QBTabFilter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tab/QBTabMatrix.h"
+#include "tab/text/QBTabMatrix.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tab/QBTabToneTrimmer.h"
+#include "tab/filters/QBTabToneTrimmer.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "model/QBHarmony.h"
-#include "model/QBSettings.h"
+#include "model/book/QBHarmony.h"
+#include "model/store/QBSettings.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

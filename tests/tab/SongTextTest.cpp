@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "model/QBMeasure.h"
+#include "model/songs/QBMeasure.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
-#include "tab/QBTabMatrix.h"
+#include "tab/text/QBTabMatrix.h"
 
 namespace korvel {
 namespace {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tab/TabLayout.h"
+#include "tab/layout/TabLayout.h"
 
 #include <gtest/gtest.h>
 
-#include "model/QBMeasure.h"
+#include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
-#include "tab/ChordSearch.h"
-#include "tab/PlayPosition.h"
-#include "tab/TabPages.h"
-#include "tab/TabText.h"
+#include "tab/layout/ChordSearch.h"
+#include "tab/layout/PlayPosition.h"
+#include "tab/layout/TabPages.h"
+#include "tab/text/TabText.h"
 
 namespace korvel {
 namespace {

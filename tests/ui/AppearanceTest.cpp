@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/Appearance.h"
+#include "ui/desktop/Appearance.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <QStyle>
 #include <QTest>
 
-#include "ui/FocusRing.h"
+#include "ui/desktop/FocusRing.h"
 #include "ui/views/Shades.h"
 
 namespace korvel::ui {

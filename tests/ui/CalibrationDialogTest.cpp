@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/CalibrationDialog.h"
+#include "ui/dialogs/CalibrationDialog.h"
 
 #include <gtest/gtest.h>
 
@@ -14,8 +14,8 @@
 #include "support/Guitar.h"
 #include "support/HandFedMicrophone.h"
 #include "support/StandardStore.h"
-#include "ui/QtRunLoop.h"
-#include "workflow/QBSession.h"
+#include "ui/desktop/QtRunLoop.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
 namespace {

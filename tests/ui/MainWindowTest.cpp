@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/MainWindow.h"
+#include "ui/window/MainWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -11,28 +11,28 @@
 #include <QTreeView>
 #include <optional>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "model/store/QBTabMgr.h"
 #include "support/Guitar.h"
 #include "support/ScratchFolder.h"
 #include "support/StandardStore.h"
-#include "ui/AlertBox.h"
-#include "ui/EditMenu.h"
-#include "ui/JobPanel.h"
-#include "ui/LogPanel.h"
-#include "ui/Preferences.h"
-#include "ui/QtRunLoop.h"
-#include "ui/TreePanel.h"
+#include "ui/desktop/Preferences.h"
+#include "ui/desktop/QtRunLoop.h"
+#include "ui/dialogs/AlertBox.h"
+#include "ui/library/TreePanel.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
-#include "workflow/ImportDesk.h"
-#include "workflow/LibraryEdits.h"
-#include "workflow/QBSession.h"
-#include "workflow/QBSongNode.h"
+#include "ui/window/EditMenu.h"
+#include "ui/window/JobPanel.h"
+#include "ui/window/LogPanel.h"
+#include "workflow/hearing/ImportDesk.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/QtRunLoop.h"
+#include "ui/desktop/QtRunLoop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/SingleInstance.h"
+#include "ui/desktop/SingleInstance.h"
 
 #include <gtest/gtest.h>
 

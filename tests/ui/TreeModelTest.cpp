@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/TreeModel.h"
+#include "ui/library/TreeModel.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
-#include "workflow/LibraryEdits.h"
+#include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {
 namespace {

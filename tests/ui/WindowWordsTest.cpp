@@ -15,22 +15,22 @@
 #include <QTabWidget>
 #include <QTranslator>
 
-#include "model/QBAlbum.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTuning.h"
-#include "platform/Resources.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/files/Resources.h"
 #include "support/ScratchFolder.h"
-#include "ui/AlertBox.h"
-#include "ui/Appearance.h"
-#include "ui/MainWindow.h"
-#include "ui/QtRunLoop.h"
-#include "ui/SelfCheckDialog.h"
-#include "ui/SettingsDialog.h"
-#include "ui/TuningDialog.h"
-#include "ui/Wording.h"
-#include "workflow/LibraryEdits.h"
-#include "workflow/SelfCheck.h"
-#include "workflow/SongCommands.h"
+#include "ui/desktop/Appearance.h"
+#include "ui/desktop/QtRunLoop.h"
+#include "ui/desktop/Wording.h"
+#include "ui/dialogs/AlertBox.h"
+#include "ui/dialogs/SelfCheckDialog.h"
+#include "ui/dialogs/SettingsDialog.h"
+#include "ui/dialogs/TuningDialog.h"
+#include "ui/window/MainWindow.h"
+#include "workflow/arranging/SongCommands.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/SelfCheck.h"
 
 namespace korvel::ui {
 namespace {

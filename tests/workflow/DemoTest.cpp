@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/Resources.h"
+#include "platform/files/Resources.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBCmdImportSong.h"
+#include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/library/AlbumNode.h"
 
 namespace korvel {
 namespace {
@@ -35,7 +35,7 @@ class DemoTest : public testing::Test {
     const auto demo = platform::Resources::ofProgram().locate("demo/First Steps", "ogg");
     const platform::Ref<QBAlbum> album(QBTabMgr::db().createAlbum("A", false));
     QBSong* const song = album->createSong("S");
-    QBCmdImportSong command(std::make_shared<QBAlbumNode>(album), demo->string(), song);
+    QBCmdImportSong command(std::make_shared<AlbumNode>(album), demo->string(), song);
     command.setDetection(detection,
                          {.fingering = {.position = {.kind = precise::Position::Kind::open}}});
     command.run();

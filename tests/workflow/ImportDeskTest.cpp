@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/ImportDesk.h"
+#include "workflow/hearing/ImportDesk.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 
-#include "platform/PlainRunLoop.h"
+#include "platform/loop/PlainRunLoop.h"
 #include "support/Guitar.h"
 #include "support/RecordingViews.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
-#include "workflow/LibraryEdits.h"
-#include "workflow/LibraryTree.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBCmdImportSong.h"
-#include "workflow/QBSession.h"
-#include "workflow/SongEditor.h"
+#include "workflow/editing/SongEditor.h"
+#include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/library/LibraryTree.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel {
 namespace {

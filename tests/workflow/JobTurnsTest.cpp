@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/JobTurns.h"
+#include "workflow/session/JobTurns.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 #include <string>
 
-#include "platform/Deadline.h"
+#include "platform/loop/Deadline.h"
 #include "support/JumpingLoop.h"
 
 namespace korvel {

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/LibraryEdits.h"
+#include "workflow/library/LibraryEdits.h"
 
 #include <gtest/gtest.h>
 
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
-#include "workflow/LibraryTree.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBInstrumentNode.h"
-#include "workflow/QBSongNode.h"
-#include "workflow/QBTuningNode.h"
-#include "workflow/TuningEdits.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/InstrumentNode.h"
+#include "workflow/library/LibraryTree.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/library/TuningEdits.h"
+#include "workflow/library/TuningNode.h"
 
 namespace korvel {
 namespace {

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/LiveRecording.h"
+#include "workflow/hearing/LiveRecording.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 
-#include "model/KorvelModel.h"
-#include "model/QBHarmony.h"
-#include "platform/AudioSystem.h"
-#include "platform/FileError.h"
-#include "platform/WaveFileReader.h"
+#include "model/book/QBHarmony.h"
+#include "model/store/KorvelModel.h"
+#include "platform/files/FileError.h"
+#include "platform/media/WaveFileReader.h"
+#include "platform/sound/AudioSystem.h"
 #include "support/FileSizeLimit.h"
 #include "support/Guitar.h"
 #include "support/HandFedMicrophone.h"

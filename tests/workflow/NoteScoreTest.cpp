@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/NoteScore.h"
+#include "workflow/exporting/NoteScore.h"
 
 #include <gtest/gtest.h>
 

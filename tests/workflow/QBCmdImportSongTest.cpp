@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/QBCmdImportSong.h"
+#include "workflow/hearing/QBCmdImportSong.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "model/QBAlbum.h"
-#include "model/QBChord.h"
-#include "model/QBSong.h"
-#include "model/QBTabMgr.h"
-#include "platform/PlainRunLoop.h"
-#include "platform/Resources.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/files/Resources.h"
+#include "platform/loop/PlainRunLoop.h"
 #include "support/Guitar.h"
 #include "support/RecordingViews.h"
 #include "support/ScratchFolder.h"
 #include "support/StandardStore.h"
-#include "workflow/QBAlbumNode.h"
+#include "workflow/library/AlbumNode.h"
 
 namespace korvel {
 namespace {
@@ -31,7 +31,7 @@ class QBCmdImportSongTest : public testing::Test {
 
   std::shared_ptr<QBCmdImportSong> command(const std::string& file, const std::string& title) {
     if (!m_album) m_album = QBTabMgr::db().createAlbum("A", false);
-    return std::make_shared<QBCmdImportSong>(std::make_shared<QBAlbumNode>(m_album), file,
+    return std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(m_album), file,
                                              m_album->createSong(title));
   }
   QBSong& song(const std::string& title) { return *m_album->findSongByName(title); }

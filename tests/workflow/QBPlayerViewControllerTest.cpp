@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/QBPlayerViewController.h"
+#include "workflow/playing/QBPlayerViewController.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "platform/FluidSynthesizer.h"
-#include "platform/PlainRunLoop.h"
+#include "platform/loop/PlainRunLoop.h"
+#include "platform/midi/FluidSynthesizer.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/HandAudio.h"
 #include "support/RecordingViews.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/QBSession.h"
+#include "workflow/session/QBSession.h"
 
 #include <gtest/gtest.h>
 
@@ -9,11 +9,11 @@
 
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBCommand.h"
-#include "workflow/QBNameMgr.h"
-#include "workflow/QBSongMenu.h"
-#include "workflow/QBSongNode.h"
+#include "workflow/arranging/QBSongMenu.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/QBNameMgr.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/session/QBCommand.h"
 
 namespace korvel {
 namespace {
@@ -57,7 +57,7 @@ TEST(QBSession, songMenuCommandsTheSongThatIsSelectedInTheTree) {
   QBSession& session = QBSession::session();
   QBAlbum* album = QBTabMgr::db().createAlbum("A", false);
   test::addChord(album->createSong("S"), "x02210");
-  const auto tree = QBAlbumNode::withSongs(album);
+  const auto tree = AlbumNode::withSongs(album);
   const auto enabled = [&] {
     const auto count = std::ranges::count(menu.items(), true, &QBSongMenu::Item::enabled);
     EXPECT_TRUE(count == 0 || count == std::ssize(menu.items())) << count;
@@ -81,7 +81,7 @@ TEST(QBSession, songMenuCommandsTheSongThatIsSelectedInTheTree) {
   EXPECT_FALSE(enabled());
   EXPECT_TRUE(views.albumMenuEnabled);
   EXPECT_EQ(session.activeAlbumNode(), tree.get());
-  QBTreeNode other;
+  TreeNode other;
   session.setActiveTreeNode(&other);
   EXPECT_FALSE(views.albumMenuEnabled);
   session.setActiveTreeNode(nullptr);

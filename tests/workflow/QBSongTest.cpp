@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/QBSong.h"
+#include "model/songs/QBSong.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "arrange/QBChordVisitor.h"
-#include "model/QBMeasure.h"
+#include "arrange/chords/QBChordVisitor.h"
+#include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

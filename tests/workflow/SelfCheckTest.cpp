@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/SelfCheck.h"
+#include "workflow/session/SelfCheck.h"
 
 #include <gtest/gtest.h>
 
 #include <future>
 #include <map>
 
-#include "platform/AudioSystem.h"
-#include "platform/WaveFiles.h"
 #include "platform/persistence/ManagedContext.h"
+#include "platform/sound/AudioSystem.h"
+#include "platform/sound/WaveFiles.h"
 #include "support/StandardStore.h"
 
 namespace korvel {

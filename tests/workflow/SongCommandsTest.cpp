@@ -9,13 +9,13 @@
 #include <string>
 #include <vector>
 
-#include "model/KorvelModel.h"
-#include "model/QBTabMgr.h"
-#include "platform/persistence/Sqlite.h"
+#include "model/store/KorvelModel.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/sqlite/Sqlite.h"
 #include "support/Approved.h"
 #include "support/Guitar.h"
 #include "support/SongDesk.h"
-#include "workflow/SongCommands.h"
+#include "workflow/arranging/SongCommands.h"
 
 namespace korvel {
 namespace {

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/SongEditor.h"
+#include "workflow/editing/SongEditor.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "model/QBMeasure.h"
+#include "model/songs/QBMeasure.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 #include "support/StoreContents.h"
-#include "workflow/QBSession.h"
-#include "workflow/TabCursor.h"
+#include "workflow/editing/TabCursor.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel {
 namespace {

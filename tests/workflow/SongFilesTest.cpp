@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/SongFiles.h"
+#include "workflow/exporting/SongFiles.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/Utf8.h"
+#include "platform/text/Utf8.h"
 
 namespace korvel {
 namespace {

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "arrange/ToneOrder.h"
-#include "model/KorvelModel.h"
-#include "platform/persistence/Sqlite.h"
+#include "arrange/chords/ToneOrder.h"
+#include "model/store/KorvelModel.h"
+#include "platform/sqlite/Sqlite.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/ToneRoll.h"
+#include "workflow/playing/ToneRoll.h"
 
 #include <gtest/gtest.h>
 

@@ -6,24 +6,24 @@
 #include <optional>
 #include <random>
 
-#include "model/QBMeasure.h"
-#include "platform/PackedText.h"
-#include "platform/PlainRunLoop.h"
-#include "platform/persistence/StoreFile.h"
+#include "model/songs/QBMeasure.h"
+#include "platform/loop/PlainRunLoop.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/sqlite/StoreFile.h"
+#include "platform/text/PackedText.h"
 #include "support/Guitar.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 #include "support/StoreContents.h"
-#include "workflow/ImportDesk.h"
-#include "workflow/LibraryEdits.h"
-#include "workflow/LibraryTree.h"
-#include "workflow/QBAlbumNode.h"
-#include "workflow/QBCmdImportSong.h"
-#include "workflow/QBSongNode.h"
-#include "workflow/SongEditor.h"
-#include "workflow/SongEdits.h"
-#include "workflow/SongOrders.h"
+#include "workflow/arranging/SongOrders.h"
+#include "workflow/editing/SongEditor.h"
+#include "workflow/editing/SongEdits.h"
+#include "workflow/hearing/ImportDesk.h"
+#include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/library/LibraryTree.h"
+#include "workflow/library/QBSongNode.h"
 
 namespace korvel {
 namespace {
@@ -76,7 +76,7 @@ class User {
     song->buildTab();
   }
   void command(QBSong& song) {
-    const auto tree = QBAlbumNode::withSongs(song.album());
+    const auto tree = AlbumNode::withSongs(song.album());
     tree->findChild(&song)->perform(m_commands.at(m_random() % m_commands.size()));
   }
   void order(QBSong& song) {
@@ -196,7 +196,7 @@ TEST_F(UndoCommandsTest, everythingThatIsDoneIsTakenBackAndDoneAgain) {
 
 TEST_F(UndoCommandsTest, actionsAreCalledAsTheirMenuSaysAndLogged) {
   song({"x02210", "x02210"});
-  const auto tree = QBAlbumNode::withSongs(m_desk.album());
+  const auto tree = AlbumNode::withSongs(m_desk.album());
   const auto nameOf = [&](const char* command) {
     EXPECT_TRUE(tree->children().front()->perform(command));
     return actionName();
@@ -235,7 +235,7 @@ class Auditor final : public OutputView {
 
 TEST_F(UndoCommandsTest, whatTheLogSaysIsSaved) {
   song({"x02210", "x02210"});
-  const auto tree = QBAlbumNode::withSongs(m_desk.album());
+  const auto tree = AlbumNode::withSongs(m_desk.album());
   const Auditor auditor;
   for (const char* command : {"extractMelody", "copySong", "deleteSong"})
     EXPECT_TRUE(orderOf(*tree->children().front(), *findSongCommand(command)));

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <vector>
 
-#include "analysis/precise/Analysis.h"
+#include "precise/Analysis.h"
 
 namespace korvel::tools {
 namespace {

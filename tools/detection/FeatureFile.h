@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "analysis/precise/Observer.h"
+#include "precise/judging/Observer.h"
 
 namespace korvel::tools {
 

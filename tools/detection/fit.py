@@ -22,7 +22,7 @@ sys.dont_write_bytecode = True
 import tables
 from company import company
 
-PRECISE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '../../src/analysis/precise')
+PRECISE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '../../src/precise/judging')
 FOLDS = 4
 L2 = 3.0
 STEPS = 12

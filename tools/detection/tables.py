@@ -11,7 +11,7 @@ NOTE_PRODUCTS = [('Mean', 'MeanShare'), ('Mean', 'Flux'), ('Mean', 'Covered'), (
                  ('OctaveBelow', 'Pitch')]
 
 FILE = '''// SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/precise/Tables.h"
+#include "precise/judging/Tables.h"
 
 #include <array>
 

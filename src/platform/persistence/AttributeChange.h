@@ -4,9 +4,9 @@
 #include <string>
 #include <utility>
 
-#include "platform/PackedText.h"
 #include "platform/persistence/Attribute.h"
 #include "platform/persistence/Ref.h"
+#include "platform/text/PackedText.h"
 
 namespace korvel::platform {
 

@@ -9,7 +9,7 @@
 #include "platform/persistence/Attribute.h"
 #include "platform/persistence/ManagedObject.h"
 #include "platform/persistence/Relationship.h"
-#include "platform/persistence/Sqlite.h"
+#include "platform/sqlite/Sqlite.h"
 
 namespace korvel::platform {
 

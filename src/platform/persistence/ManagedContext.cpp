@@ -6,9 +6,9 @@
 
 #include "platform/persistence/ChangeLog.h"
 #include "platform/persistence/ManagedContextTable.h"
-#include "platform/persistence/StoreCheck.h"
-#include "platform/persistence/StoreError.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/sqlite/StoreCheck.h"
+#include "platform/sqlite/StoreError.h"
 
 namespace korvel::platform {
 namespace {

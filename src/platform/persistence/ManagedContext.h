@@ -12,7 +12,7 @@
 #include "platform/persistence/EntityDescription.h"
 #include "platform/persistence/ManagedObject.h"
 #include "platform/persistence/ObjectModel.h"
-#include "platform/persistence/Sqlite.h"
+#include "platform/sqlite/Sqlite.h"
 
 namespace korvel::platform {
 

@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "platform/persistence/ManagedContextTable.h"
-#include "platform/persistence/StoreCheck.h"
-#include "platform/persistence/StoreFile.h"
+#include "platform/sqlite/StoreCheck.h"
+#include "platform/sqlite/StoreFile.h"
 
 namespace korvel::platform {
 namespace {

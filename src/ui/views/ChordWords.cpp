@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/views/ChordWords.h"
 
-#include "arrange/ToneOrder.h"
-#include "model/Neck.h"
-#include "model/QBChord.h"
-#include "model/QBHarmony.h"
-#include "model/QBMeasure.h"
-#include "model/QBSong.h"
-#include "model/QBString.h"
-#include "model/QBTabMgr.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
-#include "tab/ChordSearch.h"
-#include "ui/Text.h"
+#include "arrange/chords/ToneOrder.h"
+#include "model/book/QBHarmony.h"
+#include "model/instruments/QBString.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBMeasure.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
+#include "tab/layout/ChordSearch.h"
+#include "ui/desktop/Text.h"
 
 namespace korvel::ui {
 

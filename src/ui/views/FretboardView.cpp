@@ -11,14 +11,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/Neck.h"
-#include "model/Pitch.h"
-#include "model/QBChord.h"
-#include "model/QBHarmony.h"
-#include "model/QBSong.h"
-#include "model/QBString.h"
-#include "model/QBTuning.h"
-#include "ui/Text.h"
+#include "model/book/QBHarmony.h"
+#include "model/instruments/QBString.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "music/Neck.h"
+#include "music/Pitch.h"
+#include "ui/desktop/Text.h"
 #include "ui/views/Shades.h"
 
 namespace korvel::ui {

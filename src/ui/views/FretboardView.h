@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "platform/persistence/Ref.h"
-#include "tab/ChordGrip.h"
+#include "tab/layout/ChordGrip.h"
 #include "ui/views/ChordWords.h"
 #include "ui/views/SpokenView.h"
 

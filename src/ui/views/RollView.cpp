@@ -15,12 +15,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/ChordStep.h"
-#include "model/Pitch.h"
-#include "model/QBChord.h"
-#include "model/QBHarmony.h"
-#include "model/QBSong.h"
-#include "ui/Text.h"
+#include "model/book/QBHarmony.h"
+#include "model/songs/ChordStep.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "music/Pitch.h"
+#include "ui/desktop/Text.h"
 #include "ui/views/ChordWords.h"
 #include "ui/views/Shades.h"
 

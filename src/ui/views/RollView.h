@@ -4,9 +4,9 @@
 #include <QAbstractScrollArea>
 
 #include "platform/persistence/Ref.h"
-#include "tab/LoopRange.h"
+#include "tab/layout/LoopRange.h"
 #include "ui/views/SpokenView.h"
-#include "workflow/ToneRoll.h"
+#include "workflow/playing/ToneRoll.h"
 
 namespace korvel {
 class QBSong;

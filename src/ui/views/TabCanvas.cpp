@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <cmath>
 
-#include "model/Neck.h"
+#include "music/Neck.h"
 
 namespace korvel::ui {
 namespace {

@@ -5,7 +5,7 @@
 #include <QRectF>
 #include <QString>
 
-#include "tab/TabLayout.h"
+#include "tab/layout/TabLayout.h"
 #include "ui/views/Shades.h"
 
 class QPainter;

@@ -9,11 +9,11 @@
 #include <cmath>
 #include <utility>
 
-#include "model/Neck.h"
-#include "model/QBSong.h"
-#include "tab/QBTabMatrix.h"
-#include "tab/TabText.h"
-#include "ui/Text.h"
+#include "model/songs/QBSong.h"
+#include "music/Neck.h"
+#include "tab/text/QBTabMatrix.h"
+#include "tab/text/TabText.h"
+#include "ui/desktop/Text.h"
 #include "ui/views/ChordWords.h"
 #include "ui/views/TablatureView.h"
 

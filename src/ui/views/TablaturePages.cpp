@@ -9,10 +9,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "model/QBSong.h"
-#include "platform/FileError.h"
-#include "tab/TabPages.h"
-#include "ui/Text.h"
+#include "model/songs/QBSong.h"
+#include "platform/files/FileError.h"
+#include "tab/layout/TabPages.h"
+#include "ui/desktop/Text.h"
 #include "ui/views/TabCanvas.h"
 
 namespace korvel::ui {

@@ -11,17 +11,17 @@
 #include <algorithm>
 #include <cmath>
 
-#include "arrange/ToneOrder.h"
-#include "model/Neck.h"
-#include "model/QBChord.h"
-#include "model/QBHold.h"
-#include "model/QBSong.h"
-#include "model/QBTone.h"
-#include "model/QBTuning.h"
-#include "platform/Utf8.h"
-#include "tab/PlayPosition.h"
-#include "tab/TabText.h"
-#include "ui/Text.h"
+#include "arrange/chords/ToneOrder.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "music/Neck.h"
+#include "platform/text/Utf8.h"
+#include "tab/layout/PlayPosition.h"
+#include "tab/text/TabText.h"
+#include "ui/desktop/Text.h"
 #include "ui/views/ChordWords.h"
 
 namespace korvel::ui {

@@ -6,12 +6,12 @@
 #include <optional>
 
 #include "platform/persistence/Ref.h"
-#include "tab/ChordSearch.h"
-#include "tab/LoopRange.h"
-#include "tab/TabLayout.h"
+#include "tab/layout/ChordSearch.h"
+#include "tab/layout/LoopRange.h"
+#include "tab/layout/TabLayout.h"
 #include "ui/views/SpokenView.h"
 #include "ui/views/TabCanvas.h"
-#include "workflow/SessionViews.h"
+#include "workflow/session/SessionViews.h"
 
 namespace korvel {
 class QBSong;

@@ -5,7 +5,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "model/QBLeftHandPattern.h"
+#include "model/book/QBLeftHandPattern.h"
 #include "support/StandardStore.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/RollView.h"

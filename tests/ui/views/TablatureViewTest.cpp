@@ -10,7 +10,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "platform/FileError.h"
+#include "platform/files/FileError.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
 #include "ui/views/TablaturePages.h"

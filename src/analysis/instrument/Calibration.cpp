@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/instrument/Calibration.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/spectrum/QBFFTGuitar.h"
+#include "analysis/spectrum/QBFrequencyMatrix.h"
+#include "analysis/spectrum/SampleBuffer.h"
+#include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBOvertone.h"
+#include "model/instruments/QBSpectrum.h"
+#include "model/instruments/QBString.h"
+#include "model/instruments/QBTuning.h"
+#include "model/store/QBTabMgr.h"
+#include "music/Pitch.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kLastFret = 12;
+constexpr int kMidiOfLargeTone0 = 36;
+constexpr int kFewestBlocks = 3;
+constexpr float kFullVolume = 1.0F;
+
+struct Position {
+  int string;
+  int fret;
+};
+
+int midiOf(const Position& position) {
+  return QBInstrument::largeToneOfStringS(position.string) + position.fret + kMidiOfLargeTone0;
+}
+
+Position positionIn(const QBFloatMatrix& place) {
+  return {static_cast<int>(place.getFloat(2, 0)), static_cast<int>(place.getFloat(1, 0))};
+}
+
+/// Where the detection puts a note that lies `offset` above an open string; beyond its range, the
+/// fret that the string would need.
+Position detectedPosition(int string, int offset) {
+  const Position own{string, offset};
+  const float open = QBTabMgr::db().selectedTuning()->computeFrequency(string, 0);
+  const float frequency = open * std::exp2(static_cast<float>(offset) / kNotesPerOctave);
+  const auto place = QBFrequencyMatrix::infoByFrequencyComputed(frequency);
+  if (!place) return own;
+  const Position found = positionIn(*place);
+  return midiOf(found) == midiOf(own) ? found : own;
+}
+
+bool reaches(int string, int midi) {
+  const int fret = midi - midiOf({string, 0});
+  return fret >= 0 && fret <= kLastFret;
+}
+
+/// The next mean of values of which this is the last and n-th.
+double mean(double before, double value, int n) { return before + (value - before) / n; }
+
+}  // namespace
+
+Calibration::Calibration() : m_tuning(QBTabMgr::db().selectedTuning()) {}
+
+Calibration::~Calibration() = default;
+
+QBTuning* Calibration::tuning() const { return m_tuning; }
+
+bool Calibration::canMeasure(QBTuning& tuning) {
+  constexpr float kConcertA = 440;
+  constexpr int kMidiOfConcertA = 69;
+  for (int string = 0; string < kStrings; ++string) {
+    const float octaves = std::log2(tuning.computeFrequency(string, 0) / kConcertA);
+    const auto sounds = static_cast<int>(std::lround(octaves * kNotesPerOctave)) + kMidiOfConcertA;
+    if (sounds != tuning.largeToneOfString(string) + kMidiOfLargeTone0) return false;
+  }
+  return true;
+}
+
+/// Each place once, with its loudest frequency, as in the chords of the detection.
+std::vector<HeardTone> Calibration::tonesIn(std::span<const std::int16_t> samples) {
+  std::vector<HeardTone> tones;
+  const auto spectrum = spectrumOf(samples, 0);
+  for (const QBFrequency& frequency : spectrum->frequencies(nullptr)) {
+    if (!frequency.isGuitar()) continue;
+    const int midi = midiOf(positionIn(*frequency.matrix()));
+    if (std::ranges::find(tones, midi, &HeardTone::midi) == tones.end())
+      tones.push_back({midi, frequency.amplitude()});
+  }
+  return tones;
+}
+
+bool Calibration::isReached(int midi) {
+  for (int string = 0; string < kStrings; ++string)
+    if (reaches(string, midi)) return true;
+  return false;
+}
+
+void Calibration::addBlock(std::span<const HeardTone> tones, int midi) {
+  for (int string = 0; string < kStrings; ++string) {
+    if (!reaches(string, midi)) continue;
+    String& heard = m_strings.at(static_cast<std::size_t>(string));
+    ++heard.blocks;
+    for (const HeardTone& tone : tones) {
+      Overtone& overtone = heard.overtones[tone.midi - midi];
+      ++overtone.hits;
+      overtone.amp = mean(overtone.amp, tone.amp, overtone.hits);
+    }
+  }
+}
+
+std::vector<int> Calibration::unknownStrings() const {
+  std::vector<int> unknown;
+  for (int string = 0; string < kStrings; ++string)
+    if (m_strings.at(static_cast<std::size_t>(string)).blocks < kFewestBlocks)
+      unknown.push_back(string);
+  return unknown;
+}
+
+QBInstrument& Calibration::createInstrument(const std::string& name, float detailLevel,
+                                            double smallestShare) const {
+  QBInstrument& instrument =
+      *QBTabMgr::db().createInstrument(m_tuning, name, false, true, detailLevel, kFullVolume);
+  for (const auto& spectrum : instrument.readAllSpectrums()) {
+    const int string = spectrum->string()->order();
+    fill(*spectrum, string, m_strings.at(static_cast<std::size_t>(string)), smallestShare);
+  }
+  instrument.defineAsCalibrated();
+  return instrument;
+}
+
+void Calibration::fill(QBSpectrum& spectrum, int string, const String& heard,
+                       double smallestShare) {
+  for (const auto& [offset, overtone] : heard.overtones) {
+    if (overtone.hits < smallestShare * heard.blocks) continue;
+    const Position at = detectedPosition(string, offset);
+    spectrum.addOvertone(at.string, at.fret, pitchClass(midiOf(at)), offset, 0.0, overtone.amp)
+        ->setHits(overtone.hits);
+  }
+  spectrum.cleanupTones();
+  spectrum.computeOffsets();
+  spectrum.defineAsCalibrated();
+}
+
+}  // namespace korvel

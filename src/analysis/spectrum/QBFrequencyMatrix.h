@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "matrix/QBFloatMatrix.h"
+
+namespace korvel {
+
+/// Finds the place on the neck that plays a frequency.
+class QBFrequencyMatrix : public QBFloatMatrix {
+ public:
+  using QBFloatMatrix::QBFloatMatrix;
+
+  /// The place of a frequency in Hz in the selected tuning, as a position matrix of one row; none
+  /// when no fret of the first position, or of the whole highest string, is within 7.5 % of a
+  /// semitone, or when no tuning is selected.
+  static std::optional<QBFloatMatrix> infoByFrequencyComputed(float f);
+
+  /// Other tables of bins than the mapper's; no step of the analysis reads them.
+  /// Bins 7 to 135 by their own frequencies, 0 where no place plays it: 129 entries.
+  static std::span<const float> buildSpektrum();
+  /// Bins 30 to 252 with the tones E2 to E5: 223 entries.
+  static std::span<const float> buildSpectrumBig();
+  /// As QBFrequencyMapper::bigD.
+  static std::span<const float> buildSpectrumSmall();
+  static QBFrequencyMatrix initAsGuitar() { return {}; }
+};
+
+}  // namespace korvel

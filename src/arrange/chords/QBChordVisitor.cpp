@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/chords/QBChordVisitor.h"
+
+#include "model/instruments/QBInstrument.h"
+#include "model/songs/QBAlbum.h"
+#include "model/store/QBTabMgr.h"
+
+namespace korvel {
+
+QBChordVisitor::QBChordVisitor() : m_selectedInstrument(QBTabMgr::db().selectedInstrument()) {}
+
+QBChordVisitor::~QBChordVisitor() = default;
+
+void QBChordVisitor::execute(QBChord*, QBChord*, QBChord*) {}
+
+QBInstrument* QBChordVisitor::m_instrument() const { return m_selectedInstrument; }
+
+QBAlbum* QBChordVisitor::m_album() const { return m_albumOfSong; }
+
+void QBChordVisitor::setM_album(QBAlbum* album) { m_albumOfSong = album; }
+
+}  // namespace korvel

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/groups/QBGroupRemover.h"
+
+#include "arrange/chords/ToneOrder.h"
+#include "model/songs/QBTone.h"
+
+namespace korvel {
+
+void QBGroupRemover::execute(QBChord*, QBChord* current, QBChord*) {
+  for (const auto& tone : tonesOf(*current))
+    if (tone->group() == m_group) tone->setActive(false);
+}
+
+}  // namespace korvel

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "arrange/chords/QBChordVisitor.h"
+#include "arrange/hands/RightHandChoice.h"
+
+namespace korvel {
+
+/// Keeps the tones on the strings of the pattern that the right hand strikes best, and stores the
+/// pattern in the chord. A chord that no pattern fits stays as it is.
+class QBApplyRightHands final : public QBChordVisitor {
+ public:
+  void execute(QBChord* previous, QBChord* current, QBChord* next) override;
+
+ private:
+  RightHandChoice m_choice;
+};
+
+}  // namespace korvel

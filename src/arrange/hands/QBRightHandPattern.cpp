@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/book/QBRightHandPattern.h"
+
+#include "model/instruments/QBString.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+
+namespace korvel {
+
+bool QBRightHandPattern::matches(const QBChord& chord) const {
+  const QBHold* hold = chord.hold();
+  for (const QBString* row : strings())
+    if (!hold || !hold->findToneByString(row->order())) return false;
+  return true;
+}
+
+int QBRightHandPattern::weight() const {
+  return (order() + static_cast<int>(strings().size())) * 4;
+}
+
+bool QBRightHandPattern::isPlayable(const QBRightHandPattern&) const { return true; }
+
+}  // namespace korvel

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/hands/QBToneToNextString.h"
+
+#include "arrange/chords/ToneOrder.h"
+#include "model/instruments/QBInstrument.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "music/Neck.h"
+#include "music/Pitch.h"
+
+namespace korvel {
+QBToneToNextString::QBToneToNextString(QBSong* target) : m_target(target) {}
+
+QBToneToNextString::~QBToneToNextString() = default;
+
+void QBToneToNextString::execute(QBChord*, QBChord* current, QBChord*) {
+  m_made = m_target->createChord();
+  for (const auto& tone : byStringAndFret(*current)) {
+    const int note = largeToneOf(*tone);
+    QBTone* placed = findPositionsFrom(*m_made, tone->string(), note);
+    if (!placed) placed = m_made->hold()->addTone(tone->string(), tone->fret(), 0.0);
+    placed->setAmp(tone->amp());
+  }
+}
+
+QBTone* QBToneToNextString::findPositionsFrom(QBChord& chord, int string, int note) {
+  for (int lower = string - 1; lower >= lowestString(); --lower) {
+    const int fret = addNotes(note, -QBInstrument::largeToneOfStringS(lower));
+    if (fret < 0 || fret >= kFretsToMoveTo) continue;
+    return mayMoveTo(chord, lower, fret) ? chord.hold()->addTone(lower, fret, 0.0) : nullptr;
+  }
+  return nullptr;
+}
+
+bool QBToneToNextString::mayMoveTo(QBChord&, int, int) { return true; }
+
+QBChord* QBToneToNextString::made() const { return m_made; }
+
+}  // namespace korvel

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <vector>
+
+#include "arrange/chords/QBChordVisitor.h"
+
+namespace korvel {
+
+/// Removes tones of each chord by their place in its harmony: 3 is the seventh, 4 the ninth, 5 the
+/// eleventh. Chords without a harmony stay as they are.
+class QBOptionRemover final : public QBChordVisitor {
+ public:
+  explicit QBOptionRemover(std::vector<int> options);
+
+  /// A chord that lost a tone is named anew. One that no harmony explains keeps its old name.
+  void execute(QBChord* previous, QBChord* current, QBChord* next) override;
+
+ private:
+  bool removeOptions(const QBChord& chord) const;
+
+  std::vector<int> m_options;  ///< Ascending.
+};
+
+}  // namespace korvel

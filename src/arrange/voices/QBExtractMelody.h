@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "arrange/chords/QBChordVisitor.h"
+
+namespace korvel {
+
+/// Keeps the highest tone.
+class QBExtractMelody final : public QBChordVisitor {
+ public:
+  void execute(QBChord* previous, QBChord* current, QBChord* next) override;
+};
+
+}  // namespace korvel

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "arrange/chords/QBChordVisitor.h"
+
+namespace korvel {
+
+/// Keeps the lowest and the highest tone, and both of two.
+class QBExtractMelodyBrass final : public QBChordVisitor {
+ public:
+  void execute(QBChord* previous, QBChord* current, QBChord* next) override;
+};
+
+}  // namespace korvel

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/voices/QBUnderAmpRemover.h"
+
+#include <cmath>
+
+#include "arrange/chords/ToneOrder.h"
+#include "model/songs/QBTone.h"
+
+namespace korvel {
+
+void QBUnderAmpRemover::execute(QBChord*, QBChord* current, QBChord*) {
+  constexpr double kMillion = 1000000.0;
+  for (const auto& tone : tonesOf(*current))
+    if (std::trunc(tone->amp() / kMillion) < m_factor) tone->setActive(false);
+}
+
+}  // namespace korvel

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "audio/QBSampleSource.h"
+#include "platform/media/MonoMixer.h"
+
+namespace korvel {
+
+/// A recording that is kept in memory as it comes in, to be heard as a whole once it is over: one
+/// channel of 16 bits at any rate.
+class KeptSound final : public QBSampleSource {
+ public:
+  /// rate: samples a second, above 0.
+  explicit KeptSound(int rate);
+
+  /// The next samples of the recording. Not while it is read.
+  void keep(std::span<const std::int16_t> samples);
+
+  /// From the beginning again. The volume has no meaning here.
+  void startRecord(float volume) override;
+  std::span<const float> readSamples() override;
+  bool eof() const override { return !m_reading; }
+  bool isReading() const override { return m_reading; }
+  double progress() const override;
+  void stopRecord() override { m_reading = false; }
+
+ private:
+  int m_rate;
+  platform::MonoMixer m_mixer;
+  std::size_t m_next = 0;
+  std::vector<float> m_converted;
+  bool m_reading = false;
+};
+
+}  // namespace korvel

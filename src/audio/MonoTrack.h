@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+
+#include "audio/QBSampleSource.h"
+#include "platform/media/MonoReader.h"
+
+namespace korvel {
+
+/// The first sound track of a media file as one channel at 44100 samples a second, whatever the
+/// file's own rate and channels: for what hears a recording as a whole. It is read slice by slice
+/// and never held as a whole. What is wrong with a file becomes a line of the log, and the source
+/// is at its end at once.
+class MonoTrack final : public QBSampleSource {
+ public:
+  explicit MonoTrack(std::filesystem::path file);
+
+  /// Opens the file anew. The volume has no meaning for a file.
+  void startRecord(float volume) override;
+  std::span<const float> readSamples() override;
+  bool eof() const override { return !isReading(); }
+  bool isReading() const override { return m_reader && m_reader->isReading(); }
+  /// Of the file; 1 once there is nothing to read.
+  double progress() const override;
+  void stopRecord() override { m_reader.reset(); }
+
+ private:
+  void createReader(const platform::MediaAsset& asset, const platform::MediaTrack& sound);
+
+  std::filesystem::path m_file;
+  std::optional<platform::MonoReader> m_reader;
+};
+
+}  // namespace korvel

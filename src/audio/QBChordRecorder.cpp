@@ -1,8 +1,0 @@
-// SPDX-License-Identifier: GPL-3.0-or-later
-#include "audio/QBChordRecorder.h"
-
-namespace korvel {
-
-QBChord* QBChordRecorder::nextChord() { return completed(nextStep()); }
-
-}  // namespace korvel

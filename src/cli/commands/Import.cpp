@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/Import.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+
+#include "cli/support/CliError.h"
+#include "cli/support/Console.h"
+#include "cli/support/TuningChoice.h"
+#include "export/SongJson.h"
+#include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/loop/PlainRunLoop.h"
+#include "workflow/hearing/NewSong.h"
+#include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/hearing/SoundCheck.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/session/QBSession.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel::cli {
+namespace {
+
+void run(QBCmdImportSong& command, bool stepped) {
+  command.onProgress([](double share) { Console::attached().progress(share); });
+  if (!stepped) {
+    command.run();
+    return;
+  }
+  command.runInBackground();
+  platform::PlainRunLoop::ofProcess().runUntil([&] { return !command.isRunning(); });
+}
+
+/// Hears the file into the song, in the tuning that the import is for.
+void hear(const ImportOptions& options, const std::string& file, const NewSong& made,
+          QBTuning* tuning) {
+  const TuningForNow chosen(tuning);
+  made.song()->setTuning(QBTabMgr::db().selectedTuning());
+  const auto command = std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(made.album()),
+                                                         file, made.song());
+  command->setDetection(options.detection, options.settings);
+  QBSession::session().addJob(command);
+  run(*command, options.stepped);
+}
+
+platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,
+                                 QBTuning* tuning) {
+  requireSound(file);
+  NewSong made(options.album, std::filesystem::path(file).stem().string(), options.title);
+  hear(options, file, made, tuning);
+  if (!hasTones(*made.song()))
+    throw CliError(file + ": no tones were heard in it; nothing was stored");
+  QBTabMgr::db().context().save();
+  made.keep();
+  return made.song();
+}
+
+/// The line for a file that could not be imported names it, whatever went wrong.
+std::string problemOf(const std::string& file, const std::exception& error) {
+  const std::string what = error.what();
+  return what.starts_with(file) ? what : file + " was not imported: " + what;
+}
+
+void printSongs(const ImportOptions& options, const std::vector<QBSong*>& songs) {
+  if (options.files.size() > 1)
+    Console::attached().print(songsAsJson(songs));
+  else if (!songs.empty())
+    Console::attached().print(songAsJson(*songs.front()));
+}
+
+void requireInstrument() {
+  if (!QBTabMgr::db().selectedInstrument())
+    throw CliError(QBTabMgr::storePath() +
+                   ": no instrument is active, so no tone can be confirmed");
+}
+
+}  // namespace
+
+int importFiles(const ImportOptions& options) {
+  if (options.detection == ImportDetection::classic) requireInstrument();
+  QBTuning* tuning = options.tuning ? &chooseTuning(*options.tuning) : nullptr;
+  std::vector<platform::Ref<QBSong>> songs;
+  int status = EXIT_SUCCESS;
+  for (const std::string& file : options.files) {
+    try {
+      songs.push_back(importFile(options, file, tuning));
+    } catch (const std::exception& error) {
+      Console::attached().error(problemOf(file, error));
+      status = EXIT_FAILURE;
+      continue;
+    }
+    if (!options.json) Console::attached().print(songs.back()->tabulature());
+  }
+  if (options.json) printSongs(options, {songs.begin(), songs.end()});
+  return status;
+}
+
+}  // namespace korvel::cli

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/Play.h"
+
+#include <cmath>
+#include <utility>
+
+#include "cli/support/CliError.h"
+#include "cli/support/Console.h"
+#include "cli/support/Interrupts.h"
+#include "cli/support/OutputFile.h"
+#include "cli/support/SongChoice.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "platform/loop/PlainRunLoop.h"
+#include "platform/sound/WaveFiles.h"
+#include "workflow/playing/QBPlayerViewController.h"
+#include "workflow/session/QBSession.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel::cli {
+namespace {
+
+/// How long Ctrl-C may wait to be seen.
+constexpr double kWatchSeconds = 0.05;
+
+/// The player of a console: a slider that stands still, and the position in a line.
+class ConsolePlayer final : public PlayerControls {
+ public:
+  explicit ConsolePlayer(double rate) : m_speed(static_cast<int>(std::lround(rate * kMaximum))) {}
+  ~ConsolePlayer() override { Console::attached().endStatus(); }
+
+  void lockMIDI() override {}
+  void unlockAll() override {}
+  void showLoop(const LoopRange&) override {}
+  void showPosition(const std::string& percent) override { Console::attached().status(percent); }
+  void showSpeed(const std::string&) override {}
+  void showProblem(const std::string& problem) override { m_problem = problem; }
+  int speed() const override { return m_speed; }
+  int maximumSpeed() const override { return kMaximum; }
+
+  const std::string& problem() const { return m_problem; }
+
+ private:
+  static constexpr int kMaximum = 10000;
+
+  int m_speed;
+  std::string m_problem;
+};
+
+bool hasLoop(const QBSong& song) { return song.fromChord() || song.toChord(); }
+
+/// To the player a file that cannot be written any more is a device that is gone.
+std::string named(const std::string& problem, const PlayOptions& options) {
+  const std::string device =
+      options.device.empty() ? platform::AudioSystem::kSystemDefault : options.device;
+  const std::string name = options.file.value_or(device);
+  const bool isNamed = problem.find(name) != std::string::npos;
+  if (options.file)
+    return (isNamed ? problem : name + ": cannot be written any further") + OutputFile::kAdvice;
+  return isNamed ? problem : name + ": " + problem;
+}
+
+void run(QBPlayerViewController& player, Interrupts& interrupts, bool endless) {
+  const auto watch = platform::RunLoop::main().scheduleRepeating(kWatchSeconds, [] {});
+  player.play();
+  platform::PlainRunLoop::ofProcess().runUntil([&] {
+    player.keepLooping();
+    return !player.isPlaying() || interrupts.next() || (!endless && player.isOver());
+  });
+  player.stop();
+}
+
+/// Gives the session its song and its player, and takes them back.
+class PlayingSession {
+ public:
+  PlayingSession(QBSong& song, PlayerView& player) : m_before(QBSession::session().views()) {
+    SessionViews views = m_before;
+    views.player = &player;
+    QBSession::session().attach(views);
+    QBSession::session().setActiveSong(&song);
+  }
+  PlayingSession(const PlayingSession&) = delete;
+  PlayingSession& operator=(const PlayingSession&) = delete;
+  ~PlayingSession() {
+    QBSession::session().attach(m_before);
+    QBSession::session().setActiveSong(nullptr);
+  }
+
+ private:
+  SessionViews m_before;
+};
+
+void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& options) {
+  Interrupts interrupts;  // first, so that a second Ctrl-C does not end what the first one began
+  const LoopForNow loop(song, options.sound);
+  auto synthesizer = synthesizerFor(options.sound);
+  ConsolePlayer console(rateOf(song, options.sound));
+  QBPlayerViewController player(console, [&] {
+    return std::make_unique<platform::MusicPlayer>(system, options.device, std::move(synthesizer));
+  });
+  const PlayingSession session(song, player);
+  run(player, interrupts, hasLoop(song));
+  if (!console.problem().empty()) throw CliError(named(console.problem(), options));
+}
+
+void playInto(const OutputFile& file, QBSong& song, const PlayOptions& options) {
+  file.check();
+  platform::WaveFiles files({}, *options.file);
+  playOn(files, song, options);
+}
+
+}  // namespace
+
+void play(const PlayOptions& options) {
+  QBSong& song = chooseSong(options.song);
+  requireChords(song);
+  const TuningForNow chosen(song.tuning());
+  if (options.file)
+    playInto(OutputFile(*options.file, options.force), song, options);
+  else
+    playOn(platform::AudioSystem::main(), song, options);
+}
+
+}  // namespace korvel::cli

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/Render.h"
+
+#include "cli/support/CliError.h"
+#include "cli/support/Console.h"
+#include "cli/support/Interrupts.h"
+#include "cli/support/SongChoice.h"
+#include "model/songs/QBSong.h"
+#include "platform/media/WaveFileWriter.h"
+#include "playback/SongRenderer.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel::cli {
+namespace {
+
+constexpr std::size_t kSamplesAtOnce = 16384;
+
+/// Ctrl-C leaves no part of a file behind.
+bool write(SongRenderer& renderer, platform::WaveFileWriter& writer, const std::string& name) {
+  Interrupts interrupts;
+  std::vector<std::int16_t> samples(kSamplesAtOnce);
+  for (auto next = renderer.next(samples); !next.empty(); next = renderer.next(samples)) {
+    writer.write(next);
+    Console::attached().progress(renderer.progress());
+    if (interrupts.next()) throw CliError(name + ": interrupted; nothing was written");
+  }
+  return writer.finish();
+}
+
+}  // namespace
+
+void render(const RenderOptions& options) {
+  QBSong& song = chooseSong(options.song);
+  requireChords(song);
+  const OutputFile file(options.file, options.force);
+  file.check();
+  const TuningForNow chosen(song.tuning());
+  renderSong(song, file, options.sound);
+}
+
+void renderSong(QBSong& song, const OutputFile& file, const SoundOptions& sound) {
+  const LoopForNow loop(song, sound);
+  const auto synthesizer = synthesizerFor(sound);
+  SongRenderer renderer(song, SongRenderer::loopOf(song), rateOf(song, sound), *synthesizer);
+  if (renderer.isSilent())
+    throw CliError(fullTitle(song) +
+                   ": nothing sounds in these chords, so there is nothing to write");
+  file.writeBy([&](const std::filesystem::path& name, platform::Existing existing) {
+    platform::WaveFileWriter writer(name, platform::Synthesizer::kSampleRate,
+                                    platform::Synthesizer::kChannels, existing);
+    return write(renderer, writer, name.string());
+  });
+}
+
+}  // namespace korvel::cli

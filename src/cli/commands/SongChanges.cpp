@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/SongChanges.h"
+
+#include <algorithm>
+
+#include "cli/support/CliError.h"
+#include "cli/support/Console.h"
+#include "cli/support/SongChoice.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/QBNameMgr.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel::cli {
+namespace {
+
+/// Draws songs for the tuning that they were made in.
+void redraw(QBSong& song) {
+  const TuningForNow chosen(song.tuning());
+  if (!song.chords().empty()) song.buildTab();
+}
+
+void saveAndPrint(const QBSong& song) {
+  QBTabMgr::db().context().save();
+  Console::attached().printLine(fullTitle(song));
+}
+
+QBAlbum& albumFor(const std::string& name) {
+  QBTabMgr& db = QBTabMgr::db();
+  QBAlbum* known = db.findAlbumByName(name);
+  return known ? *known : *db.createAlbum(name, false);
+}
+
+}  // namespace
+
+void setLoop(const std::string& name, int from, int to) {
+  QBSong& song = chooseSong(name);
+  if (from == to) throw CliError("a loop has two ends: name two different chords");
+  QBChord* first = chordAt(song, std::min(from, to));
+  QBChord* last = chordAt(song, std::max(from, to));
+  song.setFromChord(nullptr);
+  song.setToChord(nullptr);
+  song.setChordInLoop(first);
+  song.setChordInLoop(last);
+  redraw(song);
+  saveAndPrint(song);
+}
+
+void clearLoop(const std::string& name) {
+  QBSong& song = chooseSong(name);
+  song.setFromChord(nullptr);
+  song.setToChord(nullptr);
+  redraw(song);
+  saveAndPrint(song);
+}
+
+void cloneSong(const std::string& name) {
+  QBSong& song = chooseSong(name);
+  requireChords(song);
+  const TuningForNow chosen(song.tuning());
+  const auto album = AlbumNode::withSongs(song.album());
+  album->findChild(&song)->copySong();
+  saveAndPrint(*album->children().back()->song());
+}
+
+void renameSong(const std::string& name, const std::string& title) {
+  QBSong& song = chooseSong(name);
+  if (title.empty()) throw CliError("a song needs a title");
+  const QBSong* other = song.requireAlbum().findSongByName(title);
+  if (other && other != &song)
+    throw CliError(fullTitle(*other) + ": there is a song of that title already");
+  song.setTitle(title);
+  redraw(song);
+  saveAndPrint(song);
+}
+
+void moveSong(const std::string& name, const std::string& albumName) {
+  QBSong& song = chooseSong(name);
+  if (albumName.empty()) throw CliError("an album needs a name");
+  QBAlbum& album = albumFor(albumName);
+  if (&album != song.album()) {
+    const std::string title = QBNameMgr(&album, song.title()).newName();
+    song.setAlbum(&album);
+    if (title != song.title()) {
+      song.setTitle(title);
+      redraw(song);
+    }
+  }
+  saveAndPrint(song);
+}
+
+void mergeSongs(const std::string& name, const std::string& other) {
+  QBSong& song = chooseSong(name);
+  QBSong& added = chooseSong(other);
+  requireChords(song);
+  requireChords(added);
+  const TuningForNow chosen(song.tuning());
+  QBSong* merged = song.mergeWithSong(added);
+  saveAndPrint(*merged);
+}
+
+void extractPart(const std::string& name, int from, int to) {
+  QBSong& song = chooseSong(name);
+  chordAt(song, from);
+  chordAt(song, to);
+  if (to < from) throw CliError("the part must end behind its begin: name the lower chord first");
+  const TuningForNow chosen(song.tuning());
+  QBSong* part = song.extractPartOfSong(from, to);
+  saveAndPrint(*part);
+}
+
+}  // namespace korvel::cli

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/support/Console.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+
+#include "cli/support/CliError.h"
+#include "platform/files/Files.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel::cli {
+namespace {
+
+constexpr int kBarWidth = 40;
+
+/// Messages are one line each, whatever they quote.
+std::string oneLine(std::string_view text) {
+  std::string line;
+  bool broken = false;
+  for (const char c : text) {
+    const bool lineBreak = c == '\r' || c == '\n';
+    if (!lineBreak) {
+      if (broken) line += ' ';
+      line += c;
+    }
+    broken = lineBreak;
+  }
+  return line;
+}
+
+std::string visible(std::string_view text) {
+  constexpr std::string_view kHex = "0123456789abcdef";
+  std::string shown;
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    if (c == '\n')
+      shown += "\\n";
+    else if (c == '\r')
+      shown += "\\r";
+    else if (c == '\t')
+      shown += "\\t";
+    else if (code < 0x20 || code == 0x7f)
+      shown.append("\\x") += {kHex[code / 16], kHex[code % 16]};
+    else
+      shown += c;
+  }
+  return shown;
+}
+
+bool isTerminal() {
+  static const bool terminal = isatty(STDERR_FILENO) != 0;
+  return terminal;
+}
+
+}  // namespace
+
+Console& Console::attached() {
+  static Console* console = [] {
+    auto* made = new Console;
+    SessionViews views;
+    views.output = made;
+    views.savePanel = made;
+    views.alert = made;
+    QBSession::session().attach(views);
+    return made;
+  }();
+  return *console;
+}
+
+void Console::addLogText(std::string_view text) {
+  clearProgress();
+  std::cerr << text << std::endl;
+}
+
+std::optional<std::string> Console::chooseFile(const std::string& proposedName) {
+  std::string file = proposedName;
+  std::ranges::replace(file, '/', '_');
+  if (platform::isThere(file))
+    throw CliError(file + ": there is a file of that name already; move it away first");
+  return file;
+}
+
+void Console::show(const std::string& text) { error(text); }
+
+int Console::exitStatus() const { return EXIT_FAILURE; }
+
+void Console::progress(double share) {
+  const bool terminal = isTerminal();
+  const int percent = static_cast<int>(share * 100.0);
+  if (share >= 1) clearProgress();
+  if (!terminal || share >= 1 || percent == m_drawnPercent) return;
+  m_drawnPercent = percent;
+  const int filled = percent * kBarWidth / 100;
+  std::cerr << "\r[" << std::string(static_cast<std::size_t>(filled), '#')
+            << std::string(static_cast<std::size_t>(kBarWidth - filled), ' ') << "] " << percent
+            << " %" << std::flush;
+}
+
+void Console::status(const std::string& text) {
+  if (text == m_status) return;
+  m_status = text;
+  if (isTerminal())
+    std::cerr << '\r' << text << std::flush;
+  else
+    std::cerr << text << std::endl;
+}
+
+void Console::endStatus() {
+  if (isTerminal() && !m_status.empty()) std::cerr << std::endl;
+  m_status.clear();
+}
+
+void Console::clearProgress() {
+  if (m_drawnPercent < 0) return;
+  m_drawnPercent = -1;
+  std::cerr << "\r\033[K";
+}
+
+void Console::error(std::string_view text) {
+  clearProgress();
+  std::cerr << "korvel-cli: " << oneLine(text) << std::endl;
+}
+
+void Console::print(std::string_view text) {
+  clearProgress();
+  std::cout << text << std::flush;
+  if (!std::cout) throw CliError("cannot write to the standard output; check where it leads");
+}
+
+void Console::printLine(std::string_view names) { print(visible(names) + '\n'); }
+
+}  // namespace korvel::cli

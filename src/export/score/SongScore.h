@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+
+#include "export/score/Score.h"
+
+namespace korvel {
+
+class QBSong;
+class QBTuning;
+
+/// MIDI numbers of the open strings 0 to 5, to the nearest half tone of what the tuning says in
+/// hertz; a string that it lacks is one of standard tuning, as all are without a tuning.
+std::vector<int> openPitches(const QBTuning* tuning);
+
+/// Of the song's first measure; 4/4 when it has none.
+Meter meterOf(const QBSong& song);
+
+/// What a song's score says beside the music: title, instrument, open strings and tempo.
+Score headOf(const QBSong& song);
+
+/// A song as a score, without program and date. It follows the song's measures, or the given meter
+/// from the first chord to the last; 4/4 when it has none. In measures the chords follow each
+/// other; without them chords that have become empty are rests, but for those that lie within the
+/// duration of the chord before them. Silenced tones are left out, and of several on a string the
+/// highest stays, as in the tablature.
+Score scoreOf(QBSong& song, const std::optional<Meter>& meter = std::nullopt);
+
+}  // namespace korvel

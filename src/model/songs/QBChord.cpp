@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/songs/QBChord.h"
+
+#include "model/book/QBHarmony.h"
+#include "model/book/QBLeftHandPattern.h"
+#include "model/book/QBRightHandPattern.h"
+#include "model/songs/QBBlock.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBMeasure.h"
+#include "model/songs/QBSong.h"
+#include "platform/persistence/EntityDescription.h"
+
+namespace korvel {
+
+platform::EntityDescription QBChord::describe() {
+  return platform::EntityBuilder<QBChord>("QBChord")
+      .attribute<&QBChord::m_position>("position")
+      .attribute<&QBChord::m_duration>("duration")
+      .attribute<&QBChord::m_timestamp>("timestamp")
+      .attribute<&QBChord::m_baseTone>("baseTone")
+      .attribute<&QBChord::m_groupNumber>("groupNumber")
+      .toOne<&QBChord::m_song>("song", "QBSong", "chords")
+      .toOne<&QBChord::m_measure>("measure", "QBMeasure", "chords")
+      .toOne<&QBChord::m_harmony>("harmony", "QBHarmony", "chords")
+      .toOne<&QBChord::m_pattern>("pattern", "QBRightHandPattern")
+      .toOne<&QBChord::m_leftpattern>("leftpattern", "QBLeftHandPattern")
+      .toOneInverse<&QBChord::m_hold>("hold", "QBHold", "chord", true)
+      .toOneInverse<&QBChord::m_block>("block", "QBBlock", "chord", true)
+      .build();
+}
+
+QBChord::QBChord() = default;
+
+QBChord::~QBChord() = default;
+
+QBSong* QBChord::song() const { return target(m_song); }
+
+void QBChord::setSong(QBSong* value) { relate(m_song, value); }
+
+QBMeasure* QBChord::measure() const { return target(m_measure); }
+
+void QBChord::setMeasure(QBMeasure* value) { relate(m_measure, value); }
+
+QBHarmony* QBChord::harmony() const { return target(m_harmony); }
+
+void QBChord::setHarmony(QBHarmony* value) { relate(m_harmony, value); }
+
+QBRightHandPattern* QBChord::pattern() const { return target(m_pattern); }
+
+void QBChord::setPattern(QBRightHandPattern* value) { relate(m_pattern, value); }
+
+QBLeftHandPattern* QBChord::leftpattern() const { return target(m_leftpattern); }
+
+void QBChord::setLeftpattern(QBLeftHandPattern* value) { relate(m_leftpattern, value); }
+
+QBHold* QBChord::hold() const { return target(m_hold); }
+
+void QBChord::setHold(QBHold* value) { relate(m_hold, value); }
+
+QBBlock* QBChord::block() const { return target(m_block); }
+
+void QBChord::setBlock(QBBlock* value) { relate(m_block, value); }
+
+void QBChord::forgetCaches() {
+  m_scannedTones.reset();
+  m_key.reset();
+  m_xPosInMatrix = m_yPosInMatrix = 0;
+  if (QBSong* owner = song()) owner->forgetCaches();
+}
+
+}  // namespace korvel

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/songs/ScratchSong.h"
+
+#include <utility>
+
+#include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+
+namespace korvel {
+
+ScratchSong::ScratchSong(const std::string& albumName, const std::string& title,
+                         QBInstrument* instrument) {
+  QBTabMgr& db = QBTabMgr::db();
+  m_album = db.createAlbum(albumName, false);
+  m_song = db.createSong(title, instrument ? instrument->tuning() : nullptr, instrument, m_album);
+}
+
+ScratchSong::~ScratchSong() {
+  try {
+    dispose();
+  } catch (...) {  // nothing may leave a destructor; the objects were never saved
+  }
+}
+
+void ScratchSong::dispose() {
+  m_song = nullptr;
+  const platform::Ref<QBAlbum> album = std::exchange(m_album, nullptr);
+  if (album) QBTabMgr::db().deleteAlbum(album);
+}
+
+}  // namespace korvel

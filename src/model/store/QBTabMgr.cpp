@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/store/QBTabMgr.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+
+#include "model/book/QBHarmony.h"
+#include "model/book/QBLeftHandPattern.h"
+#include "model/book/QBRightHandPattern.h"
+#include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/store/KorvelModel.h"
+#include "model/store/QBSettings.h"
+#include "model/store/SessionServices.h"
+#include "platform/files/FileError.h"
+#include "platform/files/Files.h"
+#include "platform/files/Resources.h"
+#include "platform/persistence/UndoManager.h"
+#include "platform/sqlite/StoreError.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kStoreFailureStatus = -1;
+
+std::unique_ptr<QBTabMgr>& sharedManager() {
+  static std::unique_ptr<QBTabMgr> manager;
+  return manager;
+}
+
+std::string& chosenStorePath() {
+  static std::string path;
+  return path;
+}
+
+/// First run: the store starts as a copy of the one that comes with the program.
+void copySeedTo(const fs::path& store) {
+  const auto seed = platform::Resources::ofProgram().locate("Korvel", "sqlite");
+  if (!seed) throw platform::FileError("Korvel.sqlite", "the program's own store is missing");
+  if (store.has_parent_path()) platform::makeFolders(store.parent_path());
+  platform::createAtomically(store, platform::readWholeFile(*seed));
+}
+
+}  // namespace
+
+QBTabMgr& QBTabMgr::db() {
+  if (!sharedManager()) sharedManager().reset(new QBTabMgr);
+  return *sharedManager();
+}
+
+void QBTabMgr::clearDb() { sharedManager().reset(); }
+
+void QBTabMgr::setStorePath(std::string path) { chosenStorePath() = std::move(path); }
+
+std::string QBTabMgr::storePath() {
+  if (!chosenStorePath().empty()) return chosenStorePath();
+  return (platform::userDataFolder("korvel") / "Korvel.sqlite").string();
+}
+
+QBTabMgr::QBTabMgr() {
+  try {
+    openStore();
+    reloadData();
+  } catch (const std::exception& error) {
+    SessionServices::current().exitWithStatus("Model Store Initialization", error.what(),
+                                              kStoreFailureStatus);
+    std::exit(kStoreFailureStatus);
+  }
+}
+
+QBTabMgr::~QBTabMgr() = default;
+
+void QBTabMgr::openStore() {
+  const std::string path = storePath();
+  if (!platform::isThere(path)) {
+    try {
+      copySeedTo(path);
+    } catch (const std::exception& error) {
+      SessionServices::current().exitWithError("Preparing Database", error.what());
+    }
+  }
+  m_context = std::make_unique<platform::ManagedContext>(storeFile(path).open(), korvelModel());
+}
+
+// ---- lists
+
+template <class T>
+void QBTabMgr::load(List<T>& list, std::string_view entityName, std::string_view title) {
+  list.clear();
+  try {
+    list = m_context->fetchAll<T>(entityName);
+  } catch (const platform::StoreError& error) {
+    SessionServices::current().exitWithError(title, error.what());
+  }
+}
+
+void QBTabMgr::loadTunings() { load(m_tunings, "QBTuning", "Loading Tunings"); }
+
+void QBTabMgr::loadHarmonies() {
+  load(m_harmonies, "QBHarmony", "Loading harmonies");
+  std::ranges::stable_sort(m_harmonies, std::greater<>(),
+                           [](const auto& harmony) { return harmony->order(); });
+}
+
+void QBTabMgr::loadInstruments() { load(m_instruments, "QBInstrument", "Loading Instruments"); }
+
+void QBTabMgr::loadPatterns() {
+  load(m_patterns, "QBRightHandPattern", "Loading Right Hand Patterns");
+}
+
+void QBTabMgr::loadAlbums() { load(m_albums, "QBAlbum", "Loading Albums"); }
+
+void QBTabMgr::loadSettings() { load(m_settings, "QBSettings", "Loading Settings"); }
+
+void QBTabMgr::loadLeftPatterns() {
+  load(m_lefthandpatterns, "QBLeftHandPattern", "Loading Left Hand Patterns");
+}
+
+void QBTabMgr::reloadData() {
+  loadTunings();
+  loadHarmonies();
+  loadInstruments();
+  loadPatterns();
+  loadAlbums();
+  loadSettings();
+  loadLeftPatterns();
+}
+
+bool QBTabMgr::isInitialized() {
+  try {
+    loadSettings();
+    return !m_settings.empty();
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+bool QBTabMgr::save() {
+  try {
+    m_context->save();
+    return true;
+  } catch (const platform::StoreError& error) {
+    SessionServices::current().exitWithError("Saving Data Failed", error.what());
+    return false;
+  }
+}
+
+bool QBTabMgr::undo() {
+  if (!m_context->undoManager().undo()) return false;
+  save();
+  reloadData();
+  return true;
+}
+
+bool QBTabMgr::redo() {
+  if (!m_context->undoManager().redo()) return false;
+  save();
+  reloadData();
+  return true;
+}
+
+QBSettings* QBTabMgr::selectedSettings() const {
+  return m_settings.empty() ? nullptr : m_settings.front().get();
+}
+
+QBTuning* QBTabMgr::selectedTuning() const {
+  if (m_tuningForNow) return m_tuningForNow;
+  const QBSettings* settings = selectedSettings();
+  return settings ? settings->activeTuning() : nullptr;
+}
+
+void QBTabMgr::setTuningForNow(QBTuning* tuning) { m_tuningForNow = tuning; }
+
+void QBTabMgr::selectTuning(QBTuning* tuning) {
+  if (QBSettings* settings = selectedSettings()) settings->setActiveTuning(tuning);
+  for (const auto& other : m_tunings) other->setSelected(other.get() == tuning);
+}
+
+QBInstrument* QBTabMgr::selectedInstrument() const {
+  const auto active =
+      std::ranges::find_if(m_instruments, [](const auto& each) { return each->active(); });
+  return active == m_instruments.end() ? nullptr : active->get();
+}
+
+void QBTabMgr::deselectAllInstruments() {
+  for (const auto& instrument : m_instruments) instrument->setActive(false);
+}
+
+}  // namespace korvel

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/files/Files.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <fstream>
+
+#include "platform/files/Descriptor.h"
+#include "platform/files/FileError.h"
+#include "platform/files/NewFile.h"
+
+namespace korvel::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path homeFolder() {
+  const char* home = std::getenv("HOME");
+  if (home && *home == '/') return home;
+  const passwd* user = ::getpwuid(::getuid());
+  if (!user || !user->pw_dir) throw FileError("~", "the user has no home folder");
+  return user->pw_dir;
+}
+
+}  // namespace
+
+void writeAtomically(const fs::path& file, std::string_view bytes) {
+  NewFile out(file, Existing::replaced);
+  out.write(bytes);
+  out.appear();
+}
+
+bool createAtomically(const fs::path& file, std::string_view bytes) {
+  NewFile out(file, Existing::kept);
+  out.write(bytes);
+  return out.appear();
+}
+
+bool isThere(const std::filesystem::path& file) {
+  std::error_code error;
+  const bool there = std::filesystem::exists(file, error);
+  if (!error) return there;
+  throw FileError(file, "cannot be reached: " + error.message() +
+                            "; check the rights of its folders, or choose another place");
+}
+
+void makeFolders(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error)
+    throw FileError(folder, "the folder cannot be made: " + error.message() +
+                                "; check the rights of the one that it is in");
+}
+
+std::string readWholeFile(const fs::path& file) {
+  const Descriptor in(file, file, O_RDONLY | O_NONBLOCK, "cannot read");
+  in.refuseIrregular();
+  std::string bytes;
+  std::array<char, 65536> buffer;
+  while (const std::size_t count = in.read(buffer.data(), buffer.size()))
+    bytes.append(buffer.data(), count);
+  return bytes;
+}
+
+bool isStore(const fs::path& file) {
+  constexpr std::string_view kBeginning = "SQLite format 3";
+  std::string beginning(kBeginning.size(), '\0');
+  std::ifstream(file, std::ios::binary)
+      .read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
+  return beginning == kBeginning;
+}
+
+bool isSameFile(const fs::path& a, const fs::path& b) {
+  std::error_code notBoth;
+  if (fs::equivalent(a, b, notBoth)) return true;
+  std::error_code unknown;
+  return fs::weakly_canonical(fs::absolute(a, unknown), unknown) ==
+         fs::weakly_canonical(fs::absolute(b, unknown), unknown);
+}
+
+fs::path executableFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
+
+fs::path userDataFolder(std::string_view appName) {
+  const char* data = std::getenv("XDG_DATA_HOME");
+  // A relative path is to be ignored, as the base directory convention has it.
+  const fs::path base = data && *data == '/' ? fs::path(data) : homeFolder() / ".local" / "share";
+  return base / appName;
+}
+
+}  // namespace korvel::platform

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/files/NewFile.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+#include <system_error>
+
+#include "platform/files/FileError.h"
+#include "platform/files/Files.h"
+
+namespace korvel::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kCannotWrite = "cannot write";
+
+fs::path folderOf(const fs::path& file) {
+  return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+fs::path throughLinks(const fs::path& file) {
+  std::error_code unresolved;
+  const fs::path target = fs::canonical(file, unresolved);
+  return unresolved ? file : target;
+}
+
+fs::path replaceable(const fs::path& file) {
+  fs::path target = throughLinks(file);
+  std::error_code unknown;
+  if (fs::exists(target, unknown) && !fs::is_regular_file(target, unknown))
+    throw FileError(file, "cannot write: it is not a plain file");
+  if (isStore(target)) throw FileError(file, "cannot write: it holds songs; choose another file");
+  return target;
+}
+
+/// A name of a few bytes beside the target, since the target's own may be as long as names can be.
+fs::path temporaryBeside(const fs::path& target) {
+  static unsigned count = 0;
+  fs::path temporary = folderOf(target) / (".korvel-" + std::to_string(::getpid()) + "-" +
+                                           std::to_string(++count) + ".tmp");
+  ::unlink(temporary.c_str());  // left by a process of the same number that was killed
+  return temporary;
+}
+
+/// Gives a file its name without replacing what has that name already; false then. File systems
+/// that know no links can move it instead.
+bool appearAs(const fs::path& temporary, const fs::path& file) {
+  if (::link(temporary.c_str(), file.c_str()) == 0) return true;
+  if (errno == EEXIST) return false;
+  if (::renameat2(AT_FDCWD, temporary.c_str(), AT_FDCWD, file.c_str(), RENAME_NOREPLACE) == 0)
+    return true;
+  if (errno == EEXIST) return false;
+  throw FileError(file, kCannotWrite, errno);
+}
+
+}  // namespace
+
+NewFile::NewFile(const fs::path& file, Existing existing)
+    : m_file(file),
+      m_target(existing == Existing::replaced ? replaceable(file) : file),
+      m_temporary(temporaryBeside(m_target)),
+      m_existing(existing),
+      m_out(m_temporary, file, O_WRONLY | O_CREAT | O_EXCL, kCannotWrite) {
+  if (existing == Existing::replaced) m_out.keepModeOf(m_target);
+}
+
+NewFile::~NewFile() { ::unlink(m_temporary.c_str()); }
+
+bool NewFile::appear() {
+  m_out.flush();
+  if (m_existing == Existing::kept) {
+    if (!appearAs(m_temporary, m_target)) return false;
+  } else if (::rename(m_temporary.c_str(), m_target.c_str()) != 0) {
+    throw FileError(m_file, kCannotWrite, errno);
+  }
+  const Descriptor folder(folderOf(m_target), m_file, O_RDONLY | O_DIRECTORY, kCannotWrite);
+  folder.flush();
+  return true;
+}
+
+}  // namespace korvel::platform

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+#include "platform/files/Descriptor.h"
+
+namespace korvel::platform {
+
+/// What becomes of a file that has the name already: it is replaced, or it stays.
+enum class Existing { replaced, kept };
+
+/// A file that is written piece by piece under another name in its folder and appears under its own
+/// when it is complete. What is not complete when the object goes is removed. All throw FileError.
+class NewFile {
+ public:
+  /// A symbolic link stays, and its target is replaced, unless that is a store of songs.
+  NewFile(const std::filesystem::path& file, Existing existing);
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile();
+
+  const std::filesystem::path& file() const { return m_file; }
+  void write(std::string_view bytes) { m_out.write(bytes); }
+  /// For libraries that write it themselves.
+  int descriptor() const { return m_out.number(); }
+  /// The file is complete: once only. False when it was to be kept what there is by now.
+  bool appear();
+
+ private:
+  std::filesystem::path m_file, m_target, m_temporary;
+  Existing m_existing;
+  Descriptor m_out;
+};
+
+}  // namespace korvel::platform

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/media/MediaAsset.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+}
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/media/MediaError.h"
+#include "platform/media/MediaFile.h"
+
+namespace korvel::platform {
+namespace {
+
+MediaTrack::Coding codingOf(const AVCodecParameters& sound) {
+  const bool known = sound.sample_rate > 0 && sound.ch_layout.nb_channels > 0;
+  if (!known || !avcodec_find_decoder(sound.codec_id)) return MediaTrack::Coding::none;
+  if (sound.codec_id == AV_CODEC_ID_MP3) return MediaTrack::Coding::mp3;
+  if (sound.codec_id == AV_CODEC_ID_AAC) return MediaTrack::Coding::aac;
+  return MediaTrack::Coding::lpcm;
+}
+
+MediaTrack describe(const AVStream& stream) {
+  const AVCodecParameters& parameters = *stream.codecpar;
+  MediaTrack track;
+  track.index = stream.index;
+  track.codec = avcodec_get_name(parameters.codec_id);
+  if (parameters.codec_type != AVMEDIA_TYPE_AUDIO) return track;
+  track.media = MediaTrack::Media::sound;
+  track.coding = codingOf(parameters);
+  track.sampleRate = parameters.sample_rate;
+  track.channels = parameters.ch_layout.nb_channels;
+  return track;
+}
+
+}  // namespace
+
+MediaAsset::MediaAsset(std::filesystem::path file) : m_file(std::move(file)) {
+  try {
+    const MediaFile media(m_file);
+    for (unsigned i = 0; i < media.context()->nb_streams; ++i)
+      m_tracks.push_back(describe(*media.context()->streams[i]));
+    m_hasTrackList = true;
+  } catch (const MediaError& error) {
+    m_problem = error.what();
+  }
+}
+
+const MediaTrack* MediaAsset::firstSound() const {
+  const auto sound = std::ranges::find_if(
+      m_tracks, [](const MediaTrack& track) { return track.coding != MediaTrack::Coding::none; });
+  return sound == m_tracks.end() ? nullptr : &*sound;
+}
+
+}  // namespace korvel::platform

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/media/MediaDecoder.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+}
+
+#include <algorithm>
+#include <new>
+
+#include "platform/media/MediaError.h"
+
+namespace korvel::platform {
+namespace {
+
+/// A demuxer may ask to be called again without having read a packet; not for ever.
+constexpr int triesPerPacket = 10000;
+
+template <class Owner>
+Owner owned(typename Owner::pointer object) {
+  if (!object) throw std::bad_alloc();
+  return Owner(object);
+}
+
+}  // namespace
+
+void MediaDecoder::FreePacket::operator()(AVPacket* packet) const { av_packet_free(&packet); }
+void MediaDecoder::FreeFrame::operator()(AVFrame* frame) const { av_frame_free(&frame); }
+void MediaDecoder::FreeDecoder::operator()(AVCodecContext* decoder) const {
+  avcodec_free_context(&decoder);
+}
+
+MediaDecoder::MediaDecoder(const MediaAsset& asset, const MediaTrack& track)
+    : m_file(asset.file()),
+      m_packet(owned<decltype(m_packet)>(av_packet_alloc())),
+      m_frame(owned<decltype(m_frame)>(av_frame_alloc())) {
+  AVFormatContext& context = *m_file.context();
+  if (track.index < 0 || track.index >= static_cast<int>(context.nb_streams))
+    throw MediaError(asset.file(), "the file has no such track");
+  m_stream = context.streams[track.index];
+  const AVCodec* codec = avcodec_find_decoder(m_stream->codecpar->codec_id);
+  if (!codec || codec->type != AVMEDIA_TYPE_AUDIO)
+    throw MediaError(asset.file(), "the track is no sound that can be decoded");
+  m_decoder = owned<decltype(m_decoder)>(avcodec_alloc_context3(codec));
+  for (unsigned i = 0; i < context.nb_streams; ++i)
+    if (context.streams[i] != m_stream) context.streams[i]->discard = AVDISCARD_ALL;
+}
+
+bool MediaDecoder::start() {
+  if (avcodec_parameters_to_context(m_decoder.get(), m_stream->codecpar) < 0) return false;
+  // Padding at the end is told in units of the track's clock.
+  m_decoder->pkt_timebase = m_stream->time_base;
+  m_started = avcodec_open2(m_decoder.get(), nullptr, nullptr) >= 0;
+  return m_started;
+}
+
+// A packet that the decoder rejects is passed over.
+const AVFrame* MediaDecoder::next() {
+  while (m_started) {
+    const int result = avcodec_receive_frame(m_decoder.get(), m_frame.get());
+    if (result >= 0) return m_frame.get();
+    if (result == AVERROR_EOF || m_draining) return nullptr;
+    feed();
+  }
+  return nullptr;
+}
+
+void MediaDecoder::feed() {
+  if (!m_packetWaits) m_packetWaits = readPacket();
+  m_draining = !m_packetWaits;
+  const int result = avcodec_send_packet(m_decoder.get(), m_draining ? nullptr : m_packet.get());
+  if (result == AVERROR(EAGAIN)) return;
+  av_packet_unref(m_packet.get());
+  m_packetWaits = false;
+}
+
+bool MediaDecoder::readPacket() {
+  for (int tries = 0; tries < triesPerPacket;) {
+    const int result = av_read_frame(m_file.context(), m_packet.get());
+    if (result >= 0 && m_packet->stream_index == m_stream->index) return true;
+    if (result >= 0) av_packet_unref(m_packet.get());
+    if (result == AVERROR(EAGAIN)) ++tries;
+    if (result < 0 && result != AVERROR(EAGAIN)) return false;
+  }
+  return false;
+}
+
+double MediaDecoder::progress() const {
+  AVIOContext* input = m_file.context()->pb;
+  const auto size = static_cast<double>(avio_size(input));
+  return size > 0 ? std::clamp(static_cast<double>(avio_tell(input)) / size, 0.0, 1.0) : 0;
+}
+
+}  // namespace korvel::platform

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "platform/media/MediaAsset.h"
+
+namespace korvel::platform {
+
+/// Decodes one track of a media file as a single channel at 44100 samples a second, once: start,
+/// then next until it is empty. A sample is the mean of its channels, 1 is full scale, and louder
+/// ones are not clipped. Sound at another rate is resampled, wherever in the file the rate changes.
+/// Padding and damage are treated as by MediaReader.
+class MonoReader {
+ public:
+  static constexpr int kRate = 44100;
+
+  /// Opens the file anew. Throws MediaError when it has become unreadable, or the track is no sound
+  /// that can be decoded or has more channels than can be mixed, which are 64.
+  MonoReader(const MediaAsset& asset, const MediaTrack& track);
+  MonoReader(MonoReader&&) noexcept;
+  MonoReader& operator=(MonoReader&&) noexcept;
+  ~MonoReader();
+
+  /// False when the decoder refuses the track. To be called once.
+  bool start();
+  /// The next samples, about a third of a second; empty at the end, and before start or after
+  /// cancel. Valid until the next call.
+  std::span<const float> next();
+  /// From a successful start to the end of the track or cancel.
+  bool isReading() const;
+  /// How much of the file has been read, 0..1.
+  double progress() const;
+  void cancel();
+
+ private:
+  class Decoding;
+  std::unique_ptr<Decoding> m_decoding;
+};
+
+}  // namespace korvel::platform

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/midi/MusicSequence.h"
+#include "platform/midi/PlayTimeline.h"
+#include "platform/midi/SequenceRenderer.h"
+#include "platform/midi/Synthesizer.h"
+#include "platform/sound/AudioSystem.h"
+
+namespace korvel::platform {
+
+/// Plays a sequence through a synthesiser on a device. A beat is a second at rate 1. It goes on
+/// after the last event until it is stopped. Main thread; what is changed while it plays reaches
+/// the audio thread without locks, and sounds some 50 milliseconds later than what the device has
+/// taken by then.
+class MusicPlayer {
+ public:
+  /// device: as in AudioSystem. The system must outlive this.
+  MusicPlayer(AudioSystem& system, std::string device, std::unique_ptr<Synthesizer> synthesizer);
+  MusicPlayer(const MusicPlayer&) = delete;
+  MusicPlayer& operator=(const MusicPlayer&) = delete;
+  /// Stops.
+  ~MusicPlayer();
+
+  /// Before it plays. The sequence must outlive the playing; it may change meanwhile.
+  void setSequence(MusicSequence& sequence);
+
+  /// Opens the device and renders what is heard first, so that start takes no time. Throws
+  /// AudioError.
+  void preroll();
+  /// From `time` on. Throws AudioError.
+  void start();
+  /// At once. `time` stays.
+  void stop();
+  /// False also when the device was lost.
+  bool isPlaying() const;
+  /// The device failed, as this may also tell while it stops; until the next start.
+  bool isLost() const;
+
+  /// The place that can be heard now, in beats, or the one that was set and cannot be heard yet.
+  double time() const;
+  void setTime(double beats);
+  void setPlayRateScalar(double rate);
+  /// 0 is silent, 1 is as it comes.
+  void setVolume(float volume);
+
+ private:
+  void publishEvents();
+  void play(QueueBuffer& buffer);
+  void takeOrders();
+
+  AudioSystem& m_system;
+  std::string m_device;
+  std::unique_ptr<Synthesizer> m_synthesizer;
+  SequenceRenderer m_renderer{*m_synthesizer};
+  MusicSequence* m_sequence = nullptr;
+  double m_time = 0;  ///< Where it stands, or last was told to go.
+  float m_volume = 1;
+  bool m_lost = false;
+
+  // From the main thread to the audio thread: the last word counts.
+  std::atomic<const MusicEvents*> m_newEvents = nullptr;
+  std::atomic<double> m_rate = 1;
+  std::atomic<double> m_seekTo = 0;
+  std::atomic<std::uint32_t> m_seeks = 0;
+  /// The audio thread uses one of these, so they stay while it runs.
+  std::vector<std::unique_ptr<const MusicEvents>> m_published;
+
+  // The audio thread's.
+  std::uint32_t m_seeksDone = 0;
+  std::uint64_t m_frames = 0;  ///< Rendered since the start.
+
+  PlayTimeline m_timeline;
+  /// Last, so that the callbacks end before what they use does.
+  std::unique_ptr<AudioQueue> m_queue;
+};
+
+}  // namespace korvel::platform

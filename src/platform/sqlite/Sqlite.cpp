@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/sqlite/Sqlite.h"
+
+#include <sqlite3.h>
+
+#include "platform/sqlite/StoreError.h"
+
+namespace korvel::platform {
+namespace {
+
+int openFlags(SqliteDatabase::Mode mode) {
+  switch (mode) {
+    case SqliteDatabase::Mode::readOnly:
+      return SQLITE_OPEN_READONLY;
+    case SqliteDatabase::Mode::readWrite:
+      return SQLITE_OPEN_READWRITE;
+    case SqliteDatabase::Mode::create:
+      return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    case SqliteDatabase::Mode::lockedByUs:
+      return SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
+  }
+  return SQLITE_OPEN_READONLY;
+}
+
+/// A file that cannot change is read without asking for a lock, which we have ourselves.
+std::string nameFor(const std::string& file, SqliteDatabase::Mode mode) {
+  if (mode != SqliteDatabase::Mode::lockedByUs) return file;
+  std::string name = file.starts_with('/') ? "file://" : "file:";
+  for (const char c : file) {
+    if (c == '%')
+      name += "%25";
+    else if (c == '?')
+      name += "%3f";
+    else if (c == '#')
+      name += "%23";
+    else
+      name += c;
+  }
+  return name + "?immutable=1";
+}
+
+StoreError::Reason reasonOf(int code) {
+  switch (code & 0xff) {
+    case SQLITE_NOTADB:
+      return StoreError::Reason::notAStore;
+    case SQLITE_CORRUPT:
+      return StoreError::Reason::damaged;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return StoreError::Reason::inUse;
+    default:
+      return StoreError::Reason::failed;
+  }
+}
+
+const char* adviceFor(int code) {
+  switch (code & 0xff) {
+    case SQLITE_FULL:
+      return "; make room on the disk and try again";
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+      return "; look at the permissions of the store and its folder";
+    default:
+      return "";
+  }
+}
+
+std::string problemOf(int code, const std::string& doing, const char* message) {
+  switch (reasonOf(code)) {
+    case StoreError::Reason::inUse:
+      return "the store is in use by another program; close that one first";
+    case StoreError::Reason::damaged:
+      return "the store is damaged (" + std::string(message) + "); restore a backup of it";
+    case StoreError::Reason::notAStore:
+      return "not a Korvel store; move it away or choose another file";
+    default:
+      return doing + ": " + message + adviceFor(code);
+  }
+}
+
+}  // namespace
+
+void SqliteDatabase::Close::operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
+
+SqliteDatabase::SqliteDatabase(std::string file, Mode mode) : m_file(std::move(file)) {
+  sqlite3* connection = nullptr;
+  const int result = sqlite3_open_v2(nameFor(m_file, mode).c_str(), &connection,
+                                     openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
+  m_connection.reset(connection);
+  if (result != SQLITE_OK) fail("cannot open the store");
+  sqlite3_extended_result_codes(connection, 1);
+}
+
+SqliteDatabase::~SqliteDatabase() = default;
+
+void SqliteDatabase::fail(const std::string& doing) const {
+  const int code = m_connection ? sqlite3_errcode(m_connection.get()) : SQLITE_NOMEM;
+  const char* message = m_connection ? sqlite3_errmsg(m_connection.get()) : "out of memory";
+  throw StoreError(reasonOf(code), m_file, problemOf(code, doing, message));
+}
+
+void SqliteDatabase::execute(const std::string& sql) {
+  if (sqlite3_exec(m_connection.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    fail("cannot change the store");
+}
+
+void SqliteDatabase::interrupt() { sqlite3_interrupt(m_connection.get()); }
+
+SqliteStatement SqliteDatabase::prepare(const std::string& sql) { return {*this, sql}; }
+
+std::int64_t SqliteDatabase::integer(const std::string& sql) {
+  SqliteStatement statement(*this, sql);
+  return statement.step() ? statement.integer(0) : 0;
+}
+
+std::string SqliteDatabase::text(const std::string& sql) {
+  SqliteStatement statement(*this, sql);
+  return statement.step() ? std::string(statement.text(0)) : std::string();
+}
+
+std::vector<std::string> SqliteDatabase::column(const std::string& sql) {
+  std::vector<std::string> values;
+  SqliteStatement statement(*this, sql);
+  while (statement.step()) values.emplace_back(statement.text(0));
+  return values;
+}
+
+void SqliteDatabase::copyTo(SqliteDatabase& target) {
+  sqlite3_backup* backup =
+      sqlite3_backup_init(target.m_connection.get(), "main", m_connection.get(), "main");
+  if (!backup) target.fail("cannot write the copy");
+  const int copied = sqlite3_backup_step(backup, -1);
+  const int finished = sqlite3_backup_finish(backup);
+  if (copied != SQLITE_DONE || finished != SQLITE_OK) target.fail("cannot write the copy");
+}
+
+void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
+
+SqliteStatement::SqliteStatement(const SqliteDatabase& database, const std::string& sql)
+    : m_database(&database) {
+  sqlite3_stmt* statement = nullptr;
+  const int result =
+      sqlite3_prepare_v2(database.m_connection.get(), sql.c_str(), -1, &statement, nullptr);
+  m_statement.reset(statement);
+  check(result);
+}
+
+void SqliteStatement::check(int result) const {
+  if (result != SQLITE_OK) m_database->fail("cannot read the store");
+}
+
+void SqliteStatement::bindNull(int index) {
+  check(sqlite3_bind_null(m_statement.get(), index + 1));
+}
+
+void SqliteStatement::bind(int index, std::int64_t value) {
+  check(sqlite3_bind_int64(m_statement.get(), index + 1, value));
+}
+
+void SqliteStatement::bind(int index, double value) {
+  check(sqlite3_bind_double(m_statement.get(), index + 1, value));
+}
+
+// Bound texts and bytes are read when the statement runs; callers keep them alive until then.
+void SqliteStatement::bind(int index, std::string_view value) {
+  const char* data = value.data() ? value.data() : "";
+  check(sqlite3_bind_text64(m_statement.get(), index + 1, data, value.size(), SQLITE_STATIC,
+                            SQLITE_UTF8));
+}
+
+void SqliteStatement::bind(int index, std::span<const std::byte> value) {
+  if (value.empty()) {
+    check(sqlite3_bind_zeroblob(m_statement.get(), index + 1, 0));
+    return;
+  }
+  check(
+      sqlite3_bind_blob64(m_statement.get(), index + 1, value.data(), value.size(), SQLITE_STATIC));
+}
+
+bool SqliteStatement::step() {
+  const int result = sqlite3_step(m_statement.get());
+  if (result == SQLITE_ROW) return true;
+  if (result != SQLITE_DONE) m_database->fail("cannot read or write the store");
+  return false;
+}
+
+void SqliteStatement::run() {
+  try {
+    step();
+  } catch (const StoreError&) {
+    reset();
+    throw;
+  }
+  reset();
+}
+
+void SqliteStatement::reset() { sqlite3_reset(m_statement.get()); }
+
+bool SqliteStatement::isNull(int column) const {
+  return sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL;
+}
+
+std::int64_t SqliteStatement::integer(int column) const {
+  return sqlite3_column_int64(m_statement.get(), column);
+}
+
+double SqliteStatement::real(int column) const {
+  return sqlite3_column_double(m_statement.get(), column);
+}
+
+std::string_view SqliteStatement::text(int column) const {
+  const auto* bytes = sqlite3_column_blob(m_statement.get(), column);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(m_statement.get(), column));
+  return bytes ? std::string_view(static_cast<const char*>(bytes), size) : std::string_view();
+}
+
+std::span<const std::byte> SqliteStatement::blob(int column) const {
+  const auto* bytes = sqlite3_column_blob(m_statement.get(), column);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(m_statement.get(), column));
+  return {static_cast<const std::byte*>(bytes), size};
+}
+
+SqliteTransaction::SqliteTransaction(SqliteDatabase& database) : m_database(database) {
+  m_database.execute("BEGIN IMMEDIATE");
+}
+
+SqliteTransaction::~SqliteTransaction() {
+  if (!m_open) return;
+  try {
+    m_database.execute("ROLLBACK");
+  } catch (const StoreError&) {
+    // SQLite has rolled back by itself already, as it does when the disk is full.
+  }
+}
+
+void SqliteTransaction::commit() {
+  m_database.execute("COMMIT");
+  m_open = false;
+}
+
+std::string sqlName(std::string_view name) {
+  std::string text = "\"";
+  for (const char c : name) text += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return text + '"';
+}
+
+}  // namespace korvel::platform

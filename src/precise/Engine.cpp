@@ -1,0 +1,438 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "precise/Engine.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cmath>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "platform/loop/Slices.h"
+#include "precise/judging/Candidate.h"
+#include "precise/judging/Company.h"
+#include "precise/judging/NoteFormula.h"
+#include "precise/judging/Observer.h"
+#include "precise/judging/OnsetIndex.h"
+#include "precise/judging/ReattackFormula.h"
+#include "precise/judging/Tables.h"
+#include "precise/judging/Tracker.h"
+#include "precise/seeing/Flux.h"
+#include "precise/seeing/FrameTable.h"
+#include "precise/seeing/FrontEnd.h"
+#include "precise/seeing/HalfRate.h"
+#include "precise/seeing/Levels.h"
+#include "precise/seeing/Recording.h"
+#include "precise/seeing/Tuning.h"
+#include "precise/solving/Adaptation.h"
+#include "precise/solving/CoefficientTable.h"
+#include "precise/solving/NonNegativeSolver.h"
+#include "precise/solving/PluckedStrings.h"
+
+namespace korvel::precise {
+namespace {
+
+using platform::Slices;
+
+/// Louder samples are nonsense, and their squares might overflow.
+constexpr float kLoudest = 1e6F;
+
+/// While the instrument is learnt, every second frame is enough.
+constexpr std::size_t kLearningStep = 2;
+constexpr float kTolerance = 0.005F;
+/// Frames whose largest activation a learnt note is compared with.
+constexpr Frame kAttackFrames = 8;
+
+float sound(float sample) {
+  return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0;
+}
+
+/// What has less by itself than this share of the probability that is asked is no note in any
+/// company.
+constexpr double kShareByItself = 0.5;
+/// Of judging the notes, what goes into looking at each by itself.
+constexpr double kShareOfEach = 0.7;
+/// Of that, finding the loudest pitch of each frame.
+constexpr double kShareOfLoudest = 0.1;
+/// Of judging them in company, finding out who sounds with whom, and telling it of each.
+constexpr double kShareOfMeeting = 0.4;
+constexpr double kShareOfAdding = 0.3;
+/// Rows of a table whose memory is given back at once.
+constexpr std::size_t kFramesGivenBack = 8192;
+
+/// The probability from which a candidate is a note. Most are surely one or surely none, so that
+/// the ends lie far apart.
+double thresholdOf(double sensitivity) {
+  constexpr double kStrict = 0.8;
+  constexpr double kMiddle = 0.5;
+  constexpr double kLenient = 0.15;
+  const double s = std::clamp(sensitivity, 0.0, 1.0);
+  return s < 0.5 ? std::lerp(kStrict, kMiddle, 2 * s) : std::lerp(kMiddle, kLenient, 2 * s - 1);
+}
+
+double share(std::size_t done, std::size_t all) {
+  return static_cast<double>(done) / static_cast<double>(all);
+}
+
+}  // namespace
+
+/// The work is a list of passes over the recording, each of which builds on those before.
+class Engine::State {
+ public:
+  State(double sensitivity, Observer* observer)
+      : m_threshold(thresholdOf(sensitivity)), m_observer(observer) {}
+
+  void add(std::span<const float> samples);
+  bool step(double seconds);
+  double progress() const;
+  Analysis take();
+
+ private:
+  struct Pass {
+    Slices (State::*run)();
+    /// In comparison with the other passes.
+    double cost;
+  };
+  static std::span<const Pass> passes();
+  static double totalCost();
+  void finishSamples();
+  void startPass();
+  void finishPass();
+
+  Slices tune();
+  Slices see();
+  Slices findLevels();
+  Slices level();
+  Slices solveQuickly() { return solve(kLearningStep); }
+  Slices solveFully() { return solve(1); }
+  Slices solve(std::size_t step);
+  void lookAhead(NonNegativeSolver& solver, std::size_t frame, std::size_t step) const;
+  Slices trackSureNotes() { return track(kLearningNotes); }
+  Slices trackCandidates() { return track(kCandidateNotes); }
+  Slices track(TrackerSettings settings);
+  Slices learn();
+  Slices judgeReattacks();
+  Slices judgeNotes();
+  Slices judgeEach();
+  Slices judgeInCompany();
+  Slices giveBack();
+
+  float shareAtAttack(const Candidate& note) const;
+
+  double m_threshold;
+  Observer* m_observer;
+  HalfRate m_halver;
+  Recording m_recording;
+  double m_seconds = 0;
+  std::size_t m_frames = 0;
+
+  std::size_t m_pass = 0;
+  double m_costDone = 0;
+  Slices m_running;
+  bool m_started = false;
+  bool m_silent = false;
+
+  double m_tuningOffset = 0;
+  double m_energy = 0;
+  FrameTable m_spectra;
+  std::optional<Flux> m_flux;
+  Levels m_levels;
+  Dictionary m_dictionary;
+  CoefficientTable m_coefficients;
+  FrameTable m_activations;
+  std::vector<Candidate> m_candidates;
+  std::vector<Features<NoteFeature>> m_known;  ///< Of each candidate, while notes are judged.
+};
+
+std::span<const Engine::State::Pass> Engine::State::passes() {
+  static constexpr std::array kPasses = {
+      Pass{&State::tune, 0.1},
+      Pass{&State::see, 0.45},
+      Pass{&State::findLevels, 0.1},
+      Pass{&State::level, 0.05},
+      Pass{&State::solveQuickly, 0.5},
+      Pass{&State::trackSureNotes, 0.05},
+      Pass{&State::learn, 0.1},
+      Pass{&State::solveQuickly, 0.45},
+      Pass{&State::trackSureNotes, 0.05},
+      Pass{&State::learn, 0.05},
+      Pass{&State::solveFully, 0.55},
+      Pass{&State::trackCandidates, 0.05},
+      Pass{&State::judgeReattacks, 0.05},
+      Pass{&State::judgeNotes, 0.1},
+      Pass{&State::giveBack, 0.02},
+  };
+  return kPasses;
+}
+
+double Engine::State::totalCost() {
+  double sum = 0;
+  for (const Pass& pass : passes()) sum += pass.cost;
+  return sum;
+}
+
+void Engine::State::add(std::span<const float> samples) {
+  assert(!m_started);
+  std::array<float, 4096> piece;
+  while (!samples.empty()) {
+    const std::size_t count = std::min(samples.size(), piece.size());
+    std::ranges::transform(samples.first(count), piece.begin(), sound);
+    for (const float sample : std::span(piece).first(count))
+      m_energy += static_cast<double>(sample) * sample;
+    m_recording.add(m_halver.add(std::span(piece).first(count)));
+    samples = samples.subspan(count);
+  }
+}
+
+void Engine::State::finishSamples() {
+  m_started = true;
+  m_recording.add(m_halver.finish());
+  m_recording.finish();
+  m_seconds = static_cast<double>(m_recording.full().size()) / kRate;
+  m_frames = (m_recording.full().size() + kHop - 1) / kHop;
+  startPass();
+}
+
+void Engine::State::startPass() {
+  m_running = m_pass < passes().size() ? (this->*passes()[m_pass].run)() : Slices();
+}
+
+/// When nothing was recorded, the rest of the work is left out.
+void Engine::State::finishPass() {
+  m_costDone = m_silent ? totalCost() : m_costDone + passes()[m_pass].cost;
+  m_pass = m_silent ? passes().size() : m_pass + 1;
+  startPass();
+}
+
+bool Engine::State::step(double seconds) {
+  if (!m_started) finishSamples();
+  const double target = progress() + seconds / std::max(m_seconds, 1e-3);
+  while (m_pass < passes().size() && progress() < target)
+    if (!m_running.next()) finishPass();
+  return m_pass < passes().size();
+}
+
+double Engine::State::progress() const {
+  const double current = m_pass < passes().size() ? passes()[m_pass].cost * m_running.done() : 0;
+  return (m_costDone + current) / totalCost();
+}
+
+Slices Engine::State::tune() {
+  Tuning tuning;
+  const std::size_t windows = Tuning::windows(m_recording.full().size());
+  for (std::size_t i = 0; i < windows; i += 2) {
+    tuning.look(m_recording.full(), i);
+    co_yield share(i, windows);
+  }
+  m_tuningOffset = tuning.offset();
+}
+
+Slices Engine::State::see() {
+  FrontEnd frontEnd(m_tuningOffset);
+  m_spectra = FrameTable(m_frames, kBins);
+  m_flux.emplace(m_frames);
+  for (std::size_t t = 0; t < m_frames; t += 2) {
+    const auto frame = static_cast<Frame>(t);
+    frontEnd.look(m_recording, frame);
+    for (std::size_t i = 0; i < std::min<std::size_t>(2, m_frames - t); ++i) {
+      std::ranges::copy(frontEnd.spectrum(i), m_spectra.row(t + i).begin());
+      m_flux->add(frontEnd.onsetSpectrum(i));
+    }
+    m_recording.release(frame * static_cast<Frame>(kHop) - FrontEnd::kReach);
+    co_yield share(t, m_frames);
+  }
+  m_flux->settle();
+  m_recording = Recording();
+}
+
+Slices Engine::State::findLevels() {
+  Slices measuring = m_levels.measure(m_spectra, m_energy / std::max(kInputRate * m_seconds, 1.0));
+  while (measuring.next()) co_yield measuring.done();
+  m_silent = m_levels.ref() == 0;
+}
+
+Slices Engine::State::level() {
+  for (std::size_t t = 0; t < m_frames; ++t) {
+    m_levels.apply(m_spectra.row(t).first<kBins>());
+    co_yield share(t, m_frames);
+  }
+  m_dictionary = pluckedStrings();
+}
+
+/// Shows the solver the next frames that it is to solve.
+void Engine::State::lookAhead(NonNegativeSolver& solver, std::size_t frame,
+                              std::size_t step) const {
+  std::array<const float*, NonNegativeSolver::kTogether> rows;
+  std::size_t count = 0;
+  for (; count < rows.size() && frame < m_frames; frame += step)
+    rows[count++] = m_spectra.row(frame).data();
+  solver.look(std::span(rows).first(count));
+}
+
+Slices Engine::State::solve(std::size_t step) {
+  NonNegativeSolver solver(m_dictionary, kTolerance);
+  std::span<const float> solution;
+  m_coefficients = CoefficientTable();
+  if (m_activations.frames() != m_frames) m_activations = FrameTable(m_frames, kPitches);
+  for (std::size_t t = 0; t < m_frames; ++t) {
+    if (t % (NonNegativeSolver::kTogether * step) == 0) lookAhead(solver, t, step);
+    if (t % step == 0) {
+      solution = solver.solve(t / step % NonNegativeSolver::kTogether);
+      if (step > 1) m_coefficients.add(solution);
+    }
+    const auto row = m_activations.row(t);
+    std::ranges::fill(row, 0.0F);
+    for (std::size_t a = 0; a < m_dictionary.size(); ++a) row[m_dictionary.pitch(a)] += solution[a];
+    co_yield share(t, m_frames);
+  }
+}
+
+Slices Engine::State::track(TrackerSettings settings) {
+  m_candidates.clear();
+  Tracker tracker(m_activations, *m_flux, settings);
+  Slices tracking = tracker.track(m_candidates);
+  while (tracking.next()) co_yield tracking.done();
+}
+
+/// The note's peak in relation to the loudest pitch at its attack.
+float Engine::State::shareAtAttack(const Candidate& note) const {
+  float loudest = note.peak;
+  const Frame end = std::min(note.onset + kAttackFrames, static_cast<Frame>(m_frames));
+  for (Frame t = note.onset; t < end; ++t)
+    loudest = std::max(loudest, std::ranges::max(m_activations.row(static_cast<std::size_t>(t))));
+  return note.peak / loudest;
+}
+
+Slices Engine::State::learn() {
+  sortByOnset(m_candidates);
+  keepSixStrongest(m_candidates);
+  Adaptation adaptation(m_spectra, m_dictionary, m_coefficients, kLearningStep);
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    adaptation.learn(m_candidates[i], shareAtAttack(m_candidates[i]));
+    co_yield share(i, m_candidates.size());
+  }
+  m_dictionary = adaptation.dictionary();
+}
+
+/// Joins what was not struck again to the candidate before it. They are still in order of pitch.
+Slices Engine::State::judgeReattacks() {
+  const OnsetIndex onsets(m_candidates);
+  const ReattackFormula formula(m_activations, *m_flux, onsets);
+  if (m_observer) m_observer->tracked(m_candidates);
+  std::vector<Candidate> kept;
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    const Candidate& candidate = m_candidates[i];
+    const bool continues = candidate.reattack && !kept.empty() &&
+                           kept.back().pitch == candidate.pitch &&
+                           kept.back().end == candidate.onset;
+    bool struck = true;
+    if (continues) {
+      const auto known = formula.features(candidate, m_candidates[i - 1]);
+      if (m_observer) m_observer->reattack(candidate, known);
+      struck = logistic(reattackTerms(), known) > 0.5;
+    }
+    if (struck)
+      kept.push_back(candidate);
+    else
+      kept.back().end = candidate.end;
+    co_yield share(i, m_candidates.size());
+  }
+  m_candidates = std::move(kept);
+}
+
+/// First each candidate by itself, then each in the company of what is probable beside it.
+Slices Engine::State::judgeNotes() {
+  Slices judging = judgeEach();
+  while (judging.next()) co_yield judging.done() * kShareOfEach;
+  judging = judgeInCompany();
+  while (judging.next()) co_yield kShareOfEach + judging.done() * (1 - kShareOfEach);
+  std::erase_if(m_candidates, [this](const Candidate& c) { return c.probability <= m_threshold; });
+  co_yield 1;
+  sortByOnset(m_candidates);
+  keepSixStrongest(m_candidates);
+}
+
+Slices Engine::State::judgeEach() {
+  std::vector<float> loudest(m_frames);
+  for (std::size_t t = 0; t < m_frames; ++t) {
+    loudest[t] = std::ranges::max(m_activations.row(t));
+    co_yield share(t, m_frames) * kShareOfLoudest;
+  }
+  const OnsetIndex onsets(m_candidates);
+  const NoteFormula formula(m_activations, m_spectra, *m_flux, onsets, std::move(loudest));
+  m_known.resize(m_candidates.size());
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    m_known[i] = formula.features(m_candidates[i]);
+    m_candidates[i].probability = logistic(noteTerms(), m_known[i]);
+    co_yield kShareOfLoudest + (1 - kShareOfLoudest) * share(i, m_candidates.size());
+  }
+}
+
+Slices Engine::State::judgeInCompany() {
+  Company company(m_candidates);
+  Slices meeting = company.meetAll();
+  while (meeting.next()) co_yield meeting.done() * kShareOfMeeting;
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    company.add(i, m_known[i]);
+    if (m_observer) m_observer->note(m_candidates[i], m_known[i]);
+    co_yield kShareOfMeeting + share(i, m_candidates.size()) * kShareOfAdding;
+  }
+  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+    double& probability = m_candidates[i].probability;
+    probability =
+        probability < kShareByItself * m_threshold ? 0 : logistic(companyTerms(), m_known[i]);
+    co_yield kShareOfMeeting + kShareOfAdding +
+        (1 - kShareOfMeeting - kShareOfAdding) * share(i, m_candidates.size());
+  }
+}
+
+/// What nobody needs any more: of an hour it would take long to give it all back at once.
+Slices Engine::State::giveBack() {
+  m_known = {};
+  co_yield 0.1;
+  m_coefficients = {};
+  co_yield 0.2;
+  m_flux.reset();
+  for (std::size_t end = 0; end < m_frames; end += kFramesGivenBack) {
+    m_spectra.release(end);
+    co_yield 0.3 + 0.7 * share(end, m_frames);
+  }
+  m_spectra = {};
+}
+
+Analysis Engine::State::take() {
+  assert(m_started && m_pass == passes().size());
+  Analysis analysis;
+  analysis.frames = m_frames;
+  analysis.ref = m_levels.ref();
+  analysis.tuningOffset = m_tuningOffset;
+  if (m_silent) m_activations = FrameTable(m_frames, kPitches);
+  analysis.activations = std::move(m_activations);
+  for (const Candidate& candidate : m_candidates) {
+    analysis.notes.push_back({.onset = static_cast<double>(candidate.onset) / kFramesPerSecond,
+                              .end = static_cast<double>(candidate.end) / kFramesPerSecond,
+                              .pitch = static_cast<int>(candidate.pitch) + Analysis::kLowestPitch,
+                              .strength = candidate.peak,
+                              .probability = static_cast<float>(candidate.probability),
+                              .amplitude = static_cast<float>(analysis.amplitude(candidate.peak))});
+  }
+  return analysis;
+}
+
+Engine::Engine(double sensitivity, Observer* observer)
+    : m_state(std::make_unique<State>(sensitivity, observer)) {}
+Engine::Engine(Engine&&) noexcept = default;
+Engine& Engine::operator=(Engine&&) noexcept = default;
+Engine::~Engine() = default;
+
+void Engine::add(std::span<const float> samples) { m_state->add(samples); }
+
+bool Engine::step(double seconds) { return m_state->step(seconds); }
+
+double Engine::progress() const { return m_state->progress(); }
+
+Analysis Engine::take() { return m_state->take(); }
+
+}  // namespace korvel::precise

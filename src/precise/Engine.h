@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "precise/Analysis.h"
+
+namespace korvel::precise {
+
+class Observer;
+
+/// The precise detection: from the samples of a recording to its notes. Add all samples, then step
+/// until it is done, then take the result; to cancel, destroy the engine. The result is the same
+/// for any division into calls. Uses no other threads; one thread at a time.
+/// An hour of sound takes about ten seconds and, while it is worked on, about 550 megabytes.
+class Engine {
+ public:
+  /// sensitivity, 0..1: how faint or doubtful a note may be. 0.5 is the most probable reading.
+  /// observer: is shown what the notes are chosen from; must outlive the engine's steps.
+  explicit Engine(double sensitivity = 0.5, Observer* observer = nullptr);
+  Engine(Engine&&) noexcept;
+  Engine& operator=(Engine&&) noexcept;
+  ~Engine();
+
+  /// The next samples, mono, kInputRate of them a second; any number. Numbers that are none count
+  /// as 0. Not after `step`.
+  void add(std::span<const float> samples);
+
+  /// Does the work for about so many seconds of the recording; false when all is done.
+  bool step(double seconds = 1);
+  /// Of the work, 0..1.
+  double progress() const;
+
+  /// Once, when `step` has answered false.
+  Analysis take();
+
+ private:
+  class State;
+  std::unique_ptr<State> m_state;
+};
+
+}  // namespace korvel::precise

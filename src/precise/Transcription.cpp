@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "precise/Transcription.h"
+
+#include <cmath>
+#include <utility>
+
+#include "audio/QBSampleSource.h"
+#include "model/instruments/QBString.h"
+#include "model/instruments/QBTuning.h"
+#include "platform/loop/Deadline.h"
+
+namespace korvel::precise {
+namespace {
+
+/// Of the recording, worked on before the time is looked at.
+constexpr double kSecondsOfPart = 0.25;
+constexpr int kEventsOfPart = 50;
+/// At one step, so that progress shows in short recordings, too.
+constexpr int kPartsOfStep = 20;
+/// Reading a compressed file takes about this share of the time, and finding the notes that one.
+constexpr double kShareOfReading = 0.25;
+constexpr double kShareOfHearing = 0.7;
+
+int midiOf(double hertz) { return static_cast<int>(std::lround(69 + 12 * std::log2(hertz / 440))); }
+
+}  // namespace
+
+OpenStrings openStringsOf(QBTuning& tuning) {
+  OpenStrings open{};
+  for (int string = 0; string < kStrings; ++string)
+    open[static_cast<std::size_t>(string)] =
+        midiOf(tuning.findStringByPosition(string)->frequency());
+  return open;
+}
+
+Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenStrings& open,
+                             const Settings& settings)
+    : m_source(std::move(source)),
+      m_engine(settings.sensitivity),
+      m_fingering(open, settings.fingering) {}
+
+bool Transcription::step() {
+  const platform::Deadline deadline;
+  for (int i = 0; i < kPartsOfStep && m_phase != Phase::done; ++i) {
+    work();
+    if (deadline.isOver()) break;
+  }
+  return m_phase != Phase::done;
+}
+
+void Transcription::work() {
+  if (m_phase == Phase::reading) {
+    read();
+  } else if (m_phase == Phase::hearing) {
+    if (m_engine.step(kSecondsOfPart)) return;
+    m_result = m_engine.take();
+    m_placing = m_fingering.placing(m_result.notes);
+    m_phase = Phase::fingering;
+  } else {
+    for (int i = 0; i < kEventsOfPart; ++i)
+      if (!m_placing.next()) m_phase = Phase::done;
+  }
+}
+
+void Transcription::read() {
+  const auto samples = m_source->readSamples();
+  m_engine.add(samples);
+  m_samples += samples.size();
+  if (samples.empty()) m_phase = Phase::hearing;
+}
+
+double Transcription::progress() const {
+  switch (m_phase) {
+    case Phase::reading:
+      return kShareOfReading * m_source->progress();
+    case Phase::hearing:
+      return kShareOfReading + kShareOfHearing * m_engine.progress();
+    case Phase::fingering:
+      return kShareOfReading + kShareOfHearing +
+             (1 - kShareOfReading - kShareOfHearing) * m_placing.done();
+    default:
+      return 1;
+  }
+}
+
+}  // namespace korvel::precise

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+#include "platform/loop/Slices.h"
+#include "precise/Analysis.h"
+#include "precise/Engine.h"
+#include "precise/Settings.h"
+#include "precise/fingering/Fingering.h"
+
+namespace korvel {
+class QBSampleSource;
+class QBTuning;
+}  // namespace korvel
+
+namespace korvel::precise {
+
+/// The pitches that a tuning's strings sound at, to the nearest semitone. Throws std::out_of_range
+/// for a tuning of fewer than six strings.
+OpenStrings openStringsOf(QBTuning& tuning);
+
+/// A recording on its way to notes with strings and frets: reads the source, detects the notes and
+/// fingers them, a slice at each step. To cancel, destroy it. Not to be moved between steps.
+class Transcription {
+ public:
+  /// The source is to deliver samples (`readSamples`) by the time of the first step.
+  Transcription(std::shared_ptr<QBSampleSource> source, const OpenStrings& open,
+                const Settings& settings);
+
+  /// A few hundredths of a second of work; false when all is done.
+  bool step();
+  /// Of the work, 0..1.
+  double progress() const;
+  /// Of the recording at 44100 a second, as far as it was read.
+  std::size_t samples() const { return m_samples; }
+  /// Complete once `step` has answered false.
+  const Analysis& result() const { return m_result; }
+
+ private:
+  enum class Phase { reading, hearing, fingering, done };
+
+  void work();
+  void read();
+
+  std::shared_ptr<QBSampleSource> m_source;
+  Engine m_engine;
+  Fingering m_fingering;
+  Analysis m_result;
+  std::size_t m_samples = 0;
+  Phase m_phase = Phase::reading;
+  platform::Slices m_placing;
+};
+
+}  // namespace korvel::precise

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+
+#include "platform/loop/Slices.h"
+#include "precise/Note.h"
+#include "precise/fingering/FingeringCosts.h"
+#include "precise/fingering/FingeringOptions.h"
+
+namespace korvel::precise {
+
+class Events;
+class FingeringSearch;
+
+/// Chooses the strings on which a guitarist would play the notes of a recording: the way that costs
+/// the hand least over the whole of it, as FingeringCosts tells. The same notes always get the same
+/// fingering. Time and memory grow with the number of notes.
+class Fingering {
+ public:
+  /// Any six pitches make a tuning. Expects at most 24 frets and the capo on one of them.
+  Fingering(const OpenStrings& open, const FingeringOptions& options);
+  Fingering(const OpenStrings& open, const FingeringOptions& options, const FingeringCosts& costs);
+
+  /// Sets string and fret of each note, in whatever order the notes come. Frets count from the nut,
+  /// with a capo too, so that a note's pitch is its open string's plus its fret. A string sounds
+  /// one note at a time: where the next one starts, the end of a note is brought forward to it.
+  /// A pitch that the guitar has not gets -1 for both, as does the weakest of more than six notes
+  /// that start together, and a doubtful one of a chord that no hand could play with it.
+  void place(std::span<Note> notes) const { placing(notes).finish(); }
+  /// The same, a little at a time; the notes have to stay where they are meanwhile.
+  platform::Slices placing(std::span<Note> notes) const;
+
+ private:
+  static platform::Slices search(const Events& events, FingeringSearch& way);
+  void assign(const Events& events, const FingeringSearch& best, std::span<Note> notes) const;
+
+  OpenStrings m_open;  ///< With the capo on.
+  int m_frets = 0;     ///< Beyond the capo.
+  int m_capo = 0;
+  FingeringCosts m_costs;
+  bool m_guessesOpen = false;  ///< Tries whether a melody lies in open position.
+};
+
+}  // namespace korvel::precise

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "music/Neck.h"
+
+namespace korvel::precise {
+
+/// The pitches of the open strings as MIDI numbers, without capo, by string.
+using OpenStrings = std::array<int, kStrings>;
+inline constexpr OpenStrings kStandardTuning{40, 45, 50, 55, 59, 64};
+
+/// Where on the neck the player is expected to be.
+struct Position {
+  enum class Kind {
+    anywhere,  ///< The hand goes where the notes are easiest to reach.
+    open,      ///< The first frets and open strings, and higher only where a note demands it.
+    around,    ///< The first finger stays about `fret`, open strings are avoided there.
+  };
+  Kind kind = Kind::anywhere;
+  int fret = 1;  ///< For `around`: of the first finger, counted from the nut.
+};
+
+struct FingeringOptions {
+  static constexpr int kFewestFrets = 12;
+  static constexpr int kMostFrets = 24;
+
+  int frets = kFewestFrets;  ///< Of the guitar; higher ones are never used.
+  int capo = 0;              ///< Fret that it sits on, 0 for none. Nothing below it is played.
+  Position position{};
+};
+
+}  // namespace korvel::precise

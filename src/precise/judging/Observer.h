@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+
+#include "precise/judging/Candidate.h"
+#include "precise/judging/Logistic.h"
+
+namespace korvel::precise {
+
+/// Is shown what the formulas of an engine decide on, for whoever fits them. What it is shown lives
+/// as long as the call. Called while the engine steps, in this order.
+class Observer {
+ public:
+  virtual ~Observer() = default;
+
+  /// All that may be a note, in order of pitch, equal pitches by onset. Once.
+  virtual void tracked(std::span<const Candidate> candidates) = 0;
+  /// A candidate that starts where the one before it ends, before it may be joined to that.
+  virtual void reattack(const Candidate& candidate, const Features<ReattackFeature>& known) = 0;
+  /// A candidate that was not joined to another. All is known of it, its company too; its
+  /// probability is that which it has by itself.
+  virtual void note(const Candidate& candidate, const Features<NoteFeature>& known) = 0;
+};
+
+}  // namespace korvel::precise

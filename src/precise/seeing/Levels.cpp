@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "precise/seeing/Levels.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "precise/judging/Quantile.h"
+#include "precise/seeing/Power.h"
+#include "precise/seeing/VectorClones.h"
+
+namespace korvel::precise {
+namespace {
+
+/// The background is looked at in every fourth frame.
+constexpr std::size_t kFloorStep = 4;
+constexpr double kFloorShare = 0.10;
+/// Bins on each side that a bin's background is compared with: three semitones.
+constexpr std::size_t kFloorSide = 9;
+constexpr double kRefShare = 0.98;
+/// Linear magnitudes grow with the frequency to this power; compressed ones to its 0.4-fold.
+constexpr double kEmphasis = 0.625;
+/// Below, nothing was recorded but the rounding to 16 bits: -100 dB of full scale.
+constexpr double kSilence = 1e-5;
+/// Below this share of the recording's amplitude, what is seen is the leakage of what is not.
+constexpr double kLeakage = 1e-3;
+
+/// Bins that are looked at together.
+constexpr std::size_t kTogether = 16;
+/// Work is done this many rows of a table at a time.
+constexpr std::size_t kRowsOfSlice = 1024;
+constexpr double kShareOfFloor = 0.8;
+
+double share(std::size_t done, std::size_t all) {
+  return static_cast<double>(done) / static_cast<double>(all);
+}
+
+BinRow emphasisFactors() {
+  BinRow factors;
+  for (std::size_t k = 0; k < kBins; ++k)
+    factors[k] = static_cast<float>(std::pow(binCentre(k, kBinsPerSemitone) / 440, kEmphasis));
+  return factors;
+}
+
+const BinRow& emphasis() {
+  static const BinRow factors = emphasisFactors();
+  return factors;
+}
+
+KORVEL_VECTOR_CLONES
+void subtract(float* values, const float* background, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const float rest = values[i] - background[i];
+    values[i] = rest > 0 ? rest : 0;
+  }
+}
+
+KORVEL_VECTOR_CLONES
+void scale(float* values, const float* factors, float factor, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) values[i] *= factors[i] * factor;
+}
+
+KORVEL_VECTOR_CLONES
+float loudest(const float* values, const float* background, const float* factors) {
+  float largest = 0;
+  for (std::size_t i = 0; i < kBins; ++i) {
+    const float level = (values[i] - background[i]) * factors[i];
+    largest = level > largest ? level : largest;
+  }
+  return largest;
+}
+
+BinRow medians(const BinRow& values) {
+  BinRow found;
+  for (std::size_t k = 0; k < kBins; ++k) {
+    const std::size_t first = k - std::min(k, kFloorSide);
+    const std::size_t end = std::min(kBins, k + kFloorSide + 1);
+    std::array<float, 2 * kFloorSide + 1> near;
+    std::copy(values.begin() + first, values.begin() + end, near.begin());
+    found[k] = quantile(std::span(near).first(end - first), 0.5);
+  }
+  return found;
+}
+
+}  // namespace
+
+void emphasise(std::span<float, kBins> magnitudes, double ref) {
+  scale(magnitudes.data(), emphasis().data(), static_cast<float>(1 / ref), kBins);
+  compress(magnitudes);
+}
+
+platform::Slices Levels::measure(const FrameTable& spectra, double power) {
+  platform::Slices floor = measureFloor(spectra);
+  while (floor.next()) co_yield floor.done() * kShareOfFloor;
+  m_floor = medians(m_floor);
+  platform::Slices loudest = measureLoudest(spectra);
+  while (loudest.next()) co_yield kShareOfFloor + (1 - kShareOfFloor) * loudest.done();
+  const double ref = quantile(m_loudest, kRefShare);
+  m_ref = ref < std::max(kSilence, kLeakage * std::sqrt(power)) ? 0 : ref;
+  m_loudest = {};
+}
+
+/// Several bins together, as they lie together in the table.
+platform::Slices Levels::measureFloor(const FrameTable& spectra) {
+  static_assert(kBins % kTogether == 0);
+  const std::size_t height = (spectra.frames() + kFloorStep - 1) / kFloorStep;
+  std::vector<float> columns(kTogether * height);
+  for (std::size_t first = 0; first < kBins; first += kTogether) {
+    for (std::size_t i = 0; i < height; ++i) {
+      const float* row = spectra.row(i * kFloorStep).data() + first;
+      for (std::size_t j = 0; j < kTogether; ++j) columns[j * height + i] = row[j];
+      if (i % kRowsOfSlice == 0) co_yield share(first * height + i * kTogether / 2, kBins * height);
+    }
+    for (std::size_t j = 0; j < kTogether; ++j) {
+      m_floor[first + j] = quantile(std::span(columns).subspan(j * height, height), kFloorShare);
+      co_yield share(2 * first + kTogether + j, 2 * kBins);
+    }
+  }
+}
+
+platform::Slices Levels::measureLoudest(const FrameTable& spectra) {
+  m_loudest.resize(spectra.frames());
+  for (std::size_t t = 0; t < spectra.frames(); ++t) {
+    m_loudest[t] = loudest(spectra.row(t).data(), m_floor.data(), emphasis().data());
+    if (t % kRowsOfSlice == 0) co_yield share(t, spectra.frames());
+  }
+}
+
+void Levels::apply(std::span<float, kBins> magnitudes) const {
+  subtract(magnitudes.data(), m_floor.data(), kBins);
+  emphasise(magnitudes, m_ref);
+}
+
+}  // namespace korvel::precise

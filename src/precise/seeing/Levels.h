@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "platform/loop/Slices.h"
+#include "precise/Scale.h"
+#include "precise/seeing/FrameTable.h"
+
+namespace korvel::precise {
+
+/// Pre-emphasis and compression of a spectrum in place: a magnitude equal to `ref` at 440 Hz
+/// becomes 1. Higher partials, which are fainter, are raised.
+void emphasise(std::span<float, kBins> magnitudes, double ref);
+
+/// Makes the spectra of a recording comparable to those of any other, whatever its level and its
+/// background: measure them, then apply to every frame.
+class Levels {
+ public:
+  /// Finds the level of the background in each bin, what a tenth of the frames stay below, smoothed
+  /// over neighbouring bins, and the reference level: the loudest partials of all frames but the
+  /// loudest fiftieth. power: the mean square of what was recorded; when next to nothing of it is
+  /// seen, as of a constant, the spectra count as silence.
+  platform::Slices measure(const FrameTable& spectra, double power);
+
+  /// Subtracts the background of a frame's magnitudes, emphasises and compresses them.
+  void apply(std::span<float, kBins> magnitudes) const;
+
+  /// 0 for silence, which has nothing to be compared with.
+  double ref() const { return m_ref; }
+
+ private:
+  platform::Slices measureFloor(const FrameTable& spectra);
+  platform::Slices measureLoudest(const FrameTable& spectra);
+
+  BinRow m_floor{};
+  double m_ref = 0;
+  std::vector<float> m_loudest;  ///< Of each frame, while it is measured.
+};
+
+}  // namespace korvel::precise

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "precise/seeing/SampleStore.h"
+#include "precise/seeing/Spectrum.h"
+
+namespace korvel::precise {
+
+/// How far a recording lies above or below A = 440 Hz: the peaks of its spectra vote for where
+/// between two semitones they lie.
+class Tuning {
+ public:
+  Tuning();
+
+  /// Windows that cover so many samples.
+  static std::size_t windows(std::size_t samples);
+  /// Looks at one of them and the next; samples at kRate.
+  void look(const SampleStore& samples, std::size_t window);
+
+  /// In cents, -50..50, of all that was looked at; 0 when nothing sounds.
+  double offset() const;
+
+ private:
+  struct Peak {
+    float magnitude;
+    /// In semitones from A, fractions count.
+    float position;
+  };
+
+  void collect(std::span<const float> magnitudes);
+
+  Spectrum m_spectrum;
+  std::vector<Peak> m_peaks;
+  float m_largest = 0;
+};
+
+}  // namespace korvel::precise

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "precise/judging/Candidate.h"
+#include "precise/seeing/FrameTable.h"
+#include "precise/solving/CoefficientTable.h"
+#include "precise/solving/Dictionary.h"
+#include "precise/solving/WeightedRows.h"
+
+namespace korvel::precise {
+
+/// Learns how the instrument of a recording sounds from notes that were found in it: what of the
+/// spectrum belongs to each becomes an atom for its pitch and, less surely, for its neighbours.
+/// One for the attack, one for what follows.
+class Adaptation {
+ public:
+  /// What the notes were found from: the spectra, the dictionary, and the coefficients of every
+  /// `step`-th frame. All must outlive this.
+  Adaptation(const FrameTable& spectra, const Dictionary& dictionary,
+             const CoefficientTable& coefficients, std::size_t step);
+
+  /// share: the note's peak in relation to that of the loudest pitch, 0..1.
+  void learn(const Candidate& note, float share);
+
+  /// The atoms that were learnt, followed by those for strings in general, which cost more.
+  Dictionary dictionary() const;
+
+ private:
+  /// Of one part of the notes of one pitch.
+  struct Learnt {
+    BinRow sum{};
+    float weight = 0;
+  };
+  /// Of all pitches.
+  using Part = std::array<Learnt, kPitches>;
+
+  void learn(const Candidate& note, Frame first, Frame end, float weight, Part& part);
+  void addOwned(std::size_t pitch, std::size_t frame, BinRow& sum);
+  static void addAtoms(const Part& part, Dictionary& dictionary);
+
+  const FrameTable& m_spectra;
+  const Dictionary& m_dictionary;
+  const CoefficientTable& m_coefficients;
+  Frame m_step;
+  Part m_attacks;
+  Part m_sustains;
+  WeightedRows m_modelRows;
+  WeightedRows m_ownRows;
+};
+
+}  // namespace korvel::precise

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fstream>
+#include <stdexcept>
+#include <utility>
+
+#include "model/songs/QBChord.h"
+#include "model/songs/QBMeasure.h"
+#include "model/songs/QBSong.h"
+#include "tab/layout/LoopRange.h"
+#include "tab/text/SongDrawing.h"
+#include "tab/text/SystemLabel.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kLoopRow = 9;
+/// Of building a tablature; the rest is reading it out.
+constexpr double kShareOfDrawing = 0.8;
+
+void openPage(QBTabMatrix& matrix, const QBSong& song) {
+  matrix.newPage(song.title());
+  matrix.openSystem(systemLabel());
+}
+
+void markLoop(QBTabMatrix& matrix) {
+  matrix.horText(matrix.m_xPos, matrix.m_yPos + kLoopRow, "XX");
+}
+
+/// The first mark stands after its chord and asks only whether the position lies between the ends,
+/// as intended: a loop that has just an end begins with the song.
+void drawFirst(QBTabMatrix& matrix, QBChord& chord, const LoopRange& loop) {
+  chord.addToTabulatureWithLineBreak(matrix, nullptr, 0, kWidthOfSystem);
+  if (loop.contains(chord.position())) markLoop(matrix);
+}
+
+/// A mark stands where the chord begins, before a line break that the chord may cause.
+void drawNext(QBTabMatrix& matrix, QBChord& chord, const QBChord* previous, int groupFlag,
+              const LoopRange& loop) {
+  if (loop.isSet() && loop.contains(chord.position())) markLoop(matrix);
+  chord.addToTabulatureWithLineBreak(matrix, previous, groupFlag, kWidthOfSystem);
+}
+
+/// Throws std::out_of_range for a song without chords.
+platform::Slices chordByChord(QBSong& song, LoopRange loop, QBTabMatrix& matrix) {
+  const auto chords = song.allChords();
+  if (chords.empty()) throw std::out_of_range("the song has no chords");
+  openPage(matrix, song);
+  drawFirst(matrix, *chords.front(), loop);
+  int group = 0;
+  const int last = static_cast<int>(chords.size()) - 1;
+  for (int i = 0; i < last; ++i) {
+    const bool startsGroup = i == group;
+    if (startsGroup) group = i + song.lookupGroupSize(i);
+    const auto at = static_cast<std::size_t>(i);
+    drawNext(matrix, *chords[at + 1], chords[at], startsGroup ? 1 : 0, loop);
+    co_yield static_cast<double>(i) / last;
+  }
+}
+
+platform::Slices byMeasures(QBSong& song, const QBSong* loopOf, QBTabMatrix& matrix) {
+  const auto measures = song.allMeasures();
+  openPage(matrix, song);
+  double done = 0;
+  for (const auto& measure : measures) {
+    measure->addToTabulatureWithLineBreak(loopOf, matrix);
+    co_yield ++done / static_cast<double>(measures.size());
+  }
+}
+
+platform::Slices drawing(QBSong& song, QBTabMatrix& matrix) {
+  return song.measures().empty() ? chordByChord(song, LoopRange(&song), matrix)
+                                 : byMeasures(song, &song, matrix);
+}
+
+std::string drawn(platform::Slices (*draw)(QBSong&, QBTabMatrix&), QBSong& song) {
+  QBTabMatrix matrix;
+  draw(song, matrix).finish();
+  return matrix.toStringInverted();
+}
+
+platform::Slices drawingForExport(QBSong& song, QBTabMatrix& matrix) {
+  return song.measures().empty() ? chordByChord(song, LoopRange(), matrix)
+                                 : byMeasures(song, nullptr, matrix);
+}
+
+platform::Slices drawingByMeasures(QBSong& song, QBTabMatrix& matrix) {
+  return byMeasures(song, &song, matrix);
+}
+
+}  // namespace
+
+QBTabMatrix drawingOf(QBSong& song) {
+  QBTabMatrix matrix;
+  drawing(song, matrix).finish();
+  return matrix;
+}
+
+platform::Slices buildingTab(QBSong& song) {
+  QBTabMatrix matrix;
+  platform::Slices work = drawing(song, matrix);
+  while (work.next()) co_yield work.done() * kShareOfDrawing;
+  std::string text;
+  work = matrix.reading(text);
+  while (work.next()) co_yield kShareOfDrawing + work.done() * (1 - kShareOfDrawing);
+  song.setTabulature(std::move(text));
+}
+
+std::string QBSong::toString() { return drawn(drawing, *this); }
+
+std::string QBSong::toStringForExport() { return drawn(drawingForExport, *this); }
+
+std::string QBSong::toStringByMeasures() { return drawn(drawingByMeasures, *this); }
+
+// Answers true whatever becomes of the file, as intended: an export is one step of chains that go
+// on without it.
+bool QBSong::tofile(const std::string& path) {
+  const std::string text = toStringForExport();
+  std::ofstream(path, std::ios::binary) << text;
+  return true;
+}
+
+}  // namespace korvel

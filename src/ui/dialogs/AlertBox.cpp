@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/dialogs/AlertBox.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <cstdlib>
+
+namespace korvel::ui {
+
+void AlertBox::show(const std::string& text) {
+  QMessageBox box(QMessageBox::Critical, QApplication::applicationDisplayName(),
+                  QString::fromStdString(text), QMessageBox::Ok, QApplication::activeWindow());
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.exec();
+}
+
+int AlertBox::exitStatus() const { return EXIT_SUCCESS; }
+
+}  // namespace korvel::ui

@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/dialogs/SettingsDialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFontComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "model/store/QBSettings.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/files/FileError.h"
+#include "platform/sound/AudioSystem.h"
+#include "ui/desktop/Preferences.h"
+#include "ui/desktop/Text.h"
+#include "ui/desktop/Wording.h"
+#include "workflow/library/LibraryEdits.h"
+
+namespace korvel::ui {
+namespace {
+
+using precise::FingeringOptions;
+using precise::Position;
+
+constexpr int kHighestCapo = 11;
+constexpr int kLettersOfPath = 36;
+constexpr double kSensitivitySteps = 100;
+
+/// A line with a button behind it that chooses what goes there.
+QWidget* withButton(QLineEdit* line, const QString& name, const std::function<QString()>& choose) {
+  auto* button = new QPushButton(SettingsDialog::tr("Choose ..."));
+  line->setAccessibleName(name);
+  line->setMinimumWidth(kLettersOfPath * line->fontMetrics().averageCharWidth());
+  button->setAccessibleName(SettingsDialog::tr("Choose: %1").arg(name));
+  QObject::connect(button, &QPushButton::clicked, line, [line, choose] {
+    const QString chosen = choose();
+    if (!chosen.isEmpty()) line->setText(chosen);
+  });
+  auto* both = new QWidget;
+  auto* row = new QHBoxLayout(both);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(line);
+  row->addWidget(button);
+  both->setFocusProxy(line);
+  return both;
+}
+
+QComboBox* choiceOf(const QList<QPair<QString, QVariant>>& items, const QVariant& chosen) {
+  auto* box = new QComboBox;
+  for (const auto& [text, value] : items) box->addItem(text, value);
+  box->setCurrentIndex(std::max(0, box->findData(chosen)));
+  return box;
+}
+
+/// The device that was chosen stays offered while it is unplugged.
+QComboBox* devices(std::vector<std::string> (platform::AudioSystem::*list)(),
+                   const QString& chosen) {
+  auto* box = new QComboBox;
+  try {
+    for (const std::string& name : (platform::AudioSystem::main().*list)())
+      box->addItem(toText(name));
+  } catch (const platform::AudioError& problem) {
+    box->setToolTip(worded(toText(problem.what())));
+    box->addItem(toText(platform::AudioSystem::kSystemDefault));
+  }
+  box->setItemText(0, worded(box->itemText(0)));
+  if (!chosen.isEmpty() && box->findText(chosen) < 0) box->addItem(chosen);
+  box->setCurrentIndex(std::max(0, box->findText(chosen)));
+  return box;
+}
+
+QString deviceOf(const QComboBox& box) {
+  return box.currentIndex() == 0 ? QString() : box.currentText();
+}
+
+/// As a user means what was typed: "~" and names without a folder before them are of the home
+/// folder.
+QString inHome(const QString& path) {
+  if (path.startsWith("~/")) return QDir::home().filePath(path.mid(2));
+  return path.isEmpty() ? path : QDir::home().absoluteFilePath(path);
+}
+
+QSpinBox* number(int least, int most, int value) {
+  auto* box = new QSpinBox;
+  box->setRange(least, most);
+  box->setValue(value);
+  return box;
+}
+
+}  // namespace
+
+QString offeredWorkFolder() {
+  return QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
+      .filePath("Korvel");
+}
+
+SettingsDialog::SettingsDialog(QWidget* parent) : QDialog(parent) {
+  setWindowTitle(tr("Settings"));
+  m_pages = new QTabWidget;
+  m_pages->setAccessibleName(windowTitle());
+  m_pages->addTab(generalPage(), tr("&General"));
+  m_pages->addTab(detectionPage(), tr("&Import"));
+  m_pages->addTab(soundPage(), tr("&Sound"));
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &SettingsDialog::reject);
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(m_pages);
+  column->addWidget(buttons);
+}
+
+void SettingsDialog::showPage(const char* name) {
+  m_pages->setCurrentWidget(m_pages->findChild<QWidget*>(name));
+}
+
+QWidget* SettingsDialog::generalPage() {
+  const Preferences preferences;
+  m_folder = new QLineEdit(toText(QBTabMgr::db().selectedSettings()->workDir()));
+  m_language = choiceOf({{tr("As the desktop"), ""}, {"English", "en"}, {"Deutsch", "de"}},
+                        preferences.language());
+  m_theme = choiceOf({{tr("As the desktop"), static_cast<int>(Theme::system)},
+                      {tr("Light"), static_cast<int>(Theme::light)},
+                      {tr("Dark"), static_cast<int>(Theme::dark)}},
+                     static_cast<int>(preferences.theme()));
+  m_ownFont = new QCheckBox(tr("Tablature in a &font of its own"));
+  m_font = new QFontComboBox;
+  m_font->setFontFilters(QFontComboBox::MonospacedFonts);
+  m_font->setAccessibleName(tr("Font of the tablature"));
+  m_font->lineEdit()->setAccessibleName(m_font->accessibleName());
+  m_ownFont->setChecked(!preferences.tabFont().isEmpty());
+  m_font->setEnabled(m_ownFont->isChecked());
+  if (m_ownFont->isChecked()) m_font->setCurrentFont(preferences.tabFont());
+  connect(m_ownFont, &QCheckBox::toggled, m_font, &QWidget::setEnabled);
+  auto* page = new QWidget;
+  page->setObjectName("general");
+  auto* form = new QFormLayout(page);
+  form->addRow(tr("&Working directory"), withButton(m_folder, tr("Working directory"), [this] {
+                 return QFileDialog::getExistingDirectory(this, tr("Working directory"),
+                                                          offeredWorkFolder());
+               }));
+  form->addRow(tr("&Language"), m_language);
+  form->addRow(tr("&Theme"), m_theme);
+  form->addRow(m_ownFont, m_font);
+  return page;
+}
+
+QWidget* SettingsDialog::detectionPage() {
+  const Preferences preferences;
+  const precise::Settings settings = preferences.detectionSettings();
+  const FingeringOptions& fingering = settings.fingering;
+  m_detection =
+      choiceOf({{tr("Precise: note by note"), false}, {tr("Classic: block by block"), true}},
+               preferences.detection() == ImportDetection::classic);
+  m_sensitivity = new QSlider(Qt::Horizontal);
+  m_sensitivity->setRange(0, static_cast<int>(kSensitivitySteps));
+  m_sensitivity->setValue(static_cast<int>(settings.sensitivity * kSensitivitySteps));
+  m_sensitivity->setToolTip(tr("How faint or doubtful a note may be"));
+  m_position = choiceOf({{tr("Anywhere"), static_cast<int>(Position::Kind::anywhere)},
+                         {tr("First frets"), static_cast<int>(Position::Kind::open)},
+                         {tr("About fret"), static_cast<int>(Position::Kind::around)}},
+                        static_cast<int>(fingering.position.kind));
+  m_position->setAccessibleName(tr("Played at"));
+  m_positionFret = number(1, FingeringOptions::kMostFrets, fingering.position.fret);
+  m_positionFret->setAccessibleName(tr("Fret that the hand stays about"));
+  const auto ask = [this] {
+    const int kind = m_position->currentData().toInt();
+    m_positionFret->setEnabled(kind == static_cast<int>(Position::Kind::around));
+  };
+  connect(m_position, &QComboBox::currentIndexChanged, this, ask);
+  ask();
+  m_frets = number(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets, fingering.frets);
+  m_capo = number(0, kHighestCapo, fingering.capo);
+  m_capo->setSpecialValueText(tr("None"));
+  auto* place = new QHBoxLayout;
+  place->addWidget(m_position);
+  place->addWidget(m_positionFret);
+  auto* page = new QWidget;
+  page->setObjectName("detection");
+  auto* form = new QFormLayout(page);
+  form->addRow(tr("&Detection"), m_detection);
+  form->addRow(tr("Se&nsitivity"), m_sensitivity);
+  form->addRow(tr("&Played at"), place);
+  form->addRow(tr("&Frets of the guitar"), m_frets);
+  form->addRow(tr("&Capo at fret"), m_capo);
+  static_cast<QLabel*>(form->labelForField(place))->setBuddy(m_position);
+  return page;
+}
+
+QWidget* SettingsDialog::soundPage() {
+  const Preferences preferences;
+  m_output = devices(&platform::AudioSystem::outputs, preferences.output());
+  m_input = devices(&platform::AudioSystem::inputs, preferences.input());
+  m_soundFont = new QLineEdit(preferences.soundFont());
+  m_soundFont->setPlaceholderText(tr("One that the system has"));
+  auto* page = new QWidget;
+  page->setObjectName("sound");
+  auto* form = new QFormLayout(page);
+  form->addRow(tr("&Play on"), m_output);
+  form->addRow(tr("&Record from"), m_input);
+  form->addRow(tr("Sound&Font"), withButton(m_soundFont, tr("SoundFont"), [this] {
+                 return QFileDialog::getOpenFileName(this, tr("SoundFont"), QString(),
+                                                     tr("SoundFonts (*.sf2 *.sf3)"));
+               }));
+  return page;
+}
+
+void SettingsDialog::keepDetection() const {
+  precise::Settings settings;
+  settings.sensitivity = m_sensitivity->value() / kSensitivitySteps;
+  settings.fingering.frets = m_frets->value();
+  settings.fingering.capo = m_capo->value();
+  settings.fingering.position = {static_cast<Position::Kind>(m_position->currentData().toInt()),
+                                 std::min(m_positionFret->value(), m_frets->value())};
+  Preferences().setDetection(
+      m_detection->currentData().toBool() ? ImportDetection::classic : ImportDetection::precise,
+      settings);
+}
+
+void SettingsDialog::accept() {
+  const std::string& before = QBTabMgr::db().selectedSettings()->workDir();
+  try {
+    if (m_folder->text() != toText(before))
+      setWorkDirectory(inHome(m_folder->text()).toStdString());
+  } catch (const platform::FileError& problem) {
+    QMessageBox::warning(this, windowTitle(), worded(toText(problem.what())));
+    return;
+  }
+  Preferences preferences;
+  preferences.setLanguage(m_language->currentData().toString());
+  preferences.setTheme(static_cast<Theme>(m_theme->currentData().toInt()));
+  preferences.setTabFont(m_ownFont->isChecked() ? m_font->currentFont().family() : QString());
+  preferences.setOutput(deviceOf(*m_output));
+  preferences.setInput(deviceOf(*m_input));
+  preferences.setSoundFont(inHome(m_soundFont->text()));
+  keepDetection();
+  QDialog::accept();
+}
+
+}  // namespace korvel::ui

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+#include "platform/persistence/Ref.h"
+#include "workflow/exporting/RenderSongCommand.h"
+#include "workflow/exporting/SongFiles.h"
+#include "workflow/hearing/ImportDesk.h"
+#include "workflow/library/TuningEdits.h"
+
+class QMenu;
+
+namespace korvel {
+class QBCommand;
+class QBInstrument;
+class TreeNode;
+}  // namespace korvel
+
+namespace korvel::ui {
+
+/// What the menus offer for the nodes of the tree: asks what has to be asked, has the workflow do
+/// it, and says what cannot be.
+class LibraryActions final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Dialogs stand over the window; the desk outlives this.
+  LibraryActions(ImportDesk& desk, QWidget* window);
+
+  // Menus of the tree, by what was clicked.
+  void fillRootMenu(QMenu& menu);
+  void fillTuningsMenu(QMenu& menu);
+  void fillInstrumentsMenu(QMenu& menu);
+  /// A menu for a node of any kind.
+  void fillMenu(QMenu& menu, const std::shared_ptr<TreeNode>& node);
+  /// As the menu of the menu bar has it: what is asked for acts on the album that is selected.
+  void fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album);
+
+  /// Asks for files; into a new album each unless one is named.
+  void chooseAndImport(QBAlbum* into = nullptr);
+  /// Of folders the sound files in them.
+  void importFiles(const QStringList& files, QBAlbum* into = nullptr);
+  void createAlbum();
+  /// In a format that the user chooses with the name of the file.
+  void exportSongFile(QBSong* song);
+
+ signals:
+  /// What the user wanted cannot be; text: why, in one line.
+  void refused(const QString& text);
+  void importStarted(const QString& file);
+  void imported(const QString& file, QBSong* song);
+  /// The title of that node is to be edited in place.
+  void renameWanted(const TreeNode* node);
+  /// By the user, who has yet to name it.
+  void albumCreated(const QBAlbum* album);
+
+ private:
+  /// Runs an edit and tells why it was refused.
+  void attempt(const std::function<void()>& edit);
+  void importFolder(const QString& folder, QBAlbum* into);
+  void importFile(const QString& file, QBAlbum* into);
+  void fillSongMenu(QMenu& menu, const std::shared_ptr<TreeNode>& node);
+  void fillTuningMenu(QMenu& menu, QBTuning& tuning);
+  void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);
+  void addRename(QMenu& menu, const TreeNode* node);
+  void exportAs(QBSong& song, const QString& file, std::size_t format);
+  /// Asks when a file of that name is there.
+  bool mayReplace(const QString& file);
+  static void renderSong(QBSong& song, RenderedPart part, const QString& file);
+  /// As a job of the session; one that cannot begin is none.
+  static void run(const std::shared_ptr<QBCommand>& job);
+  void exportAll(QBAlbum& album, SongFormat format);
+  void editStrings(QBTuning& tuning);
+  void chooseInstrument();
+  void calibrateInstrument();
+  void exportInstrument(QBInstrument& instrument);
+
+  ImportDesk& m_desk;
+  QWidget* m_window;
+};
+
+}  // namespace korvel::ui

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/library/SongMenu.h"
+
+#include <QCoreApplication>
+
+#include "ui/desktop/Text.h"
+#include "workflow/arranging/SongOrders.h"
+#include "workflow/library/LibraryEdits.h"
+
+namespace korvel::ui {
+namespace {
+
+QString shown(std::string_view title) {
+  const std::string text(title);
+  return QCoreApplication::translate("SongMenu", text.c_str());
+}
+
+}  // namespace
+
+void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>& give) {
+  for (const SongMenuSection& section : songMenu()) {
+    if (section.isSeparator()) {
+      menu.addSeparator();
+      continue;
+    }
+    QMenu& place = section.title.empty() ? menu : *menu.addMenu(shown(section.title));
+    for (const SongCommand& command : section.items)
+      QObject::connect(place.addAction(shown(command.title)), &QAction::triggered, &menu,
+                       [give, &command] { give(command); });
+  }
+}
+
+SongMenu::SongMenu(QWidget* parent) : QMenu(tr("&Song"), parent) {
+  addSongCommands(*this, [this](const SongCommand& command) {
+    try {
+      orderByMenu(m_items, command);
+    } catch (const EditRefused& reason) {
+      emit refused(toText(reason.what()));
+    }
+  });
+  enable(false);
+}
+
+void SongMenu::enable(bool enabled) {
+  m_items.enable(enabled);
+  setEnabledBelow(*this, enabled);
+}
+
+void SongMenu::setEnabledBelow(QMenu& menu, bool enabled) {
+  for (QAction* action : menu.actions()) {
+    action->setEnabled(enabled);
+    if (action->menu()) setEnabledBelow(*action->menu(), enabled);
+  }
+}
+
+}  // namespace korvel::ui

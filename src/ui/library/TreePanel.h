@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QSortFilterProxyModel>
+#include <QWidget>
+#include <functional>
+
+#include "ui/library/TreeModel.h"
+#include "workflow/session/SessionViews.h"
+
+class QLineEdit;
+class QTreeView;
+
+namespace korvel::ui {
+
+class LibraryActions;
+
+/// The library with a field to search in it. What is selected becomes the session's active node,
+/// and a song that is selected is shown.
+class TreePanel final : public QWidget, public TreeView {
+  Q_OBJECT
+
+ public:
+  /// Both outlive the panel.
+  TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* parent = nullptr);
+
+  void refreshAllContents() override;
+  /// Selects the song's row without selecting the song anew.
+  void showSong(const QBSong* song);
+  void focusSearch();
+  /// The groups and albums that are open, each by a key of its own; a search does not count.
+  QStringList openBranches() const;
+  void setOpenBranches(const QStringList& keys);
+  void renameCurrent();
+  TreeModel& model() { return m_model; }
+  QTreeView& view() { return *m_view; }
+
+ signals:
+  void refused(const QString& text);
+  /// By Enter or a double click.
+  void songActivated();
+  /// By mouse or Enter, even when it was selected before.
+  void songClicked(QBSong* song);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void search(const QString& text);
+  void forEachBranch(const std::function<void(const QModelIndex&, const QString& key)>& act) const;
+  void select(const QModelIndex& current);
+  void showMenu(const QPoint& position);
+  void deleteCurrent();
+  void sayCurrent();
+  void rename(const TreeNode* node);
+  void drop(const QStringList& files, const QModelIndex& into);
+  QModelIndex currentIndex() const;
+
+  TreeModel m_model;
+  QSortFilterProxyModel m_filter;
+  LibraryActions& m_actions;
+  QLineEdit* m_search;
+  QTreeView* m_view;
+  bool m_following = false;
+  bool m_menuByKeys = false;
+  bool m_searching = false;
+  QStringList m_openBefore;  ///< The search began.
+};
+
+}  // namespace korvel::ui

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/window/EditMenu.h"
+
+#include <QCoreApplication>
+#include <QInputDialog>
+#include <array>
+#include <utility>
+
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/persistence/UndoManager.h"
+#include "tab/layout/ChordSearch.h"
+#include "ui/desktop/Text.h"
+#include "ui/views/FretboardView.h"
+#include "ui/views/TablatureView.h"
+#include "workflow/editing/SongEditor.h"
+#include "workflow/editing/ToneToggles.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel::ui {
+namespace {
+
+struct Duration {
+  int sixteenths;
+  const char* name;
+};
+
+constexpr std::array kDurations{
+    Duration{1, QT_TRANSLATE_NOOP("Duration", "Sixteenth")},
+    Duration{2, QT_TRANSLATE_NOOP("Duration", "Eighth")},
+    Duration{3, QT_TRANSLATE_NOOP("Duration", "Dotted Eighth")},
+    Duration{4, QT_TRANSLATE_NOOP("Duration", "Quarter")},
+    Duration{6, QT_TRANSLATE_NOOP("Duration", "Dotted Quarter")},
+    Duration{8, QT_TRANSLATE_NOOP("Duration", "Half")},
+    Duration{12, QT_TRANSLATE_NOOP("Duration", "Dotted Half")},
+    Duration{16, QT_TRANSLATE_NOOP("Duration", "Whole")},
+};
+
+platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
+
+QString translated(const std::string& action) {
+  return QCoreApplication::translate("UndoAction", action.c_str());
+}
+
+QString titled(const QString& plain, const QString& named, const std::string& action) {
+  return action.empty() ? plain : named.arg(translated(action));
+}
+
+}  // namespace
+
+EditMenu::EditMenu(TablatureView& tablature, FretboardView& fretboard, QWidget* parent)
+    : QMenu(tr("&Edit"), parent), m_tablature(tablature) {
+  addUndo();
+  addClipboard();
+  addToneEdits();
+  addChordEdits();
+  connectViews(fretboard);
+  connect(this, &QMenu::aboutToShow, this, &EditMenu::update);
+  // Their keys work whatever the menu said when it was open.
+  connect(this, &QMenu::aboutToHide, this, [this] {
+    for (QAction* action : {m_undo, m_redo}) action->setEnabled(true);
+  });
+  setSong(nullptr);
+}
+
+// ---- entries
+
+void EditMenu::addUndo() {
+  m_undo = addAction(tr("&Undo"), QKeySequence::Undo, this, &EditMenu::undo);
+  m_redo = addAction(tr("&Redo"), QKeySequence::Redo, this, [] { QBSession::session().redo(); });
+  addSeparator();
+}
+
+void EditMenu::addClipboard() {
+  addAction(tr("&Copy"), QKeySequence::Copy, &m_tablature, &TablatureView::copy);
+  addAction(tr("Select &All"), QKeySequence::SelectAll, &m_tablature, &TablatureView::selectAll);
+  addSeparator();
+}
+
+QAction* EditMenu::addEdit(const QString& title, const QKeySequence& keys,
+                           const std::function<void()>& act) {
+  m_edits.append(addAction(title, keys, this, act));
+  return m_edits.last();
+}
+
+void EditMenu::addToneEdits() {
+  addEdit(tr("Remove &Tone"), {}, [this] {
+    attempt([this](QBSong& song) {
+      SongEditor(song).removeTone(m_tablature.cursorChord(), m_tablature.cursorString());
+    });
+  });
+  addEdit(tr("&Silence or Sound Tone"), tr("Ctrl+T"), [this] {
+    attempt([this](QBSong& song) {
+      toggleActive(song, m_tablature.cursorChord(), m_tablature.cursorString());
+    });
+  });
+  addSeparator();
+}
+
+void EditMenu::addChordEdits() {
+  addEdit(tr("Set Chord &Name ..."), tr("Ctrl+M"), [this] { nameChord(); });
+  m_duration = addMenu(tr("Change &Duration"));
+  for (const Duration& duration : kDurations)
+    m_duration->addAction(
+        QCoreApplication::translate("Duration", duration.name), this, [this, duration] {
+          attempt([this, duration](QBSong& song) {
+            SongEditor(song).setDuration(m_tablature.cursorChord(), duration.sixteenths);
+          });
+        });
+  addEdit(tr("Insert Chord &Before"), tr("Shift+Ins"), [this] {
+    attemptInsertion([](QBSong& song, int chord) { SongEditor(song).insertChordBefore(chord); });
+  });
+  addEdit(tr("&Insert Chord After"), tr("Ins"), [this] {
+    attemptInsertion([](QBSong& song, int chord) { SongEditor(song).insertChordAfter(chord); });
+  });
+  addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] { deleteChosen(); });
+}
+
+// ---- what they do
+
+void EditMenu::connectViews(FretboardView& fretboard) {
+  connect(
+      &m_tablature, &TablatureView::fretTyped, this,
+      [this](int chord, int string, int fret, bool continues) {
+        attempt([&](QBSong& song) { SongEditor(song).setFret(chord, string, fret, continues); });
+      });
+  connect(&m_tablature, &TablatureView::removalWanted, this, [this](int chord, int string) {
+    attempt([&](QBSong& song) { SongEditor(song).removeTone(chord, string); });
+  });
+  connect(&fretboard, &FretboardView::clicked, this, [this](int string, int fret) {
+    attempt([&](QBSong& song) { toggleFret(song, m_tablature.cursorChord(), string, fret); });
+  });
+}
+
+void EditMenu::attempt(const std::function<void(QBSong&)>& edit) {
+  if (m_song && m_tablature.cursorChord() >= 0) perform(edit);
+}
+
+/// A song without chords has no cursor, and gets its first chord all the same.
+void EditMenu::attemptInsertion(const std::function<void(QBSong&, int)>& insert) {
+  if (!m_song) return;
+  if (!m_song->chords().empty()) {
+    attempt([&](QBSong& song) { insert(song, m_tablature.cursorChord()); });
+    return;
+  }
+  perform([&](QBSong& song) { insert(song, 0); });
+  m_tablature.moveCursor(0, m_tablature.cursorString());
+}
+
+void EditMenu::perform(const std::function<void(QBSong&)>& edit) {
+  if (m_locked) {
+    emit refused(tr("Stop playing first, then edit"));
+    return;
+  }
+  try {
+    edit(*m_song);
+    emit edited();
+  } catch (const std::exception& problem) {
+    emit refused(toText(problem.what()));
+  }
+}
+
+/// The selected chords, or the one under the cursor when none are.
+void EditMenu::deleteChosen() {
+  const ChordSpan chosen = m_tablature.selection();
+  attempt([&](QBSong& song) {
+    if (chosen.first < 0)
+      SongEditor(song).deleteChord(m_tablature.cursorChord());
+    else
+      SongEditor(song).deleteChords(chosen.first, chosen.last);
+  });
+  if (chosen.first < 0 || m_locked) return;
+  m_tablature.selectNone();
+  m_tablature.moveCursor(chosen.first, m_tablature.cursorString());
+}
+
+void EditMenu::undo() {
+  if (QBSession::session().undo()) return;
+  const std::string& running = undoManager().undoWaitsFor();
+  if (running.empty()) return;
+  emit refused(
+      tr("\"%1\" still goes on; end it or wait for its end, then undo").arg(translated(running)));
+}
+
+void EditMenu::nameChord() {
+  const int index = m_tablature.cursorChord();
+  if (!m_song || index < 0) return;
+  const auto& chord = *m_song->allChords().at(static_cast<std::size_t>(index));
+  bool chosen = false;
+  const QString name = QInputDialog::getText(parentWidget(), tr("Set Chord Name"),
+                                             tr("Name, such as F#m7; none takes the name away:"),
+                                             QLineEdit::Normal, toText(shownName(chord)), &chosen);
+  if (!chosen) return;
+  attempt([&](QBSong& song) {
+    if (name.trimmed().isEmpty())
+      SongEditor(song).clearChordName(index);
+    else
+      SongEditor(song).setChordName(index, name.toStdString());
+  });
+}
+
+void EditMenu::setSong(QBSong* song) {
+  m_song = song;
+  update();
+}
+
+void EditMenu::setLocked(bool locked) {
+  if (std::exchange(m_locked, locked) != locked) update();
+}
+
+void EditMenu::update() {
+  const bool editable = m_song && !m_locked;
+  for (QAction* action : m_edits) action->setEnabled(editable);
+  m_duration->setEnabled(editable);
+  platform::UndoManager& manager = undoManager();
+  const QString undo = titled(tr("&Undo"), tr("&Undo %1"), manager.undoActionName());
+  m_undo->setText(titled(undo, tr("%1 (after: %2)").arg(undo), manager.undoWaitsFor()));
+  m_redo->setText(titled(tr("&Redo"), tr("&Redo %1"), manager.redoActionName()));
+  if (!isVisible()) return;
+  m_undo->setEnabled(manager.canUndo());
+  m_redo->setEnabled(manager.canRedo());
+}
+
+}  // namespace korvel::ui

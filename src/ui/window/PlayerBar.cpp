@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/window/PlayerBar.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QSlider>
+#include <QToolButton>
+#include <chrono>
+
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "ui/desktop/Preferences.h"
+#include "ui/desktop/Synthesizers.h"
+#include "ui/desktop/Text.h"
+#include "ui/window/PlayerIcons.h"
+#include "workflow/session/QBSession.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel::ui {
+namespace {
+
+constexpr int kAll = 100;
+constexpr int kSliderWidth = 12;  // in letters
+/// How late a loop may begin again whose end was passed over.
+constexpr std::chrono::milliseconds kWatch{50};
+
+}  // namespace
+
+PlayerBar::PlayerBar(QWidget* parent)
+    : QToolBar(tr("Player"), parent),
+      m_metronome(new QCheckBox(tr("Metronome"))),
+      m_loop(new QLabel),
+      m_position(new QLabel),
+      m_player(*this, [this] { return newPlayer(); }) {
+  setObjectName("player");
+  setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  m_play = addAction(playIcon(), tr("Play"), this, &PlayerBar::play);
+  m_stop = addAction(stopIcon(), tr("Stop"), this, &PlayerBar::stop);
+  m_position->setAccessibleName(tr("Position"));
+  addWidget(m_position);
+  addSeparator();
+  addWidget(m_loop);
+  m_resetLoop = addAction(tr("Reset Loop"), this, &PlayerBar::resetLoopWanted);
+  addSeparator();
+  m_speed = addSlider(tr("Speed"), kAll, kAll);
+  m_percent = new QLabel;
+  addWidget(m_percent);
+  m_volume = addSlider(tr("Volume"), kAll, Preferences().volume());
+  addMetronome();
+  m_sound = addAction(tr("Sound ..."), this, &PlayerBar::settingsWanted);
+  m_watch.setInterval(kWatch);
+  connect(&m_watch, &QTimer::timeout, this, [this] { m_player.keepLooping(); });
+  connect(m_speed, &QSlider::valueChanged, this, [this] { m_player.speedChanged(); });
+  connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
+    Preferences().setVolume(value);
+    applyVolume();
+  });
+  for (auto* button : findChildren<QToolButton*>()) {
+    button->setFocusPolicy(Qt::TabFocus);
+    if (!button->text().isEmpty()) continue;
+    button->setAccessibleName(tr("More"));  // where the bar is narrow
+    button->setIcon(moreIcon());            // the style's is black in dark themes, too
+  }
+  m_player.speedChanged();
+  showPosition("  0");
+  showLoop({});
+  unlockAll();
+}
+
+PlayerBar::~PlayerBar() = default;
+
+QSlider* PlayerBar::addSlider(const QString& title, int most, int value) {
+  auto* label = new QLabel(' ' + title + ' ');
+  auto* slider = new QSlider(Qt::Horizontal);
+  slider->setRange(0, most);
+  slider->setValue(value);
+  slider->setPageStep(most / 10);
+  slider->setAccessibleName(title);
+  slider->setFixedWidth(kSliderWidth * fontMetrics().horizontalAdvance('m'));
+  addWidget(label);
+  addWidget(slider);
+  return slider;
+}
+
+void PlayerBar::addMetronome() {
+  connect(m_metronome, &QCheckBox::toggled, this, [this](bool on) {
+    Preferences().setMetronome(on);
+    m_player.setMetronome(on);
+  });
+  m_metronome->setChecked(Preferences().metronome());
+  addSeparator();
+  addWidget(m_metronome);
+}
+
+// ---- what the user does
+
+void PlayerBar::play() {
+  const QBSong* song = QBSession::session().activeSong();
+  if (!song || song->chords().empty()) return emit refused(tr("Choose a song with chords first"));
+  const TuningForNow chosen(song->tuning());
+  m_player.play();
+}
+
+void PlayerBar::stop() { m_player.stop(); }
+
+void PlayerBar::toggle() { m_player.isPlaying() ? stop() : play(); }
+
+std::unique_ptr<platform::MusicPlayer> PlayerBar::newPlayer() {
+  const Preferences preferences;
+  auto player = std::make_unique<platform::MusicPlayer>(
+      platform::AudioSystem::main(), preferences.output().toStdString(), newSynthesizer());
+  m_sounding = player.get();
+  applyVolume();
+  return player;
+}
+
+void PlayerBar::applyVolume() {
+  if (m_sounding) m_sounding->setVolume(static_cast<float>(m_volume->value()) / kAll);
+}
+
+// ---- what the player shows
+
+void PlayerBar::setLocked(bool locked) {
+  // The button that may be pressed next keeps the focus.
+  QAction* next = locked ? m_stop : m_play;
+  next->setEnabled(true);
+  if (widgetForAction(locked ? m_play : m_stop)->hasFocus()) widgetForAction(next)->setFocus();
+  for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(!locked);
+  m_stop->setEnabled(locked);
+  tellMoved();
+}
+
+/// Once the session and its views know as well.
+void PlayerBar::tellMoved() {
+  QMetaObject::invokeMethod(this, &PlayerBar::moved, Qt::QueuedConnection);
+}
+
+void PlayerBar::lockMIDI() {
+  setLocked(true);
+  m_watch.start();
+}
+
+void PlayerBar::unlockAll() {
+  m_sounding = nullptr;
+  m_watch.stop();
+  setLocked(false);
+}
+
+void PlayerBar::showLoop(const LoopRange& loop) {
+  const auto end = [](int position) {
+    return position == -1 ? QString("…") : QString::number(position);
+  };
+  const bool none = loop.from == -1 && loop.to == -1;
+  m_loop->setText(none ? tr("No loop") : tr("Loop %1–%2").arg(end(loop.from), end(loop.to)));
+}
+
+void PlayerBar::showPosition(const std::string& percent) {
+  m_position->setText(' ' + toText(percent) + " % ");
+  m_position->setAccessibleDescription(m_position->text());
+  tellMoved();
+}
+
+void PlayerBar::showSpeed(const std::string& percent) {
+  m_percent->setText(toText(percent) + " % ");
+}
+
+void PlayerBar::showProblem(const std::string& problem) { emit refused(toText(problem)); }
+
+int PlayerBar::speed() const { return m_speed->value(); }
+
+int PlayerBar::maximumSpeed() const { return m_speed->maximum(); }
+
+}  // namespace korvel::ui

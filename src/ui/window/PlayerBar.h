@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTimer>
+#include <QToolBar>
+
+#include "workflow/playing/QBPlayerViewController.h"
+
+class QCheckBox;
+class QLabel;
+class QSlider;
+
+namespace korvel::ui {
+
+/// Plays the song that is shown, or its loop. The user may turn to another song meanwhile.
+class PlayerBar final : public QToolBar, public PlayerControls {
+  Q_OBJECT
+
+ public:
+  explicit PlayerBar(QWidget* parent = nullptr);
+  ~PlayerBar() override;
+
+  PlayerView& controller() { return m_player; }
+  /// The song that plays, or none.
+  QBSong* song() const { return m_player.song(); }
+  bool plays(const QBSong* song) const { return m_player.plays(song); }
+
+  void lockMIDI() override;
+  void unlockAll() override;
+  void showLoop(const LoopRange& loop) override;
+  void showPosition(const std::string& percent) override;
+  void showSpeed(const std::string& percent) override;
+  void showProblem(const std::string& problem) override;
+  int speed() const override;
+  int maximumSpeed() const override;
+
+ public slots:
+  void play();
+  void stop();
+  void toggle();
+
+ signals:
+  /// Another chord is heard, or playing has begun or ended.
+  void moved();
+  void resetLoopWanted();
+  void settingsWanted();
+  /// One line with what to do.
+  void refused(const QString& text);
+
+ private:
+  QSlider* addSlider(const QString& title, int most, int value);
+  std::unique_ptr<platform::MusicPlayer> newPlayer();
+  void applyVolume();
+  void addMetronome();
+  void setLocked(bool locked);
+  void tellMoved();
+
+  QAction* m_play;
+  QAction* m_stop;
+  QAction* m_resetLoop;
+  QAction* m_sound;
+  QCheckBox* m_metronome;
+  QLabel* m_loop;
+  QLabel* m_position;
+  QLabel* m_percent = nullptr;
+  QSlider* m_speed = nullptr;
+  QSlider* m_volume = nullptr;
+  platform::MusicPlayer* m_sounding = nullptr;  ///< The controller's, while it plays.
+  QTimer m_watch;                               ///< Runs while it plays.
+  QBPlayerViewController m_player;
+};
+
+}  // namespace korvel::ui

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/arranging/SongOrders.h"
+
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "workflow/arranging/QBSongMenu.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/session/QBSession.h"
+#include "workflow/session/SongInWork.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kDelete = "deleteSong";
+
+void requireChords(const QBSong& song, const SongCommand& command) {
+  if (song.chords().empty() && command.command != kDelete)
+    throw EditRefused(song.title() + ": the song has no chords, so \"" +
+                      std::string(command.title) + "\" has nothing to do");
+}
+
+/// Nobody has to fear for what the log says is done.
+class SavedWhenLogged {
+ public:
+  SavedWhenLogged() { QBSession::session().setSavesAtOnce(true); }
+  SavedWhenLogged(const SavedWhenLogged&) = delete;
+  SavedWhenLogged& operator=(const SavedWhenLogged&) = delete;
+  ~SavedWhenLogged() { QBSession::session().setSavesAtOnce(m_before); }
+
+ private:
+  const bool m_before = QBSession::session().savesAtOnce();
+};
+
+/// Views would go on showing, playing and editing a song that is nowhere any more.
+void leaveDeleted() {
+  QBSession& session = QBSession::session();
+  if (session.activeSong() && session.activeSong()->isDeleted()) session.setActiveSong(nullptr);
+}
+
+template <class Order>
+auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
+  requireChords(song, command);
+  if (command.command == kDelete) SongInWork::requireDeletable(song);
+  const TuningForNow chosen(song.tuning());
+  const SavedWhenLogged saved;
+  const auto answer = order();
+  QBTabMgr::db().save();
+  leaveDeleted();
+  return answer;
+}
+
+}  // namespace
+
+bool orderOf(QBSongNode& node, const SongCommand& command) {
+  return ordered(*node.song(), command, [&] { return node.perform(command); });
+}
+
+void orderByMenu(QBSongMenu& menu, const SongCommand& command) {
+  const QBSongNode* node = QBSession::session().activeSongNode();
+  const auto perform = [&] {
+    menu.perform(command.action);
+    return true;
+  };
+  if (node)
+    ordered(*node->song(), command, perform);
+  else
+    perform();
+}
+
+}  // namespace korvel

@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/editing/SongEditor.h"
+
+#include <algorithm>
+#include <iterator>
+#include <span>
+#include <stdexcept>
+#include <vector>
+
+#include "arrange/chords/ToneOrder.h"
+#include "model/book/QBHarmony.h"
+#include "model/book/QBLeftHandPattern.h"
+#include "model/book/QBRightHandPattern.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
+#include "platform/persistence/UndoManager.h"
+#include "workflow/editing/MeasureLayout.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/SongInWork.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+using Chords = std::vector<platform::Ref<QBChord>>;
+
+/// Of a tone that has no other one to take it from: a note that is played well.
+constexpr double kAmp = 1e6;
+
+constexpr const char* kAddTone = "Add Tone";
+constexpr const char* kChangeFret = "Change Fret";
+
+bool isFretEdit(const std::string& title) { return title == kAddTone || title == kChangeFret; }
+
+void requireWithin(const char* what, int value, int lowest, int highest) {
+  if (value < lowest || value > highest)
+    throw std::out_of_range(std::string(what) + ' ' + std::to_string(value) + " is not within " +
+                            std::to_string(lowest) + " to " + std::to_string(highest));
+}
+
+void requireString(int string) { requireWithin("string", string, 0, kStrings - 1); }
+
+bool soundsAlone(const Tones& tones, int fret) {
+  return tones.size() == 1 && tones.front()->fret() == fret && tones.front()->isActive();
+}
+
+std::span<const platform::Ref<QBChord>> from(const Chords& chords, int index) {
+  return std::span(chords).subspan(static_cast<std::size_t>(index));
+}
+
+/// Of a chord that is inserted before the one of that index.
+int positionFor(const Chords& chords, int index) {
+  if (chords.empty()) return 1;
+  if (index < std::ssize(chords)) return chords[static_cast<std::size_t>(index)]->position();
+  return chords.back()->position() + 1;
+}
+
+/// Where an end of a loop goes when chords [first, last] are deleted: to the neighbour on
+/// the loop's inner side, if there is one.
+QBChord* neighbour(const Chords& chords, QBChord* end, int first, int last, bool upwards) {
+  const auto found = std::ranges::find(chords, end, &platform::Ref<QBChord>::get);
+  const auto index = static_cast<int>(found - chords.begin());
+  if (found == chords.end() || index < first || index > last) return end;
+  const int next = upwards ? last + 1 : first - 1;
+  const bool exists = next >= 0 && next < static_cast<int>(chords.size());
+  return exists ? chords[static_cast<std::size_t>(next)].get() : nullptr;
+}
+
+}  // namespace
+
+SongEditor::SongEditor(QBSong& song) : m_song(&song) {}
+
+SongEditor::~SongEditor() = default;
+
+void SongEditor::edit(const std::string& title, const std::function<void()>& work) {
+  if (SongInWork::is(*m_song))
+    throw EditRefused(m_song->title() + ": is still being heard; edit it when that has ended");
+  QBTabMgr& db = QBTabMgr::db();
+  const TuningForNow tuning(m_song->tuning());
+  platform::UndoGroup group(db.context().undoManager(), title);
+  try {
+    work();
+    redraw();
+    db.context().save();
+  } catch (...) {
+    group.rollBack();
+    throw;
+  }
+}
+
+void SongEditor::redraw() {
+  m_song->forgetCaches();
+  if (m_song->chords().empty())
+    m_song->clearTabulature();
+  else
+    m_song->buildTab();
+}
+
+QBChord& SongEditor::chordAt(int index) {
+  m_song->forgetCaches();  // chords may have come since the order was computed
+  const auto& chords = m_song->allChords();
+  requireWithin("chord", index, 0, static_cast<int>(chords.size()) - 1);
+  QBChord& chord = *chords[static_cast<std::size_t>(index)];
+  if (QBHold* hold = chord.hold()) hold->forgetCaches();
+  return chord;
+}
+
+// ---- tones
+
+void SongEditor::setFret(int chord, int string, int fret, bool continues) {
+  requireString(string);
+  requireWithin("fret", fret, 0, kHighestFret);
+  if (continues && isFretEdit(QBTabMgr::db().context().undoManager().undoActionName()))
+    QBTabMgr::db().undo();
+  QBChord& edited = chordAt(chord);
+  const QBHold* hold = edited.hold();
+  const Tones known = hold ? hold->allTonesOfString(string) : Tones();
+  if (soundsAlone(known, fret)) return;
+  edit(known.empty() ? kAddTone : kChangeFret, [&] {
+    if (known.empty()) {
+      addVoice(chord, string, fret);
+    } else {
+      edited.hold()->setFretOfString(string, fret)->setActive(true);
+      for (std::size_t other = 1; other < known.size(); ++other)
+        edited.hold()->deleteTone(known[other]);
+    }
+    tonesChanged(chord);
+  });
+}
+
+QBHold& SongEditor::holdOf(QBChord& chord) {
+  if (!chord.hold()) chord.setHold(QBTabMgr::db().createHold());
+  return *chord.hold();
+}
+
+void SongEditor::addVoice(int index, int string, int fret) {
+  const QBTone* model = loudestNear(index);
+  QBTone* tone = holdOf(chordAt(index)).addTone(string, fret, model ? model->amp() : kAmp);
+  if (!model) return;
+  tone->setDuration(model->duration());
+  if (model->hasGroup()) tone->setGroup(model->group());
+}
+
+/// Of the chord or, if it has no tones, the nearest one before it.
+QBTone* SongEditor::loudestNear(int index) {
+  const auto& chords = m_song->allChords();
+  for (int at = index; at >= 0; --at) {
+    const Tones tones = loudestFirst(*chords[static_cast<std::size_t>(at)]);
+    if (!tones.empty()) return tones.front();
+  }
+  return nullptr;
+}
+
+void SongEditor::removeTone(int chord, int string) {
+  requireString(string);
+  QBChord& edited = chordAt(chord);
+  if (!edited.hold() || !edited.hold()->findToneByString(string)) return;
+  edit("Remove Tone", [&] {
+    while (edited.hold()->findToneByString(string)) edited.hold()->deleteToneOfString(string);
+    tonesChanged(chord);
+  });
+}
+
+void SongEditor::setActive(int chord, int string, bool active) {
+  requireString(string);
+  QBChord& edited = chordAt(chord);
+  const Tones tones = edited.hold() ? edited.hold()->allTonesOfString(string) : Tones();
+  const auto isSo = [active](const auto& tone) { return tone->isActive() == active; };
+  if (std::ranges::all_of(tones, isSo)) return;
+  edit(active ? "Activate Tone" : "Deactivate Tone", [&] {
+    for (const auto& tone : tones) tone->setActive(active);
+    tonesChanged(chord);
+  });
+}
+
+/// A silent chord may sound now, which brings it into a measure; patterns were chosen for the tones
+/// that the chord had.
+void SongEditor::tonesChanged(int index) {
+  QBChord& chord = chordAt(index);
+  if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
+  chord.setLeftpattern(nullptr);
+  name(chord, nullptr);
+  chord.readHarmony();
+  chord.forgetCaches();
+  layIntoMeasures(*m_song, index);
+}
+
+// ---- names
+
+void SongEditor::name(QBChord& chord, const ChordName* name) {
+  chord.setHarmony(name ? name->harmony.get() : nullptr);
+  if (name)
+    chord.setBaseTone(name->baseTone);
+  else
+    chord.clearBaseTone();
+  chord.forgetCaches();
+}
+
+void SongEditor::setChordName(int chord, const ChordName& name) {
+  QBChord& edited = chordAt(chord);
+  if (edited.harmony() == name.harmony && edited.baseTone() == name.baseTone) return;
+  edit("Set Chord Name", [&] { this->name(edited, &name); });
+}
+
+void SongEditor::clearChordName(int chord) {
+  QBChord& edited = chordAt(chord);
+  if (!edited.harmony()) return;
+  edit("Set Chord Name", [&] { name(edited, nullptr); });
+}
+
+// ---- chords
+
+void SongEditor::setDuration(int chord, int sixteenths) {
+  requireWithin("duration", sixteenths, 1, kLongestDuration);
+  QBChord& edited = chordAt(chord);
+  if (edited.duration() == sixteenths) return;
+  edit("Change Duration", [&] {
+    edited.setDuration(sixteenths);
+    layIntoMeasures(*m_song, chord);
+  });
+}
+
+int SongEditor::insertChordBefore(int chord) {
+  if (!m_song->chords().empty()) chordAt(chord);
+  return insertAt(chord);
+}
+
+int SongEditor::insertChordAfter(int chord) {
+  if (m_song->chords().empty()) return insertAt(chord);
+  chordAt(chord);
+  return insertAt(chord + 1);
+}
+
+int SongEditor::insertAt(int index) {
+  edit("Insert Chord", [&] {
+    const Chords before = m_song->allChords();
+    QBChord* chord = m_song->createChord();
+    chord->setPosition(positionFor(before, index));
+    for (const auto& behind : from(before, index)) behind->setPosition(behind->position() + 1);
+    if (!before.empty())
+      chord->setMeasure(before[static_cast<std::size_t>(std::max(index - 1, 0))]->measure());
+    m_song->forgetCaches();
+    layIntoMeasures(*m_song, index);
+  });
+  return index;
+}
+
+void SongEditor::deleteChords(int first, int last) {
+  chordAt(last);
+  chordAt(first);
+  if (last < first) throw std::out_of_range("the last chord is before the first one");
+  edit(first == last ? "Delete Chord" : "Delete Chords", [&] {
+    const Chords before = m_song->allChords();
+    moveLoopOff(before, first, last);
+    const int count = last - first + 1;
+    for (const auto& behind : from(before, last + 1))
+      behind->setPosition(behind->position() - count);
+    for (int at = first; at <= last; ++at)
+      m_song->deleteChord(before[static_cast<std::size_t>(at)]);
+    m_song->forgetCaches();
+    layIntoMeasures(*m_song, first);
+  });
+}
+
+void SongEditor::moveLoopOff(const Chords& chords, int first, int last) {
+  QBChord* begin = m_song->fromChord();
+  QBChord* end = m_song->toChord();
+  if (!begin && !end) return;
+  const bool whole = begin && end;
+  begin = begin ? neighbour(chords, begin, first, last, true) : nullptr;
+  end = end ? neighbour(chords, end, first, last, false) : nullptr;
+  const bool empty = whole && (!begin || !end || begin->position() >= end->position());
+  m_song->setFromChord(empty ? nullptr : begin);
+  m_song->setToChord(empty ? nullptr : end);
+}
+
+}  // namespace korvel

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "arrange/harmony/ChordName.h"
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+
+class QBChord;
+class QBHold;
+class QBSong;
+class QBTone;
+
+/// Edits of a song in place, as they are made in its tablature.
+///
+/// Each is one undoable action under a title of its own. When it returns, the tablature is drawn
+/// anew, in the song's tuning, and everything is saved; when it throws, as it does with StoreError
+/// when that fails, nothing has changed. An edit that would change nothing leaves no action.
+///
+/// Chords are counted from 0 in order of position, strings from the lowest. std::out_of_range for a
+/// chord, string, fret or duration that there is none of. A chord whose tones change gets the name
+/// that they have now.
+class SongEditor {
+ public:
+  static constexpr int kHighestFret = 24;
+  static constexpr int kLongestDuration = 64;  ///< Sixteenths: four whole notes.
+
+  explicit SongEditor(QBSong& song);
+  ~SongEditor();
+
+  // Tones. A string has one tone afterwards.
+  /// "Change Fret", or "Add Tone" on a silent string: as loud and long as the tones beside it.
+  /// One that continues takes the place of the edit just made, as the second digit of a number
+  /// does.
+  void setFret(int chord, int string, int fret, bool continues = false);
+  void removeTone(int chord, int string);
+  /// Silences the tones of a string, or lets them sound.
+  void setActive(int chord, int string, bool active);
+
+  // The name of a chord, until its tones change.
+  void setChordName(int chord, const ChordName& name);
+  /// Throws NoChordName, too.
+  void setChordName(int chord, std::string_view name) { setChordName(chord, parseChordName(name)); }
+  void clearChordName(int chord);
+
+  // Chords. Those behind move along: in their positions, and from measure to measure where the song
+  // has some.
+  void setDuration(int chord, int sixteenths);
+  /// Answer the index of the new, empty chord. A song without chords takes its first one at 0.
+  int insertChordBefore(int chord);
+  int insertChordAfter(int chord);
+  /// Both included. The ends of the playback loop move to the chords that are left between them,
+  /// and go with the last of these.
+  void deleteChords(int first, int last);
+  void deleteChord(int chord) { deleteChords(chord, chord); }
+
+ private:
+  using Chords = std::vector<platform::Ref<QBChord>>;
+
+  void edit(const std::string& title, const std::function<void()>& work);
+  QBChord& chordAt(int index);
+  QBHold& holdOf(QBChord& chord);
+  QBTone* loudestNear(int index);
+  void addVoice(int index, int string, int fret);
+  void tonesChanged(int index);
+  void name(QBChord& chord, const ChordName* name);
+  int insertAt(int index);
+  void moveLoopOff(const Chords& chords, int first, int last);
+  void redraw();
+
+  platform::Ref<QBSong> m_song;
+};
+
+}  // namespace korvel

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/exporting/RenderSongCommand.h"
+
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "platform/files/FileError.h"
+#include "platform/media/WaveFileWriter.h"
+#include "platform/midi/Synthesizer.h"
+#include "playback/SongRenderer.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::size_t kSamplesOfStep = 32768;
+constexpr int kAll = 100;
+
+}  // namespace
+
+RenderSongCommand::RenderSongCommand(QBSong* song, RenderedPart part, std::filesystem::path file,
+                                     std::unique_ptr<platform::Synthesizer> synthesizer)
+    : m_song(song), m_part(part), m_file(std::move(file)), m_synthesizer(std::move(synthesizer)) {
+  m_type = "WAV Export";
+  m_name = ": " + m_file.filename().string();
+}
+
+RenderSongCommand::~RenderSongCommand() = default;
+
+void RenderSongCommand::prepare() {
+  if (m_song->allChords().empty())
+    throw EditRefused(m_song->title() + ": the song has no chords, so there is nothing to export");
+  const TuningForNow chosen(m_song->tuning());
+  const double rate = m_song->tempoRate() > 0 ? static_cast<double>(m_song->tempoRate()) : 1.0;
+  const auto range = m_part == RenderedPart::loop ? SongRenderer::loopOf(*m_song) : std::nullopt;
+  m_renderer = std::make_unique<SongRenderer>(*m_song, range, rate, *m_synthesizer);
+  if (m_renderer->isSilent())
+    throw EditRefused(m_song->title() +
+                      ": nothing sounds in these chords, so there is nothing to export");
+  m_writer = std::make_unique<platform::WaveFileWriter>(m_file, platform::Synthesizer::kSampleRate,
+                                                        platform::Synthesizer::kChannels);
+  m_samples.resize(kSamplesOfStep);
+}
+
+void RenderSongCommand::execute() {
+  while (step()) continue;
+}
+
+void RenderSongCommand::nextStep() {
+  try {
+    if (!step()) stop();
+  } catch (const platform::FileError& problem) {
+    abandonSteps();
+    release();
+    printOut(problem.what());
+  }
+}
+
+bool RenderSongCommand::step() {
+  const auto rendered = m_renderer->next(m_samples);
+  if (rendered.empty()) return false;
+  m_writer->write(rendered);
+  m_percent = static_cast<int>(kAll * m_renderer->progress());
+  return true;
+}
+
+void RenderSongCommand::tearDown() {
+  m_writer->finish();
+  m_percent = kAll;
+  printOut(m_file.string());
+  release();
+}
+
+void RenderSongCommand::cancelAndDrop() {
+  abandonSteps();
+  release();
+  printOut(m_file.string() + ": cancelled, nothing was written.");
+}
+
+void RenderSongCommand::release() {
+  m_writer.reset();
+  m_renderer.reset();
+  m_synthesizer.reset();
+  m_samples = {};
+}
+
+}  // namespace korvel

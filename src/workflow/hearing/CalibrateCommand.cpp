@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/hearing/CalibrateCommand.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <span>
+
+#include "audio/QBSampleSource.h"
+#include "audio/Samples16.h"
+#include "model/instruments/QBTuning.h"
+#include "model/store/QBTabMgr.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/library/TuningEdits.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::array kFretsToPlay{0, 7};
+constexpr std::size_t kRate = 44100;
+constexpr std::size_t kLongest = 600 * kRate;
+constexpr std::size_t kBlock = 16384;
+/// A note that rings on and on shall not outweigh the others.
+constexpr std::size_t kBlocksOfNote = 16;
+constexpr int kPercentOfReading = 60;
+constexpr int kAll = 100;
+
+class Deadline {
+ public:
+  bool isOver() const { return Clock::now() >= m_end; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point m_end = Clock::now() + std::chrono::milliseconds(10);
+};
+
+double decibels(float level) { return 20 * std::log10(static_cast<double>(level)); }
+
+}  // namespace
+
+std::vector<CalibrationNote> notesToCalibrate() {
+  QBTuning& tuning = *QBTabMgr::db().selectedTuning();
+  if (!Calibration::canMeasure(tuning))
+    throw EditRefused(tuning.descr() +
+                      ": an instrument is calibrated in Standard or Drop D; select one of them, "
+                      "and tune the guitar to it");
+  std::vector<CalibrationNote> notes;
+  const OpenPitches open = pitchesOf(tuning);
+  for (int string = 0; string < kStrings; ++string)
+    for (const int fret : kFretsToPlay)
+      notes.push_back({string, fret, open.at(static_cast<std::size_t>(string)) + fret});
+  return notes;
+}
+
+CalibrateCommand::CalibrateCommand(std::shared_ptr<QBSampleSource> source, const std::string& name)
+    : m_source(std::move(source)) {
+  notesToCalibrate();
+  m_type = "Calibration";
+  m_name = ": " + name;
+}
+
+CalibrateCommand::~CalibrateCommand() = default;
+
+/// Memory that is not used yet costs nothing, unlike growing samples that have to move.
+void CalibrateCommand::prepare() {
+  m_samples.reserve(kLongest + kRate);
+  m_source->startRecord(0.0F);
+}
+
+void CalibrateCommand::execute() {
+  while (step()) continue;
+}
+
+void CalibrateCommand::nextStep() {
+  if (!step()) stop();
+}
+
+/// False when all is done.
+bool CalibrateCommand::step() {
+  if (!m_stretches) {
+    read();
+    return true;
+  }
+  if (m_next == m_stretches->size()) return false;
+  const TuningForNow chosen(m_calibration.tuning());
+  hear();
+  m_percent = kPercentOfReading +
+              static_cast<int>((kAll - kPercentOfReading) * m_next / m_stretches->size());
+  return true;
+}
+
+void CalibrateCommand::read() {
+  const Deadline deadline;
+  while (!m_source->eof() && !m_tooLong && !deadline.isOver()) {
+    const std::size_t before = m_samples.size();
+    append16(m_samples, m_source->readSamples());
+    m_cutter.add(std::span(m_samples).subspan(before));
+    m_tooLong = m_samples.size() > kLongest;
+  }
+  m_percent = static_cast<int>(kPercentOfReading * m_source->progress());
+  if (m_tooLong)
+    m_stretches.emplace();
+  else if (m_source->eof())
+    m_stretches = m_cutter.stretches();
+}
+
+/// Its note in one step, then as many blocks in each as there is time for.
+void CalibrateCommand::hear() {
+  if (!m_hearing) {
+    const NoteCutter::Stretch& next = (*m_stretches)[m_next];
+    const auto samples = std::span(m_samples).subspan(next.begin, next.end - next.begin);
+    m_hearing = Hearing{next, singleNote(samples), next.begin, {}};
+    return;
+  }
+  const Deadline deadline;
+  while (hearBlock())
+    if (deadline.isOver()) return;
+  count(*m_hearing);
+  m_hearing.reset();
+  ++m_next;
+}
+
+/// A last block that is mostly silence would only show less of the note; false then.
+bool CalibrateCommand::hearBlock() {
+  auto& [stretch, note, next, blocks] = *m_hearing;
+  const std::size_t size = std::min(kBlock, stretch.end - next);
+  if (size < kBlock / 2 || blocks.size() == kBlocksOfNote) return false;
+  blocks.push_back(Calibration::tonesIn(std::span(m_samples).subspan(next, size)));
+  next += size;
+  return true;
+}
+
+/// What is heard besides counts also where the note itself is too faint for the detection.
+void CalibrateCommand::count(const Hearing& heard) {
+  const auto isHeard = [](const auto& tones) { return !tones.empty(); };
+  if (!heard.note || !Calibration::isReached(*heard.note) ||
+      std::ranges::none_of(heard.blocks, isHeard)) {
+    ++m_others;
+    return;
+  }
+  for (const auto& tones : heard.blocks)
+    if (isHeard(tones)) m_calibration.addBlock(tones, *heard.note);
+  m_notes.push_back({*heard.note, static_cast<double>(heard.stretch.begin) / kRate,
+                     decibels(heard.stretch.loudest)});
+}
+
+void CalibrateCommand::tearDown() {
+  release();
+  m_percent = kAll;
+  printOut("Calibration: " + std::to_string(m_notes.size()) + " notes were heard.");
+  if (m_finished) m_finished();
+}
+
+void CalibrateCommand::stopAndKeep() { m_source->stopRecord(); }
+
+void CalibrateCommand::cancelAndDrop() {
+  abandonSteps();
+  release();
+  m_notes.clear();
+  printOut("Calibration cancelled.");
+}
+
+void CalibrateCommand::release() {
+  m_source->stopRecord();
+  m_samples = {};
+  m_stretches.emplace();
+  m_next = 0;
+  m_hearing.reset();
+}
+
+std::optional<std::string> CalibrateCommand::problem() const {
+  if (m_tooLong)
+    return "The recording is longer than ten minutes; choose one that holds the single notes only";
+  if (m_notes.empty() && m_others == 0)
+    return "Nothing is heard in the recording; check the microphone or choose another file";
+  if (m_notes.empty())
+    return "No single note is heard in the recording; play one note at a time, louder, and mute it "
+           "before the next one";
+  const auto unknown = m_calibration.unknownStrings();
+  if (unknown.empty()) return std::nullopt;
+  return "String " + std::to_string(kStrings - unknown.front()) +
+         " was not heard long enough; record its notes once more, and let each ring for three "
+         "seconds";
+}
+
+}  // namespace korvel

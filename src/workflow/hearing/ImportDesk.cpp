@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/hearing/ImportDesk.h"
+
+#include <filesystem>
+
+#include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/persistence/UndoManager.h"
+#include "platform/text/Utf8.h"
+#include "workflow/hearing/NewSong.h"
+#include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/hearing/SoundCheck.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/LibraryTree.h"
+#include "workflow/library/QBNameMgr.h"
+#include "workflow/session/QBSession.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+void requireInstrument() {
+  if (!QBTabMgr::db().selectedInstrument())
+    throw std::runtime_error("no instrument is selected that could confirm tones; select one");
+}
+
+/// The song that an import fills, with the album made for it unless there is one.
+QBSong* newSong(const std::string& file, QBAlbum* into) {
+  QBTabMgr& db = QBTabMgr::db();
+  // A line break in a title would shift the rows of the tablature.
+  const std::string name = platform::printable(std::filesystem::path(file).stem().string());
+  QBAlbum* album = into ? into : db.createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
+  QBSong* song = album->createSong(into ? QBNameMgr(into, name).newName() : album->name());
+  song->setTuning(db.selectedTuning());
+  return song;
+}
+
+ImportUnderWay stateOf(const QBCmdImportSong& import) {
+  return {import.file(), import.newSong()->objectId(), import.newSong()->title()};
+}
+
+/// Whether all went well.
+bool ended(QBCommand& job) {
+  try {
+    job.endNow();
+    return true;
+  } catch (const std::exception& exception) {
+    QBSession::session().handleException("endJob", exception);
+    return false;
+  }
+}
+
+/// An id may have been given again, to a song of another title.
+QBSong* storedSong(const ImportUnderWay& import) {
+  for (const auto& album : QBTabMgr::db().albums())
+    for (QBSong* song : album->songs())
+      if (song->objectId() == import.song && song->title() == import.title) return song;
+  return nullptr;
+}
+
+}  // namespace
+
+void ImportDesk::setDetection(ImportDetection detection, const precise::Settings& settings) {
+  m_detection = detection;
+  m_settings = settings;
+}
+
+std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file, QBAlbum* into) {
+  try {
+    return start(file, into);
+  } catch (const std::exception& exception) {
+    QBSession::session().handleException("importSong", exception);
+    return nullptr;
+  }
+}
+
+std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
+  requireSound(file);
+  if (m_detection == ImportDetection::classic) requireInstrument();
+  QBTabMgr::db().context().checkAhead();
+  const auto undo = std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
+                                                          "Import WAV File");
+  QBSong* song = newSong(file, into);
+  QBSession& session = QBSession::session();
+  session.refreshTree();
+  m_tree.refresh();
+  const auto command = std::make_shared<QBCmdImportSong>(m_tree.find(song->album()), file, song);
+  command->m_name = ": " + std::filesystem::path(file).filename().string();
+  command->setDetection(m_detection, m_settings);
+  command->setSaving(true);
+  command->setOwnsAlbum(!into);
+  command->joinUndo(undo);
+  session.addJob(command);
+  try {
+    command->runInBackground();
+  } catch (...) {
+    command->cancelAndDrop();
+    throw;
+  }
+  return command;
+}
+
+std::vector<ImportUnderWay> ImportDesk::endAll() {
+  const QBSession& session = QBSession::session();
+  std::vector<ImportUnderWay> interrupted;
+  // The later first: it may import into the album of one before.
+  for (std::size_t i = session.numberOfCurrentJobs(); i-- > 0;) {
+    QBCommand& job = session.findJobByIndex(i);
+    if (!job.isRunning()) continue;
+    const bool whole = ended(job);
+    const auto* import = dynamic_cast<QBCmdImportSong*>(&job);
+    if (import && (!whole || import->isCutShort())) interrupted.push_back(stateOf(*import));
+  }
+  return interrupted;
+}
+
+std::vector<ImportUnderWay> ImportDesk::running() {
+  const QBSession& session = QBSession::session();
+  std::vector<ImportUnderWay> imports;
+  for (std::size_t i = 0; i < session.numberOfCurrentJobs(); ++i) {
+    const auto* import = dynamic_cast<QBCmdImportSong*>(&session.findJobByIndex(i));
+    if (import && import->isRunning()) imports.push_back(stateOf(*import));
+  }
+  return imports;
+}
+
+QBSong* ImportDesk::mend(const ImportUnderWay& interrupted) {
+  const platform::Ref<QBSong> song = storedSong(interrupted);
+  if (!song || song->hasTabulature()) return song;
+  if (hasTones(*song)) {
+    const TuningForNow chosen(song->tuning());
+    song->buildTab();
+  } else {
+    const platform::Ref<QBAlbum> album = song->album();
+    album->deleteSong(song);
+    if (album->songs().empty() && album->name() == interrupted.title)
+      QBTabMgr::db().deleteAlbum(album);
+  }
+  QBTabMgr::db().save();
+  return song->isDeleted() ? nullptr : song.get();
+}
+
+}  // namespace korvel

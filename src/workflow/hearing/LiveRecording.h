@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/loop/RunLoop.h"
+#include "platform/persistence/Ref.h"
+#include "precise/Settings.h"
+#include "workflow/hearing/ImportDetection.h"
+
+namespace korvel {
+
+namespace platform {
+class UndoGroup;
+}
+class LiveTake;
+class NewSong;
+class QBChord;
+class QBChordAnalyser;
+class PreciseRecorder;
+class QBSong;
+class QBTuning;
+class QBWaveIn;
+class SongInWork;
+
+/// Records a guitar into a new song. Chords appear while it is played, as the classic detection
+/// hears them; at the end they are stored. Then, unless classic is what is wanted, the precise
+/// detection hears the whole take, and its chords take the place of the first ones.
+///
+/// The take is in a file from the first block on, and stays there when the program dies or nothing
+/// could be stored. Everything happens on the main thread, in steps of timers of the run loop. The
+/// object must not be destroyed by what it calls.
+class LiveRecording {
+ public:
+  struct Options {
+    std::string device{};                ///< None is the system's default.
+    std::optional<std::string> album{};  ///< Made when missing; one of its own when not given.
+    std::optional<std::string> title{};  ///< Date and time when not given.
+    platform::Ref<QBTuning> tuning{};    ///< The active one when there is none.
+    ImportDetection detection = ImportDetection::precise;
+    precise::Settings settings{};
+    std::optional<double> seconds{};  ///< After which it stops by itself.
+    std::filesystem::path
+        keptTake{};  ///< Where the take is to stay; removed in the end when empty.
+  };
+  enum class State : std::uint8_t { ready, recording, hearing, over };
+  /// What ended the playing.
+  enum class Ending : std::uint8_t { asked, deviceEnded, deviceLost };
+
+  explicit LiveRecording(Options options);
+  LiveRecording(const LiveRecording&) = delete;
+  LiveRecording& operator=(const LiveRecording&) = delete;
+  /// What is not stored by now is dropped, but for the file of the take.
+  ~LiveRecording();
+
+  /// Throws AudioError and FileError, and then nothing is left of it. Once only.
+  void start();
+  /// The playing is over; what was recorded is stored and heard. Otherwise without effect.
+  void stop();
+  /// While the take is heard precisely: leaves it at the chords that were heard live.
+  void cancel();
+
+  /// Ends at once, for a program that is to end: hears what waits, and stores the song as it was
+  /// heard live.
+  void endNow();
+
+  State state() const { return m_state; }
+  /// Of what was recorded, in seconds.
+  double elapsed() const;
+  /// The loudest sample of the last block, 0..1.
+  float level() const;
+  Ending ending() const { return m_ending; }
+  /// Blocks that came while as many as may wait did so, or the analyser was just taking one.
+  std::int64_t droppedBlocks() const;
+  /// How much of what was played came faster than it could be heard, in seconds; the take has
+  /// silence there.
+  double lostSeconds() const;
+
+  /// Once it is over: the stored song, none when nothing was heard or nothing could be stored.
+  QBSong* song() const { return m_song; }
+  /// The song's chords are those of the precise detection.
+  bool isPrecise() const { return m_isPrecise; }
+  /// What went wrong after the start, if anything did, such as that the song was deleted by
+  /// somebody else; a song may not be saved then.
+  const std::optional<std::string>& problem() const { return m_problem; }
+  /// Why the file of the take could not be written to its end.
+  const std::optional<std::string>& takeProblem() const;
+  /// The file of the take, when it is there to stay.
+  std::optional<std::filesystem::path> takeLeft() const;
+
+  /// Called with each chord that is heard live and has tones.
+  void onChord(std::function<void(QBChord&)> listener) { m_onChord = std::move(listener); }
+  /// Called with the share of the take that was heard precisely, 0..1.
+  void onProgress(std::function<void(double)> listener) { m_onProgress = std::move(listener); }
+  void onState(std::function<void(State)> listener) { m_onState = std::move(listener); }
+
+  /// A file for a take, named by date and time, that is not there yet.
+  static std::filesystem::path freeTake();
+  /// Takes of recordings that did not end, because the program was killed.
+  static std::vector<std::filesystem::path> takesLeftBehind();
+
+ private:
+  class Recorder;
+
+  void make();
+  void connect();
+  void stepped(QBChord* chord);
+  void endPlaying();
+  void requireSongs() const;
+  void storeLive();
+  void hearPrecisely();
+  void hearNext();
+  void replaceLive();
+  void dropPrecise();
+  void dropScratch();
+  void finishHeard();
+  void fail(const std::exception& error);
+  void finish();
+  void enter(State state);
+
+  const Options m_options;
+  State m_state = State::ready;
+  Ending m_ending = Ending::asked;
+  std::shared_ptr<platform::UndoGroup> m_undo;  ///< From start to end.
+  std::unique_ptr<NewSong> m_made;
+  std::unique_ptr<SongInWork> m_mark;  ///< On the song made; it may go in the end.
+  std::unique_ptr<LiveTake> m_take;
+  platform::Ref<QBTuning> m_tuning;
+  std::shared_ptr<QBChordAnalyser> m_analyser;
+  std::shared_ptr<QBWaveIn> m_wave;
+  std::unique_ptr<Recorder> m_recorder;
+  bool m_blockRead = false;  ///< In this step.
+
+  platform::Ref<QBSong> m_preciseSong;
+  std::shared_ptr<QBChordAnalyser> m_listening;
+  std::unique_ptr<PreciseRecorder> m_preciseRecorder;
+  std::unique_ptr<platform::RunLoop::Timer> m_timer;
+
+  platform::Ref<QBSong> m_song;
+  bool m_isPrecise = false;
+  bool m_isHeard = false;  ///< To the end.
+  bool m_takeStays = true;
+  std::optional<std::string> m_problem;
+  std::function<void(QBChord&)> m_onChord;
+  std::function<void(double)> m_onProgress;
+  std::function<void(State)> m_onState;
+};
+
+}  // namespace korvel

@@ -1,0 +1,316 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/hearing/QBCmdImportSong.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "analysis/chords/PreciseAnalyser.h"
+#include "analysis/chords/QBChordAnalyserGame.h"
+#include "audio/MonoTrack.h"
+#include "audio/QBMediaTrack.h"
+#include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/loop/Deadline.h"
+#include "platform/persistence/UndoManager.h"
+#include "recording/PreciseRecorder.h"
+#include "recording/QBChordRecorder.h"
+#include "tab/text/SongDrawing.h"
+#include "workflow/hearing/NewSong.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/session/QBSession.h"
+#include "workflow/session/SongInWork.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel {
+namespace {
+
+constexpr int kAll = 100;
+/// Saving all chords of a long recording at once would keep the user waiting.
+constexpr std::size_t kChordsOfSave = 100;
+/// Share of the end's work after which the song is saved, in a step of its own.
+constexpr double kAllButSaved = 1;
+
+bool hasOtherSongs(const QBAlbum& album, const QBSong* song) {
+  return std::ranges::any_of(album.songs().snapshot(),
+                             [song](const auto& each) { return each.get() != song; });
+}
+
+/// A song without chords, as nothing was heard, has no tablature.
+bool drawMore(platform::Slices& building) {
+  try {
+    return building.next();
+  } catch (const std::out_of_range&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+QBCmdImportSong::QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string file,
+                                 QBSong* newSong)
+    : QBCmdAlbum(std::move(album)), m_file(std::move(file)), m_newSong(newSong) {
+  m_type = "Song Import";
+}
+
+QBCmdImportSong::~QBCmdImportSong() = default;
+
+void QBCmdImportSong::setDetection(ImportDetection detection, const precise::Settings& settings) {
+  m_detection = detection;
+  m_settings = settings;
+}
+
+void QBCmdImportSong::joinUndo(std::shared_ptr<platform::UndoGroup> group) {
+  m_undo = std::move(group);
+  m_undo->suspend();
+}
+
+void QBCmdImportSong::prepare() {
+  if (!m_undo)
+    joinUndo(std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
+                                                   "Import WAV File"));
+  begin();
+}
+
+void QBCmdImportSong::begin() {
+  const platform::UndoStep part(m_undo);
+  m_tuning = QBTabMgr::db().selectedTuning();
+  printOut("(1/3) importing file .....");
+  if (m_detection == ImportDetection::precise)
+    hearPrecisely();
+  else
+    hearBlocks();
+  m_recorder->startWithoutTimer("Test", 0.0F);
+  m_scratch = m_source->album()->songs().snapshot().back();
+  m_mark = std::make_unique<SongInWork>(m_newSong, SongInWork::Filler::job);
+  // What a killed program leaves in no album goes when the store is opened next.
+  if (m_saving) m_scratch->setAlbum(nullptr);
+  printOut("(2/3) scanning chords .....");
+}
+
+/// A stepped import decodes the file itself, as far as the next block takes it, where the recorder
+/// would decode all of it at once: the recorder is therefore made before there is a source.
+void QBCmdImportSong::hearBlocks() {
+  QBTabMgr& db = QBTabMgr::db();
+  const auto track = std::make_shared<QBMediaTrack>(m_file);
+  m_analyser = std::make_shared<QBChordAnalyserGame>(nullptr, db.selectedTuning());
+  if (!isStepped()) m_analyser->setM_source(track);
+  m_recorder = std::make_unique<QBChordRecorder>(m_analyser, db.selectedInstrument(), m_newSong,
+                                                 m_source->album());
+  m_analyser->setM_source(track);
+  if (isStepped() && track->open()) m_decoding = track;
+}
+
+void QBCmdImportSong::hearPrecisely() {
+  m_analyser = std::make_shared<PreciseAnalyser>(std::make_shared<MonoTrack>(m_file),
+                                                 QBTabMgr::db().selectedTuning(), m_settings);
+  m_recorder = std::make_unique<PreciseRecorder>(m_analyser, m_newSong, m_source->album());
+}
+
+QBSong* QBCmdImportSong::newSong() const { return m_newSong; }
+
+void QBCmdImportSong::execute() {
+  const platform::UndoStep part(m_undo);
+  printOut(".. scanning chords.");
+  while (!atEnd()) takeNextChord();
+}
+
+void QBCmdImportSong::nextStep() {
+  const TuningForNow chosen(m_tuning);
+  bool more = false;
+  try {
+    more = step();
+  } catch (...) {
+    abandon();
+    m_undo.reset();
+    throw;
+  }
+  if (!more && isRunning()) stop();
+}
+
+/// Whether there was something to do.
+bool QBCmdImportSong::step() {
+  const platform::UndoStep part(m_undo);
+  if (m_newSong->isDeleted()) {
+    rest();
+    return true;
+  }
+  if (!m_finishing.isUnderWay()) {
+    if (hearsMore()) return true;
+    m_finishing = finish();
+  }
+  return finishSome();
+}
+
+bool QBCmdImportSong::hearsMore() {
+  if (!m_endsEarly) decodeNextBlock();
+  const bool more = !m_endsEarly && !atEnd();
+  if (waitsForStore(more)) return true;
+  if (more) takeChords();
+  return more;
+}
+
+/// The first change of a store comes after a check of it, which takes long when it is large.
+bool QBCmdImportSong::waitsForStore(bool hearsMore) const {
+  return m_saving && (m_unsaved >= kChordsOfSave || !hearsMore) &&
+         QBTabMgr::db().context().isBeingChecked();
+}
+
+bool QBCmdImportSong::finishSome() {
+  const platform::Deadline deadline;
+  while (m_finishing.next())
+    if (deadline.isOver() || m_finishing.done() == kAllButSaved) return true;
+  return false;
+}
+
+/// What is heard of a song that comes back would be half of it, if the import ended here.
+void QBCmdImportSong::rest() {
+  abandonSteps();
+  printOut("Import paused, its song was deleted; undo that to go on.");
+}
+
+void QBCmdImportSong::storeRenewed() {
+  const bool hasMore = m_recorder || m_finishing.isUnderWay();
+  if (!isStepped() || isRunning() || !hasMore || m_newSong->isDeleted()) return;
+  printOut("Import goes on.");
+  beginSteps();
+}
+
+/// The last block may still grow until the file is at its end.
+void QBCmdImportSong::decodeNextBlock() {
+  constexpr int kWithTheGrowingOne = 2;
+  const auto pending = [this] {
+    return m_decoding->nmbOfBlocks() - m_decoding->nmbOfProcessedBlocks();
+  };
+  while (m_decoding && pending() < kWithTheGrowingOne)
+    if (!m_decoding->pullBuffer()) m_decoding.reset();
+}
+
+/// Chords of what the precise detection has heard cost next to nothing, saving them does.
+void QBCmdImportSong::takeChords() {
+  const auto isSaveDue = [this] { return m_saving && m_unsaved >= kChordsOfSave; };
+  if (isSaveDue()) {
+    QBTabMgr::db().save();
+    m_unsaved = 0;
+    return;
+  }
+  const platform::Deadline deadline;
+  while (takeNextChord()) {
+    ++m_unsaved;
+    if (m_detection == ImportDetection::classic || isSaveDue() || deadline.isOver()) break;
+  }
+}
+
+void QBCmdImportSong::tearDown() {
+  try {
+    finishNow();
+  } catch (...) {
+    abandon();
+    m_undo.reset();
+    throw;
+  }
+  m_undo.reset();
+  m_percent = kAll;
+  printOut("Song successfully imported.");
+  if (m_finished) m_finished();
+}
+
+/// What the steps have left of it.
+void QBCmdImportSong::finishNow() {
+  const TuningForNow chosen(m_tuning);
+  const platform::UndoStep part(m_undo);
+  if (m_recorder && !m_finishing.isUnderWay()) m_finishing = finish();
+  m_finishing.finish();
+}
+
+platform::Slices QBCmdImportSong::finish() {
+  m_recorder->stopWithoutTimer();
+  printOut("(3/3) building tabulature .....");
+  m_newSong->clearTabulature();
+  platform::Slices building = buildingTab(*m_newSong);
+  // A user who edits the song between two steps has it drawn, and then this drawing is outdated.
+  while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;
+  dropBuffers();
+  co_yield kAllButSaved;
+  if (m_saving) QBTabMgr::db().save();
+}
+
+void QBCmdImportSong::stopAndKeep() {
+  if (!m_analyser) return;  // only to be saved
+  if (m_detection == ImportDetection::precise) {
+    m_cutShort = m_analyser->m_source()->progress() < 1;
+    m_analyser->m_source()->stopRecord();
+  } else {
+    m_cutShort = !atEnd();
+    m_endsEarly = true;
+  }
+}
+
+void QBCmdImportSong::endNow() {
+  stopAndKeep();
+  while (isRunning()) nextStep();
+  if (!m_newSong->isDeleted() && !hasTones(*m_newSong)) cancelAndDrop();
+}
+
+void QBCmdImportSong::cancelAndDrop() {
+  abandon();
+  dropSong();
+  if (m_saving) QBTabMgr::db().save();
+  printOut("Import cancelled, nothing was kept.");
+  QBSession::session().refreshTree();
+}
+
+void QBCmdImportSong::abandon() {
+  abandonSteps();
+  m_finishing = {};
+  const platform::UndoStep part(m_undo);
+  if (m_recorder) m_recorder->stopWithoutTimer();
+  dropBuffers();
+}
+
+/// The job stays listed; its buffers need not. Blocks that nobody took would be stored.
+void QBCmdImportSong::dropBuffers() {
+  const auto source = m_analyser ? m_analyser->m_source() : nullptr;
+  while (const auto block = source ? source->readBlockFromSamples() : nullptr)
+    QBTabMgr::db().deleteBlock(block);
+  if (source) source->stopRecord();
+  m_decoding.reset();
+  m_scratch = nullptr;
+  m_recorder.reset();
+  m_analyser.reset();
+  m_mark.reset();
+}
+
+/// The album stays when the user has put other songs there meanwhile, and with it the action that
+/// made it: rolled back it would take their album from them.
+void QBCmdImportSong::dropSong() {
+  QBSession& session = QBSession::session();
+  const platform::Ref<QBAlbum> album = m_source->album();
+  if (session.activeSong() == m_newSong) session.setActiveSong(nullptr);
+  if (m_ownsAlbum && hasOtherSongs(*album, m_newSong)) {
+    const platform::UndoStep part(m_undo);
+    if (!m_newSong->isDeleted()) album->deleteSong(m_newSong);
+  } else if (m_undo) {
+    m_undo->rollBack();
+  }
+  m_undo.reset();
+  if (!m_newSong->isDeleted()) album->deleteSong(m_newSong);
+  if (m_ownsAlbum && !album->isDeleted() && album->songs().empty())
+    QBTabMgr::db().deleteAlbum(album);
+  QBTabMgr::db().loadAlbums();
+}
+
+bool QBCmdImportSong::atEnd() const { return !m_analyser || m_analyser->atEnd(); }
+
+/// Whether there was one.
+bool QBCmdImportSong::takeNextChord() {
+  const bool taken = m_recorder->nextChord() != nullptr;
+  const double share = m_analyser->progress();
+  m_percent = static_cast<int>(kAll * share);
+  if (m_listener) m_listener(share);
+  return taken;
+}
+
+}  // namespace korvel

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/loop/Slices.h"
+#include "precise/Settings.h"
+#include "workflow/hearing/ImportDetection.h"
+#include "workflow/library/QBCmdAlbum.h"
+
+namespace korvel {
+
+namespace platform {
+class UndoGroup;
+}
+class QBChordAnalyser;
+class QBMediaTrack;
+class QBRecorder;
+class QBTuning;
+class SongInWork;
+
+/// Turns a media file into the chords and the tablature of a song. What is wrong with a file shows
+/// in the log only; a file without sound leaves a song without chords and without tablature.
+/// `stop` between two steps ends an import early, and leaves the song with the chords so far.
+/// A stepped import whose song is deleted rests, and goes on when an undo brings the song back.
+/// The tuning that is selected at the beginning is that of the whole import.
+class QBCmdImportSong final : public QBCmdAlbum {
+ public:
+  QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string file, QBSong* newSong);
+  ~QBCmdImportSong() override;
+
+  /// Before `prepare`. Classic is what is chosen otherwise, which needs no settings.
+  void setDetection(ImportDetection detection, const precise::Settings& settings = {});
+
+  /// Saves the store now and then, and before the last line of the log, for a front end that goes
+  /// on meanwhile.
+  void setSaving(bool saving) { m_saving = saving; }
+  /// The album was made for this import, and goes with the song when the import is dropped.
+  void setOwnsAlbum(bool owns) { m_ownsAlbum = owns; }
+
+  /// The action that made the song and perhaps its album, which the import goes on with; before
+  /// `prepare`. Otherwise an action of its own begins there, "Import WAV File". It ends with the
+  /// import, and is suspended between two steps.
+  void joinUndo(std::shared_ptr<platform::UndoGroup> group);
+
+  /// Opens the file; decodes all of it for the classic detection, unless stepped.
+  void prepare() override;
+  void execute() override;
+  /// One block of the file. Of the precise detection a few hundredths of a second of listening or,
+  /// afterwards, some blocks. Then parts of the tablature. Stops the command when there is nothing
+  /// left to do.
+  void nextStep() override;
+  void tearDown() override;
+  /// What was not heard yet is left out; the precise detection still makes chords of the rest. The
+  /// command ends some steps later.
+  void stopAndKeep() override;
+  /// Deletes the song; there is nothing to undo then.
+  void cancelAndDrop() override;
+  /// Keeps what `stopAndKeep` does, unless nothing was heard. An hour of sound may take ten
+  /// seconds.
+  void endNow() override;
+  void storeRenewed() override;
+  /// Type and name without a blank between them: the form that the job list shows.
+  std::string fullTitle() const override { return m_type + m_name; }
+  bool usesAsScratch(const QBSong& song) const override { return m_scratch == &song; }
+  const std::string& file() const { return m_file; }
+  QBSong* newSong() const;
+  /// The end of the file was not heard.
+  bool isCutShort() const { return m_cutShort; }
+
+  /// Called after each step with the share of the work that is done, 0..1.
+  void onProgress(std::function<void(double)> listener) { m_listener = std::move(listener); }
+  /// Called once the song is there, saved and logged; not for an import that is dropped.
+  void onFinished(std::function<void()> listener) { m_finished = std::move(listener); }
+
+ private:
+  void begin();
+  void hearBlocks();
+  void hearPrecisely();
+  bool step();
+  void rest();
+  void decodeNextBlock();
+  bool atEnd() const;
+  bool takeNextChord();
+  void takeChords();
+  bool hearsMore();
+  bool waitsForStore(bool hearsMore) const;
+  bool finishSome();
+  void finishNow();
+  platform::Slices finish();
+  void abandon();
+  void dropBuffers();
+  void dropSong();
+
+  std::string m_file;
+  platform::Ref<QBSong> m_newSong;
+  ImportDetection m_detection = ImportDetection::classic;
+  precise::Settings m_settings{};
+  bool m_saving = false;
+  bool m_ownsAlbum = false;
+  bool m_cutShort = false;
+  platform::Ref<QBTuning> m_tuning;
+  std::shared_ptr<QBMediaTrack> m_decoding;  ///< While a stepped import decodes its file.
+  std::shared_ptr<QBChordAnalyser> m_analyser;
+  std::unique_ptr<QBRecorder> m_recorder;
+  std::unique_ptr<SongInWork> m_mark;
+  std::size_t m_unsaved = 0;  ///< Chords.
+  bool m_endsEarly = false;
+  platform::Slices m_finishing;
+  platform::Ref<QBSong> m_scratch;  ///< The recorder's.
+  std::function<void(double)> m_listener;
+  std::function<void()> m_finished;
+  std::shared_ptr<platform::UndoGroup> m_undo;
+};
+
+}  // namespace korvel

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/hearing/SoundCheck.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/media/MediaAsset.h"
+#include "platform/media/MediaError.h"
+#include "platform/media/MediaReader.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+void requireFile(const std::string& file) {
+  std::error_code error;
+  if (!fs::exists(file, error)) throw NoSound(file + ": there is no such file");
+  if (fs::is_directory(file, error)) throw NoSound(file + ": is a folder; name a sound file");
+  if (!fs::is_regular_file(file, error)) throw NoSound(file + ": is not a plain file");
+  if (fs::file_size(file, error) == 0) throw NoSound(file + ": is empty");
+}
+
+const platform::MediaTrack& soundTrack(const platform::MediaAsset& asset) {
+  using platform::MediaTrack;
+  const auto isSound = [](const MediaTrack& track) {
+    return track.media == MediaTrack::Media::sound;
+  };
+  if (const MediaTrack* found = asset.firstSound()) return *found;
+  const bool any = std::ranges::any_of(asset.tracks(), isSound);
+  throw NoSound(asset.file().string() +
+                (any ? ": its sound is in a coding that cannot be decoded; convert it to WAV first"
+                     : ": has no sound track"));
+}
+
+}  // namespace
+
+void requireSound(const std::string& file) {
+  requireFile(file);
+  const platform::MediaAsset asset(file);
+  if (!asset.hasTrackList()) throw NoSound(asset.problem());
+  try {
+    platform::MediaReader reader(asset, soundTrack(asset));
+    if (reader.start() && !reader.next().empty()) return;
+  } catch (const platform::MediaError& error) {
+    throw NoSound(error.what());
+  }
+  throw NoSound(file + ": no sound could be decoded; is the file complete?");
+}
+
+}  // namespace korvel

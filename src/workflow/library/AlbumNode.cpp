@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/library/AlbumNode.h"
+
+#include <algorithm>
+
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel {
+
+AlbumNode::AlbumNode(QBAlbum* album) : m_album(album) {}
+
+AlbumNode::~AlbumNode() = default;
+
+std::shared_ptr<AlbumNode> AlbumNode::withSongs(QBAlbum* album) {
+  auto node = std::make_shared<AlbumNode>(album);
+  for (QBSong* song : album->songs()) node->addChild(song);
+  return node;
+}
+
+std::string AlbumNode::title() const { return m_album->name(); }
+
+void AlbumNode::followSongs() {
+  const Children before = std::move(m_children);
+  m_children.clear();
+  for (QBSong* song : m_album->songs()) {
+    if (QBSession::session().isScratch(*song)) continue;
+    const auto known =
+        std::ranges::find_if(before, [&](const auto& child) { return child->song() == song; });
+    if (known != before.end())
+      m_children.push_back(*known);
+    else
+      addChild(song);
+  }
+}
+
+QBSongNode* AlbumNode::addChild(QBSong* song) {
+  m_children.push_back(std::make_shared<QBSongNode>(song, weak_from_this()));
+  return m_children.back().get();
+}
+
+void AlbumNode::removeChild(const QBSongNode& child) {
+  std::erase_if(m_children, [&](const auto& other) { return other.get() == &child; });
+}
+
+QBSongNode* AlbumNode::findChild(const QBSong* song) const {
+  const auto found =
+      std::ranges::find_if(m_children, [&](const auto& child) { return child->song() == song; });
+  return found == m_children.end() ? nullptr : found->get();
+}
+
+}  // namespace korvel

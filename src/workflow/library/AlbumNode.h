@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/persistence/Ref.h"
+#include "workflow/session/TreeNode.h"
+
+namespace korvel {
+
+class QBAlbum;
+class QBSong;
+class QBSongNode;
+
+/// The node of an album, with a node for each of its songs. Kept by shared pointers.
+class AlbumNode final : public TreeNode, public std::enable_shared_from_this<AlbumNode> {
+ public:
+  using Children = std::vector<std::shared_ptr<QBSongNode>>;
+
+  /// Without songs.
+  explicit AlbumNode(QBAlbum* album);
+  ~AlbumNode() override;
+  /// With the songs that the album has now.
+  static std::shared_ptr<AlbumNode> withSongs(QBAlbum* album);
+
+  Type type() const override { return Type::album; }
+  std::string title() const override;
+  QBAlbum* album() const { return m_album; }
+  const Children& children() const { return m_children; }
+  /// The songs that the album has now, in its order, but for those that a running job only tries
+  /// things on. Nodes that are there already stay the same.
+  void followSongs();
+  QBSongNode* addChild(QBSong* song);
+  void removeChild(const QBSongNode& child);
+  /// None when no child shows the song.
+  QBSongNode* findChild(const QBSong* song) const;
+
+ private:
+  platform::Ref<QBAlbum> m_album;
+  Children m_children;
+};
+
+}  // namespace korvel

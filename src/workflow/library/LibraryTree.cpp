@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/library/LibraryTree.h"
+
+#include <algorithm>
+
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/InstrumentNode.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/library/TuningNode.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel {
+namespace {
+
+/// Nodes for the objects in their order; of those that are there already, the same ones.
+template <class Node, class Object>
+void follow(LibraryTree::Nodes<Node>& nodes, const QBTabMgr::List<Object>& objects,
+            Object* (Node::*shown)() const) {
+  LibraryTree::Nodes<Node> present;
+  for (const auto& object : objects) {
+    const auto known = std::ranges::find_if(
+        nodes, [&](const auto& node) { return (node.get()->*shown)() == object.get(); });
+    present.push_back(known != nodes.end() ? *known : std::make_shared<Node>(object.get()));
+  }
+  nodes = std::move(present);
+}
+
+bool shows(const LibraryTree::Nodes<AlbumNode>& albums, const TreeNode* node) {
+  return std::ranges::any_of(albums, [&](const auto& album) {
+    return album.get() == node || std::ranges::any_of(album->children(), [&](const auto& song) {
+             return song.get() == node;
+           });
+  });
+}
+
+std::shared_ptr<const TreeNode> activeNode() {
+  const QBSession& session = QBSession::session();
+  if (QBSongNode* song = session.activeSongNode()) return song->shared_from_this();
+  if (AlbumNode* album = session.activeAlbumNode()) return album->shared_from_this();
+  return nullptr;
+}
+
+}  // namespace
+
+LibraryTree::LibraryTree() { refresh(); }
+
+LibraryTree::~LibraryTree() { QBSession::session().setActiveTreeNode(nullptr); }
+
+void LibraryTree::refresh() {
+  const QBTabMgr& db = QBTabMgr::db();
+  const auto active = activeNode();
+  follow(m_albums, db.albums(), &AlbumNode::album);
+  for (const auto& album : m_albums) album->followSongs();
+  follow(m_tunings, db.tunings(), &TuningNode::tuning);
+  follow(m_instruments, db.instruments(), &InstrumentNode::instrument);
+  if (active && !shows(m_albums, active.get())) QBSession::session().setActiveTreeNode(nullptr);
+}
+
+std::shared_ptr<AlbumNode> LibraryTree::find(const QBAlbum* album) const {
+  const auto found =
+      std::ranges::find_if(m_albums, [&](const auto& node) { return node->album() == album; });
+  return found == m_albums.end() ? nullptr : *found;
+}
+
+QBSongNode* LibraryTree::find(const QBSong* song) const {
+  const auto album = song ? find(song->album()) : nullptr;
+  return album ? album->findChild(song) : nullptr;
+}
+
+}  // namespace korvel

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/library/QBSongNode.h"
+
+#include <optional>
+#include <stdexcept>
+
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/files/FileError.h"
+#include "platform/files/Files.h"
+#include "platform/persistence/UndoManager.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/QBNameMgr.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel {
+namespace {
+
+void printOut(std::string_view text) { QBSession::session().addToLog(text); }
+
+void finish(std::string_view sentence) { QBSession::session().finish(sentence); }
+
+/// Writing itself reports nothing, so what it left is read again.
+void requireWritten(const std::string& path, const std::string& text) {
+  if (platform::readWholeFile(path) != text)
+    throw platform::FileError(path, "could not be written whole");
+}
+
+}  // namespace
+
+QBSongNode::QBSongNode(QBSong* song, std::weak_ptr<AlbumNode> parent)
+    : m_song(song), m_parent(std::move(parent)) {}
+
+QBSongNode::~QBSongNode() = default;
+
+std::string QBSongNode::title() const { return m_song->title(); }
+
+QBSong* QBSongNode::song() const { return m_song; }
+
+bool QBSongNode::perform(std::string_view command) {
+  const SongCommand* found = findSongCommand(command);
+  if (!found) throw std::invalid_argument("no command \"" + std::string(command) + '"');
+  return perform(*found);
+}
+
+bool QBSongNode::perform(const SongCommand& command) {
+  const auto keep = shared_from_this();  // a deletion takes this node out of the tree
+  const platform::UndoGroup group(QBTabMgr::db().context().undoManager(), undoTitle(command));
+  try {
+    if (command.derive)
+      derive(command);
+    else
+      (this->*command.perform)();
+    return true;
+  } catch (const std::exception& exception) {
+    QBSession::session().handleException(command.command, exception);
+    return false;
+  }
+}
+
+void QBSongNode::derive(const SongCommand& command) {
+  QBSong* made = command.derive(*m_song);
+  addSongToParent(made);
+  QBSession::session().setActiveSong(made);
+  finish(command.message);
+  QBTabMgr::db().save();
+}
+
+void QBSongNode::addSongToParent(QBSong* song) {
+  if (const auto parent = m_parent.lock()) parent->addChild(song);
+  QBSession::session().refreshTree();
+}
+
+void QBSongNode::mouseClick() {
+  QBSession& session = QBSession::session();
+  session.lockTab(false);
+  session.setActiveSong(m_song);
+}
+
+void QBSongNode::extractChainStandard() {
+  constexpr int kMiddleVoicesOfSix = 4;
+  printOut("Applying filter chain.");
+  QBSong* voices = m_song->extractMiddleVoices(kMiddleVoicesOfSix);
+  addSongToParent(voices);
+  finish("Leading Six Voices extracted.");
+  QBSong* left = voices->toLeftHand();
+  addSongToParent(left);
+  finish("Left Hand optimized.");
+  addSongToParent(left->toRightHand());
+  finish("Right Hand optimized.");
+  QBTabMgr::db().save();
+}
+
+void QBSongNode::exportAsFile() {
+  SavePanel* panel = QBSession::session().views().savePanel;
+  const auto path = panel ? panel->chooseFile(m_song->title() + ".txt") : std::nullopt;
+  if (!path) return;
+  m_song->tofile(*path);
+  requireWritten(*path, m_song->toStringForExport());
+  printOut(*path);
+}
+
+void QBSongNode::copySong() {
+  const std::string name = QBNameMgr(&m_song->requireAlbum(), m_song->title()).copySong();
+  QBSong* copy = m_song->clone();
+  copy->setTitle(name);
+  addSongToParent(copy);
+  QBSession::session().setActiveSong(copy);
+  copy->buildTab();
+  finish("Song was successfully cloned.");
+}
+
+void QBSongNode::deleteSong() {
+  QBSession& session = QBSession::session();
+  if (session.activeSongNode() == this) session.setActiveTreeNode(nullptr);
+  if (const auto parent = m_parent.lock()) parent->removeChild(*this);
+  m_song->requireAlbum().deleteSong(m_song);
+  session.refreshTree();
+  finish("Song was successfully deleted.");
+}
+
+}  // namespace korvel

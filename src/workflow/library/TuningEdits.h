@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "music/Neck.h"
+
+namespace korvel {
+
+class QBTuning;
+
+/// The tunings that a new one can begin as.
+enum class KnownTuning { standard, dropD, openG };
+
+/// What the open strings sound at, as MIDI numbers, by string.
+using OpenPitches = std::array<int, kStrings>;
+
+// What a user does to tunings. As LibraryEdits.h has it: saved, logged, and EditRefused when it is
+// not possible.
+
+/// The tuning that new songs get.
+void selectTuning(QBTuning& tuning);
+void renameTuning(QBTuning& tuning, const std::string& name);
+/// Under that name, or a free one after what it begins as; the last of the tunings.
+QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name = std::nullopt);
+/// With these strings, which are refused as by editTuning.
+QBTuning* newTuning(const std::string& name, const OpenPitches& pitches);
+OpenPitches pitchesOf(QBTuning& tuning);
+/// The lowest and the highest pitch of an open string. Only the lowest string's note is followed by
+/// all that counts in absolute notes; of the others detection knows, by their frequency.
+struct PitchRange {
+  int lowest;
+  int highest;
+};
+PitchRange pitchRangeOf(int string);
+/// Takes the tuning's place with other strings, and answers what is there now. Strings of the same
+/// pitch keep their frequency. Refused while songs or instruments count on the tuning, and unless
+/// every string is in its range and higher than the one below.
+QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches);
+
+}  // namespace korvel

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/instruments/QBTuning.h"
+#include "workflow/session/TreeNode.h"
+
+namespace korvel {
+
+/// The node of a tuning.
+class TuningNode final : public TreeNode {
+ public:
+  explicit TuningNode(QBTuning* tuning) : m_tuning(tuning) {}
+
+  std::string title() const override { return m_tuning->descr(); }
+  QBTuning* tuning() const { return m_tuning; }
+
+ private:
+  platform::Ref<QBTuning> m_tuning;
+};
+
+}  // namespace korvel

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/playing/QBPlayerViewController.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+#include "model/songs/ChordStep.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "platform/midi/SoundFontFile.h"
+#include "platform/sound/AudioSystem.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel {
+namespace {
+
+constexpr const char* kDeviceLost =
+    "the sound device is gone; choose another one or plug it in, and play again";
+
+std::string percentOf(float fraction) {
+  constexpr float kMost = 999;
+  char text[8];
+  std::snprintf(text, sizeof text, "%3d",
+                static_cast<int>(std::clamp(fraction * 100.0F, -kMost, kMost)));
+  return text;
+}
+
+}  // namespace
+
+QBPlayerViewController::QBPlayerViewController(PlayerControls& controls, NewPlayer newPlayer)
+    : m_controls(controls), m_newPlayer(std::move(newPlayer)) {}
+
+QBPlayerViewController::~QBPlayerViewController() = default;
+
+void QBPlayerViewController::play() {
+  QBSong* song = QBSession::session().activeSong();
+  if (!song || m_midi) return;
+  m_controls.lockMIDI();
+  try {
+    begin(*song);
+  } catch (const platform::AudioError& error) {
+    end(error.what());
+  } catch (const platform::SoundFontError& error) {
+    end(error.what());
+  } catch (...) {
+    end({});
+    throw;
+  }
+}
+
+QBPlayerViewController::Range QBPlayerViewController::rangeOf(QBSong& song) {
+  return {song.fromChord() ? song.fromChord()->position() : 0,
+          song.toChord() ? song.toChord()->position() : static_cast<int>(song.allChords().size())};
+}
+
+void QBPlayerViewController::begin(QBSong& song) {
+  m_song = &song;
+  m_range = rangeOf(song);
+  m_midi = std::make_unique<QBMIDIPlayer>(song, m_newPlayer());
+  m_midi->scan(m_range.from, m_range.to);
+  m_midi->addMetronome(m_range.from, m_range.to);
+  m_midi->setMetronome(m_metronome);
+  m_timer = platform::RunLoop::main().scheduleRepeating(kSecondsOfChord, [this] { playHandler(); });
+  if (!m_midi->start()) throw platform::AudioError(m_midi->problem());
+  m_midi->setPlaybackRate(speedFraction());
+  m_midi->setPlaybackPosition(0);
+  QBSession::session().lockTab(true);
+}
+
+/// The last chord of a loop is cut off by the rewinding: the place is that of the chord which
+/// begins, and the range is counted without one of its ends. Positions that users see depend on it.
+void QBPlayerViewController::playHandler() {
+  if (m_midi->isLost()) return end(kDeviceLost);
+  if (m_song->isDeleted()) return end({});
+  const int index = m_midi->playbackPosition();
+  if (index == -1) return;
+  const float fraction =
+      static_cast<float>(index + 1) / static_cast<float>(m_range.to - m_range.from);
+  m_controls.showPosition(percentOf(fraction));
+  QBSession& session = QBSession::session();
+  if (session.activeSong() == m_song) session.setTabPosition(fraction);
+  if (fraction >= 1.0F) m_midi->rewind();
+}
+
+void QBPlayerViewController::stop() {
+  if (m_midi) end({});
+}
+
+void QBPlayerViewController::end(const std::string& problem) {
+  std::string told = problem;
+  if (m_midi) {
+    m_midi->stop();
+    if (told.empty() && m_midi->isLost()) told = kDeviceLost;
+  }
+  m_timer = nullptr;
+  m_midi = nullptr;
+  m_controls.unlockAll();
+  QBSession::session().lockTab(false);
+  const platform::Ref<QBSong> song = std::exchange(m_song, nullptr);
+  if (song && !song->isDeleted()) QBSession::session().setActiveSong(song);
+  if (!told.empty()) m_controls.showProblem(told);
+}
+
+void QBPlayerViewController::keepLooping() {
+  if (isOver() && (m_song->fromChord() || m_song->toChord())) m_midi->rewind();
+}
+
+void QBPlayerViewController::setMetronome(bool on) {
+  m_metronome = on;
+  if (m_midi) m_midi->setMetronome(on);
+}
+
+void QBPlayerViewController::speedChanged() {
+  m_controls.showSpeed(percentOf(speedFraction()));
+  if (m_midi) m_midi->setPlaybackRate(speedFraction());
+}
+
+/// An undo may have changed what plays; what is seen must not be another song than what is heard.
+void QBPlayerViewController::updateLoop() {
+  if (m_midi && (m_song->isDeleted() || rangeOf(*m_song) != m_range)) stop();
+  m_controls.showLoop(LoopRange(QBSession::session().activeSong()));
+}
+
+float QBPlayerViewController::speedFraction() const {
+  return static_cast<float>(m_controls.speed()) / static_cast<float>(m_controls.maximumSpeed());
+}
+
+}  // namespace korvel

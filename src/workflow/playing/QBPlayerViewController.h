@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/loop/RunLoop.h"
+#include "platform/midi/MusicPlayer.h"
+#include "platform/persistence/Ref.h"
+#include "playback/QBMIDIPlayer.h"
+#include "tab/layout/LoopRange.h"
+#include "workflow/session/SessionViews.h"
+
+namespace korvel {
+
+class QBSong;
+
+/// What a window or a console has of the player.
+class PlayerControls {
+ public:
+  virtual ~PlayerControls() = default;
+  /// Playing begins: what is played, and on what, is fixed until it is stopped.
+  virtual void lockMIDI() = 0;
+  virtual void unlockAll() = 0;
+  virtual void showLoop(const LoopRange& loop) = 0;
+  /// Three characters, per cent.
+  virtual void showPosition(const std::string& percent) = 0;
+  virtual void showSpeed(const std::string& percent) = 0;
+  /// Playing did not begin, or ended by itself: one line with what to do.
+  virtual void showProblem(const std::string& problem) = 0;
+  /// Where the slider stands, and its right end, which is the speed of the recording.
+  virtual int speed() const = 0;
+  virtual int maximumSpeed() const = 0;
+};
+
+/// Plays the session's song: its loop, or all of it, again and again where its end is reached. The
+/// end of a song that is played whole is not, as the last chord has no position; it goes on in
+/// silence then until it is stopped. Another song may become the session's meanwhile; the place is
+/// told while it is the one that plays. Playing ends when its song is deleted, or gets another loop
+/// or other chords. Main thread; runs on the main run loop's timer.
+class QBPlayerViewController final : public PlayerView {
+ public:
+  /// Makes what a song is played with; may throw AudioError and SoundFontError.
+  using NewPlayer = std::function<std::unique_ptr<platform::MusicPlayer>()>;
+
+  /// The controls must outlive this.
+  QBPlayerViewController(PlayerControls& controls, NewPlayer newPlayer);
+  QBPlayerViewController(const QBPlayerViewController&) = delete;
+  QBPlayerViewController& operator=(const QBPlayerViewController&) = delete;
+  ~QBPlayerViewController() override;
+
+  /// Nothing when there is no song or one plays already.
+  void play();
+  /// Nothing when none plays.
+  void stop();
+  bool isPlaying() const { return m_midi != nullptr; }
+  /// The song that plays, or none.
+  QBSong* song() const { return m_song; }
+  bool plays(const QBSong* song) const override { return m_midi && song && song == m_song; }
+  /// All of what plays has been heard.
+  bool isOver() const { return m_midi && m_midi->isOver(); }
+
+  /// Begins a loop again whose end was passed over between two looks at the position, as happens to
+  /// who plays faster than was recorded and should call this now and then.
+  void keepLooping();
+
+  /// Whether clicks on the beats are heard beside the song; at any time.
+  void setMetronome(bool on);
+  /// The slider has moved.
+  void speedChanged();
+  void updateLoop() override;
+
+ private:
+  /// Positions of the first and the last chord that are played.
+  struct Range {
+    int from = 0, to = 0;
+    bool operator==(const Range&) const = default;
+  };
+
+  static Range rangeOf(QBSong& song);
+  void begin(QBSong& song);
+  void playHandler();
+  void end(const std::string& problem);
+  float speedFraction() const;
+
+  PlayerControls& m_controls;
+  NewPlayer m_newPlayer;
+  platform::Ref<QBSong> m_song;
+  Range m_range;
+  bool m_metronome = false;
+  std::unique_ptr<QBMIDIPlayer> m_midi;
+  std::unique_ptr<platform::RunLoop::Timer> m_timer;
+};
+
+}  // namespace korvel

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/playing/ToneRoll.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <tuple>
+
+#include "export/score/SongScore.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBMeasure.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
+#include "music/Pitch.h"
+
+namespace korvel {
+namespace {
+
+constexpr double kDecibelsShown = 40;
+constexpr int kStepsOfUnsetTone = 2;
+constexpr int kHighestPitch = 127;
+
+double loudest(QBSong& song) {
+  double amp = 0;
+  for (const auto& chord : song.allChords())
+    if (const QBHold* hold = chord->hold())
+      for (const QBTone* tone : hold->tones())
+        if (std::isfinite(tone->amp())) amp = std::max(amp, tone->amp());
+  return amp;
+}
+
+double loudnessOf(double amp, double loudest) {
+  if (!(amp > 0) || !(loudest > 0)) return 0;
+  return std::clamp(1 + 20 * std::log10(amp / loudest) / kDecibelsShown, 0.0, 1.0);
+}
+
+}  // namespace
+
+ToneRoll::ToneRoll(QBSong& song) : m_chords(static_cast<int>(song.allChords().size())) {
+  readTones(song);
+  endAtRepetition();
+  readBars(song);
+}
+
+void ToneRoll::readTones(QBSong& song) {
+  const auto open = openPitches(song.tuning() ? song.tuning() : QBTabMgr::db().selectedTuning());
+  const double most = loudest(song);
+  int index = -1;
+  for (const auto& chord : song.allChords()) {
+    ++index;
+    const QBHold* hold = chord->hold();
+    if (!hold) continue;
+    for (const QBTone* tone : hold->tones()) {
+      if (tone->string() < 0 || tone->string() >= kStrings) continue;
+      const int pitch = addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret());
+      const int steps = tone->duration() > 0 ? tone->duration() : kStepsOfUnsetTone;
+      m_tones.push_back({index, std::min(steps, m_chords - index),
+                         std::clamp(pitch, 0, kHighestPitch), tone->string(), tone->fret(),
+                         loudnessOf(tone->amp(), most), tone->isActive()});
+    }
+  }
+  std::ranges::stable_sort(m_tones, {},
+                           [](const Tone& tone) { return std::tuple(tone.chord, tone.pitch); });
+}
+
+void ToneRoll::endAtRepetition() {
+  std::map<int, Tone*> last;
+  for (Tone& tone : m_tones) {
+    Tone*& before = last[tone.pitch];
+    if (before && before->chord < tone.chord)
+      before->steps = std::min(before->steps, tone.chord - before->chord);
+    before = &tone;
+  }
+  for (const Tone& tone : m_tones) m_longest = std::max(m_longest, tone.steps);
+  if (last.empty()) return;
+  m_lowest = last.begin()->first;
+  m_highest = last.rbegin()->first;
+}
+
+void ToneRoll::readBars(QBSong& song) {
+  if (song.measures().empty()) return;
+  const QBMeasure* bar = nullptr;
+  int index = 0;
+  for (const auto& chord : song.allChords()) {
+    const QBMeasure* of = chord->measure();
+    if (of && of != bar) m_bars.push_back(index);
+    bar = of ? of : bar;
+    ++index;
+  }
+}
+
+std::vector<ToneRoll::Tone>::const_iterator ToneRoll::firstSounding(int first) const {
+  return std::ranges::lower_bound(m_tones, first - m_longest, {}, &Tone::chord);
+}
+
+std::vector<ToneRoll::Tone>::const_iterator ToneRoll::endSounding(int end) const {
+  return std::ranges::lower_bound(m_tones, end, {}, &Tone::chord);
+}
+
+}  // namespace korvel

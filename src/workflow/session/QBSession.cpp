@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/session/QBSession.h"
+
+#include <cxxabi.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <typeinfo>
+
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/persistence/UndoManager.h"
+#include "workflow/library/AlbumNode.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/session/QBCommand.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::string_view kLine = "\r\n------------------------\r\n";
+constexpr int kTimesLogged = 4;
+
+std::string className(const std::exception& exception) {
+  const char* mangled = typeid(exception).name();
+  int status = 0;
+  const std::unique_ptr<char, decltype(&std::free)> readable(
+      abi::__cxa_demangle(mangled, nullptr, nullptr, &status), &std::free);
+  return readable ? readable.get() : mangled;
+}
+
+std::string exceptionText(std::string_view context, const std::exception& exception) {
+  const std::string name = className(exception);
+  std::string text = "EXCEPTION OCCURED IN CONTEXT: ";
+  text.append(context).append(kLine);
+  text.append("EXCEPTION NAME: ").append(name).append(kLine);
+  text.append("DESCRIPTION: ").append(exception.what()).append(kLine);
+  return text.append("DEBUG DESCRIPTION: ").append(name + ": " + exception.what());
+}
+
+platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
+
+std::string fatalText(std::string_view context, std::string_view error) {
+  std::string text = "AN ERROR OCCURED IN CONTEXT: ";
+  text.append(context).append("\r\n");
+  text.append("DESCRIPTION: ").append(error).append("\r\n\r\n");
+  return text.append("Korvel will be closed");
+}
+
+}  // namespace
+
+void FatalAlert::endProcess(int status) { std::exit(status); }
+
+QBSession& QBSession::session() {
+  // Never destroyed: the lower layers may report through it until the very end.
+  static QBSession* session = new QBSession;
+  return *session;
+}
+
+QBSession::QBSession() { SessionServices::install(this); }
+
+// ---- jobs
+
+void QBSession::addJob(std::shared_ptr<QBCommand> command) {
+  m_jobs.push_back(std::move(command));
+  if (m_views.batch) m_views.batch->reload();
+}
+
+void QBSession::removeJob(const QBCommand& command) {
+  std::erase_if(m_jobs, [&](const auto& job) { return job.get() == &command; });
+  if (m_views.batch) m_views.batch->reload();
+}
+
+bool QBSession::hasRunningJobs() const {
+  return std::ranges::any_of(m_jobs, [](const auto& job) { return job->isRunning(); });
+}
+
+bool QBSession::isScratch(const QBSong& song) const {
+  return std::ranges::any_of(m_jobs, [&](const auto& job) { return job->usesAsScratch(song); });
+}
+
+// ---- log and reports
+
+void QBSession::addToLog(std::string_view text) {
+  if (m_views.output) m_views.output->addLogText(text);
+}
+
+void QBSession::logError(std::string_view text) { addToLog(text); }
+
+void QBSession::handleException(std::string_view context, const std::exception& exception) {
+  const std::string text = exceptionText(context, exception);
+  if (m_views.tab) m_views.tab->drawContent(text);
+  addToLog(text);
+}
+
+void QBSession::handleError(std::string_view context, std::string_view) {
+  for (int i = 0; i < kTimesLogged; ++i) addToLog(context);
+}
+
+void QBSession::exitWithError(std::string_view context, std::string_view error) {
+  exitWithStatus(context, error, m_views.alert ? m_views.alert->exitStatus() : EXIT_FAILURE);
+}
+
+void QBSession::exitWithStatus(std::string_view context, std::string_view error, int status) {
+  const std::string text = fatalText(context, error);
+  if (m_views.alert) {
+    m_views.alert->show(text);
+    m_views.alert->endProcess(status);
+  } else {
+    std::cerr << text << '\n';
+    std::exit(status);
+  }
+}
+
+void QBSession::sayGoodBye() {
+  if (m_views.tab) m_views.tab->sayGoodBye();
+}
+
+// ---- saving and undoing
+
+void QBSession::saveIfAtOnce() {
+  if (m_savesAtOnce) QBTabMgr::db().save();
+}
+
+void QBSession::finish(std::string_view sentence) {
+  saveIfAtOnce();
+  addToLog(sentence);
+}
+
+bool QBSession::undo() {
+  const std::string name = undoManager().undoActionName();
+  if (!QBTabMgr::db().undo()) return false;
+  renewViews();
+  addToLog("Undo " + name);
+  return true;
+}
+
+bool QBSession::redo() {
+  const std::string name = undoManager().redoActionName();
+  if (!QBTabMgr::db().redo()) return false;
+  renewViews();
+  addToLog("Redo " + name);
+  return true;
+}
+
+void QBSession::renewViews() {
+  const QBSongNode* song = activeSongNode();
+  const AlbumNode* album = activeAlbumNode();
+  if ((song && song->song()->isDeleted()) || (album && album->album()->isDeleted()))
+    setActiveTreeNode(nullptr);
+  refreshTree();
+  if (m_song) setActiveSong(m_song->isDeleted() ? nullptr : m_song.get());
+  for (std::size_t job = 0; job < m_jobs.size(); ++job) m_jobs[job]->storeRenewed();
+  if (m_views.batch) m_views.batch->reload();
+}
+
+// ---- what the user works on
+
+void QBSession::refreshTree() {
+  if (m_views.tree) m_views.tree->refreshAllContents();
+}
+
+void QBSession::setActiveTreeNode(TreeNode* node) {
+  m_activeTreeNode = node;
+  if (m_views.songMenu) m_views.songMenu->enable(activeSongNode() != nullptr);
+  if (m_views.albumMenu) m_views.albumMenu->enable(activeAlbumNode() != nullptr);
+}
+
+QBSongNode* QBSession::activeSongNode() const {
+  return dynamic_cast<QBSongNode*>(m_activeTreeNode);
+}
+
+AlbumNode* QBSession::activeAlbumNode() const { return dynamic_cast<AlbumNode*>(m_activeTreeNode); }
+
+void QBSession::errorNoSongSelected() { addToLog("There is currently no Song selected."); }
+
+void QBSession::setActiveSong(QBSong* song) {
+  m_song = song;
+  if (m_views.tab) m_views.tab->setActiveSong(song);
+  if (m_views.song) m_views.song->setActiveSong(song);
+  updateLoop();
+  lockTab(m_views.player && m_views.player->plays(song));
+}
+
+void QBSession::setTabPosition(float fraction) {
+  m_percent = fraction;
+  if (m_views.tab) m_views.tab->drawPlayMode(m_percent);
+}
+
+void QBSession::resetLoop() {
+  if (m_song) {
+    const platform::UndoGroup group(undoManager(), "Reset Loop");
+    m_song->setFromChord(nullptr);
+    m_song->setToChord(nullptr);
+    saveIfAtOnce();
+  }
+  updateLoop();
+  if (!m_views.tab) return;
+  m_views.tab->drawPlayMode(m_percent);
+  m_views.tab->refresh();
+}
+
+void QBSession::selectChord(double x, double y) {
+  const auto group =
+      m_song ? std::make_unique<platform::UndoGroup>(undoManager(), "Set Loop") : nullptr;
+  if (m_views.tab) m_views.tab->handleClick(x, y);
+  if (m_song) saveIfAtOnce();
+  updateLoop();
+}
+
+void QBSession::lockTab(bool locked) {
+  if (m_views.tab) m_views.tab->lock(locked);
+}
+
+void QBSession::drawTuning(QBTuning* tuning) {
+  if (m_views.tab) m_views.tab->drawTuning(tuning);
+}
+
+void QBSession::drawHelp(const std::string& content) {
+  if (m_views.help) m_views.help->setContent(content);
+}
+
+void QBSession::updateLoop() {
+  if (m_views.player) m_views.player->updateLoop();
+}
+
+}  // namespace korvel

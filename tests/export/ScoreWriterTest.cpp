@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "export/score/ScoreWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "export/score/NoteValues.h"
+#include "export/score/SongScore.h"
+#include "export/score/Spelling.h"
+#include "model/book/QBHarmony.h"
+#include "model/songs/QBMeasure.h"
+#include "support/Approved.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+/// The signs of a score: "|" before each bar, sixteenths, "r" for rests, "~" to the next one.
+std::string signsOf(const Score& score) {
+  std::string text;
+  for (const WrittenBar& bar : writtenBars(score)) {
+    text += '|';
+    for (const ScoreNote& note : bar.notes) {
+      if (&note != &bar.notes.front()) text += ' ';
+      text += (note.event->tones.empty() ? "r" : "") + std::to_string(note.value->sixteenths);
+      if (!note.last && !note.event->tones.empty()) text += '~';
+    }
+  }
+  return text;
+}
+
+Score scoreOfDurations(const Meter& meter, const std::vector<int>& durations) {
+  Score score;
+  score.bars.push_back({meter, {}});
+  for (const int duration : durations)
+    score.bars.back().events.push_back({duration, {{0, 3, 43}}, std::nullopt});
+  return score;
+}
+
+TEST(NoteValues, showTheBeatsAndTieWhatNoSingleSignCanSay) {
+  const auto signs = [](const Meter& meter, const std::vector<int>& durations) {
+    return signsOf(scoreOfDurations(meter, durations));
+  };
+  EXPECT_EQ(signs({4, 4}, {16, 8, 8}), "|16|8 8");
+  EXPECT_EQ(signs({4, 4}, {1, 3, 3, 1, 1, 2, 1, 2, 4, 2}), "|1 3 3 1 1 2 1 2 2~|2 2 r12");
+  EXPECT_EQ(signs({4, 4}, {2, 8, 6, 40}), "|2 6~ 2 6|16~|16~|8 r8");
+  EXPECT_EQ(signs({3, 4}, {12, 5, 7, 14}), "|12|4~ 1 3~ 4|12~|2 r6 r4");
+  EXPECT_EQ(signs({6, 8}, {8, 4, 12, 2, 4, 6}), "|6~ 2 4|12|2 4 6");
+  EXPECT_EQ(signs({12, 8}, {24, 18, 4, 5}), "|24|12~ 6 4 2~|3 r3 r12 r6");
+  EXPECT_EQ(signs({2, 2}, {1, 16}), "|1 3~ 12~|1 r3 r12");
+  EXPECT_EQ(signsOf(Score()), "|r16") << "a part has a bar at least";
+}
+
+TEST(NoteValues, fillEveryBarExactlyWhateverTheDurations) {
+  std::mt19937 random(3);
+  for (const Meter& meter :
+       {Meter{4, 4}, {3, 4}, {6, 8}, {12, 8}, {5, 4}, {7, 8}, {7, 16}, {2, 2}}) {
+    std::vector<int> durations;
+    int total = 0;
+    for (int i = 0; i < 300; ++i) {
+      durations.push_back(1 + static_cast<int>(random() % 30));
+      total += durations.back();
+    }
+    const Score score = scoreOfDurations(meter, durations);
+    int sounding = 0;
+    for (const WrittenBar& bar : writtenBars(score)) {
+      int length = 0;
+      for (const ScoreNote& note : bar.notes) {
+        length += note.value->sixteenths;
+        if (!note.event->tones.empty()) sounding += note.value->sixteenths;
+      }
+      ASSERT_EQ(length, meter.sixteenths()) << meter.beats << '/' << meter.beatType;
+    }
+    EXPECT_EQ(sounding, total);
+  }
+}
+
+TEST(Spelling, followsTheHarmony) {
+  const auto text = [](int pitch, const ScoreHarmony& harmony) {
+    const SpelledNote note = spelled(pitch, &harmony);
+    const char* signs[] = {"b", "", "#"};
+    return note.step + std::string(signs[note.alter + 1]) + std::to_string(note.octave);
+  };
+  EXPECT_EQ(text(61, {9, ""}) + text(68, {1, "m"}) + text(70, {5, "sus4"}), "C#4G#4Bb4");
+  EXPECT_EQ(text(59, {8, "m"}) + text(60, {1, "maj7"}) + text(65, {1, ""}), "Cb4B#3E#4")
+      << "the octave is that of the name";
+  EXPECT_EQ(text(63, {0, "7#9"}) + text(63, {0, "m7"}), "D#4Eb4");
+  EXPECT_EQ(text(68, {0, "aug"}) + text(57, {3, "dim7"}), "G#4A3") << "no double flats";
+  EXPECT_EQ(spelled(40), (SpelledNote{'E', 0, 2}));
+  EXPECT_EQ(spelled(51), (SpelledNote{'E', -1, 3}));
+}
+
+class SongScoreTest : public testing::Test {
+ protected:
+  static Score score(QBSong* song, const std::optional<Meter>& meter = std::nullopt) {
+    return scoreOf(*song, meter);
+  }
+  QBHarmony* harmony(const std::string& type) { return QBTabMgr::db().createHarmony(type, 1); }
+
+  test::StandardStore m_store;
+  QBSong* m_song = m_store.song("Air \"No < 1\" & \x01\xC3\xA4\xFF");
+};
+
+TEST_F(SongScoreTest, restsForEmptyChordsButNotForThoseThatAChordGrewOver) {
+  for (const int duration : {3, 1, 1, 1, 1})
+    test::addChord(m_song, duration > 1 ? "3" : "", duration);
+  test::addChord(m_song, "", 2);
+  test::addChord(m_song, "x3", 1);
+  EXPECT_EQ(signsOf(score(m_song)), "|3 r1 r3 1 r8");
+}
+
+TEST_F(SongScoreTest, followsTheMeasuresUnlessToldOtherwise) {
+  QBTabMgr& db = QBTabMgr::db();
+  for (const auto& [beats, type] :
+       {std::pair(3, 4), std::pair(6, 8), std::pair(6, 8), std::pair(0, 3)})
+    db.createMeasure(m_song, beats, type);
+  const auto measures = m_song->allMeasures();
+  measures[0]->addChord(test::addChord(m_song, "3", 16));
+  test::addChord(m_song, "xxxxxx", 1);
+  measures[2]->addChord(test::addChord(m_song, "x3", 6));
+  EXPECT_EQ(signsOf(score(m_song)), "|12~|4 r8|r12|6 r6|r16");
+  EXPECT_EQ(signsOf(score(m_song, Meter{12, 8})), "|12~ 4 2~ 4 r2");
+}
+
+TEST_F(SongScoreTest, writesWhatOtherProgramsRead) {
+  m_song->setTuning(m_store.dropD());
+  m_song->setTempoRate(2.0F);
+  QBChord* first = test::addChord(m_song, "0xx6x2", 6);
+  first->setHarmony(harmony("7b9"));
+  first->setBaseTone(1);
+  first->hold()->addTone(5, 1, 1);  // of two on a string the higher one stays
+  first->hold()->addTone(4, 12, 1)->setActive(false);
+  QBChord* second = test::addChord(m_song, "xxxxxa", 11);
+  second->setHarmony(first->harmony());
+  second->setBaseTone(1);
+  second->hold()->addTone(0, 12, 1);
+  test::addChord(m_song, "0", 2);
+  Score written = score(m_song);
+  written.program = "Korvel";
+  written.date = "2026-05-01";
+  test::expectApproved(ScoreWriter(written).write(), "export/score.musicxml");
+}
+
+}  // namespace
+}  // namespace korvel

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "precise/seeing/FrontEnd.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+namespace korvel::precise {
+namespace {
+
+/// Half a second of silence and half a second of a sine of amplitude 1.
+Recording sineAt(double frequency) {
+  std::vector<float> samples(static_cast<std::size_t>(kRate));
+  for (std::size_t i = samples.size() / 2; i < samples.size(); ++i)
+    samples[i] = static_cast<float>(
+        std::sin(2 * std::numbers::pi * frequency * static_cast<double>(i) / kRate));
+  Recording recording;
+  recording.add(samples);
+  recording.finish();
+  return recording;
+}
+
+template <std::size_t Size>
+std::size_t loudest(const std::array<float, Size>& bins) {
+  return static_cast<std::size_t>(std::ranges::max_element(bins) - bins.begin());
+}
+
+TEST(FrontEnd, showsEveryPitchInItsBinAtItsLevel) {
+  for (const double tuning : {0.0, 30.0}) {
+    FrontEnd frontEnd(tuning);
+    for (std::size_t pitch = 0; pitch < kPitches; pitch += 3) {
+      const double midi = static_cast<double>(pitch) + Analysis::kLowestPitch + tuning / 100;
+      const Recording recording = sineAt(hz(midi));
+      frontEnd.look(recording, 64);
+      for (const std::size_t which : {0U, 1U}) {
+        const BinRow& bins = frontEnd.spectrum(which);
+        EXPECT_EQ(loudest(bins), fundamentalBin(pitch)) << midi;
+        EXPECT_GT(bins[fundamentalBin(pitch)], 0.3) << midi;
+        EXPECT_LT(bins[fundamentalBin(pitch)], 1) << midi;
+        EXPECT_TRUE(pitch <= 20 || loudest(frontEnd.onsetSpectrum(which)) == pitch + 1) << midi;
+      }
+      frontEnd.look(recording, 10);
+      EXPECT_LT(std::ranges::max(frontEnd.spectrum(0)), 1e-6) << midi;
+    }
+  }
+}
+
+TEST(FrontEnd, seesHighPitchesStartLaterThanLowOnes) {
+  FrontEnd frontEnd(0);
+  // The long window reaches 93 ms ahead, the middle one 46 ms. The frame is the second of its pair,
+  // which must take nothing from the other.
+  const auto levelBefore = [&](std::size_t pitch, Frame frames) {
+    const auto onset = static_cast<Frame>(kRate / 2) / static_cast<Frame>(kHop);
+    frontEnd.look(sineAt(hz(static_cast<double>(pitch) + Analysis::kLowestPitch)),
+                  onset - frames - 1);
+    return frontEnd.spectrum(1)[fundamentalBin(pitch)];
+  };
+  EXPECT_GT(levelBefore(8, 5), 1e-3);
+  EXPECT_LT(levelBefore(45, 5), 1e-5);
+  EXPECT_GT(levelBefore(45, 2), 1e-3);
+}
+
+}  // namespace
+}  // namespace korvel::precise

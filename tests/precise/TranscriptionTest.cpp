@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "precise/Transcription.h"
+
+#include <gtest/gtest.h>
+
+#include "audio/MonoTrack.h"
+#include "support/Guitar.h"
+#include "support/StandardStore.h"
+
+namespace korvel::precise {
+namespace {
+
+TEST(Transcription, tuningsSoundAtTheirFrequencies) {
+  const test::StandardStore store;
+  EXPECT_EQ(openStringsOf(*store.standard()), kStandardTuning);
+  EXPECT_EQ(openStringsOf(*store.dropD()), (OpenStrings{38, 45, 50, 55, 59, 64}));
+  QBTuning* openG = QBTabMgr::db().createTuning("G", 3);
+  openG->createOpenGStrings();
+  EXPECT_EQ(openStringsOf(*openG), (OpenStrings{31, 47, 50, 55, 59, 62}));
+}
+
+TEST(Transcription, hearsAFileStepByStep) {
+  const test::ScratchStore store;
+  const std::string file = store.folder().file("a.wav");
+  test::writeWav(file, test::play({{{}, 0.5}, {test::notesOf("x32010"), 30}}));
+  const auto track = std::make_shared<MonoTrack>(file);
+  track->startRecord(0);
+  Transcription heard(track, kStandardTuning, {});
+  int steps = 0;
+  for (double last = 0; heard.step(); last = heard.progress(), ++steps)
+    EXPECT_GE(heard.progress(), last);
+  EXPECT_GE(steps, 10) << "short enough to show progress between them";
+  EXPECT_EQ(heard.progress(), 1);
+  EXPECT_FALSE(heard.step());
+  ASSERT_EQ(heard.result().notes.size(), 5U);
+  for (const Note& note : heard.result().notes) EXPECT_GE(note.string, 1);
+}
+
+}  // namespace
+}  // namespace korvel::precise

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "recording/QBWaveIn.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <thread>
+#include <utility>
+
+#include "analysis/chords/QBChordAnalyserStandard.h"
+#include "platform/sound/WaveFiles.h"
+#include "recording/QBChordRecorder.h"
+#include "support/Guitar.h"
+#include "support/HandFedMicrophone.h"
+#include "support/StandardStore.h"
+
+namespace korvel {
+namespace {
+
+class HeldWaveIn final : public QBWaveIn {
+ public:
+  using QBWaveIn::m_lock;
+  using QBWaveIn::QBWaveIn;
+};
+
+class QBWaveInTest : public testing::Test {
+ protected:
+  QBWaveInTest() { m_analyser.setM_source(m_wave); }
+
+  int firstSample() const {
+    const auto block = m_wave->readBuffer();
+    return block ? block->toSamples().front() : -1;
+  }
+
+  test::HandFedMicrophone m_microphone;
+  QBChordAnalyserStandard m_analyser{nullptr, nullptr};
+  std::shared_ptr<HeldWaveIn> m_wave = std::make_shared<HeldWaveIn>(&m_analyser);
+};
+
+TEST_F(QBWaveInTest, microphoneKeepsThreeBuffersGoingRound) {
+  EXPECT_EQ(m_wave->getVolume(), 0);
+  m_wave->setDevice("USB");
+  m_wave->startRecord(1);
+  EXPECT_EQ(m_microphone.asked, "allocate enqueue allocate enqueue allocate enqueue flush start ");
+  EXPECT_EQ(m_microphone.device, "USB");
+  EXPECT_EQ(m_microphone.description, platform::kLiveSound);
+  const QBAudioMicrophone& micro = m_wave->m_microphone();
+  EXPECT_TRUE(micro.isRunning());
+  EXPECT_EQ(micro.AudioBuffer(), m_wave.get());
+  EXPECT_EQ(m_wave->getVolume(), 0.5F);
+  EXPECT_TRUE(micro.timeIsValid({.hostTime = 500'000'001}));
+  EXPECT_FALSE(micro.timeIsValid({.hostTime = 500'000'000}));
+  EXPECT_FALSE(micro.timeIsValid({.hostTime = 1'000'000'001})) << "is yet to come";
+  m_microphone.asked.clear();
+  EXPECT_TRUE(m_microphone.hear(1));
+  EXPECT_EQ(m_microphone.asked, "enqueue flush ");
+  m_microphone.asked.clear();
+  m_wave->stopRecord();
+  EXPECT_EQ(m_microphone.asked, "flush stop reset ");
+  EXPECT_FALSE(micro.isRunning());
+  EXPECT_FALSE(micro.timeIsValid({}));
+  EXPECT_EQ(firstSample(), 1) << "stays to be read";
+  m_wave->setDevice("missing");
+  EXPECT_THROW(m_wave->startRecord(0), platform::AudioError);
+  EXPECT_FALSE(micro.isRunning());
+}
+
+TEST_F(QBWaveInTest, onlyFullBuffersBecomeBlocks) {
+  std::vector<std::int64_t> heard;
+  m_wave->onBlock([&](const QBSampleBlock& block) { heard.push_back(block.m_time); });
+  m_wave->startRecord(0);
+  m_microphone.hear(1);
+  m_microphone.hear(2, 8191);
+  m_microphone.hear(3);
+  EXPECT_EQ(firstSample(), 1);
+  EXPECT_EQ(firstSample(), 3);
+  EXPECT_EQ(firstSample(), -1);
+  EXPECT_EQ(heard, (std::vector<std::int64_t>{0, 8192 + 8191}));
+}
+
+TEST_F(QBWaveInTest, neverWaitsForWhoHoldsTheLockOrReadsTooLate) {
+  m_wave->startRecord(0);
+  {
+    const std::lock_guard held(m_wave->m_lock);
+    std::thread([&] { EXPECT_TRUE(m_microphone.hear(1)); }).join();
+    EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 1);
+  }
+  for (std::int16_t i = 0; i < 70; ++i) m_microphone.hear(i);
+  EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 7) << "64 wait";
+  EXPECT_EQ(firstSample(), 0);
+  m_microphone.hear(100);
+  EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 7);
+  for (int i = 1; i < 64; ++i) ASSERT_EQ(firstSample(), i);
+  EXPECT_EQ(firstSample(), 100);
+}
+
+TEST_F(QBWaveInTest, knowsWhenItsDeviceHasEnded) {
+  const QBAudioMicrophone& micro = m_wave->m_microphone();
+  m_wave->startRecord(0);
+  EXPECT_FALSE(micro.hasEnded());
+  m_microphone.end(true);
+  EXPECT_TRUE(micro.hasEnded() && micro.isLost());
+  m_wave->stopRecord();
+  EXPECT_TRUE(micro.isLost() && !micro.hasEnded());
+  m_wave->startRecord(0);
+  EXPECT_FALSE(micro.isLost());
+}
+
+/// Files in place of devices, for the time of a test.
+struct InstalledFiles {
+  explicit InstalledFiles(const std::string& file) : files(file, {}, platform::Pace::fastest) {
+    platform::AudioSystem::install(&files);
+  }
+  InstalledFiles(const InstalledFiles&) = delete;
+  InstalledFiles& operator=(const InstalledFiles&) = delete;
+  ~InstalledFiles() { platform::AudioSystem::install(nullptr); }
+  platform::WaveFiles files;
+};
+
+TEST(QBWaveIn, losesNothingButWhatItCountsWhenReadAllTheTime) {
+  const test::ScratchFolder folder;
+  test::writeWav(folder.file("a.wav"), std::vector<std::int16_t>(50 * QBBlock::kSamples), 44100, 2);
+  const InstalledFiles installed(folder.file("a.wav"));
+  QBChordAnalyserStandard analyser(nullptr, nullptr);
+  const auto wave = std::make_shared<QBWaveIn>(&analyser);
+  analyser.setM_source(wave);
+  std::int64_t last = -1;
+  std::int64_t read = 0;
+  wave->onBlock([&](const QBSampleBlock& block) {
+    ++read;
+    EXPECT_LT(std::exchange(last, block.m_time), block.m_time);
+  });
+  wave->startRecord(0);
+  while (!wave->m_microphone().hasEnded()) wave->readBuffer();
+  while (wave->readBuffer()) continue;
+  EXPECT_EQ(read + wave->nmbOfDroppedBlocks(), 50);
+}
+
+TEST(QBWaveIn, givesTheChordsOfTheSameBlocksSteppedByHand) {
+  const test::StandardStore store;
+  QBInstrument* guitar =
+      QBTabMgr::db().createInstrument(store.standard(), "Guitar", true, true, 0.5F, 1);
+  QBAlbum* album = QBTabMgr::db().createAlbum("A", false);
+  const std::string file = store.folder().file("a.wav");
+  auto samples = test::play({{test::notesOf("x02210"), 1.0}, {test::notesOf("320003"), 1.0}});
+  test::writeWav(file, samples, 44100, 2);
+  samples.resize(samples.size() / QBBlock::kSamples * QBBlock::kSamples);
+
+  const auto pushed = std::make_shared<QBSampleSource>();
+  for (std::size_t i = 0; i < samples.size(); i += QBBlock::kSamples) {
+    std::vector<std::byte> bytes(QBBlock::kBytes);
+    std::memcpy(bytes.data(), samples.data() + i, bytes.size());
+    pushed->pushBuffer({.sampleTime = static_cast<double>(i / 2)},
+                       {.data = bytes, .dataByteSize = QBBlock::kBytes});
+  }
+  const std::size_t blocks = samples.size() / QBBlock::kSamples;
+  const auto analyser = std::make_shared<QBChordAnalyserStandard>(pushed, store.standard());
+  QBSong* byHand = album->createSong("by hand");
+  QBChordRecorder recorder(analyser, guitar, byHand, album);
+  recorder.startWithoutTimer("", 0);
+  for (std::size_t i = 0; i < blocks; ++i) recorder.nextStep();
+  recorder.stopWithoutTimer();
+
+  const InstalledFiles installed(file);
+  const auto live = std::make_shared<QBChordAnalyserStandard>(nullptr, store.standard());
+  const auto wave = std::make_shared<QBWaveIn>(live.get());
+  live->setM_source(wave);
+  QBSong* recorded = album->createSong("live");
+  QBChordRecorder liveRecorder(live, guitar, recorded, album);
+  liveRecorder.startWithoutTimer("", 0);
+  while (!wave->m_microphone().hasEnded()) std::this_thread::yield();
+  for (std::size_t i = 0; i < blocks; ++i) liveRecorder.nextStep();
+  liveRecorder.stopWithoutTimer();
+
+  EXPECT_EQ(wave->nmbOfDroppedBlocks(), 0);
+  EXPECT_GE(recorded->chords().size(), 5U);
+  EXPECT_EQ(test::fretsOf(*recorded), test::fretsOf(*byHand));
+  EXPECT_EQ(recorded->chords().at(4)->timestamp(), byHand->chords().at(4)->timestamp());
+}
+
+}  // namespace
+}  // namespace korvel

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/exporting/RenderSongCommand.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "platform/loop/PlainRunLoop.h"
+#include "platform/midi/FluidSynthesizer.h"
+#include "playback/QBMIDIPlayer.h"
+#include "support/RecordingViews.h"
+#include "support/SoundFont.h"
+#include "support/StandardStore.h"
+#include "workflow/library/LibraryEdits.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+class RenderSongCommandTest : public testing::Test {
+ protected:
+  std::unique_ptr<RenderSongCommand> command(QBSong* song, RenderedPart part = RenderedPart::song) {
+    return std::make_unique<RenderSongCommand>(
+        song, part, m_file,
+        std::make_unique<platform::FluidSynthesizer>(m_font, std::vector{QBMIDIPlayer::kProgram}));
+  }
+
+  test::StandardStore m_store;
+  test::RecordingViews m_views;
+  const std::string m_file = m_store.folder().file("song.wav");
+  const fs::path m_font = test::kSoundFont;
+};
+
+TEST_F(RenderSongCommandTest, fileAppearsWhenTheLastStepIsDone) {
+  QBSong* song = m_store.song("S");
+  for (int i = 0; i < 20; ++i) test::addChord(song, "x02210");
+  const auto render = command(song);
+  render->runInBackground();
+  platform::PlainRunLoop::ofProcess().runUntil([&] {
+    EXPECT_TRUE(!render->isRunning() || !fs::exists(m_file));
+    return !render->isRunning();
+  });
+  EXPECT_EQ(m_views.log, std::vector{m_file});
+  const auto whole = fs::file_size(m_file);
+  EXPECT_GT(whole, 20 * 0.37 * 44100 * 4);
+  song->setFromChord(song->chords().at(18));
+  command(song)->run();
+  EXPECT_EQ(fs::file_size(m_file), whole) << "the loop was not asked for";
+  command(song, RenderedPart::loop)->run();
+  EXPECT_LT(fs::file_size(m_file), whole - std::uintmax_t{17} * 16000 * 4);
+}
+
+TEST_F(RenderSongCommandTest, nothingIsWrittenThatIsCancelledOrSilent) {
+  EXPECT_THROW(command(m_store.song("Empty"))->runInBackground(), EditRefused);
+  QBSong* silent = m_store.song("Rests");
+  test::addChord(silent, "xxxxxx");
+  EXPECT_THROW(command(silent)->runInBackground(), EditRefused);
+  QBSong* song = m_store.song("S");
+  for (int i = 0; i < 20; ++i) test::addChord(song, "x02210");
+  const auto render = command(song);
+  render->runInBackground();
+  render->nextStep();
+  render->cancelAndDrop();
+  EXPECT_FALSE(render->isRunning());
+  EXPECT_FALSE(fs::exists(m_file));
+}
+
+}  // namespace
+}  // namespace korvel
