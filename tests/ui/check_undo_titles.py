@@ -36,7 +36,7 @@ def main():
     root = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else pathlib.Path(__file__).parents[2])
     known = set(KNOWN.findall((root / "src/ui/translations/LowerTexts.h").read_text()))
     problems, seen = [], 0
-    for file in sorted((root / "src/workflow").glob("*.cpp")):
+    for file in sorted((root / "src/workflow").rglob("*.cpp")):
         for title in titles(file.read_text(encoding="utf-8")):
             seen += 1
             if title is None:
