@@ -13,6 +13,7 @@
 #include "support/StandardStore.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/TuningEdits.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {

@@ -16,6 +16,7 @@
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/LibraryTree.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {

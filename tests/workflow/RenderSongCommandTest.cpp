@@ -11,7 +11,7 @@
 #include "support/RecordingViews.h"
 #include "support/SoundFont.h"
 #include "support/StandardStore.h"
-#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 
 namespace korvel {
 namespace {

@@ -32,6 +32,7 @@
 #include "ui/dialogs/InputList.h"
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {

@@ -35,6 +35,7 @@
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/library/TuningNode.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {

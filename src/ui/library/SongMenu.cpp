@@ -5,7 +5,7 @@
 
 #include "ui/desktop/Text.h"
 #include "workflow/arranging/SongOrders.h"
-#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 
 namespace korvel::ui {
 namespace {

@@ -16,6 +16,7 @@
 #include "workflow/library/QBSongNode.h"
 #include "workflow/library/TuningEdits.h"
 #include "workflow/library/TuningNode.h"
+#include "workflow/session/EditRefused.h"
 
 namespace korvel::ui {
 namespace {

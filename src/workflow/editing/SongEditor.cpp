@@ -20,7 +20,7 @@
 #include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
 #include "workflow/editing/MeasureLayout.h"
-#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/SongInWork.h"
 #include "workflow/session/TuningForNow.h"
 

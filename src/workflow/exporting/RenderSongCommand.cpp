@@ -8,7 +8,7 @@
 #include "platform/media/WaveFileWriter.h"
 #include "platform/midi/Synthesizer.h"
 #include "playback/SongRenderer.h"
-#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/TuningForNow.h"
 
 namespace korvel {

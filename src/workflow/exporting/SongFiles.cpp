@@ -12,7 +12,7 @@
 #include "model/songs/QBSong.h"
 #include "platform/files/Files.h"
 #include "workflow/exporting/ScoreFile.h"
-#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/TuningForNow.h"
 

@@ -11,8 +11,8 @@
 #include "audio/Samples16.h"
 #include "model/instruments/QBTuning.h"
 #include "model/store/QBTabMgr.h"
-#include "workflow/library/LibraryEdits.h"
 #include "workflow/library/TuningEdits.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/TuningForNow.h"
 
 namespace korvel {

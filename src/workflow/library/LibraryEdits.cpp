@@ -16,6 +16,7 @@
 #include "platform/files/Files.h"
 #include "platform/persistence/UndoManager.h"
 #include "workflow/library/QBNameMgr.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
 #include "workflow/session/TuningForNow.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <stdexcept>
 #include <string>
 
 namespace korvel {
@@ -10,12 +9,6 @@ class Calibration;
 class QBAlbum;
 class QBInstrument;
 class QBSong;
-
-/// An edit that cannot be made; what() says why, in a line for the user.
-class EditRefused : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 // What a user does to albums, songs and instruments as a whole. Each edit is an undoable
 // action, saves the store, logs a line, has the tree drawn anew, and throws EditRefused when it is

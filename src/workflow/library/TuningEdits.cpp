@@ -11,7 +11,7 @@
 #include "model/store/QBTabMgr.h"
 #include "music/Pitch.h"
 #include "platform/persistence/UndoManager.h"
-#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {

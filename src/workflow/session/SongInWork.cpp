@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "model/songs/QBSong.h"
-#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 
 namespace korvel {
 namespace {
