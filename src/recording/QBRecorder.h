@@ -41,10 +41,11 @@ class QBRecorder {
   void saveTo(const std::filesystem::path& path) const;
   virtual void setVolume(float volume);
   virtual float getVolume() const;
+  /// What the analyser writes into; none unless it is started.
+  QBSong* scratchSong() const { return m_song; }
 
  protected:
   const std::shared_ptr<QBChordAnalyser>& analyser() const { return m_analyser; }
-  QBSong* scratchSong() const { return m_song; }
   /// The chord, if any, with harmony and groups of tones.
   static QBChord* completed(QBChord* chord);
 

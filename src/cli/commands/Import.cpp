@@ -16,6 +16,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/loop/PlainRunLoop.h"
+#include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/SoundCheck.h"
@@ -82,7 +83,7 @@ void requireInstrument() {
 }  // namespace
 
 int importFiles(const ImportOptions& options) {
-  if (options.detection == ImportDetection::classic) requireInstrument();
+  if (detectionOf(options.detection).needsInstrument) requireInstrument();
   QBTuning* tuning = options.tuning ? &chooseTuning(*options.tuning) : nullptr;
   std::vector<platform::Ref<QBSong>> songs;
   int status = EXIT_SUCCESS;

@@ -22,6 +22,7 @@
 #include "platform/files/FileError.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sound/WaveFiles.h"
+#include "workflow/hearing/Detection.h"
 #include "workflow/hearing/LiveRecording.h"
 
 namespace korvel::cli {
@@ -170,7 +171,7 @@ int conclude(const LiveRecording& recording, const RecordOptions& options) {
 
 void requirePossible(const RecordOptions& options) {
   if (options.wav) OutputFile(*options.wav, false).check();
-  if (options.detection == ImportDetection::classic && !QBTabMgr::db().selectedInstrument())
+  if (detectionOf(options.detection).needsInstrument && !QBTabMgr::db().selectedInstrument())
     throw CliError(QBTabMgr::storePath() +
                    ": no instrument is active, so no tone can be confirmed");
 }

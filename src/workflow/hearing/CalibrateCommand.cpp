@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <span>
 
@@ -11,6 +10,7 @@
 #include "audio/Samples16.h"
 #include "model/instruments/QBTuning.h"
 #include "model/store/QBTabMgr.h"
+#include "platform/loop/Deadline.h"
 #include "workflow/library/TuningEdits.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/TuningForNow.h"
@@ -26,15 +26,7 @@ constexpr std::size_t kBlock = 16384;
 constexpr std::size_t kBlocksOfNote = 16;
 constexpr int kPercentOfReading = 60;
 constexpr int kAll = 100;
-
-class Deadline {
- public:
-  bool isOver() const { return Clock::now() >= m_end; }
-
- private:
-  using Clock = std::chrono::steady_clock;
-  const Clock::time_point m_end = Clock::now() + std::chrono::milliseconds(10);
-};
+constexpr std::chrono::milliseconds kWork{10};
 
 double decibels(float level) { return 20 * std::log10(static_cast<double>(level)); }
 
@@ -92,7 +84,7 @@ bool CalibrateCommand::step() {
 }
 
 void CalibrateCommand::read() {
-  const Deadline deadline;
+  const platform::Deadline deadline(kWork);
   while (!m_source->eof() && !m_tooLong && !deadline.isOver()) {
     const std::size_t before = m_samples.size();
     append16(m_samples, m_source->readSamples());
@@ -111,10 +103,10 @@ void CalibrateCommand::hear() {
   if (!m_hearing) {
     const NoteCutter::Stretch& next = (*m_stretches)[m_next];
     const auto samples = std::span(m_samples).subspan(next.begin, next.end - next.begin);
-    m_hearing = Hearing{next, singleNote(samples), next.begin, {}};
+    m_hearing = HeardStretch{next, singleNote(samples), next.begin, {}};
     return;
   }
-  const Deadline deadline;
+  const platform::Deadline deadline(kWork);
   while (hearBlock())
     if (deadline.isOver()) return;
   count(*m_hearing);
@@ -133,7 +125,7 @@ bool CalibrateCommand::hearBlock() {
 }
 
 /// What is heard besides counts also where the note itself is too faint for the detection.
-void CalibrateCommand::count(const Hearing& heard) {
+void CalibrateCommand::count(const HeardStretch& heard) {
   const auto isHeard = [](const auto& tones) { return !tones.empty(); };
   if (!heard.note || !Calibration::isReached(*heard.note) ||
       std::ranges::none_of(heard.blocks, isHeard)) {

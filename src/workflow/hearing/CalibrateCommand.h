@@ -70,7 +70,7 @@ class CalibrateCommand final : public QBCommand {
 
  private:
   /// A stretch that is being heard.
-  struct Hearing {
+  struct HeardStretch {
     NoteCutter::Stretch stretch;
     std::optional<int> note;
     std::size_t next;  ///< Sample to go on at.
@@ -81,7 +81,7 @@ class CalibrateCommand final : public QBCommand {
   void read();
   void hear();
   bool hearBlock();
-  void count(const Hearing& heard);
+  void count(const HeardStretch& heard);
   void release();
 
   std::shared_ptr<QBSampleSource> m_source;
@@ -91,7 +91,7 @@ class CalibrateCommand final : public QBCommand {
   bool m_tooLong = false;
   std::optional<std::vector<NoteCutter::Stretch>> m_stretches;  ///< When all is read.
   std::size_t m_next = 0;                                       ///< Stretch to hear.
-  std::optional<Hearing> m_hearing;
+  std::optional<HeardStretch> m_hearing;
   std::vector<HeardNote> m_notes;
   int m_others = 0;
   std::function<void()> m_finished;

@@ -10,6 +10,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/Utf8.h"
+#include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/SoundCheck.h"
@@ -79,7 +80,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
 
 std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
   requireSound(file);
-  if (m_detection == ImportDetection::classic) requireInstrument();
+  if (detectionOf(m_detection).needsInstrument) requireInstrument();
   QBTabMgr::db().context().checkAhead();
   const auto undo = std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
                                                           "Import WAV File");

@@ -20,18 +20,17 @@ namespace korvel {
 namespace platform {
 class UndoGroup;
 }
-class LiveTake;
+class Hearing;
+class MicrophoneTake;
 class NewSong;
 class QBChord;
-class QBChordAnalyser;
-class PreciseRecorder;
 class QBSong;
 class QBTuning;
-class QBWaveIn;
+struct HearingTask;
 class SongInWork;
 
 /// Records a guitar into a new song. Chords appear while it is played, as the classic detection
-/// hears them; at the end they are stored. Then, unless classic is what is wanted, the precise
+/// hears them; at the end they are stored. Then, unless classic is what is wanted, another
 /// detection hears the whole take, and its chords take the place of the first ones.
 ///
 /// The take is in a file from the first block on, and stays there when the program dies or nothing
@@ -64,7 +63,7 @@ class LiveRecording {
   void start();
   /// The playing is over; what was recorded is stored and heard. Otherwise without effect.
   void stop();
-  /// While the take is heard precisely: leaves it at the chords that were heard live.
+  /// While the whole take is heard: leaves it at the chords that were heard live.
   void cancel();
 
   /// Ends at once, for a program that is to end: hears what waits, and stores the song as it was
@@ -85,7 +84,7 @@ class LiveRecording {
 
   /// Once it is over: the stored song, none when nothing was heard or nothing could be stored.
   QBSong* song() const { return m_song; }
-  /// The song's chords are those of the precise detection.
+  /// The song's chords are those that were heard in the whole take.
   bool isPrecise() const { return m_isPrecise; }
   /// What went wrong after the start, if anything did, such as that the song was deleted by
   /// somebody else; a song may not be saved then.
@@ -97,7 +96,7 @@ class LiveRecording {
 
   /// Called with each chord that is heard live and has tones.
   void onChord(std::function<void(QBChord&)> listener) { m_onChord = std::move(listener); }
-  /// Called with the share of the take that was heard precisely, 0..1.
+  /// Called with the share of the whole take that was heard, 0..1.
   void onProgress(std::function<void(double)> listener) { m_onProgress = std::move(listener); }
   void onState(std::function<void(State)> listener) { m_onState = std::move(listener); }
 
@@ -107,18 +106,21 @@ class LiveRecording {
   static std::vector<std::filesystem::path> takesLeftBehind();
 
  private:
-  class Recorder;
-
   void make();
-  void connect();
-  void stepped(QBChord* chord);
+  HearingTask taskFor(QBSong* song) const;
+  void every(double seconds, void (LiveRecording::*step)());
+  void hearLive();
+  QBChord* nextLiveChord();
+  void tellOf(QBChord* chord);
+  bool isPlayingOver();
   void endPlaying();
   void requireSongs() const;
   void storeLive();
-  void hearPrecisely();
-  void hearNext();
+  void beginWhole();
+  void hearWhole();
+  void takeChords();
   void replaceLive();
-  void dropPrecise();
+  void dropWhole();
   void dropScratch();
   void finishHeard();
   void fail(const std::exception& error);
@@ -131,16 +133,11 @@ class LiveRecording {
   std::shared_ptr<platform::UndoGroup> m_undo;  ///< From start to end.
   std::unique_ptr<NewSong> m_made;
   std::unique_ptr<SongInWork> m_mark;  ///< On the song made; it may go in the end.
-  std::unique_ptr<LiveTake> m_take;
   platform::Ref<QBTuning> m_tuning;
-  std::shared_ptr<QBChordAnalyser> m_analyser;
-  std::shared_ptr<QBWaveIn> m_wave;
-  std::unique_ptr<Recorder> m_recorder;
-  bool m_blockRead = false;  ///< In this step.
-
-  platform::Ref<QBSong> m_preciseSong;
-  std::shared_ptr<QBChordAnalyser> m_listening;
-  std::unique_ptr<PreciseRecorder> m_preciseRecorder;
+  std::unique_ptr<MicrophoneTake> m_sound;
+  std::unique_ptr<Hearing> m_live;
+  platform::Ref<QBSong> m_wholeSong;  ///< Until it takes the live song's place.
+  std::unique_ptr<Hearing> m_whole;   ///< Of the take.
   std::unique_ptr<platform::RunLoop::Timer> m_timer;
 
   platform::Ref<QBSong> m_song;

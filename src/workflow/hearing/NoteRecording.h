@@ -6,15 +6,11 @@
 #include <string>
 
 #include "platform/loop/RunLoop.h"
-#include "platform/persistence/Ref.h"
 
 namespace korvel {
 
-class LiveTake;
-class QBChordAnalyser;
+class MicrophoneTake;
 class QBSampleSource;
-class QBTuning;
-class QBWaveIn;
 
 /// Records notes for a calibration from a microphone, on a timer of the run loop. The take is in a
 /// file as well until this goes, so that it is there when the program is killed.
@@ -45,9 +41,7 @@ class NoteRecording {
   void takeBlocks();
   void step();
 
-  std::unique_ptr<LiveTake> m_take;
-  std::shared_ptr<QBChordAnalyser> m_analyser;  ///< Which the microphone finds its source by.
-  std::shared_ptr<QBWaveIn> m_wave;
+  std::unique_ptr<MicrophoneTake> m_sound;
   std::unique_ptr<platform::RunLoop::Timer> m_timer;
   std::function<void()> m_ended;
 };

@@ -4,10 +4,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "analysis/chords/PreciseAnalyser.h"
-#include "analysis/chords/QBChordAnalyserGame.h"
-#include "audio/MonoTrack.h"
-#include "audio/QBMediaTrack.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
@@ -15,9 +11,9 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/loop/Deadline.h"
 #include "platform/persistence/UndoManager.h"
-#include "recording/PreciseRecorder.h"
-#include "recording/QBChordRecorder.h"
+#include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
+#include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/QBSession.h"
@@ -78,38 +74,27 @@ void QBCmdImportSong::begin() {
   const platform::UndoStep part(m_undo);
   m_tuning = QBTabMgr::db().selectedTuning();
   printOut("(1/3) importing file .....");
-  if (m_detection == ImportDetection::precise)
-    hearPrecisely();
-  else
-    hearBlocks();
-  m_recorder->startWithoutTimer("Test", 0.0F);
-  m_scratch = m_source->album()->songs().snapshot().back();
+  m_hearing = hearing();
+  m_hearing->begin();
   m_mark = std::make_unique<SongInWork>(m_newSong, SongInWork::Filler::job);
   // What a killed program leaves in no album goes when the store is opened next.
-  if (m_saving) m_scratch->setAlbum(nullptr);
+  if (m_saving) m_hearing->scratch()->setAlbum(nullptr);
   printOut("(2/3) scanning chords .....");
 }
 
-/// A stepped import decodes the file itself, as far as the next block takes it, where the recorder
-/// would decode all of it at once: the recorder is therefore made before there is a source.
-void QBCmdImportSong::hearBlocks() {
-  QBTabMgr& db = QBTabMgr::db();
-  const auto track = std::make_shared<QBMediaTrack>(m_file);
-  m_analyser = std::make_shared<QBChordAnalyserGame>(nullptr, db.selectedTuning());
-  if (!isStepped()) m_analyser->setM_source(track);
-  m_recorder = std::make_unique<QBChordRecorder>(m_analyser, db.selectedInstrument(), m_newSong,
-                                                 m_source->album());
-  m_analyser->setM_source(track);
-  if (isStepped() && track->open()) m_decoding = track;
-}
-
-void QBCmdImportSong::hearPrecisely() {
-  m_analyser = std::make_shared<PreciseAnalyser>(std::make_shared<MonoTrack>(m_file),
-                                                 QBTabMgr::db().selectedTuning(), m_settings);
-  m_recorder = std::make_unique<PreciseRecorder>(m_analyser, m_newSong, m_source->album());
+std::unique_ptr<Hearing> QBCmdImportSong::hearing() const {
+  const auto reading = isStepped() ? Hearing::Reading::stepwise : Hearing::Reading::atOnce;
+  return detectionOf(m_detection)
+      .ofFile(m_file, reading,
+              {m_newSong, m_source->album(), m_tuning, QBTabMgr::db().selectedInstrument(),
+               m_settings});
 }
 
 QBSong* QBCmdImportSong::newSong() const { return m_newSong; }
+
+bool QBCmdImportSong::usesAsScratch(const QBSong& song) const {
+  return m_hearing && m_hearing->scratch() == &song;
+}
 
 void QBCmdImportSong::execute() {
   const platform::UndoStep part(m_undo);
@@ -145,8 +130,8 @@ bool QBCmdImportSong::step() {
 }
 
 bool QBCmdImportSong::hearsMore() {
-  if (!m_endsEarly) decodeNextBlock();
-  const bool more = !m_endsEarly && !atEnd();
+  if (m_hearing) m_hearing->readAhead();
+  const bool more = !atEnd();
   if (waitsForStore(more)) return true;
   if (more) takeChords();
   return more;
@@ -154,8 +139,7 @@ bool QBCmdImportSong::hearsMore() {
 
 /// The first change of a store comes after a check of it, which takes long when it is large.
 bool QBCmdImportSong::waitsForStore(bool hearsMore) const {
-  return m_saving && (m_unsaved >= kChordsOfSave || !hearsMore) &&
-         QBTabMgr::db().context().isBeingChecked();
+  return m_saving && (isSaveDue() || !hearsMore) && QBTabMgr::db().context().isBeingChecked();
 }
 
 bool QBCmdImportSong::finishSome() {
@@ -172,25 +156,14 @@ void QBCmdImportSong::rest() {
 }
 
 void QBCmdImportSong::storeRenewed() {
-  const bool hasMore = m_recorder || m_finishing.isUnderWay();
+  const bool hasMore = m_hearing || m_finishing.isUnderWay();
   if (!isStepped() || isRunning() || !hasMore || m_newSong->isDeleted()) return;
   printOut("Import goes on.");
   beginSteps();
 }
 
-/// The last block may still grow until the file is at its end.
-void QBCmdImportSong::decodeNextBlock() {
-  constexpr int kWithTheGrowingOne = 2;
-  const auto pending = [this] {
-    return m_decoding->nmbOfBlocks() - m_decoding->nmbOfProcessedBlocks();
-  };
-  while (m_decoding && pending() < kWithTheGrowingOne)
-    if (!m_decoding->pullBuffer()) m_decoding.reset();
-}
-
-/// Chords of what the precise detection has heard cost next to nothing, saving them does.
+/// Saving chords takes longer than making those that cost next to nothing.
 void QBCmdImportSong::takeChords() {
-  const auto isSaveDue = [this] { return m_saving && m_unsaved >= kChordsOfSave; };
   if (isSaveDue()) {
     QBTabMgr::db().save();
     m_unsaved = 0;
@@ -199,9 +172,11 @@ void QBCmdImportSong::takeChords() {
   const platform::Deadline deadline;
   while (takeNextChord()) {
     ++m_unsaved;
-    if (m_detection == ImportDetection::classic || isSaveDue() || deadline.isOver()) break;
+    if (!m_hearing->hasCheapChords() || isSaveDue() || deadline.isOver()) break;
   }
 }
+
+bool QBCmdImportSong::isSaveDue() const { return m_saving && m_unsaved >= kChordsOfSave; }
 
 void QBCmdImportSong::tearDown() {
   try {
@@ -221,31 +196,24 @@ void QBCmdImportSong::tearDown() {
 void QBCmdImportSong::finishNow() {
   const TuningForNow chosen(m_tuning);
   const platform::UndoStep part(m_undo);
-  if (m_recorder && !m_finishing.isUnderWay()) m_finishing = finish();
+  if (m_hearing && !m_finishing.isUnderWay()) m_finishing = finish();
   m_finishing.finish();
 }
 
 platform::Slices QBCmdImportSong::finish() {
-  m_recorder->stopWithoutTimer();
+  m_hearing->end();
   printOut("(3/3) building tabulature .....");
   m_newSong->clearTabulature();
   platform::Slices building = buildingTab(*m_newSong);
   // A user who edits the song between two steps has it drawn, and then this drawing is outdated.
   while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;
-  dropBuffers();
+  dropHearing();
   co_yield kAllButSaved;
   if (m_saving) QBTabMgr::db().save();
 }
 
 void QBCmdImportSong::stopAndKeep() {
-  if (!m_analyser) return;  // only to be saved
-  if (m_detection == ImportDetection::precise) {
-    m_cutShort = m_analyser->m_source()->progress() < 1;
-    m_analyser->m_source()->stopRecord();
-  } else {
-    m_cutShort = !atEnd();
-    m_endsEarly = true;
-  }
+  if (m_hearing) m_cutShort = m_hearing->cutShort();  // otherwise it is only to be saved
 }
 
 void QBCmdImportSong::endNow() {
@@ -266,20 +234,14 @@ void QBCmdImportSong::abandon() {
   abandonSteps();
   m_finishing = {};
   const platform::UndoStep part(m_undo);
-  if (m_recorder) m_recorder->stopWithoutTimer();
-  dropBuffers();
+  if (m_hearing) m_hearing->end();
+  dropHearing();
 }
 
-/// The job stays listed; its buffers need not. Blocks that nobody took would be stored.
-void QBCmdImportSong::dropBuffers() {
-  const auto source = m_analyser ? m_analyser->m_source() : nullptr;
-  while (const auto block = source ? source->readBlockFromSamples() : nullptr)
-    QBTabMgr::db().deleteBlock(block);
-  if (source) source->stopRecord();
-  m_decoding.reset();
-  m_scratch = nullptr;
-  m_recorder.reset();
-  m_analyser.reset();
+/// The job stays listed; what it has read of the file need not.
+void QBCmdImportSong::dropHearing() {
+  if (m_hearing) m_hearing->dropSound();
+  m_hearing.reset();
   m_mark.reset();
 }
 
@@ -302,12 +264,12 @@ void QBCmdImportSong::dropSong() {
   QBTabMgr::db().loadAlbums();
 }
 
-bool QBCmdImportSong::atEnd() const { return !m_analyser || m_analyser->atEnd(); }
+bool QBCmdImportSong::atEnd() const { return !m_hearing || m_hearing->atEnd(); }
 
 /// Whether there was one.
 bool QBCmdImportSong::takeNextChord() {
-  const bool taken = m_recorder->nextChord() != nullptr;
-  const double share = m_analyser->progress();
+  const bool taken = m_hearing->next() != nullptr;
+  const double share = m_hearing->progress();
   m_percent = static_cast<int>(kAll * share);
   if (m_listener) m_listener(share);
   return taken;

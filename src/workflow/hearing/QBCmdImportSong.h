@@ -15,9 +15,7 @@ namespace korvel {
 namespace platform {
 class UndoGroup;
 }
-class QBChordAnalyser;
-class QBMediaTrack;
-class QBRecorder;
+class Hearing;
 class QBTuning;
 class SongInWork;
 
@@ -64,7 +62,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void storeRenewed() override;
   /// Type and name without a blank between them: the form that the job list shows.
   std::string fullTitle() const override { return m_type + m_name; }
-  bool usesAsScratch(const QBSong& song) const override { return m_scratch == &song; }
+  bool usesAsScratch(const QBSong& song) const override;
   const std::string& file() const { return m_file; }
   QBSong* newSong() const;
   /// The end of the file was not heard.
@@ -77,21 +75,20 @@ class QBCmdImportSong final : public QBCmdAlbum {
 
  private:
   void begin();
-  void hearBlocks();
-  void hearPrecisely();
+  std::unique_ptr<Hearing> hearing() const;
   bool step();
   void rest();
-  void decodeNextBlock();
-  bool atEnd() const;
-  bool takeNextChord();
-  void takeChords();
   bool hearsMore();
   bool waitsForStore(bool hearsMore) const;
+  bool atEnd() const;
+  void takeChords();
+  bool takeNextChord();
+  bool isSaveDue() const;
   bool finishSome();
   void finishNow();
   platform::Slices finish();
   void abandon();
-  void dropBuffers();
+  void dropHearing();
   void dropSong();
 
   std::string m_file;
@@ -102,14 +99,10 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool m_ownsAlbum = false;
   bool m_cutShort = false;
   platform::Ref<QBTuning> m_tuning;
-  std::shared_ptr<QBMediaTrack> m_decoding;  ///< While a stepped import decodes its file.
-  std::shared_ptr<QBChordAnalyser> m_analyser;
-  std::unique_ptr<QBRecorder> m_recorder;
+  std::unique_ptr<Hearing> m_hearing;  ///< From `prepare` until the tablature is drawn.
   std::unique_ptr<SongInWork> m_mark;
   std::size_t m_unsaved = 0;  ///< Chords.
-  bool m_endsEarly = false;
   platform::Slices m_finishing;
-  platform::Ref<QBSong> m_scratch;  ///< The recorder's.
   std::function<void(double)> m_listener;
   std::function<void()> m_finished;
   std::shared_ptr<platform::UndoGroup> m_undo;

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/hearing/Detection.h"
+
+#include "audio/MonoTrack.h"
+#include "recording/hearing/ClassicHearing.h"
+#include "recording/hearing/PreciseHearing.h"
+
+namespace korvel {
+namespace {
+
+using Reading = Hearing::Reading;
+using Made = std::unique_ptr<Hearing>;
+
+constexpr Detection kClassic{.needsInstrument = true,
+                             .ofFile = [](const std::filesystem::path& file, Reading reading,
+                                          const HearingTask& task) -> Made {
+                               return std::make_unique<ClassicHearing>(file, reading, task);
+                             },
+                             .ofSound = nullptr};
+
+constexpr Detection kPrecise{
+    .needsInstrument = false,
+    .ofFile = [](const std::filesystem::path& file, Reading, const HearingTask& task) -> Made {
+      return std::make_unique<PreciseHearing>(std::make_shared<MonoTrack>(file), task);
+    },
+    .ofSound = [](std::shared_ptr<QBSampleSource> sound, const HearingTask& task) -> Made {
+      return std::make_unique<PreciseHearing>(std::move(sound), task);
+    }};
+
+}  // namespace
+
+const Detection& detectionOf(ImportDetection chosen) {
+  return chosen == ImportDetection::classic ? kClassic : kPrecise;
+}
+
+}  // namespace korvel
