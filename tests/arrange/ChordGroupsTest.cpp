@@ -48,6 +48,7 @@ const Case kCases[] = {
     // Once the second chord has matched, those that do not are passed over, and the second-to-last
     // is still looked at.
     {"scanning goes on after a match", "AAABCDD", "1: 1 2 6 ", "1=1 4=2 5=3 "},
+    {"the last chord joins no group", "ABABAA", "", "1=1 5=2 6=3 "},
     // The first B that is skipped belongs to the A's; the start itself is then among its later
     // occurrences and everything after it matches.
     {"an older chord takes the first place", "ABCABCDDBEFG", "1: 1 2 3 2: 9 10 11 ",

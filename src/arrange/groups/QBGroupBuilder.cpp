@@ -50,12 +50,12 @@ void QBGroupBuilder::scanGroups() {
 }
 
 void QBGroupBuilder::scan(int start, QBGroupIndex& index, const std::shared_ptr<QBGroup>& group) {
-  const int count = static_cast<int>(m_song->allChords().size());
+  const int last = static_cast<int>(m_song->allChords().size()) - 1;
   // The flag stays set once a chord has matched: later chords are then looked at even if they
   // match nothing, up to the second-to-last one.
   bool matched = false;
-  for (int at = start + 1; at < count; ++at)
-    if (!extend(start, at, index, group, matched) || !matched || at >= count - 2) return;
+  for (int at = start + 1; at < last; ++at)
+    if (!extend(start, at, index, group, matched) || !matched) return;
 }
 
 /// Compares the chord at an index with those as far behind the later occurrences of the start's
