@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
+#include "platform/sqlite/StoreError.h"
 #include "support/ScratchFolder.h"
 
 namespace korvel::platform {
@@ -23,6 +26,20 @@ TEST(SqliteStatement, keepsTextsAndBytesWithZeros) {
   EXPECT_EQ(select.text(0), text);
   ASSERT_EQ(select.blob(1).size(), 2U);
   EXPECT_EQ(select.blob(1)[1], std::byte{255});
+}
+
+TEST(SqliteStatement, namesItsFileWhenItsDatabaseHasMoved) {
+  test::ScratchFolder folder;
+  SqliteDatabase opened(folder.file("a.sqlite"), SqliteDatabase::Mode::create);
+  opened.execute("CREATE TABLE t(a NOT NULL)");
+  auto insert = opened.prepare("INSERT INTO t VALUES(?)");
+  const SqliteDatabase kept = std::move(opened);
+  try {
+    insert.run();
+    FAIL() << "a row without its value was written";
+  } catch (const StoreError& error) {
+    EXPECT_EQ(error.file(), kept.file());
+  }
 }
 
 }  // namespace

@@ -72,8 +72,6 @@ std::string problemOf(int code, const std::string& doing, const char* message) {
       return "the store is in use by another program; close that one first";
     case StoreError::Reason::damaged:
       return "the store is damaged (" + std::string(message) + "); restore a backup of it";
-    case StoreError::Reason::notAStore:
-      return "not a Korvel store; move it away or choose another file";
     default:
       return doing + ": " + message + adviceFor(code);
   }
@@ -81,31 +79,50 @@ std::string problemOf(int code, const std::string& doing, const char* message) {
 
 }  // namespace
 
-void SqliteDatabase::Close::operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
+/// An open file and its name, which a database and its statements share.
+class SqliteDatabase::Connection {
+ public:
+  Connection(std::string file, Mode mode) : m_file(std::move(file)) {
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(nameFor(m_file, mode).c_str(), &opened,
+                                       openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
+    m_handle.reset(opened);
+    if (result != SQLITE_OK) fail("cannot open the store");
+    sqlite3_extended_result_codes(opened, 1);
+  }
 
-SqliteDatabase::SqliteDatabase(std::string file, Mode mode) : m_file(std::move(file)) {
-  sqlite3* connection = nullptr;
-  const int result = sqlite3_open_v2(nameFor(m_file, mode).c_str(), &connection,
-                                     openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
-  m_connection.reset(connection);
-  if (result != SQLITE_OK) fail("cannot open the store");
-  sqlite3_extended_result_codes(connection, 1);
-}
+  sqlite3* handle() const { return m_handle.get(); }
+  const std::string& file() const { return m_file; }
+
+  /// Throws what SQLite says about its last call.
+  [[noreturn]] void fail(const std::string& doing) const {
+    const int code = m_handle ? sqlite3_errcode(handle()) : SQLITE_NOMEM;
+    const char* message = m_handle ? sqlite3_errmsg(handle()) : "out of memory";
+    if (reasonOf(code) == StoreError::Reason::notAStore) throw StoreError::notAStore(m_file);
+    throw StoreError(reasonOf(code), m_file, problemOf(code, doing, message));
+  }
+
+ private:
+  struct Close {
+    void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+  };
+  std::string m_file;
+  std::unique_ptr<sqlite3, Close> m_handle;
+};
+
+SqliteDatabase::SqliteDatabase(std::string file, Mode mode)
+    : m_connection(std::make_shared<const Connection>(std::move(file), mode)) {}
 
 SqliteDatabase::~SqliteDatabase() = default;
 
-void SqliteDatabase::fail(const std::string& doing) const {
-  const int code = m_connection ? sqlite3_errcode(m_connection.get()) : SQLITE_NOMEM;
-  const char* message = m_connection ? sqlite3_errmsg(m_connection.get()) : "out of memory";
-  throw StoreError(reasonOf(code), m_file, problemOf(code, doing, message));
-}
+const std::string& SqliteDatabase::file() const { return m_connection->file(); }
 
 void SqliteDatabase::execute(const std::string& sql) {
-  if (sqlite3_exec(m_connection.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-    fail("cannot change the store");
+  if (sqlite3_exec(m_connection->handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    m_connection->fail("cannot change the store");
 }
 
-void SqliteDatabase::interrupt() { sqlite3_interrupt(m_connection.get()); }
+void SqliteDatabase::interrupt() { sqlite3_interrupt(m_connection->handle()); }
 
 SqliteStatement SqliteDatabase::prepare(const std::string& sql) { return {*this, sql}; }
 
@@ -127,12 +144,13 @@ std::vector<std::string> SqliteDatabase::column(const std::string& sql) {
 }
 
 void SqliteDatabase::copyTo(SqliteDatabase& target) {
+  const Connection& copy = *target.m_connection;
   sqlite3_backup* backup =
-      sqlite3_backup_init(target.m_connection.get(), "main", m_connection.get(), "main");
-  if (!backup) target.fail("cannot write the copy");
+      sqlite3_backup_init(copy.handle(), "main", m_connection->handle(), "main");
+  if (!backup) copy.fail("cannot write the copy");
   const int copied = sqlite3_backup_step(backup, -1);
   const int finished = sqlite3_backup_finish(backup);
-  if (copied != SQLITE_DONE || finished != SQLITE_OK) target.fail("cannot write the copy");
+  if (copied != SQLITE_DONE || finished != SQLITE_OK) copy.fail("cannot write the copy");
 }
 
 void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
@@ -140,16 +158,16 @@ void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
 }
 
 SqliteStatement::SqliteStatement(const SqliteDatabase& database, const std::string& sql)
-    : m_database(&database) {
+    : m_connection(database.m_connection) {
   sqlite3_stmt* statement = nullptr;
   const int result =
-      sqlite3_prepare_v2(database.m_connection.get(), sql.c_str(), -1, &statement, nullptr);
+      sqlite3_prepare_v2(m_connection->handle(), sql.c_str(), -1, &statement, nullptr);
   m_statement.reset(statement);
   check(result);
 }
 
 void SqliteStatement::check(int result) const {
-  if (result != SQLITE_OK) m_database->fail("cannot read the store");
+  if (result != SQLITE_OK) m_connection->fail("cannot read the store");
 }
 
 void SqliteStatement::bindNull(int index) {
@@ -183,7 +201,7 @@ void SqliteStatement::bind(int index, std::span<const std::byte> value) {
 bool SqliteStatement::step() {
   const int result = sqlite3_step(m_statement.get());
   if (result == SQLITE_ROW) return true;
-  if (result != SQLITE_DONE) m_database->fail("cannot read or write the store");
+  if (result != SQLITE_DONE) m_connection->fail("cannot read or write the store");
   return false;
 }
 

@@ -9,7 +9,6 @@
 #include <string_view>
 #include <vector>
 
-struct sqlite3;
 struct sqlite3_stmt;
 
 namespace korvel::platform {
@@ -29,8 +28,10 @@ class SqliteDatabase {
   };
 
   SqliteDatabase(std::string file, Mode mode);
+  /// The connection passes to the new object, and the statements stay with it.
   SqliteDatabase(SqliteDatabase&&) noexcept = default;
   SqliteDatabase& operator=(SqliteDatabase&&) noexcept = default;
+  /// Closes the file once the last statement is gone too.
   ~SqliteDatabase();
 
   /// Runs statements that answer no rows.
@@ -47,16 +48,12 @@ class SqliteDatabase {
   /// Copies the whole content into another database, replacing what is there.
   void copyTo(SqliteDatabase& target);
 
-  const std::string& file() const { return m_file; }
-  [[noreturn]] void fail(const std::string& doing) const;
+  const std::string& file() const;
 
  private:
   friend class SqliteStatement;
-  struct Close {
-    void operator()(sqlite3* connection) const;
-  };
-  std::string m_file;
-  std::unique_ptr<sqlite3, Close> m_connection;
+  class Connection;
+  std::shared_ptr<const Connection> m_connection;
 };
 
 /// A prepared statement. Parameters and columns count from 0.
@@ -88,7 +85,7 @@ class SqliteStatement {
   struct Finalize {
     void operator()(sqlite3_stmt* statement) const;
   };
-  const SqliteDatabase* m_database;
+  std::shared_ptr<const SqliteDatabase::Connection> m_connection;
   std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
 };
 

@@ -3,6 +3,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace korvel::platform {
 
@@ -19,6 +20,12 @@ class StoreError : public std::runtime_error {
 
   StoreError(Reason reason, std::string file, const std::string& problem)
       : std::runtime_error(file + ": " + problem), m_reason(reason), m_file(std::move(file)) {}
+
+  /// For a file that is something else than a Korvel store.
+  static StoreError notAStore(std::string file) {
+    return {Reason::notAStore, std::move(file),
+            "not a Korvel store; move it away or choose another file"};
+  }
 
   Reason reason() const { return m_reason; }
   const std::string& file() const { return m_file; }

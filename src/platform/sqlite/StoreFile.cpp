@@ -110,17 +110,14 @@ void StoreFile::inspectHeader() const {
   using Reason = StoreError::Reason;
   std::error_code error;
   if (!isThere(m_path)) throw StoreError(Reason::failed, m_path, "there is no such store");
-  if (!fs::is_regular_file(m_path, error))
-    throw StoreError(Reason::notAStore, m_path,
-                     "not a Korvel store; move it away or choose another file");
+  if (!fs::is_regular_file(m_path, error)) throw StoreError::notAStore(m_path);
   std::array<char, kHeaderSize> header{};
   std::ifstream file(m_path, std::ios::binary);
   if (!file) throw StoreError(Reason::failed, m_path, "the store cannot be read; check its rights");
   file.read(header.data(), header.size());
   if (file.gcount() != kHeaderSize || std::string_view(header.data(), kMagic.size()) != kMagic ||
       bigEndian(header, kApplicationIdAt) != m_format.applicationId)
-    throw StoreError(Reason::notAStore, m_path,
-                     "not a Korvel store; move it away or choose another file");
+    throw StoreError::notAStore(m_path);
   if (bigEndian(header, kUserVersionAt) > m_format.version)
     throw StoreError(Reason::newer, m_path,
                      "the store was written by a newer Korvel; update the program to open it");
