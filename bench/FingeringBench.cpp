@@ -22,7 +22,8 @@ void strum(std::string_view shape, double at, std::vector<Note>& notes) {
   const double end = at + 1.1 * kSecondsOfStrum;
   for (std::size_t s = 0; s < shape.size(); ++s) {
     if (shape[s] == 'x') continue;
-    notes.push_back({.onset = at, .end = end, .pitch = kStandardTuning[s] + shape[s] - '0'});
+    notes.push_back(
+        {.onset = at, .end = end, .pitch = korvel::kStandardPitches[s] + shape[s] - '0'});
     at += kSecondsBetweenStrings;
   }
 }
@@ -38,7 +39,7 @@ std::vector<Note> strumming(double seconds) {
 /// To be under a second for the hour, and to grow no faster than the recording.
 void fingerStrumming(benchmark::State& state) {
   const std::vector<Note> heard = strumming(60.0 * static_cast<double>(state.range(0)));
-  const Fingering fingering(kStandardTuning, {});
+  const Fingering fingering(korvel::kStandardPitches, {});
   for (auto _ : state) {
     std::vector<Note> notes = heard;
     fingering.place(notes);

@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
     }
     result = engine.take();
   });
-  measure(fingering, [&] { precise::Fingering(precise::kStandardTuning, {}).place(result.notes); });
+  measure(fingering, [&] { precise::Fingering(kStandardPitches, {}).place(result.notes); });
   print("sound", samples / 44100);
   print("decode", decoding);
   print("hear", hearing);

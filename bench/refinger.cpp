@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
   korvel::cli::addDetectionFlags(app, settings);
   CLI11_PARSE(app, argc, argv);
   try {
-    const Fingering fingering(kStandardTuning, settings.fingering);
+    const Fingering fingering(korvel::kStandardPitches, settings.fingering);
     for (const auto& file : files)
       korvel::platform::writeAtomically(folder / file.filename(),
                                         refingered(file, fingering).dump(1));

@@ -21,11 +21,10 @@ constexpr int kSoundingTicksOfStep = kTicksOfStep * 95 / 100;
 constexpr int kStepsOfUnsetTone = 2;
 constexpr int kVelocity = 50;
 constexpr int kRelease = 20;
-/// No tone is longer, whatever a store says.
-constexpr int kLongest = 16384;
 
 int stepsOf(const QBTone& tone) {
-  return tone.duration() == 0 ? kStepsOfUnsetTone : std::clamp(tone.duration(), 1, kLongest);
+  return tone.duration() == 0 ? kStepsOfUnsetTone
+                              : std::clamp(tone.duration(), 1, kLongestDuration);
 }
 
 void addTones(std::vector<MidiNote>& notes, const QBHold& hold, const std::vector<int>& open,

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::string_view kLetters = "CDEFGAB";
 constexpr int kSteps[] = {0, 2, 4, 5, 7, 9, 11};
-constexpr int kLastMidiNote = 127;
 constexpr int kOctaveOfNote0 = -1;
 
 /// The number that the whole text is.
@@ -45,7 +44,7 @@ std::optional<int> named(std::string_view text) {
 std::optional<int> midiNote(std::string_view text) {
   const std::optional<int> given = number(text);
   const std::optional<int> note = given ? given : named(text);
-  return note && *note >= 0 && *note <= kLastMidiNote ? note : std::nullopt;
+  return note && *note >= 0 && *note <= kHighestNote ? note : std::nullopt;
 }
 
 std::string noteName(int midi) {

@@ -14,6 +14,9 @@ inline constexpr double kSemitoneExact = 1.059463094359295;
 
 inline constexpr int kNotesPerOctave = 12;
 
+/// The highest MIDI number; the lowest is 0.
+inline constexpr int kHighestNote = 127;
+
 /// The pitch class of a note, 0..11 also for negative ones.
 constexpr int pitchClass(int note) {
   return (note % kNotesPerOctave + kNotesPerOctave) % kNotesPerOctave;

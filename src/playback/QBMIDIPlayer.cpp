@@ -9,6 +9,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "music/Pitch.h"
 #include "playback/Metronome.h"
 
 namespace korvel {
@@ -19,7 +20,6 @@ constexpr int kReleaseVelocity = 20;
 /// Notes end a little before the next chord.
 constexpr double kSounding = 0.95;
 constexpr double kStepsOfUnsetTone = 2.0;
-constexpr int kHighestNote = 127;
 constexpr std::uint8_t kProgramChange = 0xC0;
 
 double stepsOf(const QBTone& tone) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "platform/sound/SampleRate.h"
 #include "precise/Note.h"
 #include "precise/seeing/FrameTable.h"
 
@@ -16,7 +17,7 @@ struct Analysis {
   static constexpr int kLowestPitch = 38;
   static constexpr int kPitches = 50;
   /// Seconds from one frame to the next. Frame t is centred at t * kHopSeconds.
-  static constexpr double kHopSeconds = 256.0 / 22050.0;
+  static constexpr double kHopSeconds = 256 / (platform::kSampleRate / 2.0);
 
   /// By onset, equal onsets by pitch.
   std::vector<Note> notes;

@@ -69,7 +69,7 @@ struct Grip {
 
 /// To a free string that plays it open or within reach of the hand, if there is one; of those to
 /// the nearest.
-void moveTo(Places& places, Share share, const OpenStrings& open, const FingeringOptions& options) {
+void moveTo(Places& places, Share share, const OpenPitches& open, const FingeringOptions& options) {
   const Grip grip(places, options.capo);
   std::optional<int> nearest;
   for (std::size_t s = 0; s < places.size(); ++s) {
@@ -113,7 +113,7 @@ class Block {
 };
 
 /// One a string. Those that were fingered there come before any that is moved.
-Places placesOf(const std::vector<Share>& shares, const OpenStrings& open,
+Places placesOf(const std::vector<Share>& shares, const OpenPitches& open,
                 const FingeringOptions& options) {
   Places places;
   std::vector<Share> others;
@@ -164,7 +164,7 @@ void add(const Note& note, const Analysis& analysis, std::span<Block> blocks) {
 }  // namespace
 
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
-                                 std::size_t samples, const OpenStrings& open,
+                                 std::size_t samples, const OpenPitches& open,
                                  const FingeringOptions& options) {
   std::vector<BlockTones> found;
   gatherBlocks(analysis, notes, samples, open, options, found).finish();
@@ -172,7 +172,7 @@ std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note>
 }
 
 platform::Slices gatherBlocks(const Analysis& analysis, std::span<const Note> notes,
-                              std::size_t samples, const OpenStrings& open,
+                              std::size_t samples, const OpenPitches& open,
                               const FingeringOptions& options, std::vector<BlockTones>& found) {
   std::vector<Block> blocks((samples + kBlockSamples - 1) / kBlockSamples);
   for (const Note& note : notes) {

@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "model/songs/ChordStep.h"
+#include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Analysis.h"
 #include "precise/Note.h"
@@ -12,8 +14,8 @@
 
 namespace korvel::precise {
 
-/// Samples of a block at 44100 a second: what one chord of a song stands for.
-inline constexpr std::size_t kBlockSamples = 16384;
+/// Samples of a block: what one chord of a song stands for.
+inline constexpr std::size_t kBlockSamples = kSamplesOfChord;
 
 /// What sounds on a string in a block.
 struct BlockTone {
@@ -38,11 +40,11 @@ using BlockTones = std::vector<BlockTone>;
 /// notes: with strings and frets; those without are left out. samples: length of the recording at
 /// 44100 a second. open, options: of the guitar, as the notes were fingered.
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
-                                 std::size_t samples, const OpenStrings& open,
+                                 std::size_t samples, const OpenPitches& open,
                                  const FingeringOptions& options);
 /// The same, a little at a time, into `found`; all that is named has to live meanwhile.
 platform::Slices gatherBlocks(const Analysis& analysis, std::span<const Note> notes,
-                              std::size_t samples, const OpenStrings& open,
+                              std::size_t samples, const OpenPitches& open,
                               const FingeringOptions& options, std::vector<BlockTones>& found);
 
 }  // namespace korvel::precise

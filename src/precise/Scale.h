@@ -2,9 +2,10 @@
 #pragma once
 
 #include <array>
-#include <cmath>
 #include <cstddef>
 
+#include "music/ConcertPitch.h"
+#include "platform/sound/SampleRate.h"
 #include "precise/Analysis.h"
 
 /// The units that the parts of the precise detection share: frames of time, pitches, bins of
@@ -15,7 +16,7 @@ namespace korvel::precise {
 using Frame = std::ptrdiff_t;
 
 /// Samples per second of what the detection is given, and of what it looks at.
-inline constexpr double kInputRate = 44100;
+inline constexpr double kInputRate = platform::kSampleRate;
 inline constexpr double kRate = kInputRate / 2;
 /// Samples at kRate from one frame to the next.
 inline constexpr std::size_t kHop = 256;
@@ -33,13 +34,10 @@ inline constexpr std::size_t kOnsetBins = 80;
 using BinRow = std::array<float, kBins>;
 using OnsetRow = std::array<float, kOnsetBins>;
 
-/// Frequency of a MIDI number.
-inline double hz(double midi) { return 440.0 * std::exp2((midi - 69.0) / 12.0); }
-
 /// Frequency of a bin of a scale, bin 0 a semitone below the lowest pitch.
 inline double binCentre(std::size_t bin, std::size_t binsPerSemitone) {
-  return hz(Analysis::kLowestPitch - 1 +
-            static_cast<double>(bin) / static_cast<double>(binsPerSemitone));
+  return hertzOfNote(Analysis::kLowestPitch - 1 +
+                     static_cast<double>(bin) / static_cast<double>(binsPerSemitone));
 }
 
 /// The bin of a pitch's fundamental; pitches count from 0 here.

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/Transcription.h"
 
-#include <cmath>
 #include <utility>
 
 #include "audio/QBSampleSource.h"
 #include "model/instruments/QBString.h"
 #include "model/instruments/QBTuning.h"
+#include "music/ConcertPitch.h"
 #include "platform/loop/Deadline.h"
 
 namespace korvel::precise {
@@ -21,19 +21,17 @@ constexpr int kPartsOfStep = 20;
 constexpr double kShareOfReading = 0.25;
 constexpr double kShareOfHearing = 0.7;
 
-int midiOf(double hertz) { return static_cast<int>(std::lround(69 + 12 * std::log2(hertz / 440))); }
-
 }  // namespace
 
-OpenStrings openStringsOf(QBTuning& tuning) {
-  OpenStrings open{};
+OpenPitches openStringsOf(QBTuning& tuning) {
+  OpenPitches open{};
   for (int string = 0; string < kStrings; ++string)
     open[static_cast<std::size_t>(string)] =
-        midiOf(tuning.findStringByPosition(string)->frequency());
+        noteOfHertz(tuning.findStringByPosition(string)->frequency());
   return open;
 }
 
-Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenStrings& open,
+Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
                              const Settings& settings)
     : m_source(std::move(source)),
       m_engine(settings.sensitivity),

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 
+#include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Analysis.h"
 #include "precise/Engine.h"
@@ -19,14 +20,14 @@ namespace korvel::precise {
 
 /// The pitches that a tuning's strings sound at, to the nearest semitone. Throws std::out_of_range
 /// for a tuning of fewer than six strings.
-OpenStrings openStringsOf(QBTuning& tuning);
+OpenPitches openStringsOf(QBTuning& tuning);
 
 /// A recording on its way to notes with strings and frets: reads the source, detects the notes and
 /// fingers them, a slice at each step. To cancel, destroy it. Not to be moved between steps.
 class Transcription {
  public:
   /// The source is to deliver samples (`readSamples`) by the time of the first step.
-  Transcription(std::shared_ptr<QBSampleSource> source, const OpenStrings& open,
+  Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
                 const Settings& settings);
 
   /// A few hundredths of a second of work; false when all is done.

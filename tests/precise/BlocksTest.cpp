@@ -34,7 +34,7 @@ Analysis decaying() {
 }
 
 std::vector<BlockTones> heard(const std::vector<Note>& notes) {
-  return blocksOf(decaying(), notes, kSamples, kStandardTuning, {});
+  return blocksOf(decaying(), notes, kSamples, kStandardPitches, {});
 }
 
 std::string shapesOf(const std::vector<BlockTones>& blocks) {
@@ -57,7 +57,7 @@ TEST(Blocks, haveTheTonesThatCoverThem) {
   EXPECT_EQ(shapesOf(heard(notes)), "x0xxxx x0xxxx xx0xxx xxxxxx ");
   // What the recording has of its last block is what counts.
   EXPECT_EQ(shapesOf(heard({note(40, 3.05, 3.2, 0, 0)})), "xxxxxx xxxxxx xxxxxx 0xxxxx ");
-  EXPECT_TRUE(blocksOf({}, {}, 0, kStandardTuning, {}).empty());
+  EXPECT_TRUE(blocksOf({}, {}, 0, kStandardPitches, {}).empty());
 }
 
 TEST(Blocks, haveOneToneAString) {

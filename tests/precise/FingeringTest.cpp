@@ -11,7 +11,7 @@
 namespace korvel::precise {
 namespace {
 
-constexpr OpenStrings kDropD{38, 45, 50, 55, 59, 64};
+constexpr OpenPitches kDropD{38, 45, 50, 55, 59, 64};
 constexpr Position kOpen{Position::Kind::open};
 constexpr Position around(int fret) { return {Position::Kind::around, fret}; }
 
@@ -22,7 +22,7 @@ Note note(double onset, double seconds, int pitch) {
 }
 
 /// A chord drawn as guitarists do, lowest string first, strummed from there.
-Notes strum(const std::string& shape, const OpenStrings& open, double at, double seconds = 1,
+Notes strum(const std::string& shape, const OpenPitches& open, double at, double seconds = 1,
             double perString = 0.015) {
   Notes notes;
   for (std::size_t s = 0; s < shape.size(); ++s)
@@ -42,7 +42,7 @@ std::string drawn(std::span<const Note> notes) {
 }
 
 /// The shapes that are found for the pitches of the shapes.
-std::vector<std::string> refound(const std::vector<std::string>& shapes, const OpenStrings& open,
+std::vector<std::string> refound(const std::vector<std::string>& shapes, const OpenPitches& open,
                                  const FingeringOptions& options = {}, double seconds = 1) {
   Notes all;
   for (const auto& shape : shapes)
@@ -69,7 +69,7 @@ Notes line(const std::vector<int>& pitches) {
 /// "string:fret" of each note of a melody.
 std::string played(const std::vector<int>& pitches, const FingeringOptions& options) {
   Notes notes = line(pitches);
-  Fingering(kStandardTuning, options).place(notes);
+  Fingering(kStandardPitches, options).place(notes);
   std::string text;
   for (const Note& n : notes)
     text += (text.empty() ? "" : " ") + std::to_string(n.string) + ':' + std::to_string(n.fret);
@@ -82,25 +82,25 @@ TEST(FingeringTest, findsTheShapesThatGuitaristsLearnFirst) {
   const std::vector<std::string> shapes{"x02210", "x32010", "320003", "xx0232", "022100", "133211",
                                         "x24432", "x02020", "020100", "xx0231", "577655", "x35553",
                                         "x32310", "x21202", "xx3210", "x32000", "355433", "xx0212"};
-  EXPECT_EQ(refound(shapes, kStandardTuning), shapes);
-  EXPECT_EQ(refound(shapes, kStandardTuning, {}, 5.0), shapes) << "each rings into the next two";
+  EXPECT_EQ(refound(shapes, kStandardPitches), shapes);
+  EXPECT_EQ(refound(shapes, kStandardPitches, {}, 5.0), shapes) << "each rings into the next two";
   EXPECT_EQ(refound({"000xxx", "222xxx", "555xxx", "x022xx", "000232"}, kDropD),
             (std::vector<std::string>{"000xxx", "222xxx", "555xxx", "x022xx", "000232"}));
-  const OpenStrings openG{38, 43, 50, 55, 59, 62};
+  const OpenPitches openG{38, 43, 50, 55, 59, 62};
   EXPECT_EQ(refound({"000000", "555555", "x02010"}, openG),
             (std::vector<std::string>{"000000", "555555", "x02010"}));
-  const OpenStrings nashville{52, 57, 62, 67, 59, 64};
+  const OpenPitches nashville{52, 57, 62, 67, 59, 64};
   EXPECT_EQ(refound({"x0221x", "xx0232"}, nashville),
             (std::vector<std::string>{"x0221x", "xx0232"}));
 }
 
 TEST(FingeringTest, leavesADoubtfulNoteOfAChordThatNoHandCouldPlay) {
   // An octave that is not there, heard in a slow strum, takes the string of the G.
-  Notes chord = strum("x02020", kStandardTuning, 0, 2, 0.025);
+  Notes chord = strum("x02020", kStandardPitches, 0, 2, 0.025);
   Note octave = note(0.02, 0.6, 57);
   octave.probability = 0.6F;
   chord.push_back(octave);
-  Fingering(kStandardTuning, {}).place(chord);
+  Fingering(kStandardPitches, {}).place(chord);
   EXPECT_EQ(chord.back().string, -1);
   EXPECT_EQ(drawn(chord), "x02020");
 }
@@ -146,22 +146,22 @@ TEST(FingeringTest, capoMovesEverythingUp) {
   EXPECT_EQ(played(raised, {.capo = 5, .position = kOpen}),
             "1:8 2:5 2:7 2:8 3:5 3:7 4:5 4:6 4:8 5:5 5:6 5:8");
   EXPECT_EQ(played({41, 42, 76, 77}, {.capo = 2}), "-1:-1 0:2 5:12 -1:-1");
-  EXPECT_EQ(refound({"xx2454", "x24432"}, kStandardTuning, {.capo = 2}),
+  EXPECT_EQ(refound({"xx2454", "x24432"}, kStandardPitches, {.capo = 2}),
             (std::vector<std::string>{"xx2454", "x24432"}));
 }
 
 TEST(FingeringTest, leavesOutWhatTheGuitarHasNot) {
   EXPECT_EQ(played({39, 40, 76, 77, 88, 89}, {}), "-1:-1 0:0 5:12 -1:-1 -1:-1 -1:-1");
   EXPECT_EQ(played({88, 89}, {.frets = 24}), "5:24 -1:-1");
-  Notes seven = strum("022100", kStandardTuning, 0);
+  Notes seven = strum("022100", kStandardPitches, 0);
   for (Note& n : seven) n.onset = 0;
   seven.insert(seven.begin() + 2, note(0.001, 1, 61));
   seven[2].strength = 0.1F;
-  Fingering(kStandardTuning, {}).place(seven);
+  Fingering(kStandardPitches, {}).place(seven);
   EXPECT_EQ(seven[2].string, -1);
   EXPECT_EQ(drawn(seven), "022100");
   Notes none;
-  Fingering(kStandardTuning, {}).place(none);
+  Fingering(kStandardPitches, {}).place(none);
 }
 
 /// Whatever the notes are, what is said of them can be played.

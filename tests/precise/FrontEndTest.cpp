@@ -33,7 +33,7 @@ TEST(FrontEnd, showsEveryPitchInItsBinAtItsLevel) {
     FrontEnd frontEnd(tuning);
     for (std::size_t pitch = 0; pitch < kPitches; pitch += 3) {
       const double midi = static_cast<double>(pitch) + Analysis::kLowestPitch + tuning / 100;
-      const Recording recording = sineAt(hz(midi));
+      const Recording recording = sineAt(hertzOfNote(midi));
       frontEnd.look(recording, 64);
       for (const std::size_t which : {0U, 1U}) {
         const BinRow& bins = frontEnd.spectrum(which);
@@ -54,7 +54,7 @@ TEST(FrontEnd, seesHighPitchesStartLaterThanLowOnes) {
   // which must take nothing from the other.
   const auto levelBefore = [&](std::size_t pitch, Frame frames) {
     const auto onset = static_cast<Frame>(kRate / 2) / static_cast<Frame>(kHop);
-    frontEnd.look(sineAt(hz(static_cast<double>(pitch) + Analysis::kLowestPitch)),
+    frontEnd.look(sineAt(hertzOfNote(static_cast<double>(pitch) + Analysis::kLowestPitch)),
                   onset - frames - 1);
     return frontEnd.spectrum(1)[fundamentalBin(pitch)];
   };

@@ -12,11 +12,11 @@ namespace {
 
 TEST(Transcription, tuningsSoundAtTheirFrequencies) {
   const test::StandardStore store;
-  EXPECT_EQ(openStringsOf(*store.standard()), kStandardTuning);
-  EXPECT_EQ(openStringsOf(*store.dropD()), (OpenStrings{38, 45, 50, 55, 59, 64}));
+  EXPECT_EQ(openStringsOf(*store.standard()), kStandardPitches);
+  EXPECT_EQ(openStringsOf(*store.dropD()), (OpenPitches{38, 45, 50, 55, 59, 64}));
   QBTuning* openG = QBTabMgr::db().createTuning("G", 3);
   openG->createOpenGStrings();
-  EXPECT_EQ(openStringsOf(*openG), (OpenStrings{31, 47, 50, 55, 59, 62}));
+  EXPECT_EQ(openStringsOf(*openG), (OpenPitches{31, 47, 50, 55, 59, 62}));
 }
 
 TEST(Transcription, hearsAFileStepByStep) {
@@ -25,7 +25,7 @@ TEST(Transcription, hearsAFileStepByStep) {
   test::writeWav(file, test::play({{{}, 0.5}, {test::notesOf("x32010"), 30}}));
   const auto track = std::make_shared<MonoTrack>(file);
   track->startRecord(0);
-  Transcription heard(track, kStandardTuning, {});
+  Transcription heard(track, kStandardPitches, {});
   int steps = 0;
   for (double last = 0; heard.step(); last = heard.progress(), ++steps)
     EXPECT_GE(heard.progress(), last);

@@ -12,7 +12,7 @@ namespace {
 using precise::Note;
 
 Note note(double onset, double end, int string, int fret, float strength = 1) {
-  const int open = string < 0 ? 38 : precise::kStandardTuning[static_cast<std::size_t>(string)];
+  const int open = string < 0 ? 38 : kStandardPitches[static_cast<std::size_t>(string)];
   return {onset, end, open + std::max(fret, 0), string, fret, strength};
 }
 
@@ -44,7 +44,7 @@ TEST(NoteScore, findsTheTempoAndTheNoteValues) {
       }
     const NoteScore score(notes, std::nullopt);
     EXPECT_NEAR(score.tempo(), tempo, tempo * 0.002);
-    EXPECT_EQ(eventsOf(score.score("", precise::kStandardTuning)), expected) << tempo;
+    EXPECT_EQ(eventsOf(score.score("", kStandardPitches)), expected) << tempo;
   }
 }
 
@@ -52,14 +52,12 @@ TEST(NoteScore, gathersStrumsAndLeavesOutWhatNoStringHas) {
   const std::vector<Note> notes{note(1.00, 1.9, 0, 3),       note(1.04, 1.9, 1, 2),
                                 note(1.04, 1.9, 1, 3, 2.0F), note(1.5, 2, -1, -1),
                                 note(2.00, 2.01, 5, 0),      note(2.11, 2.2, 4, 1)};
-  EXPECT_EQ(eventsOf(NoteScore(notes, 60).score("", precise::kStandardTuning)),
-            " 4:0/3:1/3 1:4/1:5/0")
+  EXPECT_EQ(eventsOf(NoteScore(notes, 60).score("", kStandardPitches)), " 4:0/3:1/3 1:4/1:5/0")
       << "at 60 the last two are in one sixteenth";
-  EXPECT_EQ(eventsOf(NoteScore(notes, 120).score("", precise::kStandardTuning)),
-            " 8:0/3:1/3 1:5/0 1:4/1");
+  EXPECT_EQ(eventsOf(NoteScore(notes, 120).score("", kStandardPitches)), " 8:0/3:1/3 1:5/0 1:4/1");
   const NoteScore none({}, std::nullopt);
   EXPECT_EQ(none.tempo(), 120);
-  EXPECT_EQ(eventsOf(none.score("", precise::kStandardTuning)), "");
+  EXPECT_EQ(eventsOf(none.score("", kStandardPitches)), "");
 }
 
 TEST(NoteScore, keepsTheExactTimesInMidi) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/chords/QBChordAnalyser.h"
+#include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Blocks.h"
 #include "precise/Settings.h"
@@ -41,7 +42,7 @@ class PreciseAnalyser final : public QBChordAnalyser {
   void gather();
   void keepBlocks();
 
-  precise::OpenStrings m_open;
+  OpenPitches m_open;
   precise::Settings m_settings;
   std::unique_ptr<precise::Transcription> m_listening;  ///< None before and after.
   bool m_heard = false;

@@ -13,6 +13,7 @@
 #include "model/instruments/QBString.h"
 #include "model/instruments/QBTuning.h"
 #include "model/store/QBTabMgr.h"
+#include "music/ConcertPitch.h"
 #include "music/Pitch.h"
 
 namespace korvel {
@@ -65,11 +66,8 @@ Calibration::~Calibration() = default;
 QBTuning* Calibration::tuning() const { return m_tuning; }
 
 bool Calibration::canMeasure(QBTuning& tuning) {
-  constexpr float kConcertA = 440;
-  constexpr int kMidiOfConcertA = 69;
   for (int string = 0; string < kStrings; ++string) {
-    const float octaves = std::log2(tuning.computeFrequency(string, 0) / kConcertA);
-    const auto sounds = static_cast<int>(std::lround(octaves * kNotesPerOctave)) + kMidiOfConcertA;
+    const int sounds = noteOfHertz(tuning.computeFrequency(string, 0));
     if (sounds != tuning.largeToneOfString(string) + kMidiOfLargeTone0) return false;
   }
   return true;

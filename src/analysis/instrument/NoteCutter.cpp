@@ -5,7 +5,9 @@
 #include <cmath>
 #include <numeric>
 
+#include "music/ConcertPitch.h"
 #include "music/Pitch.h"
+#include "platform/sound/SampleRate.h"
 
 namespace korvel {
 namespace {
@@ -56,14 +58,12 @@ std::size_t endOfNote(const Levels& levels, std::size_t begin, float threshold) 
 
 constexpr std::size_t kStep = 4;        // of the samples that are looked at
 constexpr std::size_t kSmoothing = 12;  // samples that make one of them, against shrill overtones
-constexpr double kRate = 44100.0 / kStep;
+constexpr double kRate = platform::kSampleRate / double{kStep};
 constexpr std::size_t kWindow = 2048;
 constexpr std::size_t kLastLag = 170;  // below C#2
 constexpr std::size_t kAfterStroke = 2048;
 constexpr double kClearNote = 0.7;  // of chords it is hardly more than 0.5
 constexpr double kNearlyBest = 0.9;
-constexpr double kConcertA = 440;
-constexpr int kMidiOfConcertA = 69;
 
 std::vector<double> thinned(std::span<const std::int16_t> samples) {
   std::vector<double> thin;
@@ -164,8 +164,7 @@ std::optional<int> singleNote(std::span<const std::int16_t> stretch) {
   const std::size_t from = std::min(kAfterStroke, stretch.size() - kNeeded);
   const auto period = periodOf(likeness(thinned(stretch.subspan(from, kNeeded))));
   if (!period) return std::nullopt;
-  const double octaves = std::log2(kRate / *period / kConcertA);
-  return kMidiOfConcertA + static_cast<int>(std::lround(octaves * kNotesPerOctave));
+  return noteOfHertz(kRate / *period);
 }
 
 }  // namespace korvel

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analysis/spectrum/QBFrequency.h"
+#include "model/songs/ChordStep.h"
 #include "platform/numerics/FourierTransform.h"
 #include "platform/persistence/Ref.h"
 
@@ -20,7 +21,7 @@ class QBTuning;
 /// asked for its `frequencies`. Belongs to the thread that drives the analysis.
 class QBFFT {
  public:
-  static constexpr std::size_t m_numSamples = 16384;
+  static constexpr std::size_t m_numSamples = kSamplesOfChord;
   /// Bins whose magnitudes are computed, about 40 to 805 Hz.
   static constexpr std::size_t kFirstBin = 15;
   static constexpr std::size_t kEndBin = 300;

@@ -21,6 +21,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/files/FileError.h"
 #include "platform/loop/PlainRunLoop.h"
+#include "platform/sound/SampleRate.h"
 #include "platform/sound/WaveFiles.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/LiveRecording.h"
@@ -30,7 +31,6 @@ namespace {
 
 using State = LiveRecording::State;
 
-constexpr double kFramesPerSecond = 44100;
 constexpr int kStrings = 6;
 constexpr int kFirstFretOfTwoDigits = 10;
 
@@ -52,7 +52,7 @@ std::string fretsOf(const QBHold& hold) {
 void printChord(QBChord& chord) {
   char time[16];
   std::snprintf(time, sizeof time, "%5.1f s  ",
-                static_cast<double>(chord.timestamp()) / kFramesPerSecond);
+                static_cast<double>(chord.timestamp()) / platform::kSampleRate);
   std::string name = chord.harmony() ? chord.fullHarmonyName() : "";
   name.resize(std::max<std::size_t>(name.size() + 2, 8), ' ');
   try {

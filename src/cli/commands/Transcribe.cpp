@@ -11,6 +11,7 @@
 #include "cli/support/OutputFile.h"
 #include "cli/support/TuningChoice.h"
 #include "model/instruments/QBTuning.h"
+#include "music/Neck.h"
 #include "precise/Transcription.h"
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
@@ -45,9 +46,8 @@ std::string asJson(const std::vector<precise::Note>& notes) {
   return Json{{"notes", std::move(list)}}.dump(1) + '\n';
 }
 
-precise::OpenStrings openStrings(const TranscribeOptions& options) {
-  return options.tuning ? precise::openStringsOf(chooseTuning(*options.tuning))
-                        : precise::kStandardTuning;
+OpenPitches openStrings(const TranscribeOptions& options) {
+  return options.tuning ? precise::openStringsOf(chooseTuning(*options.tuning)) : kStandardPitches;
 }
 
 precise::Transcription hear(const TranscribeOptions& options) {
@@ -68,7 +68,7 @@ class Outputs {
       if (*name) checkFile(**name);
   }
 
-  void write(const std::vector<precise::Note>& notes, const precise::OpenStrings& open) const {
+  void write(const std::vector<precise::Note>& notes, const OpenPitches& open) const {
     const std::string title = std::filesystem::path(m_options.file).stem().string();
     const NoteScore score(notes, m_options.tempo);
     if (m_options.json) fileOf(*m_options.json).write(asJson(notes));

@@ -16,6 +16,7 @@
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBTabMgr.h"
+#include "music/ConcertPitch.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
 
@@ -24,22 +25,11 @@ namespace {
 
 using Chords = std::vector<platform::Ref<QBChord>>;
 
-constexpr std::array<int, kStrings> kStandardPitches{40, 45, 50, 55, 59, 64};
-constexpr int kHighestPitch = 127;
 constexpr double kSecondsOfMinute = 60;
-/// No chord is longer, whatever a store says: a thousand bars.
-constexpr int kLongest = 16384;
-
-int pitchOf(double hertz) {
-  constexpr double kConcertPitch = 440;
-  constexpr int kConcertNote = 69;
-  return kConcertNote +
-         static_cast<int>(std::lround(kNotesPerOctave * std::log2(hertz / kConcertPitch)));
-}
 
 bool isHeard(double hertz) { return hertz >= 10 && hertz <= 10000; }
 
-int durationOf(const QBChord& chord) { return std::clamp(chord.duration(), 1, kLongest); }
+int durationOf(const QBChord& chord) { return std::clamp(chord.duration(), 1, kLongestDuration); }
 
 std::optional<ScoreHarmony> harmonyOf(const QBChord& chord) {
   const QBHarmony* harmony = chord.harmony();
@@ -99,7 +89,7 @@ class SongReader {
     for (int string = 0; string < kStrings; ++string) {
       const int fret = frets[static_cast<std::size_t>(string)];
       const int pitch = addNotes(m_openStrings[static_cast<std::size_t>(string)], fret);
-      if (fret >= 0 && pitch <= kHighestPitch) tones.push_back({string, fret, pitch});
+      if (fret >= 0 && pitch <= kHighestNote) tones.push_back({string, fret, pitch});
     }
     return tones;
   }
@@ -134,7 +124,7 @@ std::vector<int> openPitches(const QBTuning* tuning) {
   if (!tuning) return pitches;
   for (const QBString* string : tuning->strings())
     if (string->order() >= 0 && string->order() < kStrings && isHeard(string->frequency()))
-      pitches[static_cast<std::size_t>(string->order())] = pitchOf(string->frequency());
+      pitches[static_cast<std::size_t>(string->order())] = noteOfHertz(string->frequency());
   return pitches;
 }
 

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "model/songs/ChordStep.h"
 #include "platform/persistence/ManagedObject.h"
 
 namespace korvel {
@@ -16,8 +17,8 @@ class QBSample;
 /// low byte first.
 class QBBlock final : public platform::ManagedObject {
  public:
-  static constexpr std::size_t kBytes = 32768;
-  static constexpr std::size_t kSamples = 16384;
+  static constexpr std::size_t kSamples = kSamplesOfChord;
+  static constexpr std::size_t kBytes = kSamples * sizeof(std::int16_t);
 
   static platform::EntityDescription describe();
 

@@ -12,6 +12,7 @@ extern "C" {
 #include <vector>
 
 #include "platform/media/MediaDecoder.h"
+#include "platform/sound/SampleRate.h"
 
 namespace korvel::platform {
 namespace {
@@ -89,7 +90,7 @@ class SampleConverter {
     layout.order = AV_CHANNEL_ORDER_UNSPEC;
     layout.nb_channels = lanes;
     // The rate only has to be the same on both sides.
-    constexpr int rate = 44100;
+    constexpr int rate = kSampleRate;
     SwrContext* made = nullptr;
     swr_alloc_set_opts2(&made, &layout, AV_SAMPLE_FMT_S16, rate, &layout, format, rate, 0, nullptr);
     m_converter.reset(made);

@@ -6,6 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "platform/sound/SampleRate.h"
+
 struct AVFrame;
 struct SwrContext;
 
@@ -16,7 +18,7 @@ namespace korvel::platform {
 class MonoMixer {
  public:
   /// Samples a second of what it makes.
-  static constexpr int kRate = 44100;
+  static constexpr int kRate = kSampleRate;
   static constexpr int kMostChannels = 64;
 
   MonoMixer();

@@ -10,8 +10,6 @@
 namespace korvel::platform {
 namespace {
 
-static_assert(MonoReader::kRate == MonoMixer::kRate);
-
 /// Small frames are gathered up to this, so that a caller's cost per chunk does not count.
 constexpr std::size_t kChunk = 16384;
 

@@ -5,16 +5,17 @@
 #include <span>
 
 #include "platform/media/MediaAsset.h"
+#include "platform/sound/SampleRate.h"
 
 namespace korvel::platform {
 
-/// Decodes one track of a media file as a single channel at 44100 samples a second, once: start,
+/// Decodes one track of a media file as a single channel at kRate samples a second, once: start,
 /// then next until it is empty. A sample is the mean of its channels, 1 is full scale, and louder
 /// ones are not clipped. Sound at another rate is resampled, wherever in the file the rate changes.
 /// Padding and damage are treated as by MediaReader.
 class MonoReader {
  public:
-  static constexpr int kRate = 44100;
+  static constexpr int kRate = kSampleRate;
 
   /// Opens the file anew. Throws MediaError when it has become unreadable, or the track is no sound
   /// that can be decoded or has more channels than can be mixed, which are 64.

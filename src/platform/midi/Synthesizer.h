@@ -5,13 +5,14 @@
 #include <span>
 
 #include "platform/midi/MusicEvent.h"
+#include "platform/sound/SampleRate.h"
 
 namespace korvel::platform {
 
 /// Turns MIDI into sound. For one thread at a time; nothing here waits, throws or allocates.
 class Synthesizer {
  public:
-  static constexpr int kSampleRate = 44100;
+  static constexpr int kSampleRate = platform::kSampleRate;
   static constexpr int kChannels = 2;
 
   Synthesizer() = default;

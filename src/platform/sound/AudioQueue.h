@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "platform/sound/QueueBuffer.h"
+#include "platform/sound/SampleRate.h"
 
 namespace korvel::platform {
 
@@ -22,7 +23,7 @@ struct StreamDescription {
 };
 
 /// What live sound is recorded and played as.
-inline constexpr StreamDescription kLiveSound{44100.0, 4, 1, 4, 2, 16};
+inline constexpr StreamDescription kLiveSound{kSampleRate, 4, 1, 4, 2, 16};
 
 /// A stream of sound between a device and us. Its buffers go round: whoever made the queue enqueues
 /// them, the queue fills or plays them on the audio thread and hands each one back by the callback,

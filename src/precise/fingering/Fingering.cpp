@@ -28,12 +28,12 @@ void endWhereTheNextStarts(std::span<Note> notes, std::span<const std::size_t> o
 
 }  // namespace
 
-Fingering::Fingering(const OpenStrings& open, const FingeringOptions& options)
+Fingering::Fingering(const OpenPitches& open, const FingeringOptions& options)
     : Fingering(open, options, FingeringCosts::of(options)) {
   m_guessesOpen = options.position.kind == Position::Kind::anywhere;
 }
 
-Fingering::Fingering(const OpenStrings& open, const FingeringOptions& options,
+Fingering::Fingering(const OpenPitches& open, const FingeringOptions& options,
                      const FingeringCosts& costs)
     : m_open(open), m_frets(options.frets - options.capo), m_capo(options.capo), m_costs(costs) {
   assert(options.capo >= 0 && m_frets >= 0 && options.frets <= FingeringOptions::kMostFrets);

@@ -3,6 +3,7 @@
 
 #include <span>
 
+#include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Note.h"
 #include "precise/fingering/FingeringCosts.h"
@@ -19,8 +20,8 @@ class FingeringSearch;
 class Fingering {
  public:
   /// Any six pitches make a tuning. Expects at most 24 frets and the capo on one of them.
-  Fingering(const OpenStrings& open, const FingeringOptions& options);
-  Fingering(const OpenStrings& open, const FingeringOptions& options, const FingeringCosts& costs);
+  Fingering(const OpenPitches& open, const FingeringOptions& options);
+  Fingering(const OpenPitches& open, const FingeringOptions& options, const FingeringCosts& costs);
 
   /// Sets string and fret of each note, in whatever order the notes come. Frets count from the nut,
   /// with a capo too, so that a note's pitch is its open string's plus its fret. A string sounds
@@ -35,7 +36,7 @@ class Fingering {
   static platform::Slices search(const Events& events, FingeringSearch& way);
   void assign(const Events& events, const FingeringSearch& best, std::span<Note> notes) const;
 
-  OpenStrings m_open;  ///< With the capo on.
+  OpenPitches m_open;  ///< With the capo on.
   int m_frets = 0;     ///< Beyond the capo.
   int m_capo = 0;
   FingeringCosts m_costs;

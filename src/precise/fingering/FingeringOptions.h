@@ -1,15 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <array>
-
-#include "music/Neck.h"
-
 namespace korvel::precise {
-
-/// The pitches of the open strings as MIDI numbers, without capo, by string.
-using OpenStrings = std::array<int, kStrings>;
-inline constexpr OpenStrings kStandardTuning{40, 45, 50, 55, 59, 64};
 
 /// Where on the neck the player is expected to be.
 struct Position {

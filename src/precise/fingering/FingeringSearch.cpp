@@ -47,7 +47,7 @@ Places placesFor(const Grip& grip, int from) {
 
 }  // namespace
 
-FingeringSearch::FingeringSearch(const OpenStrings& open, int frets, const FingeringCosts& costs,
+FingeringSearch::FingeringSearch(const OpenPitches& open, int frets, const FingeringCosts& costs,
                                  std::span<const Note> notes)
     : m_costs(costs), m_notes(notes), m_gripList(open, frets), m_hands(1) {
   m_hands.front().place = costs.home;

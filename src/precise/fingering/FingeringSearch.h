@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "music/Neck.h"
 #include "precise/Note.h"
 #include "precise/fingering/FingeringCosts.h"
 #include "precise/fingering/GripList.h"
@@ -17,7 +18,7 @@ namespace korvel::precise {
 class FingeringSearch {
  public:
   /// Open strings and frets with the capo on. The notes are read as long as the search lives.
-  FingeringSearch(const OpenStrings& open, int frets, const FingeringCosts& costs,
+  FingeringSearch(const OpenPitches& open, int frets, const FingeringCosts& costs,
                   std::span<const Note> notes);
 
   /// The next event: indices of at most kStrings notes, by rising pitch.

@@ -40,7 +40,7 @@ int gapsIn(const Grip& grip) {
 
 }  // namespace
 
-GripList::GripList(const OpenStrings& open, int frets) : m_open(open), m_frets(frets) {
+GripList::GripList(const OpenPitches& open, int frets) : m_open(open), m_frets(frets) {
   std::iota(m_byPitch.begin(), m_byPitch.end(), std::size_t{0});
   std::ranges::stable_sort(m_byPitch, {}, [&](std::size_t string) { return open[string]; });
 }

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "music/Neck.h"
 #include "precise/fingering/FingeringOptions.h"
 
 namespace korvel::precise {
@@ -31,7 +32,7 @@ class GripList {
  public:
   static constexpr std::size_t kMostNotes = kStrings;
 
-  GripList(const OpenStrings& open, int frets);
+  GripList(const OpenPitches& open, int frets);
 
   /// For at most kMostNotes pitches, rising. Valid until the next call.
   std::span<const Grip> find(std::span<const int> pitches);
@@ -40,7 +41,7 @@ class GripList {
   void extendAll();
   void extend(const Grip& grip, std::size_t note, std::size_t from);
 
-  OpenStrings m_open;
+  OpenPitches m_open;
   std::array<std::size_t, kStrings> m_byPitch{};
   int m_frets = 0;
   int m_most = 0;  ///< Notes that may be left out.

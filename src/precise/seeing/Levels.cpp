@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "music/ConcertPitch.h"
 #include "precise/judging/Quantile.h"
 #include "precise/seeing/Power.h"
 #include "precise/seeing/VectorClones.h"
@@ -37,7 +38,8 @@ double share(std::size_t done, std::size_t all) {
 BinRow emphasisFactors() {
   BinRow factors;
   for (std::size_t k = 0; k < kBins; ++k)
-    factors[k] = static_cast<float>(std::pow(binCentre(k, kBinsPerSemitone) / 440, kEmphasis));
+    factors[k] =
+        static_cast<float>(std::pow(binCentre(k, kBinsPerSemitone) / kHertzOfConcertA, kEmphasis));
   return factors;
 }
 

@@ -7,6 +7,7 @@
 #include <numbers>
 #include <span>
 
+#include "music/ConcertPitch.h"
 #include "precise/Scale.h"
 
 namespace korvel::precise {
@@ -66,7 +67,7 @@ void Tuning::collect(std::span<const float> magnitudes) {
   for (std::size_t k = first; k < end; ++k) {
     if (magnitudes[k] <= kShareOfWindow * largest || !isPeak(magnitudes, k)) continue;
     const double frequency = topOf(magnitudes, k) * kRate / static_cast<double>(kWindow);
-    m_peaks.push_back({magnitudes[k], static_cast<float>(12 * std::log2(frequency / 440))});
+    m_peaks.push_back({magnitudes[k], static_cast<float>(halfTonesAboveConcertA(frequency))});
   }
 }
 

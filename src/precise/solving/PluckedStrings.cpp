@@ -86,7 +86,7 @@ Dictionary compute() {
   Dictionary strings;
   FrontEnd frontEnd(0);
   for (std::size_t pitch = 0; pitch < kPitches; ++pitch) {
-    const double fundamental = hz(static_cast<double>(pitch) + Analysis::kLowestPitch);
+    const double fundamental = hertzOfNote(static_cast<double>(pitch) + Analysis::kLowestPitch);
     for (const Tone& tone : tonesOf(fundamental)) strings.add(pitch, 0, seen(frontEnd, tone));
   }
   return strings;

@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <array>
 
+#include "music/Neck.h"
 #include "workflow/library/TuningEdits.h"
 
 class QComboBox;

@@ -12,6 +12,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "platform/sound/SampleRate.h"
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/FocusRing.h"
 #include "ui/desktop/Preferences.h"
@@ -29,7 +30,6 @@ using State = LiveRecording::State;
 constexpr auto kTick = 50ms;
 constexpr int kAll = 100;
 constexpr int kFewestLines = 3;
-constexpr double kFramesPerSecond = 44100;
 
 LiveRecording::Options chosenOptions() {
   const Preferences preferences;
@@ -141,7 +141,7 @@ void RecordPanel::enter(State state) {
 }
 
 void RecordPanel::showChord(QBChord& chord) {
-  const double seconds = static_cast<double>(chord.timestamp()) / kFramesPerSecond;
+  const double seconds = static_cast<double>(chord.timestamp()) / platform::kSampleRate;
   m_chords->appendPlainText(
       QString("%1 s  %2").arg(seconds, 6, 'f', 1).arg(toText(shownName(chord))));
 }

@@ -96,7 +96,7 @@ std::vector<Strike> strikesOf(std::span<const Note> notes, const BeatGrid& grid)
 NoteScore::NoteScore(std::span<const Note> notes, std::optional<double> tempo)
     : m_notes(notes), m_tempo(tempo ? *tempo : assumedTempo(onsetsOf(notes))) {}
 
-Score NoteScore::score(const std::string& title, const precise::OpenStrings& open) const {
+Score NoteScore::score(const std::string& title, const OpenPitches& open) const {
   Score score;
   score.title = title;
   score.openStrings.assign(open.begin(), open.end());

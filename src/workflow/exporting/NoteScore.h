@@ -7,6 +7,7 @@
 
 #include "export/MidiFile.h"
 #include "export/score/Score.h"
+#include "music/Neck.h"
 #include "precise/Note.h"
 #include "precise/fingering/FingeringOptions.h"
 
@@ -24,7 +25,7 @@ class NoteScore {
   /// twentieth of a second, or in one sixteenth, are one chord; a chord lasts for as long as its
   /// longest note, at most to the next one, and a gap of a sixteenth is closed. Notes that no
   /// string has are left out.
-  Score score(const std::string& title, const precise::OpenStrings& open) const;
+  Score score(const std::string& title, const OpenPitches& open) const;
   /// All notes at their times, to a few hundredths of a millisecond, as loud as they were.
   MidiSequence midi(const std::string& title) const;
 

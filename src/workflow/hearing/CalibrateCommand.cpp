@@ -9,8 +9,10 @@
 #include "audio/QBSampleSource.h"
 #include "audio/Samples16.h"
 #include "model/instruments/QBTuning.h"
+#include "model/songs/ChordStep.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/loop/Deadline.h"
+#include "platform/sound/SampleRate.h"
 #include "workflow/library/TuningEdits.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/TuningForNow.h"
@@ -19,9 +21,9 @@ namespace korvel {
 namespace {
 
 constexpr std::array kFretsToPlay{0, 7};
-constexpr std::size_t kRate = 44100;
+constexpr std::size_t kRate = platform::kSampleRate;
 constexpr std::size_t kLongest = 600 * kRate;
-constexpr std::size_t kBlock = 16384;
+constexpr std::size_t kBlock = kSamplesOfChord;
 /// A note that rings on and on shall not outweigh the others.
 constexpr std::size_t kBlocksOfNote = 16;
 constexpr int kPercentOfReading = 60;

@@ -9,6 +9,7 @@
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "music/ConcertPitch.h"
 #include "music/Pitch.h"
 #include "platform/persistence/UndoManager.h"
 #include "workflow/session/EditRefused.h"
@@ -17,11 +18,8 @@
 namespace korvel {
 namespace {
 
-constexpr OpenPitches kUsual{40, 45, 50, 55, 59, 64};
 constexpr int kWay = 5;  // half tones that a string can be tuned off its usual pitch
 constexpr PitchRange kLowestString{31, 47};
-constexpr int kConcertA = 69;
-constexpr double kHertzOfConcertA = 440;
 
 QBTabMgr& db() { return QBTabMgr::db(); }
 
@@ -56,16 +54,8 @@ int nextOrder() {
   return last + 1;
 }
 
-int pitchOf(double hertz) {
-  return kConcertA +
-         static_cast<int>(std::lround(kNotesPerOctave * std::log2(hertz / kHertzOfConcertA)));
-}
-
 /// As precise as the seeded ones are.
-float hertzOf(int pitch) {
-  const double hertz = kHertzOfConcertA * std::exp2((pitch - kConcertA) / double{kNotesPerOctave});
-  return static_cast<float>(std::round(hertz * 100) / 100);
-}
+float hertzOf(int pitch) { return static_cast<float>(std::round(hertzOfNote(pitch) * 100) / 100); }
 
 void requirePlayable(const OpenPitches& pitches) {
   for (int string = 0; string < kStrings; ++string) {
@@ -152,13 +142,13 @@ OpenPitches pitchesOf(QBTuning& tuning) {
   OpenPitches pitches{};
   for (int string = 0; string < kStrings; ++string)
     pitches[static_cast<std::size_t>(string)] =
-        pitchOf(tuning.findStringByPosition(string)->frequency());
+        noteOfHertz(tuning.findStringByPosition(string)->frequency());
   return pitches;
 }
 
 PitchRange pitchRangeOf(int string) {
   if (string == 0) return kLowestString;
-  const int usual = kUsual.at(static_cast<std::size_t>(string));
+  const int usual = kStandardPitches.at(static_cast<std::size_t>(string));
   return {usual - kWay, usual + kWay};
 }
 

@@ -14,9 +14,6 @@ class QBTuning;
 /// The tunings that a new one can begin as.
 enum class KnownTuning { standard, dropD, openG };
 
-/// What the open strings sound at, as MIDI numbers, by string.
-using OpenPitches = std::array<int, kStrings>;
-
 // What a user does to tunings. As LibraryEdits.h has it: saved, logged, and EditRefused when it is
 // not possible.
 

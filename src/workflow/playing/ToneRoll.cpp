@@ -21,7 +21,6 @@ namespace {
 
 constexpr double kDecibelsShown = 40;
 constexpr int kStepsOfUnsetTone = 2;
-constexpr int kHighestPitch = 127;
 
 double loudest(QBSong& song) {
   double amp = 0;
@@ -58,7 +57,7 @@ void ToneRoll::readTones(QBSong& song) {
       const int pitch = addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret());
       const int steps = tone->duration() > 0 ? tone->duration() : kStepsOfUnsetTone;
       m_tones.push_back({index, std::min(steps, m_chords - index),
-                         std::clamp(pitch, 0, kHighestPitch), tone->string(), tone->fret(),
+                         std::clamp(pitch, 0, kHighestNote), tone->string(), tone->fret(),
                          loudnessOf(tone->amp(), most), tone->isActive()});
     }
   }

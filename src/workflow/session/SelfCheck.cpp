@@ -16,12 +16,13 @@
 #include "platform/midi/SoundFonts.h"
 #include "platform/persistence/ManagedContext.h"
 #include "platform/sound/AudioSystem.h"
+#include "platform/sound/SampleRate.h"
 #include "platform/sqlite/StoreFile.h"
 
 namespace korvel {
 namespace {
 
-constexpr double kSamplesASecond = 44100.0;
+constexpr double kSamplesASecond = platform::kSampleRate;
 constexpr double kOpenA = 110.0;
 constexpr double kLowEHertz = 82.407;
 constexpr double kHertzOfBin = kSamplesASecond / QBFFT::m_numSamples;
@@ -29,7 +30,7 @@ constexpr double kLoud = 10000.0;
 constexpr std::uint8_t kProgramChange = 0xC0;
 constexpr std::uint8_t kSteelGuitar = 25;
 constexpr std::uint8_t kLowE = 40;
-constexpr std::size_t kDemoSamples = 10 * 44100;  // that sound, at least
+constexpr std::size_t kDemoSamples = 10 * platform::kSampleRate;  // that sound, at least
 
 std::string check(platform::SqliteDatabase& store) {
   const auto problems = platform::StoreFile::problems(store);
