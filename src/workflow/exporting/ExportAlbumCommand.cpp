@@ -5,15 +5,12 @@
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
-#include "platform/files/FileError.h"
 #include "platform/files/Files.h"
 
 namespace korvel {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t kAll = 100;
 
 fs::path createUnderAFreeName(const fs::path& folder, const std::string& stem,
                               std::string_view extension, std::string_view bytes) {
@@ -25,53 +22,33 @@ fs::path createUnderAFreeName(const fs::path& folder, const std::string& stem,
 
 }  // namespace
 
-ExportAlbumCommand::ExportAlbumCommand(QBAlbum& album, SongFormat format, fs::path folder)
-    : m_album(&album), m_format(format), m_folder(std::move(folder)) {
-  m_type = "Album Export";
-  m_name = ": " + album.name();
-}
+ExportAlbumCommand::ExportAlbumCommand(QBAlbum& album, SongFormat format, const fs::path& folder)
+    : WritingCommand("Album Export", album.name(), folder), m_album(&album), m_format(format) {}
 
 ExportAlbumCommand::~ExportAlbumCommand() = default;
 
 void ExportAlbumCommand::prepare() { m_songs = m_album->songs().snapshot(); }
-
-void ExportAlbumCommand::execute() {
-  while (step()) continue;
-}
-
-void ExportAlbumCommand::nextStep() {
-  try {
-    if (!step()) stop();
-  } catch (const platform::FileError& problem) {
-    abandonSteps();
-    m_songs.clear();
-    printOut(problem.what());
-  }
-}
 
 /// A song that was deleted since the beginning has no chords any more.
 bool ExportAlbumCommand::step() {
   if (m_next == m_songs.size()) return false;
   QBSong& song = *m_songs[m_next++];
   if (!song.chords().empty())
-    m_written.push_back(createUnderAFreeName(m_folder, fileNameOf(song.title()),
+    m_written.push_back(createUnderAFreeName(place(), fileNameOf(song.title()),
                                              extensionOf(m_format), songFile(song, m_format)));
-  m_percent = static_cast<int>(kAll * m_next / m_songs.size());
+  m_percent = kAll * static_cast<int>(m_next) / static_cast<int>(m_songs.size());
   return true;
 }
 
 void ExportAlbumCommand::tearDown() {
-  m_songs.clear();
+  release();
   m_percent = kAll;
-  printOut(m_folder.string() + ": " + std::to_string(m_written.size()) + " songs exported.");
+  printOut(place().string() + ": " + std::to_string(m_written.size()) + " songs exported.");
 }
 
-void ExportAlbumCommand::cancelAndDrop() {
-  abandonSteps();
-  m_songs.clear();
+void ExportAlbumCommand::removeWritten() {
   std::error_code ignored;
   for (const fs::path& file : m_written) fs::remove(file, ignored);
-  printOut(m_folder.string() + ": cancelled, nothing was written.");
 }
 
 }  // namespace korvel

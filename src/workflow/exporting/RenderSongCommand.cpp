@@ -4,7 +4,6 @@
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
-#include "platform/files/FileError.h"
 #include "platform/media/WaveFileWriter.h"
 #include "platform/midi/Synthesizer.h"
 #include "playback/SongRenderer.h"
@@ -15,16 +14,16 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kSamplesOfStep = 32768;
-constexpr int kAll = 100;
 
 }  // namespace
 
-RenderSongCommand::RenderSongCommand(QBSong* song, RenderedPart part, std::filesystem::path file,
+RenderSongCommand::RenderSongCommand(QBSong* song, RenderedPart part,
+                                     const std::filesystem::path& file,
                                      std::unique_ptr<platform::Synthesizer> synthesizer)
-    : m_song(song), m_part(part), m_file(std::move(file)), m_synthesizer(std::move(synthesizer)) {
-  m_type = "WAV Export";
-  m_name = ": " + m_file.filename().string();
-}
+    : WritingCommand("WAV Export", file.filename().string(), file),
+      m_song(song),
+      m_part(part),
+      m_synthesizer(std::move(synthesizer)) {}
 
 RenderSongCommand::~RenderSongCommand() = default;
 
@@ -38,23 +37,9 @@ void RenderSongCommand::prepare() {
   if (m_renderer->isSilent())
     throw EditRefused(m_song->title() +
                       ": nothing sounds in these chords, so there is nothing to export");
-  m_writer = std::make_unique<platform::WaveFileWriter>(m_file, platform::Synthesizer::kSampleRate,
+  m_writer = std::make_unique<platform::WaveFileWriter>(place(), platform::Synthesizer::kSampleRate,
                                                         platform::Synthesizer::kChannels);
   m_samples.resize(kSamplesOfStep);
-}
-
-void RenderSongCommand::execute() {
-  while (step()) continue;
-}
-
-void RenderSongCommand::nextStep() {
-  try {
-    if (!step()) stop();
-  } catch (const platform::FileError& problem) {
-    abandonSteps();
-    release();
-    printOut(problem.what());
-  }
 }
 
 bool RenderSongCommand::step() {
@@ -68,14 +53,8 @@ bool RenderSongCommand::step() {
 void RenderSongCommand::tearDown() {
   m_writer->finish();
   m_percent = kAll;
-  printOut(m_file.string());
+  printOut(place().string());
   release();
-}
-
-void RenderSongCommand::cancelAndDrop() {
-  abandonSteps();
-  release();
-  printOut(m_file.string() + ": cancelled, nothing was written.");
 }
 
 void RenderSongCommand::release() {

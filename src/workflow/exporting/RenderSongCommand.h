@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/persistence/Ref.h"
-#include "workflow/session/QBCommand.h"
+#include "workflow/exporting/WritingCommand.h"
 
 namespace korvel {
 
@@ -23,33 +23,26 @@ class WaveFileWriter;
 enum class RenderedPart { song, loop };
 
 /// Plays a song or its loop into a WAV file, a part of a second at each step. The file appears when
-/// it is complete; one that cannot be written is told in the log. Follows the chords that the song
-/// has when it begins.
-class RenderSongCommand final : public QBCommand {
+/// it is complete. Follows the chords that the song has when it begins.
+class RenderSongCommand final : public WritingCommand {
  public:
   /// loop: the whole song when it has none.
-  RenderSongCommand(QBSong* song, RenderedPart part, std::filesystem::path file,
+  RenderSongCommand(QBSong* song, RenderedPart part, const std::filesystem::path& file,
                     std::unique_ptr<platform::Synthesizer> synthesizer);
   ~RenderSongCommand() override;
 
   /// Throws platform::FileError, and EditRefused where there is nothing to hear.
   void prepare() override;
-  void execute() override;
-  void nextStep() override;
   void tearDown() override;
-  std::string fullTitle() const override { return m_type + m_name; }
   /// Of the song so far.
   void stopAndKeep() override { stop(); }
-  void cancelAndDrop() override;
 
  private:
-  /// False at the end.
-  bool step();
-  void release();
+  bool step() override;
+  void release() override;
 
   platform::Ref<QBSong> m_song;
   RenderedPart m_part;
-  std::filesystem::path m_file;
   std::unique_ptr<platform::Synthesizer> m_synthesizer;
   std::unique_ptr<SongRenderer> m_renderer;
   std::unique_ptr<platform::WaveFileWriter> m_writer;

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/exporting/WritingCommand.h"
+
+#include "platform/files/FileError.h"
+
+namespace korvel {
+
+WritingCommand::WritingCommand(const std::string& type, const std::string& name,
+                               std::filesystem::path place)
+    : m_place(std::move(place)) {
+  m_type = type;
+  m_name = ": " + name;
+}
+
+WritingCommand::~WritingCommand() = default;
+
+void WritingCommand::execute() {
+  while (step()) continue;
+}
+
+void WritingCommand::nextStep() {
+  try {
+    if (!step()) stop();
+  } catch (const platform::FileError& problem) {
+    abandonSteps();
+    release();
+    printOut(problem.what());
+  }
+}
+
+void WritingCommand::cancelAndDrop() {
+  abandonSteps();
+  release();
+  removeWritten();
+  printOut(m_place.string() + ": cancelled, nothing was written.");
+}
+
+}  // namespace korvel
