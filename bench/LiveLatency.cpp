@@ -98,7 +98,7 @@ int main(int argc, char** argv) {
   if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
   {
     TimedFiles files(argv[1], fast ? platform::Pace::fastest : platform::Pace::realTime);
-    LiveRecording recording({.detection = ImportDetection::classic});
+    LiveRecording recording(QBTabMgr::db(), {.detection = ImportDetection::classic});
     std::vector<double> latencies;
     recording.onChord(
         [&](QBChord& chord) { latencies.push_back(files.millisecondsSince(chord.timestamp())); });

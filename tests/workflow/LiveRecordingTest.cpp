@@ -43,7 +43,7 @@ class LiveRecordingTest : public testing::Test {
   LiveRecording& begin(LiveRecording::Options options = {}) {
     options.album = options.album.value_or("Live");
     options.title = "T";
-    m_recording = std::make_unique<LiveRecording>(options);
+    m_recording = std::make_unique<LiveRecording>(QBTabMgr::db(), options);
     m_recording->onChord([this](QBChord& chord) { m_heard += test::fretsOf(chord) + ' '; });
     m_recording->start();
     return *m_recording;

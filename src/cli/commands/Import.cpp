@@ -52,7 +52,8 @@ void hear(const ImportOptions& options, const std::string& file, const NewSong& 
 platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,
                                  QBTuning* tuning) {
   requireSound(file);
-  NewSong made(options.album, std::filesystem::path(file).stem().string(), options.title);
+  NewSong made(QBTabMgr::db(), options.album, std::filesystem::path(file).stem().string(),
+               options.title);
   hear(options, file, made, tuning);
   if (!hasTones(*made.song()))
     throw CliError(file + ": no tones were heard in it; nothing was stored");

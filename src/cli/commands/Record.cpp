@@ -182,7 +182,7 @@ int record(const RecordOptions& options) {
   requirePossible(options);
   const ChosenSystem system(options);
   tellOfTakesLeftBehind();
-  LiveRecording recording(optionsOf(options));
+  LiveRecording recording(QBTabMgr::db(), optionsOf(options));
   recording.onChord(printChord);
   recording.onProgress([](double share) { Console::attached().progress(share); });
   recording.onState([&](State state) { tellOfState(state, options); });

@@ -12,6 +12,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 #include "platform/sound/SampleRate.h"
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/FocusRing.h"
@@ -102,7 +103,7 @@ void RecordPanel::showChosenDevice() {
 
 void RecordPanel::start() {
   m_chords->clear();
-  m_recording = std::make_unique<LiveRecording>(chosenOptions());
+  m_recording = std::make_unique<LiveRecording>(QBTabMgr::db(), chosenOptions());
   m_recording->onChord([this](QBChord& chord) { showChord(chord); });
   m_recording->onState([this](State state) { enter(state); });
   m_recording->onProgress(

@@ -42,7 +42,8 @@ fs::path folderOfTakes() { return platform::userDataFolder("korvel") / "takes"; 
 
 }  // namespace
 
-LiveRecording::LiveRecording(Options options) : m_options(std::move(options)) {}
+LiveRecording::LiveRecording(QBTabMgr& db, Options options)
+    : m_db(db), m_options(std::move(options)) {}
 
 LiveRecording::~LiveRecording() {
   const platform::UndoStep part(m_undo);
@@ -52,7 +53,7 @@ LiveRecording::~LiveRecording() {
 }
 
 void LiveRecording::start() {
-  m_undo = std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(), "Record");
+  m_undo = std::make_shared<platform::UndoGroup>(m_db.context().undoManager(), "Record");
   m_undo->suspend();
   const platform::UndoStep part(m_undo);
   try {
@@ -72,17 +73,17 @@ void LiveRecording::start() {
 void LiveRecording::make() {
   m_sound = std::make_unique<MicrophoneTake>(
       m_options.keptTake.empty() ? freeTake() : m_options.keptTake, m_options.device);
-  m_made = std::make_unique<NewSong>(m_options.album,
+  m_made = std::make_unique<NewSong>(m_db, m_options.album,
                                      m_options.title.value_or(dateAndTime("%Y-%m-%d %H:%M:%S")));
   m_tuning = m_options.tuning;
-  if (!m_tuning) m_tuning = QBTabMgr::db().selectedTuning();
+  if (!m_tuning) m_tuning = m_db.selectedTuning();
   m_made->song()->setTuning(m_tuning);
   m_mark = std::make_unique<SongInWork>(m_made->song(), SongInWork::Filler::recording);
   m_live = std::make_unique<ClassicHearing>(m_sound->source(), taskFor(m_made->song()));
 }
 
 HearingTask LiveRecording::taskFor(QBSong* song) const {
-  return {song, m_made->album(), m_tuning, QBTabMgr::db().selectedInstrument(), m_options.settings};
+  return {song, m_made->album(), m_tuning, m_db.selectedInstrument(), m_options.settings};
 }
 
 void LiveRecording::every(double seconds, void (LiveRecording::*step)()) {
@@ -151,7 +152,7 @@ void LiveRecording::storeLive() {
   requireSongs();
   if (!hasTones(*m_made->song())) return;
   m_made->song()->buildTab();
-  QBTabMgr::db().context().save();
+  m_db.context().save();
   m_made->keep();
   m_song = m_made->song();
 }
@@ -196,7 +197,7 @@ void LiveRecording::replaceLive() {
   m_made->album()->deleteSong(m_made->song());
   m_song = std::exchange(m_wholeSong, nullptr);
   m_isPrecise = true;
-  QBTabMgr::db().context().save();
+  m_db.context().save();
 }
 
 void LiveRecording::dropWhole() {

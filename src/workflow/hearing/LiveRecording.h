@@ -25,6 +25,7 @@ class MicrophoneTake;
 class NewSong;
 class QBChord;
 class QBSong;
+class QBTabMgr;
 class QBTuning;
 struct HearingTask;
 class SongInWork;
@@ -53,7 +54,7 @@ class LiveRecording {
   /// What ended the playing.
   enum class Ending : std::uint8_t { asked, deviceEnded, deviceLost };
 
-  explicit LiveRecording(Options options);
+  LiveRecording(QBTabMgr& db, Options options);
   LiveRecording(const LiveRecording&) = delete;
   LiveRecording& operator=(const LiveRecording&) = delete;
   /// What is not stored by now is dropped, but for the file of the take.
@@ -127,6 +128,7 @@ class LiveRecording {
   void finish();
   void enter(State state);
 
+  QBTabMgr& m_db;
   const Options m_options;
   State m_state = State::ready;
   Ending m_ending = Ending::asked;

@@ -12,9 +12,9 @@
 
 namespace korvel {
 
-NewSong::NewSong(const std::optional<std::string>& album, const std::string& name,
-                 const std::optional<std::string>& title) {
-  QBTabMgr& db = QBTabMgr::db();
+NewSong::NewSong(QBTabMgr& db, const std::optional<std::string>& album, const std::string& name,
+                 const std::optional<std::string>& title)
+    : m_db(db) {
   const std::string wanted = album ? *album : QBNameMgr(nullptr, name).newAlbumName();
   m_album = db.findAlbumByName(wanted);
   m_madeAlbum = !m_album;
@@ -26,7 +26,7 @@ NewSong::NewSong(const std::optional<std::string>& album, const std::string& nam
 NewSong::~NewSong() {
   if (m_kept) return;
   m_album->deleteSong(m_song);
-  if (m_madeAlbum && m_album->songs().empty()) QBTabMgr::db().deleteAlbum(m_album);
+  if (m_madeAlbum && m_album->songs().empty()) m_db.deleteAlbum(m_album);
 }
 
 bool hasTones(const QBSong& song) {
