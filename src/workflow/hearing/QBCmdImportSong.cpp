@@ -169,10 +169,11 @@ void QBCmdImportSong::takeChords() {
     m_unsaved = 0;
     return;
   }
+  const bool several = m_hearing->hasCheapChords();
   const platform::Deadline deadline;
   while (takeNextChord()) {
     ++m_unsaved;
-    if (!m_hearing->hasCheapChords() || isSaveDue() || deadline.isOver()) break;
+    if (!several || isSaveDue() || deadline.isOver()) break;
   }
 }
 
