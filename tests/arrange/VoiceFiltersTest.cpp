@@ -15,7 +15,6 @@
 #include "arrange/voices/QBExtractBrass.h"
 #include "arrange/voices/QBExtractMelody.h"
 #include "arrange/voices/QBExtractVoicings.h"
-#include "arrange/voices/QBMiddleVoiceFilter.h"
 #include "arrange/voices/QBRemoveSilent.h"
 #include "arrange/voices/QBUnderAmpRemover.h"
 #include "model/songs/QBMeasure.h"
@@ -113,18 +112,6 @@ TEST_F(VoiceFiltersTest, chordsFillMeasuresOneAfterTheOther) {
   QBSong* longFirst = m_store.song("a first chord that is longer than a measure");
   for (const int duration : {20, 4, 4}) test::addChord(longFirst, "x0", duration);
   EXPECT_EQ(measured(longFirst, 4, 4), "| 20 | 4 4 | ");
-}
-
-// Counted in chords from the second one of a run on, a later chord having the fewer to come: the A
-// string's run ends one chord before the D string's.
-TEST_F(VoiceFiltersTest, middleTonesThatSoundOnLongestAreKept) {
-  QBSong* song = m_db.createAlbum("Album", false)->createSong("song");
-  test::addChord(song, "0xx1x0")->hold()->addTone(1, 2, 9e9);
-  for (const char* frets : {"022xx0", "022xx0", "022xx0", "0x2xx0"}) test::addChord(song, frets);
-  const QBSong* kept = QBMiddleVoiceFilter(song, 1).filter();
-  EXPECT_EQ(test::fretsOf(*kept), "0xx1x0 02xxx0 0x2xx0 0x2xx0 0x2xx0 ")
-      << "of the first chord, whose tones count nothing, the first in its hold";
-  EXPECT_EQ(kept->title(), "song(mv)");
 }
 
 TEST_F(VoiceFiltersTest, voicingsAreCollectedOnce) {

@@ -8,6 +8,7 @@
 
 #include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
+#include "workflow/arranging/MetreArrangements.h"
 
 namespace {
 
@@ -74,7 +75,7 @@ void addHarmonies(SongMaker& maker) {
 }
 
 void addMeasured(QBSong* song, int beats, int beattype) {
-  song->applyMetric(beats, beattype);
+  applyMetric(*song, beats, beattype);
   song->requireAlbum().deleteSong(song);
 }
 
@@ -86,7 +87,7 @@ void addSongs(QBAlbum* album) {
   addMeasured(maker.randomSong("Bars", 60, 5, 14), 3, 4);
   addMeasured(maker.randomSong("Bars", 60, 5, 14), 6, 8);
   addMeasured(maker.randomSong("Bars", 60, 5, 30), 12, 8);
-  maker.randomSong("Picked", 90, 3, 1)->toPicking();
+  toPicking(*maker.randomSong("Picked", 90, 3, 1));
   maker.randomSong("Low", 30, 4, 4, "Drop D");
   QBSong* one = maker.song("One");
   test::addChord(one, "x02210", 1);

@@ -9,6 +9,7 @@
 #include "platform/files/Resources.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
+#include "workflow/arranging/MetreArrangements.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/AlbumNode.h"
 
@@ -67,7 +68,7 @@ TEST_F(DemoTest, isHeardPreciselyAndTellsWhatIsStruckAgain) {
   EXPECT_EQ(Shapes(heard.begin() + 25, heard.begin() + 36),
             Shapes(melody.begin() + 1, melody.end()));
   // As notes that ring on: one strum, then the arpeggio string by string.
-  const Shapes played = shapesOf(*song.toPicking());
+  const Shapes played = shapesOf(*toPicking(song));
   EXPECT_EQ(Shapes(played.begin(), played.begin() + 4),
             (Shapes{"x02210", "xxxxxx", "xxxxxx", "xxxxxx"}));
   EXPECT_EQ(

@@ -8,6 +8,10 @@
 #include "arrange/chords/QBChordVisitor.h"
 #include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
+#include "workflow/arranging/CombinedSongs.h"
+#include "workflow/arranging/HandArrangements.h"
+#include "workflow/arranging/QBMiddleVoiceFilter.h"
+#include "workflow/arranging/VoiceArrangements.h"
 
 namespace korvel {
 namespace {
@@ -195,10 +199,22 @@ TEST_F(QBSongTest, mergingWithALongerSongGivesThatSong) {
   test::addChord(m_song, "xxxxx5");
   QBSong* longer = m_album->createSong("Longer");
   for (const char* frets : {"x02210", "022000"}) test::addChord(longer, frets);
-  const QBSong* merged = m_song->mergeWithSong(*longer);
+  const QBSong* merged = mergeWithSong(*m_song, *longer);
   EXPECT_EQ(merged->title(), "Longer(mrg)");
   EXPECT_EQ(test::fretsOf(*merged), "x02210 022000 ");
-  EXPECT_EQ(test::fretsOf(*longer->mergeWithSong(*m_song)), "x0221[05] 022000 ");
+  EXPECT_EQ(test::fretsOf(*mergeWithSong(*longer, *m_song)), "x0221[05] 022000 ");
+}
+
+// Counted in chords from the second one of a run on, a later chord having the fewer to come: the A
+// string's run ends one chord before the D string's.
+TEST_F(QBSongTest, middleTonesThatSoundOnLongestAreKept) {
+  QBSong* song = m_album->createSong("song");
+  test::addChord(song, "0xx1x0")->hold()->addTone(1, 2, 9e9);
+  for (const char* frets : {"022xx0", "022xx0", "022xx0", "0x2xx0"}) test::addChord(song, frets);
+  const QBSong* kept = QBMiddleVoiceFilter(song, 1).filter();
+  EXPECT_EQ(test::fretsOf(*kept), "0xx1x0 02xxx0 0x2xx0 0x2xx0 0x2xx0 ")
+      << "of the first chord, whose tones count nothing, the first in its hold";
+  EXPECT_EQ(kept->title(), "song(mv)");
 }
 
 TEST_F(QBSongTest, handsAreSimplifiedOneAfterTheOther) {
@@ -213,10 +229,10 @@ TEST_F(QBSongTest, handsAreSimplifiedOneAfterTheOther) {
     m_album->deleteSong(m_album->songs().at(1));
     return text;
   };
-  EXPECT_EQ(made(m_song->toLeftRightHand()), "Song(L+R) xxx100 ");
-  EXPECT_EQ(made(m_song->toRightLeftHand()), "Song(R+L) 022xxx ");
+  EXPECT_EQ(made(toLeftRightHand(*m_song)), "Song(L+R) xxx100 ");
+  EXPECT_EQ(made(toRightLeftHand(*m_song)), "Song(R+L) 022xxx ");
   m_song->chords().at(0)->hold()->findToneByString(3)->setAmp(1);
-  EXPECT_EQ(made(m_song->removeSilent(0.5F)), "Song(-Slnt) 022x00 ");
+  EXPECT_EQ(made(removeSilent(*m_song, 0.5F)), "Song(-Slnt) 022x00 ");
 }
 
 TEST_F(QBSongTest, albumsFindCreateDeleteAndCloneSongs) {

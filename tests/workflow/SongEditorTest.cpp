@@ -10,6 +10,7 @@
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 #include "support/StoreContents.h"
+#include "workflow/arranging/MetreArrangements.h"
 #include "workflow/editing/TabCursor.h"
 #include "workflow/session/QBSession.h"
 
@@ -178,7 +179,7 @@ TEST_F(SongEditorTest, loopMovesToTheChordsThatAreLeft) {
 
 TEST_F(SongEditorTest, measuresStayFull) {
   QBSong* plain = song({"0xxxxx", "1xxxxx", "2xxxxx", "3xxxxx", "4xxxxx", "5xxxxx"}, 4);
-  QBSong* song = plain->applyMetric(3, 4);
+  QBSong* song = applyMetric(*plain, 3, 4);
   QBTabMgr::db().save();
   const std::string before = contents();
   SongEditor editor(*song);

@@ -13,6 +13,10 @@
 #include "platform/sqlite/Sqlite.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
+#include "workflow/arranging/CombinedSongs.h"
+#include "workflow/arranging/HandArrangements.h"
+#include "workflow/arranging/HarmonyArrangements.h"
+#include "workflow/arranging/VoiceArrangements.h"
 
 namespace korvel {
 namespace {
@@ -129,12 +133,12 @@ class SongPropertiesTest : public testing::Test {
 
 TEST_F(SongPropertiesTest, voicesJoinedAgainAreTheSong) {
   ofRandomSongs(kSongs, [](QBSong& song, RandomSongs&) {
-    QBSong* joined = song.toVoice(0);
+    QBSong* joined = toVoice(song, 0);
     std::size_t voices = 1;
     for (const QBChord* chord : song.chords())
       voices = std::max(voices, chord->hold()->tones().size());
     for (int voice = 1; voice < static_cast<int>(voices); ++voice)
-      joined = joined->mergeWithSong(*song.toVoice(voice));
+      joined = mergeWithSong(*joined, *toVoice(song, voice));
     EXPECT_EQ(ofEach(*joined, placesOf), ofEach(song, placesOf));
   });
 }
@@ -149,7 +153,7 @@ TEST_F(SongPropertiesTest, whatIsTransposedUpAndDownAgainSoundsTheSame) {
           notes.insert(largeToneOf(*tone));
       return notes;
     };
-    const QBSong* back = song.transformUp(steps)->transformDown(steps);
+    const QBSong* back = transformDown(*transformUp(song, steps), steps);
     EXPECT_EQ(ofEach(*back, notesOf), ofEach(song, inRange)) << steps;
   });
 }
@@ -160,14 +164,14 @@ TEST_F(SongPropertiesTest, melodyIsTheHighestTone) {
       const Notes notes = notesOf(chord);
       return notes.empty() ? notes : Notes{*notes.rbegin()};
     };
-    EXPECT_EQ(ofEach(*song.toMelody(), notesOf), ofEach(song, highest));
+    EXPECT_EQ(ofEach(*toMelody(song), notesOf), ofEach(song, highest));
   });
 }
 
 TEST_F(SongPropertiesTest, movingTonesKeepsTheirPitches) {
   ofRandomSongs(kSongs, [](QBSong& song, RandomSongs&) {
-    EXPECT_EQ(ofEach(*song.pushDownStrings(), notesOf), ofEach(song, notesOf));
-    EXPECT_EQ(ofEach(*song.findBestFingering(), notesOf), ofEach(song, notesOf));
+    EXPECT_EQ(ofEach(*pushDownStrings(song), notesOf), ofEach(song, notesOf));
+    EXPECT_EQ(ofEach(*findBestFingering(song), notesOf), ofEach(song, notesOf));
   });
 }
 

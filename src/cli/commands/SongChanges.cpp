@@ -11,6 +11,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "workflow/arranging/CombinedSongs.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/library/QBSongNode.h"
@@ -100,7 +101,7 @@ void mergeSongs(const std::string& name, const std::string& other) {
   requireChords(song);
   requireChords(added);
   const TuningForNow chosen(song.tuning());
-  QBSong* merged = song.mergeWithSong(added);
+  QBSong* merged = mergeWithSong(song, added);
   saveAndPrint(*merged);
 }
 
@@ -110,7 +111,7 @@ void extractPart(const std::string& name, int from, int to) {
   chordAt(song, to);
   if (to < from) throw CliError("the part must end behind its begin: name the lower chord first");
   const TuningForNow chosen(song.tuning());
-  QBSong* part = song.extractPartOfSong(from, to);
+  QBSong* part = extractPartOfSong(song, from, to);
   saveAndPrint(*part);
 }
 

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBSong.h"
 
+#include <stdexcept>
+
+#include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
+#include "model/store/QBTabMgr.h"
 #include "platform/persistence/EntityDescription.h"
 
 namespace korvel {
@@ -54,6 +58,20 @@ void QBSong::forgetCaches() {
   if (!m_sortedChords) return;
   for (const auto& chord : *m_sortedChords) chord->m_xPosInMatrix = chord->m_yPosInMatrix = 0;
   m_sortedChords.reset();
+}
+
+QBSong* QBSong::cloneToAlbum(QBAlbum* target) {
+  QBTabMgr& db = QBTabMgr::db();
+  QBSong* copy = db.createSong(title(), tuning(), db.selectedInstrument(), target);
+  for (const auto& chord : allChords()) chord->clone(copy);
+  return copy;
+}
+
+QBSong* QBSong::clone() { return cloneToAlbum(album()); }
+
+QBAlbum& QBSong::requireAlbum() const {
+  if (!album()) throw std::logic_error("the song \"" + title() + "\" is in no album");
+  return *album();
 }
 
 }  // namespace korvel

@@ -94,56 +94,9 @@ class QBSong final : public platform::ManagedObject {
   /// The title alone.
   std::unique_ptr<QBMusicXMLTag> toXML() const;
 
-  // Copies and combinations, each a new song. Those with chords of their own making have a
-  // tablature; std::out_of_range when there are no chords to draw, and the new song stays then.
+  // Copies, without measures and tablature, made with the instrument that is selected now.
   QBSong* cloneToAlbum(QBAlbum* album);
   QBSong* clone();
-  /// The chords of this song with the tones of the other song's chords, index by index. A clone of
-  /// the longer song takes them, also when that is the other one itself.
-  QBSong* mergeWithSong(QBSong& other);
-  /// The chords of positions from..to, both included.
-  QBSong* extractPartOfSong(int from, int to);
-  /// Half tones; tones that fit no string are dropped.
-  QBSong* transformUp(int steps);
-  QBSong* transformDown(int steps);
-
-  // Arrangements: each a new song of the same album under a free derived title. The source does not
-  // change, but that its chords keep the right-hand patterns that toRightHand reads of them. Voices
-  // and loudest tones count from the highest and the loudest.
-  QBSong* applyLoudest(int count);
-  /// threshold: share of the loudest tone's amplitude.
-  QBSong* removeSilent(float threshold);
-  QBSong* toVoice(int voice);
-  QBSong* removeVoice(int voice);
-  /// Indexes of tones in the harmony: 3 the seventh, 4 the ninth, 5 the eleventh.
-  QBSong* removeOptions(std::vector<int> options);
-  QBSong* removeNonChordTones();
-  QBSong* applyMetric(int beat, int beattype);
-  QBSong* toMelody();
-  QBSong* toBrass();
-  QBSong* toMelodyBrass();
-  QBSong* removeMelodyBrass();
-  QBSong* removeBrass();
-  QBSong* extractPlectrumLead();
-  QBSong* extractPlectrumSecond();
-  QBSong* extractPlectrumThird();
-  /// Tones that ring on become long ones.
-  QBSong* toPicking();
-  QBSong* pushDownStrings();
-  QBSong* toLeftHand();
-  QBSong* toRightHand();
-  QBSong* toLeftRightHand();
-  QBSong* toRightLeftHand();
-  /// Melody, bass and so many of the longest sounding tones between them.
-  QBSong* extractMiddleVoices(int count);
-  /// The fingerings seen at least so often; its title is not made free.
-  QBSong* extractVoicings(int minimum);
-  /// Without the tones that the rest of their chord does not support.
-  QBSong* cleanChords();
-  QBSong* findBestFingering();
-  /// Non-chord tones, bass movement and right hand mended in turn; writes the three stages as text
-  /// files into the tablature folder.
-  QBSong* trimToPlayable();
 
   /// The album; std::logic_error for a song that is in none, as after its deletion.
   QBAlbum& requireAlbum() const;
@@ -161,11 +114,6 @@ class QBSong final : public platform::ManagedObject {
   platform::ToOne<QBChord> m_toChord;
   platform::ToMany<QBChord> m_chords;
   platform::ToMany<QBMeasure> m_measures;
-
-  QBSong* transposed(const std::string& derivedTitle, int offset);
-  QBSong* filtered(const std::string& derivedTitle, QBChordVisitor& visitor);
-  template <class Visitor>
-  QBSong* rewritten(const std::string& derivedTitle);
 
   int m_chordPos = 0;
   int m_measPos = 0;

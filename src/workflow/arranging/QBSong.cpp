@@ -2,18 +2,11 @@
 #include "model/songs/QBSong.h"
 
 #include <algorithm>
-#include <stdexcept>
 
-#include "arrange/chords/QBChordExtractor.h"
 #include "arrange/chords/QBChordVisitor.h"
-#include "arrange/harmony/QBChordTransposer.h"
-#include "model/instruments/QBInstrument.h"
-#include "model/instruments/QBTuning.h"
-#include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
 #include "model/store/QBTabMgr.h"
-#include "workflow/library/QBNameMgr.h"
 
 namespace korvel {
 namespace {
@@ -93,65 +86,5 @@ void QBSong::iterate(QBChordVisitor& visitor) {
 }
 
 void QBSong::buildTab() { setTabulature(toString()); }
-
-// ---- copies and combinations
-
-QBSong* QBSong::cloneToAlbum(QBAlbum* target) {
-  QBTabMgr& db = QBTabMgr::db();
-  QBSong* copy = db.createSong(title(), tuning(), db.selectedInstrument(), target);
-  for (const auto& chord : allChords()) chord->clone(copy);
-  return copy;
-}
-
-QBSong* QBSong::clone() { return cloneToAlbum(album()); }
-
-QBSong* QBSong::mergeWithSong(QBSong& other) {
-  QBSong& longer = allChords().size() >= other.allChords().size() ? *this : other;
-  QBSong* merged = longer.clone();
-  merged->setTitle(merged->title() + "(mrg)");
-  // The tones always come from the argument: merged with a longer song, that song's clone takes its
-  // own tones, as intended.
-  const auto& into = merged->allChords();
-  const auto& from = other.allChords();
-  for (std::size_t i = 0; i < from.size(); ++i) into[i]->mergeWith(*from[i]);
-  merged->buildTab();
-  return merged;
-}
-
-QBSong* QBSong::extractPartOfSong(int from, int to) {
-  QBAlbum& home = requireAlbum();
-  QBSong* part = home.createSong(QBNameMgr(&home, title()).extractPartChords(from, to));
-  part->setTuning(tuning());
-  QBChordExtractor visitor(from, to, part);
-  iterate(visitor);
-  part->buildTab();
-  return part;
-}
-
-QBSong* QBSong::transposed(const std::string& derivedTitle, int offset) {
-  QBTabMgr& db = QBTabMgr::db();
-  QBInstrument* instrument = db.selectedInstrument();
-  QBSong* made = db.createSong(derivedTitle, tuning(), instrument, &requireAlbum());
-  for (const auto& chord : allChords()) {
-    QBChordTransposer transposer(chord, instrument, 0, offset);
-    transposer.transpose()->clone(made);
-    transposer.dispose();
-  }
-  made->buildTab();
-  return made;
-}
-
-QBSong* QBSong::transformUp(int steps) {
-  return transposed(QBNameMgr(&requireAlbum(), title()).transformUp(steps), steps);
-}
-
-QBSong* QBSong::transformDown(int steps) {
-  return transposed(QBNameMgr(&requireAlbum(), title()).transformDown(steps), -steps);
-}
-
-QBAlbum& QBSong::requireAlbum() const {
-  if (!album()) throw std::logic_error("the song \"" + title() + "\" is in no album");
-  return *album();
-}
 
 }  // namespace korvel

@@ -10,14 +10,22 @@ namespace korvel {
 class QBSong;
 class QBSongNode;
 
-/// One command that a user can give a song. A command that derives a song has `derive`; the others
+/// One command that a user can give a song. A command that derives a song has `make`; the others
 /// are the node's own business, `perform`.
+///
+/// A new arrangement is a filter (`QBChordVisitor`) and a row in the table of commands, which names
+/// it, with `filteredBy<Filter>` or a function of one's own as `make`; a window wants the title in
+/// its translations as well.
 struct SongCommand {
   std::string_view title;    ///< In the menus.
   std::string_view action;   ///< Its name in the application's song menu.
   std::string_view command;  ///< Its name as a command of the song's node.
   std::string_view message;  ///< Logged once the derived song is there.
-  QBSong* (*derive)(QBSong&) = nullptr;
+  /// Said behind the source's title in that of the derived song, which is made free; empty for a
+  /// song that finds its title itself.
+  std::string_view tag;
+  /// Makes the derived song under its title.
+  QBSong* (*make)(QBSong&, const std::string& title) = nullptr;
   void (QBSongNode::*perform)() = nullptr;
 };
 
@@ -34,6 +42,9 @@ struct SongMenuSection {
 
 /// The menu of a song from top to bottom.
 std::span<const SongMenuSection> songMenu();
+
+/// The new song that a command derives from the song (`SongCommand::make`).
+QBSong* derived(QBSong& song, const SongCommand& command);
 
 /// The title of a command as it is undone: "Extract Melody" for the item "Melody".
 std::string undoTitle(const SongCommand& command);

@@ -18,7 +18,11 @@ class QBNameMgr {
   QBNameMgr(QBAlbum* album, std::string name);
   ~QBNameMgr();
 
-  // Each appends its tag and answers a name that is free in the album.
+  /// Appends a tag and answers a name that is free in the album. The commands of the song menu have
+  /// their tags in their rows (`SongCommand::tag`).
+  std::string tagged(std::string_view tag);
+
+  // The same with the tag of an operation of that name.
   std::string toMelody() { return tagged("(Mld)"); }
   std::string toBrass() { return tagged("(Brs)"); }
   std::string toMelodyBrass() { return tagged("(MldBrs)"); }
@@ -60,7 +64,6 @@ class QBNameMgr {
   std::string newAlbumName();
 
  private:
-  std::string tagged(std::string_view tag);
   std::string tagged(std::string_view tag, int number);
 
   platform::Ref<QBAlbum> m_album;

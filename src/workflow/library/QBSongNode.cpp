@@ -10,8 +10,10 @@
 #include "platform/files/FileError.h"
 #include "platform/files/Files.h"
 #include "platform/persistence/UndoManager.h"
+#include "workflow/arranging/ArrangedSong.h"
+#include "workflow/arranging/HandArrangements.h"
+#include "workflow/arranging/VoiceArrangements.h"
 #include "workflow/library/AlbumNode.h"
-#include "workflow/library/QBNameMgr.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
@@ -48,7 +50,7 @@ bool QBSongNode::perform(const SongCommand& command) {
   const auto keep = shared_from_this();  // a deletion takes this node out of the tree
   const platform::UndoGroup group(QBTabMgr::db().context().undoManager(), undoTitle(command));
   try {
-    if (command.derive)
+    if (command.make)
       derive(command);
     else
       (this->*command.perform)();
@@ -60,7 +62,7 @@ bool QBSongNode::perform(const SongCommand& command) {
 }
 
 void QBSongNode::derive(const SongCommand& command) {
-  QBSong* made = command.derive(*m_song);
+  QBSong* made = derived(*m_song, command);
   addSongToParent(made);
   QBSession::session().setActiveSong(made);
   finish(command.message);
@@ -81,13 +83,13 @@ void QBSongNode::mouseClick() {
 void QBSongNode::extractChainStandard() {
   constexpr int kMiddleVoicesOfSix = 4;
   printOut("Applying filter chain.");
-  QBSong* voices = m_song->extractMiddleVoices(kMiddleVoicesOfSix);
+  QBSong* voices = extractMiddleVoices(*m_song, kMiddleVoicesOfSix);
   addSongToParent(voices);
   finish("Leading Six Voices extracted.");
-  QBSong* left = voices->toLeftHand();
+  QBSong* left = toLeftHand(*voices);
   addSongToParent(left);
   finish("Left Hand optimized.");
-  addSongToParent(left->toRightHand());
+  addSongToParent(toRightHand(*left));
   finish("Right Hand optimized.");
   QBTabMgr::db().save();
 }
@@ -102,7 +104,7 @@ void QBSongNode::exportAsFile() {
 }
 
 void QBSongNode::copySong() {
-  const std::string name = QBNameMgr(&m_song->requireAlbum(), m_song->title()).copySong();
+  const std::string name = nameOf(*m_song).copySong();
   QBSong* copy = m_song->clone();
   copy->setTitle(name);
   addSongToParent(copy);

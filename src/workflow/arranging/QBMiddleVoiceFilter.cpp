@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "arrange/voices/QBMiddleVoiceFilter.h"
+#include "workflow/arranging/QBMiddleVoiceFilter.h"
 
 #include <algorithm>
 #include <functional>
@@ -12,6 +12,8 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "workflow/arranging/CombinedSongs.h"
+#include "workflow/arranging/VoiceArrangements.h"
 
 namespace korvel {
 namespace {
@@ -35,8 +37,8 @@ RunLengths runLengths(QBHold* hold, const RunLengths& next) {
 
 QBMiddleVoiceFilter::QBMiddleVoiceFilter(QBSong* song, int size)
     : m_source(song),
-      m_melbrass(song->toMelodyBrass()),
-      m_middle(song->removeMelodyBrass()),
+      m_melbrass(toMelodyBrass(*song)),
+      m_middle(removeMelodyBrass(*song)),
       m_size(size) {}
 
 QBMiddleVoiceFilter::~QBMiddleVoiceFilter() = default;
@@ -44,7 +46,7 @@ QBMiddleVoiceFilter::~QBMiddleVoiceFilter() = default;
 QBSong* QBMiddleVoiceFilter::filter() {
   countSustains();
   keepMostSustained();
-  m_target = m_melbrass->mergeWithSong(*m_middle);
+  m_target = mergeWithSong(*m_melbrass, *m_middle);
   m_target->setTitle(m_source->title() + "(mv)");
   QBAlbum& album = m_source->requireAlbum();
   album.deleteSong(m_melbrass);

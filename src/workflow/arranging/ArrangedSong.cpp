@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/arranging/ArrangedSong.h"
+
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+
+namespace korvel {
+
+QBSong* filtered(QBSong& source, const std::string& title, QBChordVisitor&& visitor) {
+  QBSong* copy = source.clone();
+  copy->setTitle(title);
+  copy->iterate(visitor);
+  copy->buildTab();
+  return copy;
+}
+
+QBSong* emptyBeside(const QBSong& source, const std::string& title) {
+  QBSong* made = source.requireAlbum().createSong(title);
+  made->setTuning(source.tuning());  // its strings are the source's, not the instrument's
+  return made;
+}
+
+QBSong* filled(QBSong* made, QBSong& source, QBChordVisitor&& visitor) {
+  source.iterate(visitor);
+  made->buildTab();
+  return made;
+}
+
+QBSong* finished(QBSong* song, const std::string& title) {
+  song->setTitle(title);
+  song->buildTab();
+  return song;
+}
+
+QBNameMgr nameOf(const QBSong& song) { return {&song.requireAlbum(), song.title()}; }
+
+}  // namespace korvel

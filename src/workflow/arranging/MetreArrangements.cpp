@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/arranging/MetreArrangements.h"
+
+#include "arrange/chords/QBApplyMetric.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "tab/filters/QBTabFilter.h"
+#include "workflow/arranging/ArrangedSong.h"
+
+namespace korvel {
+
+QBSong* applyMetric(QBSong& song, int beat, int beattype) {
+  const std::string title = nameOf(song).applyMetric(beat, beattype);
+  QBSong* copy = song.clone();
+  QBApplyMetric visitor(beat, beattype, copy);
+  copy->setTitle(title);
+  copy->iterate(visitor);
+  copy->buildTab();
+  return copy;
+}
+
+QBSong* toPicking(QBSong& song) {
+  const std::string title = nameOf(song).applyPicking();
+  QBSong* copy = song.clone();
+  copy->setTitle(title);
+  QBTabFilter(&song, copy).filter();
+  copy->buildTab();
+  return copy;
+}
+
+QBSong* laidIntoMetre(QBSong& song, int beat, int beattype, const std::string& title) {
+  QBSong* picked = toPicking(song);
+  QBSong* measured = applyMetric(*picked, beat, beattype);
+  song.requireAlbum().deleteSong(picked);
+  return finished(measured, title);
+}
+
+}  // namespace korvel
