@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // korvel-refinger: chooses strings for notes that are known, such as the labels of recordings.
 // Scored against the same labels, its results tell what the fingering gets right whatever is heard.
-#include <CLI/CLI.hpp>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -10,6 +9,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cli/support/CommandLine.h"
 #include "cli/support/DetectionFlags.h"
 #include "platform/files/Files.h"
 #include "precise/Settings.h"
@@ -45,23 +45,32 @@ json refingered(const std::filesystem::path& file, const Fingering& fingering) {
   return song;
 }
 
+struct Options {
+  std::string folder;
+  std::vector<std::string> files;
+  Settings settings;
+};
+
+void refinger(const Options& options) {
+  const Fingering fingering(korvel::kStandardPitches, options.settings.fingering);
+  for (const std::filesystem::path file : options.files)
+    korvel::platform::writeAtomically(std::filesystem::path(options.folder) / file.filename(),
+                                      refingered(file, fingering).dump(1));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::filesystem::path folder;
-  std::vector<std::filesystem::path> files;
-  Settings settings;
-  CLI::App app("Chooses strings for the notes of JSON files.", "korvel-refinger");
-  app.add_option("--output", folder, "Folder for the results")->required();
-  app.add_option("FILE", files, R"(As "korvel-cli transcribe" writes them)")->required();
-  korvel::cli::addDetectionFlags(app, settings);
-  CLI11_PARSE(app, argc, argv);
+  korvel::cli::CommandLine line("Chooses strings for the notes of JSON files.", "korvel-refinger");
+  korvel::cli::Command& tool = line.root();
+  auto& options = tool.own<Options>();
+  tool.option("--output", options.folder, "Folder for the results").required();
+  tool.option("FILE", options.files, R"(As "korvel-cli transcribe" writes them)").required();
+  korvel::cli::addDetectionFlags(tool, options.settings);
+  tool.does([&options] { refinger(options); });
+  if (const auto ended = line.read(argc, argv)) return *ended;
   try {
-    const Fingering fingering(korvel::kStandardPitches, settings.fingering);
-    for (const auto& file : files)
-      korvel::platform::writeAtomically(folder / file.filename(),
-                                        refingered(file, fingering).dump(1));
-    return EXIT_SUCCESS;
+    return line.chosen().run();
   } catch (const std::exception& error) {
     std::cerr << "korvel-refinger: " << error.what() << '\n';
     return EXIT_FAILURE;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/SongJson.h"
 
+#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "model/book/QBHarmony.h"
@@ -11,6 +12,7 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "precise/Note.h"
 
 namespace korvel {
 namespace {
@@ -18,6 +20,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr int kIndent = 2;
+constexpr double kPerSecond = 10000;
+constexpr double kPerUnit = 1000;
 
 template <class T>
 Json valueIf(bool set, const T& value) {
@@ -81,6 +85,20 @@ Json asJson(QBSong& song) {
           {"tabulature", valueIf(song.hasTabulature(), song.tabulature())}};
 }
 
+double rounded(double value, double steps) { return std::round(value * steps) / steps; }
+
+Json placeOf(int number) { return number < 0 ? Json(nullptr) : Json(number); }
+
+Json asJson(const precise::Note& note) {
+  return {{"onset", rounded(note.onset, kPerSecond)},
+          {"offset", rounded(note.end, kPerSecond)},
+          {"midi", note.pitch},
+          {"string", placeOf(note.string)},
+          {"fret", placeOf(note.fret)},
+          {"strength", rounded(note.strength, kPerUnit)},
+          {"probability", rounded(note.probability, kPerUnit)}};
+}
+
 // Names taken from files may hold bytes that are no UTF-8; they show as replacement characters.
 std::string dump(const Json& json) {
   return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + '\n';
@@ -94,6 +112,12 @@ std::string songsAsJson(const std::vector<QBSong*>& songs) {
   Json all = Json::array();
   for (QBSong* song : songs) all.push_back(asJson(*song));
   return dump(all);
+}
+
+std::string notesAsJson(std::span<const precise::Note> notes) {
+  Json list = Json::array();
+  for (const precise::Note& note : notes) list.push_back(asJson(note));
+  return Json{{"notes", std::move(list)}}.dump(1) + '\n';
 }
 
 }  // namespace korvel

@@ -28,8 +28,8 @@ SHARED = {
 # pattern, folders, whether headers may include them too.
 FOREIGN = [
     (r"Q[A-Z]\w*|Qt\w*/.*", {"ui"}, True),
-    (r"CLI/.*", {"cli"}, True),
-    (r"nlohmann/.*", {"export", "workflow", "cli"}, False),
+    (r"CLI/.*", {"cli"}, False),
+    (r"nlohmann/.*", {"export"}, False),
     (r"cxxabi\.h", {"workflow"}, False),  # readable names of exceptions
     (r"unistd\.h", {"platform", "cli"}, False),
 ]

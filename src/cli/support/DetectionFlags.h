@@ -4,15 +4,13 @@
 #include "precise/Settings.h"
 #include "workflow/hearing/ImportDetection.h"
 
-namespace CLI {
-class App;
-}
-
 namespace korvel::cli {
 
+class Command;
+
 /// Offers --sensitivity, --position, --frets and --capo, which fill the settings.
-void addDetectionFlags(CLI::App& command, precise::Settings& settings);
+void addDetectionFlags(Command& command, precise::Settings& settings);
 /// The same and --detection, without which they have no meaning when it is the classic one.
-void addDetectionFlags(CLI::App& command, ImportDetection& detection, precise::Settings& settings);
+void addDetectionFlags(Command& command, ImportDetection& detection, precise::Settings& settings);
 
 }  // namespace korvel::cli

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
@@ -107,6 +108,16 @@ QBAlbum& chooseAlbum(const std::string& name) {
   for (const auto& album : QBTabMgr::db().albums())
     known += (known.empty() ? "\"" : ", \"") + album->name() + '"';
   throw CliError("no album \"" + name + "\"" + (known.empty() ? "" : "; there is " + known));
+}
+
+void addSong(Command& command, std::string& song) {
+  command.option("SONG", song, "Title, or ALBUM/TITLE").required().shownAs("");
+}
+
+void needStoredSong(Command& command, std::string& song) {
+  addSong(command, song);
+  command.checkAtOnce();
+  command.uses(Store::existing);
 }
 
 }  // namespace korvel::cli

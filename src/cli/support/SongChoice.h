@@ -11,6 +11,8 @@ class QBSong;
 
 namespace korvel::cli {
 
+class Command;
+
 /// "ALBUM/TITLE".
 std::string fullTitle(const QBSong& song);
 
@@ -26,5 +28,10 @@ QBChord* chordAt(QBSong& song, int position);
 
 /// Throws CliError, which lists the albums, when there is none of that name.
 QBAlbum& chooseAlbum(const std::string& name);
+
+/// Has a command take a song by its name.
+void addSong(Command& command, std::string& song);
+/// The same for a command that is about stored songs alone: without a store it fails.
+void needStoredSong(Command& command, std::string& song);
 
 }  // namespace korvel::cli

@@ -3,12 +3,26 @@
 
 #include <algorithm>
 
+#include "cli/support/Command.h"
 #include "cli/support/SongChoice.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "playback/GuitarSynthesizer.h"
 
 namespace korvel::cli {
+
+void addSoundOptions(Command& command, SoundOptions& sound) {
+  command
+      .option("--rate", sound.rate, "Speed, where 1 is that of the recording (default: the song's)")
+      .within(0.1, 4);
+  command
+      .option("--loop", sound.loop,
+              "Positions of the chords to play (default: the song's loop, or all)")
+      .words(2)
+      .shownAs("FROM TO");
+  command.option("--soundfont", sound.soundFont, "SoundFont to play with (default: what is found)")
+      .shownAs("FILE");
+}
 
 std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options) {
   return guitarSynthesizer(options.soundFont);

@@ -16,12 +16,17 @@ class QBSong;
 
 namespace korvel::cli {
 
+class Command;
+
 /// How a song shall sound.
 struct SoundOptions {
   std::optional<double> rate;            ///< The song's own when not given.
   std::vector<int> loop;                 ///< Two positions for the song's own loop, or none.
   std::optional<std::string> soundFont;  ///< What is found when not given.
 };
+
+/// Offers --rate, --loop and --soundfont.
+void addSoundOptions(Command& command, SoundOptions& sound);
 
 /// Throws SoundFontError.
 std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options);

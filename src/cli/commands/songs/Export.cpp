@@ -1,19 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/Export.h"
+#include "cli/commands/songs/Export.h"
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
-#include "cli/commands/Render.h"
+#include "cli/commands/sound/Render.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/OutputFile.h"
 #include "cli/support/SongChoice.h"
+#include "cli/support/UsageError.h"
 #include "model/songs/QBSong.h"
 #include "workflow/exporting/SongFiles.h"
 #include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
+
+struct ExportOptions {
+  std::string song;
+  std::optional<std::string> txt;       ///< File for the text tablature.
+  std::optional<std::string> musicxml;  ///< File for the score.
+  std::optional<std::string> midi;      ///< File for sequencers.
+  std::optional<std::string> wav;       ///< File that the song sounds from.
+  std::optional<std::string> metric;    ///< Such as "3/4"; the song's own when not given.
+  bool force = false;                   ///< Replaces files that are there already.
+};
 
 std::optional<Meter> chosenMeter(const std::optional<std::string>& metric) {
   if (!metric) return std::nullopt;
@@ -49,8 +63,7 @@ std::optional<OutputFile> waveOf(const ExportOptions& options) {
   return OutputFile(*options.wav, options.force);
 }
 
-}  // namespace
-
+/// Makes all of the files before it writes the first.
 void exportSong(const ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
@@ -66,6 +79,29 @@ void exportSong(const ExportOptions& options) {
   // The one that takes most room first: when there is not enough, nothing is written.
   if (wave) renderSong(song, *wave, {});
   for (std::size_t i = 0; i < outputs.size(); ++i) outputs[i].file.write(contents[i]);
+}
+
+}  // namespace
+
+void addExport(Command& tool) {
+  Command& command = tool.command("export", "Write a song to files");
+  auto& options = command.own<ExportOptions>();
+  addSong(command, options.song);
+  command.option("--txt", options.txt, "Text tablature").shownAs("FILE");
+  command.option("--musicxml", options.musicxml, "Score for notation programs").shownAs("FILE");
+  command.option("--midi", options.midi, "What is played, for sequencers").shownAs("FILE");
+  command.option("--wav", options.wav, "The sound of it, as render writes it").shownAs("FILE");
+  command
+      .option("--metric", options.metric,
+              "Time signature of score and MIDI (default: the song's, or 4/4)")
+      .oneOf({"4/4", "3/4", "6/8", "12/8"});
+  command.flag("--force", options.force, "Replace files that are there already");
+  command.checkLast([&options] {
+    if (!options.txt && !options.musicxml && !options.midi && !options.wav)
+      throw UsageError("export", "takes one or more of --txt, --musicxml, --midi and --wav");
+  });
+  command.uses(Store::existing);
+  command.does([&options] { exportSong(options); });
 }
 
 }  // namespace korvel::cli

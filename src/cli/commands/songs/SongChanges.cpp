@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/SongChanges.h"
+#include "cli/commands/songs/SongChanges.h"
 
 #include <algorithm>
+#include <string>
 
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/SongChoice.h"
+#include "cli/support/UsageError.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
@@ -36,8 +39,6 @@ QBAlbum& albumFor(const std::string& name) {
   QBAlbum* known = db.findAlbumByName(name);
   return known ? *known : *db.createAlbum(name, false);
 }
-
-}  // namespace
 
 void setLoop(const std::string& name, int from, int to) {
   QBSong& song = chooseSong(name);
@@ -113,6 +114,83 @@ void extractPart(const std::string& name, int from, int to) {
   const TuningForNow chosen(song.tuning());
   QBSong* part = extractPartOfSong(song, from, to);
   saveAndPrint(*part);
+}
+
+struct SongAndOther {
+  std::string song;
+  std::string other;  ///< A title, an album or a second song.
+};
+
+struct SongAndRange {
+  std::string song;
+  int from = 0, to = 0;
+  bool clear = false;
+};
+
+struct Range {
+  Option first, last;
+};
+
+Range addRange(Command& command, SongAndRange& range) {
+  const Option first = command.option("FROM", range.from, "Position of a chord, from 1");
+  Option last = command.option("TO", range.to, "Position of a chord");
+  last.needs(first);
+  return {first, last};
+}
+
+void addLoop(Command& tool) {
+  Command& command = tool.command("loop", "Set the playback loop of a song");
+  auto& options = command.own<SongAndRange>();
+  needStoredSong(command, options.song);
+  const Option last = addRange(command, options).last;
+  Option off = command.flag("--clear", options.clear, "Take the loop away");
+  off.excludes(last);
+  command.checkAtOnce([last, off] {
+    if (!last.isGiven() && !off.isGiven())
+      throw UsageError("loop", "takes FROM and TO, or --clear");
+  });
+  command.does([&options] {
+    options.clear ? clearLoop(options.song) : setLoop(options.song, options.from, options.to);
+  });
+}
+
+void addExtract(Command& tool) {
+  Command& command = tool.command("extract", "Copy chords to a new song");
+  auto& options = command.own<SongAndRange>();
+  needStoredSong(command, options.song);
+  Range range = addRange(command, options);
+  range.first.required();
+  range.last.required();
+  command.does([&options] { extractPart(options.song, options.from, options.to); });
+}
+
+/// A command on a song with one word more.
+void addChange(Command& tool, const char* name, const char* description, const char* other,
+               void (*change)(const std::string&, const std::string&)) {
+  Command& command = tool.command(name, description);
+  auto& options = command.own<SongAndOther>();
+  needStoredSong(command, options.song);
+  command.option(other, options.other, "").required().shownAs("");
+  command.does([&options, change] { change(options.song, options.other); });
+}
+
+void addClone(Command& tool) {
+  Command& command = tool.command("clone", "Copy a song");
+  auto& song = command.own<std::string>();
+  needStoredSong(command, song);
+  command.does([&song] { cloneSong(song); });
+}
+
+}  // namespace
+
+void addSongChanges(Command& tool) {
+  addLoop(tool);
+  addClone(tool);
+  addChange(tool, "rename", "Give a song another title", "TITLE", renameSong);
+  addChange(tool, "move", "Move a song to an album, which is made when missing", "ALBUM", moveSong);
+  addChange(tool, "merge", "Add the tones of another song, chord by chord, in a new song", "OTHER",
+            mergeSongs);
+  addExtract(tool);
 }
 
 }  // namespace korvel::cli

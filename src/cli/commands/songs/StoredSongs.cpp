@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/StoreCommands.h"
+#include "cli/commands/songs/StoredSongs.h"
 
 #include <stdexcept>
+#include <string>
 
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/SongChoice.h"
 #include "export/SongJson.h"
@@ -11,14 +13,10 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
-#include "platform/files/Files.h"
-#include "platform/sqlite/StoreFile.h"
 #include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
-
-void printLine(std::string_view line) { Console::attached().printLine(line); }
 
 /// Texts of a song need its chords, and are drawn for the tuning that it was made in.
 template <class Text>
@@ -31,12 +29,10 @@ std::string textOf(const QBSong& song, const Text& text) {
   }
 }
 
-}  // namespace
-
 void listSongs() {
   for (const auto& album : QBTabMgr::db().albums()) {
-    if (album->songs().empty()) printLine(album->name() + '/');
-    for (const QBSong* song : album->songs()) printLine(fullTitle(*song));
+    if (album->songs().empty()) Console::attached().printLine(album->name() + '/');
+    for (const QBSong* song : album->songs()) Console::attached().printLine(fullTitle(*song));
   }
 }
 
@@ -55,25 +51,22 @@ void deleteSong(const std::string& name) {
   QBTabMgr::db().context().save();
 }
 
-void listTunings() {
-  const QBTuning* active = QBTabMgr::db().selectedTuning();
-  for (const auto& tuning : QBTabMgr::db().tunings())
-    printLine((tuning == active ? "* " : "  ") + tuning->descr() + " (" + tuning->toString() + ")");
+void addSongCommand(Command& tool, const char* name, const char* description,
+                    void (*action)(const std::string&)) {
+  Command& command = tool.command(name, description);
+  auto& song = command.own<std::string>();
+  needStoredSong(command, song);
+  command.does([&song, action] { action(song); });
 }
 
-void checkStore() {
-  platform::SqliteDatabase& store = QBTabMgr::db().context().store();
-  const auto problems = platform::StoreFile::problems(store);
-  for (const std::string& problem : problems) printLine(problem);
-  if (!problems.empty())
-    throw CliError(store.file() + ": the store is damaged; restore a backup of it");
-  printLine(store.file() + ": ok");
-}
+}  // namespace
 
-void backupStore(const std::string& file) {
-  if (platform::isThere(file))
-    throw CliError(file + ": there is a file of that name already; choose another");
-  platform::StoreFile::backup(QBTabMgr::db().context().store(), file);
+void addList(Command& tool) { tool.command("list", "List albums and songs").does(listSongs); }
+
+void addStoredSongs(Command& tool) {
+  addSongCommand(tool, "show", "Print the tablature of a song", showSong);
+  addSongCommand(tool, "dump", "Print a song as JSON", dumpSong);
+  addSongCommand(tool, "delete", "Delete a song", deleteSong);
 }
 
 }  // namespace korvel::cli

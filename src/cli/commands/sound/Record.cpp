@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/Record.h"
+#include "cli/commands/sound/Record.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
+#include <string>
 
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
+#include "cli/support/DetectionFlags.h"
 #include "cli/support/Interrupts.h"
 #include "cli/support/OutputFile.h"
 #include "cli/support/TuningChoice.h"
+#include "cli/support/UsageError.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
@@ -23,11 +28,26 @@
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sound/SampleRate.h"
 #include "platform/sound/WaveFiles.h"
+#include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
+#include "workflow/hearing/ImportDetection.h"
 #include "workflow/hearing/LiveRecording.h"
 
 namespace korvel::cli {
 namespace {
+
+struct RecordOptions {
+  std::optional<double> seconds;      ///< Until Ctrl-C when not given.
+  std::string device;                 ///< The system's default when empty.
+  std::optional<std::string> file;    ///< A WAV file in the place of a device.
+  bool fast = false;                  ///< Not at the file's own pace.
+  std::optional<std::string> album;   ///< Made when missing; one of its own when not given.
+  std::optional<std::string> title;   ///< Date and time when not given.
+  std::optional<std::string> wav;     ///< Where the recording is kept as well.
+  std::optional<std::string> tuning;  ///< For this recording only.
+  ImportDetection detection = ImportDetection::precise;
+  precise::Settings settings{};  ///< Of the precise detection.
+};
 
 using State = LiveRecording::State;
 
@@ -176,8 +196,8 @@ void requirePossible(const RecordOptions& options) {
                    ": no instrument is active, so no tone can be confirmed");
 }
 
-}  // namespace
-
+/// Answers the exit status: a failure when the device was lost, too, though the song is stored
+/// then.
 int record(const RecordOptions& options) {
   requirePossible(options);
   const ChosenSystem system(options);
@@ -188,6 +208,31 @@ int record(const RecordOptions& options) {
   recording.onState([&](State state) { tellOfState(state, options); });
   run(recording);
   return conclude(recording, options);
+}
+
+}  // namespace
+
+void addRecord(Command& tool) {
+  Command& command = tool.command("record", "Record a song and show its chords while playing");
+  auto& options = command.own<RecordOptions>();
+  command.option("--seconds", options.seconds, "How long (default: until Ctrl-C)")
+      .within(0.1, 86400);
+  const Option device =
+      command.option("--device", options.device, "Input (default: what the system has chosen)");
+  Option wave = command.option("--file", options.file, "WAV file that is heard instead");
+  wave.shownAs("FILE").excludes(device);
+  command.flag("--fast", options.fast, "Hear the file faster than it plays; some may get lost")
+      .needs(wave);
+  command.option("--album", options.album, "Album for the song (default: one of its own)");
+  command.option("--title", options.title, "Title of the song (default: date and time)");
+  command.option("--wav", options.wav, "File that the sound is kept in").shownAs("FILE");
+  command.option("--tuning", options.tuning, "Tuning of the guitar, such as \"Drop D\"");
+  addDetectionFlags(command, options.detection, options.settings);
+  command.checkLast([&options] {
+    if (options.title == "" || options.album == "" || options.wav == "" || options.file == "")
+      throw UsageError("record", "takes names that are not empty");
+  });
+  command.does([&options] { return record(options); });
 }
 
 }  // namespace korvel::cli

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/InstrumentCommands.h"
+#include "cli/commands/store/InstrumentCommands.h"
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include "audio/MonoTrack.h"
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/OutputFile.h"
 #include "model/instruments/QBInstrument.h"
@@ -56,8 +58,7 @@ std::string missingNotes(const CalibrateCommand& heard) {
   return missing;
 }
 
-}  // namespace
-
+/// The active one is marked with a star.
 void listInstruments() {
   for (const auto& instrument : QBTabMgr::db().instruments())
     printLine((instrument->active() ? "* " : "  ") + choiceOf(*instrument));
@@ -65,6 +66,7 @@ void listInstruments() {
 
 void selectInstrumentNamed(const std::string& name) { selectInstrument(chooseInstrument(name)); }
 
+/// It becomes the selected one.
 void importInstrumentFile(const std::string& file) {
   if (!std::filesystem::is_regular_file(file)) throw CliError(file + ": there is no such file");
   printLine(choiceOf(*importInstrument(file)));
@@ -76,6 +78,7 @@ void exportInstrument(const std::string& name, const std::string& file, bool rep
   output.write(definitionOf(chooseInstrument(name)));
 }
 
+/// Prints which notes were heard.
 void calibrateInstrument(const std::string& file, const std::string& name) {
   requireSound(file);
   CalibrateCommand heard(std::make_shared<MonoTrack>(file),
@@ -86,6 +89,66 @@ void calibrateInstrument(const std::string& file, const std::string& name) {
   addInstrument(name, heard.calibration());
   const std::string missing = missingNotes(heard);
   if (!missing.empty()) Console::attached().addLogText("It becomes better with" + missing + ".");
+}
+
+struct InstrumentWords {
+  std::string name;
+  std::string file;
+  bool force = false;
+};
+
+void addName(Command& command, InstrumentWords& words) {
+  command.option("INSTRUMENT", words.name, "Its name").required().shownAs("");
+}
+
+void addFile(Command& command, InstrumentWords& words, const char* help) {
+  command.option("FILE", words.file, help).required().shownAs("");
+}
+
+void addSelect(Command& instruments) {
+  Command& command = instruments.command("select", "Select the instrument that confirms tones");
+  auto& words = command.own<InstrumentWords>();
+  addName(command, words);
+  command.does([&words] { selectInstrumentNamed(words.name); });
+}
+
+void addImportOfOne(Command& instruments) {
+  Command& command = instruments.command("import", "Add an instrument from its definition file");
+  auto& words = command.own<InstrumentWords>();
+  addFile(command, words, "Definition file");
+  command.does([&words] { importInstrumentFile(words.file); });
+}
+
+void addExportOfOne(Command& instruments) {
+  Command& command = instruments.command("export", "Write the definition file of an instrument");
+  auto& words = command.own<InstrumentWords>();
+  addName(command, words);
+  addFile(command, words, "Definition file");
+  command.flag("--force", words.force, "Replace a file that is there already");
+  command.does([&words] { exportInstrument(words.name, words.file, words.force); });
+}
+
+void addCalibrate(Command& instruments) {
+  Command& command = instruments.command(
+      "calibrate",
+      "Add an instrument from a recording of single notes: each string open and at fret 7, with "
+      "silence between them");
+  auto& words = command.own<InstrumentWords>();
+  addFile(command, words, "Sound file");
+  command.option("--name", words.name, "Name of the instrument").required();
+  command.does([&words] { calibrateInstrument(words.file, words.name); });
+}
+
+}  // namespace
+
+void addInstruments(Command& tool) {
+  Command& instruments =
+      tool.command("instruments", "List the instruments of the classic detection, or change them");
+  instruments.does(listInstruments);
+  addSelect(instruments);
+  addImportOfOne(instruments);
+  addExportOfOne(instruments);
+  addCalibrate(instruments);
 }
 
 }  // namespace korvel::cli

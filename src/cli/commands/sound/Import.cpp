@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/Import.h"
+#include "cli/commands/sound/Import.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
+#include "cli/support/DetectionFlags.h"
 #include "cli/support/TuningChoice.h"
+#include "cli/support/UsageError.h"
 #include "export/SongJson.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
@@ -16,7 +22,9 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/loop/PlainRunLoop.h"
+#include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
+#include "workflow/hearing/ImportDetection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/SoundCheck.h"
@@ -26,6 +34,17 @@
 
 namespace korvel::cli {
 namespace {
+
+struct ImportOptions {
+  std::vector<std::string> files;
+  std::optional<std::string> album;   ///< Made when missing; one for each file when not given.
+  std::optional<std::string> title;   ///< Of the song; after the file when not given.
+  std::optional<std::string> tuning;  ///< For this import only; the active one when not given.
+  ImportDetection detection = ImportDetection::precise;
+  precise::Settings settings{};  ///< Of the precise detection.
+  bool json = false;
+  bool stepped = false;  ///< Through the run loop's timer, as a window does it.
+};
 
 void run(QBCmdImportSong& command, bool stepped) {
   command.onProgress([](double share) { Console::attached().progress(share); });
@@ -81,8 +100,8 @@ void requireInstrument() {
                    ": no instrument is active, so no tone can be confirmed");
 }
 
-}  // namespace
-
+/// A file that cannot be imported is reported and leaves nothing behind; the others go on. Answers
+/// the exit status.
 int importFiles(const ImportOptions& options) {
   if (detectionOf(options.detection).needsInstrument) requireInstrument();
   QBTuning* tuning = options.tuning ? &chooseTuning(*options.tuning) : nullptr;
@@ -100,6 +119,28 @@ int importFiles(const ImportOptions& options) {
   }
   if (options.json) printSongs(options, {songs.begin(), songs.end()});
   return status;
+}
+
+}  // namespace
+
+void addImport(Command& tool) {
+  Command& command =
+      tool.command("import", "Import recordings, store them and print their tablature");
+  auto& options = command.own<ImportOptions>();
+  command.option("FILE", options.files, "Sound files").required().shownAs("");
+  command.option("--album", options.album, "Album for the songs (default: one for each file)");
+  command.option("--title", options.title, "Title of the song (default: after the file)");
+  command.option("--tuning", options.tuning, "Tuning of the guitar, such as \"Drop D\"");
+  addDetectionFlags(command, options.detection, options.settings);
+  command.flag("--json", options.json, "Print the song as JSON");
+  command.flag("--stepped", options.stepped, "Import step by step on a timer");
+  command.checkLast([&options] {
+    if (options.title && options.files.size() > 1)
+      throw UsageError("--title", "goes with a single file");
+    if (options.title == "" || options.album == "")
+      throw UsageError("--title and --album", "take a name");
+  });
+  command.does([&options] { return importFiles(options); });
 }
 
 }  // namespace korvel::cli

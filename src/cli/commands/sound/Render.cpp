@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/Render.h"
+#include "cli/commands/sound/Render.h"
 
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/Interrupts.h"
 #include "cli/support/SongChoice.h"
@@ -12,6 +13,13 @@
 
 namespace korvel::cli {
 namespace {
+
+struct RenderOptions {
+  std::string song;
+  std::string file;
+  SoundOptions sound;
+  bool force = false;  ///< Replaces a file that is there already.
+};
 
 constexpr std::size_t kSamplesAtOnce = 16384;
 
@@ -27,8 +35,6 @@ bool write(SongRenderer& renderer, platform::WaveFileWriter& writer, const std::
   return writer.finish();
 }
 
-}  // namespace
-
 void render(const RenderOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
@@ -37,6 +43,8 @@ void render(const RenderOptions& options) {
   const TuningForNow chosen(song.tuning());
   renderSong(song, file, options.sound);
 }
+
+}  // namespace
 
 void renderSong(QBSong& song, const OutputFile& file, const SoundOptions& sound) {
   const LoopForNow loop(song, sound);
@@ -50,6 +58,17 @@ void renderSong(QBSong& song, const OutputFile& file, const SoundOptions& sound)
                                     platform::Synthesizer::kChannels, existing);
     return write(renderer, writer, name.string());
   });
+}
+
+void addRender(Command& tool) {
+  Command& command = tool.command("render", "Write what a song sounds like to a WAV file");
+  auto& options = command.own<RenderOptions>();
+  addSong(command, options.song);
+  command.option("FILE", options.file, "WAV file").required().shownAs("");
+  addSoundOptions(command, options.sound);
+  command.flag("--force", options.force, "Replace a file that is there already");
+  command.uses(Store::existing);
+  command.does([&options] { render(options); });
 }
 
 }  // namespace korvel::cli

@@ -1,16 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/Apply.h"
+#include "cli/commands/songs/Apply.h"
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/SongChoice.h"
+#include "cli/support/UsageError.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "workflow/arranging/SongCommands.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/session/QBSession.h"
@@ -19,14 +26,24 @@
 namespace korvel::cli {
 namespace {
 
+struct ApplyOptions {
+  std::vector<std::string> words;    ///< The song, unless `all`, and names of commands.
+  std::optional<std::string> album;  ///< Where the song is, or whose songs are all meant.
+  bool all = false;                  ///< Every song of the album.
+  bool list = false;                 ///< Prints the menu instead.
+
+  std::size_t firstCommand() const { return all ? 0 : 1; }
+  std::span<const std::string> commands() const { return std::span(words).subspan(firstCommand()); }
+};
+
 using Songs = std::vector<platform::Ref<QBSong>>;
 
 constexpr std::string_view kDelete = "deleteSong";
 
 Songs songsOf(const ApplyOptions& options) {
   if (options.all) return chooseAlbum(*options.album).songs().snapshot();
-  if (!options.album) return {&chooseSong(options.song)};
-  return {&chooseSong(*options.album + '/' + options.song)};
+  if (!options.album) return {&chooseSong(options.words.front())};
+  return {&chooseSong(*options.album + '/' + options.words.front())};
 }
 
 QBSongNode& activeNode(const AlbumNode& album, const std::string& command) {
@@ -63,20 +80,20 @@ void perform(const AlbumNode& album, const std::string& command) {
   printFrom(album, before);
 }
 
-void applyTo(QBSong& song, const std::vector<std::string>& commands) {
+void applyTo(QBSong& song, std::span<const std::string> commands) {
   const TuningForNow chosen(song.tuning());
   const auto album = AlbumNode::withSongs(song.album());
   QBSession::session().setActiveSong(&song);
   for (const std::string& command : commands) perform(*album, command);
 }
 
-}  // namespace
-
+/// Runs the commands in turn, each on the song that the one before made active. A command that
+/// fails ends the run for its song; what was made before stays. Answers the exit status.
 int applyCommands(const ApplyOptions& options) {
   int status = EXIT_SUCCESS;
   for (const auto& song : songsOf(options)) {
     try {
-      applyTo(*song, options.commands);
+      applyTo(*song, options.commands());
     } catch (const CliError& error) {
       Console::attached().error(error.what());
       status = EXIT_FAILURE;
@@ -86,6 +103,7 @@ int applyCommands(const ApplyOptions& options) {
   return status;
 }
 
+/// The menu of a song as a tree.
 void listCommands() {
   for (const SongMenuSection& section : songMenu()) {
     const std::string indent = section.title.empty() ? "" : "  ";
@@ -95,6 +113,36 @@ void listCommands() {
                                 std::string(item.command) + "]\n");
     if (section.isSeparator()) Console::attached().print("----\n");
   }
+}
+
+void checkWords(const ApplyOptions& options) {
+  if (options.all && !options.album) throw UsageError("--all", "goes with --album");
+  if (options.words.size() <= options.firstCommand())
+    throw UsageError("apply", "takes a song and a command or more");
+  for (const std::string& word : options.commands())
+    if (!findSongCommand(word))
+      throw UsageError(word, "is no command; korvel-cli apply --list prints them");
+}
+
+}  // namespace
+
+void addApply(Command& tool) {
+  Command& command = tool.command("apply", "Derive songs by the commands of the song menu");
+  auto& options = command.own<ApplyOptions>();
+  command.option("SONG", options.words, "Song, unless --all, and commands in turn")
+      .shownAs("[SONG] COMMAND...");
+  command.flag("--list", options.list, "Print the menu with the names of the commands");
+  command.option("--album", options.album, "Album that the song is in").shownAs("ALBUM");
+  command.flag("--all", options.all, "Every song of the album");
+  command.checkLast([&] {
+    if (!options.list) checkWords(options);
+    command.uses(options.list ? Store::none : Store::existing);
+  });
+  command.does([&options] {
+    if (!options.list) return applyCommands(options);
+    listCommands();
+    return EXIT_SUCCESS;
+  });
 }
 
 }  // namespace korvel::cli

@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/Transcribe.h"
+#include "cli/commands/sound/Transcribe.h"
 
-#include <cmath>
 #include <filesystem>
 #include <memory>
-#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "audio/MonoTrack.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
+#include "cli/support/DetectionFlags.h"
 #include "cli/support/OutputFile.h"
 #include "cli/support/TuningChoice.h"
+#include "export/SongJson.h"
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
+#include "precise/Settings.h"
 #include "precise/Transcription.h"
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
@@ -21,30 +26,16 @@
 namespace korvel::cli {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-constexpr double kPerSecond = 10000;
-constexpr double kPerUnit = 1000;
-
-double rounded(double value, double steps) { return std::round(value * steps) / steps; }
-
-Json placeOf(int number) { return number < 0 ? Json(nullptr) : Json(number); }
-
-Json asJson(const precise::Note& note) {
-  return {{"onset", rounded(note.onset, kPerSecond)},
-          {"offset", rounded(note.end, kPerSecond)},
-          {"midi", note.pitch},
-          {"string", placeOf(note.string)},
-          {"fret", placeOf(note.fret)},
-          {"strength", rounded(note.strength, kPerUnit)},
-          {"probability", rounded(note.probability, kPerUnit)}};
-}
-
-std::string asJson(const std::vector<precise::Note>& notes) {
-  Json list = Json::array();
-  for (const precise::Note& note : notes) list.push_back(asJson(note));
-  return Json{{"notes", std::move(list)}}.dump(1) + '\n';
-}
+struct TranscribeOptions {
+  std::string file;
+  std::optional<std::string> json;      ///< File for the notes; stdout when no file is given.
+  std::optional<std::string> midi;      ///< File for sequencers.
+  std::optional<std::string> musicxml;  ///< File for notation programs.
+  std::optional<double> tempo;          ///< Quarters a minute; assumed when not given.
+  std::optional<std::string> tuning;    ///< Of the store; standard tuning when not given.
+  bool force = false;                   ///< Replaces files that are there already.
+  precise::Settings settings{};
+};
 
 OpenPitches openStrings(const TranscribeOptions& options) {
   return options.tuning ? precise::openStringsOf(chooseTuning(*options.tuning)) : kStandardPitches;
@@ -71,11 +62,11 @@ class Outputs {
   void write(const std::vector<precise::Note>& notes, const OpenPitches& open) const {
     const std::string title = std::filesystem::path(m_options.file).stem().string();
     const NoteScore score(notes, m_options.tempo);
-    if (m_options.json) fileOf(*m_options.json).write(asJson(notes));
+    if (m_options.json) fileOf(*m_options.json).write(notesAsJson(notes));
     if (m_options.midi) fileOf(*m_options.midi).write(midiFile(score.midi(title)));
     if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(score.score(title, open)));
     if (!m_options.json && !m_options.midi && !m_options.musicxml)
-      Console::attached().print(asJson(notes));
+      Console::attached().print(notesAsJson(notes));
   }
 
  private:
@@ -89,13 +80,34 @@ class Outputs {
   const TranscribeOptions& m_options;
 };
 
-}  // namespace
-
 void transcribe(const TranscribeOptions& options) {
   requireSound(options.file);
   const Outputs outputs(options);
   const precise::Transcription heard = hear(options);
   outputs.write(heard.result().notes, openStrings(options));
+}
+
+}  // namespace
+
+void addTranscribe(Command& tool) {
+  Command& command =
+      tool.command("transcribe", "Print the notes of a recording as JSON, or write them to files");
+  auto& options = command.own<TranscribeOptions>();
+  command.option("FILE", options.file, "Sound file").required().shownAs("");
+  command.option("--json", options.json, "Notes (default: printed when no file is named)")
+      .shownAs("FILE");
+  command.option("--midi", options.midi, "Notes at their times, for sequencers").shownAs("FILE");
+  command.option("--musicxml", options.musicxml, "Notes to the nearest sixteenth, as a score")
+      .shownAs("FILE");
+  command.option("--tempo", options.tempo, "Quarters a minute (default: what fits the notes)")
+      .within(20, 400);
+  command.flag("--force", options.force, "Replace files that are there already");
+  command.option("--tuning", options.tuning,
+                 "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
+  addDetectionFlags(command, options.settings);
+  command.checkLast(
+      [&] { command.uses(options.tuning.has_value() ? Store::filled : Store::none); });
+  command.does([&options] { transcribe(options); });
 }
 
 }  // namespace korvel::cli

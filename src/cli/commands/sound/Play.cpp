@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/Play.h"
+#include "cli/commands/sound/Play.h"
 
 #include <cmath>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "cli/support/CliError.h"
+#include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/Interrupts.h"
 #include "cli/support/OutputFile.h"
 #include "cli/support/SongChoice.h"
+#include "cli/support/SoundChoice.h"
+#include "cli/support/UsageError.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "platform/loop/PlainRunLoop.h"
@@ -19,6 +24,14 @@
 
 namespace korvel::cli {
 namespace {
+
+struct PlayOptions {
+  std::string song;
+  SoundOptions sound;
+  std::string device;               ///< The system's default when empty.
+  std::optional<std::string> file;  ///< A WAV file in the place of a device.
+  bool force = false;               ///< Replaces that file when it is there already.
+};
 
 /// How long Ctrl-C may wait to be seen.
 constexpr double kWatchSeconds = 0.05;
@@ -109,8 +122,6 @@ void playInto(const OutputFile& file, QBSong& song, const PlayOptions& options) 
   playOn(files, song, options);
 }
 
-}  // namespace
-
 void play(const PlayOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
@@ -119,6 +130,25 @@ void play(const PlayOptions& options) {
     playInto(OutputFile(*options.file, options.force), song, options);
   else
     playOn(platform::AudioSystem::main(), song, options);
+}
+
+}  // namespace
+
+void addPlay(Command& tool) {
+  Command& command = tool.command("play", "Play a song, or its loop until Ctrl-C");
+  auto& options = command.own<PlayOptions>();
+  addSong(command, options.song);
+  addSoundOptions(command, options.sound);
+  const Option device =
+      command.option("--device", options.device, "Output (default: what the system has chosen)");
+  Option wave = command.option("--file", options.file, "WAV file that is played into instead");
+  wave.shownAs("FILE").excludes(device);
+  command.flag("--force", options.force, "Replace that file when it is there already").needs(wave);
+  command.checkLast([&options] {
+    if (options.file == "") throw UsageError("--file", "takes a name");
+  });
+  command.uses(Store::existing);
+  command.does([&options] { play(options); });
 }
 
 }  // namespace korvel::cli

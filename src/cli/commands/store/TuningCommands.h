@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace korvel::cli {
+
+class Command;
+
+/// `tunings`: lists them; its commands select the one of new songs, or add one and print its name.
+void addTunings(Command& tool);
+
+}  // namespace korvel::cli
