@@ -4,6 +4,7 @@
 #include "StoredSong.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBTone.h"
+#include "tab/text/SongDrawing.h"
 
 namespace korvel {
 namespace {
@@ -43,21 +44,21 @@ void cloneAndDeleteSong(benchmark::State& state) {
 
 void buildTab(benchmark::State& state) {
   const StoredSong store(state.range(0));
-  for (auto _ : state) StoredSong::song()->buildTab();
+  for (auto _ : state) buildTab(*StoredSong::song());
 }
 
 /// What the heaviest commands do besides filtering, up to their save.
 void runCommand() {
   QBSong* first = StoredSong::song()->clone();
-  first->buildTab();
+  buildTab(*first);
   QBSong* second = first->clone();
-  second->buildTab();
+  buildTab(*second);
   StoredSong::album()->deleteSong(first);
   QBSong* third = second->clone();
-  third->buildTab();
+  buildTab(*third);
   StoredSong::album()->deleteSong(second);
   third->setTitle("Result");
-  third->buildTab();
+  buildTab(*third);
 }
 
 void deleteResult() {

@@ -13,6 +13,7 @@
 #include "support/ScratchFolder.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/AlbumNode.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ int main(int argc, char** argv) {
   }
   const test::ScratchFolder folder;
   QBTabMgr::setStorePath(folder.file("Korvel.sqlite"));
-  if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+  if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
   QBAlbum* album = QBTabMgr::db().createAlbum("Bench", false);
   QBSong* song = album->createSong("Bench");
   {

@@ -17,6 +17,7 @@
 #include "recording/QBAudioMicrophone.h"
 #include "support/ScratchFolder.h"
 #include "workflow/hearing/LiveRecording.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace {
 
@@ -95,7 +96,7 @@ int main(int argc, char** argv) {
   const test::ScratchFolder folder;
   ::setenv("XDG_DATA_HOME", folder.path().c_str(), 1);
   QBTabMgr::setStorePath(folder.file("Korvel.sqlite"));
-  if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+  if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
   {
     TimedFiles files(argv[1], fast ? platform::Pace::fastest : platform::Pace::realTime);
     LiveRecording recording(QBTabMgr::db(), {.detection = ImportDetection::classic});

@@ -4,10 +4,12 @@
 #include <random>
 
 #include "arrange/groups/QBToneGroupBuilder.h"
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "tab/text/SongDrawing.h"
 
 namespace korvel::bench {
 namespace {
@@ -25,7 +27,7 @@ void addChord(QBSong* song, const char* grip, std::mt19937& random) {
     const int fret = fault ? static_cast<int>(random() % 5) : grip[string] - '0';
     chord->hold()->addTone(string, fret, 1e5 * static_cast<double>(1 + random() % 50));
   }
-  chord->readHarmony();
+  readHarmony(*chord);
   QBToneGroupBuilder(chord).build();
 }
 
@@ -37,7 +39,7 @@ QBSong* addLongSong(QBAlbum* album, const std::string& title, int chords) {
   std::mt19937 random(1);
   for (unsigned i = 0; i < static_cast<unsigned>(chords); ++i)
     addChord(song, kGrips[i / kChordsOfGrip % std::size(kGrips)], random);
-  song->buildTab();
+  buildTab(*song);
   return song;
 }
 

@@ -11,6 +11,8 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "tab/text/SongDrawing.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace {
 
@@ -38,7 +40,7 @@ void addAlbum(int number) {
   for (int i = 0; i < kSongsOfAlbum; ++i) {
     const bool undrawn = number == kAlbums && i == kSongsOfAlbum - 1;
     QBSong* song = addSong(album, undrawn ? "Undrawn" : "Song " + name + "." + std::to_string(i));
-    if (!undrawn) song->buildTab();
+    if (!undrawn) buildTab(*song);
   }
 }
 
@@ -50,7 +52,7 @@ int main(int argc, char** argv) {
     return EXIT_FAILURE;
   }
   QBTabMgr::setStorePath(argv[1]);
-  if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+  if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
   bool saved = true;
   for (int number = 1; saved && number <= kAlbums; ++number) {
     addAlbum(number);

@@ -4,6 +4,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "support/StandardStore.h"
+#include "tab/text/SongDrawing.h"
 
 namespace korvel {
 namespace {
@@ -13,7 +14,7 @@ void tablature(benchmark::State& state) {
   const test::StandardStore store;
   QBSong* song = store.song("Bench");
   for (int i = 0; i < state.range(0); ++i) test::addChord(song, "x02210", 1 + i % 4);
-  for (auto _ : state) benchmark::DoNotOptimize(song->toString().size());
+  for (auto _ : state) benchmark::DoNotOptimize(toString(*song).size());
   state.counters["perChord"] = benchmark::Counter(
       static_cast<double>(state.range(0)),
       benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);

@@ -25,6 +25,7 @@
 #include "workflow/hearing/ImportDesk.h"
 #include "workflow/session/QBCommand.h"
 #include "workflow/session/QBSession.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace {
 
@@ -161,7 +162,7 @@ int main(int argc, char** argv) {
   QBTabMgr::setStorePath(words.takeFirst().toStdString());
   ui::QtRunLoop loop([](const std::exception& error) { std::cerr << error.what() << '\n'; });
   platform::RunLoop::install(&loop);
-  if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+  if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
   ui::AlertBox alert;
   {
     ui::MainWindow window(alert);

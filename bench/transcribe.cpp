@@ -30,6 +30,7 @@
 #include "recording/PreciseRecorder.h"
 #include "recording/QBChordRecorder.h"
 #include "support/ScratchStore.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace {
 
@@ -127,7 +128,7 @@ int main(int argc, char** argv) {
   CLI11_PARSE(app, argc, argv);
   try {
     const test::ScratchStore store;
-    if (!QBTabMgr::db().initializeData()) return EXIT_FAILURE;
+    if (!initializeData(QBTabMgr::db())) return EXIT_FAILURE;
     if (!instrument.empty()) useInstrument(instrument);
     for (const auto& file : files)
       platform::writeAtomically(folder / file.stem().concat(".json"),

@@ -5,6 +5,7 @@
 
 #include "model/store/KorvelModel.h"
 #include "model/store/QBTabMgr.h"
+#include "workflow/session/StoreSeeding.h"
 
 int main(int argc, char** argv) {
   if (argc != 2) {
@@ -14,7 +15,7 @@ int main(int argc, char** argv) {
   try {
     korvel::storeFile(argv[1]).create();
     korvel::QBTabMgr::setStorePath(argv[1]);
-    const bool seeded = korvel::QBTabMgr::db().initializeData();
+    const bool seeded = initializeData(korvel::QBTabMgr::db());
     const bool complete =
         korvel::QBTabMgr::db().selectedInstrument() && !korvel::QBTabMgr::db().harmonies().empty();
     korvel::QBTabMgr::clearDb();

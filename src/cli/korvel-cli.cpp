@@ -22,6 +22,7 @@
 #include "cli/support/Console.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/files/Files.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace {
 
@@ -51,7 +52,7 @@ void openStore(const std::string& file, cli::Store need) {
   const std::string path = QBTabMgr::storePath();
   if (need == cli::Store::existing && !platform::isThere(path))
     throw cli::CliError(path + ": there is no such store");
-  if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+  if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
 }
 
 /// Answers the exit status.

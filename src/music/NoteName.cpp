@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "music/NoteName.h"
 
+#include <array>
 #include <charconv>
 
-#include "model/book/QBHarmony.h"
 #include "music/Pitch.h"
 
 namespace korvel {
@@ -47,9 +47,15 @@ std::optional<int> midiNote(std::string_view text) {
   return note && *note >= 0 && *note <= kHighestNote ? note : std::nullopt;
 }
 
+std::string_view nameOfPitchClass(int note) {
+  static constexpr std::array<std::string_view, kNotesPerOctave> kNames = {
+      "C", "C#", "D", "Eb", "E", "F", "F#", "G", "Ab", "A", "Bb", "B"};
+  return kNames.at(static_cast<std::size_t>(note));
+}
+
 std::string noteName(int midi) {
   const int octave = midi / kNotesPerOctave + kOctaveOfNote0;
-  return QBHarmony::noteAsString(pitchClass(midi)).value_or("") + std::to_string(octave);
+  return std::string(nameOfPitchClass(pitchClass(midi))) + std::to_string(octave);
 }
 
 }  // namespace korvel

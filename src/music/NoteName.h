@@ -13,6 +13,9 @@ namespace korvel {
 /// other text or a number outside 0..127.
 std::optional<int> midiNote(std::string_view text);
 
+/// "C", "C#", "D", "Eb" ... "B" for a pitch class 0..11.
+std::string_view nameOfPitchClass(int note);
+
 /// The name of a MIDI number, such as "E2".
 std::string noteName(int midi);
 

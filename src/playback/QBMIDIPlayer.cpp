@@ -11,6 +11,7 @@
 #include "model/songs/QBTone.h"
 #include "music/Pitch.h"
 #include "playback/Metronome.h"
+#include "playback/MidiNote.h"
 
 namespace korvel {
 namespace {
@@ -52,7 +53,7 @@ QBChord& QBMIDIPlayer::playChord(QBChord& chord) {
   m_timestamp = stepAfter(m_timestamp);
   if (const QBHold* hold = chord.hold())
     for (const QBTone* tone : hold->tones())
-      if (tone->isActive()) playNote(tone->string(), tone->toMIDI(), stepsOf(*tone));
+      if (tone->isActive()) playNote(tone->string(), toMIDI(*tone), stepsOf(*tone));
   return chord;
 }
 

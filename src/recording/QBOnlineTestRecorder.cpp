@@ -2,6 +2,7 @@
 #include "recording/QBOnlineTestRecorder.h"
 
 #include "analysis/chords/QBChordAnalyser.h"
+#include "analysis/instrument/ToneFilter.h"
 #include "audio/QBSampleSource.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/songs/QBAlbum.h"
@@ -10,6 +11,7 @@
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
 
 namespace korvel {
 
@@ -37,12 +39,8 @@ QBChord* QBOnlineTestRecorder::filter(QBChord* chord) {
 }
 
 bool QBOnlineTestRecorder::confirms(QBChord& chord, int string, int fret) const {
-  using Test = bool (QBInstrument::*)(int, const QBChord&);
-  static constexpr Test kTests[] = {&QBInstrument::filterLowerE, &QBInstrument::filterA,
-                                    &QBInstrument::filterD,      &QBInstrument::filterG,
-                                    &QBInstrument::filterB,      &QBInstrument::filterUpperE};
-  if (!m_instrument || string < 0 || string >= static_cast<int>(std::size(kTests))) return false;
-  return (m_instrument->*kTests[string])(fret, chord);
+  if (!m_instrument || string < 0 || string >= kStrings) return false;
+  return filterString(*m_instrument, string, fret, chord);
 }
 
 QBChord* QBOnlineTestRecorder::nextChord() {

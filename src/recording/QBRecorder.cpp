@@ -3,6 +3,7 @@
 
 #include "analysis/chords/QBChordAnalyser.h"
 #include "arrange/groups/QBToneGroupBuilder.h"
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "audio/QBSampleSource.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
@@ -77,7 +78,7 @@ QBChord* QBRecorder::nextChord() { return nullptr; }
 
 QBChord* QBRecorder::completed(QBChord* chord) {
   if (!chord) return nullptr;
-  chord->readHarmony();
+  readHarmony(*chord);
   QBToneGroupBuilder(chord).build();
   return chord;
 }

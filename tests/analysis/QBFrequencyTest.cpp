@@ -7,6 +7,7 @@
 #include <cmath>
 #include <string>
 
+#include "analysis/spectrum/BaseTone.h"
 #include "analysis/spectrum/QBFrequencyMapper.h"
 #include "analysis/spectrum/QBFrequencyMatrix.h"
 #include "model/instruments/QBString.h"
@@ -101,8 +102,8 @@ TEST(QBFrequency, hearsIntervalsUpwardsAndTheirComplements) {
 
 TEST(QBTuning, findsTheOpenStringOfAFrequency) {
   test::StandardStore store;
-  EXPECT_EQ(store.standard()->findBaseToneByFrequency(QBFrequency(196.0F, 1))->order(), 3);
-  EXPECT_EQ(store.standard()->findBaseToneByFrequency(QBFrequency(207.6F, 1)), nullptr);
+  EXPECT_EQ(findBaseToneByFrequency(*store.standard(), QBFrequency(196.0F, 1))->order(), 3);
+  EXPECT_EQ(findBaseToneByFrequency(*store.standard(), QBFrequency(207.6F, 1)), nullptr);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <limits>
 #include <sstream>
 
+#include "analysis/instrument/ToneFilter.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
 #include "model/store/QBSettings.h"
@@ -115,7 +116,7 @@ TEST_F(QBMusicXMLParserTest, survivesNumbersOutOfRange) {
   const QBOvertone* tone = read->findSpectrumByString(0)->overtones().at(0);
   EXPECT_EQ(tone->hits(), std::numeric_limits<int>::max());
   EXPECT_EQ(tone->amp(), std::numeric_limits<double>::lowest());
-  EXPECT_FALSE(read->filterLowerE(12, *test::addChord(m_store.song("song"), "022000")));
+  EXPECT_FALSE(filterLowerE(*read, 12, *test::addChord(m_store.song("song"), "022000")));
 }
 
 TEST_F(QBMusicXMLParserTest, survivesAnyCutAndAnyBrokenByte) {

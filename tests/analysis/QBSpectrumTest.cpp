@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "analysis/instrument/ToneFilter.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBString.h"
 #include "support/StandardStore.h"
@@ -33,14 +34,14 @@ class QBSpectrumTest : public testing::Test {
 TEST_F(QBSpectrumTest, tonePassesWithItsShareOfTheHits) {
   overtone(m_lowE, 0, 3);
   overtone(m_lowE, 12, 1);
-  EXPECT_TRUE(m_guitar->filterLowerE(3, chord("3xxxxx")));
-  EXPECT_FALSE(m_guitar->filterLowerE(3, chord("xx5xxx"))) << "the octave alone: 1 of 4";
-  EXPECT_FALSE(m_guitar->filterLowerE(3, chord("4xxxxx")));
-  EXPECT_FALSE(m_guitar->filterLowerE(0, chord("xxxxxx")));
+  EXPECT_TRUE(filterLowerE(*m_guitar, 3, chord("3xxxxx")));
+  EXPECT_FALSE(filterLowerE(*m_guitar, 3, chord("xx5xxx"))) << "the octave alone: 1 of 4";
+  EXPECT_FALSE(filterLowerE(*m_guitar, 3, chord("4xxxxx")));
+  EXPECT_FALSE(filterLowerE(*m_guitar, 0, chord("xxxxxx")));
 }
 
 TEST_F(QBSpectrumTest, spectrumWithoutOvertonesLetsEveryTonePass) {
-  EXPECT_TRUE(m_guitar->filterLowerE(0, chord("xxxxxx")));
+  EXPECT_TRUE(filterLowerE(*m_guitar, 0, chord("xxxxxx")));
 }
 
 TEST_F(QBSpectrumTest, everyStringIsTestedWithItsOwnSpectrum) {
@@ -48,9 +49,9 @@ TEST_F(QBSpectrumTest, everyStringIsTestedWithItsOwnSpectrum) {
   const char* open[] = {"0xxxxx", "x0xxxx", "xx0xxx", "xxx0xx", "xxxx0x", "xxxxx0"};
   for (std::size_t sounding = 0; sounding < 6; ++sounding) {
     const QBChord& single = chord(open[sounding]);
-    const bool passes[] = {m_guitar->filterLowerE(0, single), m_guitar->filterA(0, single),
-                           m_guitar->filterD(0, single),      m_guitar->filterG(0, single),
-                           m_guitar->filterB(0, single),      m_guitar->filterUpperE(0, single)};
+    const bool passes[] = {filterLowerE(*m_guitar, 0, single), filterA(*m_guitar, 0, single),
+                           filterD(*m_guitar, 0, single),      filterG(*m_guitar, 0, single),
+                           filterB(*m_guitar, 0, single),      filterUpperE(*m_guitar, 0, single)};
     for (std::size_t string = 0; string < 6; ++string)
       EXPECT_EQ(passes[string], string == sounding) << sounding << ' ' << string;
   }
@@ -60,7 +61,7 @@ TEST_F(QBSpectrumTest, shareIsComputedInSinglePrecision) {
   m_guitar->setDetaillevel(0.85F);  // a little more than 0.85, so that 17 of 20 is just too few
   overtone(m_lowE, 0, 17);
   overtone(m_lowE, 12, 3);
-  EXPECT_TRUE(m_guitar->filterLowerE(0, chord("0xxxxx"))) << "but the product is rounded to 17";
+  EXPECT_TRUE(filterLowerE(*m_guitar, 0, chord("0xxxxx"))) << "but the product is rounded to 17";
 }
 
 TEST_F(QBSpectrumTest, offsetsFollowTheSelectedTuning) {

@@ -5,9 +5,11 @@
 #include <sstream>
 #include <string>
 
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
 #include "support/ScratchStore.h"
 #include "support/StandardStore.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace korvel {
 namespace {
@@ -77,14 +79,14 @@ class ChordBookTest : public testing::Test {
  protected:
   /// The store as a first start leaves it, read back from its file.
   void SetUp() override {
-    ASSERT_TRUE(QBTabMgr::db().initializeData());
+    ASSERT_TRUE(initializeData(QBTabMgr::db()));
     QBTabMgr::clearDb();
     m_song = QBTabMgr::db().createSong("Chord book", nullptr, nullptr, nullptr);
   }
 
   std::string nameOf(const std::string& frets) {
     QBChord* chord = test::addChord(m_song, frets);
-    chord->readHarmony();
+    readHarmony(*chord);
     return chord->fullHarmonyName();
   }
 
@@ -115,21 +117,21 @@ TEST_F(ChordBookTest, anotherTuningGivesAnotherName) {
 
 TEST_F(ChordBookTest, oneToneHasNoNameAndLeavesTheChordAlone) {
   QBChord* chord = test::addChord(m_song, "x3xx1x");
-  EXPECT_EQ(chord->readHarmony(), nullptr);
+  EXPECT_EQ(readHarmony(*chord), nullptr);
   EXPECT_FALSE(chord->hasBaseTone());
 }
 
 TEST_F(ChordBookTest, harmonyFoundBeforeKeepsOutRicherOnesAndIsNeverCleared) {
   QBChord* chord = test::addChord(m_song, "x32010");
-  chord->readHarmony();
+  readHarmony(*chord);
   chord->hold()->addTone(4, 0, 1.0);
-  EXPECT_EQ(chord->readHarmony()->type(), "") << "maj7 explains more, but has a larger order";
+  EXPECT_EQ(readHarmony(*chord)->type(), "") << "maj7 explains more, but has a larger order";
   chord->hold()->removeTonesByNote(4);
   chord->hold()->removeTonesByNote(11);
-  chord->readHarmony();
+  readHarmony(*chord);
   EXPECT_EQ(chord->fullHarmonyName(), "C5");
   chord->hold()->removeTonesByNote(7);
-  chord->readHarmony();
+  readHarmony(*chord);
   EXPECT_EQ(chord->fullHarmonyName(), "C5");
 }
 

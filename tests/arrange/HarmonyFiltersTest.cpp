@@ -4,6 +4,7 @@
 #include <string>
 
 #include "arrange/chords/QBChordFilter.h"
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "arrange/harmony/QBChordTransposer.h"
 #include "arrange/harmony/QBContraPoint.h"
 #include "arrange/harmony/QBNonChordToneRemover.h"
@@ -31,7 +32,7 @@ class HarmonyFiltersTest : public testing::Test {
   /// Adds the chords, filters them and draws the fingering of each, the highest string first.
   std::string filtered(QBChordVisitor&& filter, std::initializer_list<const char*> frets) {
     QBSong* song = m_store.song("song");
-    for (const char* chord : frets) test::addChord(song, chord)->readHarmony();
+    for (const char* chord : frets) readHarmony(*test::addChord(song, chord));
     song->iterate(filter);
     std::string text;
     for (const auto& chord : song->allChords())

@@ -5,6 +5,7 @@
 
 #include "analysis/spectrum/QBFFTGuitar.h"
 #include "arrange/groups/QBToneGroupBuilder.h"
+#include "arrange/hands/PatternOfChord.h"
 #include "model/book/QBHarmony.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
@@ -117,11 +118,11 @@ TEST_F(QBChordTest, patternIsTheHeaviestThatFitsAndStays) {
   m_db.loadPatterns();
   QBChord* previous = chord("x022xx");
   QBChord* minor = chord("x0221x");
-  EXPECT_EQ(minor->readPattern(previous), heavy) << "the first of equals";
+  EXPECT_EQ(readPattern(*minor, previous), heavy) << "the first of equals";
   EXPECT_EQ(previous->pattern(), light) << "chosen on the way";
   minor->hold()->deleteToneOfString(4);
-  EXPECT_EQ(minor->readPattern(nullptr), heavy) << "once chosen it is kept";
-  EXPECT_EQ(chord("x0xxxx")->readPattern(nullptr), nullptr);
+  EXPECT_EQ(readPattern(*minor, nullptr), heavy) << "once chosen it is kept";
+  EXPECT_EQ(readPattern(*chord("x0xxxx"), nullptr), nullptr);
 }
 
 TEST_F(QBChordTest, loudnessLayersOpenAfterTheToneThatLeaps) {

@@ -14,11 +14,11 @@
 #include "arrange/voices/QBApplyLoudest.h"
 #include "arrange/voices/QBExtractBrass.h"
 #include "arrange/voices/QBExtractMelody.h"
-#include "arrange/voices/QBExtractVoicings.h"
 #include "arrange/voices/QBRemoveSilent.h"
 #include "arrange/voices/QBUnderAmpRemover.h"
 #include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
+#include "tab/filters/QBExtractVoicings.h"
 
 namespace korvel {
 namespace {

@@ -12,6 +12,7 @@
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBTabMgr.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/editing/SongEditor.h"
 
 namespace {
@@ -42,7 +43,7 @@ QBSong* songToEdit() {
   QBTabMgr& db = QBTabMgr::db();
   if (QBAlbum* known = db.findAlbumByName("Edited")) return known->findSongByName("Song");
   QBSong* song = addSong(db.createAlbum("Edited", false), "Song");
-  song->buildTab();
+  buildTab(*song);
   db.save();
   return song;
 }

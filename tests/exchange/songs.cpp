@@ -6,9 +6,11 @@
 #include <random>
 #include <stdexcept>
 
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
 #include "workflow/arranging/MetreArrangements.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace {
 
@@ -37,7 +39,7 @@ class SongMaker {
         tone->setDuration(random(6));
         tone->setActive(random(12) != 0);
       }
-      if (!chord->hold()->isEmpty()) chord->readHarmony();
+      if (!chord->hold()->isEmpty()) readHarmony(*chord);
     }
     return made;
   }
@@ -111,7 +113,7 @@ int main(int argc, char** argv) {
   try {
     QBTabMgr::setStorePath(argv[1]);
     QBTabMgr& db = QBTabMgr::db();
-    if (!db.isInitialized() && !db.initializeData()) return EXIT_FAILURE;
+    if (!db.isInitialized() && !initializeData(db)) return EXIT_FAILURE;
     QBAlbum* album = db.createAlbum("Exchange", false);
     addSongs(album);
     db.context().save();

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "analysis/instrument/QBMusicXMLParser.h"
+#include "export/xml/InstrumentXml.h"
 #include "export/xml/QBMusicXMLTag.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
@@ -46,7 +47,7 @@ TEST_F(QBInstrumentXmlTest, writesTheDefinitionWithoutAmpAndOffset) {
   std::string others;
   for (const char* string : {"2", "3", "4", "5"})
     others += std::string("<Spectrum><String><Order>") + string + "</Order></String></Spectrum>";
-  EXPECT_EQ(textOf(*m_guitar->toXML()),
+  EXPECT_EQ(textOf(*toXML(*m_guitar)),
             "<Instrument><Name>Old Guitar</Name><DetailLevel>0.700000</DetailLevel>"
             "<Spectrum><String><Order>0</Order></String>"
             "<Overtone><OverString>2</OverString><OverFret>2</OverFret><OverNote>4</OverNote>"
@@ -59,7 +60,7 @@ TEST_F(QBInstrumentXmlTest, writesTheDefinitionWithoutAmpAndOffset) {
 
 TEST_F(QBInstrumentXmlTest, readingBackBringsTheInstrumentAndNothingElse) {
   const std::string file = m_store.folder().file("guitar.xml");
-  test::writeFile(file, textOf(*m_guitar->toXML()));
+  test::writeFile(file, textOf(*toXML(*m_guitar)));
   QBMusicXMLParser(file).parse();
   ASSERT_EQ(QBTabMgr::db().instruments().size(), 2U);
   QBInstrument* read = QBTabMgr::db().findInstrumentByIndex(1);

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "export/xml/QBSongToXML.h"
+#include "export/xml/SongXml.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
 
@@ -91,15 +92,15 @@ TEST_F(QBSongToXMLTest, knowsFourMetrics) {
 
 TEST_F(QBSongToXMLTest, entitiesHaveTagsOfTheirOwn) {
   QBSong* song = songOf(2);
-  const auto chord = song->allChords()[1]->toXML();
+  const auto chord = toXML(*song->allChords()[1]);
   EXPECT_EQ(chord->open() + chord->value() + chord->close(), "<Chord>2</Chord>");
   ASSERT_EQ(chord->tags().size(), 5U);
   const auto& tone = *chord->tags()[1];
   EXPECT_EQ(tone.title() + tone.tags()[0]->title() + tone.tags()[0]->value() +
                 tone.tags()[1]->title() + tone.tags()[1]->value(),
             "ToneFret2String2");
-  EXPECT_EQ(song->toXML()->value(), "Long");
-  EXPECT_TRUE(song->toXML()->tags().empty());
+  EXPECT_EQ(toXML(*song)->value(), "Long");
+  EXPECT_TRUE(toXML(*song)->tags().empty());
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "analysis/instrument/QBMusicXMLParser.h"
+#include "analysis/instrument/ToneFilter.h"
+#include "export/xml/InstrumentXml.h"
 #include "export/xml/QBMusicXMLTag.h"
 #include "fuzz/Fuzzing.h"
 #include "model/instruments/QBOvertone.h"
@@ -21,8 +23,8 @@ void use(QBInstrument& instrument, QBChord& chord) {
     // an overtone on a string that the tuning has not got, which is reported like that
   }
   for (int string = 0; string < 6; ++string)
-    instrument.filter(*instrument.findSpectrumByString(string), 2, chord);
-  fuzz::require(instrument.toXML()->tags().size() == 8, "it is written with its six spectra");
+    filter(instrument, *instrument.findSpectrumByString(string), 2, chord);
+  fuzz::require(toXML(instrument)->tags().size() == 8, "it is written with its six spectra");
   for (int string = 0; string < 6; ++string)
     instrument.findSpectrumByString(string)->cleanupTones();
 }

@@ -20,8 +20,6 @@ RANK = {
 
 # The headers that cross upwards: (folder, header).
 SHARED = {
-    ("music", "model/book/QBHarmony.h"),  # the names of notes
-    ("precise", "audio/QBSampleSource.h"),  # what a transcription reads
 }
 
 # Headers from outside the project belong to the source files of platform, with these exceptions:

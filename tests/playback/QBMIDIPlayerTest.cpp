@@ -11,6 +11,7 @@
 #include "model/songs/QBMeasure.h"
 #include "platform/media/WaveFileWriter.h"
 #include "platform/midi/FluidSynthesizer.h"
+#include "playback/MidiNote.h"
 #include "playback/SongRenderer.h"
 #include "support/HandAudio.h"
 #include "support/SoundFont.h"
@@ -243,7 +244,7 @@ std::set<int> pitchClasses(const QBChord& chord) {
   std::set<int> classes;
   if (chord.hold())
     for (const QBTone* tone : chord.hold()->tones())
-      if (tone->isActive()) classes.insert(tone->toMIDI() % 12);
+      if (tone->isActive()) classes.insert(toMIDI(*tone) % 12);
   return classes;
 }
 

@@ -7,11 +7,11 @@
 #include <iomanip>
 #include <sstream>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/book/QBHarmony.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/QBSettings.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/sqlite/Sqlite.h"

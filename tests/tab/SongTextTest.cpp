@@ -8,7 +8,10 @@
 #include "model/songs/QBMeasure.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
+#include "tab/text/ChordText.h"
+#include "tab/text/NoteGlyphs.h"
 #include "tab/text/QBTabMatrix.h"
+#include "tab/text/SongDrawing.h"
 
 namespace korvel {
 namespace {
@@ -86,9 +89,9 @@ TEST_F(SongTextTest, drawsChordByChord) {
   chordAt(m_song, 0)->hold()->addTone(5, 1, 9e9);
   chordAt(m_song, 2)->hold()->findToneByString(0)->setActive(false);
   setLoop(m_song, 9, 16);
-  test::expectApproved(m_song->toString(), "tab/chords.txt");
-  EXPECT_EQ(unmarked(m_song->toStringForExport()), unmarked(m_song->toString()));
-  EXPECT_EQ(m_song->toStringForExport().find("XX"), std::string::npos);
+  test::expectApproved(toString(*m_song), "tab/chords.txt");
+  EXPECT_EQ(unmarked(toStringForExport(*m_song)), unmarked(toString(*m_song)));
+  EXPECT_EQ(toStringForExport(*m_song).find("XX"), std::string::npos);
 }
 
 TEST_F(SongTextTest, drawsMeasureByMeasure) {
@@ -109,15 +112,15 @@ TEST_F(SongTextTest, drawsMeasureByMeasure) {
     for (const Step& step : bar.steps) measure->addChord(addStep(m_song, step));
   }
   setLoop(m_song, 2, 10);
-  test::expectApproved(m_song->toString(), "tab/measures.txt");
-  EXPECT_EQ(unmarked(m_song->toStringForExport()), unmarked(m_song->toString()));
-  EXPECT_EQ(m_song->toStringForExport().find("XX"), std::string::npos);
+  test::expectApproved(toString(*m_song), "tab/measures.txt");
+  EXPECT_EQ(unmarked(toStringForExport(*m_song)), unmarked(toString(*m_song)));
+  EXPECT_EQ(toStringForExport(*m_song).find("XX"), std::string::npos);
 }
 
 TEST_F(SongTextTest, loopWithOnlyAnEndMarksTheFirstChordAlone) {
   addSteps(m_song);
   m_song->setToChord(chordAt(m_song, 5));
-  const std::string text = m_song->toString();
+  const std::string text = toString(*m_song);
   const std::size_t mark = text.find("XX");
   ASSERT_NE(mark, std::string::npos);
   EXPECT_EQ(text.find("XX", mark + 2), std::string::npos);
@@ -125,30 +128,30 @@ TEST_F(SongTextTest, loopWithOnlyAnEndMarksTheFirstChordAlone) {
   EXPECT_EQ(mark - (text.rfind('\n', mark) + 1), 17U);
   m_song->setToChord(nullptr);
   m_song->setFromChord(chordAt(m_song, 0));
-  EXPECT_EQ(m_song->toString().find("XX"), std::string::npos);
+  EXPECT_EQ(toString(*m_song).find("XX"), std::string::npos);
 }
 
 TEST_F(SongTextTest, exportAnswersTrueWhateverBecomesOfTheFile) {
   addSteps(m_song);
   setLoop(m_song, 1, 2);
   const std::string file = m_store.folder().file("out.txt");
-  EXPECT_TRUE(m_song->tofile(file));
-  EXPECT_EQ(test::readFile(file), m_song->toStringForExport());
-  EXPECT_TRUE(m_song->tofile(m_store.folder().file("missing/out.txt")));
+  EXPECT_TRUE(tofile(*m_song, file));
+  EXPECT_EQ(test::readFile(file), toStringForExport(*m_song));
+  EXPECT_TRUE(tofile(*m_song, m_store.folder().file("missing/out.txt")));
 }
 
 TEST_F(SongTextTest, chordsRememberWhereTheyWereFirstDrawn) {
   QBChord* chord = test::addChord(m_song, "x32010", 4);
   QBTabMatrix matrix;
   matrix.m_xPos = 20;
-  chord->addToTabulatureWithLineBreak(matrix, nullptr, 1, 102);
+  addToTabulatureWithLineBreak(*chord, matrix, nullptr, 1, 102);
   EXPECT_EQ(matrix.m_xPos, 33);
-  chord->addToTabulatureWithLineBreak(matrix, nullptr, 0, 102);
+  addToTabulatureWithLineBreak(*chord, matrix, nullptr, 0, 102);
   EXPECT_EQ(matrix.m_xPos, 42);
   EXPECT_EQ(chord->m_xPosInMatrix, 20);
   EXPECT_EQ(chord->m_yPosInMatrix, 1);
   QBMeasure* measure = QBTabMgr::db().createMeasure(m_song, 4, 4);
-  chord->addToTabulatureWithMetric(matrix, nullptr, 0, 142, *measure);
+  addToTabulatureWithMetric(*chord, matrix, nullptr, 0, 142, *measure);
   EXPECT_EQ(chord->m_xPosInMatrix, 42);
   EXPECT_EQ(measure->m_counter, 4);
 }
@@ -156,12 +159,12 @@ TEST_F(SongTextTest, chordsRememberWhereTheyWereFirstDrawn) {
 TEST_F(SongTextTest, chordWritesItsOwnColumnNameAndPosition) {
   test::addChord(m_song, "xxxxxx");
   QBChord* chord = addStep(m_song, {"x02c10", 4, 9, "m"});
-  EXPECT_EQ(chord->toString(), "0\n1\n12\n2\n0\n \n");
+  EXPECT_EQ(toString(*chord), "0\n1\n12\n2\n0\n \n");
   QBTabMatrix matrix;
   matrix.m_yPos = 2;
-  chord->addAsChord2(matrix);
-  chord->addPosition(matrix);
-  chord->addAsChord(matrix);
+  addAsChord2(*chord, matrix);
+  addPosition(*chord, matrix);
+  addAsChord(*chord, matrix);
   EXPECT_EQ(matrix.m_xPos, 5);
   EXPECT_EQ(matrix.getString(3, 0), "m");
   EXPECT_EQ(matrix.getString(2, 1), "A");
@@ -169,11 +172,11 @@ TEST_F(SongTextTest, chordWritesItsOwnColumnNameAndPosition) {
 }
 
 TEST_F(SongTextTest, beatsAreCountedButForTheLastSlotOfTwelveEighths) {
-  EXPECT_EQ(QBChord::metricString(4, 4, 4, 4, 2), "2 . + .");
-  EXPECT_EQ(QBChord::metricString(12, 1, 3, 4, 0), "") << "beyond the measure";
-  EXPECT_EQ(QBChord::metricString(0, 4, 2, 4, 0), "") << "no ruler for that";
-  EXPECT_EQ(QBChord::metricString(22, 2, 12, 8, 0), "12");
-  EXPECT_EQ(QBChord::metricString(23, 1, 12, 8, 0), "");
+  EXPECT_EQ(metricString(4, 4, 4, 4, 2), "2 . + .");
+  EXPECT_EQ(metricString(12, 1, 3, 4, 0), "") << "beyond the measure";
+  EXPECT_EQ(metricString(0, 4, 2, 4, 0), "") << "no ruler for that";
+  EXPECT_EQ(metricString(22, 2, 12, 8, 0), "12");
+  EXPECT_EQ(metricString(23, 1, 12, 8, 0), "");
 }
 
 }  // namespace

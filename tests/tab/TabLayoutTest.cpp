@@ -8,6 +8,7 @@
 #include "tab/layout/ChordSearch.h"
 #include "tab/layout/PlayPosition.h"
 #include "tab/layout/TabPages.h"
+#include "tab/text/SongDrawing.h"
 #include "tab/text/TabText.h"
 
 namespace korvel {
@@ -60,14 +61,14 @@ class TabLayoutTest : public testing::Test {
 
 TEST_F(TabLayoutTest, placesAreWhereTheTextShowsTheFrets) {
   addChords(90);
-  m_song->buildTab();
+  buildTab(*m_song);
   const TabLayout byChords(*m_song);
   EXPECT_EQ(byChords.places().size(), 72U);
   EXPECT_GT(byChords.systems().size(), 3U);
   expectFretsAtTheirPlaces(byChords);
 
   divideIntoMeasures(30);
-  m_song->buildTab();
+  buildTab(*m_song);
   const TabLayout byMeasures(*m_song);
   EXPECT_EQ(byMeasures.places().size(), 72U);
   expectFretsAtTheirPlaces(byMeasures);
@@ -98,7 +99,7 @@ TEST_F(TabLayoutTest, pagesBreakBetweenSystems) {
   addChords(200);
   m_song->setFromChord(m_song->allChords()[190]);
   m_song->setToChord(m_song->allChords()[198]);
-  m_song->buildTab();
+  buildTab(*m_song);
   const TabLayout layout = TabLayout::forExport(*m_song);
   expectFretsAtTheirPlaces(layout);
   EXPECT_EQ(textOf(layout).find("XX"), std::string::npos);

@@ -33,6 +33,7 @@
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/session/QBSession.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace korvel::ui {
 namespace {
@@ -55,7 +56,7 @@ class MainWindowTest : public testing::Test {
   }
 
   void open() {
-    if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+    if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
     m_window.emplace(m_alert);
     m_window->show();
   }

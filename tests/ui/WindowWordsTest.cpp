@@ -31,6 +31,7 @@
 #include "workflow/arranging/SongCommands.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/session/SelfCheck.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace korvel::ui {
 namespace {
@@ -105,7 +106,7 @@ class WindowWordsTest : public testing::TestWithParam<const char*> {
     QSettings().clear();
     QBTabMgr::clearDb();
     QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
-    QBTabMgr::db().initializeData();
+    initializeData(QBTabMgr::db());
     platform::RunLoop::install(&m_loop);
     applyLanguage(GetParam());
   }
@@ -170,7 +171,7 @@ TEST(GermanTest, wordsWhatLowerLayersSay) {
   const test::ScratchFolder folder;
   QBTabMgr::clearDb();
   QBTabMgr::setStorePath(folder.file("Korvel.sqlite"));
-  QBTabMgr::db().initializeData();
+  initializeData(QBTabMgr::db());
   applyLanguages({"de"});
   const auto said = [](const auto& act) {
     try {

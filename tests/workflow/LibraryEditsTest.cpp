@@ -5,6 +5,7 @@
 
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/InstrumentNode.h"
 #include "workflow/library/LibraryTree.h"
@@ -22,7 +23,7 @@ class LibraryEditsTest : public testing::Test {
     QBSong* made = album->createSong(title);
     made->setTuning(m_store.standard());
     test::addChord(made, "x02210");
-    made->buildTab();
+    buildTab(*made);
     return made;
   }
   /// "Album: Song Song; " for each album.

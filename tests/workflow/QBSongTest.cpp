@@ -5,9 +5,10 @@
 
 #include <stdexcept>
 
-#include "arrange/chords/QBChordVisitor.h"
+#include "model/songs/QBChordVisitor.h"
 #include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/QBMiddleVoiceFilter.h"
@@ -223,7 +224,7 @@ TEST_F(QBSongTest, handsAreSimplifiedOneAfterTheOther) {
   QBTabMgr::db().loadPatterns();
   test::addChord(m_song, "022100");
   const auto made = [this](QBSong* song) {
-    EXPECT_EQ(song->tabulature(), song->toString()) << "drawn under the final title";
+    EXPECT_EQ(song->tabulature(), toString(*song)) << "drawn under the final title";
     EXPECT_EQ(m_album->songs().size(), 2U) << "no song is left of the first step";
     const std::string text = song->title() + ' ' + test::fretsOf(*song);
     m_album->deleteSong(m_album->songs().at(1));

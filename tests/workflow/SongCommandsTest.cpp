@@ -15,6 +15,7 @@
 #include "support/Approved.h"
 #include "support/Guitar.h"
 #include "support/SongDesk.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/SongCommands.h"
 
 namespace korvel {
@@ -86,7 +87,7 @@ class SongCommandsTest : public testing::Test {
       const test::Performance performance = m_desk.perform(source, command);
       text += report(m_desk, command, performance);
       for (const auto& song : performance.songs)
-        EXPECT_EQ(song->tabulature(), song->chords().empty() ? "" : song->toString()) << command;
+        EXPECT_EQ(song->tabulature(), song->chords().empty() ? "" : toString(*song)) << command;
       m_desk.deleteSongs(performance.songs);
       QBTabMgr::db().save();
     }

@@ -5,11 +5,13 @@
 
 #include <stdexcept>
 
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/songs/QBMeasure.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 #include "support/StoreContents.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/MetreArrangements.h"
 #include "workflow/editing/TabCursor.h"
 #include "workflow/session/QBSession.h"
@@ -24,8 +26,8 @@ class SongEditorTest : public testing::Test {
  protected:
   QBSong* song(const std::vector<const char*>& chords, int duration = 1) {
     QBSong* made = m_desk.album()->createSong("Song");
-    for (const char* frets : chords) test::addChord(made, frets, duration)->readHarmony();
-    made->buildTab();
+    for (const char* frets : chords) readHarmony(*test::addChord(made, frets, duration));
+    buildTab(*made);
     QBTabMgr::db().save();
     return made;
   }
@@ -73,7 +75,7 @@ TEST_F(SongEditorTest, tonesAreSetAndRemovedAndNameTheChordAnew) {
   EXPECT_EQ(title(), "Change Fret");
   EXPECT_EQ(frets(song), "x02220 320003 ");
   EXPECT_EQ(names(song), "A G ");
-  EXPECT_EQ(song->tabulature(), song->toString()) << "drawn anew";
+  EXPECT_EQ(song->tabulature(), toString(*song)) << "drawn anew";
   editor.setFret(0, 0, 24);
   EXPECT_EQ(title(), "Add Tone");
   const QBTone* added = song->allChords()[0]->hold()->findToneByString(0);

@@ -8,11 +8,13 @@
 #include <utility>
 #include <vector>
 
-#include "arrange/chords/ToneOrder.h"
+#include "arrange/harmony/HarmonyOfChord.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/KorvelModel.h"
 #include "platform/sqlite/Sqlite.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/HarmonyArrangements.h"
@@ -70,10 +72,10 @@ class RandomSongs {
         ringOn(*previous, *chord);
       else if (!oneIn(8))
         strike(*chord);
-      if (!oneIn(4)) chord->readHarmony();
+      if (!oneIn(4)) readHarmony(*chord);
       previous = chord;
     }
-    song->buildTab();
+    buildTab(*song);
     return song;
   }
 

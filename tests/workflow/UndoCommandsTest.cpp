@@ -6,6 +6,7 @@
 #include <optional>
 #include <random>
 
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/songs/QBMeasure.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/persistence/UndoManager.h"
@@ -15,6 +16,7 @@
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 #include "support/StoreContents.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/SongOrders.h"
 #include "workflow/editing/SongEditor.h"
 #include "workflow/editing/SongEdits.h"
@@ -72,8 +74,8 @@ class User {
     QBAlbum* album = QBTabMgr::db().createAlbum("More", false);
     QBSong* song = album->createSong("Song");
     for (const char* frets : {"x02210", "133211", "x32010", "xxxxxx", "320003", "x02210"})
-      test::addChord(song, frets, 1 + below(4))->readHarmony();
-    song->buildTab();
+      readHarmony(*test::addChord(song, frets, 1 + below(4)));
+    buildTab(*song);
   }
   void command(QBSong& song) {
     const auto tree = AlbumNode::withSongs(song.album());
@@ -130,8 +132,8 @@ class UndoCommandsTest : public testing::Test {
  protected:
   QBSong* song(const std::vector<const char*>& chords) {
     QBSong* made = m_desk.album()->createSong("Song");
-    for (const char* frets : chords) test::addChord(made, frets)->readHarmony();
-    made->buildTab();
+    for (const char* frets : chords) readHarmony(*test::addChord(made, frets));
+    buildTab(*made);
     QBTabMgr::db().save();
     return made;
   }
@@ -141,7 +143,7 @@ class UndoCommandsTest : public testing::Test {
     for (const auto& album : QBTabMgr::db().albums())
       for (QBSong* song : album->songs()) {
         text += album->name() + '/' + song->title() + '\n' + test::linesOf(*song);
-        if (!song->allChords().empty()) text += song->toString();
+        if (!song->allChords().empty()) text += toString(*song);
         for (const auto& chord : song->allChords())
           text += chord->toKey().value_or("-") + std::to_string(chord->readAllTones().size());
       }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "analysis/chords/Transcription.h"
 #include "audio/QBSampleSource.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBChord.h"
@@ -11,7 +12,6 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/loop/Deadline.h"
-#include "precise/Transcription.h"
 
 namespace korvel {
 namespace {
@@ -52,7 +52,7 @@ void tellStrikesByAmplitude(std::vector<BlockTones>& blocks) {
 PreciseAnalyser::PreciseAnalyser(std::shared_ptr<QBSampleSource> source, QBTuning* tuning,
                                  const precise::Settings& settings)
     : QBChordAnalyser(std::move(source), tuning),
-      m_open(tuning ? precise::openStringsOf(*tuning) : kStandardPitches),
+      m_open(tuning ? openStringsOf(*tuning) : kStandardPitches),
       m_settings(settings) {}
 
 PreciseAnalyser::~PreciseAnalyser() = default;
@@ -75,8 +75,7 @@ void PreciseAnalyser::listen() {
     m_blocks.emplace();
     return;
   }
-  if (!m_listening)
-    m_listening = std::make_unique<precise::Transcription>(m_source(), m_open, m_settings);
+  if (!m_listening) m_listening = std::make_unique<Transcription>(m_source(), m_open, m_settings);
   if (m_heard)
     gather();
   else if (!m_listening->step())

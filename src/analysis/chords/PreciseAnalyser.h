@@ -14,9 +14,7 @@
 
 namespace korvel {
 
-namespace precise {
 class Transcription;
-}
 
 /// Hears a recording as a whole, then makes a chord of each of its blocks, from the first in which
 /// something sounds to the last. Blocks between them in which nothing does become empty chords, so
@@ -44,7 +42,7 @@ class PreciseAnalyser final : public QBChordAnalyser {
 
   OpenPitches m_open;
   precise::Settings m_settings;
-  std::unique_ptr<precise::Transcription> m_listening;  ///< None before and after.
+  std::unique_ptr<Transcription> m_listening;  ///< None before and after.
   bool m_heard = false;
   platform::Slices m_gathering;
   std::vector<precise::BlockTones> m_gathered;

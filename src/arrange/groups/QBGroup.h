@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string>
 #include <unordered_set>
 #include <vector>
 
@@ -20,8 +19,6 @@ class QBGroup {
   /// A chord that is in the group already is not added again.
   void addChord(QBChord* chord);
   const std::vector<platform::Ref<QBChord>>& m_chords() const { return m_members; }
-  /// The chords of the group drawn as a line of tablature.
-  std::string toMatrix() const;
 
   int m_counter;  ///< Number of the group, from 1.
 

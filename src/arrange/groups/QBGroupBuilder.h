@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "arrange/chords/QBChordVisitor.h"
 #include "arrange/groups/QBGroupIndex.h"
+#include "model/songs/QBChordVisitor.h"
 
 namespace korvel {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/groups/QBGroupRemover.h"
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 
 namespace korvel {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "arrange/chords/QBChordVisitor.h"
+#include "model/songs/QBChordVisitor.h"
 
 namespace korvel {
 

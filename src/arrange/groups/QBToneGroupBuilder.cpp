@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 
 namespace korvel {
 namespace {

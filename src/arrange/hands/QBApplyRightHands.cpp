@@ -3,11 +3,11 @@
 
 #include <algorithm>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBString.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 
 namespace korvel {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "arrange/chords/QBChordVisitor.h"
+#include "model/songs/QBChordVisitor.h"
 
 namespace korvel {
 

@@ -4,13 +4,14 @@
 #include <algorithm>
 #include <exception>
 
-#include "arrange/chords/ToneOrder.h"
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
 
 namespace korvel {
@@ -62,7 +63,7 @@ void QBLeftHandExtractorPello::execute(QBChord*, QBChord* current, QBChord*) {
   }
   QBChord* chosen = evaluate();
   QBChord* made = (chosen ? chosen : current)->clone(target());
-  if (chosen) made->readHarmony();
+  if (chosen) readHarmony(*made);
 }
 
 /// The candidates go on with the tone; the shorter runs are of no use any more, so each grows in

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/hands/QBRightHandExtractor.h"
 
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBString.h"
 #include "model/songs/QBChord.h"
@@ -26,7 +27,7 @@ void QBRightHandExtractor::toChord(const QBChord& chord, const QBRightHandPatter
   for (const QBString* row : pattern.strings())
     if (const QBTone* tone = chord.hold() ? chord.hold()->findToneByString(row->order()) : nullptr)
       made->hold()->addTone(tone->string(), tone->fret(), tone->amp());
-  made->readHarmony();
+  readHarmony(*made);
 }
 
 }  // namespace korvel

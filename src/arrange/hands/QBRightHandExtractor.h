@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "arrange/chords/QBChordVisitor.h"
 #include "arrange/hands/RightHandChoice.h"
+#include "model/songs/QBChordVisitor.h"
 
 namespace korvel {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "arrange/chords/QBChordVisitor.h"
+#include "model/songs/QBChordVisitor.h"
 
 namespace korvel {
 

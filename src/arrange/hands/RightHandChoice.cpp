@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "arrange/hands/PatternOfChord.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/songs/QBChord.h"
 #include "model/store/QBTabMgr.h"
@@ -17,7 +18,7 @@ RightHandChoice::~RightHandChoice() = default;
 
 QBRightHandPattern* RightHandChoice::findPatternByChord(QBChord* previous,
                                                         const QBChord& current) const {
-  const QBRightHandPattern* before = previous ? previous->readPattern(nullptr) : nullptr;
+  const QBRightHandPattern* before = previous ? readPattern(*previous, nullptr) : nullptr;
   QBRightHandPattern* best = nullptr;
   int bestWeight = -1;
   for (const auto& pattern : m_patterns) {

@@ -3,13 +3,13 @@
 
 #include <algorithm>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
 
 namespace korvel {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/QBChordTransposer.h"
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/QBNonChordToneRemover.h"
 
-#include "arrange/chords/ToneOrder.h"
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "music/Pitch.h"
 
 namespace korvel {
 
 void QBNonChordToneRemover::execute(QBChord*, QBChord* current, QBChord*) {
-  QBHarmony* harmony = current->readHarmony();
+  QBHarmony* harmony = readHarmony(*current);
   if (!harmony) return;
   Tones foreign;
   for (const auto& tone : tonesOf(*current))

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
 #include "model/book/QBToneOfHarmony.h"
 #include "model/songs/QBChord.h"
@@ -31,7 +32,7 @@ QBOptionRemover::QBOptionRemover(std::vector<int> options) : m_options(std::move
 
 void QBOptionRemover::execute(QBChord*, QBChord* current, QBChord*) {
   if (!current->harmony() || !current->hold()) return;
-  if (removeOptions(*current)) current->setHarmony(QBTabMgr::db().findHarmonyByChord(current));
+  if (removeOptions(*current)) current->setHarmony(findHarmonyByChord(QBTabMgr::db(), *current));
 }
 
 bool QBOptionRemover::removeOptions(const QBChord& chord) const {

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "arrange/chords/ToneOrder.h"
+#include "model/songs/ToneOrder.h"
 
 namespace korvel {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/voices/QBExtractMelodyBrass.h"
 
-#include "arrange/chords/ToneOrder.h"
+#include "model/songs/ToneOrder.h"
 
 namespace korvel {
 

@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 
 namespace korvel {
 

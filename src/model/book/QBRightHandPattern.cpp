@@ -2,6 +2,8 @@
 #include "model/book/QBRightHandPattern.h"
 
 #include "model/instruments/QBString.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
 #include "platform/persistence/EntityDescription.h"
 
 namespace korvel {
@@ -16,5 +18,18 @@ platform::EntityDescription QBRightHandPattern::describe() {
 }
 
 platform::Members<QBString> QBRightHandPattern::strings() const { return members(m_strings); }
+
+bool QBRightHandPattern::matches(const QBChord& chord) const {
+  const QBHold* hold = chord.hold();
+  for (const QBString* row : strings())
+    if (!hold || !hold->findToneByString(row->order())) return false;
+  return true;
+}
+
+int QBRightHandPattern::weight() const {
+  return (order() + static_cast<int>(strings().size())) * 4;
+}
+
+bool QBRightHandPattern::isPlayable(const QBRightHandPattern&) const { return true; }
 
 }  // namespace korvel

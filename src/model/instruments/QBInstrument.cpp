@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/instruments/QBInstrument.h"
 
+#include <algorithm>
+
 #include "model/instruments/QBSpectrum.h"
+#include "model/instruments/QBString.h"
 #include "model/instruments/QBTuning.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/EntityDescription.h"
@@ -10,6 +13,11 @@ namespace korvel {
 namespace {
 
 constexpr int kHighest = 5;
+
+int positionOf(const QBSpectrum& spectrum) {
+  const QBString* string = spectrum.string();
+  return string ? string->order() : 0;
+}
 
 }  // namespace
 
@@ -53,5 +61,31 @@ int QBInstrument::stringByLargeTone(int largeTone) const {
 }
 
 void QBInstrument::forgetCaches() { sortedSpectrums.reset(); }
+
+const std::vector<platform::Ref<QBSpectrum>>& QBInstrument::readAllSpectrums() {
+  if (!sortedSpectrums) {
+    sortedSpectrums = spectrums().snapshot();
+    std::ranges::stable_sort(*sortedSpectrums, {},
+                             [](const auto& spectrum) { return positionOf(*spectrum); });
+  }
+  return *sortedSpectrums;
+}
+
+QBSpectrum* QBInstrument::findSpectrumByString(int position) {
+  return readAllSpectrums().at(static_cast<std::size_t>(position));
+}
+
+void QBInstrument::deleteSpectrumByString(int position) {
+  QBTabMgr::db().deleteSpectrum(findSpectrumByString(position));
+  sortedSpectrums->erase(sortedSpectrums->begin() + position);
+}
+
+QBSpectrum* QBInstrument::createSpectrum(QBString* string) {
+  const int position = string->order();
+  deleteSpectrumByString(position);
+  QBSpectrum* spectrum = QBTabMgr::db().createSpectrum(this, string);
+  sortedSpectrums->emplace(sortedSpectrums->begin() + position, spectrum);
+  return spectrum;
+}
 
 }  // namespace korvel

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,8 +10,6 @@
 
 namespace korvel {
 
-class QBChord;
-class QBMusicXMLTag;
 class QBSpectrum;
 class QBString;
 class QBTuning;
@@ -62,23 +59,7 @@ class QBInstrument final : public platform::ManagedObject {
   void defineAsCalibrated() { setCalibrated(true); }
   bool isCalibrated() const { return calibrated(); }
 
-  // Whether the chord confirms a tone at that fret of the string: it has at least the share
-  // `detaillevel` of what is known to be heard with the string, weighed by how often it was heard.
-  bool filterLowerE(int fret, const QBChord& chord) { return filterString(0, fret, chord); }
-  bool filterA(int fret, const QBChord& chord) { return filterString(1, fret, chord); }
-  bool filterD(int fret, const QBChord& chord) { return filterString(2, fret, chord); }
-  bool filterG(int fret, const QBChord& chord) { return filterString(3, fret, chord); }
-  bool filterB(int fret, const QBChord& chord) { return filterString(4, fret, chord); }
-  bool filterUpperE(int fret, const QBChord& chord) { return filterString(5, fret, chord); }
-  /// A spectrum without overtones lets every tone pass.
-  bool filter(QBSpectrum& spectrum, int fret, const QBChord& chord) const;
-
-  /// The instrument as its definition file has it, but for "Amp" and "Offset" of the overtones.
-  std::unique_ptr<QBMusicXMLTag> toXML() const;
-
  private:
-  bool filterString(int position, int fret, const QBChord& chord);
-
   platform::Attribute<std::string> m_name;
   platform::Attribute<bool> m_active;
   platform::Attribute<bool> m_editable;

@@ -27,4 +27,13 @@ void QBOvertone::forgetCaches() {
   if (QBSpectrum* owner = spectrum()) owner->forgetCaches();
 }
 
+bool QBOvertone::equals(int otherString, int otherFret) const {
+  return string() == otherString && fret() == otherFret;
+}
+
+int QBOvertone::increaseHits() {
+  setHits(hits() + 1);
+  return hits();
+}
+
 }  // namespace korvel

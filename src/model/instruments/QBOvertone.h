@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
-
 #include "platform/persistence/ManagedObject.h"
 
 namespace korvel {
 
-class QBMusicXMLTag;
 class QBSpectrum;
 
 /// A position that was heard while a string was played.
@@ -42,7 +39,6 @@ class QBOvertone final : public platform::ManagedObject {
   int increaseHits();
   int offsetAsInt() const { return offset(); }
   void setOffsetAsInt(int value) { setOffset(value); }
-  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
  private:
   platform::Attribute<int> m_string;

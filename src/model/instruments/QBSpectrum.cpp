@@ -4,9 +4,21 @@
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBString.h"
+#include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
+#include "music/Pitch.h"
 #include "platform/persistence/EntityDescription.h"
 
 namespace korvel {
+namespace {
+
+constexpr int kFewestHits = 3;
+
+std::string keyOf(int string, int fret) {
+  return std::to_string(string) + ',' + std::to_string(fret);
+}
+
+}  // namespace
 
 platform::EntityDescription QBSpectrum::describe() {
   return platform::EntityBuilder<QBSpectrum>("QBSpectrum")
@@ -35,6 +47,50 @@ platform::Members<QBOvertone> QBSpectrum::overtones() const { return members(m_o
 void QBSpectrum::forgetCaches() {
   m_sorted.reset();
   if (QBInstrument* owner = instrument()) owner->forgetCaches();
+}
+
+const std::map<std::string, platform::Ref<QBOvertone>>& QBSpectrum::readSortedTones() {
+  if (!m_sorted) {
+    m_sorted.emplace();
+    for (QBOvertone* overtone : overtones())
+      m_sorted->insert_or_assign(keyOf(overtone->string(), overtone->fret()), overtone);
+  }
+  return *m_sorted;
+}
+
+QBOvertone* QBSpectrum::findOvertone(int string, int fret) {
+  const auto& index = readSortedTones();
+  const auto found = index.find(keyOf(string, fret));
+  return found == index.end() ? nullptr : found->second.get();
+}
+
+QBOvertone* QBSpectrum::addOvertone(int string, int fret, int note, int offset, double frequency,
+                                    double amp) {
+  readSortedTones();
+  QBOvertone* overtone =
+      QBTabMgr::db().createOvertone(this, string, fret, note, offset, frequency, amp);
+  m_sorted->insert_or_assign(keyOf(string, fret), overtone);
+  return overtone;
+}
+
+void QBSpectrum::deleteOvertone(QBOvertone* overtone) {
+  QBTabMgr::db().deleteOvertone(overtone);
+  m_sorted.reset();  // Another overtone of the same position may show again.
+}
+
+void QBSpectrum::cleanupTones() {
+  for (const auto& overtone : overtones().snapshot())
+    if (overtone->hits() < kFewestHits) deleteOvertone(overtone);
+}
+
+void QBSpectrum::computeOffsets() {
+  const QBString* played = string();
+  const int base = QBInstrument::largeToneOfStringS(played ? played->order() : 0);
+  for (QBOvertone* overtone : overtones()) {
+    if (overtone->string() < 0 || overtone->string() >= kStrings) continue;  // no such string
+    const int open = QBInstrument::largeToneOfStringS(overtone->string());
+    overtone->setOffset(addNotes(open - base, overtone->fret()));
+  }
 }
 
 }  // namespace korvel

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -11,7 +10,6 @@
 namespace korvel {
 
 class QBInstrument;
-class QBMusicXMLTag;
 class QBOvertone;
 class QBString;
 
@@ -45,7 +43,6 @@ class QBSpectrum final : public platform::ManagedObject {
   /// Gives every overtone its distance from the open string, in the selected tuning. An overtone on
   /// no string of a guitar keeps the one that it has.
   void computeOffsets();
-  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
  private:
   platform::Attribute<bool> m_calibrated;

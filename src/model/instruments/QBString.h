@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,7 +10,6 @@
 namespace korvel {
 
 class QBLeftHandPattern;
-class QBMusicXMLTag;
 class QBRightHandPattern;
 class QBTuning;
 
@@ -47,7 +45,6 @@ class QBString final : public platform::ManagedObject {
   int noteOfString() const { return baseTone(); }
   /// Absolute note of the open string. Only the lowest string follows the tuning.
   int largeToneOfString() const;
-  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
  private:
   platform::Attribute<std::string> m_name;

@@ -10,7 +10,6 @@
 
 namespace korvel {
 
-class QBFrequency;
 class QBInstrument;
 class QBSong;
 class QBString;
@@ -56,8 +55,6 @@ class QBTuning final : public platform::ManagedObject {
   bool isOpenUpperE(float frequency) { return isBaseTone(5, frequency); }
   /// The string on which the frequency is played lowest; the highest string beyond both ends.
   QBString* findStringByFrequency(float frequency);
-  /// The open string that sounds the detected frequency, or none.
-  QBString* findBaseToneByFrequency(const QBFrequency& frequency);
   int largeToneOfString(int position);
   int noteOfString(int position);
   bool isSelected() const { return selected(); }

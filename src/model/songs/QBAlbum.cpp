@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBAlbum.h"
 
+#include "model/instruments/QBInstrument.h"
 #include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 #include "platform/persistence/EntityDescription.h"
 
 namespace korvel {
@@ -17,5 +19,31 @@ platform::EntityDescription QBAlbum::describe() {
 }
 
 platform::Members<QBSong> QBAlbum::songs() const { return members(m_songs); }
+
+QBSong* QBAlbum::findSongByIndex(std::size_t index) const { return songs().at(index); }
+
+QBSong* QBAlbum::findSongByName(const std::string& title) const {
+  for (QBSong* song : songs())
+    if (song->title() == title) return song;
+  return nullptr;
+}
+
+QBSong* QBAlbum::createSong(const std::string& title) {
+  QBTabMgr& db = QBTabMgr::db();
+  QBInstrument* instrument = db.selectedInstrument();
+  return db.createSong(title, instrument ? instrument->tuning() : nullptr, instrument, this);
+}
+
+void QBAlbum::deleteSong(QBSong* song) {
+  if (!song) return;
+  song->setAlbum(nullptr);
+  QBTabMgr::db().deleteSong(song);
+}
+
+QBAlbum* QBAlbum::clone() const {
+  QBAlbum* copy = QBTabMgr::db().createAlbum(name(), isLocked());
+  for (const auto& song : songs().snapshot()) song->cloneToAlbum(copy);
+  return copy;
+}
 
 }  // namespace korvel

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBChord.h"
 
+#include <algorithm>
+
 #include "model/book/QBHarmony.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
@@ -8,6 +10,9 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
+#include "model/store/QBTabMgr.h"
 #include "platform/persistence/EntityDescription.h"
 
 namespace korvel {
@@ -66,6 +71,60 @@ void QBChord::forgetCaches() {
   m_key.reset();
   m_xPosInMatrix = m_yPosInMatrix = 0;
   if (QBSong* owner = song()) owner->forgetCaches();
+}
+
+const Tones& QBChord::readAllTones() {
+  if (!m_scannedTones) m_scannedTones = tonesOf(*this);
+  return *m_scannedTones;
+}
+
+std::string QBChord::fullHarmonyName() const {
+  const QBHarmony* named = harmony();
+  return QBHarmony::noteAsString(baseTone()).value_or("") + (named ? named->type() : "");
+}
+
+const std::optional<std::string>& QBChord::toKey() {
+  if (!m_key && harmony()) m_key = fullHarmonyName();
+  return m_key;
+}
+
+bool QBChord::equals(const QBChord& other) const {
+  const Tones mine = tonesOf(*this);
+  if (mine.size() != tonesOf(other).size()) return false;
+  return std::ranges::all_of(mine, [&](const auto& tone) {
+    return other.hold()->findTone(tone->string(), tone->fret()) != nullptr;
+  });
+}
+
+QBChord* QBChord::clone(QBSong* owner) {
+  QBChord* copy = QBTabMgr::db().createChord(owner, m_fft(), timestamp());
+  if (hasBaseTone()) copy->setBaseTone(baseTone());
+  copy->setHarmony(harmony());
+  copy->setDuration(duration());
+  copy->setBlock(block());
+  if (QBHold* held = hold()) held->clone(copy);
+  return copy;
+}
+
+void QBChord::mergeWith(const QBChord& other) {
+  QBHold* held = hold();
+  if (!held) return;
+  for (const auto& tone : tonesOf(other))
+    if (!held->findTone(tone->string(), tone->fret()))
+      held->addTone(tone->string(), tone->fret(), tone->amp());
+}
+
+void QBChord::setDurationValue(int offered) {
+  if (duration() == 0 || duration() > offered) setDuration(offered);
+}
+
+int QBChord::weight() const {
+  const QBHold* held = hold();
+  int sum = 2;
+  if (held) sum += static_cast<int>(held->tones().size()) + 5 - held->sizeOfHold();
+  if (const QBRightHandPattern* right = pattern()) sum += right->weight() + 2;
+  if (leftpattern()) sum += 5;
+  return sum;
 }
 
 }  // namespace korvel

@@ -19,10 +19,8 @@ class QBHarmony;
 class QBHold;
 class QBLeftHandPattern;
 class QBMeasure;
-class QBMusicXMLTag;
 class QBRightHandPattern;
 class QBSong;
-class QBTabMatrix;
 class QBTone;
 
 /// Everything that sounds at one time step of a song; its `hold` is the fingering.
@@ -76,10 +74,6 @@ class QBChord final : public platform::ManagedObject {
   // Tones and names.
   /// The tones of the hold, unsorted, as they were at the first call.
   const std::vector<platform::Ref<QBTone>>& readAllTones();
-  /// The harmony that explains the chord best, which also sets `harmony` and `baseTone`.
-  QBHarmony* readHarmony();
-  /// The right-hand pattern, chosen after the previous chord and stored when absent.
-  QBRightHandPattern* readPattern(QBChord* previous);
   QBLeftHandPattern* readLeftPattern() const { return leftpattern(); }
   /// Root and type, such as "Am7"; the type alone when the root is none.
   std::string fullHarmonyName() const;
@@ -97,30 +91,6 @@ class QBChord final : public platform::ManagedObject {
   void setDurationValue(int duration);
   /// Score for ranking candidates.
   int weight() const;
-  /// The position with the tones of the hold, by string and fret.
-  std::unique_ptr<QBMusicXMLTag> toXML() const;
-
-  // Texts and drawing.
-  /// The column of a tablature that holds the chord alone.
-  std::string toString();
-  void addPosition(QBTabMatrix& matrix) const;
-  /// Writes the name above the name row and moves the cursor behind it.
-  void addAsChord(QBTabMatrix& matrix) const;
-  /// Writes the name above the strings; the cursor stays.
-  void addAsChord2(QBTabMatrix& matrix) const;
-  /// Columns that the chord takes; a flag of 1 or more marks the start of a group.
-  int outputLength(int flag) const;
-  /// Draws the chord at the cursor, in a new system when it would reach the width.
-  void addToTabulatureWithLineBreak(QBTabMatrix& matrix, const QBChord* previous, int flag,
-                                    int width);
-  /// The same with the beat ruler below, from the measure's counter on, which it moves.
-  void addToTabulatureWithMetric(QBTabMatrix& matrix, const QBChord* previous, int groupSize,
-                                 int width, QBMeasure& measure);
-  /// Draws a note value of so many sixteenths on the rows y - 2 to y; nothing when negative.
-  static void setMetric(QBTabMatrix& matrix, int x, int y, int duration);
-  /// The part of the beat ruler that belongs to a chord of so many sixteenths, `counter` sixteenths
-  /// into the measure; "" unless the time is 3/4, 4/4, 6/8 or 12/8. The group does not matter.
-  static std::string metricString(int counter, int duration, int beat, int beattype, int groupSize);
 
   /// Spectrum that the chord was read from, while it is being recorded.
   const std::shared_ptr<QBFFT>& m_fft() const { return m_spectrum; }

@@ -9,7 +9,6 @@ namespace korvel {
 
 class QBChord;
 class QBSong;
-class QBTabMatrix;
 
 /// One bar of a song, `beat` / `beattype` long.
 class QBMeasure final : public platform::ManagedObject {
@@ -40,9 +39,6 @@ class QBMeasure final : public platform::ManagedObject {
   int lookupGroupSize(int index) const;
   int lookupGroupSizeAchtel(int index) const;
   int lookupGroupSizeViertel(int index) const;
-  /// Draws the measure as a system of its own, with marks where the song's playback loop is; none
-  /// without a song.
-  void addToTabulatureWithLineBreak(const QBSong* song, QBTabMatrix& matrix);
 
   /// Sixteenths drawn so far.
   int m_counter = 0;

@@ -18,4 +18,6 @@ QBBlock* QBSample::block() const { return target(m_block); }
 
 void QBSample::setBlock(QBBlock* value) { relate(m_block, value); }
 
+bool QBSample::equals(const QBSample& other) const { return value() == other.value(); }
+
 }  // namespace korvel

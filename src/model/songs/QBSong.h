@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -15,7 +14,6 @@ class QBAlbum;
 class QBChord;
 class QBChordVisitor;
 class QBMeasure;
-class QBMusicXMLTag;
 class QBTuning;
 
 /// One recorded or derived piece: chords in order of `position`, laid into measures or not.
@@ -80,19 +78,6 @@ class QBSong final : public platform::ManagedObject {
   int lookupGroupSize(int index);
   /// Hands previous, current and next chord to the visitor, for every chord in order.
   void iterate(QBChordVisitor& visitor);
-
-  // Text tablature.
-  /// By measures when there are any. std::out_of_range for a song without chords and measures.
-  std::string toString();
-  /// The same without the marks of the playback loop.
-  std::string toStringForExport();
-  std::string toStringByMeasures();
-  /// Renews `tabulature`.
-  void buildTab();
-  /// Writes the text for export as UTF-8; write errors are ignored and the answer is always true.
-  bool tofile(const std::string& path);
-  /// The title alone.
-  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
   // Copies, without measures and tablature, made with the instrument that is selected now.
   QBSong* cloneToAlbum(QBAlbum* album);

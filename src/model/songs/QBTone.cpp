@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBTone.h"
 
+#include "model/book/QBHarmony.h"
+#include "model/instruments/QBInstrument.h"
 #include "model/songs/QBHold.h"
+#include "model/store/QBTabMgr.h"
+#include "music/Pitch.h"
 #include "platform/persistence/EntityDescription.h"
 
 namespace korvel {
@@ -27,5 +31,28 @@ void QBTone::setHold(QBHold* value) { relate(m_hold, value); }
 void QBTone::forgetCaches() {
   if (QBHold* owner = hold()) owner->forgetCaches();
 }
+
+QBTone* QBTone::clone(QBHold* owner) const {
+  QBTone* copy = QBTabMgr::db().createTone(owner, string(), fret(), 0, amp());
+  copy->setDuration(duration());
+  if (hasGroup()) copy->setGroup(group());
+  return copy;
+}
+
+bool QBTone::isNote(int note) const {
+  return pitchClass(QBHarmony::toneOfString(string()) + fret()) == note;
+}
+
+bool QBTone::isLargeNote(int note) const {
+  return QBInstrument::largeToneOfStringS(string()) + fret() == note;
+}
+
+bool QBTone::equals(const QBTone& other) const {
+  return fret() == other.fret() && string() == other.string();
+}
+
+std::string QBTone::toString() const { return toStringClean() + "\r\n"; }
+
+std::string QBTone::toStringClean() const { return std::to_string(fret()); }
 
 }  // namespace korvel

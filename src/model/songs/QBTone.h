@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -10,7 +9,6 @@
 namespace korvel {
 
 class QBHold;
-class QBMusicXMLTag;
 
 /// One sounding note: a fret of a string.
 class QBTone final : public platform::ManagedObject {
@@ -53,13 +51,10 @@ class QBTone final : public platform::ManagedObject {
   bool isNote(int note) const;
   /// Whether it sounds that absolute note.
   bool isLargeNote(int note) const;
-  /// The number of the MIDI note that it plays in the selected tuning; the low E is 40.
-  int toMIDI() const;
   /// Same string and fret.
   bool equals(const QBTone& other) const;
   std::string toString() const;
   std::string toStringClean() const;
-  std::unique_ptr<QBMusicXMLTag> toXML() const;
 
   // Scratch values of analysis and filters; never stored.
   double m_factor = 0.0;

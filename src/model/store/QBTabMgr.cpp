@@ -11,11 +11,13 @@
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBSpectrum.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/store/KorvelModel.h"
 #include "model/store/QBSettings.h"
 #include "model/store/SessionServices.h"
+#include "music/Neck.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Files.h"
 #include "platform/files/Resources.h"
@@ -190,6 +192,15 @@ QBInstrument* QBTabMgr::selectedInstrument() const {
 
 void QBTabMgr::deselectAllInstruments() {
   for (const auto& instrument : m_instruments) instrument->setActive(false);
+}
+
+namespace {}  // namespace
+
+void QBTabMgr::computeOffsets() {
+  QBInstrument* instrument = selectedInstrument();
+  if (!instrument) return;
+  for (int string = 0; string < kStrings; ++string)
+    instrument->findSpectrumByString(string)->computeOffsets();
 }
 
 }  // namespace korvel

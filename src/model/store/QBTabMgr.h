@@ -31,7 +31,7 @@ class QBTone;
 class QBToneOfHarmony;
 class QBTuning;
 
-/// The one gateway to the stored graph: opens and seeds the store, keeps the lists of top-level
+/// The one gateway to the stored graph: opens the store, keeps the lists of top-level
 /// objects, creates, deletes and finds every entity. Main thread only.
 ///
 /// Created objects live in memory until `save`. Delete operations take dependent objects with them,
@@ -58,9 +58,6 @@ class QBTabMgr {
   void reloadData();
   /// Whether the store holds settings; false too when they cannot be read.
   bool isInitialized();
-  /// Fills an empty store with settings, tunings, harmonies, the default instrument and the hand
-  /// patterns, and saves it. Answers whether it was saved.
-  bool initializeData();
   /// Writes all changes at once. A failure is reported through the session; false then.
   bool save();
   /// Takes the latest action back, or does it again, saves, and loads the lists anew. False when
@@ -163,11 +160,6 @@ class QBTabMgr {
   }
   QBAlbum* findAlbumByName(const std::string& name) const;
   QBTuning* findTuningByOrder(int order) const;
-  /// Sets the chord's harmony and root to the best explanation of at least two of its tones, and
-  /// answers the harmony. One found earlier is never cleared.
-  QBHarmony* findHarmonyByChord(QBChord* chord);
-  /// The heaviest right-hand pattern that the chord can be struck with, or none.
-  QBRightHandPattern* findPatternByChord(QBChord* previous, QBChord* chord);
 
   platform::ManagedContext& context() { return *m_context; }
 

@@ -5,10 +5,10 @@
 #include <cstdlib>
 #include <vector>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "tab/text/QBTabBuilder.h"
 
 namespace korvel {

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 
 namespace korvel {
 namespace {

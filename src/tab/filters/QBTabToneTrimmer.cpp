@@ -12,6 +12,7 @@
 #include "model/store/QBSettings.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/files/Files.h"
+#include "tab/text/SongDrawing.h"
 
 namespace korvel {
 namespace {
@@ -48,9 +49,9 @@ QBSong* QBTabToneTrimmer::trimmer() {
   QBSong* contrary = contraPoint(chordTones);
   QBSong* playable = applyRightHandPattern(contrary);
   const std::string file = madeTabDirectory() + fileNameOf(m_source->title());
-  chordTones->tofile(file + "(NonChords).txt");
-  contrary->tofile(file + "(Contra).txt");
-  playable->tofile(file + "(RightHand).txt");
+  tofile(*chordTones, file + "(NonChords).txt");
+  tofile(*contrary, file + "(Contra).txt");
+  tofile(*playable, file + "(RightHand).txt");
   for (QBSong* stage : {chordTones, contrary}) m_album->deleteSong(stage);
   playable->setTitle(m_source->title() + "(trimmed)");
   return playable;

@@ -3,11 +3,11 @@
 
 #include <algorithm>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/instruments/QBString.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
 #include "tab/layout/ChordSearch.h"
 

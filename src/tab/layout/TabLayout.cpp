@@ -54,7 +54,7 @@ TabLayout TabLayout::forExport(QBSong& song) {
   if (drawsNothing(song)) return layout;
   std::vector<int> tops;
   for (const System& system : layout.m_systems) tops.push_back(system.top);
-  layout.readText(song.toStringForExport());
+  layout.readText(toStringForExport(song));
   layout.divide(tops);
   return layout;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <string>
+#include "tab/text/NoteGlyphs.h"
+
 #include <string_view>
 
-#include "model/songs/QBChord.h"
 #include "tab/text/QBTabMatrix.h"
 
 namespace korvel {
@@ -28,7 +28,7 @@ bool isDotted(int duration) {
 
 }  // namespace
 
-void QBChord::setMetric(QBTabMatrix& matrix, int x, int y, int duration) {
+void setMetric(QBTabMatrix& matrix, int x, int y, int duration) {
   if (duration < 0) return;
   if (duration == 0) return matrix.setString(x, y, "x");
   matrix.setString(x, y - 2, duration < 16 ? "|" : "o");
@@ -38,8 +38,7 @@ void QBChord::setMetric(QBTabMatrix& matrix, int x, int y, int duration) {
   if (isDotted(duration)) matrix.setString(x + 1, duration == 3 ? y - 1 : y - 2, ".");
 }
 
-std::string QBChord::metricString(int counter, int duration, int beat, int beattype,
-                                  int /*groupSize*/) {
+std::string metricString(int counter, int duration, int beat, int beattype, int /*groupSize*/) {
   const std::string_view ruler = rulerOf(beat, beattype);
   const int length = static_cast<int>(ruler.size());
   std::string text;

@@ -4,13 +4,14 @@
 #include <algorithm>
 #include <tuple>
 
-#include "arrange/chords/ToneOrder.h"
+#include "arrange/hands/PatternOfChord.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
@@ -33,7 +34,7 @@ std::vector<int> sortedNotes(const QBChord& chord) {
 }
 
 int patternWeight(QBChord& chord) {
-  const QBRightHandPattern* pattern = chord.readPattern(nullptr);
+  const QBRightHandPattern* pattern = readPattern(chord, nullptr);
   return pattern ? pattern->weight() : 0;
 }
 

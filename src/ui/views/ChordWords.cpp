@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/views/ChordWords.h"
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/book/QBHarmony.h"
 #include "model/instruments/QBString.h"
 #include "model/instruments/QBTuning.h"
@@ -9,6 +8,7 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "tab/layout/ChordSearch.h"

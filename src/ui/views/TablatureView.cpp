@@ -11,12 +11,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
 #include "platform/text/Utf8.h"
 #include "tab/layout/PlayPosition.h"

@@ -16,6 +16,7 @@
 #include "ui/dialogs/AlertBox.h"
 #include "ui/window/MainWindow.h"
 #include "workflow/session/QBSession.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace korvel::ui {
 namespace {
@@ -29,7 +30,7 @@ void openStore(AlertBox& alert) {
   SessionViews views;
   views.alert = &alert;
   QBSession::session().attach(views);
-  if (!QBTabMgr::db().isInitialized()) QBTabMgr::db().initializeData();
+  if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
 }
 
 QStringList absolute(const QStringList& files) {

@@ -3,6 +3,7 @@
 
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
+#include "tab/text/SongDrawing.h"
 
 namespace korvel {
 
@@ -10,7 +11,7 @@ QBSong* filtered(QBSong& source, const std::string& title, QBChordVisitor&& visi
   QBSong* copy = source.clone();
   copy->setTitle(title);
   copy->iterate(visitor);
-  copy->buildTab();
+  buildTab(*copy);
   return copy;
 }
 
@@ -22,13 +23,13 @@ QBSong* emptyBeside(const QBSong& source, const std::string& title) {
 
 QBSong* filled(QBSong* made, QBSong& source, QBChordVisitor&& visitor) {
   source.iterate(visitor);
-  made->buildTab();
+  buildTab(*made);
   return made;
 }
 
 QBSong* finished(QBSong* song, const std::string& title) {
   song->setTitle(title);
-  song->buildTab();
+  buildTab(*song);
   return song;
 }
 

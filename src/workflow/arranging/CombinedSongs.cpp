@@ -4,6 +4,7 @@
 #include "arrange/chords/QBChordExtractor.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 
 namespace korvel {
@@ -17,7 +18,7 @@ QBSong* mergeWithSong(QBSong& song, QBSong& other) {
   const auto& into = merged->allChords();
   const auto& from = other.allChords();
   for (std::size_t i = 0; i < from.size(); ++i) into[i]->mergeWith(*from[i]);
-  merged->buildTab();
+  buildTab(*merged);
   return merged;
 }
 

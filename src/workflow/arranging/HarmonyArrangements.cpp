@@ -12,6 +12,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 
 namespace korvel {
@@ -53,7 +54,7 @@ QBSong* transposed(QBSong& song, int halfTones, const std::string& title) {
     transposer.transpose()->clone(made);
     transposer.dispose();
   }
-  made->buildTab();
+  buildTab(*made);
   return made;
 }
 

@@ -5,6 +5,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "tab/filters/QBTabFilter.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 
 namespace korvel {
@@ -15,7 +16,7 @@ QBSong* applyMetric(QBSong& song, int beat, int beattype) {
   QBApplyMetric visitor(beat, beattype, copy);
   copy->setTitle(title);
   copy->iterate(visitor);
-  copy->buildTab();
+  buildTab(*copy);
   return copy;
 }
 
@@ -24,7 +25,7 @@ QBSong* toPicking(QBSong& song) {
   QBSong* copy = song.clone();
   copy->setTitle(title);
   QBTabFilter(&song, copy).filter();
-  copy->buildTab();
+  buildTab(*copy);
   return copy;
 }
 

@@ -6,12 +6,12 @@
 #include <map>
 #include <utility>
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/arranging/VoiceArrangements.h"
 

@@ -17,6 +17,7 @@
 #include "arrange/voices/QBRemoveMelodyBrass.h"
 #include "arrange/voices/QBRemoveVoice.h"
 #include "tab/filters/BestFingering.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 #include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/HarmonyArrangements.h"

@@ -6,13 +6,14 @@
 #include "arrange/voices/QBExtractMelody.h"
 #include "arrange/voices/QBExtractMelodyBrass.h"
 #include "arrange/voices/QBExtractVoice.h"
-#include "arrange/voices/QBExtractVoicings.h"
 #include "arrange/voices/QBRemoveBrass.h"
 #include "arrange/voices/QBRemoveMelodyBrass.h"
 #include "arrange/voices/QBRemoveSilent.h"
 #include "arrange/voices/QBRemoveVoice.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
+#include "tab/filters/QBExtractVoicings.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 #include "workflow/arranging/QBMiddleVoiceFilter.h"
 
@@ -69,7 +70,7 @@ QBSong* extractVoicings(QBSong& song, int minimum) {
   song.requireAlbum().deleteSong(copy);
   QBSong* voicings = visitor.voicings();
   voicings->setTuning(song.tuning());
-  voicings->buildTab();
+  buildTab(*voicings);
   return voicings;
 }
 

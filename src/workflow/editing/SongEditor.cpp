@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "arrange/chords/ToneOrder.h"
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
@@ -16,9 +16,11 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/editing/MeasureLayout.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/SongInWork.h"
@@ -98,7 +100,7 @@ void SongEditor::redraw() {
   if (m_song->chords().empty())
     m_song->clearTabulature();
   else
-    m_song->buildTab();
+    buildTab(*m_song);
 }
 
 QBChord& SongEditor::chordAt(int index) {
@@ -185,7 +187,7 @@ void SongEditor::tonesChanged(int index) {
   if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
   chord.setLeftpattern(nullptr);
   name(chord, nullptr);
-  chord.readHarmony();
+  readHarmony(chord);
   chord.forgetCaches();
   layIntoMeasures(*m_song, index);
 }

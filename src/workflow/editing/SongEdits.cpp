@@ -6,6 +6,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/TuningForNow.h"
 
@@ -16,7 +17,7 @@ platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManag
 
 void redrawAndSave(QBSong& song) {
   const TuningForNow chosen(song.tuning());
-  if (!song.chords().empty()) song.buildTab();
+  if (!song.chords().empty()) buildTab(song);
   QBTabMgr::db().save();
 }
 

@@ -11,6 +11,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "platform/files/Files.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/exporting/ScoreFile.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
@@ -55,7 +56,7 @@ std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>
   const TuningForNow chosen(song.tuning());
   if (format == SongFormat::musicXml) return musicXmlOf(scoreOf(song, meter));
   if (format == SongFormat::midi) return midiFile(midiOf(song, meter));
-  return song.toStringForExport();
+  return toStringForExport(song);
 }
 
 void exportSong(QBSong& song, SongFormat format, const fs::path& file,

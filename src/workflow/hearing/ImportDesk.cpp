@@ -10,6 +10,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/Utf8.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
@@ -133,7 +134,7 @@ QBSong* ImportDesk::mend(const ImportUnderWay& interrupted) {
   if (!song || song->hasTabulature()) return song;
   if (hasTones(*song)) {
     const TuningForNow chosen(song->tuning());
-    song->buildTab();
+    buildTab(*song);
   } else {
     const platform::Ref<QBAlbum> album = song->album();
     album->deleteSong(song);

@@ -16,6 +16,7 @@
 #include "platform/persistence/UndoManager.h"
 #include "recording/MicrophoneTake.h"
 #include "recording/hearing/ClassicHearing.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/library/QBNameMgr.h"
@@ -151,7 +152,7 @@ void LiveRecording::requireSongs() const {
 void LiveRecording::storeLive() {
   requireSongs();
   if (!hasTones(*m_made->song())) return;
-  m_made->song()->buildTab();
+  buildTab(*m_made->song());
   m_db.context().save();
   m_made->keep();
   m_song = m_made->song();
@@ -192,7 +193,7 @@ void LiveRecording::takeChords() {
 void LiveRecording::replaceLive() {
   m_whole->end();
   m_wholeSong->setTitle(m_made->song()->title());
-  m_wholeSong->buildTab();
+  buildTab(*m_wholeSong);
   m_made->keep();
   m_made->album()->deleteSong(m_made->song());
   m_song = std::exchange(m_wholeSong, nullptr);

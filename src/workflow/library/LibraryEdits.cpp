@@ -15,6 +15,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/files/Files.h"
 #include "platform/persistence/UndoManager.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
@@ -42,7 +43,7 @@ void requireName(const std::string& name, const char* what) {
 
 void redraw(QBSong& song) {
   const TuningForNow chosen(song.tuning());
-  if (!song.chords().empty()) song.buildTab();
+  if (!song.chords().empty()) buildTab(song);
 }
 
 bool isInstrument(const std::string& name) {

@@ -10,6 +10,7 @@
 #include "platform/files/FileError.h"
 #include "platform/files/Files.h"
 #include "platform/persistence/UndoManager.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 #include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/VoiceArrangements.h"
@@ -98,8 +99,8 @@ void QBSongNode::exportAsFile() {
   SavePanel* panel = QBSession::session().views().savePanel;
   const auto path = panel ? panel->chooseFile(m_song->title() + ".txt") : std::nullopt;
   if (!path) return;
-  m_song->tofile(*path);
-  requireWritten(*path, m_song->toStringForExport());
+  tofile(*m_song, *path);
+  requireWritten(*path, toStringForExport(*m_song));
   printOut(*path);
 }
 
@@ -109,7 +110,7 @@ void QBSongNode::copySong() {
   copy->setTitle(name);
   addSongToParent(copy);
   QBSession::session().setActiveSong(copy);
-  copy->buildTab();
+  buildTab(*copy);
   finish("Song was successfully cloned.");
 }
 

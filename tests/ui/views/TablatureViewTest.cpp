@@ -13,6 +13,7 @@
 #include "platform/files/FileError.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
+#include "tab/text/SongDrawing.h"
 #include "ui/views/TablaturePages.h"
 
 namespace korvel::ui {
@@ -22,7 +23,7 @@ class TablatureViewTest : public testing::Test {
  protected:
   TablatureViewTest() {
     for (int i = 0; i < 200; ++i) test::addChord(m_song, i % 5 == 4 ? "xxxxxx" : "x02210", 2);
-    m_song->buildTab();
+    buildTab(*m_song);
     m_view.resize(800, 400);
     m_view.setActiveSong(m_song);
     m_view.show();
@@ -136,7 +137,7 @@ TEST_F(TablatureViewTest, saysInWordsWhereTheCursorIs) {
 TEST_F(TablatureViewTest, silencedTonesStayVisible) {
   QBHold* hold = m_song->allChords()[0]->hold();
   hold->findToneByString(2)->setActive(false);
-  m_song->buildTab();
+  buildTab(*m_song);
   m_view.refresh();
   const QImage silenced = m_view.grab().toImage();
   hold->deleteToneOfString(2);

@@ -14,6 +14,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBNameMgr.h"
@@ -26,7 +27,7 @@ namespace {
 /// Draws songs for the tuning that they were made in.
 void redraw(QBSong& song) {
   const TuningForNow chosen(song.tuning());
-  if (!song.chords().empty()) song.buildTab();
+  if (!song.chords().empty()) buildTab(song);
 }
 
 void saveAndPrint(const QBSong& song) {

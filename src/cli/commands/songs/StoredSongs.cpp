@@ -13,6 +13,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
@@ -39,7 +40,7 @@ void listSongs() {
 void showSong(const std::string& name) {
   QBSong& song = chooseSong(name);
   const std::string text =
-      song.hasTabulature() ? song.tabulature() : textOf(song, [&] { return song.toString(); });
+      song.hasTabulature() ? song.tabulature() : textOf(song, [&] { return toString(song); });
   Console::attached().print(text);
 }
 

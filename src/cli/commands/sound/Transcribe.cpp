@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/chords/Transcription.h"
 #include "audio/MonoTrack.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
@@ -17,7 +18,6 @@
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
 #include "precise/Settings.h"
-#include "precise/Transcription.h"
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
 #include "workflow/hearing/SoundCheck.h"
@@ -38,13 +38,13 @@ struct TranscribeOptions {
 };
 
 OpenPitches openStrings(const TranscribeOptions& options) {
-  return options.tuning ? precise::openStringsOf(chooseTuning(*options.tuning)) : kStandardPitches;
+  return options.tuning ? openStringsOf(chooseTuning(*options.tuning)) : kStandardPitches;
 }
 
-precise::Transcription hear(const TranscribeOptions& options) {
+Transcription hear(const TranscribeOptions& options) {
   const auto track = std::make_shared<MonoTrack>(options.file);
   track->startRecord(0);
-  precise::Transcription heard(track, openStrings(options), options.settings);
+  Transcription heard(track, openStrings(options), options.settings);
   while (heard.step()) Console::attached().progress(heard.progress());
   Console::attached().progress(1);
   return heard;
@@ -83,7 +83,7 @@ class Outputs {
 void transcribe(const TranscribeOptions& options) {
   requireSound(options.file);
   const Outputs outputs(options);
-  const precise::Transcription heard = hear(options);
+  const Transcription heard = hear(options);
   outputs.write(heard.result().notes, openStrings(options));
 }
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "arrange/chords/QBChordVisitor.h"
+#include "model/songs/QBChordVisitor.h"
 
 namespace korvel {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "arrange/chords/ToneOrder.h"
+#include "model/songs/ToneOrder.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "arrange/voices/QBExtractVoicings.h"
+#include "tab/filters/QBExtractVoicings.h"
 
-#include "arrange/chords/ToneOrder.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
+#include "tab/text/ChordText.h"
 
 namespace korvel {
 
@@ -19,7 +20,7 @@ QBExtractVoicings::~QBExtractVoicings() = default;
 void QBExtractVoicings::execute(QBChord*, QBChord* current, QBChord*) {
   constexpr std::size_t kFewestTones = 3;
   if (tonesOf(*current).size() < kFewestTones) return;
-  platform::Ref<QBChord>& voicing = m_voicings[current->toString()];
+  platform::Ref<QBChord>& voicing = m_voicings[toString(*current)];
   if (!voicing) voicing = current->clone(m_target);
   ++voicing->m_hits;
 }

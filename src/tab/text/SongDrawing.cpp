@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/text/SongDrawing.h"
+
 #include <fstream>
 #include <stdexcept>
 #include <utility>
@@ -7,7 +9,8 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "tab/layout/LoopRange.h"
-#include "tab/text/SongDrawing.h"
+#include "tab/text/ChordText.h"
+#include "tab/text/MeasureText.h"
 #include "tab/text/SystemLabel.h"
 
 namespace korvel {
@@ -29,7 +32,7 @@ void markLoop(QBTabMatrix& matrix) {
 /// The first mark stands after its chord and asks only whether the position lies between the ends,
 /// as intended: a loop that has just an end begins with the song.
 void drawFirst(QBTabMatrix& matrix, QBChord& chord, const LoopRange& loop) {
-  chord.addToTabulatureWithLineBreak(matrix, nullptr, 0, kWidthOfSystem);
+  addToTabulatureWithLineBreak(chord, matrix, nullptr, 0, kWidthOfSystem);
   if (loop.contains(chord.position())) markLoop(matrix);
 }
 
@@ -37,7 +40,7 @@ void drawFirst(QBTabMatrix& matrix, QBChord& chord, const LoopRange& loop) {
 void drawNext(QBTabMatrix& matrix, QBChord& chord, const QBChord* previous, int groupFlag,
               const LoopRange& loop) {
   if (loop.isSet() && loop.contains(chord.position())) markLoop(matrix);
-  chord.addToTabulatureWithLineBreak(matrix, previous, groupFlag, kWidthOfSystem);
+  addToTabulatureWithLineBreak(chord, matrix, previous, groupFlag, kWidthOfSystem);
 }
 
 /// Throws std::out_of_range for a song without chords.
@@ -62,7 +65,7 @@ platform::Slices byMeasures(QBSong& song, const QBSong* loopOf, QBTabMatrix& mat
   openPage(matrix, song);
   double done = 0;
   for (const auto& measure : measures) {
-    measure->addToTabulatureWithLineBreak(loopOf, matrix);
+    addToTabulatureWithLineBreak(*measure, loopOf, matrix);
     co_yield ++done / static_cast<double>(measures.size());
   }
 }
@@ -95,6 +98,8 @@ QBTabMatrix drawingOf(QBSong& song) {
   return matrix;
 }
 
+void buildTab(QBSong& song) { song.setTabulature(toString(song)); }
+
 platform::Slices buildingTab(QBSong& song) {
   QBTabMatrix matrix;
   platform::Slices work = drawing(song, matrix);
@@ -105,16 +110,16 @@ platform::Slices buildingTab(QBSong& song) {
   song.setTabulature(std::move(text));
 }
 
-std::string QBSong::toString() { return drawn(drawing, *this); }
+std::string toString(QBSong& song) { return drawn(drawing, song); }
 
-std::string QBSong::toStringForExport() { return drawn(drawingForExport, *this); }
+std::string toStringForExport(QBSong& song) { return drawn(drawingForExport, song); }
 
-std::string QBSong::toStringByMeasures() { return drawn(drawingByMeasures, *this); }
+std::string toStringByMeasures(QBSong& song) { return drawn(drawingByMeasures, song); }
 
 // Answers true whatever becomes of the file, as intended: an export is one step of chains that go
 // on without it.
-bool QBSong::tofile(const std::string& path) {
-  const std::string text = toStringForExport();
+bool tofile(QBSong& song, const std::string& path) {
+  const std::string text = toStringForExport(song);
   std::ofstream(path, std::ios::binary) << text;
   return true;
 }

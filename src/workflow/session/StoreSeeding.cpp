@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/session/StoreSeeding.h"
+
 #include "analysis/instrument/QBMusicXMLParser.h"
 #include "arrange/harmony/Parser.h"
 #include "model/instruments/QBInstrument.h"
@@ -24,22 +26,22 @@ std::string pathOf(std::string_view name, std::string_view type) {
 
 }  // namespace
 
-bool QBTabMgr::initializeData() {
-  createSettings("./");
-  loadSettings();
-  QBTuning* standard = createTuning("Standard", kStandardOrder);
+bool initializeData(QBTabMgr& db) {
+  db.createSettings("./");
+  db.loadSettings();
+  QBTuning* standard = db.createTuning("Standard", kStandardOrder);
   standard->createStandardStrings();
-  selectTuning(standard);
-  createTuning("Drop D", kDropDOrder)->createDropDStrings();
-  loadTunings();
+  db.selectTuning(standard);
+  db.createTuning("Drop D", kDropDOrder)->createDropDStrings();
+  db.loadTunings();
   Parser(pathOf("ChordDeclarations", "")).parseHarmonies();
   QBMusicXMLParser(pathOf("Classic E-Guitar", "xml")).parse();
   // Offsets in the file are only a hint; those that the filter uses are computed.
-  if (selectedInstrument()) computeOffsets();
-  initRightHandPatterns();
-  initLeftHandPatterns();
-  const bool saved = save();
-  if (saved) reloadData();
+  if (db.selectedInstrument()) db.computeOffsets();
+  db.initRightHandPatterns();
+  db.initLeftHandPatterns();
+  const bool saved = db.save();
+  if (saved) db.reloadData();
   return saved;
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/songs/QBTone.h"
+#include "playback/MidiNote.h"
 
 #include "model/instruments/QBInstrument.h"
+#include "model/songs/QBTone.h"
 #include "music/Pitch.h"
 
 namespace korvel {
@@ -12,9 +13,9 @@ constexpr int kMidiNoteOfLargeTone0 = 36;
 
 }  // namespace
 
-int QBTone::toMIDI() const {
-  const int open = QBInstrument::largeToneOfStringS(string());
-  return addNotes(addNotes(fret(), open), kMidiNoteOfLargeTone0);
+int toMIDI(const QBTone& tone) {
+  const int open = QBInstrument::largeToneOfStringS(tone.string());
+  return addNotes(addNotes(tone.fret(), open), kMidiNoteOfLargeTone0);
 }
 
 }  // namespace korvel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/text/ChordText.h"
+
 #include <algorithm>
-#include <string>
 #include <tuple>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBTone.h"
 #include "platform/text/Utf8.h"
+#include "tab/text/NoteGlyphs.h"
 #include "tab/text/QBTabMatrix.h"
 #include "tab/text/SystemLabel.h"
 
@@ -55,7 +57,7 @@ void recordPlace(QBTabMatrix& matrix, const QBChord& chord, int columns) {
 
 void drawFrame(QBTabMatrix& matrix, const QBChord& chord) {
   matrix.stringLines(matrix.m_xPos, kFrameColumns);
-  QBChord::setMetric(matrix, matrix.m_xPos + 1, matrix.m_yPos + kGlyphRow, chord.duration());
+  setMetric(matrix, matrix.m_xPos + 1, matrix.m_yPos + kGlyphRow, chord.duration());
 }
 
 std::string fretText(int fret) { return (fret <= 9 ? "-" : "") + std::to_string(fret); }
@@ -74,63 +76,64 @@ void drawTones(QBTabMatrix& matrix, QBChord& chord) {
 
 void drawContent(QBTabMatrix& matrix, QBChord& chord) {
   drawTones(matrix, chord);
-  if (isNamed(chord)) chord.addAsChord2(matrix);
+  if (isNamed(chord)) addAsChord2(chord, matrix);
 }
 
 }  // namespace
 
-int QBChord::outputLength(int groupFlag) const {
-  const int name = isNamed(*this) ? lengthOf(fullHarmonyName()) + 2 : 0;
-  return std::max(2 * duration() + 1, name) + (groupFlag >= 1 ? kRoomBeforeGroup : 0);
+int outputLength(const QBChord& chord, int groupFlag) {
+  const int name = isNamed(chord) ? lengthOf(chord.fullHarmonyName()) + 2 : 0;
+  return std::max(2 * chord.duration() + 1, name) + (groupFlag >= 1 ? kRoomBeforeGroup : 0);
 }
 
-void QBChord::addToTabulatureWithLineBreak(QBTabMatrix& matrix, const QBChord* /*previous*/,
-                                           int groupFlag, int width) {
-  if (isSilent(*this)) return;
-  const int length = outputLength(groupFlag);
+void addToTabulatureWithLineBreak(QBChord& chord, QBTabMatrix& matrix, const QBChord* /*previous*/,
+                                  int groupFlag, int width) {
+  if (isSilent(chord)) return;
+  const int length = outputLength(chord, groupFlag);
   breakLine(matrix, length, width, kRowsToNextSystem);
-  if (m_xPosInMatrix == 0 && m_yPosInMatrix == 0) keepPlace(*this, matrix);
-  recordPlace(matrix, *this, length);
-  drawFrame(matrix, *this);
-  drawContent(matrix, *this);
+  if (chord.m_xPosInMatrix == 0 && chord.m_yPosInMatrix == 0) keepPlace(chord, matrix);
+  recordPlace(matrix, chord, length);
+  drawFrame(matrix, chord);
+  drawContent(matrix, chord);
   advance(matrix, length);
 }
 
-void QBChord::addToTabulatureWithMetric(QBTabMatrix& matrix, const QBChord* /*previous*/,
-                                        int groupSize, int width, QBMeasure& measure) {
-  if (isSilent(*this)) return;
-  const int length = outputLength(groupSize);
+void addToTabulatureWithMetric(QBChord& chord, QBTabMatrix& matrix, const QBChord* /*previous*/,
+                               int groupSize, int width, QBMeasure& measure) {
+  if (isSilent(chord)) return;
+  const int length = outputLength(chord, groupSize);
   breakLine(matrix, length, width, kRowsToNextSystemOfMeasure);
-  keepPlace(*this, matrix);
-  drawFrame(matrix, *this);
-  const std::string ruler =
-      metricString(measure.m_counter, duration(), measure.beat(), measure.beattype(), groupSize);
-  measure.m_counter += duration();
+  keepPlace(chord, matrix);
+  drawFrame(matrix, chord);
+  const std::string ruler = metricString(measure.m_counter, chord.duration(), measure.beat(),
+                                         measure.beattype(), groupSize);
+  measure.m_counter += chord.duration();
   matrix.horText(matrix.m_xPos + 1, matrix.m_yPos + kRulerRow, ruler);
-  drawContent(matrix, *this);
+  drawContent(matrix, chord);
   const int columns = std::max(lengthOf(ruler), length);
-  recordPlace(matrix, *this, columns);
+  recordPlace(matrix, chord, columns);
   advance(matrix, columns);
 }
 
-void QBChord::addAsChord(QBTabMatrix& matrix) const {
-  const std::string name = fullHarmonyName();
+void addAsChord(const QBChord& chord, QBTabMatrix& matrix) {
+  const std::string name = chord.fullHarmonyName();
   matrix.horText(matrix.m_xPos, matrix.m_yPos - 2, name);
   matrix.increaseXPosBy(lengthOf(name) + 1);
 }
 
-void QBChord::addAsChord2(QBTabMatrix& matrix) const {
-  matrix.horText(matrix.m_xPos, matrix.m_yPos - 1, fullHarmonyName());
+void addAsChord2(const QBChord& chord, QBTabMatrix& matrix) {
+  matrix.horText(matrix.m_xPos, matrix.m_yPos - 1, chord.fullHarmonyName());
 }
 
-void QBChord::addPosition(QBTabMatrix& matrix) const {
-  matrix.horText(matrix.m_xPos + 1, matrix.m_yPos + kPositionRow, std::to_string(position()) + ".");
+void addPosition(const QBChord& chord, QBTabMatrix& matrix) {
+  matrix.horText(matrix.m_xPos + 1, matrix.m_yPos + kPositionRow,
+                 std::to_string(chord.position()) + ".");
 }
 
-std::string QBChord::toString() {
+std::string toString(QBChord& chord) {
   QBTabMatrix column;
   column.vertText(0, 0, "      ");
-  for (const auto& tone : readAllTones())
+  for (const auto& tone : chord.readAllTones())
     column.setString(0, kLowestStringRow - tone->string(), std::to_string(tone->fret()));
   std::string text;
   for (int y = 0; y <= kLowestStringRow; ++y) text += std::string(*column.getString(0, y)) + "\n";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "precise/Transcription.h"
+#include "analysis/chords/Transcription.h"
 
 #include <utility>
 
@@ -9,7 +9,7 @@
 #include "music/ConcertPitch.h"
 #include "platform/loop/Deadline.h"
 
-namespace korvel::precise {
+namespace korvel {
 namespace {
 
 /// Of the recording, worked on before the time is looked at.
@@ -32,7 +32,7 @@ OpenPitches openStringsOf(QBTuning& tuning) {
 }
 
 Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
-                             const Settings& settings)
+                             const precise::Settings& settings)
     : m_source(std::move(source)),
       m_engine(settings.sensitivity),
       m_fingering(open, settings.fingering) {}
@@ -81,4 +81,4 @@ double Transcription::progress() const {
   }
 }
 
-}  // namespace korvel::precise
+}  // namespace korvel

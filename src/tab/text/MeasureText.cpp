@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tab/text/MeasureText.h"
+
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
 #include "tab/layout/LoopRange.h"
+#include "tab/text/ChordText.h"
 #include "tab/text/QBTabMatrix.h"
 #include "tab/text/SystemLabel.h"
 
@@ -34,14 +37,14 @@ class GroupSizes {
 
 }  // namespace
 
-void QBMeasure::addToTabulatureWithLineBreak(const QBSong* song, QBTabMatrix& matrix) {
+void addToTabulatureWithLineBreak(QBMeasure& measure, const QBSong* song, QBTabMatrix& matrix) {
   matrix.openSystem(systemLabel());
   const LoopRange loop(song);
-  m_counter = 0;
-  GroupSizes sizes(*this);
+  measure.m_counter = 0;
+  GroupSizes sizes(measure);
   int index = 0;
-  for (const auto& chord : allChords()) {
-    chord->addToTabulatureWithMetric(matrix, nullptr, sizes.of(index++), kWidth, *this);
+  for (const auto& chord : measure.allChords()) {
+    addToTabulatureWithMetric(*chord, matrix, nullptr, sizes.of(index++), kWidth, measure);
     if (loop.isSet() && loop.contains(chord->position()))
       matrix.horText(matrix.m_xPos, matrix.m_yPos + kLoopRow, "XX");
   }

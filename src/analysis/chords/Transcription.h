@@ -12,11 +12,9 @@
 #include "precise/fingering/Fingering.h"
 
 namespace korvel {
+
 class QBSampleSource;
 class QBTuning;
-}  // namespace korvel
-
-namespace korvel::precise {
 
 /// The pitches that a tuning's strings sound at, to the nearest semitone. Throws std::out_of_range
 /// for a tuning of fewer than six strings.
@@ -28,7 +26,7 @@ class Transcription {
  public:
   /// The source is to deliver samples (`readSamples`) by the time of the first step.
   Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
-                const Settings& settings);
+                const precise::Settings& settings);
 
   /// A few hundredths of a second of work; false when all is done.
   bool step();
@@ -37,7 +35,7 @@ class Transcription {
   /// Of the recording at 44100 a second, as far as it was read.
   std::size_t samples() const { return m_samples; }
   /// Complete once `step` has answered false.
-  const Analysis& result() const { return m_result; }
+  const precise::Analysis& result() const { return m_result; }
 
  private:
   enum class Phase { reading, hearing, fingering, done };
@@ -46,12 +44,12 @@ class Transcription {
   void read();
 
   std::shared_ptr<QBSampleSource> m_source;
-  Engine m_engine;
-  Fingering m_fingering;
-  Analysis m_result;
+  precise::Engine m_engine;
+  precise::Fingering m_fingering;
+  precise::Analysis m_result;
   std::size_t m_samples = 0;
   Phase m_phase = Phase::reading;
   platform::Slices m_placing;
 };
 
-}  // namespace korvel::precise
+}  // namespace korvel

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "precise/Transcription.h"
+#include "analysis/chords/Transcription.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include "support/Guitar.h"
 #include "support/StandardStore.h"
 
-namespace korvel::precise {
+namespace korvel {
 namespace {
 
 TEST(Transcription, tuningsSoundAtTheirFrequencies) {
@@ -33,8 +33,8 @@ TEST(Transcription, hearsAFileStepByStep) {
   EXPECT_EQ(heard.progress(), 1);
   EXPECT_FALSE(heard.step());
   ASSERT_EQ(heard.result().notes.size(), 5U);
-  for (const Note& note : heard.result().notes) EXPECT_GE(note.string, 1);
+  for (const precise::Note& note : heard.result().notes) EXPECT_GE(note.string, 1);
 }
 
 }  // namespace
-}  // namespace korvel::precise
+}  // namespace korvel

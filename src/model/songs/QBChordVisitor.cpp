@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "arrange/chords/QBChordVisitor.h"
+#include "model/songs/QBChordVisitor.h"
 
 #include "model/instruments/QBInstrument.h"
 #include "model/songs/QBAlbum.h"
