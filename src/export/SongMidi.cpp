@@ -4,11 +4,11 @@
 #include <algorithm>
 
 #include "export/score/SongScore.h"
-#include "model/songs/ChordStep.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "music/ChordStep.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
 

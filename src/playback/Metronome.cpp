@@ -5,10 +5,10 @@
 #include <map>
 #include <optional>
 
-#include "model/songs/ChordStep.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
+#include "music/ChordStep.h"
 
 namespace korvel {
 namespace {

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/songs/ChordStep.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "music/ChordStep.h"
 #include "music/Pitch.h"
 #include "playback/Metronome.h"
 #include "playback/MidiNote.h"

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "model/songs/ChordStep.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "music/ChordStep.h"
 #include "playback/QBMIDIPlayer.h"
 
 namespace korvel {

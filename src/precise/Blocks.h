@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "model/songs/ChordStep.h"
+#include "music/ChordStep.h"
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Analysis.h"

@@ -1,9 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Checks which folder under src/ includes what, and that every source states its licence.
+"""Checks which folder under src/ includes what, that every source states its licence, and that the
+tree is one to find things in: no file name stands twice, and no folder of src/ is overfull.
 
 Usage: check_layers.py [ROOT]    (default: the project that this script lies in)
 Prints one line "file:line: problem" for each violation and ends with status 1 if there is any.
 """
+import collections
 import pathlib
 import re
 import sys
@@ -18,9 +20,8 @@ RANK = {
     "cli": 8, "ui": 8,
 }
 
-# The headers that cross upwards: (folder, header).
-SHARED = {
-}
+# Layers that use less than their rank lets them, so that they serve without the rest.
+ONLY = {"precise": {"platform", "music"}}
 
 # Headers from outside the project belong to the source files of platform, with these exceptions:
 # pattern, folders, whether headers may include them too.
@@ -34,15 +35,23 @@ FOREIGN = [
 
 INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 LICENCE = "SPDX-License-Identifier: GPL-3.0-or-later"
+MOST_FILES_IN_A_FOLDER = 25
+NAMED_ONCE = ["src", "tests", "bench", "tools"]
 SOURCES = ["src", "tests", "bench", "tools", "cmake", "scripts", "resources"]
 LICENSED = {".cpp", ".h", ".py", ".cmake"}
+
+
+def may_use(layer, other):
+    if layer == other:
+        return True
+    return RANK[other] < RANK[layer] and other in ONLY.get(layer, RANK)
 
 
 def own_header_problem(root, file, folder, header):
     target = header.split("/")[0]
     if not (root / "src" / header).is_file():
         return f'"{header}" is no path from src/'
-    if folder == target or (folder, header) in SHARED or RANK[target] < RANK[folder]:
+    if may_use(folder, target):
         return None
     return f"{folder} must not include {target}: \"{header}\""
 
@@ -81,11 +90,31 @@ def files_under(root, folder):
     return sorted(path for path in (root / folder).rglob("*") if path.is_file())
 
 
+def name_problems(root):
+    first = {}
+    for folder in NAMED_ONCE:
+        for file in files_under(root, folder):
+            if file.suffix in {".cpp", ".h"}:
+                known = first.setdefault(file.name, file)
+                if known is not file:
+                    yield f"{file.relative_to(root)}:1: has the name of {known.relative_to(root)}"
+
+
+def folder_problems(root):
+    files = collections.Counter(file.parent for file in files_under(root, "src"))
+    for folder, count in sorted(files.items()):
+        if count > MOST_FILES_IN_A_FOLDER:
+            yield (f"{folder.relative_to(root)}:1: holds {count} files, more than "
+                   f"{MOST_FILES_IN_A_FOLDER}")
+
+
 def problems(root):
     for file in files_under(root, "src"):
         if file.suffix in {".cpp", ".h"}:
             for number, problem in include_problems(root, file):
                 yield f"{file.relative_to(root)}:{number}: {problem}"
+    yield from name_problems(root)
+    yield from folder_problems(root)
     for folder in SOURCES:
         for file in files_under(root, folder):
             if file.suffix in LICENSED or file.name == "CMakeLists.txt":

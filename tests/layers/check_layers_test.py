@@ -36,6 +36,7 @@ class CheckLayers(unittest.TestCase):
             "model/N.cpp": LICENCE + "#include <libavutil/frame.h>\n",
             "tab/T.h": LICENCE,
             "arrange/R.cpp": LICENCE + '#include "tab/T.h"\n',
+            "precise/P.cpp": LICENCE + '#include "model/M.h"\n',
             "cli/C.cpp": LICENCE + "#include <QtCore/QString>\n",
             "export/E.cpp": "int x;\n",
             "misc/X.h": LICENCE,
@@ -43,7 +44,14 @@ class CheckLayers(unittest.TestCase):
         self.assertEqual(status, 1)
         self.assertEqual([line.split(": ")[0] for line in lines], [
             "src/arrange/R.cpp:2", "src/cli/C.cpp:2", "src/misc/X.h:1", "src/model/M.h:2",
-            "src/model/N.cpp:2", "src/platform/A.h:3", "src/platform/B.h:2", "src/export/E.cpp:1"])
+            "src/model/N.cpp:2", "src/platform/A.h:3", "src/platform/B.h:2", "src/precise/P.cpp:2",
+            "src/export/E.cpp:1"])
+
+    def test_names_files_that_are_hard_to_find(self):
+        files = {f"tab/text/T{i}.h": LICENCE for i in range(26)}
+        self.assertEqual(check({**files, "ui/views/T7.h": LICENCE}), (1, [
+            "src/ui/views/T7.h:1: has the name of src/tab/text/T7.h",
+            "src/tab/text:1: holds 26 files, more than 25"]))
 
     def test_fails_where_there_is_nothing_to_check(self):
         self.assertEqual(check({})[0], 1)

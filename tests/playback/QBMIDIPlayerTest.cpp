@@ -7,8 +7,8 @@
 #include <cmath>
 #include <set>
 
-#include "model/songs/ChordStep.h"
 #include "model/songs/QBMeasure.h"
+#include "music/ChordStep.h"
 #include "platform/media/WaveFileWriter.h"
 #include "platform/midi/FluidSynthesizer.h"
 #include "playback/MidiNote.h"

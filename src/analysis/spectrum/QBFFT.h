@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "analysis/spectrum/QBFrequency.h"
-#include "model/songs/ChordStep.h"
+#include "music/ChordStep.h"
 #include "platform/numerics/FourierTransform.h"
 #include "platform/persistence/Ref.h"
 

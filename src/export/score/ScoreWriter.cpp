@@ -6,7 +6,7 @@
 #include "export/score/HarmonyKind.h"
 #include "export/score/NoteValues.h"
 #include "export/score/Spelling.h"
-#include "model/songs/ChordStep.h"
+#include "music/ChordStep.h"
 #include "platform/text/XmlWriter.h"
 
 namespace korvel {

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "model/songs/ChordStep.h"
+#include "music/ChordStep.h"
 #include "platform/persistence/ManagedObject.h"
 
 namespace korvel {

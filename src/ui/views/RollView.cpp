@@ -16,9 +16,9 @@
 #include <cmath>
 
 #include "model/book/QBHarmony.h"
-#include "model/songs/ChordStep.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "music/ChordStep.h"
 #include "music/Pitch.h"
 #include "ui/desktop/Text.h"
 #include "ui/views/ChordWords.h"

@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <utility>
 
-#include "model/songs/ChordStep.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "music/ChordStep.h"
 #include "platform/midi/SoundFontFile.h"
 #include "platform/sound/AudioSystem.h"
 #include "workflow/session/QBSession.h"

@@ -1,0 +1,29 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# A folder under src/ is a layer: a static library of its own that links only what is below it.
+#
+#   korvel_layer(NAME SOURCES file... [USES layer...] [LIBRARIES target...])
+#
+# USES names the layers below that its headers and sources need; they reach whoever links it.
+# LIBRARIES are third-party ones, which stay private to the layer.
+function(korvel_layer name)
+  cmake_parse_arguments(PARSE_ARGV 1 layer "" "" "SOURCES;USES;LIBRARIES")
+  add_library(korvel-${name} STATIC ${layer_SOURCES})
+  target_include_directories(korvel-${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+  list(TRANSFORM layer_USES PREPEND korvel-)
+  target_link_libraries(korvel-${name} PUBLIC ${layer_USES} PRIVATE ${layer_LIBRARIES})
+  korvel_precompile(korvel-${name} ${layer_USES})
+endfunction()
+
+# Whatever most sources include is read once: the standard library, and what every entity is made
+# of where there are entities. The layers above the model share the model's; precise has options of
+# its own.
+function(korvel_precompile target)
+  set(headers "${PROJECT_SOURCE_DIR}/cmake/KorvelPrecompiled.h")
+  if("korvel-model" IN_LIST ARGN)
+    target_precompile_headers(${target} REUSE_FROM korvel-model)
+    return()
+  elseif(target STREQUAL "korvel-model")
+    list(APPEND headers "${PROJECT_SOURCE_DIR}/src/platform/persistence/ManagedObject.h")
+  endif()
+  target_precompile_headers(${target} PRIVATE ${headers})
+endfunction()
