@@ -194,8 +194,6 @@ void QBTabMgr::deselectAllInstruments() {
   for (const auto& instrument : m_instruments) instrument->setActive(false);
 }
 
-namespace {}  // namespace
-
 void QBTabMgr::computeOffsets() {
   QBInstrument* instrument = selectedInstrument();
   if (!instrument) return;
