@@ -186,6 +186,14 @@ TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
   { const UndoGroup empty(undo(), "Empty"); }
   EXPECT_EQ(undo().redoActionName(), "Whole");
   {
+    UndoGroup failed(undo(), "Failed");
+    page(2, changed);
+    EXPECT_TRUE(failed.rollBack());
+  }
+  EXPECT_TRUE(undo().redo()) << "nothing was done";
+  EXPECT_EQ(told(), "d//-:\n");
+  undo().undo();
+  {
     const UndoGroup next(undo(), "Next");
     changed->setTitle("e");
   }

@@ -136,17 +136,19 @@ void UndoGroup::end() {
   if (manager && log) manager->close(log);
 }
 
-void UndoGroup::rollBack() {
+bool UndoGroup::rollBack() {
   const auto log = m_log;
+  m_isNew = false;  // as if nothing had been changed
   end();
   const auto manager = m_manager.lock();
-  if (!manager || !log) return;
+  if (!manager || !log || log->isEmpty()) return false;
   manager->drop(log);
   // What goes on around this one has nothing to do with what was there before it.
   ChangeLog* outer = std::exchange(manager->m_context.m_log, nullptr);
   log->undo();
   manager->forget(log);
   manager->m_context.m_log = outer;
+  return true;
 }
 
 }  // namespace korvel::platform

@@ -80,9 +80,10 @@ class UndoGroup {
   void suspend();
   /// Answers whether it was suspended.
   bool resume();
-  /// Ends the group and leaves everything as it was before. A part of another group only ends: that
-  /// one has to know what becomes of the whole.
-  void rollBack();
+  /// Ends the group and leaves everything as it was before, and answers whether there was anything
+  /// to take back. What could be redone when it began still can. A part of another group only ends:
+  /// that one has to know what becomes of the whole.
+  bool rollBack();
 
  private:
   void end();
