@@ -2,7 +2,7 @@
 """Checks that the window can translate the title of every action that can be undone.
 
 Usage: check_undo_titles.py [ROOT]    (default: the project that this script lies in)
-Titles stand where an UndoGroup is made, or, in a file whose groups get theirs as a parameter, where
+Titles stand where an UndoGroup or an Edit is made, or, in a file whose groups get theirs as a parameter, where
 `edit` is called. Those of the song menu come from its table, which another test looks at.
 """
 import pathlib
@@ -10,7 +10,7 @@ import re
 import sys
 
 LITERAL = re.compile(r'"((?:[^"\\]|\\.)*)"')
-GROUP = re.compile(r"\bUndoGroup\b(?:>|\s+\w+)?\s*\(([^;]*);")
+GROUP = re.compile(r"\b(?:UndoGroup\b(?:>|\s+\w+)?|Edit\s+\w+)\s*\(([^;]*);")
 EDIT = re.compile(r"\bedit\(([^;{]*?),\s*\[")
 CONSTANT = re.compile(r'\bconstexpr const char\* (\w+) = "([^"]*)"')
 KNOWN = re.compile(r'QT_TRANSLATE_NOOP\("UndoAction",\s*"([^"]*)"\)')

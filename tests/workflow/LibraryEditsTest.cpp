@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/persistence/UndoManager.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
 #include "tab/text/SongDrawing.h"
@@ -114,8 +115,18 @@ TEST_F(LibraryEditsTest, oneInstrumentIsAlwaysSelected) {
   QBInstrument* two = importInstrument(file);
   EXPECT_EQ(QBTabMgr::db().selectedInstrument(), two);
   EXPECT_FALSE(one->active());
+  EXPECT_THROW(renameInstrument(*two, " "), EditRefused);
+  renameInstrument(*two, "Two");
+  EXPECT_THROW(renameInstrument(*two, "One"), EditRefused) << "a name that is taken";
+  QBSession::session().undo();
+  const platform::UndoManager& undo = QBTabMgr::db().context().undoManager();
+  EXPECT_EQ(undo.undoActionName(), "Import Instrument");
   test::writeFile(file, "<Song/>");
   EXPECT_THROW(importInstrument(file), EditRefused);
+  EXPECT_ANY_THROW(importInstrument(m_store.folder().file("none.xml")));
+  EXPECT_EQ(undo.redoActionName(), "Rename Instrument") << "refused, so nothing has changed";
+  EXPECT_TRUE(QBSession::session().redo());
+  EXPECT_EQ(undo.undoActionName(), "Rename Instrument");
   EXPECT_EQ(QBTabMgr::db().selectedInstrument(), two);
   deleteInstrument(*two);
   EXPECT_EQ(QBTabMgr::db().selectedInstrument(), one);

@@ -20,11 +20,10 @@
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
-#include "tab/text/SongDrawing.h"
 #include "workflow/editing/MeasureLayout.h"
+#include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/SongInWork.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -82,25 +81,12 @@ SongEditor::~SongEditor() = default;
 void SongEditor::edit(const std::string& title, const std::function<void()>& work) {
   if (SongInWork::is(*m_song))
     throw EditRefused(m_song->title() + ": is still being heard; edit it when that has ended");
-  QBTabMgr& db = QBTabMgr::db();
-  const TuningForNow tuning(m_song->tuning());
-  platform::UndoGroup group(db.context().undoManager(), title);
-  try {
-    work();
-    redraw();
-    db.context().save();
-  } catch (...) {
-    group.rollBack();
-    throw;
-  }
-}
-
-void SongEditor::redraw() {
+  Edit edit(*m_song, title);
+  work();
   m_song->forgetCaches();
-  if (m_song->chords().empty())
-    m_song->clearTabulature();
-  else
-    buildTab(*m_song);
+  if (m_song->chords().empty()) m_song->clearTabulature();
+  edit.redraw();
+  edit.save();
 }
 
 QBChord& SongEditor::chordAt(int index) {

@@ -71,7 +71,6 @@ class SongEditor {
   void name(QBChord& chord, const ChordName* name);
   int insertAt(int index);
   void moveLoopOff(const Chords& chords, int first, int last);
-  void redraw();
 
   platform::Ref<QBSong> m_song;
 };

@@ -14,41 +14,30 @@
 #include "model/store/QBSettings.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/files/Files.h"
-#include "platform/persistence/UndoManager.h"
-#include "tab/text/SongDrawing.h"
+#include "workflow/library/NameRules.h"
 #include "workflow/library/QBNameMgr.h"
+#include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
 
-QBTabMgr& db() { return QBTabMgr::db(); }
-
-platform::UndoManager& undoManager() { return db().context().undoManager(); }
-
-/// Whoever reads the line can rely on the edit.
-void done(std::string_view line) {
-  db().save();
-  QBSession::session().addToLog(line);
-  QBSession::session().refreshTree();
-}
-
-void requireName(const std::string& name, const char* what) {
-  if (name.find_first_not_of(" \t\r\n") == std::string::npos)
-    throw EditRefused(std::string(what) + " needs a name; type one");
-}
-
-void redraw(QBSong& song) {
-  const TuningForNow chosen(song.tuning());
-  if (!song.chords().empty()) buildTab(song);
-}
-
-bool isInstrument(const std::string& name) {
-  return std::ranges::any_of(db().instruments(),
+bool isInstrument(const QBTabMgr& db, const std::string& name) {
+  return std::ranges::any_of(db.instruments(),
                              [&](const auto& each) { return each->name() == name; });
+}
+
+void requireInstrumentName(const QBTabMgr& db, const std::string& name) {
+  requireName(name, "An instrument");
+  if (isInstrument(db, name))
+    throw EditRefused(name + ": there is an instrument of that name already; choose another name");
+}
+
+void makeSelected(QBTabMgr& db, QBInstrument& instrument) {
+  db.deselectAllInstruments();
+  instrument.setActive(true);
 }
 
 void leave(const QBAlbum& album) {
@@ -62,100 +51,101 @@ void leave(const QBAlbum& album) {
 // ---- albums
 
 QBAlbum* newAlbum(const std::string& name) {
-  const platform::UndoGroup group(undoManager(), "New Album");
+  Edit edit("New Album");
   requireName(name, "An album");
-  QBAlbum* album = db().createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
-  done("Album created.");
+  QBAlbum* album = edit.db().createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
+  edit.done("Album created.");
   return album;
 }
 
 void renameAlbum(QBAlbum& album, const std::string& name) {
-  const platform::UndoGroup group(undoManager(), "Rename Album");
+  Edit edit("Rename Album");
   if (name == album.name()) return;
   requireName(name, "An album");
-  if (db().findAlbumByName(name))
+  if (edit.db().findAlbumByName(name))
     throw EditRefused(name + ": there is an album of that name already; choose another name");
   album.setName(name);
-  done("Album renamed.");
+  edit.done("Album renamed.");
 }
 
 QBAlbum* cloneAlbum(QBAlbum& album) {
-  const platform::UndoGroup group(undoManager(), "Clone Album");
+  Edit edit("Clone Album");
   const std::string name = QBNameMgr(nullptr, album.name()).newAlbumName();
   QBAlbum* copy = album.clone();
   copy->setName(name);
-  done("Album was successfully cloned.");
+  edit.done("Album was successfully cloned.");
   return copy;
 }
 
 void deleteAlbum(QBAlbum& album) {
-  const platform::UndoGroup group(undoManager(), "Delete Album");
+  Edit edit("Delete Album");
   for (const QBSong* song : album.songs()) SongInWork::requireDeletable(*song);
   leave(album);
-  db().deleteAlbum(&album);
-  done("Album was successfully deleted.");
+  edit.db().deleteAlbum(&album);
+  edit.done("Album was successfully deleted.");
 }
 
 // ---- songs
 
 void renameSong(QBSong& song, const std::string& title) {
-  const platform::UndoGroup group(undoManager(), "Rename Song");
+  Edit edit(song, "Rename Song");
   if (title == song.title()) return;
   requireName(title, "A song");
   if (song.requireAlbum().findSongByName(title))
     throw EditRefused(title + ": the album has a song of that title already; choose another title");
   song.setTitle(title);
-  redraw(song);
-  done("Song renamed.");
+  edit.redraw();
+  edit.done("Song renamed.");
 }
 
 void moveSong(QBSong& song, QBAlbum& album) {
-  const platform::UndoGroup group(undoManager(), "Move Song");
+  Edit edit(song, "Move Song");
   if (song.album() == &album) return;
   const std::string title = QBNameMgr(&album, song.title()).newName();
   song.setAlbum(&album);
   if (title != song.title()) {
     song.setTitle(title);
-    redraw(song);
+    edit.redraw();
   }
-  done("Song moved.");
+  edit.done("Song moved.");
+}
+
+void moveSong(QBSong& song, const std::string& album) {
+  Edit edit("Move Song");
+  requireName(album, "An album");
+  QBAlbum* known = edit.db().findAlbumByName(album);
+  moveSong(song, known ? *known : *edit.db().createAlbum(album, false));
+  edit.done();
 }
 
 // ---- instruments
 
 void selectInstrument(QBInstrument& instrument) {
-  const platform::UndoGroup group(undoManager(), "Select Instrument");
-  db().deselectAllInstruments();
-  instrument.setActive(true);
-  done("Instrument selected.");
+  Edit edit("Select Instrument");
+  makeSelected(edit.db(), instrument);
+  edit.done("Instrument selected.");
 }
 
 QBInstrument* importInstrument(const std::string& file) {
-  const platform::UndoGroup group(undoManager(), "Import Instrument");
-  const platform::Ref<QBInstrument> before = db().selectedInstrument();
-  const std::size_t count = db().instruments().size();
-  db().deselectAllInstruments();
+  Edit edit("Import Instrument");
+  QBTabMgr& db = edit.db();
+  const std::size_t count = db.instruments().size();
+  db.deselectAllInstruments();
   QBMusicXMLParser(file).parse();
-  if (db().instruments().size() == count) {
-    if (before) before->setActive(true);
+  if (db.instruments().size() == count)
     throw EditRefused(file + ": is no instrument definition file; nothing was imported");
-  }
-  db().computeOffsets();
-  done("Instrument imported.");
-  return db().selectedInstrument();
+  db.computeOffsets();
+  edit.done("Instrument imported.");
+  return db.selectedInstrument();
 }
 
 QBInstrument* addInstrument(const std::string& name, const Calibration& measured) {
-  const platform::UndoGroup group(undoManager(), "Calibrate Instrument");
-  requireName(name, "An instrument");
-  if (isInstrument(name))
-    throw EditRefused(name + ": there is an instrument of that name already; choose another name");
-  const TuningForNow chosen(measured.tuning());
+  Edit edit("Calibrate Instrument", measured.tuning());
+  requireInstrumentName(edit.db(), name);
   QBInstrument& instrument =
       measured.createInstrument(name, Calibration::kDetailLevel, Calibration::kSmallestShare);
-  db().deselectAllInstruments();
-  instrument.setActive(true);
-  done("Instrument calibrated.");
+  makeSelected(edit.db(), instrument);
+  edit.done("Instrument calibrated.");
   return &instrument;
 }
 
@@ -170,31 +160,35 @@ std::string definitionOf(QBInstrument& instrument) {
 }
 
 void renameInstrument(QBInstrument& instrument, const std::string& name) {
-  const platform::UndoGroup group(undoManager(), "Rename Instrument");
+  Edit edit("Rename Instrument");
   if (name == instrument.name()) return;
-  requireName(name, "An instrument");
+  requireInstrumentName(edit.db(), name);
   instrument.setName(name);
-  done("Instrument renamed.");
+  edit.done("Instrument renamed.");
 }
 
 void deleteInstrument(QBInstrument& instrument) {
-  const platform::UndoGroup group(undoManager(), "Delete Instrument");
-  const auto& all = db().instruments();
+  Edit edit("Delete Instrument");
+  QBTabMgr& db = edit.db();
+  const auto& all = db.instruments();
   if (all.size() < 2)
     throw EditRefused(instrument.name() + ": is the only instrument; import another one first");
   const bool selected = instrument.active();
   const auto place = std::ranges::find(all, &instrument, &platform::Ref<QBInstrument>::get);
-  db().deleteInstrumentAtIndex(static_cast<std::size_t>(place - all.begin()));
-  if (selected) db().findInstrumentByIndex(0)->setActive(true);
-  done("Instrument was successfully deleted.");
+  db.deleteInstrumentAtIndex(static_cast<std::size_t>(place - all.begin()));
+  if (selected) db.findInstrumentByIndex(0)->setActive(true);
+  edit.done("Instrument was successfully deleted.");
 }
 
 // ---- settings
 
 void setWorkDirectory(const std::string& folder) {
   platform::makeFolders(folder);
-  db().selectedSettings()->setWorkDir(folder.ends_with('/') ? folder : folder + '/');
-  done("Working directory chosen.");
+  QBTabMgr& db = QBTabMgr::db();
+  db.selectedSettings()->setWorkDir(folder.ends_with('/') ? folder : folder + '/');
+  db.save();
+  QBSession::session().addToLog("Working directory chosen.");
+  QBSession::session().refreshTree();
 }
 
 }  // namespace korvel

@@ -25,6 +25,8 @@ void deleteAlbum(QBAlbum& album);
 void renameSong(QBSong& song, const std::string& title);
 /// Gets another title when the album has one like it.
 void moveSong(QBSong& song, QBAlbum& album);
+/// To the album of that name, which is made when there is none.
+void moveSong(QBSong& song, const std::string& album);
 
 /// The instrument that confirms tones from now on.
 void selectInstrument(QBInstrument& instrument);

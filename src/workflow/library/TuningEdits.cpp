@@ -11,9 +11,9 @@
 #include "model/store/QBTabMgr.h"
 #include "music/ConcertPitch.h"
 #include "music/Pitch.h"
-#include "platform/persistence/UndoManager.h"
+#include "workflow/library/NameRules.h"
+#include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
-#include "workflow/session/QBSession.h"
 
 namespace korvel {
 namespace {
@@ -21,37 +21,26 @@ namespace {
 constexpr int kWay = 5;  // half tones that a string can be tuned off its usual pitch
 constexpr PitchRange kLowestString{31, 47};
 
-QBTabMgr& db() { return QBTabMgr::db(); }
-
-platform::UndoManager& undoManager() { return db().context().undoManager(); }
-
-void done(std::string_view line) {
-  db().save();
-  QBSession::session().addToLog(line);
-  QBSession::session().refreshTree();
+bool isTaken(const QBTabMgr& db, const std::string& name) {
+  return std::ranges::any_of(db.tunings(), [&](const auto& each) { return each->descr() == name; });
 }
 
-bool isTaken(const std::string& name) {
-  return std::ranges::any_of(db().tunings(),
-                             [&](const auto& each) { return each->descr() == name; });
-}
-
-void requireFree(const std::string& name) {
-  if (name.find_first_not_of(" \t\r\n") == std::string::npos)
-    throw EditRefused("A tuning needs a name; type one");
-  if (isTaken(name))
+void requireFree(const QBTabMgr& db, const std::string& name) {
+  requireName(name, "A tuning");
+  if (isTaken(db, name))
     throw EditRefused(name + ": there is a tuning of that name already; choose another name");
 }
 
-std::string freeName(std::string name) {
-  while (isTaken(name)) name += "_2";
+std::string freeName(const QBTabMgr& db, std::string name) {
+  while (isTaken(db, name)) name += "_2";
   return name;
 }
 
-int nextOrder() {
+/// The last of all.
+QBTuning* createTuning(QBTabMgr& db, const std::string& name) {
   int last = 0;
-  for (const auto& tuning : db().tunings()) last = std::max(last, tuning->order());
-  return last + 1;
+  for (const auto& tuning : db.tunings()) last = std::max(last, tuning->order());
+  return db.createTuning(name, last + 1);
 }
 
 /// As precise as the seeded ones are.
@@ -76,48 +65,48 @@ void requireUnused(const QBTuning& tuning) {
                       ": songs or instruments are written in it; make a new tuning and edit that");
 }
 
-void createStrings(QBTuning& tuning, QBTuning& like, const OpenPitches& pitches) {
+void createStrings(QBTabMgr& db, QBTuning& tuning, QBTuning& like, const OpenPitches& pitches) {
   const OpenPitches before = pitchesOf(like);
   for (int string = 0; string < kStrings; ++string) {
     const auto i = static_cast<std::size_t>(string);
     const bool same = pitches[i] == before[i];
     const auto hertz = same ? static_cast<float>(like.findStringByPosition(string)->frequency())
                             : hertzOf(pitches[i]);
-    db().createString(&tuning, pitchClass(pitches[i]), string, hertz);
+    db.createString(&tuning, pitchClass(pitches[i]), string, hertz);
   }
 }
 
-void remove(QBTuning& tuning) {
-  for (const auto& string : tuning.strings().snapshot()) db().deleteInstance(string);
-  auto others = db().tunings();
+void remove(QBTabMgr& db, QBTuning& tuning) {
+  for (const auto& string : tuning.strings().snapshot()) db.deleteInstance(string);
+  auto others = db.tunings();
   std::erase_if(others, [&](const auto& each) { return each.get() == &tuning; });
-  db().setTunings(std::move(others));
-  db().deleteInstance(&tuning);
+  db.setTunings(std::move(others));
+  db.deleteInstance(&tuning);
 }
 
 }  // namespace
 
 void selectTuning(QBTuning& tuning) {
-  const platform::UndoGroup group(undoManager(), "Select Tuning");
-  db().selectTuning(&tuning);
-  done("Tuning selected.");
+  Edit edit("Select Tuning");
+  edit.db().selectTuning(&tuning);
+  edit.done("Tuning selected.");
 }
 
 void renameTuning(QBTuning& tuning, const std::string& name) {
-  const platform::UndoGroup group(undoManager(), "Rename Tuning");
+  Edit edit("Rename Tuning");
   if (name == tuning.descr()) return;
-  requireFree(name);
+  requireFree(edit.db(), name);
   tuning.setDescr(name);
-  done("Tuning renamed.");
+  edit.done("Tuning renamed.");
 }
 
 QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name) {
-  const platform::UndoGroup group(undoManager(), "New Tuning");
-  if (name) requireFree(*name);
+  Edit edit("New Tuning");
+  if (name) requireFree(edit.db(), *name);
   const auto make = [&](const char* kind, void (QBTuning::*strings)()) {
-    QBTuning* tuning = db().createTuning(name.value_or(freeName(kind)), nextOrder());
+    QBTuning* tuning = createTuning(edit.db(), name ? *name : freeName(edit.db(), kind));
     (tuning->*strings)();
-    done("Tuning created.");
+    edit.done("Tuning created.");
     return tuning;
   };
   if (from == KnownTuning::dropD) return make("Drop D", &QBTuning::createDropDStrings);
@@ -126,15 +115,15 @@ QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name) {
 }
 
 QBTuning* newTuning(const std::string& name, const OpenPitches& pitches) {
-  const platform::UndoGroup group(undoManager(), "New Tuning");
-  requireFree(name);
+  Edit edit("New Tuning");
+  requireFree(edit.db(), name);
   requirePlayable(pitches);
-  QBTuning* standard = db().createTuning(name, nextOrder());
+  QBTuning* standard = createTuning(edit.db(), name);
   standard->createStandardStrings();
-  QBTuning* tuning = db().createTuning(name, standard->order());
-  createStrings(*tuning, *standard, pitches);
-  remove(*standard);
-  done("Tuning created.");
+  QBTuning* tuning = edit.db().createTuning(name, standard->order());
+  createStrings(edit.db(), *tuning, *standard, pitches);
+  remove(edit.db(), *standard);
+  edit.done("Tuning created.");
   return tuning;
 }
 
@@ -155,17 +144,18 @@ PitchRange pitchRangeOf(int string) {
 // The order and the names of a tuning's strings are computed once, so another tuning is made
 // instead of changing this one.
 QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches) {
-  const platform::UndoGroup group(undoManager(), "Change Tuning");
+  Edit edit("Change Tuning");
   if (pitches == pitchesOf(tuning)) return &tuning;
   requirePlayable(pitches);
   requireUnused(tuning);
-  const bool selected = db().selectedTuning() == &tuning;
+  QBTabMgr& db = edit.db();
+  const bool selected = db.selectedTuning() == &tuning;
   const std::string name = tuning.descr();
-  QBTuning* edited = db().createTuning(name, tuning.order());
-  createStrings(*edited, tuning, pitches);
-  remove(tuning);
-  if (selected) db().selectTuning(edited);
-  done("Tuning changed.");
+  QBTuning* edited = db.createTuning(name, tuning.order());
+  createStrings(db, *edited, tuning, pitches);
+  remove(db, tuning);
+  if (selected) db.selectTuning(edited);
+  edit.done("Tuning changed.");
   return edited;
 }
 

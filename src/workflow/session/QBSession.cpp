@@ -192,10 +192,20 @@ void QBSession::setTabPosition(float fraction) {
 void QBSession::resetLoop() {
   if (m_song) {
     const platform::UndoGroup group(undoManager(), "Reset Loop");
-    m_song->setFromChord(nullptr);
-    m_song->setToChord(nullptr);
+    resetLoop(*m_song);
     saveIfAtOnce();
+  } else {
+    showLoop();
   }
+}
+
+void QBSession::resetLoop(QBSong& song) {
+  song.setFromChord(nullptr);
+  song.setToChord(nullptr);
+  showLoop();
+}
+
+void QBSession::showLoop() {
   updateLoop();
   if (!m_views.tab) return;
   m_views.tab->drawPlayMode(m_percent);

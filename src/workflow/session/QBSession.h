@@ -82,6 +82,8 @@ class QBSession final : public SessionServices {
   /// fraction: place in the song, 0..1.
   void setTabPosition(float fraction);
   void resetLoop();
+  /// Of that song, without saving it.
+  void resetLoop(QBSong& song);
   void selectChord(double x, double y);
   void lockTab(bool locked);
   void drawTuning(QBTuning* tuning);
@@ -89,6 +91,7 @@ class QBSession final : public SessionServices {
 
  private:
   QBSession();
+  void showLoop();
   void updateLoop();
   void saveIfAtOnce();
   void renewViews();

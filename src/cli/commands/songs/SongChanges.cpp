@@ -9,92 +9,74 @@
 #include "cli/support/Console.h"
 #include "cli/support/SongChoice.h"
 #include "cli/support/UsageError.h"
-#include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
-#include "model/store/QBTabMgr.h"
-#include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
+#include "workflow/editing/SongEdits.h"
 #include "workflow/library/AlbumNode.h"
-#include "workflow/library/QBNameMgr.h"
+#include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
-#include "workflow/session/TuningForNow.h"
+#include "workflow/session/Edit.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel::cli {
 namespace {
 
-/// Draws songs for the tuning that they were made in.
-void redraw(QBSong& song) {
-  const TuningForNow chosen(song.tuning());
-  if (!song.chords().empty()) buildTab(song);
-}
+void printTitle(const QBSong& song) { Console::attached().printLine(fullTitle(song)); }
 
-void saveAndPrint(const QBSong& song) {
-  QBTabMgr::db().context().save();
-  Console::attached().printLine(fullTitle(song));
-}
+/// The title that is printed says all that the log would.
+class Unlogged {
+ public:
+  Unlogged() : m_before(QBSession::session().views()) {
+    SessionViews views = m_before;
+    views.output = nullptr;
+    QBSession::session().attach(views);
+  }
+  Unlogged(const Unlogged&) = delete;
+  Unlogged& operator=(const Unlogged&) = delete;
+  ~Unlogged() { QBSession::session().attach(m_before); }
 
-QBAlbum& albumFor(const std::string& name) {
-  QBTabMgr& db = QBTabMgr::db();
-  QBAlbum* known = db.findAlbumByName(name);
-  return known ? *known : *db.createAlbum(name, false);
-}
+ private:
+  const SessionViews m_before;
+};
 
 void setLoop(const std::string& name, int from, int to) {
   QBSong& song = chooseSong(name);
   if (from == to) throw CliError("a loop has two ends: name two different chords");
   QBChord* first = chordAt(song, std::min(from, to));
-  QBChord* last = chordAt(song, std::max(from, to));
-  song.setFromChord(nullptr);
-  song.setToChord(nullptr);
-  song.setChordInLoop(first);
-  song.setChordInLoop(last);
-  redraw(song);
-  saveAndPrint(song);
+  korvel::setLoop(song, *first, *chordAt(song, std::max(from, to)));
+  printTitle(song);
 }
 
 void clearLoop(const std::string& name) {
   QBSong& song = chooseSong(name);
-  song.setFromChord(nullptr);
-  song.setToChord(nullptr);
-  redraw(song);
-  saveAndPrint(song);
+  korvel::clearLoop(song);
+  printTitle(song);
 }
 
 void cloneSong(const std::string& name) {
   QBSong& song = chooseSong(name);
   requireChords(song);
-  const TuningForNow chosen(song.tuning());
+  Edit edit(song, "Clone");
   const auto album = AlbumNode::withSongs(song.album());
   album->findChild(&song)->copySong();
-  saveAndPrint(*album->children().back()->song());
+  edit.save();
+  printTitle(*album->children().back()->song());
 }
 
 void renameSong(const std::string& name, const std::string& title) {
   QBSong& song = chooseSong(name);
-  if (title.empty()) throw CliError("a song needs a title");
-  const QBSong* other = song.requireAlbum().findSongByName(title);
-  if (other && other != &song)
-    throw CliError(fullTitle(*other) + ": there is a song of that title already");
-  song.setTitle(title);
-  redraw(song);
-  saveAndPrint(song);
+  const Unlogged quiet;
+  korvel::renameSong(song, title);
+  printTitle(song);
 }
 
-void moveSong(const std::string& name, const std::string& albumName) {
+void moveSong(const std::string& name, const std::string& album) {
   QBSong& song = chooseSong(name);
-  if (albumName.empty()) throw CliError("an album needs a name");
-  QBAlbum& album = albumFor(albumName);
-  if (&album != song.album()) {
-    const std::string title = QBNameMgr(&album, song.title()).newName();
-    song.setAlbum(&album);
-    if (title != song.title()) {
-      song.setTitle(title);
-      redraw(song);
-    }
-  }
-  saveAndPrint(song);
+  const Unlogged quiet;
+  korvel::moveSong(song, album);
+  printTitle(song);
 }
 
 void mergeSongs(const std::string& name, const std::string& other) {
@@ -102,9 +84,10 @@ void mergeSongs(const std::string& name, const std::string& other) {
   QBSong& added = chooseSong(other);
   requireChords(song);
   requireChords(added);
-  const TuningForNow chosen(song.tuning());
-  QBSong* merged = mergeWithSong(song, added);
-  saveAndPrint(*merged);
+  Edit edit(song, "Merge Songs");
+  const QBSong* merged = mergeWithSong(song, added);
+  edit.save();
+  printTitle(*merged);
 }
 
 void extractPart(const std::string& name, int from, int to) {
@@ -112,9 +95,10 @@ void extractPart(const std::string& name, int from, int to) {
   chordAt(song, from);
   chordAt(song, to);
   if (to < from) throw CliError("the part must end behind its begin: name the lower chord first");
-  const TuningForNow chosen(song.tuning());
-  QBSong* part = extractPartOfSong(song, from, to);
-  saveAndPrint(*part);
+  Edit edit(song, "Extract Part");
+  const QBSong* part = extractPartOfSong(song, from, to);
+  edit.save();
+  printTitle(*part);
 }
 
 struct SongAndOther {

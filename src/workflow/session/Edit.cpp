@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/session/Edit.h"
+
+#include <utility>
+
+#include "model/instruments/QBTuning.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "tab/text/SongDrawing.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel {
+
+Edit::Edit(std::string title, QBTuning* tuning)
+    : m_db(QBTabMgr::db()),
+      m_tuning(tuning),
+      m_group(m_db.context().undoManager(), std::move(title)) {}
+
+Edit::Edit(QBSong& song, std::string title)
+    : m_db(QBTabMgr::db()),
+      m_song(&song),
+      m_tuning(song.tuning()),
+      m_group(m_db.context().undoManager(), std::move(title)) {}
+
+Edit::~Edit() {
+  if (m_done) return;
+  try {
+    rollBack();
+  } catch (const std::exception& exception) {
+    QBSession::session().handleException("edit", exception);
+  }
+}
+
+/// The lists of the store do not follow by themselves; an edit of a song does not change them.
+void Edit::rollBack() {
+  if (m_group.rollBack() && !m_song) m_db.reloadData();
+}
+
+void Edit::redraw() {
+  if (m_song && !m_song->chords().empty()) buildTab(*m_song);
+}
+
+void Edit::save() {
+  m_db.context().save();
+  m_done = true;
+}
+
+void Edit::done() {
+  m_db.save();
+  m_done = true;
+}
+
+void Edit::done(std::string_view line) {
+  done();
+  QBSession::session().addToLog(line);
+  QBSession::session().refreshTree();
+}
+
+}  // namespace korvel

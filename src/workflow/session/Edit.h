@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/persistence/Ref.h"
+#include "platform/persistence/UndoManager.h"
+#include "workflow/session/TuningForNow.h"
+
+namespace korvel {
+
+class QBSong;
+class QBTabMgr;
+class QBTuning;
+
+/// One edit of a user: an undoable action, which counts once it is done.
+///
+///     Edit edit(song, "Rename Song");
+///     song.setTitle(title);
+///     edit.done("Song renamed.");
+///
+/// When the scope ends without that, because there was nothing to do or something was thrown,
+/// everything is as it was before, what could be redone too. Inside of another edit it is a part of
+/// that one, which decides what becomes of the whole. Main thread only.
+class Edit {
+ public:
+  /// Of albums, tunings or instruments; in that tuning, if there is one.
+  explicit Edit(std::string title, QBTuning* tuning = nullptr);
+  /// Of a song, in the tuning that it was made in.
+  Edit(QBSong& song, std::string title);
+  Edit(const Edit&) = delete;
+  Edit& operator=(const Edit&) = delete;
+  ~Edit();
+
+  QBTabMgr& db() const { return m_db; }
+
+  /// Draws the tablature of the song anew, if it has chords.
+  void redraw();
+
+  /// Saves. Throws StoreError when that fails, and is not done then.
+  void save();
+  /// Saves; that this fails ends the program, as `QBTabMgr::save` has it.
+  void done();
+  /// And then logs the line and has the tree drawn anew: whoever reads the line can rely on the
+  /// edit.
+  void done(std::string_view line);
+
+ private:
+  void rollBack();
+
+  QBTabMgr& m_db;
+  const platform::Ref<QBSong> m_song;
+  const TuningForNow m_tuning;
+  platform::UndoGroup m_group;
+  bool m_done = false;
+};
+
+}  // namespace korvel
