@@ -36,6 +36,7 @@
 #include "workflow/library/QBSongNode.h"
 #include "workflow/library/TuningNode.h"
 #include "workflow/session/EditRefused.h"
+#include "workflow/session/NodeVisitor.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
@@ -141,24 +142,37 @@ void LibraryActions::fillInstrumentsMenu(QMenu& menu) {
                  &LibraryActions::calibrateInstrument);
 }
 
-void LibraryActions::fillMenu(QMenu& menu, const std::shared_ptr<TreeNode>& node) {
-  if (dynamic_cast<QBSongNode*>(node.get())) {
-    fillSongMenu(menu, node);
-  } else if (const auto album = std::dynamic_pointer_cast<AlbumNode>(node)) {
-    addRename(menu, node.get());
-    fillAlbumMenu(menu, [album] { return album->album(); });
-  } else if (const auto* tuning = dynamic_cast<TuningNode*>(node.get())) {
-    addRename(menu, node.get());
-    fillTuningMenu(menu, *tuning->tuning());
-  } else if (const auto* instrument = dynamic_cast<InstrumentNode*>(node.get())) {
-    addRename(menu, node.get());
-    fillInstrumentMenu(menu, *instrument->instrument());
+class LibraryActions::MenuOfNode final : public NodeVisitor {
+ public:
+  MenuOfNode(LibraryActions& actions, QMenu& menu) : m_actions(actions), m_menu(menu) {}
+
+  void visit(QBSongNode& node) override { m_actions.fillSongMenu(m_menu, node.shared_from_this()); }
+  void visit(AlbumNode& node) override {
+    m_actions.addRename(m_menu, node);
+    m_actions.fillAlbumMenu(m_menu, [album = node.shared_from_this()] { return album->album(); });
   }
+  void visit(TuningNode& node) override {
+    m_actions.addRename(m_menu, node);
+    m_actions.fillTuningMenu(m_menu, *node.tuning());
+  }
+  void visit(InstrumentNode& node) override {
+    m_actions.addRename(m_menu, node);
+    m_actions.fillInstrumentMenu(m_menu, *node.instrument());
+  }
+
+ private:
+  LibraryActions& m_actions;
+  QMenu& m_menu;
+};
+
+void LibraryActions::fillMenu(QMenu& menu, TreeNode& node) {
+  MenuOfNode filled(*this, menu);
+  node.accept(filled);
 }
 
-void LibraryActions::fillSongMenu(QMenu& menu, const std::shared_ptr<TreeNode>& node) {
+void LibraryActions::fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node) {
   addSongCommands(menu, [this, node](const SongCommand& command) {
-    attempt([&] { orderOf(static_cast<QBSongNode&>(*node), command); });
+    attempt([&] { orderOf(*node, command); });
   });
 }
 
@@ -197,8 +211,8 @@ void LibraryActions::fillInstrumentMenu(QMenu& menu, QBInstrument& instrument) {
   fillInstrumentsMenu(menu);
 }
 
-void LibraryActions::addRename(QMenu& menu, const TreeNode* node) {
-  menu.addAction(tr("Rename"), this, [this, node] { emit renameWanted(node); });
+void LibraryActions::addRename(QMenu& menu, const TreeNode& node) {
+  menu.addAction(tr("Rename"), this, [this, &node] { emit renameWanted(&node); });
 }
 
 // ---- what they do

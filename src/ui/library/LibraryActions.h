@@ -15,6 +15,7 @@ class QMenu;
 namespace korvel {
 class QBCommand;
 class QBInstrument;
+class QBSongNode;
 class TreeNode;
 }  // namespace korvel
 
@@ -34,7 +35,7 @@ class LibraryActions final : public QObject {
   void fillTuningsMenu(QMenu& menu);
   void fillInstrumentsMenu(QMenu& menu);
   /// A menu for a node of any kind.
-  void fillMenu(QMenu& menu, const std::shared_ptr<TreeNode>& node);
+  void fillMenu(QMenu& menu, TreeNode& node);
   /// As the menu of the menu bar has it: what is asked for acts on the album that is selected.
   void fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album);
 
@@ -57,14 +58,16 @@ class LibraryActions final : public QObject {
   void albumCreated(const QBAlbum* album);
 
  private:
+  class MenuOfNode;
+
   /// Runs an edit and tells why it was refused.
   void attempt(const std::function<void()>& edit);
   void importFolder(const QString& folder, QBAlbum* into);
   void importFile(const QString& file, QBAlbum* into);
-  void fillSongMenu(QMenu& menu, const std::shared_ptr<TreeNode>& node);
+  void fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node);
   void fillTuningMenu(QMenu& menu, QBTuning& tuning);
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);
-  void addRename(QMenu& menu, const TreeNode* node);
+  void addRename(QMenu& menu, const TreeNode& node);
   void exportAs(QBSong& song, const QString& file, std::size_t format);
   /// Asks when a file of that name is there.
   bool mayReplace(const QString& file);

@@ -14,7 +14,6 @@
 #include "workflow/library/InstrumentNode.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
-#include "workflow/library/TuningEdits.h"
 #include "workflow/library/TuningNode.h"
 #include "workflow/session/EditRefused.h"
 
@@ -31,20 +30,11 @@ QString titleOf(TreeModel::Group group) {
   return TreeModel::tr("Instruments");
 }
 
-bool isSelected(const TreeNode& node) {
-  if (const auto* tuning = dynamic_cast<const TuningNode*>(&node))
-    return tuning->tuning()->selected();
-  const auto* instrument = dynamic_cast<const InstrumentNode*>(&node);
-  return instrument && instrument->instrument()->active();
-}
-
 /// In one line, whatever the name of the imported file had in it.
 QString shownTitle(const TreeNode& node) {
-  QString title = toText(node.title());
+  QString title = toText(node.description());
   for (QChar& each : title)
     if (!each.isPrint()) each = u' ';
-  if (const auto* tuning = dynamic_cast<const TuningNode*>(&node))
-    title += " (" + toText(tuning->tuning()->toString()) + ')';
   return title;
 }
 
@@ -92,8 +82,8 @@ void TreeModel::refresh() {
   m_library.refresh();
   auto& groups = m_root->children;
   follow(*groups[0], generic(m_library.albums()));
-  for (const auto& album : groups[0]->children)
-    follow(*album, generic(static_cast<AlbumNode&>(*album->node).children()));
+  for (std::size_t row = 0; row < m_library.albums().size(); ++row)
+    follow(*groups[0]->children[row], generic(m_library.albums()[row]->children()));
   follow(*groups[1], generic(m_library.tunings()));
   follow(*groups[2], generic(m_library.instruments()));
   for (const auto& group : groups)
@@ -171,6 +161,11 @@ std::shared_ptr<TreeNode> TreeModel::nodeOf(const QModelIndex& index) const {
   return itemOf(index).node;
 }
 
+QBSong* TreeModel::songAt(const QModelIndex& index) const {
+  const auto node = nodeOf(index);
+  return node ? node->song() : nullptr;
+}
+
 bool TreeModel::isGroup(const QModelIndex& index, Group group) const {
   return index.isValid() && itemOf(index).isGroup() && itemOf(index).group == group;
 }
@@ -196,17 +191,16 @@ QString TreeModel::markedTitle(const Item& item, int role) const {
   if (item.isGroup()) return titleOf(item.group);
   const QString title = shownTitle(*item.node);
   const bool spoken = role == Qt::AccessibleTextRole;
-  const auto* song = dynamic_cast<const QBSongNode*>(item.node.get());
-  if (song && song->song() == m_playing)
+  if (m_playing && item.node->song() == m_playing)
     return spoken ? tr("%1, playing").arg(title) : "▶ " + title;
-  if (!isSelected(*item.node)) return title;
+  if (!item.node->isSelected()) return title;
   return spoken ? tr("%1, selected").arg(title) : "✓ " + title;
 }
 
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const Item& item = itemOf(index);
-  const bool selected = item.node && isSelected(*item.node);
+  const bool selected = item.node && item.node->isSelected();
   if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole) return markedTitle(item, role);
   if (role == Qt::ToolTipRole && item.node) return shownTitle(*item.node).toHtmlEscaped();
   if (role == Qt::EditRole && item.node) return toText(item.node->title());
@@ -222,23 +216,12 @@ bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int rol
   const auto node = nodeOf(index);
   if (role != Qt::EditRole || !node) return false;
   try {
-    rename(*node, value.toString().trimmed().toStdString());
+    node->rename(value.toString().trimmed().toStdString());
     return true;
   } catch (const EditRefused& reason) {
     emit refused(toText(reason.what()));
     return false;
   }
-}
-
-void TreeModel::rename(TreeNode& node, const std::string& title) {
-  if (const auto* song = dynamic_cast<QBSongNode*>(&node))
-    renameSong(*song->song(), title);
-  else if (const auto* album = dynamic_cast<AlbumNode*>(&node))
-    renameAlbum(*album->album(), title);
-  else if (const auto* tuning = dynamic_cast<TuningNode*>(&node))
-    renameTuning(*tuning->tuning(), title);
-  else if (const auto* instrument = dynamic_cast<InstrumentNode*>(&node))
-    renameInstrument(*instrument->instrument(), title);
 }
 
 QVariant TreeModel::headerData(int, Qt::Orientation, int role) const {
@@ -250,7 +233,7 @@ Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDropEnabled;
   const Item& item = itemOf(index);
   if (item.node) flags |= Qt::ItemIsEditable;
-  if (item.node && item.node->type() == TreeNode::Type::song) flags |= Qt::ItemIsDragEnabled;
+  if (item.node && item.node->song()) flags |= Qt::ItemIsDragEnabled;
   return flags;
 }
 
@@ -264,8 +247,8 @@ QStringList TreeModel::mimeTypes() const { return {kSongs, kFiles}; }
 QMimeData* TreeModel::mimeData(const QModelIndexList& indexes) const {
   QByteArray ids;
   for (const QModelIndex& index : indexes)
-    if (const auto* song = dynamic_cast<QBSongNode*>(nodeOf(index).get()))
-      ids += QByteArray::number(static_cast<qlonglong>(song->song()->objectId())) + ' ';
+    if (const QBSong* song = songAt(index))
+      ids += QByteArray::number(static_cast<qlonglong>(song->objectId())) + ' ';
   auto* data = new QMimeData;
   data->setData(kSongs, ids);
   return data;
@@ -282,8 +265,8 @@ QStringList TreeModel::filesOf(const QMimeData& data) {
 QModelIndex TreeModel::albumAt(const QModelIndex& index) const {
   const auto node = nodeOf(index);
   if (!node) return {};
-  if (node->type() == TreeNode::Type::album) return index;
-  return node->type() == TreeNode::Type::song ? index.parent() : QModelIndex();
+  if (node->album()) return index;
+  return node->song() ? index.parent() : QModelIndex();
 }
 
 bool TreeModel::canDropMimeData(const QMimeData* data, Qt::DropAction, int, int,
@@ -299,7 +282,7 @@ bool TreeModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int r
     emit filesDropped(filesOf(*data), into);
     return true;
   }
-  const platform::Ref<QBAlbum> album = static_cast<AlbumNode&>(*nodeOf(into)).album();
+  const platform::Ref<QBAlbum> album = nodeOf(into)->album();
   for (const QByteArray& id : data->data(kSongs).split(' '))
     for (const auto& from : LibraryTree::Nodes<AlbumNode>(m_library.albums()))
       for (const auto& song : from->album()->songs().snapshot())

@@ -37,6 +37,8 @@ class TreeModel final : public QAbstractItemModel {
   QModelIndex indexOf(const TreeNode* node) const;
   /// None for a group.
   std::shared_ptr<TreeNode> nodeOf(const QModelIndex& index) const;
+  /// None for what is no song.
+  QBSong* songAt(const QModelIndex& index) const;
   /// Whether the index is that of the group itself.
   bool isGroup(const QModelIndex& index, Group group) const;
 
@@ -75,7 +77,6 @@ class TreeModel final : public QAbstractItemModel {
   void follow(Item& parent, const Nodes& nodes);
   void removeGone(Item& parent, const Nodes& nodes);
   void insertNew(Item& parent, const Nodes& nodes);
-  void rename(TreeNode& node, const std::string& title);
   QString markedTitle(const Item& item, int role) const;
   QModelIndex albumAt(const QModelIndex& index) const;
 

@@ -17,11 +17,7 @@
 #include "model/songs/QBSong.h"
 #include "ui/desktop/Text.h"
 #include "ui/library/LibraryActions.h"
-#include "workflow/arranging/SongOrders.h"
 #include "workflow/library/AlbumNode.h"
-#include "workflow/library/LibraryEdits.h"
-#include "workflow/library/QBSongNode.h"
-#include "workflow/library/TuningNode.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
@@ -59,13 +55,11 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
   connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &TreePanel::select);
   for (const auto signal : {&QTreeView::clicked, &QTreeView::activated})
     connect(m_view, signal, this, [this](const QModelIndex& index) {
-      const auto node = m_model.nodeOf(m_filter.mapToSource(index));
-      if (const auto* song = dynamic_cast<QBSongNode*>(node.get())) emit songClicked(song->song());
+      if (QBSong* song = m_model.songAt(m_filter.mapToSource(index))) emit songClicked(song);
     });
   connect(m_view, &QWidget::customContextMenuRequested, this, &TreePanel::showMenu);
   connect(m_view, &QTreeView::activated, this, [this](const QModelIndex& index) {
-    if (dynamic_cast<QBSongNode*>(m_model.nodeOf(m_filter.mapToSource(index)).get()))
-      emit songActivated();
+    if (m_model.songAt(m_filter.mapToSource(index))) emit songActivated();
   });
   connect(&m_model, &TreeModel::refused, this, &TreePanel::refused);
   connect(&m_model, &TreeModel::filesDropped, this, &TreePanel::drop);
@@ -146,13 +140,8 @@ QModelIndex TreePanel::currentIndex() const { return m_filter.mapToSource(m_view
 
 void TreePanel::select(const QModelIndex& current) {
   const auto node = m_model.nodeOf(m_filter.mapToSource(current));
-  QBSession& session = QBSession::session();
-  session.setActiveTreeNode(node.get());
-  if (m_following) return;
-  if (auto* song = dynamic_cast<QBSongNode*>(node.get()))
-    song->mouseClick();
-  else if (const auto* tuning = dynamic_cast<TuningNode*>(node.get()))
-    session.drawTuning(tuning->tuning());
+  QBSession::session().setActiveTreeNode(node.get());
+  if (node && !m_following) node->mouseClick();
 }
 
 void TreePanel::showMenu(const QPoint& position) {
@@ -163,7 +152,7 @@ void TreePanel::showMenu(const QPoint& position) {
   else if (m_model.isGroup(index, TreeModel::Group::instruments))
     m_actions.fillInstrumentsMenu(menu);
   else if (const auto node = m_model.nodeOf(index))
-    m_actions.fillMenu(menu, node);
+    m_actions.fillMenu(menu, *node);
   else
     m_actions.fillRootMenu(menu);
   // Readers of the screen learn of a menu only by the entry that has the focus.
@@ -177,16 +166,12 @@ void TreePanel::showMenu(const QPoint& position) {
 
 void TreePanel::deleteCurrent() {
   const auto node = m_model.nodeOf(currentIndex());
-  if (auto* song = dynamic_cast<QBSongNode*>(node.get()))
-    orderOf(*song, *findSongCommand("deleteSong"));
-  else if (const auto* album = dynamic_cast<AlbumNode*>(node.get()))
-    deleteAlbum(*album->album());
+  if (node && node->canDelete()) node->remove();
 }
 
 void TreePanel::drop(const QStringList& files, const QModelIndex& into) {
   const auto node = m_model.nodeOf(into);
-  const auto* album = dynamic_cast<AlbumNode*>(node.get());
-  m_actions.importFiles(files, album ? album->album() : nullptr);
+  m_actions.importFiles(files, node ? node->album() : nullptr);
 }
 
 /// Screen readers learn that the tree has the focus, but not which row.

@@ -5,7 +5,9 @@
 
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
+#include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
+#include "workflow/session/NodeVisitor.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
@@ -21,6 +23,14 @@ std::shared_ptr<AlbumNode> AlbumNode::withSongs(QBAlbum* album) {
 }
 
 std::string AlbumNode::title() const { return m_album->name(); }
+
+bool AlbumNode::isGone() const { return m_album->isDeleted(); }
+
+void AlbumNode::accept(NodeVisitor& visitor) { visitor.visit(*this); }
+
+void AlbumNode::rename(const std::string& title) { renameAlbum(*m_album, title); }
+
+void AlbumNode::remove() { deleteAlbum(*m_album); }
 
 void AlbumNode::followSongs() {
   const Children before = std::move(m_children);

@@ -26,7 +26,14 @@ class AlbumNode final : public TreeNode, public std::enable_shared_from_this<Alb
 
   Type type() const override { return Type::album; }
   std::string title() const override;
-  QBAlbum* album() const { return m_album; }
+  bool isGone() const override;
+  QBAlbum* album() const override { return m_album; }
+  AlbumNode* albumNode() override { return this; }
+  void accept(NodeVisitor& visitor) override;
+  void rename(const std::string& title) override;
+  bool canDelete() const override { return true; }
+  void remove() override;
+
   const Children& children() const { return m_children; }
   /// The songs that the album has now, in its order, but for those that a running job only tries
   /// things on. Nodes that are there already stay the same.

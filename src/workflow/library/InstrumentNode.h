@@ -12,6 +12,10 @@ class InstrumentNode final : public TreeNode {
   explicit InstrumentNode(QBInstrument* instrument) : m_instrument(instrument) {}
 
   std::string title() const override { return m_instrument->name(); }
+  bool isSelected() const override { return m_instrument->active(); }
+  void accept(NodeVisitor& visitor) override;
+  void rename(const std::string& title) override;
+
   QBInstrument* instrument() const { return m_instrument; }
 
  private:

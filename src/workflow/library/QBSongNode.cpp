@@ -13,8 +13,11 @@
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 #include "workflow/arranging/HandArrangements.h"
+#include "workflow/arranging/SongOrders.h"
 #include "workflow/arranging/VoiceArrangements.h"
 #include "workflow/library/AlbumNode.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/NodeVisitor.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
@@ -39,7 +42,15 @@ QBSongNode::~QBSongNode() = default;
 
 std::string QBSongNode::title() const { return m_song->title(); }
 
+bool QBSongNode::isGone() const { return m_song->isDeleted(); }
+
 QBSong* QBSongNode::song() const { return m_song; }
+
+void QBSongNode::accept(NodeVisitor& visitor) { visitor.visit(*this); }
+
+void QBSongNode::rename(const std::string& title) { renameSong(*m_song, title); }
+
+void QBSongNode::remove() { orderOf(*this, *findSongCommand("deleteSong")); }
 
 bool QBSongNode::perform(std::string_view command) {
   const SongCommand* found = findSongCommand(command);

@@ -27,7 +27,15 @@ class QBSongNode final : public TreeNode, public std::enable_shared_from_this<QB
 
   Type type() const override { return Type::song; }
   std::string title() const override;
-  QBSong* song() const;
+  bool isGone() const override;
+  QBSong* song() const override;
+  QBSongNode* songNode() override { return this; }
+  void accept(NodeVisitor& visitor) override;
+  /// Makes this the active song.
+  void mouseClick() override;
+  void rename(const std::string& title) override;
+  bool canDelete() const override { return true; }
+  void remove() override;
 
   /// Answers whether all went well. std::invalid_argument for a command that there is none of.
   bool perform(std::string_view command);
@@ -37,8 +45,6 @@ class QBSongNode final : public TreeNode, public std::enable_shared_from_this<QB
 
   /// Hangs a new song beside this one and has the tree drawn anew.
   void addSongToParent(QBSong* song);
-  /// Makes this the active song.
-  void mouseClick();
 
   // Commands that do more, or less, than to derive a song. They let exceptions out.
   /// Six voices, their left hand, its right hand: three songs that all stay. The active song does

@@ -6,12 +6,19 @@
 
 namespace korvel {
 
-/// The node of a tuning.
+/// The node of a tuning; its description names the strings.
 class TuningNode final : public TreeNode {
  public:
   explicit TuningNode(QBTuning* tuning) : m_tuning(tuning) {}
 
   std::string title() const override { return m_tuning->descr(); }
+  std::string description() const override;
+  bool isSelected() const override { return m_tuning->selected(); }
+  void accept(NodeVisitor& visitor) override;
+  /// Draws the tuning.
+  void mouseClick() override;
+  void rename(const std::string& title) override;
+
   QBTuning* tuning() const { return m_tuning; }
 
  private:

@@ -8,14 +8,12 @@
 #include <iostream>
 #include <typeinfo>
 
-#include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
-#include "workflow/library/AlbumNode.h"
-#include "workflow/library/QBSongNode.h"
 #include "workflow/session/QBCommand.h"
+#include "workflow/session/TreeNode.h"
 
 namespace korvel {
 namespace {
@@ -146,10 +144,7 @@ bool QBSession::redo() {
 }
 
 void QBSession::renewViews() {
-  const QBSongNode* song = activeSongNode();
-  const AlbumNode* album = activeAlbumNode();
-  if ((song && song->song()->isDeleted()) || (album && album->album()->isDeleted()))
-    setActiveTreeNode(nullptr);
+  if (m_activeTreeNode && m_activeTreeNode->isGone()) setActiveTreeNode(nullptr);
   refreshTree();
   if (m_song) setActiveSong(m_song->isDeleted() ? nullptr : m_song.get());
   for (std::size_t job = 0; job < m_jobs.size(); ++job) m_jobs[job]->storeRenewed();
@@ -169,10 +164,12 @@ void QBSession::setActiveTreeNode(TreeNode* node) {
 }
 
 QBSongNode* QBSession::activeSongNode() const {
-  return dynamic_cast<QBSongNode*>(m_activeTreeNode);
+  return m_activeTreeNode ? m_activeTreeNode->songNode() : nullptr;
 }
 
-AlbumNode* QBSession::activeAlbumNode() const { return dynamic_cast<AlbumNode*>(m_activeTreeNode); }
+AlbumNode* QBSession::activeAlbumNode() const {
+  return m_activeTreeNode ? m_activeTreeNode->albumNode() : nullptr;
+}
 
 void QBSession::errorNoSongSelected() { addToLog("There is currently no Song selected."); }
 
