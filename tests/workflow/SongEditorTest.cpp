@@ -13,7 +13,6 @@
 #include "support/StoreContents.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/MetreArrangements.h"
-#include "workflow/editing/TabCursor.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
@@ -215,36 +214,6 @@ TEST_F(SongEditorTest, editThatCannotBeSavedHasNotHappened) {
   QBTabMgr::db().save();
   EXPECT_EQ(contents(), before);
   EXPECT_EQ(title(), "");
-}
-
-TEST(TabCursor, staysInTheSongAndReadsNumbersTypedAtOnce) {
-  using std::chrono::milliseconds;
-  TabCursor cursor;
-  cursor.end();
-  EXPECT_FALSE(cursor.isOnChord());
-  cursor.setChordCount(3);
-  cursor.left();
-  cursor.down();
-  EXPECT_EQ(std::pair(cursor.chord(), cursor.string()), std::pair(0, 0));
-  for (int i = 0; i < 9; ++i) cursor.up();
-  cursor.end();
-  cursor.right();
-  EXPECT_EQ(std::pair(cursor.chord(), cursor.string()), std::pair(2, 5));
-  cursor.setChordCount(2);
-  EXPECT_EQ(cursor.chord(), 1);
-  const TabCursor::Clock::time_point start;
-  const auto typed = [&](int digit, int after) {
-    return cursor.typeDigit(digit, start + milliseconds(after));
-  };
-  EXPECT_EQ(typed(1, 0), 1);
-  EXPECT_EQ(typed(2, 1000), 12);
-  EXPECT_EQ(typed(2, 1100), 2) << "of a number of its own";
-  EXPECT_EQ(typed(5, 1200), 5) << "there is no fret 25";
-  EXPECT_EQ(typed(1, 1300), 1);
-  EXPECT_EQ(typed(0, 2400), 0) << "too late";
-  EXPECT_EQ(typed(1, 2500), 1);
-  cursor.home();
-  EXPECT_EQ(typed(2, 2600), 2) << "at another place";
 }
 
 }  // namespace
