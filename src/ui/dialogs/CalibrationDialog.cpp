@@ -27,6 +27,7 @@
 #include "model/store/QBTabMgr.h"
 #include "music/NoteName.h"
 #include "ui/desktop/Preferences.h"
+#include "ui/desktop/SoundFileNames.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Wording.h"
 #include "ui/dialogs/InputList.h"
@@ -94,16 +95,6 @@ QStringList localFiles(const QMimeData& data) {
 }
 
 }  // namespace
-
-QStringList soundFilePatterns() {
-  return {"*.wav", "*.mp3",  "*.m4a", "*.aac", "*.ogg", "*.oga", "*.opus", "*.flac",
-          "*.aif", "*.aiff", "*.wma", "*.mp4", "*.mkv", "*.mov", "*.webm"};
-}
-
-QString soundFileFilter() {
-  return CalibrationDialog::tr("Sound and video files (%1)").arg(soundFilePatterns().join(' ')) +
-         ";;" + CalibrationDialog::tr("All files (*)");
-}
 
 CalibrationDialog::CalibrationDialog(QWidget* parent)
     : QDialog(parent),

@@ -21,11 +21,6 @@ namespace korvel::ui {
 
 class InputList;
 
-/// Names that recordings usually have.
-QStringList soundFilePatterns();
-/// What file dialogs offer where a recording is wanted.
-QString soundFileFilter();
-
 /// Makes an instrument of single notes: tells what to play, takes a file or records, shows which
 /// notes were heard, and asks for a name.
 class CalibrationDialog final : public QDialog {

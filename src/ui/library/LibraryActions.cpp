@@ -22,6 +22,7 @@
 #include "platform/files/Files.h"
 #include "playback/SongRenderer.h"
 #include "ui/desktop/Preferences.h"
+#include "ui/desktop/SoundFileNames.h"
 #include "ui/desktop/Synthesizers.h"
 #include "ui/desktop/Text.h"
 #include "ui/dialogs/CalibrationDialog.h"

@@ -369,6 +369,17 @@
     </message>
 </context>
 <context>
+    <name>SoundFiles</name>
+    <message>
+        <source>Sound and video files (%1)</source>
+        <translation>Ton- und Videodateien (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
     <name>UndoAction</name>
     <message>
         <source>All Standard Filters</source>
@@ -1089,14 +1100,6 @@
     <message>
         <source>My Guitar %1</source>
         <translation>Meine Gitarre %1</translation>
-    </message>
-    <message>
-        <source>Sound and video files (%1)</source>
-        <translation>Ton- und Videodateien (%1)</translation>
-    </message>
-    <message>
-        <source>All files (*)</source>
-        <translation>Alle Dateien (*)</translation>
     </message>
     <message>
         <source>&amp;Choose File ...</source>
