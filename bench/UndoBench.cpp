@@ -82,7 +82,7 @@ void undoDeletion(benchmark::State& state) {
 void editFret(benchmark::State& state) {
   const ReadSong store(state.range(0));
   QBSong& song = *ReadSong::song();
-  SongEditor editor(song);
+  SongEditor editor(QBTabMgr::db(), song);
   int fret = 0;
   const double before = bytesInUse();
   for (auto _ : state) editor.setFret(static_cast<int>(state.range(0)) / 2, 3, 1 + ++fret % 9);

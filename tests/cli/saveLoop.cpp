@@ -50,7 +50,7 @@ QBSong* songToEdit() {
 
 int editSong() {
   QBSong& song = *songToEdit();
-  SongEditor editor(song);
+  SongEditor editor(QBTabMgr::db(), song);
   std::mt19937 random(std::random_device{}());
   const auto count = [&] { return static_cast<int>(song.chords().size()); };
   const auto chord = [&] { return static_cast<int>(random() % song.chords().size()); };

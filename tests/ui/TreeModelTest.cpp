@@ -51,7 +51,7 @@ class TreeModelTest : public testing::Test, public TreeView {
 
   test::StandardStore m_store;
   test::RecordingViews m_views;
-  LibraryTree m_library;
+  LibraryTree m_library{QBTabMgr::db(), QBSession::session()};
   TreeModel m_model{m_library};
   QAbstractItemModelTester m_tester{&m_model,
                                     QAbstractItemModelTester::FailureReportingMode::Fatal};

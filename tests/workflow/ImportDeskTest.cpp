@@ -28,7 +28,7 @@ class ImportDeskTest : public testing::Test {
     QBTabMgr::clearDb();
     QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
     test::writeWav(m_file, test::fewChords());
-    m_tree.emplace();
+    m_tree.emplace(QBTabMgr::db(), QBSession::session());
   }
   ~ImportDeskTest() override {
     m_tree.reset();
@@ -104,7 +104,8 @@ TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
   const platform::Ref<QBSong> song = import->newSong();
   for (const std::size_t chords : {3U, 6U}) {
     runUntil([&] { return song->chords().size() == chords; });
-    EXPECT_THROW(SongEditor(*song).setFret(0, 0, 3), EditRefused) << "the next chord is to come";
+    EXPECT_THROW(SongEditor(QBTabMgr::db(), *song).setFret(0, 0, 3), EditRefused)
+        << "the next chord is to come";
     deleteAlbum(*song->album());
     runUntil([&] { return !import->isRunning(); });
     EXPECT_TRUE(song->isDeleted());
@@ -115,7 +116,7 @@ TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
   runUntil([&] { return !import->isRunning(); });
   EXPECT_EQ(test::linesOf(*song), expected);
   EXPECT_TRUE(song->hasTabulature());
-  SongEditor(*song).setFret(0, 0, 3);
+  SongEditor(QBTabMgr::db(), *song).setFret(0, 0, 3);
   for (int action = 0; action < 3; ++action) EXPECT_TRUE(QBSession::session().undo());
   EXPECT_EQ(stored("QBChord"), 0U);
   EXPECT_EQ(stored("QBBlock"), 0U);
@@ -153,7 +154,7 @@ TEST_F(ImportDeskTest, whatAKilledProgramLeftOfAnImportIsMended) {
   m_tree.reset();
   QBTabMgr::clearDb();
   QBTabMgr::setStorePath(left);
-  m_tree.emplace();
+  m_tree.emplace(QBTabMgr::db(), QBSession::session());
   QBSong* song = ImportDesk::mend(running.front());
   ASSERT_NE(song, nullptr);
   EXPECT_EQ(song->chords().size(), 5U);

@@ -48,7 +48,7 @@ TEST_F(LibraryEditsTest, namesStayFreeWhateverIsRenamedMovedOrCloned) {
   QBAlbum* second = newAlbum("A");
   QBSong* a = song(first, "S");
   song(second, "S");
-  LibraryTree tree;
+  LibraryTree tree(QBTabMgr::db(), QBSession::session());
   moveSong(*a, *second);
   EXPECT_EQ(texts(tree), "A:; A_2: S_2 S; ");
   EXPECT_NE(a->tabulature().find("S_2"), std::string::npos) << "the heading has the new title";
@@ -62,7 +62,7 @@ TEST_F(LibraryEditsTest, namesStayFreeWhateverIsRenamedMovedOrCloned) {
 TEST_F(LibraryEditsTest, treeKeepsItsNodesAndLetsGoOfTheActiveOneThatIsDeleted) {
   QBAlbum* album = newAlbum("A");
   song(album, "S");
-  LibraryTree tree;
+  LibraryTree tree(QBTabMgr::db(), QBSession::session());
   const auto node = tree.albums().front();
   QBSession& session = QBSession::session();
   session.setActiveTreeNode(node->children().front().get());

@@ -95,7 +95,7 @@ TEST(QBNameMgr, appendsUntilTheNameIsFree) {
   album->createSong("S");
   album->createSong("S_2");
   EXPECT_EQ(QBNameMgr(album, "S").newName(), "S_2_2");
-  EXPECT_EQ(QBNameMgr(nullptr, "A").newAlbumName(), "A_2");
+  EXPECT_EQ(QBNameMgr(nullptr, "A").newAlbumName(QBTabMgr::db()), "A_2");
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ class SongEditorTest : public testing::Test {
 
 TEST_F(SongEditorTest, tonesAreSetAndRemovedAndNameTheChordAnew) {
   QBSong* song = this->song({"x02210", "320003"});
-  SongEditor editor(*song);
+  SongEditor editor(QBTabMgr::db(), *song);
   editor.setFret(0, 4, 2);
   EXPECT_EQ(title(), "Change Fret");
   EXPECT_EQ(frets(song), "x02220 320003 ");
@@ -108,7 +108,7 @@ TEST_F(SongEditorTest, tonesAreSetAndRemovedAndNameTheChordAnew) {
 
 TEST_F(SongEditorTest, nameSetByHandStaysUntilTonesChange) {
   QBSong* song = this->song({"x02210"});
-  SongEditor editor(*song);
+  SongEditor editor(QBTabMgr::db(), *song);
   editor.setChordName(0, " F#m7 ");
   EXPECT_EQ(title(), "Set Chord Name");
   editor.setDuration(0, 4);
@@ -133,7 +133,7 @@ TEST_F(SongEditorTest, nameSetByHandStaysUntilTonesChange) {
 
 TEST_F(SongEditorTest, chordsComeAndGoWithoutGaps) {
   QBSong* song = this->song({"0xxxxx", "1xxxxx", "2xxxxx", "3xxxxx", "4xxxxx"});
-  SongEditor editor(*song);
+  SongEditor editor(QBTabMgr::db(), *song);
   const std::string before = contents();
   EXPECT_EQ(editor.insertChordBefore(0), 0);
   EXPECT_EQ(editor.insertChordAfter(5), 6);
@@ -161,7 +161,7 @@ TEST_F(SongEditorTest, loopMovesToTheChordsThatAreLeft) {
     song->setChordInLoop(song->allChords()[1]);
     song->setChordInLoop(song->allChords()[4]);
     QBTabMgr::db().save();
-    SongEditor(*song).deleteChords(first, last);
+    SongEditor(QBTabMgr::db(), *song).deleteChords(first, last);
     const auto fretOf = [](const QBChord* chord) {
       return chord ? chord->hold()->tones().at(0)->fret() : -1;
     };
@@ -183,7 +183,7 @@ TEST_F(SongEditorTest, measuresStayFull) {
   QBSong* song = applyMetric(*plain, 3, 4);
   QBTabMgr::db().save();
   const std::string before = contents();
-  SongEditor editor(*song);
+  SongEditor editor(QBTabMgr::db(), *song);
   EXPECT_EQ(measures(song), "1: 4 4 4\n2: 4 4 4\n");
   editor.setDuration(1, 8);
   EXPECT_EQ(measures(song), "1: 4 8\n2: 4 4 4\n3: 4\n");
@@ -208,7 +208,7 @@ TEST_F(SongEditorTest, editThatCannotBeSavedHasNotHappened) {
   const std::string before = contents();
   store.execute(
       "CREATE TRIGGER full BEFORE UPDATE ON QBSong BEGIN SELECT RAISE(ABORT, 'disk full'); END");
-  EXPECT_ANY_THROW(SongEditor(*song).setFret(0, 4, 2));
+  EXPECT_ANY_THROW(SongEditor(QBTabMgr::db(), *song).setFret(0, 4, 2));
   store.execute("DROP TRIGGER full");
   EXPECT_EQ(frets(song), "x02210 ");
   QBTabMgr::db().save();

@@ -99,7 +99,7 @@ class User {
     }
   }
   void edit(QBSong& song) {
-    SongEditor editor(song);
+    SongEditor editor(QBTabMgr::db(), song);
     if (song.chords().empty() || oneIn(8)) {
       editor.insertChordBefore(song.chords().empty() ? 0 : chordOf(song));
       return;
@@ -249,7 +249,7 @@ TEST_F(UndoCommandsTest, steppedImportIsOneActionBesideOthers) {
   const std::string before = saved();
   const std::string file = m_desk.folder().file("a.wav");
   test::writeWav(file, test::fewChords());
-  LibraryTree tree;
+  LibraryTree tree(QBTabMgr::db(), QBSession::session());
   ImportDesk desk(tree);
   const auto import = desk.importFile(file);
   for (int i = 0; i < 3; ++i) import->nextStep();
@@ -293,7 +293,7 @@ TEST_F(UndoCommandsTest, importWhoseEndFailsCanBeUndone) {
   const std::string before = saved();
   const std::string file = m_desk.folder().file("a.wav");
   test::writeWav(file, test::fewChords());
-  LibraryTree tree;
+  LibraryTree tree(QBTabMgr::db(), QBSession::session());
   const auto import = ImportDesk(tree).importFile(file);
   import->nextStep();
   context().store().execute("PRAGMA query_only = 1");

@@ -86,13 +86,13 @@ QAction* EditMenu::addEdit(const QString& title, const QKeySequence& keys,
 
 void EditMenu::addToneEdits() {
   addEdit(tr("Remove &Tone"), {}, [this] {
-    attempt([this](QBSong& song) {
-      SongEditor(song).removeTone(m_tablature.cursorChord(), m_tablature.cursorString());
+    attempt([this](SongEditor& editor) {
+      editor.removeTone(m_tablature.cursorChord(), m_tablature.cursorString());
     });
   });
   addEdit(tr("&Silence or Sound Tone"), tr("Ctrl+T"), [this] {
-    attempt([this](QBSong& song) {
-      toggleActive(song, m_tablature.cursorChord(), m_tablature.cursorString());
+    attempt([this](SongEditor& editor) {
+      toggleActive(editor, m_tablature.cursorChord(), m_tablature.cursorString());
     });
   });
   addSeparator();
@@ -102,17 +102,17 @@ void EditMenu::addChordEdits() {
   addEdit(tr("Set Chord &Name ..."), tr("Ctrl+M"), [this] { nameChord(); });
   m_duration = addMenu(tr("Change &Duration"));
   for (const Duration& duration : kDurations)
-    m_duration->addAction(
-        QCoreApplication::translate("Duration", duration.name), this, [this, duration] {
-          attempt([this, duration](QBSong& song) {
-            SongEditor(song).setDuration(m_tablature.cursorChord(), duration.sixteenths);
-          });
-        });
+    m_duration->addAction(QCoreApplication::translate("Duration", duration.name), this,
+                          [this, duration] {
+                            attempt([this, duration](SongEditor& editor) {
+                              editor.setDuration(m_tablature.cursorChord(), duration.sixteenths);
+                            });
+                          });
   addEdit(tr("Insert Chord &Before"), tr("Shift+Ins"), [this] {
-    attemptInsertion([](QBSong& song, int chord) { SongEditor(song).insertChordBefore(chord); });
+    attemptInsertion([](SongEditor& editor, int chord) { editor.insertChordBefore(chord); });
   });
   addEdit(tr("&Insert Chord After"), tr("Ins"), [this] {
-    attemptInsertion([](QBSong& song, int chord) { SongEditor(song).insertChordAfter(chord); });
+    attemptInsertion([](SongEditor& editor, int chord) { editor.insertChordAfter(chord); });
   });
   addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] { deleteChosen(); });
 }
@@ -120,41 +120,42 @@ void EditMenu::addChordEdits() {
 // ---- what they do
 
 void EditMenu::connectViews(FretboardView& fretboard) {
-  connect(
-      &m_tablature, &TablatureView::fretTyped, this,
-      [this](int chord, int string, int fret, bool continues) {
-        attempt([&](QBSong& song) { SongEditor(song).setFret(chord, string, fret, continues); });
-      });
+  connect(&m_tablature, &TablatureView::fretTyped, this,
+          [this](int chord, int string, int fret, bool continues) {
+            attempt([&](SongEditor& editor) { editor.setFret(chord, string, fret, continues); });
+          });
   connect(&m_tablature, &TablatureView::removalWanted, this, [this](int chord, int string) {
-    attempt([&](QBSong& song) { SongEditor(song).removeTone(chord, string); });
+    attempt([&](SongEditor& editor) { editor.removeTone(chord, string); });
   });
   connect(&fretboard, &FretboardView::clicked, this, [this](int string, int fret) {
-    attempt([&](QBSong& song) { toggleFret(song, m_tablature.cursorChord(), string, fret); });
+    attempt(
+        [&](SongEditor& editor) { toggleFret(editor, m_tablature.cursorChord(), string, fret); });
   });
 }
 
-void EditMenu::attempt(const std::function<void(QBSong&)>& edit) {
+void EditMenu::attempt(const std::function<void(SongEditor&)>& edit) {
   if (m_song && m_tablature.cursorChord() >= 0) perform(edit);
 }
 
 /// A song without chords has no cursor, and gets its first chord all the same.
-void EditMenu::attemptInsertion(const std::function<void(QBSong&, int)>& insert) {
+void EditMenu::attemptInsertion(const std::function<void(SongEditor&, int)>& insert) {
   if (!m_song) return;
   if (!m_song->chords().empty()) {
-    attempt([&](QBSong& song) { insert(song, m_tablature.cursorChord()); });
+    attempt([&](SongEditor& editor) { insert(editor, m_tablature.cursorChord()); });
     return;
   }
-  perform([&](QBSong& song) { insert(song, 0); });
+  perform([&](SongEditor& editor) { insert(editor, 0); });
   m_tablature.moveCursor(0, m_tablature.cursorString());
 }
 
-void EditMenu::perform(const std::function<void(QBSong&)>& edit) {
+void EditMenu::perform(const std::function<void(SongEditor&)>& edit) {
   if (m_locked) {
     emit refused(tr("Stop playing first, then edit"));
     return;
   }
   try {
-    edit(*m_song);
+    SongEditor editor(QBTabMgr::db(), *m_song);
+    edit(editor);
     emit edited();
   } catch (const std::exception& problem) {
     emit refused(toText(problem.what()));
@@ -164,11 +165,11 @@ void EditMenu::perform(const std::function<void(QBSong&)>& edit) {
 /// The selected chords, or the one under the cursor when none are.
 void EditMenu::deleteChosen() {
   const ChordSpan chosen = m_tablature.selection();
-  attempt([&](QBSong& song) {
+  attempt([&](SongEditor& editor) {
     if (chosen.first < 0)
-      SongEditor(song).deleteChord(m_tablature.cursorChord());
+      editor.deleteChord(m_tablature.cursorChord());
     else
-      SongEditor(song).deleteChords(chosen.first, chosen.last);
+      editor.deleteChords(chosen.first, chosen.last);
   });
   if (chosen.first < 0 || m_locked) return;
   m_tablature.selectNone();
@@ -192,11 +193,11 @@ void EditMenu::nameChord() {
                                              tr("Name, such as F#m7; none takes the name away:"),
                                              QLineEdit::Normal, toText(shownName(chord)), &chosen);
   if (!chosen) return;
-  attempt([&](QBSong& song) {
+  attempt([&](SongEditor& editor) {
     if (name.trimmed().isEmpty())
-      SongEditor(song).clearChordName(index);
+      editor.clearChordName(index);
     else
-      SongEditor(song).setChordName(index, name.toStdString());
+      editor.setChordName(index, name.toStdString());
   });
 }
 

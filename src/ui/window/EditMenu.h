@@ -43,9 +43,9 @@ class EditMenu final : public QMenu {
                    const std::function<void()>& act);
   void connectViews(FretboardView& fretboard);
   /// At the cursor.
-  void attempt(const std::function<void(QBSong&)>& edit);
-  void attemptInsertion(const std::function<void(QBSong&, int)>& insert);
-  void perform(const std::function<void(QBSong&)>& edit);
+  void attempt(const std::function<void(SongEditor&)>& edit);
+  void attemptInsertion(const std::function<void(SongEditor&, int)>& insert);
+  void perform(const std::function<void(SongEditor&)>& edit);
   void deleteChosen();
   void nameChord();
   void undo();

@@ -66,6 +66,7 @@ bool isDialogOpen() { return QApplication::activeModalWidget() != nullptr; }
 
 MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
     : QMainWindow(parent),
+      m_library(QBTabMgr::db(), QBSession::session()),
       m_actions(new LibraryActions(m_desk, this)),
       m_tree(new TreePanel(m_library, *m_actions)),
       m_tablature(new TablatureView),

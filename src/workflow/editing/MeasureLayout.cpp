@@ -25,7 +25,7 @@ bool takesPart(const QBChord& chord) {
 
 class Layout {
  public:
-  explicit Layout(QBSong& song) : m_song(song), m_measures(song.allMeasures()) {}
+  Layout(QBTabMgr& db, QBSong& song) : m_db(db), m_song(song), m_measures(song.allMeasures()) {}
 
   void run(int firstChanged) {
     if (m_measures.empty()) return;
@@ -62,7 +62,7 @@ class Layout {
     if (++m_current < m_measures.size()) return;
     const QBMeasure& last = *m_measures.back();
     const int position = last.position() + 1;
-    QBMeasure* added = QBTabMgr::db().createMeasure(&m_song, last.beat(), last.beattype());
+    QBMeasure* added = m_db.createMeasure(&m_song, last.beat(), last.beattype());
     added->setPosition(position);
     m_measures.emplace_back(added);
   }
@@ -71,10 +71,11 @@ class Layout {
   void dropRest() {
     for (; m_measures.size() > std::max<std::size_t>(m_used, 1); m_measures.pop_back()) {
       m_measures.back()->setSong(nullptr);
-      QBTabMgr::db().deleteInstance(m_measures.back());
+      m_db.deleteInstance(m_measures.back());
     }
   }
 
+  QBTabMgr& m_db;
   QBSong& m_song;
   std::vector<platform::Ref<QBMeasure>> m_measures;
   std::size_t m_current = 0;
@@ -84,6 +85,8 @@ class Layout {
 
 }  // namespace
 
-void layIntoMeasures(QBSong& song, int firstChanged) { Layout(song).run(firstChanged); }
+void layIntoMeasures(QBTabMgr& db, QBSong& song, int firstChanged) {
+  Layout(db, song).run(firstChanged);
+}
 
 }  // namespace korvel

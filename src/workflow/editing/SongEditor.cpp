@@ -74,7 +74,7 @@ QBChord* neighbour(const Chords& chords, QBChord* end, int first, int last, bool
 
 }  // namespace
 
-SongEditor::SongEditor(QBSong& song) : m_song(&song) {}
+SongEditor::SongEditor(QBTabMgr& db, QBSong& song) : m_db(db), m_song(&song) {}
 
 SongEditor::~SongEditor() = default;
 
@@ -103,8 +103,7 @@ QBChord& SongEditor::chordAt(int index) {
 void SongEditor::setFret(int chord, int string, int fret, bool continues) {
   requireString(string);
   requireWithin("fret", fret, 0, kHighestFret);
-  if (continues && isFretEdit(QBTabMgr::db().context().undoManager().undoActionName()))
-    QBTabMgr::db().undo();
+  if (continues && isFretEdit(m_db.context().undoManager().undoActionName())) m_db.undo();
   QBChord& edited = chordAt(chord);
   const QBHold* hold = edited.hold();
   const Tones known = hold ? hold->allTonesOfString(string) : Tones();
@@ -122,7 +121,7 @@ void SongEditor::setFret(int chord, int string, int fret, bool continues) {
 }
 
 QBHold& SongEditor::holdOf(QBChord& chord) {
-  if (!chord.hold()) chord.setHold(QBTabMgr::db().createHold());
+  if (!chord.hold()) chord.setHold(m_db.createHold());
   return *chord.hold();
 }
 
@@ -175,7 +174,7 @@ void SongEditor::tonesChanged(int index) {
   name(chord, nullptr);
   readHarmony(chord);
   chord.forgetCaches();
-  layIntoMeasures(*m_song, index);
+  layIntoMeasures(m_db, *m_song, index);
 }
 
 // ---- names
@@ -209,7 +208,7 @@ void SongEditor::setDuration(int chord, int sixteenths) {
   if (edited.duration() == sixteenths) return;
   edit("Change Duration", [&] {
     edited.setDuration(sixteenths);
-    layIntoMeasures(*m_song, chord);
+    layIntoMeasures(m_db, *m_song, chord);
   });
 }
 
@@ -233,7 +232,7 @@ int SongEditor::insertAt(int index) {
     if (!before.empty())
       chord->setMeasure(before[static_cast<std::size_t>(std::max(index - 1, 0))]->measure());
     m_song->forgetCaches();
-    layIntoMeasures(*m_song, index);
+    layIntoMeasures(m_db, *m_song, index);
   });
   return index;
 }
@@ -251,7 +250,7 @@ void SongEditor::deleteChords(int first, int last) {
     for (int at = first; at <= last; ++at)
       m_song->deleteChord(before[static_cast<std::size_t>(at)]);
     m_song->forgetCaches();
-    layIntoMeasures(*m_song, first);
+    layIntoMeasures(m_db, *m_song, first);
   });
 }
 

@@ -14,6 +14,7 @@ namespace korvel {
 class QBChord;
 class QBHold;
 class QBSong;
+class QBTabMgr;
 class QBTone;
 
 /// Edits of a song in place, as they are made in its tablature.
@@ -30,8 +31,11 @@ class SongEditor {
   static constexpr int kHighestFret = 24;
   static constexpr int kLongestDuration = 64;  ///< Sixteenths: four whole notes.
 
-  explicit SongEditor(QBSong& song);
+  /// The song is kept in that store.
+  SongEditor(QBTabMgr& db, QBSong& song);
   ~SongEditor();
+
+  QBSong& song() const { return *m_song; }
 
   // Tones. A string has one tone afterwards.
   /// "Change Fret", or "Add Tone" on a silent string: as loud and long as the tones beside it.
@@ -72,6 +76,7 @@ class SongEditor {
   int insertAt(int index);
   void moveLoopOff(const Chords& chords, int first, int last);
 
+  QBTabMgr& m_db;
   platform::Ref<QBSong> m_song;
 };
 

@@ -17,17 +17,17 @@ const QBTone* toneAt(QBSong& song, int chord, int string) {
 
 }  // namespace
 
-void toggleFret(QBSong& song, int chord, int string, int fret) {
-  const QBTone* tone = toneAt(song, chord, string);
+void toggleFret(SongEditor& editor, int chord, int string, int fret) {
+  const QBTone* tone = toneAt(editor.song(), chord, string);
   if (tone && tone->fret() == fret)
-    SongEditor(song).removeTone(chord, string);
+    editor.removeTone(chord, string);
   else
-    SongEditor(song).setFret(chord, string, fret);
+    editor.setFret(chord, string, fret);
 }
 
-void toggleActive(QBSong& song, int chord, int string) {
-  if (const QBTone* tone = toneAt(song, chord, string))
-    SongEditor(song).setActive(chord, string, !tone->isActive());
+void toggleActive(SongEditor& editor, int chord, int string) {
+  if (const QBTone* tone = toneAt(editor.song(), chord, string))
+    editor.setActive(chord, string, !tone->isActive());
 }
 
 }  // namespace korvel

@@ -34,7 +34,7 @@ QBSong* newSong(const std::string& file, QBAlbum* into) {
   QBTabMgr& db = QBTabMgr::db();
   // A line break in a title would shift the rows of the tablature.
   const std::string name = platform::printable(std::filesystem::path(file).stem().string());
-  QBAlbum* album = into ? into : db.createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
+  QBAlbum* album = into ? into : db.createAlbum(QBNameMgr(nullptr, name).newAlbumName(db), false);
   QBSong* song = album->createSong(into ? QBNameMgr(into, name).newName() : album->name());
   song->setTuning(db.selectedTuning());
   return song;

@@ -15,7 +15,7 @@ namespace korvel {
 NewSong::NewSong(QBTabMgr& db, const std::optional<std::string>& album, const std::string& name,
                  const std::optional<std::string>& title)
     : m_db(db) {
-  const std::string wanted = album ? *album : QBNameMgr(nullptr, name).newAlbumName();
+  const std::string wanted = album ? *album : QBNameMgr(nullptr, name).newAlbumName(db);
   m_album = db.findAlbumByName(wanted);
   m_madeAlbum = !m_album;
   if (!m_album) m_album = db.createAlbum(wanted, false);

@@ -32,11 +32,11 @@ void AlbumNode::rename(const std::string& title) { renameAlbum(*m_album, title);
 
 void AlbumNode::remove() { deleteAlbum(*m_album); }
 
-void AlbumNode::followSongs() {
+void AlbumNode::followSongs(const QBSession& session) {
   const Children before = std::move(m_children);
   m_children.clear();
   for (QBSong* song : m_album->songs()) {
-    if (QBSession::session().isScratch(*song)) continue;
+    if (session.isScratch(*song)) continue;
     const auto known =
         std::ranges::find_if(before, [&](const auto& child) { return child->song() == song; });
     if (known != before.end())

@@ -10,6 +10,7 @@
 namespace korvel {
 
 class QBAlbum;
+class QBSession;
 class QBSong;
 class QBSongNode;
 
@@ -37,7 +38,7 @@ class AlbumNode final : public TreeNode, public std::enable_shared_from_this<Alb
   const Children& children() const { return m_children; }
   /// The songs that the album has now, in its order, but for those that a running job only tries
   /// things on. Nodes that are there already stay the same.
-  void followSongs();
+  void followSongs(const QBSession& session);
   QBSongNode* addChild(QBSong* song);
   void removeChild(const QBSongNode& child);
   /// None when no child shows the song.

@@ -53,7 +53,7 @@ void leave(const QBAlbum& album) {
 QBAlbum* newAlbum(const std::string& name) {
   Edit edit("New Album");
   requireName(name, "An album");
-  QBAlbum* album = edit.db().createAlbum(QBNameMgr(nullptr, name).newAlbumName(), false);
+  QBAlbum* album = edit.db().createAlbum(QBNameMgr(nullptr, name).newAlbumName(edit.db()), false);
   edit.done("Album created.");
   return album;
 }
@@ -70,7 +70,7 @@ void renameAlbum(QBAlbum& album, const std::string& name) {
 
 QBAlbum* cloneAlbum(QBAlbum& album) {
   Edit edit("Clone Album");
-  const std::string name = QBNameMgr(nullptr, album.name()).newAlbumName();
+  const std::string name = QBNameMgr(nullptr, album.name()).newAlbumName(edit.db());
   QBAlbum* copy = album.clone();
   copy->setName(name);
   edit.done("Album was successfully cloned.");

@@ -36,27 +36,27 @@ bool shows(const LibraryTree::Nodes<AlbumNode>& albums, const TreeNode* node) {
   });
 }
 
-std::shared_ptr<const TreeNode> activeNode() {
-  const QBSession& session = QBSession::session();
-  if (QBSongNode* song = session.activeSongNode()) return song->shared_from_this();
-  if (AlbumNode* album = session.activeAlbumNode()) return album->shared_from_this();
-  return nullptr;
-}
-
 }  // namespace
 
-LibraryTree::LibraryTree() { refresh(); }
+LibraryTree::LibraryTree(QBTabMgr& db, QBSession& session) : m_db(db), m_session(session) {
+  refresh();
+}
 
-LibraryTree::~LibraryTree() { QBSession::session().setActiveTreeNode(nullptr); }
+LibraryTree::~LibraryTree() { m_session.setActiveTreeNode(nullptr); }
 
 void LibraryTree::refresh() {
-  const QBTabMgr& db = QBTabMgr::db();
   const auto active = activeNode();
-  follow(m_albums, db.albums(), &AlbumNode::album);
-  for (const auto& album : m_albums) album->followSongs();
-  follow(m_tunings, db.tunings(), &TuningNode::tuning);
-  follow(m_instruments, db.instruments(), &InstrumentNode::instrument);
-  if (active && !shows(m_albums, active.get())) QBSession::session().setActiveTreeNode(nullptr);
+  follow(m_albums, m_db.albums(), &AlbumNode::album);
+  for (const auto& album : m_albums) album->followSongs(m_session);
+  follow(m_tunings, m_db.tunings(), &TuningNode::tuning);
+  follow(m_instruments, m_db.instruments(), &InstrumentNode::instrument);
+  if (active && !shows(m_albums, active.get())) m_session.setActiveTreeNode(nullptr);
+}
+
+std::shared_ptr<const TreeNode> LibraryTree::activeNode() const {
+  if (QBSongNode* song = m_session.activeSongNode()) return song->shared_from_this();
+  if (AlbumNode* album = m_session.activeAlbumNode()) return album->shared_from_this();
+  return nullptr;
 }
 
 std::shared_ptr<AlbumNode> LibraryTree::find(const QBAlbum* album) const {

@@ -9,8 +9,11 @@ namespace korvel {
 class QBAlbum;
 class AlbumNode;
 class InstrumentNode;
+class QBSession;
 class QBSong;
 class QBSongNode;
+class QBTabMgr;
+class TreeNode;
 class TuningNode;
 
 /// The nodes of all that a user sees in the store: albums with their songs, tunings, instruments.
@@ -20,8 +23,8 @@ class LibraryTree {
   template <class Node>
   using Nodes = std::vector<std::shared_ptr<Node>>;
 
-  /// As the store is now.
-  LibraryTree();
+  /// As the store is now. Both outlive the tree.
+  LibraryTree(QBTabMgr& db, QBSession& session);
   ~LibraryTree();
 
   /// Follows the store. A node that has gone is not the session's active one any more. Songs that a
@@ -36,6 +39,10 @@ class LibraryTree {
   QBSongNode* find(const QBSong* song) const;
 
  private:
+  std::shared_ptr<const TreeNode> activeNode() const;
+
+  QBTabMgr& m_db;
+  QBSession& m_session;
   Nodes<AlbumNode> m_albums;
   Nodes<TuningNode> m_tunings;
   Nodes<InstrumentNode> m_instruments;

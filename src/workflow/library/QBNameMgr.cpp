@@ -37,8 +37,8 @@ std::string QBNameMgr::newName() {
   return m_name;
 }
 
-std::string QBNameMgr::newAlbumName() {
-  while (QBTabMgr::db().findAlbumByName(m_name)) m_name += kAnother;
+std::string QBNameMgr::newAlbumName(const QBTabMgr& db) {
+  while (db.findAlbumByName(m_name)) m_name += kAnother;
   return m_name;
 }
 

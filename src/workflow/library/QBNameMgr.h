@@ -9,6 +9,7 @@
 namespace korvel {
 
 class QBAlbum;
+class QBTabMgr;
 
 /// Makes names that are still free: of derived songs, the source's title with a tag that says what
 /// was done to it.
@@ -61,7 +62,7 @@ class QBNameMgr {
   /// The name, with "_2" appended until no song of the album has it.
   std::string newName();
   /// The name, with "_2" appended until no album has it.
-  std::string newAlbumName();
+  std::string newAlbumName(const QBTabMgr& db);
 
  private:
   std::string tagged(std::string_view tag, int number);
