@@ -1,27 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/instrument/Calibration.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <span>
-#include <sstream>
-#include <stdexcept>
-
-#include "analysis/instrument/QBMusicXMLParser.h"
-#include "export/xml/DefinitionFile.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
 #include "support/Guitar.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
 using test::Strum;
 
-class CalibrationTest : public testing::Test {
- protected:
+struct CalibrationTest : testing::Test {
   /// Blocks of what is played, as one note.
   static void add(Calibration& calibration, const std::vector<Strum>& strums, int note) {
     const auto samples = test::play(strums);
@@ -83,33 +74,6 @@ TEST_F(CalibrationTest, measuresWhereStringsSoundAsTheyAreCounted) {
   const auto octave = test::play({{{64}, 1.0}});
   for (const HeardTone& tone : Calibration::tonesIn(std::span(octave).first(16384)))
     EXPECT_GE(tone.midi, 63) << "what no place plays must not count as the lowest string";
-}
-
-TEST_F(CalibrationTest, readerTakesTheWholeDefinition) {
-  add(m_calibration, 43);
-  addUpperStrings(m_calibration);
-  QBInstrument& measured = m_calibration.createInstrument("Guitar", 0.75F, 0.2);
-  std::string before;
-  for (int string = 0; string < 6; ++string) before += overtonesOf(string);
-
-  const std::string file = m_store.folder().file("guitar.xml");
-  test::writeFile(file, definitionText(measured));
-  QBMusicXMLParser(file).parse();
-  QBInstrument& read = newest();
-  ASSERT_NE(&read, &measured);
-  std::string after;
-  for (int string = 0; string < 6; ++string) after += overtonesOf(string);
-  EXPECT_EQ(after, before);
-  EXPECT_EQ(read.name(), "Guitar");
-  EXPECT_EQ(read.detaillevel(), 0.75F);
-  const QBOvertone& octave = *read.findSpectrumByString(0)->findOvertone(2, 2);
-  EXPECT_EQ(octave.offset(), 12);
-  EXPECT_EQ(octave.note(), 4);
-  EXPECT_NEAR(octave.amp(), measured.findSpectrumByString(0)->findOvertone(2, 2)->amp(), 1e-6);
-  EXPECT_TRUE(read.findSpectrumByString(5)->isCalibrated());
-
-  measured.setName("Pete's");
-  EXPECT_THROW(definitionText(measured), std::invalid_argument) << "the reader would stop there";
 }
 
 }  // namespace

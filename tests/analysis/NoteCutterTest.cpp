@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/instrument/NoteCutter.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "support/Guitar.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

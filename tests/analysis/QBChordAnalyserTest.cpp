@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <cstring>
-#include <numbers>
-
 #include "analysis/chords/QBChordAnalyserGame.h"
 #include "analysis/spectrum/QBFFT.h"
 #include "audio/QBMediaTrack.h"
 #include "support/Guitar.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -41,8 +36,7 @@ std::string tonesOf(const QBChord* chord) {
   return text;
 }
 
-class QBChordAnalyserTest : public testing::Test {
- protected:
+struct QBChordAnalyserTest : testing::Test {
   void push(std::vector<std::int16_t> samples, double time = 0) {
     samples.resize(QBBlock::kSamples);
     std::vector<std::byte> bytes(QBBlock::kBytes);

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/chords/QBChordSplitter.h"
 
-#include <gtest/gtest.h>
-
 #include <initializer_list>
-#include <string>
 
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class QBChordSplitterTest : public testing::Test {
- protected:
+struct QBChordSplitterTest : testing::Test {
   QBChordSplitter splitterOf(std::initializer_list<const char*> frets) {
     QBSong* song = m_store.song("song");
     for (const char* chord : frets) test::addChord(song, chord);

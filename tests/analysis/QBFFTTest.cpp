@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/spectrum/QBFFT.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <numbers>
-#include <stdexcept>
-#include <vector>
-
 #include "analysis/spectrum/QBFFTGame.h"
 #include "analysis/spectrum/QBFFTGuitar.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

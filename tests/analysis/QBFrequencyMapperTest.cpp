@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/spectrum/QBFrequencyMapper.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/spectrum/QBFrequency.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <string>
-
 #include "analysis/spectrum/BaseTone.h"
 #include "analysis/spectrum/QBFrequencyMapper.h"
 #include "analysis/spectrum/QBFrequencyMatrix.h"
 #include "model/instruments/QBString.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/instrument/QBMusicXMLParser.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <sstream>
-
 #include "analysis/instrument/ToneFilter.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
 #include "model/store/QBSettings.h"
 #include "platform/files/Resources.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -41,8 +37,7 @@ std::string lineOf(QBInstrument& instrument) {
   return line.str();
 }
 
-class QBMusicXMLParserTest : public testing::Test {
- protected:
+struct QBMusicXMLParserTest : testing::Test {
   /// What the file leaves in the store; "" when that is no instrument.
   std::string parse(const std::string& content) {
     const std::size_t before = QBTabMgr::db().instruments().size();

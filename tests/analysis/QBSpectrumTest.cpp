@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/instruments/QBSpectrum.h"
 
-#include <gtest/gtest.h>
-
 #include "analysis/instrument/ToneFilter.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBString.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class QBSpectrumTest : public testing::Test {
- protected:
+struct QBSpectrumTest : testing::Test {
   QBSpectrumTest() {
     m_guitar = QBTabMgr::db().createInstrument(m_store.standard(), "Guitar", true, true, 0.5F, 1);
     m_lowE = m_guitar->findSpectrumByString(0);

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/chords/Transcription.h"
 
-#include <gtest/gtest.h>
-
 #include "audio/MonoTrack.h"
 #include "support/Guitar.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "arrange/groups/QBGroup.h"
 #include "arrange/groups/QBGroupBuilder.h"
 #include "arrange/groups/QBGroupToString.h"
-#include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class ChordGroupsTest : public testing::Test {
- protected:
+struct ChordGroupsTest : testing::Test {
   /// A chord for each letter, with a harmony of its own; "-" for one without.
   QBSong* songOf(std::string_view harmonies) {
     QBSong* song = m_store.song("song");

@@ -1,22 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "arrange/chords/QBChordFilter.h"
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "arrange/harmony/QBChordTransposer.h"
 #include "arrange/harmony/QBContraPoint.h"
 #include "arrange/harmony/QBNonChordToneRemover.h"
 #include "arrange/harmony/QBOptionRemover.h"
-#include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class HarmonyFiltersTest : public testing::Test {
- protected:
+struct HarmonyFiltersTest : testing::Test {
   HarmonyFiltersTest() {
     declare("m", 3, {0, 3, 4});
     declare("7", 5, {0, 4, 3, 3});

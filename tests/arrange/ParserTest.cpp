@@ -1,25 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/Parser.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <string>
-#include <vector>
-
 #include "arrange/harmony/Scanner.h"
 #include "model/book/QBHarmony.h"
 #include "model/book/QBToneOfHarmony.h"
 #include "model/store/QBTabMgr.h"
 #include "support/ScratchStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-class ParserTest : public testing::Test {
- protected:
+struct ParserTest : testing::Test {
   std::string file(const std::string& content) {
     const std::string name = m_store.folder().file("declarations");
     test::writeFile(name, content);

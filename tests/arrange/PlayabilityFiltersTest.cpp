@@ -1,8 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "arrange/hands/QBApplyRightHands.h"
 #include "arrange/hands/QBLeftHandExtractor.h"
 #include "arrange/hands/QBLeftHandExtractorPello.h"
@@ -13,14 +9,14 @@
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
 using Chords = std::initializer_list<const char*>;
 
-class PlayabilityFiltersTest : public testing::Test {
- protected:
+struct PlayabilityFiltersTest : testing::Test {
   /// A song whose chords last 4, its tones 1, 2, 3 ... times as loud.
   QBSong* songOf(Chords chords) {
     QBSong* song = m_album->createSong("Song");

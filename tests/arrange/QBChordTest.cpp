@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBChord.h"
 
-#include <gtest/gtest.h>
-
 #include "analysis/spectrum/QBFFTGuitar.h"
 #include "arrange/groups/QBToneGroupBuilder.h"
 #include "arrange/hands/PatternOfChord.h"
-#include "model/book/QBHarmony.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/songs/QBBlock.h"
-#include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class QBChordTest : public testing::Test {
- protected:
+struct QBChordTest : testing::Test {
   QBChord* chord(std::string_view frets) { return test::addChord(m_song, frets); }
 
   test::StandardStore m_store;

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBHold.h"
 
-#include <gtest/gtest.h>
-
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class QBHoldTest : public testing::Test {
- protected:
+struct QBHoldTest : testing::Test {
   QBHold& hold(std::string_view frets) { return *test::addChord(m_song, frets)->hold(); }
 
   test::StandardStore m_store;

@@ -1,10 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "arrange/chords/QBApplyMetric.h"
 #include "arrange/groups/QBFromGroupRemover.h"
 #include "arrange/groups/QBGroupRemover.h"
@@ -16,8 +10,8 @@
 #include "arrange/voices/QBExtractMelody.h"
 #include "arrange/voices/QBRemoveSilent.h"
 #include "arrange/voices/QBUnderAmpRemover.h"
-#include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "tab/filters/QBExtractVoicings.h"
 
 namespace korvel {
@@ -68,8 +62,7 @@ const std::vector<Case> kCases = {
     {"third line with nothing below", by<QBPlectrumExtractor>(2), "xx221x", "xx221x"},
 };
 
-class VoiceFiltersTest : public testing::Test {
- protected:
+struct VoiceFiltersTest : testing::Test {
   QBSong* songOf(const Case& test) {
     QBSong* song = m_store.song(test.name);
     const QBChord* chord = test::addChord(song, test.before);

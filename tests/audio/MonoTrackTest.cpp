@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "audio/MonoTrack.h"
 
-#include <gtest/gtest.h>
-
 #include "support/FfmpegTool.h"
 #include "support/RecordingViews.h"
 #include "support/ScratchStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -19,8 +18,7 @@ std::size_t drain(MonoTrack& track) {
   return count;
 }
 
-class MonoTrackTest : public testing::Test {
- protected:
+struct MonoTrackTest : testing::Test {
   std::string file(const std::string& name) const { return m_store.folder().file(name); }
 
   test::ScratchStore m_store;

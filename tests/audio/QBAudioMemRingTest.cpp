@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "audio/QBAudioMemRing.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <vector>
-
 #include "model/songs/QBBlock.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -129,8 +125,7 @@ TEST(QBAudioMemRing, staysInsideWhateverTheDelayAndTheSizes) {
   }
 }
 
-class LockedRing : public QBAudioMemRing {
- public:
+struct LockedRing : QBAudioMemRing {
   bool Ptry() override { return false; }
 };
 

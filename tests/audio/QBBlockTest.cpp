@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBBlock.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "model/songs/QBSample.h"
 #include "model/store/QBTabMgr.h"
 #include "support/ScratchStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
 using Values = std::vector<std::int16_t>;
 
-class QBBlockTest : public testing::Test {
- protected:
+struct QBBlockTest : testing::Test {
   QBBlock* block(std::initializer_list<int> bytes = {}) {
     QBBlock* made = QBTabMgr::db().createBlock(nullptr);
     platform::Bytes data;

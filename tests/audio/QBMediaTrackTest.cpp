@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "audio/QBMediaTrack.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "support/FfmpegTool.h"
 #include "support/RecordingViews.h"
 #include "support/ScratchStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-class QBMediaTrackTest : public testing::Test {
- protected:
+struct QBMediaTrackTest : testing::Test {
   std::string file(const std::string& name) const { return m_store.folder().file(name); }
 
   /// A WAV file with that many bytes of sound.

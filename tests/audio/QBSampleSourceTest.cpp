@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "audio/QBSampleSource.h"
 
-#include <gtest/gtest.h>
-
 #include <latch>
-#include <thread>
 
 #include "audio/QBTimeMgr.h"
 #include "recording/QBWaveInFile.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -54,8 +52,7 @@ TEST(QBSampleSource, takesOnlyFullBuffers) {
   EXPECT_EQ(source.readBuffer(), nullptr);
 }
 
-class HeldSource : public QBSampleSource {
- public:
+struct HeldSource : QBSampleSource {
   using QBSampleSource::m_lock;
 };
 

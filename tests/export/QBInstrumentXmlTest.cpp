@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
 #include "analysis/instrument/QBMusicXMLParser.h"
 #include "export/xml/InstrumentXml.h"
 #include "export/xml/QBMusicXMLTag.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -29,8 +28,7 @@ TEST(QBMusicXMLTag, isWrittenWithAttributesRawMarkupAndChildrenInOrder) {
   EXPECT_EQ(textOf(note), "<note id=\"1\"x><chord/><rest/><voice>1 2<dot/></voice></note>");
 }
 
-class QBInstrumentXmlTest : public testing::Test {
- protected:
+struct QBInstrumentXmlTest : testing::Test {
   QBInstrumentXmlTest() {
     m_guitar =
         QBTabMgr::db().createInstrument(m_store.standard(), "Old Guitar", true, true, 0.7F, 1);

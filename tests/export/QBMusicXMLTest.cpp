@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/xml/QBMusicXML.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "export/xml/QBSongToXML.h"
 #include "export/xml/SongXml.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -51,8 +48,7 @@ TEST(QBMusicXML, hasNoHalfNotesAndFollowsTheSelectedTuning) {
   EXPECT_EQ(QBMusicXML::computeOctave(0, 9), 2);
 }
 
-class QBSongToXMLTest : public testing::Test {
- protected:
+struct QBSongToXMLTest : testing::Test {
   QBSong* songOf(int chords) {
     QBSong* song = m_store.song("Long");
     for (int i = 0; i < chords; ++i) test::addChord(song, i % 2 ? "x02210" : "3xxxxx", 1 + i % 3);

@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/score/ScoreWriter.h"
 
-#include <gtest/gtest.h>
-
-#include <random>
-
 #include "export/score/NoteValues.h"
 #include "export/score/SongScore.h"
 #include "export/score/Spelling.h"
-#include "model/book/QBHarmony.h"
-#include "model/songs/QBMeasure.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -91,8 +86,7 @@ TEST(Spelling, followsTheHarmony) {
   EXPECT_EQ(spelled(51), (SpelledNote{'E', -1, 3}));
 }
 
-class SongScoreTest : public testing::Test {
- protected:
+struct SongScoreTest : testing::Test {
   static Score score(QBSong* song, const std::optional<Meter>& meter = std::nullopt) {
     return scoreOf(*song, meter);
   }

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "matrix/QBMatrix.h"
 
-#include <gtest/gtest.h>
-
 #include <initializer_list>
-#include <stdexcept>
 
 #include "matrix/QBFloatMatrix.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

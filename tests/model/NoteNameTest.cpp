@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "music/NoteName.h"
 
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

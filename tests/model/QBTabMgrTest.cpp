@@ -1,25 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/store/QBTabMgr.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
-#include "model/book/QBHarmony.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBSpectrum.h"
 #include "model/instruments/QBString.h"
 #include "model/songs/QBBlock.h"
-#include "model/songs/QBMeasure.h"
 #include "model/store/QBSettings.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class QBTabMgrTest : public testing::Test {
- protected:
+struct QBTabMgrTest : testing::Test {
   static QBTabMgr& db() { return QBTabMgr::db(); }
   static std::size_t count(std::string_view entity) { return db().context().fetch(entity).size(); }
   static void reopen() {

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/instruments/QBTuning.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "model/instruments/QBString.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class QBTuningTest : public testing::Test {
- protected:
+struct QBTuningTest : testing::Test {
   test::StandardStore m_store;
   QBTuning& m_standard = *m_store.standard();
 };

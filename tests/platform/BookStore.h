@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "platform/persistence/ManagedContext.h"
 #include "platform/sqlite/StoreFile.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel::platform::test {
 

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sound/BufferQueue.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <numeric>
-
 #include "platform/sound/AudioSystem.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {

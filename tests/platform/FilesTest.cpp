@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files/Files.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
-
-#include <iterator>
 
 #include "platform/files/FileError.h"
 #include "platform/files/Resources.h"
 #include "platform/text/Utf8.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {

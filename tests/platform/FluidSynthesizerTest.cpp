@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/midi/FluidSynthesizer.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
 #include <complex>
-#include <vector>
 
 #include "platform/midi/SoundFonts.h"
 #include "platform/numerics/FourierTransform.h"
 #include "support/Guitar.h"
 #include "support/ScratchFolder.h"
 #include "support/SoundFont.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {
@@ -100,8 +96,7 @@ TEST(FluidSynthesizer, silenceIsExactAndTheNextNoteStartsAtOnce) {
 
 // ---- sound fonts
 
-class SoundFontsTest : public testing::Test {
- protected:
+struct SoundFontsTest : testing::Test {
   /// A font of that name with the guitar, and nothing else, in it.
   static void put(const std::filesystem::path& file, int program = kGuitar) {
     const auto number = [](std::size_t value) {
@@ -137,19 +132,14 @@ class SoundFontsTest : public testing::Test {
 TEST_F(SoundFontsTest, areLookedForInOrder) {
   EXPECT_NE(found().find("apt install timgm6mb-soundfont"), std::string::npos) << found();
   put(data("usr/sounds/sf2/drums.sf2"), 0);
-  put(data("usr/soundfonts/z.SF2"));
-  EXPECT_EQ(found(), data("usr/soundfonts/z.SF2")) << "drums play no guitar";
-  put(data("local/sounds/sf3/y.sf3"));
-  EXPECT_EQ(found(), data("local/sounds/sf3/y.sf3"));
-  put(data("usr/sounds/sf3/default-GM.sf3"));
-  EXPECT_EQ(found(), data("usr/sounds/sf3/default-GM.sf3"));
-  put(data("usr/sounds/sf2/default-GM.sf2"));
-  EXPECT_EQ(found(), data("usr/sounds/sf2/default-GM.sf2"));
-  put(data("home/sounds/sf3/b.sf3"));
-  put(data("home/sounds/sf3/a.sf3"));
-  EXPECT_EQ(found(), data("home/sounds/sf3/a.sf3"));
-  put(data("home/soundfonts/c.sf2"));
-  EXPECT_EQ(found(), data("home/soundfonts/c.sf2"));
+  // Drums play no guitar; each next one is better.
+  for (const char* place :
+       {"usr/soundfonts/z.SF2", "local/sounds/sf3/y.sf3", "usr/sounds/sf3/default-GM.sf3",
+        "usr/sounds/sf2/default-GM.sf2", "home/sounds/sf3/b.sf3", "home/sounds/sf3/a.sf3",
+        "home/soundfonts/c.sf2"}) {
+    put(data(place));
+    EXPECT_EQ(found(), data(place));
+  }
   put(data("mine.sf2"), 0);
   EXPECT_EQ(found(data("mine.sf2")), data("mine.sf2")) << "the user's choice is not questioned";
 }

@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/persistence/ManagedContext.h"
 
-#include <gtest/gtest.h>
-
-#include <random>
-#include <set>
-
 #include "platform/BookStore.h"
 #include "platform/sqlite/StoreError.h"
 

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/media/MediaReader.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
-
-#include <filesystem>
-#include <string>
 
 #include "platform/media/MediaError.h"
 #include "support/FfmpegTool.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {

@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/media/MonoReader.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <numbers>
-#include <string>
-#include <vector>
-
 #include "platform/media/MediaError.h"
 #include "support/FfmpegTool.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {

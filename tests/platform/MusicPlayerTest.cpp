@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/midi/MusicPlayer.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <atomic>
-#include <thread>
-
 #include "support/HandAudio.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {
@@ -30,8 +25,7 @@ class Adder final : public Synthesizer {
   int m_sum = 0, m_program = 0;
 };
 
-class MusicPlayerTest : public testing::Test {
- protected:
+struct MusicPlayerTest : testing::Test {
   MusicPlayerTest() { m_player.setSequence(m_sequence); }
 
   void add(int start, int frames, std::uint8_t note) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/loop/NotificationCenter.h"
 
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {

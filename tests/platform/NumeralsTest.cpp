@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text/Numerals.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/loop/PlainRunLoop.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-#include <stdexcept>
-#include <string>
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {
@@ -14,8 +9,7 @@ namespace {
 using std::chrono::milliseconds;
 
 /// A loop whose time passes by sleeping and by pass() only.
-class PlainRunLoopTest : public testing::Test {
- protected:
+struct PlainRunLoopTest : testing::Test {
   void pass(int ms) { m_now += milliseconds(ms); }
   long now() const { return (m_now - PlainRunLoop::Time()) / milliseconds(1); }
   auto after(int ms) {

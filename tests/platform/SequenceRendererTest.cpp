@@ -1,16 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/midi/SequenceRenderer.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <limits>
-#include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "platform/midi/MusicSequence.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {
@@ -50,8 +42,7 @@ class Witness final : public Synthesizer {
   int m_held = 0;
 };
 
-class SequenceRendererTest : public testing::Test {
- protected:
+struct SequenceRendererTest : testing::Test {
   /// In frames at rate 1.
   void add(double start, double frames, std::uint8_t note) {
     const auto beats = static_cast<float>(frames / Synthesizer::kSampleRate);

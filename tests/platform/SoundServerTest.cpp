@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sound/SoundServer.h"
 
-#include <gtest/gtest.h>
-
-#include <atomic>
-#include <cstring>
-#include <optional>
-
+#include "support/Testing.h"
 #include "support/VirtualSoundCard.h"
 
 namespace korvel::platform {
@@ -107,8 +102,7 @@ class Player {
   std::unique_ptr<AudioQueue> m_queue;
 };
 
-class SoundServerTest : public testing::Test {
- protected:
+struct SoundServerTest : testing::Test {
   void SetUp() override {
     if (!test::VirtualSoundCard::isInstalled()) GTEST_SKIP() << "left out: no pulseaudio here";
     m_card.emplace();
@@ -199,17 +193,6 @@ TEST_F(SoundServerTest, queuesEndWithTheirServer) {
   EXPECT_EQ(tape[0], frame(0));
   player.queue().stop();
   EXPECT_TRUE(eventually([&] { return tape.changes() == 2 && player.changes() == 2; }));
-}
-
-TEST(NoSoundServer, isSaidInOneLine) {
-  const test::NoSoundServer silence;
-  const std::string expected =
-      "no sound server can be reached and there is no sound card; start PipeWire, PulseAudio or "
-      "JACK, or plug a device in";
-  SoundServer sound;
-  EXPECT_EQ(errorOf([&] { sound.inputs(); }), expected);
-  EXPECT_EQ(errorOf([&] { sound.outputs(); }), expected);
-  EXPECT_EQ(errorOf([&] { sound.newOutput("", kLiveSound, [](auto&) {}); }), expected);
 }
 
 }  // namespace

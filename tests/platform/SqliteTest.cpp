@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sqlite/Sqlite.h"
 
-#include <gtest/gtest.h>
-
-#include <utility>
-
 #include "platform/sqlite/StoreError.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/persistence/UndoManager.h"
 
-#include <optional>
-#include <random>
-#include <stdexcept>
-
 #include "platform/BookStore.h"
 #include "support/StoreContents.h"
 
@@ -15,9 +11,12 @@ using test::Book;
 using test::Cover;
 using test::Page;
 
-class UndoManagerTest : public test::BookStoreTest {
- protected:
+struct UndoManagerTest : test::BookStoreTest {
   UndoManager& undo() { return m_context->undoManager(); }
+  void act(const std::string& name, const std::function<void()>& work) {
+    const UndoGroup group(undo(), name);
+    work();
+  }
   /// Hundreds of saves, none of which has to survive a power cut.
   void quicken() {
     m_context->store().execute("PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
@@ -113,14 +112,13 @@ TEST_F(UndoManagerTest, anyActionsAreTakenBackAndDoneAgainWhateverWasSaved) {
     std::vector<std::string> told{this->told()};
     std::vector<std::optional<std::string>> saved{this->saved()};
     for (int action = 0; action < 10; ++action) {
-      {
-        const UndoGroup group(undo(), std::to_string(action));
+      act(std::to_string(action), [&] {
         m_context->insert("Cover");
         for (int i = 0; i < 12; ++i) {
           other.act();
           if (other.oneIn(20)) m_context->save();
         }
-      }
+      });
       told.push_back(this->told());
       saved.emplace_back();
       if (other.oneIn(2)) saved.back() = this->saved();
@@ -155,10 +153,7 @@ TEST_F(UndoManagerTest, savedDeletionComesBackAsTheSameObjectAndRow) {
   const Ref<Page> page = this->page(7, owner);
   owner->setMark(page);
   const std::string before = saved();
-  {
-    const UndoGroup group(undo(), "Delete Page");
-    m_context->remove(*page);
-  }
+  act("Delete Page", [&] { m_context->remove(*page); });
   EXPECT_NE(saved(), before);
   undo().undo();
   EXPECT_FALSE(page->isDeleted());
@@ -183,7 +178,7 @@ TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
   }
   EXPECT_TRUE(undo().undo());
   EXPECT_EQ(changed->title(), "b");
-  { const UndoGroup empty(undo(), "Empty"); }
+  act("Empty", [] {});
   EXPECT_EQ(undo().redoActionName(), "Whole");
   {
     UndoGroup failed(undo(), "Failed");
@@ -193,10 +188,7 @@ TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
   EXPECT_TRUE(undo().redo()) << "nothing was done";
   EXPECT_EQ(told(), "d//-:\n");
   undo().undo();
-  {
-    const UndoGroup next(undo(), "Next");
-    changed->setTitle("e");
-  }
+  act("Next", [&] { changed->setTitle("e"); });
   EXPECT_FALSE(undo().canRedo());
   {
     UndoGroup failed(undo(), "Failed");
@@ -219,13 +211,12 @@ TEST_F(UndoManagerTest, anyActionsBesideOneInStepsAreTakenBackAndDoneAgain) {
     quicken();
     Vandal vandal(*m_context, seed);
     for (int i = 0; i < 10; ++i) vandal.act();
-    const auto act = [&](const std::string& name) {
-      const UndoGroup group(undo(), name);
+    const auto vandalise = [&] {
       m_context->insert("Cover");
       vandal.act();
     };
     const std::string before = told();
-    act("Before");
+    act("Before", vandalise);
     auto job = std::make_shared<UndoGroup>(undo(), "Job");
     const Ref<Book> filled = book("filled");
     job->suspend();
@@ -238,12 +229,12 @@ TEST_F(UndoManagerTest, anyActionsBesideOneInStepsAreTakenBackAndDoneAgain) {
       } else if (vandal.oneIn(2)) {
         undo().redo();
       } else {
-        act(std::to_string(step));
+        act(std::to_string(step), vandalise);
       }
       if (vandal.oneIn(10)) m_context->save();
     }
     job.reset();
-    act("After");
+    act("After", vandalise);
     std::vector<std::string> levels{told()};
     while (undo().undo()) levels.push_back(told());
     EXPECT_EQ(levels.back(), before);
@@ -256,10 +247,6 @@ TEST_F(UndoManagerTest, anyActionsBesideOneInStepsAreTakenBackAndDoneAgain) {
 
 TEST_F(UndoManagerTest, actionUnderWayIsPassedOverUnlessItUsesWhatWouldGo) {
   Book* owner = book("b");
-  const auto act = [&](const char* name, const auto& work) {
-    const UndoGroup group(undo(), name);
-    work();
-  };
   act("Rename", [&] { owner->setTitle("c"); });
   auto steps = std::make_unique<UndoGroup>(undo(), "Steps");
   Ref<Page> made = page(1, owner);
@@ -295,31 +282,6 @@ TEST_F(UndoManagerTest, actionUnderWayIsPassedOverUnlessItUsesWhatWouldGo) {
   EXPECT_EQ(undo().undoActionName(), "Move") << "what is left of them, not what went with the page";
   EXPECT_TRUE(undo().undo());
   EXPECT_EQ(undo().undoActionName(), "New Book");
-}
-
-TEST_F(UndoManagerTest, steppedActionLetsOthersBeUndoneAndComesBeforeThem) {
-  Book* owner = book("b");
-  auto steps = std::make_unique<UndoGroup>(undo(), "Steps");
-  page(1, owner);
-  steps->suspend();
-  EXPECT_FALSE(undo().canUndo()) << "it goes on";
-  {
-    const UndoGroup between(undo(), "Between");
-    owner->setTitle("c");
-  }
-  steps->resume();
-  page(2, owner);
-  steps->suspend();
-  EXPECT_EQ(undo().undoActionName(), "Between");
-  undo().undo();
-  EXPECT_EQ(told(), "b//-: 1 2\n1 1 1 -\n2 2 1 -\n");
-  undo().redo();
-  steps->resume();
-  steps.reset();
-  undo().undo();
-  EXPECT_EQ(undo().undoActionName(), "Steps");
-  undo().undo();
-  EXPECT_EQ(told(), "b//-:\n");
   auto orphan = std::make_unique<UndoGroup>(undo(), "Cut off");
   reopen();
   orphan.reset();

@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/media/WaveFileWriter.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <numeric>
-#include <vector>
-
 #include "platform/files/FileError.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {

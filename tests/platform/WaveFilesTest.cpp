@@ -1,14 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sound/WaveFiles.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <cmath>
-#include <cstring>
-#include <numbers>
 #include <semaphore>
-#include <vector>
 
 #include "platform/files/FileError.h"
 #include "platform/media/WaveFileReader.h"
@@ -16,6 +9,7 @@
 #include "support/FileSizeLimit.h"
 #include "support/Guitar.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel::platform {
 namespace {
@@ -45,8 +39,7 @@ Samples readAll(const std::string& file) {
   return all;
 }
 
-class WaveFilesTest : public testing::Test {
- protected:
+struct WaveFilesTest : testing::Test {
   /// Until the queue says for the second time that it has begun or ended to run.
   void awaitEnd(AudioQueue& queue) {
     queue.onRunningChanged([this] { m_changes.release(); });

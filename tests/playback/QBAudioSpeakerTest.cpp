@@ -1,66 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/QBAudioSpeaker.h"
 
-#include <gtest/gtest.h>
-
 #include "audio/QBSampleBlock.h"
 #include "platform/loop/NotificationCenter.h"
-#include "platform/sound/AudioSystem.h"
-#include "platform/sound/BufferQueue.h"
+#include "support/HandAudio.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-using platform::AudioError;
-using platform::AudioQueue;
-using platform::AudioTimeStamp;
 using platform::NotificationCenter;
-using platform::QueueBuffer;
-using platform::StreamDescription;
 
-/// An output that plays as much as the test takes from it.
-struct Output final : platform::BufferQueue {
-  using BufferQueue::BufferQueue;
-  using BufferQueue::lose;
+struct QBAudioSpeakerTest : testing::Test {
+  QBAudioSpeakerTest() { platform::AudioSystem::install(&m_audio); }
+  ~QBAudioSpeakerTest() override { platform::AudioSystem::install(nullptr); }
 
-  ~Output() override { end(); }
-  void start() override { begin(); }
-  void stop() override { end(); }
-  AudioTimeStamp currentTime() const override { return {}; }
-  void enqueue(QueueBuffer& buffer) override {
-    ++enqueued;
-    BufferQueue::enqueue(buffer);
-  }
-  void takeBuffers(std::size_t count) {
-    std::vector<std::byte> chunk(count * 32768);
-    play(chunk);
-  }
-
-  int enqueued = 0;
-};
-
-struct OneOutput final : platform::AudioSystem {
-  OneOutput() { install(this); }
-  ~OneOutput() override { install(nullptr); }
-  std::vector<std::string> inputs() override { return {}; }
-  std::vector<std::string> outputs() override { return {kSystemDefault}; }
-  std::unique_ptr<AudioQueue> newInput(const std::string&, const StreamDescription&,
-                                       AudioQueue::InputCallback) override {
-    throw AudioError("there is no input");
-  }
-  std::unique_ptr<AudioQueue> newOutput(const std::string&, const StreamDescription& description,
-                                        AudioQueue::OutputCallback callback) override {
-    auto made = std::make_unique<Output>(description, std::move(callback));
-    output = made.get();
-    return made;
-  }
-
-  Output* output = nullptr;
-};
-
-class QBAudioSpeakerTest : public testing::Test {
- protected:
-  OneOutput m_system;
+  test::HandAudio m_audio;
   int m_stopped = 0;
   std::unique_ptr<NotificationCenter::Observer> m_observer =
       NotificationCenter::defaultCenter().observe("playbackQueueStopped", [this] { ++m_stopped; });
@@ -69,12 +24,11 @@ class QBAudioSpeakerTest : public testing::Test {
 
 TEST_F(QBAudioSpeakerTest, itsThreeBuffersGoRoundUntilItStops) {
   m_speaker.start();
-  Output& output = *m_system.output;
-  EXPECT_EQ(output.description(), platform::kLiveSound);
+  EXPECT_EQ(m_speaker.Queue()->description(), platform::kLiveSound);
   EXPECT_TRUE(m_speaker.IsRunning() && m_speaker.IsInitialized());
-  EXPECT_EQ(output.enqueued, 3);
-  output.takeBuffers(5);
-  EXPECT_EQ(output.enqueued, 8);
+  EXPECT_EQ(m_audio.enqueued(), 3);
+  m_audio.play(5 * 8192);
+  EXPECT_EQ(m_audio.enqueued(), 8);
   EXPECT_EQ(m_stopped, 0);
   EXPECT_EQ(m_speaker.stop(), QBAudioSpeaker::kStopped);
   EXPECT_FALSE(m_speaker.IsRunning());
@@ -89,13 +43,13 @@ TEST_F(QBAudioSpeakerTest, startedAgainItEnqueuesNothing) {
   m_speaker.start();
   m_speaker.stop();
   m_speaker.start();
-  EXPECT_EQ(m_system.output->enqueued, 0);
+  EXPECT_EQ(m_audio.enqueued(), 3) << "as often as at first";
   EXPECT_TRUE(m_speaker.IsRunning());
 }
 
 TEST_F(QBAudioSpeakerTest, aLostDeviceIsTold) {
   m_speaker.start();
-  m_system.output->lose();
+  m_audio.lose();
   EXPECT_FALSE(m_speaker.IsRunning());
   EXPECT_TRUE(m_speaker.Queue()->isLost());
   EXPECT_EQ(m_stopped, 1);

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/Blocks.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <string>
+#include "support/Testing.h"
 
 namespace korvel::precise {
 namespace {

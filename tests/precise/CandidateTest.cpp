@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/judging/Candidate.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
-
 #include "precise/judging/Company.h"
 #include "precise/judging/OnsetIndex.h"
+#include "support/Testing.h"
 
 namespace korvel::precise {
 namespace {

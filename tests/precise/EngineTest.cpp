@@ -1,18 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/Engine.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
-#include <numbers>
-#include <random>
-#include <set>
-#include <vector>
-
 #include "precise/judging/Observer.h"
 #include "support/Guitar.h"
+#include "support/Testing.h"
 
 namespace korvel::precise {
 namespace {
@@ -74,20 +65,6 @@ TEST(PreciseEngine, hearsSingleNotesWhereTheyAre) {
   }
 }
 
-TEST(PreciseEngine, hearsChordsAndWhatIsStruckAgain) {
-  const std::vector<int> c = test::notesOf("x32010");
-  const std::vector<int> d = test::notesOf("xx0232");
-  const Analysis analysis = listen(strummed({{c, 1}, {d, 1}, {{64}, 0.5}, {{64}, 0.5}}));
-  std::multiset<int> expected(c.begin(), c.end());
-  expected.insert(d.begin(), d.end());
-  expected.insert({64, 64});
-  EXPECT_EQ(pitches(analysis), expected);
-  const auto again = std::ranges::count_if(analysis.notes, [](const Note& note) {
-    return note.pitch == 64 && std::abs(note.onset - 3) < 0.05;
-  });
-  EXPECT_EQ(again, 1);
-}
-
 TEST(PreciseEngine, followsTheTuningOfTheRecording) {
   Sound sound = strummed({{{45}, 1}, {{57}, 1}, {{64}, 1}});
   // Reading the samples 2 % faster raises the pitch by 34 cents.
@@ -143,8 +120,7 @@ TEST(PreciseEngine, answersTheSameForAnySlices) {
 }
 
 /// Counts what the formulas decide on, and what they make of the re-attacks.
-class Counts final : public Observer {
- public:
+struct Counts final : Observer {
   void tracked(std::span<const Candidate> candidates) override { all = candidates.size(); }
   void reattack(const Candidate&, const Features<ReattackFeature>& known) override {
     ++(logistic(reattackTerms(), known) > 0.5 ? struckAgain : joined);

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/seeing/FrontEnd.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <numbers>
-#include <vector>
+#include "precise/seeing/Flux.h"
+#include "precise/seeing/Tuning.h"
+#include "support/Testing.h"
 
 namespace korvel::precise {
 namespace {
@@ -61,6 +58,44 @@ TEST(FrontEnd, seesHighPitchesStartLaterThanLowOnes) {
   EXPECT_GT(levelBefore(8, 5), 1e-3);
   EXPECT_LT(levelBefore(45, 5), 1e-5);
   EXPECT_GT(levelBefore(45, 2), 1e-3);
+}
+
+TEST(Tuning, isFoundWithinTwoCents) {
+  for (const double cents : {-45.0, -20.0, 0.0, 20.0, 45.0}) {
+    std::vector<float> sound(static_cast<std::size_t>(kRate));
+    for (const double midi : {52.0, 59.0, 64.0})
+      for (std::size_t i = 0; i < sound.size(); ++i)
+        sound[i] +=
+            static_cast<float>(std::sin(2 * std::numbers::pi * hertzOfNote(midi + cents / 100) *
+                                        static_cast<double>(i) / kRate));
+    SampleStore samples;
+    samples.append(sound);
+    Tuning tuning;
+    for (std::size_t i = 0; i < Tuning::windows(sound.size()); i += 2) tuning.look(samples, i);
+    EXPECT_NEAR(tuning.offset(), cents, 2);
+  }
+  EXPECT_EQ(Tuning().offset(), 0) << "nothing sounds";
+}
+
+TEST(Flux, risesWhereAPitchBeginsWhateverTheLevel) {
+  constexpr std::size_t kPitch = 20;
+  for (const float level : {1e-4F, 1.0F, 1e4F}) {
+    Flux flux(60);
+    for (int frame = 0; frame < 60; ++frame) {
+      OnsetRow magnitudes;
+      magnitudes.fill(0.01F * level);
+      // From here on the pitch rings, with its octave; a rise is seen in the next frame.
+      if (frame > 30) magnitudes[kPitch + 1] = magnitudes[kPitch + 13] = level;
+      flux.add(magnitudes);
+    }
+    flux.settle();
+    for (Frame frame = 4; frame < 62; ++frame) {
+      const bool begins = frame == 30 || frame == 31;
+      EXPECT_NEAR(flux.of(kPitch, frame), begins ? 0.9 + 0.9 * 0.9 : 0, 0.01) << frame;
+      EXPECT_NEAR(flux.strongest(frame), begins ? 0.9 : 0, 0.01) << frame;
+    }
+    EXPECT_NEAR(flux.of(kPitch + 5, 30), 0, 0.01);
+  }
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/seeing/HalfRate.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <numbers>
-#include <vector>
+#include "support/Testing.h"
 
 namespace korvel::precise {
 namespace {

@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/seeing/Levels.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <vector>
-
 #include "precise/judging/Quantile.h"
 #include "precise/seeing/Power.h"
+#include "support/Testing.h"
 
 namespace korvel::precise {
 namespace {

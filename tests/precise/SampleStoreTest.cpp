@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/seeing/SampleStore.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <numeric>
-#include <vector>
+#include "support/Testing.h"
 
 namespace korvel::precise {
 namespace {

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/PreciseRecorder.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "analysis/chords/PreciseAnalyser.h"
 #include "audio/KeptSound.h"
 #include "support/Guitar.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

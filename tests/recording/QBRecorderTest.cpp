@@ -1,26 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/QBRecorder.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-
 #include "analysis/chords/QBChordAnalyserGame.h"
 #include "audio/QBMediaTrack.h"
-#include "model/book/QBHarmony.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
 #include "recording/QBChordRecorder.h"
 #include "support/Guitar.h"
 #include "support/JumpingLoop.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
 /// A source that knows what was asked of it.
-class CountingSource final : public QBSampleSource {
- public:
+struct CountingSource final : QBSampleSource {
   void startRecord(float volume) override {
     QBSampleSource::startRecord(volume);
     ++starts;
@@ -31,8 +26,7 @@ class CountingSource final : public QBSampleSource {
   int stops = 0;
 };
 
-class QBRecorderTest : public testing::Test {
- protected:
+struct QBRecorderTest : testing::Test {
   QBRecorderTest() {
     QBTabMgr& db = QBTabMgr::db();
     m_guitar = db.createInstrument(m_store.standard(), "Guitar", true, true, 0.5F, 1);

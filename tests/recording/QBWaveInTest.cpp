@@ -1,30 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/QBWaveIn.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <thread>
-#include <utility>
-
 #include "analysis/chords/QBChordAnalyserStandard.h"
 #include "platform/sound/WaveFiles.h"
-#include "recording/QBChordRecorder.h"
 #include "support/Guitar.h"
 #include "support/HandFedMicrophone.h"
-#include "support/StandardStore.h"
+#include "support/ScratchFolder.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class HeldWaveIn final : public QBWaveIn {
- public:
+struct HeldWaveIn final : QBWaveIn {
   using QBWaveIn::m_lock;
   using QBWaveIn::QBWaveIn;
 };
 
-class QBWaveInTest : public testing::Test {
- protected:
+struct QBWaveInTest : testing::Test {
   QBWaveInTest() { m_analyser.setM_source(m_wave); }
 
   int firstSample() const {
@@ -134,48 +126,6 @@ TEST(QBWaveIn, losesNothingButWhatItCountsWhenReadAllTheTime) {
   while (!wave->m_microphone().hasEnded()) wave->readBuffer();
   while (wave->readBuffer()) continue;
   EXPECT_EQ(read + wave->nmbOfDroppedBlocks(), 50);
-}
-
-TEST(QBWaveIn, givesTheChordsOfTheSameBlocksSteppedByHand) {
-  const test::StandardStore store;
-  QBInstrument* guitar =
-      QBTabMgr::db().createInstrument(store.standard(), "Guitar", true, true, 0.5F, 1);
-  QBAlbum* album = QBTabMgr::db().createAlbum("A", false);
-  const std::string file = store.folder().file("a.wav");
-  auto samples = test::play({{test::notesOf("x02210"), 1.0}, {test::notesOf("320003"), 1.0}});
-  test::writeWav(file, samples, 44100, 2);
-  samples.resize(samples.size() / QBBlock::kSamples * QBBlock::kSamples);
-
-  const auto pushed = std::make_shared<QBSampleSource>();
-  for (std::size_t i = 0; i < samples.size(); i += QBBlock::kSamples) {
-    std::vector<std::byte> bytes(QBBlock::kBytes);
-    std::memcpy(bytes.data(), samples.data() + i, bytes.size());
-    pushed->pushBuffer({.sampleTime = static_cast<double>(i / 2)},
-                       {.data = bytes, .dataByteSize = QBBlock::kBytes});
-  }
-  const std::size_t blocks = samples.size() / QBBlock::kSamples;
-  const auto analyser = std::make_shared<QBChordAnalyserStandard>(pushed, store.standard());
-  QBSong* byHand = album->createSong("by hand");
-  QBChordRecorder recorder(analyser, guitar, byHand, album);
-  recorder.startWithoutTimer("", 0);
-  for (std::size_t i = 0; i < blocks; ++i) recorder.nextStep();
-  recorder.stopWithoutTimer();
-
-  const InstalledFiles installed(file);
-  const auto live = std::make_shared<QBChordAnalyserStandard>(nullptr, store.standard());
-  const auto wave = std::make_shared<QBWaveIn>(live.get());
-  live->setM_source(wave);
-  QBSong* recorded = album->createSong("live");
-  QBChordRecorder liveRecorder(live, guitar, recorded, album);
-  liveRecorder.startWithoutTimer("", 0);
-  while (!wave->m_microphone().hasEnded()) std::this_thread::yield();
-  for (std::size_t i = 0; i < blocks; ++i) liveRecorder.nextStep();
-  liveRecorder.stopWithoutTimer();
-
-  EXPECT_EQ(wave->nmbOfDroppedBlocks(), 0);
-  EXPECT_GE(recorded->chords().size(), 5U);
-  EXPECT_EQ(test::fretsOf(*recorded), test::fretsOf(*byHand));
-  EXPECT_EQ(recorded->chords().at(4)->timestamp(), byHand->chords().at(4)->timestamp());
 }
 
 }  // namespace

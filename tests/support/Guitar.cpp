@@ -70,6 +70,18 @@ void writeWav(const std::string& file, const std::vector<std::int16_t>& samples,
   writeFile(file, wav);
 }
 
+std::vector<std::int16_t> stereo(const std::vector<std::int16_t>& samples) {
+  std::vector<std::int16_t> both;
+  for (const std::int16_t sample : samples) both.insert(both.end(), 2, sample);
+  return both;
+}
+
+std::vector<std::int16_t> separateNotes(const std::vector<int>& notes) {
+  std::vector<Strum> strums;
+  for (const int note : notes) strums.insert(strums.end(), {{{}, 0.5}, {{note}, 1.5}});
+  return play(strums);
+}
+
 std::vector<std::int16_t> fewChords() {
   return play({{notesOf("x02210"), 2.0}, {notesOf("x32010"), 2.0}, {notesOf("022100"), 2.0}});
 }

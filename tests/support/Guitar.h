@@ -22,6 +22,12 @@ std::vector<int> notesOf(const std::string& shape);
 void writeWav(const std::string& file, const std::vector<std::int16_t>& samples, int rate = 44100,
               int channels = 1);
 
+/// The same on both channels.
+std::vector<std::int16_t> stereo(const std::vector<std::int16_t>& samples);
+
+/// Notes of a second and a half, each after a silence of half a second.
+std::vector<std::int16_t> separateNotes(const std::vector<int>& notes);
+
 /// A few chords of two seconds each.
 std::vector<std::int16_t> fewChords();
 

@@ -16,6 +16,7 @@ struct HandAudio::State {
   mutable std::mutex mutex;
   Output* running = nullptr;
   std::vector<std::int16_t> heard;
+  int enqueued = 0;
 };
 
 class HandAudio::Output final : public platform::BufferQueue {
@@ -34,6 +35,10 @@ class HandAudio::Output final : public platform::BufferQueue {
     const std::scoped_lock lock(m_state->mutex);
     if (m_state->running == this) m_state->running = nullptr;
     end();
+  }
+  void enqueue(platform::QueueBuffer& buffer) override {
+    ++m_state->enqueued;
+    BufferQueue::enqueue(buffer);
   }
   platform::AudioTimeStamp currentTime() const override {
     return {static_cast<double>(frames()), now()};
@@ -77,6 +82,8 @@ void HandAudio::lose() {
   const std::scoped_lock lock(m_state->mutex);
   if (m_state->running) std::exchange(m_state->running, nullptr)->lose();
 }
+
+int HandAudio::enqueued() const { return m_state->enqueued; }
 
 std::vector<std::int16_t> HandAudio::heard() const {
   const std::scoped_lock lock(m_state->mutex);

@@ -33,6 +33,8 @@ class HandAudio final : public platform::AudioSystem {
   /// Pulls the plug.
   void lose();
   std::vector<std::int16_t> heard() const;
+  /// How often buffers were handed to its queues.
+  int enqueued() const;
 
  private:
   class Output;

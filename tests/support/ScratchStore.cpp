@@ -6,8 +6,8 @@
 
 namespace korvel::test {
 
-ScratchStore::ScratchStore() {
-  storeFile(m_path).create();
+ScratchStore::ScratchStore(Content content) {
+  if (content == Content::none) storeFile(m_path).create();
   QBTabMgr::clearDb();
   QBTabMgr::setStorePath(m_path);
 }

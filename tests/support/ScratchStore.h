@@ -7,10 +7,12 @@
 
 namespace korvel::test {
 
-/// A new, empty store in a folder of its own, which the shared manager works on meanwhile.
+/// A new store in a folder of its own, which the shared manager works on meanwhile: empty, or as a
+/// first start of the program fills it when it is first used.
 class ScratchStore {
  public:
-  ScratchStore();
+  enum class Content { none, ofFirstStart };
+  explicit ScratchStore(Content content = Content::none);
   ScratchStore(const ScratchStore&) = delete;
   ScratchStore& operator=(const ScratchStore&) = delete;
   ~ScratchStore();

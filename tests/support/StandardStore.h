@@ -5,11 +5,13 @@
 #include <string_view>
 
 // What tests with a store mostly handle.
+#include "model/book/QBHarmony.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
+#include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBTabMgr.h"

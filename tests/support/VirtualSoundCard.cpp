@@ -30,28 +30,14 @@ std::string joined(const std::vector<std::string>& words) {
 
 std::vector<std::string> daemon(const ScratchFolder& folder) {
   const std::string home = folder.path().string();
-  return {
-      // Nothing of the user's own desktop is touched, and the daemon ends with the test program.
-      "env",
-      "HOME=" + home,
-      "XDG_CONFIG_HOME=" + home,
-      "DBUS_SESSION_BUS_ADDRESS=none",
-      "setpriv",
-      "--pdeathsig",
-      "KILL",
-      "pulseaudio",
-      "-n",
-      "--daemonize=no",
-      "--use-pid-file=no",
-      "--exit-idle-time=-1",
-      "--disallow-exit=yes",
-      "--high-priority=no",
-      "--realtime=no",
-      "--disable-shm=yes",
-      "-L",
-      "module-native-protocol-unix auth-anonymous=1 socket=" + folder.file("socket"),
-      "-L",
-      joined(nullSink("card", "Card"))};
+  // Nothing of the user's own desktop is touched, and the daemon ends with the test program.
+  return {"/bin/sh", "-c",
+          R"(exec env HOME="$0" XDG_CONFIG_HOME="$0" DBUS_SESSION_BUS_ADDRESS=none \
+             setpriv --pdeathsig KILL pulseaudio -n --daemonize=no --use-pid-file=no \
+             --exit-idle-time=-1 --disallow-exit=yes --high-priority=no --realtime=no \
+             --disable-shm=yes -L "module-native-protocol-unix auth-anonymous=1 socket=$0/socket" \
+             -L "$1")",
+          home, joined(nullSink("card", "Card"))};
 }
 
 Outcome control(std::vector<std::string> words) {

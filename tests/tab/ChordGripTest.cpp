@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/layout/ChordGrip.h"
 
-#include <gtest/gtest.h>
-
 #include "model/book/QBLeftHandPattern.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

@@ -1,21 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/text/QBTabBuilder.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
-#include "model/book/QBHarmony.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "tab/filters/BestFingering.h"
 
 namespace korvel {
 namespace {
 
-class QBTabBuilderTest : public testing::Test {
- protected:
+struct QBTabBuilderTest : testing::Test {
   QBTabBuilder builderOf(const char* frets) {
     return QBTabBuilder(test::addChord(m_song, frets), m_guitar, 0, 0);
   }

@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/filters/QBTabFilter.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -18,8 +13,7 @@ struct Played {
   int duration = 1;
 };
 
-class QBTabFilterTest : public testing::Test {
- protected:
+struct QBTabFilterTest : testing::Test {
   QBSong* play(const std::vector<Played>& chords) {
     QBSong* song = m_store.song("song");
     for (const Played& played : chords) {

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/text/QBTabMatrix.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/filters/QBTabToneTrimmer.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-#include "model/book/QBHarmony.h"
 #include "model/store/QBSettings.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class QBTabToneTrimmerTest : public testing::Test {
- protected:
+struct QBTabToneTrimmerTest : testing::Test {
   QBTabToneTrimmerTest() {
     m_db.selectedSettings()->setWorkDir(m_store.folder().file("work") + "/");
     QBHarmony* minor = m_db.createHarmony("m", 3);

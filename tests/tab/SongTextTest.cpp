@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
 #include <regex>
-#include <string>
-#include <vector>
 
-#include "model/songs/QBMeasure.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "tab/text/ChordText.h"
 #include "tab/text/NoteGlyphs.h"
 #include "tab/text/QBTabMatrix.h"
@@ -74,8 +70,7 @@ std::string unmarked(const std::string& text) {
                             "\n");
 }
 
-class SongTextTest : public testing::Test {
- protected:
+struct SongTextTest : testing::Test {
   test::StandardStore m_store;
   QBSong* m_song =
       m_store.song("A long title, cut by characters: \u00C4\u00D6\u00DC \u4E8C\u80E1 " +

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/layout/TabLayout.h"
 
-#include <gtest/gtest.h>
-
-#include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "tab/layout/ChordSearch.h"
 #include "tab/layout/PlayPosition.h"
 #include "tab/layout/TabPages.h"
@@ -16,8 +14,7 @@ namespace {
 
 constexpr const char* kFrets[] = {"x32010", "xxxxxx", "022000", "xx0a32", "x0221x"};
 
-class TabLayoutTest : public testing::Test {
- protected:
+struct TabLayoutTest : testing::Test {
   /// Every second chord named, every fifth silent.
   void addChords(int count) {
     for (int i = 0; i < count; ++i) {

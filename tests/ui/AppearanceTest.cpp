@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/desktop/Appearance.h"
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QPushButton>
 #include <QStyle>
 #include <QTest>
 
+#include "support/Testing.h"
 #include "ui/desktop/FocusRing.h"
 #include "ui/views/Shades.h"
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/CalibrationDialog.h"
 
-#include <gtest/gtest.h>
-
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -14,14 +12,14 @@
 #include "support/Guitar.h"
 #include "support/HandFedMicrophone.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "ui/desktop/QtRunLoop.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
 namespace {
 
-class CalibrationDialogTest : public testing::Test {
- protected:
+struct CalibrationDialogTest : testing::Test {
   CalibrationDialogTest() {
     ::setenv("XDG_DATA_HOME", m_store.folder().path().c_str(), 1);
     QSettings().clear();
@@ -35,11 +33,10 @@ class CalibrationDialogTest : public testing::Test {
   }
 
   static std::vector<std::int16_t> notes(std::size_t count) {
-    std::vector<test::Strum> strums;
-    const auto wanted = notesToCalibrate();
-    for (std::size_t i = 0; i < count; ++i)
-      strums.insert(strums.end(), {{{}, 0.5}, {{wanted[i].midi}, 1.5}});
-    return test::play(strums);
+    std::vector<int> notes;
+    for (const CalibrationNote& note : notesToCalibrate()) notes.push_back(note.midi);
+    notes.resize(count);
+    return test::separateNotes(notes);
   }
   static QPushButton* button(const CalibrationDialog& dialog, const QString& text) {
     for (auto* each : dialog.findChildren<QPushButton*>())
@@ -103,8 +100,7 @@ TEST_F(CalibrationDialogTest, hearsWhatIsRecordedAndSaysWhatIsMissing) {
   record->click();
   EXPECT_EQ(record->text().remove('&'), "Stop");
   EXPECT_FALSE(button(dialog, "Choose File ...")->isEnabled());
-  std::vector<std::int16_t> stereo;
-  for (const std::int16_t sample : notes(2)) stereo.insert(stereo.end(), 2, sample);
+  const auto stereo = test::stereo(notes(2));
   for (std::size_t begin = 0; begin + 16384 <= stereo.size(); begin += 16384) {
     ASSERT_TRUE(microphone.hear(std::span(stereo).subspan(begin, 16384)));
     QTest::qWait(1);

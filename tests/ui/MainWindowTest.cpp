@@ -1,25 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/window/MainWindow.h"
 
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
-#include <optional>
 
-#include "model/songs/QBAlbum.h"
-#include "model/songs/QBChord.h"
-#include "model/songs/QBHold.h"
-#include "model/songs/QBSong.h"
-#include "model/songs/QBTone.h"
-#include "model/store/QBTabMgr.h"
 #include "support/Guitar.h"
-#include "support/ScratchFolder.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/QtRunLoop.h"
 #include "ui/dialogs/AlertBox.h"
@@ -39,12 +30,9 @@ namespace korvel::ui {
 namespace {
 
 /// The window on a new store, with a recording beside it.
-class MainWindowTest : public testing::Test {
- protected:
+struct MainWindowTest : testing::Test {
   MainWindowTest() {
     QSettings().clear();
-    QBTabMgr::clearDb();
-    QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
     platform::RunLoop::install(&m_loop);
     test::writeWav(m_file, test::fewChords());
     open();
@@ -52,7 +40,6 @@ class MainWindowTest : public testing::Test {
   ~MainWindowTest() override {
     close();
     platform::RunLoop::install(nullptr);
-    QBTabMgr::clearDb();
   }
 
   void open() {
@@ -67,6 +54,7 @@ class MainWindowTest : public testing::Test {
   void import() {
     m_window->importFiles({QString::fromStdString(m_file)});
     ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }, 20000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return m_window->tablature().song() != nullptr; }));
   }
   QAction* action(const QString& text, QMenu* menu = nullptr) {
     const auto actions = menu ? menu->actions() : m_window->menuBar()->actions();
@@ -84,7 +72,8 @@ class MainWindowTest : public testing::Test {
     return text;
   }
 
-  const test::ScratchFolder m_folder;
+  const test::ScratchStore m_store{test::ScratchStore::Content::ofFirstStart};
+  const test::ScratchFolder& m_folder = m_store.folder();
   const std::string m_file = m_folder.file("Tune.wav");
   QtRunLoop m_loop{[](const std::exception& error) { FAIL() << error.what(); }};
   AlertBox m_alert;
@@ -95,7 +84,6 @@ TEST_F(MainWindowTest, droppedRecordingIsShownArrangedAndFoundAgain) {
   EXPECT_EQ(m_window->windowTitle(), "Workbench ..");
   EXPECT_FALSE(action("Melody")->isEnabled()) << "no song is selected";
   import();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return m_window->tablature().song() != nullptr; }));
   EXPECT_TRUE(log().endsWith("Song successfully imported."));
   EXPECT_TRUE(action("Melody")->isEnabled());
   EXPECT_FALSE(action("Export All As")->isEnabled()) << "no album is selected";
@@ -114,7 +102,6 @@ TEST_F(MainWindowTest, droppedRecordingIsShownArrangedAndFoundAgain) {
 TEST_F(MainWindowTest, tonesAreEditedByKeysAndOnTheFretboardAndUndone) {
   import();
   TablatureView& tablature = m_window->tablature();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return tablature.song() != nullptr; }));
   QBSong& song = *tablature.song();
   const std::string before = test::fretsOf(song);
   tablature.moveCursor(0, 5);
@@ -159,7 +146,6 @@ TEST_F(MainWindowTest, keysOfTheFileMenuDoNothingWithoutASong) {
 
 TEST_F(MainWindowTest, whatAMouseDoesIsDoneByKeysToo) {
   import();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return m_window->tablature().song() != nullptr; }));
   m_window->activateWindow();
   auto* log = m_window->findChild<LogPanel*>();
   EXPECT_FALSE(log->isVisible()) << "is behind the jobs, where Tab must not lead";
@@ -183,7 +169,6 @@ TEST_F(MainWindowTest, whatAMouseDoesIsDoneByKeysToo) {
 
 TEST_F(MainWindowTest, deletedSongIsNotShownAnyMore) {
   import();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return m_window->tablature().song() != nullptr; }));
   m_window->tablature().moveCursor(0, 5);
   action("Delete")->trigger();
   EXPECT_EQ(m_window->tablature().song(), nullptr);
@@ -302,7 +287,6 @@ TEST_F(MainWindowTest, libraryIsOpenAsItWasAfterASearchAndAfterAStart) {
 
 TEST_F(MainWindowTest, whatWentWrongGivesWayToTheSongAgain) {
   import();
-  QTest::qWait(50);
   TablatureView& tablature = m_window->tablature();
   ASSERT_TRUE(tablature.song());
   m_window->importFiles({QString::fromStdString(m_folder.file("gone.wav"))});

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/desktop/QtRunLoop.h"
 
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <QEventLoop>
 #include <QTest>
-#include <stdexcept>
-#include <string>
 
 namespace korvel::ui {
 namespace {

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/desktop/SingleInstance.h"
 
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTest>
-#include <thread>
 
 namespace korvel::ui {
 namespace {

@@ -1,24 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/library/TreeModel.h"
 
-#include <gtest/gtest.h>
-
 #include <QAbstractItemModelTester>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QUrl>
-#include <memory>
 
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {
 namespace {
 
 /// A model that follows the session, as the panel of the window has it.
-class TreeModelTest : public testing::Test, public TreeView {
- protected:
+struct TreeModelTest : testing::Test, TreeView {
   TreeModelTest() {
     for (const char* name : {"A", "B"})
       for (const char* title : {"S", "T"}) album(name)->createSong(title);

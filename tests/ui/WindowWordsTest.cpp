@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the window says to those who hear it, who have no mouse, and who speak German.
-#include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
@@ -20,6 +19,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/files/Resources.h"
 #include "support/ScratchFolder.h"
+#include "support/Testing.h"
 #include "ui/desktop/Appearance.h"
 #include "ui/desktop/QtRunLoop.h"
 #include "ui/desktop/Wording.h"
@@ -100,8 +100,7 @@ std::string withoutMnemonic(const QMenuBar& bar) {
   return found;
 }
 
-class WindowWordsTest : public testing::TestWithParam<const char*> {
- protected:
+struct WindowWordsTest : testing::TestWithParam<const char*> {
   WindowWordsTest() {
     QSettings().clear();
     QBTabMgr::clearDb();

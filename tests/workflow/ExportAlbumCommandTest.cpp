@@ -1,22 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/exporting/ExportAlbumCommand.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <set>
-
 #include "platform/loop/PlainRunLoop.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
 namespace fs = std::filesystem;
 
-class ExportAlbumCommandTest : public testing::Test {
- protected:
+struct ExportAlbumCommandTest : testing::Test {
   ExportAlbumCommandTest() {
     for (const char* title : {"Dawn", "a/b", "Dawn"})
       test::addChord(m_album->createSong(title), "x02210");

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/hearing/ImportDesk.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <filesystem>
-
 #include "platform/loop/PlainRunLoop.h"
 #include "support/Guitar.h"
 #include "support/RecordingViews.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "workflow/editing/SongEditor.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/AlbumNode.h"
@@ -22,17 +18,10 @@
 namespace korvel {
 namespace {
 
-class ImportDeskTest : public testing::Test {
- protected:
+struct ImportDeskTest : testing::Test {
   ImportDeskTest() {
-    QBTabMgr::clearDb();
-    QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
     test::writeWav(m_file, test::fewChords());
     m_tree.emplace(QBTabMgr::db(), QBSession::session());
-  }
-  ~ImportDeskTest() override {
-    m_tree.reset();
-    QBTabMgr::clearDb();
   }
 
   void runUntil(const std::function<bool()>& done) {
@@ -45,9 +34,9 @@ class ImportDeskTest : public testing::Test {
   }
   std::size_t stored(const char* entity) { return QBTabMgr::db().context().fetch(entity).size(); }
 
-  const test::ScratchFolder m_folder;
+  const test::ScratchStore m_store{test::ScratchStore::Content::ofFirstStart};
   test::RecordingViews m_views;
-  const std::string m_file = m_folder.file("First Try.wav");
+  const std::string m_file = m_store.folder().file("First Try.wav");
   std::optional<LibraryTree> m_tree;
 };
 
@@ -147,7 +136,7 @@ TEST_F(ImportDeskTest, whatAKilledProgramLeftOfAnImportIsMended) {
   ASSERT_EQ(running.size(), 2U);
   EXPECT_EQ(running.front().file, m_file);
   QBTabMgr::db().save();
-  const std::string left = m_folder.file("Left.sqlite");
+  const std::string left = m_store.folder().file("Left.sqlite");
   std::filesystem::copy_file(QBTabMgr::storePath(), left);
   unheard->cancelAndDrop();
   import->cancelAndDrop();
@@ -185,7 +174,7 @@ TEST_F(ImportDeskTest, droppedImportLeavesSongsThatWereMovedToItsAlbum) {
 }
 
 TEST_F(ImportDeskTest, fileWithoutSoundIsReportedAndLeavesNothing) {
-  const std::string file = m_folder.file("notes.mp3");
+  const std::string file = m_store.folder().file("notes.mp3");
   test::writeFile(file, "no sound");
   ImportDesk desk(*m_tree);
   EXPECT_EQ(desk.importFile(file), nullptr);

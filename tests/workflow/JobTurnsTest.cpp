@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/session/JobTurns.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-#include <string>
-
 #include "platform/loop/Deadline.h"
 #include "support/JumpingLoop.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class JobTurnsTest : public testing::Test {
- protected:
+struct JobTurnsTest : testing::Test {
   using Timer = std::unique_ptr<platform::RunLoop::Timer>;
 
   /// A job that writes its letter at each step, which takes its time when it is a capital one.

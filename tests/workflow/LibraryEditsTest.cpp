@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/library/LibraryEdits.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/persistence/UndoManager.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/InstrumentNode.h"
@@ -18,8 +17,7 @@
 namespace korvel {
 namespace {
 
-class LibraryEditsTest : public testing::Test {
- protected:
+struct LibraryEditsTest : testing::Test {
   QBSong* song(QBAlbum* album, const std::string& title) {
     QBSong* made = album->createSong(title);
     made->setTuning(m_store.standard());

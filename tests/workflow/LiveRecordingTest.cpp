@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/hearing/LiveRecording.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdlib>
-
-#include "model/book/QBHarmony.h"
 #include "model/store/KorvelModel.h"
 #include "platform/files/FileError.h"
 #include "platform/media/WaveFileReader.h"
@@ -16,6 +10,7 @@
 #include "support/HandFedMicrophone.h"
 #include "support/JumpingLoop.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -26,8 +21,7 @@ using Samples = std::vector<std::int16_t>;
 
 constexpr std::size_t kBlock = 16384;
 
-class LiveRecordingTest : public testing::Test {
- protected:
+struct LiveRecordingTest : testing::Test {
   LiveRecordingTest() {
     ::setenv("XDG_DATA_HOME", m_store.folder().path().c_str(), 1);
     QBTabMgr& db = QBTabMgr::db();
@@ -51,9 +45,7 @@ class LiveRecordingTest : public testing::Test {
   /// Both channels of a chord of so many blocks; the live chain takes a block in two steps.
   Samples strum(const std::string& shape, int blocks) const {
     const double seconds = blocks * 8192 / 44100.0 + 0.001;
-    Samples stereo;
-    for (const std::int16_t sample : test::play({{test::notesOf(shape), seconds}}))
-      stereo.insert(stereo.end(), 2, sample);
+    Samples stereo = test::stereo(test::play({{test::notesOf(shape), seconds}}));
     stereo.resize(static_cast<std::size_t>(blocks) * kBlock);
     return stereo;
   }

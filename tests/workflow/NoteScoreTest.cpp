@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/exporting/NoteScore.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <random>
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/playing/QBPlayerViewController.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/midi/FluidSynthesizer.h"
 #include "platform/persistence/UndoManager.h"
@@ -13,6 +8,7 @@
 #include "support/RecordingViews.h"
 #include "support/SoundFont.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -47,8 +43,7 @@ class ListeningLoop {
   PlainRunLoop m_loop{{[this] { return m_now; }, [this](auto time) { listenUntil(time); }}};
 };
 
-class Controls final : public PlayerControls {
- public:
+struct Controls final : PlayerControls {
   void lockMIDI() override { told.emplace_back("locked"); }
   void unlockAll() override { told.emplace_back("unlocked"); }
   void showLoop(const LoopRange& loop) override {
@@ -65,8 +60,7 @@ class Controls final : public PlayerControls {
   int slider = 200;
 };
 
-class QBPlayerViewControllerTest : public testing::Test {
- protected:
+struct QBPlayerViewControllerTest : testing::Test {
   QBPlayerViewControllerTest() {
     SessionViews views = QBSession::session().views();
     views.player = &m_player;

@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/session/QBSession.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <iterator>
-#include <stdexcept>
-
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "workflow/arranging/QBSongMenu.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBNameMgr.h"

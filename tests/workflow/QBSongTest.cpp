@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBSong.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "model/songs/QBChordVisitor.h"
-#include "model/songs/QBMeasure.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/arranging/HandArrangements.h"
@@ -24,8 +20,7 @@ std::string positions(const Objects& objects) {
   return text;
 }
 
-class QBSongTest : public testing::Test {
- protected:
+struct QBSongTest : testing::Test {
   QBSongTest() {
     m_guitar = QBTabMgr::db().createInstrument(m_store.standard(), "Guitar", true, true, 0.5F, 1);
     m_song = m_album->createSong("Song");

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/exporting/RenderSongCommand.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/midi/FluidSynthesizer.h"
 #include "playback/QBMIDIPlayer.h"
 #include "support/RecordingViews.h"
 #include "support/SoundFont.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "workflow/session/EditRefused.h"
 
 namespace korvel {
@@ -18,8 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class RenderSongCommandTest : public testing::Test {
- protected:
+struct RenderSongCommandTest : testing::Test {
   std::unique_ptr<RenderSongCommand> command(QBSong* song, RenderedPart part = RenderedPart::song) {
     return std::make_unique<RenderSongCommand>(
         song, part, m_file,

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/session/SelfCheck.h"
 
-#include <gtest/gtest.h>
-
 #include <future>
-#include <map>
 
 #include "platform/persistence/ManagedContext.h"
 #include "platform/sound/AudioSystem.h"
 #include "platform/sound/WaveFiles.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
@@ -27,8 +25,7 @@ std::map<std::string, std::string> outcomes() {
   return said;
 }
 
-class SelfCheckTest : public testing::Test {
- protected:
+struct SelfCheckTest : testing::Test {
   SelfCheckTest() { platform::AudioSystem::install(&m_devices); }
   ~SelfCheckTest() override { platform::AudioSystem::install(nullptr); }
 

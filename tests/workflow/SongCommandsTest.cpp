@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
 #include <malloc.h>
 
-#include <algorithm>
-#include <map>
 #include <regex>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include "model/store/KorvelModel.h"
 #include "model/store/QBTabMgr.h"
@@ -15,6 +9,7 @@
 #include "support/Approved.h"
 #include "support/Guitar.h"
 #include "support/SongDesk.h"
+#include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/SongCommands.h"
 
@@ -76,8 +71,7 @@ std::string report(const test::SongDesk& desk, const std::string& command,
   return text + '\n';
 }
 
-class SongCommandsTest : public testing::Test {
- protected:
+struct SongCommandsTest : testing::Test {
   /// All commands of the menu on one song; the last one deletes it.
   void expectCommandsApproved(const Samples& recording, const std::string& title) {
     QBSong* source = m_desk.import(recording, title);

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/SongEditor.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "arrange/harmony/HarmonyOfChord.h"
-#include "model/songs/QBMeasure.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 #include "support/StoreContents.h"
+#include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/MetreArrangements.h"
 #include "workflow/session/QBSession.h"
@@ -21,8 +17,7 @@ namespace {
 using test::fretsOf;
 using test::linesOf;
 
-class SongEditorTest : public testing::Test {
- protected:
+struct SongEditorTest : testing::Test {
   QBSong* song(const std::vector<const char*>& chords, int duration = 1) {
     QBSong* made = m_desk.album()->createSong("Song");
     for (const char* frets : chords) readHarmony(*test::addChord(made, frets, duration));

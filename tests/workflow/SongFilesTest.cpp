@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/exporting/SongFiles.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/text/Utf8.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {

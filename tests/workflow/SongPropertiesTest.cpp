@@ -1,19 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
-#include <set>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "model/songs/ToneOrder.h"
 #include "model/store/KorvelModel.h"
 #include "platform/sqlite/Sqlite.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/arranging/HandArrangements.h"
@@ -96,8 +88,7 @@ class RandomSongs {
   std::mt19937 m_random;
 };
 
-class SongPropertiesTest : public testing::Test {
- protected:
+struct SongPropertiesTest : testing::Test {
   static constexpr unsigned kSongs = 60;
 
   /// Tries a claim on random songs, and deletes what it made.

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/playing/ToneRoll.h"
 
-#include <gtest/gtest.h>
-
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 
 namespace korvel {
 namespace {
 
-class ToneRollTest : public testing::Test {
- protected:
+struct ToneRollTest : testing::Test {
   /// A line for each tone: chord, pitch, steps.
   std::string drawn() const {
     std::string text;

@@ -1,13 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <functional>
-#include <optional>
-#include <random>
-
 #include "arrange/harmony/HarmonyOfChord.h"
-#include "model/songs/QBMeasure.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/sqlite/StoreFile.h"
@@ -16,6 +8,7 @@
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 #include "support/StoreContents.h"
+#include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/SongOrders.h"
 #include "workflow/editing/SongEditor.h"
@@ -128,8 +121,7 @@ class User {
   std::mt19937 m_random;
 };
 
-class UndoCommandsTest : public testing::Test {
- protected:
+struct UndoCommandsTest : testing::Test {
   QBSong* song(const std::vector<const char*>& chords) {
     QBSong* made = m_desk.album()->createSong("Song");
     for (const char* frets : chords) readHarmony(*test::addChord(made, frets));
@@ -223,8 +215,7 @@ TEST_F(UndoCommandsTest, actionsAreCalledAsTheirMenuSaysAndLogged) {
 }
 
 /// Looks at the store whenever something is logged.
-class Auditor final : public OutputView {
- public:
+struct Auditor final : OutputView {
   Auditor() { QBSession::session().attach({.output = this}); }
   Auditor(const Auditor&) = delete;
   Auditor& operator=(const Auditor&) = delete;

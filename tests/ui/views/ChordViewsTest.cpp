@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "model/book/QBLeftHandPattern.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/RollView.h"
 
@@ -14,8 +13,7 @@ namespace korvel::ui {
 namespace {
 
 template <class View>
-class ChordViewTest : public testing::Test {
- protected:
+struct ChordViewTest : testing::Test {
   ChordViewTest() {
     for (const char* frets : {"x02210", "xxxxxx", "xx0e32"}) test::addChord(m_song, frets);
     m_view.resize(m_view.sizeHint());
@@ -81,8 +79,7 @@ TEST_F(FretboardViewTest, silencedTonesAndFingersAreDrawnDifferently) {
   EXPECT_NE(drawn(), silenced);
 }
 
-class RollViewTest : public ChordViewTest<RollView> {
- protected:
+struct RollViewTest : ChordViewTest<RollView> {
   RollViewTest() {
     m_song = m_store.song("Long");
     for (int i = 0; i < 500; ++i) test::addChord(m_song, "x02210");

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/views/TablatureView.h"
 
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -13,14 +11,14 @@
 #include "platform/files/FileError.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
+#include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "ui/views/TablaturePages.h"
 
 namespace korvel::ui {
 namespace {
 
-class TablatureViewTest : public testing::Test {
- protected:
+struct TablatureViewTest : testing::Test {
   TablatureViewTest() {
     for (int i = 0; i < 200; ++i) test::addChord(m_song, i % 5 == 4 ? "xxxxxx" : "x02210", 2);
     buildTab(*m_song);

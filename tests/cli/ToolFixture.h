@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include "support/Guitar.h"
+#include "support/Process.h"
+#include "support/ScratchFolder.h"
+#include "support/Testing.h"
+
+namespace korvel::test {
+
+/// The tool in a folder of its own, which has its store, its takes and "a.wav", a few chords.
+class ToolFixture : public testing::Test {
+ protected:
+  ToolFixture() { writeWav(m_wav, fewChords()); }
+
+  std::vector<std::string> command(std::vector<std::string> words) const {
+    words.insert(words.begin(), {"env", "XDG_DATA_HOME=" + m_folder.path().string(), KORVEL_CLI,
+                                 "--store", m_store});
+    return words;
+  }
+  Outcome tool(const std::vector<std::string>& words) const { return runProgram(command(words)); }
+  nlohmann::json dump(const std::string& song) const {
+    return nlohmann::json::parse(tool({"dump", song}).out);
+  }
+  std::string file(const std::string& name) const { return m_folder.file(name); }
+  /// What stands in a folder below this one; nothing when there is none.
+  std::vector<std::filesystem::path> entriesOf(const std::string& folder) const {
+    std::error_code none;
+    const std::filesystem::directory_iterator entries(m_folder.path() / folder, none);
+    return {begin(entries), end(entries)};
+  }
+
+  ScratchFolder m_folder;
+  std::string m_store = file("Korvel.sqlite");
+  std::string m_wav = file("a.wav");
+};
+
+}  // namespace korvel::test

@@ -1,0 +1,10 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Does to the store FILE what the statements say, and prints what they answer."""
+import sqlite3
+import sys
+
+store = sqlite3.connect(sys.argv[1], isolation_level=None)
+for statement in sys.argv[2].split(";"):
+    for row in store.execute(statement):
+        print(*row)
+store.close()
