@@ -12,7 +12,15 @@ function(korvel_layer name)
   list(TRANSFORM layer_USES PREPEND korvel-)
   target_link_libraries(korvel-${name} PUBLIC ${layer_USES} PRIVATE ${layer_LIBRARIES})
   korvel_precompile(korvel-${name} ${layer_USES})
+  set_target_properties(korvel-${name} PROPERTIES UNITY_BUILD ${KORVEL_UNITY}
+                                                  UNITY_BUILD_BATCH_SIZE 16)
+  if(KORVEL_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Classes of a source file whose fields are of its unnamed namespace are as private as before.
+    target_compile_options(korvel-${name} PRIVATE -Wno-subobject-linkage)
+  endif()
 endfunction()
+
+option(KORVEL_UNITY "Compile the sources of a layer many at a time, which builds it sooner" OFF)
 
 # Whatever most sources include is read once: the standard library, and what every entity is made
 # of where there are entities. The layers above the model share the model's; precise has options of

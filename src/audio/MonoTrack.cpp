@@ -9,7 +9,7 @@
 namespace korvel {
 namespace {
 
-void log(std::string_view text) { SessionServices::current().addToLog(text); }
+void tell(std::string_view problem) { SessionServices::current().addToLog(problem); }
 
 }  // namespace
 
@@ -19,7 +19,7 @@ void MonoTrack::startRecord(float) {
   m_reader.reset();
   const platform::MediaAsset asset(m_file);
   if (!asset.hasTrackList())
-    log("no asset tracks found");
+    tell("no asset tracks found");
   else if (const auto* sound = asset.firstSound())
     createReader(asset, *sound);
 }
@@ -27,9 +27,9 @@ void MonoTrack::startRecord(float) {
 void MonoTrack::createReader(const platform::MediaAsset& asset, const platform::MediaTrack& sound) {
   try {
     m_reader.emplace(asset, sound);
-    if (!m_reader->start()) log("could not start reading asset");
+    if (!m_reader->start()) tell("could not start reading asset");
   } catch (const platform::MediaError&) {
-    log("could not create asset reader");
+    tell("could not create asset reader");
   }
 }
 

@@ -20,7 +20,7 @@ using ClicksOfChords = std::map<const QBChord*, Click>;
 constexpr std::uint8_t kPercussion = 9;
 constexpr std::uint8_t kSideStick = 37;
 constexpr std::uint8_t kHighWoodBlock = 76;
-constexpr std::uint8_t kVelocity = 60;
+constexpr std::uint8_t kVelocityOfClick = 60;
 constexpr std::uint8_t kVelocityOfFirst = 90;
 constexpr float kSeconds = 0.1F;
 
@@ -50,7 +50,7 @@ platform::MidiNoteMessage noteOf(Click click) {
   platform::MidiNoteMessage note;
   note.channel = kPercussion;
   note.note = click == Click::first ? kHighWoodBlock : kSideStick;
-  note.velocity = click == Click::first ? kVelocityOfFirst : kVelocity;
+  note.velocity = click == Click::first ? kVelocityOfFirst : kVelocityOfClick;
   note.duration = kSeconds;
   return note;
 }

@@ -13,9 +13,6 @@
 namespace korvel {
 namespace {
 
-constexpr int kFretColumn = 1;
-constexpr int kStringColumn = 2;
-
 /// A tone that no place plays is entered on the lowest open string: its empty matrix reads as
 /// zeros. Filters count on finding it there.
 void addTone(QBHold& hold, const QBFrequency& frequency) {

@@ -13,7 +13,7 @@
 namespace korvel {
 namespace {
 
-constexpr float kFullVolume = 1.0F;
+constexpr float kVolumeOfFiles = 1.0F;
 
 }  // namespace
 
@@ -26,8 +26,8 @@ QBInstrument* QBMusicXMLParser::parse() {
   const auto detailLevel = element("DetailLevel");
   if (!detailLevel) return nullptr;
   QBTabMgr& db = QBTabMgr::db();
-  QBInstrument* instrument = db.createInstrument(db.selectedTuning(), *name, true, true,
-                                                 platform::floatValue(*detailLevel), kFullVolume);
+  QBInstrument* instrument = db.createInstrument(
+      db.selectedTuning(), *name, true, true, platform::floatValue(*detailLevel), kVolumeOfFiles);
   while (isSpectrum(*instrument)) {
   }
   // No title has angle brackets, so this never matches; the answer is none by design.

@@ -9,8 +9,6 @@
 namespace korvel {
 namespace {
 
-constexpr int kFretColumn = 1;
-constexpr int kStringColumn = 2;
 /// How far in Hz the search through the octaves goes beyond the neighbouring semitone.
 constexpr double kOctaveSlack = 4.0;
 

@@ -9,6 +9,10 @@ namespace korvel {
 
 class QBTone;
 
+/// Columns of a matrix of positions on the neck; column 0 is unused.
+inline constexpr int kFretColumn = 1;
+inline constexpr int kStringColumn = 2;
+
 /// One tone that was heard in a block, with the place on the neck that plays it.
 class QBFrequency {
  public:
@@ -22,7 +26,7 @@ class QBFrequency {
   int tone() const { return m_tone; }
   int fret() const { return m_fret; }
   int string() const { return m_string; }
-  /// Position matrix: fret in column 1, string in column 2; null when no place plays it.
+  /// Position matrix, by kFretColumn and kStringColumn; null when no place plays it.
   const QBFloatMatrix* matrix() const { return m_matrix ? &*m_matrix : nullptr; }
   /// Whether the guitar can play it.
   bool isGuitar() const { return m_matrix.has_value(); }

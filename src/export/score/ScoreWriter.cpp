@@ -15,7 +15,7 @@ namespace {
 constexpr const char* kPart = "P1";
 constexpr const char* kInstrument = "P1-I1";
 constexpr int kMidiProgram = 26;  // counted from 1: acoustic guitar with steel strings
-constexpr int kVoice = 1;
+constexpr int kGuitarVoice = 1;
 
 /// With two decimals, whatever the user's locale.
 std::string textOf(double tempo) {
@@ -203,7 +203,7 @@ void ScoreWriter::writePitch(const SpelledNote& pitch) {
 }
 
 void ScoreWriter::writeValue(const ScoreNote& note) {
-  m_xml->add("voice", kVoice);
+  m_xml->add("voice", kGuitarVoice);
   m_xml->add("type", note.value->type);
   if (note.value->dotted) m_xml->add("dot");
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/instruments/QBSpectrum.h"
 
+#include "model/instruments/PlaceKey.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBString.h"
@@ -13,10 +14,6 @@ namespace korvel {
 namespace {
 
 constexpr int kFewestHits = 3;
-
-std::string keyOf(int string, int fret) {
-  return std::to_string(string) + ',' + std::to_string(fret);
-}
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "model/book/QBHarmony.h"
+#include "model/instruments/PlaceKey.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBTone.h"
@@ -17,11 +18,7 @@ namespace {
 constexpr int kLastSearchedFret = 11;
 constexpr int kBeyondAnyTone = 1000;
 
-std::string keyOf(int string, int fret) {
-  return std::to_string(string) + ',' + std::to_string(fret);
-}
-
-std::string keyOf(const QBTone& tone) { return keyOf(tone.string(), tone.fret()); }
+std::string keyOfTone(const QBTone& tone) { return keyOf(tone.string(), tone.fret()); }
 
 int largeNote(const QBTone& tone, const QBInstrument& instrument) {
   return instrument.largeToneOfString(tone.string()) + tone.fret();
@@ -55,7 +52,7 @@ void QBHold::forgetCaches() {
 std::map<std::string, platform::Ref<QBTone>>& QBHold::readSortedTones() {
   if (!m_sortedTones) {
     m_sortedTones.emplace();
-    for (QBTone* tone : tones()) m_sortedTones->insert_or_assign(keyOf(*tone), tone);
+    for (QBTone* tone : tones()) m_sortedTones->insert_or_assign(keyOfTone(*tone), tone);
   }
   return *m_sortedTones;
 }
@@ -163,7 +160,7 @@ QBTone* QBHold::setFretOfString(int string, int fret) {
 
 void QBHold::deleteTone(QBTone* tone) {
   // An index that was never asked for is made from the tones that are left, when it is.
-  if (m_sortedTones) m_sortedTones->erase(keyOf(*tone));
+  if (m_sortedTones) m_sortedTones->erase(keyOfTone(*tone));
   QBTabMgr::db().deleteTone(tone);
 }
 

@@ -30,8 +30,6 @@ class WritingCommand : public QBCommand {
   virtual void removeWritten() {}
   const std::filesystem::path& place() const { return m_place; }
 
-  static constexpr int kAll = 100;  ///< Percent.
-
  private:
   std::filesystem::path m_place;
 };

@@ -22,12 +22,11 @@ namespace {
 
 constexpr std::array kFretsToPlay{0, 7};
 constexpr std::size_t kRate = platform::kSampleRate;
-constexpr std::size_t kLongest = 600 * kRate;
+constexpr std::size_t kMostSamples = 600 * kRate;
 constexpr std::size_t kBlock = kSamplesOfChord;
 /// A note that rings on and on shall not outweigh the others.
 constexpr std::size_t kBlocksOfNote = 16;
 constexpr int kPercentOfReading = 60;
-constexpr int kAll = 100;
 constexpr std::chrono::milliseconds kWork{10};
 
 double decibels(float level) { return 20 * std::log10(static_cast<double>(level)); }
@@ -59,7 +58,7 @@ CalibrateCommand::~CalibrateCommand() = default;
 
 /// Memory that is not used yet costs nothing, unlike growing samples that have to move.
 void CalibrateCommand::prepare() {
-  m_samples.reserve(kLongest + kRate);
+  m_samples.reserve(kMostSamples + kRate);
   m_source->startRecord(0.0F);
 }
 
@@ -91,7 +90,7 @@ void CalibrateCommand::read() {
     const std::size_t before = m_samples.size();
     append16(m_samples, m_source->readSamples());
     m_cutter.add(std::span(m_samples).subspan(before));
-    m_tooLong = m_samples.size() > kLongest;
+    m_tooLong = m_samples.size() > kMostSamples;
   }
   m_percent = static_cast<int>(kPercentOfReading * m_source->progress());
   if (m_tooLong)

@@ -23,7 +23,6 @@
 namespace korvel {
 namespace {
 
-constexpr int kAll = 100;
 /// Saving all chords of a long recording at once would keep the user waiting.
 constexpr std::size_t kChordsOfSave = 100;
 /// Share of the end's work after which the song is saved, in a step of its own.

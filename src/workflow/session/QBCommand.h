@@ -53,6 +53,7 @@ class QBCommand {
   std::string m_type;  ///< Kind of command, as the job list shows it.
   std::string m_name;
   int m_percent = 0;
+  static constexpr int kAll = 100;  ///< `m_percent` of a command that is done.
 
  protected:
   /// Whether the steps are those of `runInBackground`; known when it calls prepare.
