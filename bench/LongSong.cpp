@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "arrange/groups/QBToneGroupBuilder.h"
+#include "arrange/chords/QBToneGroupBuilder.h"
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"

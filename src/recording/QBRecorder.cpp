@@ -2,7 +2,7 @@
 #include "recording/QBRecorder.h"
 
 #include "analysis/chords/QBChordAnalyser.h"
-#include "arrange/groups/QBToneGroupBuilder.h"
+#include "arrange/chords/QBToneGroupBuilder.h"
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "audio/QBSampleSource.h"
 #include "model/instruments/QBInstrument.h"

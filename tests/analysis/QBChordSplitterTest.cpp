@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/chords/QBChordSplitter.h"
+#include "analysis/shelf/QBChordSplitter.h"
 
 #include <initializer_list>
 

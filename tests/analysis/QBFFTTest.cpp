@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/spectrum/QBFFT.h"
 
-#include "analysis/spectrum/QBFFTGame.h"
+#include "analysis/shelf/QBFFTGame.h"
 #include "analysis/spectrum/QBFFTGuitar.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/spectrum/QBFrequency.h"
 
-#include "analysis/spectrum/BaseTone.h"
+#include "analysis/shelf/BaseTone.h"
 #include "analysis/spectrum/QBFrequencyMapper.h"
 #include "analysis/spectrum/QBFrequencyMatrix.h"
 #include "model/instruments/QBString.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "arrange/groups/QBGroup.h"
-#include "arrange/groups/QBGroupBuilder.h"
-#include "arrange/groups/QBGroupToString.h"
+#include "arrange/shelf/QBGroup.h"
+#include "arrange/shelf/QBGroupBuilder.h"
+#include "arrange/shelf/QBGroupToString.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
 

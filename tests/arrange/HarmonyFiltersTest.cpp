@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "arrange/chords/QBChordFilter.h"
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "arrange/harmony/QBChordTransposer.h"
 #include "arrange/harmony/QBContraPoint.h"
 #include "arrange/harmony/QBNonChordToneRemover.h"
 #include "arrange/harmony/QBOptionRemover.h"
+#include "arrange/shelf/QBChordFilter.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
 

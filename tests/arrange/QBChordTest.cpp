@@ -2,7 +2,7 @@
 #include "model/songs/QBChord.h"
 
 #include "analysis/spectrum/QBFFTGuitar.h"
-#include "arrange/groups/QBToneGroupBuilder.h"
+#include "arrange/chords/QBToneGroupBuilder.h"
 #include "arrange/hands/PatternOfChord.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"

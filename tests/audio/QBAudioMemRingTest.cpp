@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "audio/QBAudioMemRing.h"
+#include "audio/shelf/QBAudioMemRing.h"
 
 #include "model/songs/QBBlock.h"
 #include "support/Testing.h"

@@ -3,8 +3,8 @@
 
 #include <latch>
 
-#include "audio/QBTimeMgr.h"
-#include "recording/QBWaveInFile.h"
+#include "audio/shelf/QBTimeMgr.h"
+#include "recording/shelf/QBWaveInFile.h"
 #include "support/ScratchFolder.h"
 #include "support/Testing.h"
 

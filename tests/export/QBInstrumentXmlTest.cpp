@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/instrument/QBMusicXMLParser.h"
-#include "export/xml/InstrumentXml.h"
-#include "export/xml/QBMusicXMLTag.h"
+#include "export/shelf/InstrumentXml.h"
+#include "export/shelf/QBMusicXMLTag.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
 #include "support/StandardStore.h"

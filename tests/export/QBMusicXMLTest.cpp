@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "export/xml/QBMusicXML.h"
+#include "export/shelf/QBMusicXML.h"
 
-#include "export/xml/QBSongToXML.h"
-#include "export/xml/SongXml.h"
+#include "export/shelf/QBSongToXML.h"
+#include "export/shelf/SongXml.h"
 #include "support/Approved.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"

@@ -6,8 +6,8 @@
 
 #include "analysis/instrument/QBMusicXMLParser.h"
 #include "analysis/instrument/ToneFilter.h"
-#include "export/xml/InstrumentXml.h"
-#include "export/xml/QBMusicXMLTag.h"
+#include "export/shelf/InstrumentXml.h"
+#include "export/shelf/QBMusicXMLTag.h"
 #include "fuzz/Fuzzing.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "playback/QBAudioSpeaker.h"
+#include "playback/shelf/QBAudioSpeaker.h"
 
 #include "audio/QBSampleBlock.h"
 #include "platform/loop/NotificationCenter.h"

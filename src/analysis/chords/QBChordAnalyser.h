@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "audio/QBAudioMemRing.h"
+#include "audio/shelf/QBAudioMemRing.h"
 #include "platform/persistence/Ref.h"
 
 namespace korvel {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/arranging/VoiceArrangements.h"
 
+#include "arrange/shelf/QBRemoveSilent.h"
 #include "arrange/voices/QBApplyLoudest.h"
 #include "arrange/voices/QBExtractBrass.h"
 #include "arrange/voices/QBExtractMelody.h"
@@ -8,7 +9,6 @@
 #include "arrange/voices/QBExtractVoice.h"
 #include "arrange/voices/QBRemoveBrass.h"
 #include "arrange/voices/QBRemoveMelodyBrass.h"
-#include "arrange/voices/QBRemoveSilent.h"
 #include "arrange/voices/QBRemoveVoice.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
