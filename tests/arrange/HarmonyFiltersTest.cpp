@@ -106,6 +106,7 @@ TEST_F(HarmonyFiltersTest, transposedChordKeepsItsTimeAndMovesItsRootAndNothingI
     EXPECT_EQ(down->hold()->tones().at(0)->amp(), 1.0) << "the first";
     EXPECT_EQ(down->hold()->tones().at(0)->duration(), 3);
   }
+  EXPECT_EQ(QBChordTransposer(source, m_guitar, 0, 3).transpose()->baseTone(), 5);
   EXPECT_TRUE(m_db.albums().empty());
   EXPECT_EQ(m_db.context().fetch("QBSong").size(), 1U);
   EXPECT_EQ(m_db.context().fetch("QBTone").size(), 3U);

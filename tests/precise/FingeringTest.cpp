@@ -3,6 +3,8 @@
 
 #include "support/Testing.h"
 
+#include "precise/fingering/Events.h"
+
 namespace korvel::precise {
 namespace {
 
@@ -98,6 +100,15 @@ TEST(FingeringTest, leavesADoubtfulNoteOfAChordThatNoHandCouldPlay) {
   Fingering(kStandardPitches, {}).place(chord);
   EXPECT_EQ(chord.back().string, -1);
   EXPECT_EQ(drawn(chord), "x02020");
+}
+
+TEST(FingeringTest, takesAStrumForOneChordInEitherDirection) {
+  for (const bool falling : {false, true}) {
+    Notes chord = strum("133211", kStandardPitches, 0, 1, 0.02);
+    if (falling)
+      for (Note& each : chord) each.onset = 0.1 - each.onset;
+    EXPECT_EQ(Events(chord).sizes().size(), 1U) << falling;
+  }
 }
 
 TEST(FingeringTest, playsScalesWhereThePositionSays) {
