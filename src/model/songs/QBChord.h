@@ -100,7 +100,7 @@ class QBChord final : public platform::ManagedObject {
   int m_xPosInMatrix = 0;  ///< Cell in the text tablature; both 0 until first drawn.
   int m_yPosInMatrix = 0;
   int m_hits = 0;
-  std::weak_ptr<QBGroup> m_group;  ///< Of recurring chords; the group's builder owns it.
+  std::weak_ptr<QBGroup> m_group;  ///< The recurring chords it is of; the group's builder owns it.
 
  private:
   platform::Attribute<int> m_position;

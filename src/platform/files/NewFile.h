@@ -23,9 +23,10 @@ class NewFile {
 
   const std::filesystem::path& file() const { return m_file; }
   void write(std::string_view bytes) { m_out.write(bytes); }
-  /// For libraries that write it themselves.
+  /// The open file, for libraries that write into it themselves.
   int descriptor() const { return m_out.number(); }
-  /// The file is complete: once only. False when it was to be kept what there is by now.
+  /// Gives the complete file its name; to be called once. False when a file of that name has been
+  /// made meanwhile and was to be kept.
   bool appear();
 
  private:

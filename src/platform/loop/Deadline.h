@@ -5,11 +5,11 @@
 
 namespace korvel::platform {
 
-/// Work of many small parts, done between the events of the user, stops for the next of them when
-/// this is over. Begins when it is made.
+/// The time that work of many small parts may take between two events of the user: it runs from
+/// when it is made, and work stops for the next event once it is over.
 class Deadline {
  public:
-  /// Nobody sees a window wait for so long, and parts may be somewhat longer than they should.
+  /// Too short for anybody to see a window wait, also where a part takes longer than it should.
   static constexpr std::chrono::milliseconds kWork{15};
 
   explicit Deadline(std::chrono::milliseconds work = kWork) : m_end(Clock::now() + work) {}

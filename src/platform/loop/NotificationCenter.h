@@ -15,7 +15,7 @@ class NotificationCenter {
  public:
   using Handler = std::function<void()>;
 
-  /// Whoever observes; its handler runs no more when this has ended.
+  /// The registration of one observer, whose handler does not run any more once this is destroyed.
   class Observer {
    public:
     Observer(NotificationCenter& center, std::string name, Handler handler);
@@ -30,7 +30,7 @@ class NotificationCenter {
     const Handler m_handler;
   };
 
-  /// That of the process.
+  /// The center that everything in the process shares.
   static NotificationCenter& defaultCenter();
 
   /// Calls the handler until the observer ends, on the thread of whoever posts; it must not wait

@@ -23,8 +23,8 @@ class WaveFileReader {
   WaveFileReader& operator=(const WaveFileReader&) = delete;
   ~WaveFileReader();
 
-  /// How many of the samples, whole frames, it filled: fewer than asked for at the end only.
-  /// Throws FileError.
+  /// Fills the samples with whole frames and answers how many it filled: fewer than asked for at
+  /// the end only. Throws FileError.
   std::size_t read(std::span<std::int16_t> samples);
 
  private:
@@ -36,7 +36,7 @@ class WaveFileReader {
   std::unique_ptr<Decoder> m_decoder;
   std::unique_ptr<Resampler> m_resampler;  ///< None when the rate is right.
   std::vector<float> m_pending;            ///< Samples to be handed out.
-  std::size_t m_next = 0;                  ///< Of those, the next.
+  std::size_t m_next = 0;                  ///< Index of the next of these.
   bool m_atEnd = false;
 };
 

@@ -29,7 +29,7 @@ struct MusicEvent {
   std::variant<MidiChannelMessage, MidiNoteMessage> message;
 };
 
-/// In order of time; of one time, what changes channels comes before the notes.
+/// Sorted by time; at the same time messages for channels come before notes.
 using MusicEvents = std::vector<MusicEvent>;
 
 }  // namespace korvel::platform

@@ -34,13 +34,14 @@ class MusicPlayer {
   /// Opens the device and renders what is heard first, so that start takes no time. Throws
   /// AudioError.
   void preroll();
-  /// From `time` on. Throws AudioError.
+  /// Plays from `time` on. Throws AudioError.
   void start();
-  /// At once. `time` stays.
+  /// Stops at once; `time` stays as it is.
   void stop();
   /// False also when the device was lost.
   bool isPlaying() const;
-  /// The device failed, as this may also tell while it stops; until the next start.
+  /// Whether the device has failed, which may show only while the player stops. Stays true until
+  /// the next start.
   bool isLost() const;
 
   /// The place that can be heard now, in beats, or the one that was set and cannot be heard yet.
@@ -64,7 +65,7 @@ class MusicPlayer {
   float m_volume = 1;
   bool m_lost = false;
 
-  // From the main thread to the audio thread: the last word counts.
+  // What the main thread tells the audio thread; only the latest value counts.
   std::atomic<const MusicEvents*> m_newEvents = nullptr;
   std::atomic<double> m_rate = 1;
   std::atomic<double> m_seekTo = 0;
@@ -72,9 +73,9 @@ class MusicPlayer {
   /// The audio thread uses one of these, so they stay while it runs.
   std::vector<std::unique_ptr<const MusicEvents>> m_published;
 
-  // The audio thread's.
+  // These belong to the audio thread.
   std::uint32_t m_seeksDone = 0;
-  std::uint64_t m_frames = 0;  ///< Rendered since the start.
+  std::uint64_t m_frames = 0;  ///< Frames that were rendered since the start.
 
   PlayTimeline m_timeline;
   /// Last, so that the callbacks end before what they use does.

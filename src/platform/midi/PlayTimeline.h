@@ -18,7 +18,7 @@ class PlayTimeline {
     std::uint32_t seek = 0;  ///< How many seeks went before.
   };
 
-  /// Frames from this one on, until the next note; frames only grow.
+  /// Notes where the frames from this one on come from, up to the next call; frames only grow.
   void note(std::uint64_t frame, const Place& place, double beatsPerFrame);
   /// None before the first note.
   std::optional<Place> at(double frame) const;
@@ -27,7 +27,7 @@ class PlayTimeline {
 
  private:
   static constexpr std::uint64_t kSpans = 512;
-  /// The oldest ones may be under the writer's hand.
+  /// The writer may be just replacing the oldest spans.
   static constexpr std::uint64_t kReadable = kSpans - 2;
 
   struct Span {

@@ -18,7 +18,7 @@ class SoundFontError : public FileError {
 /// What a SoundFont has in it: programs in banks. Reads the file's directory only.
 class SoundFontFile {
  public:
-  /// Throws SoundFontError when the file cannot be read, is none of the kind, or is cut short.
+  /// Throws SoundFontError when the file cannot be read, is no SoundFont, or is cut short.
   explicit SoundFontFile(std::filesystem::path path);
 
   const std::filesystem::path& path() const { return m_path; }

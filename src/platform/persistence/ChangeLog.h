@@ -41,11 +41,12 @@ class ChangeLog {
 
   // Recording, which the context does.
   void recordInsertion(ManagedObject& object);
-  /// When the object's relationships are empty already.
+  /// To be called when the object's relationships are empty already.
   void recordRemoval(ManagedObject& object);
-  /// Before the relationship changes.
+  /// To be called before the relationship changes.
   void recordTarget(ManagedObject& owner, const ToOneDescription& toOne);
-  /// Before the value changes; of several changes of an attribute the first one tells all.
+  /// To be called before the value changes; of several changes of one attribute only the first
+  /// counts.
   template <class T>
   void recordAttribute(ManagedObject& object, Attribute<T>& attribute) {
     if (!m_attributes.insert(&attribute).second) return;
@@ -53,18 +54,18 @@ class ChangeLog {
     m_changes.emplace_back(std::make_unique<ChangeOf<T>>(&object, attribute));
   }
   bool hasMade(const ManagedObject& object) const;
-  /// Before one of its own objects points at another one, and before it changes one.
+  /// To be called before one of its own objects points at this one, and before this one changes.
   void recordUse(const ManagedObject& object);
 
-  // What another action has to do with this one.
-  /// This one points at, has changed or deleted what the other one made.
+  // How this action depends on another one.
+  /// Whether this one points at, has changed or has deleted an object that the other one made.
   bool uses(const ChangeLog& other) const { return m_uses.contains(other.m_number); }
-  /// Without the other's objects nothing is left of this one.
+  /// Whether nothing is left of this one without the other's objects.
   bool isOnlyAbout(const ChangeLog& other) const;
   /// Once undone, whether what it deletes again has become part of one of these meanwhile.
   bool deletesPartsOf(const std::unordered_set<std::uint32_t>& others) const;
 
-  // Only when nothing records. Undone and done take turns.
+  // To be called only while nothing is recorded, and by turns.
   void undo();
   void redo();
 

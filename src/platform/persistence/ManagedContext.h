@@ -50,7 +50,7 @@ class ManagedContext {
   /// Begins the check that the first `save` needs, in a thread, so that it need not do it. Nothing
   /// happens when it has begun or is over.
   void checkAhead();
-  /// `save` would have to wait for that check.
+  /// Whether `save` would have to wait for that check.
   bool isBeingChecked() const;
 
   bool hasChanges() const;

@@ -91,7 +91,7 @@ class UndoGroup {
   std::weak_ptr<UndoManager> m_manager;
   std::shared_ptr<ChangeLog> m_log;  ///< None when part of another group, and at the end.
   bool m_isNew = true;               ///< Has changed nothing yet.
-  ChangeLog* m_outer = nullptr;      ///< That recorded when this was resumed.
+  ChangeLog* m_outer = nullptr;      ///< The log that recorded when this was resumed.
 };
 
 /// A step of a group that is suspended: what happens in its scope belongs to the group, if there is

@@ -43,7 +43,7 @@ class AudioQueue {
   AudioQueue() = default;
   AudioQueue(const AudioQueue&) = delete;
   AudioQueue& operator=(const AudioQueue&) = delete;
-  /// Stops first.
+  /// Stops the queue first.
   virtual ~AudioQueue() = default;
 
   virtual const StreamDescription& description() const = 0;
@@ -59,7 +59,7 @@ class AudioQueue {
 
   /// Throws AudioError when the device cannot be opened.
   virtual void start() = 0;
-  /// At once, with what is enqueued unplayed. No callback runs any more when this returns.
+  /// Stops at once, with what is enqueued unplayed. No callback runs any more when this returns.
   virtual void stop() = 0;
   /// Forgets what is enqueued; only while the queue does not run.
   virtual void reset() = 0;
@@ -67,7 +67,7 @@ class AudioQueue {
   virtual bool isRunning() const = 0;
   /// The device went away or failed while the queue ran, which has ended by itself. For any thread.
   virtual bool isLost() const = 0;
-  /// Before start.
+  /// To be called before start.
   virtual void onRunningChanged(RunningListener listener) = 0;
 
   /// Frames since the start that were recorded, or that could be heard by now, silence for want of

@@ -33,7 +33,8 @@ class BufferQueue : public AudioQueue {
   float volume() const override { return m_volume; }
 
  protected:
-  // The device's half says when the queue runs; end and lose do nothing when it does not.
+  // For the derived class, which says when the queue runs; end and lose do nothing while it does
+  // not.
   void begin();
   void end();
   /// For any thread.
@@ -48,10 +49,11 @@ class BufferQueue : public AudioQueue {
   /// Fills the chunk from the buffers and calls back for each one that was played.
   void play(std::span<std::byte> chunk);
 
-  /// When no buffer is left: whether to look again. For queues that no device drives.
+  /// Called when no buffer is left; answers whether to look again. For queues that no device
+  /// drives.
   virtual bool waitForBuffer() { return false; }
 
-  /// That were recorded or played since the start.
+  /// How many frames were recorded or played since the start.
   std::uint64_t frames() const { return m_frames; }
   static std::uint64_t now();
 
@@ -61,7 +63,7 @@ class BufferQueue : public AudioQueue {
     QueueBuffer buffer;
   };
 
-  /// What is left of the chunk.
+  /// Plays buffers into the chunk and answers the part of it that is left.
   std::span<std::byte> playBuffers(std::span<std::byte> chunk);
   bool hasBuffer();
   std::size_t fill(std::span<const std::byte> chunk, std::uint64_t end);
@@ -79,8 +81,8 @@ class BufferQueue : public AudioQueue {
   std::deque<Memory> m_memory;
   BufferRing m_ring;
   QueueBuffer* m_buffer = nullptr;  ///< Being filled or played; the audio thread's own.
-  std::size_t m_offset = 0;         ///< So much of it is done.
-  AudioTimeStamp m_start;           ///< Of the buffer being filled.
+  std::size_t m_offset = 0;         ///< How many of its bytes are done.
+  AudioTimeStamp m_start;           ///< When the buffer that is being filled begins.
   std::atomic<std::uint64_t> m_frames = 0;
   std::atomic<float> m_volume = 1.0F;
   std::atomic<bool> m_running = false;

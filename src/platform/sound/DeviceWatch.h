@@ -20,7 +20,7 @@ class DeviceWatch {
               std::function<void()> lost);
   DeviceWatch(const DeviceWatch&) = delete;
   DeviceWatch& operator=(const DeviceWatch&) = delete;
-  /// Lost runs no more when this returns. Not for lost itself.
+  /// `lost` does not run any more when this returns. `lost` itself must not destroy the watch.
   ~DeviceWatch();
 
  private:
@@ -33,7 +33,7 @@ class DeviceWatch {
   const SoundDirection m_direction;
   const std::string m_id;
   const std::function<void()> m_lost;
-  std::atomic<int> m_changes = 0;  ///< Counted, as waiting takes a change that it can see.
+  std::atomic<int> m_changes = 0;  ///< A number, as waiting needs a value that differs.
   std::atomic<bool> m_ending = false;
   std::thread m_thread;
 };

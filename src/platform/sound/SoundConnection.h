@@ -12,8 +12,8 @@ namespace korvel::platform {
 enum class SoundDirection { input, output };
 
 struct SoundDevice {
-  std::string name;              ///< As the desktop shows it, and unlike those of the others.
-  std::string id;                ///< Stays when the desktop is asked again.
+  std::string name;              ///< As the desktop shows it, numbered where others have it too.
+  std::string id;                ///< The same whenever the desktop is asked.
   const void* handle = nullptr;  ///< For streams of the connection; none is the default device.
 };
 

@@ -36,11 +36,11 @@ class WaveFileQueue : public BufferQueue {
   WaveFileQueue(const StreamDescription& description, Pace pace, Callback callback)
       : BufferQueue(description, std::move(callback)), m_pace(pace) {}
 
-  /// From its beginning. Throws FileError.
+  /// Opens the file at its beginning. Throws FileError.
   virtual void openFile() = 0;
-  /// Moves samples between file and buffers; false at the end of the file. On the thread.
+  /// Moves samples between file and buffers; false at the end of the file. Runs on the thread.
   virtual bool move(std::span<std::int16_t> piece) = 0;
-  /// After the thread's end. Throws FileError.
+  /// Called after the thread's end. Throws FileError.
   virtual void closeFile() {}
 
   bool waitForBuffer() override;
@@ -54,7 +54,7 @@ class WaveFileQueue : public BufferQueue {
 
   const Pace m_pace;
   std::thread m_thread;
-  std::mutex m_lock;  ///< Of m_stopping.
+  std::mutex m_lock;  ///< Guards m_stopping.
   std::condition_variable m_stopAsked;
   bool m_stopping = false;
 };

@@ -25,7 +25,7 @@ class WaveFiles final : public AudioSystem {
   std::unique_ptr<AudioQueue> newInput(const std::string& device,
                                        const StreamDescription& description,
                                        AudioQueue::InputCallback callback) override;
-  /// Plays what has 16 bits a channel.
+  /// Plays only sound that has 16 bits a channel.
   std::unique_ptr<AudioQueue> newOutput(const std::string& device,
                                         const StreamDescription& description,
                                         AudioQueue::OutputCallback callback) override;
