@@ -18,10 +18,10 @@ class KeptSound final : public QBSampleSource {
   /// rate: samples a second, above 0.
   explicit KeptSound(int rate);
 
-  /// The next samples of the recording. Not while it is read.
+  /// Appends the next samples of the recording; not to be called while it is read.
   void keep(std::span<const std::int16_t> samples);
 
-  /// From the beginning again. The volume has no meaning here.
+  /// Reads from the beginning again. The volume has no meaning here.
   void startRecord(float volume) override;
   std::span<const float> readSamples() override;
   bool eof() const override { return !m_reading; }

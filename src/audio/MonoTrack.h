@@ -23,7 +23,7 @@ class MonoTrack final : public QBSampleSource {
   std::span<const float> readSamples() override;
   bool eof() const override { return !isReading(); }
   bool isReading() const override { return m_reader && m_reader->isReading(); }
-  /// Of the file; 1 once there is nothing to read.
+  /// How much of the file has been read; 1 once there is nothing to read.
   double progress() const override;
   void stopRecord() override { m_reader.reset(); }
 

@@ -33,9 +33,9 @@ class QBMediaTrack final : public QBSampleSource {
   /// Ends reading; blocks that were read stay.
   void stopRecord() override;
 
-  /// No blocks are left, which says nothing about the file while `isReading`.
+  /// Whether no blocks are left, which says nothing about the file while `isReading`.
   bool eof() const override { return m_blocks.empty(); }
-  /// The decoder has not reached the end of the track.
+  /// Whether the decoder has not reached the end of the track yet.
   bool isReading() const override { return m_reader && m_reader->isReading(); }
   /// The next block, at the front; the caller deletes it from the store after use. None when empty.
   platform::Ref<QBBlock> readBlockFromSamples() override;
@@ -43,7 +43,7 @@ class QBMediaTrack final : public QBSampleSource {
   QBBlock& topBlock();
   /// 0 until the last block is handed out, then 100. Throws std::domain_error before any was read.
   int workingStateInPercent() const override;
-  /// Of the file while it is being read, of its blocks afterwards.
+  /// The share of the file while it is being read, and of its blocks afterwards.
   double progress() const override;
 
   std::int64_t nmbOfBlocks() const { return m_nmbOfBlocks; }

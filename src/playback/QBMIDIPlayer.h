@@ -30,7 +30,7 @@ class QBMIDIPlayer {
   bool playNote(int string, int note, double duration);
   /// Goes on by a step and adds the active tones there.
   QBChord& playChord(QBChord& chord);
-  /// None beyond the end.
+  /// The chord at an index; none beyond the end.
   QBChord* chordAtIndex(int index) const;
   /// Adds the first chord, or the one after the last added: its index, or -1 when there is none.
   int first();
@@ -44,7 +44,7 @@ class QBMIDIPlayer {
   /// Whether the clicks are heard, which they are at first; also while it plays.
   void setMetronome(bool heard);
   bool repeatAsLoop() const { return m_loop; }
-  /// At time 0.
+  /// Changes the General MIDI program at time 0.
   bool changeProgram(int program);
   const platform::MusicSequence& sequence() const { return m_sequence; }
 

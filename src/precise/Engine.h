@@ -23,16 +23,16 @@ class Engine {
   Engine& operator=(Engine&&) noexcept;
   ~Engine();
 
-  /// The next samples, mono, kInputRate of them a second; any number. Numbers that are none count
-  /// as 0. Not after `step`.
+  /// Takes any number of the next samples, mono, kInputRate of them a second; NaN and infinities
+  /// count as 0. Not to be called after `step`.
   void add(std::span<const float> samples);
 
   /// Does the work for about so many seconds of the recording; false when all is done.
   bool step(double seconds = 1);
-  /// Of the work, 0..1.
+  /// How much of the work is done, 0..1.
   double progress() const;
 
-  /// Once, when `step` has answered false.
+  /// The result; to be called once, after `step` has answered false.
   Analysis take();
 
  private:

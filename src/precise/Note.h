@@ -16,7 +16,7 @@ struct Note {
   /// Peak of the activation shortly after the onset, about 0.2 for a faint note and 3 for a loud
   /// one, whatever the level of the recording.
   float strength = 0;
-  /// That this is a note, 0..1.
+  /// How probable it is that this is a note, 0..1.
   float probability = 1;
   /// The strength as a linear amplitude, on the scale of `Analysis::amplitude`.
   float amplitude = 0;

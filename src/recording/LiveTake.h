@@ -44,7 +44,7 @@ class LiveTake {
   double seconds() const;
   /// How much of it is silence in the place of lost blocks.
   double lostSeconds() const;
-  /// Of the last block, 0..1: its loudest sample.
+  /// The loudest sample of the last block, 0..1.
   float level() const { return m_level; }
 
   /// A name for a take in the folder that no file has.

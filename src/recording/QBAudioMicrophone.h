@@ -36,9 +36,10 @@ class QBAudioMicrophone {
 
   /// From start to stop, also when the device has ended in between.
   bool isRunning() const { return mIsRunning; }
-  /// It runs, but nothing comes any more: the device is gone, or the file in its place is over.
+  /// Whether it runs but nothing comes any more: the device is gone, or the file in its place is
+  /// over.
   bool hasEnded() const;
-  /// The device went away since the last start.
+  /// Whether the device went away since the last start.
   bool isLost() const;
   /// The source that receives the blocks.
   QBSampleSource* AudioBuffer() const;

@@ -21,7 +21,7 @@ class QBOnlineTestRecorder : public QBRecorder {
   QBChord* nextStep() override;
   /// A chord of the target song with the confirmed tones, empty when none is.
   QBChord* filter(QBChord* chord);
-  /// The first of the queued chords; nothing queues any here.
+  /// The first queued chord; this class itself queues none.
   QBChord* nextChord() override;
   void setVolume(float volume) override;
   float getVolume() const override;

@@ -30,7 +30,7 @@ class PreciseAnalyser final : public QBChordAnalyser {
                   const precise::Settings& settings);
   ~PreciseAnalyser() override;
 
-  /// None for as long as the recording is listened to, a few hundredths of a second at each step.
+  /// Answers none for as long as the recording is listened to, a few hundredths of a second a step.
   QBChord* nextChord(QBSong* song) override;
   bool atEnd() const override;
   double progress() const override;
@@ -42,7 +42,7 @@ class PreciseAnalyser final : public QBChordAnalyser {
 
   OpenPitches m_open;
   precise::Settings m_settings;
-  std::unique_ptr<Transcription> m_listening;  ///< None before and after.
+  std::unique_ptr<Transcription> m_listening;  ///< None before it listens, and afterwards.
   bool m_heard = false;
   platform::Slices m_gathering;
   std::vector<precise::BlockTones> m_gathered;

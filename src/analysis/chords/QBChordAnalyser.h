@@ -28,7 +28,7 @@ class QBChordAnalyser {
   virtual std::shared_ptr<QBFFT> nextFFT();
   /// Stores the next chord into the song; none when no block is pending or nothing was heard in it.
   virtual QBChord* nextChord(QBSong* song);
-  /// No chord will come any more. What is live never knows, and says so.
+  /// Whether no chord will come any more; a live source, which cannot know, always answers true.
   virtual bool atEnd() const;
   /// How much is done of what the source has, 0..1.
   virtual double progress() const;

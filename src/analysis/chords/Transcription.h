@@ -30,9 +30,9 @@ class Transcription {
 
   /// A few hundredths of a second of work; false when all is done.
   bool step();
-  /// Of the work, 0..1.
+  /// How much of the work is done, 0..1.
   double progress() const;
-  /// Of the recording at 44100 a second, as far as it was read.
+  /// Length of the recording at kInputRate, as far as it was read.
   std::size_t samples() const { return m_samples; }
   /// Complete once `step` has answered false.
   const precise::Analysis& result() const { return m_result; }

@@ -22,7 +22,7 @@ class NoteCutter {
 
   /// The next samples of the recording.
   void add(std::span<const std::int16_t> samples);
-  /// Of what was added so far. What is much shorter than a note is left out.
+  /// The stretches of what was added so far. What is much shorter than a note is left out.
   std::vector<Stretch> stretches() const;
 
  private:

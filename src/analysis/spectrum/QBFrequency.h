@@ -40,7 +40,7 @@ class QBFrequency {
   bool isInterval(int semitones, const QBFrequency& other) const;
   /// As isInterval, but also any octaves further up or down.
   bool isIntervalOld(int semitones, const QBFrequency& other) const;
-  /// Unison as well.
+  /// Also true for a unison.
   bool isOctaveOf(const QBFrequency& other) const { return isInterval(12, other); }
   bool isMajSeptimeOf(const QBFrequency& other) const { return isInterval(11, other); }
   bool isSexteOf(const QBFrequency& other) const { return isInterval(9, other); }

@@ -30,7 +30,7 @@ class Parser {
   /// one of the four tokens after that is missing.
   QBHarmony* isHarmony();
 
-  // Each reads one token.
+  // Each of these reads one token.
   std::optional<Token> isValue();
   bool isNewLine();
   bool isNewSoundItem();

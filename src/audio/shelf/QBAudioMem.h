@@ -40,8 +40,8 @@ class QBAudioMem {
 
   // One byte more than is ever written, so that a sample at an odd last position can be read.
   std::vector<std::byte> mData;
-  std::int32_t mPos = 0;     ///< Of the next byte to read.
-  std::int32_t mEndPos = 0;  ///< Of the next byte to write.
+  std::int32_t mPos = 0;     ///< Position of the next byte to read.
+  std::int32_t mEndPos = 0;  ///< Position of the next byte to write.
 
  private:
   std::mutex mLock;

@@ -8,7 +8,7 @@ namespace korvel {
 /// The most recent 1.3 s of sound, for replay with a delay.
 class QBAudioMemRing : public QBAudioMem {
  public:
-  /// Size of a buffer that comes without one, and of silence.
+  /// The size in bytes that a buffer without one gets, and of a piece of silence.
   static constexpr std::uint32_t kDefaultFill = 8192;
 
   /// Appends the buffer's bytes; the oldest are overwritten.
@@ -17,7 +17,7 @@ class QBAudioMemRing : public QBAudioMem {
   /// distance behind the newest byte, or, before the ring has wrapped for the first time, from
   /// where the last call ended.
   void Fill(platform::QueueBuffer& buffer);
-  /// In seconds of 44100 bytes.
+  /// The delay in seconds, which count 44100 bytes each.
   void SetDelay(float seconds);
   void Reset() override;
 

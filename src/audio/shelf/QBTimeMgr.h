@@ -15,7 +15,7 @@ class QBTimeMgr {
 
   /// Time of day as seconds x 1000 + microseconds within the second.
   static std::uint64_t currentMicroseconds(Clock::time_point now = Clock::now());
-  /// Less than 1000 of these units old; a host time of the future is not.
+  /// Whether the time stamp is less than 1000 of these units old; one of the future is not.
   static bool isValid(const platform::AudioTimeStamp& time, Clock::time_point now = Clock::now());
 };
 

@@ -30,7 +30,8 @@ class ScoreWriter {
   std::string write();
 
  private:
-  // From the outside to the inside, each in the order that the format asks for.
+  // These write the parts of the document, from the outside to the inside, in the order of the
+  // format.
   void writeHead();
   void writePartList();
   void writeBar(const WrittenBar& bar);

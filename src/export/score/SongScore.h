@@ -14,7 +14,7 @@ class QBTuning;
 /// hertz; a string that it lacks is one of standard tuning, as all are without a tuning.
 std::vector<int> openPitches(const QBTuning* tuning);
 
-/// Of the song's first measure; 4/4 when it has none.
+/// The meter of the song's first measure; 4/4 when it has none.
 Meter meterOf(const QBSong& song);
 
 /// What a song's score says beside the music: title, instrument, open strings and tempo.

@@ -37,7 +37,7 @@ class QBAudioSpeaker {
   void SetupNewQueue();
   /// Throws AudioError.
   void start();
-  /// At once. The speaker counts as initialized until its queue is disposed of.
+  /// Stops at once. The speaker counts as initialized until its queue is disposed of.
   int stop();
   void DisposeQueue();
   void dispose() { DisposeQueue(); }
@@ -47,7 +47,7 @@ class QBAudioSpeaker {
   /// The first one that was added and not taken yet; none when there is none. For any thread.
   std::shared_ptr<QBSampleBlock> nextBuffer();
 
-  /// The analyser's.
+  /// The analyser's source.
   QBSampleSource* AudioBuffer() const;
   platform::AudioQueue* Queue() const { return mQueue.get(); }
   const platform::StreamDescription& DataFormat() const { return mDataFormat; }

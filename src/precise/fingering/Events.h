@@ -13,14 +13,14 @@ namespace korvel::precise {
 /// event. Of more notes than strings the weakest are left out.
 class Events {
  public:
-  /// Notes in whatever order.
+  /// The notes may come in any order.
   explicit Events(std::span<const Note> notes);
 
   /// Indices of all notes, by onset.
   std::span<const std::size_t> byOnset() const { return m_byOnset; }
   /// Indices of the notes that are played, event by event, by rising pitch within each.
   std::span<const std::size_t> played() const { return m_played; }
-  /// Of each event, in notes.
+  /// How many notes each event has.
   std::span<const std::size_t> sizes() const { return m_sizes; }
   /// Whether it is a melody: hardly two notes at once.
   bool areOneLine() const;

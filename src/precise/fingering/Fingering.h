@@ -36,8 +36,8 @@ class Fingering {
   static platform::Slices search(const Events& events, FingeringSearch& way);
   void assign(const Events& events, const FingeringSearch& best, std::span<Note> notes) const;
 
-  OpenPitches m_open;  ///< With the capo on.
-  int m_frets = 0;     ///< Beyond the capo.
+  OpenPitches m_open;  ///< The open strings with the capo on.
+  int m_frets = 0;     ///< Frets above the capo.
   int m_capo = 0;
   FingeringCosts m_costs;
   bool m_guessesOpen = false;  ///< Tries whether a melody lies in open position.

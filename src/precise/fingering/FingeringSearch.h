@@ -34,7 +34,7 @@ class FingeringSearch {
     float cost = 0;
     int place = FingeringCosts::kNowhere;
     std::array<std::int8_t, kStrings> fret{};
-    std::array<double, kStrings> end{};  ///< Seconds, of the last note of each string.
+    std::array<double, kStrings> end{};  ///< When the last note of each string ends, in seconds.
     std::int32_t step = kStart;
   };
   /// A grip that a hand may take next.
@@ -72,13 +72,13 @@ class FingeringSearch {
   std::span<const Grip> m_grips;
   std::vector<float> m_gripCosts;
   std::array<float, FingeringOptions::kMostFrets> m_shiftCosts{};  ///< By frets that the hand goes.
-  double m_cost = 0;  ///< Up to the hands', which count from the best of them.
+  double m_cost = 0;  ///< Of the best hand; those of the hands count from it.
   double m_now = 0;   ///< Onset of the event's first note.
 
   std::vector<Hand> m_hands;
   std::vector<Hand> m_next;
   std::vector<Choice> m_choices;
-  float m_least = 0;  ///< That a choice costs, so far.
+  float m_least = 0;  ///< The least that a choice costs, so far.
   std::vector<Step> m_steps;
   std::vector<std::size_t> m_sizes;  ///< Notes of each event.
 };

@@ -17,9 +17,9 @@ struct Grip {
 
   std::array<std::int8_t, kStrings> fret{};    ///< By string; kNone for strings left alone.
   std::array<std::int8_t, kStrings> string{};  ///< By note; kNone for a note that is not played.
-  int lowest = 0;                              ///< Of the pressed frets; 0 when none is.
+  int lowest = 0;                              ///< The lowest pressed fret; 0 when none is.
   int highest = 0;
-  int sum = 0;   ///< Of all frets.
+  int sum = 0;   ///< All frets added up.
   int open = 0;  ///< Open strings in it.
   int gaps = 0;  ///< Strings left alone between the outer ones.
   int left = 0;  ///< Notes that are not played.
@@ -34,7 +34,7 @@ class GripList {
 
   GripList(const OpenPitches& open, int frets);
 
-  /// For at most kMostNotes pitches, rising. Valid until the next call.
+  /// The grips for at most kMostNotes pitches, rising. Valid until the next call.
   std::span<const Grip> find(std::span<const int> pitches);
 
  private:

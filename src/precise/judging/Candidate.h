@@ -17,9 +17,9 @@ struct Candidate {
   Frame end = 0;
   /// The largest activation shortly after the onset.
   float peak = 0;
-  /// Of its pitch at the onset.
+  /// The flux of its pitch at the onset.
   float flux = 0;
-  /// It starts while its pitch still sounds: a candidate before it ends where it starts.
+  /// Whether it starts while its pitch still sounds: a candidate before it ends where it starts.
   bool reattack = false;
   double probability = 1;
 };

@@ -25,8 +25,8 @@ class Company {
   void add(std::size_t i, Features<NoteFeature>& known) const;
 
  private:
-  /// Of one candidate. Companions count by their probability times the share of the candidate's
-  /// time in which they sound too.
+  /// What sounds with one candidate. Companions count by their probability times the share of the
+  /// candidate's time in which they sound too.
   struct Companions {
     double octaveBelow = 0;
     double octaveAbove = 0;

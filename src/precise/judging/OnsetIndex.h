@@ -12,7 +12,7 @@ namespace korvel::precise {
 /// Answers which candidates start near a frame.
 class OnsetIndex {
  public:
-  /// Starts within so many frames are together.
+  /// Starts that are at most so many frames apart are near each other.
   static constexpr Frame kNear = 4;
 
   explicit OnsetIndex(std::span<const Candidate> candidates);
@@ -22,11 +22,11 @@ class OnsetIndex {
   std::size_t countNew(Frame frame) const { return countNear(m_newOnsets, frame); }
   /// Whether one that starts near the frame has an overtone at the pitch.
   bool isCovered(std::size_t pitch, Frame frame) const;
-  /// Whether one that is no re-attack does.
+  /// The same for those that are no re-attacks.
   bool isCoveredByNew(std::size_t pitch, Frame frame) const;
 
  private:
-  /// In order.
+  /// Frames in rising order.
   using Onsets = std::vector<Frame>;
 
   static std::size_t countNear(const Onsets& onsets, Frame frame);

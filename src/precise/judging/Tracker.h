@@ -46,10 +46,10 @@ class Tracker {
   const FrameTable& m_activations;
   const Flux& m_flux;
   TrackerSettings m_settings;
-  /// Of the loudest pitch in each frame.
+  /// The activation of the loudest pitch in each frame.
   std::vector<float> m_loudest;
   std::size_t m_pitch = 0;
-  /// Of kTogether pitches, one after the other, each with a margin on both sides.
+  /// The curves of kTogether pitches, one after the other, each with a margin on both sides.
   std::vector<float> m_curves;
   const float* m_curve = nullptr;
 };

@@ -22,7 +22,7 @@ class FrontEnd {
 
   /// Looks at a frame, which is centred at sample frame * kHop, and at the one that follows.
   void look(const Recording& recording, Frame frame);
-  /// Linear magnitudes in one of the two, 0 or 1.
+  /// Linear magnitudes in one of the two frames, 0 or 1.
   const BinRow& spectrum(std::size_t which) const { return m_views[which].bins; }
   /// Those of the short window, one bin a semitone.
   const OnsetRow& onsetSpectrum(std::size_t which) const { return m_views[which].onsets; }

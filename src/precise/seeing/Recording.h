@@ -21,10 +21,10 @@ class Recording {
   void add(std::span<const float> samples);
   void finish();
 
-  /// At kRate.
+  /// The samples at kRate.
   const SampleStore& full() const { return m_full; }
-  /// At kRate / kLowRateStep: sample i belongs to the moment of sample kLowRateStep * i of the
-  /// other.
+  /// Those at kRate / kLowRateStep: sample i belongs to the moment of sample kLowRateStep * i of
+  /// `full`.
   const SampleStore& low() const { return m_low; }
 
   /// Gives back what lies before sample `end` of kRate.

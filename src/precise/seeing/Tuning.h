@@ -16,12 +16,12 @@ class Tuning {
  public:
   Tuning();
 
-  /// Windows that cover so many samples.
+  /// How many windows it takes to cover so many samples.
   static std::size_t windows(std::size_t samples);
   /// Looks at one of them and the next; samples at kRate.
   void look(const SampleStore& samples, std::size_t window);
 
-  /// In cents, -50..50, of all that was looked at; 0 when nothing sounds.
+  /// The result for all that was looked at, in cents, -50..50; 0 when nothing sounds.
   double offset() const;
 
  private:

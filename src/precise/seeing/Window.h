@@ -20,7 +20,7 @@ inline Window window(Frame begin, Frame end, Frame frames) {
   return {first, std::clamp(end, first, frames)};
 }
 
-/// The largest value at a frame of the window; 0 of none.
+/// The largest value at a frame of the window, at least 0.
 template <class Value>
 double largest(const Window& window, const Value& valueAt) {
   double found = 0;
@@ -29,7 +29,7 @@ double largest(const Window& window, const Value& valueAt) {
   return found;
 }
 
-/// 0 of no frames.
+/// The mean of the values at the frames of the window; 0 when it has no frames.
 template <class Value>
 double mean(const Window& window, const Value& valueAt) {
   double sum = 0;

@@ -30,12 +30,12 @@ class Adaptation {
   Dictionary dictionary() const;
 
  private:
-  /// Of one part of the notes of one pitch.
+  /// What was learnt from one part, attack or rest, of the notes of one pitch.
   struct Learnt {
     BinRow sum{};
     float weight = 0;
   };
-  /// Of all pitches.
+  /// One part of the notes of all pitches.
   using Part = std::array<Learnt, kPitches>;
 
   void learn(const Candidate& note, Frame first, Frame end, float weight, Part& part);

@@ -20,8 +20,8 @@ class NonNegativeSolver {
   /// Spectra that are looked at together.
   static constexpr std::size_t kTogether = 4;
 
-  /// No coefficient would still change by more than the tolerance, but for spectra that are not
-  /// done when the most rounds that are allowed are over.
+  /// A spectrum is solved when no coefficient would change by more than the tolerance any more, or
+  /// when the rounds that are allowed are over.
   NonNegativeSolver(const Dictionary& dictionary, float tolerance);
 
   /// spectra: one to kTogether rows of kBins values each.

@@ -26,7 +26,7 @@ class Smoothed {
     return median(level(pitch, frame - 1), level(pitch, frame), level(pitch, frame + 1));
   }
 
-  /// Of the frames [first, end) that lie in the recording; 0 of none.
+  /// The largest of the frames [first, end) that lie in the recording; 0 when none does.
   float highest(std::size_t pitch, Frame first, Frame end) const {
     float found = 0;
     for (Frame t = first; t < end; ++t)

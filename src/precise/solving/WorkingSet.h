@@ -38,7 +38,7 @@ class WorkingSet {
   const std::vector<float>& m_allProducts;
   std::size_t m_stride;
   std::vector<std::uint32_t> m_atoms;
-  /// Of all atoms.
+  /// Whether each atom of the dictionary is in the set.
   std::vector<char> m_contained;
   std::vector<float> m_coefficients;
   std::vector<float> m_gradient;

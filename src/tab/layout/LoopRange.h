@@ -11,7 +11,7 @@ struct LoopRange {
   int to = -1;
 
   LoopRange() = default;
-  /// Null has no loop.
+  /// A null song has no loop.
   explicit LoopRange(const QBSong* song);
 
   bool contains(int position) const { return from <= position && position <= to; }

@@ -30,25 +30,25 @@ class TabLayout {
     int end;
   };
 
-  /// Of no song.
+  /// The layout of no song.
   TabLayout() = default;
   explicit TabLayout(QBSong& song);
-  /// Of the text for export, which has no marks of the loop.
+  /// The layout of the text for export, which has no marks of the loop.
   static TabLayout forExport(QBSong& song);
-  /// Of a text without chords.
+  /// The layout of any text; no chords are in it.
   explicit TabLayout(const std::string& text) { readText(text); }
 
   /// The stored tablature, in rows of characters; drawn anew where it is older than the chords that
   /// it should show. All blanks at the ends of rows are left out.
   const std::vector<std::string>& rows() const { return m_rows; }
-  /// Of the widest row.
+  /// How many columns the widest row has.
   int columns() const { return m_columns; }
   const std::vector<System>& systems() const { return m_systems; }
   /// Null for a row above the first system.
   const System* systemAt(int row) const;
 
   int chords() const { return static_cast<int>(m_placeOfChord.size()); }
-  /// Those of the chords that are drawn, as the text reads.
+  /// The places of the chords that are drawn, in the order of the text.
   const std::vector<Place>& places() const { return m_places; }
   /// The places of a system.
   std::vector<Place>::const_iterator begin(const System& system) const;
