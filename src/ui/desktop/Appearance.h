@@ -14,7 +14,7 @@ void applyTheme(Theme theme, bool desktopIsDark = false);
 /// Loads the texts of a language, such as "de"; an empty one is the desktop's. English where there
 /// are none. For windows that are made from now on.
 void applyLanguage(const QString& language);
-/// The first of them that there are texts of.
+/// Loads the texts of the first of these languages that there are any of.
 void applyLanguages(const QStringList& languages);
 
 }  // namespace korvel::ui

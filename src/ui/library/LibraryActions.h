@@ -41,7 +41,7 @@ class LibraryActions final : public QObject {
 
   /// Asks for files; into a new album each unless one is named.
   void chooseAndImport(QBAlbum* into = nullptr);
-  /// Of folders the sound files in them.
+  /// Imports the files, and of folders the sound files in them.
   void importFiles(const QStringList& files, QBAlbum* into = nullptr);
   void createAlbum();
   /// In a format that the user chooses with the name of the file.
@@ -54,7 +54,7 @@ class LibraryActions final : public QObject {
   void imported(const QString& file, QBSong* song);
   /// The title of that node is to be edited in place.
   void renameWanted(const TreeNode* node);
-  /// By the user, who has yet to name it.
+  /// The user made an album, and has yet to name it.
   void albumCreated(const QBAlbum* album);
 
  private:
@@ -72,7 +72,7 @@ class LibraryActions final : public QObject {
   /// Asks when a file of that name is there.
   bool mayReplace(const QString& file);
   static void renderSong(QBSong& song, RenderedPart part, const QString& file);
-  /// As a job of the session; one that cannot begin is none.
+  /// Runs it as a job of the session; one that cannot begin does not become one.
   static void run(const std::shared_ptr<QBCommand>& job);
   void exportAll(QBAlbum& album, SongFormat format);
   void editStrings(QBTuning& tuning);

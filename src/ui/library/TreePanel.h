@@ -37,9 +37,9 @@ class TreePanel final : public QWidget, public TreeView {
 
  signals:
   void refused(const QString& text);
-  /// By Enter or a double click.
+  /// A song was chosen by Enter or a double click.
   void songActivated();
-  /// By mouse or Enter, even when it was selected before.
+  /// A song was chosen by mouse or Enter, even when it was selected before.
   void songClicked(QBSong* song);
 
  protected:
@@ -64,7 +64,7 @@ class TreePanel final : public QWidget, public TreeView {
   bool m_following = false;
   bool m_menuByKeys = false;
   bool m_searching = false;
-  QStringList m_openBefore;  ///< The search began.
+  QStringList m_openBefore;  ///< The branches that were open when the search began.
 };
 
 }  // namespace korvel::ui

@@ -19,7 +19,7 @@ class SpokenView {
   virtual QAccessible::Role spokenRole() const { return QAccessible::EditableText; }
 
  protected:
-  /// Has every view of this kind be seen so.
+  /// Tells the toolkit to show every view of this kind to screen readers in this way.
   SpokenView();
   /// Tells screen readers when the view, which is this, has another text than they were told last.
   void announce(QWidget& view);

@@ -26,7 +26,7 @@ class Application final : public QApplication {
   bool notify(QObject* receiver, QEvent* event) override;
 
  private:
-  /// From one window to the next.
+  /// What one window hands to the next.
   struct Handed {
     QStringList files;  ///< To be imported.
     QString log;

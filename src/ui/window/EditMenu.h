@@ -24,12 +24,12 @@ class EditMenu final : public QMenu {
   /// Takes the edits that the views tell of, too; both outlive this.
   EditMenu(TablatureView& tablature, FretboardView& fretboard, QWidget* parent = nullptr);
 
-  /// None takes the edits away, and so does one that is locked, as while it plays.
+  /// There is nothing to edit without a song, or in one that is locked, as while it plays.
   void setSong(QBSong* song);
   void setLocked(bool locked);
 
  signals:
-  /// The song is another one than the views show.
+  /// The song has changed, so that the views show an old state of it.
   void edited();
   /// One line with what to do.
   void refused(const QString& text);
@@ -42,7 +42,7 @@ class EditMenu final : public QMenu {
   QAction* addEdit(const QString& title, const QKeySequence& keys,
                    const std::function<void()>& act);
   void connectViews(FretboardView& fretboard);
-  /// At the cursor.
+  /// Makes an edit at the cursor and tells why it was refused.
   void attempt(const std::function<void(SongEditor&)>& edit);
   void attemptInsertion(const std::function<void(SongEditor&, int)>& insert);
   void perform(const std::function<void(SongEditor&)>& edit);

@@ -61,7 +61,8 @@ class MainWindow final : public QMainWindow, public SongView {
   TablatureView& tablature() { return *m_tablature; }
 
  signals:
-  /// Another one than the window's own, and nothing is under way that a new window would end.
+  /// The user chose a language other than the window's, and nothing is under way that a new window
+  /// would end.
   void languageChosen();
 
  protected:
@@ -95,7 +96,7 @@ class MainWindow final : public QMainWindow, public SongView {
   /// Does what needs a song that can be handed on.
   void withSong(const std::function<void()>& act);
 
-  // What they do.
+  // What the menus do.
   void showCursor(int chord);
   void showPlaying();
   void refreshViews();
@@ -120,7 +121,7 @@ class MainWindow final : public QMainWindow, public SongView {
   LibraryTree m_library;
   ImportDesk m_desk{m_library};
   platform::Ref<QBSong> m_song;
-  bool m_turnedToASong = false;  ///< Since the last import was started.
+  bool m_turnedToASong = false;  ///< The user did so since the last import was started.
   LibraryActions* m_actions;
   TreePanel* m_tree;
   TablatureView* m_tablature;

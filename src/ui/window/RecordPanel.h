@@ -27,7 +27,7 @@ class RecordPanel final : public QWidget {
   bool isBusy() const;
   /// Ends the recording; what was played is stored, at least as it was heard live.
   void finish();
-  /// After a change of the settings.
+  /// To be called after a change of the settings.
   void showChosenDevice();
 
  signals:

@@ -34,7 +34,7 @@ class RenderSongCommand final : public WritingCommand {
   /// Throws platform::FileError, and EditRefused where there is nothing to hear.
   void prepare() override;
   void tearDown() override;
-  /// Of the song so far.
+  /// Keeps a file of the song as far as it was rendered.
   void stopAndKeep() override { stop(); }
 
  private:

@@ -72,7 +72,7 @@ class LiveRecording {
   void endNow();
 
   State state() const { return m_state; }
-  /// Of what was recorded, in seconds.
+  /// How much was recorded, in seconds.
   double elapsed() const;
   /// The loudest sample of the last block, 0..1.
   float level() const;
@@ -144,7 +144,7 @@ class LiveRecording {
 
   platform::Ref<QBSong> m_song;
   bool m_isPrecise = false;
-  bool m_isHeard = false;  ///< To the end.
+  bool m_isHeard = false;  ///< The take was heard to its end.
   bool m_takeStays = true;
   std::optional<std::string> m_problem;
   std::function<void(QBChord&)> m_onChord;

@@ -28,7 +28,7 @@ class NoteRecording {
   bool isRunning() const { return m_timer != nullptr; }
   /// The device went away, which ended the recording.
   bool isLost() const;
-  /// In seconds.
+  /// How much was recorded, in seconds.
   double elapsed() const;
   /// The loudest sample of the last block, 0..1.
   float level() const;

@@ -65,7 +65,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool usesAsScratch(const QBSong& song) const override;
   const std::string& file() const { return m_file; }
   QBSong* newSong() const;
-  /// The end of the file was not heard.
+  /// Whether the end of the file was not heard.
   bool isCutShort() const { return m_cutShort; }
 
   /// Called after each step with the share of the work that is done, 0..1.
@@ -101,7 +101,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   platform::Ref<QBTuning> m_tuning;
   std::unique_ptr<Hearing> m_hearing;  ///< From `prepare` until the tablature is drawn.
   std::unique_ptr<SongInWork> m_mark;
-  std::size_t m_unsaved = 0;  ///< Chords.
+  std::size_t m_unsaved = 0;  ///< How many chords are not saved yet.
   platform::Slices m_finishing;
   std::function<void(double)> m_listener;
   std::function<void()> m_finished;

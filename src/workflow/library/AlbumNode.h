@@ -19,7 +19,7 @@ class AlbumNode final : public TreeNode, public std::enable_shared_from_this<Alb
  public:
   using Children = std::vector<std::shared_ptr<QBSongNode>>;
 
-  /// Without songs.
+  /// A node that has no songs below it yet.
   explicit AlbumNode(QBAlbum* album);
   ~AlbumNode() override;
   /// With the songs that the album has now.

@@ -16,7 +16,7 @@ namespace korvel {
 
 class QBSong;
 
-/// What a window or a console has of the player.
+/// The controls of a player, as a window or a console shows them.
 class PlayerControls {
  public:
   virtual ~PlayerControls() = default;
@@ -61,8 +61,8 @@ class QBPlayerViewController final : public PlayerView {
   /// All of what plays has been heard.
   bool isOver() const { return m_midi && m_midi->isOver(); }
 
-  /// Begins a loop again whose end was passed over between two looks at the position, as happens to
-  /// who plays faster than was recorded and should call this now and then.
+  /// Begins a loop again whose end was passed over between two looks at the position. Who plays
+  /// faster than was recorded should call this now and then.
   void keepLooping();
 
   /// Whether clicks on the beats are heard beside the song; at any time.

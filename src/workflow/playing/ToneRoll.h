@@ -30,7 +30,7 @@ class ToneRoll {
   std::vector<Tone>::const_iterator firstSounding(int first) const;
   std::vector<Tone>::const_iterator endSounding(int end) const;
   int chords() const { return m_chords; }
-  /// Of all tones; 0 without any.
+  /// The lowest and the highest pitch of all tones; 0 without any.
   int lowestPitch() const { return m_lowest; }
   int highestPitch() const { return m_highest; }
   /// Chords that begin a bar, ascending; empty for a song without bars.
