@@ -44,7 +44,8 @@ class ReadSong {
 
 void deleteSong() {
   QBTabMgr& db = QBTabMgr::db();
-  const platform::UndoGroup group(db.context().undoManager(), "Delete");
+  const platform::UndoGroup group(db.context().undoManager(),
+                                  platform::UserText::verbatim("Delete"));
   ReadSong::album()->deleteSong(ReadSong::song());
   db.save();
 }

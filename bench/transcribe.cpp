@@ -46,7 +46,8 @@ void useInstrument(const std::filesystem::path& definition) {
   QBTabMgr& db = QBTabMgr::db();
   db.deselectAllInstruments();
   QBMusicXMLParser(definition).parse();
-  if (!db.selectedInstrument()) throw platform::FileError(definition, "defines no instrument");
+  if (!db.selectedInstrument())
+    throw platform::FileError(definition, platform::UserText::verbatim("defines no instrument"));
   db.computeOffsets();
 }
 

@@ -113,7 +113,7 @@ bool QBMIDIPlayer::start() {
     m_player->preroll();
     m_player->start();
   } catch (const platform::AudioError& error) {
-    m_problem = error.what();
+    m_problem = error.text();
     return false;
   }
   changeProgram(kProgram);

@@ -8,6 +8,7 @@
 #include "platform/midi/MusicPlayer.h"
 #include "platform/midi/MusicSequence.h"
 #include "platform/persistence/Ref.h"
+#include "platform/text/UserText.h"
 
 namespace korvel {
 
@@ -51,7 +52,7 @@ class QBMIDIPlayer {
   // Playing.
   /// False when the device cannot be played on; `problem` tells why.
   bool start();
-  const std::string& problem() const { return m_problem; }
+  const platform::UserText& problem() const { return m_problem; }
   /// Disposes of the notes too.
   bool stop();
   /// Without effect: nothing is left after stop.
@@ -83,7 +84,7 @@ class QBMIDIPlayer {
   float m_timestamp = 0;  ///< When the last chord was added, in beats.
   bool m_loop = false;
   int m_to = 0;
-  std::string m_problem;
+  platform::UserText m_problem;
 };
 
 }  // namespace korvel

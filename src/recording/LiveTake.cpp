@@ -25,7 +25,8 @@ void makeFolderOf(const fs::path& file) {
   std::error_code failed;
   if (file.has_parent_path()) fs::create_directories(file.parent_path(), failed);
   if (failed)
-    throw platform::FileError(file.parent_path(), "cannot make the folder", failed.value());
+    throw platform::FileError(
+        file.parent_path(), platform::phrase("Message", "cannot make the folder"), failed.value());
 }
 
 bool isLeft(const fs::directory_entry& entry) {
@@ -78,7 +79,7 @@ void LiveTake::addFrames(std::span<const std::int16_t> samples) {
   try {
     if (m_out) m_out->write(samples);
   } catch (const platform::FileError& error) {
-    m_problem = error.what();
+    m_problem = error.text();
     m_out.reset();
   }
 }

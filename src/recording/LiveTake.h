@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "audio/KeptSound.h"
+#include "platform/text/UserText.h"
 
 namespace korvel::platform {
 class GrowingWaveFile;
@@ -38,7 +39,7 @@ class LiveTake {
 
   const std::filesystem::path& file() const { return m_file; }
   /// Why the file ends before the sound does.
-  const std::optional<std::string>& problem() const { return m_problem; }
+  const std::optional<platform::UserText>& problem() const { return m_problem; }
   const std::shared_ptr<KeptSound>& sound() const { return m_sound; }
   /// How long it has become.
   double seconds() const;
@@ -60,7 +61,7 @@ class LiveTake {
 
   std::filesystem::path m_file;
   std::unique_ptr<platform::GrowingWaveFile> m_out;
-  std::optional<std::string> m_problem;
+  std::optional<platform::UserText> m_problem;
   std::shared_ptr<KeptSound> m_sound;
   std::vector<std::int16_t> m_mono;
   std::int64_t m_frames = 0;

@@ -60,7 +60,7 @@ TEST(MediaReader, everyFormatGivesTheToolsSamples) {
     const std::string file = folder.file(format.name);
     test::encode(format.sound, file, format.encoding);
     const MediaAsset asset(file);
-    ASSERT_EQ(asset.tracks().size(), 1U) << asset.problem();
+    ASSERT_EQ(asset.tracks().size(), 1U) << asset.problem().english();
     const MediaTrack& track = asset.tracks()[0];
     EXPECT_EQ(track.media, MediaTrack::Media::sound) << file;
     EXPECT_EQ(track.coding, format.coding) << file << track.codec;
@@ -96,7 +96,8 @@ TEST(MediaAsset, withoutATrackListSaysWhy) {
   for (const char* name : {"missing.mp3", "folder.mp3", "empty.mp3", "pipe.mp3", "list.mp3"}) {
     const MediaAsset asset(folder.file(name));
     EXPECT_FALSE(asset.hasTrackList()) << name;
-    EXPECT_TRUE(asset.problem().starts_with(folder.file(name) + ": cannot open: ")) << name;
+    EXPECT_TRUE(asset.problem().english().starts_with(folder.file(name) + ": cannot open: "))
+        << name;
   }
 }
 

@@ -11,10 +11,12 @@ using test::Book;
 using test::Cover;
 using test::Page;
 
+constexpr auto titled = &UserText::verbatim;
+
 struct UndoManagerTest : test::BookStoreTest {
   UndoManager& undo() { return m_context->undoManager(); }
   void act(const std::string& name, const std::function<void()>& work) {
-    const UndoGroup group(undo(), name);
+    const UndoGroup group(undo(), titled(name));
     work();
   }
   /// Hundreds of saves, none of which has to survive a power cut.
@@ -131,7 +133,7 @@ TEST_F(UndoManagerTest, anyActionsAreTakenBackAndDoneAgainWhateverWasSaved) {
     };
     for (int round = 0; round < 2; ++round) {
       for (std::size_t level = 10; level-- > 0;) {
-        EXPECT_EQ(undo().undoActionName(), std::to_string(level));
+        EXPECT_EQ(undo().undoActionName().english(), std::to_string(level));
         ASSERT_TRUE(undo().undo());
         expectLevel(level);
       }
@@ -167,9 +169,9 @@ TEST_F(UndoManagerTest, savedDeletionComesBackAsTheSameObjectAndRow) {
 TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
   Book* changed = book("b");
   {
-    const UndoGroup whole(undo(), "Whole");
+    const UndoGroup whole(undo(), titled("Whole"));
     {
-      UndoGroup part(undo(), "Part");
+      UndoGroup part(undo(), titled("Part"));
       changed->setTitle("c");
       part.rollBack();
     }
@@ -179,9 +181,9 @@ TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
   EXPECT_TRUE(undo().undo());
   EXPECT_EQ(changed->title(), "b");
   act("Empty", [] {});
-  EXPECT_EQ(undo().redoActionName(), "Whole");
+  EXPECT_EQ(undo().redoActionName().english(), "Whole");
   {
-    UndoGroup failed(undo(), "Failed");
+    UndoGroup failed(undo(), titled("Failed"));
     page(2, changed);
     EXPECT_TRUE(failed.rollBack());
   }
@@ -191,14 +193,14 @@ TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
   act("Next", [&] { changed->setTitle("e"); });
   EXPECT_FALSE(undo().canRedo());
   {
-    UndoGroup failed(undo(), "Failed");
+    UndoGroup failed(undo(), titled("Failed"));
     page(1, changed);
     m_context->save();
     m_context->remove(*changed);
     failed.rollBack();
   }
   EXPECT_EQ(told(), "e//-:\n");
-  EXPECT_EQ(undo().undoActionName(), "Next");
+  EXPECT_EQ(undo().undoActionName().english(), "Next");
 }
 
 // A job that fills a book of its own, as an import does, while somebody acts at random and goes
@@ -217,7 +219,7 @@ TEST_F(UndoManagerTest, anyActionsBesideOneInStepsAreTakenBackAndDoneAgain) {
     };
     const std::string before = told();
     act("Before", vandalise);
-    auto job = std::make_shared<UndoGroup>(undo(), "Job");
+    auto job = std::make_shared<UndoGroup>(undo(), titled("Job"));
     const Ref<Book> filled = book("filled");
     job->suspend();
     for (int step = 0; step < 40; ++step) {
@@ -248,41 +250,42 @@ TEST_F(UndoManagerTest, anyActionsBesideOneInStepsAreTakenBackAndDoneAgain) {
 TEST_F(UndoManagerTest, actionUnderWayIsPassedOverUnlessItUsesWhatWouldGo) {
   Book* owner = book("b");
   act("Rename", [&] { owner->setTitle("c"); });
-  auto steps = std::make_unique<UndoGroup>(undo(), "Steps");
+  auto steps = std::make_unique<UndoGroup>(undo(), titled("Steps"));
   Ref<Page> made = page(1, owner);
   steps->suspend();
   EXPECT_TRUE(undo().undo());
   EXPECT_EQ(owner->title(), "b");
-  EXPECT_EQ(undo().undoWaitsFor(), "Steps") << "there is nothing else";
+  EXPECT_EQ(undo().undoWaitsFor().english(), "Steps") << "there is nothing else";
   EXPECT_FALSE(undo().undo());
   steps->resume();
   page(2, owner);
   steps->suspend();
-  EXPECT_EQ(undo().redoActionName(), "Rename") << "steps are nothing new";
+  EXPECT_EQ(undo().redoActionName().english(), "Rename") << "steps are nothing new";
   EXPECT_TRUE(undo().redo());
 
   act("Delete", [&] { m_context->remove(*made); });
   undo().undo();
   EXPECT_FALSE(undo().canRedo()) << "more may have been made of it meanwhile";
   steps.reset();
-  EXPECT_EQ(undo().undoActionName(), "Steps");
+  EXPECT_EQ(undo().undoActionName().english(), "Steps");
 
   Book* shelf = nullptr;
   act("New Book", [&] { shelf = book("new"); });
-  steps = std::make_unique<UndoGroup>(undo(), "More steps");
+  steps = std::make_unique<UndoGroup>(undo(), titled("More steps"));
   page(3, shelf);
   steps->suspend();
-  EXPECT_EQ(undo().undoActionName(), "New Book");
-  EXPECT_EQ(undo().undoWaitsFor(), "More steps");
+  EXPECT_EQ(undo().undoActionName().english(), "New Book");
+  EXPECT_EQ(undo().undoWaitsFor().english(), "More steps");
   EXPECT_FALSE(undo().undo());
   act("Renumber", [&] { shelf->pages().at(0)->setNumber(4); });
   act("Move", [&] { made->setBook(shelf); });
   steps->rollBack();
-  EXPECT_EQ(undo().undoWaitsFor(), "");
-  EXPECT_EQ(undo().undoActionName(), "Move") << "what is left of them, not what went with the page";
+  EXPECT_EQ(undo().undoWaitsFor().english(), "");
+  EXPECT_EQ(undo().undoActionName().english(), "Move")
+      << "what is left of them, not what went with the page";
   EXPECT_TRUE(undo().undo());
-  EXPECT_EQ(undo().undoActionName(), "New Book");
-  auto orphan = std::make_unique<UndoGroup>(undo(), "Cut off");
+  EXPECT_EQ(undo().undoActionName().english(), "New Book");
+  auto orphan = std::make_unique<UndoGroup>(undo(), titled("Cut off"));
   reopen();
   orphan.reset();
 }

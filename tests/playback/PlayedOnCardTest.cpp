@@ -68,7 +68,7 @@ std::vector<long> strumsOf(QBSong& song) {
                                 std::make_unique<platform::FluidSynthesizer>(
                                     test::kSoundFont, std::vector{QBMIDIPlayer::kProgram})));
   player.scanFull();
-  EXPECT_TRUE(player.start()) << player.problem();
+  EXPECT_TRUE(player.start()) << player.problem().english();
   EXPECT_TRUE(test::eventually([&] { return player.isOver(); }));
   player.stop();
   return tape.onsets();

@@ -186,7 +186,7 @@ TEST_F(QBMIDIPlayerTest, tellsWhyItCannotStart) {
   addChords(2);
   const auto midi = player("Boombox");
   EXPECT_FALSE(midi->start());
-  EXPECT_NE(midi->problem().find("Boombox"), std::string::npos);
+  EXPECT_NE(midi->problem().english().find("Boombox"), std::string::npos);
   EXPECT_FALSE(midi->isPlaying());
 }
 

@@ -63,13 +63,14 @@ HandAudio::~HandAudio() = default;
 std::unique_ptr<platform::AudioQueue> HandAudio::newInput(const std::string&,
                                                           const platform::StreamDescription&,
                                                           platform::AudioQueue::InputCallback) {
-  throw AudioError("there is no microphone");
+  throw AudioError(platform::UserText::verbatim("there is no microphone"));
 }
 
 std::unique_ptr<platform::AudioQueue> HandAudio::newOutput(
     const std::string& device, const platform::StreamDescription& description,
     platform::AudioQueue::OutputCallback callback) {
-  if (!device.empty() && device != kSystemDefault) throw AudioError(device + ": no such device");
+  if (!device.empty() && device != kSystemDefault)
+    throw AudioError(platform::UserText::verbatim(device + ": no such device"));
   return std::make_unique<Output>(m_state, description, std::move(callback));
 }
 

@@ -53,7 +53,8 @@ class HandFedMicrophone final : public platform::AudioSystem {
   std::unique_ptr<platform::AudioQueue> newInput(
       const std::string& name, const platform::StreamDescription& wanted,
       platform::AudioQueue::InputCallback callback) override {
-    if (name == "missing") throw platform::AudioError("missing: there is no such device");
+    if (name == "missing")
+      throw platform::AudioError(platform::UserText::verbatim("missing: there is no such device"));
     device = name;
     description = wanted;
     m_frames = 0;
@@ -62,7 +63,7 @@ class HandFedMicrophone final : public platform::AudioSystem {
   std::unique_ptr<platform::AudioQueue> newOutput(const std::string&,
                                                   const platform::StreamDescription&,
                                                   platform::AudioQueue::OutputCallback) override {
-    throw platform::AudioError("there is no speaker");
+    throw platform::AudioError(platform::UserText::verbatim("there is no speaker"));
   }
 
  private:

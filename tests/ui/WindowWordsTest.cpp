@@ -12,24 +12,33 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QTabWidget>
-#include <QTranslator>
+#include <cerrno>
+#include <system_error>
 
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/store/QBTabMgr.h"
-#include "platform/files/Resources.h"
+#include "platform/files/FileError.h"
+#include "platform/files/Files.h"
+#include "platform/midi/Synthesizer.h"
+#include "platform/sound/AudioSystem.h"
 #include "support/ScratchFolder.h"
 #include "support/Testing.h"
 #include "ui/desktop/Appearance.h"
 #include "ui/desktop/QtRunLoop.h"
-#include "ui/desktop/Wording.h"
+#include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "ui/dialogs/AlertBox.h"
 #include "ui/dialogs/SelfCheckDialog.h"
 #include "ui/dialogs/SettingsDialog.h"
 #include "ui/dialogs/TuningDialog.h"
 #include "ui/window/MainWindow.h"
+#include "ui/window/PlayerBar.h"
 #include "workflow/arranging/SongCommands.h"
+#include "workflow/exporting/RenderSongCommand.h"
+#include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/LibraryEdits.h"
+#include "workflow/library/TuningEdits.h"
 #include "workflow/session/SelfCheck.h"
 #include "workflow/session/StoreSeeding.h"
 
@@ -100,16 +109,17 @@ std::string withoutMnemonic(const QMenuBar& bar) {
   return found;
 }
 
-struct WindowWordsTest : testing::TestWithParam<const char*> {
-  WindowWordsTest() {
+/// A window with a library, in a language.
+struct Words {
+  explicit Words(const QString& language) {
     QSettings().clear();
     QBTabMgr::clearDb();
     QBTabMgr::setStorePath(m_folder.file("Korvel.sqlite"));
     initializeData(QBTabMgr::db());
     platform::RunLoop::install(&m_loop);
-    applyLanguage(GetParam());
+    applyLanguage(language);
   }
-  ~WindowWordsTest() override {
+  ~Words() {
     applyLanguage("en");
     platform::RunLoop::install(nullptr);
     QBTabMgr::clearDb();
@@ -118,6 +128,10 @@ struct WindowWordsTest : testing::TestWithParam<const char*> {
   const test::ScratchFolder m_folder;
   QtRunLoop m_loop{[](const std::exception& error) { FAIL() << error.what(); }};
   AlertBox m_alert;
+};
+
+struct WindowWordsTest : Words, testing::TestWithParam<const char*> {
+  WindowWordsTest() : Words(GetParam()) {}
 };
 
 TEST_P(WindowWordsTest, everyControlHasANameForScreenReaders) {
@@ -148,48 +162,56 @@ TEST_P(WindowWordsTest, settingsAreReachedByLettersOfTheirOwn) {
 INSTANTIATE_TEST_SUITE_P(Languages, WindowWordsTest, testing::Values("en", "de"),
                          [](const auto& tested) { return std::string(tested.param); });
 
-/// They come from a table that is not the window's.
-TEST(GermanTest, hasEveryCommandOfSongs) {
-  QTranslator german;
-  const auto file = platform::Resources::ofProgram().locate("translations/korvel_de.qm");
-  ASSERT_TRUE(file && german.load(QString::fromStdString(file->string())));
-  const auto has = [&](std::string_view title, const char* context = "SongMenu") {
-    return title.empty() || !german.translate(context, std::string(title).c_str()).isEmpty();
-  };
-  for (const SongMenuSection& section : songMenu()) {
-    EXPECT_TRUE(has(section.title)) << section.title;
-    for (const SongCommand& command : section.items) {
-      EXPECT_TRUE(has(command.title)) << command.title;
-      EXPECT_TRUE(has(undoTitle(command), "UndoAction")) << undoTitle(command);
+struct GermanWordsTest : Words, testing::Test {
+  GermanWordsTest() : Words("de") {}
+  static QString refusal(const std::function<void()>& act) {
+    try {
+      act();
+    } catch (const std::exception& problem) {
+      return translated(problem);
     }
+    return {};
   }
+};
+
+TEST_F(GermanWordsTest, tellWhatIsWrongWithAName) {
+  EXPECT_EQ(refusal([] { newAlbum(" "); }), "Ein Album braucht einen Namen; gib einen ein");
+  const std::string name = "50 % %2";
+  newTuning(KnownTuning::openG, name);
+  EXPECT_EQ(refusal([&] { newTuning(KnownTuning::openG, name); }),
+            "50 % %2: Eine Stimmung dieses Namens gibt es schon; wähle einen anderen Namen");
 }
 
-/// Lower layers word what they refuse and find in English.
-TEST(GermanTest, wordsWhatLowerLayersSay) {
-  const test::ScratchFolder folder;
-  QBTabMgr::clearDb();
-  QBTabMgr::setStorePath(folder.file("Korvel.sqlite"));
-  initializeData(QBTabMgr::db());
-  applyLanguages({"de"});
-  const auto said = [](const auto& act) {
-    try {
-      return QString::fromStdString(act());
-    } catch (const std::exception& problem) {
-      return QString::fromUtf8(problem.what());
-    }
-  };
+/// What is wrong with a file is found in layers far below, and handed up as a part of other texts.
+TEST_F(GermanWordsTest, tellWhatLowerLayersPassOn) {
+  const std::string file = m_folder.file("Notes.wav");
+  platform::writeAtomically(file, "no sound");
+  EXPECT_EQ(refusal([&] { requireSound(file); }),
+            toText(file + ": lässt sich nicht öffnen: Es ist keine Ton- oder Mediendatei in einem "
+                          "bekannten Format"));
+  const platform::FileError full("a.wav", platform::FileError::kCannotWrite, ENOSPC);
+  MainWindow window(m_alert);
+  window.findChild<PlayerBar*>()->showProblem(platform::AudioError(full.text()).text());
+  EXPECT_EQ(window.statusMessage(), toText("a.wav: kann nicht geschrieben werden: " +
+                                           std::generic_category().message(ENOSPC) +
+                                           "; schaffe Platz oder wähle einen anderen Ort"));
+  EXPECT_EQ(translated(std::runtime_error("Something else")), "Something else");
+}
+
+TEST_F(GermanWordsTest, tellResultsAndTitles) {
   for (const SelfCheck& check : selfChecks()) {
-    const QString line = said([&] { return check.run(); });
-    EXPECT_NE(worded(line), line) << line.toStdString();
+    try {
+      const platform::UserText found = check.run();
+      EXPECT_NE(translated(found), toText(found.english()));
+    } catch (const std::exception& problem) {
+      EXPECT_NE(translated(problem), toText(problem.what()));
+    }
   }
-  EXPECT_EQ(worded(said([] { return newAlbum(" ")->name(); })),
-            "Ein Album braucht einen Namen; gib einen ein");
-  EXPECT_EQ(worded("50 % %2: there is a tuning of that name already; choose another name"),
-            "50 % %2: Eine Stimmung dieses Namens gibt es schon; wähle einen anderen Namen");
-  EXPECT_EQ(worded("Something else"), "Something else");
-  applyLanguages({"en"});
-  QBTabMgr::clearDb();
+  EXPECT_EQ(translated(undoTitle(*findSongCommand("transposeUpBy1"))),
+            "Um einen Halbton nach oben transponieren");
+  const auto job =
+      std::make_shared<RenderSongCommand>(nullptr, RenderedPart::song, "A.wav", nullptr);
+  EXPECT_EQ(translated(job->fullTitle()), "WAV-Export: A.wav");
 }
 
 /// A desktop names all languages that its user understands, the best one first.

@@ -50,9 +50,9 @@ TEST_F(CalibrateCommandTest, instrumentOfPlayedNotesIsKeptExportedAndUndone) {
   const std::vector<int> played = asked();
   ASSERT_EQ(played.size(), 12U);
   const auto job = hear(record(played));
-  EXPECT_EQ(job->fullTitle(), "Calibration: notes.wav");
+  EXPECT_EQ(job->fullTitle().english(), "Calibration: notes.wav");
   EXPECT_EQ(job->m_percent, 100);
-  EXPECT_EQ(job->problem(), std::nullopt);
+  EXPECT_FALSE(job->problem());
   std::vector<int> heard;
   for (const auto& note : job->notes()) heard.push_back(note.midi);
   EXPECT_EQ(heard, played);
@@ -86,9 +86,10 @@ TEST_F(CalibrateCommandTest, instrumentOfPlayedNotesIsKeptExportedAndUndone) {
   mine->setName("Mine");
   QBTabMgr::db().save();
 
-  EXPECT_EQ(QBTabMgr::db().context().undoManager().undoActionName(), "Import Instrument");
+  EXPECT_EQ(QBTabMgr::db().context().undoManager().undoActionName().english(), "Import Instrument");
   QBSession::session().undo();
-  EXPECT_EQ(QBTabMgr::db().context().undoManager().undoActionName(), "Calibrate Instrument");
+  EXPECT_EQ(QBTabMgr::db().context().undoManager().undoActionName().english(),
+            "Calibrate Instrument");
   QBSession::session().undo();
   ASSERT_EQ(QBTabMgr::db().instruments().size(), 1U);
   EXPECT_EQ(QBTabMgr::db().selectedInstrument()->name(), "Old");

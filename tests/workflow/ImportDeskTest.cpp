@@ -42,7 +42,7 @@ struct ImportDeskTest : testing::Test {
 
 TEST_F(ImportDeskTest, steppedImportHearsAndSaysWhatOneAtOnceDoes) {
   const auto import = start(ImportDetection::classic);
-  EXPECT_EQ(import->fullTitle(), "Song Import: First Try.wav");
+  EXPECT_EQ(import->fullTitle().english(), "Song Import: First Try.wav");
   m_tree->refresh();
   EXPECT_EQ(m_tree->albums().back()->children().size(), 1U) << "the scratch song is not shown";
   runUntil([&] { return !import->isRunning(); });

@@ -118,13 +118,14 @@ TEST_F(LibraryEditsTest, oneInstrumentIsAlwaysSelected) {
   EXPECT_THROW(renameInstrument(*two, "One"), EditRefused) << "a name that is taken";
   QBSession::session().undo();
   const platform::UndoManager& undo = QBTabMgr::db().context().undoManager();
-  EXPECT_EQ(undo.undoActionName(), "Import Instrument");
+  EXPECT_EQ(undo.undoActionName().english(), "Import Instrument");
   test::writeFile(file, "<Song/>");
   EXPECT_THROW(importInstrument(file), EditRefused);
   EXPECT_ANY_THROW(importInstrument(m_store.folder().file("none.xml")));
-  EXPECT_EQ(undo.redoActionName(), "Rename Instrument") << "refused, so nothing has changed";
+  EXPECT_EQ(undo.redoActionName().english(), "Rename Instrument")
+      << "refused, so nothing has changed";
   EXPECT_TRUE(QBSession::session().redo());
-  EXPECT_EQ(undo.undoActionName(), "Rename Instrument");
+  EXPECT_EQ(undo.undoActionName().english(), "Rename Instrument");
   EXPECT_EQ(QBTabMgr::db().selectedInstrument(), two);
   deleteInstrument(*two);
   EXPECT_EQ(QBTabMgr::db().selectedInstrument(), one);

@@ -203,7 +203,8 @@ TEST_F(LiveRecordingTest, songThatIsDeletedMeanwhileLeavesTheTake) {
     finish();
     EXPECT_EQ(recording.song(), nullptr);
     EXPECT_EQ(songs(), "");
-    EXPECT_NE(recording.problem().value_or("").find("deleted"), std::string::npos);
+    EXPECT_NE(recording.problem().value_or(platform::UserText()).english().find("deleted"),
+              std::string::npos);
     EXPECT_TRUE(recording.takeLeft().has_value());
   }
 }
@@ -261,7 +262,8 @@ TEST_F(LiveRecordingTest, takeStaysWhereTheProgramDiesOrTheDiskIsFull) {
   recording.stop();
   finish();
   EXPECT_TRUE(recording.isPrecise()) << "what is in memory is enough";
-  EXPECT_NE(recording.takeProblem().value_or("").find("File too large"), std::string::npos);
+  EXPECT_NE(recording.takeProblem().value_or(platform::UserText()).english().find("File too large"),
+            std::string::npos);
 }
 
 }  // namespace

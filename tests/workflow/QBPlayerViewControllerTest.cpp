@@ -51,7 +51,9 @@ struct Controls final : PlayerControls {
   }
   void showPosition(const std::string& percent) override { told.push_back(percent); }
   void showSpeed(const std::string& percent) override { told.push_back("speed " + percent); }
-  void showProblem(const std::string& problem) override { told.push_back(problem); }
+  void showProblem(const platform::UserText& problem) override {
+    told.push_back(problem.english());
+  }
   int speed() const override { return slider; }
   int maximumSpeed() const override { return 200; }
   Texts news() { return std::exchange(told, {}); }
@@ -179,11 +181,11 @@ TEST_F(QBPlayerViewControllerTest, undoKeepsTheLocksUnlessItChangesWhatPlays) {
   QBTabMgr::db().save();
   choose();
   {
-    const platform::UndoGroup group(undo, "Set Loop");
+    const platform::UndoGroup group(undo, platform::UserText::verbatim("Set Loop"));
     m_song->setFromChord(m_song->chords().at(1));
   }
   {
-    const platform::UndoGroup group(undo, "Rename");
+    const platform::UndoGroup group(undo, platform::UserText::verbatim("Rename"));
     m_song->setTitle("New");
   }
   m_player.play();

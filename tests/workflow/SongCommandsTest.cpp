@@ -122,9 +122,9 @@ TEST_F(SongCommandsTest, melodyIsArrangedAsApproved) { expectCommandsApproved(me
 TEST(SongMenu, standsAsApproved) {
   std::ostringstream text;
   for (const SongMenuSection& section : songMenu()) {
-    text << (section.isSeparator() ? "--" : "= ") << section.title << '\n';
+    text << (section.isSeparator() ? "--" : "= ") << section.title.english << '\n';
     for (const SongCommand& item : section.items)
-      text << item.title << " | " << item.action << " | " << item.command << '\n';
+      text << item.title.english << " | " << item.action << " | " << item.command << '\n';
   }
   test::expectApproved(text.str(), "commands/Menu.txt");
 }

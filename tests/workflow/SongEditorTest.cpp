@@ -25,7 +25,9 @@ struct SongEditorTest : testing::Test {
     QBTabMgr::db().save();
     return made;
   }
-  static std::string title() { return QBTabMgr::db().context().undoManager().undoActionName(); }
+  static std::string title() {
+    return QBTabMgr::db().context().undoManager().undoActionName().english();
+  }
   static std::string contents() {
     EXPECT_FALSE(QBTabMgr::db().context().hasChanges()) << "not saved";
     return test::contentsOf(QBTabMgr::db().context().store());

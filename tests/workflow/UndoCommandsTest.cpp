@@ -25,7 +25,7 @@ namespace {
 
 platform::ManagedContext& context() { return QBTabMgr::db().context(); }
 
-std::string actionName() { return context().undoManager().undoActionName(); }
+std::string actionName() { return context().undoManager().undoActionName().english(); }
 
 std::string saved() {
   context().save();
@@ -63,7 +63,7 @@ class User {
     return songs.empty() ? nullptr : &any(songs);
   }
   void addSong() {
-    const platform::UndoGroup group(context().undoManager(), "Song");
+    const platform::UndoGroup group(context().undoManager(), platform::UserText::verbatim("Song"));
     QBAlbum* album = QBTabMgr::db().createAlbum("More", false);
     QBSong* song = album->createSong("Song");
     for (const char* frets : {"x02210", "133211", "x32010", "xxxxxx", "320003", "x02210"})
@@ -158,7 +158,8 @@ TEST_F(UndoCommandsTest, everythingThatIsDoneIsTakenBackAndDoneAgain) {
     while (names.size() < 25) {
       const std::string name = std::to_string(names.size());
       {
-        const platform::UndoGroup group(context().undoManager(), name);
+        const platform::UndoGroup group(context().undoManager(),
+                                        platform::UserText::verbatim(name));
         user.act();
       }
       if (actionName() != name) continue;  // nothing was to be done
@@ -271,7 +272,7 @@ TEST_F(UndoCommandsTest, steppedImportIsOneActionBesideOthers) {
   EXPECT_TRUE(m_session.undo());
   EXPECT_EQ(other->title(), "Song");
   EXPECT_FALSE(m_session.undo()) << "the album has to stay for as long as it is imported into";
-  EXPECT_EQ(context().undoManager().undoWaitsFor(), "Import WAV File");
+  EXPECT_EQ(context().undoManager().undoWaitsFor().english(), "Import WAV File");
   later->nextStep();
   EXPECT_TRUE(m_session.redo());
   EXPECT_EQ(other->title(), "Renamed");

@@ -90,14 +90,17 @@ std::vector<std::vector<HeardTone>> tonesOf(const std::filesystem::path& file) {
 
 void addNote(Calibration& calibration, const std::filesystem::path& file, int midi) {
   if (!Calibration::isReached(midi))
-    throw platform::FileError(file, "no string reaches the note " + std::to_string(midi));
+    throw platform::FileError(
+        file, platform::UserText::verbatim("no string reaches the note " + std::to_string(midi)));
   bool heard = false;
   for (const auto& tones : tonesOf(file)) {
     if (tones.empty()) continue;
     calibration.addBlock(tones, midi);
     heard = true;
   }
-  if (!heard) throw platform::FileError(file, "nothing is loud enough to be heard in it");
+  if (!heard)
+    throw platform::FileError(
+        file, platform::UserText::verbatim("nothing is loud enough to be heard in it"));
 }
 
 void addRecording(Calibration& calibration, const std::string& argument) {

@@ -14,6 +14,8 @@
 namespace korvel {
 namespace {
 
+using platform::phrase;
+
 /// Half tones above C from A on.
 constexpr std::array<int, 7> kNotes{9, 11, 0, 2, 4, 5, 7};
 
@@ -68,8 +70,6 @@ QBHarmony* declared(std::string_view type) {
   return other == kAlsoWritten.end() ? nullptr : harmonyOfType(other->second);
 }
 
-std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
-
 std::string typesDeclared() {
   std::string list;
   const auto& all = QBTabMgr::db().harmonies();
@@ -85,11 +85,14 @@ ChordName parseChordName(std::string_view text) {
   std::string_view rest = name;
   const auto root = takeRoot(rest);
   if (!root)
-    throw NoChordName(quoted(name) + " is no chord name: it has to begin with a note from A to G");
+    throw NoChordName(
+        {phrase("Message", "\"%1\" is no chord name: it has to begin with a note from A to G"),
+         name});
   QBHarmony* harmony = declared(rest);
   if (!harmony)
-    throw NoChordName(quoted(name) + " is no chord name: after the note comes nothing or one of " +
-                      typesDeclared());
+    throw NoChordName(
+        {phrase("Message", "\"%1\" is no chord name: after the note comes nothing or one of %2"),
+         name, typesDeclared()});
   return {*root, harmony};
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/persistence/Ref.h"
+#include "platform/text/UserError.h"
 
 namespace korvel {
 
@@ -16,10 +17,11 @@ struct ChordName {
   platform::Ref<QBHarmony> harmony;
 };
 
-/// A text that names no chord. what() quotes it and says what would.
-class NoChordName : public std::invalid_argument {
+/// A text that names no chord. What is said quotes it and tells what would.
+class NoChordName : public std::invalid_argument, public platform::Worded {
  public:
-  using std::invalid_argument::invalid_argument;
+  explicit NoChordName(const platform::UserText& text)
+      : std::invalid_argument(text.english()), Worded(text) {}
 };
 
 /// Reads "F#m7" or "Bb", with any of the spellings of a note and blanks around. The type is written

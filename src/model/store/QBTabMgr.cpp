@@ -44,7 +44,9 @@ std::string& chosenStorePath() {
 /// First run: the store starts as a copy of the one that comes with the program.
 void copySeedTo(const fs::path& store) {
   const auto seed = platform::Resources::ofProgram().locate("Korvel", "sqlite");
-  if (!seed) throw platform::FileError("Korvel.sqlite", "the program's own store is missing");
+  if (!seed)
+    throw platform::FileError("Korvel.sqlite",
+                              platform::phrase("Message", "the program's own store is missing"));
   if (store.has_parent_path()) platform::makeFolders(store.parent_path());
   platform::createAtomically(store, platform::readWholeFile(*seed));
 }

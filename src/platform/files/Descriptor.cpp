@@ -13,7 +13,7 @@
 namespace korvel::platform {
 
 Descriptor::Descriptor(const std::filesystem::path& opened, std::filesystem::path named, int flags,
-                       const std::string& doing)
+                       const UserText& doing)
     : m_named(std::move(named)), m_fd(::open(opened.c_str(), flags | O_CLOEXEC, 0666)) {
   if (m_fd < 0) throw FileError(m_named, doing, errno);
 }
@@ -25,7 +25,7 @@ std::size_t Descriptor::read(char* buffer, std::size_t size) const {
   do {
     count = ::read(m_fd, buffer, size);
   } while (count < 0 && errno == EINTR);
-  if (count < 0) throw FileError(m_named, "cannot read", errno);
+  if (count < 0) throw FileError(m_named, FileError::kCannotRead, errno);
   return static_cast<std::size_t>(count);
 }
 
@@ -33,12 +33,12 @@ void Descriptor::write(std::string_view bytes) const {
   while (!bytes.empty()) {
     const ssize_t written = ::write(m_fd, bytes.data(), bytes.size());
     if (written >= 0) bytes.remove_prefix(static_cast<std::size_t>(written));
-    if (written < 0 && errno != EINTR) throw FileError(m_named, "cannot write", errno);
+    if (written < 0 && errno != EINTR) throw FileError(m_named, FileError::kCannotWrite, errno);
   }
 }
 
 void Descriptor::flush() const {
-  if (::fsync(m_fd) != 0) throw FileError(m_named, "cannot write", errno);
+  if (::fsync(m_fd) != 0) throw FileError(m_named, FileError::kCannotWrite, errno);
 }
 
 void Descriptor::keepModeOf(const std::filesystem::path& old) const {
@@ -48,9 +48,11 @@ void Descriptor::keepModeOf(const std::filesystem::path& old) const {
 
 void Descriptor::refuseIrregular() const {
   struct stat status {};
-  if (::fstat(m_fd, &status) != 0) throw FileError(m_named, "cannot read", errno);
-  if (S_ISDIR(status.st_mode)) throw FileError(m_named, "cannot read: it is a folder");
-  if (!S_ISREG(status.st_mode)) throw FileError(m_named, "cannot read: it is not a plain file");
+  if (::fstat(m_fd, &status) != 0) throw FileError(m_named, FileError::kCannotRead, errno);
+  if (S_ISDIR(status.st_mode))
+    throw FileError(m_named, phrase("Message", "cannot read: it is a folder"));
+  if (!S_ISREG(status.st_mode))
+    throw FileError(m_named, phrase("Message", "cannot read: it is not a plain file"));
 }
 
 }  // namespace korvel::platform

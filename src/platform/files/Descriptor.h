@@ -3,8 +3,9 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <string>
 #include <string_view>
+
+#include "platform/text/UserText.h"
 
 namespace korvel::platform {
 
@@ -14,7 +15,7 @@ class Descriptor {
  public:
   /// flags: of open(2). doing: what the error says when it fails.
   Descriptor(const std::filesystem::path& opened, std::filesystem::path named, int flags,
-             const std::string& doing);
+             const UserText& doing);
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor();

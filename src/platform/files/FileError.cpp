@@ -3,31 +3,36 @@
 
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 namespace korvel::platform {
 namespace {
 
-const char* adviceFor(int code) {
+/// What was to be done, what the system says to it, and what to do.
+Phrase phraseFor(int code) {
   switch (code) {
     case ENOSPC:
     case EDQUOT:
-      return "; make room or choose another place";
+      return phrase("Message", "%1: %2; make room or choose another place");
     case EACCES:
     case EPERM:
-      return "; look at its permissions or choose another place";
+      return phrase("Message", "%1: %2; look at its permissions or choose another place");
     case EROFS:
-      return "; choose another place";
+      return phrase("Message", "%1: %2; choose another place");
     case ENAMETOOLONG:
-      return "; choose a shorter name";
+      return phrase("Message", "%1: %2; choose a shorter name");
     default:
-      return "";
+      return phrase("Message", "%1: %2");
   }
 }
 
 }  // namespace
 
-FileError::FileError(std::filesystem::path file, const std::string& doing, int code)
+FileError::FileError(std::filesystem::path file, const UserText& problem)
+    : UserError(phrase("Message", "%1: %2"), file.string(), problem), m_file(std::move(file)) {}
+
+FileError::FileError(std::filesystem::path file, const UserText& doing, int code)
     : FileError(std::move(file),
-                doing + ": " + std::generic_category().message(code) + adviceFor(code)) {}
+                UserText(phraseFor(code), doing, std::generic_category().message(code))) {}
 
 }  // namespace korvel::platform

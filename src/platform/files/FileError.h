@@ -2,20 +2,21 @@
 #pragma once
 
 #include <filesystem>
-#include <stdexcept>
-#include <string>
-#include <utility>
+
+#include "platform/text/UserError.h"
 
 namespace korvel::platform {
 
-/// A file or folder that cannot be read or written. what() names it and says what is wrong.
-class FileError : public std::runtime_error {
+/// A file or folder that cannot be read or written. The text names it and says what is wrong.
+class FileError : public UserError {
  public:
-  FileError(std::filesystem::path file, const std::string& problem)
-      : std::runtime_error(file.string() + ": " + problem), m_file(std::move(file)) {}
+  // What is not done, for the errors of the system.
+  static constexpr Phrase kCannotRead = phrase("Message", "cannot read");
+  static constexpr Phrase kCannotWrite = phrase("Message", "cannot write");
 
+  FileError(std::filesystem::path file, const UserText& problem);
   /// code: as in errno.
-  FileError(std::filesystem::path file, const std::string& doing, int code);
+  FileError(std::filesystem::path file, const UserText& doing, int code);
 
   const std::filesystem::path& file() const { return m_file; }
 

@@ -22,7 +22,8 @@ fs::path homeFolder() {
   const char* home = std::getenv("HOME");
   if (home && *home == '/') return home;
   const passwd* user = ::getpwuid(::getuid());
-  if (!user || !user->pw_dir) throw FileError("~", "the user has no home folder");
+  if (!user || !user->pw_dir)
+    throw FileError("~", phrase("Message", "the user has no home folder"));
   return user->pw_dir;
 }
 
@@ -44,20 +45,27 @@ bool isThere(const std::filesystem::path& file) {
   std::error_code error;
   const bool there = std::filesystem::exists(file, error);
   if (!error) return there;
-  throw FileError(file, "cannot be reached: " + error.message() +
-                            "; check the rights of its folders, or choose another place");
+  throw FileError(
+      file,
+      UserText(
+          phrase("Message",
+                 "cannot be reached: %1; check the rights of its folders, or choose another place"),
+          error.message()));
 }
 
 void makeFolders(const std::filesystem::path& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   if (error)
-    throw FileError(folder, "the folder cannot be made: " + error.message() +
-                                "; check the rights of the one that it is in");
+    throw FileError(
+        folder,
+        UserText(phrase("Message",
+                        "the folder cannot be made: %1; check the rights of the one that it is in"),
+                 error.message()));
 }
 
 std::string readWholeFile(const fs::path& file) {
-  const Descriptor in(file, file, O_RDONLY | O_NONBLOCK, "cannot read");
+  const Descriptor in(file, file, O_RDONLY | O_NONBLOCK, FileError::kCannotRead);
   in.refuseIrregular();
   std::string bytes;
   std::array<char, 65536> buffer;

@@ -17,8 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kCannotWrite = "cannot write";
-
 fs::path folderOf(const fs::path& file) {
   return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
@@ -33,8 +31,9 @@ fs::path replaceable(const fs::path& file) {
   fs::path target = throughLinks(file);
   std::error_code unknown;
   if (fs::exists(target, unknown) && !fs::is_regular_file(target, unknown))
-    throw FileError(file, "cannot write: it is not a plain file");
-  if (isStore(target)) throw FileError(file, "cannot write: it holds songs; choose another file");
+    throw FileError(file, phrase("Message", "cannot write: it is not a plain file"));
+  if (isStore(target))
+    throw FileError(file, phrase("Message", "cannot write: it holds songs; choose another file"));
   return target;
 }
 
@@ -55,7 +54,7 @@ bool appearAs(const fs::path& temporary, const fs::path& file) {
   if (::renameat2(AT_FDCWD, temporary.c_str(), AT_FDCWD, file.c_str(), RENAME_NOREPLACE) == 0)
     return true;
   if (errno == EEXIST) return false;
-  throw FileError(file, kCannotWrite, errno);
+  throw FileError(file, FileError::kCannotWrite, errno);
 }
 
 }  // namespace
@@ -65,7 +64,7 @@ NewFile::NewFile(const fs::path& file, Existing existing)
       m_target(existing == Existing::replaced ? replaceable(file) : file),
       m_temporary(temporaryBeside(m_target)),
       m_existing(existing),
-      m_out(m_temporary, file, O_WRONLY | O_CREAT | O_EXCL, kCannotWrite) {
+      m_out(m_temporary, file, O_WRONLY | O_CREAT | O_EXCL, FileError::kCannotWrite) {
   if (existing == Existing::replaced) m_out.keepModeOf(m_target);
 }
 
@@ -76,9 +75,10 @@ bool NewFile::appear() {
   if (m_existing == Existing::kept) {
     if (!appearAs(m_temporary, m_target)) return false;
   } else if (::rename(m_temporary.c_str(), m_target.c_str()) != 0) {
-    throw FileError(m_file, kCannotWrite, errno);
+    throw FileError(m_file, FileError::kCannotWrite, errno);
   }
-  const Descriptor folder(folderOf(m_target), m_file, O_RDONLY | O_DIRECTORY, kCannotWrite);
+  const Descriptor folder(folderOf(m_target), m_file, O_RDONLY | O_DIRECTORY,
+                          FileError::kCannotWrite);
   folder.flush();
   return true;
 }

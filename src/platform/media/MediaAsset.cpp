@@ -45,7 +45,7 @@ MediaAsset::MediaAsset(std::filesystem::path file) : m_file(std::move(file)) {
       m_tracks.push_back(describe(*media.context()->streams[i]));
     m_hasTrackList = true;
   } catch (const MediaError& error) {
-    m_problem = error.what();
+    m_problem = error.text();
   }
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/text/UserText.h"
+
 namespace korvel::platform {
 
 /// One track of a media file.
@@ -34,14 +36,14 @@ class MediaAsset {
   /// The first track that is sound and can be decoded; null when there is none.
   const MediaTrack* firstSound() const;
   /// Why there is no track list; names the file. Empty when there is one.
-  const std::string& problem() const { return m_problem; }
+  const UserText& problem() const { return m_problem; }
   const std::filesystem::path& file() const { return m_file; }
 
  private:
   std::filesystem::path m_file;
   bool m_hasTrackList = false;
   std::vector<MediaTrack> m_tracks;
-  std::string m_problem;
+  UserText m_problem;
 };
 
 }  // namespace korvel::platform

@@ -37,11 +37,11 @@ MediaDecoder::MediaDecoder(const MediaAsset& asset, const MediaTrack& track)
       m_frame(owned<decltype(m_frame)>(av_frame_alloc())) {
   AVFormatContext& context = *m_file.context();
   if (track.index < 0 || track.index >= static_cast<int>(context.nb_streams))
-    throw MediaError(asset.file(), "the file has no such track");
+    throw MediaError(asset.file(), phrase("Message", "the file has no such track"));
   m_stream = context.streams[track.index];
   const AVCodec* codec = avcodec_find_decoder(m_stream->codecpar->codec_id);
   if (!codec || codec->type != AVMEDIA_TYPE_AUDIO)
-    throw MediaError(asset.file(), "the track is no sound that can be decoded");
+    throw MediaError(asset.file(), phrase("Message", "the track is no sound that can be decoded"));
   m_decoder = owned<decltype(m_decoder)>(avcodec_alloc_context3(codec));
   for (unsigned i = 0; i < context.nb_streams; ++i)
     if (context.streams[i] != m_stream) context.streams[i]->discard = AVDISCARD_ALL;

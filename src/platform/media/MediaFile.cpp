@@ -37,17 +37,22 @@ std::string messageOf(int code) {
 void refuseAllButPlainFiles(const fs::path& path) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
-  if (!fs::exists(status)) throw MediaError(path, "cannot open: " + error.message());
-  if (fs::is_directory(status)) throw MediaError(path, "cannot open: it is a folder");
-  if (!fs::is_regular_file(status)) throw MediaError(path, "cannot open: it is not a plain file");
-  if (fs::is_empty(path, error)) throw MediaError(path, "cannot open: it is empty");
+  if (!fs::exists(status))
+    throw MediaError(path, UserText(phrase("Message", "cannot open: %1"), error.message()));
+  if (fs::is_directory(status))
+    throw MediaError(path, phrase("Message", "cannot open: it is a folder"));
+  if (!fs::is_regular_file(status))
+    throw MediaError(path, phrase("Message", "cannot open: it is not a plain file"));
+  if (fs::is_empty(path, error))
+    throw MediaError(path, phrase("Message", "cannot open: it is empty"));
 }
 
 AVIOContext* openInput(const fs::path& path) {
   AVIOContext* input = nullptr;
   // The prefix keeps a colon in a file name from being read as a protocol.
   const int result = avio_open(&input, ("file:" + path.string()).c_str(), AVIO_FLAG_READ);
-  if (result < 0) throw MediaError(path, "cannot open: " + messageOf(result));
+  if (result < 0)
+    throw MediaError(path, UserText(phrase("Message", "cannot open: %1"), messageOf(result)));
   return input;
 }
 
@@ -62,7 +67,8 @@ AVFormatContext* openContext(const fs::path& path, AVIOContext* input) {
   context->io_open = refuseOtherFile;
   // Frees the context when it fails.
   if (avformat_open_input(&context, path.c_str(), nullptr, nullptr) < 0)
-    throw MediaError(path, "cannot open: it is no sound or media file of a known format");
+    throw MediaError(
+        path, phrase("Message", "cannot open: it is no sound or media file of a known format"));
   return context;
 }
 

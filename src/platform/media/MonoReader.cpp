@@ -19,7 +19,8 @@ class MonoReader::Decoding {
  public:
   Decoding(const MediaAsset& asset, const MediaTrack& track) : m_decoder(asset, track) {
     if (track.channels > MonoMixer::kMostChannels)
-      throw MediaError(asset.file(), "the track has more channels than can be mixed");
+      throw MediaError(asset.file(),
+                       phrase("Message", "the track has more channels than can be mixed"));
   }
 
   bool start() { return m_reading = m_decoder.start(); }

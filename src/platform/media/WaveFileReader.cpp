@@ -50,12 +50,14 @@ void addFrame(std::span<const float> frame, std::vector<float>& stereo) {
 
 struct WaveFileReader::Decoder {
   explicit Decoder(const std::filesystem::path& file)
-      : named(file), in(file, file, O_RDONLY, "cannot read") {
+      : named(file), in(file, file, O_RDONLY, FileError::kCannotRead) {
     in.refuseIrregular();
     handle = sf_open_fd(in.number(), SFM_READ, &info, SF_FALSE);
     if (handle && isWave(info)) return;
     sf_close(handle);
-    throw FileError(file, "it is no WAV file; another program has to convert it to one first");
+    throw FileError(
+        file,
+        phrase("Message", "it is no WAV file; another program has to convert it to one first"));
   }
   Decoder(const Decoder&) = delete;
   Decoder& operator=(const Decoder&) = delete;
@@ -67,7 +69,7 @@ struct WaveFileReader::Decoder {
     piece.resize(kFramesOfPiece * channels);
     const sf_count_t frames = sf_readf_float(handle, piece.data(), kFramesOfPiece);
     if (sf_error(handle) != SF_ERR_NO_ERROR)
-      throw FileError(named, std::string("cannot read: ") + sf_strerror(handle));
+      throw FileError(named, UserText(phrase("Message", "cannot read: %1"), sf_strerror(handle)));
     std::vector<float> stereo;
     for (std::size_t i = 0; i < static_cast<std::size_t>(frames); ++i)
       addFrame(std::span(piece).subspan(i * channels, channels), stereo);
@@ -111,8 +113,11 @@ WaveFileReader::WaveFileReader(const std::filesystem::path& file)
     : m_decoder(std::make_unique<Decoder>(file)) {
   const int rate = m_decoder->info.samplerate;
   if (rate < kLowestRate || rate > kHighestRate)
-    throw FileError(file, "cannot read: no sound has " + std::to_string(rate) +
-                              " samples a second; record or convert it anew");
+    throw FileError(
+        file,
+        UserText(phrase("Message",
+                        "cannot read: no sound has %1 samples a second; record or convert it anew"),
+                 rate));
   if (rate != kRate) m_resampler = std::make_unique<Resampler>(rate);
 }
 

@@ -22,8 +22,10 @@ SNDFILE* opened(const NewFile& file, int sampleRate, int channels) {
   info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
   errno = 0;
   SNDFILE* encoder = sf_open_fd(file.descriptor(), SFM_WRITE, &info, SF_FALSE);
-  if (!encoder && errno != 0) throw FileError(file.file(), "cannot write", errno);
-  if (!encoder) throw FileError(file.file(), std::string("cannot write: ") + sf_strerror(nullptr));
+  if (!encoder && errno != 0) throw FileError(file.file(), FileError::kCannotWrite, errno);
+  if (!encoder)
+    throw FileError(file.file(),
+                    UserText(phrase("Message", "cannot write: %1"), sf_strerror(nullptr)));
   return encoder;
 }
 
@@ -39,8 +41,8 @@ struct WaveFileWriter::Encoder {
   /// The library tells that the system refused, but not why.
   void require(bool succeeded) const {
     if (succeeded && sf_error(handle) == SF_ERR_NO_ERROR) return;
-    if (errno != 0) throw FileError(named, "cannot write", errno);
-    throw FileError(named, std::string("cannot write: ") + sf_strerror(handle));
+    if (errno != 0) throw FileError(named, FileError::kCannotWrite, errno);
+    throw FileError(named, UserText(phrase("Message", "cannot write: %1"), sf_strerror(handle)));
   }
 
   void write(std::span<const std::int16_t> samples) const {
@@ -72,7 +74,7 @@ void WaveFileWriter::write(std::span<const std::int16_t> samples) {
   assert(samples.size() % static_cast<std::size_t>(m_channels) == 0);
   const std::uint64_t frames = m_frames + samples.size() / static_cast<std::size_t>(m_channels);
   if (frames * static_cast<std::uint64_t>(m_channels) * sizeof(std::int16_t) > kMostBytes)
-    throw FileError(m_file.file(), "cannot write: a WAV file ends at 4 GiB");
+    throw FileError(m_file.file(), phrase("Message", "cannot write: a WAV file ends at 4 GiB"));
   m_encoder->write(samples);
   m_frames = frames;
 }

@@ -58,8 +58,9 @@ struct FluidSynthesizer::Engine {
   void load(const std::filesystem::path& soundFont, const std::vector<int>& programs) {
     const int font = fluid_synth_sfload(synth.get(), soundFont.c_str(), 1);
     if (font == FLUID_FAILED)
-      throw SoundFontError(soundFont,
-                           "is a damaged SoundFont; fetch it anew or choose another one");
+      throw SoundFontError(
+          soundFont,
+          phrase("Message", "is a damaged SoundFont; fetch it anew or choose another one"));
     for (const int program : programs) fluid_synth_pin_preset(synth.get(), font, 0, program);
     fluid_synth_pin_preset(synth.get(), font, kPercussionBank, 0);
   }

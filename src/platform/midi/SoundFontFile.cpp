@@ -17,11 +17,13 @@ constexpr std::size_t kProgramAt = 20;
 constexpr std::size_t kBankAt = 22;
 
 [[noreturn]] void refuse(const std::filesystem::path& path) {
-  throw SoundFontError(path, "is no SoundFont; choose a file of type sf2 or sf3");
+  throw SoundFontError(path,
+                       phrase("Message", "is no SoundFont; choose a file of type sf2 or sf3"));
 }
 
 [[noreturn]] void refuseDamaged(const std::filesystem::path& path) {
-  throw SoundFontError(path, "is a damaged SoundFont; fetch it anew or choose another one");
+  throw SoundFontError(
+      path, phrase("Message", "is a damaged SoundFont; fetch it anew or choose another one"));
 }
 
 struct Chunk {
@@ -37,11 +39,14 @@ class ChunkReader {
   explicit ChunkReader(const std::filesystem::path& path) : m_path(path) {
     std::error_code unknown;
     if (!std::filesystem::exists(path, unknown))
-      throw SoundFontError(path, "there is no such SoundFont; choose another one");
+      throw SoundFontError(path,
+                           phrase("Message", "there is no such SoundFont; choose another one"));
     if (!std::filesystem::is_regular_file(path, unknown)) refuse(path);
     m_size = std::filesystem::file_size(path);
     m_in.open(path, std::ios::binary);
-    if (!m_in) throw SoundFontError(path, "the SoundFont cannot be read; check its rights");
+    if (!m_in)
+      throw SoundFontError(path,
+                           phrase("Message", "the SoundFont cannot be read; check its rights"));
   }
 
   std::string text(std::uint64_t begin, std::size_t length) {

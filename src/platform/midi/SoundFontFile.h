@@ -9,7 +9,7 @@
 
 namespace korvel::platform {
 
-/// A SoundFont that cannot be played, or that was not found. what() says what to do.
+/// A SoundFont that cannot be played, or that was not found. The text says what to do.
 class SoundFontError : public FileError {
  public:
   using FileError::FileError;

@@ -66,9 +66,11 @@ fs::path SoundFonts::find(const std::optional<fs::path>& chosen, int program) co
   const auto playable =
       std::ranges::find_if(known, [&](const fs::path& font) { return canPlay(font, program); });
   if (playable != known.end()) return *playable;
-  throw SoundFontError("SoundFont",
-                       "none was found to play with; install one (apt install timgm6mb-soundfont) "
-                       "or choose a file");
+  throw SoundFontError(
+      "SoundFont",
+      phrase("Message",
+             "none was found to play with; install one (apt install timgm6mb-soundfont) "
+             "or choose a file"));
 }
 
 std::vector<fs::path> SoundFonts::candidates() const {

@@ -13,7 +13,7 @@ AttributeChange::AttributeChange(ManagedObject* object) : m_object(object) {}
 
 AttributeChange::~AttributeChange() = default;
 
-ChangeLog::ChangeLog(ManagedContext& context, std::string title, std::uint32_t number)
+ChangeLog::ChangeLog(ManagedContext& context, UserText title, std::uint32_t number)
     : m_context(context), m_title(std::move(title)), m_number(number) {}
 
 ChangeLog::~ChangeLog() = default;

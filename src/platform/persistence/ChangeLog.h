@@ -10,6 +10,7 @@
 
 #include "platform/persistence/AttributeChange.h"
 #include "platform/persistence/Ref.h"
+#include "platform/text/UserText.h"
 
 namespace korvel::platform {
 
@@ -28,10 +29,10 @@ struct ToOneDescription;
 class ChangeLog {
  public:
   /// number: different for each log of a context, and not 0.
-  ChangeLog(ManagedContext& context, std::string title, std::uint32_t number);
+  ChangeLog(ManagedContext& context, UserText title, std::uint32_t number);
   ~ChangeLog();
 
-  const std::string& title() const { return m_title; }
+  const UserText& title() const { return m_title; }
   /// Rises from log to log.
   std::uint32_t number() const { return m_number; }
   bool isEmpty() const { return m_made.empty() && m_changes.empty(); }
@@ -91,7 +92,7 @@ class ChangeLog {
   static void renew(const Touched& touched);
 
   ManagedContext& m_context;
-  std::string m_title;
+  UserText m_title;
   std::uint32_t m_number;
   bool m_open = true;
   std::vector<Ref<ManagedObject>> m_made;

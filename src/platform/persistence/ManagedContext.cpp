@@ -79,7 +79,8 @@ std::int64_t ManagedContext::nextId(Table& table) {
   do {
     if (table.lastId == std::numeric_limits<std::int64_t>::max())
       throw StoreError(StoreError::Reason::damaged, m_store->file(),
-                       "the store is damaged: " + table.entity.name + " has no free ids");
+                       UserText(phrase("Message", "the store is damaged: %1 has no free ids"),
+                                table.entity.name));
     ++table.lastId;
     // A damaged store may refer to rows that are missing.
   } while (table.lastId <= table.highestReferred && table.objects.contains(table.lastId));

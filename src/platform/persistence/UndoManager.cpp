@@ -11,7 +11,7 @@
 namespace korvel::platform {
 namespace {
 
-const std::string kNoName;
+const UserText kNoName;
 
 }  // namespace
 
@@ -41,16 +41,16 @@ bool UndoManager::canRedo() const {
   return !m_undone.empty() && !m_undone.back().log->deletesPartsOf(m_undone.back().wentOn);
 }
 
-const std::string& UndoManager::undoActionName() const {
+const UserText& UndoManager::undoActionName() const {
   const Log log = next();
   return log ? log->title() : kNoName;
 }
 
-const std::string& UndoManager::redoActionName() const {
+const UserText& UndoManager::redoActionName() const {
   return canRedo() ? m_undone.back().log->title() : kNoName;
 }
 
-const std::string& UndoManager::undoWaitsFor() const {
+const UserText& UndoManager::undoWaitsFor() const {
   const Log user = userOf(next());
   return user ? user->title() : kNoName;
 }
@@ -82,7 +82,7 @@ void UndoManager::requireNoGroup() const {
   if (m_context.m_log) throw std::logic_error("undo and redo in the middle of an action");
 }
 
-UndoManager::Log UndoManager::open(std::string title) {
+UndoManager::Log UndoManager::open(UserText title) {
   m_done.push_back(std::make_shared<ChangeLog>(m_context, std::move(title), ++m_logs));
   return m_done.back();
 }
@@ -105,8 +105,7 @@ void UndoManager::forget(const Log& log) {
 
 // ---- groups
 
-UndoGroup::UndoGroup(UndoManager& manager, std::string title)
-    : m_manager(manager.weak_from_this()) {
+UndoGroup::UndoGroup(UndoManager& manager, UserText title) : m_manager(manager.weak_from_this()) {
   if (manager.m_context.m_log) return;
   m_log = manager.open(std::move(title));
   resume();

@@ -3,10 +3,11 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <unordered_set>
 #include <utility>
 #include <vector>
+
+#include "platform/text/UserText.h"
 
 namespace korvel::platform {
 
@@ -30,12 +31,12 @@ class UndoManager : public std::enable_shared_from_this<UndoManager> {
   /// is stepped, are passed over unless they use what the next one made.
   bool canUndo() const;
   bool canRedo() const;
-  /// Of the action that is next, though it may have to wait; "" when there is none.
-  const std::string& undoActionName() const;
-  const std::string& redoActionName() const;
+  /// Of the action that is next, though it may have to wait; empty when there is none.
+  const UserText& undoActionName() const;
+  const UserText& redoActionName() const;
   /// The action whose end undo waits for: one that uses what the next one made, or the only one
-  /// that there is. "" when it need not wait.
-  const std::string& undoWaitsFor() const;
+  /// that there is. Empty when it need not wait.
+  const UserText& undoWaitsFor() const;
   /// Answers whether there was something to undo. std::logic_error inside of a group.
   bool undo();
   bool redo();
@@ -48,7 +49,7 @@ class UndoManager : public std::enable_shared_from_this<UndoManager> {
     std::unordered_set<std::uint32_t> wentOn;  ///< Numbers of the logs that were open.
   };
 
-  Log open(std::string title);
+  Log open(UserText title);
   void close(const Log& log);
   void drop(const Log& log);
   void forget(const Log& log);
@@ -72,7 +73,7 @@ class UndoManager : public std::enable_shared_from_this<UndoManager> {
 /// began.
 class UndoGroup {
  public:
-  UndoGroup(UndoManager& manager, std::string title);
+  UndoGroup(UndoManager& manager, UserText title);
   UndoGroup(const UndoGroup&) = delete;
   UndoGroup& operator=(const UndoGroup&) = delete;
   ~UndoGroup();

@@ -2,25 +2,26 @@
 #pragma once
 
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "platform/sound/AudioQueue.h"
+#include "platform/text/UserError.h"
 
 namespace korvel::platform {
 
-/// Sound that cannot be recorded or played. what() names the device and says what to do.
-class AudioError : public std::runtime_error {
+/// Sound that cannot be recorded or played. The text names the device and says what to do.
+class AudioError : public UserError {
  public:
-  using std::runtime_error::runtime_error;
+  using UserError::UserError;
 };
 
 /// The devices of this machine, or files in their place, and queues on them. Main thread.
 class AudioSystem {
  public:
   /// Stands for the device that the desktop has chosen, and follows when it chooses another.
-  static constexpr const char* kSystemDefault = "System default";
+  static constexpr Phrase kDefaultDevice = phrase("Message", "System default");
+  static constexpr const char* kSystemDefault = kDefaultDevice.english;
 
   AudioSystem() = default;
   AudioSystem(const AudioSystem&) = delete;

@@ -14,8 +14,8 @@ namespace {
 
 const StreamDescription& checked(const StreamDescription& description) {
   if (description.bitsPerChannel == 16) return description;
-  throw AudioError("sound of " + std::to_string(description.bitsPerChannel) +
-                   " bits cannot be recorded or played; 16 bits can");
+  throw AudioError(phrase("Message", "sound of %1 bits cannot be recorded or played; 16 bits can"),
+                   description.bitsPerChannel);
 }
 
 }  // namespace

@@ -11,12 +11,15 @@
 namespace korvel::platform {
 namespace {
 
-constexpr const char* kNoServer =
+constexpr Phrase kNoServer = phrase(
+    "Message",
     "no sound server can be reached and there is no sound card; start PipeWire, PulseAudio or "
-    "JACK, or plug a device in";
+    "JACK, or plug a device in");
 
-const char* nameOf(SoundDirection direction) {
-  return direction == SoundDirection::input ? "input" : "output";
+Phrase missing(SoundDirection direction) {
+  return direction == SoundDirection::input
+             ? phrase("Message", "no sound input \"%1\"; there is %2")
+             : phrase("Message", "no sound output \"%1\"; there is %2");
 }
 
 /// The list that the library made, for as long as it is read.
@@ -74,8 +77,8 @@ SoundDevice SoundConnection::find(SoundDirection direction, const std::string& n
     if (device.name == name) return device;
     others += ", \"" + device.name + "\"";
   }
-  throw AudioError(std::string("no sound ") + nameOf(direction) + " \"" + name + "\"; there is \"" +
-                   AudioSystem::kSystemDefault + "\"" + others);
+  throw AudioError(missing(direction), name,
+                   '"' + std::string(AudioSystem::kSystemDefault) + '"' + others);
 }
 
 }  // namespace korvel::platform

@@ -28,9 +28,12 @@ cubeb_stream_params paramsOf(const StreamDescription& description) {
 }
 
 AudioError cannotOpen(const std::string& device) {
-  return AudioError((device.empty() ? AudioSystem::kSystemDefault : device) +
-                    ": the sound device cannot be opened; check that it is plugged in and that no "
-                    "other program keeps it");
+  const bool isDefault = device.empty() || device == AudioSystem::kSystemDefault;
+  return AudioError(
+      phrase("Message",
+             "%1: the sound device cannot be opened; check that it is plugged in and that no "
+             "other program keeps it"),
+      isDefault ? UserText(AudioSystem::kDefaultDevice) : UserText::verbatim(device));
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ void WaveFileQueue::start() {
   try {
     openFile();
   } catch (const FileError& error) {
-    throw AudioError(error.what());
+    throw AudioError(error.text());
   }
   m_stopping = false;
   begin();

@@ -12,13 +12,17 @@ std::vector<std::string> namesOf(const std::filesystem::path& file) {
 }
 
 void require(const std::filesystem::path& file, const std::string& device) {
-  if (file.empty()) throw AudioError("no sound file was chosen in the place of a device");
+  if (file.empty())
+    throw AudioError(phrase("Message", "no sound file was chosen in the place of a device"));
   if (!device.empty() && device != AudioSystem::kSystemDefault && device != file.string())
-    throw AudioError(device + ": there is no such device; there is \"" + file.string() + '"');
+    throw AudioError(phrase("Message", "%1: there is no such device; there is \"%2\""), device,
+                     file.string());
 }
 
 void require(bool possible, const std::filesystem::path& file) {
-  if (!possible) throw AudioError(file.string() + ": sound of this kind is not for a WAV file");
+  if (!possible)
+    throw AudioError(phrase("Message", "%1: sound of this kind is not for a WAV file"),
+                     file.string());
 }
 
 }  // namespace

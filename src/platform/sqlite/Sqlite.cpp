@@ -53,27 +53,28 @@ StoreError::Reason reasonOf(int code) {
   }
 }
 
-const char* adviceFor(int code) {
+/// What was to be done, what SQLite says to it, and what to do.
+Phrase phraseFor(int code) {
   switch (code & 0xff) {
     case SQLITE_FULL:
-      return "; make room on the disk and try again";
+      return phrase("Message", "%1: %2; make room on the disk and try again");
     case SQLITE_READONLY:
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
-      return "; look at the permissions of the store and its folder";
+      return phrase("Message", "%1: %2; look at the permissions of the store and its folder");
     default:
-      return "";
+      return phrase("Message", "%1: %2");
   }
 }
 
-std::string problemOf(int code, const std::string& doing, const char* message) {
+UserText problemOf(int code, const Phrase& doing, const char* message) {
   switch (reasonOf(code)) {
     case StoreError::Reason::inUse:
-      return "the store is in use by another program; close that one first";
+      return phrase("Message", "the store is in use by another program; close that one first");
     case StoreError::Reason::damaged:
-      return "the store is damaged (" + std::string(message) + "); restore a backup of it";
+      return {phrase("Message", "the store is damaged (%1); restore a backup of it"), message};
     default:
-      return doing + ": " + message + adviceFor(code);
+      return {phraseFor(code), doing, message};
   }
 }
 
@@ -87,7 +88,7 @@ class SqliteDatabase::Connection {
     const int result = sqlite3_open_v2(nameFor(m_file, mode).c_str(), &opened,
                                        openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
     m_handle.reset(opened);
-    if (result != SQLITE_OK) fail("cannot open the store");
+    if (result != SQLITE_OK) fail(phrase("Message", "cannot open the store"));
     sqlite3_extended_result_codes(opened, 1);
   }
 
@@ -95,7 +96,7 @@ class SqliteDatabase::Connection {
   const std::string& file() const { return m_file; }
 
   /// Throws what SQLite says about its last call.
-  [[noreturn]] void fail(const std::string& doing) const {
+  [[noreturn]] void fail(const Phrase& doing) const {
     const int code = m_handle ? sqlite3_errcode(handle()) : SQLITE_NOMEM;
     const char* message = m_handle ? sqlite3_errmsg(handle()) : "out of memory";
     if (reasonOf(code) == StoreError::Reason::notAStore) throw StoreError::notAStore(m_file);
@@ -119,7 +120,7 @@ const std::string& SqliteDatabase::file() const { return m_connection->file(); }
 
 void SqliteDatabase::execute(const std::string& sql) {
   if (sqlite3_exec(m_connection->handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-    m_connection->fail("cannot change the store");
+    m_connection->fail(phrase("Message", "cannot change the store"));
 }
 
 void SqliteDatabase::interrupt() { sqlite3_interrupt(m_connection->handle()); }
@@ -147,10 +148,11 @@ void SqliteDatabase::copyTo(SqliteDatabase& target) {
   const Connection& copy = *target.m_connection;
   sqlite3_backup* backup =
       sqlite3_backup_init(copy.handle(), "main", m_connection->handle(), "main");
-  if (!backup) copy.fail("cannot write the copy");
+  if (!backup) copy.fail(phrase("Message", "cannot write the copy"));
   const int copied = sqlite3_backup_step(backup, -1);
   const int finished = sqlite3_backup_finish(backup);
-  if (copied != SQLITE_DONE || finished != SQLITE_OK) copy.fail("cannot write the copy");
+  if (copied != SQLITE_DONE || finished != SQLITE_OK)
+    copy.fail(phrase("Message", "cannot write the copy"));
 }
 
 void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
@@ -167,7 +169,7 @@ SqliteStatement::SqliteStatement(const SqliteDatabase& database, const std::stri
 }
 
 void SqliteStatement::check(int result) const {
-  if (result != SQLITE_OK) m_connection->fail("cannot read the store");
+  if (result != SQLITE_OK) m_connection->fail(phrase("Message", "cannot read the store"));
 }
 
 void SqliteStatement::bindNull(int index) {
@@ -201,7 +203,8 @@ void SqliteStatement::bind(int index, std::span<const std::byte> value) {
 bool SqliteStatement::step() {
   const int result = sqlite3_step(m_statement.get());
   if (result == SQLITE_ROW) return true;
-  if (result != SQLITE_DONE) m_connection->fail("cannot read or write the store");
+  if (result != SQLITE_DONE)
+    m_connection->fail(phrase("Message", "cannot read or write the store"));
   return false;
 }
 

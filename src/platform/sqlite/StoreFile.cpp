@@ -62,7 +62,8 @@ bool contains(const std::vector<std::string>& names, const std::string& name) {
 }
 
 StoreError damaged(const std::string& path) {
-  return {StoreError::Reason::damaged, path, "the store is damaged; restore a backup of it"};
+  return {StoreError::Reason::damaged, path,
+          phrase("Message", "the store is damaged; restore a backup of it")};
 }
 
 /// The rows of an entity that no owner reaches. The first owner's index finds the few candidates.
@@ -84,7 +85,8 @@ StoreFile::StoreFile(std::string path, const ObjectModel& model, Format format)
 
 std::unique_ptr<SqliteDatabase> StoreFile::create() const {
   if (isThere(m_path))
-    throw StoreError(StoreError::Reason::failed, m_path, "there is a file of that name already");
+    throw StoreError(StoreError::Reason::failed, m_path,
+                     phrase("Message", "there is a file of that name already"));
   auto store = std::make_unique<SqliteDatabase>(m_path, SqliteDatabase::Mode::create);
   lock(*store);
   SqliteTransaction change(*store);
@@ -109,18 +111,23 @@ std::unique_ptr<SqliteDatabase> StoreFile::open() const {
 void StoreFile::inspectHeader() const {
   using Reason = StoreError::Reason;
   std::error_code error;
-  if (!isThere(m_path)) throw StoreError(Reason::failed, m_path, "there is no such store");
+  if (!isThere(m_path))
+    throw StoreError(Reason::failed, m_path, phrase("Message", "there is no such store"));
   if (!fs::is_regular_file(m_path, error)) throw StoreError::notAStore(m_path);
   std::array<char, kHeaderSize> header{};
   std::ifstream file(m_path, std::ios::binary);
-  if (!file) throw StoreError(Reason::failed, m_path, "the store cannot be read; check its rights");
+  if (!file)
+    throw StoreError(Reason::failed, m_path,
+                     phrase("Message", "the store cannot be read; check its rights"));
   file.read(header.data(), header.size());
   if (file.gcount() != kHeaderSize || std::string_view(header.data(), kMagic.size()) != kMagic ||
       bigEndian(header, kApplicationIdAt) != m_format.applicationId)
     throw StoreError::notAStore(m_path);
   if (bigEndian(header, kUserVersionAt) > m_format.version)
-    throw StoreError(Reason::newer, m_path,
-                     "the store was written by a newer Korvel; update the program to open it");
+    throw StoreError(
+        Reason::newer, m_path,
+        phrase("Message",
+               "the store was written by a newer Korvel; update the program to open it"));
 }
 
 // Exclusive from the first moment on, so that a second process cannot even read half-written work.
@@ -132,8 +139,10 @@ void StoreFile::lock(SqliteDatabase& store) const {
   store.execute("COMMIT");
   // A tool may have left it in write-ahead mode, in which a plain copy of the file lacks changes.
   if (store.text("PRAGMA journal_mode = DELETE") != "delete")
-    throw StoreError(StoreError::Reason::failed, m_path,
-                     "the store cannot be switched to a rollback journal; restore a backup of it");
+    throw StoreError(
+        StoreError::Reason::failed, m_path,
+        phrase("Message",
+               "the store cannot be switched to a rollback journal; restore a backup of it"));
 }
 
 void StoreFile::checkSize(SqliteDatabase& store) const {
@@ -231,8 +240,9 @@ void StoreFile::backup(SqliteDatabase& store, const std::string& target) {
     SqliteDatabase copy(part, SqliteDatabase::Mode::create);
     store.copyTo(copy);
     if (!problems(copy).empty())
-      throw StoreError(StoreError::Reason::damaged, store.file(),
-                       "the store is damaged and cannot be copied; restore a backup of it");
+      throw StoreError(
+          StoreError::Reason::damaged, store.file(),
+          phrase("Message", "the store is damaged and cannot be copied; restore a backup of it"));
   } catch (...) {
     fs::remove(part, ignored);
     throw;

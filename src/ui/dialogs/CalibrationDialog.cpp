@@ -29,7 +29,7 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/SoundFileNames.h"
 #include "ui/desktop/Text.h"
-#include "ui/desktop/Wording.h"
+#include "ui/desktop/Translated.h"
 #include "ui/dialogs/InputList.h"
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/LibraryEdits.h"
@@ -221,7 +221,7 @@ void CalibrationDialog::hearFile(const QString& file) {
     m_recording.reset();
     hear(std::make_shared<MonoTrack>(file.toStdString()), QFileInfo(file).fileName().toStdString());
   } catch (const std::exception& problem) {
-    say(worded(toText(problem.what())));
+    say(translated(problem));
   }
 }
 
@@ -245,7 +245,7 @@ void CalibrationDialog::record() {
     say(tr("Play the notes, then press Stop."));
   } catch (const std::exception& problem) {
     m_recording.reset();
-    say(worded(toText(problem.what())));
+    say(translated(problem));
   }
 }
 
@@ -308,7 +308,7 @@ void CalibrationDialog::showHeard() {
     m_notes->addTopLevelItem(new QTreeWidgetItem({tr("Also: %1").arg(toText(noteName(note.midi))),
                                                   tr("✓ heard"), levelText(note.decibels)}));
   if (const auto problem = m_job->problem())
-    say(worded(toText(*problem)));
+    say(translated(*problem));
   else if (isMissing)
     say(tr("Every string was heard. The instrument becomes better with the missing notes."));
   else
@@ -352,7 +352,7 @@ void CalibrationDialog::accept() {
     addInstrument(m_name->text().trimmed().toStdString(), m_job->calibration());
     QDialog::accept();
   } catch (const EditRefused& reason) {
-    say(worded(toText(reason.what())));
+    say(translated(reason));
     m_name->setFocus();
     m_name->selectAll();
   }

@@ -4,7 +4,7 @@
 #include "platform/sound/AudioSystem.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
-#include "ui/desktop/Wording.h"
+#include "ui/desktop/Translated.h"
 
 namespace korvel::ui {
 
@@ -22,9 +22,9 @@ void InputList::list() {
     for (const std::string& name : platform::AudioSystem::main().inputs()) addItem(toText(name));
   } catch (const platform::AudioError& problem) {
     addItem(toText(platform::AudioSystem::kSystemDefault));
-    setToolTip(worded(toText(problem.what())));
+    setToolTip(translated(problem));
   }
-  setItemText(0, worded(itemText(0)));
+  setItemText(0, translated(platform::AudioSystem::kDefaultDevice));
   const QString chosen = Preferences().input();
   // It is recorded from, or complained of, while it is unplugged.
   if (!chosen.isEmpty() && findText(chosen) < 0) addItem(chosen);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/SelfCheckDialog.h"
 
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QScreen>
@@ -11,8 +10,7 @@
 #include <chrono>
 
 #include "ui/desktop/Synthesizers.h"
-#include "ui/desktop/Text.h"
-#include "ui/desktop/Wording.h"
+#include "ui/desktop/Translated.h"
 
 namespace korvel::ui {
 namespace {
@@ -58,7 +56,7 @@ void SelfCheckDialog::awaitResult() {
   }
   const SelfCheck& check = m_checks[m_next];
   try {
-    showResult(check, true, toText(m_result.get()));
+    showResult(check, true, translated(m_result.get()));
   } catch (const std::exception&) {
     runHere(check);
   }
@@ -66,16 +64,15 @@ void SelfCheckDialog::awaitResult() {
 
 void SelfCheckDialog::runHere(const SelfCheck& check) {
   try {
-    showResult(check, true, toText(check.run()));
+    showResult(check, true, translated(check.run()));
   } catch (const std::exception& problem) {
-    showResult(check, false, toText(problem.what()));
+    showResult(check, false, translated(problem));
   }
 }
 
 void SelfCheckDialog::showResult(const SelfCheck& check, bool good, const QString& text) {
   const QString mark = good ? tr("✓ %1") : tr("✗ %1");
-  const QString title = QCoreApplication::translate("SelfCheck", check.title.c_str());
-  new QTreeWidgetItem(m_results, {mark.arg(title), worded(text)});
+  new QTreeWidgetItem(m_results, {mark.arg(translated(check.title)), text});
   ++m_next;
   QTimer::singleShot(0, this, &SelfCheckDialog::runNext);
 }

@@ -30,7 +30,7 @@ class SelfCheckDialog final : public QDialog {
   std::vector<SelfCheck> m_checks;
   std::size_t m_next = 0;
   QTreeWidget* m_results;
-  std::future<std::string> m_result;
+  std::future<platform::UserText> m_result;
 };
 
 }  // namespace korvel::ui

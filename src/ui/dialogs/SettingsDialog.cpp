@@ -25,7 +25,7 @@
 #include "platform/sound/AudioSystem.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
-#include "ui/desktop/Wording.h"
+#include "ui/desktop/Translated.h"
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {
@@ -72,10 +72,10 @@ QComboBox* devices(std::vector<std::string> (platform::AudioSystem::*list)(),
     for (const std::string& name : (platform::AudioSystem::main().*list)())
       box->addItem(toText(name));
   } catch (const platform::AudioError& problem) {
-    box->setToolTip(worded(toText(problem.what())));
+    box->setToolTip(translated(problem));
     box->addItem(toText(platform::AudioSystem::kSystemDefault));
   }
-  box->setItemText(0, worded(box->itemText(0)));
+  box->setItemText(0, translated(platform::AudioSystem::kDefaultDevice));
   if (!chosen.isEmpty() && box->findText(chosen) < 0) box->addItem(chosen);
   box->setCurrentIndex(std::max(0, box->findText(chosen)));
   return box;
@@ -234,7 +234,7 @@ void SettingsDialog::accept() {
     if (m_folder->text() != toText(before))
       setWorkDirectory(inHome(m_folder->text()).toStdString());
   } catch (const platform::FileError& problem) {
-    QMessageBox::warning(this, windowTitle(), worded(toText(problem.what())));
+    QMessageBox::warning(this, windowTitle(), translated(problem));
     return;
   }
   Preferences preferences;

@@ -25,6 +25,7 @@
 #include "ui/desktop/SoundFileNames.h"
 #include "ui/desktop/Synthesizers.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "ui/dialogs/CalibrationDialog.h"
 #include "ui/dialogs/TuningDialog.h"
 #include "ui/library/SongMenu.h"
@@ -115,9 +116,9 @@ void LibraryActions::attempt(const std::function<void()>& edit) {
   try {
     edit();
   } catch (const EditRefused& reason) {
-    emit refused(toText(reason.what()));
+    emit refused(translated(reason));
   } catch (const platform::FileError& problem) {
-    emit refused(toText(problem.what()));
+    emit refused(translated(problem));
   }
 }
 

@@ -1,21 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/library/SongMenu.h"
 
-#include <QCoreApplication>
-
-#include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "workflow/arranging/SongOrders.h"
 #include "workflow/session/EditRefused.h"
 
 namespace korvel::ui {
-namespace {
-
-QString shown(std::string_view title) {
-  const std::string text(title);
-  return QCoreApplication::translate("SongMenu", text.c_str());
-}
-
-}  // namespace
 
 void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>& give) {
   for (const SongMenuSection& section : songMenu()) {
@@ -23,9 +13,9 @@ void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>&
       menu.addSeparator();
       continue;
     }
-    QMenu& place = section.title.empty() ? menu : *menu.addMenu(shown(section.title));
+    QMenu& place = section.title.empty() ? menu : *menu.addMenu(translated(section.title));
     for (const SongCommand& command : section.items)
-      QObject::connect(place.addAction(shown(command.title)), &QAction::triggered, &menu,
+      QObject::connect(place.addAction(translated(command.title)), &QAction::triggered, &menu,
                        [give, &command] { give(command); });
   }
 }
@@ -35,7 +25,7 @@ SongMenu::SongMenu(QWidget* parent) : QMenu(tr("&Song"), parent) {
     try {
       orderByMenu(m_items, command);
     } catch (const EditRefused& reason) {
-      emit refused(toText(reason.what()));
+      emit refused(translated(reason));
     }
   });
   enable(false);

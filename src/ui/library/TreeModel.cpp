@@ -10,6 +10,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/InstrumentNode.h"
 #include "workflow/library/LibraryEdits.h"
@@ -219,7 +220,7 @@ bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int rol
     node->rename(value.toString().trimmed().toStdString());
     return true;
   } catch (const EditRefused& reason) {
-    emit refused(toText(reason.what()));
+    emit refused(translated(reason));
     return false;
   }
 }

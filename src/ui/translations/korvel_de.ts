@@ -37,6 +37,484 @@
     </message>
 </context>
 <context>
+    <name>Job</name>
+    <message>
+        <source>Album Export</source>
+        <translation>Album-Export</translation>
+    </message>
+    <message>
+        <source>WAV Export</source>
+        <translation>WAV-Export</translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation>Einmessen</translation>
+    </message>
+    <message>
+        <source>Song Import</source>
+        <translation>Import</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>the program&apos;s own store is missing</source>
+        <translation>Die Datenbank des Programms fehlt</translation>
+    </message>
+    <message>
+        <source>cannot read: it is a folder</source>
+        <translation>lässt sich nicht lesen: Es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>cannot read: it is not a plain file</source>
+        <translation>lässt sich nicht lesen: Es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1: %2; make room or choose another place</source>
+        <translation>%1: %2; schaffe Platz oder wähle einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>%1: %2; look at its permissions or choose another place</source>
+        <translation>%1: %2; prüfe die Rechte daran oder wähle einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>%1: %2; choose another place</source>
+        <translation>%1: %2; wähle einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>%1: %2; choose a shorter name</source>
+        <translation>%1: %2; wähle einen kürzeren Namen</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>cannot read</source>
+        <translation>lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>cannot write</source>
+        <translation>kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the user has no home folder</source>
+        <translation>Der Benutzer hat keinen persönlichen Ordner</translation>
+    </message>
+    <message>
+        <source>cannot be reached: %1; check the rights of its folders, or choose another place</source>
+        <translation>ist nicht zu erreichen: %1; prüfe die Rechte seiner Ordner oder wähle einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>the folder cannot be made: %1; check the rights of the one that it is in</source>
+        <translation>Der Ordner kann nicht angelegt werden: %1; prüfe die Rechte dessen, in dem er liegt</translation>
+    </message>
+    <message>
+        <source>cannot write: it is not a plain file</source>
+        <translation>kann nicht geschrieben werden: Es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>cannot write: it holds songs; choose another file</source>
+        <translation>Kann nicht geschrieben werden: Die Datei enthält Songs; wähle eine andere</translation>
+    </message>
+    <message>
+        <source>cannot make</source>
+        <translation>lässt sich nicht anlegen</translation>
+    </message>
+    <message>
+        <source>cannot write: %1</source>
+        <translation>lässt sich nicht schreiben: %1</translation>
+    </message>
+    <message>
+        <source>cannot write: a WAV file ends at 4 GiB</source>
+        <translation>lässt sich nicht weiter schreiben: Eine WAV-Datei endet bei 4 GiB</translation>
+    </message>
+    <message>
+        <source>the file has no such track</source>
+        <translation>Eine solche Spur hat die Datei nicht</translation>
+    </message>
+    <message>
+        <source>the track is no sound that can be decoded</source>
+        <translation>Die Spur enthält keinen Ton, der sich dekodieren lässt</translation>
+    </message>
+    <message>
+        <source>cannot open: %1</source>
+        <translation>lässt sich nicht öffnen: %1</translation>
+    </message>
+    <message>
+        <source>cannot open: it is a folder</source>
+        <translation>lässt sich nicht öffnen: Es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>cannot open: it is not a plain file</source>
+        <translation>lässt sich nicht öffnen: Es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>cannot open: it is empty</source>
+        <translation>lässt sich nicht öffnen: Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>cannot open: it is no sound or media file of a known format</source>
+        <translation>lässt sich nicht öffnen: Es ist keine Ton- oder Mediendatei in einem bekannten Format</translation>
+    </message>
+    <message>
+        <source>the track has more channels than can be mixed</source>
+        <translation>Die Spur hat mehr Kanäle, als sich mischen lassen</translation>
+    </message>
+    <message>
+        <source>it is no WAV file; another program has to convert it to one first</source>
+        <translation>Es ist keine WAV-Datei; ein anderes Programm muss sie erst in eine umwandeln</translation>
+    </message>
+    <message>
+        <source>cannot read: %1</source>
+        <translation>lässt sich nicht lesen: %1</translation>
+    </message>
+    <message>
+        <source>cannot read: no sound has %1 samples a second; record or convert it anew</source>
+        <translation>lässt sich nicht lesen: Kein Ton hat %1 Abtastwerte in der Sekunde; nimm ihn neu auf oder wandle ihn neu um</translation>
+    </message>
+    <message>
+        <source>is no SoundFont; choose a file of type sf2 or sf3</source>
+        <translation>Das ist kein SoundFont; wähle eine Datei der Art sf2 oder sf3</translation>
+    </message>
+    <message>
+        <source>is a damaged SoundFont; fetch it anew or choose another one</source>
+        <translation>Der SoundFont ist beschädigt; lade ihn neu oder wähle einen anderen</translation>
+    </message>
+    <message>
+        <source>there is no such SoundFont; choose another one</source>
+        <translation>Diesen SoundFont gibt es nicht; wähle einen anderen</translation>
+    </message>
+    <message>
+        <source>the SoundFont cannot be read; check its rights</source>
+        <translation>Der SoundFont kann nicht gelesen werden; prüfe seine Rechte</translation>
+    </message>
+    <message>
+        <source>none was found to play with; install one (apt install timgm6mb-soundfont) or choose a file</source>
+        <translation>Zum Abspielen war keiner zu finden; installiere einen (apt install timgm6mb-soundfont) oder wähle eine Datei</translation>
+    </message>
+    <message>
+        <source>System default</source>
+        <translation>Standardgerät</translation>
+    </message>
+    <message>
+        <source>sound of %1 bits cannot be recorded or played; 16 bits can</source>
+        <translation>Ton mit %1 Bit lässt sich nicht aufnehmen oder abspielen, aber mit 16 Bit</translation>
+    </message>
+    <message>
+        <source>no sound server can be reached and there is no sound card; start PipeWire, PulseAudio or JACK, or plug a device in</source>
+        <translation>kein Tonserver ist erreichbar, und es gibt keine Soundkarte; starte PipeWire, PulseAudio oder JACK, oder schließe ein Gerät an</translation>
+    </message>
+    <message>
+        <source>no sound input &quot;%1&quot;; there is %2</source>
+        <translation>Es gibt keine Tonaufnahme „%1“, aber %2</translation>
+    </message>
+    <message>
+        <source>no sound output &quot;%1&quot;; there is %2</source>
+        <translation>Es gibt keine Tonausgabe „%1“, aber %2</translation>
+    </message>
+    <message>
+        <source>%1: the sound device cannot be opened; check that it is plugged in and that no other program keeps it</source>
+        <translation>%1: Das Tongerät lässt sich nicht öffnen; sieh nach, ob es angeschlossen ist und kein anderes Programm es belegt</translation>
+    </message>
+    <message>
+        <source>no sound file was chosen in the place of a device</source>
+        <translation>anstelle eines Geräts wurde keine Tondatei gewählt</translation>
+    </message>
+    <message>
+        <source>%1: there is no such device; there is &quot;%2&quot;</source>
+        <translation>%1: Dieses Gerät gibt es nicht, aber „%2“</translation>
+    </message>
+    <message>
+        <source>%1: sound of this kind is not for a WAV file</source>
+        <translation>%1: Ton dieser Art passt nicht in eine WAV-Datei</translation>
+    </message>
+    <message>
+        <source>cannot make the folder</source>
+        <translation>Der Ordner kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>cannot be written: %1</source>
+        <translation>kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>The recording is longer than ten minutes; choose one that holds the single notes only</source>
+        <translation>Die Aufnahme ist länger als zehn Minuten; wähle eine, auf der nur die einzelnen Töne sind</translation>
+    </message>
+    <message>
+        <source>Nothing is heard in the recording; check the microphone or choose another file</source>
+        <translation>In der Aufnahme ist nichts zu hören; prüfe das Mikrofon oder wähle eine andere Datei</translation>
+    </message>
+    <message>
+        <source>No single note is heard in the recording; play one note at a time, louder, and mute it before the next one</source>
+        <translation>In der Aufnahme ist kein einzelner Ton zu hören; spiele einen Ton nach dem anderen, lauter, und dämpfe ihn vor dem nächsten</translation>
+    </message>
+    <message>
+        <source>String %1 was not heard long enough; record its notes once more, and let each ring for three seconds</source>
+        <translation>Saite %1 war nicht lange genug zu hören; nimm ihre Töne noch einmal auf und lass jeden drei Sekunden klingen</translation>
+    </message>
+    <message>
+        <source>the song was deleted while it was recorded</source>
+        <translation>der Song wurde gelöscht, während er aufgenommen wurde</translation>
+    </message>
+    <message>
+        <source>%1: there is no such file</source>
+        <translation>%1: Diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>%1: is a folder; name a sound file</source>
+        <translation>%1: ist ein Ordner; nenne eine Tondatei</translation>
+    </message>
+    <message>
+        <source>%1: is not a plain file</source>
+        <translation>%1: ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1: is empty</source>
+        <translation>%1: ist leer</translation>
+    </message>
+    <message>
+        <source>%1: its sound is in a coding that cannot be decoded; convert it to WAV first</source>
+        <translation>%1: Der Ton ist so kodiert, dass er sich nicht dekodieren lässt; wandle ihn erst in WAV um</translation>
+    </message>
+    <message>
+        <source>%1: has no sound track</source>
+        <translation>%1: hat keine Tonspur</translation>
+    </message>
+    <message>
+        <source>%1: no sound could be decoded; is the file complete?</source>
+        <translation>%1: Es ließ sich kein Ton dekodieren; ist die Datei vollständig?</translation>
+    </message>
+    <message>
+        <source>could not be written whole</source>
+        <translation>konnte nicht vollständig geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the sound device is gone; choose another one or plug it in, and play again</source>
+        <translation>Das Tongerät ist fort; wähle ein anderes oder schließe es an und spiele noch einmal ab</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no chord name: it has to begin with a note from A to G</source>
+        <translation>„%1“ ist kein Akkordname: Er muss mit einem Ton von A bis G beginnen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no chord name: after the note comes nothing or one of %2</source>
+        <translation>„%1“ ist kein Akkordname: Nach dem Ton kommt nichts oder eines von %2</translation>
+    </message>
+    <message>
+        <source>the store is damaged: %1 has no free ids</source>
+        <translation>Die Datenbank ist beschädigt: %1 hat keine freien Nummern</translation>
+    </message>
+    <message>
+        <source>%1: %2; make room on the disk and try again</source>
+        <translation>Die Platte ist voll; schaffe Platz darauf und versuche es noch einmal</translation>
+    </message>
+    <message>
+        <source>%1: %2; look at the permissions of the store and its folder</source>
+        <translation>%1: %2; prüfe die Rechte an ihr und ihrem Ordner</translation>
+    </message>
+    <message>
+        <source>the store is in use by another program; close that one first</source>
+        <translation>Die Datenbank wird von einem anderen Programm benutzt; schließe erst dieses</translation>
+    </message>
+    <message>
+        <source>the store is damaged (%1); restore a backup of it</source>
+        <translation>Die Datenbank ist beschädigt (%1); spiele eine Sicherung zurück</translation>
+    </message>
+    <message>
+        <source>cannot open the store</source>
+        <translation>Die Datenbank kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>cannot change the store</source>
+        <translation>Die Datenbank kann nicht geändert werden</translation>
+    </message>
+    <message>
+        <source>cannot write the copy</source>
+        <translation>Die Kopie kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>cannot read the store</source>
+        <translation>Die Datenbank kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>cannot read or write the store</source>
+        <translation>Die Datenbank kann nicht gelesen oder geschrieben werden</translation>
+    </message>
+    <message>
+        <source>not a Korvel store; move it away or choose another file</source>
+        <translation>ist keine Datenbank von Korvel; verschiebe die Datei oder wähle eine andere</translation>
+    </message>
+    <message>
+        <source>the store is damaged; restore a backup of it</source>
+        <translation>Die Datenbank ist beschädigt; spiele eine Sicherung zurück</translation>
+    </message>
+    <message>
+        <source>there is a file of that name already</source>
+        <translation>Eine Datei dieses Namens gibt es schon</translation>
+    </message>
+    <message>
+        <source>there is no such store</source>
+        <translation>Diese Datenbank gibt es nicht</translation>
+    </message>
+    <message>
+        <source>the store cannot be read; check its rights</source>
+        <translation>Die Datenbank kann nicht gelesen werden; prüfe ihre Rechte</translation>
+    </message>
+    <message>
+        <source>the store was written by a newer Korvel; update the program to open it</source>
+        <translation>Die Datenbank stammt von einem neueren Korvel; aktualisiere das Programm, um sie zu öffnen</translation>
+    </message>
+    <message>
+        <source>the store cannot be switched to a rollback journal; restore a backup of it</source>
+        <translation>Die Datenbank lässt sich nicht auf ein Rollback-Journal umstellen; spiele eine Sicherung zurück</translation>
+    </message>
+    <message>
+        <source>the store is damaged and cannot be copied; restore a backup of it</source>
+        <translation>Die Datenbank ist beschädigt und kann nicht kopiert werden; spiele eine Sicherung zurück</translation>
+    </message>
+    <message>
+        <source>%1: the song has no chords, so &quot;%2&quot; has nothing to do</source>
+        <translation>%1: Der Song hat keine Akkorde, also hat „%2“ nichts zu tun</translation>
+    </message>
+    <message>
+        <source>string %1 is not within %2 to %3</source>
+        <translation>Saite %1 liegt nicht zwischen %2 und %3</translation>
+    </message>
+    <message>
+        <source>%1: is still being heard; edit it when that has ended</source>
+        <translation>%1: Wird noch gehört; bearbeite es, wenn das zu Ende ist</translation>
+    </message>
+    <message>
+        <source>chord %1 is not within %2 to %3</source>
+        <translation>Akkord %1 liegt nicht zwischen %2 und %3</translation>
+    </message>
+    <message>
+        <source>fret %1 is not within %2 to %3</source>
+        <translation>Bund %1 liegt nicht zwischen %2 und %3</translation>
+    </message>
+    <message>
+        <source>duration %1 is not within %2 to %3</source>
+        <translation>Dauer %1 liegt nicht zwischen %2 und %3</translation>
+    </message>
+    <message>
+        <source>the last chord is before the first one</source>
+        <translation>Der letzte Akkord steht vor dem ersten</translation>
+    </message>
+    <message>
+        <source>%1: the song has no chords, so there is nothing to export</source>
+        <translation>%1: Der Song hat keine Akkorde, also gibt es nichts zu exportieren</translation>
+    </message>
+    <message>
+        <source>%1: nothing sounds in these chords, so there is nothing to export</source>
+        <translation>%1: In diesen Akkorden klingt nichts, also gibt es nichts zu exportieren</translation>
+    </message>
+    <message>
+        <source>%1: an instrument is calibrated in Standard or Drop D; select one of them, and tune the guitar to it</source>
+        <translation>%1: Ein Instrument wird in Standard oder Drop D eingemessen; wähle eine davon aus und stimme die Gitarre so</translation>
+    </message>
+    <message>
+        <source>An album needs a name; type one</source>
+        <translation>Ein Album braucht einen Namen; gib einen ein</translation>
+    </message>
+    <message>
+        <source>An instrument needs a name; type one</source>
+        <translation>Ein Instrument braucht einen Namen; gib einen ein</translation>
+    </message>
+    <message>
+        <source>%1: there is an album of that name already; choose another name</source>
+        <translation>%1: Ein Album dieses Namens gibt es schon; wähle einen anderen Namen</translation>
+    </message>
+    <message>
+        <source>A song needs a name; type one</source>
+        <translation>Ein Song braucht einen Titel; gib einen ein</translation>
+    </message>
+    <message>
+        <source>%1: the album has a song of that title already; choose another title</source>
+        <translation>%1: Das Album hat schon einen Song dieses Titels; wähle einen anderen Titel</translation>
+    </message>
+    <message>
+        <source>%1: is no instrument definition file; nothing was imported</source>
+        <translation>%1: ist keine Instrument-Definition; nichts wurde importiert</translation>
+    </message>
+    <message>
+        <source>%1: there is an instrument of that name already; choose another name</source>
+        <translation>%1: Es gibt schon ein Instrument dieses Namens; wähle einen anderen</translation>
+    </message>
+    <message>
+        <source>%1: a definition file cannot hold that name; rename the instrument without apostrophes and &quot;&lt;&quot;</source>
+        <translation>%1: Eine Definitionsdatei kann diesen Namen nicht aufnehmen; benenne das Instrument ohne Apostroph und „&lt;“ um</translation>
+    </message>
+    <message>
+        <source>%1: is the only instrument; import another one first</source>
+        <translation>%1: ist das einzige Instrument; importiere zuerst ein anderes</translation>
+    </message>
+    <message>
+        <source>A tuning needs a name; type one</source>
+        <translation>Eine Stimmung braucht einen Namen; gib einen ein</translation>
+    </message>
+    <message>
+        <source>%1: there is a tuning of that name already; choose another name</source>
+        <translation>%1: Eine Stimmung dieses Namens gibt es schon; wähle einen anderen Namen</translation>
+    </message>
+    <message>
+        <source>String %1 cannot be tuned that far; choose a nearer note</source>
+        <translation>Saite %1 lässt sich nicht so weit stimmen; wähle einen näheren Ton</translation>
+    </message>
+    <message>
+        <source>String %1 must be higher than the string below it; choose another note</source>
+        <translation>Saite %1 muss höher klingen als die nächsttiefere; wähle einen anderen Ton</translation>
+    </message>
+    <message>
+        <source>%1: songs or instruments are written in it; make a new tuning and edit that</source>
+        <translation>%1: In ihr sind Songs oder Instrumente notiert; lege eine neue Stimmung an und ändere diese</translation>
+    </message>
+    <message>
+        <source>%1: the store is damaged (%2); restore a backup of it</source>
+        <translation>%1: Die Datenbank ist beschädigt (%2); spiele eine Sicherung zurück</translation>
+    </message>
+    <message>
+        <source>%1 is sound</source>
+        <translation>%1 ist unbeschädigt</translation>
+    </message>
+    <message>
+        <source>the demo recording is missing; install Korvel again</source>
+        <translation>die Beispielaufnahme fehlt; installiere Korvel neu</translation>
+    </message>
+    <message>
+        <source>%1 cannot be decoded; install FFmpeg&apos;s libraries with Vorbis</source>
+        <translation>%1 lässt sich nicht dekodieren; installiere FFmpegs Bibliotheken mit Vorbis</translation>
+    </message>
+    <message>
+        <source>the demo recording is read</source>
+        <translation>die Beispielaufnahme lässt sich lesen</translation>
+    </message>
+    <message>
+        <source>a tone of 110 Hz is not found; install FFTW&apos;s libraries again</source>
+        <translation>ein Ton von 110 Hz wird nicht gefunden; installiere die Bibliotheken von FFTW neu</translation>
+    </message>
+    <message>
+        <source>a tone of 110 Hz is found</source>
+        <translation>ein Ton von 110 Hz wird gefunden</translation>
+    </message>
+    <message>
+        <source>%1: its guitar does not sound as it should; choose another SoundFont</source>
+        <translation>%1: Die Gitarre darin klingt nicht, wie sie soll; wähle einen anderen SoundFont</translation>
+    </message>
+    <message>
+        <source>the open low E string is played with %1</source>
+        <translation>die leere tiefe E-Saite klingt mit %1</translation>
+    </message>
+    <message>
+        <source>%1 to play on, %2 to record from</source>
+        <translation>%1 zum Abspielen, %2 zum Aufnehmen</translation>
+    </message>
+    <message>
+        <source>%1: is being recorded; stop the recording, then delete it</source>
+        <translation>%1: Wird gerade aufgenommen; stoppe die Aufnahme, dann lösche den Song</translation>
+    </message>
+</context>
+<context>
     <name>SaveFilePanel</name>
     <message>
         <source>Export</source>
@@ -382,42 +860,6 @@
 <context>
     <name>UndoAction</name>
     <message>
-        <source>All Standard Filters</source>
-        <translation>Alle Standardfilter</translation>
-    </message>
-    <message>
-        <source>Detect Voicings</source>
-        <translation>Voicings erkennen</translation>
-    </message>
-    <message>
-        <source>Simplify Left Hand</source>
-        <translation>Linke Hand vereinfachen</translation>
-    </message>
-    <message>
-        <source>Simplify Right Hand</source>
-        <translation>Rechte Hand vereinfachen</translation>
-    </message>
-    <message>
-        <source>Push Down Strings</source>
-        <translation>In tiefere Lagen bringen</translation>
-    </message>
-    <message>
-        <source>Clean Chords</source>
-        <translation>Akkorde bereinigen</translation>
-    </message>
-    <message>
-        <source>Find Best Fingering</source>
-        <translation>Besten Fingersatz finden</translation>
-    </message>
-    <message>
-        <source>Trim To Playable</source>
-        <translation>Auf Spielbares beschränken</translation>
-    </message>
-    <message>
-        <source>Extract Lead (1st)</source>
-        <translation>Führungsstimme (1.) herauslösen</translation>
-    </message>
-    <message>
         <source>Extract 2nd</source>
         <translation>2. Stimme herauslösen</translation>
     </message>
@@ -498,22 +940,6 @@
         <translation>Lauteste sechs herauslösen</translation>
     </message>
     <message>
-        <source>Remove Non Harmony Tones</source>
-        <translation>Akkordfremde Töne entfernen</translation>
-    </message>
-    <message>
-        <source>Remove the Seven</source>
-        <translation>Septime entfernen</translation>
-    </message>
-    <message>
-        <source>Remove the Nine</source>
-        <translation>None entfernen</translation>
-    </message>
-    <message>
-        <source>Remove the Eleven</source>
-        <translation>Undezime entfernen</translation>
-    </message>
-    <message>
         <source>Remove All from Seven</source>
         <translation>Alles ab der Septime entfernen</translation>
     </message>
@@ -524,34 +950,6 @@
     <message>
         <source>Remove All from Eleven</source>
         <translation>Alles ab der Undezime entfernen</translation>
-    </message>
-    <message>
-        <source>Remove Melody and Brass</source>
-        <translation>Melodie und Bass entfernen</translation>
-    </message>
-    <message>
-        <source>Remove Melody</source>
-        <translation>Melodie entfernen</translation>
-    </message>
-    <message>
-        <source>Remove Brass</source>
-        <translation>Bass entfernen</translation>
-    </message>
-    <message>
-        <source>Remove 2nd Voice</source>
-        <translation>2. Stimme entfernen</translation>
-    </message>
-    <message>
-        <source>Remove 3nd Voice</source>
-        <translation>3. Stimme entfernen</translation>
-    </message>
-    <message>
-        <source>Remove 4th Voice</source>
-        <translation>4. Stimme entfernen</translation>
-    </message>
-    <message>
-        <source>Remove 5th Voice</source>
-        <translation>5. Stimme entfernen</translation>
     </message>
     <message>
         <source>Transpose Up By One Half Tone</source>
@@ -640,10 +1038,6 @@
     <message>
         <source>Transpose Down By A Major Seven (11 Half Tones)</source>
         <translation>Um eine große Septime (11 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Export To Textfile</source>
-        <translation>Als Textdatei exportieren</translation>
     </message>
     <message>
         <source>Clone</source>
@@ -769,300 +1163,13 @@
         <source>Calibrate Instrument</source>
         <translation>Instrument einmessen</translation>
     </message>
-</context>
-<context>
-    <name>Wording</name>
     <message>
-        <source>An album needs a name; type one</source>
-        <translation>Ein Album braucht einen Namen; gib einen ein</translation>
+        <source>Merge Songs</source>
+        <translation>Songs zusammenführen</translation>
     </message>
     <message>
-        <source>A song needs a name; type one</source>
-        <translation>Ein Song braucht einen Titel; gib einen ein</translation>
-    </message>
-    <message>
-        <source>An instrument needs a name; type one</source>
-        <translation>Ein Instrument braucht einen Namen; gib einen ein</translation>
-    </message>
-    <message>
-        <source>A tuning needs a name; type one</source>
-        <translation>Eine Stimmung braucht einen Namen; gib einen ein</translation>
-    </message>
-    <message>
-        <source>%1: there is an album of that name already; choose another name</source>
-        <translation>%1: Ein Album dieses Namens gibt es schon; wähle einen anderen Namen</translation>
-    </message>
-    <message>
-        <source>%1: the album has a song of that title already; choose another title</source>
-        <translation>%1: Das Album hat schon einen Song dieses Titels; wähle einen anderen Titel</translation>
-    </message>
-    <message>
-        <source>%1: there is a tuning of that name already; choose another name</source>
-        <translation>%1: Eine Stimmung dieses Namens gibt es schon; wähle einen anderen Namen</translation>
-    </message>
-    <message>
-        <source>%1: the song has no chords, so there is nothing to export</source>
-        <translation>%1: Der Song hat keine Akkorde, also gibt es nichts zu exportieren</translation>
-    </message>
-    <message>
-        <source>%1: the song has no chords, so &quot;%2&quot; has nothing to do</source>
-        <translation>%1: Der Song hat keine Akkorde, also hat „%2“ nichts zu tun</translation>
-    </message>
-    <message>
-        <source>%1: is no instrument definition file; nothing was imported</source>
-        <translation>%1: ist keine Instrument-Definition; nichts wurde importiert</translation>
-    </message>
-    <message>
-        <source>%1: is the only instrument; import another one first</source>
-        <translation>%1: ist das einzige Instrument; importiere zuerst ein anderes</translation>
-    </message>
-    <message>
-        <source>String %1 cannot be tuned that far; choose a nearer note</source>
-        <translation>Saite %1 lässt sich nicht so weit stimmen; wähle einen näheren Ton</translation>
-    </message>
-    <message>
-        <source>String %1 must be higher than the string below it; choose another note</source>
-        <translation>Saite %1 muss höher klingen als die nächsttiefere; wähle einen anderen Ton</translation>
-    </message>
-    <message>
-        <source>%1: songs or instruments are written in it; make a new tuning and edit that</source>
-        <translation>%1: In ihr sind Songs oder Instrumente notiert; lege eine neue Stimmung an und ändere diese</translation>
-    </message>
-    <message>
-        <source>fret %1 is not within %2 to %3</source>
-        <translation>Bund %1 liegt nicht zwischen %2 und %3</translation>
-    </message>
-    <message>
-        <source>%1 is sound</source>
-        <translation>%1 ist unbeschädigt</translation>
-    </message>
-    <message>
-        <source>%1: the store is damaged (%2); restore a backup of it</source>
-        <translation>%1: Die Datenbank ist beschädigt (%2); spiele eine Sicherung zurück</translation>
-    </message>
-    <message>
-        <source>the demo recording is read</source>
-        <translation>die Beispielaufnahme lässt sich lesen</translation>
-    </message>
-    <message>
-        <source>the demo recording is missing; install Korvel again</source>
-        <translation>die Beispielaufnahme fehlt; installiere Korvel neu</translation>
-    </message>
-    <message>
-        <source>%1 cannot be decoded; install FFmpeg&apos;s libraries with Vorbis</source>
-        <translation>%1 lässt sich nicht dekodieren; installiere FFmpegs Bibliotheken mit Vorbis</translation>
-    </message>
-    <message>
-        <source>a tone of 110 Hz is found</source>
-        <translation>ein Ton von 110 Hz wird gefunden</translation>
-    </message>
-    <message>
-        <source>a tone of 110 Hz is not found; install FFTW&apos;s libraries again</source>
-        <translation>ein Ton von 110 Hz wird nicht gefunden; installiere die Bibliotheken von FFTW neu</translation>
-    </message>
-    <message>
-        <source>the open low E string is played with %1</source>
-        <translation>die leere tiefe E-Saite klingt mit %1</translation>
-    </message>
-    <message>
-        <source>%1: its guitar does not sound as it should; choose another SoundFont</source>
-        <translation>%1: Die Gitarre darin klingt nicht, wie sie soll; wähle einen anderen SoundFont</translation>
-    </message>
-    <message>
-        <source>%1 to play on, %2 to record from</source>
-        <translation>%1 zum Abspielen, %2 zum Aufnehmen</translation>
-    </message>
-    <message>
-        <source>no sound server can be reached and there is no sound card; start PipeWire, PulseAudio or JACK, or plug a device in</source>
-        <translation>kein Tonserver ist erreichbar, und es gibt keine Soundkarte; starte PipeWire, PulseAudio oder JACK, oder schließe ein Gerät an</translation>
-    </message>
-    <message>
-        <source>%1: the sound device cannot be opened; check that it is plugged in and that no other program keeps it</source>
-        <translation>%1: Das Tongerät lässt sich nicht öffnen; sieh nach, ob es angeschlossen ist und kein anderes Programm es belegt</translation>
-    </message>
-    <message>
-        <source>SoundFont: none was found to play with; install one (apt install timgm6mb-soundfont) or choose a file</source>
-        <translation>SoundFont: Zum Abspielen war keiner zu finden; installiere einen (apt install timgm6mb-soundfont) oder wähle eine Datei</translation>
-    </message>
-    <message>
-        <source>%1: cannot read: %2</source>
-        <translation>%1: lässt sich nicht lesen: %2</translation>
-    </message>
-    <message>
-        <source>%1: cannot write: %2</source>
-        <translation>%1: lässt sich nicht schreiben: %2</translation>
-    </message>
-    <message>
-        <source>System default</source>
-        <translation>Standardgerät</translation>
-    </message>
-    <message>
-        <source>Song Import: %1</source>
-        <translation>Import: %1</translation>
-    </message>
-    <message>
-        <source>%1: there is an instrument of that name already; choose another name</source>
-        <translation>%1: Es gibt schon ein Instrument dieses Namens; wähle einen anderen</translation>
-    </message>
-    <message>
-        <source>%1: an instrument is calibrated in Standard or Drop D; select one of them, and tune the guitar to it</source>
-        <translation>%1: Ein Instrument wird in Standard oder Drop D eingemessen; wähle eine davon aus und stimme die Gitarre so</translation>
-    </message>
-    <message>
-        <source>%1: a definition file cannot hold that name; rename the instrument without apostrophes and &quot;&lt;&quot;</source>
-        <translation>%1: Eine Definitionsdatei kann diesen Namen nicht aufnehmen; benenne das Instrument ohne Apostroph und „&lt;“ um</translation>
-    </message>
-    <message>
-        <source>The recording is longer than ten minutes; choose one that holds the single notes only</source>
-        <translation>Die Aufnahme ist länger als zehn Minuten; wähle eine, auf der nur die einzelnen Töne sind</translation>
-    </message>
-    <message>
-        <source>Nothing is heard in the recording; check the microphone or choose another file</source>
-        <translation>In der Aufnahme ist nichts zu hören; prüfe das Mikrofon oder wähle eine andere Datei</translation>
-    </message>
-    <message>
-        <source>No single note is heard in the recording; play one note at a time, louder, and mute it before the next one</source>
-        <translation>In der Aufnahme ist kein einzelner Ton zu hören; spiele einen Ton nach dem anderen, lauter, und dämpfe ihn vor dem nächsten</translation>
-    </message>
-    <message>
-        <source>String %1 was not heard long enough; record its notes once more, and let each ring for three seconds</source>
-        <translation>Saite %1 war nicht lange genug zu hören; nimm ihre Töne noch einmal auf und lass jeden drei Sekunden klingen</translation>
-    </message>
-    <message>
-        <source>%1: is empty</source>
-        <translation>%1: ist leer</translation>
-    </message>
-    <message>
-        <source>%1: is a folder; name a sound file</source>
-        <translation>%1: ist ein Ordner; nenne eine Tondatei</translation>
-    </message>
-    <message>
-        <source>%1: has no sound track</source>
-        <translation>%1: hat keine Tonspur</translation>
-    </message>
-    <message>
-        <source>%1: no sound could be decoded; is the file complete?</source>
-        <translation>%1: Es ließ sich kein Ton dekodieren; ist die Datei vollständig?</translation>
-    </message>
-    <message>
-        <source>Calibration: %1</source>
-        <translation>Einmessen: %1</translation>
-    </message>
-    <message>
-        <source>%1: there is no such SoundFont; choose another one</source>
-        <translation>%1: Diesen SoundFont gibt es nicht; wähle einen anderen</translation>
-    </message>
-    <message>
-        <source>%1: is no SoundFont; choose a file of type sf2 or sf3</source>
-        <translation>%1: Das ist kein SoundFont; wähle eine Datei der Art sf2 oder sf3</translation>
-    </message>
-    <message>
-        <source>%1: the SoundFont cannot be read; check its rights</source>
-        <translation>%1: Der SoundFont kann nicht gelesen werden; prüfe seine Rechte</translation>
-    </message>
-    <message>
-        <source>%1: is a damaged SoundFont; fetch it anew or choose another one</source>
-        <translation>%1: Der SoundFont ist beschädigt; lade ihn neu oder wähle einen anderen</translation>
-    </message>
-    <message>
-        <source>%1: nothing sounds in these chords, so there is nothing to export</source>
-        <translation>%1: In diesen Akkorden klingt nichts, also gibt es nichts zu exportieren</translation>
-    </message>
-    <message>
-        <source>%1: the folder cannot be made: %2; check the rights of the one that it is in</source>
-        <translation>%1: Der Ordner kann nicht angelegt werden: %2; prüfe die Rechte dessen, in dem er liegt</translation>
-    </message>
-    <message>
-        <source>%1: cannot write: it holds songs; choose another file</source>
-        <translation>%1: Kann nicht geschrieben werden: Die Datei enthält Songs; wähle eine andere</translation>
-    </message>
-    <message>
-        <source>%1: the store is in use by another program; close that one first</source>
-        <translation>%1: Die Datenbank wird von einem anderen Programm benutzt; schließe erst dieses</translation>
-    </message>
-    <message>
-        <source>%1: cannot read or write the store: database or disk is full; make room on the disk and try again</source>
-        <translation>%1: Die Platte ist voll; schaffe Platz darauf und versuche es noch einmal</translation>
-    </message>
-    <message>
-        <source>%1: cannot change the store: database or disk is full; make room on the disk and try again</source>
-        <translation>%1: Die Platte ist voll; schaffe Platz darauf und versuche es noch einmal</translation>
-    </message>
-    <message>
-        <source>%1: cannot change the store: %2; look at the permissions of the store and its folder</source>
-        <translation>%1: Die Datenbank kann nicht geändert werden: %2; prüfe die Rechte an ihr und ihrem Ordner</translation>
-    </message>
-    <message>
-        <source>%1: cannot change the store: %2</source>
-        <translation>%1: Die Datenbank kann nicht geändert werden: %2</translation>
-    </message>
-    <message>
-        <source>%1: cannot read or write the store: %2</source>
-        <translation>%1: Die Datenbank kann nicht gelesen oder geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no chord name: it has to begin with a note from A to G</source>
-        <translation>„%1“ ist kein Akkordname: Er muss mit einem Ton von A bis G beginnen</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no chord name: after the note comes nothing or one of %2</source>
-        <translation>„%1“ ist kein Akkordname: Nach dem Ton kommt nichts oder eines von %2</translation>
-    </message>
-    <message>
-        <source>the song was deleted while it was recorded</source>
-        <translation>der Song wurde gelöscht, während er aufgenommen wurde</translation>
-    </message>
-    <message>
-        <source>the sound device is gone; choose another one or plug it in, and play again</source>
-        <translation>Das Tongerät ist fort; wähle ein anderes oder schließe es an und spiele noch einmal ab</translation>
-    </message>
-    <message>
-        <source>no sound output &quot;%1&quot;; there is %2</source>
-        <translation>Es gibt keine Tonausgabe „%1“, aber %2</translation>
-    </message>
-    <message>
-        <source>no sound input &quot;%1&quot;; there is %2</source>
-        <translation>Es gibt keine Tonaufnahme „%1“, aber %2</translation>
-    </message>
-    <message>
-        <source>%1: cannot write: %2; make room or choose another place</source>
-        <translation>%1: kann nicht geschrieben werden: %2; schaffe Platz oder wähle einen anderen Ort</translation>
-    </message>
-    <message>
-        <source>%1: cannot write: %2; look at its permissions or choose another place</source>
-        <translation>%1: kann nicht geschrieben werden: %2; prüfe die Rechte daran oder wähle einen anderen Ort</translation>
-    </message>
-    <message>
-        <source>%1: cannot write: %2; choose another place</source>
-        <translation>%1: kann nicht geschrieben werden: %2; wähle einen anderen Ort</translation>
-    </message>
-    <message>
-        <source>%1: cannot write: %2; choose a shorter name</source>
-        <translation>%1: kann nicht geschrieben werden: %2; wähle einen kürzeren Namen</translation>
-    </message>
-    <message>
-        <source>%1: cannot make the folder: %2</source>
-        <translation>%1: Der Ordner kann nicht angelegt werden: %2</translation>
-    </message>
-    <message>
-        <source>%1: cannot be written: %2</source>
-        <translation>%1: kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>Album Export: %1</source>
-        <translation>Album-Export: %1</translation>
-    </message>
-    <message>
-        <source>WAV Export: %1</source>
-        <translation>WAV-Export: %1</translation>
-    </message>
-    <message>
-        <source>%1: is still being heard; edit it when that has ended</source>
-        <translation>%1: Wird noch gehört; bearbeite es, wenn das zu Ende ist</translation>
-    </message>
-    <message>
-        <source>%1: is being recorded; stop the recording, then delete it</source>
-        <translation>%1: Wird gerade aufgenommen; stoppe die Aufnahme, dann lösche den Song</translation>
+        <source>Extract Part</source>
+        <translation>Ausschnitt herauslösen</translation>
     </message>
 </context>
 <context>

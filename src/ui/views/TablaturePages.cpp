@@ -98,7 +98,9 @@ bool printTablature(QBSong& song, const QFont& font, QPagedPaintDevice& device) 
 void savePdf(QBSong& song, const QFont& font, const std::filesystem::path& path) {
   QSaveFile file(QString::fromStdString(path.string()));
   const auto fail = [&] {
-    throw platform::FileError(path, "cannot be written: " + file.errorString().toStdString());
+    throw platform::FileError(
+        path, platform::UserText(platform::phrase("Message", "cannot be written: %1"),
+                                 file.errorString().toStdString()));
   };
   if (!file.open(QIODevice::WriteOnly)) fail();
   QPdfWriter writer(&file);

@@ -12,6 +12,7 @@
 #include "platform/persistence/UndoManager.h"
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/editing/SongEditor.h"
@@ -39,11 +40,7 @@ constexpr std::array kDurations{
 
 platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
 
-QString translated(const std::string& action) {
-  return QCoreApplication::translate("UndoAction", action.c_str());
-}
-
-QString titled(const QString& plain, const QString& named, const std::string& action) {
+QString titled(const QString& plain, const QString& named, const platform::UserText& action) {
   return action.empty() ? plain : named.arg(translated(action));
 }
 
@@ -158,7 +155,7 @@ void EditMenu::perform(const std::function<void(SongEditor&)>& edit) {
     edit(editor);
     emit edited();
   } catch (const std::exception& problem) {
-    emit refused(toText(problem.what()));
+    emit refused(translated(problem));
   }
 }
 
@@ -178,7 +175,7 @@ void EditMenu::deleteChosen() {
 
 void EditMenu::undo() {
   if (QBSession::session().undo()) return;
-  const std::string& running = undoManager().undoWaitsFor();
+  const platform::UserText& running = undoManager().undoWaitsFor();
   if (running.empty()) return;
   emit refused(
       tr("\"%1\" still goes on; end it or wait for its end, then undo").arg(translated(running)));

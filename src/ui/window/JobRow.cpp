@@ -7,8 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "ui/desktop/Text.h"
-#include "ui/desktop/Wording.h"
+#include "ui/desktop/Translated.h"
 #include "workflow/session/QBCommand.h"
 
 namespace korvel::ui {
@@ -16,7 +15,7 @@ namespace korvel::ui {
 JobRow::JobRow(QBCommand& job, QWidget* parent)
     : QWidget(parent),
       m_job(job),
-      m_title(new QLabel(worded(toText(job.fullTitle())))),
+      m_title(new QLabel(translated(job.fullTitle()))),
       m_progress(new QProgressBar),
       m_keep(new QPushButton(tr("Stop and keep"))),
       m_drop(new QPushButton(tr("Cancel and drop"))) {

@@ -19,7 +19,7 @@
 #include "platform/files/FileError.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
-#include "ui/desktop/Wording.h"
+#include "ui/desktop/Translated.h"
 #include "ui/dialogs/HelpWindow.h"
 #include "ui/dialogs/SettingsDialog.h"
 #include "ui/library/AlbumMenu.h"
@@ -295,7 +295,7 @@ void MainWindow::offerWorkFolder() {
     try {
       setWorkDirectory(folder.toStdString());
     } catch (const platform::FileError& problem) {
-      say(toText(problem.what()));
+      say(translated(problem));
     }
   };
   m_centre->insertWidget(
@@ -409,9 +409,7 @@ void MainWindow::showNewSong(QBSong* song) {
   say(tr("Space plays it, digits change the fret at the cursor, the menu Song arranges it"));
 }
 
-void MainWindow::say(const QString& text) {
-  statusBar()->showMessage(worded(text), kSayMilliseconds);
-}
+void MainWindow::say(const QString& text) { statusBar()->showMessage(text, kSayMilliseconds); }
 
 QString MainWindow::log() const { return m_log->toPlainText(); }
 

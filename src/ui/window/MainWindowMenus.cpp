@@ -14,6 +14,7 @@
 #include "platform/files/FileError.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "ui/dialogs/SelfCheckDialog.h"
 #include "ui/library/AlbumMenu.h"
 #include "ui/library/LibraryActions.h"
@@ -182,7 +183,7 @@ void MainWindow::exportPdf() {
     savePdf(*m_song, m_tablature->tabFont(), file.toStdString());
     QBSession::session().addToLog(file.toStdString());
   } catch (const platform::FileError& problem) {
-    say(toText(problem.what()));
+    say(translated(problem));
   }
 }
 

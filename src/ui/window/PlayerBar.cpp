@@ -13,6 +13,7 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Synthesizers.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "ui/window/PlayerIcons.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/TuningForNow.h"
@@ -165,7 +166,9 @@ void PlayerBar::showSpeed(const std::string& percent) {
   m_percent->setText(toText(percent) + " % ");
 }
 
-void PlayerBar::showProblem(const std::string& problem) { emit refused(toText(problem)); }
+void PlayerBar::showProblem(const platform::UserText& problem) {
+  emit refused(translated(problem));
+}
 
 int PlayerBar::speed() const { return m_speed->value(); }
 

@@ -30,7 +30,7 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void showLoop(const LoopRange& loop) override;
   void showPosition(const std::string& percent) override;
   void showSpeed(const std::string& percent) override;
-  void showProblem(const std::string& problem) override;
+  void showProblem(const platform::UserText& problem) override;
   int speed() const override;
   int maximumSpeed() const override;
 

@@ -18,7 +18,7 @@
 #include "ui/desktop/FocusRing.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
-#include "ui/desktop/Wording.h"
+#include "ui/desktop/Translated.h"
 #include "ui/dialogs/InputList.h"
 #include "workflow/session/QBSession.h"
 
@@ -113,7 +113,7 @@ void RecordPanel::start() {
     m_clock.start();
   } catch (const std::exception& problem) {
     m_recording.reset();
-    emit refused(toText(problem.what()));
+    emit refused(translated(problem));
   }
 }
 
@@ -163,8 +163,8 @@ void RecordPanel::conclude() {
   if (recording->ending() == LiveRecording::Ending::deviceLost)
     emit refused(tr("The sound device is gone, which ended the recording there"));
   if (recording->problem())
-    emit refused(withTake(*recording,
-                          tr("Not all is stored: %1").arg(worded(toText(*recording->problem())))));
+    emit refused(
+        withTake(*recording, tr("Not all is stored: %1").arg(translated(*recording->problem()))));
   else if (!recording->song())
     emit refused(withTake(*recording, tr("No tones were heard; nothing was stored")));
   if (recording->song()) emit recorded(recording->song());

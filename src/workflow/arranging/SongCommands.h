@@ -2,8 +2,9 @@
 #pragma once
 
 #include <span>
-#include <string>
 #include <string_view>
+
+#include "platform/text/UserText.h"
 
 namespace korvel {
 
@@ -14,10 +15,10 @@ class QBSongNode;
 /// are the node's own business, `perform`.
 ///
 /// A new arrangement is a filter (`QBChordVisitor`) and a row in the table of commands, which names
-/// it, with `filteredBy<Filter>` or a function of one's own as `make`; a window wants the title in
-/// its translations as well.
+/// it, with `filteredBy<Filter>` or a function of one's own as `make`.
 struct SongCommand {
-  std::string_view title;    ///< In the menus.
+  platform::Phrase title;    ///< In the menus.
+  platform::Phrase undo;     ///< Of the action; none where the title tells enough by itself.
   std::string_view action;   ///< Its name in the application's song menu.
   std::string_view command;  ///< Its name as a command of the song's node.
   std::string_view message;  ///< Logged once the derived song is there.
@@ -32,10 +33,8 @@ struct SongCommand {
 /// A part of a song's menu: a submenu under a title, plain items without one, or, without items, a
 /// separator.
 struct SongMenuSection {
-  std::string_view title;
-  std::span<const SongCommand> items;
-  /// Said before an item's title where that tells too little by itself.
-  std::string_view verb = "";
+  platform::Phrase title{};
+  std::span<const SongCommand> items{};
 
   bool isSeparator() const { return items.empty(); }
 };
@@ -47,7 +46,7 @@ std::span<const SongMenuSection> songMenu();
 QBSong* derived(QBSong& song, const SongCommand& command);
 
 /// The title of a command as it is undone: "Extract Melody" for the item "Melody".
-std::string undoTitle(const SongCommand& command);
+platform::Phrase undoTitle(const SongCommand& command);
 
 // The command of that name, or none.
 const SongCommand* findSongCommand(std::string_view command);

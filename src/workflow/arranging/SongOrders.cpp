@@ -19,8 +19,9 @@ constexpr std::string_view kDelete = "deleteSong";
 
 void requireChords(const QBSong& song, const SongCommand& command) {
   if (song.chords().empty() && command.command != kDelete)
-    throw EditRefused(song.title() + ": the song has no chords, so \"" +
-                      std::string(command.title) + "\" has nothing to do");
+    throw EditRefused(
+        platform::phrase("Message", "%1: the song has no chords, so \"%2\" has nothing to do"),
+        song.title(), command.title);
 }
 
 /// Nobody has to fear for what the log says is done.

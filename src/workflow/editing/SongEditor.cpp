@@ -20,6 +20,7 @@
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/text/UserError.h"
 #include "workflow/editing/MeasureLayout.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
@@ -28,23 +29,36 @@
 namespace korvel {
 namespace {
 
+using platform::phrase;
+
 using Chords = std::vector<platform::Ref<QBChord>>;
 
 /// Of a tone that has no other one to take it from: a note that is played well.
 constexpr double kAmp = 1e6;
 
-constexpr const char* kAddTone = "Add Tone";
-constexpr const char* kChangeFret = "Change Fret";
+constexpr platform::Phrase kAddTone = phrase("UndoAction", "Add Tone");
+constexpr platform::Phrase kChangeFret = phrase("UndoAction", "Change Fret");
 
-bool isFretEdit(const std::string& title) { return title == kAddTone || title == kChangeFret; }
-
-void requireWithin(const char* what, int value, int lowest, int highest) {
-  if (value < lowest || value > highest)
-    throw std::out_of_range(std::string(what) + ' ' + std::to_string(value) + " is not within " +
-                            std::to_string(lowest) + " to " + std::to_string(highest));
+bool isFretEdit(const platform::UserText& title) {
+  const std::string name = title.english();
+  return name == kAddTone.english || name == kChangeFret.english;
 }
 
-void requireString(int string) { requireWithin("string", string, 0, kStrings - 1); }
+class NotWithin : public std::out_of_range, public platform::Worded {
+ public:
+  explicit NotWithin(const platform::UserText& text)
+      : std::out_of_range(text.english()), Worded(text) {}
+};
+
+/// what: with places for the value and for both ends of the range.
+void requireWithin(const platform::Phrase& what, int value, int lowest, int highest) {
+  if (value < lowest || value > highest)
+    throw NotWithin(platform::UserText(what, value, lowest, highest));
+}
+
+void requireString(int string) {
+  requireWithin(phrase("Message", "string %1 is not within %2 to %3"), string, 0, kStrings - 1);
+}
 
 bool soundsAlone(const Tones& tones, int fret) {
   return tones.size() == 1 && tones.front()->fret() == fret && tones.front()->isActive();
@@ -78,9 +92,10 @@ SongEditor::SongEditor(QBTabMgr& db, QBSong& song) : m_db(db), m_song(&song) {}
 
 SongEditor::~SongEditor() = default;
 
-void SongEditor::edit(const std::string& title, const std::function<void()>& work) {
+void SongEditor::edit(const platform::Phrase& title, const std::function<void()>& work) {
   if (SongInWork::is(*m_song))
-    throw EditRefused(m_song->title() + ": is still being heard; edit it when that has ended");
+    throw EditRefused(phrase("Message", "%1: is still being heard; edit it when that has ended"),
+                      m_song->title());
   Edit edit(*m_song, title);
   work();
   m_song->forgetCaches();
@@ -92,7 +107,8 @@ void SongEditor::edit(const std::string& title, const std::function<void()>& wor
 QBChord& SongEditor::chordAt(int index) {
   m_song->forgetCaches();  // chords may have come since the order was computed
   const auto& chords = m_song->allChords();
-  requireWithin("chord", index, 0, static_cast<int>(chords.size()) - 1);
+  requireWithin(phrase("Message", "chord %1 is not within %2 to %3"), index, 0,
+                static_cast<int>(chords.size()) - 1);
   QBChord& chord = *chords[static_cast<std::size_t>(index)];
   if (QBHold* hold = chord.hold()) hold->forgetCaches();
   return chord;
@@ -102,7 +118,7 @@ QBChord& SongEditor::chordAt(int index) {
 
 void SongEditor::setFret(int chord, int string, int fret, bool continues) {
   requireString(string);
-  requireWithin("fret", fret, 0, kHighestFret);
+  requireWithin(phrase("Message", "fret %1 is not within %2 to %3"), fret, 0, kHighestFret);
   if (continues && isFretEdit(m_db.context().undoManager().undoActionName())) m_db.undo();
   QBChord& edited = chordAt(chord);
   const QBHold* hold = edited.hold();
@@ -147,7 +163,7 @@ void SongEditor::removeTone(int chord, int string) {
   requireString(string);
   QBChord& edited = chordAt(chord);
   if (!edited.hold() || !edited.hold()->findToneByString(string)) return;
-  edit("Remove Tone", [&] {
+  edit(phrase("UndoAction", "Remove Tone"), [&] {
     while (edited.hold()->findToneByString(string)) edited.hold()->deleteToneOfString(string);
     tonesChanged(chord);
   });
@@ -159,7 +175,9 @@ void SongEditor::setActive(int chord, int string, bool active) {
   const Tones tones = edited.hold() ? edited.hold()->allTonesOfString(string) : Tones();
   const auto isSo = [active](const auto& tone) { return tone->isActive() == active; };
   if (std::ranges::all_of(tones, isSo)) return;
-  edit(active ? "Activate Tone" : "Deactivate Tone", [&] {
+  const platform::Phrase title =
+      active ? phrase("UndoAction", "Activate Tone") : phrase("UndoAction", "Deactivate Tone");
+  edit(title, [&] {
     for (const auto& tone : tones) tone->setActive(active);
     tonesChanged(chord);
   });
@@ -191,22 +209,23 @@ void SongEditor::name(QBChord& chord, const ChordName* name) {
 void SongEditor::setChordName(int chord, const ChordName& name) {
   QBChord& edited = chordAt(chord);
   if (edited.harmony() == name.harmony && edited.baseTone() == name.baseTone) return;
-  edit("Set Chord Name", [&] { this->name(edited, &name); });
+  edit(phrase("UndoAction", "Set Chord Name"), [&] { this->name(edited, &name); });
 }
 
 void SongEditor::clearChordName(int chord) {
   QBChord& edited = chordAt(chord);
   if (!edited.harmony()) return;
-  edit("Set Chord Name", [&] { name(edited, nullptr); });
+  edit(phrase("UndoAction", "Set Chord Name"), [&] { name(edited, nullptr); });
 }
 
 // ---- chords
 
 void SongEditor::setDuration(int chord, int sixteenths) {
-  requireWithin("duration", sixteenths, 1, kLongestDuration);
+  requireWithin(phrase("Message", "duration %1 is not within %2 to %3"), sixteenths, 1,
+                kLongestDuration);
   QBChord& edited = chordAt(chord);
   if (edited.duration() == sixteenths) return;
-  edit("Change Duration", [&] {
+  edit(phrase("UndoAction", "Change Duration"), [&] {
     edited.setDuration(sixteenths);
     layIntoMeasures(m_db, *m_song, chord);
   });
@@ -224,7 +243,7 @@ int SongEditor::insertChordAfter(int chord) {
 }
 
 int SongEditor::insertAt(int index) {
-  edit("Insert Chord", [&] {
+  edit(phrase("UndoAction", "Insert Chord"), [&] {
     const Chords before = m_song->allChords();
     QBChord* chord = m_song->createChord();
     chord->setPosition(positionFor(before, index));
@@ -240,8 +259,10 @@ int SongEditor::insertAt(int index) {
 void SongEditor::deleteChords(int first, int last) {
   chordAt(last);
   chordAt(first);
-  if (last < first) throw std::out_of_range("the last chord is before the first one");
-  edit(first == last ? "Delete Chord" : "Delete Chords", [&] {
+  if (last < first) throw NotWithin(phrase("Message", "the last chord is before the first one"));
+  const platform::Phrase title =
+      first == last ? phrase("UndoAction", "Delete Chord") : phrase("UndoAction", "Delete Chords");
+  edit(title, [&] {
     const Chords before = m_song->allChords();
     moveLoopOff(before, first, last);
     const int count = last - first + 1;

@@ -8,6 +8,7 @@
 
 #include "arrange/harmony/ChordName.h"
 #include "platform/persistence/Ref.h"
+#include "platform/text/UserText.h"
 
 namespace korvel {
 
@@ -66,7 +67,7 @@ class SongEditor {
  private:
   using Chords = std::vector<platform::Ref<QBChord>>;
 
-  void edit(const std::string& title, const std::function<void()>& work);
+  void edit(const platform::Phrase& title, const std::function<void()>& work);
   QBChord& chordAt(int index);
   QBHold& holdOf(QBChord& chord);
   QBTone* loudestNear(int index);

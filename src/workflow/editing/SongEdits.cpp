@@ -9,14 +9,14 @@
 namespace korvel {
 
 void moveLoopEnd(QBSong& song, int chord) {
-  Edit edit(song, "Set Loop");
+  Edit edit(song, platform::phrase("UndoAction", "Set Loop"));
   song.setChordInLoop(song.allChords().at(static_cast<std::size_t>(chord)));
   edit.redraw();
   edit.done();
 }
 
 void setLoop(QBSong& song, QBChord& first, QBChord& last) {
-  Edit edit(song, "Set Loop");
+  Edit edit(song, platform::phrase("UndoAction", "Set Loop"));
   song.setFromChord(&first);
   song.setToChord(&last);
   edit.redraw();
@@ -24,7 +24,7 @@ void setLoop(QBSong& song, QBChord& first, QBChord& last) {
 }
 
 void clearLoop(QBSong& song) {
-  Edit edit(song, "Reset Loop");
+  Edit edit(song, platform::phrase("UndoAction", "Reset Loop"));
   QBSession::session().resetLoop(song);
   edit.redraw();
   edit.done();

@@ -23,7 +23,9 @@ fs::path createUnderAFreeName(const fs::path& folder, const std::string& stem,
 }  // namespace
 
 ExportAlbumCommand::ExportAlbumCommand(QBAlbum& album, SongFormat format, const fs::path& folder)
-    : WritingCommand("Album Export", album.name(), folder), m_album(&album), m_format(format) {}
+    : WritingCommand(platform::phrase("Job", "Album Export"), album.name(), folder),
+      m_album(&album),
+      m_format(format) {}
 
 ExportAlbumCommand::~ExportAlbumCommand() = default;
 

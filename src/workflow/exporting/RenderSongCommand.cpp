@@ -20,7 +20,7 @@ constexpr std::size_t kSamplesOfStep = 32768;
 RenderSongCommand::RenderSongCommand(QBSong* song, RenderedPart part,
                                      const std::filesystem::path& file,
                                      std::unique_ptr<platform::Synthesizer> synthesizer)
-    : WritingCommand("WAV Export", file.filename().string(), file),
+    : WritingCommand(platform::phrase("Job", "WAV Export"), file.filename().string(), file),
       m_song(song),
       m_part(part),
       m_synthesizer(std::move(synthesizer)) {}
@@ -29,14 +29,18 @@ RenderSongCommand::~RenderSongCommand() = default;
 
 void RenderSongCommand::prepare() {
   if (m_song->allChords().empty())
-    throw EditRefused(m_song->title() + ": the song has no chords, so there is nothing to export");
+    throw EditRefused(
+        platform::phrase("Message", "%1: the song has no chords, so there is nothing to export"),
+        m_song->title());
   const TuningForNow chosen(m_song->tuning());
   const double rate = m_song->tempoRate() > 0 ? static_cast<double>(m_song->tempoRate()) : 1.0;
   const auto range = m_part == RenderedPart::loop ? SongRenderer::loopOf(*m_song) : std::nullopt;
   m_renderer = std::make_unique<SongRenderer>(*m_song, range, rate, *m_synthesizer);
   if (m_renderer->isSilent())
-    throw EditRefused(m_song->title() +
-                      ": nothing sounds in these chords, so there is nothing to export");
+    throw EditRefused(
+        platform::phrase("Message",
+                         "%1: nothing sounds in these chords, so there is nothing to export"),
+        m_song->title());
   m_writer = std::make_unique<platform::WaveFileWriter>(place(), platform::Synthesizer::kSampleRate,
                                                         platform::Synthesizer::kChannels);
   m_samples.resize(kSamplesOfStep);

@@ -52,7 +52,9 @@ std::string fileNameOf(const std::string& title) {
 
 std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>& meter) {
   if (song.allChords().empty())
-    throw EditRefused(song.title() + ": the song has no chords, so there is nothing to export");
+    throw EditRefused(
+        platform::phrase("Message", "%1: the song has no chords, so there is nothing to export"),
+        song.title());
   const TuningForNow chosen(song.tuning());
   if (format == SongFormat::musicXml) return musicXmlOf(scoreOf(song, meter));
   if (format == SongFormat::midi) return midiFile(midiOf(song, meter));

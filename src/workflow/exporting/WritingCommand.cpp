@@ -5,7 +5,7 @@
 
 namespace korvel {
 
-WritingCommand::WritingCommand(const std::string& type, const std::string& name,
+WritingCommand::WritingCommand(const platform::Phrase& type, const std::string& name,
                                std::filesystem::path place)
     : m_place(std::move(place)) {
   m_type = type;

@@ -15,11 +15,12 @@ class WritingCommand : public QBCommand {
   void execute() final;
   void nextStep() final;
   void cancelAndDrop() final;
-  std::string fullTitle() const override { return m_type + m_name; }
+  platform::UserText fullTitle() const override { return typeAndName(); }
 
  protected:
   /// The place is the file or folder that the log names; the name, that of the list of jobs.
-  WritingCommand(const std::string& type, const std::string& name, std::filesystem::path place);
+  WritingCommand(const platform::Phrase& type, const std::string& name,
+                 std::filesystem::path place);
   ~WritingCommand() override;
 
   /// Writes the next part; false when there is none.

@@ -36,9 +36,12 @@ double decibels(float level) { return 20 * std::log10(static_cast<double>(level)
 std::vector<CalibrationNote> notesToCalibrate() {
   QBTuning& tuning = *QBTabMgr::db().selectedTuning();
   if (!Calibration::canMeasure(tuning))
-    throw EditRefused(tuning.descr() +
-                      ": an instrument is calibrated in Standard or Drop D; select one of them, "
-                      "and tune the guitar to it");
+    throw EditRefused(
+        platform::phrase(
+            "Message",
+            "%1: an instrument is calibrated in Standard or Drop D; select one of them, "
+            "and tune the guitar to it"),
+        tuning.descr());
   std::vector<CalibrationNote> notes;
   const OpenPitches open = pitchesOf(tuning);
   for (int string = 0; string < kStrings; ++string)
@@ -50,7 +53,7 @@ std::vector<CalibrationNote> notesToCalibrate() {
 CalibrateCommand::CalibrateCommand(std::shared_ptr<QBSampleSource> source, const std::string& name)
     : m_source(std::move(source)) {
   notesToCalibrate();
-  m_type = "Calibration";
+  m_type = platform::phrase("Job", "Calibration");
   m_name = ": " + name;
 }
 
@@ -163,19 +166,27 @@ void CalibrateCommand::release() {
   m_hearing.reset();
 }
 
-std::optional<std::string> CalibrateCommand::problem() const {
+std::optional<platform::UserText> CalibrateCommand::problem() const {
+  using platform::phrase;
+  using platform::UserText;
   if (m_tooLong)
-    return "The recording is longer than ten minutes; choose one that holds the single notes only";
+    return phrase(
+        "Message",
+        "The recording is longer than ten minutes; choose one that holds the single notes "
+        "only");
   if (m_notes.empty() && m_others == 0)
-    return "Nothing is heard in the recording; check the microphone or choose another file";
+    return phrase("Message",
+                  "Nothing is heard in the recording; check the microphone or choose another file");
   if (m_notes.empty())
-    return "No single note is heard in the recording; play one note at a time, louder, and mute it "
-           "before the next one";
+    return phrase("Message",
+                  "No single note is heard in the recording; play one note at a time, louder, and "
+                  "mute it before the next one");
   const auto unknown = m_calibration.unknownStrings();
   if (unknown.empty()) return std::nullopt;
-  return "String " + std::to_string(kStrings - unknown.front()) +
-         " was not heard long enough; record its notes once more, and let each ring for three "
-         "seconds";
+  return UserText(phrase("Message",
+                         "String %1 was not heard long enough; record its notes once more, and let "
+                         "each ring for three seconds"),
+                  kStrings - unknown.front());
 }
 
 }  // namespace korvel

@@ -10,6 +10,7 @@
 
 #include "analysis/instrument/Calibration.h"
 #include "analysis/instrument/NoteCutter.h"
+#include "platform/text/UserText.h"
 #include "workflow/session/QBCommand.h"
 
 namespace korvel {
@@ -52,7 +53,7 @@ class CalibrateCommand final : public QBCommand {
   /// Hears what has been read so far.
   void stopAndKeep() override;
   void cancelAndDrop() override;
-  std::string fullTitle() const override { return m_type + m_name; }
+  platform::UserText fullTitle() const override { return typeAndName(); }
 
   /// Called at the end, unless it is cancelled.
   void onFinished(std::function<void()> listener) { m_finished = std::move(listener); }
@@ -66,7 +67,7 @@ class CalibrateCommand final : public QBCommand {
   /// Whether an instrument can be made of it.
   bool isComplete() const { return m_calibration.unknownStrings().empty(); }
   /// What is in the way, in one line with what to do.
-  std::optional<std::string> problem() const;
+  std::optional<platform::UserText> problem() const;
 
  private:
   /// A stretch that is being heard.

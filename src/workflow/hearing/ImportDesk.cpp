@@ -83,8 +83,8 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAl
   requireSound(file);
   if (detectionOf(m_detection).needsInstrument) requireInstrument();
   QBTabMgr::db().context().checkAhead();
-  const auto undo = std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
-                                                          "Import WAV File");
+  const auto undo = std::make_shared<platform::UndoGroup>(
+      QBTabMgr::db().context().undoManager(), platform::phrase("UndoAction", "Import WAV File"));
   QBSong* song = newSong(file, into);
   QBSession& session = QBSession::session();
   session.refreshTree();

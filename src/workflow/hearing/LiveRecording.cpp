@@ -14,6 +14,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/files/Files.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/text/UserError.h"
 #include "recording/MicrophoneTake.h"
 #include "recording/hearing/ClassicHearing.h"
 #include "tab/text/SongDrawing.h"
@@ -54,7 +55,8 @@ LiveRecording::~LiveRecording() {
 }
 
 void LiveRecording::start() {
-  m_undo = std::make_shared<platform::UndoGroup>(m_db.context().undoManager(), "Record");
+  m_undo = std::make_shared<platform::UndoGroup>(m_db.context().undoManager(),
+                                                 platform::phrase("UndoAction", "Record"));
   m_undo->suspend();
   const platform::UndoStep part(m_undo);
   try {
@@ -107,7 +109,7 @@ QBChord* LiveRecording::nextLiveChord() {
     requireSongs();
     return m_live->next();
   } catch (const std::exception& error) {
-    m_problem = error.what();
+    m_problem = platform::textOf(error);
     stop();
     return nullptr;
   }
@@ -146,7 +148,9 @@ void LiveRecording::endPlaying() {
 /// The user may have deleted what is recorded into.
 void LiveRecording::requireSongs() const {
   const bool kept = !m_made->song()->isDeleted() && !(m_wholeSong && m_wholeSong->isDeleted());
-  if (!kept) throw std::runtime_error("the song was deleted while it was recorded");
+  if (!kept)
+    throw platform::UserError(
+        platform::phrase("Message", "the song was deleted while it was recorded"));
 }
 
 void LiveRecording::storeLive() {
@@ -223,7 +227,7 @@ void LiveRecording::finishHeard() {
 }
 
 void LiveRecording::fail(const std::exception& error) {
-  m_problem = error.what();
+  m_problem = platform::textOf(error);
   finish();
 }
 
@@ -258,8 +262,8 @@ std::int64_t LiveRecording::droppedBlocks() const {
 
 double LiveRecording::lostSeconds() const { return m_sound ? m_sound->lostSeconds() : 0; }
 
-const std::optional<std::string>& LiveRecording::takeProblem() const {
-  static const std::optional<std::string> none;
+const std::optional<platform::UserText>& LiveRecording::takeProblem() const {
+  static const std::optional<platform::UserText> none;
   return m_sound ? m_sound->take().problem() : none;
 }
 

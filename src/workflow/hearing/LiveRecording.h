@@ -12,6 +12,7 @@
 
 #include "platform/loop/RunLoop.h"
 #include "platform/persistence/Ref.h"
+#include "platform/text/UserText.h"
 #include "precise/Settings.h"
 #include "workflow/hearing/ImportDetection.h"
 
@@ -89,9 +90,9 @@ class LiveRecording {
   bool isPrecise() const { return m_isPrecise; }
   /// What went wrong after the start, if anything did, such as that the song was deleted by
   /// somebody else; a song may not be saved then.
-  const std::optional<std::string>& problem() const { return m_problem; }
+  const std::optional<platform::UserText>& problem() const { return m_problem; }
   /// Why the file of the take could not be written to its end.
-  const std::optional<std::string>& takeProblem() const;
+  const std::optional<platform::UserText>& takeProblem() const;
   /// The file of the take, when it is there to stay.
   std::optional<std::filesystem::path> takeLeft() const;
 
@@ -146,7 +147,7 @@ class LiveRecording {
   bool m_isPrecise = false;
   bool m_isHeard = false;  ///< The take was heard to its end.
   bool m_takeStays = true;
-  std::optional<std::string> m_problem;
+  std::optional<platform::UserText> m_problem;
   std::function<void(QBChord&)> m_onChord;
   std::function<void(double)> m_onProgress;
   std::function<void(State)> m_onState;

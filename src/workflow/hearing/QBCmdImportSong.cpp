@@ -47,7 +47,7 @@ bool drawMore(platform::Slices& building) {
 QBCmdImportSong::QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string file,
                                  QBSong* newSong)
     : QBCmdAlbum(std::move(album)), m_file(std::move(file)), m_newSong(newSong) {
-  m_type = "Song Import";
+  m_type = platform::phrase("Job", "Song Import");
 }
 
 QBCmdImportSong::~QBCmdImportSong() = default;
@@ -64,8 +64,8 @@ void QBCmdImportSong::joinUndo(std::shared_ptr<platform::UndoGroup> group) {
 
 void QBCmdImportSong::prepare() {
   if (!m_undo)
-    joinUndo(std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
-                                                   "Import WAV File"));
+    joinUndo(std::make_shared<platform::UndoGroup>(
+        QBTabMgr::db().context().undoManager(), platform::phrase("UndoAction", "Import WAV File")));
   begin();
 }
 

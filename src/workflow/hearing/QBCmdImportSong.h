@@ -61,7 +61,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void endNow() override;
   void storeRenewed() override;
   /// Type and name without a blank between them: the form that the job list shows.
-  std::string fullTitle() const override { return m_type + m_name; }
+  platform::UserText fullTitle() const override { return typeAndName(); }
   bool usesAsScratch(const QBSong& song) const override;
   const std::string& file() const { return m_file; }
   QBSong* newSong() const;

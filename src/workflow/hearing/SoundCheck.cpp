@@ -12,13 +12,16 @@ namespace korvel {
 namespace {
 
 namespace fs = std::filesystem;
+using platform::phrase;
 
 void requireFile(const std::string& file) {
   std::error_code error;
-  if (!fs::exists(file, error)) throw NoSound(file + ": there is no such file");
-  if (fs::is_directory(file, error)) throw NoSound(file + ": is a folder; name a sound file");
-  if (!fs::is_regular_file(file, error)) throw NoSound(file + ": is not a plain file");
-  if (fs::file_size(file, error) == 0) throw NoSound(file + ": is empty");
+  if (!fs::exists(file, error)) throw NoSound(phrase("Message", "%1: there is no such file"), file);
+  if (fs::is_directory(file, error))
+    throw NoSound(phrase("Message", "%1: is a folder; name a sound file"), file);
+  if (!fs::is_regular_file(file, error))
+    throw NoSound(phrase("Message", "%1: is not a plain file"), file);
+  if (fs::file_size(file, error) == 0) throw NoSound(phrase("Message", "%1: is empty"), file);
 }
 
 const platform::MediaTrack& soundTrack(const platform::MediaAsset& asset) {
@@ -28,9 +31,11 @@ const platform::MediaTrack& soundTrack(const platform::MediaAsset& asset) {
   };
   if (const MediaTrack* found = asset.firstSound()) return *found;
   const bool any = std::ranges::any_of(asset.tracks(), isSound);
-  throw NoSound(asset.file().string() +
-                (any ? ": its sound is in a coding that cannot be decoded; convert it to WAV first"
-                     : ": has no sound track"));
+  throw NoSound(
+      any ? phrase("Message",
+                   "%1: its sound is in a coding that cannot be decoded; convert it to WAV first")
+          : phrase("Message", "%1: has no sound track"),
+      asset.file().string());
 }
 
 }  // namespace
@@ -43,9 +48,9 @@ void requireSound(const std::string& file) {
     platform::MediaReader reader(asset, soundTrack(asset));
     if (reader.start() && !reader.next().empty()) return;
   } catch (const platform::MediaError& error) {
-    throw NoSound(error.what());
+    throw NoSound(error.text());
   }
-  throw NoSound(file + ": no sound could be decoded; is the file complete?");
+  throw NoSound(phrase("Message", "%1: no sound could be decoded; is the file complete?"), file);
 }
 
 }  // namespace korvel

@@ -24,15 +24,21 @@
 namespace korvel {
 namespace {
 
+using platform::phrase;
+
+constexpr platform::Phrase kAlbumNeedsName = phrase("Message", "An album needs a name; type one");
+
 bool isInstrument(const QBTabMgr& db, const std::string& name) {
   return std::ranges::any_of(db.instruments(),
                              [&](const auto& each) { return each->name() == name; });
 }
 
 void requireInstrumentName(const QBTabMgr& db, const std::string& name) {
-  requireName(name, "An instrument");
+  requireName(name, phrase("Message", "An instrument needs a name; type one"));
   if (isInstrument(db, name))
-    throw EditRefused(name + ": there is an instrument of that name already; choose another name");
+    throw EditRefused(
+        phrase("Message", "%1: there is an instrument of that name already; choose another name"),
+        name);
 }
 
 void makeSelected(QBTabMgr& db, QBInstrument& instrument) {
@@ -51,25 +57,26 @@ void leave(const QBAlbum& album) {
 // ---- albums
 
 QBAlbum* newAlbum(const std::string& name) {
-  Edit edit("New Album");
-  requireName(name, "An album");
+  Edit edit(phrase("UndoAction", "New Album"));
+  requireName(name, kAlbumNeedsName);
   QBAlbum* album = edit.db().createAlbum(QBNameMgr(nullptr, name).newAlbumName(edit.db()), false);
   edit.done("Album created.");
   return album;
 }
 
 void renameAlbum(QBAlbum& album, const std::string& name) {
-  Edit edit("Rename Album");
+  Edit edit(phrase("UndoAction", "Rename Album"));
   if (name == album.name()) return;
-  requireName(name, "An album");
+  requireName(name, kAlbumNeedsName);
   if (edit.db().findAlbumByName(name))
-    throw EditRefused(name + ": there is an album of that name already; choose another name");
+    throw EditRefused(
+        phrase("Message", "%1: there is an album of that name already; choose another name"), name);
   album.setName(name);
   edit.done("Album renamed.");
 }
 
 QBAlbum* cloneAlbum(QBAlbum& album) {
-  Edit edit("Clone Album");
+  Edit edit(phrase("UndoAction", "Clone Album"));
   const std::string name = QBNameMgr(nullptr, album.name()).newAlbumName(edit.db());
   QBAlbum* copy = album.clone();
   copy->setName(name);
@@ -78,7 +85,7 @@ QBAlbum* cloneAlbum(QBAlbum& album) {
 }
 
 void deleteAlbum(QBAlbum& album) {
-  Edit edit("Delete Album");
+  Edit edit(phrase("UndoAction", "Delete Album"));
   for (const QBSong* song : album.songs()) SongInWork::requireDeletable(*song);
   leave(album);
   edit.db().deleteAlbum(&album);
@@ -88,18 +95,20 @@ void deleteAlbum(QBAlbum& album) {
 // ---- songs
 
 void renameSong(QBSong& song, const std::string& title) {
-  Edit edit(song, "Rename Song");
+  Edit edit(song, phrase("UndoAction", "Rename Song"));
   if (title == song.title()) return;
-  requireName(title, "A song");
+  requireName(title, phrase("Message", "A song needs a name; type one"));
   if (song.requireAlbum().findSongByName(title))
-    throw EditRefused(title + ": the album has a song of that title already; choose another title");
+    throw EditRefused(
+        phrase("Message", "%1: the album has a song of that title already; choose another title"),
+        title);
   song.setTitle(title);
   edit.redraw();
   edit.done("Song renamed.");
 }
 
 void moveSong(QBSong& song, QBAlbum& album) {
-  Edit edit(song, "Move Song");
+  Edit edit(song, phrase("UndoAction", "Move Song"));
   if (song.album() == &album) return;
   const std::string title = QBNameMgr(&album, song.title()).newName();
   song.setAlbum(&album);
@@ -111,8 +120,8 @@ void moveSong(QBSong& song, QBAlbum& album) {
 }
 
 void moveSong(QBSong& song, const std::string& album) {
-  Edit edit("Move Song");
-  requireName(album, "An album");
+  Edit edit(phrase("UndoAction", "Move Song"));
+  requireName(album, kAlbumNeedsName);
   QBAlbum* known = edit.db().findAlbumByName(album);
   moveSong(song, known ? *known : *edit.db().createAlbum(album, false));
   edit.done();
@@ -121,26 +130,27 @@ void moveSong(QBSong& song, const std::string& album) {
 // ---- instruments
 
 void selectInstrument(QBInstrument& instrument) {
-  Edit edit("Select Instrument");
+  Edit edit(phrase("UndoAction", "Select Instrument"));
   makeSelected(edit.db(), instrument);
   edit.done("Instrument selected.");
 }
 
 QBInstrument* importInstrument(const std::string& file) {
-  Edit edit("Import Instrument");
+  Edit edit(phrase("UndoAction", "Import Instrument"));
   QBTabMgr& db = edit.db();
   const std::size_t count = db.instruments().size();
   db.deselectAllInstruments();
   QBMusicXMLParser(file).parse();
   if (db.instruments().size() == count)
-    throw EditRefused(file + ": is no instrument definition file; nothing was imported");
+    throw EditRefused(
+        phrase("Message", "%1: is no instrument definition file; nothing was imported"), file);
   db.computeOffsets();
   edit.done("Instrument imported.");
   return db.selectedInstrument();
 }
 
 QBInstrument* addInstrument(const std::string& name, const Calibration& measured) {
-  Edit edit("Calibrate Instrument", measured.tuning());
+  Edit edit(phrase("UndoAction", "Calibrate Instrument"), measured.tuning());
   requireInstrumentName(edit.db(), name);
   QBInstrument& instrument =
       measured.createInstrument(name, Calibration::kDetailLevel, Calibration::kSmallestShare);
@@ -153,14 +163,15 @@ std::string definitionOf(QBInstrument& instrument) {
   try {
     return definitionText(instrument);
   } catch (const std::invalid_argument&) {
-    throw EditRefused(instrument.name() +
-                      ": a definition file cannot hold that name; rename the instrument without "
-                      "apostrophes and \"<\"");
+    throw EditRefused(phrase("Message",
+                             "%1: a definition file cannot hold that name; rename the instrument "
+                             "without apostrophes and \"<\""),
+                      instrument.name());
   }
 }
 
 void renameInstrument(QBInstrument& instrument, const std::string& name) {
-  Edit edit("Rename Instrument");
+  Edit edit(phrase("UndoAction", "Rename Instrument"));
   if (name == instrument.name()) return;
   requireInstrumentName(edit.db(), name);
   instrument.setName(name);
@@ -168,11 +179,12 @@ void renameInstrument(QBInstrument& instrument, const std::string& name) {
 }
 
 void deleteInstrument(QBInstrument& instrument) {
-  Edit edit("Delete Instrument");
+  Edit edit(phrase("UndoAction", "Delete Instrument"));
   QBTabMgr& db = edit.db();
   const auto& all = db.instruments();
   if (all.size() < 2)
-    throw EditRefused(instrument.name() + ": is the only instrument; import another one first");
+    throw EditRefused(phrase("Message", "%1: is the only instrument; import another one first"),
+                      instrument.name());
   const bool selected = instrument.active();
   const auto place = std::ranges::find(all, &instrument, &platform::Ref<QBInstrument>::get);
   db.deleteInstrumentAtIndex(static_cast<std::size_t>(place - all.begin()));

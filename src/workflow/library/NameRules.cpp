@@ -5,9 +5,8 @@
 
 namespace korvel {
 
-void requireName(const std::string& name, const char* what) {
-  if (name.find_first_not_of(" \t\r\n") == std::string::npos)
-    throw EditRefused(std::string(what) + " needs a name; type one");
+void requireName(const std::string& name, const platform::Phrase& refusal) {
+  if (name.find_first_not_of(" \t\r\n") == std::string::npos) throw EditRefused(refusal);
 }
 
 }  // namespace korvel

@@ -3,9 +3,11 @@
 
 #include <string>
 
+#include "platform/text/UserText.h"
+
 namespace korvel {
 
-/// Throws EditRefused for a name of nothing but blanks. What: what is named, such as "An album".
-void requireName(const std::string& name, const char* what);
+/// Throws EditRefused for a name of nothing but blanks. refusal: what is said then.
+void requireName(const std::string& name, const platform::Phrase& refusal);
 
 }  // namespace korvel

@@ -30,7 +30,7 @@ void finish(std::string_view sentence) { QBSession::session().finish(sentence); 
 /// Writing itself reports nothing, so what it left is read again.
 void requireWritten(const std::string& path, const std::string& text) {
   if (platform::readWholeFile(path) != text)
-    throw platform::FileError(path, "could not be written whole");
+    throw platform::FileError(path, platform::phrase("Message", "could not be written whole"));
 }
 
 }  // namespace

@@ -18,6 +18,8 @@
 namespace korvel {
 namespace {
 
+using platform::phrase;
+
 constexpr int kWay = 5;  // half tones that a string can be tuned off its usual pitch
 constexpr PitchRange kLowestString{31, 47};
 
@@ -26,9 +28,10 @@ bool isTaken(const QBTabMgr& db, const std::string& name) {
 }
 
 void requireFree(const QBTabMgr& db, const std::string& name) {
-  requireName(name, "A tuning");
+  requireName(name, phrase("Message", "A tuning needs a name; type one"));
   if (isTaken(db, name))
-    throw EditRefused(name + ": there is a tuning of that name already; choose another name");
+    throw EditRefused(
+        phrase("Message", "%1: there is a tuning of that name already; choose another name"), name);
 }
 
 std::string freeName(const QBTabMgr& db, std::string name) {
@@ -51,18 +54,23 @@ void requirePlayable(const OpenPitches& pitches) {
     const auto i = static_cast<std::size_t>(string);
     const PitchRange range = pitchRangeOf(string);
     if (pitches[i] < range.lowest || pitches[i] > range.highest)
-      throw EditRefused("String " + std::to_string(kStrings - string) +
-                        " cannot be tuned that far; choose a nearer note");
+      throw EditRefused(
+          phrase("Message", "String %1 cannot be tuned that far; choose a nearer note"),
+          kStrings - string);
     if (i > 0 && pitches[i] <= pitches[i - 1])
-      throw EditRefused("String " + std::to_string(kStrings - string) +
-                        " must be higher than the string below it; choose another note");
+      throw EditRefused(
+          phrase("Message",
+                 "String %1 must be higher than the string below it; choose another note"),
+          kStrings - string);
   }
 }
 
 void requireUnused(const QBTuning& tuning) {
   if (!tuning.songs().empty() || !tuning.instruments().empty())
-    throw EditRefused(tuning.descr() +
-                      ": songs or instruments are written in it; make a new tuning and edit that");
+    throw EditRefused(
+        phrase("Message",
+               "%1: songs or instruments are written in it; make a new tuning and edit that"),
+        tuning.descr());
 }
 
 void createStrings(QBTabMgr& db, QBTuning& tuning, QBTuning& like, const OpenPitches& pitches) {
@@ -87,13 +95,13 @@ void remove(QBTabMgr& db, QBTuning& tuning) {
 }  // namespace
 
 void selectTuning(QBTuning& tuning) {
-  Edit edit("Select Tuning");
+  Edit edit(phrase("UndoAction", "Select Tuning"));
   edit.db().selectTuning(&tuning);
   edit.done("Tuning selected.");
 }
 
 void renameTuning(QBTuning& tuning, const std::string& name) {
-  Edit edit("Rename Tuning");
+  Edit edit(phrase("UndoAction", "Rename Tuning"));
   if (name == tuning.descr()) return;
   requireFree(edit.db(), name);
   tuning.setDescr(name);
@@ -101,7 +109,7 @@ void renameTuning(QBTuning& tuning, const std::string& name) {
 }
 
 QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name) {
-  Edit edit("New Tuning");
+  Edit edit(phrase("UndoAction", "New Tuning"));
   if (name) requireFree(edit.db(), *name);
   const auto make = [&](const char* kind, void (QBTuning::*strings)()) {
     QBTuning* tuning = createTuning(edit.db(), name ? *name : freeName(edit.db(), kind));
@@ -115,7 +123,7 @@ QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name) {
 }
 
 QBTuning* newTuning(const std::string& name, const OpenPitches& pitches) {
-  Edit edit("New Tuning");
+  Edit edit(phrase("UndoAction", "New Tuning"));
   requireFree(edit.db(), name);
   requirePlayable(pitches);
   QBTuning* standard = createTuning(edit.db(), name);
@@ -144,7 +152,7 @@ PitchRange pitchRangeOf(int string) {
 // The order and the names of a tuning's strings are computed once, so another tuning is made
 // instead of changing this one.
 QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches) {
-  Edit edit("Change Tuning");
+  Edit edit(phrase("UndoAction", "Change Tuning"));
   if (pitches == pitchesOf(tuning)) return &tuning;
   requirePlayable(pitches);
   requireUnused(tuning);

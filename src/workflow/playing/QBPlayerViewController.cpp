@@ -15,8 +15,8 @@
 namespace korvel {
 namespace {
 
-constexpr const char* kDeviceLost =
-    "the sound device is gone; choose another one or plug it in, and play again";
+constexpr platform::Phrase kDeviceLost = platform::phrase(
+    "Message", "the sound device is gone; choose another one or plug it in, and play again");
 
 std::string percentOf(float fraction) {
   constexpr float kMost = 999;
@@ -40,9 +40,9 @@ void QBPlayerViewController::play() {
   try {
     begin(*song);
   } catch (const platform::AudioError& error) {
-    end(error.what());
+    end(error.text());
   } catch (const platform::SoundFontError& error) {
-    end(error.what());
+    end(error.text());
   } catch (...) {
     end({});
     throw;
@@ -87,8 +87,8 @@ void QBPlayerViewController::stop() {
   if (m_midi) end({});
 }
 
-void QBPlayerViewController::end(const std::string& problem) {
-  std::string told = problem;
+void QBPlayerViewController::end(const platform::UserText& problem) {
+  platform::UserText told = problem;
   if (m_midi) {
     m_midi->stop();
     if (told.empty() && m_midi->isLost()) told = kDeviceLost;

@@ -8,6 +8,7 @@
 #include "platform/loop/RunLoop.h"
 #include "platform/midi/MusicPlayer.h"
 #include "platform/persistence/Ref.h"
+#include "platform/text/UserText.h"
 #include "playback/QBMIDIPlayer.h"
 #include "tab/layout/LoopRange.h"
 #include "workflow/session/SessionViews.h"
@@ -28,7 +29,7 @@ class PlayerControls {
   virtual void showPosition(const std::string& percent) = 0;
   virtual void showSpeed(const std::string& percent) = 0;
   /// Playing did not begin, or ended by itself: one line with what to do.
-  virtual void showProblem(const std::string& problem) = 0;
+  virtual void showProblem(const platform::UserText& problem) = 0;
   /// Where the slider stands, and its right end, which is the speed of the recording.
   virtual int speed() const = 0;
   virtual int maximumSpeed() const = 0;
@@ -81,7 +82,7 @@ class QBPlayerViewController final : public PlayerView {
   static Range rangeOf(QBSong& song);
   void begin(QBSong& song);
   void playHandler();
-  void end(const std::string& problem);
+  void end(const platform::UserText& problem);
   float speedFraction() const;
 
   PlayerControls& m_controls;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "platform/persistence/Ref.h"
@@ -16,7 +15,7 @@ class QBTuning;
 
 /// One edit of a user: an undoable action, which counts once it is done.
 ///
-///     Edit edit(song, "Rename Song");
+///     Edit edit(song, phrase("UndoAction", "Rename Song"));
 ///     song.setTitle(title);
 ///     edit.done("Song renamed.");
 ///
@@ -26,9 +25,9 @@ class QBTuning;
 class Edit {
  public:
   /// Of albums, tunings or instruments; in that tuning, if there is one.
-  explicit Edit(std::string title, QBTuning* tuning = nullptr);
+  explicit Edit(const platform::Phrase& title, QBTuning* tuning = nullptr);
   /// Of a song, in the tuning that it was made in.
-  Edit(QBSong& song, std::string title);
+  Edit(QBSong& song, const platform::Phrase& title);
   Edit(const Edit&) = delete;
   Edit& operator=(const Edit&) = delete;
   ~Edit();

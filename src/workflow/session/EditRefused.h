@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <stdexcept>
+#include "platform/text/UserError.h"
 
 namespace korvel {
 
-/// An edit that cannot be made; what() says why, in a line for the user. Nothing has changed.
-class EditRefused : public std::runtime_error {
+/// An edit that cannot be made; the text says why. Nothing has changed.
+class EditRefused : public platform::UserError {
  public:
-  using std::runtime_error::runtime_error;
+  using UserError::UserError;
 };
 
 }  // namespace korvel

@@ -38,6 +38,11 @@ void QBCommand::stop() {
   tearDown();
 }
 
+platform::UserText QBCommand::typeAndName() const {
+  constexpr platform::Phrase kOneAfterTheOther{"", "%1%2"};  // nothing to translate
+  return {kOneAfterTheOther, m_type, m_name};
+}
+
 void QBCommand::appendOut(std::string_view text) { QBSession::session().addToLog(text); }
 
 void QBCommand::concatAndPrintOut(std::string_view a, std::string_view b) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/loop/RunLoop.h"
+#include "platform/text/UserText.h"
 
 namespace korvel {
 
@@ -46,16 +47,18 @@ class QBCommand {
   void printOut(std::string_view text) { appendOut(text); }
   void appendOut(std::string_view text);
   void concatAndPrintOut(std::string_view a, std::string_view b);
-  virtual std::string fullTitle() const { return ""; }
+  virtual platform::UserText fullTitle() const { return {}; }
   /// Whether the song is only there for the command to try things on.
   virtual bool usesAsScratch(const QBSong&) const { return false; }
 
-  std::string m_type;  ///< Kind of command, as the job list shows it.
+  platform::Phrase m_type;  ///< Kind of command, as the job list shows it.
   std::string m_name;
   int m_percent = 0;
   static constexpr int kAll = 100;  ///< `m_percent` of a command that is done.
 
  protected:
+  /// One directly after the other.
+  platform::UserText typeAndName() const;
   /// Whether the steps are those of `runInBackground`; known when it calls prepare.
   bool isStepped() const { return m_stepped; }
   /// Ends the steps without tearing down.

@@ -18,6 +18,8 @@
 namespace korvel {
 namespace {
 
+using platform::phrase;
+
 constexpr std::string_view kLine = "\r\n------------------------\r\n";
 constexpr int kTimesLogged = 4;
 
@@ -128,7 +130,7 @@ void QBSession::finish(std::string_view sentence) {
 }
 
 bool QBSession::undo() {
-  const std::string name = undoManager().undoActionName();
+  const std::string name = undoManager().undoActionName().english();
   if (!QBTabMgr::db().undo()) return false;
   renewViews();
   addToLog("Undo " + name);
@@ -136,7 +138,7 @@ bool QBSession::undo() {
 }
 
 bool QBSession::redo() {
-  const std::string name = undoManager().redoActionName();
+  const std::string name = undoManager().redoActionName().english();
   if (!QBTabMgr::db().redo()) return false;
   renewViews();
   addToLog("Redo " + name);
@@ -188,7 +190,7 @@ void QBSession::setTabPosition(float fraction) {
 
 void QBSession::resetLoop() {
   if (m_song) {
-    const platform::UndoGroup group(undoManager(), "Reset Loop");
+    const platform::UndoGroup group(undoManager(), phrase("UndoAction", "Reset Loop"));
     resetLoop(*m_song);
     saveIfAtOnce();
   } else {
@@ -210,8 +212,9 @@ void QBSession::showLoop() {
 }
 
 void QBSession::selectChord(double x, double y) {
-  const auto group =
-      m_song ? std::make_unique<platform::UndoGroup>(undoManager(), "Set Loop") : nullptr;
+  const auto group = m_song ? std::make_unique<platform::UndoGroup>(
+                                  undoManager(), phrase("UndoAction", "Set Loop"))
+                            : nullptr;
   if (m_views.tab) m_views.tab->handleClick(x, y);
   if (m_song) saveIfAtOnce();
   updateLoop();

@@ -5,7 +5,6 @@
 #include <array>
 #include <cmath>
 #include <numbers>
-#include <stdexcept>
 
 #include "analysis/spectrum/QBFFTGuitar.h"
 #include "audio/MonoTrack.h"
@@ -18,9 +17,14 @@
 #include "platform/sound/AudioSystem.h"
 #include "platform/sound/SampleRate.h"
 #include "platform/sqlite/StoreFile.h"
+#include "platform/text/UserError.h"
 
 namespace korvel {
 namespace {
+
+using platform::phrase;
+using platform::UserError;
+using platform::UserText;
 
 constexpr double kSamplesASecond = platform::kSampleRate;
 constexpr double kOpenA = 110.0;
@@ -32,17 +36,17 @@ constexpr std::uint8_t kSteelGuitar = 25;
 constexpr std::uint8_t kLowE = 40;
 constexpr std::size_t kDemoSamples = 10 * platform::kSampleRate;  // that sound, at least
 
-std::string check(platform::SqliteDatabase& store) {
+UserText check(platform::SqliteDatabase& store) {
   const auto problems = platform::StoreFile::problems(store);
   if (!problems.empty())
-    throw std::runtime_error(store.file() + ": the store is damaged (" + problems.front() +
-                             "); restore a backup of it");
-  return store.file() + " is sound";
+    throw UserError(phrase("Message", "%1: the store is damaged (%2); restore a backup of it"),
+                    store.file(), problems.front());
+  return {phrase("Message", "%1 is sound"), store.file()};
 }
 
-std::string checkStore() { return check(QBTabMgr::db().context().store()); }
+UserText checkStore() { return check(QBTabMgr::db().context().store()); }
 
-std::string checkStoreBeside(const std::string& file) {
+UserText checkStoreBeside(const std::string& file) {
   platform::SqliteDatabase store(file, platform::SqliteDatabase::Mode::lockedByUs);
   return check(store);
 }
@@ -56,16 +60,17 @@ std::size_t soundingSamples(MonoTrack& demo) {
   return sounding;
 }
 
-std::string checkDecoding() {
+UserText checkDecoding() {
   const auto file = platform::Resources::ofProgram().locate("demo/First Steps.ogg");
-  if (!file) throw std::runtime_error("the demo recording is missing; install Korvel again");
+  if (!file)
+    throw UserError(phrase("Message", "the demo recording is missing; install Korvel again"));
   MonoTrack demo(*file);
   demo.startRecord(0);
   if (soundingSamples(demo) < kDemoSamples)
-    throw std::runtime_error(file->string() +
-                             " cannot be decoded; install FFmpeg's libraries with "
-                             "Vorbis");
-  return "the demo recording is read";
+    throw UserError(
+        phrase("Message", "%1 cannot be decoded; install FFmpeg's libraries with Vorbis"),
+        file->string());
+  return phrase("Message", "the demo recording is read");
 }
 
 /// The strongest frequency of a block between 40 and 805 Hz.
@@ -86,10 +91,11 @@ std::vector<double> openA() {
   return block;
 }
 
-std::string checkTransform() {
+UserText checkTransform() {
   if (std::abs(strongest(openA()) - kOpenA) > kHertzOfBin)
-    throw std::runtime_error("a tone of 110 Hz is not found; install FFTW's libraries again");
-  return "a tone of 110 Hz is found";
+    throw UserError(
+        phrase("Message", "a tone of 110 Hz is not found; install FFTW's libraries again"));
+  return phrase("Message", "a tone of 110 Hz is found");
 }
 
 /// A block of one channel of the open low E string.
@@ -104,27 +110,27 @@ std::vector<double> playedLowE(const std::filesystem::path& soundFont) {
   return block;
 }
 
-std::string checkSynthesizer(const std::optional<std::filesystem::path>& soundFont) {
+UserText checkSynthesizer(const std::optional<std::filesystem::path>& soundFont) {
   const auto font = platform::SoundFonts(platform::SoundFonts::Folders::ofMachine())
                         .find(soundFont, kSteelGuitar);
   const double heard = strongest(playedLowE(font));
   const double partial = std::round(heard / kLowEHertz);
   if (partial < 1 || std::abs(heard - partial * kLowEHertz) > 2 * kHertzOfBin)
-    throw std::runtime_error(font.string() +
-                             ": its guitar does not sound as it should; choose "
-                             "another SoundFont");
-  return "the open low E string is played with " + font.filename().string();
+    throw UserError(
+        phrase("Message", "%1: its guitar does not sound as it should; choose another SoundFont"),
+        font.string());
+  return {phrase("Message", "the open low E string is played with %1"), font.filename().string()};
 }
 
 /// The first is the default, which is there whether or not a device is.
-std::string countOf(const std::vector<std::string>& devices, const std::string& kind) {
-  const std::size_t count = devices.empty() ? 0 : devices.size() - 1;
-  return std::to_string(count) + " " + kind;
+std::size_t countOf(const std::vector<std::string>& devices) {
+  return devices.empty() ? 0 : devices.size() - 1;
 }
 
-std::string checkDevices() {
+UserText checkDevices() {
   platform::AudioSystem& sound = platform::AudioSystem::main();
-  return countOf(sound.outputs(), "to play on") + ", " + countOf(sound.inputs(), "to record from");
+  return {phrase("Message", "%1 to play on, %2 to record from"), countOf(sound.outputs()),
+          countOf(sound.inputs())};
 }
 
 }  // namespace
@@ -132,11 +138,11 @@ std::string checkDevices() {
 std::vector<SelfCheck> selfChecks(const std::optional<std::filesystem::path>& soundFont) {
   const std::string store = QBTabMgr::db().context().store().file();
   const auto playing = [soundFont] { return checkSynthesizer(soundFont); };
-  return {{"Store", checkStore, [store] { return checkStoreBeside(store); }},
-          {"Decoding", checkDecoding, checkDecoding},
-          {"Transform", checkTransform, checkTransform},
-          {"Synthesiser", playing, playing},
-          {"Sound devices", checkDevices}};
+  return {{phrase("SelfCheck", "Store"), checkStore, [store] { return checkStoreBeside(store); }},
+          {phrase("SelfCheck", "Decoding"), checkDecoding, checkDecoding},
+          {phrase("SelfCheck", "Transform"), checkTransform, checkTransform},
+          {phrase("SelfCheck", "Synthesiser"), playing, playing},
+          {phrase("SelfCheck", "Sound devices"), checkDevices}};
 }
 
 }  // namespace korvel

@@ -4,20 +4,21 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <string>
 #include <vector>
+
+#include "platform/text/UserText.h"
 
 namespace korvel {
 
 /// One part of the program that can be tried out on the user's own machine.
 struct SelfCheck {
-  std::string title;
-  /// Says what works. Throws an exception whose text says what is wrong and what to do. Main
+  platform::Phrase title;
+  /// Says what works. Throws an exception that says what is wrong and what to do. Main
   /// thread; some tenths of a second, for a large store or SoundFont more.
-  std::function<std::string()> run;
+  std::function<platform::UserText()> run;
   /// The same in another thread, for not holding a window; empty where only the main thread may
   /// try. What fails here has to be run again, as a store that is saved meanwhile looks damaged.
-  std::function<std::string()> runBeside = {};
+  std::function<platform::UserText()> runBeside = {};
 };
 
 /// The parts in the order in which a recording meets them: store, decoding, transform, synthesiser,

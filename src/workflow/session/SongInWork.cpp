@@ -32,7 +32,9 @@ const SongInWork* SongInWork::of(const QBSong& song) {
 void SongInWork::requireDeletable(const QBSong& song) {
   const SongInWork* mark = of(song);
   if (mark && mark->m_filler == Filler::recording)
-    throw EditRefused(song.title() + ": is being recorded; stop the recording, then delete it");
+    throw EditRefused(
+        platform::phrase("Message", "%1: is being recorded; stop the recording, then delete it"),
+        song.title());
 }
 
 }  // namespace korvel

@@ -107,9 +107,10 @@ int applyCommands(const ApplyOptions& options) {
 void listCommands() {
   for (const SongMenuSection& section : songMenu()) {
     const std::string indent = section.title.empty() ? "" : "  ";
-    if (!section.title.empty()) Console::attached().print(std::string(section.title) + '\n');
+    if (!section.title.empty())
+      Console::attached().print(std::string(section.title.english) + '\n');
     for (const SongCommand& item : section.items)
-      Console::attached().print(indent + std::string(item.title) + "  [" +
+      Console::attached().print(indent + std::string(item.title.english) + "  [" +
                                 std::string(item.command) + "]\n");
     if (section.isSeparator()) Console::attached().print("----\n");
   }

@@ -58,7 +58,7 @@ void clearLoop(const std::string& name) {
 void cloneSong(const std::string& name) {
   QBSong& song = chooseSong(name);
   requireChords(song);
-  Edit edit(song, "Clone");
+  Edit edit(song, platform::phrase("UndoAction", "Clone"));
   const auto album = AlbumNode::withSongs(song.album());
   album->findChild(&song)->copySong();
   edit.save();
@@ -84,7 +84,7 @@ void mergeSongs(const std::string& name, const std::string& other) {
   QBSong& added = chooseSong(other);
   requireChords(song);
   requireChords(added);
-  Edit edit(song, "Merge Songs");
+  Edit edit(song, platform::phrase("UndoAction", "Merge Songs"));
   const QBSong* merged = mergeWithSong(song, added);
   edit.save();
   printTitle(*merged);
@@ -95,7 +95,7 @@ void extractPart(const std::string& name, int from, int to) {
   chordAt(song, from);
   chordAt(song, to);
   if (to < from) throw CliError("the part must end behind its begin: name the lower chord first");
-  Edit edit(song, "Extract Part");
+  Edit edit(song, platform::phrase("UndoAction", "Extract Part"));
   const QBSong* part = extractPartOfSong(song, from, to);
   edit.save();
   printTitle(*part);

@@ -47,7 +47,7 @@ class ConsolePlayer final : public PlayerControls {
   void showLoop(const LoopRange&) override {}
   void showPosition(const std::string& percent) override { Console::attached().status(percent); }
   void showSpeed(const std::string&) override {}
-  void showProblem(const std::string& problem) override { m_problem = problem; }
+  void showProblem(const platform::UserText& problem) override { m_problem = problem.english(); }
   int speed() const override { return m_speed; }
   int maximumSpeed() const override { return kMaximum; }
 

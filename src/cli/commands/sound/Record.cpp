@@ -164,7 +164,7 @@ void tellOfLosses(const LiveRecording& recording) {
     console.error(text);
   }
   if (recording.takeProblem())
-    console.error(*recording.takeProblem() + "; the file ends there, the song does not");
+    console.error(recording.takeProblem()->english() + "; the file ends there, the song does not");
 }
 
 std::string withTake(const LiveRecording& recording, const std::string& text) {
@@ -180,7 +180,7 @@ int conclude(const LiveRecording& recording, const RecordOptions& options) {
   if (lost)
     console.error(sourceOf(options) + ": the device is gone, which ended the recording there");
   if (recording.problem())
-    throw CliError(withTake(recording, "not all is stored: " + *recording.problem()));
+    throw CliError(withTake(recording, "not all is stored: " + recording.problem()->english()));
   if (!recording.song())
     throw CliError(withTake(recording, "no tones were heard; nothing was stored"));
   console.addLogText("Stored as " + recording.song()->album()->name() + '/' +

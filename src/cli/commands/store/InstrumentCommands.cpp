@@ -85,7 +85,7 @@ void calibrateInstrument(const std::string& file, const std::string& name) {
                          std::filesystem::path(file).filename().string());
   heard.run();
   printNotes(heard);
-  if (const auto problem = heard.problem()) throw CliError(file + ": " + *problem);
+  if (const auto problem = heard.problem()) throw CliError(file + ": " + problem->english());
   addInstrument(name, heard.calibration());
   const std::string missing = missingNotes(heard);
   if (!missing.empty()) Console::attached().addLogText("It becomes better with" + missing + ".");
