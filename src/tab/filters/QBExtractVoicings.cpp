@@ -18,8 +18,8 @@ QBExtractVoicings::QBExtractVoicings(QBSong* source, int minimum)
 QBExtractVoicings::~QBExtractVoicings() = default;
 
 void QBExtractVoicings::execute(QBChord*, QBChord* current, QBChord*) {
-  constexpr std::size_t kFewestTones = 3;
-  if (tonesOf(*current).size() < kFewestTones) return;
+  constexpr std::size_t kTonesOfVoicing = 3;
+  if (tonesOf(*current).size() < kTonesOfVoicing) return;
   platform::Ref<QBChord>& voicing = m_voicings[toString(*current)];
   if (!voicing) voicing = current->clone(m_target);
   ++voicing->m_hits;
