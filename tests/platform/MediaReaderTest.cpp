@@ -93,7 +93,11 @@ TEST(MediaAsset, withoutATrackListSaysWhy) {
   // A playlist is no sound, and must not make the program wait for the network.
   test::writeFile(folder.file("list.mp3"),
                   "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nhttp://127.0.0.1:9/a.ts\n");
-  for (const char* name : {"missing.mp3", "folder.mp3", "empty.mp3", "pipe.mp3", "list.mp3"}) {
+  // Nor may one bring in its neighbours.
+  test::encode({}, folder.file("next.wav"));
+  test::writeFile(folder.file("next.mp3"), "ffconcat version 1.0\nfile next.wav\n");
+  for (const char* name :
+       {"missing.mp3", "folder.mp3", "empty.mp3", "pipe.mp3", "list.mp3", "next.mp3"}) {
     const MediaAsset asset(folder.file(name));
     EXPECT_FALSE(asset.hasTrackList()) << name;
     EXPECT_TRUE(asset.problem().english().starts_with(folder.file(name) + ": cannot open: "))

@@ -27,6 +27,8 @@ void OutputFile::check() const {
     throw CliError(m_name + ": there is no such folder; make it first");
   if (fs::is_directory(m_name, unknown)) throw CliError(m_name + ": is a folder; name a file");
   if (!m_replace && fs::exists(fs::symlink_status(m_name, unknown))) refuse();
+  if (fs::exists(m_name, unknown) && !fs::is_regular_file(m_name, unknown))
+    throw CliError(m_name + ": is not a plain file; name another one");
   if (platform::isStore(m_name)) throw CliError(m_name + ": holds songs; name another file");
 }
 

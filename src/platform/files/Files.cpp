@@ -76,6 +76,9 @@ std::string readWholeFile(const fs::path& file) {
 
 bool isStore(const fs::path& file) {
   constexpr std::string_view kBeginning = "SQLite format 3";
+  std::error_code unknown;
+  if (!fs::is_regular_file(file, unknown))
+    return false;  // opening a pipe would wait for its writer
   std::string beginning(kBeginning.size(), '\0');
   std::ifstream(file, std::ios::binary)
       .read(beginning.data(), static_cast<std::streamsize>(beginning.size()));

@@ -11,13 +11,14 @@ extern "C" {
 
 #include "platform/media/MediaError.h"
 #include "platform/media/MediaFile.h"
+#include "platform/media/MediaFormats.h"
 
 namespace korvel::platform {
 namespace {
 
 MediaTrack::Coding codingOf(const AVCodecParameters& sound) {
   const bool known = sound.sample_rate > 0 && sound.ch_layout.nb_channels > 0;
-  if (!known || !avcodec_find_decoder(sound.codec_id)) return MediaTrack::Coding::none;
+  if (!known || !media::decoderOf(sound.codec_id)) return MediaTrack::Coding::none;
   if (sound.codec_id == AV_CODEC_ID_MP3) return MediaTrack::Coding::mp3;
   if (sound.codec_id == AV_CODEC_ID_AAC) return MediaTrack::Coding::aac;
   return MediaTrack::Coding::lpcm;

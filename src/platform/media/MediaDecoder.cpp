@@ -10,6 +10,7 @@ extern "C" {
 #include <new>
 
 #include "platform/media/MediaError.h"
+#include "platform/media/MediaFormats.h"
 
 namespace korvel::platform {
 namespace {
@@ -39,8 +40,8 @@ MediaDecoder::MediaDecoder(const MediaAsset& asset, const MediaTrack& track)
   if (track.index < 0 || track.index >= static_cast<int>(context.nb_streams))
     throw MediaError(asset.file(), phrase("Message", "the file has no such track"));
   m_stream = context.streams[track.index];
-  const AVCodec* codec = avcodec_find_decoder(m_stream->codecpar->codec_id);
-  if (!codec || codec->type != AVMEDIA_TYPE_AUDIO)
+  const AVCodec* codec = media::decoderOf(m_stream->codecpar->codec_id);
+  if (!codec)
     throw MediaError(asset.file(), phrase("Message", "the track is no sound that can be decoded"));
   m_decoder = owned<decltype(m_decoder)>(avcodec_alloc_context3(codec));
   for (unsigned i = 0; i < context.nb_streams; ++i)

@@ -12,6 +12,7 @@ extern "C" {
 #include <system_error>
 
 #include "platform/media/MediaError.h"
+#include "platform/media/MediaFormats.h"
 
 namespace korvel::platform {
 namespace {
@@ -56,6 +57,13 @@ AVIOContext* openInput(const fs::path& path) {
   return input;
 }
 
+/// For the context, which gives it back itself.
+char* copyOf(const char* text) {
+  char* copy = av_strdup(text);
+  if (!copy) throw std::bad_alloc();
+  return copy;
+}
+
 int refuseOtherFile(AVFormatContext*, AVIOContext**, const char*, int, AVDictionary**) {
   return AVERROR(EPERM);
 }
@@ -65,6 +73,10 @@ AVFormatContext* openContext(const fs::path& path, AVIOContext* input) {
   if (!context) throw std::bad_alloc();
   context->pb = input;
   context->io_open = refuseOtherFile;
+  // A list of files would have its entries opened by other means than this context's.
+  context->format_whitelist = copyOf(media::containers());
+  context->codec_whitelist = copyOf(media::decoders().c_str());
+  context->protocol_whitelist = copyOf("file");
   // Frees the context when it fails.
   if (avformat_open_input(&context, path.c_str(), nullptr, nullptr) < 0)
     throw MediaError(

@@ -50,7 +50,7 @@ void addFrame(std::span<const float> frame, std::vector<float>& stereo) {
 
 struct WaveFileReader::Decoder {
   explicit Decoder(const std::filesystem::path& file)
-      : named(file), in(file, file, O_RDONLY, FileError::kCannotRead) {
+      : named(file), in(file, file, O_RDONLY | O_NONBLOCK, FileError::kCannotRead) {
     in.refuseIrregular();
     handle = sf_open_fd(in.number(), SFM_READ, &info, SF_FALSE);
     if (handle && isWave(info)) return;

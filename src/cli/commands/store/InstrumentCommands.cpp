@@ -15,6 +15,7 @@
 #include "model/instruments/QBInstrument.h"
 #include "model/store/QBTabMgr.h"
 #include "music/NoteName.h"
+#include "platform/files/Files.h"
 #include "workflow/hearing/CalibrateCommand.h"
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/LibraryEdits.h"
@@ -68,7 +69,7 @@ void selectInstrumentNamed(const std::string& name) { selectInstrument(chooseIns
 
 /// It becomes the selected one.
 void importInstrumentFile(const std::string& file) {
-  if (!std::filesystem::is_regular_file(file)) throw CliError(file + ": there is no such file");
+  if (!platform::isThere(file)) throw CliError(file + ": there is no such file");
   printLine(choiceOf(*importInstrument(file)));
 }
 
