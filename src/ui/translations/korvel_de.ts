@@ -1191,6 +1191,25 @@
     </message>
 </context>
 <context>
+    <name>korvel::ui::Arrivals</name>
+    <message>
+        <source>%1: no tones were heard in it; is it a guitar alone, and loud enough?</source>
+        <translation>%1: Es waren keine Töne zu hören; ist es eine Gitarre allein, und laut genug?</translation>
+    </message>
+    <message>
+        <source>%1 is imported</source>
+        <translation>%1 ist importiert</translation>
+    </message>
+    <message>
+        <source>Space plays it, digits change the fret at the cursor, the menu Song arranges it</source>
+        <translation>Die Leertaste spielt ab, Ziffern ändern den Bund unter dem Cursor, das Menü Song arrangiert</translation>
+    </message>
+    <message>
+        <source>%1 is recorded</source>
+        <translation>%1 ist aufgenommen</translation>
+    </message>
+</context>
+<context>
     <name>korvel::ui::CalibrationDialog</name>
     <message>
         <source>String %1 open</source>
@@ -1480,6 +1499,93 @@
         <source>&quot;%1&quot; still goes on; end it or wait for its end, then undo</source>
         <translation>„%1“ läuft noch; beende es oder warte das Ende ab, dann rückgängig machen</translation>
     </message>
+    <message>
+        <source>&amp;Find Chord ...</source>
+        <translation>Akkord s&amp;uchen ...</translation>
+    </message>
+    <message>
+        <source>Search &amp;Library ...</source>
+        <translation>Bi&amp;bliothek durchsuchen ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+L</source>
+        <translation>Ctrl+L</translation>
+    </message>
+    <message>
+        <source>Rena&amp;me in Library</source>
+        <translation>In der Bibliothek u&amp;mbenennen</translation>
+    </message>
+    <message>
+        <source>F2</source>
+        <translation>F2</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve Song to Album</source>
+        <translation>Son&amp;g in Album verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::FileMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Import Recording ...</source>
+        <translation>&amp;Aufnahme importieren ...</translation>
+    </message>
+    <message>
+        <source>Import &amp;Recent</source>
+        <translation>&amp;Zuletzt importiert</translation>
+    </message>
+    <message>
+        <source>&amp;New Album</source>
+        <translation>&amp;Neues Album</translation>
+    </message>
+    <message>
+        <source>&amp;Settings ...</source>
+        <translation>E&amp;instellungen ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+,</source>
+        <translation>Ctrl+,</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Export Song ...</source>
+        <translation>Song &amp;exportieren ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+E</source>
+        <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>Export as P&amp;DF ...</source>
+        <translation>Als &amp;PDF exportieren ...</translation>
+    </message>
+    <message>
+        <source>&amp;Print ...</source>
+        <translation>&amp;Drucken ...</translation>
+    </message>
+    <message>
+        <source>Choose a song with chords first</source>
+        <translation>Wähle erst einen Song, der Akkorde hat</translation>
+    </message>
+    <message>
+        <source>The printer took nothing; look whether it is switched on</source>
+        <translation>Der Drucker hat nichts angenommen; sieh nach, ob er eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>Export as PDF</source>
+        <translation>Als PDF exportieren</translation>
+    </message>
+    <message>
+        <source>PDF documents (*.pdf)</source>
+        <translation>PDF-Dokumente (*.pdf)</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::FindBar</name>
@@ -1530,6 +1636,29 @@
         <source>%1. %2</source>
         <comment>a fret, the grip of a chord</comment>
         <translation>%1. %2</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::Greeting</name>
+    <message>
+        <source>Korvel ended while it recorded; the sound is in %1</source>
+        <translation>Korvel endete, während es aufnahm; der Ton ist in %1</translation>
+    </message>
+    <message>
+        <source>Korvel ended while it recorded. Make a song of what is in %1?</source>
+        <translation>Korvel endete, während es aufnahm. Soll aus dem, was in %1 ist, ein Song werden?</translation>
+    </message>
+    <message>
+        <source>Korvel ended while it imported %1; the song %2 has what was heard until then. Import the file again to have all of it.</source>
+        <translation>Korvel wurde beendet, während es %1 importierte; der Song %2 enthält, was bis dahin gehört wurde. Importiere die Datei noch einmal, um alles zu haben.</translation>
+    </message>
+    <message>
+        <source>Korvel ended while it imported %1; import it again.</source>
+        <translation>Korvel wurde beendet, während es %1 importierte; importiere die Datei noch einmal.</translation>
+    </message>
+    <message>
+        <source>Keep exported tablature in %1? The settings name another folder.</source>
+        <translation>Exportierte Tabulaturen in %1 ablegen? Die Einstellungen ändern das.</translation>
     </message>
 </context>
 <context>
@@ -1721,98 +1850,6 @@
         <translation>Werkbank ..</translation>
     </message>
     <message>
-        <source>Library</source>
-        <translation>Bibliothek</translation>
-    </message>
-    <message>
-        <source>Roll</source>
-        <translation>Notenrolle</translation>
-    </message>
-    <message>
-        <source>Fretboard</source>
-        <translation>Griffbrett</translation>
-    </message>
-    <message>
-        <source>Log</source>
-        <translation>Protokoll</translation>
-    </message>
-    <message>
-        <source>Jobs</source>
-        <translation>Aufträge</translation>
-    </message>
-    <message>
-        <source>Record</source>
-        <translation>Aufnehmen</translation>
-    </message>
-    <message>
-        <source>Korvel ended while it imported %1; import it again.</source>
-        <translation>Korvel wurde beendet, während es %1 importierte; importiere die Datei noch einmal.</translation>
-    </message>
-    <message>
-        <source>%1: no tones were heard in it; is it a guitar alone, and loud enough?</source>
-        <translation>%1: Es waren keine Töne zu hören; ist es eine Gitarre allein, und laut genug?</translation>
-    </message>
-    <message>
-        <source>%1 is imported</source>
-        <translation>%1 ist importiert</translation>
-    </message>
-    <message>
-        <source>&amp;File</source>
-        <translation>&amp;Datei</translation>
-    </message>
-    <message>
-        <source>&amp;Import Recording ...</source>
-        <translation>&amp;Aufnahme importieren ...</translation>
-    </message>
-    <message>
-        <source>Import &amp;Recent</source>
-        <translation>&amp;Zuletzt importiert</translation>
-    </message>
-    <message>
-        <source>&amp;New Album</source>
-        <translation>&amp;Neues Album</translation>
-    </message>
-    <message>
-        <source>&amp;Export Song ...</source>
-        <translation>Song &amp;exportieren ...</translation>
-    </message>
-    <message>
-        <source>Ctrl+E</source>
-        <translation>Ctrl+E</translation>
-    </message>
-    <message>
-        <source>Export as P&amp;DF ...</source>
-        <translation>Als &amp;PDF exportieren ...</translation>
-    </message>
-    <message>
-        <source>&amp;Print ...</source>
-        <translation>&amp;Drucken ...</translation>
-    </message>
-    <message>
-        <source>&amp;Settings ...</source>
-        <translation>E&amp;instellungen ...</translation>
-    </message>
-    <message>
-        <source>Ctrl+,</source>
-        <translation>Ctrl+,</translation>
-    </message>
-    <message>
-        <source>&amp;Quit</source>
-        <translation>&amp;Beenden</translation>
-    </message>
-    <message>
-        <source>&amp;Find Chord ...</source>
-        <translation>Akkord s&amp;uchen ...</translation>
-    </message>
-    <message>
-        <source>Search &amp;Library ...</source>
-        <translation>Bi&amp;bliothek durchsuchen ...</translation>
-    </message>
-    <message>
-        <source>Ctrl+L</source>
-        <translation>Ctrl+L</translation>
-    </message>
-    <message>
         <source>&amp;View</source>
         <translation>A&amp;nsicht</translation>
     </message>
@@ -1845,41 +1882,9 @@
         <translation>&amp;Selbsttest</translation>
     </message>
     <message>
-        <source>The printer took nothing; look whether it is switched on</source>
-        <translation>Der Drucker hat nichts angenommen; sieh nach, ob er eingeschaltet ist</translation>
-    </message>
-    <message>
-        <source>Export as PDF</source>
-        <translation>Als PDF exportieren</translation>
-    </message>
-    <message>
-        <source>PDF documents (*.pdf)</source>
-        <translation>PDF-Dokumente (*.pdf)</translation>
-    </message>
-    <message>
         <source>index</source>
         <comment>the page of help in the user&apos;s language</comment>
         <translation>index_de</translation>
-    </message>
-    <message>
-        <source>Choose a song with chords first</source>
-        <translation>Wähle erst einen Song, der Akkorde hat</translation>
-    </message>
-    <message>
-        <source>Stop playing first, then change the loop</source>
-        <translation>Erst die Wiedergabe anhalten, dann den Loop ändern</translation>
-    </message>
-    <message>
-        <source>Rena&amp;me in Library</source>
-        <translation>In der Bibliothek u&amp;mbenennen</translation>
-    </message>
-    <message>
-        <source>F2</source>
-        <translation>F2</translation>
-    </message>
-    <message>
-        <source>Mo&amp;ve Song to Album</source>
-        <translation>Son&amp;g in Album verschieben</translation>
     </message>
     <message>
         <source>&amp;Play</source>
@@ -1910,18 +1915,10 @@
         <translation>Gehe &amp;zu</translation>
     </message>
     <message>
-        <source>Tablature</source>
-        <translation>Tabulatur</translation>
-    </message>
-    <message>
         <source>Drop a recording of a guitar here, or choose File, Import Recording.
 To play one yourself, open the Record panel.</source>
         <translation>Ziehe eine Gitarrenaufnahme hierher, oder wähle Datei, Aufnahme importieren.
 Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
-    </message>
-    <message>
-        <source>Space plays it, digits change the fret at the cursor, the menu Song arranges it</source>
-        <translation>Die Leertaste spielt ab, Ziffern ändern den Bund unter dem Cursor, das Menü Song arrangiert</translation>
     </message>
     <message>
         <source>Playing %1</source>
@@ -1935,26 +1932,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>That did not work, and the text says why; press Escape in it or click a song to go on</source>
         <translation>Das ging nicht, und der Text sagt, warum; drücke darin Escape oder klicke auf einen Song, um weiterzuarbeiten</translation>
     </message>
-    <message>
-        <source>%1 is recorded</source>
-        <translation>%1 ist aufgenommen</translation>
-    </message>
-    <message>
-        <source>Korvel ended while it recorded; the sound is in %1</source>
-        <translation>Korvel endete, während es aufnahm; der Ton ist in %1</translation>
-    </message>
-    <message>
-        <source>Korvel ended while it recorded. Make a song of what is in %1?</source>
-        <translation>Korvel endete, während es aufnahm. Soll aus dem, was in %1 ist, ein Song werden?</translation>
-    </message>
-    <message>
-        <source>Keep exported tablature in %1? The settings name another folder.</source>
-        <translation>Exportierte Tabulaturen in %1 ablegen? Die Einstellungen ändern das.</translation>
-    </message>
-    <message>
-        <source>Korvel ended while it imported %1; the song %2 has what was heard until then. Import the file again to have all of it.</source>
-        <translation>Korvel wurde beendet, während es %1 importierte; der Song %2 enthält, was bis dahin gehört wurde. Importiere die Datei noch einmal, um alles zu haben.</translation>
-    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
@@ -1965,6 +1942,37 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>No</source>
         <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::Panels</name>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>Notenrolle</translation>
+    </message>
+    <message>
+        <source>Fretboard</source>
+        <translation>Griffbrett</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Jobs</source>
+        <translation>Aufträge</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Tablature</source>
+        <translation>Tabulatur</translation>
     </message>
 </context>
 <context>
@@ -2257,6 +2265,13 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>&amp;Language</source>
         <translation>&amp;Sprache</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::ShownSong</name>
+    <message>
+        <source>Stop playing first, then change the loop</source>
+        <translation>Erst die Wiedergabe anhalten, dann den Loop ändern</translation>
     </message>
 </context>
 <context>

@@ -2,23 +2,24 @@
 #pragma once
 
 #include <QMainWindow>
-#include <functional>
+#include <optional>
 
-#include "platform/persistence/Ref.h"
 #include "ui/desktop/DesktopScheme.h"
 #include "ui/dialogs/SaveFilePanel.h"
+#include "ui/window/Panels.h"
 #include "workflow/hearing/ImportDesk.h"
 #include "workflow/library/LibraryTree.h"
 #include "workflow/session/SessionViews.h"
 
-class QDockWidget;
 class QLabel;
 class QVBoxLayout;
 
 namespace korvel::ui {
 
 class AlbumMenu;
+class Arrivals;
 class EditMenu;
+class FileMenu;
 class FindBar;
 class FretboardView;
 class HelpWindow;
@@ -28,6 +29,7 @@ class LogPanel;
 class PlayerBar;
 class RecordPanel;
 class RollView;
+class ShownSong;
 class SongMenu;
 class TablatureView;
 class TreePanel;
@@ -71,57 +73,32 @@ class MainWindow final : public QMainWindow, public SongView {
   void dropEvent(QDropEvent* event) override;
 
  private:
-  void addTablature();
-  void connectViews();
-  void connectSound();
-  void addPanels();
-  QDockWidget* addPanel(const QString& title, const char* name, QWidget* panel,
-                        Qt::DockWidgetArea area);
+  void layOut();
+  QWidget* newCentre();
+  void connectParts();
+  void connectLibrary();
   void attachViews(FatalAlert& alert);
-  void restoreLayout();
   void say(const QString& text);
 
-  // Menus.
   void addMenus();
-  void addFileMenu();
-  void completeEditMenu();
-  void addLibraryEdits();
   void addPlayMenu();
   void addViewMenu();
-  void addGoToMenu(QMenu& menu);
   void addHelpMenu();
-  void listRecentFiles();
-  void listAlbums(QMenu& menu);
-  static void goTo(QDockWidget& panel);
-  /// Does what needs a song that can be handed on.
-  void withSong(const std::function<void()>& act);
 
   // What the menus do.
-  void showCursor(int chord);
-  void showPlaying();
-  void refreshViews();
-  void resetLoop();
-  void chooseLoopEnd(int chord);
-  void showImported(const QString& file, QBSong* song);
-  void showNewSong(QBSong* song);
   void applyPreferences();
   void changeSettings(const char* page = nullptr);
-  bool isBusy() const;
-  void offerTakes();
-  void offerWorkFolder();
-  void rememberRunning();
-  void rememberSong() const;
-  void tellOfInterrupted(const ImportUnderWay& import);
-  void endWork();
-  void printSong();
-  void exportPdf();
   void showHelp();
+
+  void showHeard(QBSong* heard);
+  bool isBusy() const;
+  static void rememberRunning();
+  void rememberSong() const;
+  void endWork();
 
   SaveFilePanel m_savePanel{this};
   LibraryTree m_library;
   ImportDesk m_desk{m_library};
-  platform::Ref<QBSong> m_song;
-  bool m_turnedToASong = false;  ///< The user did so since the last import was started.
   LibraryActions* m_actions;
   TreePanel* m_tree;
   TablatureView* m_tablature;
@@ -133,13 +110,15 @@ class MainWindow final : public QMainWindow, public SongView {
   PlayerBar* m_player;
   RecordPanel* m_record;
   HelpWindow* m_help;
+  FileMenu* m_fileMenu;
   EditMenu* m_editMenu;
   SongMenu* m_songMenu;
   AlbumMenu* m_albumMenu;
-  QMenu* m_recent = nullptr;
-  QList<QDockWidget*> m_panels;  ///< The library first.
-  DesktopScheme m_scheme;
+  ShownSong* m_shown;
+  Arrivals* m_arrivals;
   QVBoxLayout* m_centre = nullptr;
+  std::optional<Panels> m_panels;
+  DesktopScheme m_scheme;
   QLabel* m_heard;  ///< Which song plays.
   QLabel* m_place;
 };

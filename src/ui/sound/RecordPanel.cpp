@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/window/RecordPanel.h"
+#include "ui/sound/RecordPanel.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/window/PlayerIcons.h"
+#include "ui/sound/PlayerIcons.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>

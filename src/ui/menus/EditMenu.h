@@ -13,16 +13,26 @@ class SongEditor;
 
 namespace korvel::ui {
 
+class FindBar;
 class FretboardView;
 class TablatureView;
+class TreePanel;
 
-/// Edits of the song that is shown, at the tablature's cursor, and undo and redo of everything.
+/// Edits of the song that is shown, at the tablature's cursor and in the library, and undo and redo
+/// of everything.
 class EditMenu final : public QMenu {
   Q_OBJECT
 
  public:
-  /// Takes the edits that the views tell of, too; both outlive this.
-  EditMenu(TablatureView& tablature, FretboardView& fretboard, QWidget* parent = nullptr);
+  struct Views {
+    TablatureView& tablature;
+    FretboardView& fretboard;
+    FindBar& find;
+    TreePanel& tree;
+  };
+
+  /// Takes the edits that the views tell of, too; they outlive this.
+  explicit EditMenu(const Views& views, QWidget* parent = nullptr);
 
   /// There is nothing to edit without a song, or in one that is locked, as while it plays.
   void setSong(QBSong* song);
@@ -33,12 +43,17 @@ class EditMenu final : public QMenu {
   void edited();
   /// One line with what to do.
   void refused(const QString& text);
+  /// The title of what is selected in the library is to be edited there.
+  void renameWanted();
 
  private:
   void addUndo();
   void addClipboard();
   void addToneEdits();
   void addChordEdits();
+  void addSearches(const Views& views);
+  void addLibraryEdits(TreePanel& tree);
+  void listAlbums(QMenu& menu, TreePanel& tree);
   QAction* addEdit(const QString& title, const QKeySequence& keys,
                    const std::function<void()>& act);
   void connectViews(FretboardView& fretboard);

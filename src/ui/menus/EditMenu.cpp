@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/window/EditMenu.h"
+#include "ui/menus/EditMenu.h"
 
 #include <QCoreApplication>
 #include <QInputDialog>
 #include <array>
 #include <utility>
 
+#include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
@@ -13,10 +14,13 @@
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
+#include "ui/library/TreePanel.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
+#include "ui/window/FindBar.h"
 #include "workflow/editing/SongEditor.h"
 #include "workflow/editing/ToneToggles.h"
+#include "workflow/library/LibraryEdits.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
@@ -46,13 +50,15 @@ QString titled(const QString& plain, const QString& named, const platform::UserT
 
 }  // namespace
 
-EditMenu::EditMenu(TablatureView& tablature, FretboardView& fretboard, QWidget* parent)
-    : QMenu(tr("&Edit"), parent), m_tablature(tablature) {
+EditMenu::EditMenu(const Views& views, QWidget* parent)
+    : QMenu(tr("&Edit"), parent), m_tablature(views.tablature) {
   addUndo();
   addClipboard();
   addToneEdits();
   addChordEdits();
-  connectViews(fretboard);
+  addSearches(views);
+  addLibraryEdits(views.tree);
+  connectViews(views.fretboard);
   connect(this, &QMenu::aboutToShow, this, &EditMenu::update);
   // Their keys work whatever the menu said when it was open.
   connect(this, &QMenu::aboutToHide, this, [this] {
@@ -112,6 +118,32 @@ void EditMenu::addChordEdits() {
     attemptInsertion([](SongEditor& editor, int chord) { editor.insertChordAfter(chord); });
   });
   addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] { deleteChosen(); });
+}
+
+void EditMenu::addSearches(const Views& views) {
+  addSeparator();
+  addAction(tr("&Find Chord ..."), QKeySequence::Find, &views.find, &FindBar::open);
+  addAction(tr("Search &Library ..."), tr("Ctrl+L"), &views.tree, &TreePanel::focusSearch);
+}
+
+void EditMenu::addLibraryEdits(TreePanel& tree) {
+  addSeparator();
+  addAction(tr("Rena&me in Library"), tr("F2"), this, &EditMenu::renameWanted);
+  QMenu* albums = addMenu(tr("Mo&ve Song to Album"));
+  connect(this, &QMenu::aboutToShow, this, [this, albums, &tree] { listAlbums(*albums, tree); });
+}
+
+/// Those that the song that is shown may move to.
+void EditMenu::listAlbums(QMenu& menu, TreePanel& tree) {
+  menu.clear();
+  const QBAlbum* own = m_song ? m_song->album() : nullptr;
+  for (const auto& album : QBTabMgr::db().albums())
+    if (own && album != own)
+      menu.addAction(toText(album->name()).replace('&', "&&"), this, [this, album, &tree] {
+        moveSong(*m_song, *album);
+        tree.showSong(m_song);
+      });
+  menu.setEnabled(!menu.isEmpty());
 }
 
 // ---- what they do

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/window/PlayerBar.h"
+#include "ui/sound/PlayerBar.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -14,7 +14,7 @@
 #include "ui/desktop/Synthesizers.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
-#include "ui/window/PlayerIcons.h"
+#include "ui/sound/PlayerIcons.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/TuningForNow.h"
 

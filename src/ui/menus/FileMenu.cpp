@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/menus/FileMenu.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "model/songs/QBSong.h"
+#include "platform/files/FileError.h"
+#include "ui/desktop/Preferences.h"
+#include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
+#include "ui/library/LibraryActions.h"
+#include "ui/views/TablaturePages.h"
+#include "ui/views/TablatureView.h"
+#include "workflow/exporting/SongFiles.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel::ui {
+
+FileMenu::FileMenu(LibraryActions& actions, const TablatureView& tablature, QWidget* parent)
+    : QMenu(tr("&File"), parent), m_actions(actions), m_tablature(tablature) {
+  addAction(tr("&Import Recording ..."), QKeySequence::Open, this,
+            [this] { m_actions.chooseAndImport(); });
+  m_recent = addMenu(tr("Import &Recent"));
+  addAction(tr("&New Album"), QKeySequence::New, &actions, &LibraryActions::createAlbum);
+  addSeparator();
+  addSongEntries();
+  addSeparator();
+  addAction(tr("&Settings ..."), tr("Ctrl+,"), this, &FileMenu::settingsWanted);
+  addAction(tr("&Quit"), QKeySequence::Quit, this, &FileMenu::quitWanted);
+  connect(this, &QMenu::aboutToShow, this, [this] {
+    listRecentFiles();
+    enableForSong(hasSong());
+  });
+  // Their keys work whatever the menu said when it was open.
+  connect(this, &QMenu::aboutToHide, this, [this] { enableForSong(true); });
+}
+
+void FileMenu::addSongEntries() {
+  addForSong(tr("&Export Song ..."), tr("Ctrl+E"), [this] { m_actions.exportSongFile(m_song); });
+  addForSong(tr("Export as P&DF ..."), {}, [this] { exportPdf(); });
+  addForSong(tr("&Print ..."), QKeySequence::Print, [this] { printSong(); });
+}
+
+void FileMenu::addForSong(const QString& title, const QKeySequence& keys,
+                          const std::function<void()>& act) {
+  m_forSong.append(addAction(title, keys, this, [this, act] {
+    if (hasSong())
+      act();
+    else
+      emit refused(tr("Choose a song with chords first"));
+  }));
+}
+
+void FileMenu::setSong(QBSong* song) { m_song = song; }
+
+bool FileMenu::hasSong() const { return m_song && m_song->hasTabulature(); }
+
+void FileMenu::enableForSong(bool enabled) {
+  for (QAction* action : m_forSong) action->setEnabled(enabled);
+}
+
+void FileMenu::listRecentFiles() {
+  m_recent->clear();
+  for (const QString& file : Preferences().recentFiles())
+    m_recent
+        ->addAction(QFileInfo(file).fileName(), this,
+                    [this, file] { m_actions.importFiles({file}); })
+        ->setToolTip(file);
+  m_recent->setEnabled(!m_recent->isEmpty());
+}
+
+void FileMenu::printSong() {
+  QPrinter printer(QPrinter::HighResolution);
+  QPrintDialog dialog(&printer, parentWidget());
+  if (dialog.exec() == QDialog::Accepted &&
+      !printTablature(*m_song, m_tablature.tabFont(), printer))
+    emit refused(tr("The printer took nothing; look whether it is switched on"));
+}
+
+void FileMenu::exportPdf() {
+  Preferences preferences;
+  const QString name = toText(fileNameOf(m_song->title())) + ".pdf";
+  const QString file = QFileDialog::getSaveFileName(parentWidget(), tr("Export as PDF"),
+                                                    QDir(preferences.exportFolder()).filePath(name),
+                                                    tr("PDF documents (*.pdf)"));
+  if (file.isEmpty()) return;
+  preferences.setExportFolder(QFileInfo(file).absolutePath());
+  try {
+    savePdf(*m_song, m_tablature.tabFont(), file.toStdString());
+    QBSession::session().addToLog(file.toStdString());
+  } catch (const platform::FileError& problem) {
+    emit refused(translated(problem));
+  }
+}
+
+}  // namespace korvel::ui

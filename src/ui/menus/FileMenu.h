@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMenu>
+#include <functional>
+
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+class QBSong;
+}
+
+namespace korvel::ui {
+
+class LibraryActions;
+class TablatureView;
+
+/// Recordings in, songs out.
+class FileMenu final : public QMenu {
+  Q_OBJECT
+
+ public:
+  /// Songs are printed in the tablature's font. Both outlive the menu.
+  FileMenu(LibraryActions& actions, const TablatureView& tablature, QWidget* parent = nullptr);
+
+  /// The song that is handed on.
+  void setSong(QBSong* song);
+
+ signals:
+  void settingsWanted();
+  void quitWanted();
+  /// One line with what to do.
+  void refused(const QString& text);
+
+ private:
+  void addSongEntries();
+  void addForSong(const QString& title, const QKeySequence& keys, const std::function<void()>& act);
+  void listRecentFiles();
+  bool hasSong() const;
+  void enableForSong(bool enabled);
+  void printSong();
+  void exportPdf();
+
+  LibraryActions& m_actions;
+  const TablatureView& m_tablature;
+  platform::Ref<QBSong> m_song;
+  QMenu* m_recent = nullptr;
+  QList<QAction*> m_forSong;  ///< Entries that need a song with chords.
+};
+
+}  // namespace korvel::ui

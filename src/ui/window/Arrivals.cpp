@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/window/Arrivals.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+#include "model/songs/QBSong.h"
+#include "ui/desktop/Text.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel::ui {
+namespace {
+
+/// It is about the song that is shown, which must not change then.
+bool isDialogOpen() { return QApplication::activeModalWidget() != nullptr; }
+
+}  // namespace
+
+void Arrivals::showImported(const QString& file, QBSong* song) {
+  const QString name = QFileInfo(file).fileName();
+  if (song->isDeleted()) return;
+  if (!song->hasTabulature())
+    return emit said(
+        tr("%1: no tones were heard in it; is it a guitar alone, and loud enough?").arg(name));
+  if (m_turnedToASong || isDialogOpen()) return emit said(tr("%1 is imported").arg(name));
+  QBSession::session().setActiveSong(song);
+  emit said(tr("Space plays it, digits change the fret at the cursor, the menu Song arranges it"));
+}
+
+void Arrivals::showRecorded(QBSong* song) {
+  if (isDialogOpen())
+    emit said(tr("%1 is recorded").arg(toText(song->title())));
+  else
+    QBSession::session().setActiveSong(song);
+}
+
+}  // namespace korvel::ui

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/window/Greeting.h"
+
+#include <QDir>
+#include <utility>
+
+#include "model/songs/QBSong.h"
+#include "platform/files/FileError.h"
+#include "ui/desktop/Preferences.h"
+#include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
+#include "ui/dialogs/SettingsDialog.h"
+#include "ui/window/OfferBar.h"
+#include "workflow/hearing/LiveRecording.h"
+#include "workflow/library/LibraryEdits.h"
+
+namespace korvel::ui {
+
+Greeting::Greeting(QBoxLayout& place, QObject* parent) : QObject(parent), m_place(place) {}
+
+void Greeting::say() {
+  Preferences preferences;
+  for (const ImportUnderWay& each : preferences.runningImports()) tellOfInterrupted(each);
+  preferences.setRunningImports({});
+  offerTakes();
+  if (!preferences.askedForFolder()) offerWorkFolder();
+}
+
+void Greeting::offer(const QString& question, std::function<void()> accept) {
+  m_place.insertWidget(0, new OfferBar(question, std::move(accept)));
+}
+
+/// What a recording has left that did not come to its end. Each is told of once.
+void Greeting::offerTakes() {
+  Preferences preferences;
+  const QStringList known = preferences.knownTakes();
+  QStringList all;
+  QStringList takes;
+  for (const auto& take : LiveRecording::takesLeftBehind()) all.append(toText(take.string()));
+  for (const QString& take : all)
+    if (!known.contains(take)) takes.append(take);
+  preferences.setKnownTakes(all);
+  if (takes.isEmpty()) return;
+  const QString files = takes.join(", ");
+  emit told(tr("Korvel ended while it recorded; the sound is in %1").arg(files));
+  offer(tr("Korvel ended while it recorded. Make a song of what is in %1?").arg(files),
+        [this, takes] { emit importWanted(takes); });
+}
+
+void Greeting::tellOfInterrupted(const ImportUnderWay& import) {
+  const QBSong* song = ImportDesk::mend(import);
+  const QString file = toText(import.file);
+  emit told(song ? tr("Korvel ended while it imported %1; the song %2 has what was heard until "
+                      "then. Import the file again to have all of it.")
+                       .arg(file, toText(song->title()))
+                 : tr("Korvel ended while it imported %1; import it again.").arg(file));
+}
+
+void Greeting::offerWorkFolder() {
+  Preferences().setAskedForFolder();
+  const QString folder = offeredWorkFolder();
+  offer(tr("Keep exported tablature in %1? The settings name another folder.")
+            .arg(QString(folder).replace(QDir::homePath(), "~")),
+        [this, folder] {
+          try {
+            setWorkDirectory(folder.toStdString());
+          } catch (const platform::FileError& problem) {
+            emit refused(translated(problem));
+          }
+        });
+}
+
+}  // namespace korvel::ui

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QBoxLayout>
+#include <QObject>
+#include <functional>
+
+#include "workflow/hearing/ImportDesk.h"
+
+namespace korvel::ui {
+
+/// What a start has to tell and to ask.
+class Greeting final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Questions are put at the top of the place, which outlives this.
+  explicit Greeting(QBoxLayout& place, QObject* parent = nullptr);
+
+  /// Says what was running when the last window did not close, offers to import what it was
+  /// recording, and a working directory to a new user.
+  void say();
+
+ signals:
+  /// A line for the log.
+  void told(const QString& text);
+  void importWanted(const QStringList& files);
+  /// One line with what to do.
+  void refused(const QString& text);
+
+ private:
+  void offer(const QString& question, std::function<void()> accept);
+  void offerTakes();
+  void offerWorkFolder();
+  void tellOfInterrupted(const ImportUnderWay& import);
+
+  QBoxLayout& m_place;
+};
+
+}  // namespace korvel::ui

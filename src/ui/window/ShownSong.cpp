@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/window/ShownSong.h"
+
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "ui/menus/EditMenu.h"
+#include "ui/sound/PlayerBar.h"
+#include "ui/views/FretboardView.h"
+#include "ui/views/RollView.h"
+#include "ui/views/TablatureView.h"
+#include "workflow/editing/SongEdits.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel::ui {
+
+ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_views(views) {
+  TablatureView& tablature = m_views.tablature;
+  RollView& roll = m_views.roll;
+  PlayerBar& player = m_views.player;
+  connect(&tablature, &TablatureView::clicked, this,
+          [](double x, double y) { QBSession::session().selectChord(x, y); });
+  connect(&tablature, &TablatureView::songWanted, this,
+          [this] { QBSession::session().setActiveSong(m_song); });
+  connect(&tablature, &TablatureView::loopEndChosen, this, &ShownSong::chooseLoopEnd);
+  connect(&tablature, &TablatureView::cursorMoved, this, &ShownSong::showCursor);
+  connect(&tablature, &TablatureView::playToggled, &player, &PlayerBar::toggle);
+  connect(&roll, &RollView::playToggled, &player, &PlayerBar::toggle);
+  connect(&roll, &RollView::chordChosen, this,
+          [&tablature](int chord) { tablature.moveCursor(chord, tablature.cursorString()); });
+  connect(&m_views.edits, &EditMenu::edited, this, &ShownSong::refresh);
+  connect(&player, &PlayerBar::moved, this, &ShownSong::showPlaying);
+  connect(&player, &PlayerBar::resetLoopWanted, this, &ShownSong::resetLoop);
+}
+
+void ShownSong::set(QBSong* song) {
+  m_song = song;
+  m_views.tablature.sayPlace();  // the tree tells of its current row as if it had the focus
+  m_views.fretboard.setSong(song);
+  m_views.roll.setSong(song);
+  m_views.edits.setSong(song);
+  showCursor(m_views.tablature.cursorChord());
+  showPlaying();
+}
+
+void ShownSong::showCursor(int chord) {
+  m_views.fretboard.showChord(chord);
+  m_views.roll.showCursor(chord);
+  emit placeChanged(m_views.tablature.placeText());
+}
+
+/// The chord that is heard, or the one under the cursor when none is, or one of another song.
+void ShownSong::showPlaying() {
+  const bool shown = m_views.player.plays(m_song);
+  const int chord = shown ? m_views.tablature.playingChord() : -1;
+  emit heardChanged(m_views.player.song());
+  m_views.edits.setLocked(shown);
+  m_views.roll.showPlaying(chord);
+  m_views.fretboard.showChord(chord >= 0 ? chord : m_views.tablature.cursorChord());
+}
+
+void ShownSong::resetLoop() {
+  if (m_views.player.plays(m_song))
+    return emit refused(tr("Stop playing first, then change the loop"));
+  if (m_song) clearLoop(*m_song);
+  refresh();
+}
+
+/// After a change of the song.
+void ShownSong::refresh() {
+  m_views.tablature.refresh();
+  m_views.roll.refresh();
+  showCursor(m_views.tablature.cursorChord());
+}
+
+void ShownSong::chooseLoopEnd(int chord) {
+  if (!m_song) return;
+  moveLoopEnd(*m_song, chord);
+  refresh();
+}
+
+}  // namespace korvel::ui

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+class QBSong;
+}
+
+namespace korvel::ui {
+
+class EditMenu;
+class FretboardView;
+class PlayerBar;
+class RollView;
+class TablatureView;
+
+/// The song that the window shows: keeps its views in step with each other, with the edits and with
+/// what is heard.
+class ShownSong final : public QObject {
+  Q_OBJECT
+
+ public:
+  struct Views {
+    TablatureView& tablature;
+    FretboardView& fretboard;
+    RollView& roll;
+    EditMenu& edits;
+    PlayerBar& player;
+  };
+
+  /// The views outlive this.
+  explicit ShownSong(const Views& views, QObject* parent = nullptr);
+
+  /// The tablature has it already.
+  void set(QBSong* song);
+  QBSong* song() const { return m_song; }
+  void resetLoop();
+
+ signals:
+  /// Where the cursor is, in words.
+  void placeChanged(const QString& words);
+  /// Another song is heard, or none.
+  void heardChanged(QBSong* song);
+  /// One line with what to do.
+  void refused(const QString& text);
+
+ private:
+  void showCursor(int chord);
+  void showPlaying();
+  void refresh();
+  void chooseLoopEnd(int chord);
+
+  Views m_views;
+  platform::Ref<QBSong> m_song;
+};
+
+}  // namespace korvel::ui
