@@ -243,6 +243,15 @@ class Session:
         self.song_cell("Evening")
         self.picture("10-after-closing-in-an-import")
 
+    def delete_by_menu(self):
+        """An album that stands above its song, while a screen reader hears of every row."""
+        self.window.click("table cell", "Evening")
+        entries = self.window.entries("Album")
+        self.window.click("table cell", "Evening", button=3)
+        self.window.keys(*["Down"] * (entries.index("Delete") + 1), "Return")
+        self.expect_log("Album was successfully deleted.")
+        wait_for("the tree without it", lambda: not self.window.has("table cell", "Evening"))
+
     def import_without_end(self, name):
         long = self.home / f"{name}.ogg"
         subprocess.run(["ffmpeg", "-v", "error", "-stream_loop", "100", "-i", self.recording, "-c",
@@ -289,6 +298,7 @@ def main():
         session.edit_beside_an_import()
         session.end()
         session.expect_import_kept()
+        session.delete_by_menu()
         session.end()
     except AssertionError:
         session.picture("failed")

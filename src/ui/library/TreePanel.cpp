@@ -179,8 +179,12 @@ void TreePanel::sayCurrent() {
   if (!QAccessible::isActive() || !m_view->hasFocus()) return;
   QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(m_view);
   QAccessibleTableInterface* rows = seen ? seen->tableInterface() : nullptr;
-  if (!rows || rows->selectedCellCount() == 0) return;
-  QAccessibleEvent focused(rows->selectedCells().front(), QAccessible::Focus);
+  if (!rows) return;
+  // Before the view has its rows in place again, a selected row may have no cell.
+  m_view->visualRect(m_view->currentIndex());
+  const auto cells = rows->selectedCells();
+  if (cells.isEmpty() || !cells.front()) return;
+  QAccessibleEvent focused(cells.front(), QAccessible::Focus);
   QAccessible::updateAccessibility(&focused);
 }
 
