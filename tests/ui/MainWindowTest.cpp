@@ -252,6 +252,11 @@ TEST_F(MainWindowTest, fileWithoutSoundIsSaidInTheStatusBar) {
   m_window->importFiles({QString::fromStdString(file)});
   EXPECT_TRUE(m_window->statusMessage().startsWith("notes.mp3 was not imported"));
   EXPECT_TRUE(log().startsWith("EXCEPTION OCCURED IN CONTEXT: importSong"));
+  std::string shown;
+  for (const std::string& row : m_window->tablature().tabLayout().rows()) shown += row + '\n';
+  EXPECT_EQ(shown.find("EXCEPTION"), std::string::npos) << shown;
+  EXPECT_TRUE(shown.starts_with(file)) << shown;
+  EXPECT_NE(shown.find("choose another sound file"), std::string::npos) << shown;
 }
 
 /// What is open in the tree, by the titles that are seen.

@@ -263,7 +263,7 @@ void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
 void LibraryActions::importFile(const QString& file, QBAlbum* into) {
   const auto job = m_desk.importFile(file.toStdString(), into);
   if (!job) {
-    emit refused(adviceFor(file));
+    emit importRefused(adviceFor(file));
     return;
   }
   // Showing the song is a step of its own: the last one of the import is long enough.

@@ -50,6 +50,8 @@ class LibraryActions final : public QObject {
  signals:
   /// What the user wanted cannot be; text: why, in one line.
   void refused(const QString& text);
+  /// A file was not imported, and a text in the song's place says why; advice: what to try.
+  void importRefused(const QString& advice);
   void importStarted(const QString& file);
   void imported(const QString& file, QBSong* song);
   /// The title of that node is to be edited in place.

@@ -22,6 +22,7 @@
 #include "tab/layout/PlayPosition.h"
 #include "tab/text/TabText.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "ui/views/ChordWords.h"
 
 namespace korvel::ui {
@@ -30,11 +31,25 @@ namespace {
 constexpr double kMarginColumns = 1;
 constexpr double kMarginRows = 0.5;
 constexpr int kFretColumns = 2;
+constexpr qsizetype kColumnsOfWords = 72;
 /// Rows of a system that marks span: the name, the strings, the note values.
 constexpr int kMarkedRows = 1 + kStrings + 3;
 
 QRectF withMargin(const QRectF& rect, double margin) {
   return rect.adjusted(-margin, -margin, margin, margin);
+}
+
+/// In rows that a narrow window shows, as far as blanks allow.
+std::string wrapped(const QString& text) {
+  QString rows;
+  qsizetype column = 0;
+  for (const QString& word : text.split(' ')) {
+    const bool fits = column + word.size() < kColumnsOfWords;
+    if (column > 0) rows += fits ? ' ' : '\n';
+    column = (fits ? column + 1 : 0) + word.size();
+    rows += word;
+  }
+  return rows.toStdString();
 }
 
 }  // namespace
@@ -102,6 +117,16 @@ void TablatureView::drawTuning(QBTuning* tuning) {
 void TablatureView::drawContent(const std::string& text) {
   showText(text);
   emit problemShown();
+}
+
+void TablatureView::drawProblem(const std::string&, const platform::UserText& told) {
+  drawContent(wrapped(translated(told)));
+}
+
+void TablatureView::advise(const QString& advice) {
+  QString text;
+  for (const std::string& row : m_layout.rows()) text += toText(row) + '\n';
+  showText(text.toStdString() + '\n' + wrapped(advice));
 }
 
 void TablatureView::sayGoodBye() { showText({}); }

@@ -43,6 +43,10 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   void lock(bool locked) override;
   void drawTuning(QBTuning* tuning) override;
   void drawContent(const std::string& text) override;
+  /// What the user is told, without the report, which is in the log.
+  void drawProblem(const std::string& report, const platform::UserText& told) override;
+  /// Adds what to do about it.
+  void advise(const QString& advice);
   void sayGoodBye() override;
 
   QBSong* song() const { return m_song; }

@@ -138,6 +138,8 @@ void MainWindow::connectLibrary() {
   });
   connect(m_actions, &LibraryActions::imported, this, &MainWindow::rememberRunning);
   connect(m_actions, &LibraryActions::imported, m_arrivals, &Arrivals::showImported);
+  connect(m_actions, &LibraryActions::importRefused, m_tablature, &TablatureView::advise);
+  connect(m_actions, &LibraryActions::importRefused, this, &MainWindow::say);
   connect(m_tree, &TreePanel::refused, this, &MainWindow::say);
   connect(m_tree, &TreePanel::songActivated, m_tablature, qOverload<>(&QWidget::setFocus));
   connect(m_tree, &TreePanel::songClicked, this, [this](QBSong* song) {

@@ -12,6 +12,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/text/UserError.h"
 #include "workflow/session/QBCommand.h"
 #include "workflow/session/TreeNode.h"
 
@@ -91,7 +92,7 @@ void QBSession::logError(std::string_view text) { addToLog(text); }
 
 void QBSession::handleException(std::string_view context, const std::exception& exception) {
   const std::string text = exceptionText(context, exception);
-  if (m_views.tab) m_views.tab->drawContent(text);
+  if (m_views.tab) m_views.tab->drawProblem(text, platform::textOf(exception));
   addToLog(text);
 }
 

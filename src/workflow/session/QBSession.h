@@ -45,7 +45,8 @@ class QBSession final : public SessionServices {
   void addToLog(std::string_view text) override;
   void logText(std::string_view text) { addToLog(text); }
   void logError(std::string_view text) override;
-  /// Shows what happened, and where, in the tab view and the log. The program goes on.
+  /// Writes what happened, and where, into the log, and has the tab view show it. The program goes
+  /// on.
   void handleException(std::string_view context, const std::exception& exception);
   /// Logs the context four times; users recognise an error in the log by that.
   void handleError(std::string_view context, std::string_view error);

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text/UserText.h"
+
 namespace korvel {
 
 class QBSong;
@@ -30,6 +32,10 @@ class TabView {
   virtual void lock(bool locked) = 0;
   virtual void drawTuning(QBTuning* tuning) = 0;
   virtual void drawContent(const std::string& text) = 0;
+  /// Something went wrong: the whole report of it, and what a user is told.
+  virtual void drawProblem(const std::string& report, const platform::UserText& /*told*/) {
+    drawContent(report);
+  }
   virtual void sayGoodBye() = 0;
 };
 
