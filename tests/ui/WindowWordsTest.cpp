@@ -32,6 +32,7 @@
 #include "ui/dialogs/SelfCheckDialog.h"
 #include "ui/dialogs/SettingsDialog.h"
 #include "ui/dialogs/TuningDialog.h"
+#include "ui/library/TreeModel.h"
 #include "ui/sound/PlayerBar.h"
 #include "ui/window/MainWindow.h"
 #include "workflow/arranging/SongCommands.h"
@@ -217,9 +218,9 @@ TEST_F(GermanWordsTest, tellResultsAndTitles) {
 /// A desktop names all languages that its user understands, the best one first.
 TEST(GermanTest, isNotSpokenToThoseWhoPreferEnglish) {
   applyLanguages({"en-GB", "de"});
-  EXPECT_EQ(MainWindow::tr("Library"), "Library");
+  EXPECT_EQ(TreeModel::tr("Library"), "Library");
   applyLanguages({"pt-BR", "de-AT", "en"});
-  EXPECT_EQ(MainWindow::tr("Library"), "Bibliothek");
+  EXPECT_EQ(TreeModel::tr("Library"), "Bibliothek");
   applyLanguage("en");
 }
 
