@@ -5,7 +5,7 @@ namespace korvel {
 
 class QBTone;
 
-/// The number of the MIDI note that a tone plays in the selected tuning; the low E is 40.
+/// The number of the MIDI note that a tone plays in the tuning of its song; the low E is 40.
 int toMIDI(const QBTone& tone);
 
 }  // namespace korvel

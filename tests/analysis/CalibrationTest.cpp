@@ -18,7 +18,7 @@ struct CalibrationTest : testing::Test {
     const auto samples = test::play(strums);
     for (std::size_t begin = 0; begin < samples.size(); begin += 16384) {
       const std::size_t size = std::min<std::size_t>(16384, samples.size() - begin);
-      calibration.addBlock(Calibration::tonesIn(std::span(samples).subspan(begin, size)), note);
+      calibration.addBlock(calibration.tonesIn(std::span(samples).subspan(begin, size)), note);
     }
   }
   /// Two seconds of a note, six blocks.
@@ -39,7 +39,7 @@ struct CalibrationTest : testing::Test {
   }
 
   test::StandardStore m_store;
-  Calibration m_calibration;
+  Calibration m_calibration{*m_store.standard()};
 };
 
 TEST_F(CalibrationTest, entersHarmonicsWhereTheOpenStringHasThem) {
@@ -68,11 +68,11 @@ TEST_F(CalibrationTest, measuresWhereStringsSoundAsTheyAreCounted) {
   QBTuning* openG = QBTabMgr::db().createTuning("Open G", 3);
   openG->createOpenGStrings();
   EXPECT_FALSE(Calibration::canMeasure(*openG)) << "its lowest string is an octave below";
-  EXPECT_FALSE(Calibration::isReached(39)) << "below the lowest string";
-  EXPECT_TRUE(Calibration::isReached(76));
-  EXPECT_FALSE(Calibration::isReached(77)) << "above fret 12 of the highest";
+  EXPECT_FALSE(m_calibration.isReached(39)) << "below the lowest string";
+  EXPECT_TRUE(m_calibration.isReached(76));
+  EXPECT_FALSE(m_calibration.isReached(77)) << "above fret 12 of the highest";
   const auto octave = test::play({{{64}, 1.0}});
-  for (const HeardTone& tone : Calibration::tonesIn(std::span(octave).first(16384)))
+  for (const HeardTone& tone : m_calibration.tonesIn(std::span(octave).first(16384)))
     EXPECT_GE(tone.midi, 63) << "what no place plays must not count as the lowest string";
 }
 

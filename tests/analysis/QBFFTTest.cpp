@@ -61,7 +61,7 @@ TEST(QBFFTGuitar, countsABinFromTheThresholdOn) {
   test::StandardStore store;
   const std::vector<float> tones = {110.0F, 0, 220.0F, 196.0F, 146.8F};
   const Samples amps = {0, 749999.99, 9e9, 750000.0, 800000.0, 750000.0};
-  const auto found = QBFFTGuitar::pickPeaks(amps, 1, tones);
+  const auto found = QBFFTGuitar::pickPeaks(amps, 1, tones, nullptr);
   ASSERT_EQ(found.size(), 3U);
   EXPECT_EQ(found[0].frequency(), 196.0F);
   EXPECT_EQ(found[1].frequency(), 220.0F);

@@ -143,7 +143,7 @@ TEST_F(QBMusicXMLParserTest, theInstrumentOfTheProgramIsComplete) {
   for (const auto& read : guitar->readAllSpectrums()) {
     EXPECT_TRUE(read->isCalibrated());
     EXPECT_FALSE(read->overtones().empty());
-    read->computeOffsets();
+    read->computeOffsets(OpenStrings());
     for (const auto& [position, tone] : read->readSortedTones()) {
       EXPECT_GE(tone->hits(), 1);
       EXPECT_GE(tone->offset(), 0) << "what sounds along is higher";

@@ -72,7 +72,7 @@ TEST_F(QBSpectrumTest, offsetsFollowTheSelectedTuning) {
   QBTabMgr::db().computeOffsets();
   EXPECT_EQ(octave->offset(), 14);
   QBOvertone* nowhere = m_lowE->addOvertone(6, 0, 0, 5, 0.0, 1e6);
-  m_lowE->computeOffsets();
+  m_lowE->computeOffsets(OpenStrings());
   EXPECT_EQ(nowhere->offset(), 5) << "on no string: left as the file had it";
   QBTabMgr::db().deselectAllInstruments();
   EXPECT_NO_THROW(QBTabMgr::db().computeOffsets()) << "nothing to do without an instrument";

@@ -9,15 +9,6 @@
 namespace korvel {
 namespace {
 
-TEST(Transcription, tuningsSoundAtTheirFrequencies) {
-  const test::StandardStore store;
-  EXPECT_EQ(openStringsOf(*store.standard()), kStandardPitches);
-  EXPECT_EQ(openStringsOf(*store.dropD()), (OpenPitches{38, 45, 50, 55, 59, 64}));
-  QBTuning* openG = QBTabMgr::db().createTuning("G", 3);
-  openG->createOpenGStrings();
-  EXPECT_EQ(openStringsOf(*openG), (OpenPitches{31, 47, 50, 55, 59, 62}));
-}
-
 TEST(Transcription, hearsAFileStepByStep) {
   const test::ScratchStore store;
   const std::string file = store.folder().file("a.wav");

@@ -83,15 +83,13 @@ TEST_F(QBHoldTest, tonesAreFoundByTheirNote) {
   EXPECT_FALSE(minor.findNote(1));
   EXPECT_EQ(minor.findLargeNote(16)->string(), 2);
   EXPECT_EQ(minor.findLargeNote(4), nullptr) << "the same note, but an octave lower";
-  const QBInstrument& guitar =
-      *QBTabMgr::db().createInstrument(m_store.standard(), "", true, true, 0.5F, 1);
-  EXPECT_EQ(minor.findMelodyTone(guitar)->string(), 5);
-  EXPECT_EQ(minor.findBrassTone(guitar)->string(), 1);
+  EXPECT_EQ(minor.findMelodyTone()->string(), 5);
+  EXPECT_EQ(minor.findBrassTone()->string(), 1);
   QBHold& twice = hold("50xx50");
-  EXPECT_EQ(twice.findBrassTone(guitar)->string(), 0) << "the first of equals";
-  EXPECT_EQ(twice.findMelodyTone(guitar)->string(), 4);
-  EXPECT_EQ(hold("xxxxxx").findMelodyTone(guitar), nullptr);
-  EXPECT_EQ(hold("xxxxxx").findBrassTone(guitar), nullptr);
+  EXPECT_EQ(twice.findBrassTone()->string(), 0) << "the first of equals";
+  EXPECT_EQ(twice.findMelodyTone()->string(), 4);
+  EXPECT_EQ(hold("xxxxxx").findMelodyTone(), nullptr);
+  EXPECT_EQ(hold("xxxxxx").findBrassTone(), nullptr);
 }
 
 TEST_F(QBHoldTest, deletedTonesLeaveTheIndexAndStayReadable) {

@@ -35,6 +35,10 @@ TEST_F(QBTuningTest, onlyTheLowestStringsAbsoluteNoteFollowsTheTuning) {
   for (const auto& [tuning, notes] : expected)
     for (int string = 0; string < 6; ++string)
       EXPECT_EQ(tuning->largeToneOfString(string), notes[static_cast<std::size_t>(string)]);
+  EXPECT_EQ(m_standard.openStrings().pitches(), kStandardPitches);
+  EXPECT_EQ(m_store.dropD()->openStrings().pitches(), kDropDPitches);
+  EXPECT_EQ(openG->openStrings().pitches(), (OpenPitches{31, 47, 50, 55, 59, 62}))
+      << "as they sound";
   QBString* stranger = QBTabMgr::db().createString(nullptr, 4, 6, 1);
   EXPECT_EQ(stranger->largeToneOfString(), -1000000);
   EXPECT_EQ(openG->noteOfString(1), 11);

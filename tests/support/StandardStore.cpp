@@ -2,6 +2,7 @@
 #include "support/StandardStore.h"
 
 #include "model/store/QBSettings.h"
+#include "music/ConcertPitch.h"
 
 namespace korvel::test {
 namespace {
@@ -32,6 +33,14 @@ QBTuning* StandardStore::dropD() const { return QBTabMgr::db().findTuningByOrder
 
 QBSong* StandardStore::song(const std::string& title) const {
   return QBTabMgr::db().createSong(title, standard(), nullptr, nullptr);
+}
+
+QBTuning* addTuning(const std::string& name, const OpenPitches& pitches) {
+  QBTabMgr& db = QBTabMgr::db();
+  QBTuning* tuning = db.createTuning(name, static_cast<int>(db.tunings().size()) + 1);
+  for (int string = 0; const int pitch : pitches)
+    db.createString(tuning, pitchClass(pitch), string++, static_cast<float>(hertzOfNote(pitch)));
+  return tuning;
 }
 
 QBChord* addChord(QBSong* song, std::string_view frets, int duration) {

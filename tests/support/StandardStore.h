@@ -34,6 +34,9 @@ class StandardStore {
   ScratchStore m_store;
 };
 
+/// A further tuning, with strings that sound these MIDI numbers.
+QBTuning* addTuning(const std::string& name, const OpenPitches& pitches);
+
 /// Appends a chord to a song, written as in a chord book: a character for each string, the lowest
 /// first, "x" for a silent one, letters from "a" for frets from 10: "x02210".
 QBChord* addChord(QBSong* song, std::string_view frets, int duration = 1);

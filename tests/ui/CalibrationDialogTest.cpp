@@ -32,9 +32,10 @@ struct CalibrationDialogTest : testing::Test {
     ::unsetenv("XDG_DATA_HOME");
   }
 
-  static std::vector<std::int16_t> notes(std::size_t count) {
+  std::vector<std::int16_t> notes(std::size_t count) const {
     std::vector<int> notes;
-    for (const CalibrationNote& note : notesToCalibrate()) notes.push_back(note.midi);
+    for (const CalibrationNote& note : notesToCalibrate(*m_store.standard()))
+      notes.push_back(note.midi);
     notes.resize(count);
     return test::separateNotes(notes);
   }

@@ -31,14 +31,16 @@ struct CalibrateCommandTest : testing::Test {
     return file;
   }
   std::unique_ptr<CalibrateCommand> hear(const std::string& file) {
-    auto job = std::make_unique<CalibrateCommand>(std::make_shared<MonoTrack>(file), "notes.wav");
+    auto job = std::make_unique<CalibrateCommand>(std::make_shared<MonoTrack>(file), "notes.wav",
+                                                  *m_store.standard());
     job->runInBackground();
     platform::PlainRunLoop::ofProcess().runUntil([&] { return !job->isRunning(); });
     return job;
   }
-  static std::vector<int> asked() {
+  std::vector<int> asked() const {
     std::vector<int> notes;
-    for (const CalibrationNote& note : notesToCalibrate()) notes.push_back(note.midi);
+    for (const CalibrationNote& note : notesToCalibrate(*m_store.standard()))
+      notes.push_back(note.midi);
     return notes;
   }
 
@@ -97,13 +99,13 @@ TEST_F(CalibrateCommandTest, instrumentOfPlayedNotesIsKeptExportedAndUndone) {
 
 TEST_F(CalibrateCommandTest, endsEarlyWithWhatItHasOrWithoutATrace) {
   const std::string file = record(asked());
-  CalibrateCommand job(std::make_shared<MonoTrack>(file), "notes.wav");
+  CalibrateCommand job(std::make_shared<MonoTrack>(file), "notes.wav", *m_store.standard());
   job.runInBackground();
   job.nextStep();
   job.stopAndKeep();
   platform::PlainRunLoop::ofProcess().runUntil([&] { return !job.isRunning(); });
   EXPECT_LT(job.notes().size(), 12U);
-  CalibrateCommand dropped(std::make_shared<MonoTrack>(file), "notes.wav");
+  CalibrateCommand dropped(std::make_shared<MonoTrack>(file), "notes.wav", *m_store.standard());
   dropped.onFinished([] { ADD_FAILURE() << "nobody waits for it"; });
   dropped.runInBackground();
   dropped.nextStep();

@@ -80,7 +80,7 @@ TEST_F(LibraryEditsTest, editedTuningSoundsAsItSaysAndKeepsItsPlace) {
   QBTuning* open = newTuning(KnownTuning::dropD);
   EXPECT_EQ(open->descr(), "Drop D_2");
   selectTuning(*open);
-  OpenPitches dadgad = pitchesOf(*open);
+  OpenPitches dadgad = open->openStrings().pitches();
   EXPECT_EQ(dadgad, (OpenPitches{38, 45, 50, 55, 59, 64}));
   dadgad[4] = 57;
   dadgad[5] = 62;
@@ -91,7 +91,7 @@ TEST_F(LibraryEditsTest, editedTuningSoundsAsItSaysAndKeepsItsPlace) {
   EXPECT_FLOAT_EQ(open->computeFrequency(0, 0), 73.41F) << "was not touched";
   QBTabMgr::db().reloadData();
   ASSERT_EQ(QBTabMgr::db().tunings().size(), 3U);
-  EXPECT_EQ(pitchesOf(*QBTabMgr::db().findTuningByOrder(3)), dadgad);
+  EXPECT_EQ(QBTabMgr::db().findTuningByOrder(3)->openStrings().pitches(), dadgad);
 }
 
 TEST_F(LibraryEditsTest, tuningThatCannotBeIsRefusedAndStaysAsItWas) {
@@ -100,7 +100,7 @@ TEST_F(LibraryEditsTest, tuningThatCannotBeIsRefusedAndStaysAsItWas) {
   EXPECT_THROW(editTuning(*dropD, {30, 45, 50, 55, 59, 64}), EditRefused) << "too low";
   song(newAlbum("A"), "S");
   EXPECT_THROW(editTuning(*m_store.standard(), {38, 45, 50, 55, 59, 64}), EditRefused) << "in use";
-  EXPECT_EQ(pitchesOf(*dropD), (OpenPitches{38, 45, 50, 55, 59, 64}));
+  EXPECT_EQ(dropD->openStrings().pitches(), kDropDPitches);
 }
 
 TEST_F(LibraryEditsTest, oneInstrumentIsAlwaysSelected) {

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/HarmonyOfChord.h"
+#include "export/SongMidi.h"
+#include "export/score/SongScore.h"
 #include "model/songs/ToneOrder.h"
 #include "model/store/KorvelModel.h"
 #include "platform/sqlite/Sqlite.h"
+#include "playback/MidiNote.h"
 #include "support/SongDesk.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
@@ -166,6 +169,105 @@ TEST_F(SongPropertiesTest, movingTonesKeepsTheirPitches) {
     EXPECT_EQ(ofEach(*pushDownStrings(song), notesOf), ofEach(song, notesOf));
     EXPECT_EQ(ofEach(*findBestFingering(song), notesOf), ofEach(song, notesOf));
   });
+}
+
+/// Chords of MIDI numbers: Am, G7, a ninth chord and one with a tone that is foreign to it.
+const std::vector<std::vector<int>> kMusic{
+    {45, 52, 57, 60, 64}, {43, 47, 53, 59, 62}, {48, 52, 55, 58, 62}, {50, 54, 57, 58, 62}};
+
+/// Written on strings that sound these MIDI numbers: each tone on the highest string that is free.
+void write(QBSong& song, const OpenPitches& open) {
+  for (const std::vector<int>& pitches : kMusic) {
+    QBChord* chord = song.createChord();
+    chord->setDuration(2);
+    std::size_t string = open.size();
+    for (auto pitch = pitches.rbegin(); pitch != pitches.rend(); ++pitch) {
+      while (open.at(--string) > *pitch) continue;
+      chord->hold()->addTone(static_cast<int>(string), *pitch - open[string], 1e4 * (*pitch % 7));
+    }
+    readHarmony(*chord);
+  }
+}
+
+Notes pitchesOf(const QBChord& chord, const OpenPitches& open) {
+  Notes pitches;
+  for (const auto& [string, fret] : placesOf(chord))
+    pitches.insert(open.at(static_cast<std::size_t>(string)) + fret);
+  return pitches;
+}
+
+/// Whether all of it is heard in some chord of the music, so many half tones higher. What would lie
+/// below the lowest string is an octave higher.
+bool isOfMusic(const Notes& pitches, int shift, int lowest) {
+  return std::ranges::any_of(kMusic, [&](const std::vector<int>& chord) {
+    Notes moved;
+    for (const int pitch : chord)
+      moved.insert(pitch + shift < lowest ? pitch + shift + 12 : pitch + shift);
+    return std::ranges::includes(moved, pitches);
+  });
+}
+
+/// What is played, written to a MIDI file and noted in a score.
+std::vector<Notes> exported(QBSong& song) {
+  Notes played;
+  Notes sequenced;
+  Notes noted;
+  for (const QBChord* chord : song.chords())
+    for (const auto& tone : tonesOf(*chord)) played.insert(toMIDI(*tone));
+  const MidiSequence sequence = midiOf(song, {});
+  const Score score = scoreOf(song);
+  for (const MidiNote& note : sequence.notes) sequenced.insert(note.pitch);
+  for (const ScoreEvent& event : score.bars.at(0).events)
+    for (const ScoreTone& tone : event.tones) noted.insert(tone.pitch);
+  return {played, sequenced, noted};
+}
+
+/// The half tones that a command transposes by, such as 3 for "transposeUpBy3"; 0 for the others.
+int shiftOf(const std::string& command) {
+  if (!command.starts_with("transpose")) return 0;
+  const int steps = std::stoi(command.substr(command.find("By") + 2));
+  return command.starts_with("transposeUp") ? steps : -steps;
+}
+
+/// Not for hands, whose answers depend on the strings.
+bool asksForVoices(const std::string& command) {
+  static constexpr std::array kStarts{"remove",   "apply",    "extractM", "extractB",
+                                      "extractT", "extractF", "extractS", "copy"};
+  return std::ranges::any_of(kStarts, [&](auto start) { return command.starts_with(start); });
+}
+
+TEST_F(SongPropertiesTest, commandsKeepOrMoveWhatSoundsInEveryTuning) {
+  const std::pair<const char*, OpenPitches> tunings[] = {
+      {"Standard", kStandardPitches},          {"Drop D", kDropDPitches},
+      {"Open G", {31, 47, 50, 55, 59, 62}},    {"DADGAD", {38, 45, 50, 55, 57, 62}},
+      {"Half down", {39, 44, 49, 54, 58, 63}}, {"Baritone", {35, 40, 45, 50, 54, 59}}};
+  Notes written;
+  for (const std::vector<int>& chord : kMusic) written.insert(chord.begin(), chord.end());
+  std::map<std::string, std::vector<Notes>> inStandard;
+  for (const auto& [name, open] : tunings) {
+    QBSong* song = m_desk.album()->createSong(name);
+    song->setTuning(test::addTuning(name, open));
+    write(*song, open);
+    EXPECT_EQ(song->chords().at(0)->fullHarmonyName() + song->chords().at(1)->fullHarmonyName(),
+              "AmG7")
+        << name;
+    EXPECT_EQ(exported(*song), std::vector(3, written)) << name;
+    for (const std::string& command : m_commands) {
+      if (command == "deleteSong") continue;
+      const int shift = shiftOf(command);
+      std::vector<Notes> sounding;
+      const auto made = m_desk.perform(song, command).songs;
+      for (const auto& each : made)
+        for (const QBChord* chord : each->chords()) {
+          sounding.push_back(pitchesOf(*chord, open));
+          EXPECT_TRUE(isOfMusic(sounding.back(), shift, open[0]))
+              << name << ' ' << command << linesOf(*each);
+        }
+      const auto& before = inStandard.try_emplace(command, sounding).first->second;
+      EXPECT_TRUE(!asksForVoices(command) || sounding == before) << name << ' ' << command;
+      m_desk.deleteSongs(made);
+    }
+  }
 }
 
 TEST_F(SongPropertiesTest, noCommandChangesItsSource) {

@@ -74,7 +74,8 @@ class ScratchStore {
 };
 
 /// Blocks of the whole recording, as an import of a file of one channel at 44.1 kHz cuts them.
-std::vector<std::vector<HeardTone>> tonesOf(const std::filesystem::path& file) {
+std::vector<std::vector<HeardTone>> tonesOf(const Calibration& calibration,
+                                            const std::filesystem::path& file) {
   requireSound(file);
   MonoTrack track(file);
   track.startRecord(0.0F);
@@ -83,17 +84,17 @@ std::vector<std::vector<HeardTone>> tonesOf(const std::filesystem::path& file) {
   std::vector<std::vector<HeardTone>> blocks;
   for (std::size_t begin = 0; begin < samples.size(); begin += QBFFT::m_numSamples) {
     const std::size_t size = std::min(QBFFT::m_numSamples, samples.size() - begin);
-    blocks.push_back(Calibration::tonesIn(std::span(samples).subspan(begin, size)));
+    blocks.push_back(calibration.tonesIn(std::span(samples).subspan(begin, size)));
   }
   return blocks;
 }
 
 void addNote(Calibration& calibration, const std::filesystem::path& file, int midi) {
-  if (!Calibration::isReached(midi))
+  if (!calibration.isReached(midi))
     throw platform::FileError(
         file, platform::UserText::verbatim("no string reaches the note " + std::to_string(midi)));
   bool heard = false;
-  for (const auto& tones : tonesOf(file)) {
+  for (const auto& tones : tonesOf(calibration, file)) {
     if (tones.empty()) continue;
     calibration.addBlock(tones, midi);
     heard = true;
@@ -112,7 +113,7 @@ void addRecording(Calibration& calibration, const std::string& argument) {
 }
 
 QBInstrument& measured(const Options& options) {
-  Calibration calibration;
+  Calibration calibration(*QBTabMgr::db().selectedTuning());
   for (const std::string& note : options.notes) addRecording(calibration, note);
   const auto unknown = calibration.unknownStrings();
   if (!unknown.empty())

@@ -52,7 +52,7 @@ void tellStrikesByAmplitude(std::vector<BlockTones>& blocks) {
 PreciseAnalyser::PreciseAnalyser(std::shared_ptr<QBSampleSource> source, QBTuning* tuning,
                                  const precise::Settings& settings)
     : QBChordAnalyser(std::move(source), tuning),
-      m_open(tuning ? openStringsOf(*tuning) : kStandardPitches),
+      m_open(tuning ? tuning->openStrings().pitches() : kStandardPitches),
       m_settings(settings) {}
 
 PreciseAnalyser::~PreciseAnalyser() = default;

@@ -24,8 +24,7 @@ class Transcription;
 class PreciseAnalyser final : public QBChordAnalyser {
  public:
   /// The source, which may be set later, has to deliver samples (`readSamples`) when the first step
-  /// is taken. Without a tuning the guitar is tuned as usual; std::out_of_range for one of fewer
-  /// than six strings.
+  /// is taken. Without a tuning the guitar is tuned as usual.
   PreciseAnalyser(std::shared_ptr<QBSampleSource> source, QBTuning* tuning,
                   const precise::Settings& settings);
   ~PreciseAnalyser() override;

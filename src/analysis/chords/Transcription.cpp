@@ -4,9 +4,6 @@
 #include <utility>
 
 #include "audio/QBSampleSource.h"
-#include "model/instruments/QBString.h"
-#include "model/instruments/QBTuning.h"
-#include "music/ConcertPitch.h"
 #include "platform/loop/Deadline.h"
 
 namespace korvel {
@@ -22,14 +19,6 @@ constexpr double kShareOfReading = 0.25;
 constexpr double kShareOfHearing = 0.7;
 
 }  // namespace
-
-OpenPitches openStringsOf(QBTuning& tuning) {
-  OpenPitches open{};
-  for (int string = 0; string < kStrings; ++string)
-    open[static_cast<std::size_t>(string)] =
-        noteOfHertz(tuning.findStringByPosition(string)->frequency());
-  return open;
-}
 
 Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
                              const precise::Settings& settings)

@@ -14,11 +14,6 @@
 namespace korvel {
 
 class QBSampleSource;
-class QBTuning;
-
-/// The pitches that a tuning's strings sound at, to the nearest semitone. Throws std::out_of_range
-/// for a tuning of fewer than six strings.
-OpenPitches openStringsOf(QBTuning& tuning);
 
 /// A recording on its way to notes with strings and frets: reads the source, detects the notes and
 /// fingers them, a slice at each step. To cancel, destroy it. Not to be moved between steps.

@@ -20,7 +20,6 @@ namespace korvel {
 namespace {
 
 constexpr int kLastFret = 12;
-constexpr int kMidiOfLargeTone0 = 36;
 constexpr int kFewestBlocks = 3;
 constexpr float kFullVolume = 1.0F;
 
@@ -29,8 +28,8 @@ struct Position {
   int fret;
 };
 
-int midiOf(const Position& position) {
-  return QBInstrument::largeToneOfStringS(position.string) + position.fret + kMidiOfLargeTone0;
+int midiOf(QBTuning& tuning, const Position& position) {
+  return tuning.openStrings().note(position.string, position.fret) + kMidiOfLargeTone0;
 }
 
 Position positionIn(const QBFloatMatrix& place) {
@@ -39,18 +38,18 @@ Position positionIn(const QBFloatMatrix& place) {
 
 /// Where the detection puts a note that lies `offset` above an open string; beyond its range, the
 /// fret that the string would need.
-Position detectedPosition(int string, int offset) {
+Position detectedPosition(QBTuning& tuning, int string, int offset) {
   const Position own{string, offset};
-  const float open = QBTabMgr::db().selectedTuning()->computeFrequency(string, 0);
+  const float open = tuning.computeFrequency(string, 0);
   const float frequency = open * std::exp2(static_cast<float>(offset) / kNotesPerOctave);
-  const auto place = QBFrequencyMatrix::infoByFrequencyComputed(frequency);
+  const auto place = QBFrequencyMatrix::infoByFrequencyComputed(frequency, &tuning);
   if (!place) return own;
   const Position found = positionIn(*place);
-  return midiOf(found) == midiOf(own) ? found : own;
+  return midiOf(tuning, found) == midiOf(tuning, own) ? found : own;
 }
 
-bool reaches(int string, int midi) {
-  const int fret = midi - midiOf({string, 0});
+bool reaches(QBTuning& tuning, int string, int midi) {
+  const int fret = midi - midiOf(tuning, {string, 0});
   return fret >= 0 && fret <= kLastFret;
 }
 
@@ -59,7 +58,7 @@ double mean(double before, double value, int n) { return before + (value - befor
 
 }  // namespace
 
-Calibration::Calibration() : m_tuning(QBTabMgr::db().selectedTuning()) {}
+Calibration::Calibration(QBTuning& tuning) : m_tuning(&tuning) {}
 
 Calibration::~Calibration() = default;
 
@@ -74,27 +73,27 @@ bool Calibration::canMeasure(QBTuning& tuning) {
 }
 
 /// Each place once, with its loudest frequency, as in the chords of the detection.
-std::vector<HeardTone> Calibration::tonesIn(std::span<const std::int16_t> samples) {
+std::vector<HeardTone> Calibration::tonesIn(std::span<const std::int16_t> samples) const {
   std::vector<HeardTone> tones;
   const auto spectrum = spectrumOf(samples, 0);
-  for (const QBFrequency& frequency : spectrum->frequencies(nullptr)) {
+  for (const QBFrequency& frequency : spectrum->frequencies(m_tuning)) {
     if (!frequency.isGuitar()) continue;
-    const int midi = midiOf(positionIn(*frequency.matrix()));
+    const int midi = midiOf(*m_tuning, positionIn(*frequency.matrix()));
     if (std::ranges::find(tones, midi, &HeardTone::midi) == tones.end())
       tones.push_back({midi, frequency.amplitude()});
   }
   return tones;
 }
 
-bool Calibration::isReached(int midi) {
+bool Calibration::isReached(int midi) const {
   for (int string = 0; string < kStrings; ++string)
-    if (reaches(string, midi)) return true;
+    if (reaches(*m_tuning, string, midi)) return true;
   return false;
 }
 
 void Calibration::addBlock(std::span<const HeardTone> tones, int midi) {
   for (int string = 0; string < kStrings; ++string) {
-    if (!reaches(string, midi)) continue;
+    if (!reaches(*m_tuning, string, midi)) continue;
     String& heard = m_strings.at(static_cast<std::size_t>(string));
     ++heard.blocks;
     for (const HeardTone& tone : tones) {
@@ -117,24 +116,23 @@ QBInstrument& Calibration::createInstrument(const std::string& name, float detai
                                             double smallestShare) const {
   QBInstrument& instrument =
       *QBTabMgr::db().createInstrument(m_tuning, name, false, true, detailLevel, kFullVolume);
-  for (const auto& spectrum : instrument.readAllSpectrums()) {
-    const int string = spectrum->string()->order();
-    fill(*spectrum, string, m_strings.at(static_cast<std::size_t>(string)), smallestShare);
-  }
+  for (const auto& spectrum : instrument.readAllSpectrums())
+    fill(*spectrum, spectrum->string()->order(), smallestShare);
   instrument.defineAsCalibrated();
   return instrument;
 }
 
-void Calibration::fill(QBSpectrum& spectrum, int string, const String& heard,
-                       double smallestShare) {
+void Calibration::fill(QBSpectrum& spectrum, int string, double smallestShare) const {
+  const String& heard = m_strings.at(static_cast<std::size_t>(string));
   for (const auto& [offset, overtone] : heard.overtones) {
     if (overtone.hits < smallestShare * heard.blocks) continue;
-    const Position at = detectedPosition(string, offset);
-    spectrum.addOvertone(at.string, at.fret, pitchClass(midiOf(at)), offset, 0.0, overtone.amp)
+    const Position at = detectedPosition(*m_tuning, string, offset);
+    spectrum
+        .addOvertone(at.string, at.fret, pitchClass(midiOf(*m_tuning, at)), offset, 0.0,
+                     overtone.amp)
         ->setHits(overtone.hits);
   }
   spectrum.cleanupTones();
-  spectrum.computeOffsets();
   spectrum.defineAsCalibrated();
 }
 

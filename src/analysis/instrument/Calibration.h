@@ -28,24 +28,25 @@ struct HeardTone {
 ///
 /// A recording does not tell on which string its note was played, so it counts for every string
 /// that reaches the note with its open string or frets 1 to 12. Positions are entered for the open
-/// string: what is heard while fret k is stopped lies k semitones lower there. It is for the tuning
-/// that is selected when it is made, which is to be selected whenever it is used.
+/// string: what is heard while fret k is stopped lies k semitones lower there. It is for one
+/// tuning.
 class Calibration {
  public:
   /// Values that were chosen by how well the detection does with them.
   static constexpr float kDetailLevel = 0.85F;
   static constexpr double kSmallestShare = 0.2;
 
-  Calibration();
+  explicit Calibration(QBTuning& tuning);
   ~Calibration();
 
-  /// Whether the strings of a tuning sound at the notes that offsets of overtones are counted by.
+  /// Whether the tuning is the standard one but for its lowest string: with other strings a guitar
+  /// sounds different, and its instrument would be of use for that tuning alone.
   static bool canMeasure(QBTuning& tuning);
   /// What the detection hears in up to 16384 samples. Tones that no place on the neck plays are
   /// left out.
-  static std::vector<HeardTone> tonesIn(std::span<const std::int16_t> samples);
+  std::vector<HeardTone> tonesIn(std::span<const std::int16_t> samples) const;
   /// Whether a string reaches the note, a MIDI number.
-  static bool isReached(int midi);
+  bool isReached(int midi) const;
 
   /// Counts a block in which the note sounds.
   void addBlock(std::span<const HeardTone> tones, int midi);
@@ -70,7 +71,7 @@ class Calibration {
     std::map<int, Overtone> overtones;  ///< By semitones above the string's note.
   };
 
-  static void fill(QBSpectrum& spectrum, int string, const String& heard, double smallestShare);
+  void fill(QBSpectrum& spectrum, int string, double smallestShare) const;
 
   platform::Ref<QBTuning> m_tuning;
   std::array<String, kStrings> m_strings;

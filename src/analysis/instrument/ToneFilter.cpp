@@ -5,6 +5,7 @@
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
 #include "model/instruments/QBString.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "music/Pitch.h"
@@ -14,7 +15,7 @@ namespace korvel {
 // Sums and product are in single precision: a tone at the edge passes by its rounding.
 bool filter(const QBInstrument& instrument, QBSpectrum& spectrum, int fret, const QBChord& chord) {
   const int string = spectrum.string() ? spectrum.string()->order() : 0;
-  const int played = addNotes(instrument.largeToneOfString(string), fret);
+  const int played = openStringsOf(chord).note(string, fret);
   const QBHold* hold = chord.hold();
   float total = 0.0F;
   float found = 0.0F;

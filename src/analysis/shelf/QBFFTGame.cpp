@@ -20,8 +20,8 @@ QBFFTGame::QBFFTGame(std::span<const double> samples, QBInstrument* instrument,
 
 QBFFTGame::~QBFFTGame() = default;
 
-std::span<const QBFrequency> QBFFTGame::frequencies(const QBTuning* /*tuning*/) {
-  if (m_frequencies.empty()) m_frequencies = pickPeaks(amps(), kTableStart, kTones);
+std::span<const QBFrequency> QBFFTGame::frequencies(QBTuning* tuning) {
+  if (m_frequencies.empty()) m_frequencies = pickPeaks(amps(), kTableStart, kTones, tuning);
   return m_frequencies;
 }
 

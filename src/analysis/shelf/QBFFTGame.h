@@ -16,7 +16,7 @@ class QBFFTGame : public QBFFTGuitar {
   QBFFTGame(std::span<const double> samples, QBInstrument* instrument, std::int64_t timestamp);
   ~QBFFTGame() override;
 
-  std::span<const QBFrequency> frequencies(const QBTuning* tuning) override;
+  std::span<const QBFrequency> frequencies(QBTuning* tuning) override;
   QBInstrument* instrument() const { return m_instrument; }
 
  private:

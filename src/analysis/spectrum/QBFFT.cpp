@@ -108,7 +108,7 @@ void QBFFT::fft() {
   }
 }
 
-std::span<const QBFrequency> QBFFT::frequencies(const QBTuning* /*tuning*/) { return {}; }
+std::span<const QBFrequency> QBFFT::frequencies(QBTuning* /*tuning*/) { return {}; }
 
 std::span<const double> QBFFT::samples() const { return m_buffers->samples; }
 

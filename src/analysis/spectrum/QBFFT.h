@@ -40,9 +40,9 @@ class QBFFT {
 
   /// Windows the samples in place and fills `amps`.
   void fft();
-  /// The tones that were heard, loudest first and computed once; empty when there is none. A plain
-  /// spectrum knows no tones.
-  virtual std::span<const QBFrequency> frequencies(const QBTuning* tuning);
+  /// The tones that were heard, loudest first and computed once, in that tuning; empty when there
+  /// is none. A plain spectrum knows no tones.
+  virtual std::span<const QBFrequency> frequencies(QBTuning* tuning);
 
   /// 16384 values, as they came before `fft` and windowed after it.
   std::span<const double> samples() const;

@@ -17,12 +17,13 @@ class QBFFTGuitar : public QBFFT {
 
   using QBFFT::QBFFT;
 
-  std::span<const QBFrequency> frequencies(const QBTuning* tuning) override;
+  std::span<const QBFrequency> frequencies(QBTuning* tuning) override;
 
   /// The tones of the bins that are loud enough, loudest first, equals in the order of the bins.
-  /// Entry i of `tones` is the frequency in Hz that bin firstBin + i stands for, or 0.
+  /// Entry i of `tones` is the frequency in Hz that bin firstBin + i stands for, or 0. Their places
+  /// are those of the tuning.
   static std::vector<QBFrequency> pickPeaks(std::span<const double> amps, std::size_t firstBin,
-                                            std::span<const float> tones);
+                                            std::span<const float> tones, QBTuning* tuning);
 };
 
 }  // namespace korvel

@@ -34,8 +34,8 @@ struct Window {
 
 }  // namespace
 
-QBFrequency::QBFrequency(float f, double amp)
-    : m_f(f), m_amp(amp), m_matrix(QBFrequencyMatrix::infoByFrequencyComputed(f)) {}
+QBFrequency::QBFrequency(float f, double amp, QBTuning* tuning)
+    : m_f(f), m_amp(amp), m_matrix(QBFrequencyMatrix::infoByFrequencyComputed(f, tuning)) {}
 
 bool QBFrequency::equalsTone(const QBTone& tone) const {
   const int places = m_matrix ? m_matrix->height() : 0;

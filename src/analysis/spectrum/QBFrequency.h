@@ -8,6 +8,7 @@
 namespace korvel {
 
 class QBTone;
+class QBTuning;
 
 /// Columns of a matrix of positions on the neck; column 0 is unused.
 inline constexpr int kFretColumn = 1;
@@ -16,8 +17,8 @@ inline constexpr int kStringColumn = 2;
 /// One tone that was heard in a block, with the place on the neck that plays it.
 class QBFrequency {
  public:
-  /// Looks the place up in the tuning that is selected now.
-  QBFrequency(float f, double amp);
+  /// Looks the place up in the tuning; without one there is none.
+  QBFrequency(float f, double amp, QBTuning* tuning);
 
   /// Nominal frequency of the tone in Hz, not the measured one.
   float frequency() const { return m_f; }

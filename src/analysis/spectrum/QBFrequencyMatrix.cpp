@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/spectrum/QBFrequencyMatrix.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <vector>
 
 #include "analysis/spectrum/QBFrequencyMapper.h"
 #include "model/instruments/QBTuning.h"
-#include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
 
@@ -26,12 +26,17 @@ constexpr auto kBigPlaces = std::to_array<std::size_t>(
     {0,  2,  4,  6,  9,  11, 13,  16,  19,  21,  25,  28,  31,  35,  39,  43,  47,  52, 57,
      62, 67, 73, 79, 86, 92, 100, 107, 116, 124, 133, 143, 153, 164, 176, 188, 201, 215});
 
-int fretsSearched(int string) {
-  return string == kHighestString ? kFretsOfHighestString : QBTabMgr::db().endFret();
-}
-
 /// Fret 4 of string 3 sounds as string 4 does open, which plays it.
-bool isLeftToNextString(int string, int fret) { return string == 3 && fret == 4; }
+constexpr std::array kFretsOfSeeded{5, 5, 5, 4, 5, kFretsOfHighestString};
+
+bool isSeeded(const OpenPitches& open) { return open == kStandardPitches || open == kDropDPitches; }
+
+/// How many frets of a string are searched, from the open string on.
+int fretsSearched(const OpenPitches& open, int string) {
+  const auto at = static_cast<std::size_t>(string);
+  if (isSeeded(open) || string == kHighestString) return kFretsOfSeeded.at(at);
+  return std::clamp(open.at(at + 1) - open.at(at), 0, kFretsOfHighestString);
+}
 
 // Bounds in single precision, from products in double precision.
 bool isNear(float f, float tone) {
@@ -49,11 +54,11 @@ QBFloatMatrix positionOf(int string, int fret) {
   return position;
 }
 
-std::vector<float> playableBins() {
+std::vector<float> playableBins(QBTuning* tuning) {
   std::vector<float> table;
   for (int bin = kFirstBin; bin <= kLastBin; ++bin) {
     const float f = static_cast<float>(bin) * QBFrequencyMapper::kBinWidth;
-    table.push_back(QBFrequencyMatrix::infoByFrequencyComputed(f) ? f : 0.0F);
+    table.push_back(QBFrequencyMatrix::infoByFrequencyComputed(f, tuning) ? f : 0.0F);
   }
   return table;
 }
@@ -68,22 +73,19 @@ std::array<float, kBigBins> finePlaces() {
 
 }  // namespace
 
-std::optional<QBFloatMatrix> QBFrequencyMatrix::infoByFrequencyComputed(float f) {
-  QBTuning* tuning = QBTabMgr::db().selectedTuning();
+std::optional<QBFloatMatrix> QBFrequencyMatrix::infoByFrequencyComputed(float f, QBTuning* tuning) {
   if (!tuning) return std::nullopt;
-  for (int string = 0; string < kStrings; ++string) {
-    for (int fret = 0; fret < fretsSearched(string); ++fret) {
-      if (isLeftToNextString(string, fret)) continue;
+  const OpenPitches& open = tuning->openStrings().pitches();
+  for (int string = 0; string < kStrings; ++string)
+    for (int fret = 0; fret < fretsSearched(open, string); ++fret)
       if (isNear(f, tuning->computeFrequency(string, fret))) return positionOf(string, fret);
-    }
-  }
   return std::nullopt;
 }
 
-// Keeps the answer for the tuning that was selected at the first call, as intended: its readers
+// Keeps the answer for the tuning of the first call, as intended: its readers
 // hold on to the table.
-std::span<const float> QBFrequencyMatrix::buildSpektrum() {
-  static const std::vector<float> table = playableBins();
+std::span<const float> QBFrequencyMatrix::buildSpektrum(QBTuning* tuning) {
+  static const std::vector<float> table = playableBins(tuning);
   return table;
 }
 

@@ -2,13 +2,14 @@
 #include "arrange/hands/QBToneToNextString.h"
 
 #include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
-#include "music/Pitch.h"
 
 namespace korvel {
 QBToneToNextString::QBToneToNextString(QBSong* target) : m_target(target) {}
@@ -26,8 +27,9 @@ void QBToneToNextString::execute(QBChord*, QBChord* current, QBChord*) {
 }
 
 QBTone* QBToneToNextString::findPositionsFrom(QBChord& chord, int string, int note) {
+  const OpenStrings strings = openStringsOf(chord);
   for (int lower = string - 1; lower >= lowestString(); --lower) {
-    const int fret = addNotes(note, -QBInstrument::largeToneOfStringS(lower));
+    const int fret = strings.fret(lower, note);
     if (fret < 0 || fret >= kFretsToMoveTo) continue;
     return mayMoveTo(chord, lower, fret) ? chord.hold()->addTone(lower, fret, 0.0) : nullptr;
   }

@@ -58,7 +58,7 @@ std::unique_ptr<QBChordCleaner> QBChordCleaner::ofString(int string, QBChord* ch
 
 QBSong* QBChordCleaner::clean(QBSong& source) {
   QBTabMgr& db = QBTabMgr::db();
-  QBSong* cleaned = db.createSong("Cleaned", db.selectedTuning(), db.selectedInstrument(), nullptr);
+  QBSong* cleaned = db.createSong("Cleaned", source.tuning(), db.selectedInstrument(), nullptr);
   for (const auto& chord : source.allChords()) {
     QBChord* copy = chord->clone(cleaned);
     deleteTones(*copy, doubtful(*copy));

@@ -29,8 +29,8 @@ class QBChordCleaner {
 
   /// The cleaner of a string for a chord; none beyond 0..5.
   static std::unique_ptr<QBChordCleaner> ofString(int string, QBChord* chord);
-  /// A song "Cleaned" of the selected tuning and instrument, in no album, with the tones of the
-  /// source that are believed and without the chords that lose all of theirs.
+  /// A song "Cleaned" of the source's tuning and the selected instrument, in no album, with the
+  /// tones of the source that are believed and without the chords that lose all of theirs.
   static QBSong* clean(QBSong& source);
 
  protected:

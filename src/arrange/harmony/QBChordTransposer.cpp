@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/QBChordTransposer.h"
 
+#include <algorithm>
+
 #include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
@@ -17,7 +21,8 @@ QBChordTransposer::QBChordTransposer(QBChord* source, QBInstrument* instrument, 
     : m_source(source),
       m_lowestFret(minFret),
       m_offset(offset),
-      m_scratch("Transpose Album", "Transposer", instrument) {}
+      m_strings(openStringsOf(*source)),
+      m_scratch("Transpose Album", "Transposer", tuningOf(source->song()), instrument) {}
 
 QBChordTransposer::~QBChordTransposer() = default;
 
@@ -33,9 +38,9 @@ QBChord* QBChordTransposer::transpose() {
 
 void QBChordTransposer::place(const QBTone& tone, QBHold& target) const {
   int note = addNotes(largeToneOf(tone), m_offset);
-  if (note < 0) note += kNotesPerOctave;
+  if (note < std::min(m_strings.lowestNote(), 0)) note += kNotesPerOctave;
   for (int string = kStrings - 1; string >= 0; --string) {
-    const int fret = addNotes(note, -QBInstrument::largeToneOfStringS(string));
+    const int fret = m_strings.fret(string, note);
     if (fret < 0 || fret >= kFretsToMoveTo) continue;
     // Of tones that meet on one fret the first stays as it is.
     if (!target.findTone(string, fret))

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/songs/ScratchSong.h"
+#include "music/OpenStrings.h"
 #include "platform/persistence/Ref.h"
 
 namespace korvel {
@@ -21,7 +22,8 @@ class QBChordTransposer {
   int m_minFret() const { return m_lowestFret; }
   /// The transposed chord, with the root moved along and without a harmony; it may have no tones.
   /// Active tones alone are taken, each to the highest string that has it at frets 0..11; those
-  /// below the lowest note there is go up an octave, those that fit no string are left out.
+  /// below the lowest note there is, the C of 65.41 Hz or a string that is tuned lower, go up an
+  /// octave, those that fit no string are left out.
   /// Valid until disposed of; to be called before that.
   QBChord* transpose();
   /// Deletes the scratch song; at the latest, this object does when it goes.
@@ -33,6 +35,7 @@ class QBChordTransposer {
   platform::Ref<QBChord> m_source;
   int m_lowestFret;
   int m_offset;
+  OpenStrings m_strings;
   ScratchSong m_scratch;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/QBCleanRule.h"
 
-#include "model/instruments/QBInstrument.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "music/Pitch.h"
@@ -9,8 +9,9 @@
 namespace korvel {
 
 bool QBCleanRule::matches(const QBChord& chord, int testedString, int testedFret) const {
-  const int note = addNotes(QBInstrument::largeToneOfStringS(testedString), testedFret);
-  const int fret = addNotes(note, offset - QBInstrument::largeToneOfStringS(string));
+  const OpenStrings strings = openStringsOf(chord);
+  const int note = strings.note(testedString, testedFret);
+  const int fret = strings.fret(string, addNotes(note, offset));
   return fret >= 0 && chord.hold() && chord.hold()->findTone(string, fret);
 }
 

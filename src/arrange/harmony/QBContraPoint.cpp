@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/QBContraPoint.h"
 
+#include <limits>
+
 #include "model/instruments/QBInstrument.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBTone.h"
-#include "music/Pitch.h"
+#include "model/songs/ToneOrder.h"
 
 namespace korvel {
+namespace {
+
+constexpr int kBelowAnyTone = std::numeric_limits<int>::min();
+
+}  // namespace
 
 void QBContraPoint::execute(QBChord* previous, QBChord* current, QBChord*) {
   if (!previous || !m_instrument()) return;
@@ -22,15 +29,15 @@ void QBContraPoint::execute(QBChord* previous, QBChord* current, QBChord*) {
 }
 
 QBTone* QBContraPoint::melodyTone(const QBChord& chord) const {
-  return chord.hold() ? chord.hold()->findMelodyTone(*m_instrument()) : nullptr;
+  return chord.hold() ? chord.hold()->findMelodyTone() : nullptr;
 }
 
 QBTone* QBContraPoint::brassTone(const QBChord& chord) const {
-  return chord.hold() ? chord.hold()->findBrassTone(*m_instrument()) : nullptr;
+  return chord.hold() ? chord.hold()->findBrassTone() : nullptr;
 }
 
 int QBContraPoint::noteOfTone(const QBTone* tone) const {
-  return tone ? addNotes(m_instrument()->largeToneOfString(tone->string()), tone->fret()) : 0;
+  return tone ? largeToneOf(*tone) : kBelowAnyTone;
 }
 
 bool QBContraPoint::melodyFalls(const QBChord& previous, const QBChord& current) const {

@@ -19,7 +19,7 @@ class QBContraPoint final : public QBChordVisitor {
  private:
   QBTone* melodyTone(const QBChord& chord) const;
   QBTone* brassTone(const QBChord& chord) const;
-  /// The absolute note of a tone; 0 for none.
+  /// The absolute note of a tone; below any other for none.
   int noteOfTone(const QBTone* tone) const;
   bool melodyFalls(const QBChord& previous, const QBChord& current) const;
 };

@@ -7,16 +7,13 @@
 #include <span>
 
 #include "model/book/QBHarmony.h"
-#include "model/instruments/QBString.h"
-#include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
-#include "model/store/QBTabMgr.h"
 #include "music/ChordStep.h"
-#include "music/ConcertPitch.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
 
@@ -26,8 +23,6 @@ namespace {
 using Chords = std::vector<platform::Ref<QBChord>>;
 
 constexpr double kSecondsOfMinute = 60;
-
-bool isHeard(double hertz) { return hertz >= 10 && hertz <= 10000; }
 
 int durationOf(const QBChord& chord) { return std::clamp(chord.duration(), 1, kLongestDuration); }
 
@@ -119,15 +114,6 @@ double tempoOf(const QBSong& song) {
 
 }  // namespace
 
-std::vector<int> openPitches(const QBTuning* tuning) {
-  std::vector<int> pitches(kStandardPitches.begin(), kStandardPitches.end());
-  if (!tuning) return pitches;
-  for (const QBString* string : tuning->strings())
-    if (string->order() >= 0 && string->order() < kStrings && isHeard(string->frequency()))
-      pitches[static_cast<std::size_t>(string->order())] = noteOfHertz(string->frequency());
-  return pitches;
-}
-
 Meter meterOf(const QBSong& song) {
   const auto measures = song.allMeasures();
   return measures.empty() ? Meter() : meterOf(*measures.front());
@@ -137,7 +123,8 @@ Score headOf(const QBSong& song) {
   Score score;
   score.title = song.title();
   if (!song.instrument().empty()) score.instrument = song.instrument();
-  score.openStrings = openPitches(song.tuning() ? song.tuning() : QBTabMgr::db().selectedTuning());
+  const OpenPitches open = openStringsOf(&song).pitches();
+  score.openStrings.assign(open.begin(), open.end());
   score.tempo = tempoOf(song);
   return score;
 }

@@ -8,11 +8,6 @@
 namespace korvel {
 
 class QBSong;
-class QBTuning;
-
-/// MIDI numbers of the open strings 0 to 5, to the nearest half tone of what the tuning says in
-/// hertz; a string that it lacks is one of standard tuning, as all are without a tuning.
-std::vector<int> openPitches(const QBTuning* tuning);
 
 /// The meter of the song's first measure; 4/4 when it has none.
 Meter meterOf(const QBSong& song);

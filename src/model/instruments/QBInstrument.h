@@ -43,7 +43,8 @@ class QBInstrument final : public platform::ManagedObject {
 
   void forgetCaches() override;
 
-  /// Absolute note of an open string in the selected tuning, whatever tuning this instrument has.
+  /// The note of a string, as `QBString` has it, in the selected tuning, whatever tuning this
+  /// instrument has.
   int largeToneOfString(int string) const;
   static int largeToneOfStringS(int string);
   /// The string whose open note is nearest below; 5 beyond either end.

@@ -80,13 +80,12 @@ void QBSpectrum::cleanupTones() {
     if (overtone->hits() < kFewestHits) deleteOvertone(overtone);
 }
 
-void QBSpectrum::computeOffsets() {
+void QBSpectrum::computeOffsets(const OpenStrings& strings) {
   const QBString* played = string();
-  const int base = QBInstrument::largeToneOfStringS(played ? played->order() : 0);
+  const int base = strings.note(played ? played->order() : 0);
   for (QBOvertone* overtone : overtones()) {
     if (overtone->string() < 0 || overtone->string() >= kStrings) continue;  // no such string
-    const int open = QBInstrument::largeToneOfStringS(overtone->string());
-    overtone->setOffset(addNotes(open - base, overtone->fret()));
+    overtone->setOffset(addNotes(strings.note(overtone->string(), overtone->fret()), -base));
   }
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "music/OpenStrings.h"
 #include "platform/persistence/ManagedObject.h"
 
 namespace korvel {
@@ -40,9 +41,9 @@ class QBSpectrum final : public platform::ManagedObject {
   void cleanupTones();
   void defineAsCalibrated() { setCalibrated(true); }
   bool isCalibrated() const { return calibrated(); }
-  /// Gives every overtone its distance from the open string, in the selected tuning. An overtone on
-  /// no string of a guitar keeps the one that it has.
-  void computeOffsets();
+  /// Gives every overtone its distance from the open string, on a guitar with these strings. An
+  /// overtone on no string of it keeps the one that it has.
+  void computeOffsets(const OpenStrings& strings);
 
  private:
   platform::Attribute<bool> m_calibrated;

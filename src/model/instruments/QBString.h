@@ -43,7 +43,8 @@ class QBString final : public platform::ManagedObject {
   /// Hertz; std::out_of_range for a fret beyond 0..12.
   float computeFrequency(int fret);
   int noteOfString() const { return baseTone(); }
-  /// Absolute note of the open string. Only the lowest string follows the tuning.
+  /// The note that the string has in a fixed table, in which only the lowest string follows the
+  /// tuning. What it sounds in every tuning is in `QBTuning::openStrings`.
   int largeToneOfString() const;
 
  private:

@@ -8,6 +8,7 @@
 #include "model/instruments/QBString.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "music/ConcertPitch.h"
 #include "music/Pitch.h"
 #include "platform/persistence/EntityDescription.h"
 
@@ -19,21 +20,26 @@ struct OpenString {
   float hertz;
 };
 
-using OpenStrings = OpenString[6];
+using SixStrings = OpenString[kStrings];
 
-constexpr OpenStrings kStandard = {{4, 82.41F}, {9, 110.0F},   {2, 146.83F},
-                                   {7, 196.0F}, {11, 246.94F}, {4, 329.62F}};
-constexpr OpenStrings kDropD = {{2, 73.41F}, {9, 110.0F},   {2, 146.83F},
-                                {7, 196.0F}, {11, 246.94F}, {4, 329.62F}};
+constexpr SixStrings kStandard = {{4, 82.41F}, {9, 110.0F},   {2, 146.83F},
+                                  {7, 196.0F}, {11, 246.94F}, {4, 329.62F}};
+constexpr SixStrings kDropD = {{2, 73.41F}, {9, 110.0F},   {2, 146.83F},
+                               {7, 196.0F}, {11, 246.94F}, {4, 329.62F}};
 // The lowest string stands an octave below the other tunings' range.
-constexpr OpenStrings kOpenG = {{7, 49.0F},  {11, 123.47F}, {2, 146.83F},
-                                {7, 196.0F}, {11, 246.94F}, {2, 293.65F}};
+constexpr SixStrings kOpenG = {{7, 49.0F},  {11, 123.47F}, {2, 146.83F},
+                               {7, 196.0F}, {11, 246.94F}, {2, 293.65F}};
 
-void createStrings(QBTuning& tuning, const OpenStrings& strings) {
+void createStrings(QBTuning& tuning, const SixStrings& strings) {
   int order = 0;
   for (const OpenString& open : strings)
     QBTabMgr::db().createString(&tuning, open.note, order++, open.hertz);
 }
+
+/// A store may say anything.
+bool isHeard(double hertz) { return hertz >= 10 && hertz <= 10000; }
+
+bool isOnNeck(int string) { return string >= 0 && string < kStrings; }
 
 /// Half a semitone below the open string; the quotient is rounded before the rest is computed.
 float lowerBound(QBString& string) {
@@ -109,6 +115,15 @@ QBString* QBTuning::findStringByFrequency(float frequency) {
   return all.at(all.size() - 1);
 }
 
+const OpenStrings& QBTuning::openStrings() {
+  if (m_openStrings) return *m_openStrings;
+  OpenPitches pitches = kStandardPitches;
+  for (const QBString* string : strings())
+    if (isOnNeck(string->order()) && isHeard(string->frequency()))
+      pitches.at(static_cast<std::size_t>(string->order())) = noteOfHertz(string->frequency());
+  return m_openStrings.emplace(pitches);
+}
+
 int QBTuning::largeToneOfString(int position) {
   return findStringByPosition(position)->largeToneOfString();
 }
@@ -133,6 +148,7 @@ void QBTuning::createOpenGStrings() { createStrings(*this, kOpenG); }
 
 void QBTuning::forgetCaches() {
   sortedTones.reset();
+  m_openStrings.reset();
   m_tuneStr.reset();
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "music/OpenStrings.h"
 #include "platform/persistence/ManagedObject.h"
 
 namespace korvel {
@@ -16,7 +17,8 @@ class QBString;
 
 /// A named set of six open strings.
 ///
-/// The order of the strings and the short name are computed once; strings added later are not seen.
+/// The order of the strings, what they sound and the short name are computed once; strings added
+/// later are not seen.
 class QBTuning final : public platform::ManagedObject {
  public:
   static platform::EntityDescription describe();
@@ -55,6 +57,10 @@ class QBTuning final : public platform::ManagedObject {
   bool isOpenUpperE(float frequency) { return isBaseTone(5, frequency); }
   /// The string on which the frequency is played lowest; the highest string beyond both ends.
   QBString* findStringByFrequency(float frequency);
+  /// What its strings sound, to the nearest half tone of their frequencies: all that is heard, read
+  /// or arranged counts by it. A string that it lacks is as in standard tuning.
+  const OpenStrings& openStrings();
+  /// As `QBString` has them: of these notes only the lowest string's follows the tuning.
   int largeToneOfString(int position);
   int noteOfString(int position);
   bool isSelected() const { return selected(); }
@@ -74,6 +80,7 @@ class QBTuning final : public platform::ManagedObject {
   platform::ToMany<QBInstrument> m_instruments;
 
   std::optional<std::vector<platform::Ref<QBString>>> sortedTones;
+  std::optional<OpenStrings> m_openStrings;
   std::optional<std::string> m_tuneStr;
 };
 

@@ -3,9 +3,8 @@
 
 #include <algorithm>
 
-#include "model/book/QBHarmony.h"
 #include "model/instruments/PlaceKey.h"
-#include "model/instruments/QBInstrument.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBTabMgr.h"
@@ -19,10 +18,6 @@ constexpr int kLastSearchedFret = 11;
 constexpr int kBeyondAnyTone = 1000;
 
 std::string keyOfTone(const QBTone& tone) { return keyOf(tone.string(), tone.fret()); }
-
-int largeNote(const QBTone& tone, const QBInstrument& instrument) {
-  return instrument.largeToneOfString(tone.string()) + tone.fret();
-}
 
 }  // namespace
 
@@ -91,9 +86,10 @@ bool QBHold::findNote(int note) const {
 }
 
 unsigned QBHold::pitchClasses() const {
+  const OpenStrings strings = openStringsOf(*this);
   unsigned notes = 0;
   for (const QBTone* tone : tones())
-    notes |= 1U << pitchClass(QBHarmony::toneOfString(tone->string()) + tone->fret());
+    notes |= 1U << pitchClass(strings.note(tone->string(), tone->fret()));
   return notes;
 }
 
@@ -103,24 +99,28 @@ QBTone* QBHold::findLargeNote(int note) const {
   return nullptr;
 }
 
-QBTone* QBHold::findMelodyTone(const QBInstrument& instrument) const {
+QBTone* QBHold::findMelodyTone() const {
+  const OpenStrings strings = openStringsOf(*this);
   QBTone* best = nullptr;
-  int highest = 0;
+  int highest = std::min(strings.lowestNote() - 1, 0);
   for (QBTone* tone : tones()) {
-    if (largeNote(*tone, instrument) <= highest) continue;
+    const int note = strings.note(tone->string(), tone->fret());
+    if (note <= highest) continue;
     best = tone;
-    highest = largeNote(*tone, instrument);
+    highest = note;
   }
   return best;
 }
 
-QBTone* QBHold::findBrassTone(const QBInstrument& instrument) const {
+QBTone* QBHold::findBrassTone() const {
+  const OpenStrings strings = openStringsOf(*this);
   QBTone* best = nullptr;
   int lowest = kBeyondAnyTone;
   for (QBTone* tone : tones()) {
-    if (largeNote(*tone, instrument) >= lowest) continue;
+    const int note = strings.note(tone->string(), tone->fret());
+    if (note >= lowest) continue;
     best = tone;
-    lowest = largeNote(*tone, instrument);
+    lowest = note;
   }
   return best;
 }

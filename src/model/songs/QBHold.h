@@ -11,7 +11,6 @@
 namespace korvel {
 
 class QBChord;
-class QBInstrument;
 class QBTone;
 
 /// The tones held in one chord: the left-hand grip.
@@ -52,9 +51,10 @@ class QBHold final : public platform::ManagedObject {
   /// The notes that sound, bit n for pitch class n.
   unsigned pitchClasses() const;
   QBTone* findLargeNote(int note) const;
-  /// The highest tone above 0, and the lowest below 1000; the first of equals.
-  QBTone* findMelodyTone(const QBInstrument& instrument) const;
-  QBTone* findBrassTone(const QBInstrument& instrument) const;
+  /// The highest tone above the note 0, or whatever note the guitar has below it, and the lowest
+  /// below 1000; the first of equals.
+  QBTone* findMelodyTone() const;
+  QBTone* findBrassTone() const;
 
   /// Frets from the lowest to the highest; 7, wider than any grip, for a single tone.
   int sizeOfHold() const;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 
-#include "model/book/QBHarmony.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBTone.h"
 #include "music/Neck.h"
@@ -80,10 +80,11 @@ bool QBHold::isPlayable() {
 // ---- texts
 
 std::string QBHold::tonesAsString() const {
+  const OpenStrings strings = openStringsOf(*this);
   std::string text;
   for (int string = 0; string < kStrings; ++string)
     if (const QBTone* tone = findToneByString(string))
-      text += std::to_string(pitchClass(QBHarmony::toneOfString(string) + tone->fret())) + ',';
+      text += std::to_string(pitchClass(strings.note(string, tone->fret()))) + ',';
   return text;
 }
 

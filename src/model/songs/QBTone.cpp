@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBTone.h"
 
-#include "model/book/QBHarmony.h"
-#include "model/instruments/QBInstrument.h"
 #include "model/songs/QBHold.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Pitch.h"
 #include "platform/persistence/EntityDescription.h"
@@ -39,13 +38,9 @@ QBTone* QBTone::clone(QBHold* owner) const {
   return copy;
 }
 
-bool QBTone::isNote(int note) const {
-  return pitchClass(QBHarmony::toneOfString(string()) + fret()) == note;
-}
+bool QBTone::isNote(int note) const { return pitchClass(largeToneOf(*this)) == note; }
 
-bool QBTone::isLargeNote(int note) const {
-  return QBInstrument::largeToneOfStringS(string()) + fret() == note;
-}
+bool QBTone::isLargeNote(int note) const { return largeToneOf(*this) == note; }
 
 bool QBTone::equals(const QBTone& other) const {
   return fret() == other.fret() && string() == other.string();

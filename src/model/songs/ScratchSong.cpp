@@ -11,11 +11,11 @@
 
 namespace korvel {
 
-ScratchSong::ScratchSong(const std::string& albumName, const std::string& title,
+ScratchSong::ScratchSong(const std::string& albumName, const std::string& title, QBTuning* tuning,
                          QBInstrument* instrument) {
   QBTabMgr& db = QBTabMgr::db();
   m_album = db.createAlbum(albumName, false);
-  m_song = db.createSong(title, instrument ? instrument->tuning() : nullptr, instrument, m_album);
+  m_song = db.createSong(title, tuning, instrument, m_album);
 }
 
 ScratchSong::~ScratchSong() {

@@ -5,16 +5,20 @@
 #include <functional>
 #include <tuple>
 
-#include "model/instruments/QBInstrument.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBTone.h"
-#include "music/Pitch.h"
 
 namespace korvel {
 namespace {
 
-int noteOf(const platform::Ref<QBTone>& tone) { return largeToneOf(*tone); }
+/// The note of any tone of a chord.
+auto noteIn(const QBChord& chord) {
+  return [strings = openStringsOf(chord)](const auto& tone) {
+    return strings.note(tone->string(), tone->fret());
+  };
+}
 
 }  // namespace
 
@@ -31,13 +35,13 @@ Tones loudestFirst(const QBChord& chord) {
 
 Tones highestFirst(const QBChord& chord) {
   Tones tones = tonesOf(chord);
-  std::ranges::stable_sort(tones, std::greater(), noteOf);
+  std::ranges::stable_sort(tones, std::greater(), noteIn(chord));
   return tones;
 }
 
 Tones lowestFirst(const QBChord& chord) {
   Tones tones = tonesOf(chord);
-  std::ranges::stable_sort(tones, std::less(), noteOf);
+  std::ranges::stable_sort(tones, std::less(), noteIn(chord));
   return tones;
 }
 
@@ -48,9 +52,7 @@ Tones byStringAndFret(const QBChord& chord) {
   return tones;
 }
 
-int largeToneOf(const QBTone& tone) {
-  return addNotes(QBInstrument::largeToneOfStringS(tone.string()), tone.fret());
-}
+int largeToneOf(const QBTone& tone) { return openStringsOf(tone).note(tone.string(), tone.fret()); }
 
 void deleteTones(const QBChord& chord, std::span<const platform::Ref<QBTone>> tones) {
   for (const auto& tone : tones) chord.hold()->deleteTone(tone);

@@ -23,7 +23,7 @@ Tones lowestFirst(const QBChord& chord);
 /// By string, then by fret, both ascending.
 Tones byStringAndFret(const QBChord& chord);
 
-/// The absolute note that a tone sounds in the selected tuning.
+/// The absolute note that a tone sounds in the tuning of its song.
 int largeToneOf(const QBTone& tone);
 
 /// Deletes tones of the chord from its hold and from the store.

@@ -174,12 +174,9 @@ QBSettings* QBTabMgr::selectedSettings() const {
 }
 
 QBTuning* QBTabMgr::selectedTuning() const {
-  if (m_tuningForNow) return m_tuningForNow;
   const QBSettings* settings = selectedSettings();
   return settings ? settings->activeTuning() : nullptr;
 }
-
-void QBTabMgr::setTuningForNow(QBTuning* tuning) { m_tuningForNow = tuning; }
 
 void QBTabMgr::selectTuning(QBTuning* tuning) {
   if (QBSettings* settings = selectedSettings()) settings->setActiveTuning(tuning);
@@ -199,8 +196,10 @@ void QBTabMgr::deselectAllInstruments() {
 void QBTabMgr::computeOffsets() {
   QBInstrument* instrument = selectedInstrument();
   if (!instrument) return;
+  QBTuning* tuning = selectedTuning();
+  const OpenStrings strings = tuning ? tuning->openStrings() : OpenStrings();
   for (int string = 0; string < kStrings; ++string)
-    instrument->findSpectrumByString(string)->computeOffsets();
+    instrument->findSpectrumByString(string)->computeOffsets(strings);
 }
 
 }  // namespace korvel

@@ -90,13 +90,10 @@ class QBTabMgr {
   void loadLeftPatterns();
 
   QBSettings* selectedSettings() const;
-  /// The tuning that detection, names and drawing follow; none without settings.
+  /// The tuning that new songs get; none without settings. A song counts by its own.
   QBTuning* selectedTuning() const;
   /// Makes it the active tuning and the only one marked as selected.
   void selectTuning(QBTuning* tuning);
-  /// Stands in for the selected tuning until another one, or none, is set; never stored.
-  void setTuningForNow(QBTuning* tuning);
-  QBTuning* tuningForNow() const { return m_tuningForNow; }
   /// The first active one, or none.
   QBInstrument* selectedInstrument() const;
   void deselectAllInstruments();
@@ -172,7 +169,6 @@ class QBTabMgr {
   void load(List<T>& list, std::string_view entityName, std::string_view title);
 
   std::unique_ptr<platform::ManagedContext> m_context;
-  platform::Ref<QBTuning> m_tuningForNow;
   List<QBTuning> m_tunings;
   List<QBHarmony> m_harmonies;
   List<QBInstrument> m_instruments;

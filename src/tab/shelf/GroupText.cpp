@@ -11,7 +11,7 @@ namespace korvel {
 
 std::string toMatrix(const QBGroup& group) {
   QBTabMatrix matrix;
-  matrix.openSystem(systemLabel());
+  matrix.openSystem(systemLabel(nullptr));
   const QBChord* previous = nullptr;
   for (const auto& chord : group.m_chords()) {
     addToTabulatureWithLineBreak(*chord, matrix, previous, 0, kWidthOfSystem);

@@ -34,11 +34,11 @@ bool isNamed(const QBChord& chord) { return chord.harmony() && !isSilent(chord);
 int lengthOf(const std::string& text) { return static_cast<int>(platform::characterCount(text)); }
 
 /// Starts a new system when so many columns would reach the width.
-void breakLine(QBTabMatrix& matrix, int columns, int width, int rows) {
+void breakLine(QBTabMatrix& matrix, const QBChord& chord, int columns, int width, int rows) {
   if (columns + matrix.m_xPos < width) return;
   matrix.m_xPos = 2;
   matrix.m_yPos += rows;
-  matrix.openSystem(systemLabel());
+  matrix.openSystem(systemLabel(chord.song()));
 }
 
 void advance(QBTabMatrix& matrix, int columns) {
@@ -90,7 +90,7 @@ void addToTabulatureWithLineBreak(QBChord& chord, QBTabMatrix& matrix, const QBC
                                   int groupFlag, int width) {
   if (isSilent(chord)) return;
   const int length = outputLength(chord, groupFlag);
-  breakLine(matrix, length, width, kRowsToNextSystem);
+  breakLine(matrix, chord, length, width, kRowsToNextSystem);
   if (chord.m_xPosInMatrix == 0 && chord.m_yPosInMatrix == 0) keepPlace(chord, matrix);
   recordPlace(matrix, chord, length);
   drawFrame(matrix, chord);
@@ -102,7 +102,7 @@ void addToTabulatureWithMetric(QBChord& chord, QBTabMatrix& matrix, const QBChor
                                int groupSize, int width, QBMeasure& measure) {
   if (isSilent(chord)) return;
   const int length = outputLength(chord, groupSize);
-  breakLine(matrix, length, width, kRowsToNextSystemOfMeasure);
+  breakLine(matrix, chord, length, width, kRowsToNextSystemOfMeasure);
   keepPlace(chord, matrix);
   drawFrame(matrix, chord);
   const std::string ruler = metricString(measure.m_counter, chord.duration(), measure.beat(),

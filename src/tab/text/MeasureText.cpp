@@ -38,7 +38,7 @@ class GroupSizes {
 }  // namespace
 
 void addToTabulatureWithLineBreak(QBMeasure& measure, const QBSong* song, QBTabMatrix& matrix) {
-  matrix.openSystem(systemLabel());
+  matrix.openSystem(systemLabel(measure.song()));
   const LoopRange loop(song);
   measure.m_counter = 0;
   GroupSizes sizes(measure);

@@ -7,6 +7,8 @@
 #include "arrange/hands/PatternOfChord.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
@@ -14,7 +16,6 @@
 #include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
-#include "music/Pitch.h"
 
 namespace korvel {
 namespace {
@@ -54,7 +55,7 @@ QBTabBuilder::QBTabBuilder(QBChord* source, QBInstrument* instrument, int minFre
     : m_source(source),
       m_lowestFret(minFret),
       m_toneOffset(offset),
-      m_scratch("Builder", "TabBuilder", instrument) {}
+      m_scratch("Builder", "TabBuilder", tuningOf(source->song()), instrument) {}
 
 QBTabBuilder::~QBTabBuilder() = default;
 
@@ -88,8 +89,9 @@ void QBTabBuilder::findPositionsFrom(int string, int fret, int largeTone) {
     addToAllChords(onString, atFret);
     if (m_candidates.empty()) found.emplace_back(createChord(onString, atFret));
   };
+  const OpenStrings strings = openStringsOf(*m_source);
   for (int lower = string - 1; lower >= 0; --lower) {
-    const int atFret = addNotes(largeTone, -QBInstrument::largeToneOfStringS(lower));
+    const int atFret = strings.fret(lower, largeTone);
     if (atFret >= 0 && atFret < kFretsToMoveTo) offer(lower, atFret);
   }
   offer(string, fret);

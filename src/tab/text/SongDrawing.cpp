@@ -22,7 +22,7 @@ constexpr double kShareOfDrawing = 0.8;
 
 void openPage(QBTabMatrix& matrix, const QBSong& song) {
   matrix.newPage(song.title());
-  matrix.openSystem(systemLabel());
+  matrix.openSystem(systemLabel(&song));
 }
 
 void markLoop(QBTabMatrix& matrix) {

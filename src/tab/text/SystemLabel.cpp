@@ -2,12 +2,12 @@
 #include "tab/text/SystemLabel.h"
 
 #include "model/instruments/QBTuning.h"
-#include "model/store/QBTabMgr.h"
+#include "model/instruments/SongTuning.h"
 
 namespace korvel {
 
-std::string systemLabel() {
-  QBTuning* tuning = QBTabMgr::db().selectedTuning();
+std::string systemLabel(const QBSong* song) {
+  QBTuning* tuning = tuningOf(song);
   return tuning ? tuning->toString() : std::string();
 }
 

@@ -5,7 +5,9 @@
 
 namespace korvel {
 
-/// Names of the open strings in the selected tuning, the highest first; "" when none is selected.
-std::string systemLabel();
+class QBSong;
+
+/// Names of the open strings in the song's tuning, the highest first; "" when there is none.
+std::string systemLabel(const QBSong* song);
 
 }  // namespace korvel

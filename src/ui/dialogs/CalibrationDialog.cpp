@@ -24,6 +24,7 @@
 #include "audio/MonoTrack.h"
 #include "audio/QBSampleSource.h"
 #include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
 #include "model/store/QBTabMgr.h"
 #include "music/NoteName.h"
 #include "ui/desktop/Preferences.h"
@@ -98,7 +99,8 @@ QStringList localFiles(const QMimeData& data) {
 
 CalibrationDialog::CalibrationDialog(QWidget* parent)
     : QDialog(parent),
-      m_wanted(notesToCalibrate()),
+      m_tuning(QBTabMgr::db().selectedTuning()),
+      m_wanted(notesToCalibrate(*m_tuning)),
       m_browse(new QPushButton(tr("&Choose File ..."))),
       m_device(new InputList),
       m_record(new QPushButton),
@@ -268,7 +270,7 @@ void CalibrationDialog::dropEvent(QDropEvent* event) {
 void CalibrationDialog::hear(std::shared_ptr<QBSampleSource> source, const std::string& name) {
   cancelHearing();
   listNotes();
-  m_job = std::make_shared<CalibrateCommand>(std::move(source), name);
+  m_job = std::make_shared<CalibrateCommand>(std::move(source), name, *m_tuning);
   m_job->onFinished([this] { showHeard(); });
   QBSession::session().addJob(m_job);
   m_job->runInBackground();

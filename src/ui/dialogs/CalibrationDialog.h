@@ -58,6 +58,7 @@ class CalibrationDialog final : public QDialog {
   void say(const QString& text);
   void updateButtons();
 
+  const platform::Ref<QBTuning> m_tuning;
   const std::vector<CalibrationNote> m_wanted;
   QPushButton* m_browse;
   InputList* m_device;

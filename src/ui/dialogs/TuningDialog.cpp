@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QLabel>
 
 #include "model/instruments/QBTuning.h"
 #include "music/NoteName.h"
@@ -27,17 +26,12 @@ QComboBox* notesOf(int string, int pitch) {
 TuningDialog::TuningDialog(QBTuning& tuning, QWidget* parent) : QDialog(parent) {
   setWindowTitle(tr("Strings of %1").arg(toText(tuning.descr())));
   auto* form = new QFormLayout(this);
-  const OpenPitches now = pitchesOf(tuning);
+  const OpenPitches now = tuning.openStrings().pitches();
   for (int string = kStrings - 1; string >= 0; --string) {
     const auto i = static_cast<std::size_t>(string);
     m_notes[i] = notesOf(string, now[i]);
     form->addRow(tr("String &%1").arg(kStrings - string), m_notes[i]);
   }
-  auto* hint = new QLabel(
-      tr("Of the strings above the lowest one, recordings are heard at their new notes; all that "
-         "counts in absolute notes, as transposing does, goes on as in standard tuning."));
-  hint->setWordWrap(true);
-  form->addRow(hint);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -16,7 +16,6 @@
 #include "ui/desktop/Translated.h"
 #include "ui/sound/PlayerIcons.h"
 #include "workflow/session/QBSession.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel::ui {
 namespace {
@@ -99,7 +98,6 @@ void PlayerBar::addMetronome() {
 void PlayerBar::play() {
   const QBSong* song = QBSession::session().activeSong();
   if (!song || song->chords().empty()) return emit refused(tr("Choose a song with chords first"));
-  const TuningForNow chosen(song->tuning());
   m_player.play();
 }
 

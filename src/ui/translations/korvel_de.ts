@@ -2363,9 +2363,5 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>String &amp;%1</source>
         <translation>Saite &amp;%1</translation>
     </message>
-    <message>
-        <source>Of the strings above the lowest one, recordings are heard at their new notes; all that counts in absolute notes, as transposing does, goes on as in standard tuning.</source>
-        <translation>Aufnahmen werden auf den Saiten über der tiefsten mit ihren neuen Tönen gehört; alles, was mit absoluten Tönen rechnet, etwa das Transponieren, geht weiter von der Standardstimmung aus.</translation>
-    </message>
 </context>
 </TS>

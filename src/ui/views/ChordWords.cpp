@@ -9,7 +9,6 @@
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/songs/ToneOrder.h"
-#include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Text.h"
@@ -69,11 +68,6 @@ QString ChordWords::tones(const QBChord& chord, int string) {
     words << (tone->isActive() ? fret : tr("%1 (inactive)").arg(fret));
   }
   return words.join(tr(" and "));
-}
-
-QBTuning* tuningOf(const QBSong* song) {
-  if (song && song->tuning()) return song->tuning();
-  return QBTabMgr::db().selectedTuning();
 }
 
 }  // namespace korvel::ui

@@ -41,7 +41,4 @@ class ChordWords {
   QList<int> m_pitchClasses;
 };
 
-/// The tuning that the song is shown in: its own, or else the selected one; null without either.
-QBTuning* tuningOf(const QBSong* song);
-
 }  // namespace korvel::ui

@@ -14,6 +14,7 @@
 #include "model/book/QBHarmony.h"
 #include "model/instruments/QBString.h"
 #include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "music/Neck.h"

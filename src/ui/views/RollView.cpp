@@ -16,6 +16,7 @@
 #include <cmath>
 
 #include "model/book/QBHarmony.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "music/ChordStep.h"

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBSong.h"
 #include "music/Neck.h"
 #include "tab/text/QBTabMatrix.h"

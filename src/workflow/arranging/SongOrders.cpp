@@ -10,7 +10,6 @@
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -46,7 +45,6 @@ template <class Order>
 auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
   requireChords(song, command);
   if (command.command == kDelete) SongInWork::requireDeletable(song);
-  const TuningForNow chosen(song.tuning());
   const SavedWhenLogged saved;
   const auto answer = order();
   QBTabMgr::db().save();

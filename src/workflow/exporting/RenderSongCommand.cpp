@@ -8,7 +8,6 @@
 #include "platform/midi/Synthesizer.h"
 #include "playback/SongRenderer.h"
 #include "workflow/session/EditRefused.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -32,7 +31,6 @@ void RenderSongCommand::prepare() {
     throw EditRefused(
         platform::phrase("Message", "%1: the song has no chords, so there is nothing to export"),
         m_song->title());
-  const TuningForNow chosen(m_song->tuning());
   const double rate = m_song->tempoRate() > 0 ? static_cast<double>(m_song->tempoRate()) : 1.0;
   const auto range = m_part == RenderedPart::loop ? SongRenderer::loopOf(*m_song) : std::nullopt;
   m_renderer = std::make_unique<SongRenderer>(*m_song, range, rate, *m_synthesizer);

@@ -15,7 +15,6 @@
 #include "workflow/exporting/ScoreFile.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -55,7 +54,6 @@ std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>
     throw EditRefused(
         platform::phrase("Message", "%1: the song has no chords, so there is nothing to export"),
         song.title());
-  const TuningForNow chosen(song.tuning());
   if (format == SongFormat::musicXml) return musicXmlOf(scoreOf(song, meter));
   if (format == SongFormat::midi) return midiFile(midiOf(song, meter));
   return toStringForExport(song);

@@ -9,13 +9,11 @@
 #include "audio/QBSampleSource.h"
 #include "audio/Samples16.h"
 #include "model/instruments/QBTuning.h"
-#include "model/store/QBTabMgr.h"
 #include "music/ChordStep.h"
 #include "platform/loop/Deadline.h"
 #include "platform/sound/SampleRate.h"
 #include "workflow/library/TuningEdits.h"
 #include "workflow/session/EditRefused.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -33,8 +31,7 @@ double decibels(float level) { return 20 * std::log10(static_cast<double>(level)
 
 }  // namespace
 
-std::vector<CalibrationNote> notesToCalibrate() {
-  QBTuning& tuning = *QBTabMgr::db().selectedTuning();
+std::vector<CalibrationNote> notesToCalibrate(QBTuning& tuning) {
   if (!Calibration::canMeasure(tuning))
     throw EditRefused(
         platform::phrase(
@@ -43,16 +40,17 @@ std::vector<CalibrationNote> notesToCalibrate() {
             "and tune the guitar to it"),
         tuning.descr());
   std::vector<CalibrationNote> notes;
-  const OpenPitches open = pitchesOf(tuning);
+  const OpenPitches open = tuning.openStrings().pitches();
   for (int string = 0; string < kStrings; ++string)
     for (const int fret : kFretsToPlay)
       notes.push_back({string, fret, open.at(static_cast<std::size_t>(string)) + fret});
   return notes;
 }
 
-CalibrateCommand::CalibrateCommand(std::shared_ptr<QBSampleSource> source, const std::string& name)
-    : m_source(std::move(source)) {
-  notesToCalibrate();
+CalibrateCommand::CalibrateCommand(std::shared_ptr<QBSampleSource> source, const std::string& name,
+                                   QBTuning& tuning)
+    : m_source(std::move(source)), m_calibration(tuning) {
+  notesToCalibrate(tuning);
   m_type = platform::phrase("Job", "Calibration");
   m_name = ": " + name;
 }
@@ -80,7 +78,6 @@ bool CalibrateCommand::step() {
     return true;
   }
   if (m_next == m_stretches->size()) return false;
-  const TuningForNow chosen(m_calibration.tuning());
   hear();
   m_percent = kPercentOfReading +
               static_cast<int>((kAll - kPercentOfReading) * m_next / m_stretches->size());
@@ -123,7 +120,7 @@ bool CalibrateCommand::hearBlock() {
   auto& [stretch, note, next, blocks] = *m_hearing;
   const std::size_t size = std::min(kBlock, stretch.end - next);
   if (size < kBlock / 2 || blocks.size() == kBlocksOfNote) return false;
-  blocks.push_back(Calibration::tonesIn(std::span(m_samples).subspan(next, size)));
+  blocks.push_back(m_calibration.tonesIn(std::span(m_samples).subspan(next, size)));
   next += size;
   return true;
 }
@@ -131,7 +128,7 @@ bool CalibrateCommand::hearBlock() {
 /// What is heard besides counts also where the note itself is too faint for the detection.
 void CalibrateCommand::count(const HeardStretch& heard) {
   const auto isHeard = [](const auto& tones) { return !tones.empty(); };
-  if (!heard.note || !Calibration::isReached(*heard.note) ||
+  if (!heard.note || !m_calibration.isReached(*heard.note) ||
       std::ranges::none_of(heard.blocks, isHeard)) {
     ++m_others;
     return;

@@ -16,6 +16,7 @@
 namespace korvel {
 
 class QBSampleSource;
+class QBTuning;
 
 /// A note that is to be played for a calibration.
 struct CalibrationNote {
@@ -24,10 +25,9 @@ struct CalibrationNote {
   int midi;
 };
 
-/// The notes to play in the selected tuning, the lowest string first: each string open and at a
-/// fret in the middle of the neck. Throws EditRefused when an instrument cannot be calibrated in
-/// that tuning.
-std::vector<CalibrationNote> notesToCalibrate();
+/// The notes to play in a tuning, the lowest string first: each string open and at a fret in the
+/// middle of the neck. Throws EditRefused when an instrument cannot be calibrated in that tuning.
+std::vector<CalibrationNote> notesToCalibrate(QBTuning& tuning);
 
 /// Hears a recording of single notes with silence between them, and measures with them what an
 /// instrument sounds like. Which note each is it finds itself; more than those that are asked for
@@ -40,9 +40,10 @@ class CalibrateCommand final : public QBCommand {
     double decibels;  ///< Below full scale.
   };
 
-  /// The source delivers samples (`readSamples`); the name is for the list of jobs. For the tuning
-  /// that is selected now; throws EditRefused as notesToCalibrate does.
-  CalibrateCommand(std::shared_ptr<QBSampleSource> source, const std::string& name);
+  /// The source delivers samples (`readSamples`); the name is for the list of jobs. Throws
+  /// EditRefused as notesToCalibrate does.
+  CalibrateCommand(std::shared_ptr<QBSampleSource> source, const std::string& name,
+                   QBTuning& tuning);
   ~CalibrateCommand() override;
 
   void prepare() override;

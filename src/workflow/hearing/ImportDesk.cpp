@@ -19,7 +19,6 @@
 #include "workflow/library/LibraryTree.h"
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/session/QBSession.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -133,7 +132,6 @@ QBSong* ImportDesk::mend(const ImportUnderWay& interrupted) {
   const platform::Ref<QBSong> song = storedSong(interrupted);
   if (!song || song->hasTabulature()) return song;
   if (hasTones(*song)) {
-    const TuningForNow chosen(song->tuning());
     buildTab(*song);
   } else {
     const platform::Ref<QBAlbum> album = song->album();

@@ -22,7 +22,6 @@
 #include "workflow/hearing/NewSong.h"
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/session/SongInWork.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -98,7 +97,6 @@ void LiveRecording::stop() {
 }
 
 void LiveRecording::hearLive() {
-  const TuningForNow tuning(m_tuning);
   const platform::UndoStep part(m_undo);
   tellOf(nextLiveChord());
   if (m_state == State::recording && isPlayingOver()) endPlaying();
@@ -173,7 +171,6 @@ void LiveRecording::beginWhole() {
 }
 
 void LiveRecording::hearWhole() {
-  const TuningForNow tuning(m_tuning);
   const platform::UndoStep part(m_undo);
   try {
     requireSongs();

@@ -6,6 +6,7 @@
 
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
@@ -18,7 +19,6 @@
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 namespace {
@@ -71,7 +71,6 @@ void QBCmdImportSong::prepare() {
 
 void QBCmdImportSong::begin() {
   const platform::UndoStep part(m_undo);
-  m_tuning = QBTabMgr::db().selectedTuning();
   printOut("(1/3) importing file .....");
   m_hearing = hearing();
   m_hearing->begin();
@@ -85,8 +84,8 @@ std::unique_ptr<Hearing> QBCmdImportSong::hearing() const {
   const auto reading = isStepped() ? Hearing::Reading::stepwise : Hearing::Reading::atOnce;
   return detectionOf(m_detection)
       .ofFile(m_file, reading,
-              {m_newSong, m_source->album(), m_tuning, QBTabMgr::db().selectedInstrument(),
-               m_settings});
+              {m_newSong, m_source->album(), tuningOf(m_newSong),
+               QBTabMgr::db().selectedInstrument(), m_settings});
 }
 
 QBSong* QBCmdImportSong::newSong() const { return m_newSong; }
@@ -102,7 +101,6 @@ void QBCmdImportSong::execute() {
 }
 
 void QBCmdImportSong::nextStep() {
-  const TuningForNow chosen(m_tuning);
   bool more = false;
   try {
     more = step();
@@ -194,7 +192,6 @@ void QBCmdImportSong::tearDown() {
 
 /// What the steps have left of it.
 void QBCmdImportSong::finishNow() {
-  const TuningForNow chosen(m_tuning);
   const platform::UndoStep part(m_undo);
   if (m_hearing && !m_finishing.isUnderWay()) m_finishing = finish();
   m_finishing.finish();

@@ -23,7 +23,7 @@ class SongInWork;
 /// in the log only; a file without sound leaves a song without chords and without tablature.
 /// `stop` between two steps ends an import early, and leaves the song with the chords so far.
 /// A stepped import whose song is deleted rests, and goes on when an undo brings the song back.
-/// The tuning that is selected at the beginning is that of the whole import.
+/// It is heard in the tuning of its song.
 class QBCmdImportSong final : public QBCmdAlbum {
  public:
   QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string file, QBSong* newSong);
@@ -98,7 +98,6 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool m_saving = false;
   bool m_ownsAlbum = false;
   bool m_cutShort = false;
-  platform::Ref<QBTuning> m_tuning;
   std::unique_ptr<Hearing> m_hearing;  ///< From `prepare` until the tablature is drawn.
   std::unique_ptr<SongInWork> m_mark;
   std::size_t m_unsaved = 0;  ///< How many chords are not saved yet.

@@ -150,7 +150,7 @@ QBInstrument* importInstrument(const std::string& file) {
 }
 
 QBInstrument* addInstrument(const std::string& name, const Calibration& measured) {
-  Edit edit(phrase("UndoAction", "Calibrate Instrument"), measured.tuning());
+  Edit edit(phrase("UndoAction", "Calibrate Instrument"));
   requireInstrumentName(edit.db(), name);
   QBInstrument& instrument =
       measured.createInstrument(name, Calibration::kDetailLevel, Calibration::kSmallestShare);

@@ -74,7 +74,7 @@ void requireUnused(const QBTuning& tuning) {
 }
 
 void createStrings(QBTabMgr& db, QBTuning& tuning, QBTuning& like, const OpenPitches& pitches) {
-  const OpenPitches before = pitchesOf(like);
+  const OpenPitches before = like.openStrings().pitches();
   for (int string = 0; string < kStrings; ++string) {
     const auto i = static_cast<std::size_t>(string);
     const bool same = pitches[i] == before[i];
@@ -135,14 +135,6 @@ QBTuning* newTuning(const std::string& name, const OpenPitches& pitches) {
   return tuning;
 }
 
-OpenPitches pitchesOf(QBTuning& tuning) {
-  OpenPitches pitches{};
-  for (int string = 0; string < kStrings; ++string)
-    pitches[static_cast<std::size_t>(string)] =
-        noteOfHertz(tuning.findStringByPosition(string)->frequency());
-  return pitches;
-}
-
 PitchRange pitchRangeOf(int string) {
   if (string == 0) return kLowestString;
   const int usual = kStandardPitches.at(static_cast<std::size_t>(string));
@@ -153,7 +145,7 @@ PitchRange pitchRangeOf(int string) {
 // instead of changing this one.
 QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches) {
   Edit edit(phrase("UndoAction", "Change Tuning"));
-  if (pitches == pitchesOf(tuning)) return &tuning;
+  if (pitches == tuning.openStrings().pitches()) return &tuning;
   requirePlayable(pitches);
   requireUnused(tuning);
   QBTabMgr& db = edit.db();

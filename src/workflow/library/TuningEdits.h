@@ -24,9 +24,7 @@ void renameTuning(QBTuning& tuning, const std::string& name);
 QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name = std::nullopt);
 /// With these strings, which are refused as by editTuning.
 QBTuning* newTuning(const std::string& name, const OpenPitches& pitches);
-OpenPitches pitchesOf(QBTuning& tuning);
-/// The lowest and the highest pitch of an open string. Only the lowest string's note is followed by
-/// all that counts in absolute notes; of the others detection knows, by their frequency.
+/// The lowest and the highest pitch of an open string.
 struct PitchRange {
   int lowest;
   int highest;

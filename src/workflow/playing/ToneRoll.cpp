@@ -6,13 +6,12 @@
 #include <map>
 #include <tuple>
 
-#include "export/score/SongScore.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
-#include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
 
@@ -45,7 +44,7 @@ ToneRoll::ToneRoll(QBSong& song) : m_chords(static_cast<int>(song.allChords().si
 }
 
 void ToneRoll::readTones(QBSong& song) {
-  const auto open = openPitches(song.tuning() ? song.tuning() : QBTabMgr::db().selectedTuning());
+  const OpenPitches open = openStringsOf(&song).pitches();
   const double most = loudest(song);
   int index = -1;
   for (const auto& chord : song.allChords()) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/session/Edit.h"
 
-#include "model/instruments/QBTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
@@ -10,14 +9,11 @@
 
 namespace korvel {
 
-Edit::Edit(const platform::Phrase& title, QBTuning* tuning)
-    : m_db(QBTabMgr::db()), m_tuning(tuning), m_group(m_db.context().undoManager(), title) {}
+Edit::Edit(const platform::Phrase& title)
+    : m_db(QBTabMgr::db()), m_group(m_db.context().undoManager(), title) {}
 
 Edit::Edit(QBSong& song, const platform::Phrase& title)
-    : m_db(QBTabMgr::db()),
-      m_song(&song),
-      m_tuning(song.tuning()),
-      m_group(m_db.context().undoManager(), title) {}
+    : m_db(QBTabMgr::db()), m_song(&song), m_group(m_db.context().undoManager(), title) {}
 
 Edit::~Edit() {
   if (m_done) return;

@@ -5,13 +5,11 @@
 
 #include "platform/persistence/Ref.h"
 #include "platform/persistence/UndoManager.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel {
 
 class QBSong;
 class QBTabMgr;
-class QBTuning;
 
 /// One edit of a user: an undoable action, which counts once it is done.
 ///
@@ -24,9 +22,9 @@ class QBTuning;
 /// that one, which decides what becomes of the whole. Main thread only.
 class Edit {
  public:
-  /// Of albums, tunings or instruments; in that tuning, if there is one.
-  explicit Edit(const platform::Phrase& title, QBTuning* tuning = nullptr);
-  /// Of a song, in the tuning that it was made in.
+  /// Of albums, tunings or instruments.
+  explicit Edit(const platform::Phrase& title);
+  /// Of a song.
   Edit(QBSong& song, const platform::Phrase& title);
   Edit(const Edit&) = delete;
   Edit& operator=(const Edit&) = delete;
@@ -50,7 +48,6 @@ class Edit {
 
   QBTabMgr& m_db;
   const platform::Ref<QBSong> m_song;
-  const TuningForNow m_tuning;
   platform::UndoGroup m_group;
   bool m_done = false;
 };

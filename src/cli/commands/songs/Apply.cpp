@@ -21,7 +21,6 @@
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/session/QBSession.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
@@ -81,7 +80,6 @@ void perform(const AlbumNode& album, const std::string& command) {
 }
 
 void applyTo(QBSong& song, std::span<const std::string> commands) {
-  const TuningForNow chosen(song.tuning());
   const auto album = AlbumNode::withSongs(song.album());
   QBSession::session().setActiveSong(&song);
   for (const std::string& command : commands) perform(*album, command);

@@ -14,7 +14,6 @@
 #include "cli/support/UsageError.h"
 #include "model/songs/QBSong.h"
 #include "workflow/exporting/SongFiles.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
@@ -67,7 +66,6 @@ std::optional<OutputFile> waveOf(const ExportOptions& options) {
 void exportSong(const ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
-  const TuningForNow chosen(song.tuning());
   OutputFile::requireDifferent({options.txt, options.musicxml, options.midi, options.wav});
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();

@@ -14,17 +14,14 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "tab/text/SongDrawing.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
 
-/// Texts of a song need its chords, and are drawn for the tuning that it was made in.
-template <class Text>
-std::string textOf(const QBSong& song, const Text& text) {
-  const TuningForNow chosen(song.tuning());
+/// Needs chords.
+std::string textOf(QBSong& song) {
   try {
-    return text();
+    return toString(song);
   } catch (const std::out_of_range&) {
     throw CliError(fullTitle(song) + ": the song has no chords");
   }
@@ -39,9 +36,7 @@ void listSongs() {
 
 void showSong(const std::string& name) {
   QBSong& song = chooseSong(name);
-  const std::string text =
-      song.hasTabulature() ? song.tabulature() : textOf(song, [&] { return toString(song); });
-  Console::attached().print(text);
+  Console::attached().print(song.hasTabulature() ? song.tabulature() : textOf(song));
 }
 
 void dumpSong(const std::string& name) { Console::attached().print(songAsJson(chooseSong(name))); }

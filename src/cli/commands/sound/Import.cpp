@@ -30,7 +30,6 @@
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/QBSession.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
@@ -56,11 +55,8 @@ void run(QBCmdImportSong& command, bool stepped) {
   platform::PlainRunLoop::ofProcess().runUntil([&] { return !command.isRunning(); });
 }
 
-/// Hears the file into the song, in the tuning that the import is for.
-void hear(const ImportOptions& options, const std::string& file, const NewSong& made,
-          QBTuning* tuning) {
-  const TuningForNow chosen(tuning);
-  made.song()->setTuning(QBTabMgr::db().selectedTuning());
+/// Hears the file into the song, in its tuning.
+void hear(const ImportOptions& options, const std::string& file, const NewSong& made) {
   const auto command = std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(made.album()),
                                                          file, made.song());
   command->setDetection(options.detection, options.settings);
@@ -73,7 +69,8 @@ platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string
   requireSound(file);
   NewSong made(QBTabMgr::db(), options.album, std::filesystem::path(file).stem().string(),
                options.title);
-  hear(options, file, made, tuning);
+  made.song()->setTuning(tuning);
+  hear(options, file, made);
   if (!hasTones(*made.song()))
     throw CliError(file + ": no tones were heard in it; nothing was stored");
   QBTabMgr::db().context().save();
@@ -104,7 +101,8 @@ void requireInstrument() {
 /// the exit status.
 int importFiles(const ImportOptions& options) {
   if (detectionOf(options.detection).needsInstrument) requireInstrument();
-  QBTuning* tuning = options.tuning ? &chooseTuning(*options.tuning) : nullptr;
+  QBTuning* tuning =
+      options.tuning ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
   std::vector<platform::Ref<QBSong>> songs;
   int status = EXIT_SUCCESS;
   for (const std::string& file : options.files) {

@@ -20,7 +20,6 @@
 #include "platform/sound/WaveFiles.h"
 #include "workflow/playing/QBPlayerViewController.h"
 #include "workflow/session/QBSession.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
@@ -125,7 +124,6 @@ void playInto(const OutputFile& file, QBSong& song, const PlayOptions& options) 
 void play(const PlayOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
-  const TuningForNow chosen(song.tuning());
   if (options.file)
     playInto(OutputFile(*options.file, options.force), song, options);
   else

@@ -9,7 +9,6 @@
 #include "model/songs/QBSong.h"
 #include "platform/media/WaveFileWriter.h"
 #include "playback/SongRenderer.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
@@ -40,7 +39,6 @@ void render(const RenderOptions& options) {
   requireChords(song);
   const OutputFile file(options.file, options.force);
   file.check();
-  const TuningForNow chosen(song.tuning());
   renderSong(song, file, options.sound);
 }
 

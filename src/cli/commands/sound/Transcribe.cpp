@@ -21,7 +21,6 @@
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
 #include "workflow/hearing/SoundCheck.h"
-#include "workflow/session/TuningForNow.h"
 
 namespace korvel::cli {
 namespace {
@@ -38,7 +37,7 @@ struct TranscribeOptions {
 };
 
 OpenPitches openStrings(const TranscribeOptions& options) {
-  return options.tuning ? openStringsOf(chooseTuning(*options.tuning)) : kStandardPitches;
+  return options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
 }
 
 Transcription hear(const TranscribeOptions& options) {

@@ -13,6 +13,7 @@
 #include "cli/support/Console.h"
 #include "cli/support/OutputFile.h"
 #include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBTuning.h"
 #include "model/store/QBTabMgr.h"
 #include "music/NoteName.h"
 #include "platform/files/Files.h"
@@ -52,7 +53,7 @@ void printNotes(const CalibrateCommand& heard) {
 
 std::string missingNotes(const CalibrateCommand& heard) {
   std::string missing;
-  for (const CalibrationNote& note : notesToCalibrate())
+  for (const CalibrationNote& note : notesToCalibrate(*heard.calibration().tuning()))
     if (std::ranges::find(heard.notes(), note.midi, &CalibrateCommand::HeardNote::midi) ==
         heard.notes().end())
       missing += ' ' + noteName(note.midi);
@@ -83,7 +84,8 @@ void exportInstrument(const std::string& name, const std::string& file, bool rep
 void calibrateInstrument(const std::string& file, const std::string& name) {
   requireSound(file);
   CalibrateCommand heard(std::make_shared<MonoTrack>(file),
-                         std::filesystem::path(file).filename().string());
+                         std::filesystem::path(file).filename().string(),
+                         *QBTabMgr::db().selectedTuning());
   heard.run();
   printNotes(heard);
   if (const auto problem = heard.problem()) throw CliError(file + ": " + problem->english());
