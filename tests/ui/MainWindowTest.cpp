@@ -2,6 +2,7 @@
 #include "ui/window/MainWindow.h"
 
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
@@ -121,6 +122,35 @@ TEST_F(MainWindowTest, tonesAreEditedByKeysAndOnTheFretboardAndUndone) {
   EXPECT_EQ(titles(), "");
   m_window->findChild<EditMenu*>()->actions().at(1)->trigger();
   EXPECT_EQ(titles(), "Tune/Tune ");
+}
+
+TEST_F(MainWindowTest, loopsAreOneStepOfUndoAndClicksAreNone) {
+  import();
+  TablatureView& tablature = m_window->tablature();
+  const auto undo = m_window->findChild<EditMenu*>()->actions().front();
+  const auto loop = [&] { return m_window->findChild<QLabel*>("loop")->text().toStdString(); };
+  const auto click = [&](int chord, Qt::KeyboardModifiers modifiers) {
+    QTest::mouseClick(tablature.viewport(), Qt::LeftButton, modifiers,
+                      tablature.chordRect(chord).center());
+  };
+  tablature.moveCursor(0, 5);
+  QTest::keyClick(&tablature, Qt::Key_7);
+  click(1, {});
+  EXPECT_EQ(loop(), "No loop");
+  click(1, Qt::ShiftModifier);
+  click(2, Qt::ShiftModifier);
+  EXPECT_EQ(loop(), "Loop 2–3");
+  tablature.moveCursor(0, 5);
+  action("Begin Loop Here")->trigger();
+  action("End Loop Here")->trigger();
+  EXPECT_EQ(loop(), "Loop 1–1");
+  undo->trigger();
+  EXPECT_EQ(loop(), "No loop");
+  EXPECT_TRUE(log().endsWith("Undo Set Loop"));
+  undo->trigger();
+  EXPECT_TRUE(log().endsWith("Undo Change Fret"));
+  for (int i = 0; i < 2; ++i) action("Edit")->menu()->actions().at(1)->trigger();
+  EXPECT_EQ(loop(), "Loop 1–1") << "redone";
 }
 
 TEST_F(MainWindowTest, recentFilesNameEachFileOnce) {

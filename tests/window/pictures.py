@@ -63,8 +63,8 @@ class Pictures:
     def song(self, name):
         """A loop, and the cursor on a chord."""
         box = self.window.find("text", "Tablature").get_extents(SCREEN)
-        for share in (0.1, 0.4, 0.27):
-            xdotool("mousemove", box.x + int(box.width * share), box.y + 70, "click", 1)
+        for share, row in ((0.1, 45), (0.4, 45), (0.27, 70)):  # the ruler is the upper one
+            xdotool("mousemove", box.x + int(box.width * share), box.y + row, "click", 1)
         wait_for("the loop", lambda: self.window.has("label", "Loop "))
         self.take(name)
 

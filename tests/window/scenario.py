@@ -111,9 +111,8 @@ class Session:
         """Until the marker has moved, in a loop that clicks have marked, and on beside another
         song."""
         self.select(TITLE)
-        self.click_tablature(5, 0.35)
-        last = self.click_tablature(5, 0.5)
-        first = self.click_tablature(5, 0.2)
+        last = self.click_tablature(5, 0.5, "shift")
+        first = self.click_tablature(5, 0.2, "shift")
         self.window.find("label", f"Loop {first}–{last}")
         self.window.keys("space")
         wait_for("the play position to move", lambda: self.position() > 0)
@@ -133,10 +132,13 @@ class Session:
     def can_be_pressed(self, button):
         return self.window.find("push button", button).get_state_set().contains(ENABLED)
 
-    def click_tablature(self, row, share):
-        """Clicks into a row of the text; which chord stands there."""
+    def click_tablature(self, row, share, *held):
+        """Clicks into a row of the text, with keys held; which chord stands there."""
         box = self.window.find("text", "Tablature").get_extents(SCREEN)
-        xdotool("mousemove", box.x + int(box.width * share), box.y + row * 14, "click", 1)
+        keys = [step for key in held for step in ("keydown", key)]
+        free = [step for key in held for step in ("keyup", key)]
+        xdotool("mousemove", box.x + int(box.width * share), box.y + row * 14, *keys, "click", 1,
+                *free)
         return wait_for("a chord under the click", self.chord_at_cursor)
 
     def chord_at_cursor(self):

@@ -2,6 +2,8 @@
 #include "platform/persistence/ChangeLog.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "platform/persistence/EntityDescription.h"
 #include "platform/persistence/ManagedContext.h"
@@ -23,6 +25,16 @@ void ChangeLog::close() {
   m_attributes = {};
   m_made.shrink_to_fit();
   m_changes.shrink_to_fit();
+}
+
+bool ChangeLog::takeOn(ChangeLog& next) {
+  if (m_open || next.m_open || !m_subject || m_subject != next.m_subject) return false;
+  if (!m_made.empty() || !next.m_made.empty()) return false;
+  m_title = std::move(next.m_title);
+  m_changes.insert(m_changes.end(), std::make_move_iterator(next.m_changes.begin()),
+                   std::make_move_iterator(next.m_changes.end()));
+  m_uses.merge(next.m_uses);
+  return true;
 }
 
 // ---- recording

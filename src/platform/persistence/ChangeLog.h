@@ -39,6 +39,11 @@ class ChangeLog {
   bool isOpen() const { return m_open; }
   /// Releases what only recording needs.
   void close();
+  /// Changes of one subject, such as a song's loop, may become one action.
+  void setSubject(const ManagedObject* subject) { m_subject = subject; }
+  /// Takes on the changes of the action that followed, with its title, if both are closed, are
+  /// about one subject and have made no objects; answers whether it did.
+  bool takeOn(ChangeLog& next);
 
   // Recording, which the context does.
   void recordInsertion(ManagedObject& object);
@@ -95,6 +100,7 @@ class ChangeLog {
   UserText m_title;
   std::uint32_t m_number;
   bool m_open = true;
+  const ManagedObject* m_subject = nullptr;
   std::vector<Ref<ManagedObject>> m_made;
   std::vector<Change> m_changes;
   std::unordered_set<std::uint32_t> m_uses;  ///< Numbers of other logs.

@@ -2,6 +2,7 @@
 #include "platform/persistence/UndoManager.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -89,7 +90,9 @@ UndoManager::Log UndoManager::open(UserText title) {
 
 void UndoManager::close(const Log& log) {
   log->close();
-  if (log->isEmpty()) drop(log);
+  if (log->isEmpty()) return drop(log);
+  const auto place = std::ranges::find(m_done, log);
+  if (place != m_done.begin() && (*std::prev(place))->takeOn(*log)) m_done.erase(place);
 }
 
 void UndoManager::drop(const Log& log) { std::erase(m_done, log); }
@@ -112,6 +115,10 @@ UndoGroup::UndoGroup(UndoManager& manager, UserText title) : m_manager(manager.w
 }
 
 UndoGroup::~UndoGroup() { end(); }
+
+void UndoGroup::joinAbout(const ManagedObject& subject) {
+  if (m_log) m_log->setSubject(&subject);
+}
 
 bool UndoGroup::resume() {
   const auto manager = m_manager.lock();

@@ -13,6 +13,7 @@ namespace korvel::platform {
 
 class ChangeLog;
 class ManagedContext;
+class ManagedObject;
 
 /// Takes back what was done in a context, action by action, and does it again, for as long as the
 /// context lives; saves do not matter to it. Objects come back as they were: with their ids,
@@ -77,6 +78,10 @@ class UndoGroup {
   UndoGroup(const UndoGroup&) = delete;
   UndoGroup& operator=(const UndoGroup&) = delete;
   ~UndoGroup();
+
+  /// Should the action before it be about the same subject, as successive changes of one song's
+  /// loop are, both are one in the end; unless one of them makes objects.
+  void joinAbout(const ManagedObject& subject);
 
   void suspend();
   /// Answers whether it was suspended.

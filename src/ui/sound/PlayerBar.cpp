@@ -37,6 +37,7 @@ PlayerBar::PlayerBar(QWidget* parent)
   setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   m_play = addAction(playIcon(), tr("Play"), this, &PlayerBar::play);
   m_stop = addAction(stopIcon(), tr("Stop"), this, &PlayerBar::stop);
+  m_loop->setObjectName("loop");
   m_position->setAccessibleName(tr("Position"));
   addWidget(m_position);
   addSeparator();

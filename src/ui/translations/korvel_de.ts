@@ -1932,6 +1932,22 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>That did not work, and the text says why; press Escape in it or click a song to go on</source>
         <translation>Das ging nicht, und der Text sagt, warum; drücke darin Escape oder klicke auf einen Song, um weiterzuarbeiten</translation>
     </message>
+    <message>
+        <source>&amp;Begin Loop Here</source>
+        <translation>Loop hier &amp;beginnen</translation>
+    </message>
+    <message>
+        <source>[</source>
+        <translation>[</translation>
+    </message>
+    <message>
+        <source>&amp;End Loop Here</source>
+        <translation>Loop hier be&amp;enden</translation>
+    </message>
+    <message>
+        <source>]</source>
+        <translation>]</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
@@ -2305,6 +2321,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>This song has no chords. The key Insert puts in the first one.</source>
         <translation>Dieser Song hat keine Akkorde. Die Taste Einfg fügt den ersten ein.</translation>
+    </message>
+    <message>
+        <source>Click to move the nearer end of the loop here, drag to set both</source>
+        <translation>Klicken verschiebt das nähere Ende des Loops hierher, Ziehen setzt beide</translation>
     </message>
 </context>
 <context>

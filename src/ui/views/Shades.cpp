@@ -38,6 +38,7 @@ Shades::Shades(const QPalette& palette)
       onAccent(palette.color(QPalette::HighlightedText)),
       mark(mixed(accent, text, 0.35)),
       quiet(mixed(base, mark, 0.6)),
+      ruler(mixed(base, text, 0.06)),
       loop(mixed(base, accent, 0.14)),
       chosen(mixed(base, accent, 0.3)) {}
 

@@ -20,6 +20,7 @@ struct Shades {
   QColor onAccent;   ///< Text on it.
   QColor mark;       ///< Frames on the base, and the loudest tones.
   QColor quiet;      ///< The faintest tones.
+  QColor ruler;      ///< Ground of the row that sets the loop.
   QColor loop;       ///< Ground of the loop.
   QColor chosen;     ///< Ground of what is selected.
 };

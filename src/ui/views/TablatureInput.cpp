@@ -139,14 +139,17 @@ void TablatureView::moveTo(std::optional<int> chord, int string, bool selecting)
 
 void TablatureView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(event);
-  const auto chord = chordUnder(event->pos());
-  if (chord && event->modifiers() & Qt::ShiftModifier)
-    moveTo(chord, m_string, true);
-  else
-    m_pressed = event->pos();
+  m_pressed = event->pos();
+}
+
+/// Says that the ruler does something else than the strings below it.
+void TablatureView::showPointer(const QPoint& position) {
+  const bool onRuler = isOnRuler(position) && chordUnder(position);
+  viewport()->setCursor(onRuler ? Qt::PointingHandCursor : Qt::IBeamCursor);
 }
 
 void TablatureView::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons() == Qt::NoButton) showPointer(event->pos());
   if (!m_pressed || !(event->buttons() & Qt::LeftButton)) return;
   const bool dragged =
       (event->pos() - *m_pressed).manhattanLength() >= QApplication::startDragDistance();
@@ -157,15 +160,24 @@ void TablatureView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void TablatureView::mouseReleaseEvent(QMouseEvent* event) {
-  const bool wasPressed = std::exchange(m_pressed, std::nullopt).has_value();
-  if (!wasPressed || event->button() != Qt::LeftButton) return;
-  if (std::exchange(m_dragging, false)) return offerSelection();
+  const auto pressed = std::exchange(m_pressed, std::nullopt);
+  if (!pressed || event->button() != Qt::LeftButton) return;
+  if (std::exchange(m_dragging, false)) return endDrag(*pressed);
   const auto chord = chordUnder(event->pos());
   if (!chord) return selectNone();
   const QPointF cell = toCells(event->pos());
   const int row = static_cast<int>(std::floor(cell.y()));
   moveTo(chord, stringAt(*m_layout.systemAt(row), row).value_or(m_string), false);
-  emit clicked(cell.x(), cell.y());
+  if (event->modifiers() & Qt::ShiftModifier || isOnRuler(event->pos()))
+    emit clicked(cell.x(), cell.y());
+}
+
+/// What was dragged over is selected, and it is what plays; along the ruler it only plays.
+void TablatureView::endDrag(const QPoint& began) {
+  const ChordSpan dragged = m_selection;
+  offerSelection();
+  if (isOnRuler(began)) selectNone();
+  if (dragged.first >= 0 && !m_locked) emit loopDragged(dragged.first, dragged.last);
 }
 
 // ---- keys

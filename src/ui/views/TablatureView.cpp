@@ -61,6 +61,7 @@ TablatureView::TablatureView(QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(NoFrame);
   viewport()->setCursor(Qt::IBeamCursor);
+  viewport()->setMouseTracking(true);
   viewport()->setBackgroundRole(QPalette::Base);
   m_family = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
   remeasure();
@@ -194,6 +195,13 @@ std::optional<int> TablatureView::chordUnder(const QPoint& position) const {
                           static_cast<int>(std::floor(cell.y())));
 }
 
+/// The row above the strings, in which the names of the chords stand.
+bool TablatureView::isOnRuler(const QPoint& position) const {
+  const int row = static_cast<int>(std::floor(toCells(position).y()));
+  const TabLayout::System* system = m_layout.systemAt(row);
+  return system && row == system->first;
+}
+
 QRectF TablatureView::cellsOf(const TabLayout::Place& place) const {
   return m_canvas.cells(place.x, place.y - 1, place.columns, kMarkedRows);
 }
@@ -297,8 +305,17 @@ void TablatureView::addInactiveTones(QString& words, const TabLayout::System& sy
   }
 }
 
+void TablatureView::paintRuler(QPainter& painter, const TabLayout::System& system) const {
+  const auto first = m_layout.begin(system);
+  const auto end = m_layout.end(system);
+  if (first == end) return;
+  const int columns = std::prev(end)->x + std::prev(end)->columns - first->x;
+  painter.fillRect(m_canvas.cells(first->x, system.first, columns, 1), Shades(palette()).ruler);
+}
+
 void TablatureView::paintGround(QPainter& painter, const TabLayout::System& system) const {
   const Shades shades(palette());
+  paintRuler(painter, system);
   for (auto place = m_layout.begin(system); place != m_layout.end(system); ++place) {
     const QRectF cells = cellsOf(*place);
     if (m_loop.contains(place->chord)) painter.fillRect(cells, shades.loop);
@@ -415,7 +432,9 @@ bool TablatureView::viewportEvent(QEvent* event) {
     return true;
   }
   const QBChord& under = *chords[static_cast<std::size_t>(*chord)];
-  const QString words = ChordWords(tuningOf(m_song)).grip(under);
+  const QString words = isOnRuler(help->pos())
+                            ? tr("Click to move the nearer end of the loop here, drag to set both")
+                            : ChordWords(tuningOf(m_song)).grip(under);
   QToolTip::showText(help->globalPos(), words, viewport(), chordRect(*chord));
   return true;
 }

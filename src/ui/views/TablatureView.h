@@ -76,7 +76,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
 
  public slots:
   void moveCursor(int chord, int string);
-  /// As a click on the chord at the cursor.
+  /// The nearer end of the loop goes to the chord at the cursor.
   void chooseLoopEnd();
   void showPlaying(int chord);
   void setZoom(int percent);
@@ -91,11 +91,13 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   bool findPrevious(const QString& name);
 
  signals:
-  /// A chord of the tablature was clicked, or Enter was pressed on it: for
+  /// A chord was clicked on the ruler or with Shift, or Enter was pressed on it: for
   /// `QBSession::selectChord`.
   void clicked(double x, double y);
-  /// The session handed on a click on that chord: the nearer end of the loop goes there.
+  /// The session handed on such a click on that chord: the nearer end of the loop goes there.
   void loopEndChosen(int chord);
+  /// The mouse was dragged from one chord to another.
+  void loopDragged(int first, int last);
   void cursorMoved(int chord, int string);
   /// `continues` when a second digit makes one fret of it and the digit before.
   void fretTyped(int chord, int string, int fret, bool continues);
@@ -138,6 +140,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   QPointF origin() const;
   QPointF toCells(const QPoint& position) const;
   std::optional<int> chordUnder(const QPoint& position) const;
+  bool isOnRuler(const QPoint& position) const;
   QRectF cellsOf(const TabLayout::Place& place) const;
   QRectF cursorCells() const;
   void reveal(const QRectF& cells);
@@ -147,6 +150,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   // Painting.
   QString shownRow(int row) const;
   void addInactiveTones(QString& words, const TabLayout::System& system, int row) const;
+  void paintRuler(QPainter& painter, const TabLayout::System& system) const;
   void paintGround(QPainter& painter, const TabLayout::System& system) const;
   void paintMarks(QPainter& painter, const TabLayout::System& system) const;
   void paintBracket(QPainter& painter, const TabLayout::Place& place, bool opening) const;
@@ -155,6 +159,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   QString placeholder() const;
 
   // Input.
+  void showPointer(const QPoint& position);
+  void endDrag(const QPoint& began);
   bool zoomByKey(QKeyEvent& event);
   bool copyByKey(QKeyEvent& event);
   bool moveByKey(QKeyEvent& event);

@@ -193,6 +193,8 @@ void MainWindow::addPlayMenu() {
   menu->addSeparator();
   menu->addAction(tr("Set &Loop End Here"), tr("Ctrl+Return"), m_tablature,
                   &TablatureView::chooseLoopEnd);
+  menu->addAction(tr("&Begin Loop Here"), tr("["), m_shown, &ShownSong::beginLoop);
+  menu->addAction(tr("&End Loop Here"), tr("]"), m_shown, &ShownSong::endLoop);
   menu->addAction(tr("&Reset Loop"), m_shown, &ShownSong::resetLoop);
 }
 

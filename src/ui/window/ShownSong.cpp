@@ -21,7 +21,11 @@ ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_v
           [](double x, double y) { QBSession::session().selectChord(x, y); });
   connect(&tablature, &TablatureView::songWanted, this,
           [this] { QBSession::session().setActiveSong(m_song); });
-  connect(&tablature, &TablatureView::loopEndChosen, this, &ShownSong::chooseLoopEnd);
+  connect(&tablature, &TablatureView::loopEndChosen, this,
+          [this](int chord) { changeLoop([chord](QBSong& song) { moveLoopEnd(song, chord); }); });
+  connect(&tablature, &TablatureView::loopDragged, this, [this](int first, int last) {
+    changeLoop([first, last](QBSong& song) { setLoop(song, first, last); });
+  });
   connect(&tablature, &TablatureView::cursorMoved, this, &ShownSong::showCursor);
   connect(&tablature, &TablatureView::playToggled, &player, &PlayerBar::toggle);
   connect(&roll, &RollView::playToggled, &player, &PlayerBar::toggle);
@@ -59,10 +63,27 @@ void ShownSong::showPlaying() {
 }
 
 void ShownSong::resetLoop() {
+  changeLoop([](QBSong& song) { clearLoop(song); });
+}
+
+void ShownSong::beginLoop() {
+  changeLoop([chord = m_views.tablature.cursorChord()](QBSong& song) {
+    if (chord >= 0) korvel::beginLoop(song, chord);
+  });
+}
+
+void ShownSong::endLoop() {
+  changeLoop([chord = m_views.tablature.cursorChord()](QBSong& song) {
+    if (chord >= 0) korvel::endLoop(song, chord);
+  });
+}
+
+void ShownSong::changeLoop(const std::function<void(QBSong&)>& change) {
   if (m_views.player.plays(m_song))
     return emit refused(tr("Stop playing first, then change the loop"));
-  if (m_song) clearLoop(*m_song);
+  if (m_song) change(*m_song);
   refresh();
+  m_views.player.controller().updateLoop();
 }
 
 /// After a change of the song.
@@ -70,12 +91,6 @@ void ShownSong::refresh() {
   m_views.tablature.refresh();
   m_views.roll.refresh();
   showCursor(m_views.tablature.cursorChord());
-}
-
-void ShownSong::chooseLoopEnd(int chord) {
-  if (!m_song) return;
-  moveLoopEnd(*m_song, chord);
-  refresh();
 }
 
 }  // namespace korvel::ui

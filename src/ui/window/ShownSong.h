@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 #include "platform/persistence/Ref.h"
 
@@ -38,6 +39,9 @@ class ShownSong final : public QObject {
   void set(QBSong* song);
   QBSong* song() const { return m_song; }
   void resetLoop();
+  // At the cursor.
+  void beginLoop();
+  void endLoop();
 
  signals:
   /// Where the cursor is, in words.
@@ -51,7 +55,7 @@ class ShownSong final : public QObject {
   void showCursor(int chord);
   void showPlaying();
   void refresh();
-  void chooseLoopEnd(int chord);
+  void changeLoop(const std::function<void(QBSong&)>& change);
 
   Views m_views;
   platform::Ref<QBSong> m_song;

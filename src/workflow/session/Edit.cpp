@@ -29,6 +29,10 @@ void Edit::rollBack() {
   if (m_group.rollBack() && !m_song) m_db.reloadData();
 }
 
+void Edit::joinAlike() {
+  if (m_song) m_group.joinAbout(*m_song);
+}
+
 void Edit::redraw() {
   if (m_song && !m_song->chords().empty()) buildTab(*m_song);
 }

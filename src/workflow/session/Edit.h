@@ -32,6 +32,10 @@ class Edit {
 
   QBTabMgr& db() const { return m_db; }
 
+  /// Is one action with the one before it, if that was such an edit of the same song: undo then
+  /// takes back all of them.
+  void joinAlike();
+
   /// Draws the tablature of the song anew, if it has chords.
   void redraw();
 

@@ -191,7 +191,8 @@ void QBSession::setTabPosition(float fraction) {
 
 void QBSession::resetLoop() {
   if (m_song) {
-    const platform::UndoGroup group(undoManager(), phrase("UndoAction", "Reset Loop"));
+    platform::UndoGroup group(undoManager(), phrase("UndoAction", "Reset Loop"));
+    group.joinAbout(*m_song);
     resetLoop(*m_song);
     saveIfAtOnce();
   } else {
@@ -216,6 +217,7 @@ void QBSession::selectChord(double x, double y) {
   const auto group = m_song ? std::make_unique<platform::UndoGroup>(
                                   undoManager(), phrase("UndoAction", "Set Loop"))
                             : nullptr;
+  if (group) group->joinAbout(*m_song);
   if (m_views.tab) m_views.tab->handleClick(x, y);
   if (m_song) saveIfAtOnce();
   updateLoop();

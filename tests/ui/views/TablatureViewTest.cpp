@@ -34,6 +34,16 @@ struct TablatureViewTest : testing::Test {
     QTest::mouseClick(m_view.viewport(), Qt::LeftButton, modifiers, fret);
   }
 
+  void drag(int first, int last) {
+    const QPoint from = m_view.chordRect(first).center();
+    const QPoint to = m_view.chordRect(last).center();
+    QTest::mousePress(m_view.viewport(), Qt::LeftButton, {}, from);
+    QMouseEvent moved(QEvent::MouseMove, to, m_view.viewport()->mapToGlobal(to), Qt::LeftButton,
+                      Qt::LeftButton, {});
+    QApplication::sendEvent(m_view.viewport(), &moved);
+    QTest::mouseRelease(m_view.viewport(), Qt::LeftButton, {}, to);
+  }
+
   void press(int key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(&m_view, static_cast<Qt::Key>(key), modifiers);
   }
@@ -43,21 +53,32 @@ struct TablatureViewTest : testing::Test {
   TablatureView m_view;
 };
 
-TEST_F(TablatureViewTest, clickMovesTheLoopUnlessLocked) {
+TEST_F(TablatureViewTest, onlyTheRulerShiftAndDraggingMoveTheLoopUnlessLocked) {
   // As the session relays it.
   QObject::connect(&m_view, &TablatureView::clicked, &m_view, &TablatureView::handleClick);
   const QSignalSpy chosen(&m_view, &TablatureView::loopEndChosen);
+  const QSignalSpy dragged(&m_view, &TablatureView::loopDragged);
   click(7);
-  ASSERT_EQ(chosen.count(), 1);
-  EXPECT_EQ(chosen[0][0].toInt(), 7);
   EXPECT_EQ(m_view.cursorChord(), 7);
   EXPECT_EQ(m_view.cursorString(), 2);
+  EXPECT_EQ(chosen.count(), 0);
+  click(8, Qt::ShiftModifier);
+  QTest::mouseClick(m_view.viewport(), Qt::LeftButton, {},
+                    m_view.chordRect(5).topLeft() + QPoint(3, 3));
   press(Qt::Key_Return);
-  EXPECT_EQ(chosen.count(), 2);
+  ASSERT_EQ(chosen.count(), 3);
+  EXPECT_EQ(chosen[0][0].toInt(), 8);
+  EXPECT_EQ(chosen[1][0].toInt(), 5);
+  EXPECT_EQ(chosen[2][0].toInt(), 5);
+  drag(2, 6);
+  ASSERT_EQ(dragged.count(), 1);
+  EXPECT_EQ(dragged[0], (QVariantList{2, 6}));
+  EXPECT_EQ(m_view.selection().last, 6);
   m_view.lock(true);
-  click(8);
-  EXPECT_EQ(chosen.count(), 2);
-  EXPECT_EQ(m_view.cursorChord(), 8);
+  click(8, Qt::ShiftModifier);
+  drag(2, 6);
+  EXPECT_EQ(chosen.count() + dragged.count(), 4);
+  EXPECT_EQ(m_view.cursorChord(), 6);
 }
 
 TEST_F(TablatureViewTest, keysMoveTheCursorAndEdit) {
@@ -113,8 +134,7 @@ TEST_F(TablatureViewTest, selectedChordsAreCopiedAsTablature) {
   EXPECT_EQ(rows.value(6).toStdString(), " |E---- --------------");
   press(Qt::Key_A, Qt::ControlModifier);
   EXPECT_TRUE(m_view.selectedText().contains("Recorded by Korvel"));
-  click(1);
-  click(3, Qt::ShiftModifier);
+  drag(1, 3);
   EXPECT_EQ(m_view.selectedText().count('2'), 6) << "two a chord";
 }
 
