@@ -5,11 +5,11 @@
 #include <string_view>
 #include <vector>
 
-#include "precise/fingering/Fingering.h"
+#include "fingering/Fingering.h"
 
 namespace {
 
-using namespace korvel::precise;
+using namespace korvel::fingering;
 
 constexpr double kSecondsOfStrum = 0.25;
 constexpr double kSecondsBetweenStrings = 0.012;

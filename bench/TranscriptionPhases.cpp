@@ -9,7 +9,7 @@
 
 #include "audio/MonoTrack.h"
 #include "precise/Engine.h"
-#include "precise/fingering/Fingering.h"
+#include "fingering/Fingering.h"
 
 namespace {
 
@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
     }
     result = engine.take();
   });
-  measure(fingering, [&] { precise::Fingering(kStandardPitches, {}).place(result.notes); });
+  measure(fingering, [&] { fingering::Fingering(kStandardPitches, {}).place(result.notes); });
   print("sound", samples / 44100);
   print("decode", decoding);
   print("hear", hearing);

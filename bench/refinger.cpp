@@ -13,11 +13,12 @@
 #include "cli/support/DetectionFlags.h"
 #include "platform/files/Files.h"
 #include "precise/Settings.h"
-#include "precise/fingering/Fingering.h"
+#include "fingering/Fingering.h"
 
 namespace {
 
-using namespace korvel::precise;
+using namespace korvel::fingering;
+using korvel::precise::Settings;
 using nlohmann::json;
 
 std::vector<Note> notesOf(const json& list) {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "fingering/Note.h"
 #include "model/book/QBHarmony.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
@@ -12,7 +13,6 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
-#include "precise/Note.h"
 
 namespace korvel {
 namespace {
@@ -89,7 +89,7 @@ double rounded(double value, double steps) { return std::round(value * steps) / 
 
 Json placeOf(int number) { return number < 0 ? Json(nullptr) : Json(number); }
 
-Json asJson(const precise::Note& note) {
+Json asJson(const fingering::Note& note) {
   return {{"onset", rounded(note.onset, kPerSecond)},
           {"offset", rounded(note.end, kPerSecond)},
           {"midi", note.pitch},
@@ -114,9 +114,9 @@ std::string songsAsJson(const std::vector<QBSong*>& songs) {
   return dump(all);
 }
 
-std::string notesAsJson(std::span<const precise::Note> notes) {
+std::string notesAsJson(std::span<const fingering::Note> notes) {
   Json list = Json::array();
-  for (const precise::Note& note : notes) list.push_back(asJson(note));
+  for (const fingering::Note& note : notes) list.push_back(asJson(note));
   return Json{{"notes", std::move(list)}}.dump(1) + '\n';
 }
 

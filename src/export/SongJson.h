@@ -9,7 +9,7 @@ namespace korvel {
 
 class QBSong;
 
-namespace precise {
+namespace fingering {
 struct Note;
 }
 
@@ -23,6 +23,6 @@ std::string songsAsJson(const std::vector<QBSong*>& songs);
 /// The notes of a recording, {"notes": [{"onset", "offset", "midi", "string", "fret", "strength",
 /// "probability"}]}: times in seconds, strings from 0 for the lowest, null for string and fret of a
 /// note that the guitar has not.
-std::string notesAsJson(std::span<const precise::Note> notes);
+std::string notesAsJson(std::span<const fingering::Note> notes);
 
 }  // namespace korvel

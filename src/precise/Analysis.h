@@ -5,11 +5,13 @@
 #include <cstddef>
 #include <vector>
 
+#include "fingering/Note.h"
 #include "platform/sound/SampleRate.h"
-#include "precise/Note.h"
 #include "precise/seeing/FrameTable.h"
 
 namespace korvel::precise {
+
+using fingering::Note;
 
 /// What the precise detection found in a recording.
 struct Analysis {

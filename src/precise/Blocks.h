@@ -9,8 +9,7 @@
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Analysis.h"
-#include "precise/Note.h"
-#include "precise/fingering/FingeringOptions.h"
+#include "precise/Settings.h"
 
 namespace korvel::precise {
 

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "precise/fingering/FingeringOptions.h"
+#include "fingering/FingeringOptions.h"
 
 namespace korvel::precise {
+
+using fingering::FingeringOptions;
+using fingering::Position;
 
 /// What the user may say to the precise detection.
 struct Settings {

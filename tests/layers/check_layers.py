@@ -14,6 +14,7 @@ import sys
 RANK = {
     "platform": 0,
     "music": 1, "matrix": 1,
+    "fingering": 2,
     "model": 2,
     "audio": 3, "precise": 3, "analysis": 4, "arrange": 3, "tab": 5, "export": 4, "playback": 5, "recording": 6,
     "workflow": 7,
@@ -21,7 +22,7 @@ RANK = {
 }
 
 # Layers that use less than their rank lets them, so that they serve without the rest.
-ONLY = {"precise": {"platform", "music"}}
+ONLY = {"fingering": {"platform", "music"}, "precise": {"platform", "music", "fingering"}}
 
 # Headers from outside the project belong to the source files of platform, with these exceptions:
 # pattern, folders, whether headers may include them too.

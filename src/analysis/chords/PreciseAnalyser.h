@@ -10,7 +10,7 @@
 #include "platform/loop/Slices.h"
 #include "precise/Blocks.h"
 #include "precise/Settings.h"
-#include "precise/fingering/FingeringOptions.h"
+#include "precise/Settings.h"
 
 namespace korvel {
 

@@ -4,12 +4,12 @@
 #include <cstddef>
 #include <memory>
 
+#include "fingering/Fingering.h"
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Analysis.h"
 #include "precise/Engine.h"
 #include "precise/Settings.h"
-#include "precise/fingering/Fingering.h"
 
 namespace korvel {
 
@@ -40,7 +40,7 @@ class Transcription {
 
   std::shared_ptr<QBSampleSource> m_source;
   precise::Engine m_engine;
-  precise::Fingering m_fingering;
+  fingering::Fingering m_fingering;
   precise::Analysis m_result;
   std::size_t m_samples = 0;
   Phase m_phase = Phase::reading;

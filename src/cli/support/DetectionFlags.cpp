@@ -75,7 +75,7 @@ void addDetectionFlags(Command& command, precise::Settings& settings) {
           [&fingering](const std::string& word) { fingering.position = positionNamed(word); },
           "Where on the neck it is played: open, anywhere (default), or around a fret")
       .shownAs("open|anywhere|FRET");
-  command.option("--frets", fingering.frets, "Highest fret that is played, 12 (default) to 24")
+  command.option("--frets", fingering.frets, "Highest fret that is played, 12 to 24 (default: 19)")
       .wholeWithin(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets)
       .shownAs("FRET");
   command.option("--capo", fingering.capo, "Fret of the capo; frets still count from the nut")

@@ -13,7 +13,6 @@ namespace korvel::ui {
 namespace {
 
 constexpr int kMostRecentFiles = 10;
-constexpr int kFretsAtFirst = 19;
 
 /// The same for every spelling of a file's path, unless it is gone.
 QString placeOf(const QString& file) {
@@ -45,7 +44,7 @@ precise::Settings Preferences::detectionSettings() const {
   precise::Settings settings;
   settings.sensitivity = m_store.value("detection/sensitivity", settings.sensitivity).toDouble();
   auto& fingering = settings.fingering;
-  fingering.frets = m_store.value("detection/frets", kFretsAtFirst).toInt();
+  fingering.frets = m_store.value("detection/frets", fingering.frets).toInt();
   fingering.capo = m_store.value("detection/capo", fingering.capo).toInt();
   fingering.position.kind =
       static_cast<precise::Position::Kind>(m_store.value("detection/position").toInt());

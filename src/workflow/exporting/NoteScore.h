@@ -8,8 +8,8 @@
 #include "export/MidiFile.h"
 #include "export/score/Score.h"
 #include "music/Neck.h"
-#include "precise/Note.h"
-#include "precise/fingering/FingeringOptions.h"
+#include "precise/Analysis.h"
+#include "precise/Settings.h"
 
 namespace korvel {
 

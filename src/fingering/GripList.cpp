@@ -1,26 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "precise/fingering/GripList.h"
+#include "fingering/GripList.h"
 
 #include <algorithm>
 #include <cassert>
 #include <numeric>
 
-namespace korvel::precise {
+namespace korvel::fingering {
 namespace {
 
-constexpr std::size_t kFewestOfChord = 3;
-
-Grip emptyGrip() {
-  Grip grip;
-  grip.fret.fill(Grip::kNone);
-  grip.string.fill(Grip::kNone);
-  return grip;
-}
+/// Frets that a hand spans at most, counted from its lowest pressed one.
+constexpr int kWidest = 5;
 
 Grip with(Grip grip, std::size_t note, std::size_t string, int fret) {
   grip.fret[string] = static_cast<std::int8_t>(fret);
   grip.string[note] = static_cast<std::int8_t>(string);
-  grip.sum += fret;
+  ++grip.played;
   if (fret == 0) {
     ++grip.open;
     return grip;
@@ -30,7 +24,7 @@ Grip with(Grip grip, std::size_t note, std::size_t string, int fret) {
   return grip;
 }
 
-/// Neighbours on the neck, whatever the strings are tuned to.
+/// Strings left alone between neighbours on the neck, whatever the strings are tuned to.
 int gapsIn(const Grip& grip) {
   const auto played = [](std::int8_t fret) { return fret != Grip::kNone; };
   const auto first = std::ranges::find_if(grip.fret, played);
@@ -38,44 +32,52 @@ int gapsIn(const Grip& grip) {
   return first < last ? static_cast<int>(std::count(first, last, Grip::kNone)) : 0;
 }
 
+int fingersOf(const Grip& grip) {
+  const auto above = std::ranges::count_if(
+      grip.fret, [&](std::int8_t fret) { return fret > 0 && fret > grip.lowest; });
+  return static_cast<int>(above) + (grip.lowest > 0 ? 1 : 0);
+}
+
 }  // namespace
+
+Grip emptyGrip() {
+  Grip grip;
+  grip.fret.fill(Grip::kNone);
+  grip.string.fill(Grip::kNone);
+  return grip;
+}
 
 GripList::GripList(const OpenPitches& open, int frets) : m_open(open), m_frets(frets) {
   std::iota(m_byPitch.begin(), m_byPitch.end(), std::size_t{0});
   std::ranges::stable_sort(m_byPitch, {}, [&](std::size_t string) { return open[string]; });
 }
 
-std::span<const Grip> GripList::find(std::span<const int> pitches) {
-  assert(pitches.size() <= kMostNotes);
-  m_pitches = pitches;
-  m_most = 0;
-  for (extendAll(); m_grips.empty(); extendAll()) ++m_most;
-  if (pitches.size() < kFewestOfChord) return m_grips;
-  ++m_most;
-  extendAll();
+std::span<const Grip> GripList::find(std::span<const GripNote> notes) {
+  assert(notes.size() <= kMostNotes);
+  m_notes = notes;
+  m_grips.clear();
+  m_doubtfulOnly = false;
+  for (m_left = 0; m_grips.empty(); ++m_left) extend(emptyGrip(), 0, 0);
+  m_doubtfulOnly = true;
+  if (m_left == 1 && notes.size() > 1) extend(emptyGrip(), 0, 0);
   return m_grips;
 }
 
-void GripList::extendAll() {
-  m_grips.clear();
-  extend(emptyGrip(), 0, 0);
-}
-
 void GripList::extend(const Grip& grip, std::size_t note, std::size_t from) {
-  if (note == m_pitches.size()) {
+  const int left = static_cast<int>(note) - grip.played;
+  if (note == m_notes.size()) {
+    if (left != m_left || grip.span() > kWidest) return;
     m_grips.push_back(grip);
     m_grips.back().gaps = gapsIn(grip);
+    m_grips.back().fingers = fingersOf(grip);
     return;
   }
   for (std::size_t rank = from; rank < m_byPitch.size(); ++rank) {
     const std::size_t string = m_byPitch[rank];
-    const int fret = m_pitches[note] - m_open[string];
+    const int fret = m_notes[note].pitch - m_open[string];
     if (fret >= 0 && fret <= m_frets) extend(with(grip, note, string, fret), note + 1, rank + 1);
   }
-  if (grip.left == m_most) return;
-  Grip without = grip;
-  ++without.left;
-  extend(without, note + 1, from);
+  if (left < m_left && (!m_doubtfulOnly || m_notes[note].doubtful)) extend(grip, note + 1, from);
 }
 
-}  // namespace korvel::precise
+}  // namespace korvel::fingering

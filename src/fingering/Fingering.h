@@ -3,25 +3,24 @@
 
 #include <span>
 
+#include "fingering/FingeringOptions.h"
+#include "fingering/Note.h"
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
-#include "precise/Note.h"
-#include "precise/fingering/FingeringCosts.h"
-#include "precise/fingering/FingeringOptions.h"
 
-namespace korvel::precise {
+namespace korvel::fingering {
 
 class Events;
-class FingeringSearch;
+class HandChain;
 
-/// Chooses the strings on which a guitarist would play the notes of a recording: the way that costs
-/// the hand least over the whole of it, as FingeringCosts tells. The same notes always get the same
-/// fingering. Time and memory grow with the number of notes.
+/// Chooses the strings on which a guitarist would play the notes of a recording: at each event the
+/// grip that is most probable, given all that comes before and after it, by weights that were
+/// fitted to how players of the guitar do it. The same notes always get the same fingering. Time
+/// and memory grow with the number of notes.
 class Fingering {
  public:
   /// Any six pitches make a tuning. Expects at most 24 frets and the capo on one of them.
   Fingering(const OpenPitches& open, const FingeringOptions& options);
-  Fingering(const OpenPitches& open, const FingeringOptions& options, const FingeringCosts& costs);
 
   /// Sets string and fret of each note, in whatever order the notes come. Frets count from the nut,
   /// with a capo too, so that a note's pitch is its open string's plus its fret. A string sounds
@@ -33,14 +32,12 @@ class Fingering {
   platform::Slices placing(std::span<Note> notes) const;
 
  private:
-  static platform::Slices search(const Events& events, FingeringSearch& way);
-  void assign(const Events& events, const FingeringSearch& best, std::span<Note> notes) const;
+  void assign(const Events& events, const HandChain& chain, std::span<Note> notes) const;
 
   OpenPitches m_open;  ///< The open strings with the capo on.
   int m_frets = 0;     ///< Frets above the capo.
   int m_capo = 0;
-  FingeringCosts m_costs;
-  bool m_guessesOpen = false;  ///< Tries whether a melody lies in open position.
+  Position m_expected;  ///< Its fret counts from the capo.
 };
 
-}  // namespace korvel::precise
+}  // namespace korvel::fingering

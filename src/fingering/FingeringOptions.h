@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace korvel::precise {
+namespace korvel::fingering {
 
 /// Where on the neck the player is expected to be.
 struct Position {
@@ -17,10 +17,11 @@ struct Position {
 struct FingeringOptions {
   static constexpr int kFewestFrets = 12;
   static constexpr int kMostFrets = 24;
+  static constexpr int kUsualFrets = 19;
 
-  int frets = kFewestFrets;  ///< Of the guitar; higher ones are never used.
-  int capo = 0;              ///< Fret that it sits on, 0 for none. Nothing below it is played.
+  int frets = kUsualFrets;  ///< Of the guitar; higher ones are never used.
+  int capo = 0;             ///< Fret that it sits on, 0 for none. Nothing below it is played.
   Position position{};
 };
 
-}  // namespace korvel::precise
+}  // namespace korvel::fingering

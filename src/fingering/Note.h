@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace korvel::precise {
+namespace korvel::fingering {
 
-/// One note of a recording, as the precise detection heard it.
+/// One note as it was heard, or is to be played.
 struct Note {
   /// Seconds from the start of the recording, end > onset.
   double onset = 0;
@@ -18,8 +18,8 @@ struct Note {
   float strength = 0;
   /// How probable it is that this is a note, 0..1.
   float probability = 1;
-  /// The strength as a linear amplitude, on the scale of `Analysis::amplitude`.
+  /// The strength as a linear amplitude, a sine at full scale being 1.
   float amplitude = 0;
 };
 
-}  // namespace korvel::precise
+}  // namespace korvel::fingering

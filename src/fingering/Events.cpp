@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "precise/fingering/Events.h"
+#include "fingering/Events.h"
 
 #include <algorithm>
 #include <numeric>
 
 #include "music/Neck.h"
 
-namespace korvel::precise {
+namespace korvel::fingering {
 namespace {
 
 /// Seconds within which notes start together, in whatever order they are heard.
@@ -15,8 +15,9 @@ constexpr double kTogether = 0.05;
 constexpr double kStrum = 0.12;
 constexpr double kNextString = 0.03;
 
-/// Events for each note of a melody, at least.
-constexpr double kEventsOfLine = 0.9;
+/// Events on either side that tell a melody from chords, and the share of them with one note.
+constexpr std::size_t kAround = 8;
+constexpr double kShareOfLine = 0.6;
 
 /// Whether a note goes on where the notes before it rise or fall, in order of onset.
 bool goesOn(const Note& note, std::span<const std::size_t> before, std::span<const Note> notes) {
@@ -58,15 +59,25 @@ Events::Events(std::span<const Note> notes) : m_byOnset(notes.size()) {
   std::vector<std::size_t> order = m_byOnset;
   for (std::span<std::size_t> rest = order; !rest.empty();) {
     const auto event = nextEvent(rest, notes);
-    rest = rest.subspan(event.size());
+    const double onset = notes[event.front()].onset;
     const auto grip = playable(event, notes);
+    m_events.push_back({m_played.size(), grip.size(), onset});
     m_played.insert(m_played.end(), grip.begin(), grip.end());
-    m_sizes.push_back(grip.size());
+    rest = rest.subspan(event.size());
   }
 }
 
-bool Events::areOneLine() const {
-  return static_cast<double>(m_sizes.size()) > kEventsOfLine * static_cast<double>(m_played.size());
+std::span<const std::size_t> Events::notes(std::size_t event) const {
+  return std::span(m_played).subspan(m_events[event].first, m_events[event].size);
 }
 
-}  // namespace korvel::precise
+bool Events::isOfLine(std::size_t event) const {
+  if (m_events[event].size != 1) return false;
+  const auto around = std::span(m_events)
+                          .first(std::min(size(), event + kAround + 1))
+                          .subspan(event - std::min(event, kAround));
+  const auto single = std::ranges::count(around, std::size_t{1}, &Event::size);
+  return static_cast<double>(single) > kShareOfLine * static_cast<double>(around.size());
+}
+
+}  // namespace korvel::fingering

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fingering/Fingering.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+
+#include "fingering/Events.h"
+#include "fingering/Habits.h"
+#include "fingering/HandChain.h"
+
+namespace korvel::fingering {
+namespace {
+
+/// More change nothing.
+constexpr int kPasses = 4;
+/// Of the work, in comparison: listing what a hand may do, and each pass with its habits.
+constexpr double kShareOfList = 0.4;
+constexpr double kShareOfPass = (1 - kShareOfList) / kPasses;
+constexpr double kShareOfHabits = 0.05;
+
+void endWhereTheNextStarts(std::span<Note> notes, std::span<const std::size_t> order) {
+  std::array<Note*, kStrings> last{};
+  for (const std::size_t i : order) {
+    if (notes[i].string < 0) continue;
+    Note*& before = last[static_cast<std::size_t>(notes[i].string)];
+    if (before) before->end = std::min(before->end, notes[i].onset);
+    before = &notes[i];
+  }
+}
+
+Position fromTheCapo(Position position, int capo) {
+  if (position.kind == Position::Kind::open) position.fret = 1;
+  if (position.kind == Position::Kind::around) position.fret = std::max(1, position.fret - capo);
+  return position;
+}
+
+}  // namespace
+
+Fingering::Fingering(const OpenPitches& open, const FingeringOptions& options)
+    : m_open(open),
+      m_frets(options.frets - options.capo),
+      m_capo(options.capo),
+      m_expected(fromTheCapo(options.position, options.capo)) {
+  assert(options.capo >= 0 && m_frets >= 0 && options.frets <= FingeringOptions::kMostFrets);
+  for (int& pitch : m_open) pitch += options.capo;
+}
+
+platform::Slices Fingering::placing(std::span<Note> notes) const {
+  const Events events(notes);
+  HandChain chain(m_open, m_frets, m_expected, events, notes);
+  Habits habits(events, notes);
+  platform::Slices working = chain.list();
+  while (working.next()) co_yield kShareOfList* working.done();
+  for (int i = 0; i < kPasses; ++i) {
+    const double done = kShareOfList + i * kShareOfPass;
+    working = chain.pass();
+    while (working.next()) co_yield done + (kShareOfPass - kShareOfHabits) * working.done();
+    if (i + 1 == kPasses) break;
+    working = habits.tell(chain);
+    while (working.next()) co_yield done + kShareOfPass - kShareOfHabits*(1 - working.done());
+  }
+  assign(events, chain, notes);
+}
+
+void Fingering::assign(const Events& events, const HandChain& chain, std::span<Note> notes) const {
+  for (Note& note : notes) note.string = note.fret = -1;
+  for (std::size_t event = 0; event < events.size(); ++event) {
+    const auto choice = std::ranges::max_element(chain.choices(event), {}, &Choice::probability);
+    const auto indices = events.notes(event);
+    for (std::size_t i = 0; i < indices.size(); ++i) {
+      if (choice->grip.string[i] == Grip::kNone) continue;
+      Note& note = notes[indices[i]];
+      note.string = choice->grip.string[i];
+      note.fret = note.pitch - m_open[static_cast<std::size_t>(note.string)] + m_capo;
+    }
+  }
+  endWhereTheNextStarts(notes, events.byOnset());
+}
+
+}  // namespace korvel::fingering
