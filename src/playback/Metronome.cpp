@@ -23,6 +23,8 @@ constexpr std::uint8_t kHighWoodBlock = 76;
 constexpr std::uint8_t kVelocityOfClick = 60;
 constexpr std::uint8_t kVelocityOfFirst = 90;
 constexpr float kSeconds = 0.1F;
+constexpr int kClicksBefore = 4;
+constexpr int kMostClicksBefore = 16;
 
 /// Beats shorter than a sixteenth cannot be told apart, and a measure without a beat has
 /// sixteenths.
@@ -73,7 +75,25 @@ class Beats {
   ClicksOfChords m_clicks;
 };
 
+/// Null where the first chord from that position on is in no measure.
+const QBMeasure* measureAt(QBSong& song, int from) {
+  const auto& chords = song.allChords();
+  const auto first =
+      std::ranges::find_if(chords, [from](const auto& chord) { return chord->position() >= from; });
+  return first == chords.end() ? nullptr : (*first)->measure();
+}
+
 }  // namespace
+
+double addCountIn(QBSong& song, int from, platform::MusicTrack& track) {
+  const QBMeasure* measure = measureAt(song, from);
+  const int clicks = measure ? std::clamp(measure->beat(), 1, kMostClicksBefore) : kClicksBefore;
+  const int steps = measure ? sixteenthsOfBeat(*measure) : kSixteenthsOfQuarter;
+  const auto before = [&](int click) { return ((clicks - click) * steps - 1) * kSecondsOfChord; };
+  for (int click = 0; click < clicks; ++click)
+    track.addLeadIn(before(click), noteOf(click == 0 ? Click::first : Click::beat));
+  return before(0);
+}
 
 void addClicks(QBSong& song, int from, int to, platform::MusicTrack& track) {
   const Beats beats(song);

@@ -13,4 +13,9 @@ class QBSong;
 /// other song clicks at every fourth chord from the first of the range on, all alike.
 void addClicks(QBSong& song, int from, int to, platform::MusicTrack& track);
 
+/// The same clicks before the first chord of positions from..: a bar of the measure that the chord
+/// is in, or four where it is in none, as fast as they go on. Answers how many beats of the track
+/// before its beginning they begin.
+double addCountIn(QBSong& song, int from, platform::MusicTrack& track);
+
 }  // namespace korvel

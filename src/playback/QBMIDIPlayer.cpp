@@ -99,6 +99,16 @@ void QBMIDIPlayer::setMetronome(bool heard) {
   if (m_clicks) m_clicks->setMuted(!heard);
 }
 
+void QBMIDIPlayer::setClickVolume(double factor) {
+  for (platform::MusicTrack* track : {m_clicks, m_countIn})
+    if (track) track->setVolume(factor);
+}
+
+void QBMIDIPlayer::addCountIn(int from) {
+  if (!m_countIn) m_countIn = &m_sequence.newTrack();
+  m_leadIn = korvel::addCountIn(*m_song, from, *m_countIn);
+}
+
 bool QBMIDIPlayer::changeProgram(int program) {
   return m_track && program >= 0 && program <= kHighestNote &&
          m_track->addChannelEvent(0.0, {kProgramChange, static_cast<std::uint8_t>(program), 0});
@@ -124,12 +134,17 @@ bool QBMIDIPlayer::stop() {
   if (m_player) m_player->stop();
   if (m_track) m_sequence.disposeTrack(*std::exchange(m_track, nullptr));
   if (m_clicks) m_sequence.disposeTrack(*std::exchange(m_clicks, nullptr));
+  if (m_countIn) m_sequence.disposeTrack(*std::exchange(m_countIn, nullptr));
   return true;
 }
 
 bool QBMIDIPlayer::isPlaying() const { return m_player && m_player->isPlaying(); }
 
 bool QBMIDIPlayer::isLost() const { return m_player && m_player->isLost(); }
+
+void QBMIDIPlayer::goToBeginning() {
+  if (m_player) m_player->setTime(-m_leadIn);
+}
 
 void QBMIDIPlayer::rewind() {
   if (m_player) m_player->setTime(0.0);

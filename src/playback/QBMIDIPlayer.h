@@ -44,6 +44,11 @@ class QBMIDIPlayer {
   void addMetronome(int from, int to);
   /// Whether the clicks are heard, which they are at first; also while it plays.
   void setMetronome(bool heard);
+  /// How loud the clicks are, those before the beginning too: 1 as they come; also while it plays.
+  void setClickVolume(double factor);
+  /// Adds the clicks that are heard before the first of the chords from that position on, by who
+  /// begins with `goToBeginning`; before it is started.
+  void addCountIn(int from);
   bool repeatAsLoop() const { return m_loop; }
   /// Changes the General MIDI program at time 0.
   bool changeProgram(int program);
@@ -60,6 +65,9 @@ class QBMIDIPlayer {
   bool isPlaying() const;
   /// The device went away while it played.
   bool isLost() const;
+  /// Where what is played begins: with the clicks before it, if there are any.
+  void goToBeginning();
+  /// To the first chord.
   void rewind();
   /// index: in steps.
   void setPlaybackPosition(int index);
@@ -78,7 +86,9 @@ class QBMIDIPlayer {
   std::vector<platform::Ref<QBChord>> m_chords;
   platform::MusicSequence m_sequence;
   platform::MusicTrack* m_track;
-  platform::MusicTrack* m_clicks = nullptr;  ///< None without a metronome.
+  platform::MusicTrack* m_clicks = nullptr;   ///< None without a metronome.
+  platform::MusicTrack* m_countIn = nullptr;  ///< None without clicks before the beginning.
+  double m_leadIn = 0;                        ///< In beats.
   std::unique_ptr<platform::MusicPlayer> m_player;
   int m_cursor = 0;
   float m_timestamp = 0;  ///< When the last chord was added, in beats.

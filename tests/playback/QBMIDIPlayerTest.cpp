@@ -112,6 +112,29 @@ TEST_F(QBMIDIPlayerTest, theMetronomeClicksOnQuartersOrOnTheBeatsOfMeasures) {
       << "no beat begins with the chords behind a long one, nor outside of measures";
 }
 
+TEST_F(QBMIDIPlayerTest, countInIsABarOrFourClicksAndAsLoudAsTheMetronome) {
+  addChords(12);
+  const auto countIn = [this] {
+    QBMIDIPlayer midi(*m_song, nullptr);
+    midi.scan(0, 99);
+    midi.addMetronome(0, 99);
+    midi.addCountIn(0);
+    midi.setClickVolume(0.5);
+    std::string text;
+    for (const auto& event : midi.sequence().events()) {
+      const auto& note = std::get<MidiNoteMessage>(event.message);
+      if (note.channel == 9 && event.time < 1)
+        text += std::to_string(std::lround(event.time / kSecondsOfChord)) + ':' +
+                std::to_string(note.velocity) + ' ';
+    }
+    return text;
+  };
+  EXPECT_EQ(countIn(), "-15:45 -11:30 -7:30 -3:30 1:30 ") << "the first chord is at 1";
+  QBMeasure* measure = QBTabMgr::db().createMeasure(m_song, 3, 8);
+  measure->addChord(m_song->allChords().front().get());
+  EXPECT_EQ(countIn(), "-5:45 -3:30 -1:30 1:45 ");
+}
+
 TEST_F(QBMIDIPlayerTest, cursorStopsBehindTheLastChord) {
   EXPECT_EQ(player()->first(), -1);
   addChords(2);

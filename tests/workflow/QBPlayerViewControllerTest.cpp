@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/playing/QBPlayerViewController.h"
 
+#include "music/ChordStep.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/midi/FluidSynthesizer.h"
 #include "platform/persistence/UndoManager.h"
@@ -55,7 +56,7 @@ struct Controls final : PlayerControls {
     told.push_back(problem.english());
   }
   int speed() const override { return slider; }
-  int maximumSpeed() const override { return 200; }
+  int fullSpeed() const override { return 200; }
   Texts news() { return std::exchange(told, {}); }
 
   Texts told;
@@ -227,6 +228,28 @@ TEST_F(QBPlayerViewControllerTest, theMetronomeIsHeardWhenItIsOn) {
   m_player.setMetronome(true);
   m_loop.run(1.5);
   EXPECT_GT(std::ranges::max(m_audio.heard()), 1000) << "from now on";
+}
+
+TEST_F(QBPlayerViewControllerTest, placeIsToldAsItIsHeardAfterTheCountIn) {
+  m_song->setFromChord(m_song->chords().at(2));
+  choose();
+  m_player.setCountIn(true);
+  m_player.setClickVolume(0);
+  m_player.play();
+  m_controls.told.clear();
+  m_loop.run(15 * kSecondsOfChord);
+  m_player.followSound();
+  EXPECT_EQ(m_controls.news(), Texts()) << "four clicks, which are not heard";
+  EXPECT_EQ(std::ranges::max(m_audio.heard()), 0);
+  m_loop.run(1.1 * kSecondsOfChord);
+  m_controls.told.clear();
+  for (int i = 0; i < 4; ++i) {
+    m_loop.run(0.3 * kSecondsOfChord);
+    m_player.followSound();
+  }
+  EXPECT_NEAR(m_player.secondsHeard(), 3 * kSecondsOfChord, 1e-6);
+  EXPECT_NEAR(m_player.secondsOfSong(), 6 * kSecondsOfChord, 1e-6);
+  EXPECT_GE(m_controls.news().size(), 1U);
 }
 
 TEST_F(QBPlayerViewControllerTest, problemsEndInAMessageAndFreeControls) {

@@ -39,8 +39,10 @@ void MusicSequence::disposeTrack(const MusicTrack& track) {
 
 MusicEvents MusicSequence::events() const {
   MusicEvents all;
-  for (const auto& track : m_tracks)
-    if (!track->isMuted()) all.insert(all.end(), track->events().begin(), track->events().end());
+  for (const auto& track : m_tracks) {
+    const auto sounding = track->sounding();
+    all.insert(all.end(), sounding.begin(), sounding.end());
+  }
   std::ranges::stable_sort(all, before);
   all.erase(std::unique(all.begin(), all.end(), beginTogether), all.end());
   return all;

@@ -58,6 +58,12 @@ class Preferences {
   /// Clicks are heard beside a song.
   bool metronome() const { return m_store.value("sound/metronome").toBool(); }
   void setMetronome(bool on) { m_store.setValue("sound/metronome", on); }
+  /// Percent; 70 as loud as they come.
+  int clickVolume() const { return m_store.value("sound/clickVolume", 70).toInt(); }
+  void setClickVolume(int percent) { m_store.setValue("sound/clickVolume", percent); }
+  /// Clicks are heard before a song.
+  bool countIn() const { return m_store.value("sound/countIn").toBool(); }
+  void setCountIn(bool on) { m_store.setValue("sound/countIn", on); }
   /// File of the SoundFont; empty for one that is found.
   QString soundFont() const { return m_store.value("sound/soundFont").toString(); }
   void setSoundFont(const QString& file) { m_store.setValue("sound/soundFont", file); }

@@ -21,15 +21,27 @@ namespace korvel::ui {
 namespace {
 
 constexpr int kAll = 100;
-constexpr int kSliderWidth = 12;  // in letters
-/// How late a loop may begin again whose end was passed over.
+constexpr int kSlowest = 25;
+constexpr int kFastest = 150;
+constexpr double kClicksAsTheyCome = 70;
+constexpr int kSliderWidth = 9;  // in letters
+constexpr int kSecondsOfMinute = 60;
+/// How late the place may be told, and a loop may begin again whose end was passed over.
 constexpr std::chrono::milliseconds kWatch{50};
+
+QString clock(double seconds) {
+  const int whole = static_cast<int>(seconds);
+  return QString("%1:%2")
+      .arg(whole / kSecondsOfMinute)
+      .arg(whole % kSecondsOfMinute, 2, 10, QChar('0'));
+}
 
 }  // namespace
 
 PlayerBar::PlayerBar(QWidget* parent)
     : QToolBar(tr("Player"), parent),
       m_metronome(new QCheckBox(tr("Metronome"))),
+      m_countIn(new QCheckBox(tr("Count-in"))),
       m_loop(new QLabel),
       m_position(new QLabel),
       m_player(*this, [this] { return newPlayer(); }) {
@@ -44,14 +56,17 @@ PlayerBar::PlayerBar(QWidget* parent)
   addWidget(m_loop);
   m_resetLoop = addAction(tr("Reset Loop"), this, &PlayerBar::resetLoopWanted);
   addSeparator();
-  m_speed = addSlider(tr("Speed"), kAll, kAll);
+  m_speed = addSlider(tr("Speed"), kSlowest, kFastest, kAll);
   m_percent = new QLabel;
   addWidget(m_percent);
-  m_volume = addSlider(tr("Volume"), kAll, Preferences().volume());
+  m_volume = addSlider(tr("Volume"), 0, kAll, Preferences().volume());
   addMetronome();
   m_sound = addAction(tr("Sound ..."), this, &PlayerBar::settingsWanted);
   m_watch.setInterval(kWatch);
-  connect(&m_watch, &QTimer::timeout, this, [this] { m_player.keepLooping(); });
+  connect(&m_watch, &QTimer::timeout, this, [this] {
+    m_player.followSound();
+    m_player.keepLooping();
+  });
   connect(m_speed, &QSlider::valueChanged, this, [this] { m_player.speedChanged(); });
   connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
     Preferences().setVolume(value);
@@ -71,10 +86,10 @@ PlayerBar::PlayerBar(QWidget* parent)
 
 PlayerBar::~PlayerBar() = default;
 
-QSlider* PlayerBar::addSlider(const QString& title, int most, int value) {
+QSlider* PlayerBar::addSlider(const QString& title, int least, int most, int value) {
   auto* label = new QLabel(' ' + title + ' ');
   auto* slider = new QSlider(Qt::Horizontal);
-  slider->setRange(0, most);
+  slider->setRange(least, most);
   slider->setValue(value);
   slider->setPageStep(most / 10);
   slider->setAccessibleName(title);
@@ -92,6 +107,20 @@ void PlayerBar::addMetronome() {
   m_metronome->setChecked(Preferences().metronome());
   addSeparator();
   addWidget(m_metronome);
+  m_clicks = addSlider(tr("Clicks"), 0, kAll, Preferences().clickVolume());
+  const auto setClicks = [this](int value) { m_player.setClickVolume(value / kClicksAsTheyCome); };
+  connect(m_clicks, &QSlider::valueChanged, this, [setClicks](int value) {
+    Preferences().setClickVolume(value);
+    setClicks(value);
+  });
+  setClicks(m_clicks->value());
+  connect(m_countIn, &QCheckBox::toggled, this, [this](bool on) {
+    Preferences().setCountIn(on);
+    m_player.setCountIn(on);
+  });
+  m_countIn->setToolTip(tr("A bar of clicks, or four, before what is played"));
+  m_countIn->setChecked(Preferences().countIn());
+  addWidget(m_countIn);
 }
 
 // ---- what the user does
@@ -156,9 +185,15 @@ void PlayerBar::showLoop(const LoopRange& loop) {
 }
 
 void PlayerBar::showPosition(const std::string& percent) {
-  m_position->setText(' ' + toText(percent) + " % ");
-  m_position->setAccessibleDescription(m_position->text());
+  const QString share = toText(percent) + " %";
+  m_position->setText(' ' + (song() ? timeText() + "  " : QString()) + share + ' ');
+  m_position->setAccessibleDescription(share.trimmed() + ", " + timeText());
   tellMoved();
+}
+
+/// Of the recording, however fast it is played.
+QString PlayerBar::timeText() const {
+  return clock(m_player.secondsHeard()) + " / " + clock(m_player.secondsOfSong());
 }
 
 void PlayerBar::showSpeed(const std::string& percent) {
@@ -171,6 +206,6 @@ void PlayerBar::showProblem(const platform::UserText& problem) {
 
 int PlayerBar::speed() const { return m_speed->value(); }
 
-int PlayerBar::maximumSpeed() const { return m_speed->maximum(); }
+int PlayerBar::fullSpeed() const { return kAll; }
 
 }  // namespace korvel::ui

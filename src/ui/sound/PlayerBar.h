@@ -32,7 +32,7 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void showSpeed(const std::string& percent) override;
   void showProblem(const platform::UserText& problem) override;
   int speed() const override;
-  int maximumSpeed() const override;
+  int fullSpeed() const override;
 
  public slots:
   void play();
@@ -48,10 +48,11 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void refused(const QString& text);
 
  private:
-  QSlider* addSlider(const QString& title, int most, int value);
+  QSlider* addSlider(const QString& title, int least, int most, int value);
   std::unique_ptr<platform::MusicPlayer> newPlayer();
   void applyVolume();
   void addMetronome();
+  QString timeText() const;
   void setLocked(bool locked);
   void tellMoved();
 
@@ -60,11 +61,13 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   QAction* m_resetLoop;
   QAction* m_sound;
   QCheckBox* m_metronome;
+  QCheckBox* m_countIn;
   QLabel* m_loop;
   QLabel* m_position;
   QLabel* m_percent = nullptr;
   QSlider* m_speed = nullptr;
   QSlider* m_volume = nullptr;
+  QSlider* m_clicks = nullptr;                  ///< How loud the metronome is.
   platform::MusicPlayer* m_sounding = nullptr;  ///< The controller's, while it plays.
   QTimer m_watch;                               ///< Runs while it plays.
   QBPlayerViewController m_player;

@@ -2045,6 +2045,18 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>Choose a song with chords first</source>
         <translation>Wähle erst einen Song, der Akkorde hat</translation>
     </message>
+    <message>
+        <source>Count-in</source>
+        <translation>Einzählen</translation>
+    </message>
+    <message>
+        <source>Clicks</source>
+        <translation>Klicks</translation>
+    </message>
+    <message>
+        <source>A bar of clicks, or four, before what is played</source>
+        <translation>Ein Takt Klicks oder vier, bevor es losgeht</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::RecordPanel</name>

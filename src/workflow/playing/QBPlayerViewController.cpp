@@ -60,11 +60,16 @@ void QBPlayerViewController::begin(QBSong& song) {
   m_midi = std::make_unique<QBMIDIPlayer>(song, m_newPlayer());
   m_midi->scan(m_range.from, m_range.to);
   m_midi->addMetronome(m_range.from, m_range.to);
+  if (m_countIn) m_midi->addCountIn(m_range.from);
   m_midi->setMetronome(m_metronome);
+  m_midi->setClickVolume(m_clickVolume);
+  m_first = static_cast<int>(std::ranges::count_if(
+      song.allChords(), [&](const auto& chord) { return chord->position() < m_range.from; }));
+  m_shown = -1;
   m_timer = platform::RunLoop::main().scheduleRepeating(kSecondsOfChord, [this] { playHandler(); });
   if (!m_midi->start()) throw platform::AudioError(m_midi->problem());
   m_midi->setPlaybackRate(speedFraction());
-  m_midi->setPlaybackPosition(0);
+  m_midi->goToBeginning();
   QBSession::session().lockTab(true);
 }
 
@@ -75,12 +80,31 @@ void QBPlayerViewController::playHandler() {
   if (m_song->isDeleted()) return end({});
   const int index = m_midi->playbackPosition();
   if (index == -1) return;
+  if (showPlace(index) >= 1.0F) m_midi->rewind();
+}
+
+float QBPlayerViewController::showPlace(int index) {
+  m_shown = index;
   const float fraction =
       static_cast<float>(index + 1) / static_cast<float>(m_range.to - m_range.from);
   m_controls.showPosition(percentOf(fraction));
   QBSession& session = QBSession::session();
   if (session.activeSong() == m_song) session.setTabPosition(fraction);
-  if (fraction >= 1.0F) m_midi->rewind();
+  return fraction;
+}
+
+void QBPlayerViewController::followSound() {
+  if (!m_midi || m_midi->isLost() || m_song->isDeleted()) return;
+  const int index = m_midi->playbackPosition();
+  if (index != -1 && index != m_shown) showPlace(index);
+}
+
+double QBPlayerViewController::secondsHeard() const {
+  return (m_first + std::max(m_shown, 0)) * kSecondsOfChord;
+}
+
+double QBPlayerViewController::secondsOfSong() const {
+  return m_song ? static_cast<double>(m_song->chords().size()) * kSecondsOfChord : 0;
 }
 
 void QBPlayerViewController::stop() {
@@ -111,6 +135,11 @@ void QBPlayerViewController::setMetronome(bool on) {
   if (m_midi) m_midi->setMetronome(on);
 }
 
+void QBPlayerViewController::setClickVolume(double factor) {
+  m_clickVolume = factor;
+  if (m_midi) m_midi->setClickVolume(factor);
+}
+
 void QBPlayerViewController::speedChanged() {
   m_controls.showSpeed(percentOf(speedFraction()));
   if (m_midi) m_midi->setPlaybackRate(speedFraction());
@@ -123,7 +152,7 @@ void QBPlayerViewController::updateLoop() {
 }
 
 float QBPlayerViewController::speedFraction() const {
-  return static_cast<float>(m_controls.speed()) / static_cast<float>(m_controls.maximumSpeed());
+  return static_cast<float>(m_controls.speed()) / static_cast<float>(m_controls.fullSpeed());
 }
 
 }  // namespace korvel

@@ -30,9 +30,9 @@ class PlayerControls {
   virtual void showSpeed(const std::string& percent) = 0;
   /// Playing did not begin, or ended by itself: one line with what to do.
   virtual void showProblem(const platform::UserText& problem) = 0;
-  /// Where the slider stands, and its right end, which is the speed of the recording.
+  /// Where the slider stands, and where it stands for the speed of the recording.
   virtual int speed() const = 0;
-  virtual int maximumSpeed() const = 0;
+  virtual int fullSpeed() const = 0;
 };
 
 /// Plays the session's song: its loop, or all of it, again and again where its end is reached. The
@@ -66,8 +66,20 @@ class QBPlayerViewController final : public PlayerView {
   /// faster than was recorded should call this now and then.
   void keepLooping();
 
+  /// Tells the place as soon as another chord is heard, for who calls this often: the place is told
+  /// once a step otherwise, which may be nearly a step late.
+  void followSound();
+  /// Where in the song the chord begins that was told last, and how long the song is: in seconds of
+  /// the recording.
+  double secondsHeard() const;
+  double secondsOfSong() const;
+
   /// Whether clicks on the beats are heard beside the song; at any time.
   void setMetronome(bool on);
+  /// How loud they are, 1 as they come; at any time.
+  void setClickVolume(double factor);
+  /// Whether a bar of clicks, or four, comes before what is played; for the next playing.
+  void setCountIn(bool on) { m_countIn = on; }
   /// The slider has moved.
   void speedChanged();
   void updateLoop() override;
@@ -82,6 +94,7 @@ class QBPlayerViewController final : public PlayerView {
   static Range rangeOf(QBSong& song);
   void begin(QBSong& song);
   void playHandler();
+  float showPlace(int index);
   void end(const platform::UserText& problem);
   float speedFraction() const;
 
@@ -90,6 +103,10 @@ class QBPlayerViewController final : public PlayerView {
   platform::Ref<QBSong> m_song;
   Range m_range;
   bool m_metronome = false;
+  bool m_countIn = false;
+  double m_clickVolume = 1;
+  int m_first = 0;   ///< Index in the song of the first chord that is played.
+  int m_shown = -1;  ///< Index among those played of the chord that was told last.
   std::unique_ptr<QBMIDIPlayer> m_midi;
   std::unique_ptr<platform::RunLoop::Timer> m_timer;
 };

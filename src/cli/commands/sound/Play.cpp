@@ -48,7 +48,7 @@ class ConsolePlayer final : public PlayerControls {
   void showSpeed(const std::string&) override {}
   void showProblem(const platform::UserText& problem) override { m_problem = problem.english(); }
   int speed() const override { return m_speed; }
-  int maximumSpeed() const override { return kMaximum; }
+  int fullSpeed() const override { return kMaximum; }
 
   const std::string& problem() const { return m_problem; }
 
