@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/layout/TabLayout.h"
 
+#include <regex>
+
 #include "support/StandardStore.h"
 #include "support/Testing.h"
 #include "tab/layout/ChordSearch.h"
@@ -69,6 +71,30 @@ TEST_F(TabLayoutTest, placesAreWhereTheTextShowsTheFrets) {
   const TabLayout byMeasures(*m_song);
   EXPECT_EQ(byMeasures.places().size(), 72U);
   expectFretsAtTheirPlaces(byMeasures);
+}
+
+TEST_F(TabLayoutTest, namesOfTheSongsStringsShareAColumn) {
+  const std::pair<QBTuning*, std::vector<std::string>> tunings[] = {
+      {m_store.dropD(), {" |E----", " |B----", " |G----", " |D----", " |A----", " |D----"}},
+      {test::addTuning("Mixed", {39, 45, 50, 54, 59, 63}),
+       {" |Eb----", " |B ----", " |F#----", " |D ----", " |A ----", " |Eb----"}}};
+  addChords(60);
+  for (const bool inMeasures : {false, true}) {
+    if (inMeasures) divideIntoMeasures(20);
+    for (const auto& [tuning, names] : tunings) {
+      m_song->setTuning(tuning);
+      buildTab(*m_song);
+      const TabLayout layout = TabLayout::forExport(*m_song);
+      expectFretsAtTheirPlaces(layout);
+      EXPECT_GT(layout.systems().size(), 2U);
+      for (const TabLayout::System& system : layout.systems())
+        for (std::size_t i = 0; i < names.size(); ++i)
+          EXPECT_TRUE(
+              layout.rows().at(i + static_cast<std::size_t>(system.top)).starts_with(names[i]));
+    }
+  }
+  m_song->setTabulature(std::regex_replace(m_song->tabulature(), std::regex("Eb"), "E"));
+  expectFretsAtTheirPlaces(TabLayout(*m_song));
 }
 
 TEST_F(TabLayoutTest, followsTheChordsWhereTheStoredTextIsOlder) {

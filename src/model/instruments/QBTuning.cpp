@@ -130,12 +130,18 @@ int QBTuning::largeToneOfString(int position) {
 
 int QBTuning::noteOfString(int position) { return findStringByPosition(position)->noteOfString(); }
 
+std::vector<std::string> QBTuning::stringNames() {
+  std::vector<std::string> names;
+  const auto& all = allTones();
+  for (auto string = all.rbegin(); string != all.rend(); ++string)
+    names.push_back(QBHarmony::noteAsString((*string)->baseTone()).value_or(""));
+  return names;
+}
+
 const std::string& QBTuning::toString() {
   if (!m_tuneStr) {
     m_tuneStr.emplace();
-    const auto& all = allTones();
-    for (auto string = all.rbegin(); string != all.rend(); ++string)
-      *m_tuneStr += QBHarmony::noteAsString((*string)->baseTone()).value_or("");
+    for (const std::string& name : stringNames()) *m_tuneStr += name;
   }
   return *m_tuneStr;
 }

@@ -64,7 +64,9 @@ class QBTuning final : public platform::ManagedObject {
   int largeToneOfString(int position);
   int noteOfString(int position);
   bool isSelected() const { return selected(); }
-  /// Notes of the open strings, highest first, such as EBGDAE.
+  /// Names of the open strings' notes, highest first, such as "Eb" or "B".
+  std::vector<std::string> stringNames();
+  /// The same in one word, such as EBGDAE.
   const std::string& toString();
 
   void createStandardStrings();

@@ -10,6 +10,7 @@
 #include "music/Neck.h"
 #include "platform/text/Utf8.h"
 #include "tab/text/SongDrawing.h"
+#include "tab/text/SystemLabel.h"
 
 namespace korvel {
 namespace {
@@ -30,6 +31,12 @@ std::vector<std::string> rowsOf(const std::string& text) {
 
 bool drawsNothing(QBSong& song) { return song.measures().empty() && song.allChords().empty(); }
 
+/// Names of two letters once stood in one column, a letter a row, and stored tablatures have that.
+bool hasWideNames(const QBSong& song) {
+  return std::ranges::any_of(systemLabel(&song),
+                             [](const std::string& name) { return name.size() > 1; });
+}
+
 std::unordered_map<const QBChord*, int> indexesOf(QBSong& song) {
   std::unordered_map<const QBChord*, int> indexes;
   for (const auto& chord : song.allChords())
@@ -44,7 +51,8 @@ TabLayout::TabLayout(QBSong& song) {
   if (drawsNothing(song)) return;
   QBTabMatrix matrix = drawingOf(song);
   matrix.trimLeadingLines();
-  if (static_cast<int>(m_rows.size()) != matrix.height()) readText(matrix.toStringInverted());
+  if (static_cast<int>(m_rows.size()) != matrix.height() || hasWideNames(song))
+    readText(matrix.toStringInverted());
   place(song, matrix);
   divide(matrix.m_systems);
 }

@@ -14,6 +14,7 @@ namespace {
 constexpr int kRowsPerPage = 64;
 constexpr std::size_t kTitleWidth = 100;
 constexpr int kRowsOfClosedSystem = 8;
+constexpr int kFirstColumnOfNames = 2;
 
 std::string joined(const std::vector<std::string>& characters, std::size_t from, std::size_t to) {
   std::string text;
@@ -50,13 +51,22 @@ void QBTabMatrix::newPage(std::string_view title) {
   ++m_page;
 }
 
-void QBTabMatrix::openSystem(std::string_view label) {
+void QBTabMatrix::openSystem(const std::vector<std::string>& names) {
   if (m_systems.empty() || m_systems.back() != m_yPos) m_systems.push_back(m_yPos);
   barLine(1);
-  vertText(2, m_yPos, label);
-  m_xPos = 3;
+  m_xPos = kFirstColumnOfNames + drawNames(names);
   stringLines(m_xPos, 4);
-  m_xPos = 8;
+  m_xPos += 5;
+}
+
+/// How many columns they take.
+int QBTabMatrix::drawNames(const std::vector<std::string>& names) {
+  std::size_t widest = 1;
+  for (int row = m_yPos; const std::string& name : names) {
+    horText(kFirstColumnOfNames, row++, name);
+    widest = std::max(widest, platform::characterCount(name));
+  }
+  return static_cast<int>(widest);
 }
 
 void QBTabMatrix::closeSystem() {

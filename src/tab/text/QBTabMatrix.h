@@ -37,8 +37,9 @@ class QBTabMatrix : public QBTextMatrix {
  public:
   /// Starts a page with the program's name and the title, and leaves m_yPos at its first system.
   void newPage(std::string_view title);
-  /// Starts a system whose strings are named by the label, the highest string first.
-  void openSystem(std::string_view label);
+  /// Starts a system whose strings have these names, the highest first. They stand in one column
+  /// that is as wide as the widest of them.
+  void openSystem(const std::vector<std::string>& names);
   void closeSystem();
   void closeMeasure();
   void addEmptyChord();
@@ -66,6 +67,7 @@ class QBTabMatrix : public QBTextMatrix {
 
  private:
   void barLine(int x);
+  int drawNames(const std::vector<std::string>& names);
   /// So many cells of a row from the left, blanks where there are none, and what ends the row.
   void addRow(std::string& text, int y, int columns, std::string_view end) const;
 };

@@ -6,9 +6,9 @@
 
 namespace korvel {
 
-std::string systemLabel(const QBSong* song) {
+std::vector<std::string> systemLabel(const QBSong* song) {
   QBTuning* tuning = tuningOf(song);
-  return tuning ? tuning->toString() : std::string();
+  return tuning ? tuning->stringNames() : std::vector<std::string>();
 }
 
 }  // namespace korvel

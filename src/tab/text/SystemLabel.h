@@ -2,12 +2,13 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace korvel {
 
 class QBSong;
 
-/// Names of the open strings in the song's tuning, the highest first; "" when there is none.
-std::string systemLabel(const QBSong* song);
+/// Names of the open strings in the song's tuning, the highest first; none without a tuning.
+std::vector<std::string> systemLabel(const QBSong* song);
 
 }  // namespace korvel
