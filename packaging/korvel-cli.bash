@@ -52,7 +52,7 @@ _korvel_cli() {
             sed -n '/^Subcommands:/,$s/^  \([a-z]\{1,\}\) .*/\1/p')
           ;;
         2:add) _korvel_cli_offer < <(printf 'Standard\nDrop D\nOpen G\n') ;;
-        2:select | 2:export)
+        2:select | 2:export | 2:edit | 2:rename | 2:delete)
           _korvel_cli_offer < <("${words[0]}" "$command" 2>/dev/null | sed 's/^[* ] //; s/ ([A-Gb#]*)$//')
           ;;
         *:import | *:export | *:calibrate) _filedir ;;

@@ -103,6 +103,20 @@ TEST_F(LibraryEditsTest, tuningThatCannotBeIsRefusedAndStaysAsItWas) {
   EXPECT_EQ(dropD->openStrings().pitches(), kDropDPitches);
 }
 
+TEST_F(LibraryEditsTest, onlyAnUnusedTuningIsDeleted) {
+  QBTuning* mine = newTuning("Mine", {38, 45, 50, 55, 57, 62});
+  selectTuning(*mine);
+  QBSong* written = song(newAlbum("A"), "S");
+  written->setTuning(mine);
+  EXPECT_THROW(deleteTuning(*mine), EditRefused) << "a song is written in it";
+  written->setTuning(m_store.standard());
+  deleteTuning(*mine);
+  EXPECT_EQ(QBTabMgr::db().selectedTuning(), m_store.standard());
+  deleteTuning(*m_store.dropD());
+  written->setTuning(nullptr);
+  EXPECT_THROW(deleteTuning(*m_store.standard()), EditRefused) << "the only one";
+}
+
 TEST_F(LibraryEditsTest, oneInstrumentIsAlwaysSelected) {
   const std::string file = m_store.folder().file("guitar.xml");
   test::writeFile(file, "<Instrument><Name>One</Name><DetailLevel>0.5</DetailLevel></Instrument>");

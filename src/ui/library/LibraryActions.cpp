@@ -199,6 +199,7 @@ void LibraryActions::fillTuningMenu(QMenu& menu, QBTuning& tuning) {
   menu.addAction(tr("Select As Active"), this,
                  [this, kept] { attempt([&] { selectTuning(*kept); }); });
   menu.addAction(tr("Edit Strings ..."), this, [this, kept] { editStrings(*kept); });
+  menu.addAction(tr("Delete"), this, [this, kept] { attempt([&] { deleteTuning(*kept); }); });
   menu.addSeparator();
   fillTuningsMenu(menu);
 }

@@ -513,6 +513,30 @@
         <source>%1: is being recorded; stop the recording, then delete it</source>
         <translation>%1: Wird gerade aufgenommen; stoppe die Aufnahme, dann lösche den Song</translation>
     </message>
+    <message>
+        <source>%1: line %2 has &quot;%3&quot; where a string, 0 to 5, belongs; nothing was imported</source>
+        <translation>%1: In Zeile %2 steht „%3“, wo eine Saite, 0 bis 5, hingehört; es wurde nichts importiert</translation>
+    </message>
+    <message>
+        <source>%1: line %2 has &quot;%3&quot; where a number belongs; nothing was imported</source>
+        <translation>%1: In Zeile %2 steht „%3“, wo eine Zahl hingehört; es wurde nichts importiert</translation>
+    </message>
+    <message>
+        <source>%1: breaks off in line %2, before &lt;%3&gt;; nothing was imported</source>
+        <translation>%1: Die Datei bricht in Zeile %2 ab, vor &lt;%3&gt;; es wurde nichts importiert</translation>
+    </message>
+    <message>
+        <source>%1: line %2 has &lt;%3&gt; where &lt;%4&gt; belongs; nothing was imported</source>
+        <translation>%1: In Zeile %2 steht &lt;%3&gt;, wo &lt;%4&gt; hingehört; es wurde nichts importiert</translation>
+    </message>
+    <message>
+        <source>%1: songs or instruments are written in it; delete those first</source>
+        <translation>%1: In ihr sind Songs oder Instrumente notiert; lösche zuerst diese</translation>
+    </message>
+    <message>
+        <source>%1: is the only tuning; add another one first</source>
+        <translation>%1: ist die einzige Stimmung; füge zuerst eine andere hinzu</translation>
+    </message>
 </context>
 <context>
     <name>SaveFilePanel</name>
@@ -1170,6 +1194,10 @@
     <message>
         <source>Extract Part</source>
         <translation>Ausschnitt herauslösen</translation>
+    </message>
+    <message>
+        <source>Delete Tuning</source>
+        <translation>Stimmung löschen</translation>
     </message>
 </context>
 <context>

@@ -65,12 +65,10 @@ void requirePlayable(const OpenPitches& pitches) {
   }
 }
 
-void requireUnused(const QBTuning& tuning) {
+/// refusal: what is said otherwise.
+void requireUnused(const QBTuning& tuning, const platform::Phrase& refusal) {
   if (!tuning.songs().empty() || !tuning.instruments().empty())
-    throw EditRefused(
-        phrase("Message",
-               "%1: songs or instruments are written in it; make a new tuning and edit that"),
-        tuning.descr());
+    throw EditRefused(refusal, tuning.descr());
 }
 
 void createStrings(QBTabMgr& db, QBTuning& tuning, QBTuning& like, const OpenPitches& pitches) {
@@ -147,7 +145,10 @@ QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches) {
   Edit edit(phrase("UndoAction", "Change Tuning"));
   if (pitches == tuning.openStrings().pitches()) return &tuning;
   requirePlayable(pitches);
-  requireUnused(tuning);
+  requireUnused(
+      tuning,
+      phrase("Message",
+             "%1: songs or instruments are written in it; make a new tuning and edit that"));
   QBTabMgr& db = edit.db();
   const bool selected = db.selectedTuning() == &tuning;
   const std::string name = tuning.descr();
@@ -157,6 +158,20 @@ QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches) {
   if (selected) db.selectTuning(edited);
   edit.done("Tuning changed.");
   return edited;
+}
+
+void deleteTuning(QBTuning& tuning) {
+  Edit edit(phrase("UndoAction", "Delete Tuning"));
+  QBTabMgr& db = edit.db();
+  requireUnused(
+      tuning, phrase("Message", "%1: songs or instruments are written in it; delete those first"));
+  if (db.tunings().size() < 2)
+    throw EditRefused(phrase("Message", "%1: is the only tuning; add another one first"),
+                      tuning.descr());
+  const bool selected = db.selectedTuning() == &tuning;
+  remove(db, tuning);
+  if (selected) db.selectTuning(db.tunings().front());
+  edit.done("Tuning was successfully deleted.");
 }
 
 }  // namespace korvel

@@ -34,5 +34,8 @@ PitchRange pitchRangeOf(int string);
 /// pitch keep their frequency. Refused while songs or instruments count on the tuning, and unless
 /// every string is in its range and higher than the one below.
 QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches);
+/// Refused while songs or instruments count on it, and for the only one. After the selected tuning
+/// the first one is selected.
+void deleteTuning(QBTuning& tuning);
 
 }  // namespace korvel

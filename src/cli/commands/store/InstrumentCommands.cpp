@@ -96,6 +96,7 @@ void calibrateInstrument(const std::string& file, const std::string& name) {
 
 struct InstrumentWords {
   std::string name;
+  std::string newName;
   std::string file;
   bool force = false;
 };
@@ -131,6 +132,21 @@ void addExportOfOne(Command& instruments) {
   command.does([&words] { exportInstrument(words.name, words.file, words.force); });
 }
 
+void addRename(Command& instruments) {
+  Command& command = instruments.command("rename", "Rename an instrument");
+  auto& words = command.own<InstrumentWords>();
+  addName(command, words);
+  command.option("NAME", words.newName, "Its new name").required().shownAs("");
+  command.does([&words] { renameInstrument(chooseInstrument(words.name), words.newName); });
+}
+
+void addDelete(Command& instruments) {
+  Command& command = instruments.command("delete", "Delete an instrument, but not the only one");
+  auto& words = command.own<InstrumentWords>();
+  addName(command, words);
+  command.does([&words] { deleteInstrument(chooseInstrument(words.name)); });
+}
+
 void addCalibrate(Command& instruments) {
   Command& command = instruments.command(
       "calibrate",
@@ -151,6 +167,8 @@ void addInstruments(Command& tool) {
   addSelect(instruments);
   addImportOfOne(instruments);
   addExportOfOne(instruments);
+  addRename(instruments);
+  addDelete(instruments);
   addCalibrate(instruments);
 }
 

@@ -70,11 +70,45 @@ void selectTuningNamed(const std::string& name) { selectTuning(chooseTuning(name
 
 void addTuning(const NewTuning& tuning) { Console::attached().print(made(tuning)->descr() + '\n'); }
 
+void editStrings(const NewTuning& wanted) {
+  editTuning(chooseTuning(wanted.like), pitchesNamed(wanted.notes));
+}
+
+void addName(Command& command, std::string& name) {
+  command.option("TUNING", name, "Its name").required().shownAs("");
+}
+
 void addSelect(Command& tunings) {
   Command& command = tunings.command("select", "Select the tuning of new songs");
   auto& name = command.own<std::string>();
-  command.option("TUNING", name, "Its name").required().shownAs("");
+  addName(command, name);
   command.does([&name] { selectTuningNamed(name); });
+}
+
+void addEdit(Command& tunings) {
+  Command& command = tunings.command("edit", "Give a tuning that is not in use other strings");
+  auto& tuning = command.own<NewTuning>();
+  addName(command, tuning.like);
+  command.option("--strings", tuning.notes, "Its notes, such as D2, lowest string first")
+      .required()
+      .words(kStrings)
+      .shownAs("NOTE...");
+  command.does([&tuning] { editStrings(tuning); });
+}
+
+void addRename(Command& tunings) {
+  Command& command = tunings.command("rename", "Rename a tuning");
+  auto& tuning = command.own<NewTuning>();
+  addName(command, tuning.like);
+  command.option("NAME", tuning.name, "Its new name").required().shownAs("");
+  command.does([&tuning] { renameTuning(chooseTuning(tuning.like), *tuning.name); });
+}
+
+void addDelete(Command& tunings) {
+  Command& command = tunings.command("delete", "Delete a tuning that is not in use");
+  auto& name = command.own<std::string>();
+  addName(command, name);
+  command.does([&name] { deleteTuning(chooseTuning(name)); });
 }
 
 void addAdd(Command& tunings) {
@@ -96,10 +130,13 @@ void addAdd(Command& tunings) {
 }  // namespace
 
 void addTunings(Command& tool) {
-  Command& tunings = tool.command("tunings", "List the tunings, select one or add one");
+  Command& tunings = tool.command("tunings", "List the tunings, or change them");
   tunings.does(listTunings);
   addSelect(tunings);
   addAdd(tunings);
+  addEdit(tunings);
+  addRename(tunings);
+  addDelete(tunings);
 }
 
 }  // namespace korvel::cli
