@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/library/LibraryEdits.h"
 
+#include "model/instruments/QBOvertone.h"
+#include "model/instruments/QBSpectrum.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
@@ -115,6 +117,46 @@ TEST_F(LibraryEditsTest, onlyAnUnusedTuningIsDeleted) {
   deleteTuning(*m_store.dropD());
   written->setTuning(nullptr);
   EXPECT_THROW(deleteTuning(*m_store.standard()), EditRefused) << "the only one";
+}
+
+TEST_F(LibraryEditsTest, instrumentFilesAreReadWholeOrNotAtAll) {
+  const std::string file = m_store.folder().file("guitar.xml");
+  const auto overtone = [](const std::string& amp) {
+    return "<Overtone>\n<OverString>2</OverString><OverFret>2</OverFret>\n<OverNote>4</OverNote>"
+           "<OverNmbOfHits>9</OverNmbOfHits>\n" +
+           amp + "<Offset>13</Offset></Overtone>\n";
+  };
+  const auto spectrum = [](const std::string& order, const std::string& overtones) {
+    return "<Spectrum><String><Order>" + order + "</Order></String>\n" + overtones + "</Spectrum>";
+  };
+  const std::string head = "<Instrument><Name>Mine</Name>\n<DetailLevel>0.5</DetailLevel>\n";
+  const std::string good = overtone("<Amp>1.5</Amp>");
+  const std::string whole = head + spectrum("1", good + good) + "</Instrument>\n";
+  const std::pair<std::string, std::string> broken[] = {
+      {"<Song/>", "is no instrument definition file"},
+      {whole.substr(0, whole.size() - 20), "breaks off in line 12, before </Spectrum>"},
+      {whole.substr(0, whole.find("/OverNote")), "breaks off in line 6, before </OverNote>"},
+      {head + spectrum("1", overtone("")), "line 7 has <Offset> where <Amp> belongs"},
+      {head + spectrum("1", overtone("<Amp>loud</Amp>")),
+       "line 7 has \"loud\" where a number belongs"},
+      {head + spectrum("6", good), "line 3 has \"6\" where a string, 0 to 5, belongs"},
+      {head + "<Spektrum>", "line 3 has <Spektrum> where </Instrument> belongs"}};
+  for (const auto& [text, problem] : broken) {
+    test::writeFile(file, text);
+    try {
+      importInstrument(file);
+      ADD_FAILURE() << text;
+    } catch (const EditRefused& refused) {
+      EXPECT_EQ(refused.what(), file + ": " + problem + "; nothing was imported");
+    }
+  }
+  EXPECT_TRUE(QBTabMgr::db().instruments().empty());
+  test::writeFile(file, whole);
+  selectTuning(*m_store.dropD());
+  QBInstrument* read = importInstrument(file);
+  EXPECT_EQ(read->findSpectrumByString(1)->overtones().at(0)->offset(), 13) << "as it stands";
+  EXPECT_EQ(m_views.log.back(),
+            "The file has no overtones of string 1, 2, 3, 4, 6; tones there count unconfirmed.");
 }
 
 TEST_F(LibraryEditsTest, oneInstrumentIsAlwaysSelected) {

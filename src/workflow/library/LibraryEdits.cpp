@@ -8,12 +8,16 @@
 #include "analysis/instrument/QBMusicXMLParser.h"
 #include "export/xml/DefinitionFile.h"
 #include "model/instruments/QBInstrument.h"
+#include "model/instruments/QBOvertone.h"
+#include "model/instruments/QBSpectrum.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBSettings.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
 #include "platform/files/Files.h"
+#include "workflow/library/DefinitionCheck.h"
 #include "workflow/library/NameRules.h"
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/session/Edit.h"
@@ -44,6 +48,17 @@ void requireInstrumentName(const QBTabMgr& db, const std::string& name) {
 void makeSelected(QBTabMgr& db, QBInstrument& instrument) {
   db.deselectAllInstruments();
   instrument.setActive(true);
+}
+
+/// Nothing confirms or refutes the tones of a string without overtones.
+void warnOfMissing(QBInstrument& instrument) {
+  std::string missing;
+  for (int string = kStrings - 1; string >= 0; --string)
+    if (instrument.findSpectrumByString(string)->overtones().empty())
+      missing += (missing.empty() ? "" : ", ") + std::to_string(kStrings - string);
+  if (!missing.empty())
+    QBSession::session().addToLog("The file has no overtones of string " + missing +
+                                  "; tones there count unconfirmed.");
 }
 
 void leave(const QBAlbum& album) {
@@ -136,17 +151,15 @@ void selectInstrument(QBInstrument& instrument) {
 }
 
 QBInstrument* importInstrument(const std::string& file) {
+  requireWholeDefinition(file);
   Edit edit(phrase("UndoAction", "Import Instrument"));
   QBTabMgr& db = edit.db();
-  const std::size_t count = db.instruments().size();
   db.deselectAllInstruments();
   QBMusicXMLParser(file).parse();
-  if (db.instruments().size() == count)
-    throw EditRefused(
-        phrase("Message", "%1: is no instrument definition file; nothing was imported"), file);
-  db.computeOffsets();
+  QBInstrument* instrument = db.selectedInstrument();
   edit.done("Instrument imported.");
-  return db.selectedInstrument();
+  warnOfMissing(*instrument);
+  return instrument;
 }
 
 QBInstrument* addInstrument(const std::string& name, const Calibration& measured) {

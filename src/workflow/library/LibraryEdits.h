@@ -30,7 +30,8 @@ void moveSong(QBSong& song, const std::string& album);
 
 /// The instrument that confirms tones from now on.
 void selectInstrument(QBInstrument& instrument);
-/// From a definition file; it becomes the selected one.
+/// From a definition file, with the offsets that it has; it becomes the selected one. A file that
+/// is not whole is refused, and strings that it has nothing about are logged.
 QBInstrument* importInstrument(const std::string& file);
 /// As it was measured on single notes; it becomes the selected one.
 QBInstrument* addInstrument(const std::string& name, const Calibration& measured);
