@@ -53,11 +53,10 @@ int main(int argc, char** argv) {
   }
   QBTabMgr::setStorePath(argv[1]);
   if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
-  bool saved = true;
-  for (int number = 1; saved && number <= kAlbums; ++number) {
+  for (int number = 1; number <= kAlbums; ++number) {
     addAlbum(number);
-    saved = QBTabMgr::db().save();
+    QBTabMgr::db().save();
     QBTabMgr::clearDb();
   }
-  return saved ? EXIT_SUCCESS : EXIT_FAILURE;
+  return EXIT_SUCCESS;
 }

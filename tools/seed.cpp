@@ -15,11 +15,11 @@ int main(int argc, char** argv) {
   try {
     korvel::storeFile(argv[1]).create();
     korvel::QBTabMgr::setStorePath(argv[1]);
-    const bool seeded = initializeData(korvel::QBTabMgr::db());
+    initializeData(korvel::QBTabMgr::db());
     const bool complete =
         korvel::QBTabMgr::db().selectedInstrument() && !korvel::QBTabMgr::db().harmonies().empty();
     korvel::QBTabMgr::clearDb();
-    if (seeded && complete) return EXIT_SUCCESS;
+    if (complete) return EXIT_SUCCESS;
     std::cerr << argv[1] << ": chord declarations or the instrument's definition are missing\n";
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';

@@ -21,7 +21,10 @@
 #include "cli/support/CommandLine.h"
 #include "cli/support/Console.h"
 #include "model/store/QBTabMgr.h"
+#include "model/store/StoreUnavailable.h"
 #include "platform/files/Files.h"
+#include "workflow/session/ProgramEnd.h"
+#include "workflow/session/QBSession.h"
 #include "workflow/session/StoreSeeding.h"
 
 namespace {
@@ -46,13 +49,18 @@ void describe(cli::Command& tool) {
   cli::addStoreCommands(tool);
 }
 
-/// A store without settings is filled first, as a window does it before it opens.
+constexpr int kStoreFailureStatus = -1;
+
 void openStore(const std::string& file, cli::Store need) {
   if (!file.empty()) QBTabMgr::setStorePath(file);
   const std::string path = QBTabMgr::storePath();
   if (need == cli::Store::existing && !platform::isThere(path))
     throw cli::CliError(path + ": there is no such store");
-  if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
+  try {
+    prepareStore();
+  } catch (const StoreUnavailable& error) {
+    QBSession::session().exitWithStatus(error.context(), error.what(), kStoreFailureStatus);
+  }
 }
 
 /// Answers the exit status.
@@ -62,6 +70,8 @@ int run(const cli::Command& command, const std::string& store) {
   try {
     if (command.store() != cli::Store::none) openStore(store, command.store());
     status = command.run();
+  } catch (const ProgramEnd& end) {
+    status = end.status;
   } catch (const std::exception& error) {
     console.error(error.what());
   }

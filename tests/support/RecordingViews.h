@@ -8,14 +8,9 @@
 
 namespace korvel::test {
 
-/// Attached to the session for one test: keeps what the session says, and turns the end of the
-/// process into an exception.
+/// Attached to the session for one test: keeps what the session says.
 class RecordingViews final : public OutputView, public TabView, public NodeMenu, public FatalAlert {
  public:
-  struct ProcessEnded {
-    int status;
-  };
-
   RecordingViews() {
     SessionViews views;
     views.output = this;
@@ -33,7 +28,6 @@ class RecordingViews final : public OutputView, public TabView, public NodeMenu,
   void enable(bool enabled) override { albumMenuEnabled = enabled; }
   void show(const std::string& text) override { alert = text; }
   int exitStatus() const override { return 0; }
-  void endProcess(int status) override { throw ProcessEnded{status}; }
 
   void setActiveSong(QBSong*) override {}
   void drawPlayMode(float fraction) override { playPosition = fraction; }

@@ -9,7 +9,9 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "support/FileSizeLimit.h"
 #include "support/Guitar.h"
+#include "support/ReadOnlyFolder.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
 #include "ui/desktop/Preferences.h"
@@ -98,6 +100,61 @@ TEST_F(MainWindowTest, droppedRecordingIsShownArrangedAndFoundAgain) {
   ASSERT_NE(m_window->tablature().song(), nullptr);
   EXPECT_EQ(m_window->tablature().song()->title(), "Tune(Mld)");
   EXPECT_EQ(m_window->tree().view().currentIndex().data().toString(), "Tune(Mld)");
+}
+
+TEST_F(MainWindowTest, whatTheDiskHasNoRoomForIsTakenBackAndCanBeDoneAgain) {
+  import();
+  QBSong& song = *m_window->tablature().song();
+  const std::string before = test::fretsOf(song);
+  const auto tryAll = [&] {
+    m_window->tablature().moveCursor(0, 5);
+    QTest::keyClicks(&m_window->tablature(), "12");
+    action("Set Loop End Here")->trigger();
+    action("Melody")->trigger();
+  };
+  {
+    const test::FileSizeLimit full(4096);
+    m_window->findChild<EditMenu*>()->actions().front()->trigger();
+    EXPECT_TRUE(m_window->statusMessage().contains("look whether the disk is full")) << "no undo";
+    tryAll();
+    EXPECT_EQ(titles(), "Tune/Tune ");
+    EXPECT_EQ(test::fretsOf(song), before);
+    EXPECT_EQ(m_window->tablature().song(), &song);
+    EXPECT_EQ(song.toChord(), nullptr);
+  }
+  tryAll();
+  EXPECT_EQ(titles(), "Tune/Tune Tune/Tune(Mld) ");
+  EXPECT_NE(test::fretsOf(song), before);
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges()) << "saved";
+}
+
+TEST_F(MainWindowTest, storeThatCannotBeWrittenIsShownAndLeftAlone) {
+  import();
+  close();
+  QBTabMgr::clearDb();
+  const std::string before = test::readFile(m_store.path());
+  {
+    const test::ReadOnlyFolder nothingMore(m_folder.path());
+    open();
+    m_window->greet();
+    QBSession::session().setActiveSong(QBTabMgr::db().albums().front()->findSongByName("Tune"));
+    EXPECT_TRUE(log().contains("cannot be written: songs can be read"));
+    QTest::keyClicks(&m_window->tablature(), "12");
+    action("Set Loop End Here")->trigger();
+    action("Melody")->trigger();
+    action("New Album")->trigger();
+    m_window->importFiles({QString::fromStdString(m_file)});
+    EXPECT_TRUE(m_window->statusMessage().contains("so nothing can be changed"));
+    EXPECT_FALSE(action("Delete Chord")->isEnabled());
+    EXPECT_EQ(titles(), "Tune/Tune ");
+    EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+    close();
+    QBTabMgr::clearDb();
+  }
+  EXPECT_EQ(test::readFile(m_store.path()), before);
+  open();
+  action("New Album")->trigger();
+  EXPECT_EQ(QBTabMgr::db().albums().size(), 2U) << "changes are possible again";
 }
 
 TEST_F(MainWindowTest, tonesAreEditedByKeysAndOnTheFretboardAndUndone) {

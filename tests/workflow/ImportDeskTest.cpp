@@ -2,6 +2,8 @@
 #include "workflow/hearing/ImportDesk.h"
 
 #include "platform/loop/PlainRunLoop.h"
+#include "platform/sqlite/StoreError.h"
+#include "support/FileSizeLimit.h"
 #include "support/Guitar.h"
 #include "support/RecordingViews.h"
 #include "support/SongDesk.h"
@@ -84,6 +86,27 @@ TEST_F(ImportDeskTest, droppedImportLeavesNothing) {
   EXPECT_EQ(stored("QBSong"), songs);
   EXPECT_EQ(stored("QBAlbum"), albums);
 }
+
+TEST_F(ImportDeskTest, importWaitsUntilTheStoreHasRoom) {
+  const auto import = start(ImportDetection::classic);
+  int told = 0;
+  import->onTrouble([&](const platform::UserText&) { ++told;
+});
+{
+  const test::FileSizeLimit full(4096);
+  runUntil([&] { return told == 2; });
+  EXPECT_TRUE(import->isRunning());
+  EXPECT_NE(m_views.log.back().find("is stored as soon as that works"), std::string::npos);
+  EXPECT_THROW(newAlbum("Other"), platform::StoreError);
+  EXPECT_EQ(QBTabMgr::db().findAlbumByName("Other"), nullptr);
+}
+runUntil([&] { return !import->isRunning(); });
+EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
+EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+const test::FileSizeLimit full(4096);
+start(ImportDetection::classic);
+EXPECT_EQ(ImportDesk::endAll().size(), 1U) << "there is no more time to wait";
+}  // namespace
 
 TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
   const auto whole = start(ImportDetection::classic);
@@ -183,5 +206,5 @@ TEST_F(ImportDeskTest, fileWithoutSoundIsReportedAndLeavesNothing) {
   EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
 }
 
-}  // namespace
+}  // namespace korvel
 }  // namespace korvel

@@ -3,6 +3,7 @@
 
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
+#include "model/store/QBSettings.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
@@ -15,6 +16,7 @@
 #include "workflow/library/TuningEdits.h"
 #include "workflow/library/TuningNode.h"
 #include "workflow/session/EditRefused.h"
+#include "workflow/session/StoreSeeding.h"
 
 namespace korvel {
 namespace {
@@ -57,6 +59,30 @@ TEST_F(LibraryEditsTest, namesStayFreeWhateverIsRenamedMovedOrCloned) {
   EXPECT_THROW(renameAlbum(*second, "A"), EditRefused);
   cloneAlbum(*second);
   EXPECT_EQ(texts(tree), "A:; A_2: S_2 S; A_2_2: S_2 S; ");
+}
+
+TEST_F(LibraryEditsTest, seedingFillsWhatIsMissingOnly) {
+  QBTabMgr& db = QBTabMgr::db();
+  initializeData(db);
+  const auto rows = [] {
+    platform::SqliteDatabase& store = QBTabMgr::db().context().store();
+    std::string text;
+    for (const char* table : {"QBTuning", "QBString", "QBInstrument", "QBHarmony", "QBSettings",
+                              "QBLeftHandPattern", "QBRightHandPattern"})
+      text += store.text("SELECT count(*) FROM " + std::string(table)) + ' ';
+    return text;
+  };
+  const std::string before = rows();
+  EXPECT_EQ(before.find(" 0 "), std::string::npos) << before;
+  db.selectTuning(m_store.dropD());
+  m_store.standard()->setDescr("Renamed");
+  db.deleteInstance(db.selectedSettings());
+  db.save();
+  QBTabMgr::clearDb();
+  prepareStore();
+  EXPECT_EQ(rows(), before) << "no second tunings";
+  EXPECT_EQ(QBTabMgr::db().selectedTuning(), m_store.dropD());
+  EXPECT_EQ(m_store.standard()->descr(), "Renamed");
 }
 
 TEST_F(LibraryEditsTest, treeKeepsItsNodesAndLetsGoOfTheActiveOneThatIsDeleted) {

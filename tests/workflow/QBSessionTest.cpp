@@ -8,6 +8,7 @@
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/library/QBSongNode.h"
+#include "workflow/session/ProgramEnd.h"
 #include "workflow/session/QBCommand.h"
 
 namespace korvel {
@@ -36,7 +37,7 @@ TEST(QBSession, fatalErrorIsShownBeforeTheProcessEnds) {
   int status = 99;
   try {
     QBSession::session().exitWithError("Saving Data Failed", "disk full");
-  } catch (const test::RecordingViews::ProcessEnded& ended) {
+  } catch (const ProgramEnd& ended) {
     status = ended.status;
   }
   EXPECT_EQ(status, 0);

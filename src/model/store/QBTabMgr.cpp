@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
@@ -16,7 +15,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/store/KorvelModel.h"
 #include "model/store/QBSettings.h"
-#include "model/store/SessionServices.h"
+#include "model/store/StoreUnavailable.h"
 #include "music/Neck.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Files.h"
@@ -28,8 +27,6 @@ namespace korvel {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int kStoreFailureStatus = -1;
 
 std::unique_ptr<QBTabMgr>& sharedManager() {
   static std::unique_ptr<QBTabMgr> manager;
@@ -71,10 +68,10 @@ QBTabMgr::QBTabMgr() {
   try {
     openStore();
     reloadData();
+  } catch (const StoreUnavailable&) {
+    throw;
   } catch (const std::exception& error) {
-    SessionServices::current().exitWithStatus("Model Store Initialization", error.what(),
-                                              kStoreFailureStatus);
-    std::exit(kStoreFailureStatus);
+    throw StoreUnavailable("Model Store Initialization", error);
   }
 }
 
@@ -86,7 +83,7 @@ void QBTabMgr::openStore() {
     try {
       copySeedTo(path);
     } catch (const std::exception& error) {
-      SessionServices::current().exitWithError("Preparing Database", error.what());
+      throw StoreUnavailable("Preparing Database", error);
     }
   }
   m_context = std::make_unique<platform::ManagedContext>(storeFile(path).open(), korvelModel());
@@ -95,36 +92,28 @@ void QBTabMgr::openStore() {
 // ---- lists
 
 template <class T>
-void QBTabMgr::load(List<T>& list, std::string_view entityName, std::string_view title) {
+void QBTabMgr::load(List<T>& list, std::string_view entityName) {
   list.clear();
-  try {
-    list = m_context->fetchAll<T>(entityName);
-  } catch (const platform::StoreError& error) {
-    SessionServices::current().exitWithError(title, error.what());
-  }
+  list = m_context->fetchAll<T>(entityName);
 }
 
-void QBTabMgr::loadTunings() { load(m_tunings, "QBTuning", "Loading Tunings"); }
+void QBTabMgr::loadTunings() { load(m_tunings, "QBTuning"); }
 
 void QBTabMgr::loadHarmonies() {
-  load(m_harmonies, "QBHarmony", "Loading harmonies");
+  load(m_harmonies, "QBHarmony");
   std::ranges::stable_sort(m_harmonies, std::greater<>(),
                            [](const auto& harmony) { return harmony->order(); });
 }
 
-void QBTabMgr::loadInstruments() { load(m_instruments, "QBInstrument", "Loading Instruments"); }
+void QBTabMgr::loadInstruments() { load(m_instruments, "QBInstrument"); }
 
-void QBTabMgr::loadPatterns() {
-  load(m_patterns, "QBRightHandPattern", "Loading Right Hand Patterns");
-}
+void QBTabMgr::loadPatterns() { load(m_patterns, "QBRightHandPattern"); }
 
-void QBTabMgr::loadAlbums() { load(m_albums, "QBAlbum", "Loading Albums"); }
+void QBTabMgr::loadAlbums() { load(m_albums, "QBAlbum"); }
 
-void QBTabMgr::loadSettings() { load(m_settings, "QBSettings", "Loading Settings"); }
+void QBTabMgr::loadSettings() { load(m_settings, "QBSettings"); }
 
-void QBTabMgr::loadLeftPatterns() {
-  load(m_lefthandpatterns, "QBLeftHandPattern", "Loading Left Hand Patterns");
-}
+void QBTabMgr::loadLeftPatterns() { load(m_lefthandpatterns, "QBLeftHandPattern"); }
 
 void QBTabMgr::reloadData() {
   loadTunings();
@@ -145,27 +134,28 @@ bool QBTabMgr::isInitialized() {
   }
 }
 
-bool QBTabMgr::save() {
+void QBTabMgr::save() { m_context->save(); }
+
+void QBTabMgr::saveOr(bool (platform::UndoManager::*takeBack)()) {
   try {
-    m_context->save();
-    return true;
-  } catch (const platform::StoreError& error) {
-    SessionServices::current().exitWithError("Saving Data Failed", error.what());
-    return false;
+    save();
+    reloadData();
+  } catch (const platform::StoreError&) {
+    (m_context->undoManager().*takeBack)();
+    reloadData();
+    throw;
   }
 }
 
 bool QBTabMgr::undo() {
   if (!m_context->undoManager().undo()) return false;
-  save();
-  reloadData();
+  saveOr(&platform::UndoManager::redo);
   return true;
 }
 
 bool QBTabMgr::redo() {
   if (!m_context->undoManager().redo()) return false;
-  save();
-  reloadData();
+  saveOr(&platform::UndoManager::undo);
   return true;
 }
 

@@ -41,8 +41,7 @@ class QBTabMgr {
   template <class T>
   using List = std::vector<platform::Ref<T>>;
 
-  /// The shared manager; opens the store on first use. A store that cannot be opened is reported
-  /// through the session, and the process ends with status -1.
+  /// The shared manager; opens the store on first use. Throws StoreUnavailable when that fails.
   static QBTabMgr& db();
   static void clearDb();
   static void deleteAll() { clearDb(); }
@@ -55,13 +54,15 @@ class QBTabMgr {
   ~QBTabMgr();
 
   // Lists.
+  /// These throw StoreError for a store that cannot be read; the list is empty then.
   void reloadData();
   /// Whether the store holds settings; false too when they cannot be read.
   bool isInitialized();
-  /// Writes all changes at once. A failure is reported through the session; false then.
-  bool save();
+  /// Writes all changes at once. Throws StoreError; the changes are kept for another try then, or
+  /// for an undo group to roll back.
+  void save();
   /// Takes the latest action back, or does it again, saves, and loads the lists anew. False when
-  /// there is no such action.
+  /// there is no such action. Throws StoreError when it cannot be saved, and has not happened then.
   bool undo();
   bool redo();
 
@@ -158,15 +159,16 @@ class QBTabMgr {
   QBAlbum* findAlbumByName(const std::string& name) const;
   QBTuning* findTuningByOrder(int order) const;
 
-  platform::ManagedContext& context() { return *m_context; }
+  platform::ManagedContext& context() const { return *m_context; }
 
  private:
   QBTabMgr();
   void openStore();
+  void saveOr(bool (platform::UndoManager::*takeBack)());
   template <class T>
   T* create(std::string_view entityName);
   template <class T>
-  void load(List<T>& list, std::string_view entityName, std::string_view title);
+  void load(List<T>& list, std::string_view entityName);
 
   std::unique_ptr<platform::ManagedContext> m_context;
   List<QBTuning> m_tunings;

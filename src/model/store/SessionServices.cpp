@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/store/SessionServices.h"
 
-#include <cstdlib>
 #include <iostream>
 
 namespace korvel {
@@ -11,13 +10,6 @@ class PlainServices final : public SessionServices {
  public:
   void addToLog(std::string_view text) override { std::cerr << text << '\n'; }
   void logError(std::string_view text) override { std::cerr << text << '\n'; }
-  void exitWithError(std::string_view context, std::string_view error) override {
-    exitWithStatus(context, error, EXIT_FAILURE);
-  }
-  void exitWithStatus(std::string_view context, std::string_view error, int status) override {
-    std::cerr << context << ": " << error << '\n';
-    std::exit(status);
-  }
 };
 
 SessionServices*& installed() {

@@ -6,7 +6,8 @@
 
 namespace korvel {
 
-/// What the lower layers ask of the running session: a line in the log, a report of an error.
+/// What the lower layers ask of the running session: a line in the log, a report of an error. What
+/// ends their work they throw; whether it ends the program is for a front end to decide.
 /// The session installs itself; before that, and in programs without one, texts go to stderr.
 class SessionServices {
  public:
@@ -14,11 +15,6 @@ class SessionServices {
 
   virtual void addToLog(std::string_view text) = 0;
   virtual void logError(std::string_view text) = 0;
-  /// Reports an error after which the program cannot go on, and ends it with the front end's
-  /// status for that.
-  virtual void exitWithError(std::string_view context, std::string_view error) = 0;
-  /// As exitWithError, with the status given.
-  virtual void exitWithStatus(std::string_view context, std::string_view error, int status) = 0;
 
   static SessionServices& current();
   /// The services must stay alive until others are installed; null goes back to stderr.

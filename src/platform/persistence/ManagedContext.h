@@ -53,6 +53,8 @@ class ManagedContext {
   /// Whether `save` would have to wait for that check.
   bool isBeingChecked() const;
 
+  /// Whether the store can be read only, so that `save` would fail.
+  bool isReadOnly() const { return m_store->isReadOnly(); }
   bool hasChanges() const;
   /// Writes all changes in one transaction, the first time after a check of the store, so that a
   /// damaged one is not written into. Throws StoreError; the file is then as it was and the

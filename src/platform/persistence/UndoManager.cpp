@@ -144,7 +144,8 @@ void UndoGroup::end() {
 
 bool UndoGroup::rollBack() {
   const auto log = m_log;
-  m_isNew = false;  // as if nothing had been changed
+  m_isNew = false;                    // as if nothing had been changed
+  if (log) log->setSubject(nullptr);  // the action before it has no part in this
   end();
   const auto manager = m_manager.lock();
   if (!manager || !log || log->isEmpty()) return false;

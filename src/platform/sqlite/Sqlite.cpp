@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sqlite/Sqlite.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <unistd.h>
+
+#include <filesystem>
 
 #include "platform/sqlite/StoreError.h"
 
@@ -58,6 +62,8 @@ Phrase phraseFor(int code) {
   switch (code & 0xff) {
     case SQLITE_FULL:
       return phrase("Message", "%1: %2; make room on the disk and try again");
+    case SQLITE_IOERR:
+      return phrase("Message", "%1: %2; look whether the disk is full or fails, and try again");
     case SQLITE_READONLY:
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
@@ -117,6 +123,12 @@ SqliteDatabase::SqliteDatabase(std::string file, Mode mode)
 SqliteDatabase::~SqliteDatabase() = default;
 
 const std::string& SqliteDatabase::file() const { return m_connection->file(); }
+
+bool SqliteDatabase::isReadOnly() const {
+  if (sqlite3_db_readonly(m_connection->handle(), "main") == 1) return true;
+  const std::filesystem::path folder = std::filesystem::path(file()).parent_path();
+  return ::faccessat(AT_FDCWD, folder.empty() ? "." : folder.c_str(), W_OK, AT_EACCESS) != 0;
+}
 
 void SqliteDatabase::execute(const std::string& sql) {
   if (sqlite3_exec(m_connection->handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)

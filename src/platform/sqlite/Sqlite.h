@@ -49,6 +49,9 @@ class SqliteDatabase {
   void copyTo(SqliteDatabase& target);
 
   const std::string& file() const;
+  /// Whether nothing can be written: the file is only open for reading, or its folder takes no
+  /// journal, without which no change begins.
+  bool isReadOnly() const;
 
  private:
   friend class SqliteStatement;

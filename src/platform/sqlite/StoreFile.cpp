@@ -102,6 +102,10 @@ std::unique_ptr<SqliteDatabase> StoreFile::open() const {
   auto store = std::make_unique<SqliteDatabase>(m_path, SqliteDatabase::Mode::readWrite);
   lock(*store);
   checkSize(*store);
+  if (store->isReadOnly()) {
+    requireComplete(*store);
+    return store;
+  }
   migrate(*store);
   sweep(*store);
   return store;
@@ -192,6 +196,15 @@ void StoreFile::migrate(SqliteDatabase& store) const {
   for (const std::string& part : missing) store.execute(part);
   store.execute("PRAGMA user_version = " + std::to_string(m_format.version));
   change.commit();
+}
+
+void StoreFile::requireComplete(SqliteDatabase& store) const {
+  if (missingParts(store).empty()) return;
+  throw StoreError(
+      StoreError::Reason::failed, m_path,
+      phrase("Message",
+             "the store is of an older Korvel and cannot be written, so it cannot be "
+             "brought up to date; look at the permissions of the store and its folder"));
 }
 
 std::string StoreFile::backupName(std::int64_t version) const {

@@ -28,7 +28,8 @@ class StoreFile {
   /// Opens the store for this process alone. Missing tables and columns are added, after a checked
   /// backup was written beside the store. Rows that nothing reaches any more are removed.
   /// Throws StoreError and leaves the file untouched when it is missing, not a store, newer,
-  /// damaged or in use.
+  /// damaged or in use. One that cannot be written is opened as it is
+  /// (`SqliteDatabase::isReadOnly`), and refused when something would have to be added.
   std::unique_ptr<SqliteDatabase> open() const;
 
   /// A quick check of every page. Throws StoreError when the store is damaged.
@@ -43,6 +44,7 @@ class StoreFile {
   void lock(SqliteDatabase& store) const;
   void checkSize(SqliteDatabase& store) const;
   void migrate(SqliteDatabase& store) const;
+  void requireComplete(SqliteDatabase& store) const;
   std::vector<std::string> missingParts(SqliteDatabase& store) const;
   void sweep(SqliteDatabase& store) const;
   std::string backupName(std::int64_t version) const;

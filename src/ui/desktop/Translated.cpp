@@ -16,4 +16,13 @@ QString translated(const platform::UserText& text) {
 
 QString translated(const std::exception& problem) { return translated(platform::textOf(problem)); }
 
+QString refusalOf(const std::function<void()>& act) {
+  try {
+    act();
+    return {};
+  } catch (const platform::UserError& problem) {
+    return translated(problem);
+  }
+}
+
 }  // namespace korvel::ui

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <exception>
+#include <functional>
 
 #include "platform/text/UserText.h"
 
@@ -13,5 +14,7 @@ namespace korvel::ui {
 QString translated(const platform::UserText& text);
 /// What an exception says to the user.
 QString translated(const std::exception& problem);
+/// Does something; what to tell the user when a UserError says that it cannot be done.
+QString refusalOf(const std::function<void()>& act);
 
 }  // namespace korvel::ui

@@ -27,6 +27,7 @@
 #include "model/instruments/QBTuning.h"
 #include "model/store/QBTabMgr.h"
 #include "music/NoteName.h"
+#include "platform/text/UserError.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/SoundFileNames.h"
 #include "ui/desktop/Text.h"
@@ -34,7 +35,6 @@
 #include "ui/dialogs/InputList.h"
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/LibraryEdits.h"
-#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
@@ -353,7 +353,7 @@ void CalibrationDialog::accept() {
   try {
     addInstrument(m_name->text().trimmed().toStdString(), m_job->calibration());
     QDialog::accept();
-  } catch (const EditRefused& reason) {
+  } catch (const platform::UserError& reason) {
     say(translated(reason));
     m_name->setFocus();
     m_name->selectAll();

@@ -21,8 +21,8 @@
 
 #include "model/store/QBSettings.h"
 #include "model/store/QBTabMgr.h"
-#include "platform/files/FileError.h"
 #include "platform/sound/AudioSystem.h"
+#include "platform/text/UserError.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
@@ -233,7 +233,7 @@ void SettingsDialog::accept() {
   try {
     if (m_folder->text() != toText(before))
       setWorkDirectory(inHome(m_folder->text()).toStdString());
-  } catch (const platform::FileError& problem) {
+  } catch (const platform::UserError& problem) {
     QMessageBox::warning(this, windowTitle(), translated(problem));
     return;
   }

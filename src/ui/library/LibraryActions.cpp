@@ -18,8 +18,9 @@
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
-#include "platform/files/FileError.h"
+#include "model/store/QBTabMgr.h"
 #include "platform/files/Files.h"
+#include "platform/text/UserError.h"
 #include "playback/SongRenderer.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/SoundFileNames.h"
@@ -37,7 +38,7 @@
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/library/TuningNode.h"
-#include "workflow/session/EditRefused.h"
+#include "workflow/session/Edit.h"
 #include "workflow/session/NodeVisitor.h"
 #include "workflow/session/QBSession.h"
 
@@ -115,9 +116,7 @@ LibraryActions::LibraryActions(ImportDesk& desk, QWidget* window)
 void LibraryActions::attempt(const std::function<void()>& edit) {
   try {
     edit();
-  } catch (const EditRefused& reason) {
-    emit refused(translated(reason));
-  } catch (const platform::FileError& problem) {
+  } catch (const platform::UserError& problem) {
     emit refused(translated(problem));
   }
 }
@@ -232,6 +231,10 @@ void LibraryActions::chooseAndImport(QBAlbum* into) {
 
 void LibraryActions::importFiles(const QStringList& files, QBAlbum* into) {
   if (files.isEmpty()) return;
+  if (QBTabMgr::db().context().isReadOnly()) {
+    attempt([] { Edit::requireWritable(QBTabMgr::db()); });
+    return;
+  }
   const platform::Ref<QBAlbum> album = into;
   if (QFileInfo(files.first()).isDir())
     importFolder(files.first(), album);
@@ -253,9 +256,8 @@ void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
     return;
   }
   platform::Ref<QBAlbum> album = into;
-  attempt([&] {
-    if (!album) album = newAlbum(dir.dirName().toStdString());
-  });
+  if (!album) attempt([&] { album = newAlbum(dir.dirName().toStdString()); });
+  if (!album) return;
   QStringList files;
   for (const QString& name : names) files.append(dir.filePath(name));
   importFiles(files, album);
@@ -271,6 +273,7 @@ void LibraryActions::importFile(const QString& file, QBAlbum* into) {
   job->onFinished([this, file, song = platform::Ref<QBSong>(job->newSong())] {
     QTimer::singleShot(kNextTurn, this, [this, file, song] { emit imported(file, song); });
   });
+  job->onTrouble([this](const platform::UserText& text) { emit refused(translated(text)); });
   emit importStarted(file);
 }
 

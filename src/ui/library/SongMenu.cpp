@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/library/SongMenu.h"
 
+#include "platform/text/UserError.h"
 #include "ui/desktop/Translated.h"
 #include "workflow/arranging/SongOrders.h"
-#include "workflow/session/EditRefused.h"
 
 namespace korvel::ui {
 
@@ -24,7 +24,7 @@ SongMenu::SongMenu(QWidget* parent) : QMenu(tr("&Song"), parent) {
   addSongCommands(*this, [this](const SongCommand& command) {
     try {
       orderByMenu(m_items, command);
-    } catch (const EditRefused& reason) {
+    } catch (const platform::UserError& reason) {
       emit refused(translated(reason));
     }
   });

@@ -9,6 +9,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "platform/text/UserError.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "workflow/library/AlbumNode.h"
@@ -16,7 +17,6 @@
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/library/TuningNode.h"
-#include "workflow/session/EditRefused.h"
 
 namespace korvel::ui {
 namespace {
@@ -213,13 +213,18 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
   return {};
 }
 
+void TreeModel::move(QBSong& song, QBAlbum& album) {
+  const QString refusal = refusalOf([&] { moveSong(song, album); });
+  if (!refusal.isEmpty()) emit refused(refusal);
+}
+
 bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   const auto node = nodeOf(index);
   if (role != Qt::EditRole || !node) return false;
   try {
     node->rename(value.toString().trimmed().toStdString());
     return true;
-  } catch (const EditRefused& reason) {
+  } catch (const platform::UserError& reason) {
     emit refused(translated(reason));
     return false;
   }
@@ -287,7 +292,7 @@ bool TreeModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int r
   for (const QByteArray& id : data->data(kSongs).split(' '))
     for (const auto& from : LibraryTree::Nodes<AlbumNode>(m_library.albums()))
       for (const auto& song : from->album()->songs().snapshot())
-        if (!id.isEmpty() && song->objectId() == id.toLongLong()) moveSong(*song, *album);
+        if (!id.isEmpty() && song->objectId() == id.toLongLong()) move(*song, *album);
   // The store has moved them, and the tree followed: the view must not remove rows itself.
   return false;
 }

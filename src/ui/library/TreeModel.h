@@ -9,8 +9,10 @@
 #include "workflow/library/LibraryTree.h"
 
 namespace korvel {
+class QBAlbum;
+class QBSong;
 class TreeNode;
-}
+}  // namespace korvel
 
 namespace korvel::ui {
 
@@ -72,6 +74,7 @@ class TreeModel final : public QAbstractItemModel {
   struct Item;
   using Nodes = std::vector<std::shared_ptr<TreeNode>>;
 
+  void move(QBSong& song, QBAlbum& album);
   Item& itemOf(const QModelIndex& index) const;
   QModelIndex indexOfItem(const Item& item) const;
   void follow(Item& parent, const Nodes& nodes);

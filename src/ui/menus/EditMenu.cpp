@@ -71,7 +71,8 @@ EditMenu::EditMenu(const Views& views, QWidget* parent)
 
 void EditMenu::addUndo() {
   m_undo = addAction(tr("&Undo"), QKeySequence::Undo, this, &EditMenu::undo);
-  m_redo = addAction(tr("&Redo"), QKeySequence::Redo, this, [] { QBSession::session().redo(); });
+  m_redo = addAction(tr("&Redo"), QKeySequence::Redo, this,
+                     [this] { guarded([] { QBSession::session().redo(); }); });
   addSeparator();
 }
 
@@ -140,7 +141,7 @@ void EditMenu::listAlbums(QMenu& menu, TreePanel& tree) {
   for (const auto& album : QBTabMgr::db().albums())
     if (own && album != own)
       menu.addAction(toText(album->name()).replace('&', "&&"), this, [this, album, &tree] {
-        moveSong(*m_song, *album);
+        guarded([&] { moveSong(*m_song, *album); });
         tree.showSong(m_song);
       });
   menu.setEnabled(!menu.isEmpty());
@@ -182,10 +183,16 @@ void EditMenu::perform(const std::function<void(SongEditor&)>& edit) {
     emit refused(tr("Stop playing first, then edit"));
     return;
   }
-  try {
+  guarded([&] {
     SongEditor editor(QBTabMgr::db(), *m_song);
     edit(editor);
     emit edited();
+  });
+}
+
+void EditMenu::guarded(const std::function<void()>& act) {
+  try {
+    act();
   } catch (const std::exception& problem) {
     emit refused(translated(problem));
   }
@@ -206,7 +213,9 @@ void EditMenu::deleteChosen() {
 }
 
 void EditMenu::undo() {
-  if (QBSession::session().undo()) return;
+  bool undone = true;
+  guarded([&] { undone = QBSession::session().undo(); });
+  if (undone) return;
   const platform::UserText& running = undoManager().undoWaitsFor();
   if (running.empty()) return;
   emit refused(
@@ -240,7 +249,7 @@ void EditMenu::setLocked(bool locked) {
 }
 
 void EditMenu::update() {
-  const bool editable = m_song && !m_locked;
+  const bool editable = m_song && !m_locked && !QBTabMgr::db().context().isReadOnly();
   for (QAction* action : m_edits) action->setEnabled(editable);
   m_duration->setEnabled(editable);
   platform::UndoManager& manager = undoManager();

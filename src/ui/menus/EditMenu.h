@@ -61,6 +61,7 @@ class EditMenu final : public QMenu {
   void attempt(const std::function<void(SongEditor&)>& edit);
   void attemptInsertion(const std::function<void(SongEditor&, int)>& insert);
   void perform(const std::function<void(SongEditor&)>& edit);
+  void guarded(const std::function<void()>& act);
   void deleteChosen();
   void nameChord();
   void undo();

@@ -537,6 +537,22 @@
         <source>%1: is the only tuning; add another one first</source>
         <translation>%1: ist die einzige Stimmung; füge zuerst eine andere hinzu</translation>
     </message>
+    <message>
+        <source>%1: %2; look whether the disk is full or fails, and try again</source>
+        <translation>%1: %2; prüfe, ob die Platte voll ist oder Fehler hat, und versuche es noch einmal</translation>
+    </message>
+    <message>
+        <source>the store is of an older Korvel and cannot be written, so it cannot be brought up to date; look at the permissions of the store and its folder</source>
+        <translation>Die Datenbank stammt von einem älteren Korvel und kann nicht geschrieben werden, also auch nicht auf den neuen Stand gebracht; prüfe die Rechte an ihr und ihrem Ordner</translation>
+    </message>
+    <message>
+        <source>%1. The import goes on, and is stored as soon as that works.</source>
+        <translation>%1. Der Import geht weiter und wird gespeichert, sobald das möglich ist.</translation>
+    </message>
+    <message>
+        <source>%1: the store cannot be written, so nothing can be changed; look at the permissions of the store and its folder</source>
+        <translation>%1: Die Datenbank kann nicht geschrieben werden, also kann nichts geändert werden; prüfe die Rechte an ihr und ihrem Ordner</translation>
+    </message>
 </context>
 <context>
     <name>SaveFilePanel</name>
@@ -1687,6 +1703,10 @@
     <message>
         <source>Keep exported tablature in %1? The settings name another folder.</source>
         <translation>Exportierte Tabulaturen in %1 ablegen? Die Einstellungen ändern das.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: songs can be read, played and exported, but not changed. Look at the permissions of the file and its folder, then start Korvel again.</source>
+        <translation>%1 kann nicht geschrieben werden: Songs können gelesen, gespielt und exportiert, aber nicht geändert werden. Prüfe die Rechte der Datei und ihres Ordners und starte Korvel neu.</translation>
     </message>
 </context>
 <context>

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "model/store/QBTabMgr.h"
+#include "model/store/StoreUnavailable.h"
+#include "platform/sqlite/StoreError.h"
 #include "ui/desktop/Appearance.h"
 #include "ui/desktop/FocusRing.h"
 #include "ui/desktop/Preferences.h"
@@ -15,22 +17,25 @@
 #include "ui/desktop/SingleInstance.h"
 #include "ui/dialogs/AlertBox.h"
 #include "ui/window/MainWindow.h"
+#include "workflow/session/ProgramEnd.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/StoreSeeding.h"
 
 namespace korvel::ui {
 namespace {
 
-void report(const std::exception& exception) {
-  QBSession::session().handleException("window", exception);
-}
+constexpr int kStoreFailureStatus = -1;
 
 /// While there is no window yet, only the alert can be shown.
 void openStore(AlertBox& alert) {
   SessionViews views;
   views.alert = &alert;
   QBSession::session().attach(views);
-  if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
+  try {
+    prepareStore();
+  } catch (const StoreUnavailable& error) {
+    QBSession::session().exitWithStatus(error.context(), error.what(), kStoreFailureStatus);
+  }
 }
 
 QStringList absolute(const QStringList& files) {
@@ -61,15 +66,19 @@ int Application::run(const QStringList& files) {
 }
 
 int Application::runFirst(SingleInstance& instance, const QStringList& files) {
-  QtRunLoop loop(&report);
+  QtRunLoop loop([this](const std::exception& exception) { report(exception); });
   platform::RunLoop::install(&loop);
   AlertBox alert;
-  openStore(alert);
   int status = EXIT_SUCCESS;
-  Handed handed{files, {}};
-  do {
-    status = runWindow(instance, alert, handed);
-  } while (std::exchange(m_newWindowWanted, false));
+  try {
+    openStore(alert);
+    Handed handed{files, {}};
+    do {
+      status = runWindow(instance, alert, handed);
+    } while (std::exchange(m_newWindowWanted, false));
+  } catch (const ProgramEnd& end) {
+    status = end.status;
+  }
   QBTabMgr::clearDb();
   platform::RunLoop::install(nullptr);
   return status;
@@ -86,6 +95,7 @@ int Application::runWindow(SingleInstance& instance, FatalAlert& alert, Handed& 
   });
   window.show();
   window.setLog(handed.log);
+  m_window = &window;
   window.greet();
   window.openLastSong();
   QBTabMgr::db().context().checkAhead();
@@ -93,6 +103,16 @@ int Application::runWindow(SingleInstance& instance, FatalAlert& alert, Handed& 
   const int status = exec();
   handed.log = window.log();
   return status;
+}
+
+/// A store that cannot be read or written now may be when the user has looked after it; that says
+/// the window. Anything else is for the log, too.
+void Application::report(const std::exception& exception) {
+  const auto* known = dynamic_cast<const platform::StoreError*>(&exception);
+  if (known && m_window)
+    m_window->tell(*known);
+  else
+    QBSession::session().handleException("window", exception);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QApplication>
+#include <QPointer>
+#include <exception>
 
 namespace korvel {
 class FatalAlert;
@@ -9,6 +11,7 @@ class FatalAlert;
 
 namespace korvel::ui {
 
+class MainWindow;
 class SingleInstance;
 
 /// The program with a window: names itself to the desktop, and lets no exception of a window's
@@ -35,6 +38,9 @@ class Application final : public QApplication {
   int runFirst(SingleInstance& instance, const QStringList& files);
   int runWindow(SingleInstance& instance, FatalAlert& alert, Handed& handed);
 
+  void report(const std::exception& exception);
+
+  QPointer<MainWindow> m_window;
   bool m_newWindowWanted = false;
 };
 

@@ -2,10 +2,11 @@
 #include "ui/window/Greeting.h"
 
 #include <QDir>
+#include <QLabel>
 #include <utility>
 
 #include "model/songs/QBSong.h"
-#include "platform/files/FileError.h"
+#include "model/store/QBTabMgr.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
@@ -20,8 +21,10 @@ Greeting::Greeting(QBoxLayout& place, QObject* parent) : QObject(parent), m_plac
 
 void Greeting::say() {
   Preferences preferences;
-  for (const ImportUnderWay& each : preferences.runningImports()) tellOfInterrupted(each);
+  for (const ImportUnderWay& each : preferences.runningImports())
+    attempt([&] { tellOfInterrupted(each); });
   preferences.setRunningImports({});
+  if (QBTabMgr::db().context().isReadOnly()) return tellOfReadOnlyStore();
   offerTakes();
   if (!preferences.askedForFolder()) offerWorkFolder();
 }
@@ -61,13 +64,27 @@ void Greeting::offerWorkFolder() {
   const QString folder = offeredWorkFolder();
   offer(tr("Keep exported tablature in %1? The settings name another folder.")
             .arg(QString(folder).replace(QDir::homePath(), "~")),
-        [this, folder] {
-          try {
-            setWorkDirectory(folder.toStdString());
-          } catch (const platform::FileError& problem) {
-            emit refused(translated(problem));
-          }
-        });
+        [this, folder] { attempt([&] { setWorkDirectory(folder.toStdString()); }); });
+}
+
+/// The notice stays, as nothing can be changed for as long as the window does.
+void Greeting::tellOfReadOnlyStore() {
+  const QString file = toText(QBTabMgr::db().context().store().file());
+  const QString text = tr("%1 cannot be written: songs can be read, played and exported, but not "
+                          "changed. Look at the permissions of the file and its folder, then start "
+                          "Korvel again.")
+                           .arg(file);
+  emit told(text);
+  auto* notice = new QLabel(text);
+  notice->setFrameShape(QFrame::StyledPanel);
+  notice->setWordWrap(true);
+  notice->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  m_place.insertWidget(0, notice);
+}
+
+void Greeting::attempt(const std::function<void()>& act) {
+  const QString refusal = refusalOf(act);
+  if (!refusal.isEmpty()) emit refused(refusal);
 }
 
 }  // namespace korvel::ui

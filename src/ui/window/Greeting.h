@@ -18,7 +18,7 @@ class Greeting final : public QObject {
   explicit Greeting(QBoxLayout& place, QObject* parent = nullptr);
 
   /// Says what was running when the last window did not close, offers to import what it was
-  /// recording, and a working directory to a new user.
+  /// recording, and a working directory to a new user. A store that cannot be written it says.
   void say();
 
  signals:
@@ -33,6 +33,8 @@ class Greeting final : public QObject {
   void offerTakes();
   void offerWorkFolder();
   void tellOfInterrupted(const ImportUnderWay& import);
+  void tellOfReadOnlyStore();
+  void attempt(const std::function<void()>& act);
 
   QBoxLayout& m_place;
 };

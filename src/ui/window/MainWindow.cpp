@@ -15,6 +15,7 @@
 #include "model/store/QBTabMgr.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 #include "ui/dialogs/HelpWindow.h"
 #include "ui/dialogs/SelfCheckDialog.h"
 #include "ui/dialogs/SettingsDialog.h"
@@ -256,6 +257,7 @@ void MainWindow::greet() {
   connect(greeting, &Greeting::importWanted, this, &MainWindow::importFiles);
   connect(greeting, &Greeting::refused, this, &MainWindow::say);
   greeting->say();
+  m_record->setEnabled(!QBTabMgr::db().context().isReadOnly());
   m_tree->refreshAllContents();
 }
 
@@ -337,6 +339,11 @@ void MainWindow::showHeard(QBSong* heard) {
 // ---- words
 
 void MainWindow::say(const QString& text) { statusBar()->showMessage(text, kSayMilliseconds); }
+
+void MainWindow::tell(const std::exception& problem) {
+  say(translated(problem));
+  m_log->addLogText(problem.what());
+}
 
 QString MainWindow::statusMessage() const { return statusBar()->currentMessage(); }
 

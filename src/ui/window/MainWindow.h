@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <exception>
 #include <optional>
 
 #include "ui/desktop/DesktopScheme.h"
@@ -54,6 +55,9 @@ class MainWindow final : public QMainWindow, public SongView {
   void greet();
 
   void setActiveSong(QBSong* song) override;
+
+  /// Says in the status bar and in the log what did not work, and what to do.
+  void tell(const std::exception& problem);
 
   /// What the status bar says at the moment.
   QString statusMessage() const;

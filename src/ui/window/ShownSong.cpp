@@ -3,6 +3,7 @@
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "ui/desktop/Translated.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/sound/PlayerBar.h"
 #include "ui/views/FretboardView.h"
@@ -81,7 +82,10 @@ void ShownSong::endLoop() {
 void ShownSong::changeLoop(const std::function<void(QBSong&)>& change) {
   if (m_views.player.plays(m_song))
     return emit refused(tr("Stop playing first, then change the loop"));
-  if (m_song) change(*m_song);
+  const QString refusal = refusalOf([&] {
+    if (m_song) change(*m_song);
+  });
+  if (!refusal.isEmpty()) emit refused(refusal);
   refresh();
   m_views.player.controller().updateLoop();
 }

@@ -7,6 +7,7 @@
 #include "model/store/QBTabMgr.h"
 #include "workflow/arranging/QBSongMenu.h"
 #include "workflow/library/QBSongNode.h"
+#include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
@@ -15,6 +16,7 @@ namespace korvel {
 namespace {
 
 constexpr std::string_view kDelete = "deleteSong";
+constexpr std::string_view kExport = "exportAsFile";  // changes no song
 
 void requireChords(const QBSong& song, const SongCommand& command) {
   if (song.chords().empty() && command.command != kDelete)
@@ -44,6 +46,7 @@ void leaveDeleted() {
 template <class Order>
 auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
   requireChords(song, command);
+  if (command.command != kExport) Edit::requireWritable(QBTabMgr::db());
   if (command.command == kDelete) SongInWork::requireDeletable(song);
   const SavedWhenLogged saved;
   const auto answer = order();

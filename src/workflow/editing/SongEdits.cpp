@@ -20,7 +20,7 @@ void moveLoopEnd(QBSong& song, int chord) {
   edit.joinAlike();
   song.setChordInLoop(&chordAt(song, chord));
   edit.redraw();
-  edit.done();
+  edit.save();
 }
 
 void beginLoop(QBSong& song, int chord) {
@@ -43,7 +43,7 @@ void setLoop(QBSong& song, QBChord& first, QBChord& last) {
   song.setFromChord(&first);
   song.setToChord(&last);
   edit.redraw();
-  edit.done();
+  edit.save();
 }
 
 void setLoop(QBSong& song, int first, int last) {
@@ -55,7 +55,7 @@ void clearLoop(QBSong& song) {
   edit.joinAlike();
   QBSession::session().resetLoop(song);
   edit.redraw();
-  edit.done();
+  edit.save();
 }
 
 }  // namespace korvel

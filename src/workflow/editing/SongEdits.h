@@ -8,7 +8,8 @@ class QBSong;
 
 // Small changes of a song as a whole, saved and with its tablature drawn anew. Those of a loop that
 // follow one another are one undoable action, so that a search for the right passage does not stand
-// between an edit and its undo.
+// between an edit and its undo. They throw StoreError when they cannot be saved; nothing has
+// changed then.
 
 /// The nearer end of the playback loop goes to the chord of that index in `allChords`.
 void moveLoopEnd(QBSong& song, int chord);

@@ -18,6 +18,7 @@
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryTree.h"
 #include "workflow/library/QBNameMgr.h"
+#include "workflow/session/Edit.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
@@ -79,6 +80,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
 }
 
 std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
+  Edit::requireWritable(QBTabMgr::db());
   requireSound(file);
   if (detectionOf(m_detection).needsInstrument) requireInstrument();
   QBTabMgr::db().context().checkAhead();
@@ -130,7 +132,7 @@ std::vector<ImportUnderWay> ImportDesk::running() {
 
 QBSong* ImportDesk::mend(const ImportUnderWay& interrupted) {
   const platform::Ref<QBSong> song = storedSong(interrupted);
-  if (!song || song->hasTabulature()) return song;
+  if (!song || song->hasTabulature() || QBTabMgr::db().context().isReadOnly()) return song;
   if (hasTones(*song)) {
     buildTab(*song);
   } else {

@@ -21,6 +21,7 @@
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/library/QBNameMgr.h"
+#include "workflow/session/Edit.h"
 #include "workflow/session/SongInWork.h"
 
 namespace korvel {
@@ -54,6 +55,7 @@ LiveRecording::~LiveRecording() {
 }
 
 void LiveRecording::start() {
+  Edit::requireWritable(m_db);
   m_undo = std::make_shared<platform::UndoGroup>(m_db.context().undoManager(),
                                                  platform::phrase("UndoAction", "Record"));
   m_undo->suspend();

@@ -12,6 +12,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/loop/Deadline.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/sqlite/StoreError.h"
 #include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/hearing/Detection.h"
@@ -27,6 +28,8 @@ namespace {
 constexpr std::size_t kChordsOfSave = 100;
 /// Share of the end's work after which the song is saved, in a step of its own.
 constexpr double kAllButSaved = 1;
+/// Before a store that took nothing is tried again.
+constexpr std::chrono::seconds kPauseOfSaving{2};
 
 bool hasOtherSongs(const QBAlbum& album, const QBSong* song) {
   return std::ranges::any_of(album.songs().snapshot(),
@@ -161,17 +164,38 @@ void QBCmdImportSong::storeRenewed() {
 
 /// Saving chords takes longer than making those that cost next to nothing.
 void QBCmdImportSong::takeChords() {
-  if (isSaveDue()) {
-    QBTabMgr::db().save();
-    m_unsaved = 0;
-    return;
-  }
+  if (isSaveDue() && saved()) return;
   const bool several = m_hearing->hasCheapChords();
   const platform::Deadline deadline;
   while (takeNextChord()) {
     ++m_unsaved;
     if (!several || isSaveDue() || deadline.isOver()) break;
   }
+}
+
+/// Whether the store has it all. While there is no room in it the import hears on, and tries again
+/// a little later; one that is to end at once cannot wait.
+bool QBCmdImportSong::saved() {
+  const bool canWait = isRunning() && !m_endsNow;
+  if (canWait && Clock::now() < m_nextTry) return false;
+  try {
+    QBTabMgr::db().save();
+  } catch (const platform::StoreError& error) {
+    if (!canWait || error.reason() != platform::StoreError::Reason::failed) throw;
+    m_nextTry = Clock::now() + kPauseOfSaving;
+    tellOf(error);
+    return false;
+  }
+  m_unsaved = 0;
+  return true;
+}
+
+void QBCmdImportSong::tellOf(const platform::StoreError& error) {
+  const platform::UserText text(
+      platform::phrase("Message", "%1. The import goes on, and is stored as soon as that works."),
+      error.text());
+  printOut(text.english());
+  if (m_onTrouble) m_onTrouble(text);
 }
 
 bool QBCmdImportSong::isSaveDue() const { return m_saving && m_unsaved >= kChordsOfSave; }
@@ -206,7 +230,7 @@ platform::Slices QBCmdImportSong::finish() {
   while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;
   dropHearing();
   co_yield kAllButSaved;
-  if (m_saving) QBTabMgr::db().save();
+  while (m_saving && !saved()) co_yield kAllButSaved;
 }
 
 void QBCmdImportSong::stopAndKeep() {
@@ -214,6 +238,7 @@ void QBCmdImportSong::stopAndKeep() {
 }
 
 void QBCmdImportSong::endNow() {
+  m_endsNow = true;
   stopAndKeep();
   while (isRunning()) nextStep();
   if (!m_newSong->isDeleted() && !hasTones(*m_newSong)) cancelAndDrop();
@@ -222,9 +247,9 @@ void QBCmdImportSong::endNow() {
 void QBCmdImportSong::cancelAndDrop() {
   abandon();
   dropSong();
+  QBSession::session().refreshTree();
   if (m_saving) QBTabMgr::db().save();
   printOut("Import cancelled, nothing was kept.");
-  QBSession::session().refreshTree();
 }
 
 void QBCmdImportSong::abandon() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -13,8 +14,9 @@
 namespace korvel {
 
 namespace platform {
+class StoreError;
 class UndoGroup;
-}
+}  // namespace platform
 class Hearing;
 class QBTuning;
 class SongInWork;
@@ -33,7 +35,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void setDetection(ImportDetection detection, const precise::Settings& settings = {});
 
   /// Saves the store now and then, and before the last line of the log, for a front end that goes
-  /// on meanwhile.
+  /// on meanwhile. While that fails for want of room, a stepped import goes on and tries it again
+  /// every few seconds; it is not over before.
   void setSaving(bool saving) { m_saving = saving; }
   /// The album was made for this import, and goes with the song when the import is dropped.
   void setOwnsAlbum(bool owns) { m_ownsAlbum = owns; }
@@ -57,7 +60,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// Deletes the song; there is nothing to undo then.
   void cancelAndDrop() override;
   /// Keeps what `stopAndKeep` does, unless nothing was heard. An hour of sound may take ten
-  /// seconds.
+  /// seconds. Throws StoreError when it cannot be saved.
   void endNow() override;
   void storeRenewed() override;
   /// Type and name without a blank between them: the form that the job list shows.
@@ -72,8 +75,14 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void onProgress(std::function<void(double)> listener) { m_listener = std::move(listener); }
   /// Called once the song is there, saved and logged; not for an import that is dropped.
   void onFinished(std::function<void()> listener) { m_finished = std::move(listener); }
+  /// Called with what to tell the user each time that the store could not be saved.
+  void onTrouble(std::function<void(const platform::UserText&)> listener) {
+    m_onTrouble = std::move(listener);
+  }
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   void begin();
   std::unique_ptr<Hearing> hearing() const;
   bool step();
@@ -84,6 +93,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void takeChords();
   bool takeNextChord();
   bool isSaveDue() const;
+  bool saved();
+  void tellOf(const platform::StoreError& error);
   bool finishSome();
   void finishNow();
   platform::Slices finish();
@@ -98,12 +109,15 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool m_saving = false;
   bool m_ownsAlbum = false;
   bool m_cutShort = false;
+  bool m_endsNow = false;
   std::unique_ptr<Hearing> m_hearing;  ///< From `prepare` until the tablature is drawn.
   std::unique_ptr<SongInWork> m_mark;
   std::size_t m_unsaved = 0;  ///< How many chords are not saved yet.
   platform::Slices m_finishing;
   std::function<void(double)> m_listener;
+  Clock::time_point m_nextTry{};  ///< Of saving.
   std::function<void()> m_finished;
+  std::function<void(const platform::UserText&)> m_onTrouble;
   std::shared_ptr<platform::UndoGroup> m_undo;
 };
 

@@ -17,6 +17,7 @@
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "platform/files/Files.h"
+#include "platform/sqlite/StoreError.h"
 #include "workflow/library/DefinitionCheck.h"
 #include "workflow/library/NameRules.h"
 #include "workflow/library/QBNameMgr.h"
@@ -139,7 +140,7 @@ void moveSong(QBSong& song, const std::string& album) {
   requireName(album, kAlbumNeedsName);
   QBAlbum* known = edit.db().findAlbumByName(album);
   moveSong(song, known ? *known : *edit.db().createAlbum(album, false));
-  edit.done();
+  edit.save();
 }
 
 // ---- instruments
@@ -208,10 +209,17 @@ void deleteInstrument(QBInstrument& instrument) {
 // ---- settings
 
 void setWorkDirectory(const std::string& folder) {
+  Edit::requireWritable(QBTabMgr::db());
   platform::makeFolders(folder);
   QBTabMgr& db = QBTabMgr::db();
+  const std::string before = db.selectedSettings()->workDir();
   db.selectedSettings()->setWorkDir(folder.ends_with('/') ? folder : folder + '/');
-  db.save();
+  try {
+    db.save();
+  } catch (const platform::StoreError&) {
+    db.selectedSettings()->setWorkDir(before);
+    throw;
+  }
   QBSession::session().addToLog("Working directory chosen.");
   QBSession::session().refreshTree();
 }

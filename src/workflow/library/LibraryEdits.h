@@ -12,7 +12,7 @@ class QBSong;
 
 // What a user does to albums, songs and instruments as a whole. Each edit is an undoable
 // action, saves the store, logs a line, has the tree drawn anew, and throws EditRefused when it is
-// not possible; nothing has changed then.
+// not possible, StoreError when it cannot be saved; nothing has changed then.
 
 /// Under that name, or a free one like it.
 QBAlbum* newAlbum(const std::string& name);
@@ -41,7 +41,7 @@ void renameInstrument(QBInstrument& instrument, const std::string& name);
 /// Not the last one, without which no tone could be confirmed.
 void deleteInstrument(QBInstrument& instrument);
 
-/// The folder that files are written to; made when missing. Throws platform::FileError.
+/// The folder that files are written to; made when missing. Throws FileError or StoreError.
 void setWorkDirectory(const std::string& folder);
 
 }  // namespace korvel

@@ -10,6 +10,7 @@
 #include "platform/files/FileError.h"
 #include "platform/files/Files.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/sqlite/StoreError.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 #include "workflow/arranging/HandArrangements.h"
@@ -60,17 +61,29 @@ bool QBSongNode::perform(std::string_view command) {
 
 bool QBSongNode::perform(const SongCommand& command) {
   const auto keep = shared_from_this();  // a deletion takes this node out of the tree
-  const platform::UndoGroup group(QBTabMgr::db().context().undoManager(), undoTitle(command));
+  platform::UndoGroup group(QBTabMgr::db().context().undoManager(), undoTitle(command));
   try {
     if (command.make)
       derive(command);
     else
       (this->*command.perform)();
     return true;
+  } catch (const platform::StoreError&) {
+    takeBack(group);
+    throw;
   } catch (const std::exception& exception) {
     QBSession::session().handleException(command.command, exception);
     return false;
   }
+}
+
+/// Songs that are shown, but not stored, would be gone with the program.
+void QBSongNode::takeBack(platform::UndoGroup& group) {
+  QBSession& session = QBSession::session();
+  group.rollBack();
+  if (const auto parent = m_parent.lock()) parent->followSongs(session);
+  session.refreshTree();
+  if (session.activeSong() && session.activeSong()->isDeleted()) session.setActiveSong(m_song);
 }
 
 void QBSongNode::derive(const SongCommand& command) {

@@ -11,6 +11,10 @@
 
 namespace korvel {
 
+namespace platform {
+class UndoGroup;
+}
+
 class AlbumNode;
 class QBSong;
 
@@ -18,8 +22,8 @@ class QBSong;
 ///
 /// A command that derives a song hangs the new one beside this, makes it the active song, logs its
 /// sentence and saves the store. What goes wrong is reported through the session under the
-/// command's name; a song that was made by then stays. Each command is one undoable action. Nodes
-/// are kept by shared pointers.
+/// command's name; a song that was made by then stays. Each command is one undoable action; one
+/// that cannot be saved is taken back and throws StoreError. Nodes are kept by shared pointers.
 class QBSongNode final : public TreeNode, public std::enable_shared_from_this<QBSongNode> {
  public:
   QBSongNode(QBSong* song, std::weak_ptr<AlbumNode> parent);
@@ -59,6 +63,7 @@ class QBSongNode final : public TreeNode, public std::enable_shared_from_this<QB
 
  private:
   void derive(const SongCommand& command);
+  void takeBack(platform::UndoGroup& group);
 
   platform::Ref<QBSong> m_song;
   std::weak_ptr<AlbumNode> m_parent;

@@ -5,15 +5,29 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "tab/text/SongDrawing.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
 
 Edit::Edit(const platform::Phrase& title)
-    : m_db(QBTabMgr::db()), m_group(m_db.context().undoManager(), title) {}
+    : m_db(QBTabMgr::db()), m_group(m_db.context().undoManager(), title) {
+  requireWritable(m_db);
+}
 
 Edit::Edit(QBSong& song, const platform::Phrase& title)
-    : m_db(QBTabMgr::db()), m_song(&song), m_group(m_db.context().undoManager(), title) {}
+    : m_db(QBTabMgr::db()), m_song(&song), m_group(m_db.context().undoManager(), title) {
+  requireWritable(m_db);
+}
+
+void Edit::requireWritable(const QBTabMgr& db) {
+  if (db.context().isReadOnly())
+    throw EditRefused(
+        platform::phrase("Message",
+                         "%1: the store cannot be written, so nothing can be changed; look at the "
+                         "permissions of the store and its folder"),
+        db.context().store().file());
+}
 
 Edit::~Edit() {
   if (m_done) return;
@@ -38,17 +52,12 @@ void Edit::redraw() {
 }
 
 void Edit::save() {
-  m_db.context().save();
-  m_done = true;
-}
-
-void Edit::done() {
   m_db.save();
   m_done = true;
 }
 
 void Edit::done(std::string_view line) {
-  done();
+  save();
   QBSession::session().addToLog(line);
   QBSession::session().refreshTree();
 }

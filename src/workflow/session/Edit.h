@@ -30,6 +30,9 @@ class Edit {
   Edit& operator=(const Edit&) = delete;
   ~Edit();
 
+  /// Throws EditRefused when the store cannot be written; edits throw that from the start.
+  static void requireWritable(const QBTabMgr& db);
+
   QBTabMgr& db() const { return m_db; }
 
   /// Is one action with the one before it, if that was such an edit of the same song: undo then
@@ -41,10 +44,8 @@ class Edit {
 
   /// Saves. Throws StoreError when that fails, and is not done then.
   void save();
-  /// Saves; that this fails ends the program, as `QBTabMgr::save` has it.
-  void done();
-  /// And then logs the line and has the tree drawn anew: whoever reads the line can rely on the
-  /// edit.
+  /// As `save`, and then logs the line and has the tree drawn anew: whoever reads the line can rely
+  /// on the edit.
   void done(std::string_view line);
 
  private:

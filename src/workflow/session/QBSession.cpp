@@ -12,7 +12,9 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/sqlite/StoreError.h"
 #include "platform/text/UserError.h"
+#include "workflow/session/ProgramEnd.h"
 #include "workflow/session/QBCommand.h"
 #include "workflow/session/TreeNode.h"
 
@@ -51,8 +53,6 @@ std::string fatalText(std::string_view context, std::string_view error) {
 }
 
 }  // namespace
-
-void FatalAlert::endProcess(int status) { std::exit(status); }
 
 QBSession& QBSession::session() {
   // Never destroyed: the lower layers may report through it until the very end.
@@ -106,13 +106,11 @@ void QBSession::exitWithError(std::string_view context, std::string_view error) 
 
 void QBSession::exitWithStatus(std::string_view context, std::string_view error, int status) {
   const std::string text = fatalText(context, error);
-  if (m_views.alert) {
+  if (m_views.alert)
     m_views.alert->show(text);
-    m_views.alert->endProcess(status);
-  } else {
+  else
     std::cerr << text << '\n';
-    std::exit(status);
-  }
+  throw ProgramEnd{status};
 }
 
 void QBSession::sayGoodBye() {
@@ -123,6 +121,17 @@ void QBSession::sayGoodBye() {
 
 void QBSession::saveIfAtOnce() {
   if (m_savesAtOnce) QBTabMgr::db().save();
+}
+
+/// What could not be saved is as it was, so that the views show what is stored.
+void QBSession::saveIfAtOnce(platform::UndoGroup& group) {
+  try {
+    saveIfAtOnce();
+  } catch (const platform::StoreError&) {
+    group.rollBack();
+    showLoop();
+    throw;
+  }
 }
 
 void QBSession::finish(std::string_view sentence) {
@@ -194,7 +203,7 @@ void QBSession::resetLoop() {
     platform::UndoGroup group(undoManager(), phrase("UndoAction", "Reset Loop"));
     group.joinAbout(*m_song);
     resetLoop(*m_song);
-    saveIfAtOnce();
+    saveIfAtOnce(group);
   } else {
     showLoop();
   }
@@ -219,7 +228,7 @@ void QBSession::selectChord(double x, double y) {
                             : nullptr;
   if (group) group->joinAbout(*m_song);
   if (m_views.tab) m_views.tab->handleClick(x, y);
-  if (m_song) saveIfAtOnce();
+  if (group) saveIfAtOnce(*group);
   updateLoop();
 }
 

@@ -13,6 +13,10 @@
 
 namespace korvel {
 
+namespace platform {
+class UndoGroup;
+}
+
 class AlbumNode;
 class QBCommand;
 class QBSong;
@@ -50,8 +54,11 @@ class QBSession final : public SessionServices {
   void handleException(std::string_view context, const std::exception& exception);
   /// Logs the context four times; users recognise an error in the log by that.
   void handleError(std::string_view context, std::string_view error);
-  void exitWithError(std::string_view context, std::string_view error) override;
-  void exitWithStatus(std::string_view context, std::string_view error, int status) override;
+  /// Shows an error after which the program cannot go on, and throws ProgramEnd with the front
+  /// end's status for that. For front ends only: what is below them throws what it has met.
+  [[noreturn]] void exitWithError(std::string_view context, std::string_view error);
+  /// As exitWithError, with the status given.
+  [[noreturn]] void exitWithStatus(std::string_view context, std::string_view error, int status);
   /// The main window closes.
   void sayGoodBye();
 
@@ -65,7 +72,7 @@ class QBSession final : public SessionServices {
   void finish(std::string_view sentence);
   /// Takes the latest action back, or does it again: saved, logged as "Undo" or "Redo" and its
   /// name, tree and views renewed. An active song that is gone then is active no more. False, and
-  /// nothing happens, when there is no such action.
+  /// nothing happens, when there is no such action. Throws StoreError when it cannot be saved.
   bool undo();
   bool redo();
 
@@ -95,6 +102,7 @@ class QBSession final : public SessionServices {
   void showLoop();
   void updateLoop();
   void saveIfAtOnce();
+  void saveIfAtOnce(platform::UndoGroup& group);
   void renewViews();
 
   SessionViews m_views;

@@ -85,7 +85,7 @@ class SavePanel {
   virtual std::optional<std::string> chooseFile(const std::string& proposedName) = 0;
 };
 
-/// Shows a fatal error and ends the program.
+/// Shows a fatal error, after which the program ends.
 class FatalAlert {
  public:
   virtual ~FatalAlert() = default;
@@ -93,7 +93,6 @@ class FatalAlert {
   virtual void show(const std::string& text) = 0;
   /// With which status the program ends after a fatal error.
   virtual int exitStatus() const = 0;
-  virtual void endProcess(int status);
 };
 
 /// The front end's parts; each may be missing.
