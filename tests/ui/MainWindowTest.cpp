@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/window/MainWindow.h"
 
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDir>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
 
 #include "support/FileSizeLimit.h"
@@ -14,6 +20,8 @@
 #include "support/ReadOnlyFolder.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "tab/layout/ChordGrip.h"
+#include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/QtRunLoop.h"
 #include "ui/dialogs/AlertBox.h"
@@ -23,6 +31,7 @@
 #include "ui/views/TablatureView.h"
 #include "ui/window/JobPanel.h"
 #include "ui/window/LogPanel.h"
+#include "ui/window/OfferBar.h"
 #include "workflow/hearing/ImportDesk.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
@@ -208,6 +217,119 @@ TEST_F(MainWindowTest, loopsAreOneStepOfUndoAndClicksAreNone) {
   EXPECT_TRUE(log().endsWith("Undo Change Fret"));
   for (int i = 0; i < 2; ++i) action("Edit")->menu()->actions().at(1)->trigger();
   EXPECT_EQ(loop(), "Loop 1–1") << "redone";
+}
+
+TEST_F(MainWindowTest, chordsAreCorrectedTogetherEachWithOneStepOfUndo) {
+  import();
+  TablatureView& tablature = m_window->tablature();
+  QBSong& song = *tablature.song();
+  const std::string before = test::fretsOf(song);
+  const auto undo = m_window->findChild<EditMenu*>()->actions().front();
+  const auto chord = [&](int index) -> const QBChord& {
+    return *song.allChords().at(static_cast<std::size_t>(index));
+  };
+  tablature.moveCursor(0, 3);
+  QTest::keyClick(&tablature, Qt::Key_7);
+  const auto free = chord(0).hold()->findToneByString(4);
+  if (free) {
+    tablature.moveCursor(0, 4);
+    QTest::keyClick(&tablature, Qt::Key_Delete);
+    tablature.moveCursor(0, 3);
+  }
+  action("Tone to Higher String")->trigger();
+  EXPECT_EQ(chord(0).hold()->findToneByString(3), nullptr);
+  EXPECT_EQ(chord(0).hold()->findToneByString(4)->fret(), 3) << "a third higher, less four";
+  EXPECT_EQ(tablature.cursorString(), 4);
+  while (test::fretsOf(song) != before) undo->trigger();
+
+  tablature.selectChords(1, 2);
+  QTimer::singleShot(0, [] {
+    auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->setTextValue("Bm7");
+    dialog->accept();
+  });
+  action("Set Chord Name ...")->trigger();
+  EXPECT_EQ(shownName(chord(1)) + shownName(chord(2)), "Bm7Bm7");
+  undo->trigger();
+  EXPECT_NE(shownName(chord(1)), "Bm7");
+
+  const std::size_t count = song.chords().size();
+  tablature.selectChords(0, 1);
+  action("Copy")->trigger();
+  action("Paste Chords")->trigger();
+  ASSERT_EQ(song.chords().size(), count + 2);
+  EXPECT_EQ(tablature.selection().first, 2);
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(ChordGrip(chord(i)).shorthand(), ChordGrip(chord(i + 2)).shorthand());
+    EXPECT_EQ(chord(i + 2).position(), i + 3);
+  }
+  undo->trigger();
+  EXPECT_EQ(test::fretsOf(song), before);
+  QApplication::clipboard()->setText("else");
+  action("Paste Chords")->trigger();
+  EXPECT_TRUE(m_window->statusMessage().startsWith("There are no chords to paste"));
+  const QPoint place = tablature.chordRect(2).center();
+  QContextMenuEvent asked(QContextMenuEvent::Mouse, place, tablature.mapToGlobal(place));
+  QApplication::sendEvent(tablature.viewport(), &asked);
+  EXPECT_EQ(tablature.cursorChord(), 2);
+  EXPECT_TRUE(action("Edit")->menu()->isVisible());
+  action("Edit")->menu()->hide();
+}
+
+TEST_F(MainWindowTest, songIsExportedAsThePdfThatItsNameSays) {
+  import();
+  const QString file = QString::fromStdString(m_folder.file("x.pdf"));
+  QTimer::singleShot(0, [file] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->findChild<QLineEdit*>()->setText(file);
+    static_cast<QDialog*>(dialog)->accept();
+  });
+  action("Export Song ...")->trigger();
+  EXPECT_EQ(test::readFile(file.toStdString()).substr(0, 5), "%PDF-");
+}
+
+TEST_F(MainWindowTest, firstStartAsksNothingUntilThereIsASong) {
+  m_window->greet();
+  EXPECT_EQ(m_window->findChild<OfferBar*>(), nullptr);
+  QBTabMgr::db().createAlbum("Practice", false)->createSong("Blues");
+  m_window->greet();
+  EXPECT_NE(m_window->findChild<OfferBar*>(), nullptr);
+}
+
+TEST_F(MainWindowTest, libraryIsAsWideAsItWasAfterANarrowWindow) {
+  m_window->resize(1400, 800);
+  QTest::qWait(50);
+  auto* library = m_window->findChild<QDockWidget*>("library");
+  m_window->resizeDocks({library}, {400}, Qt::Horizontal);
+  QTest::qWait(50);
+  const int width = library->width();
+  m_window->resize(500, 800);
+  QTest::qWait(50);
+  ASSERT_LT(library->width(), width);
+  m_window->resize(1400, 800);
+  QTest::qWait(50);
+  EXPECT_EQ(library->width(), width);
+}
+
+TEST_F(MainWindowTest, severalSongsAreDeletedAtOnce) {
+  QBAlbum* album = QBTabMgr::db().createAlbum("Practice", false);
+  for (const char* title : {"Blues", "Tango", "Waltz"}) album->createSong(title);
+  QBSession::session().refreshTree();
+  QTreeView& view = m_window->tree().view();
+  view.expandAll();
+  const auto select = [&](const char* title, QItemSelectionModel::SelectionFlag how) {
+    const auto found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole, title, 1,
+                                           Qt::MatchExactly | Qt::MatchRecursive);
+    view.selectionModel()->setCurrentIndex(found.value(0), how);
+  };
+  select("Blues", QItemSelectionModel::ClearAndSelect);
+  select("Waltz", QItemSelectionModel::Select);
+  QTest::keyClick(&view, Qt::Key_Delete);
+  EXPECT_EQ(titles(), "Practice/Tango ");
+  m_window->findChild<EditMenu*>()->actions().front()->trigger();
+  EXPECT_EQ(titles(), "Practice/Blues Practice/Tango Practice/Waltz ");
 }
 
 TEST_F(MainWindowTest, recentFilesNameEachFileOnce) {

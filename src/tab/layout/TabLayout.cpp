@@ -57,6 +57,15 @@ TabLayout::TabLayout(QBSong& song) {
   divide(matrix.m_systems);
 }
 
+TabLayout::TabLayout(QBSong& song, int width) {
+  if (drawsNothing(song)) return;
+  QBTabMatrix matrix = drawingOf(song, width);
+  matrix.trimLeadingLines();
+  readText(matrix.toStringInverted());
+  place(song, matrix);
+  divide(matrix.m_systems);
+}
+
 TabLayout TabLayout::forExport(QBSong& song) {
   TabLayout layout(song);
   if (drawsNothing(song)) return layout;

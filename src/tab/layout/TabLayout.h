@@ -33,6 +33,8 @@ class TabLayout {
   /// The layout of no song.
   TabLayout() = default;
   explicit TabLayout(QBSong& song);
+  /// The same with systems of another width, in columns, than the stored text has.
+  TabLayout(QBSong& song, int width);
   /// The layout of the text for export, which has no marks of the loop.
   static TabLayout forExport(QBSong& song);
   /// The layout of any text; no chords are in it.

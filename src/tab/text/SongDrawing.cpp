@@ -31,31 +31,32 @@ void markLoop(QBTabMatrix& matrix) {
 
 /// The first mark stands after its chord and asks only whether the position lies between the ends,
 /// as intended: a loop that has just an end begins with the song.
-void drawFirst(QBTabMatrix& matrix, QBChord& chord, const LoopRange& loop) {
-  addToTabulatureWithLineBreak(chord, matrix, nullptr, 0, kWidthOfSystem);
+void drawFirst(QBTabMatrix& matrix, QBChord& chord, const LoopRange& loop, int width) {
+  addToTabulatureWithLineBreak(chord, matrix, nullptr, 0, width);
   if (loop.contains(chord.position())) markLoop(matrix);
 }
 
 /// A mark stands where the chord begins, before a line break that the chord may cause.
 void drawNext(QBTabMatrix& matrix, QBChord& chord, const QBChord* previous, int groupFlag,
-              const LoopRange& loop) {
+              const LoopRange& loop, int width) {
   if (loop.isSet() && loop.contains(chord.position())) markLoop(matrix);
-  addToTabulatureWithLineBreak(chord, matrix, previous, groupFlag, kWidthOfSystem);
+  addToTabulatureWithLineBreak(chord, matrix, previous, groupFlag, width);
 }
 
 /// Throws std::out_of_range for a song without chords.
-platform::Slices chordByChord(QBSong& song, LoopRange loop, QBTabMatrix& matrix) {
+platform::Slices chordByChord(QBSong& song, LoopRange loop, QBTabMatrix& matrix,
+                              int width = kWidthOfSystem) {
   const auto chords = song.allChords();
   if (chords.empty()) throw std::out_of_range("the song has no chords");
   openPage(matrix, song);
-  drawFirst(matrix, *chords.front(), loop);
+  drawFirst(matrix, *chords.front(), loop, width);
   int group = 0;
   const int last = static_cast<int>(chords.size()) - 1;
   for (int i = 0; i < last; ++i) {
     const bool startsGroup = i == group;
     if (startsGroup) group = i + song.lookupGroupSize(i);
     const auto at = static_cast<std::size_t>(i);
-    drawNext(matrix, *chords[at + 1], chords[at], startsGroup ? 1 : 0, loop);
+    drawNext(matrix, *chords[at + 1], chords[at], startsGroup ? 1 : 0, loop, width);
     co_yield static_cast<double>(i) / last;
   }
 }
@@ -70,9 +71,13 @@ platform::Slices byMeasures(QBSong& song, const QBSong* loopOf, QBTabMatrix& mat
   }
 }
 
-platform::Slices drawing(QBSong& song, QBTabMatrix& matrix) {
-  return song.measures().empty() ? chordByChord(song, LoopRange(&song), matrix)
+platform::Slices drawingInWidth(QBSong& song, QBTabMatrix& matrix, int width) {
+  return song.measures().empty() ? chordByChord(song, LoopRange(&song), matrix, width)
                                  : byMeasures(song, &song, matrix);
+}
+
+platform::Slices drawing(QBSong& song, QBTabMatrix& matrix) {
+  return drawingInWidth(song, matrix, kWidthOfSystem);
 }
 
 std::string drawn(platform::Slices (*draw)(QBSong&, QBTabMatrix&), QBSong& song) {
@@ -92,9 +97,9 @@ platform::Slices drawingByMeasures(QBSong& song, QBTabMatrix& matrix) {
 
 }  // namespace
 
-QBTabMatrix drawingOf(QBSong& song) {
+QBTabMatrix drawingOf(QBSong& song, int width) {
   QBTabMatrix matrix;
-  drawing(song, matrix).finish();
+  drawingInWidth(song, matrix, width).finish();
   return matrix;
 }
 

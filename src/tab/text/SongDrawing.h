@@ -19,8 +19,9 @@ std::string toString(QBSong& song);
 std::string toStringForExport(QBSong& song);
 std::string toStringByMeasures(QBSong& song);
 
-/// The grid that `toString` reads out.
-QBTabMatrix drawingOf(QBSong& song);
+/// The grid that `toString` reads out. Where chords are drawn without measures, systems end at the
+/// width, in columns.
+QBTabMatrix drawingOf(QBSong& song, int width = kWidthOfSystem);
 
 /// Renews the song's `tabulature`.
 void buildTab(QBSong& song);

@@ -62,6 +62,8 @@ constexpr std::array kFormats{
     FormatName{SongFormat::midi, QT_TRANSLATE_NOOP("SongFormat", "MIDI file"), ".midi"},
 };
 
+const QString kPdf = ".pdf";
+
 QString nameOf(const FormatName& format) {
   return QCoreApplication::translate("SongFormat", format.name);
 }
@@ -289,13 +291,23 @@ void LibraryActions::exportSongFile(QBSong* song) {
   if (const auto loop = SongRenderer::loopOf(*song))
     filters.append(tr("Sound of the loop, chords %1 to %2").arg(loop->from).arg(loop->to) +
                    " (*.wav)");
+  const QString pdf = tr("PDF document") + " (*" + kPdf + ')';
+  filters.append(pdf);
   QString chosen = filters.first();
   const QString file = QFileDialog::getSaveFileName(
       m_window, tr("Export Song"), proposedPath(song->title()), filters.join(";;"), &chosen);
   if (file.isEmpty()) return;
   Preferences().setExportFolder(QFileInfo(file).absolutePath());
+  if (file.endsWith(kPdf, Qt::CaseInsensitive) || (chosen == pdf && !formatNamedBy(file)))
+    return exportPdf(*kept, file);
   const auto format = std::max<qsizetype>(0, filters.indexOf(chosen));
   exportAs(*kept, file, static_cast<std::size_t>(format));
+}
+
+void LibraryActions::exportPdf(QBSong& song, const QString& file) {
+  const bool named = file.endsWith(kPdf, Qt::CaseInsensitive);
+  const QString path = named ? file : file + kPdf;
+  if (named || mayReplace(path)) emit pdfWanted(&song, path);
 }
 
 /// format: index into kFormats, or one beyond for sound, and two for that of the loop.

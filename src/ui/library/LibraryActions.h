@@ -56,6 +56,8 @@ class LibraryActions final : public QObject {
   void imported(const QString& file, QBSong* song);
   /// The title of that node is to be edited in place.
   void renameWanted(const TreeNode* node);
+  /// The tablature of the song is to be written there.
+  void pdfWanted(QBSong* song, const QString& file);
   /// The user made an album, and has yet to name it.
   void albumCreated(const QBAlbum* album);
 
@@ -71,6 +73,7 @@ class LibraryActions final : public QObject {
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);
   void addRename(QMenu& menu, const TreeNode& node);
   void exportAs(QBSong& song, const QString& file, std::size_t format);
+  void exportPdf(QBSong& song, const QString& file);
   /// Asks when a file of that name is there.
   bool mayReplace(const QString& file);
   static void renderSong(QBSong& song, RenderedPart part, const QString& file);

@@ -15,6 +15,8 @@
 
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/persistence/UndoManager.h"
 #include "ui/desktop/Text.h"
 #include "ui/library/LibraryActions.h"
 #include "workflow/library/AlbumNode.h"
@@ -42,6 +44,7 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
   m_view->setUniformRowHeights(true);
   m_view->setDragDropMode(QAbstractItemView::DragDrop);
   m_view->setDropIndicatorShown(true);
+  m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
   m_view->setEditTriggers(QAbstractItemView::EditKeyPressed);
   m_view->setContextMenuPolicy(Qt::CustomContextMenu);
   m_view->setAccessibleName(tr("Library"));
@@ -164,9 +167,17 @@ void TreePanel::showMenu(const QPoint& position) {
   menu.exec(m_view->viewport()->mapToGlobal(position));
 }
 
-void TreePanel::deleteCurrent() {
-  const auto node = m_model.nodeOf(currentIndex());
-  if (node && node->canDelete()) node->remove();
+/// All that is selected, as one action.
+void TreePanel::deleteSelected() {
+  std::vector<std::shared_ptr<TreeNode>> nodes;
+  for (const QModelIndex& each : m_view->selectionModel()->selectedRows()) {
+    const auto node = m_model.nodeOf(m_filter.mapToSource(each));
+    if (node && node->canDelete()) nodes.push_back(node);
+  }
+  if (nodes.size() == 1) return nodes.front()->remove();
+  const platform::UndoGroup group(QBTabMgr::db().context().undoManager(),
+                                  platform::phrase("UndoAction", "Delete Songs"));
+  for (const auto& node : nodes) node->remove();
 }
 
 void TreePanel::drop(const QStringList& files, const QModelIndex& into) {
@@ -194,7 +205,7 @@ bool TreePanel::eventFilter(QObject* watched, QEvent* event) {
     m_menuByKeys = static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
   if (event->type() == QEvent::KeyPress &&
       static_cast<QKeyEvent*>(event)->matches(QKeySequence::Delete)) {
-    deleteCurrent();
+    deleteSelected();
     return true;
   }
   return QWidget::eventFilter(watched, event);

@@ -50,7 +50,7 @@ class TreePanel final : public QWidget, public TreeView {
   void forEachBranch(const std::function<void(const QModelIndex&, const QString& key)>& act) const;
   void select(const QModelIndex& current);
   void showMenu(const QPoint& position);
-  void deleteCurrent();
+  void deleteSelected();
   void sayCurrent();
   void rename(const TreeNode* node);
   void drop(const QStringList& files, const QModelIndex& into);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/menus/EditMenu.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QInputDialog>
 #include <array>
@@ -10,6 +12,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Text.h"
@@ -77,7 +80,8 @@ void EditMenu::addUndo() {
 }
 
 void EditMenu::addClipboard() {
-  addAction(tr("&Copy"), QKeySequence::Copy, &m_tablature, &TablatureView::copy);
+  addAction(tr("&Copy"), QKeySequence::Copy, this, &EditMenu::copy);
+  addEdit(tr("&Paste Chords"), QKeySequence::Paste, [this] { paste(); });
   addAction(tr("Select &All"), QKeySequence::SelectAll, &m_tablature, &TablatureView::selectAll);
   addSeparator();
 }
@@ -99,7 +103,13 @@ void EditMenu::addToneEdits() {
       toggleActive(editor, m_tablature.cursorChord(), m_tablature.cursorString());
     });
   });
+  addMoves();
   addSeparator();
+}
+
+void EditMenu::addMoves() {
+  addEdit(tr("Tone to Hi&gher String"), tr("Alt+Up"), [this] { moveTone(1); });
+  addEdit(tr("Tone to Lo&wer String"), tr("Alt+Down"), [this] { moveTone(-1); });
 }
 
 void EditMenu::addChordEdits() {
@@ -149,6 +159,44 @@ void EditMenu::listAlbums(QMenu& menu, TreePanel& tree) {
 
 // ---- what they do
 
+ChordSpan EditMenu::chosen() const {
+  const ChordSpan selected = m_tablature.selection();
+  const int cursor = m_tablature.cursorChord();
+  return selected.first >= 0 ? selected : ChordSpan{cursor, cursor};
+}
+
+void EditMenu::copy() {
+  m_tablature.copy();
+  const ChordSpan span = chosen();
+  if (!m_song || span.first < 0) return;
+  m_copied = CopiedChord::of(*m_song, span.first, span.last);
+  m_copiedText = QApplication::clipboard()->text();
+}
+
+/// Behind what is selected, and selects what has come.
+void EditMenu::paste() {
+  if (m_copied.empty() || QApplication::clipboard()->text() != m_copiedText)
+    return emit refused(tr("There are no chords to paste; copy some in a tablature first"));
+  if (!m_song) return;
+  const int count = static_cast<int>(m_copied.size());
+  const int after = chosen().last;
+  perform([&](SongEditor& editor) {
+    const int first = editor.pasteAfter(after, m_copied);
+    emit edited();
+    m_tablature.selectChords(first, first + count - 1);
+  });
+}
+
+void EditMenu::moveTone(int strings) {
+  const int chord = m_tablature.cursorChord();
+  const int to = m_tablature.cursorString() + strings;
+  if (to < 0 || to >= kStrings) return;
+  attempt([&](SongEditor& editor) {
+    editor.moveTone(chord, to - strings, to);
+    m_tablature.moveCursor(chord, to);
+  });
+}
+
 void EditMenu::connectViews(FretboardView& fretboard) {
   connect(&m_tablature, &TablatureView::fretTyped, this,
           [this](int chord, int string, int fret, bool continues) {
@@ -157,6 +205,8 @@ void EditMenu::connectViews(FretboardView& fretboard) {
   connect(&m_tablature, &TablatureView::removalWanted, this, [this](int chord, int string) {
     attempt([&](SongEditor& editor) { editor.removeTone(chord, string); });
   });
+  connect(&m_tablature, &TablatureView::menuWanted, this,
+          [this](const QPoint& place) { popup(place); });
   connect(&fretboard, &FretboardView::clicked, this, [this](int string, int fret) {
     attempt(
         [&](SongEditor& editor) { toggleFret(editor, m_tablature.cursorChord(), string, fret); });
@@ -223,9 +273,9 @@ void EditMenu::undo() {
 }
 
 void EditMenu::nameChord() {
-  const int index = m_tablature.cursorChord();
-  if (!m_song || index < 0) return;
-  const auto& chord = *m_song->allChords().at(static_cast<std::size_t>(index));
+  const ChordSpan span = chosen();
+  if (!m_song || span.first < 0) return;
+  const auto& chord = *m_song->allChords().at(static_cast<std::size_t>(span.first));
   bool chosen = false;
   const QString name = QInputDialog::getText(parentWidget(), tr("Set Chord Name"),
                                              tr("Name, such as F#m7; none takes the name away:"),
@@ -233,9 +283,9 @@ void EditMenu::nameChord() {
   if (!chosen) return;
   attempt([&](SongEditor& editor) {
     if (name.trimmed().isEmpty())
-      editor.clearChordName(index);
+      editor.clearChordNames(span.first, span.last);
     else
-      editor.setChordName(index, name.toStdString());
+      editor.setChordNames(span.first, span.last, parseChordName(name.toStdString()));
   });
 }
 

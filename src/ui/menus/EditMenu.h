@@ -3,8 +3,11 @@
 
 #include <QMenu>
 #include <functional>
+#include <vector>
 
 #include "platform/persistence/Ref.h"
+#include "tab/layout/LoopRange.h"
+#include "workflow/editing/CopiedChord.h"
 
 namespace korvel {
 class QBSong;
@@ -49,6 +52,7 @@ class EditMenu final : public QMenu {
  private:
   void addUndo();
   void addClipboard();
+  void addMoves();
   void addToneEdits();
   void addChordEdits();
   void addSearches(const Views& views);
@@ -63,12 +67,19 @@ class EditMenu final : public QMenu {
   void perform(const std::function<void(SongEditor&)>& edit);
   void guarded(const std::function<void()>& act);
   void deleteChosen();
+  /// The selected chords, or the one under the cursor when none are.
+  ChordSpan chosen() const;
+  void copy();
+  void paste();
+  void moveTone(int strings);
   void nameChord();
   void undo();
   void update();
 
   TablatureView& m_tablature;
   platform::Ref<QBSong> m_song;
+  std::vector<CopiedChord> m_copied;
+  QString m_copiedText;  ///< What the clipboard has as long as they can be pasted.
   bool m_locked = false;
   QAction* m_undo = nullptr;
   QAction* m_redo = nullptr;

@@ -35,6 +35,8 @@ FileMenu::FileMenu(LibraryActions& actions, const TablatureView& tablature, QWid
     listRecentFiles();
     enableForSong(hasSong());
   });
+  connect(&actions, &LibraryActions::pdfWanted, this,
+          [this](QBSong* song, const QString& file) { writePdf(*song, file); });
   // Their keys work whatever the menu said when it was open.
   connect(this, &QMenu::aboutToHide, this, [this] { enableForSong(true); });
 }
@@ -89,8 +91,12 @@ void FileMenu::exportPdf() {
                                                     tr("PDF documents (*.pdf)"));
   if (file.isEmpty()) return;
   preferences.setExportFolder(QFileInfo(file).absolutePath());
+  writePdf(*m_song, file);
+}
+
+void FileMenu::writePdf(QBSong& song, const QString& file) {
   try {
-    savePdf(*m_song, m_tablature.tabFont(), file.toStdString());
+    savePdf(song, m_tablature.tabFont(), file.toStdString());
     QBSession::session().addToLog(file.toStdString());
   } catch (const platform::FileError& problem) {
     emit refused(translated(problem));

@@ -40,6 +40,7 @@ class FileMenu final : public QMenu {
   void enableForSong(bool enabled);
   void printSong();
   void exportPdf();
+  void writePdf(QBSong& song, const QString& file);
 
   LibraryActions& m_actions;
   const TablatureView& m_tablature;

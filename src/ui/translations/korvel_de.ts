@@ -553,6 +553,14 @@
         <source>%1: the store cannot be written, so nothing can be changed; look at the permissions of the store and its folder</source>
         <translation>%1: Die Datenbank kann nicht geschrieben werden, also kann nichts geändert werden; prüfe die Rechte an ihr und ihrem Ordner</translation>
     </message>
+    <message>
+        <source>that string sounds already; move its tone first</source>
+        <translation>diese Saite klingt schon; verschiebe erst ihren Ton</translation>
+    </message>
+    <message>
+        <source>that string has no fret for this tone; try another one</source>
+        <translation>diese Saite hat keinen Bund für den Ton; versuche eine andere</translation>
+    </message>
 </context>
 <context>
     <name>SaveFilePanel</name>
@@ -1215,6 +1223,18 @@
         <source>Delete Tuning</source>
         <translation>Stimmung löschen</translation>
     </message>
+    <message>
+        <source>Delete Songs</source>
+        <translation>Songs löschen</translation>
+    </message>
+    <message>
+        <source>Move Tone</source>
+        <translation>Ton verschieben</translation>
+    </message>
+    <message>
+        <source>Paste Chords</source>
+        <translation>Akkorde einfügen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -1567,6 +1587,30 @@
         <source>Mo&amp;ve Song to Album</source>
         <translation>Son&amp;g in Album verschieben</translation>
     </message>
+    <message>
+        <source>&amp;Paste Chords</source>
+        <translation>Akkorde ein&amp;fügen</translation>
+    </message>
+    <message>
+        <source>Tone to Hi&amp;gher String</source>
+        <translation>Ton auf höhere Saite</translation>
+    </message>
+    <message>
+        <source>Alt+Up</source>
+        <translation>Alt+Up</translation>
+    </message>
+    <message>
+        <source>Tone to Lo&amp;wer String</source>
+        <translation>Ton auf tiefere Saite</translation>
+    </message>
+    <message>
+        <source>Alt+Down</source>
+        <translation>Alt+Down</translation>
+    </message>
+    <message>
+        <source>There are no chords to paste; copy some in a tablature first</source>
+        <translation>Es gibt keine Akkorde zum Einfügen; kopiere erst welche in einer Tabulatur</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::FileMenu</name>
@@ -1878,6 +1922,10 @@
     <message>
         <source>%1 is there already. Replace it?</source>
         <translation>%1 gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>PDF document</source>
+        <translation>PDF-Dokument</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -38,11 +39,8 @@ int wheelSteps(const QWheelEvent& event) {
 void TablatureView::setZoom(int percent) {
   percent = std::clamp(percent, kSmallestZoom, kLargestZoom);
   if (percent == m_zoom) return;
-  const double height = m_canvas.cell().height();
-  const double rowAtTop = verticalScrollBar()->value() / height;
   m_zoom = percent;
   remeasure();
-  verticalScrollBar()->setValue(static_cast<int>(rowAtTop * m_canvas.cell().height()));
   emit zoomChanged(percent);
 }
 
@@ -73,6 +71,12 @@ void TablatureView::selectAll() {
 
 void TablatureView::selectNone() {
   if (m_selection.first >= 0) select({});
+}
+
+void TablatureView::selectChords(int first, int last) {
+  moveCursor(first, m_string);
+  m_anchor = first;
+  select({first, last});
 }
 
 QString TablatureView::selectedText() const {
@@ -178,6 +182,19 @@ void TablatureView::endDrag(const QPoint& began) {
   offerSelection();
   if (isOnRuler(began)) selectNone();
   if (dragged.first >= 0 && !m_locked) emit loopDragged(dragged.first, dragged.last);
+}
+
+/// What is selected stays so when the menu is asked for on it.
+void TablatureView::contextMenuEvent(QContextMenuEvent* event) {
+  if (!m_song) return;
+  if (event->reason() == QContextMenuEvent::Keyboard)
+    return emit menuWanted(viewport()->mapToGlobal(chordRect(m_chord).center()));
+  const auto chord = chordUnder(event->pos());
+  if (chord && !m_selection.contains(*chord)) {
+    const int row = static_cast<int>(std::floor(toCells(event->pos()).y()));
+    moveTo(chord, stringAt(*m_layout.systemAt(row), row).value_or(m_string), false);
+  }
+  emit menuWanted(event->globalPos());
 }
 
 // ---- keys

@@ -10,6 +10,7 @@
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "model/instruments/QBTuning.h"
 #include "model/instruments/SongTuning.h"
@@ -32,6 +33,10 @@ namespace {
 constexpr double kMarginColumns = 1;
 constexpr double kMarginRows = 0.5;
 constexpr int kFretColumns = 2;
+constexpr int kFewestColumns = 40;
+constexpr int kMostColumns = 400;
+/// Strings are drawn so far beyond the width of a system.
+constexpr int kColumnsBeyondWidth = 4;
 constexpr qsizetype kColumnsOfWords = 72;
 /// Rows of a system that marks span: the name, the strings, the note values.
 constexpr int kMarkedRows = 1 + kStrings + 3;
@@ -84,7 +89,8 @@ void TablatureView::setActiveSong(QBSong* song) {
 }
 
 void TablatureView::refresh() {
-  m_layout = m_song ? TabLayout(*m_song) : TabLayout();
+  m_width = columnsOfView();
+  m_layout = m_song ? TabLayout(*m_song, m_width) : TabLayout();
   const int last = m_layout.chords() - 1;
   m_chord = std::min(m_chord, last);
   if (m_chord < 0) m_chord = m_layout.nextDrawn(-1).value_or(-1);
@@ -157,9 +163,44 @@ QFont TablatureView::tabFont() const {
 }
 
 void TablatureView::remeasure() {
+  const Top before = top();
   m_canvas = TabCanvas(tabFont(), Shades(palette()));
+  fillWidth();
   updateScrollBars();
+  showTop(before);
   viewport()->update();
+}
+
+/// What a system may have so that it fits into the view, whether that has a scroll bar or not.
+int TablatureView::columnsOfView() const {
+  const QScrollBar& bar = *verticalScrollBar();
+  const int width = viewport()->width() - (bar.isVisible() ? 0 : bar.sizeHint().width());
+  const double columns = width / m_canvas.cell().width() - 2 * kMarginColumns;
+  return std::clamp(static_cast<int>(columns) - kColumnsBeyondWidth, kFewestColumns, kMostColumns);
+}
+
+void TablatureView::fillWidth() {
+  if (!m_song || columnsOfView() == m_width) return;
+  m_width = columnsOfView();
+  m_layout = TabLayout(*m_song, m_width);
+}
+
+TablatureView::Top TablatureView::top() const {
+  const double row = verticalScrollBar()->value() / m_canvas.cell().height();
+  const auto cursor = m_layout.nearPlace(m_chord);
+  const double below = cursor ? cursor->y - row : 0;
+  if (cursor && below >= 0 && below * m_canvas.cell().height() < viewport()->height())
+    return {m_chord, -below};
+  const TabLayout::System* system = m_layout.systemAt(static_cast<int>(row));
+  if (!system || m_layout.begin(*system) == m_layout.end(*system)) return {-1, row};
+  return {m_layout.begin(*system)->chord, row - system->top};
+}
+
+void TablatureView::showTop(const Top& top) {
+  const auto place = m_layout.nearPlace(top.chord);
+  const double row = (place ? place->y : 0) + top.rows;
+  verticalScrollBar()->setValue(static_cast<int>(row * m_canvas.cell().height()));
+  if (place && top.chord == m_chord) reveal(cursorCells());
 }
 
 void TablatureView::updateScrollBars() {
@@ -403,7 +444,17 @@ void TablatureView::setTabFamily(const QString& family) {
   remeasure();
 }
 
-void TablatureView::resizeEvent(QResizeEvent*) { updateScrollBars(); }
+/// A scroll bar that comes or goes with it resizes the view in the middle.
+void TablatureView::resizeEvent(QResizeEvent*) {
+  const bool isInner = std::exchange(m_resizing, true);
+  const Top before = top();
+  fillWidth();
+  updateScrollBars();
+  if (isInner) return;
+  m_resizing = false;
+  updateScrollBars();
+  showTop(before);
+}
 
 void TablatureView::changeEvent(QEvent* event) {
   QAbstractScrollArea::changeEvent(event);

@@ -86,6 +86,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   void copy() const;
   void selectAll();
   void selectNone();
+  /// With the cursor on the first one.
+  void selectChords(int first, int last);
   /// Move the cursor to the next chord of that name; false when there is none.
   bool findNext(const QString& name);
   bool findPrevious(const QString& name);
@@ -103,6 +105,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   void fretTyped(int chord, int string, int fret, bool continues);
   void removalWanted(int chord, int string);
   void playToggled();
+  /// A menu of what can be done at the cursor, or with what is selected, is to be shown there.
+  void menuWanted(const QPoint& globalPlace);
   /// A text about what went wrong stands in the song's place.
   void problemShown();
   /// Escape was pressed in such a text.
@@ -122,6 +126,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -134,8 +139,19 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
 
   void showText(const std::string& text);
 
+  /// Where the view is: a chord, the one at the cursor if it is seen, and how many rows below its
+  /// top string the view begins.
+  struct Top {
+    int chord = -1;
+    double rows = 0;
+  };
+
   // Geometry.
   void remeasure();
+  int columnsOfView() const;
+  void fillWidth();
+  Top top() const;
+  void showTop(const Top& top);
   void updateScrollBars();
   QPointF origin() const;
   QPointF toCells(const QPoint& position) const;
@@ -174,6 +190,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
 
   platform::Ref<QBSong> m_song;
   TabLayout m_layout;
+  int m_width = 0;  ///< Columns that the layout was made for.
+  bool m_resizing = false;
   TabCanvas m_canvas;
   QString m_family;
   QString m_placeholder;

@@ -3,8 +3,10 @@
 
 #include <QDir>
 #include <QLabel>
+#include <algorithm>
 #include <utility>
 
+#include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "ui/desktop/Preferences.h"
@@ -16,6 +18,14 @@
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {
+namespace {
+
+bool hasSongs() {
+  return std::ranges::any_of(QBTabMgr::db().albums(),
+                             [](const auto& album) { return !album->songs().empty(); });
+}
+
+}  // namespace
 
 Greeting::Greeting(QBoxLayout& place, QObject* parent) : QObject(parent), m_place(place) {}
 
@@ -26,7 +36,7 @@ void Greeting::say() {
   preferences.setRunningImports({});
   if (QBTabMgr::db().context().isReadOnly()) return tellOfReadOnlyStore();
   offerTakes();
-  if (!preferences.askedForFolder()) offerWorkFolder();
+  if (!preferences.askedForFolder() && hasSongs()) offerWorkFolder();
 }
 
 void Greeting::offer(const QString& question, std::function<void()> accept) {

@@ -18,7 +18,8 @@ class Greeting final : public QObject {
   explicit Greeting(QBoxLayout& place, QObject* parent = nullptr);
 
   /// Says what was running when the last window did not close, offers to import what it was
-  /// recording, and a working directory to a new user. A store that cannot be written it says.
+  /// recording, and a working directory to a user who has songs and was not asked yet. A store that
+  /// cannot be written it says.
   void say();
 
  signals:

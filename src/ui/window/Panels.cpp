@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/window/Panels.h"
 
+#include <QApplication>
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMenu>
 #include <QScreen>
+#include <QTimer>
 
 #include "ui/desktop/Preferences.h"
 
@@ -25,6 +27,47 @@ QSize firstSize(const QWidget& window) {
   return wanted.boundedTo(window.screen()->availableSize() * kMostOfScreen);
 }
 
+/// Gives a panel the width back that the user gave it, once the window has room for it again.
+class KeptWidth final : public QObject {
+ public:
+  KeptWidth(QMainWindow& window, QDockWidget& panel)
+      : QObject(&window), m_window(window), m_panel(panel) {
+    window.installEventFilter(this);
+    panel.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Resize && watched == &m_window) {
+      ++m_settling;
+      QTimer::singleShot(0, this, [this] { settle(); });
+    } else if (event->type() == QEvent::Resize && m_settling == 0) {
+      note();
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  /// In a window that was made narrower a panel is narrower than the user wanted.
+  void note() {
+    const bool hasRoom = m_window.width() >= m_widthOfWindow;
+    const bool isDragged = QApplication::mouseButtons() != Qt::NoButton;
+    if (!m_panel.isVisible() || m_panel.isFloating() || !(hasRoom || isDragged)) return;
+    m_width = m_panel.width();
+    m_widthOfWindow = m_window.width();
+  }
+  void settle() {
+    if (m_width == 0) note();
+    if (m_width > 0) m_window.resizeDocks({&m_panel}, {m_width}, Qt::Horizontal);
+    QTimer::singleShot(0, this, [this] { --m_settling; });
+  }
+
+  QMainWindow& m_window;
+  QDockWidget& m_panel;
+  int m_width = 0;          ///< The user's.
+  int m_widthOfWindow = 0;  ///< Then.
+  int m_settling = 0;       ///< Changes of the window that the panel has yet to follow.
+};
+
 }  // namespace
 
 Panels::Panels(QMainWindow& window, const Contents& contents) : m_window(window) {
@@ -38,6 +81,7 @@ Panels::Panels(QMainWindow& window, const Contents& contents) : m_window(window)
   m_jobs = add(tr("Jobs"), "jobs", contents.jobs, Qt::BottomDockWidgetArea);
   m_record = add(tr("Record"), "record", contents.record, Qt::BottomDockWidgetArea);
   arrange();
+  new KeptWidth(window, *m_library);
 }
 
 QDockWidget* Panels::add(const QString& title, const char* name, QWidget* content,

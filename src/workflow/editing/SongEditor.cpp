@@ -12,6 +12,7 @@
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
@@ -169,6 +170,27 @@ void SongEditor::removeTone(int chord, int string) {
   });
 }
 
+void SongEditor::moveTone(int chord, int string, int toString) {
+  requireString(string);
+  requireString(toString);
+  QBChord& edited = chordAt(chord);
+  const QBTone* tone = edited.hold() ? edited.hold()->findToneByString(string) : nullptr;
+  if (!tone) return;
+  if (edited.hold()->findToneByString(toString))
+    throw EditRefused(phrase("Message", "that string sounds already; move its tone first"));
+  const auto open = openStringsOf(m_song.get()).pitches();
+  const int fret = tone->fret() + open.at(static_cast<std::size_t>(string)) -
+                   open.at(static_cast<std::size_t>(toString));
+  if (fret < 0 || fret > kHighestFret)
+    throw EditRefused(phrase("Message", "that string has no fret for this tone; try another one"));
+  edit(phrase("UndoAction", "Move Tone"), [&] {
+    const CopiedChord::Tone kept(*tone);
+    while (edited.hold()->findToneByString(string)) edited.hold()->deleteToneOfString(string);
+    kept.addTo(*edited.hold(), toString, fret);
+    tonesChanged(chord);
+  });
+}
+
 void SongEditor::setActive(int chord, int string, bool active) {
   requireString(string);
   QBChord& edited = chordAt(chord);
@@ -212,10 +234,22 @@ void SongEditor::setChordName(int chord, const ChordName& name) {
   edit(phrase("UndoAction", "Set Chord Name"), [&] { this->name(edited, &name); });
 }
 
-void SongEditor::clearChordName(int chord) {
-  QBChord& edited = chordAt(chord);
-  if (!edited.harmony()) return;
-  edit(phrase("UndoAction", "Set Chord Name"), [&] { name(edited, nullptr); });
+void SongEditor::setChordNames(int first, int last, const ChordName& name) {
+  if (first == last) return setChordName(first, name);
+  nameAll(first, last, &name);
+}
+
+void SongEditor::clearChordNames(int first, int last) {
+  if (first == last && !chordAt(first).harmony()) return;
+  nameAll(first, last, nullptr);
+}
+
+void SongEditor::nameAll(int first, int last, const ChordName* name) {
+  chordAt(last);
+  chordAt(first);
+  edit(phrase("UndoAction", "Set Chord Name"), [&] {
+    for (int chord = first; chord <= last; ++chord) this->name(chordAt(chord), name);
+  });
 }
 
 // ---- chords
@@ -244,16 +278,40 @@ int SongEditor::insertChordAfter(int chord) {
 
 int SongEditor::insertAt(int index) {
   edit(phrase("UndoAction", "Insert Chord"), [&] {
-    const Chords before = m_song->allChords();
-    QBChord* chord = m_song->createChord();
-    chord->setPosition(positionFor(before, index));
-    for (const auto& behind : from(before, index)) behind->setPosition(behind->position() + 1);
-    if (!before.empty())
-      chord->setMeasure(before[static_cast<std::size_t>(std::max(index - 1, 0))]->measure());
-    m_song->forgetCaches();
+    newChordAt(index);
     layIntoMeasures(m_db, *m_song, index);
   });
   return index;
+}
+
+QBChord& SongEditor::newChordAt(int index) {
+  const Chords before = m_song->allChords();
+  QBChord* chord = m_song->createChord();
+  chord->setPosition(positionFor(before, index));
+  for (const auto& behind : from(before, index)) behind->setPosition(behind->position() + 1);
+  if (!before.empty())
+    chord->setMeasure(before[static_cast<std::size_t>(std::max(index - 1, 0))]->measure());
+  m_song->forgetCaches();
+  return *chord;
+}
+
+int SongEditor::pasteAfter(int chord, const std::vector<CopiedChord>& chords) {
+  const int first = m_song->chords().empty() ? 0 : chord + 1;
+  if (first > 0) chordAt(chord);
+  edit(phrase("UndoAction", "Paste Chords"), [&] {
+    int index = first;
+    for (const CopiedChord& each : chords) {
+      QBChord& pasted = newChordAt(index++);
+      pasted.setDuration(each.duration);
+      for (const CopiedChord::Tone& tone : each.tones)
+        tone.addTo(holdOf(pasted), tone.string, tone.fret);
+      readHarmony(pasted);
+      pasted.forgetCaches();
+    }
+    m_song->forgetCaches();
+    layIntoMeasures(m_db, *m_song, first);
+  });
+  return first;
 }
 
 void SongEditor::deleteChords(int first, int last) {

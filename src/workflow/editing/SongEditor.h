@@ -9,6 +9,7 @@
 #include "arrange/harmony/ChordName.h"
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
+#include "workflow/editing/CopiedChord.h"
 
 namespace korvel {
 
@@ -47,11 +48,22 @@ class SongEditor {
   /// Silences the tones of a string, or lets them sound.
   void setActive(int chord, int string, bool active);
 
+  /// To the string above or below it, where it sounds the same. Throws EditRefused where that
+  /// string sounds already, or has no such fret.
+  void moveTone(int chord, int string, int toString);
+
   // The name of a chord, until its tones change.
   void setChordName(int chord, const ChordName& name);
   /// Throws NoChordName, too.
   void setChordName(int chord, std::string_view name) { setChordName(chord, parseChordName(name)); }
-  void clearChordName(int chord);
+  void clearChordName(int chord) { clearChordNames(chord, chord); }
+  /// Of all chords from first to last.
+  void setChordNames(int first, int last, const ChordName& name);
+  void clearChordNames(int first, int last);
+
+  /// Chords like those, which may be of another song, behind that one: "Paste Chords". Answers the
+  /// index of the first of them. A song without chords takes them at 0.
+  int pasteAfter(int chord, const std::vector<CopiedChord>& chords);
 
   // Chords. Those behind move along: in their positions, and from measure to measure where the song
   // has some.
@@ -74,6 +86,8 @@ class SongEditor {
   void addVoice(int index, int string, int fret);
   void tonesChanged(int index);
   void name(QBChord& chord, const ChordName* name);
+  void nameAll(int first, int last, const ChordName* name);
+  QBChord& newChordAt(int index);
   int insertAt(int index);
   void moveLoopOff(const Chords& chords, int first, int last);
 

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/editing/CopiedChord.h"
+
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
+#include "model/songs/QBSong.h"
+#include "model/songs/QBTone.h"
+
+namespace korvel {
+
+CopiedChord::Tone::Tone(const QBTone& tone)
+    : string(tone.string()),
+      fret(tone.fret()),
+      amp(tone.amp()),
+      duration(tone.duration()),
+      active(tone.isActive()) {}
+
+void CopiedChord::Tone::addTo(QBHold& hold, int onString, int onFret) const {
+  QBTone* tone = hold.addTone(onString, onFret, amp);
+  tone->setDuration(duration);
+  tone->setActive(active);
+}
+
+CopiedChord::CopiedChord(const QBChord& chord) : duration(chord.duration()) {
+  if (const QBHold* hold = chord.hold())
+    for (const QBTone* tone : hold->tones()) tones.emplace_back(*tone);
+}
+
+std::vector<CopiedChord> CopiedChord::of(QBSong& song, int first, int last) {
+  std::vector<CopiedChord> copied;
+  const auto& chords = song.allChords();
+  for (int chord = first; chord <= last; ++chord)
+    copied.emplace_back(*chords.at(static_cast<std::size_t>(chord)));
+  return copied;
+}
+
+}  // namespace korvel

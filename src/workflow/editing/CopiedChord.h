@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <vector>
+
+namespace korvel {
+
+class QBChord;
+class QBHold;
+class QBSong;
+class QBTone;
+
+/// What makes another chord like one: a copy, which outlives the chord. The name goes with the
+/// tones.
+struct CopiedChord {
+  struct Tone {
+    explicit Tone(const QBTone& tone);
+    /// A tone like this one on that string and fret.
+    void addTo(QBHold& hold, int onString, int onFret) const;
+
+    int string;
+    int fret;
+    double amp;
+    int duration;
+    bool active;
+  };
+
+  explicit CopiedChord(const QBChord& chord);
+  /// From first to last, by their indexes in `allChords`.
+  static std::vector<CopiedChord> of(QBSong& song, int first, int last);
+
+  std::vector<Tone> tones;
+  int duration;
+};
+
+}  // namespace korvel
