@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/spectrum/QBFFTGuitar.h"
+#include "platform/sound/SampleRate.h"
 #include "support/StandardStore.h"
 
 namespace korvel {
@@ -18,9 +19,9 @@ std::vector<double> strum() {
   for (const double string : {82.41, 123.47, 164.82, 207.65, 246.94, 329.63})
     for (int overtone = 1; overtone <= 5; ++overtone)
       for (std::size_t n = 0; n < samples.size(); ++n)
-        samples[n] +=
-            2000.0 / overtone *
-            std::sin(2 * std::numbers::pi * overtone * string * static_cast<double>(n) / 44100);
+        samples[n] += 2000.0 / overtone *
+                      std::sin(2 * std::numbers::pi * overtone * string * static_cast<double>(n) /
+                               platform::kSampleRate);
   return samples;
 }
 

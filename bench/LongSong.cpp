@@ -9,12 +9,12 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
 #include "tab/text/SongDrawing.h"
 
 namespace korvel::bench {
 namespace {
 
-constexpr int kStrings = 6;
 constexpr const char* kGrips[] = {"022100", "002210", "320003", "032010", "133211", "000232"};
 constexpr unsigned kChordsOfGrip = 8;
 constexpr unsigned kFaultOneIn = 4;

@@ -11,6 +11,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/session/StoreSeeding.h"
 
@@ -21,7 +22,6 @@ using namespace korvel;
 constexpr int kAlbums = 50;
 constexpr int kSongsOfAlbum = 20;
 constexpr int kChords = 650;
-constexpr int kStrings = 6;
 
 QBSong* addSong(QBAlbum* album, const std::string& title) {
   QBTabMgr& db = QBTabMgr::db();

@@ -8,8 +8,9 @@
 #include <iostream>
 
 #include "audio/MonoTrack.h"
-#include "precise/Engine.h"
 #include "fingering/Fingering.h"
+#include "platform/sound/SampleRate.h"
+#include "precise/Engine.h"
 
 namespace {
 
@@ -59,7 +60,7 @@ int main(int argc, char** argv) {
     result = engine.take();
   });
   measure(fingering, [&] { fingering::Fingering(kStandardPitches, {}).place(result.notes); });
-  print("sound", samples / 44100);
+  print("sound", samples / platform::kSampleRate);
   print("decode", decoding);
   print("hear", hearing);
   print("finger", fingering);

@@ -27,6 +27,7 @@
 #include "platform/files/FileError.h"
 #include "platform/files/Files.h"
 #include "platform/media/MediaAsset.h"
+#include "platform/sound/SampleRate.h"
 #include "recording/PreciseRecorder.h"
 #include "recording/QBChordRecorder.h"
 #include "support/ScratchStore.h"
@@ -39,7 +40,7 @@ using nlohmann::json;
 
 constexpr double kSamplesOfBlock = 16384;
 /// Of the time stamps of the precise detection.
-constexpr double kRate = 44100;
+constexpr double kRate = korvel::platform::kSampleRate;
 
 /// Makes the instrument of a definition file the one in use.
 void useInstrument(const std::filesystem::path& definition) {

@@ -8,6 +8,7 @@
 function(korvel_layer name)
   cmake_parse_arguments(PARSE_ARGV 1 layer "" "" "SOURCES;USES;LIBRARIES")
   add_library(korvel-${name} STATIC ${layer_SOURCES})
+  set_property(GLOBAL APPEND PROPERTY KORVEL_LAYERS ${name})
   target_include_directories(korvel-${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
   list(TRANSFORM layer_USES PREPEND korvel-)
   target_link_libraries(korvel-${name} PUBLIC ${layer_USES} PRIVATE ${layer_LIBRARIES})

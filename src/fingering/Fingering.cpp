@@ -12,9 +12,10 @@
 namespace korvel::fingering {
 namespace {
 
-/// More change nothing.
+/// Further passes change nothing.
 constexpr int kPasses = 4;
-/// Of the work, in comparison: listing what a hand may do, and each pass with its habits.
+/// Progress: the shares of the work that are spent on listing what a hand may do, on each pass, and
+/// on the habits after it.
 constexpr double kShareOfList = 0.4;
 constexpr double kShareOfPass = (1 - kShareOfList) / kPasses;
 constexpr double kShareOfHabits = 0.05;

@@ -14,6 +14,7 @@ struct Position {
   int fret = 1;  ///< For `around`: of the first finger, counted from the nut.
 };
 
+/// The guitar, and where on it the notes are played.
 struct FingeringOptions {
   static constexpr int kFewestFrets = 12;
   static constexpr int kMostFrets = 24;

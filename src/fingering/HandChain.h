@@ -104,10 +104,10 @@ class HandChain {
   std::vector<Link> m_links;  ///< One more than there are events.
   std::vector<Choice> m_choices;
   std::vector<States> m_states;    ///< Of each choice.
-  std::vector<double> m_here;      ///< Factor of each state,
-  std::vector<double> m_weighed;   ///< the same in this pass,
-  std::vector<double> m_forward;   ///< and with all from the first event up to it.
-  std::vector<double> m_backward;  ///< With all from the last one down to it, of one event.
+  std::vector<double> m_here;      ///< The factor of each state by itself.
+  std::vector<double> m_weighed;   ///< The factor of each state with the habits of this pass.
+  std::vector<double> m_forward;   ///< Sums over all ways from the first event to each state.
+  std::vector<double> m_backward;  ///< Sums over all ways from each state of one event to the end.
   std::vector<ByPlace> m_through;  ///< Of the choices of a neighbour, moved.
   std::vector<double> m_steps;     ///< By choice and choice of the event before.
 };

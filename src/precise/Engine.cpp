@@ -49,14 +49,15 @@ float sound(float sample) {
   return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0;
 }
 
-/// What has less by itself than this share of the probability that is asked is no note in any
-/// company.
+/// A candidate whose own probability is less than this share of the one that is asked for is no
+/// note in any company.
 constexpr double kShareByItself = 0.5;
-/// Of judging the notes, what goes into looking at each by itself.
+/// Progress: the share of judging that is spent on looking at each note by itself.
 constexpr double kShareOfEach = 0.7;
-/// Of that, finding the loudest pitch of each frame.
+/// Progress: the share of that which is spent on finding the loudest pitch of each frame.
 constexpr double kShareOfLoudest = 0.1;
-/// Of judging them in company, finding out who sounds with whom, and telling it of each.
+/// Progress: the shares of judging in company that are spent on finding out which notes sound
+/// together, and on writing it into their features.
 constexpr double kShareOfMeeting = 0.4;
 constexpr double kShareOfAdding = 0.3;
 /// Rows of a table whose memory is given back at once.

@@ -91,6 +91,23 @@ def files_under(root, folder):
     return sorted(path for path in (root / folder).rglob("*") if path.is_file())
 
 
+def uses_problems(root):
+    """What a layer says that it uses is what its sources include, no more and no less."""
+    for file in sorted((root / "src").glob("*/CMakeLists.txt")):
+        said = re.search(r"^ *USES (.*)", file.read_text(encoding="utf-8"), re.MULTILINE)
+        if not said:
+            continue
+        folder = file.parent
+        used = {include.split("/")[0] for source in files_under(root, f"src/{folder.name}")
+                if source.suffix in {".cpp", ".h"}
+                for include in re.findall(r'^#include "([^"]+)"',
+                                          source.read_text(encoding="utf-8"), re.MULTILINE)}
+        for layer in sorted((used - {folder.name}) ^ set(said[1].split())):
+            yield (f"{file.relative_to(root)}:1: " +
+                   (f"says nothing of {layer}, which is included" if layer in used else
+                    f"names {layer}, which is not included"))
+
+
 def name_problems(root):
     first = {}
     for folder in NAMED_ONCE:
@@ -114,6 +131,7 @@ def problems(root):
         if file.suffix in {".cpp", ".h"}:
             for number, problem in include_problems(root, file):
                 yield f"{file.relative_to(root)}:{number}: {problem}"
+    yield from uses_problems(root)
     yield from name_problems(root)
     yield from folder_problems(root)
     for folder in SOURCES:

@@ -53,6 +53,15 @@ class CheckLayers(unittest.TestCase):
             "src/ui/views/T7.h:1: has the name of src/tab/text/T7.h",
             "src/tab/text:1: holds 26 files, more than 25"]))
 
+    def test_compares_what_a_layer_says_with_what_it_includes(self):
+        said = LICENCE.replace("//", "#") + "korvel_layer(tab\n  USES music model\n)\n"
+        self.assertEqual(check({
+            "tab/CMakeLists.txt": said,
+            "tab/T.cpp": LICENCE + '#include "music/M.h"\n#include "platform/P.h"\n',
+            "music/M.h": LICENCE, "platform/P.h": LICENCE,
+        }), (1, ["src/tab/CMakeLists.txt:1: names model, which is not included",
+                 "src/tab/CMakeLists.txt:1: says nothing of platform, which is included"]))
+
     def test_fails_where_there_is_nothing_to_check(self):
         self.assertEqual(check({})[0], 1)
 

@@ -9,10 +9,10 @@
 namespace korvel {
 namespace {
 
-/// Of the recording, worked on before the time is looked at.
+/// A part of the work, after which the time is looked at: seconds of sound, or events to finger.
 constexpr double kSecondsOfPart = 0.25;
 constexpr int kEventsOfPart = 50;
-/// At one step, so that progress shows in short recordings, too.
+/// A step does no more parts than this, so that short recordings show progress too.
 constexpr int kPartsOfStep = 20;
 /// Reading a compressed file takes about this share of the time, and finding the notes that one.
 constexpr double kShareOfReading = 0.25;

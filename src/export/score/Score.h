@@ -31,6 +31,7 @@ struct ScoreEvent {
   std::optional<ScoreHarmony> harmony;
 };
 
+/// The time signature of a score.
 struct Meter {
   int beats = 4;
   int beatType = 4;

@@ -94,7 +94,7 @@ struct WaveFileReader::Resampler {
   Resampler& operator=(const Resampler&) = delete;
   ~Resampler() { swr_free(&context); }
 
-  /// What the samples become; what was held back when there are none.
+  /// The samples at the other rate; without samples, what was held back of earlier ones.
   std::vector<float> convert(std::span<const float> samples) {
     const auto count = static_cast<int>(samples.size()) / kChannels;
     const int room = std::max(0, swr_get_out_samples(context, count));

@@ -9,8 +9,10 @@ struct cubeb;
 
 namespace korvel::platform {
 
+/// Whether a device records or plays.
 enum class SoundDirection { input, output };
 
+/// A device that records or plays, as the sound server offers it.
 struct SoundDevice {
   std::string name;              ///< As the desktop shows it, numbered where others have it too.
   std::string id;                ///< The same whenever the desktop is asked.

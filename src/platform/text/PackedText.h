@@ -13,7 +13,7 @@ class PackedText {
   explicit PackedText(const std::string& text);
 
   std::string text() const;
-  /// What it takes now.
+  /// Memory that the packed text takes.
   std::size_t bytes() const { return m_kept.size(); }
 
  private:

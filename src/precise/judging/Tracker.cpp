@@ -37,7 +37,8 @@ constexpr Frame kBounceFrames = 7;
 
 /// Tables are read so many rows at a time.
 constexpr std::size_t kFramesOfSlice = 4096;
-/// Of the work: finding the loudest pitch of all frames, and loading the curves of some pitches.
+/// Progress: the shares of the work that are spent on finding the loudest pitch of all frames, and
+/// on loading the curves of some pitches.
 constexpr double kShareOfLoudest = 0.2;
 constexpr double kShareOfLoading = 0.08;
 

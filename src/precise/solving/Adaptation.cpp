@@ -18,18 +18,18 @@ constexpr Frame kLeastFrames = 3;
 constexpr Frame kMostFrames = 60;
 constexpr float kFullFrames = 15;
 
-/// What a spectrum may exceed the explanation by, and a least explanation.
+/// A spectrum counts for at most so many times its explanation, and that for at least so much.
 constexpr float kLargestRatio = 3;
 constexpr float kLeastModel = 0.001F;
 
 /// Neighbours that a pitch learns from; each semitone makes them count half.
 constexpr std::ptrdiff_t kNeighbours = 5;
 constexpr float kNeighbourDecay = 0.7F;
-/// So many notes of one pitch are enough.
+/// A pitch has learnt all it can from so many notes of its own.
 constexpr float kEnough = 3;
-/// With less than this no atom is made.
+/// A pitch that has learnt less than this gets no atom of its own.
 constexpr float kLeastTrust = 0.074F;
-/// Of the atoms for strings in general.
+/// What the atoms for strings in general cost beside those that were learnt.
 constexpr float kGeneralPenalty = 0.3F;
 
 /// Adds the owner's part of a spectrum: what it has of the model, scaled as the spectrum exceeds

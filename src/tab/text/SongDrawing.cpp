@@ -17,7 +17,8 @@ namespace korvel {
 namespace {
 
 constexpr int kLoopRow = 9;
-/// Of building a tablature; the rest is reading it out.
+/// Progress: the share of building a tablature that is spent on drawing; the rest is reading it
+/// out.
 constexpr double kShareOfDrawing = 0.8;
 
 void openPage(QBTabMatrix& matrix, const QBSong& song) {

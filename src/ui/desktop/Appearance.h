@@ -5,6 +5,7 @@
 
 namespace korvel::ui {
 
+/// Whose colours the window has: the desktop's, or always light or dark ones.
 enum class Theme { system, light, dark };
 
 /// Gives the application the colours of a theme. `system` are those of the desktop; where Qt knows

@@ -17,7 +17,7 @@ constexpr double kFastest = 140;
 constexpr double kCoarseStep = 0.5;
 /// Gaps are compared within so many seconds, in which a player's tempo holds.
 constexpr double kReach = 2;
-/// Of the best mean; below it the onsets keep no time.
+/// The least mean fit of a tempo; below it the onsets keep no time.
 constexpr double kLeastFit = 0.35;
 /// Onsets that are looked at: some minutes, over which a constant tempo may still be one.
 constexpr std::size_t kEnough = 2000;

@@ -20,6 +20,7 @@ class Synthesizer;
 class WaveFileWriter;
 }  // namespace platform
 
+/// What of a song is rendered: all of it, or its loop once.
 enum class RenderedPart { song, loop };
 
 /// Plays a song or its loop into a WAV file, a part of a second at each step. The file appears when

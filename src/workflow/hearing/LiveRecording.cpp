@@ -238,7 +238,7 @@ void LiveRecording::finish() {
   enter(State::over);
 }
 
-/// What is left is an action that can be undone.
+/// What is left of the recording's changes is one action that can be undone.
 void LiveRecording::dropScratch() {
   const platform::UndoStep part(std::exchange(m_undo, nullptr));
   dropWhole();

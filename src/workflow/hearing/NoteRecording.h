@@ -21,9 +21,10 @@ class NoteRecording {
   NoteRecording& operator=(const NoteRecording&) = delete;
   ~NoteRecording();
 
-  /// From that device; none is the system's default. Once only. Throws AudioError and FileError.
+  /// Records from that device; an empty name is the system's default. To be called once. Throws
+  /// AudioError and FileError.
   void start(const std::string& device);
-  /// What was played until now is there; otherwise without effect.
+  /// Ends the recording; what was played until now is kept. Without effect when it has ended.
   void stop();
   bool isRunning() const { return m_timer != nullptr; }
   /// The device went away, which ended the recording.

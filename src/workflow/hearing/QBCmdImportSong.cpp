@@ -214,7 +214,7 @@ void QBCmdImportSong::tearDown() {
   if (m_finished) m_finished();
 }
 
-/// What the steps have left of it.
+/// Does at once what the steps have left of finishing.
 void QBCmdImportSong::finishNow() {
   const platform::UndoStep part(m_undo);
   if (m_hearing && !m_finishing.isUnderWay()) m_finishing = finish();

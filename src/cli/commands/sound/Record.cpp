@@ -24,6 +24,7 @@
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
 #include "platform/files/FileError.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sound/SampleRate.h"
@@ -51,7 +52,6 @@ struct RecordOptions {
 
 using State = LiveRecording::State;
 
-constexpr int kStrings = 6;
 constexpr int kFirstFretOfTwoDigits = 10;
 
 /// As in a chord book, "x02210", with blanks where a fret has two digits.
