@@ -42,49 +42,20 @@ struct ImportDeskTest : testing::Test {
   std::optional<LibraryTree> m_tree;
 };
 
-TEST_F(ImportDeskTest, steppedImportHearsAndSaysWhatOneAtOnceDoes) {
-  const auto import = start(ImportDetection::classic);
-  EXPECT_EQ(import->fullTitle().english(), "Song Import: First Try.wav");
-  m_tree->refresh();
-  EXPECT_EQ(m_tree->albums().back()->children().size(), 1U) << "the scratch song is not shown";
-  runUntil([&] { return !import->isRunning(); });
-  EXPECT_EQ(import->m_percent, 100);
-  EXPECT_FALSE(QBTabMgr::db().context().hasChanges()) << "saved";
-  QBAlbum* album = QBTabMgr::db().findAlbumByName("First Try");
-  QBCmdImportSong atOnce(m_tree->find(album), m_file, album->createSong("At once"));
-  const auto log = std::exchange(m_views.log, {});
-  atOnce.run();
-  EXPECT_EQ(test::linesOf(*album->findSongByName("First Try")),
-            test::linesOf(*album->findSongByName("At once")));
-  std::erase(m_views.log, ".. scanning chords.");
-  EXPECT_EQ(log, m_views.log);
-}
-
 TEST_F(ImportDeskTest, stoppedImportKeepsWhatWasHeardSoFar) {
   for (const auto detection : {ImportDetection::classic, ImportDetection::precise}) {
     const auto import = start(detection);
     const std::size_t heard = detection == ImportDetection::classic ? 5 : 0;
     runUntil(
         [&] { return import->m_percent >= 20 && import->newSong()->chords().size() >= heard; });
+    m_tree->refresh();
+    EXPECT_EQ(m_tree->albums().back()->children().size(), 1U) << "the scratch song is not shown";
     import->stopAndKeep();
     runUntil([&] { return !import->isRunning(); });
     EXPECT_TRUE(import->newSong()->hasTabulature());
     EXPECT_EQ(stored("QBBlock"), 0U);
     EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
   }
-}
-
-TEST_F(ImportDeskTest, droppedImportLeavesNothing) {
-  const std::size_t songs = stored("QBSong");
-  const std::size_t albums = stored("QBAlbum");
-  const auto dropped = start(ImportDetection::classic);
-  runUntil([&] { return dropped->newSong()->chords().size() == 3; });
-  dropped->cancelAndDrop();
-  QBTabMgr::db().save();
-  for (const char* entity : {"QBBlock", "QBChord", "QBTone"})
-    EXPECT_EQ(stored(entity), 0U) << entity;
-  EXPECT_EQ(stored("QBSong"), songs);
-  EXPECT_EQ(stored("QBAlbum"), albums);
 }
 
 TEST_F(ImportDeskTest, importWaitsUntilTheStoreHasRoom) {
@@ -132,6 +103,11 @@ TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
   for (int action = 0; action < 3; ++action) EXPECT_TRUE(QBSession::session().undo());
   EXPECT_EQ(stored("QBChord"), 0U);
   EXPECT_EQ(stored("QBBlock"), 0U);
+}
+
+TEST_F(ImportDeskTest, stoppedImportStaysCutWhenTheProgramEnds) {
+  start(ImportDetection::precise)->stopAndKeep();
+  EXPECT_EQ(ImportDesk::endAll().size(), 1U);
 }
 
 TEST_F(ImportDeskTest, endOfTheProgramKeepsWhatWasHeard) {
@@ -194,16 +170,6 @@ TEST_F(ImportDeskTest, droppedImportLeavesSongsThatWereMovedToItsAlbum) {
   QBSession::session().undo();
   EXPECT_TRUE(album->isDeleted()) << "it came with the import";
   EXPECT_EQ(stored("QBChord"), 0U);
-}
-
-TEST_F(ImportDeskTest, fileWithoutSoundIsReportedAndLeavesNothing) {
-  const std::string file = m_store.folder().file("notes.mp3");
-  test::writeFile(file, "no sound");
-  ImportDesk desk(*m_tree);
-  EXPECT_EQ(desk.importFile(file), nullptr);
-  EXPECT_TRUE(m_views.content.starts_with("EXCEPTION OCCURED IN CONTEXT: importSong"));
-  EXPECT_NE(m_views.content.find(file), std::string::npos);
-  EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
 }
 
 }  // namespace korvel

@@ -234,7 +234,9 @@ platform::Slices QBCmdImportSong::finish() {
 }
 
 void QBCmdImportSong::stopAndKeep() {
-  if (m_hearing) m_cutShort = m_hearing->cutShort();  // otherwise it is only to be saved
+  if (!m_hearing) return;  // it is only to be saved
+  // A second cut finds nothing more to leave out.
+  if (m_hearing->cutShort()) m_cutShort = true;
 }
 
 void QBCmdImportSong::endNow() {
