@@ -36,6 +36,7 @@
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/session/QBSession.h"
+#include "workflow/session/SongInWork.h"
 #include "workflow/session/StoreSeeding.h"
 
 namespace korvel::ui {
@@ -379,6 +380,11 @@ TEST_F(MainWindowTest, whatAMouseDoesIsDoneByKeysToo) {
 TEST_F(MainWindowTest, deletedSongIsNotShownAnyMore) {
   import();
   m_window->tablature().moveCursor(0, 5);
+  {
+    const SongInWork recorded(m_window->tablature().song(), SongInWork::Filler::recording);
+    QTest::keyClick(&m_window->tree().view(), Qt::Key_Delete);
+    EXPECT_TRUE(m_window->statusMessage().startsWith("Tune: is being recorded"));
+  }
   action("Delete")->trigger();
   EXPECT_EQ(m_window->tablature().song(), nullptr);
   QTest::keyClicks(&m_window->tablature(), "7");

@@ -221,6 +221,10 @@ void LibraryActions::addRename(QMenu& menu, const TreeNode& node) {
 
 // ---- what they do
 
+void LibraryActions::remove(TreeNode& node) {
+  attempt([&] { node.remove(); });
+}
+
 void LibraryActions::chooseAndImport(QBAlbum* into) {
   const platform::Ref<QBAlbum> album = into;
   Preferences preferences;

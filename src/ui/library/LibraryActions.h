@@ -44,6 +44,8 @@ class LibraryActions final : public QObject {
   /// Imports the files, and of folders the sound files in them.
   void importFiles(const QStringList& files, QBAlbum* into = nullptr);
   void createAlbum();
+  /// At once, without a question.
+  void remove(TreeNode& node);
   /// In a format that the user chooses with the name of the file.
   void exportSongFile(QBSong* song);
 

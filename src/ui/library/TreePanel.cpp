@@ -174,10 +174,10 @@ void TreePanel::deleteSelected() {
     const auto node = m_model.nodeOf(m_filter.mapToSource(each));
     if (node && node->canDelete()) nodes.push_back(node);
   }
-  if (nodes.size() == 1) return nodes.front()->remove();
+  if (nodes.size() == 1) return m_actions.remove(*nodes.front());
   const platform::UndoGroup group(QBTabMgr::db().context().undoManager(),
                                   platform::phrase("UndoAction", "Delete Songs"));
-  for (const auto& node : nodes) node->remove();
+  for (const auto& node : nodes) m_actions.remove(*node);
 }
 
 void TreePanel::drop(const QStringList& files, const QModelIndex& into) {
