@@ -60,7 +60,10 @@ void drawFrame(QBTabMatrix& matrix, const QBChord& chord) {
   setMetric(matrix, matrix.m_xPos + 1, matrix.m_yPos + kGlyphRow, chord.duration());
 }
 
-std::string fretText(int fret) { return (fret <= 9 ? "-" : "") + std::to_string(fret); }
+std::string fretText(int fret) {
+  std::string text(fret <= 9 ? "-" : "");
+  return text.append(std::to_string(fret));
+}
 
 /// The later of two tones on one string stays visible, so they are drawn in a fixed order.
 void drawTones(QBTabMatrix& matrix, QBChord& chord) {

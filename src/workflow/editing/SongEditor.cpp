@@ -256,7 +256,7 @@ void SongEditor::nameAll(int first, int last, const ChordName* name) {
 
 void SongEditor::setDuration(int chord, int sixteenths) {
   requireWithin(phrase("Message", "duration %1 is not within %2 to %3"), sixteenths, 1,
-                kLongestDuration);
+                kLongestChord);
   QBChord& edited = chordAt(chord);
   if (edited.duration() == sixteenths) return;
   edit(phrase("UndoAction", "Change Duration"), [&] {

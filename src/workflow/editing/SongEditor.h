@@ -31,7 +31,7 @@ class QBTone;
 class SongEditor {
  public:
   static constexpr int kHighestFret = 24;
-  static constexpr int kLongestDuration = 64;  ///< Sixteenths: four whole notes.
+  static constexpr int kLongestChord = 64;  ///< Sixteenths: four whole notes.
 
   /// The song is kept in that store.
   SongEditor(QBTabMgr& db, QBSong& song);
