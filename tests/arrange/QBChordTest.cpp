@@ -2,7 +2,6 @@
 #include "model/songs/QBChord.h"
 
 #include "analysis/spectrum/QBFFTGuitar.h"
-#include "arrange/chords/QBToneGroupBuilder.h"
 #include "arrange/hands/PatternOfChord.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
@@ -119,21 +118,6 @@ TEST_F(QBChordTest, patternIsTheHeaviestThatFitsAndStays) {
   minor->hold()->deleteToneOfString(4);
   EXPECT_EQ(readPattern(*minor, nullptr), heavy) << "once chosen it is kept";
   EXPECT_EQ(readPattern(*chord("x0xxxx"), nullptr), nullptr);
-}
-
-TEST_F(QBChordTest, loudnessLayersOpenAfterTheToneThatLeaps) {
-  const auto layers = [this](std::initializer_list<double> amps) {
-    QBChord* layered = chord("xxxxxx");
-    for (int string = 0; const double amp : amps) layered->hold()->addTone(string++, 0, amp);
-    QBToneGroupBuilder(layered).build();
-    std::string groups;
-    for (const QBTone* tone : layered->hold()->tones()) groups += std::to_string(tone->group());
-    return groups;
-  };
-  // From 0, 200000 is no leap and 400000 is one, the last of its layer; from there 600001 is.
-  EXPECT_EQ(layers({900000, 200000, 400001, 600001, 400000}), "31221");
-  EXPECT_EQ(layers({1000000, 1200001, 1200002}), "123") << "the quietest leaps when it is loud";
-  EXPECT_EQ(layers({}), "");
 }
 
 }  // namespace

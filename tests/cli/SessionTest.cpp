@@ -15,6 +15,7 @@ has() { grep -F -e "$1" > /dev/null; }
 longer() { test "$(wc -c < "$1")" -gt $(($2 * 65536)); }
 shapes() { python3 "$DATA/sessions/shapes.py"; }
 sql() { python3 "$DATA/sessions/sql.py" "$@"; }
+signalled() { python3 "$DATA/sessions/signalled.py" "$@"; }
 )sh";
 
 /// A shell session of `data/sessions`; what was printed in it must be printed again.

@@ -25,12 +25,6 @@ class ToolFixture : public testing::Test {
     return nlohmann::json::parse(tool({"dump", song}).out);
   }
   std::string file(const std::string& name) const { return m_folder.file(name); }
-  /// What stands in a folder below this one; nothing when there is none.
-  std::vector<std::filesystem::path> entriesOf(const std::string& folder) const {
-    std::error_code none;
-    const std::filesystem::directory_iterator entries(m_folder.path() / folder, none);
-    return {begin(entries), end(entries)};
-  }
 
   ScratchFolder m_folder;
   std::string m_store = file("Korvel.sqlite");

@@ -24,20 +24,6 @@ struct QBTabMgrTest : testing::Test {
   test::StandardStore m_store;
 };
 
-TEST_F(QBTabMgrTest, createdObjectsHaveTheirFirstValuesAndNoOthers) {
-  QBSong* song = db().createSong("Song", m_store.dropD(), nullptr, nullptr);
-  EXPECT_EQ(song->tempoRate(), 1.0F);
-  EXPECT_FALSE(song->hasTabulature() || song->hasInstrument());
-  QBChord* chord = db().createChord(song, nullptr, 1LL << 40);
-  EXPECT_EQ(chord->duration(), 1);
-  EXPECT_EQ(chord->timestamp(), 1LL << 40);
-  EXPECT_FALSE(chord->hasBaseTone());
-  ASSERT_NE(chord->hold(), nullptr);
-  const QBTone* tone = db().createTone(chord->hold(), 1, 2, 0, 3.5);
-  EXPECT_EQ(tone->duration(), 2);
-  EXPECT_TRUE(tone->isActive() && !tone->hasGroup());
-}
-
 TEST_F(QBTabMgrTest, patternsAreWrittenFromTheHighestString) {
   std::string struck;
   for (const QBString* row : db().addPattern("xxx-x-", 3)->strings()) {
@@ -87,17 +73,6 @@ TEST_F(QBTabMgrTest, deletingASongLeavesMeasuresAndBlocksForTheNextOpening) {
   EXPECT_EQ(saved->fromChord()->position(), 1);
   reopen();
   EXPECT_EQ(count("QBMeasure") + count("QBBlock") + count("QBSample"), 0U);
-}
-
-TEST_F(QBTabMgrTest, deletingAnAlbumTakesItsSongs) {
-  const platform::Ref<QBAlbum> album = db().createAlbum("Album", false);
-  QBAlbum* other = db().createAlbum("Other", false);
-  for (const char* title : {"a", "b"})
-    test::addChord(db().createSong(title, nullptr, nullptr, album), "x02210");
-  db().deleteAlbum(album);
-  EXPECT_EQ(count("QBSong") + count("QBTone"), 0U);
-  ASSERT_EQ(db().albums().size(), 1U);
-  EXPECT_EQ(db().findAlbumByIndex(0), other);
 }
 
 TEST_F(QBTabMgrTest, deletedInstrumentLeavesItsSpectraForTheNextOpening) {

@@ -205,14 +205,6 @@ TEST_F(QBMIDIPlayerTest, playsOnADeviceWithTheProgramOfASteelGuitar) {
   EXPECT_GT(*std::ranges::max_element(heard), 2000);
 }
 
-TEST_F(QBMIDIPlayerTest, tellsWhyItCannotStart) {
-  addChords(2);
-  const auto midi = player("Boombox");
-  EXPECT_FALSE(midi->start());
-  EXPECT_NE(midi->problem().english().find("Boombox"), std::string::npos);
-  EXPECT_FALSE(midi->isPlaying());
-}
-
 // ---- rendering
 
 struct SongRendererTest : QBMIDIPlayerTest {

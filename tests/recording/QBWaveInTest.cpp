@@ -2,10 +2,7 @@
 #include "recording/QBWaveIn.h"
 
 #include "analysis/chords/QBChordAnalyserStandard.h"
-#include "platform/sound/WaveFiles.h"
-#include "support/Guitar.h"
 #include "support/HandFedMicrophone.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
 
 namespace korvel {
@@ -96,36 +93,6 @@ TEST_F(QBWaveInTest, knowsWhenItsDeviceHasEnded) {
   EXPECT_TRUE(micro.isLost() && !micro.hasEnded());
   m_wave->startRecord(0);
   EXPECT_FALSE(micro.isLost());
-}
-
-/// Files in place of devices, for the time of a test.
-struct InstalledFiles {
-  explicit InstalledFiles(const std::string& file) : files(file, {}, platform::Pace::fastest) {
-    platform::AudioSystem::install(&files);
-  }
-  InstalledFiles(const InstalledFiles&) = delete;
-  InstalledFiles& operator=(const InstalledFiles&) = delete;
-  ~InstalledFiles() { platform::AudioSystem::install(nullptr); }
-  platform::WaveFiles files;
-};
-
-TEST(QBWaveIn, losesNothingButWhatItCountsWhenReadAllTheTime) {
-  const test::ScratchFolder folder;
-  test::writeWav(folder.file("a.wav"), std::vector<std::int16_t>(50 * QBBlock::kSamples), 44100, 2);
-  const InstalledFiles installed(folder.file("a.wav"));
-  QBChordAnalyserStandard analyser(nullptr, nullptr);
-  const auto wave = std::make_shared<QBWaveIn>(&analyser);
-  analyser.setM_source(wave);
-  std::int64_t last = -1;
-  std::int64_t read = 0;
-  wave->onBlock([&](const QBSampleBlock& block) {
-    ++read;
-    EXPECT_LT(std::exchange(last, block.m_time), block.m_time);
-  });
-  wave->startRecord(0);
-  while (!wave->m_microphone().hasEnded()) wave->readBuffer();
-  while (wave->readBuffer()) continue;
-  EXPECT_EQ(read + wave->nmbOfDroppedBlocks(), 50);
 }
 
 }  // namespace

@@ -52,10 +52,6 @@ Running::Running(const std::vector<std::string>& command)
 
 void Running::kill() { ::kill(m_pid, SIGKILL); }
 
-void Running::interrupt() { ::kill(m_pid, SIGINT); }
-
-void Running::hangUp() { ::kill(m_pid, SIGHUP); }
-
 int Running::wait() { return waitFor(m_pid); }
 
 }  // namespace korvel::test

@@ -22,10 +22,6 @@ class Running {
  public:
   explicit Running(const std::vector<std::string>& command);
   void kill();
-  /// As Ctrl-C does it.
-  void interrupt();
-  /// As a terminal that is closed.
-  void hangUp();
   /// Exit status; -1 when a signal ended it.
   int wait();
 

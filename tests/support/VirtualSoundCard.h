@@ -52,13 +52,6 @@ class VirtualSoundCard {
   bool m_alive = true;
 };
 
-/// Nothing plays or records as long as it lives.
-class NoSoundServer {
-  const EnvironmentVariable m_server{"PULSE_SERVER", "unix:/dev/null"};
-  const EnvironmentVariable m_jack{"JACK_DEFAULT_SERVER", "korvel-none"};
-  const EnvironmentVariable m_cards{"ALSA_CONFIG_PATH", "/dev/null"};
-};
-
 /// Whether that became so within a minute.
 bool eventually(const std::function<bool()>& condition);
 

@@ -48,7 +48,7 @@ struct CalibrateCommandTest : testing::Test {
   test::RecordingViews m_views;
 };
 
-TEST_F(CalibrateCommandTest, instrumentOfPlayedNotesIsKeptExportedAndUndone) {
+TEST_F(CalibrateCommandTest, instrumentOfPlayedNotesIsKeptAndUndone) {
   const std::vector<int> played = asked();
   ASSERT_EQ(played.size(), 12U);
   const auto job = hear(record(played));
@@ -69,27 +69,14 @@ TEST_F(CalibrateCommandTest, instrumentOfPlayedNotesIsKeptExportedAndUndone) {
   EXPECT_TRUE(mine->isCalibrated());
   EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
 
-  const std::string file = m_store.folder().file("mine.xml");
-  test::writeFile(file, definitionOf(*mine));
-  QBInstrument* copy = importInstrument(file);
-  EXPECT_EQ(definitionOf(*copy), definitionOf(*mine)) << "all of it was read";
-  for (int string = 0; string < kStrings; ++string) {
-    const auto& measured = mine->findSpectrumByString(string)->readSortedTones();
-    const auto& read = copy->findSpectrumByString(string)->readSortedTones();
-    ASSERT_EQ(read.size(), measured.size()) << string;
-    EXPECT_TRUE(copy->findSpectrumByString(string)->isCalibrated());
+  for (int string = 0; string < kStrings; ++string)
     EXPECT_NE(mine->findSpectrumByString(string)->findOvertone(string, 0), nullptr)
         << "every string is heard itself";
-    for (const auto& [place, overtone] : measured)
-      EXPECT_EQ(read.at(place)->hits(), overtone->hits());
-  }
   mine->setName("Pete's");
   EXPECT_THROW(definitionOf(*mine), EditRefused) << "its reader would stop there";
   mine->setName("Mine");
   QBTabMgr::db().save();
 
-  EXPECT_EQ(QBTabMgr::db().context().undoManager().undoActionName().english(), "Import Instrument");
-  QBSession::session().undo();
   EXPECT_EQ(QBTabMgr::db().context().undoManager().undoActionName().english(),
             "Calibrate Instrument");
   QBSession::session().undo();

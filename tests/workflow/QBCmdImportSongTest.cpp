@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/hearing/QBCmdImportSong.h"
 
-#include "platform/loop/PlainRunLoop.h"
 #include "support/Guitar.h"
 #include "support/RecordingViews.h"
 #include "support/StandardStore.h"
@@ -12,29 +11,26 @@ namespace korvel {
 namespace {
 
 struct QBCmdImportSongTest : testing::Test {
-  QBCmdImportSongTest() { test::writeWav(m_file, test::fewChords()); }
-
-  std::shared_ptr<QBCmdImportSong> command(const std::string& file, const std::string& title) {
-    if (!m_album) m_album = QBTabMgr::db().createAlbum("A", false);
-    return std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(m_album), file,
+  std::shared_ptr<QBCmdImportSong> command(const std::string& title) {
+    return std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(m_album), m_file,
                                              m_album->createSong(title));
   }
   QBSong& song(const std::string& title) { return *m_album->findSongByName(title); }
   /// Imports the strums with the precise detection.
-  QBSong& precise(const std::vector<test::Strum>& strums, const std::string& title) {
+  QBSong& precise(const std::vector<test::Strum>& strums) {
     test::writeWav(m_file, test::play(strums));
-    const auto import = command(m_file, title);
+    const auto import = command("Precise");
     import->setDetection(ImportDetection::precise, {});
     import->onProgress([this](double share) { m_progress.push_back(share);
   });
   import->run();
-  return song(title);
+  return song("Precise");
 }
 
 const test::ScratchStore m_store{test::ScratchStore::Content::ofFirstStart};
 test::RecordingViews m_views;
 std::string m_file = m_store.folder().file("a.wav");
-platform::Ref<QBAlbum> m_album;
+platform::Ref<QBAlbum> m_album = QBTabMgr::db().createAlbum("A", false);
 std::vector<double> m_progress;
 };  // namespace
 
@@ -48,38 +44,13 @@ std::string blocksOf(QBSong& song) {
   return text;
 }
 
-TEST_F(QBCmdImportSongTest, soundlessFileEndsWithAnEmptySong) {
-  const auto import = command(m_store.folder().file("missing.wav"), "S");
-  import->run();
-  EXPECT_TRUE(song("S").chords().empty());
-  EXPECT_FALSE(song("S").hasTabulature());
-  EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
-  EXPECT_EQ(m_views.log.at(1), "no asset tracks found");
-}
-
-TEST_F(QBCmdImportSongTest, twoSteppedImportsRunInterleaved) {
-  const auto first = command(m_file, "S1");
-  const auto second = command(m_file, "S2");
-  first->runInBackground();
-  second->runInBackground();
-  bool together = false;
-  platform::PlainRunLoop::ofProcess().runUntil([&] {
-    together |= song("S1").chords().size() > 3 && song("S2").chords().size() > 3 &&
-                first->isRunning() && second->isRunning();
-    return !first->isRunning() && !second->isRunning();
-  });
-  EXPECT_TRUE(together);
-  EXPECT_EQ(song("S1").chords().size(), song("S2").chords().size());
-  EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
-}
-
 TEST_F(QBCmdImportSongTest, preciseSongKeepsTimeWithTheRecording) {
   const std::vector<test::Strum> strums{{{}, 0.8},
                                         {test::notesOf("x32010"), 1.04},
                                         {{}, 0.8},
                                         {test::notesOf("xx0232"), 1.04},
                                         {{}, 1}};
-  QBSong& heard = precise(strums, "S");
+  QBSong& heard = precise(strums);
   EXPECT_EQ(blocksOf(heard),
             "2:x32010 3:x32010 4:x32010 5:xxxxxx 6:xxxxxx 7:xx0232 8:xx0232 9:xx0232 ");
   for (const auto& chord : heard.allChords()) {
@@ -93,34 +64,13 @@ TEST_F(QBCmdImportSongTest, preciseSongKeepsTimeWithTheRecording) {
   EXPECT_EQ(m_progress.back(), 1);
   const auto log = m_views.log;
   m_views.log.clear();
-  command(m_file, "Classic")->run();
+  command("Classic")->run();
   EXPECT_EQ(m_views.log, log);
   const auto& classic = song("Classic").allChords();
   ASSERT_EQ(classic.size(), 6U) << "without the blocks in which nothing sounds";
   const auto loudest = [](const QBChord& chord) { return chord.hold()->tones().at(0)->amp(); };
   const double ratio = loudest(*heard.allChords()[1]) / loudest(*classic[1]);
   EXPECT_TRUE(ratio > 0.2 && ratio < 10) << "limits of loudness mean about the same: " << ratio;
-}
-
-TEST_F(QBCmdImportSongTest, preciseImportCanBeStoppedBetweenSteps) {
-  const auto import = command(m_file, "S");
-  import->setDetection(ImportDetection::precise);
-  import->runInBackground();
-  for (int i = 0; i < 2; ++i) import->nextStep();
-  import->stop();
-  EXPECT_FALSE(import->isRunning());
-  EXPECT_TRUE(song("S").chords().empty()) << "it only listened so far";
-  EXPECT_EQ(m_album->songs().size(), 1U);
-}
-
-TEST_F(QBCmdImportSongTest, nothingToHearLeavesAnEmptySong) {
-  for (const double seconds : {0.0, 0.01, 2.0})
-    EXPECT_TRUE(precise({{{}, seconds}}, "S" + std::to_string(seconds)).chords().empty());
-  const auto import = command(m_store.folder().file("missing.wav"), "M");
-  import->setDetection(ImportDetection::precise);
-  import->run();
-  EXPECT_TRUE(song("M").chords().empty());
-  EXPECT_FALSE(song("M").hasTabulature());
 }
 
 }  // namespace korvel

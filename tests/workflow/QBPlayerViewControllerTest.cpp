@@ -7,6 +7,7 @@
 #include "platform/persistence/UndoManager.h"
 #include "support/HandAudio.h"
 #include "support/RecordingViews.h"
+#include "support/Script.h"
 #include "support/SoundFont.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
@@ -15,7 +16,7 @@ namespace korvel {
 namespace {
 
 using platform::PlainRunLoop;
-using Texts = std::vector<std::string>;
+using test::Words;
 
 /// A run loop whose time passes by listening.
 class ListeningLoop {
@@ -57,9 +58,8 @@ struct Controls final : PlayerControls {
   }
   int speed() const override { return slider; }
   int fullSpeed() const override { return 200; }
-  Texts news() { return std::exchange(told, {}); }
 
-  Texts told;
+  std::vector<std::string> told;
   int slider = 200;
 };
 
@@ -68,22 +68,41 @@ struct QBPlayerViewControllerTest : testing::Test {
     SessionViews views = QBSession::session().views();
     views.player = &m_player;
     QBSession::session().attach(views);
-    for (int i = 0; i < 6; ++i) test::addChord(m_song, "022100");
   }
   ~QBPlayerViewControllerTest() override { QBSession::session().setActiveSong(nullptr); }
 
-  void choose() {
-    QBSession::session().setActiveSong(m_song);
-    m_controls.told.clear();
+  void make(int chords, const std::string& frets) {
+    m_song = m_store.song("Song");
+    for (int i = 0; i < chords; ++i) test::addChord(m_song, frets);
   }
   std::unique_ptr<platform::MusicPlayer> newPlayer() {
     return std::make_unique<platform::MusicPlayer>(
         m_audio, m_device, std::make_unique<platform::FluidSynthesizer>(m_font, std::vector{25}));
   }
+  /// What the controls were told since, and how things stand.
+  std::string news() {
+    std::string text;
+    for (const auto& each : std::exchange(m_controls.told, {})) text += each + ", ";
+    if (m_player.isPlaying()) text += m_player.isOver() ? "over " : "plays ";
+    if (std::exchange(m_views.playPosition, 0) > 0) text += "marked ";
+    return text + (m_views.tabLocked ? "locked" : "");
+  }
+  auto after(const std::function<void(const Words&)>& act) {
+    return [this, act](const Words& words) { return act(words), news(); };
+  }
+  /// As an edit that can be undone.
+  void edit(const std::function<void()>& work) {
+    const platform::UndoGroup group(QBTabMgr::db().context().undoManager(),
+                                    platform::UserText::verbatim("Edit"));
+    work();
+  }
+  const platform::Ref<QBChord>& chord(const Words& words, std::size_t at) {
+    return m_song->allChords().at(static_cast<std::size_t>(words.number(at)));
+  }
 
   const test::StandardStore m_store;
   test::RecordingViews m_views;
-  QBSong* m_song = m_store.song("Song");
+  platform::Ref<QBSong> m_song;
   test::HandAudio m_audio;
   ListeningLoop m_loop{m_audio};
   Controls m_controls;
@@ -91,155 +110,60 @@ struct QBPlayerViewControllerTest : testing::Test {
   QBPlayerViewController m_player{m_controls, [this] { return newPlayer(); }};
 };
 
-TEST_F(QBPlayerViewControllerTest, aWholeSongStopsShortOfItsLastChord) {
-  m_player.play();
-  EXPECT_FALSE(m_player.isPlaying()) << "no song is chosen";
-  choose();
-  m_player.play();
-  m_player.play();
-  EXPECT_EQ(m_controls.news(), Texts{"locked"});
-  m_loop.run(2.9);
-  EXPECT_EQ(m_controls.news(), (Texts{" 16", " 33", " 50", " 66", " 83"}));
-  EXPECT_FALSE(m_player.isOver());
-  m_loop.run(2);
-  EXPECT_EQ(m_controls.news(), Texts());
-  EXPECT_TRUE(m_player.isOver());
-  m_player.stop();
-  m_player.stop();
-  EXPECT_EQ(m_controls.news(), (Texts{"unlocked", "loop -1 -1"}));
-  m_loop.run(1);
-  EXPECT_EQ(m_controls.news(), Texts()) << "the timer is gone";
-}
-
-TEST_F(QBPlayerViewControllerTest, aLoopIsRewoundAtItsEnd) {
-  m_song->setFromChord(m_song->chords().at(1));
-  m_song->setToChord(m_song->chords().at(4));
-  choose();
-  m_player.play();
-  m_controls.told.clear();
-  m_loop.run(4);
-  const Texts positions = m_controls.news();
-  ASSERT_GE(positions.size(), 6U);
-  EXPECT_EQ(Texts(positions.begin(), positions.begin() + 6),
-            (Texts{" 33", " 66", "100", " 33", " 66", "100"}));
-  EXPECT_FALSE(m_player.isOver());
-}
-
-TEST_F(QBPlayerViewControllerTest, aLoopGoesOnWhenItsEndIsPassedOver) {
-  test::addChord(m_song, "xxxxxx");
-  m_song->setFromChord(m_song->chords().at(0));
-  m_song->setToChord(m_song->chords().at(6));
-  m_controls.slider = 500;
-  choose();
-  m_player.play();
-  m_loop.run(1.18);
-  EXPECT_FALSE(m_player.isOver()) << "the empty chord is still to pass";
-  EXPECT_NE(m_controls.news().back(), "100");
-  m_loop.run(0.5);
-  EXPECT_TRUE(m_player.isOver());
-  m_player.keepLooping();
-  EXPECT_FALSE(m_player.isOver());
-  m_loop.run(0.8);
-  EXPECT_FALSE(m_controls.news().empty());
-}
-
-TEST_F(QBPlayerViewControllerTest, aSongThatIsDeletedIsHeardNoMore) {
-  choose();
-  m_player.play();
-  m_loop.run(1);
-  QBSession::session().setActiveSong(nullptr);
-  QBTabMgr::db().deleteSong(m_song);
-  m_controls.told.clear();
-  m_loop.run(1);
-  EXPECT_FALSE(m_player.isPlaying());
-  EXPECT_EQ(m_controls.news(), Texts{"unlocked"});
-  EXPECT_FALSE(m_views.tabLocked);
-  EXPECT_EQ(QBSession::session().activeSong(), nullptr);
-}
-
-TEST_F(QBPlayerViewControllerTest, markAndLocksStayWithTheSongThatPlays) {
+TEST_F(QBPlayerViewControllerTest, playsAsWritten) {
   QBSession& session = QBSession::session();
-  choose();
-  m_player.play();
-  m_loop.run(1);
-  EXPECT_TRUE(m_views.tabLocked);
-  session.setActiveSong(m_store.song("Other"));
-  EXPECT_FALSE(m_views.tabLocked);
-  m_views.playPosition = 0;
-  m_controls.told.clear();
-  m_loop.run(1);
-  EXPECT_EQ(m_views.playPosition, 0) << "a mark on the other song";
-  EXPECT_FALSE(m_controls.news().empty());
-  session.setActiveSong(m_song);
-  EXPECT_TRUE(m_views.tabLocked);
-  m_loop.run(0.4);
-  EXPECT_GT(m_views.playPosition, 0);
-}
-
-TEST_F(QBPlayerViewControllerTest, undoKeepsTheLocksUnlessItChangesWhatPlays) {
-  platform::UndoManager& undo = QBTabMgr::db().context().undoManager();
-  m_song->setAlbum(QBTabMgr::db().createAlbum("Album", false));
-  QBTabMgr::db().save();
-  choose();
-  {
-    const platform::UndoGroup group(undo, platform::UserText::verbatim("Set Loop"));
-    m_song->setFromChord(m_song->chords().at(1));
-  }
-  {
-    const platform::UndoGroup group(undo, platform::UserText::verbatim("Rename"));
-    m_song->setTitle("New");
-  }
-  m_player.play();
-  EXPECT_TRUE(QBSession::session().undo());
-  EXPECT_TRUE(m_player.isPlaying());
-  EXPECT_TRUE(m_views.tabLocked);
-  EXPECT_TRUE(QBSession::session().undo());
-  EXPECT_FALSE(m_player.isPlaying()) << "it played the loop";
-  EXPECT_FALSE(m_views.tabLocked);
-}
-
-TEST_F(QBPlayerViewControllerTest, theSliderSetsTheSpeed) {
-  choose();
-  m_controls.slider = 100;
-  m_player.speedChanged();
-  m_player.play();
-  m_loop.run(1.6);
-  EXPECT_EQ(m_controls.news(), (Texts{"speed  50", "locked", " 16", " 16"}));
-  m_controls.slider = 0;
-  m_player.speedChanged();
-  m_loop.run(1);
-  EXPECT_EQ(m_controls.news().front(), "speed   0");
-  EXPECT_FALSE(m_player.isOver()) << "it stands still";
-}
-
-TEST_F(QBPlayerViewControllerTest, theMetronomeIsHeardWhenItIsOn) {
-  m_song = m_store.song("Silence");
-  for (int i = 0; i < 6; ++i) test::addChord(m_song, "xxxxxx");
-  choose();
-  const auto loudest = [&] {
-    m_player.play();
-    m_loop.run(1.5);
-    m_player.stop();
-    return std::ranges::max(m_audio.heard());
-  };
-  EXPECT_EQ(loudest(), 0);
-  m_player.play();
-  m_loop.run(0.7);
-  m_player.setMetronome(true);
-  m_loop.run(1.5);
-  EXPECT_GT(std::ranges::max(m_audio.heard()), 1000) << "from now on";
+  test::expectScript(
+      "playing/player.txt",
+      {{"song", after([&](const Words& words) { make(words.number(0), words[1]); })},
+       {"append", after([&](const Words& words) { test::addChord(m_song, words[0]); })},
+       {"loop", after([&](const Words& words) {
+          m_song->setFromChord(chord(words, 0));
+          m_song->setToChord(chord(words, 1));
+        })},
+       {"choose", after([&](const Words&) { session.setActiveSong(m_song); })},
+       {"chooseOther", after([&](const Words&) { session.setActiveSong(m_store.song("Other")); })},
+       {"delete", after([&](const Words&) {
+          session.setActiveSong(nullptr);
+          QBTabMgr::db().deleteSong(m_song);
+        })},
+       {"play", after([&](const Words&) { m_player.play(); })},
+       {"stop", after([&](const Words&) { m_player.stop(); })},
+       {"run", after([&](const Words& words) { m_loop.run(words.real(0)); })},
+       {"keepLooping", after([&](const Words&) { m_player.keepLooping(); })},
+       {"slider", after([&](const Words& words) {
+          m_controls.slider = words.number(0);
+          m_player.speedChanged();
+        })},
+       {"metronome", after([&](const Words& words) { m_player.setMetronome(words[0] == "on"); })},
+       {"loudest",  // of all that was heard so far
+        [&](const Words&) {
+          const int loudest = std::ranges::max(m_audio.heard());
+          return loudest > 1000 ? "loud" : std::to_string(loudest);
+        }},
+       {"lose", after([&](const Words&) { m_audio.lose(); })},
+       {"device", after([&](const Words& words) { m_device = words[0]; })},
+       {"font", after([&](const Words& words) { m_font = words[0]; })},
+       {"save", after([&](const Words&) {
+          m_song->setAlbum(QBTabMgr::db().createAlbum("Album", false));
+          QBTabMgr::db().save();
+        })},
+       {"editLoop",
+        after([&](const Words& words) { edit([&] { m_song->setFromChord(chord(words, 0)); }); })},
+       {"rename", after([&](const Words& words) { edit([&] { m_song->setTitle(words[0]); }); })},
+       {"undo", after([&](const Words&) { EXPECT_TRUE(session.undo()); })}});
 }
 
 TEST_F(QBPlayerViewControllerTest, placeIsToldAsItIsHeardAfterTheCountIn) {
+  make(6, "022100");
   m_song->setFromChord(m_song->chords().at(2));
-  choose();
+  QBSession::session().setActiveSong(m_song);
   m_player.setCountIn(true);
   m_player.setClickVolume(0);
   m_player.play();
   m_controls.told.clear();
   m_loop.run(15 * kSecondsOfChord);
   m_player.followSound();
-  EXPECT_EQ(m_controls.news(), Texts()) << "four clicks, which are not heard";
+  EXPECT_TRUE(m_controls.told.empty()) << "four clicks, which are not heard";
   EXPECT_EQ(std::ranges::max(m_audio.heard()), 0);
   m_loop.run(1.1 * kSecondsOfChord);
   m_controls.told.clear();
@@ -249,27 +173,7 @@ TEST_F(QBPlayerViewControllerTest, placeIsToldAsItIsHeardAfterTheCountIn) {
   }
   EXPECT_NEAR(m_player.secondsHeard(), 3 * kSecondsOfChord, 1e-6);
   EXPECT_NEAR(m_player.secondsOfSong(), 6 * kSecondsOfChord, 1e-6);
-  EXPECT_GE(m_controls.news().size(), 1U);
-}
-
-TEST_F(QBPlayerViewControllerTest, problemsEndInAMessageAndFreeControls) {
-  choose();
-  m_player.play();
-  m_loop.run(1);
-  m_audio.lose();
-  m_controls.told.clear();
-  m_loop.run(1);
-  EXPECT_FALSE(m_player.isPlaying());
-  const Texts lost = m_controls.news();
-  ASSERT_EQ(lost.size(), 3U);
-  EXPECT_NE(lost[2].find("device is gone"), std::string::npos);
-  m_device = "Boombox";
-  m_player.play();
-  EXPECT_EQ(m_controls.news().back(), "Boombox: no such device");
-  m_font = "/none.sf2";
-  m_player.play();
-  EXPECT_EQ(m_controls.news().back(), "/none.sf2: there is no such SoundFont; choose another one");
-  EXPECT_FALSE(m_player.isPlaying());
+  EXPECT_GE(m_controls.told.size(), 1U);
 }
 
 }  // namespace

@@ -14,36 +14,11 @@
 namespace korvel {
 namespace {
 
-TEST(QBSession, exceptionIsShownAndLoggedInFull) {
-  test::RecordingViews views;
-  QBSession::session().handleException("importSong", std::out_of_range("no chord"));
-  EXPECT_EQ(views.content,
-            "EXCEPTION OCCURED IN CONTEXT: importSong\r\n------------------------\r\n"
-            "EXCEPTION NAME: std::out_of_range\r\n------------------------\r\n"
-            "DESCRIPTION: no chord\r\n------------------------\r\n"
-            "DEBUG DESCRIPTION: std::out_of_range: no chord");
-  EXPECT_EQ(views.log, std::vector{views.content});
-}
-
 TEST(QBSession, errorsAreLoggedAsTheLogShowsThem) {
   test::RecordingViews views;
   QBSession::session().handleError("X", "lost in the text");
   QBSession::session().logError("bare");
   EXPECT_EQ(views.log, (std::vector<std::string>{"X", "X", "X", "X", "bare"}));
-}
-
-TEST(QBSession, fatalErrorIsShownBeforeTheProcessEnds) {
-  test::RecordingViews views;
-  int status = 99;
-  try {
-    QBSession::session().exitWithError("Saving Data Failed", "disk full");
-  } catch (const ProgramEnd& ended) {
-    status = ended.status;
-  }
-  EXPECT_EQ(status, 0);
-  EXPECT_EQ(views.alert,
-            "AN ERROR OCCURED IN CONTEXT: Saving Data Failed\r\nDESCRIPTION: disk full\r\n\r\n"
-            "Korvel will be closed");
 }
 
 TEST(QBSession, songMenuCommandsTheSongThatIsSelectedInTheTree) {

@@ -2,6 +2,7 @@
 #include "model/songs/QBSong.h"
 
 #include "model/songs/QBChordVisitor.h"
+#include "support/Script.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
@@ -12,6 +13,8 @@
 
 namespace korvel {
 namespace {
+
+using test::Words;
 
 template <class Objects>
 std::string positions(const Objects& objects) {
@@ -68,15 +71,6 @@ TEST_F(QBSongTest, countersStartAgainAfterAReload) {
   EXPECT_EQ(positions(read->allChords()), "1 1 ");
 }
 
-TEST_F(QBSongTest, rangesAreClampedToTheSong) {
-  QBSong* song = songOf({1, 1, 1, 1, 1});
-  EXPECT_EQ(positions(song->chordsInRange(2, 100)), "3 4 5 ");
-  EXPECT_EQ(positions(song->chordsInRange(1, 3)), "2 3 ");
-  EXPECT_EQ(positions(song->chordsInRange(-5, 1)), "1 ");
-  EXPECT_EQ(positions(song->chordsInRange(3, 3)), "");
-  EXPECT_EQ(positions(song->chordsInRange(9, 12)), "");
-}
-
 TEST_F(QBSongTest, visitorSeesEveryChordWithItsNeighbours) {
   class Notes final : public QBChordVisitor {
    public:
@@ -95,70 +89,78 @@ TEST_F(QBSongTest, visitorSeesEveryChordWithItsNeighbours) {
   EXPECT_EQ(notes.text, "");
 }
 
-TEST_F(QBSongTest, nearerEndOfTheLoopMoves) {
-  QBSong* song = songOf(std::vector<int>(12, 1));
-  const auto pick = [&](int position) {
-    song->setChordInLoop(song->allChords().at(static_cast<std::size_t>(position - 1)));
-    const auto end = [](const QBChord* chord) {
-      return chord ? std::to_string(chord->position()) : "-";
-    };
-    return end(song->fromChord()) + ' ' + end(song->toChord());
+TEST_F(QBSongTest, answersAsWritten) {
+  const auto numbers = [](const Words& words) {
+    std::vector<int> all;
+    for (const std::string& word : words) all.push_back(std::stoi(word));
+    return all;
   };
-  EXPECT_EQ(pick(4), "4 -");
-  EXPECT_EQ(pick(3), "3 -");
-  EXPECT_EQ(pick(9), "3 9");
-  EXPECT_EQ(pick(11), "3 11");
-  EXPECT_EQ(pick(5), "5 11");
-  EXPECT_EQ(pick(8), "5 8") << "a tie moves the end";
-  EXPECT_EQ(pick(8), "5 8");
-  EXPECT_EQ(pick(5), "5 8");
-  EXPECT_EQ(pick(1), "1 8");
-}
-
-TEST_F(QBSongTest, equalDurationsFormGroupsOfOneTwoOrFour) {
-  EXPECT_EQ(songOf({2, 2, 2, 4})->lookupGroupSize(0), 2) << "three make a group of two";
-  EXPECT_EQ(songOf({2, 2, 4, 2})->lookupGroupSize(0), 2);
-  EXPECT_EQ(songOf({2, 2, 2, 2, 2})->lookupGroupSize(0), 4);
-  EXPECT_EQ(songOf({2, 2, 2, 2, 2})->lookupGroupSize(3), 2);
-  EXPECT_EQ(songOf({2, 2, 2, 2, 2})->lookupGroupSize(4), 1) << "the last chord";
-  EXPECT_EQ(songOf({2, 4})->lookupGroupSize(0), 1);
-}
-
-struct Group {
-  std::vector<int> durations;
-  int eighths, quarters;
-};
-
-// Runs of up to three for eighths and four for quarters, up to a sum of whole beats; a run that
-// reaches none counts one more than it has, but for two and three.
-const Group kGroups[] = {
-    {{}, 1, 1},           {{3}, 1, 2},       {{1}, 1, 2},          {{1, 1}, 3, 2},
-    {{1, 1, 1}, 3, 4},    {{1, 2}, 2, 2},    {{2, 2}, 3, 2},       {{2, 2, 2}, 3, 2},
-    {{1, 1, 1, 1}, 3, 4}, {{4, 4}, 3, 1},    {{1, 1, 3, 3}, 4, 4}, {{6}, 1, 2},
-    {{1, 3, 3}, 4, 2},    {{1, 1, 3}, 4, 4}, {{3, 2, 1, 1}, 1, 5},
-};
-
-TEST_F(QBSongTest, measuresAreGroupedByTheirBeat) {
-  for (const Group& group : kGroups) {
-    QBMeasure* measure = measureOf(group.durations, 6, 8);
-    EXPECT_EQ(measure->lookupGroupSize(0), group.eighths)
-        << testing::PrintToString(group.durations);
-    measure->setBeattype(4);
-    EXPECT_EQ(measure->lookupGroupSize(0), group.quarters)
-        << testing::PrintToString(group.durations);
-  }
-  EXPECT_EQ(measureOf({1, 3, 3}, 6, 8)->lookupGroupSize(1), 1) << "from a chord on";
-}
-
-TEST_F(QBSongTest, measuresHoldTheirBeats) {
-  QBMeasure* waltz = measureOf({4, 6}, 3, 4);
-  EXPECT_EQ(waltz->durationValue(), 10);
-  EXPECT_TRUE(waltz->fitsIn(2));
-  EXPECT_FALSE(waltz->fitsIn(3));
-  EXPECT_TRUE(measureOf({4, 6}, 6, 8)->fitsIn(2));
-  EXPECT_FALSE(measureOf({4, 6}, 6, 8)->fitsIn(3));
-  EXPECT_THROW(measureOf({4}, 4, 0)->fitsIn(1), std::domain_error);
-  EXPECT_EQ(QBTabMgr::db().createMeasure(m_song, 4, 4)->durationValue(), 0);
+  const auto perform = [this](const Words& words, const auto& arrange) {
+    QBSong* other = m_album->createSong("Longer");
+    m_song = m_album->createSong("Song");
+    bool behind = false;
+    for (const std::string& frets : words)
+      frets == "/" ? void(behind = true) : void(test::addChord(behind ? other : m_song, frets));
+    const QBSong* made = arrange(*other);
+    return made->title() + ": " + test::fretsOf(*made);
+  };
+  test::expectScript(
+      "songs/songs.txt",
+      {{"range",  // of five chords
+        [&](const Words& words) {
+          return positions(
+              songOf({1, 1, 1, 1, 1})->chordsInRange(words.number(0), words.number(1)));
+        }},
+       {"loop",  // of twelve chords, one end after the other
+        [&](const Words& words) {
+          QBSong* song = songOf(std::vector<int>(12, 1));
+          std::string text;
+          for (const int position : numbers(words)) {
+            song->setChordInLoop(song->allChords().at(static_cast<std::size_t>(position - 1)));
+            for (const QBChord* end : {song->fromChord(), song->toChord()})
+              text += end ? std::to_string(end->position()) + ' ' : "- ";
+            text += "| ";
+          }
+          return text;
+        }},
+       {"groupsOfSong",  // from each chord on
+        [&](const Words& words) {
+          std::string text;
+          for (std::size_t i = 0; i < words.size(); ++i)
+            text +=
+                std::to_string(songOf(numbers(words))->lookupGroupSize(static_cast<int>(i))) + ' ';
+          return text;
+        }},
+       {"groupsOfMeasure",  // in eighths and in quarters, from the first chord on and the second
+        [&](const Words& words) {
+          QBMeasure* measure = measureOf(numbers(words), 6, 8);
+          const int eighths = measure->lookupGroupSize(0);
+          const int later = measure->lookupGroupSize(1);
+          measure->setBeattype(4);
+          return std::to_string(eighths) + ' ' + std::to_string(measure->lookupGroupSize(0)) +
+                 " | " + std::to_string(later);
+        }},
+       {"fits",  // a further chord, into a measure
+        [&](const Words& words) {
+          const auto all = numbers(words);
+          QBMeasure* measure = measureOf({all.begin() + 3, all.end()}, all[0], all[1]);
+          return std::to_string(measure->durationValue()) +
+                 (measure->fitsIn(all[2]) ? " yes" : " no");
+        }},
+       {"merge",
+        [&](const Words& words) {
+          return perform(words, [&](QBSong& other) { return mergeWithSong(*m_song, other); });
+        }},
+       {"mergeBack",
+        [&](const Words& words) {
+          return perform(words, [&](QBSong& other) { return mergeWithSong(other, *m_song); });
+        }},
+       {"middle", [&](const Words& words) {
+          return perform(words, [&](QBSong&) {
+            m_song->allChords()[0]->hold()->addTone(1, 2, 9e9);
+            return QBMiddleVoiceFilter(m_song, 1).filter();
+          });
+        }}});
 }
 
 TEST_F(QBSongTest, measuresAndTheirChordsAreOrderedAnewOnEachCall) {
@@ -187,30 +189,6 @@ TEST_F(QBSongTest, cloneCopiesChordsIntoTheSameAlbum) {
   EXPECT_EQ(copy->allChords()[1]->hold()->toStringClean(), "01220-");
   EXPECT_TRUE(copy->measures().empty());
   EXPECT_EQ(song->chords().size(), 2U);
-}
-
-// Of the longer song, given as the other one, each chord is merged with itself: the shorter one is
-// not in it, as intended.
-TEST_F(QBSongTest, mergingWithALongerSongGivesThatSong) {
-  test::addChord(m_song, "xxxxx5");
-  QBSong* longer = m_album->createSong("Longer");
-  for (const char* frets : {"x02210", "022000"}) test::addChord(longer, frets);
-  const QBSong* merged = mergeWithSong(*m_song, *longer);
-  EXPECT_EQ(merged->title(), "Longer(mrg)");
-  EXPECT_EQ(test::fretsOf(*merged), "x02210 022000 ");
-  EXPECT_EQ(test::fretsOf(*mergeWithSong(*longer, *m_song)), "x0221[05] 022000 ");
-}
-
-// Counted in chords from the second one of a run on, a later chord having the fewer to come: the A
-// string's run ends one chord before the D string's.
-TEST_F(QBSongTest, middleTonesThatSoundOnLongestAreKept) {
-  QBSong* song = m_album->createSong("song");
-  test::addChord(song, "0xx1x0")->hold()->addTone(1, 2, 9e9);
-  for (const char* frets : {"022xx0", "022xx0", "022xx0", "0x2xx0"}) test::addChord(song, frets);
-  const QBSong* kept = QBMiddleVoiceFilter(song, 1).filter();
-  EXPECT_EQ(test::fretsOf(*kept), "0xx1x0 02xxx0 0x2xx0 0x2xx0 0x2xx0 ")
-      << "of the first chord, whose tones count nothing, the first in its hold";
-  EXPECT_EQ(kept->title(), "song(mv)");
 }
 
 TEST_F(QBSongTest, handsAreSimplifiedOneAfterTheOther) {

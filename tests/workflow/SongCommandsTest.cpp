@@ -88,13 +88,6 @@ struct SongCommandsTest : testing::Test {
     EXPECT_TRUE(m_desk.album()->songs().empty());
     test::expectApproved(text, "commands/" + title + ".txt");
   }
-  /// What the chain makes of the song, without titles.
-  std::string chained(QBSong* song) {
-    std::string text;
-    for (const auto& made : m_desk.perform(song, "extractChainStandard").songs)
-      text += linesOf(*made) + '\n';
-    return text;
-  }
   /// The number of rows in each table once the store has been opened again.
   std::map<std::string, std::int64_t> reopenedCounts() {
     m_desk.reopen();
@@ -127,16 +120,6 @@ TEST(SongMenu, standsAsApproved) {
       text << item.title.english << " | " << item.action << " | " << item.command << '\n';
   }
   test::expectApproved(text.str(), "commands/Menu.txt");
-}
-
-TEST_F(SongCommandsTest, chainMakesTheSameSongsAgainAlsoAfterReopening) {
-  const std::string first = chained(m_desk.import(strummed(), "Song"));
-  EXPECT_EQ(chained(song("Song")), first);
-  m_desk.reopen();
-  EXPECT_EQ(linesOf(*song("Song(Ldng6)")) + '\n' + linesOf(*song("Song(Ldng6)(Lft)")) + '\n' +
-                linesOf(*song("Song(Ldng6)(Lft)(Rght)")) + '\n',
-            first);
-  EXPECT_EQ(chained(song("Song")), first);
 }
 
 /// 0 under a sanitizer, whose allocator answers no such question.

@@ -52,10 +52,6 @@ class RandomSongs {
 
   int below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
   bool oneIn(int count) { return below(count) == 0; }
-  template <class T>
-  const T& any(const std::vector<T>& values) {
-    return values.at(m_random() % values.size());
-  }
 
   QBSong* make(QBAlbum& album) {
     QBSong* song = album.createSong("Song");
@@ -306,19 +302,6 @@ TEST_F(SongPropertiesTest, whatCannotBeDrawnIsReported) {
   // No voicing is seen four times, and no chord is left after cleaning.
   EXPECT_EQ(failed({"xxxxxx", "xxxxxx", "xxxxxx"}), (Names{"extractVoicings", "cleanChords"}));
   EXPECT_EQ(failed({"x02210"}), Names{"extractVoicings"});
-}
-
-TEST_F(SongPropertiesTest, anyCommandFollowsAnyOther) {
-  ofRandomSongs(60, [this](QBSong& song, RandomSongs& random) {
-    const std::string first = random.any(m_commands);
-    for (const auto& made : m_desk.perform(&song, first).songs) {
-      const std::string second = random.any(m_commands);
-      m_desk.perform(made, second);
-      EXPECT_EQ(QBTabMgr::db().context().fetch("QBAlbum").size(), 1U) << first << ' ' << second;
-      EXPECT_EQ(QBTabMgr::db().context().fetch("QBSong").size(), m_desk.album()->songs().size())
-          << first << ' ' << second;
-    }
-  });
 }
 
 }  // namespace
