@@ -70,10 +70,6 @@ TEST_F(QBChordAnalyserTest, everyLiveBlockWithATonesBecomesAChordOfTheSong) {
   EXPECT_EQ(m_analyser.nextChord(m_song), nullptr) << "nothing is pending";
 }
 
-TEST_F(QBChordAnalyserTest, tonesComeLoudestFirst) {
-  EXPECT_EQ(tonesOf(chordOf({{110.0, 200}, {196.0, 400}, {329.6, 300}})), "3,0 5,0 1,0 ");
-}
-
 TEST_F(QBChordAnalyserTest, toneWithoutAPlaceIsEnteredOnTheLowestOpenString) {
   EXPECT_EQ(tonesOf(chordOf({{73.41}})), "0,0 ");
   EXPECT_EQ(tonesOf(chordOf({{659.3}})), "0,0 ");

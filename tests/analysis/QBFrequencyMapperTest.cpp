@@ -51,10 +51,5 @@ TEST(QBFrequencyMapper, placesTheCoarseTonesFromE2) {
             std::vector<long>(37, 0));
 }
 
-TEST(QBFrequencyMapper, reportsAnotherFirstBinThanItReads) {
-  EXPECT_EQ(QBFrequencyMapper::smallDOffset(), 30);
-  EXPECT_EQ(QBFrequencyMapper::kSmallDFirstBin, 28U);
-}
-
 }  // namespace
 }  // namespace korvel

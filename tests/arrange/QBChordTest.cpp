@@ -45,14 +45,6 @@ TEST_F(QBChordTest, nameIsRootAndTypeAndTheKeyIsTheFirstName) {
   EXPECT_EQ(minor->toKey(), "Am");
 }
 
-TEST_F(QBChordTest, equalsByNumberAndPlaceOfTones) {
-  EXPECT_TRUE(chord("x02210")->equals(*chord("x02210")));
-  EXPECT_FALSE(chord("x0221x")->equals(*chord("x02210")));
-  EXPECT_FALSE(chord("x02210")->equals(*chord("x0221x")));
-  EXPECT_FALSE(chord("x02210")->equals(*chord("x02211")));
-  EXPECT_TRUE(chord("xxxxxx")->equals(*chord("xxxxxx")));
-}
-
 TEST_F(QBChordTest, copyGoesToTheEndOfItsSongAndTakesTheBlock) {
   QBChord* minor = chord("x02210");
   const auto spectrum = std::make_shared<QBFFTGuitar>(std::vector<double>(), 5);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "audio/QBSampleSource.h"
 
-#include <latch>
-
 #include "audio/shelf/QBTimeMgr.h"
 #include "recording/shelf/QBWaveInFile.h"
 #include "support/ScratchFolder.h"
@@ -50,30 +48,6 @@ TEST(QBSampleSource, takesOnlyFullBuffers) {
   for (const std::uint32_t size : {0U, 4U * 8191, 32767U, 32769U, 65536U})
     source.pushBuffer({}, Sound(1, size));
   EXPECT_EQ(source.readBuffer(), nullptr);
-}
-
-struct HeldSource : QBSampleSource {
-  using QBSampleSource::m_lock;
-};
-
-TEST(QBSampleSource, losesABlockRatherThanWaitForTheLock) {
-  HeldSource source;
-  source.pushBuffer({}, Sound(1));
-  std::latch held(1);
-  std::latch done(1);
-  std::thread holder([&] {
-    const std::lock_guard lock(source.m_lock);
-    held.count_down();
-    done.wait();
-  });
-  held.wait();
-  source.pushBuffer({}, Sound(2));
-  EXPECT_EQ(source.readBuffer(), nullptr);
-  done.count_down();
-  holder.join();
-  source.pushBuffer({}, Sound(3));
-  EXPECT_EQ(source.readBuffer()->toSamples().front(), 1);
-  EXPECT_EQ(source.readBuffer()->toSamples().front(), 3);
 }
 
 TEST(QBSampleSource, keepsOrderAndContentsAcrossThreads) {

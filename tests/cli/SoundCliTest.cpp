@@ -29,16 +29,6 @@ struct SoundCliTest : test::ToolFixture {
   std::optional<test::VirtualSoundCard> m_card;
 };
 
-TEST_F(SoundCliTest, devicesAreListedByName) {
-  m_card->plug("amp", "Twin Amp");
-  const Outcome listed = tool({"devices"});
-  EXPECT_EQ(listed.status, 0) << listed.err;
-  EXPECT_EQ(listed.out,
-            "Outputs\n  System default\n  Card\n  Twin Amp\n"
-            "Inputs\n  System default\n  Monitor of Card\n  Monitor of Twin Amp\n");
-  EXPECT_FALSE(std::filesystem::exists(m_store)) << "devices need no songs";
-}
-
 TEST_F(SoundCliTest, anUnpluggedMicrophoneLeavesWhatWasRecorded) {
   m_card->plug("amp", "Amp");
   test::Running guitar = guitarOn("amp");

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/midi/FluidSynthesizer.h"
 
-#include <complex>
-
 #include "platform/midi/SoundFonts.h"
-#include "platform/numerics/FourierTransform.h"
 #include "support/Guitar.h"
 #include "support/ScratchFolder.h"
 #include "support/SoundFont.h"
@@ -38,37 +35,6 @@ int peakOf(const std::vector<std::int16_t>& samples) {
   int peak = 0;
   for (const int sample : samples) peak = std::max(peak, std::abs(sample));
   return peak;
-}
-
-/// Of the left channel, from the strongest bin and its neighbours.
-double strongestHertz(const std::vector<std::int16_t>& samples) {
-  const std::size_t size = samples.size() / 2;
-  RealTransform transform(size);
-  for (std::size_t i = 0; i < size; ++i)
-    transform.input()[i] =
-        samples[2 * i] *
-        std::pow(std::sin(M_PI * static_cast<double>(i) / static_cast<double>(size)), 2);
-  transform.run();
-  const auto amp = [&](std::size_t bin) { return std::log(std::abs(transform.output()[bin])); };
-  std::size_t best = 1;
-  for (std::size_t bin = 2; bin < size / 2; ++bin)
-    if (amp(bin) > amp(best)) best = bin;
-  const double offset =
-      (amp(best - 1) - amp(best + 1)) / 2 / (amp(best - 1) - 2 * amp(best) + amp(best + 1));
-  return (static_cast<double>(best) + offset) * Synthesizer::kSampleRate /
-         static_cast<double>(size);
-}
-
-TEST(FluidSynthesizer, openLowESoundsAtItsFrequency) {
-  Guitar guitar;
-  guitar.strike(40);
-  guitar.render(4096);  // the pluck
-  const double hertz = strongestHertz(guitar.render(65536));
-  const double partial = std::round(hertz / 82.41);
-  EXPECT_GE(partial, 1);
-  EXPECT_LE(partial, 4);
-  EXPECT_NEAR(hertz / partial, 82.41, 0.2);
-  RecordProperty("hertz", std::to_string(hertz / partial));
 }
 
 TEST(FluidSynthesizer, sixStringsAreLoudAndNotClipped) {

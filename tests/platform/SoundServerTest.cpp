@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sound/SoundServer.h"
 
+#include "support/SaidBy.h"
 #include "support/Testing.h"
 #include "support/VirtualSoundCard.h"
 
@@ -112,16 +113,6 @@ struct SoundServerTest : testing::Test {
   SoundServer m_server;
 };
 
-template <class Action>
-std::string errorOf(const Action& action) {
-  try {
-    action();
-  } catch (const AudioError& error) {
-    return error.what();
-  }
-  return {};
-}
-
 TEST_F(SoundServerTest, listsDevicesByTheNamesOfTheDesktop) {
   m_card->plug("left", "Twin Amp");
   m_card->plug("right", "Twin Amp");
@@ -130,8 +121,9 @@ TEST_F(SoundServerTest, listsDevicesByTheNamesOfTheDesktop) {
                                       "Monitor of Twin Amp (2)"}));
   m_card->unplug("left");
   m_card->unplug("right");
-  EXPECT_EQ(errorOf([&] { m_server.newOutput("Twin Amp", kLiveSound, [](auto&) {}); }),
-            "no sound output \"Twin Amp\"; there is \"System default\", \"Card\"");
+  EXPECT_EQ(
+      test::saidBy<AudioError>([&] { m_server.newOutput("Twin Amp", kLiveSound, [](auto&) {}); }),
+      "no sound output \"Twin Amp\"; there is \"System default\", \"Card\"");
 }
 
 TEST_F(SoundServerTest, whatIsPlayedIsHeardUnchanged) {
@@ -180,7 +172,7 @@ TEST_F(SoundServerTest, anUnpluggedDeviceIsLostAndTheDefaultOneGoesOn) {
   EXPECT_TRUE(eventually([&] { return other.heard() > heard; }));
   EXPECT_TRUE(other.queue().isRunning());
   EXPECT_TRUE(eventually([&] { return tape.changes() == 2 && player.changes() == 2; }));
-  EXPECT_EQ(errorOf([&] { player.queue().start(); }),
+  EXPECT_EQ(test::saidBy<AudioError>([&] { player.queue().start(); }),
             "no sound output \"Amp\"; there is \"System default\", \"Card\"");
 }
 

@@ -150,22 +150,6 @@ TEST_F(UndoManagerTest, anyActionsAreTakenBackAndDoneAgainWhateverWasSaved) {
   }
 }
 
-TEST_F(UndoManagerTest, savedDeletionComesBackAsTheSameObjectAndRow) {
-  Ref<Book> owner = book("b");
-  const Ref<Page> page = this->page(7, owner);
-  owner->setMark(page);
-  const std::string before = saved();
-  act("Delete Page", [&] { m_context->remove(*page); });
-  EXPECT_NE(saved(), before);
-  undo().undo();
-  EXPECT_FALSE(page->isDeleted());
-  EXPECT_EQ(owner->pages().at(0), page.get());
-  EXPECT_EQ(saved(), before) << "with the mark, which the file had lost";
-  reopen();
-  EXPECT_EQ(onlyBook()->mark()->number(), 7);
-  EXPECT_FALSE(undo().canUndo());
-}
-
 TEST_F(UndoManagerTest, groupsWithinOneAnotherAreOneAndEmptyOnesNone) {
   Book* changed = book("b");
   {

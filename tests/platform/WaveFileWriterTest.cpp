@@ -3,6 +3,7 @@
 
 #include "platform/files/FileError.h"
 #include "support/FileSizeLimit.h"
+#include "support/SaidBy.h"
 #include "support/ScratchFolder.h"
 #include "support/Testing.h"
 
@@ -48,12 +49,8 @@ TEST(WaveFileWriter, leavesNothingWhenItFailsOrIsDropped) {
   {
     const test::FileSizeLimit full(4096);
     WaveFileWriter writer(file, 44100, 2);
-    try {
-      writer.write(ramp(10000));
-      ADD_FAILURE() << "must not fit";
-    } catch (const FileError& error) {
-      EXPECT_EQ(error.what(), file.string() + ": cannot write: File too large");
-    }
+    EXPECT_EQ(test::saidBy<FileError>([&] { writer.write(ramp(10000)); }),
+              file.string() + ": cannot write: File too large");
   }
   WaveFileWriter kept(file, 44100, 1, Existing::kept);
   EXPECT_FALSE(kept.finish());

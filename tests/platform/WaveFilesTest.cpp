@@ -8,6 +8,7 @@
 #include "support/FfmpegTool.h"
 #include "support/FileSizeLimit.h"
 #include "support/Guitar.h"
+#include "support/SaidBy.h"
 #include "support/ScratchFolder.h"
 #include "support/Testing.h"
 
@@ -73,13 +74,8 @@ TEST_F(WaveFilesTest, readerMakesLiveSoundOfAnyWave) {
 }
 
 TEST_F(WaveFilesTest, whatIsNoWaveIsNamed) {
-  const auto problemOf = [](const std::string& file) -> std::string {
-    try {
-      const WaveFileReader reader(file);
-    } catch (const FileError& error) {
-      return error.what();
-    }
-    return "";
+  const auto problemOf = [](const std::string& file) {
+    return test::saidBy<FileError>([&] { const WaveFileReader reader(file); });
   };
   test::writeFile(m_in, "no sound");
   EXPECT_EQ(problemOf(m_in),

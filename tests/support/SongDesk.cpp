@@ -7,6 +7,7 @@
 #include <iomanip>
 #include <sstream>
 
+#include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
@@ -16,6 +17,8 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/sqlite/Sqlite.h"
 #include "support/Guitar.h"
+#include "support/StandardStore.h"
+#include "tab/text/SongDrawing.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBSongNode.h"
@@ -83,6 +86,14 @@ Performance SongDesk::perform(QBSong* song, std::string_view command) {
     EXPECT_EQ(titlesOf(node->children()), titlesOf(m_album->songs())) << "in the tree";
   }
   return performance;
+}
+
+QBSong* SongDesk::song(const std::vector<std::string>& chords, int duration) {
+  QBSong* made = m_album->createSong("Song");
+  for (const std::string& frets : chords) readHarmony(*addChord(made, frets, duration));
+  buildTab(*made);
+  QBTabMgr::db().save();
+  return made;
 }
 
 QBSong* SongDesk::import(const std::vector<std::int16_t>& samples, const std::string& title) {

@@ -33,6 +33,8 @@ class SongDesk final : SavePanel {
   QBAlbum* album() const { return m_album; }
   const ScratchFolder& folder() const { return m_folder; }
   Performance perform(QBSong* song, std::string_view command);
+  /// A drawn and saved song of chords as `addChord` takes them, named.
+  QBSong* song(const std::vector<std::string>& chords, int duration = 1);
   /// Imports a recording from samples.
   QBSong* import(const std::vector<std::int16_t>& samples, const std::string& title);
   void deleteSongs(const std::vector<platform::Ref<QBSong>>& songs);

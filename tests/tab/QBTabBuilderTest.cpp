@@ -75,7 +75,7 @@ TEST_F(QBTabBuilderTest, movedTonesKeepAllButTheirPlace) {
   low->setActive(false);
   hold.setFretOfString(5, 0);  // leaves the index, and the span, at the twelfth fret
   BestFingering().execute(nullptr, chord, nullptr);
-  EXPECT_EQ(test::fretsOf(*chord), "xxx45x");
+  EXPECT_EQ(test::fretsOf(*chord), "xxx-5x");
   EXPECT_EQ(hold.readSortedTones().size(), 2U);
   const QBTone* moved = hold.findTone(3, 4);
   ASSERT_NE(moved, nullptr);

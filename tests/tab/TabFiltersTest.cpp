@@ -52,22 +52,23 @@ struct TabFiltersTest : testing::Test {
 };
 
 TEST_F(TabFiltersTest, doAsWritten) {
-  test::expectScript("tab/filters.txt", {{"picked", of([](QBSong& song) {
-                                            return durationsOf(*QBTabFilter(&song, &song).filter());
-                                          })},
-                                         {"found", found(nullptr)},
-                                         {"complete", found(&QBTabBuilder::keepComplete)},
-                                         {"cleanedUp", found(&QBTabBuilder::cleanUp)},
-                                         {"fingered", of([](QBSong& song) {
-                                            BestFingering best;
-                                            song.iterate(best);
-                                            return test::fretsOf(song);
-                                          })},
-                                         {"pattern", [](const Words& words) {
-                                            QBTabMgr::db().addPattern(words[0], words.number(1));
-                                            QBTabMgr::db().loadPatterns();
-                                            return "";
-                                          }}});
+  test::expectScript("tab/fingerings.txt",
+                     {{"picked", of([](QBSong& song) {
+                         return durationsOf(*QBTabFilter(&song, &song).filter());
+                       })},
+                      {"found", found(nullptr)},
+                      {"complete", found(&QBTabBuilder::keepComplete)},
+                      {"cleanedUp", found(&QBTabBuilder::cleanUp)},
+                      {"fingered", of([](QBSong& song) {
+                         BestFingering best;
+                         song.iterate(best);
+                         return test::fretsOf(song);
+                       })},
+                      {"pattern", [](const Words& words) {
+                         QBTabMgr::db().addPattern(words[0], words.number(1));
+                         QBTabMgr::db().loadPatterns();
+                         return "";
+                       }}});
 }
 
 }  // namespace

@@ -85,25 +85,6 @@ TEST_F(LibraryEditsTest, seedingFillsWhatIsMissingOnly) {
   EXPECT_EQ(m_store.standard()->descr(), "Renamed");
 }
 
-TEST_F(LibraryEditsTest, treeKeepsItsNodesAndLetsGoOfTheActiveOneThatIsDeleted) {
-  QBAlbum* album = newAlbum("A");
-  song(album, "S");
-  LibraryTree tree(QBTabMgr::db(), QBSession::session());
-  const auto node = tree.albums().front();
-  QBSession& session = QBSession::session();
-  session.setActiveTreeNode(node->children().front().get());
-  session.setActiveSong(node->children().front()->song());
-  song(album, "T");
-  tree.refresh();
-  EXPECT_EQ(tree.albums().front(), node);
-  EXPECT_EQ(session.activeSongNode(), node->children().front().get());
-  deleteAlbum(*album);
-  EXPECT_EQ(session.activeSong(), nullptr);
-  tree.refresh();
-  EXPECT_EQ(session.activeSongNode(), nullptr);
-  EXPECT_TRUE(tree.albums().empty());
-}
-
 TEST_F(LibraryEditsTest, editedTuningSoundsAsItSaysAndKeepsItsPlace) {
   QBTuning* open = newTuning(KnownTuning::dropD);
   EXPECT_EQ(open->descr(), "Drop D_2");

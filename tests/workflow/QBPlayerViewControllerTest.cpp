@@ -2,10 +2,10 @@
 #include "workflow/playing/QBPlayerViewController.h"
 
 #include "music/ChordStep.h"
-#include "platform/loop/PlainRunLoop.h"
 #include "platform/midi/FluidSynthesizer.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/HandAudio.h"
+#include "support/JumpingLoop.h"
 #include "support/RecordingViews.h"
 #include "support/Script.h"
 #include "support/SoundFont.h"
@@ -15,35 +15,7 @@
 namespace korvel {
 namespace {
 
-using platform::PlainRunLoop;
 using test::Words;
-
-/// A run loop whose time passes by listening.
-class ListeningLoop {
- public:
-  explicit ListeningLoop(test::HandAudio& audio) : m_audio(audio) {
-    platform::RunLoop::install(&m_loop);
-  }
-  ~ListeningLoop() { platform::RunLoop::install(nullptr); }
-
-  void run(double seconds) {
-    const auto end = m_now + std::chrono::duration_cast<PlainRunLoop::Time::duration>(
-                                 std::chrono::duration<double>(seconds));
-    const auto wakening = m_loop.scheduleRepeating(seconds, [] {});
-    m_loop.runUntil([&] { return m_now >= end; });
-  }
-
- private:
-  void listenUntil(PlainRunLoop::Time time) {
-    const std::chrono::duration<double> passed = time - m_now;
-    m_now = time;
-    m_audio.play(static_cast<std::size_t>(std::lround(passed.count() * 44100)));
-  }
-
-  test::HandAudio& m_audio;
-  PlainRunLoop::Time m_now;
-  PlainRunLoop m_loop{{[this] { return m_now; }, [this](auto time) { listenUntil(time); }}};
-};
 
 struct Controls final : PlayerControls {
   void lockMIDI() override { told.emplace_back("locked"); }
@@ -79,6 +51,7 @@ struct QBPlayerViewControllerTest : testing::Test {
     return std::make_unique<platform::MusicPlayer>(
         m_audio, m_device, std::make_unique<platform::FluidSynthesizer>(m_font, std::vector{25}));
   }
+  void listen(double seconds) { m_loop.run(std::chrono::duration<double>(seconds)); }
   /// What the controls were told since, and how things stand.
   std::string news() {
     std::string text;
@@ -104,7 +77,9 @@ struct QBPlayerViewControllerTest : testing::Test {
   test::RecordingViews m_views;
   platform::Ref<QBSong> m_song;
   test::HandAudio m_audio;
-  ListeningLoop m_loop{m_audio};
+  test::JumpingLoop m_loop{[this](double seconds) {
+    m_audio.play(static_cast<std::size_t>(std::lround(seconds * 44100)));
+  }};
   Controls m_controls;
   std::string m_device, m_font = test::kSoundFont;
   QBPlayerViewController m_player{m_controls, [this] { return newPlayer(); }};
@@ -128,7 +103,7 @@ TEST_F(QBPlayerViewControllerTest, playsAsWritten) {
         })},
        {"play", after([&](const Words&) { m_player.play(); })},
        {"stop", after([&](const Words&) { m_player.stop(); })},
-       {"run", after([&](const Words& words) { m_loop.run(words.real(0)); })},
+       {"run", after([&](const Words& words) { listen(words.real(0)); })},
        {"keepLooping", after([&](const Words&) { m_player.keepLooping(); })},
        {"slider", after([&](const Words& words) {
           m_controls.slider = words.number(0);
@@ -161,14 +136,14 @@ TEST_F(QBPlayerViewControllerTest, placeIsToldAsItIsHeardAfterTheCountIn) {
   m_player.setClickVolume(0);
   m_player.play();
   m_controls.told.clear();
-  m_loop.run(15 * kSecondsOfChord);
+  listen(15 * kSecondsOfChord);
   m_player.followSound();
   EXPECT_TRUE(m_controls.told.empty()) << "four clicks, which are not heard";
   EXPECT_EQ(std::ranges::max(m_audio.heard()), 0);
-  m_loop.run(1.1 * kSecondsOfChord);
+  listen(1.1 * kSecondsOfChord);
   m_controls.told.clear();
   for (int i = 0; i < 4; ++i) {
-    m_loop.run(0.3 * kSecondsOfChord);
+    listen(0.3 * kSecondsOfChord);
     m_player.followSound();
   }
   EXPECT_NEAR(m_player.secondsHeard(), 3 * kSecondsOfChord, 1e-6);

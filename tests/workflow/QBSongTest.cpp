@@ -105,7 +105,7 @@ TEST_F(QBSongTest, answersAsWritten) {
     return made->title() + ": " + test::fretsOf(*made);
   };
   test::expectScript(
-      "songs/songs.txt",
+      "songs/parts.txt",
       {{"range",  // of five chords
         [&](const Words& words) {
           return positions(

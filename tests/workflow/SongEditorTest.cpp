@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/SongEditor.h"
 
-#include "arrange/harmony/HarmonyOfChord.h"
 #include "platform/persistence/UndoManager.h"
 #include "support/Script.h"
 #include "support/SongDesk.h"
@@ -38,10 +37,8 @@ std::string drawn(const QBChord& chord) {
 
 struct SongEditorTest : testing::Test {
   void make(const std::vector<std::string>& chords, int duration = 1) {
-    m_song = m_desk.album()->createSong("Song");
-    for (const auto& frets : chords) readHarmony(*test::addChord(m_song, frets, duration));
-    buildTab(*m_song);
-    save();
+    m_song = m_desk.song(chords, duration);
+    m_before = contents();
   }
   void save() {
     QBTabMgr::db().save();
@@ -84,7 +81,7 @@ struct SongEditorTest : testing::Test {
 TEST_F(SongEditorTest, editsAsWritten) {
   using Editor = SongEditor&;
   test::expectScript(
-      "editing/songs.txt",
+      "editing/edits.txt",
       {{"song", [&](const Words& words) { return make(words.from(0)), state(); }},
        {"inMetre",
         [&](const Words& words) {

@@ -122,13 +122,6 @@ class User {
 };
 
 struct UndoCommandsTest : testing::Test {
-  QBSong* song(const std::vector<const char*>& chords) {
-    QBSong* made = m_desk.album()->createSong("Song");
-    for (const char* frets : chords) readHarmony(*test::addChord(made, frets));
-    buildTab(*made);
-    QBTabMgr::db().save();
-    return made;
-  }
   /// What a user sees of all songs, drawn from scratch: nothing that was kept may be out of date.
   static std::string drawn() {
     std::string text;
@@ -151,7 +144,7 @@ TEST_F(UndoCommandsTest, everythingThatIsDoneIsTakenBackAndDoneAgain) {
     const testing::ScopedTrace trace(__FILE__, __LINE__, std::to_string(seed));
     User user(seed);
     while (m_session.undo()) continue;
-    song({"x02210", "133211", "xxxxxx", "320003", "x24432"});
+    m_desk.song({"x02210", "133211", "xxxxxx", "320003", "x24432"});
     m_desk.reopen();
     std::vector<std::string> files{saved()}, drawings{drawn()};
     std::vector<std::string> names;
@@ -190,7 +183,7 @@ TEST_F(UndoCommandsTest, everythingThatIsDoneIsTakenBackAndDoneAgain) {
 }
 
 TEST_F(UndoCommandsTest, actionsAreCalledAsTheirMenuSaysAndLogged) {
-  song({"x02210", "x02210"});
+  m_desk.song({"x02210", "x02210"});
   const auto tree = AlbumNode::withSongs(m_desk.album());
   const auto nameOf = [&](const char* command) {
     EXPECT_TRUE(tree->children().front()->perform(command));
@@ -228,7 +221,7 @@ struct Auditor final : OutputView {
 };
 
 TEST_F(UndoCommandsTest, whatTheLogSaysIsSaved) {
-  song({"x02210", "x02210"});
+  m_desk.song({"x02210", "x02210"});
   const auto tree = AlbumNode::withSongs(m_desk.album());
   const Auditor auditor;
   for (const char* command : {"extractMelody", "copySong", "deleteSong"})
@@ -237,7 +230,7 @@ TEST_F(UndoCommandsTest, whatTheLogSaysIsSaved) {
 }
 
 TEST_F(UndoCommandsTest, steppedImportIsOneActionBesideOthers) {
-  QBSong* other = song({"x02210"});
+  QBSong* other = m_desk.song({"x02210"});
   const std::string before = saved();
   const std::string file = m_desk.folder().file("a.wav");
   test::writeWav(file, test::fewChords());

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Runs a command until it has written a second of sound into a new file, sends it the signals that are
-named, and ends as it does."""
+named, and ends as it does. A store has to be there before, as it is as large when it is made."""
 import pathlib
 import signal
 import subprocess

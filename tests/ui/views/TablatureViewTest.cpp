@@ -10,6 +10,7 @@
 
 #include "platform/files/FileError.h"
 #include "support/Approved.h"
+#include "support/SaidBy.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
@@ -208,12 +209,9 @@ TEST_F(TablatureViewTest, pdfAppearsWholeOrNotAtAll) {
   const std::string pdf = test::readFile(file);
   EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
   const std::string missing = m_store.folder().file("missing/waltz.pdf");
-  try {
-    savePdf(*m_song, m_view.tabFont(), missing);
-    FAIL() << "nothing was thrown";
-  } catch (const platform::FileError& error) {
-    EXPECT_EQ(error.file(), missing);
-  }
+  EXPECT_TRUE(test::saidBy<platform::FileError>([&] {
+                savePdf(*m_song, m_view.tabFont(), missing);
+              }).starts_with(missing + ": "));
 }
 
 }  // namespace
