@@ -47,7 +47,7 @@ TEST_F(CalibrationTest, entersHarmonicsWhereTheOpenStringHasThem) {
   EXPECT_EQ(m_calibration.unknownStrings(), (std::vector{1, 2, 3, 4, 5}));
   addUpperStrings(m_calibration);
   EXPECT_TRUE(m_calibration.unknownStrings().empty());
-  m_calibration.createInstrument("Guitar", 0.75F, 0.7);
+  m_calibration.createInstrument(QBTabMgr::db(), "Guitar", 0.75F, 0.7);
   EXPECT_EQ(overtonesOf(0), "0,0 x6  2,2 x5  ") << "itself and the octave";
   EXPECT_EQ(overtonesOf(2), "2,0 x12  4,3 x10  ") << "two notes within its reach";
   EXPECT_EQ(overtonesOf(5), "5,0 x6  ") << "its harmonics are beyond the detection";
@@ -56,9 +56,9 @@ TEST_F(CalibrationTest, entersHarmonicsWhereTheOpenStringHasThem) {
 TEST_F(CalibrationTest, dropsWhatIsSeldomHeard) {
   add(m_calibration, {{{43}, 4.0}, {{43, 48}, 2.0}}, 43);
   addUpperStrings(m_calibration);
-  m_calibration.createInstrument("Guitar", 0.75F, 0.2);
+  m_calibration.createInstrument(QBTabMgr::db(), "Guitar", 0.75F, 0.2);
   EXPECT_NE(overtonesOf(0).find("1,0 x"), std::string::npos) << "in a third of the blocks";
-  m_calibration.createInstrument("Guitar", 0.75F, 0.6);
+  m_calibration.createInstrument(QBTabMgr::db(), "Guitar", 0.75F, 0.6);
   EXPECT_EQ(overtonesOf(0).find("1,0 x"), std::string::npos);
 }
 

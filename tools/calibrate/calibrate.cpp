@@ -119,7 +119,8 @@ QBInstrument& measured(const Options& options) {
   if (!unknown.empty())
     throw std::runtime_error("no recording holds enough of string " +
                              std::to_string(kStrings - unknown.front()));
-  return calibration.createInstrument(options.name, options.detailLevel, options.smallestShare);
+  return calibration.createInstrument(QBTabMgr::db(), options.name, options.detailLevel,
+                                      options.smallestShare);
 }
 
 void calibrate(const Options& options) {

@@ -112,10 +112,10 @@ std::vector<int> Calibration::unknownStrings() const {
   return unknown;
 }
 
-QBInstrument& Calibration::createInstrument(const std::string& name, float detailLevel,
-                                            double smallestShare) const {
+QBInstrument& Calibration::createInstrument(QBTabMgr& db, const std::string& name,
+                                            float detailLevel, double smallestShare) const {
   QBInstrument& instrument =
-      *QBTabMgr::db().createInstrument(m_tuning, name, false, true, detailLevel, kFullVolume);
+      *db.createInstrument(m_tuning, name, false, true, detailLevel, kFullVolume);
   for (const auto& spectrum : instrument.readAllSpectrums())
     fill(*spectrum, spectrum->string()->order(), smallestShare);
   instrument.defineAsCalibrated();

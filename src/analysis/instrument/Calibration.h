@@ -15,6 +15,7 @@ namespace korvel {
 
 class QBInstrument;
 class QBSpectrum;
+class QBTabMgr;
 class QBTuning;
 
 /// A tone that the classic detection hears in a block.
@@ -54,11 +55,11 @@ class Calibration {
   std::vector<int> unknownStrings() const;
   QBTuning* tuning() const;
 
-  /// Makes the instrument, which is not the active one, in the store in use. A position stays when
+  /// Makes the instrument, which is not the active one, in a store. A position stays when
   /// it was heard in at least that share of the blocks in which its string sounded, and at least
   /// three times. The detail level is the share of a string's hits that a tone must find to be
   /// kept. Every string must be known.
-  QBInstrument& createInstrument(const std::string& name, float detailLevel,
+  QBInstrument& createInstrument(QBTabMgr& db, const std::string& name, float detailLevel,
                                  double smallestShare) const;
 
  private:

@@ -53,7 +53,7 @@ void setLoop(QBSong& song, int first, int last) {
 void clearLoop(QBSong& song) {
   Edit edit(song, platform::phrase("UndoAction", "Reset Loop"));
   edit.joinAlike();
-  QBSession::session().resetLoop(song);
+  edit.session().resetLoop(song);
   edit.redraw();
   edit.save();
 }

@@ -52,18 +52,17 @@ void makeSelected(QBTabMgr& db, QBInstrument& instrument) {
 }
 
 /// Nothing confirms or refutes the tones of a string without overtones.
-void warnOfMissing(QBInstrument& instrument) {
+void warnOfMissing(QBSession& session, QBInstrument& instrument) {
   std::string missing;
   for (int string = kStrings - 1; string >= 0; --string)
     if (instrument.findSpectrumByString(string)->overtones().empty())
       missing += (missing.empty() ? "" : ", ") + std::to_string(kStrings - string);
   if (!missing.empty())
-    QBSession::session().addToLog("The file has no overtones of string " + missing +
-                                  "; tones there count unconfirmed.");
+    session.addToLog("The file has no overtones of string " + missing +
+                     "; tones there count unconfirmed.");
 }
 
-void leave(const QBAlbum& album) {
-  QBSession& session = QBSession::session();
+void leave(QBSession& session, const QBAlbum& album) {
   const QBSong* active = session.activeSong();
   if (active && active->album() == &album) session.setActiveSong(nullptr);
 }
@@ -103,7 +102,7 @@ QBAlbum* cloneAlbum(QBAlbum& album) {
 void deleteAlbum(QBAlbum& album) {
   Edit edit(phrase("UndoAction", "Delete Album"));
   for (const QBSong* song : album.songs()) SongInWork::requireDeletable(*song);
-  leave(album);
+  leave(edit.session(), album);
   edit.db().deleteAlbum(&album);
   edit.done("Album was successfully deleted.");
 }
@@ -159,15 +158,15 @@ QBInstrument* importInstrument(const std::string& file) {
   QBMusicXMLParser(file).parse();
   QBInstrument* instrument = db.selectedInstrument();
   edit.done("Instrument imported.");
-  warnOfMissing(*instrument);
+  warnOfMissing(edit.session(), *instrument);
   return instrument;
 }
 
 QBInstrument* addInstrument(const std::string& name, const Calibration& measured) {
   Edit edit(phrase("UndoAction", "Calibrate Instrument"));
   requireInstrumentName(edit.db(), name);
-  QBInstrument& instrument =
-      measured.createInstrument(name, Calibration::kDetailLevel, Calibration::kSmallestShare);
+  QBInstrument& instrument = measured.createInstrument(edit.db(), name, Calibration::kDetailLevel,
+                                                       Calibration::kSmallestShare);
   makeSelected(edit.db(), instrument);
   edit.done("Instrument calibrated.");
   return &instrument;

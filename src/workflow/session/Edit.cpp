@@ -11,12 +11,17 @@
 namespace korvel {
 
 Edit::Edit(const platform::Phrase& title)
-    : m_db(QBTabMgr::db()), m_group(m_db.context().undoManager(), title) {
+    : m_db(QBTabMgr::db()),
+      m_session(QBSession::session()),
+      m_group(m_db.context().undoManager(), title) {
   requireWritable(m_db);
 }
 
 Edit::Edit(QBSong& song, const platform::Phrase& title)
-    : m_db(QBTabMgr::db()), m_song(&song), m_group(m_db.context().undoManager(), title) {
+    : m_db(QBTabMgr::db()),
+      m_session(QBSession::session()),
+      m_song(&song),
+      m_group(m_db.context().undoManager(), title) {
   requireWritable(m_db);
 }
 
@@ -34,7 +39,7 @@ Edit::~Edit() {
   try {
     rollBack();
   } catch (const std::exception& exception) {
-    QBSession::session().handleException("edit", exception);
+    m_session.handleException("edit", exception);
   }
 }
 
@@ -58,8 +63,8 @@ void Edit::save() {
 
 void Edit::done(std::string_view line) {
   save();
-  QBSession::session().addToLog(line);
-  QBSession::session().refreshTree();
+  m_session.addToLog(line);
+  m_session.refreshTree();
 }
 
 }  // namespace korvel

@@ -8,6 +8,7 @@
 
 namespace korvel {
 
+class QBSession;
 class QBSong;
 class QBTabMgr;
 
@@ -34,6 +35,7 @@ class Edit {
   static void requireWritable(const QBTabMgr& db);
 
   QBTabMgr& db() const { return m_db; }
+  QBSession& session() const { return m_session; }
 
   /// Is one action with the one before it, if that was such an edit of the same song: undo then
   /// takes back all of them.
@@ -52,6 +54,7 @@ class Edit {
   void rollBack();
 
   QBTabMgr& m_db;
+  QBSession& m_session;
   const platform::Ref<QBSong> m_song;
   platform::UndoGroup m_group;
   bool m_done = false;
