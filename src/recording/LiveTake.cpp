@@ -115,4 +115,12 @@ std::vector<fs::path> LiveTake::leftIn(const fs::path& folder) {
   return takes;
 }
 
+double LiveTake::secondsOf(const fs::path& file) {
+  constexpr double kBytesOfSecond = double(kRate) * kChannels * sizeof(std::int16_t);
+  std::error_code gone;
+  const std::uintmax_t size = fs::file_size(file, gone);
+  constexpr auto kHeader = platform::GrowingWaveFile::kEmptySize;
+  return gone || size < kHeader ? 0 : static_cast<double>(size - kHeader) / kBytesOfSecond;
+}
+
 }  // namespace korvel

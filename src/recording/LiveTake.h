@@ -54,6 +54,8 @@ class LiveTake {
   /// Takes that nobody records any more and nobody removed, oldest name first. Those without sound
   /// are removed here.
   static std::vector<std::filesystem::path> leftIn(const std::filesystem::path& folder);
+  /// How long the sound in such a file is; 0 for one that is gone.
+  static double secondsOf(const std::filesystem::path& file);
 
  private:
   void addFrames(std::span<const std::int16_t> samples);

@@ -58,6 +58,54 @@ TEST_F(ImportDeskTest, stoppedImportKeepsWhatWasHeardSoFar) {
   }
 }
 
+TEST_F(ImportDeskTest, songThatIsNotWholeSaysSoAndIsHeardAgainInItsPlace) {
+  const auto whole = start(ImportDetection::classic);
+  runUntil([&] { return !whole->isRunning(); });
+  EXPECT_TRUE(whole->newSong()->isWhole());
+  const std::string expected = test::linesOf(*whole->newSong());
+  ImportDesk desk(*m_tree);
+  desk.setDetection(ImportDetection::classic, {});
+  for (const bool keeps : {true, false}) {
+    const auto cut = start(ImportDetection::classic);
+    runUntil([&] { return cut->newSong()->chords().size() == 5; });
+    const auto left = keeps ? ImportDesk::running() : ImportDesk::leaveAll();
+    if (keeps) ImportDesk::endAll();
+    const platform::Ref<QBSong> song = cut->newSong();
+    EXPECT_FALSE(cut->isRunning() || song->isWhole());
+    EXPECT_NE(song->tabulature().find("The recording was not heard to its end."),
+              std::string::npos);
+    const auto again = desk.goOn(left.front());
+    ASSERT_NE(again, nullptr);
+    m_tree->refresh();
+    EXPECT_EQ(m_tree->albums().back()->children().size(), 1U) << "only the old one is shown";
+    EXPECT_EQ(desk.hearAgain(*song), nullptr) << "once at a time";
+    runUntil([&] { return !again->isRunning(); });
+    EXPECT_TRUE(song->isDeleted());
+    EXPECT_EQ(test::linesOf(*again->newSong()), expected);
+    EXPECT_TRUE(again->newSong()->isWhole());
+    EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+    EXPECT_TRUE(QBSession::session().undo());
+    EXPECT_EQ(song->chords().size(), 5U) << "one action";
+    EXPECT_TRUE(QBSession::session().redo());
+    EXPECT_EQ(m_tree->albums().back()->album()->songs().size(), 1U);
+  }
+}
+
+TEST_F(ImportDeskTest, restingImportIsDropped) {
+  const std::size_t albums = stored("QBAlbum");
+  const auto import = start(ImportDetection::classic);
+  runUntil([&] { return import->newSong()->chords().size() == 3; });
+  deleteAlbum(*import->newSong()->album());
+  runUntil([&] { return !import->isRunning(); });
+  EXPECT_TRUE(import->isPaused());
+  import->cancelAndDrop();
+  EXPECT_FALSE(import->isPaused());
+  EXPECT_FALSE(QBSession::session().undo()) << "there would be half a song";
+  EXPECT_EQ(stored("QBChord"), 0U);
+  EXPECT_EQ(stored("QBBlock"), 0U);
+  EXPECT_EQ(stored("QBAlbum"), albums);
+}
+
 TEST_F(ImportDeskTest, importWaitsUntilTheStoreHasRoom) {
   const auto import = start(ImportDetection::classic);
   int told = 0;

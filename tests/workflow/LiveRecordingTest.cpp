@@ -11,6 +11,7 @@
 #include "support/JumpingLoop.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "workflow/hearing/Takes.h"
 
 namespace korvel {
 namespace {
@@ -154,34 +155,48 @@ TEST_F(LiveRecordingTest, blocksThatComeWhileTheDeviceEndsAreHeard) {
   EXPECT_EQ(recording.song()->chords().size(), 4U);
 }
 
-TEST_F(LiveRecordingTest, howeverItEndsWhatWasRecordedIsStored) {
-  struct Way {
-    bool precise;
-    std::function<void(LiveRecording&)> end;
-  };
-  const Way ways[] = {{true, [this](LiveRecording&) { m_microphone.end(true); }},
-                      {false,
-                       [](LiveRecording& recording) {
-                         recording.endNow();
-                         EXPECT_EQ(recording.state(), State::over);
-                       }},
-                      {false, [](LiveRecording& recording) {
-                         recording.onProgress([&](double) { recording.cancel(); });
-                         recording.stop();
-                       }}};
-  for (const Way& way : ways) {
-    m_heard.clear();
-    LiveRecording& recording = begin();
-    hear(strum("x02210", 8));
-    way.end(recording);
-    finish();
-    EXPECT_EQ(recording.ending() == LiveRecording::Ending::deviceLost, way.precise);
-    EXPECT_EQ(recording.isPrecise(), way.precise);
-    ASSERT_NE(recording.song(), nullptr);
-    EXPECT_TRUE(way.precise || test::fretsOf(*recording.song()) == m_heard);
-    EXPECT_FALSE(QBTabMgr::db().context().hasChanges() || recording.takeLeft());
-    QBTabMgr::db().deleteAlbum(recording.song()->album());
-  }
+TEST_F(LiveRecordingTest, lostDeviceKeepsWhatWasRecorded) {
+  LiveRecording& recording = begin();
+  hear(strum("x02210", 8));
+  m_microphone.end(true);
+  finish();
+  EXPECT_EQ(recording.ending(), LiveRecording::Ending::deviceLost);
+  EXPECT_TRUE(recording.isPrecise());
+  EXPECT_EQ(songs(), "Live/T ");
+}
+
+TEST_F(LiveRecordingTest, cancelledHearingLeavesTheLiveSong) {
+  LiveRecording& recording = begin();
+  recording.onProgress([&](double) { recording.cancel(); });
+  hear(strum("x02210", 8));
+  recording.stop();
+  finish();
+  ASSERT_NE(recording.song(), nullptr);
+  EXPECT_FALSE(recording.isPrecise());
+  EXPECT_EQ(test::fretsOf(*recording.song()), m_heard);
+  EXPECT_EQ(songs(), "Live/T ");
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+  EXPECT_FALSE(recording.takeLeft());
+  EXPECT_TRUE(recording.song()->isWhole()) << "as the user wished";
+  EXPECT_EQ(recording.song()->tabulature().find("not heard"), std::string::npos);
+}
+
+TEST_F(LiveRecordingTest, programThatEndsStoresWhatWasHeardLiveAndKeepsTheSound) {
+  LiveRecording& recording = begin();
+  hear(strum("x02210", 8));
+  m_loop.run(std::chrono::milliseconds(120));
+  recording.endNow();
+  EXPECT_EQ(recording.state(), State::over);
+  ASSERT_NE(recording.song(), nullptr);
+  EXPECT_EQ(recording.song()->chords().size(), 8U);
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+  ASSERT_TRUE(recording.takeLeft().has_value());
+  m_recording.reset();
+  const auto left = takesLeft();
+  ASSERT_EQ(left.size(), 1U);
+  ASSERT_NE(left.front().song, nullptr);
+  EXPECT_EQ(left.front().song->title(), "T");
+  EXPECT_NEAR(left.front().seconds, 8 * 8192 / 44100.0, 1e-9);
 }
 
 TEST_F(LiveRecordingTest, songThatIsDeletedMeanwhileLeavesTheTake) {

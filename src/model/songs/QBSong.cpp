@@ -28,6 +28,7 @@ platform::EntityDescription QBSong::describe() {
       .attribute<&QBSong::m_tempoRate>("tempoRate")
       .attribute<&QBSong::m_tabulature>("tabulature", platform::Fetch::onDemand)
       .attribute<&QBSong::m_descr>("descr")
+      .attribute<&QBSong::m_unheard>("unheard")
       .toOne<&QBSong::m_album>("album", "QBAlbum", "songs")
       .toOne<&QBSong::m_tuning>("tuning", "QBTuning", "songs")
       .toOne<&QBSong::m_fromChord>("fromChord", "QBChord")

@@ -46,6 +46,12 @@ class QBSong final : public platform::ManagedObject {
   bool hasTabulature() const { return hasOnDemand(m_tabulature); }
   const std::string& descr() const { return read(m_descr); }
   void setDescr(std::string value) { assign(m_descr, std::move(value)); }
+  /// File of the recording that the song is not all of yet: its end was not heard, or it was heard
+  /// live only. Unset for a song that is whole.
+  const std::string& unheard() const { return read(m_unheard); }
+  void setUnheard(std::string file) { assign(m_unheard, std::move(file)); }
+  void clearUnheard() { unset(m_unheard); }
+  bool isWhole() const { return !has(m_unheard); }
   QBAlbum* album() const;
   void setAlbum(QBAlbum* value);
   QBTuning* tuning() const;
@@ -93,6 +99,7 @@ class QBSong final : public platform::ManagedObject {
   platform::Attribute<float> m_tempoRate;
   platform::Attribute<std::string> m_tabulature;
   platform::Attribute<std::string> m_descr;
+  platform::Attribute<std::string> m_unheard;
   platform::ToOne<QBAlbum> m_album;
   platform::ToOne<QBTuning> m_tuning;
   platform::ToOne<QBChord> m_fromChord;

@@ -25,7 +25,7 @@ namespace {
 
 constexpr platform::StoreFile::Format kFormat{
     .applicationId = 0x4b52564c,  // "KRVL"
-    .version = 1,
+    .version = 2,
 };
 
 std::vector<platform::EntityDescription> descriptions() {

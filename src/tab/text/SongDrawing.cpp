@@ -17,6 +17,9 @@ namespace korvel {
 namespace {
 
 constexpr int kLoopRow = 9;
+constexpr int kNoteRow = 11;
+constexpr int kColumnOfNote = 2;
+constexpr const char* kNotWhole = "The recording was not heard to its end.";
 /// Progress: the share of building a tablature that is spent on drawing; the rest is reading it
 /// out.
 constexpr double kShareOfDrawing = 0.8;
@@ -72,9 +75,20 @@ platform::Slices byMeasures(QBSong& song, const QBSong* loopOf, QBTabMatrix& mat
   }
 }
 
+/// Below the last system, so that nobody takes the end of what was heard for that of the music.
+void markEnd(QBTabMatrix& matrix, const QBSong& song) {
+  if (!song.isWhole()) matrix.horText(kColumnOfNote, matrix.m_yPos + kNoteRow, kNotWhole);
+}
+
+platform::Slices withEnd(platform::Slices work, const QBSong& song, QBTabMatrix& matrix) {
+  while (work.next()) co_yield work.done();
+  markEnd(matrix, song);
+}
+
 platform::Slices drawingInWidth(QBSong& song, QBTabMatrix& matrix, int width) {
-  return song.measures().empty() ? chordByChord(song, LoopRange(&song), matrix, width)
-                                 : byMeasures(song, &song, matrix);
+  return withEnd(song.measures().empty() ? chordByChord(song, LoopRange(&song), matrix, width)
+                                         : byMeasures(song, &song, matrix),
+                 song, matrix);
 }
 
 platform::Slices drawing(QBSong& song, QBTabMatrix& matrix) {
@@ -88,12 +102,13 @@ std::string drawn(platform::Slices (*draw)(QBSong&, QBTabMatrix&), QBSong& song)
 }
 
 platform::Slices drawingForExport(QBSong& song, QBTabMatrix& matrix) {
-  return song.measures().empty() ? chordByChord(song, LoopRange(), matrix)
-                                 : byMeasures(song, nullptr, matrix);
+  return withEnd(song.measures().empty() ? chordByChord(song, LoopRange(), matrix)
+                                         : byMeasures(song, nullptr, matrix),
+                 song, matrix);
 }
 
 platform::Slices drawingByMeasures(QBSong& song, QBTabMatrix& matrix) {
-  return byMeasures(song, &song, matrix);
+  return withEnd(byMeasures(song, &song, matrix), song, matrix);
 }
 
 }  // namespace

@@ -19,7 +19,9 @@
 #include "workflow/library/LibraryTree.h"
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/session/Edit.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
+#include "workflow/session/SongInWork.h"
 
 namespace korvel {
 namespace {
@@ -40,8 +42,20 @@ QBSong* newSong(const std::string& file, QBAlbum* into) {
   return song;
 }
 
+/// One that hears a song again goes on with that at the next start.
 ImportUnderWay stateOf(const QBCmdImportSong& import) {
-  return {import.file(), import.newSong()->objectId(), import.newSong()->title()};
+  const QBSong* song = import.shownSong();
+  return {import.file(), song->objectId(), song->title(), import.replaces()};
+}
+
+std::vector<QBCmdImportSong*> runningCommands() {
+  const QBSession& session = QBSession::session();
+  std::vector<QBCmdImportSong*> imports;
+  for (std::size_t i = 0; i < session.numberOfCurrentJobs(); ++i) {
+    auto* import = dynamic_cast<QBCmdImportSong*>(&session.findJobByIndex(i));
+    if (import && import->isRunning()) imports.push_back(import);
+  }
+  return imports;
 }
 
 /// Whether all went well.
@@ -79,6 +93,37 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
   }
 }
 
+std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song) {
+  try {
+    return startAgain(song);
+  } catch (const std::exception& exception) {
+    QBSession::session().handleException("importSong", exception);
+    return nullptr;
+  }
+}
+
+std::shared_ptr<QBCmdImportSong> ImportDesk::goOn(const ImportUnderWay& left) {
+  QBSong* song = storedSong(left);
+  return song && !song->isWhole() ? hearAgain(*song) : nullptr;
+}
+
+std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
+  Edit::requireWritable(QBTabMgr::db());
+  if (SongInWork::is(song))
+    throw EditRefused(platform::phrase("Message", "%1: is being heard already"), song.title());
+  const std::string file = song.unheard();
+  requireSound(file);
+  if (detectionOf(m_detection).needsInstrument) requireInstrument();
+  QBTabMgr& db = QBTabMgr::db();
+  db.context().checkAhead();
+  const auto made =
+      command(file, db.createSong(song.title(), song.tuning(), db.selectedInstrument(), nullptr),
+              song.album());
+  made->setReplaced(&song);
+  run(made);
+  return made;
+}
+
 std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
   Edit::requireWritable(QBTabMgr::db());
   requireSound(file);
@@ -90,20 +135,48 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAl
   QBSession& session = QBSession::session();
   session.refreshTree();
   m_tree.refresh();
-  const auto command = std::make_shared<QBCmdImportSong>(m_tree.find(song->album()), file, song);
-  command->m_name = ": " + std::filesystem::path(file).filename().string();
-  command->setDetection(m_detection, m_settings);
-  command->setSaving(true);
-  command->setOwnsAlbum(!into);
-  command->joinUndo(undo);
-  session.addJob(command);
+  const auto made = command(file, song, song->album());
+  made->setOwnsAlbum(!into);
+  made->joinUndo(undo);
+  run(made);
+  return made;
+}
+
+std::shared_ptr<QBCmdImportSong> ImportDesk::command(const std::string& file, QBSong* song,
+                                                     QBAlbum* album) {
+  auto made = std::make_shared<QBCmdImportSong>(m_tree.find(album), file, song);
+  made->m_name = ": " + std::filesystem::path(file).filename().string();
+  made->setDetection(m_detection, m_settings);
+  made->setSaving(true);
+  return made;
+}
+
+void ImportDesk::run(const std::shared_ptr<QBCmdImportSong>& command) {
+  QBSession::session().addJob(command);
   try {
     command->runInBackground();
   } catch (...) {
     command->cancelAndDrop();
     throw;
   }
-  return command;
+}
+
+void ImportDesk::stopAll() {
+  for (QBCmdImportSong* import : runningCommands()) import->stopAndKeep();
+}
+
+std::vector<ImportUnderWay> ImportDesk::leaveAll() {
+  std::vector<ImportUnderWay> left;
+  for (QBCmdImportSong* import : runningCommands()) {
+    left.push_back(stateOf(*import));
+    left.back().goesOn = true;
+    try {
+      import->leave();
+    } catch (const std::exception& exception) {
+      QBSession::session().handleException("endJob", exception);
+    }
+  }
+  return left;
 }
 
 std::vector<ImportUnderWay> ImportDesk::endAll() {
@@ -121,12 +194,8 @@ std::vector<ImportUnderWay> ImportDesk::endAll() {
 }
 
 std::vector<ImportUnderWay> ImportDesk::running() {
-  const QBSession& session = QBSession::session();
   std::vector<ImportUnderWay> imports;
-  for (std::size_t i = 0; i < session.numberOfCurrentJobs(); ++i) {
-    const auto* import = dynamic_cast<QBCmdImportSong*>(&session.findJobByIndex(i));
-    if (import && import->isRunning()) imports.push_back(stateOf(*import));
-  }
+  for (const QBCmdImportSong* import : runningCommands()) imports.push_back(stateOf(*import));
   return imports;
 }
 

@@ -21,6 +21,7 @@ struct ImportUnderWay {
   std::string file;
   std::int64_t song = 0;  ///< Its object id.
   std::string title{};
+  bool goesOn = false;  ///< The next start is to hear it again, as the user wishes.
 };
 
 /// Starts imports as jobs of the session, stepped beside the user's work.
@@ -33,6 +34,15 @@ class ImportDesk {
   /// Into a new song of an album, a new one when none is named. What is wrong with a file is
   /// reported through the session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
+  /// Hears the recording of a song that is not whole again, from its beginning; in the end what was
+  /// heard takes the song's place. Problems as above.
+  std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song);
+  /// The same for a song that was left to this start; none when it is not there any more.
+  std::shared_ptr<QBCmdImportSong> goOn(const ImportUnderWay& left);
+  /// Has all imports that run end some steps later, with what they have heard.
+  static void stopAll();
+  /// Ends all imports that run at once, and answers them for the next start to go on with.
+  static std::vector<ImportUnderWay> leaveAll();
   /// Ends all jobs that still run, for a program that is to end. Imports keep what they have heard;
   /// answers those that were cut short, and those whose last steps failed.
   static std::vector<ImportUnderWay> endAll();
@@ -43,6 +53,9 @@ class ImportDesk {
 
  private:
   std::shared_ptr<QBCmdImportSong> start(const std::string& file, QBAlbum* into);
+  std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song);
+  std::shared_ptr<QBCmdImportSong> command(const std::string& file, QBSong* song, QBAlbum* album);
+  static void run(const std::shared_ptr<QBCmdImportSong>& command);
 
   LibraryTree& m_tree;
   ImportDetection m_detection = ImportDetection::precise;

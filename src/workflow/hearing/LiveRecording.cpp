@@ -138,11 +138,14 @@ void LiveRecording::endPlaying() {
   m_live->end();
   try {
     storeLive();
-    const bool isMore = detectionOf(m_options.detection).ofSound && elapsed() > 0;
-    isMore ? beginWhole() : finishHeard();
+    hearsTake() ? beginWhole() : finishHeard();
   } catch (const std::exception& error) {
     fail(error);
   }
+}
+
+bool LiveRecording::hearsTake() const {
+  return detectionOf(m_options.detection).ofSound && elapsed() > 0;
 }
 
 /// The user may have deleted what is recorded into.
@@ -156,6 +159,7 @@ void LiveRecording::requireSongs() const {
 void LiveRecording::storeLive() {
   requireSongs();
   if (!hasTones(*m_made->song())) return;
+  if (hearsTake()) m_made->song()->setUnheard(fs::absolute(m_sound->take().file()).string());
   buildTab(*m_made->song());
   m_db.context().save();
   m_made->keep();
@@ -217,6 +221,7 @@ void LiveRecording::cancel() {
 void LiveRecording::endNow() {
   stop();
   while (m_state == State::recording) hearLive();
+  m_isLeft = m_state == State::hearing;
   cancel();
 }
 
@@ -231,11 +236,23 @@ void LiveRecording::fail(const std::exception& error) {
 }
 
 void LiveRecording::finish() {
-  dropScratch();
   if (m_song && m_song->isDeleted()) m_song = nullptr;
-  m_takeStays = !m_options.keptTake.empty() || m_problem || (!m_song && !m_isHeard);
+  dropScratch();
+  m_takeStays = !m_options.keptTake.empty() || m_problem || m_isLeft || (!m_song && !m_isHeard);
   if (!m_takeStays) m_sound->take().removeFile();
   enter(State::over);
+}
+
+/// All that there is to hear in it was heard, or the user would rather have it as it is.
+void LiveRecording::markWhole() {
+  if (!m_song || m_song->isWhole()) return;
+  m_song->clearUnheard();
+  try {
+    buildTab(*m_song);
+    m_db.context().save();
+  } catch (const std::exception& error) {
+    m_problem = platform::textOf(error);
+  }
 }
 
 /// What is left of the recording's changes is one action that can be undone.
@@ -244,6 +261,7 @@ void LiveRecording::dropScratch() {
   dropWhole();
   m_mark.reset();
   m_made.reset();
+  if (!m_isLeft && !m_problem) markWhole();
 }
 
 void LiveRecording::enter(State state) {

@@ -69,7 +69,8 @@ class LiveRecording {
   void cancel();
 
   /// Ends at once, for a program that is to end: hears what waits, and stores the song as it was
-  /// heard live.
+  /// heard live. When another detection was to hear the take, it stays, and the song is marked as
+  /// not whole.
   void endNow();
 
   State state() const { return m_state; }
@@ -118,6 +119,8 @@ class LiveRecording {
   void endPlaying();
   void requireSongs() const;
   void storeLive();
+  bool hearsTake() const;
+  void markWhole();
   void beginWhole();
   void hearWhole();
   void takeChords();
@@ -147,6 +150,7 @@ class LiveRecording {
   bool m_isPrecise = false;
   bool m_isHeard = false;  ///< The take was heard to its end.
   bool m_takeStays = true;
+  bool m_isLeft = false;  ///< The program ended before the take was heard.
   std::optional<platform::UserText> m_problem;
   std::function<void(QBChord&)> m_onChord;
   std::function<void(double)> m_onProgress;

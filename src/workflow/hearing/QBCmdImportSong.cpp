@@ -2,6 +2,7 @@
 #include "workflow/hearing/QBCmdImportSong.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <stdexcept>
 
 #include "model/instruments/QBInstrument.h"
@@ -17,6 +18,8 @@
 #include "tab/text/SongDrawing.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
+#include "workflow/hearing/Takes.h"
+#include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
@@ -60,13 +63,15 @@ void QBCmdImportSong::setDetection(ImportDetection detection, const precise::Set
   m_settings = settings;
 }
 
+void QBCmdImportSong::setReplaced(QBSong* song) { m_replaced = song; }
+
 void QBCmdImportSong::joinUndo(std::shared_ptr<platform::UndoGroup> group) {
   m_undo = std::move(group);
   m_undo->suspend();
 }
 
 void QBCmdImportSong::prepare() {
-  if (!m_undo)
+  if (!m_undo && !m_replaced)
     joinUndo(std::make_shared<platform::UndoGroup>(
         QBTabMgr::db().context().undoManager(), platform::phrase("UndoAction", "Import WAV File")));
   begin();
@@ -77,7 +82,9 @@ void QBCmdImportSong::begin() {
   printOut("(1/3) importing file .....");
   m_hearing = hearing();
   m_hearing->begin();
-  m_mark = std::make_unique<SongInWork>(m_newSong, SongInWork::Filler::job);
+  m_newSong->setUnheard(std::filesystem::absolute(m_file).string());
+  for (QBSong* song : {m_newSong.get(), m_replaced.get()})
+    if (song) m_marks.push_back(std::make_unique<SongInWork>(song, SongInWork::Filler::job));
   // What a killed program leaves in no album goes when the store is opened next.
   if (m_saving) m_hearing->scratch()->setAlbum(nullptr);
   printOut("(2/3) scanning chords .....");
@@ -118,7 +125,7 @@ void QBCmdImportSong::nextStep() {
 /// Whether there was something to do.
 bool QBCmdImportSong::step() {
   const platform::UndoStep part(m_undo);
-  if (m_newSong->isDeleted()) {
+  if (isSongGone()) {
     rest();
     return true;
   }
@@ -139,7 +146,8 @@ bool QBCmdImportSong::hearsMore() {
 
 /// The first change of a store comes after a check of it, which takes long when it is large.
 bool QBCmdImportSong::waitsForStore(bool hearsMore) const {
-  return m_saving && (isSaveDue() || !hearsMore) && QBTabMgr::db().context().isBeingChecked();
+  return m_saving && !m_endsNow && (isSaveDue() || !hearsMore) &&
+         QBTabMgr::db().context().isBeingChecked();
 }
 
 bool QBCmdImportSong::finishSome() {
@@ -155,9 +163,16 @@ void QBCmdImportSong::rest() {
   printOut("Import paused, its song was deleted; undo that to go on.");
 }
 
+bool QBCmdImportSong::isSongGone() const {
+  return m_newSong->isDeleted() || (m_replaced && m_replaced->isDeleted());
+}
+
+bool QBCmdImportSong::isPaused() const {
+  return isStepped() && !isRunning() && (m_hearing || m_finishing.isUnderWay());
+}
+
 void QBCmdImportSong::storeRenewed() {
-  const bool hasMore = m_hearing || m_finishing.isUnderWay();
-  if (!isStepped() || isRunning() || !hasMore || m_newSong->isDeleted()) return;
+  if (!isPaused() || isSongGone()) return;
   printOut("Import goes on.");
   beginSteps();
 }
@@ -210,6 +225,8 @@ void QBCmdImportSong::tearDown() {
   }
   m_undo.reset();
   m_percent = kAll;
+  if (m_saving && !m_cutShort) removeIfTake(m_file);
+  if (m_cutShort) QBSession::session().refreshTree();  // which marks the song
   printOut("Song successfully imported.");
   if (m_finished) m_finished();
 }
@@ -223,6 +240,7 @@ void QBCmdImportSong::finishNow() {
 
 platform::Slices QBCmdImportSong::finish() {
   m_hearing->end();
+  if (!m_cutShort) m_newSong->clearUnheard();
   printOut("(3/3) building tabulature .....");
   m_newSong->clearTabulature();
   platform::Slices building = buildingTab(*m_newSong);
@@ -230,20 +248,33 @@ platform::Slices QBCmdImportSong::finish() {
   while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;
   dropHearing();
   co_yield kAllButSaved;
+  if (m_replaced) m_newSong = takePlace(m_newSong, std::exchange(m_replaced, nullptr));
   while (m_saving && !saved()) co_yield kAllButSaved;
 }
 
 void QBCmdImportSong::stopAndKeep() {
-  if (!m_hearing) return;  // it is only to be saved
+  if (!m_hearing || m_finishing.isUnderWay()) return;  // it is only to be saved
   // A second cut finds nothing more to leave out.
   if (m_hearing->cutShort()) m_cutShort = true;
 }
 
 void QBCmdImportSong::endNow() {
-  m_endsNow = true;
+  m_endsNow = true;  // saving waits for the check of the store, if it has to
   stopAndKeep();
   while (isRunning()) nextStep();
   if (!m_newSong->isDeleted() && !hasTones(*m_newSong)) cancelAndDrop();
+}
+
+void QBCmdImportSong::leave() {
+  abandon();
+  if (m_replaced) {
+    dropNewSong();
+  } else if (hasTones(*m_newSong)) {
+    const platform::UndoStep part(m_undo);
+    buildTab(*m_newSong);
+  }
+  m_undo.reset();
+  if (m_saving) QBTabMgr::db().save();
 }
 
 void QBCmdImportSong::cancelAndDrop() {
@@ -266,12 +297,13 @@ void QBCmdImportSong::abandon() {
 void QBCmdImportSong::dropHearing() {
   if (m_hearing) m_hearing->dropSound();
   m_hearing.reset();
-  m_mark.reset();
+  m_marks.clear();
 }
 
 /// The album stays when the user has put other songs there meanwhile, and with it the action that
 /// made it: rolled back it would take their album from them.
 void QBCmdImportSong::dropSong() {
+  if (m_replaced) return dropNewSong();
   QBSession& session = QBSession::session();
   const platform::Ref<QBAlbum> album = m_source->album();
   if (session.activeSong() == m_newSong) session.setActiveSong(nullptr);
@@ -286,6 +318,12 @@ void QBCmdImportSong::dropSong() {
   if (m_ownsAlbum && !album->isDeleted() && album->songs().empty())
     QBTabMgr::db().deleteAlbum(album);
   QBTabMgr::db().loadAlbums();
+}
+
+/// Nobody has seen it yet.
+void QBCmdImportSong::dropNewSong() {
+  if (!m_newSong->isDeleted()) QBTabMgr::db().deleteSong(m_newSong);
+  m_replaced = nullptr;
 }
 
 bool QBCmdImportSong::atEnd() const { return !m_hearing || m_hearing->atEnd(); }

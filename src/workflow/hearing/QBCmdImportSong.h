@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/loop/Slices.h"
 #include "precise/Settings.h"
@@ -25,7 +26,10 @@ class SongInWork;
 /// in the log only; a file without sound leaves a song without chords and without tablature.
 /// `stop` between two steps ends an import early, and leaves the song with the chords so far.
 /// A stepped import whose song is deleted rests, and goes on when an undo brings the song back.
-/// It is heard in the tuning of its song.
+/// It is heard in the tuning of its song. Until all is heard the song is marked as not whole.
+///
+/// Of a song that is not whole its recording can be heard again, into a song in no album, which
+/// takes the other one's place in the end: one action that can be undone.
 class QBCmdImportSong final : public QBCmdAlbum {
  public:
   QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string file, QBSong* newSong);
@@ -40,6 +44,10 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void setSaving(bool saving) { m_saving = saving; }
   /// The album was made for this import, and goes with the song when the import is dropped.
   void setOwnsAlbum(bool owns) { m_ownsAlbum = owns; }
+
+  /// The new song is to take the place of that one, which is not whole; before `prepare`.
+  void setReplaced(QBSong* song);
+  bool replaces() const { return m_replaced; }
 
   /// The action that made the song and perhaps its album, which the import goes on with; before
   /// `prepare`. Otherwise an action of its own begins there, "Import WAV File". It ends with the
@@ -62,12 +70,18 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// Keeps what `stopAndKeep` does, unless nothing was heard. An hour of sound may take ten
   /// seconds. Throws StoreError when it cannot be saved.
   void endNow() override;
+  /// Ends at once without hearing more: the song keeps the chords that it has and stays marked as
+  /// not whole, so that its recording can be heard again.
+  void leave();
   void storeRenewed() override;
+  bool isPaused() const override;
   /// Type and name without a blank between them: the form that the job list shows.
   platform::UserText fullTitle() const override { return typeAndName(); }
   bool usesAsScratch(const QBSong& song) const override;
   const std::string& file() const { return m_file; }
   QBSong* newSong() const;
+  /// The song that a user sees: the one whose place the new song takes, while it is there.
+  QBSong* shownSong() const { return m_replaced ? m_replaced.get() : newSong(); }
   /// Whether the end of the file was not heard.
   bool isCutShort() const { return m_cutShort; }
 
@@ -98,12 +112,15 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool finishSome();
   void finishNow();
   platform::Slices finish();
+  bool isSongGone() const;
   void abandon();
   void dropHearing();
   void dropSong();
+  void dropNewSong();
 
   std::string m_file;
   platform::Ref<QBSong> m_newSong;
+  platform::Ref<QBSong> m_replaced;
   ImportDetection m_detection = ImportDetection::classic;
   precise::Settings m_settings{};
   bool m_saving = false;
@@ -111,7 +128,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool m_cutShort = false;
   bool m_endsNow = false;
   std::unique_ptr<Hearing> m_hearing;  ///< From `prepare` until the tablature is drawn.
-  std::unique_ptr<SongInWork> m_mark;
+  std::vector<std::unique_ptr<SongInWork>> m_marks;
   std::size_t m_unsaved = 0;  ///< How many chords are not saved yet.
   platform::Slices m_finishing;
   std::function<void(double)> m_listener;

@@ -35,6 +35,8 @@ class QBCommand {
   /// Ends the steps and tears down.
   void stop();
   bool isRunning() const { return m_timer != nullptr; }
+  /// Whether it has ended its steps for now, and may go on with them later.
+  virtual bool isPaused() const { return false; }
   /// What the job list offers while the command runs: to end it early with what it has so far, or
   /// without a trace.
   virtual void stopAndKeep() { stop(); }

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/hearing/WholeSong.h"
+
+#include <filesystem>
+
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "platform/persistence/UndoManager.h"
+#include "tab/text/SongDrawing.h"
+#include "workflow/hearing/NewSong.h"
+#include "workflow/session/Edit.h"
+#include "workflow/session/QBSession.h"
+#include "workflow/session/SongInWork.h"
+
+namespace korvel {
+namespace {
+
+bool isBetter(const QBSong& heard, const QBSong& song) {
+  return heard.isWhole() ? hasTones(heard) : heard.chords().size() > song.chords().size();
+}
+
+void redraw(QBSong& song) {
+  if (!song.chords().empty()) buildTab(song);
+}
+
+/// The user may have renamed it meanwhile.
+void putInPlace(QBSong& heard, QBSong& song) {
+  const bool renamed = heard.title() != song.title();
+  heard.setTitle(song.title());
+  heard.setDescr(song.descr());
+  heard.setTempoRate(song.tempoRate());
+  heard.setAlbum(song.album());
+  if (renamed) redraw(heard);
+  song.album()->deleteSong(&song);
+}
+
+}  // namespace
+
+QBSong* takePlace(QBSong* heard, QBSong* song) {
+  const platform::Ref<QBSong> fresh(heard);
+  const platform::Ref<QBSong> old(song);
+  QBTabMgr& db = QBTabMgr::db();
+  const bool better = isBetter(*fresh, *old);
+  {
+    const platform::UndoGroup action(db.context().undoManager(),
+                                     platform::phrase("UndoAction", "Go On Hearing"));
+    if (better) {
+      putInPlace(*fresh, *old);
+    } else if (fresh->isWhole()) {
+      old->clearUnheard();
+      redraw(*old);
+    }
+  }
+  if (!better) db.deleteSong(fresh);
+  QBSession& session = QBSession::session();
+  session.refreshTree();
+  QBSong* const stays = better ? fresh.get() : old.get();
+  if (session.activeSong() == old) session.setActiveSong(stays);
+  return stays;
+}
+
+void takeAsWhole(QBSong& song) {
+  Edit edit(song, platform::phrase("UndoAction", "Take As Whole"));
+  song.clearUnheard();
+  edit.redraw();
+  edit.done("Song taken as whole.");
+}
+
+bool canHearAgain(const QBSong& song) {
+  std::error_code unknown;
+  return !song.isWhole() && !SongInWork::is(song) &&
+         std::filesystem::is_regular_file(song.unheard(), unknown);
+}
+
+}  // namespace korvel
