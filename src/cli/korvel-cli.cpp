@@ -13,6 +13,7 @@
 #include "cli/commands/sound/Play.h"
 #include "cli/commands/sound/Record.h"
 #include "cli/commands/sound/Render.h"
+#include "cli/commands/sound/TakeCommands.h"
 #include "cli/commands/sound/Transcribe.h"
 #include "cli/commands/store/InstrumentCommands.h"
 #include "cli/commands/store/StoreCommands.h"
@@ -35,6 +36,7 @@ using namespace korvel;
 void describe(cli::Command& tool) {
   cli::addImport(tool);
   cli::addRecord(tool);
+  cli::addTakes(tool);
   cli::addTranscribe(tool);
   cli::addStoredSongs(tool);
   cli::addExport(tool);

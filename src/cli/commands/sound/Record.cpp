@@ -122,8 +122,8 @@ LiveRecording::Options optionsOf(const RecordOptions& options) {
 void tellOfTakesLeftBehind() {
   for (const auto& take : LiveRecording::takesLeftBehind())
     Console::attached().error(take.string() +
-                              ": was left by a recording that did not end; \"korvel-cli import\" "
-                              "makes a song of it, then delete it");
+                              ": was left by a recording that did not end; \"korvel-cli takes\" "
+                              "makes a song of it or deletes it");
 }
 
 void tellOfState(State state, const RecordOptions& options) {
