@@ -60,9 +60,26 @@ struct MainWindowTest : testing::Test {
     m_window.emplace(m_alert);
     m_window->show();
   }
-  void close() {
+  /// Answers what is asked while something is heard.
+  void close(const QString& answer = "Keep What Was Heard") {
+    QTimer asked;
+    QObject::connect(&asked, &QTimer::timeout, [&answer] { press(answer); });
+    asked.start(10);
     if (m_window) m_window->close();
+    if (m_window && m_window->isVisible()) return;
     m_window.reset();
+  }
+  static void press(const QString& answer) {
+    const QWidget* dialog = QApplication::activeModalWidget();
+    if (!dialog) return;
+    for (auto* button : dialog->findChildren<QPushButton*>())
+      if (button->text() == answer) button->click();
+  }
+  QPushButton* jobButton(const QString& text) {
+    QPushButton* last = nullptr;  // that of the newest job
+    for (auto* button : m_window->findChild<JobPanel*>()->findChildren<QPushButton*>())
+      if (button->text() == text) last = button;
+    return last;
   }
   void import() {
     m_window->importFiles({QString::fromStdString(m_file)});
@@ -419,14 +436,25 @@ TEST_F(MainWindowTest, jobIsDroppedByItsButton) {
   close();
   open();
   m_window->importFiles({QString::fromStdString(m_file)});
-  QPushButton* drop = nullptr;  // that of the newest job
-  for (auto* button : m_window->findChild<JobPanel*>()->findChildren<QPushButton*>())
-    if (button->text() == "Cancel and drop") drop = button;
+  QPushButton* drop = jobButton("Cancel and drop");
+  QPushButton* clear = jobButton("Clear Finished Jobs");
   ASSERT_NE(drop, nullptr);
   ASSERT_TRUE(QTest::qWaitFor([&] { return drop->isEnabled(); }));
   drop->click();
   EXPECT_EQ(titles(), "");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !drop->isEnabled(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !drop->isEnabled() && clear->isEnabled(); }));
+  m_window->importFiles({QString::fromStdString(m_file)});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !ImportDesk::running().empty(); }));
+  deleteAlbum(*QBTabMgr::db().albums().back());
+  ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }));
+  clear->click();
+  drop = jobButton("Cancel and drop");
+  ASSERT_NE(drop, nullptr) << "it only rests";
+  ASSERT_TRUE(QTest::qWaitFor([&] { return drop->isEnabled(); }));
+  drop->click();
+  clear->click();
+  EXPECT_EQ(jobButton("Cancel and drop"), nullptr);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !clear->isEnabled(); }));
 }
 
 TEST_F(MainWindowTest, startAfterAKillSaysWhatWasRunning) {
@@ -452,13 +480,26 @@ TEST_F(MainWindowTest, closingKeepsWhatAnImportHasHeard) {
   EXPECT_EQ(titles(), "Tune/Tune ");
   undo->trigger();
   EXPECT_TRUE(m_window->statusMessage().startsWith("\"Import WAV File\" still goes on"));
-  close();
-  QBTabMgr::clearDb();
-  open();
-  m_window->greet();
-  EXPECT_TRUE(log().contains("the song Tune has what was heard until then")) << log().toStdString();
+  close("Do Not Quit");
+  ASSERT_TRUE(m_window && !ImportDesk::running().empty());
+  close("Go On at the Next Start");
+  const auto startAgain = [this] {
+    QBTabMgr::clearDb();
+    open();
+    m_window->greet();
+  };
+  startAgain();
+  ASSERT_EQ(ImportDesk::running().size(), 1U) << "it goes on";
+  EXPECT_EQ(titles(), "Tune/Tune ") << "where it was";
+  ASSERT_TRUE(QTest::qWaitFor([] { return QBTabMgr::db().context().fetch("QBChord").size() > 9; }));
+  close("Keep What Was Heard");
+  startAgain();
+  EXPECT_TRUE(ImportDesk::running().empty());
   EXPECT_EQ(titles(), "Tune/Tune ");
-  EXPECT_TRUE(QBTabMgr::db().albums().at(0)->songs().at(0)->hasTabulature());
+  QBSong* song = QBTabMgr::db().albums().at(0)->songs().at(0);
+  EXPECT_TRUE(song->hasTabulature());
+  const QModelIndex row = m_window->tree().model().indexOf(song);
+  EXPECT_EQ(row.data().toString(), "Tune (not whole)");
 }
 
 TEST_F(MainWindowTest, fileWithoutSoundIsSaidInTheStatusBar) {

@@ -29,6 +29,27 @@ TEST(SingleInstance, secondStartHandsItsFilesToTheFirst) {
   EXPECT_TRUE(SingleInstance("another store").becomeFirst());
 }
 
+TEST(SingleInstance, oneThatEndsTakesNothingAndGivesWay) {
+  auto first = std::make_unique<SingleInstance>("ending");
+  ASSERT_TRUE(first->becomeFirst());
+  first->setEnding(true);
+  const QSignalSpy heard(first.get(), &SingleInstance::startedAgain);
+  std::atomic<bool> answered = false;
+  bool taken = true;
+  std::thread second([&] {
+    taken = SingleInstance("ending").handOver({"/tmp/a.wav"});
+    answered = true;
+  });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return answered.load(); }));
+  second.join();
+  EXPECT_FALSE(taken);
+  EXPECT_EQ(heard.count(), 0);
+  SingleInstance next("ending");
+  EXPECT_FALSE(next.becomeFirst());
+  first.reset();
+  EXPECT_TRUE(next.becomeFirst());
+}
+
 TEST(SingleInstance, whatADeadProcessLeftIsReplaced) {
   const QDir folder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
   QString socket;

@@ -237,17 +237,56 @@ class Session:
             raise AssertionError("the import was over too early")
         self.picture("9-undone-beside-an-import")
 
-    def expect_import_kept(self):
-        """The window was closed in the middle of it."""
-        if not self.dump("Evening/Evening")["chords"]:
-            raise AssertionError("what the import had heard is lost")
+    def quit_in_an_import(self):
+        """It goes on at the next start; then what was heard is kept, and a further start waits for
+        that."""
+        self.answer_quitting("Go On at the Next Start")
+        self.window.process.wait(60)
         self.start()
-        self.song_cell("Evening")
-        self.picture("10-after-closing-in-an-import")
+        wait_for("the import to go on", lambda: "(2/3)" in self.log())
+        self.answer_quitting("Keep What Was Heard")
+        ending = self.window
+        self.start()
+        ending.process.wait(60)
+        self.select("Evening")
+        self.window.keys("Right")
+        self.select("Evening, not heard to its end")
+        wait_for("its tablature", lambda: "Chord 1 of" in self.place())
+        self.picture("11-after-closing-in-an-import")
+
+    def answer_quitting(self, answer):
+        self.window.keys("ctrl+q")
+        self.window.find("push button", answer)
+        self.picture("10-quitting")
+        self.window.press("push button", answer)
+        wait_for("the question to go", lambda: self.window.process.poll() is not None
+                 or not self.window.has("push button", answer))
+
+    def quit_in_a_recording(self):
+        """What was played is kept, and the next start hears it note by note. The recording hears the
+        song that plays."""
+        self.select(TITLE)
+        self.window.click("text", "Tablature")
+        self.window.keys("space")
+        wait_for("the play position to move", lambda: self.position() > 0)
+        self.window.keys("alt+7")
+        self.window.press("push button", "Record")
+        wait_for("chords", lambda: len(self.window.text("Chords heard").splitlines()) > 5)
+        self.answer_quitting("Stop and Keep")
+        self.window.process.wait(60)
+        takes = [self.tool, "takes"]
+        left = subprocess.run(takes, env=self.environment, text=True, capture_output=True).stdout
+        if "heard live as" not in left:
+            raise AssertionError(f"the sound is gone: {left!r}")
+        self.start()
+        self.expect_log("Song successfully imported.")
+        self.end()
+        left = subprocess.run(takes, env=self.environment, text=True, capture_output=True).stdout
+        if left:
+            raise AssertionError(f"it would be heard again: {left}")
 
     def delete_by_menu(self):
         """An album that stands above its song, while a screen reader hears of every row."""
-        self.window.click("table cell", "Evening")
         entries = self.window.entries("Album")
         self.window.click("table cell", "Evening", button=3)
         self.window.keys(*["Down"] * (entries.index("Delete") + 1), "Return")
@@ -256,7 +295,7 @@ class Session:
 
     def import_without_end(self, name):
         long = self.home / f"{name}.ogg"
-        subprocess.run(["ffmpeg", "-v", "error", "-stream_loop", "100", "-i", self.recording, "-c",
+        subprocess.run(["ffmpeg", "-v", "error", "-stream_loop", "400", "-i", self.recording, "-c",
                         "copy", str(long)], check=True)
         subprocess.run([self.program, str(long)], env=self.environment, check=True)
         wait_for("the import", lambda: "(2/3)" in self.log())
@@ -298,10 +337,9 @@ def main():
         session.expect_as_left()
         session.survive_being_killed()
         session.edit_beside_an_import()
-        session.end()
-        session.expect_import_kept()
+        session.quit_in_an_import()
         session.delete_by_menu()
-        session.end()
+        session.quit_in_a_recording()
     except AssertionError:
         session.picture("failed")
         raise

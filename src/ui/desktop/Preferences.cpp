@@ -65,9 +65,9 @@ std::vector<ImportUnderWay> Preferences::runningImports() const {
   std::vector<ImportUnderWay> imports;
   for (const QVariant& each : m_store.value(keyOfRunning()).toList()) {
     const QVariantList parts = each.toList();
-    if (parts.size() == 3)
+    if (parts.size() >= 3)
       imports.push_back({parts[0].toString().toStdString(), parts[1].toLongLong(),
-                         parts[2].toString().toStdString()});
+                         parts[2].toString().toStdString(), parts.value(3).toBool()});
   }
   return imports;
 }
@@ -76,7 +76,8 @@ std::vector<ImportUnderWay> Preferences::runningImports() const {
 void Preferences::setRunningImports(const std::vector<ImportUnderWay>& imports) {
   QVariantList list;
   for (const ImportUnderWay& each : imports) {
-    const QVariantList parts{toText(each.file), qlonglong(each.song), toText(each.title)};
+    const QVariantList parts{toText(each.file), qlonglong(each.song), toText(each.title),
+                             each.goesOn};
     list.append(QVariant(parts));
   }
   if (list.isEmpty())

@@ -74,7 +74,8 @@ class Preferences {
   /// The user was asked for a working directory once.
   bool askedForFolder() const { return m_store.value("askedForFolder").toBool(); }
   void setAskedForFolder() { m_store.setValue("askedForFolder", true); }
-  /// Imports into the open store that were running when this was last written.
+  /// Imports into the open store that were running when this was last written, or were left to the
+  /// next start.
   std::vector<ImportUnderWay> runningImports() const;
   void setRunningImports(const std::vector<ImportUnderWay>& imports);
 

@@ -17,6 +17,8 @@ using namespace std::chrono_literals;
 constexpr auto kPatience = 5s;
 constexpr auto kPause = 50ms;
 constexpr int kReplyTimeout = 2000;
+constexpr const char* kTaken = "ok";
+constexpr const char* kEnding = "ending";
 
 QString socketName(const QString& key) {
   QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
@@ -60,7 +62,8 @@ bool SingleInstance::handOver(const QStringList& files) {
   QDataStream stream(&message, QIODevice::WriteOnly);
   stream << files;
   socket.write(message);
-  return socket.waitForBytesWritten(kReplyTimeout) && socket.waitForReadyRead(kReplyTimeout);
+  return socket.waitForBytesWritten(kReplyTimeout) && socket.waitForReadyRead(kReplyTimeout) &&
+         socket.readAll() == kTaken;
 }
 
 void SingleInstance::take() {
@@ -72,9 +75,9 @@ void SingleInstance::take() {
     QStringList files;
     stream >> files;
     if (!stream.commitTransaction()) return;
-    socket->write("ok");
+    socket->write(m_ending ? kEnding : kTaken);
     socket->flush();
-    emit startedAgain(files);
+    if (!m_ending) emit startedAgain(files);
   });
 }
 

@@ -22,8 +22,12 @@ class SingleInstance final : public QObject {
 
   /// Whether this process is the first; it hears of later ones from now on.
   bool becomeFirst();
-  /// Whether the first process took the files. Waits for a few seconds at most.
+  /// Whether the first process took the files; not when it is to end. Waits for a few seconds at
+  /// most.
   bool handOver(const QStringList& files);
+  /// While this process is to end it takes no files any more: later starts have to wait for its
+  /// end.
+  void setEnding(bool ending) { m_ending = ending; }
 
  signals:
   /// There was another start. files: absolute paths.
@@ -35,6 +39,7 @@ class SingleInstance final : public QObject {
   QString m_name;
   QLockFile m_lock;
   QLocalServer m_server;
+  bool m_ending = false;
 };
 
 }  // namespace korvel::ui

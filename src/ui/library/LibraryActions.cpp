@@ -33,6 +33,7 @@
 #include "workflow/arranging/SongOrders.h"
 #include "workflow/exporting/ExportAlbumCommand.h"
 #include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/InstrumentNode.h"
 #include "workflow/library/LibraryEdits.h"
@@ -41,6 +42,7 @@
 #include "workflow/session/Edit.h"
 #include "workflow/session/NodeVisitor.h"
 #include "workflow/session/QBSession.h"
+#include "workflow/session/SongInWork.h"
 
 namespace korvel::ui {
 namespace {
@@ -174,9 +176,21 @@ void LibraryActions::fillMenu(QMenu& menu, TreeNode& node) {
 }
 
 void LibraryActions::fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node) {
+  if (!node->song()->isWhole()) fillUnheardMenu(menu, *node->song());
   addSongCommands(menu, [this, node](const SongCommand& command) {
     attempt([&] { orderOf(*node, command); });
   });
+}
+
+void LibraryActions::fillUnheardMenu(QMenu& menu, QBSong& song) {
+  const platform::Ref<QBSong> kept(&song);
+  const bool isHeard = SongInWork::is(song);
+  menu.addAction(tr("Go On Hearing"), this,
+                 [this, kept] { follow(m_desk.hearAgain(*kept), toText(kept->unheard())); })
+      ->setEnabled(canHearAgain(song));
+  menu.addAction(tr("Take As Whole"), this, [this, kept] { attempt([&] { takeAsWhole(*kept); }); })
+      ->setEnabled(!isHeard);
+  menu.addSeparator();
 }
 
 void LibraryActions::fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album) {
@@ -270,13 +284,22 @@ void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
 }
 
 void LibraryActions::importFile(const QString& file, QBAlbum* into) {
-  const auto job = m_desk.importFile(file.toStdString(), into);
+  follow(m_desk.importFile(file.toStdString(), into), file);
+}
+
+void LibraryActions::goOn(const ImportUnderWay& left) {
+  follow(m_desk.goOn(left), toText(left.file));
+}
+
+/// The job is none when the import could not begin.
+void LibraryActions::follow(const std::shared_ptr<QBCmdImportSong>& job, const QString& file) {
   if (!job) {
     emit importRefused(adviceFor(file));
     return;
   }
   // Showing the song is a step of its own: the last one of the import is long enough.
-  job->onFinished([this, file, song = platform::Ref<QBSong>(job->newSong())] {
+  job->onFinished([this, file, done = job.get()] {
+    const platform::Ref<QBSong> song = done->newSong();
     QTimer::singleShot(kNextTurn, this, [this, file, song] { emit imported(file, song); });
   });
   job->onTrouble([this](const platform::UserText& text) { emit refused(translated(text)); });

@@ -13,6 +13,7 @@
 class QMenu;
 
 namespace korvel {
+class QBCmdImportSong;
 class QBCommand;
 class QBInstrument;
 class QBSongNode;
@@ -43,6 +44,8 @@ class LibraryActions final : public QObject {
   void chooseAndImport(QBAlbum* into = nullptr);
   /// Imports the files, and of folders the sound files in them.
   void importFiles(const QStringList& files, QBAlbum* into = nullptr);
+  /// Hears a song again that was left to this start.
+  void goOn(const ImportUnderWay& left);
   void createAlbum();
   /// At once, without a question.
   void remove(TreeNode& node);
@@ -70,6 +73,8 @@ class LibraryActions final : public QObject {
   void attempt(const std::function<void()>& edit);
   void importFolder(const QString& folder, QBAlbum* into);
   void importFile(const QString& file, QBAlbum* into);
+  void follow(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);
+  void fillUnheardMenu(QMenu& menu, QBSong& song);
   void fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node);
   void fillTuningMenu(QMenu& menu, QBTuning& tuning);
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);

@@ -17,6 +17,7 @@
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/library/TuningNode.h"
+#include "workflow/session/SongInWork.h"
 
 namespace korvel::ui {
 namespace {
@@ -37,6 +38,12 @@ QString shownTitle(const TreeNode& node) {
   for (QChar& each : title)
     if (!each.isPrint()) each = u' ';
   return title;
+}
+
+/// A song that nobody hears to its end at the moment.
+bool isUnheard(const TreeNode& node) {
+  const QBSong* song = node.song();
+  return song && !song->isWhole() && !SongInWork::is(*song);
 }
 
 template <class Node>
@@ -190,8 +197,10 @@ int TreeModel::columnCount(const QModelIndex&) const { return 1; }
 
 QString TreeModel::markedTitle(const Item& item, int role) const {
   if (item.isGroup()) return titleOf(item.group);
-  const QString title = shownTitle(*item.node);
   const bool spoken = role == Qt::AccessibleTextRole;
+  QString title = shownTitle(*item.node);
+  if (isUnheard(*item.node))
+    title = spoken ? tr("%1, not heard to its end").arg(title) : tr("%1 (not whole)").arg(title);
   if (m_playing && item.node->song() == m_playing)
     return spoken ? tr("%1, playing").arg(title) : "▶ " + title;
   if (!item.node->isSelected()) return title;

@@ -123,10 +123,17 @@ void RecordPanel::stop() {
   m_recording->state() == State::recording ? m_recording->stop() : m_recording->cancel();
 }
 
-void RecordPanel::finish() {
-  if (!m_recording) return;
+bool RecordPanel::isRecording() const {
+  return m_recording && m_recording->state() == State::recording;
+}
+
+std::optional<ImportUnderWay> RecordPanel::finish() {
+  if (!m_recording) return std::nullopt;
   m_recording->endNow();
+  const platform::Ref<QBSong> song = m_recording->song();
   conclude();
+  if (!song || song->isWhole()) return std::nullopt;
+  return ImportUnderWay{song->unheard(), song->objectId(), song->title(), true};
 }
 
 void RecordPanel::enter(State state) {

@@ -4,7 +4,9 @@
 #include <QTimer>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
+#include "workflow/hearing/ImportDesk.h"
 #include "workflow/hearing/LiveRecording.h"
 
 class QLabel;
@@ -25,8 +27,11 @@ class RecordPanel final : public QWidget {
   ~RecordPanel() override;
 
   bool isBusy() const;
-  /// Ends the recording; what was played is stored, at least as it was heard live.
-  void finish();
+  /// Whether something is played at the moment.
+  bool isRecording() const;
+  /// Ends the recording; what was played is stored, at least as it was heard live. Answers what the
+  /// next start has to hear of it.
+  std::optional<ImportUnderWay> finish();
   /// To be called after a change of the settings.
   void showChosenDevice();
 

@@ -561,6 +561,49 @@
         <source>that string has no fret for this tone; try another one</source>
         <translation>diese Saite hat keinen Bund für den Ton; versuche eine andere</translation>
     </message>
+    <message>
+        <source>%1: is being heard already</source>
+        <translation>%1: wird schon gehört</translation>
+    </message>
+</context>
+<context>
+    <name>Quit</name>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Stop and Keep</source>
+        <translation>Anhalten und behalten</translation>
+    </message>
+    <message>
+        <source>Go On Recording</source>
+        <translation>Weiter aufnehmen</translation>
+    </message>
+    <message>
+        <source>Not heard to the end yet: %1</source>
+        <translation>Noch nicht zu Ende gehört: %1</translation>
+    </message>
+    <message>
+        <source>Keep What Was Heard</source>
+        <translation>Gehörtes behalten</translation>
+    </message>
+    <message>
+        <source>Go On at the Next Start</source>
+        <translation>Beim nächsten Start weiter</translation>
+    </message>
+    <message>
+        <source>Do Not Quit</source>
+        <translation>Nicht beenden</translation>
+    </message>
+    <message>
+        <source>Keeping what was heard ...</source>
+        <translation>Das Gehörte wird gesichert ...</translation>
+    </message>
+    <message>
+        <source>A recording is going on. Stop it? What was played is kept.</source>
+        <translation>Es wird gerade aufgenommen. Anhalten? Was gespielt wurde, bleibt erhalten.</translation>
+    </message>
 </context>
 <context>
     <name>SaveFilePanel</name>
@@ -1235,6 +1278,14 @@
         <source>Paste Chords</source>
         <translation>Akkorde einfügen</translation>
     </message>
+    <message>
+        <source>Go On Hearing</source>
+        <translation>Weiter hören</translation>
+    </message>
+    <message>
+        <source>Take As Whole</source>
+        <translation>Als ganz ansehen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -1250,8 +1301,8 @@
 <context>
     <name>korvel::ui::Application</name>
     <message>
-        <source>Another Korvel of yours is running and does not answer; end it first</source>
-        <translation>Ein anderes Korvel von dir läuft und antwortet nicht; beende es erst</translation>
+        <source>The Korvel before is still keeping what it has heard, or does not answer. This one opens as soon as that one has ended.</source>
+        <translation>Das vorige Korvel sichert noch, was es gehört hat, oder antwortet nicht. Dieses öffnet sich, sobald jenes beendet ist.</translation>
     </message>
 </context>
 <context>
@@ -1752,6 +1803,10 @@
         <source>%1 cannot be written: songs can be read, played and exported, but not changed. Look at the permissions of the file and its folder, then start Korvel again.</source>
         <translation>%1 kann nicht geschrieben werden: Songs können gelesen, gespielt und exportiert, aber nicht geändert werden. Prüfe die Rechte der Datei und ihres Ordners und starte Korvel neu.</translation>
     </message>
+    <message>
+        <source>Korvel ended before it had heard %1 note by note. Hear it now?</source>
+        <translation>Korvel endete, bevor es %1 Ton für Ton gehört hatte. Jetzt hören?</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::HelpWindow</name>
@@ -1772,6 +1827,10 @@
     <message>
         <source>Jobs</source>
         <translation>Aufträge</translation>
+    </message>
+    <message>
+        <source>Clear Finished Jobs</source>
+        <translation>Fertige Aufträge entfernen</translation>
     </message>
 </context>
 <context>
@@ -1926,6 +1985,14 @@
     <message>
         <source>PDF document</source>
         <translation>PDF-Dokument</translation>
+    </message>
+    <message>
+        <source>Go On Hearing</source>
+        <translation>Weiter hören</translation>
+    </message>
+    <message>
+        <source>Take As Whole</source>
+        <translation>Als ganz ansehen</translation>
     </message>
 </context>
 <context>
@@ -2460,6 +2527,14 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>%1, playing</source>
         <translation>%1, spielt</translation>
+    </message>
+    <message>
+        <source>%1, not heard to its end</source>
+        <translation>%1, nicht zu Ende gehört</translation>
+    </message>
+    <message>
+        <source>%1 (not whole)</source>
+        <translation>%1 (nicht ganz)</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,9 @@
 #include <QFileInfo>
 #include <QFocusEvent>
 #include <QIcon>
+#include <QMessageBox>
+#include <QTimer>
+#include <chrono>
 #include <cstdlib>
 #include <utility>
 
@@ -24,6 +27,9 @@
 namespace korvel::ui {
 namespace {
 
+using namespace std::chrono_literals;
+
+constexpr auto kWaitStep = 200ms;
 constexpr int kStoreFailureStatus = -1;
 
 /// While there is no window yet, only the alert can be shown.
@@ -36,6 +42,24 @@ void openStore(AlertBox& alert) {
   } catch (const StoreUnavailable& error) {
     QBSession::session().exitWithStatus(error.context(), error.what(), kStoreFailureStatus);
   }
+}
+
+/// The one before may keep what it has heard of a long recording, which takes a while. Whether it
+/// has ended before the user lost patience.
+bool waitToBeFirst(SingleInstance& instance) {
+  QMessageBox box(QMessageBox::Information, QApplication::applicationDisplayName(),
+                  Application::tr("The Korvel before is still keeping what it has heard, or does "
+                                  "not answer. This one opens as soon as that one has ended."),
+                  QMessageBox::Cancel);
+  bool isFirst = false;
+  QTimer clock;
+  QObject::connect(&clock, &QTimer::timeout, &box, [&] {
+    isFirst = instance.becomeFirst();
+    if (isFirst) box.accept();
+  });
+  clock.start(kWaitStep);
+  box.exec();
+  return isFirst;
 }
 
 QStringList absolute(const QStringList& files) {
@@ -60,9 +84,7 @@ int Application::run(const QStringList& files) {
   if (instance.becomeFirst()) return runFirst(instance, absolute(files));
   if (instance.handOver(absolute(files))) return EXIT_SUCCESS;
   applyLanguage(Preferences().language());
-  AlertBox().show(
-      tr("Another Korvel of yours is running and does not answer; end it first").toStdString());
-  return EXIT_FAILURE;
+  return waitToBeFirst(instance) ? runFirst(instance, absolute(files)) : EXIT_FAILURE;
 }
 
 int Application::runFirst(SingleInstance& instance, const QStringList& files) {
@@ -89,6 +111,8 @@ int Application::runWindow(SingleInstance& instance, FatalAlert& alert, Handed& 
   applyLanguage(Preferences().language());
   MainWindow window(alert);
   connect(&instance, &SingleInstance::startedAgain, &window, &MainWindow::comeToFront);
+  instance.setEnding(false);
+  connect(&window, &MainWindow::ending, &instance, [&instance] { instance.setEnding(true); });
   connect(&window, &MainWindow::languageChosen, this, [&] {
     m_newWindowWanted = true;
     window.close();

@@ -14,7 +14,8 @@
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/SettingsDialog.h"
 #include "ui/window/OfferBar.h"
-#include "workflow/hearing/LiveRecording.h"
+#include "workflow/hearing/Takes.h"
+#include "workflow/hearing/WholeSong.h"
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {
@@ -31,12 +32,15 @@ Greeting::Greeting(QBoxLayout& place, QObject* parent) : QObject(parent), m_plac
 
 void Greeting::say() {
   Preferences preferences;
-  for (const ImportUnderWay& each : preferences.runningImports())
-    attempt([&] { tellOfInterrupted(each); });
-  preferences.setRunningImports({});
+  for (const ImportUnderWay& each : preferences.runningImports()) attempt([&] { takeUp(each); });
+  preferences.setRunningImports(ImportDesk::running());
   if (QBTabMgr::db().context().isReadOnly()) return tellOfReadOnlyStore();
   offerTakes();
   if (!preferences.askedForFolder() && hasSongs()) offerWorkFolder();
+}
+
+void Greeting::takeUp(const ImportUnderWay& import) {
+  import.goesOn ? emit goOnWanted(import) : tellOfInterrupted(import);
 }
 
 void Greeting::offer(const QString& question, std::function<void()> accept) {
@@ -49,15 +53,28 @@ void Greeting::offerTakes() {
   const QStringList known = preferences.knownTakes();
   QStringList all;
   QStringList takes;
-  for (const auto& take : LiveRecording::takesLeftBehind()) all.append(toText(take.string()));
-  for (const QString& take : all)
-    if (!known.contains(take)) takes.append(take);
+  for (const Take& take : takesLeft()) {
+    all.append(toText(take.file.string()));
+    if (known.contains(all.last())) continue;
+    if (!take.song)
+      takes.append(all.last());
+    else if (canHearAgain(*take.song))
+      offerToHear(*take.song);
+  }
   preferences.setKnownTakes(all);
   if (takes.isEmpty()) return;
   const QString files = takes.join(", ");
   emit told(tr("Korvel ended while it recorded; the sound is in %1").arg(files));
   offer(tr("Korvel ended while it recorded. Make a song of what is in %1?").arg(files),
         [this, takes] { emit importWanted(takes); });
+}
+
+/// It was stored as it was heard live.
+void Greeting::offerToHear(const QBSong& song) {
+  const ImportUnderWay left{song.unheard(), song.objectId(), song.title(), true};
+  offer(tr("Korvel ended before it had heard %1 note by note. Hear it now?")
+            .arg(toText(song.title())),
+        [this, left] { emit goOnWanted(left); });
 }
 
 void Greeting::tellOfInterrupted(const ImportUnderWay& import) {

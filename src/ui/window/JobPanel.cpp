@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/window/JobPanel.h"
 
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -23,13 +24,19 @@ bool isListed(const QBCommand& job) {
   return false;
 }
 
+bool isOver(const QBCommand& job) { return !job.isRunning() && !job.isPaused(); }
+
 }  // namespace
 
-JobPanel::JobPanel(QWidget* parent) : QScrollArea(parent) {
+JobPanel::JobPanel(QWidget* parent)
+    : QScrollArea(parent), m_clear(new QPushButton(tr("Clear Finished Jobs"))) {
   auto* content = new QWidget;
   m_rows = new QVBoxLayout(content);
   m_rows->setContentsMargins(0, 0, 0, 0);
+  m_rows->addWidget(m_clear, 0, Qt::AlignLeft);
   m_rows->addStretch();
+  m_clear->setEnabled(false);
+  connect(m_clear, &QPushButton::clicked, this, &JobPanel::clear);
   setWidget(content);
   setWidgetResizable(true);
   setAccessibleName(tr("Jobs"));
@@ -49,6 +56,7 @@ void JobPanel::reload() {
   for (std::size_t i = m_jobs.size(); i < session.numberOfCurrentJobs(); ++i) {
     m_jobs.push_back(new JobRow(session.findJobByIndex(i)));
     m_rows->insertWidget(0, m_jobs.back());
+    connect(m_jobs.back(), &JobRow::acted, this, &JobPanel::update);
     emit jobAdded();
   }
   m_clock.start();
@@ -58,7 +66,16 @@ void JobPanel::reload() {
 void JobPanel::update() {
   const auto running = std::ranges::count_if(m_jobs, [](JobRow* row) { return row->update(); });
   if (running == 0) m_clock.stop();
+  m_clear->setEnabled(std::ranges::any_of(m_jobs, [](JobRow* row) { return isOver(row->job()); }));
   if (std::exchange(m_running, running) != running) emit runningChanged();
+}
+
+void JobPanel::clear() {
+  QBSession& session = QBSession::session();
+  for (std::size_t i = session.numberOfCurrentJobs(); i-- > 0;) {
+    const QBCommand& job = session.findJobByIndex(i);
+    if (isOver(job)) session.removeJob(job);
+  }
 }
 
 }  // namespace korvel::ui

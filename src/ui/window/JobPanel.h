@@ -8,6 +8,7 @@
 
 #include "workflow/session/SessionViews.h"
 
+class QPushButton;
 class QVBoxLayout;
 
 namespace korvel {
@@ -35,7 +36,9 @@ class JobPanel final : public QScrollArea, public BatchView {
 
  private:
   void update();
+  void clear();
 
+  QPushButton* m_clear;
   QVBoxLayout* m_rows;
   std::vector<JobRow*> m_jobs;
   std::ptrdiff_t m_running = 0;

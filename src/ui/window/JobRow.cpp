@@ -24,8 +24,14 @@ JobRow::JobRow(QBCommand& job, QWidget* parent)
   m_drop->setAccessibleName(tr("Cancel and drop %1").arg(m_title->text()));
   m_keep->setToolTip(tr("Ends the job now and keeps what it has made so far"));
   m_drop->setToolTip(tr("Ends the job now and removes what it has made"));
-  connect(m_keep, &QPushButton::clicked, this, [this] { m_job.stopAndKeep(); });
-  connect(m_drop, &QPushButton::clicked, this, [this] { m_job.cancelAndDrop(); });
+  connect(m_keep, &QPushButton::clicked, this, [this] {
+    m_job.stopAndKeep();
+    emit acted();
+  });
+  connect(m_drop, &QPushButton::clicked, this, [this] {
+    m_job.cancelAndDrop();
+    emit acted();
+  });
   auto* column = new QVBoxLayout(this);
   auto* row = new QHBoxLayout;
   column->setContentsMargins(0, 0, 0, 0);
@@ -42,7 +48,7 @@ bool JobRow::update() {
   m_progress->setValue(m_job.m_percent);
   m_progress->setEnabled(running);
   m_keep->setEnabled(running);
-  m_drop->setEnabled(running);
+  m_drop->setEnabled(running || m_job.isPaused());
   return running;
 }
 

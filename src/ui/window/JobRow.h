@@ -24,6 +24,10 @@ class JobRow final : public QWidget {
   /// Shows how far the job is; answers whether it still runs.
   bool update();
 
+ signals:
+  /// A button was pressed.
+  void acted();
+
  private:
   QBCommand& m_job;
   QLabel* m_title;

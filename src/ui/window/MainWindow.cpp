@@ -8,6 +8,8 @@
 #include <QMimeData>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <iterator>
 
 #include "model/book/QBTextLoader.h"
 #include "model/songs/QBAlbum.h"
@@ -255,6 +257,7 @@ void MainWindow::greet() {
   connect(greeting, &Greeting::told, this,
           [this](const QString& line) { m_log->addLogText(line.toStdString()); });
   connect(greeting, &Greeting::importWanted, this, &MainWindow::importFiles);
+  connect(greeting, &Greeting::goOnWanted, m_actions, &LibraryActions::goOn);
   connect(greeting, &Greeting::refused, this, &MainWindow::say);
   greeting->say();
   m_record->setEnabled(!QBTabMgr::db().context().isReadOnly());
@@ -282,25 +285,34 @@ void MainWindow::rememberSong() const {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  const Quitting quitting = askBeforeQuitting();
+  if (quitting == Quitting::notNow) return event->ignore();
+  emit ending();
   rememberSong();
   m_panels->remember();
   Preferences().setOpenBranches(m_tree->openBranches());
-  endWork();
+  endWork(quitting);
   QBSession::session().sayGoodBye();
   event->accept();
 }
 
-/// What is heard of a long recording may take some seconds more, for which the user need not see
-/// the window.
-void MainWindow::endWork() {
+Quitting MainWindow::askBeforeQuitting() {
+  if (m_record->isRecording() && !mayEndRecording(this)) return Quitting::notNow;
+  const auto imports = ImportDesk::running();
+  return imports.empty() ? Quitting::keepHeard : askAboutImports(this, imports);
+}
+
+/// What is to be heard at the next start is in the preferences by then.
+void MainWindow::endWork(Quitting quitting) {
   m_player->stop();
   rememberRunning();
-  if (m_record->isBusy() || !ImportDesk::running().empty()) {
-    hide();
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  }
-  m_record->finish();
-  Preferences().setRunningImports(ImportDesk::endAll());
+  std::vector<ImportUnderWay> left;
+  if (quitting == Quitting::goOnLater) left = ImportDesk::leaveAll();
+  if (const auto take = m_record->finish()) left.push_back(*take);
+  ImportDesk::stopAll();
+  if (!ImportDesk::running().empty()) waitForImports(this);
+  std::ranges::copy(ImportDesk::endAll(), std::back_inserter(left));
+  Preferences().setRunningImports(left);
 }
 
 // ---- what comes from outside

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "ui/desktop/DesktopScheme.h"
+#include "ui/dialogs/QuitQuestions.h"
 #include "ui/dialogs/SaveFilePanel.h"
 #include "ui/window/Panels.h"
 #include "workflow/hearing/ImportDesk.h"
@@ -70,6 +71,8 @@ class MainWindow final : public QMainWindow, public SongView {
   /// The user chose a language other than the window's, and nothing is under way that a new window
   /// would end.
   void languageChosen();
+  /// The window closes, which may take a while; nothing new is to be begun.
+  void ending();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -98,7 +101,8 @@ class MainWindow final : public QMainWindow, public SongView {
   bool isBusy() const;
   static void rememberRunning();
   void rememberSong() const;
-  void endWork();
+  Quitting askBeforeQuitting();
+  void endWork(Quitting quitting);
 
   SaveFilePanel m_savePanel{this};
   LibraryTree m_library;
