@@ -84,8 +84,10 @@ TEST_F(ImportDeskTest, songThatIsNotWholeSaysSoAndIsHeardAgainInItsPlace) {
     EXPECT_EQ(test::linesOf(*again->newSong()), expected);
     EXPECT_TRUE(again->newSong()->isWhole());
     EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+    QBSession::session().setActiveSong(again->newSong());
     EXPECT_TRUE(QBSession::session().undo());
     EXPECT_EQ(song->chords().size(), 5U) << "one action";
+    EXPECT_EQ(QBSession::session().activeSong(), nullptr) << "it is gone";
     EXPECT_TRUE(QBSession::session().redo());
     EXPECT_EQ(m_tree->albums().back()->album()->songs().size(), 1U);
   }

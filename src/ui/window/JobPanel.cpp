@@ -55,7 +55,7 @@ void JobPanel::reload() {
   const QBSession& session = QBSession::session();
   for (std::size_t i = m_jobs.size(); i < session.numberOfCurrentJobs(); ++i) {
     m_jobs.push_back(new JobRow(session.findJobByIndex(i)));
-    m_rows->insertWidget(0, m_jobs.back());
+    m_rows->insertWidget(1, m_jobs.back());  // below the button
     connect(m_jobs.back(), &JobRow::acted, this, &JobPanel::update);
     emit jobAdded();
   }

@@ -158,7 +158,8 @@ bool QBSession::redo() {
 void QBSession::renewViews() {
   if (m_activeTreeNode && m_activeTreeNode->isGone()) setActiveTreeNode(nullptr);
   refreshTree();
-  if (m_song) setActiveSong(m_song->isDeleted() ? nullptr : m_song.get());
+  // One that an undo has taken out of its album is gone like one that it has deleted.
+  if (m_song) setActiveSong(m_song->isDeleted() || !m_song->album() ? nullptr : m_song.get());
   for (std::size_t job = 0; job < m_jobs.size(); ++job) m_jobs[job]->storeRenewed();
   if (m_views.batch) m_views.batch->reload();
 }
