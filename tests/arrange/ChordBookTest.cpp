@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "arrange/hands/HandShapes.h"
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "support/ScratchStore.h"
 #include "support/StandardStore.h"
@@ -36,6 +37,18 @@ TEST_F(ChordBookTest, everyShapeGetsTheNameInTheBook) {
       EXPECT_EQ(nameOf(frets), name) << frets;
   }
   EXPECT_GE(shapes, 150);
+}
+
+TEST_F(ChordBookTest, easiestShapeIsTheOneThatBeginnersLearn) {
+  const auto easiest = [](const char* name) {
+    const auto shapes = shapesOf(parseChordName(name), OpenStrings(), 12);
+    return shapes.empty() ? "none" : shorthandOf(shapes.front());
+  };
+  const std::map<const char*, const char*> known{
+      {"C", "x32010"},  {"D", "xx0232"},  {"E", "022100"},   {"F", "133211"},  {"G", "320003"},
+      {"A", "x02220"},  {"Am", "x02210"}, {"Em", "022000"},  {"Dm", "xx0231"}, {"E7", "020100"},
+      {"G7", "320001"}, {"C7", "x32310"}, {"Am7", "x02010"}, {"F#m", "244222"}};
+  for (const auto& [name, frets] : known) EXPECT_EQ(easiest(name), frets) << name;
 }
 
 TEST_F(ChordBookTest, anotherTuningGivesAnotherName) {

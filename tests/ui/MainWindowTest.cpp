@@ -9,6 +9,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
@@ -25,6 +26,7 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/QtRunLoop.h"
 #include "ui/dialogs/AlertBox.h"
+#include "ui/dialogs/ShapeDialog.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/views/FretboardView.h"
@@ -271,6 +273,22 @@ TEST_F(MainWindowTest, chordsAreCorrectedTogetherEachWithOneStepOfUndo) {
   EXPECT_EQ(shownName(chord(1)) + shownName(chord(2)), "Bm7Bm7");
   undo->trigger();
   EXPECT_NE(shownName(chord(1)), "Bm7");
+
+  tablature.selectChords(1, 2);
+  QTimer::singleShot(0, [] {
+    auto* dialog = qobject_cast<ShapeDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->findChild<QLineEdit*>()->setText("Dm");
+    dialog->findChild<QListWidget*>()->setCurrentRow(0);
+    dialog->accept();
+  });
+  action("Set Chord ...")->trigger();
+  for (int i = 1; i <= 2; ++i) {
+    EXPECT_EQ(ChordGrip(chord(i)).shorthand(), "xx0231");
+    EXPECT_EQ(shownName(chord(i)), "Dm");
+  }
+  undo->trigger();
+  EXPECT_EQ(test::fretsOf(song), before);
 
   const std::size_t count = song.chords().size();
   tablature.selectChords(0, 1);

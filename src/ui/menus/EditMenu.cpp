@@ -8,6 +8,7 @@
 #include <array>
 #include <utility>
 
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
@@ -17,6 +18,7 @@
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
+#include "ui/dialogs/ShapeDialog.h"
 #include "ui/library/TreePanel.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
@@ -114,6 +116,7 @@ void EditMenu::addMoves() {
 
 void EditMenu::addChordEdits() {
   addEdit(tr("Set Chord &Name ..."), tr("Ctrl+M"), [this] { nameChord(); });
+  addEdit(tr("Set Ch&ord ..."), tr("Ctrl+Shift+M"), [this] { chooseShape(); });
   m_duration = addMenu(tr("Change &Duration"));
   for (const Duration& duration : kDurations)
     m_duration->addAction(QCoreApplication::translate("Duration", duration.name), this,
@@ -286,6 +289,17 @@ void EditMenu::nameChord() {
       editor.clearChordNames(span.first, span.last);
     else
       editor.setChordNames(span.first, span.last, parseChordName(name.toStdString()));
+  });
+}
+
+void EditMenu::chooseShape() {
+  const ChordSpan span = chosen();
+  if (!m_song || span.first < 0) return;
+  const auto& chord = *m_song->allChords().at(static_cast<std::size_t>(span.first));
+  ShapeDialog dialog(openStringsOf(m_song), toText(shownName(chord)), parentWidget());
+  if (dialog.exec() != QDialog::Accepted) return;
+  attempt([&](SongEditor& editor) {
+    editor.setShape(span.first, span.last, dialog.name(), dialog.shape());
   });
 }
 

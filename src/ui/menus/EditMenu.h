@@ -73,6 +73,7 @@ class EditMenu final : public QMenu {
   void paste();
   void moveTone(int strings);
   void nameChord();
+  void chooseShape();
   void undo();
   void update();
 

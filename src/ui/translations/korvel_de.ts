@@ -1286,6 +1286,10 @@
         <source>Take As Whole</source>
         <translation>Als ganz ansehen</translation>
     </message>
+    <message>
+        <source>Set Chord</source>
+        <translation>Akkord setzen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -1661,6 +1665,14 @@
     <message>
         <source>There are no chords to paste; copy some in a tablature first</source>
         <translation>Es gibt keine Akkorde zum Einfügen; kopiere erst welche in einer Tabulatur</translation>
+    </message>
+    <message>
+        <source>Set Ch&amp;ord ...</source>
+        <translation>Akk&amp;ord setzen ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+M</source>
+        <translation>Ctrl+Shift+M</translation>
     </message>
 </context>
 <context>
@@ -2456,6 +2468,25 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>&amp;Language</source>
         <translation>&amp;Sprache</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::ShapeDialog</name>
+    <message>
+        <source>Set Chord</source>
+        <translation>Akkord setzen</translation>
+    </message>
+    <message>
+        <source>Shapes</source>
+        <translation>Griffe</translation>
+    </message>
+    <message>
+        <source>&amp;Chord, such as Am7:</source>
+        <translation>&amp;Akkord, etwa Am7:</translation>
+    </message>
+    <message>
+        <source>No hand reaches this chord in this tuning</source>
+        <translation>In dieser Stimmung greift keine Hand diesen Akkord</translation>
     </message>
 </context>
 <context>

@@ -8,6 +8,9 @@
 
 namespace korvel {
 
+CopiedChord::Tone::Tone(int ofString, int ofFret, double loudness, int length, bool sounds)
+    : string(ofString), fret(ofFret), amp(loudness), duration(length), active(sounds) {}
+
 CopiedChord::Tone::Tone(const QBTone& tone)
     : string(tone.string()),
       fret(tone.fret()),

@@ -14,6 +14,7 @@ class QBTone;
 /// tones.
 struct CopiedChord {
   struct Tone {
+    Tone(int ofString, int ofFret, double loudness, int length, bool sounds);
     explicit Tone(const QBTone& tone);
     /// A tone like this one on that string and fret.
     void addTo(QBHold& hold, int onString, int onFret) const;

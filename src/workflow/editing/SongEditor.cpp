@@ -170,6 +170,30 @@ void SongEditor::removeTone(int chord, int string) {
   });
 }
 
+void SongEditor::setShape(int first, int last, const ChordName& name, const ChordShape& shape) {
+  chordAt(last);
+  chordAt(first);
+  edit(phrase("UndoAction", "Set Chord"), [&] {
+    for (int chord = first; chord <= last; ++chord) {
+      takeShape(chord, shape);
+      tonesChanged(chord);
+      this->name(chordAt(chord), &name);
+    }
+  });
+}
+
+void SongEditor::takeShape(int index, const ChordShape& shape) {
+  const QBTone* model = loudestNear(index);
+  CopiedChord::Tone tone =
+      model ? CopiedChord::Tone(*model) : CopiedChord::Tone{0, 0, kAmp, 0, true};
+  tone.active = true;
+  QBHold& hold = holdOf(chordAt(index));
+  for (const auto& old : hold.tones().snapshot()) hold.deleteTone(old);
+  for (int string = 0; string < kStrings; ++string)
+    if (const int fret = shape[static_cast<std::size_t>(string)]; fret != kNotPlayed)
+      tone.addTo(hold, string, fret);
+}
+
 void SongEditor::moveTone(int chord, int string, int toString) {
   requireString(string);
   requireString(toString);

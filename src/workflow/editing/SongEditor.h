@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "arrange/hands/HandShapes.h"
 #include "arrange/harmony/ChordName.h"
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
@@ -48,6 +49,9 @@ class SongEditor {
   /// Silences the tones of a string, or lets them sound.
   void setActive(int chord, int string, bool active);
 
+  /// All chords from first to last become that chord in that shape, as loud and long as they were:
+  /// "Set Chord".
+  void setShape(int first, int last, const ChordName& name, const ChordShape& shape);
   /// To the string above or below it, where it sounds the same. Throws EditRefused where that
   /// string sounds already, or has no such fret.
   void moveTone(int chord, int string, int toString);
@@ -83,6 +87,7 @@ class SongEditor {
   QBChord& chordAt(int index);
   QBHold& holdOf(QBChord& chord);
   QBTone* loudestNear(int index);
+  void takeShape(int index, const ChordShape& shape);
   void addVoice(int index, int string, int fret);
   void tonesChanged(int index);
   void name(QBChord& chord, const ChordName* name);
