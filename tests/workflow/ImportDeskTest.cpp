@@ -42,6 +42,25 @@ struct ImportDeskTest : testing::Test {
   std::optional<LibraryTree> m_tree;
 };
 
+TEST_F(ImportDeskTest, tagsOfARecordingNameTheSongAndItsAlbum) {
+  const auto chunk = [](const std::string& id, const std::string& content) {
+    const auto size = static_cast<char>(content.size());
+    return id + size + std::string(3, '\0') + content;
+  };
+  const std::string info =
+      "INFO" + chunk("INAM", "Slow Waltz  ") + chunk("IART", std::string("The Band\0\0", 10));
+  test::writeFile(m_file, test::readFile(m_file) + chunk("LIST", info));
+  for (const char* title : {"Slow Waltz", "Slow Waltz_2"}) {
+    const auto import = start(ImportDetection::classic);
+    ASSERT_NE(import, nullptr);
+    EXPECT_EQ(import->newSong()->title(), title);
+    EXPECT_EQ(import->newSong()->album()->name(), "The Band");
+    runUntil([&] { return !import->isRunning(); });
+  }
+  start(ImportDetection::classic)->cancelAndDrop();
+  EXPECT_EQ(QBTabMgr::db().findAlbumByName("The Band")->songs().size(), 2U);
+}
+
 TEST_F(ImportDeskTest, stoppedImportKeepsWhatWasHeardSoFar) {
   for (const auto detection : {ImportDetection::classic, ImportDetection::precise}) {
     const auto import = start(detection);

@@ -37,6 +37,18 @@ MediaTrack describe(const AVStream& stream) {
   return track;
 }
 
+/// Some formats tag the file, others its first track of sound.
+std::string tagOf(const AVFormatContext& file, const char* name) {
+  if (const auto* entry = av_dict_get(file.metadata, name, nullptr, 0)) return entry->value;
+  for (unsigned i = 0; i < file.nb_streams; ++i) {
+    const AVStream& stream = *file.streams[i];
+    if (stream.codecpar->codec_type != AVMEDIA_TYPE_AUDIO) continue;
+    const auto* entry = av_dict_get(stream.metadata, name, nullptr, 0);
+    return entry ? entry->value : "";
+  }
+  return {};
+}
+
 }  // namespace
 
 MediaAsset::MediaAsset(std::filesystem::path file) : m_file(std::move(file)) {
@@ -44,6 +56,8 @@ MediaAsset::MediaAsset(std::filesystem::path file) : m_file(std::move(file)) {
     const MediaFile media(m_file);
     for (unsigned i = 0; i < media.context()->nb_streams; ++i)
       m_tracks.push_back(describe(*media.context()->streams[i]));
+    m_title = tagOf(*media.context(), "title");
+    m_artist = tagOf(*media.context(), "artist");
     m_hasTrackList = true;
   } catch (const MediaError& error) {
     m_problem = error.text();

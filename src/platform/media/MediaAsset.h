@@ -35,6 +35,9 @@ class MediaAsset {
   const std::vector<MediaTrack>& tracks() const { return m_tracks; }
   /// The first track that is sound and can be decoded; null when there is none.
   const MediaTrack* firstSound() const;
+  // What the file's tags say; empty without them.
+  const std::string& title() const { return m_title; }
+  const std::string& artist() const { return m_artist; }
   /// Why there is no track list; names the file. Empty when there is one.
   const UserText& problem() const { return m_problem; }
   const std::filesystem::path& file() const { return m_file; }
@@ -43,6 +46,8 @@ class MediaAsset {
   std::filesystem::path m_file;
   bool m_hasTrackList = false;
   std::vector<MediaTrack> m_tracks;
+  std::string m_title;
+  std::string m_artist;
   UserText m_problem;
 };
 

@@ -14,6 +14,7 @@
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/hearing/RecordingTags.h"
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryTree.h"
@@ -31,11 +32,22 @@ void requireInstrument() {
     throw std::runtime_error("no instrument is selected that could confirm tones; select one");
 }
 
-/// The song that an import fills, with the album made for it unless there is one.
+/// The album of that artist, which is made when it is missing.
+QBAlbum* albumOf(const std::string& artist) {
+  QBTabMgr& db = QBTabMgr::db();
+  QBAlbum* known = db.findAlbumByName(artist);
+  return known ? known : db.createAlbum(artist, false);
+}
+
+/// The song that an import fills, with the album made for it unless there is one. Its tags name it,
+/// or else its file.
 QBSong* newSong(const std::string& file, QBAlbum* into) {
   QBTabMgr& db = QBTabMgr::db();
   // A line break in a title would shift the rows of the tablature.
-  const std::string name = platform::printable(std::filesystem::path(file).stem().string());
+  const std::string stem = platform::printable(std::filesystem::path(file).stem().string());
+  const RecordingTags tags(file);
+  const std::string name = tags.title.value_or(stem);
+  if (!into && tags.artist) into = albumOf(*tags.artist);
   QBAlbum* album = into ? into : db.createAlbum(QBNameMgr(nullptr, name).newAlbumName(db), false);
   QBSong* song = album->createSong(into ? QBNameMgr(into, name).newName() : album->name());
   song->setTuning(db.selectedTuning());
@@ -136,7 +148,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAl
   session.refreshTree();
   m_tree.refresh();
   const auto made = command(file, song, song->album());
-  made->setOwnsAlbum(!into);
+  made->setOwnsAlbum(!into && song->album()->songs().size() == 1);
   made->joinUndo(undo);
   run(made);
   return made;

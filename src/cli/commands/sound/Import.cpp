@@ -27,6 +27,7 @@
 #include "workflow/hearing/ImportDetection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/hearing/RecordingTags.h"
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/QBSession.h"
@@ -67,8 +68,9 @@ void hear(const ImportOptions& options, const std::string& file, const NewSong& 
 platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,
                                  QBTuning* tuning) {
   requireSound(file);
-  NewSong made(QBTabMgr::db(), options.album, std::filesystem::path(file).stem().string(),
-               options.title);
+  const RecordingTags tags(file);
+  NewSong made(QBTabMgr::db(), options.album ? options.album : tags.artist,
+               tags.title.value_or(std::filesystem::path(file).stem().string()), options.title);
   made.song()->setTuning(tuning);
   hear(options, file, made);
   if (!hasTones(*made.song()))
