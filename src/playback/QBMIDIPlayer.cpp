@@ -51,6 +51,7 @@ bool QBMIDIPlayer::playNote(int, int note, double duration) {
 
 QBChord& QBMIDIPlayer::playChord(QBChord& chord) {
   m_timestamp = stepAfter(m_timestamp);
+  m_lastDuration = std::clamp(chord.duration(), 1, kLongestDuration);
   if (const QBHold* hold = chord.hold())
     for (const QBTone* tone : hold->tones())
       if (tone->isActive()) playNote(tone->string(), toMIDI(*tone), stepsOf(*tone));
@@ -176,6 +177,10 @@ void QBMIDIPlayer::setPlaybackRate(float rate) {
 bool QBMIDIPlayer::isOver() const {
   const double endOfChords = stepAfter(m_timestamp);
   return m_player && m_player->time() >= std::max(m_sequence.length(), endOfChords);
+}
+
+bool QBMIDIPlayer::isPastChords() const {
+  return m_player && m_player->time() >= m_timestamp + m_lastDuration * kSecondsOfChord;
 }
 
 }  // namespace korvel

@@ -80,6 +80,8 @@ class QBMIDIPlayer {
   /// All chords have been heard, the empty ones too, and all notes; it goes on in silence until it
   /// is stopped.
   bool isOver() const;
+  /// The last chord has had its duration: a loop begins again here, in time.
+  bool isPastChords() const;
 
  private:
   platform::Ref<QBSong> m_song;
@@ -91,7 +93,8 @@ class QBMIDIPlayer {
   double m_leadIn = 0;                        ///< In beats.
   std::unique_ptr<platform::MusicPlayer> m_player;
   int m_cursor = 0;
-  float m_timestamp = 0;  ///< When the last chord was added, in beats.
+  float m_timestamp = 0;   ///< When the last chord was added, in beats.
+  int m_lastDuration = 1;  ///< Of that chord, in steps.
   bool m_loop = false;
   int m_to = 0;
   platform::UserText m_problem;

@@ -85,6 +85,31 @@ struct QBPlayerViewControllerTest : testing::Test {
   QBPlayerViewController m_player{m_controls, [this] { return newPlayer(); }};
 };
 
+TEST_F(QBPlayerViewControllerTest, aLoopSoundsWholeAtEveryRateAndBeginsAgain) {
+  for (const int speed : {200, 500}) {
+    m_song = m_store.song("Silence and a chord");
+    for (const char* frets : {"xxxxxx", "xxxxxx", "022100"}) test::addChord(m_song, frets);
+    m_song->setFromChord(m_song->chords().at(1));
+    m_song->setToChord(m_song->chords().at(2));
+    m_controls.slider = speed;
+    QBSession::session().setActiveSong(m_song);
+    m_player.play();
+    const std::size_t before = m_audio.heard().size();
+    const double step = kSecondsOfChord * 200 / speed;
+    listen(3.5 * step);
+    const auto sound = m_audio.heard();
+    const auto loud = std::count_if(sound.begin() + static_cast<std::ptrdiff_t>(before),
+                                    sound.end(), [](int sample) { return std::abs(sample) > 100; });
+    EXPECT_GT(static_cast<double>(loud) / static_cast<double>(sound.size() - before), 0.8 / 3.5)
+        << speed;
+    m_controls.told.clear();
+    listen(3 * step);
+    EXPECT_FALSE(m_controls.told.empty()) << "again";
+    EXPECT_TRUE(m_player.isPlaying());
+    m_player.stop();
+  }
+}
+
 TEST_F(QBPlayerViewControllerTest, playsAsWritten) {
   QBSession& session = QBSession::session();
   test::expectScript(
@@ -104,7 +129,6 @@ TEST_F(QBPlayerViewControllerTest, playsAsWritten) {
        {"play", after([&](const Words&) { m_player.play(); })},
        {"stop", after([&](const Words&) { m_player.stop(); })},
        {"run", after([&](const Words& words) { listen(words.real(0)); })},
-       {"keepLooping", after([&](const Words&) { m_player.keepLooping(); })},
        {"slider", after([&](const Words& words) {
           m_controls.slider = words.number(0);
           m_player.speedChanged();

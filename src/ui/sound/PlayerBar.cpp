@@ -26,7 +26,7 @@ constexpr int kFastest = 150;
 constexpr double kClicksAsTheyCome = 70;
 constexpr int kSliderWidth = 9;  // in letters
 constexpr int kSecondsOfMinute = 60;
-/// How late the place may be told, and a loop may begin again whose end was passed over.
+/// How late the place may be told.
 constexpr std::chrono::milliseconds kWatch{50};
 
 QString clock(double seconds) {
@@ -63,10 +63,7 @@ PlayerBar::PlayerBar(QWidget* parent)
   addMetronome();
   m_sound = addAction(tr("Sound ..."), this, &PlayerBar::settingsWanted);
   m_watch.setInterval(kWatch);
-  connect(&m_watch, &QTimer::timeout, this, [this] {
-    m_player.followSound();
-    m_player.keepLooping();
-  });
+  connect(&m_watch, &QTimer::timeout, this, [this] { m_player.followSound(); });
   connect(m_speed, &QSlider::valueChanged, this, [this] { m_player.speedChanged(); });
   connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
     Preferences().setVolume(value);

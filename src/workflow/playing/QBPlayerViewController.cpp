@@ -18,6 +18,9 @@ namespace {
 constexpr platform::Phrase kDeviceLost = platform::phrase(
     "Message", "the sound device is gone; choose another one or plug it in, and play again");
 
+/// How late the end may be noticed, in seconds: steps are too far apart for fast playing.
+constexpr double kWatch = 0.02;
+
 std::string percentOf(float fraction) {
   constexpr float kMost = 999;
   char text[8];
@@ -57,6 +60,7 @@ QBPlayerViewController::Range QBPlayerViewController::rangeOf(QBSong& song) {
 void QBPlayerViewController::begin(QBSong& song) {
   m_song = &song;
   m_range = rangeOf(song);
+  m_loops = song.fromChord() || song.toChord();
   m_midi = std::make_unique<QBMIDIPlayer>(song, m_newPlayer());
   m_midi->scan(m_range.from, m_range.to);
   m_midi->addMetronome(m_range.from, m_range.to);
@@ -67,30 +71,37 @@ void QBPlayerViewController::begin(QBSong& song) {
       song.allChords(), [&](const auto& chord) { return chord->position() < m_range.from; }));
   m_shown = -1;
   m_timer = platform::RunLoop::main().scheduleRepeating(kSecondsOfChord, [this] { playHandler(); });
+  m_watch = platform::RunLoop::main().scheduleRepeating(kWatch, [this] { lookForEnd(); });
   if (!m_midi->start()) throw platform::AudioError(m_midi->problem());
   m_midi->setPlaybackRate(speedFraction());
   m_midi->goToBeginning();
   QBSession::session().lockTab(true);
 }
 
-/// The last chord of a loop is cut off by the rewinding: the place is that of the chord which
-/// begins, and the range is counted without one of its ends. Positions that users see depend on it.
 void QBPlayerViewController::playHandler() {
   if (m_midi->isLost()) return end(kDeviceLost);
   if (m_song->isDeleted()) return end({});
   const int index = m_midi->playbackPosition();
   if (index == -1) return;
-  if (showPlace(index) >= 1.0F) m_midi->rewind();
+  showPlace(index);
 }
 
-float QBPlayerViewController::showPlace(int index) {
+/// The place is that of the chord which begins, and the range is counted without one of its ends, so
+/// that the last chord of a loop lies beyond it. The mark in the tablature depends on that.
+void QBPlayerViewController::showPlace(int index) {
   m_shown = index;
   const float fraction =
       static_cast<float>(index + 1) / static_cast<float>(m_range.to - m_range.from);
-  m_controls.showPosition(percentOf(fraction));
+  m_controls.showPosition(percentOf(std::min(fraction, 1.0F)));
   QBSession& session = QBSession::session();
   if (session.activeSong() == m_song) session.setTabPosition(fraction);
-  return fraction;
+}
+
+void QBPlayerViewController::lookForEnd() {
+  if (m_loops && m_midi->isPastChords())
+    m_midi->rewind();
+  else if (!m_loops && m_midi->isOver())
+    end({});
 }
 
 void QBPlayerViewController::followSound() {
@@ -118,16 +129,13 @@ void QBPlayerViewController::end(const platform::UserText& problem) {
     if (told.empty() && m_midi->isLost()) told = kDeviceLost;
   }
   m_timer = nullptr;
+  m_watch = nullptr;
   m_midi = nullptr;
   m_controls.unlockAll();
   QBSession::session().lockTab(false);
   const platform::Ref<QBSong> song = std::exchange(m_song, nullptr);
   if (song && !song->isDeleted()) QBSession::session().setActiveSong(song);
   if (!told.empty()) m_controls.showProblem(told);
-}
-
-void QBPlayerViewController::keepLooping() {
-  if (isOver() && (m_song->fromChord() || m_song->toChord())) m_midi->rewind();
 }
 
 void QBPlayerViewController::setMetronome(bool on) {

@@ -35,11 +35,10 @@ class PlayerControls {
   virtual int fullSpeed() const = 0;
 };
 
-/// Plays the session's song: its loop, or all of it, again and again where its end is reached. The
-/// end of a song that is played whole is not, as the last chord has no position; it goes on in
-/// silence then until it is stopped. Another song may become the session's meanwhile; the place is
-/// told while it is the one that plays. Playing ends when its song is deleted, or gets another loop
-/// or other chords. Main thread; runs on the main run loop's timer.
+/// Plays the session's song: its loop, again and again, or all of it, and ends by itself when that
+/// has been heard. The last chord of a song has no position. Another song may become the session's
+/// meanwhile; the place is told while it is the one that plays. Playing ends when its song is
+/// deleted, or gets another loop or other chords. Main thread; runs on the main run loop's timer.
 class QBPlayerViewController final : public PlayerView {
  public:
   /// Makes what a song is played with; may throw AudioError and SoundFontError.
@@ -61,10 +60,6 @@ class QBPlayerViewController final : public PlayerView {
   bool plays(const QBSong* song) const override { return m_midi && song && song == m_song; }
   /// All of what plays has been heard.
   bool isOver() const { return m_midi && m_midi->isOver(); }
-
-  /// Begins a loop again whose end was passed over between two looks at the position. Who plays
-  /// faster than was recorded should call this now and then.
-  void keepLooping();
 
   /// Tells the place as soon as another chord is heard, for who calls this often: the place is told
   /// once a step otherwise, which may be nearly a step late.
@@ -94,7 +89,8 @@ class QBPlayerViewController final : public PlayerView {
   static Range rangeOf(QBSong& song);
   void begin(QBSong& song);
   void playHandler();
-  float showPlace(int index);
+  void lookForEnd();
+  void showPlace(int index);
   void end(const platform::UserText& problem);
   float speedFraction() const;
 
@@ -108,7 +104,9 @@ class QBPlayerViewController final : public PlayerView {
   int m_first = 0;   ///< Index in the song of the first chord that is played.
   int m_shown = -1;  ///< Index among those played of the chord that was told last.
   std::unique_ptr<QBMIDIPlayer> m_midi;
+  bool m_loops = false;
   std::unique_ptr<platform::RunLoop::Timer> m_timer;
+  std::unique_ptr<platform::RunLoop::Timer> m_watch;
 };
 
 }  // namespace korvel

@@ -14,7 +14,6 @@
 #include "cli/support/SongChoice.h"
 #include "cli/support/SoundChoice.h"
 #include "cli/support/UsageError.h"
-#include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sound/WaveFiles.h"
@@ -59,8 +58,6 @@ class ConsolePlayer final : public PlayerControls {
   std::string m_problem;
 };
 
-bool hasLoop(const QBSong& song) { return song.fromChord() || song.toChord(); }
-
 /// To the player a file that cannot be written any more is a device that is gone.
 std::string named(const std::string& problem, const PlayOptions& options) {
   const std::string device =
@@ -72,13 +69,11 @@ std::string named(const std::string& problem, const PlayOptions& options) {
   return isNamed ? problem : name + ": " + problem;
 }
 
-void run(QBPlayerViewController& player, Interrupts& interrupts, bool endless) {
+void run(QBPlayerViewController& player, Interrupts& interrupts) {
   const auto watch = platform::RunLoop::main().scheduleRepeating(kWatchSeconds, [] {});
   player.play();
-  platform::PlainRunLoop::ofProcess().runUntil([&] {
-    player.keepLooping();
-    return !player.isPlaying() || interrupts.next() || (!endless && player.isOver());
-  });
+  platform::PlainRunLoop::ofProcess().runUntil(
+      [&] { return !player.isPlaying() || interrupts.next(); });
   player.stop();
 }
 
@@ -111,7 +106,7 @@ void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& opti
     return std::make_unique<platform::MusicPlayer>(system, options.device, std::move(synthesizer));
   });
   const PlayingSession session(song, player);
-  run(player, interrupts, hasLoop(song));
+  run(player, interrupts);
   if (!console.problem().empty()) throw CliError(named(console.problem(), options));
 }
 
