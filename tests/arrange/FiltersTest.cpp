@@ -57,7 +57,7 @@ struct FiltersTest : testing::Test {
     declare("9", 9, {0, 4, 3, 3, 4});
     m_db.loadHarmonies();
   }
-  void declare(const char* type, int order, std::initializer_list<int> steps) {
+  void declare(const std::string& type, int order, const std::vector<int>& steps) {
     QBHarmony* harmony = m_db.createHarmony(type, order);
     for (int place = 0; const int step : steps) harmony->addStep(place++, step);
   }
@@ -175,99 +175,109 @@ std::string groupsOf(QBSong& song, const std::string& harmonies) {
 }
 
 TEST_F(FiltersTest, doAsWritten) {
-  test::expectScript("arrange/filters.txt",
-                     {{"melody", inPlace<QBExtractMelody>()},
-                      {"brass", inPlace<QBExtractBrass>()},
-                      {"loudest", inPlace<QBApplyLoudest>()},
-                      {"above", command([](QBSong& song, const Words& words) {
-                         QBRemoveSilent visitor(static_cast<float>(words.real(0)));
-                         song.iterate(visitor);
-                       })},
-                      {"millions", inPlace<QBUnderAmpRemover>()},
-                      {"layer", layered<QBGroupRemover>()},
-                      {"layersFrom", layered<QBFromGroupRemover>()},
-                      {"layersTo", layered<QBUnderGroupRemover>()},
-                      {"plectrum", inPlace<QBPlectrumExtractor>()},
-                      {"withoutOptions", command([](QBSong& song, const Words& words) {
-                         QBOptionRemover visitor(numbersOf(words));
-                         song.iterate(visitor);
-                       })},
-                      {"harmonic", inPlace<QBNonChordToneRemover>()},
-                      {"contra", inPlace<QBContraPoint>()},
-                      {"struckInPlace", inPlace<QBApplyRightHands>()},
-                      {"struck", intoAnother<QBRightHandExtractor>()},
-                      {"pushed", intoAnother<QBToneToNextString>()},
-                      {"pushedByTurns", intoAnother<QBToneToNextStringAlternated>()},
-                      {"upperTones", intoAnother<QBLeftHandExtractorPello>()},
-                      {"clean", answer([](QBSong& song, const Words&) {
-                         const QBSong& cleaned = *QBChordCleaner::clean(song);
-                         EXPECT_EQ(cleaned.tuning(), QBTabMgr::db().selectedTuning());
-                         EXPECT_EQ(cleaned.album(), nullptr);
-                         return cleaned.title() + ": " + drawn(cleaned);
-                       })},
-                      {"merged", command([this](QBSong& song, const Words&) {
-                         QBChordFilter filter(&song);
-                         filter.setM_song(m_album->createSong("New"));
-                         filter.filter();
-                       })},
-                      {"voicings", command([this](QBSong& song, const Words& words) {
-                         m_album->createSong("Song(voic)");
-                         QBExtractVoicings visitor(&song, words.number(0));
-                         song.iterate(visitor);
-                         visitor.cleanUp();
-                       })},
-                      {"transposed", answer([this](QBSong& song, const Words& words) {
-                         QBChordTransposer transposer(song.allChords()[0], m_guitar, 0,
-                                                      words.number(0));
-                         return drawn(*transposer.transpose());
-                       })},
-                      {"measures", answer(&measuresOf)},
-                      {"layers",  // of the first chord's tones, by loudness
-                       answer([](QBSong& song, const Words&) {
-                         QBToneGroupBuilder(song.allChords()[0]).build();
-                         std::string groups;
-                         for (const QBTone* tone : song.allChords()[0]->hold()->tones())
-                           groups += std::to_string(tone->group());
-                         return groups;
-                       })},
-                      {"groups", answer([](QBSong& song, const Words& words) {
-                         return groupsOf(song, words[0] == ":" ? "" : words[0]);
-                       })},
-                      {"groupLine", answer([](QBSong& song, const Words& words) {
-                         for (const int number : numbersOf(words)) {
-                           QBChord* chord = test::addChord(&song, "x02210");
-                           if (number) chord->setGroupNumber(number);
-                         }
-                         QBGroupToString line;
-                         song.iterate(line);
-                         return line.m_output();
-                       })},
-                      {"score", answer(&scoreOf)},
-                      {"hand", answer(&handOf)},
-                      {"leftPattern",
-                       [this](const Words& words) {
-                         m_db.addLeftPattern(words[0], words.number(1));
-                         m_db.loadLeftPatterns();
-                         return "";
-                       }},
-                      {"rightPattern",
-                       [this](const Words& words) {
-                         m_db.addPattern(words[0], words.number(1));
-                         m_db.loadPatterns();
-                         return "";
-                       }},
-                      // The patterns of the chords before, from the highest string down.
-                      {"patterns", [this](const Words&) {
-                         std::string text;
-                         for (const auto& chord : m_source->allChords()) {
-                           std::string struck = chord->pattern() ? "------ " : "none ";
-                           if (chord->pattern())
-                             for (const QBString* row : chord->pattern()->strings())
-                               struck.at(5 - static_cast<std::size_t>(row->order())) = 'x';
-                           text += struck;
-                         }
-                         return text;
-                       }}});
+  test::expectScript(
+      "arrange/filters.txt",
+      {{"melody", inPlace<QBExtractMelody>()},
+       {"brass", inPlace<QBExtractBrass>()},
+       {"loudest", inPlace<QBApplyLoudest>()},
+       {"above", command([](QBSong& song, const Words& words) {
+          QBRemoveSilent visitor(static_cast<float>(words.real(0)));
+          song.iterate(visitor);
+        })},
+       {"millions", inPlace<QBUnderAmpRemover>()},
+       {"layer", layered<QBGroupRemover>()},
+       {"layersFrom", layered<QBFromGroupRemover>()},
+       {"layersTo", layered<QBUnderGroupRemover>()},
+       {"plectrum", inPlace<QBPlectrumExtractor>()},
+       {"withoutOptions", command([](QBSong& song, const Words& words) {
+          QBOptionRemover visitor(numbersOf(words));
+          song.iterate(visitor);
+        })},
+       {"add9",
+        [this](const Words&) {
+          declare("add9", 4, {0, 4, 3, 7});
+          m_db.loadHarmonies();
+          return std::string("known");
+        }},
+       {"withoutIntervals", command([](QBSong& song, const Words& words) {
+          QBOptionRemover visitor(numbersOf(words), QBOptionRemover::Counted::byInterval);
+          song.iterate(visitor);
+        })},
+       {"harmonic", inPlace<QBNonChordToneRemover>()},
+       {"contra", inPlace<QBContraPoint>()},
+       {"struckInPlace", inPlace<QBApplyRightHands>()},
+       {"struck", intoAnother<QBRightHandExtractor>()},
+       {"pushed", intoAnother<QBToneToNextString>()},
+       {"pushedByTurns", intoAnother<QBToneToNextStringAlternated>()},
+       {"upperTones", intoAnother<QBLeftHandExtractorPello>()},
+       {"clean", answer([](QBSong& song, const Words&) {
+          const QBSong& cleaned = *QBChordCleaner::clean(song);
+          EXPECT_EQ(cleaned.tuning(), QBTabMgr::db().selectedTuning());
+          EXPECT_EQ(cleaned.album(), nullptr);
+          return cleaned.title() + ": " + drawn(cleaned);
+        })},
+       {"merged", command([this](QBSong& song, const Words&) {
+          QBChordFilter filter(&song);
+          filter.setM_song(m_album->createSong("New"));
+          filter.filter();
+        })},
+       {"voicings", command([this](QBSong& song, const Words& words) {
+          m_album->createSong("Song(voic)");
+          QBExtractVoicings visitor(&song, words.number(0));
+          song.iterate(visitor);
+          visitor.cleanUp();
+        })},
+       {"transposed", answer([this](QBSong& song, const Words& words) {
+          QBChordTransposer transposer(song.allChords()[0], m_guitar, 0, words.number(0));
+          return drawn(*transposer.transpose());
+        })},
+       {"measures", answer(&measuresOf)},
+       {"layers",  // of the first chord's tones, by loudness
+        answer([](QBSong& song, const Words&) {
+          QBToneGroupBuilder(song.allChords()[0]).build();
+          std::string groups;
+          for (const QBTone* tone : song.allChords()[0]->hold()->tones())
+            groups += std::to_string(tone->group());
+          return groups;
+        })},
+       {"groups", answer([](QBSong& song, const Words& words) {
+          return groupsOf(song, words[0] == ":" ? "" : words[0]);
+        })},
+       {"groupLine", answer([](QBSong& song, const Words& words) {
+          for (const int number : numbersOf(words)) {
+            QBChord* chord = test::addChord(&song, "x02210");
+            if (number) chord->setGroupNumber(number);
+          }
+          QBGroupToString line;
+          song.iterate(line);
+          return line.m_output();
+        })},
+       {"score", answer(&scoreOf)},
+       {"hand", answer(&handOf)},
+       {"leftPattern",
+        [this](const Words& words) {
+          m_db.addLeftPattern(words[0], words.number(1));
+          m_db.loadLeftPatterns();
+          return "";
+        }},
+       {"rightPattern",
+        [this](const Words& words) {
+          m_db.addPattern(words[0], words.number(1));
+          m_db.loadPatterns();
+          return "";
+        }},
+       // The patterns of the chords before, from the highest string down.
+       {"patterns", [this](const Words&) {
+          std::string text;
+          for (const auto& chord : m_source->allChords()) {
+            std::string struck = chord->pattern() ? "------ " : "none ";
+            if (chord->pattern())
+              for (const QBString* row : chord->pattern()->strings())
+                struck.at(5 - static_cast<std::size_t>(row->order())) = 'x';
+            text += struck;
+          }
+          return text;
+        }}});
 }
 
 TEST_F(FiltersTest, transposedChordKeepsItsTimeAndMovesItsRootAndNothingIsLeftOver) {

@@ -2,6 +2,7 @@
 #include "arrange/harmony/QBOptionRemover.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "arrange/harmony/HarmonyOfChord.h"
@@ -15,18 +16,29 @@
 namespace korvel {
 namespace {
 
-/// The steps add up from the root on.
-int noteOfOption(const QBChord& chord, int option) {
-  const auto& tones = chord.harmony()->allTones();
-  int note = pitchClass(chord.baseTone());
-  for (int i = 0; i <= option; ++i)
-    note = pitchClass(note + pitchClass(tones.at(static_cast<std::size_t>(i))->step()));
-  return note;
+constexpr int kSeventh = 3;
+
+/// The half tones from the root to a tone of the harmony: the steps add up.
+int intervalTo(QBHarmony& harmony, std::size_t place) {
+  int interval = 0;
+  for (std::size_t i = 0; i <= place; ++i)
+    interval = addNotes(interval, harmony.allTones().at(i)->step());
+  return interval;
+}
+
+/// Beyond the octave ninths, elevenths and thirteenths have three or four half tones each.
+int optionOf(int place, int interval) {
+  constexpr std::array kFirstOfOptions{kNotesPerOctave, 16,
+                                       19};  // of the options after the seventh
+  if (place <= kSeventh && interval < kNotesPerOctave) return place;
+  const auto beyond = std::ranges::count_if(kFirstOfOptions, [&](int f) { return interval >= f; });
+  return kSeventh + static_cast<int>(beyond);
 }
 
 }  // namespace
 
-QBOptionRemover::QBOptionRemover(std::vector<int> options) : m_options(std::move(options)) {
+QBOptionRemover::QBOptionRemover(std::vector<int> options, Counted counted)
+    : m_options(std::move(options)), m_counted(counted) {
   std::ranges::sort(m_options);
 }
 
@@ -36,11 +48,15 @@ void QBOptionRemover::execute(QBChord*, QBChord* current, QBChord*) {
 }
 
 bool QBOptionRemover::removeOptions(const QBChord& chord) const {
-  const auto tones = static_cast<int>(chord.harmony()->allTones().size());
+  QBHarmony& harmony = *chord.harmony();
   bool removed = false;
-  for (const int option : m_options) {
-    if (option >= tones) break;
-    if (chord.hold()->removeTonesByNote(noteOfOption(chord, option))) removed = true;
+  for (std::size_t place = 0; place < harmony.allTones().size(); ++place) {
+    const int interval = intervalTo(harmony, place);
+    const int at = static_cast<int>(place);
+    const int option = m_counted == Counted::byPlace ? at : optionOf(at, interval);
+    if (std::ranges::find(m_options, option) == m_options.end()) continue;
+    if (chord.hold()->removeTonesByNote(pitchClass(addNotes(chord.baseTone(), interval))))
+      removed = true;
   }
   return removed;
 }
