@@ -13,6 +13,7 @@
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/HarmonyArrangements.h"
+#include "workflow/arranging/SongFingering.h"
 #include "workflow/arranging/VoiceArrangements.h"
 
 namespace korvel {
@@ -264,6 +265,19 @@ TEST_F(SongPropertiesTest, commandsKeepOrMoveWhatSoundsInEveryTuning) {
       m_desk.deleteSongs(made);
     }
   }
+}
+
+TEST_F(SongPropertiesTest, handsHaveOneToneAString) {
+  ofRandomSongs(kSongs, [](QBSong& song, RandomSongs& random) {
+    const auto crowded = [](const QBChord& chord) {
+      std::set<int> strings;
+      for (const auto& tone : tonesOf(chord)) strings.insert(tone->string());
+      return strings.size() < chord.hold()->tones().size();
+    };
+    for (QBSong* made : {transposedForHand(song, random.below(23) - 11, "Moved"),
+                         fingeredForHand(song, "Fingered")})
+      EXPECT_EQ(std::ranges::count(ofEach(*made, crowded), true), 0) << linesOf(*made);
+  });
 }
 
 TEST_F(SongPropertiesTest, noCommandChangesItsSource) {

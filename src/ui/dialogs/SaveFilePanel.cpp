@@ -26,4 +26,8 @@ std::optional<std::string> SaveFilePanel::chooseFile(const std::string& proposed
   return file.toStdString();
 }
 
+std::string SaveFilePanel::exportFolder() const {
+  return Preferences().exportFolder().toStdString();
+}
+
 }  // namespace korvel::ui

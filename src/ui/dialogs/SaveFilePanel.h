@@ -15,6 +15,7 @@ class SaveFilePanel final : public SavePanel {
   explicit SaveFilePanel(QWidget* window) : m_window(window) {}
 
   std::optional<std::string> chooseFile(const std::string& proposedName) override;
+  std::string exportFolder() const override;
 
  private:
   QWidget* m_window;

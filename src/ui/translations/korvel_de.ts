@@ -562,6 +562,10 @@
         <translation>diese Saite hat keinen Bund für den Ton; versuche eine andere</translation>
     </message>
     <message>
+        <source>%1: &quot;%2&quot; would leave nothing to play, so it made no song</source>
+        <translation>%1: „%2“ ließe nichts zum Spielen übrig und hat deshalb keinen Song gemacht</translation>
+    </message>
+    <message>
         <source>%1: is being heard already</source>
         <translation>%1: wird schon gehört</translation>
     </message>
@@ -674,7 +678,7 @@
     </message>
     <message>
         <source>Push Down Strings</source>
-        <translation>In tiefere Lagen bringen</translation>
+        <translation>Auf tiefere Saiten schieben</translation>
     </message>
     <message>
         <source>Clean Chords</source>

@@ -2,6 +2,8 @@
 #include "workflow/arranging/ArrangedSong.h"
 
 #include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "tab/text/SongDrawing.h"
 
@@ -31,6 +33,12 @@ QBSong* finished(QBSong* song, const std::string& title) {
   song->setTitle(title);
   buildTab(*song);
   return song;
+}
+
+bool sounds(const QBSong& song) {
+  for (const QBChord* chord : song.chords())
+    if (chord->hold() && !chord->hold()->isEmpty()) return true;
+  return false;
 }
 
 QBNameMgr nameOf(const QBSong& song) { return {&song.requireAlbum(), song.title()}; }

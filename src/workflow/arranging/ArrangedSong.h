@@ -38,6 +38,9 @@ QBSong* rewrittenBy(QBSong& source, const std::string& title) {
 /// Gives a song that is made its title. The tablature's heading is the title, so it is drawn last.
 QBSong* finished(QBSong* song, const std::string& title);
 
+/// Whether any chord has a tone that is heard.
+bool sounds(const QBSong& song);
+
 /// Free names of songs that are derived from the song.
 QBNameMgr nameOf(const QBSong& song);
 

@@ -28,5 +28,9 @@ QBSong* findBestFingering(QBSong& song);
 /// files into the tablature folder.
 QBSong* trimToPlayable(QBSong& song);
 QBSong* trimToPlayable(QBSong& song, const std::string& title);
+/// The same with the files in a new folder beside the user's exports, named after the new song; the
+/// log has their paths. Nothing is written where nothing would sound. platform::FileError, and then
+/// there is no file, but the songs of the stages stay.
+QBSong* trimmedForPlayers(QBSong& song, const std::string& title);
 
 }  // namespace korvel

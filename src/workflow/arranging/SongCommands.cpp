@@ -7,7 +7,9 @@
 #include "arrange/hands/QBPlectrumExtractor.h"
 #include "arrange/hands/QBRightHandExtractor.h"
 #include "arrange/hands/QBToneToNextString.h"
+#include "arrange/hands/TonesPushedDown.h"
 #include "arrange/harmony/QBNonChordToneRemover.h"
+#include "arrange/harmony/QBOptionRemover.h"
 #include "arrange/voices/QBApplyLoudest.h"
 #include "arrange/voices/QBExtractBrass.h"
 #include "arrange/voices/QBExtractMelody.h"
@@ -22,6 +24,7 @@
 #include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/HarmonyArrangements.h"
 #include "workflow/arranging/MetreArrangements.h"
+#include "workflow/arranging/SongFingering.h"
 #include "workflow/arranging/VoiceArrangements.h"
 #include "workflow/library/QBSongNode.h"
 
@@ -47,35 +50,69 @@ QBSong* inMetre(QBSong& song, const std::string& title) {
   return laidIntoMetre(song, Beat, Beattype, title);
 }
 
+template <QBOptionRemover::Counted Counted, int... Options>
+QBSong* withoutOptionsCounted(QBSong& song, const std::string& title) {
+  return filtered(song, title, QBOptionRemover({Options...}, Counted));
+}
+
 template <int... Options>
-QBSong* withoutOptions(QBSong& song, const std::string& title) {
-  return removeOptions(song, {Options...}, title);
+constexpr Making withoutOptions{
+    withoutOptionsCounted<QBOptionRemover::Counted::byPlace, Options...>,
+    withoutOptionsCounted<QBOptionRemover::Counted::byInterval, Options...>};
+
+template <int HalfTones>
+QBSong* transposedByLetter(QBSong& song, const std::string& title) {
+  return transposed(song, HalfTones, title);
 }
 
 template <int HalfTones>
-QBSong* transposedBy(QBSong& song, const std::string& title) {
-  return transposed(song, HalfTones, title);
+QBSong* transposedByHand(QBSong& song, const std::string& title) {
+  return transposedForHand(song, HalfTones, title);
 }
+
+template <int HalfTones>
+constexpr Making transposedBy{transposedByLetter<HalfTones>, transposedByHand<HalfTones>};
 
 // The texts are known to users by heart, the odd ones too; none is to be corrected.
 
 constexpr SongCommand kStandard[] = {
-    {phrase("SongMenu", "All Standard Filters"), kAsTitled, "applyChain", "extractChainStandard",
-     "", "", nullptr, &QBSongNode::extractChainStandard},
+    {phrase("SongMenu", "All Standard Filters"),
+     kAsTitled,
+     "applyChain",
+     "extractChainStandard",
+     "",
+     "",
+     {},
+     &QBSongNode::extractChainStandard},
     {phrase("SongMenu", "Detect Voicings"), kAsTitled, "extractVoicings", "extractVoicings",
      "Voicings extracted.", "", voicingsSeenFourTimes},
     {phrase("SongMenu", "Simplify Left Hand"), kAsTitled, "optimizeLeftHand", "toLeftHand",
      "Song optimized for left hand.", "(Lft)", rewrittenBy<QBLeftHandExtractorPello>},
     {phrase("SongMenu", "Simplify Right Hand"), kAsTitled, "optimizeRightHand", "toRightHand",
      "Song optimized for right hand.", "(Rght)", rewrittenBy<QBRightHandExtractor>},
-    {phrase("SongMenu", "Push Down Strings"), kAsTitled, "pushDownStrings", "pushDownStrings",
-     "Voices pushed down.", "(Psh)", rewrittenBy<QBToneToNextString>},
+    {phrase("SongMenu", "Push Down Strings"),
+     kAsTitled,
+     "pushDownStrings",
+     "pushDownStrings",
+     "Voices pushed down.",
+     "(Psh)",
+     {rewrittenBy<QBToneToNextString>, filteredBy<TonesPushedDown>}},
     {phrase("SongMenu", "Clean Chords"), kAsTitled, "cleanChords", "cleanChords", "Chords cleaned.",
      "(Cleaned)", cleanChords},
-    {phrase("SongMenu", "Find Best Fingering"), kAsTitled, "findBestFingering", "findBestFingering",
-     "Best fingering found.", "(Fng)", filteredBy<BestFingering>},
-    {phrase("SongMenu", "Trim To Playable"), kAsTitled, "trimToPlayable", "trimToPlayable",
-     "Song trimmed.", "(trimmed)", trimToPlayable},
+    {phrase("SongMenu", "Find Best Fingering"),
+     kAsTitled,
+     "findBestFingering",
+     "findBestFingering",
+     "Best fingering found.",
+     "(Fng)",
+     {filteredBy<BestFingering>, fingeredForHand}},
+    {phrase("SongMenu", "Trim To Playable"),
+     kAsTitled,
+     "trimToPlayable",
+     "trimToPlayable",
+     "Song trimmed.",
+     "(trimmed)",
+     {trimToPlayable, trimmedForPlayers}},
 };
 
 constexpr SongCommand kPlectrum[] = {
@@ -258,12 +295,30 @@ constexpr SongCommand kDown[] = {
 };
 
 constexpr SongCommand kPlain[] = {
-    {phrase("SongMenu", "Export To Textfile"), kAsTitled, "exportAsFile", "exportAsFile", "", "",
-     nullptr, &QBSongNode::exportAsFile},
-    {phrase("SongMenu", "Clone"), phrase("UndoAction", "Clone"), "cloneSong", "copySong", "", "",
-     nullptr, &QBSongNode::copySong},
-    {phrase("SongMenu", "Delete"), phrase("UndoAction", "Delete"), "deleteSong", "deleteSong", "",
-     "", nullptr, &QBSongNode::deleteSong},
+    {phrase("SongMenu", "Export To Textfile"),
+     kAsTitled,
+     "exportAsFile",
+     "exportAsFile",
+     "",
+     "",
+     {},
+     &QBSongNode::exportAsFile},
+    {phrase("SongMenu", "Clone"),
+     phrase("UndoAction", "Clone"),
+     "cloneSong",
+     "copySong",
+     "",
+     "",
+     {},
+     &QBSongNode::copySong},
+    {phrase("SongMenu", "Delete"),
+     phrase("UndoAction", "Delete"),
+     "deleteSong",
+     "deleteSong",
+     "",
+     "",
+     {},
+     &QBSongNode::deleteSong},
 };
 
 constexpr SongMenuSection kMenu[] = {
@@ -294,11 +349,6 @@ const SongCommand* find(std::string_view SongCommand::*name, std::string_view wa
 }  // namespace
 
 std::span<const SongMenuSection> songMenu() { return kMenu; }
-
-QBSong* derived(QBSong& song, const SongCommand& command) {
-  const std::string title = command.tag.empty() ? "" : nameOf(song).tagged(command.tag);
-  return command.make(song, title);
-}
 
 platform::Phrase undoTitle(const SongCommand& command) {
   return command.undo.empty() ? command.title : command.undo;

@@ -11,6 +11,24 @@ namespace korvel {
 class QBSong;
 class QBSongNode;
 
+/// Makes the song that is derived from another one, under its title.
+using MakeSong = QBSong* (*)(QBSong&, const std::string& title);
+
+/// How a command is done: by the letter of its filter, or so that the result can be played and
+/// keeps what it need not lose, which is what users are offered.
+enum class Manner { literal, forPlayers };
+
+/// How a command makes its song, in either manner; most know but one.
+struct Making {
+  MakeSong literal = nullptr;
+  MakeSong forPlayers = nullptr;
+
+  constexpr Making() = default;
+  constexpr Making(MakeSong both) : literal(both), forPlayers(both) {}
+  constexpr Making(MakeSong byLetter, MakeSong byHand) : literal(byLetter), forPlayers(byHand) {}
+  explicit constexpr operator bool() const { return literal != nullptr; }
+};
+
 /// One command that a user can give a song. A command that derives a song has `make`; the others
 /// are the node's own business, `perform`.
 ///
@@ -25,8 +43,7 @@ struct SongCommand {
   /// Said behind the source's title in that of the derived song, which is made free; empty for a
   /// song that finds its title itself.
   std::string_view tag;
-  /// Makes the derived song under its title.
-  QBSong* (*make)(QBSong&, const std::string& title) = nullptr;
+  Making make{};
   void (QBSongNode::*perform)() = nullptr;
 };
 
@@ -41,9 +58,6 @@ struct SongMenuSection {
 
 /// The menu of a song from top to bottom.
 std::span<const SongMenuSection> songMenu();
-
-/// The new song that a command derives from the song (`SongCommand::make`).
-QBSong* derived(QBSong& song, const SongCommand& command);
 
 /// The title of a command as it is undone: "Extract Melody" for the item "Melody".
 platform::Phrase undoTitle(const SongCommand& command);

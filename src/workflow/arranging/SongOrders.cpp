@@ -57,20 +57,15 @@ auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
 
 }  // namespace
 
-bool orderOf(QBSongNode& node, const SongCommand& command) {
-  return ordered(*node.song(), command, [&] { return node.perform(command); });
+bool orderOf(QBSongNode& node, const SongCommand& command, Manner manner) {
+  return ordered(*node.song(), command, [&] { return node.perform(command, manner); });
 }
 
 void orderByMenu(QBSongMenu& menu, const SongCommand& command) {
-  const QBSongNode* node = QBSession::session().activeSongNode();
-  const auto perform = [&] {
-    menu.perform(command.action);
-    return true;
-  };
-  if (node)
-    ordered(*node->song(), command, perform);
+  if (const auto node = QBSession::session().activeSongNode())
+    orderOf(*node, command);
   else
-    perform();
+    menu.perform(command.action);
 }
 
 }  // namespace korvel

@@ -18,6 +18,7 @@
 #include "music/Neck.h"
 #include "platform/files/Files.h"
 #include "platform/sqlite/StoreError.h"
+#include "workflow/arranging/DerivedSong.h"
 #include "workflow/library/DefinitionCheck.h"
 #include "workflow/library/NameRules.h"
 #include "workflow/library/QBNameMgr.h"
@@ -95,6 +96,8 @@ QBAlbum* cloneAlbum(QBAlbum& album) {
   const std::string name = QBNameMgr(nullptr, album.name()).newAlbumName(edit.db());
   QBAlbum* copy = album.clone();
   copy->setName(name);
+  const auto songs = album.songs().snapshot();
+  for (std::size_t i = 0; i < songs.size(); ++i) keepTimes(*songs[i], *copy->songs().at(i));
   edit.done("Album was successfully cloned.");
   return copy;
 }

@@ -13,11 +13,13 @@
 #include "platform/sqlite/StoreError.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
+#include "workflow/arranging/DerivedSong.h"
 #include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/SongOrders.h"
 #include "workflow/arranging/VoiceArrangements.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryEdits.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/NodeVisitor.h"
 #include "workflow/session/QBSession.h"
 
@@ -59,19 +61,25 @@ bool QBSongNode::perform(std::string_view command) {
   return perform(*found);
 }
 
-bool QBSongNode::perform(const SongCommand& command) {
+bool QBSongNode::perform(const SongCommand& command, Manner manner) {
   const auto keep = shared_from_this();  // a deletion takes this node out of the tree
   platform::UndoGroup group(QBTabMgr::db().context().undoManager(), undoTitle(command));
   try {
     if (command.make)
-      derive(command);
+      derive(command, manner);
+    else if (manner == Manner::forPlayers)
+      performForPlayers(command);
     else
       (this->*command.perform)();
     return true;
   } catch (const platform::StoreError&) {
     takeBack(group);
     throw;
+  } catch (const EditRefused&) {
+    takeBack(group);
+    throw;
   } catch (const std::exception& exception) {
+    if (manner == Manner::forPlayers) takeBack(group);
     QBSession::session().handleException(command.command, exception);
     return false;
   }
@@ -86,8 +94,19 @@ void QBSongNode::takeBack(platform::UndoGroup& group) {
   if (session.activeSong() && session.activeSong()->isDeleted()) session.setActiveSong(m_song);
 }
 
-void QBSongNode::derive(const SongCommand& command) {
-  QBSong* made = derived(*m_song, command);
+void QBSongNode::performForPlayers(const SongCommand& command) {
+  const platform::Ref<QBAlbum> album = &m_song->requireAlbum();
+  const std::size_t before = album->songs().size();
+  if (command.perform == &QBSongNode::extractChainStandard) requireSound(*m_song, command);
+  (this->*command.perform)();
+  const auto songs = album->songs().snapshot();
+  if (songs.size() <= before) return;
+  for (const auto& made : std::span(songs).subspan(before)) keepTimes(*m_song, *made);
+  QBSession::session().setActiveSong(songs.back());
+}
+
+void QBSongNode::derive(const SongCommand& command, Manner manner) {
+  QBSong* made = derived(*m_song, command, manner);
   addSongToParent(made);
   QBSession::session().setActiveSong(made);
   finish(command.message);

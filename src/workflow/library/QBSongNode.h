@@ -43,7 +43,9 @@ class QBSongNode final : public TreeNode, public std::enable_shared_from_this<QB
 
   /// Answers whether all went well. std::invalid_argument for a command that there is none of.
   bool perform(std::string_view command);
-  bool perform(const SongCommand& command);
+  /// For players, whatever fails leaves nothing, EditRefused comes out when nothing would be left
+  /// to play, and the last of the songs that a command made becomes the active one.
+  bool perform(const SongCommand& command, Manner manner = Manner::literal);
   /// The structure of the context menu, which is every song's.
   std::span<const SongMenuSection> createContextMenu() const { return songMenu(); }
 
@@ -62,7 +64,8 @@ class QBSongNode final : public TreeNode, public std::enable_shared_from_this<QB
   void deleteSong();
 
  private:
-  void derive(const SongCommand& command);
+  void derive(const SongCommand& command, Manner manner);
+  void performForPlayers(const SongCommand& command);
   void takeBack(platform::UndoGroup& group);
 
   platform::Ref<QBSong> m_song;

@@ -83,6 +83,8 @@ class SavePanel {
   virtual ~SavePanel() = default;
   /// The path that was chosen; none when the user would rather not.
   virtual std::optional<std::string> chooseFile(const std::string& proposedName) = 0;
+  /// Where the user's exports go; empty where that is not known.
+  virtual std::string exportFolder() const { return {}; }
 };
 
 /// Shows a fatal error, after which the program ends.

@@ -17,9 +17,10 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
-#include "workflow/arranging/SongCommands.h"
+#include "workflow/arranging/SongOrders.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBSongNode.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::cli {
@@ -30,6 +31,7 @@ struct ApplyOptions {
   std::optional<std::string> album;  ///< Where the song is, or whose songs are all meant.
   bool all = false;                  ///< Every song of the album.
   bool list = false;                 ///< Prints the menu instead.
+  Manner manner = Manner::forPlayers;
 
   std::size_t firstCommand() const { return all ? 0 : 1; }
   std::span<const std::string> commands() const { return std::span(words).subspan(firstCommand()); }
@@ -69,20 +71,28 @@ std::string leftBehind(const AlbumNode& album) {
   return list.empty() ? list : "; it left " + list + " behind";
 }
 
-void perform(const AlbumNode& album, const std::string& command) {
+bool order(QBSongNode& node, const std::string& command, Manner manner) {
+  try {
+    return orderOf(node, *findSongCommand(command), manner);
+  } catch (const EditRefused& reason) {
+    throw CliError(reason.what());
+  }
+}
+
+void perform(const AlbumNode& album, const std::string& command, Manner manner) {
   QBSongNode& node = activeNode(album, command);
   requireChords(*node.song(), command);
   const std::string title = fullTitle(*node.song());
   const std::size_t before = album.children().size();
-  if (!node.perform(command))
+  if (!order(node, command, manner))
     throw CliError(title + ": " + command + " failed, as said above" + leftBehind(album));
   printFrom(album, before);
 }
 
-void applyTo(QBSong& song, std::span<const std::string> commands) {
+void applyTo(QBSong& song, const ApplyOptions& options) {
   const auto album = AlbumNode::withSongs(song.album());
   QBSession::session().setActiveSong(&song);
-  for (const std::string& command : commands) perform(*album, command);
+  for (const std::string& command : options.commands()) perform(*album, command, options.manner);
 }
 
 /// Runs the commands in turn, each on the song that the one before made active. A command that
@@ -91,7 +101,7 @@ int applyCommands(const ApplyOptions& options) {
   int status = EXIT_SUCCESS;
   for (const auto& song : songsOf(options)) {
     try {
-      applyTo(*song, options.commands());
+      applyTo(*song, options);
     } catch (const CliError& error) {
       Console::attached().error(error.what());
       status = EXIT_FAILURE;
@@ -133,11 +143,15 @@ void addApply(Command& tool) {
   command.flag("--list", options.list, "Print the menu with the names of the commands");
   command.option("--album", options.album, "Album that the song is in").shownAs("ALBUM");
   command.flag("--all", options.all, "Every song of the album");
+  auto& literal = command.own<bool>();
+  command.flag("--literal", literal,
+               "By the letter: where tones go, whether or not a hand can play it");
   command.checkLast([&] {
     if (!options.list) checkWords(options);
     command.uses(options.list ? Store::none : Store::existing);
   });
-  command.does([&options] {
+  command.does([&options, &literal] {
+    if (literal) options.manner = Manner::literal;
     if (!options.list) return applyCommands(options);
     listCommands();
     return EXIT_SUCCESS;

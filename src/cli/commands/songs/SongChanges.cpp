@@ -13,6 +13,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "workflow/arranging/CombinedSongs.h"
+#include "workflow/arranging/DerivedSong.h"
 #include "workflow/editing/SongEdits.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryEdits.h"
@@ -61,8 +62,10 @@ void cloneSong(const std::string& name) {
   Edit edit(song, platform::phrase("UndoAction", "Clone"));
   const auto album = AlbumNode::withSongs(song.album());
   album->findChild(&song)->copySong();
+  QBSong& copy = *album->children().back()->song();
+  keepTimes(song, copy);
   edit.save();
-  printTitle(*album->children().back()->song());
+  printTitle(copy);
 }
 
 void renameSong(const std::string& name, const std::string& title) {
