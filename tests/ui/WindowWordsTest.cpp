@@ -32,6 +32,7 @@
 #include "ui/dialogs/SelfCheckDialog.h"
 #include "ui/dialogs/SettingsDialog.h"
 #include "ui/dialogs/TuningDialog.h"
+#include "ui/library/SongMenu.h"
 #include "ui/library/TreeModel.h"
 #include "ui/sound/PlayerBar.h"
 #include "ui/window/MainWindow.h"
@@ -149,6 +150,24 @@ TEST_P(WindowWordsTest, menusAreReachedByLettersOfTheirOwn) {
   const MainWindow window(m_alert);
   EXPECT_EQ(withoutMnemonic(*window.menuBar()), "");
   EXPECT_EQ(clashes(window.menuBar()->actions()), "");
+}
+
+TEST_P(WindowWordsTest, songCommandsSayWhatComesOut) {
+  QMenu menu;
+  addSongCommands(menu, [](const SongCommand&) {});
+  QStringList silent;
+  int entries = 0;
+  for (QMenu* each : menu.findChildren<QMenu*>() << &menu)
+    for (const QAction* entry : each->actions()) {
+      if (entry->menu() || entry->isSeparator()) continue;
+      ++entries;
+      const bool isEnglish = entry->toolTip().startsWith("Each chord without its lowest");
+      if (entry->statusTip().isEmpty() || entry->toolTip() != entry->statusTip() ||
+          !each->toolTipsVisible() || (isEnglish && GetParam() == std::string("de")))
+        silent << entry->text();
+    }
+  EXPECT_EQ(silent.join(' '), "");
+  EXPECT_EQ(entries, 70);
 }
 
 TEST_P(WindowWordsTest, settingsAreReachedByLettersOfTheirOwn) {

@@ -100,7 +100,7 @@ class Session:
     def arrange(self):
         self.command(TITLE, "Extract Voices", "Melody")
         self.expect_log("Melody extracted.")
-        self.command(TITLE, "Apply Rhythmn Filters", "4/4")
+        self.command(TITLE, "Apply Rhythm Filters", "4/4")
         self.expect_log("4/4 Metric added")
         self.command(TITLE, "Apply Standard Filters", "Push Down Strings")
         wait_for("three new songs",

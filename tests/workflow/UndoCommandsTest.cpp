@@ -193,8 +193,8 @@ TEST_F(UndoCommandsTest, actionsAreCalledAsTheirMenuSaysAndLogged) {
   EXPECT_EQ(nameOf("extract12_8"), "Apply 12/8");
   EXPECT_EQ(nameOf("removeOptionsFromFourth"), "Remove All from Seven");
   EXPECT_EQ(nameOf("removeFourthOption"), "Remove the Seven");
-  EXPECT_EQ(nameOf("transposeDownBy7"), "Transpose Down By A Quinta (7 Half Tones)");
-  EXPECT_EQ(nameOf("exportAsFile"), "Transpose Down By A Quinta (7 Half Tones)");
+  EXPECT_EQ(nameOf("transposeDownBy7"), "Transpose Down By A Fifth (7 Half Tones)");
+  EXPECT_EQ(nameOf("exportAsFile"), "Transpose Down By A Fifth (7 Half Tones)");
   test::RecordingViews views;
   EXPECT_EQ(m_session.activeSong()->title(), "Song(DwnBy7)");
   m_session.undo();
@@ -202,8 +202,8 @@ TEST_F(UndoCommandsTest, actionsAreCalledAsTheirMenuSaysAndLogged) {
   m_session.redo();
   m_session.setActiveTreeNode(nullptr);
   EXPECT_EQ(views.log,
-            (std::vector<std::string>{"Undo Transpose Down By A Quinta (7 Half Tones)",
-                                      "Redo Transpose Down By A Quinta (7 Half Tones)"}));
+            (std::vector<std::string>{"Undo Transpose Down By A Fifth (7 Half Tones)",
+                                      "Redo Transpose Down By A Fifth (7 Half Tones)"}));
   EXPECT_FALSE(context().hasChanges());
   EXPECT_FALSE(m_session.redo());
 }

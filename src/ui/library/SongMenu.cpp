@@ -7,6 +7,20 @@
 
 namespace korvel::ui {
 
+namespace {
+
+/// Hints stand beside the entry that the mouse is on, and in the status bar for the keyboard.
+QAction* addEntry(QMenu& menu, const SongCommand& command) {
+  QAction* entry = menu.addAction(translated(command.title));
+  const QString hint = translated(command.hint);
+  entry->setToolTip(hint);
+  entry->setStatusTip(hint);
+  menu.setToolTipsVisible(true);
+  return entry;
+}
+
+}  // namespace
+
 void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>& give) {
   for (const SongMenuSection& section : songMenu()) {
     if (section.isSeparator()) {
@@ -15,7 +29,7 @@ void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>&
     }
     QMenu& place = section.title.empty() ? menu : *menu.addMenu(translated(section.title));
     for (const SongCommand& command : section.items)
-      QObject::connect(place.addAction(translated(command.title)), &QAction::triggered, &menu,
+      QObject::connect(addEntry(place, command), &QAction::triggered, &menu,
                        [give, &command] { give(command); });
   }
 }

@@ -8,8 +8,8 @@
 
 namespace korvel::ui {
 
-/// Fills a menu with the commands of a song, in their submenus. The titles are those of the
-/// commands.
+/// Fills a menu with the commands of a song, in their submenus. Titles and hints are
+/// those of the commands.
 void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>& give);
 
 /// The song menu of the menu bar, for the song that is selected in the tree.

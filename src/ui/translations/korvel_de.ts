@@ -655,6 +655,181 @@
     </message>
 </context>
 <context>
+    <name>SongHint</name>
+    <message>
+        <source>Laid into bars of this metre, ringing tones as long notes</source>
+        <translation>In Takte dieser Taktart gelegt, klingende Töne als lange Noten</translation>
+    </message>
+    <message>
+        <source>Only so many of the loudest tones of each chord; faint ones may be mere overtones</source>
+        <translation>Nur so viele der lautesten Töne jedes Akkords; leise sind vielleicht nur Obertöne</translation>
+    </message>
+    <message>
+        <source>The whole song so much higher, with its new chord names, in grips that a hand can play</source>
+        <translation>Der ganze Song um so viel höher, mit neuen Akkordnamen, in Griffen, die eine Hand spielen kann</translation>
+    </message>
+    <message>
+        <source>The whole song so much lower, with its new chord names, in grips that a hand can play</source>
+        <translation>Der ganze Song um so viel tiefer, mit neuen Akkordnamen, in Griffen, die eine Hand spielen kann</translation>
+    </message>
+    <message>
+        <source>Three songs in turn: melody, bass and what rings between them, easier for the left hand, then for the right one</source>
+        <translation>Drei Songs nacheinander: Melodie, Bass und was dazwischen klingt, leichter für die linke Hand, dann für die rechte</translation>
+    </message>
+    <message>
+        <source>The grips that come at least four times, each once: what to learn first</source>
+        <translation>Die Griffe, die mindestens viermal vorkommen, jeden einmal: was du zuerst üben kannst</translation>
+    </message>
+    <message>
+        <source>Each chord in a shape that four fingers hold with ease; tones beyond it go</source>
+        <translation>Jeder Akkord in einer Form, die vier Finger leicht halten; was darüber hinausgeht, fällt weg</translation>
+    </message>
+    <message>
+        <source>Of each chord the strings that the picking hand strikes together</source>
+        <translation>Von jedem Akkord die Saiten, die die Zupfhand zusammen anschlägt</translation>
+    </message>
+    <message>
+        <source>The same notes higher up the neck: each on the next lower string, where that is free</source>
+        <translation>Dieselben Noten weiter oben am Hals: jede auf der nächsttieferen Saite, wo diese frei ist</translation>
+    </message>
+    <message>
+        <source>Strummed chords without tones that only rang along by mistake; melodies would lose too much</source>
+        <translation>Geschlagene Akkorde ohne Töne, die nur versehentlich mitklangen; Melodien verlören zu viel</translation>
+    </message>
+    <message>
+        <source>The same notes where a hand reaches them best over the whole song</source>
+        <translation>Dieselben Noten dort, wo eine Hand sie im ganzen Song am besten erreicht</translation>
+    </message>
+    <message>
+        <source>What both hands can do: foreign tones, a bass that runs with the melody and crowded strings go; each stage is kept as a text file</source>
+        <translation>Was beide Hände schaffen: fremde Töne, ein Bass, der mit der Melodie läuft, und zu volle Griffe fallen weg; jede Stufe bleibt als Textdatei</translation>
+    </message>
+    <message>
+        <source>A line for a pick: the highest tone, and the next one where it is on the string beside it</source>
+        <translation>Eine Linie fürs Plektrum: der höchste Ton und der nächste, wenn er auf der Saite daneben liegt</translation>
+    </message>
+    <message>
+        <source>A line for a pick below the melody, from the second highest tone</source>
+        <translation>Eine Linie fürs Plektrum unter der Melodie, vom zweithöchsten Ton an</translation>
+    </message>
+    <message>
+        <source>A line for a pick in the middle, from the third highest tone</source>
+        <translation>Eine Linie fürs Plektrum in der Mitte, vom dritthöchsten Ton an</translation>
+    </message>
+    <message>
+        <source>Melody, bass and the tone between them that rings longest</source>
+        <translation>Melodie, Bass und der Ton dazwischen, der am längsten klingt</translation>
+    </message>
+    <message>
+        <source>Melody, bass and the two tones between them that ring longest</source>
+        <translation>Melodie, Bass und die zwei Töne dazwischen, die am längsten klingen</translation>
+    </message>
+    <message>
+        <source>Melody, bass and the three tones between them that ring longest</source>
+        <translation>Melodie, Bass und die drei Töne dazwischen, die am längsten klingen</translation>
+    </message>
+    <message>
+        <source>Melody, bass and the four tones between them that ring longest</source>
+        <translation>Melodie, Bass und die vier Töne dazwischen, die am längsten klingen</translation>
+    </message>
+    <message>
+        <source>The highest and the lowest tone of each chord</source>
+        <translation>Der höchste und der tiefste Ton jedes Akkords</translation>
+    </message>
+    <message>
+        <source>The highest tone of each chord: the tune alone, to sing or to learn first</source>
+        <translation>Der höchste Ton jedes Akkords: nur die Melodie, zum Singen oder zum Anfangen</translation>
+    </message>
+    <message>
+        <source>The lowest tone of each chord: a bass line</source>
+        <translation>Der tiefste Ton jedes Akkords: eine Basslinie</translation>
+    </message>
+    <message>
+        <source>The second highest tone of each chord</source>
+        <translation>Der zweithöchste Ton jedes Akkords</translation>
+    </message>
+    <message>
+        <source>The third highest tone of each chord</source>
+        <translation>Der dritthöchste Ton jedes Akkords</translation>
+    </message>
+    <message>
+        <source>The fourth highest tone of each chord</source>
+        <translation>Der vierthöchste Ton jedes Akkords</translation>
+    </message>
+    <message>
+        <source>The fifth highest tone of each chord</source>
+        <translation>Der fünfthöchste Ton jedes Akkords</translation>
+    </message>
+    <message>
+        <source>Each chord without the tones that its name does not have</source>
+        <translation>Jeder Akkord ohne die Töne, die sein Name nicht enthält</translation>
+    </message>
+    <message>
+        <source>Without sevenths and sixths: G7 becomes G</source>
+        <translation>Ohne Septimen und Sexten: Aus G7 wird G</translation>
+    </message>
+    <message>
+        <source>Without ninths: Cadd9 becomes C, and C9 becomes C7</source>
+        <translation>Ohne Nonen: Aus Cadd9 wird C, aus C9 wird C7</translation>
+    </message>
+    <message>
+        <source>Without elevenths: C11 becomes C9</source>
+        <translation>Ohne Undezimen: Aus C11 wird C9</translation>
+    </message>
+    <message>
+        <source>Plain triads: without sevenths, sixths, ninths and all above them</source>
+        <translation>Einfache Dreiklänge: ohne Septimen, Sexten, Nonen und alles darüber</translation>
+    </message>
+    <message>
+        <source>Sevenths stay, ninths and all above them go: C9 becomes C7</source>
+        <translation>Septimen bleiben, Nonen und alles darüber fallen weg: Aus C9 wird C7</translation>
+    </message>
+    <message>
+        <source>Ninths stay, elevenths and thirteenths go: C13 becomes C9</source>
+        <translation>Nonen bleiben, Undezimen und Tredezimen fallen weg: Aus C13 wird C9</translation>
+    </message>
+    <message>
+        <source>What lies between the highest and the lowest tone of each chord</source>
+        <translation>Was zwischen dem höchsten und dem tiefsten Ton jedes Akkords liegt</translation>
+    </message>
+    <message>
+        <source>Each chord without its highest tone: an accompaniment to sing to</source>
+        <translation>Jeder Akkord ohne seinen höchsten Ton: eine Begleitung zum Singen</translation>
+    </message>
+    <message>
+        <source>Each chord without its lowest tone, for playing with a bass</source>
+        <translation>Jeder Akkord ohne seinen tiefsten Ton, zum Spielen mit einem Bass</translation>
+    </message>
+    <message>
+        <source>Each chord without its second highest tone</source>
+        <translation>Jeder Akkord ohne seinen zweithöchsten Ton</translation>
+    </message>
+    <message>
+        <source>Each chord without its third highest tone</source>
+        <translation>Jeder Akkord ohne seinen dritthöchsten Ton</translation>
+    </message>
+    <message>
+        <source>Each chord without its fourth highest tone</source>
+        <translation>Jeder Akkord ohne seinen vierthöchsten Ton</translation>
+    </message>
+    <message>
+        <source>Each chord without its fifth highest tone</source>
+        <translation>Jeder Akkord ohne seinen fünfthöchsten Ton</translation>
+    </message>
+    <message>
+        <source>The tablature as plain text, in a file of your choice</source>
+        <translation>Die Tabulatur als einfacher Text, in einer Datei deiner Wahl</translation>
+    </message>
+    <message>
+        <source>A copy to change and try things on</source>
+        <translation>Eine Kopie zum Ändern und Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Takes the song out of its album; Undo in the menu Edit brings it back</source>
+        <translation>Nimmt den Song aus seinem Album; Rückgängig im Menü Bearbeiten bringt ihn zurück</translation>
+    </message>
+</context>
+<context>
     <name>SongMenu</name>
     <message>
         <source>Apply Standard Filters</source>
@@ -709,10 +884,6 @@
         <translation>3. Stimme herauslösen</translation>
     </message>
     <message>
-        <source>Apply Rhythmn Filters</source>
-        <translation>Rhythmusfilter anwenden</translation>
-    </message>
-    <message>
         <source>3/4</source>
         <translation>3/4</translation>
     </message>
@@ -749,16 +920,8 @@
         <translation>Führende sechs</translation>
     </message>
     <message>
-        <source>Melody and Brass</source>
-        <translation>Melodie und Bass</translation>
-    </message>
-    <message>
         <source>Melody</source>
         <translation>Melodie</translation>
-    </message>
-    <message>
-        <source>Brass</source>
-        <translation>Bass</translation>
     </message>
     <message>
         <source>2nd</source>
@@ -837,24 +1000,12 @@
         <translation>Stimmen entfernen</translation>
     </message>
     <message>
-        <source>Remove Melody and Brass</source>
-        <translation>Melodie und Bass entfernen</translation>
-    </message>
-    <message>
         <source>Remove Melody</source>
         <translation>Melodie entfernen</translation>
     </message>
     <message>
-        <source>Remove Brass</source>
-        <translation>Bass entfernen</translation>
-    </message>
-    <message>
         <source>Remove 2nd Voice</source>
         <translation>2. Stimme entfernen</translation>
-    </message>
-    <message>
-        <source>Remove 3nd Voice</source>
-        <translation>3. Stimme entfernen</translation>
     </message>
     <message>
         <source>Remove 4th Voice</source>
@@ -877,56 +1028,8 @@
         <translation>Eine Sekunde (2 Halbtöne)</translation>
     </message>
     <message>
-        <source>A small Terz (3 Half Tones)</source>
-        <translation>Eine kleine Terz (3 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Terz (4 Half Tones)</source>
-        <translation>Eine große Terz (4 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Quarter (5 Half Tones )</source>
-        <translation>Eine Quarte (5 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>Tritonus (6 Half Tones)</source>
-        <translation>Einen Tritonus (6 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Quinta (7 Half Tones)</source>
-        <translation>Eine Quinte (7 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Minor Six (8 Half Tones)</source>
-        <translation>Eine kleine Sexte (8 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Six (9 Half Tones)</source>
-        <translation>Eine große Sexte (9 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Minor Seven (10 Half Tones)</source>
-        <translation>Eine kleine Septime (10 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Major Seven (11 Half Tones)</source>
-        <translation>Eine große Septime (11 Halbtöne)</translation>
-    </message>
-    <message>
         <source>Transpose Down By</source>
         <translation>Nach unten transponieren um</translation>
-    </message>
-    <message>
-        <source>A Small Terz (3 Half Tones)</source>
-        <translation>Eine kleine Terz (3 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Quarter (5 Half Tones)</source>
-        <translation>Eine Quarte (5 Halbtöne)</translation>
-    </message>
-    <message>
-        <source>A Small Six (8 Half Tones)</source>
-        <translation>Eine kleine Sexte (8 Halbtöne)</translation>
     </message>
     <message>
         <source>Export To Textfile</source>
@@ -939,6 +1042,66 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Melody and Bass</source>
+        <translation>Melodie und Bass</translation>
+    </message>
+    <message>
+        <source>Bass</source>
+        <translation>Bass</translation>
+    </message>
+    <message>
+        <source>Remove Melody and Bass</source>
+        <translation>Melodie und Bass entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Bass</source>
+        <translation>Bass entfernen</translation>
+    </message>
+    <message>
+        <source>Remove 3rd Voice</source>
+        <translation>3. Stimme entfernen</translation>
+    </message>
+    <message>
+        <source>A Minor Third (3 Half Tones)</source>
+        <translation>Eine kleine Terz (3 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Major Third (4 Half Tones)</source>
+        <translation>Eine große Terz (4 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Fourth (5 Half Tones)</source>
+        <translation>Eine Quarte (5 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Tritone (6 Half Tones)</source>
+        <translation>Ein Tritonus (6 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Fifth (7 Half Tones)</source>
+        <translation>Eine Quinte (7 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Minor Sixth (8 Half Tones)</source>
+        <translation>Eine kleine Sexte (8 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Major Sixth (9 Half Tones)</source>
+        <translation>Eine große Sexte (9 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Minor Seventh (10 Half Tones)</source>
+        <translation>Eine kleine Septime (10 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>A Major Seventh (11 Half Tones)</source>
+        <translation>Eine große Septime (11 Halbtöne)</translation>
+    </message>
+    <message>
+        <source>Apply Rhythm Filters</source>
+        <translation>Rhythmusfilter anwenden</translation>
     </message>
 </context>
 <context>
@@ -995,16 +1158,8 @@
         <translation>Führende sechs herauslösen</translation>
     </message>
     <message>
-        <source>Extract Melody and Brass</source>
-        <translation>Melodie und Bass herauslösen</translation>
-    </message>
-    <message>
         <source>Extract Melody</source>
         <translation>Melodie herauslösen</translation>
-    </message>
-    <message>
-        <source>Extract Brass</source>
-        <translation>Bass herauslösen</translation>
     </message>
     <message>
         <source>Extract 4th</source>
@@ -1055,84 +1210,12 @@
         <translation>Um eine Sekunde (2 Halbtöne) nach oben transponieren</translation>
     </message>
     <message>
-        <source>Transpose Up By A small Terz (3 Half Tones)</source>
-        <translation>Um eine kleine Terz (3 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Up By A Terz (4 Half Tones)</source>
-        <translation>Um eine große Terz (4 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Up By A Quarter (5 Half Tones )</source>
-        <translation>Um eine Quarte (5 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Up By Tritonus (6 Half Tones)</source>
-        <translation>Um einen Tritonus (6 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Up By A Quinta (7 Half Tones)</source>
-        <translation>Um eine Quinte (7 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Up By A Minor Six (8 Half Tones)</source>
-        <translation>Um eine kleine Sexte (8 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Up By A Six (9 Half Tones)</source>
-        <translation>Um eine große Sexte (9 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Up By A Minor Seven (10 Half Tones)</source>
-        <translation>Um eine kleine Septime (10 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Up By A Major Seven (11 Half Tones)</source>
-        <translation>Um eine große Septime (11 Halbtöne) nach oben transponieren</translation>
-    </message>
-    <message>
         <source>Transpose Down By One Half Tone</source>
         <translation>Um einen Halbton nach unten transponieren</translation>
     </message>
     <message>
         <source>Transpose Down By A Second (2 Half Tones)</source>
         <translation>Um eine Sekunde (2 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By A Small Terz (3 Half Tones)</source>
-        <translation>Um eine kleine Terz (3 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By A Terz (4 Half Tones)</source>
-        <translation>Um eine große Terz (4 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By A Quarter (5 Half Tones)</source>
-        <translation>Um eine Quarte (5 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By Tritonus (6 Half Tones)</source>
-        <translation>Um einen Tritonus (6 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By A Quinta (7 Half Tones)</source>
-        <translation>Um eine Quinte (7 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By A Small Six (8 Half Tones)</source>
-        <translation>Um eine kleine Sexte (8 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By A Six (9 Half Tones)</source>
-        <translation>Um eine große Sexte (9 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By A Minor Seven (10 Half Tones)</source>
-        <translation>Um eine kleine Septime (10 Halbtöne) nach unten transponieren</translation>
-    </message>
-    <message>
-        <source>Transpose Down By A Major Seven (11 Half Tones)</source>
-        <translation>Um eine große Septime (11 Halbtöne) nach unten transponieren</translation>
     </message>
     <message>
         <source>Clone</source>
@@ -1293,6 +1376,86 @@
     <message>
         <source>Set Chord</source>
         <translation>Akkord setzen</translation>
+    </message>
+    <message>
+        <source>Extract Melody and Bass</source>
+        <translation>Melodie und Bass herauslösen</translation>
+    </message>
+    <message>
+        <source>Extract Bass</source>
+        <translation>Bass herauslösen</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Minor Third (3 Half Tones)</source>
+        <translation>Um eine kleine Terz (3 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Major Third (4 Half Tones)</source>
+        <translation>Um eine große Terz (4 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Fourth (5 Half Tones)</source>
+        <translation>Um eine Quarte (5 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Tritone (6 Half Tones)</source>
+        <translation>Um einen Tritonus (6 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Fifth (7 Half Tones)</source>
+        <translation>Um eine Quinte (7 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Minor Sixth (8 Half Tones)</source>
+        <translation>Um eine kleine Sexte (8 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Major Sixth (9 Half Tones)</source>
+        <translation>Um eine große Sexte (9 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Minor Seventh (10 Half Tones)</source>
+        <translation>Um eine kleine Septime (10 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Up By A Major Seventh (11 Half Tones)</source>
+        <translation>Um eine große Septime (11 Halbtöne) nach oben transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Minor Third (3 Half Tones)</source>
+        <translation>Um eine kleine Terz (3 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Major Third (4 Half Tones)</source>
+        <translation>Um eine große Terz (4 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Fourth (5 Half Tones)</source>
+        <translation>Um eine Quarte (5 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Tritone (6 Half Tones)</source>
+        <translation>Um einen Tritonus (6 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Fifth (7 Half Tones)</source>
+        <translation>Um eine Quinte (7 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Minor Sixth (8 Half Tones)</source>
+        <translation>Um eine kleine Sexte (8 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Major Sixth (9 Half Tones)</source>
+        <translation>Um eine große Sexte (9 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Minor Seventh (10 Half Tones)</source>
+        <translation>Um eine kleine Septime (10 Halbtöne) nach unten transponieren</translation>
+    </message>
+    <message>
+        <source>Transpose Down By A Major Seventh (11 Half Tones)</source>
+        <translation>Um eine große Septime (11 Halbtöne) nach unten transponieren</translation>
     </message>
 </context>
 <context>

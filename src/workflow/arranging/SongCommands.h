@@ -37,6 +37,7 @@ struct Making {
 struct SongCommand {
   platform::Phrase title;    ///< In the menus.
   platform::Phrase undo;     ///< Of the action; none where the title tells enough by itself.
+  platform::Phrase hint;     ///< What comes out, in a guitarist's words.
   std::string_view action;   ///< Its name in the application's song menu.
   std::string_view command;  ///< Its name as a command of the song's node.
   std::string_view message;  ///< Logged once the derived song is there.
