@@ -44,7 +44,7 @@ _korvel_cli() {
     --metric) _korvel_cli_offer < <(printf '4/4\n3/4\n6/8\n12/8\n') && return ;;
   esac
   case $command in
-    import | transcribe | backup) _filedir ;;
+    import | transcribe | backup | restore) _filedir ;;
     tunings | instruments)
       case $((cword - i)):$below in
         1:)

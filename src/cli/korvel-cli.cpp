@@ -53,8 +53,7 @@ void describe(cli::Command& tool) {
 
 constexpr int kStoreFailureStatus = -1;
 
-void openStore(const std::string& file, cli::Store need) {
-  if (!file.empty()) QBTabMgr::setStorePath(file);
+void openStore(cli::Store need) {
   const std::string path = QBTabMgr::storePath();
   if (need == cli::Store::existing && !platform::isThere(path))
     throw cli::CliError(path + ": there is no such store");
@@ -70,7 +69,8 @@ int run(const cli::Command& command, const std::string& store) {
   cli::Console& console = cli::Console::attached();
   int status = EXIT_FAILURE;
   try {
-    if (command.store() != cli::Store::none) openStore(store, command.store());
+    if (!store.empty()) QBTabMgr::setStorePath(store);
+    if (command.store() != cli::Store::none) openStore(command.store());
     status = command.run();
   } catch (const ProgramEnd& end) {
     status = end.status;

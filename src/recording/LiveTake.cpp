@@ -8,6 +8,7 @@
 
 #include "audio/QBSampleBlock.h"
 #include "platform/files/FileError.h"
+#include "platform/files/Files.h"
 #include "platform/media/GrowingWaveFile.h"
 #include "platform/sound/AudioQueue.h"
 
@@ -22,11 +23,7 @@ constexpr std::int64_t kFramesOfSilence = 8192;
 constexpr const char* kEnding = ".wav";
 
 void makeFolderOf(const fs::path& file) {
-  std::error_code failed;
-  if (file.has_parent_path()) fs::create_directories(file.parent_path(), failed);
-  if (failed)
-    throw platform::FileError(
-        file.parent_path(), platform::phrase("Message", "cannot make the folder"), failed.value());
+  if (file.has_parent_path()) platform::makePrivateFolders(file.parent_path());
 }
 
 bool isLeft(const fs::directory_entry& entry) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/store/QBTabMgr.h"
 
+#include <limits>
+
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBSpectrum.h"
@@ -32,6 +34,8 @@ TEST_F(QBTabMgrTest, patternsAreWrittenFromTheHighestString) {
     EXPECT_EQ(row->lefthandpattern(), nullptr);
   }
   EXPECT_EQ(struck, "1 3 4 5 ");
+  const int most = std::numeric_limits<int>::max();
+  EXPECT_EQ(db().addPattern("xxx-x-", most)->weight(), most) << "stored numbers may be any";
   std::string fingers;
   for (const QBString* row : db().addLeftPattern("32300x", 0)->strings())
     fingers += std::to_string(row->order()) + ':' + std::to_string(row->baseTone()) + ' ';

@@ -31,24 +31,37 @@ std::string oneLine(std::string_view text) {
   return line;
 }
 
-std::string visible(std::string_view text) {
+/// Whether a terminal takes what stands there for an order. In UTF-8 those from U+0080 to U+009F
+/// have two bytes.
+bool isControl(std::string_view text, std::size_t at) {
+  const auto code = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  if (code(at) < 0x20 || code(at) == 0x7f) return true;
+  const bool isSecond = at > 0 && code(at - 1) == 0xc2;
+  const bool isFirst = code(at) == 0xc2 && at + 1 < text.size();
+  return (isSecond && code(at) < 0xa0) || (isFirst && code(at + 1) < 0xa0);
+}
+
+std::string written(char c) {
   constexpr std::string_view kHex = "0123456789abcdef";
+  const auto code = static_cast<unsigned char>(c);
+  if (c == '\n') return "\\n";
+  if (c == '\r') return "\\r";
+  if (c == '\t') return "\\t";
+  return std::string("\\x") + kHex[code / 16] + kHex[code % 16];
+}
+
+/// kept: what is left as it is of that which a terminal takes for an order.
+std::string visible(std::string_view text, std::string_view kept = {}) {
   std::string shown;
-  for (const char c : text) {
-    const auto code = static_cast<unsigned char>(c);
-    if (c == '\n')
-      shown += "\\n";
-    else if (c == '\r')
-      shown += "\\r";
-    else if (c == '\t')
-      shown += "\\t";
-    else if (code < 0x20 || code == 0x7f)
-      shown.append("\\x") += {kHex[code / 16], kHex[code % 16]};
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (isControl(text, i) && kept.find(text[i]) == std::string_view::npos)
+      shown += written(text[i]);
     else
-      shown += c;
-  }
+      shown += text[i];
   return shown;
 }
+
+constexpr std::string_view kOfLines = "\r\n\t";
 
 bool isTerminal() {
   static const bool terminal = isatty(STDERR_FILENO) != 0;
@@ -72,7 +85,7 @@ Console& Console::attached() {
 
 void Console::addLogText(std::string_view text) {
   clearProgress();
-  std::cerr << text << std::endl;
+  std::cerr << visible(text, kOfLines) << std::endl;
 }
 
 std::optional<std::string> Console::chooseFile(const std::string& proposedName) {
@@ -121,7 +134,7 @@ void Console::clearProgress() {
 
 void Console::error(std::string_view text) {
   clearProgress();
-  std::cerr << "korvel-cli: " << oneLine(text) << std::endl;
+  std::cerr << "korvel-cli: " << visible(oneLine(text), "\t") << std::endl;
 }
 
 void Console::print(std::string_view text) {
@@ -129,6 +142,8 @@ void Console::print(std::string_view text) {
   std::cout << text << std::flush;
   if (!std::cout) throw CliError("cannot write to the standard output; check where it leads");
 }
+
+void Console::printText(std::string_view text) { print(visible(text, kOfLines)); }
 
 void Console::printLine(std::string_view names) { print(visible(names) + '\n'); }
 

@@ -30,6 +30,8 @@ class Console final : public OutputView, public SavePanel, public FatalAlert {
   void error(std::string_view text);
   /// Writes to stdout; throws CliError when that fails.
   void print(std::string_view text);
+  /// Writes lines of a song, in which other signs that a terminal would obey are seen as "\x1b".
+  void printText(std::string_view text);
   /// Writes names as one line to stdout, in which line breaks and the like are seen as "\n".
   void printLine(std::string_view names);
 

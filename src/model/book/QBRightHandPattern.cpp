@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/book/QBRightHandPattern.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
 #include "model/instruments/QBString.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
@@ -27,7 +31,11 @@ bool QBRightHandPattern::matches(const QBChord& chord) const {
 }
 
 int QBRightHandPattern::weight() const {
-  return (order() + static_cast<int>(strings().size())) * 4;
+  // Stored numbers may be any.
+  constexpr std::int64_t kMost = std::numeric_limits<int>::max();
+  const std::int64_t weight =
+      (static_cast<std::int64_t>(order()) + static_cast<std::int64_t>(strings().size())) * 4;
+  return static_cast<int>(std::clamp(weight, -kMost, kMost));
 }
 
 bool QBRightHandPattern::isPlayable(const QBRightHandPattern&) const { return true; }

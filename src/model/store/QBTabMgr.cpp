@@ -44,8 +44,9 @@ void copySeedTo(const fs::path& store) {
   if (!seed)
     throw platform::FileError("Korvel.sqlite",
                               platform::phrase("Message", "the program's own store is missing"));
-  if (store.has_parent_path()) platform::makeFolders(store.parent_path());
-  platform::createAtomically(store, platform::readWholeFile(*seed));
+  if (store.has_parent_path()) platform::makePrivateFolders(store.parent_path());
+  storeFile(store.string()).setJournalsAside();
+  platform::createAtomically(store, platform::readWholeFile(*seed), platform::Readers::ownerOnly);
 }
 
 }  // namespace

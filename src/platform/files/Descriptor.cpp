@@ -13,8 +13,9 @@
 namespace korvel::platform {
 
 Descriptor::Descriptor(const std::filesystem::path& opened, std::filesystem::path named, int flags,
-                       const UserText& doing)
-    : m_named(std::move(named)), m_fd(::open(opened.c_str(), flags | O_CLOEXEC, 0666)) {
+                       const UserText& doing, Readers readers)
+    : m_named(std::move(named)),
+      m_fd(::open(opened.c_str(), flags | O_CLOEXEC, readers == Readers::ownerOnly ? 0600 : 0666)) {
   if (m_fd < 0) throw FileError(m_named, doing, errno);
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string_view>
 
+#include "platform/files/Readers.h"
 #include "platform/text/UserText.h"
 
 namespace korvel::platform {
@@ -13,9 +14,9 @@ namespace korvel::platform {
 /// the caller asked for, also where another one is open in its place.
 class Descriptor {
  public:
-  /// flags: of open(2). doing: what the error says when it fails.
+  /// flags: of open(2). doing: what the error says when it fails. readers: of a new file.
   Descriptor(const std::filesystem::path& opened, std::filesystem::path named, int flags,
-             const UserText& doing);
+             const UserText& doing, Readers readers = Readers::asUsual);
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor();

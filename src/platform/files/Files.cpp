@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -35,8 +36,8 @@ void writeAtomically(const fs::path& file, std::string_view bytes) {
   out.appear();
 }
 
-bool createAtomically(const fs::path& file, std::string_view bytes) {
-  NewFile out(file, Existing::kept);
+bool createAtomically(const fs::path& file, std::string_view bytes, Readers readers) {
+  NewFile out(file, Existing::kept, readers);
   out.write(bytes);
   return out.appear();
 }
@@ -51,6 +52,13 @@ bool isThere(const std::filesystem::path& file) {
           phrase("Message",
                  "cannot be reached: %1; check the rights of its folders, or choose another place"),
           error.message()));
+}
+
+void makePrivateFolders(const fs::path& folder) {
+  std::error_code unknown;
+  if (folder.empty() || fs::is_directory(folder, unknown)) return;
+  makePrivateFolders(folder.parent_path());
+  if (::mkdir(folder.c_str(), 0700) != 0) makeFolders(folder);  // which says why
 }
 
 void makeFolders(const std::filesystem::path& folder) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/files/Readers.h"
+
 namespace korvel::platform {
 
 /// Replaces or creates a file so that it holds either its old content or all of the new one,
@@ -14,7 +16,8 @@ void writeAtomically(const std::filesystem::path& file, std::string_view bytes);
 
 /// Writes a file that does not exist yet, so that it appears complete or not at all. A file that
 /// another process made in the meantime is left alone; false then. Throws FileError.
-bool createAtomically(const std::filesystem::path& file, std::string_view bytes);
+bool createAtomically(const std::filesystem::path& file, std::string_view bytes,
+                      Readers readers = Readers::asUsual);
 
 /// Whether there is something of that name. Throws FileError when that cannot be told, as where a
 /// folder on the way may not be entered.
@@ -22,6 +25,8 @@ bool isThere(const std::filesystem::path& file);
 
 /// Makes a folder and those on the way to it, where they are missing. Throws FileError.
 void makeFolders(const std::filesystem::path& folder);
+/// The same for what nobody else is to look into.
+void makePrivateFolders(const std::filesystem::path& folder);
 
 /// All bytes of a regular file. Throws FileError.
 std::string readWholeFile(const std::filesystem::path& file);

@@ -2,15 +2,16 @@
 #include "platform/files/NewFile.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <string>
 #include <system_error>
 
 #include "platform/files/FileError.h"
 #include "platform/files/Files.h"
+#include "platform/files/Leftovers.h"
 
 namespace korvel::platform {
 namespace {
@@ -27,23 +28,14 @@ fs::path throughLinks(const fs::path& file) {
   return unresolved ? file : target;
 }
 
-fs::path replaceable(const fs::path& file) {
+fs::path replaceable(const fs::path& file, Existing existing) {
   fs::path target = throughLinks(file);
   std::error_code unknown;
   if (fs::exists(target, unknown) && !fs::is_regular_file(target, unknown))
     throw FileError(file, phrase("Message", "cannot write: it is not a plain file"));
-  if (isStore(target))
+  if (existing != Existing::replacedByStore && isStore(target))
     throw FileError(file, phrase("Message", "cannot write: it holds songs; choose another file"));
   return target;
-}
-
-/// A name of a few bytes beside the target, since the target's own may be as long as names can be.
-fs::path temporaryBeside(const fs::path& target) {
-  static unsigned count = 0;
-  fs::path temporary = folderOf(target) / (".korvel-" + std::to_string(::getpid()) + "-" +
-                                           std::to_string(++count) + ".tmp");
-  ::unlink(temporary.c_str());  // left by a process of the same number that was killed
-  return temporary;
 }
 
 /// Gives a file its name without replacing what has that name already; false then. File systems
@@ -59,12 +51,14 @@ bool appearAs(const fs::path& temporary, const fs::path& file) {
 
 }  // namespace
 
-NewFile::NewFile(const fs::path& file, Existing existing)
+NewFile::NewFile(const fs::path& file, Existing existing, Readers readers)
     : m_file(file),
-      m_target(existing == Existing::replaced ? replaceable(file) : file),
+      m_target(existing == Existing::kept ? file : replaceable(file, existing)),
       m_temporary(temporaryBeside(m_target)),
       m_existing(existing),
-      m_out(m_temporary, file, O_WRONLY | O_CREAT | O_EXCL, FileError::kCannotWrite) {
+      m_out(m_temporary, file, O_WRONLY | O_CREAT | O_EXCL, FileError::kCannotWrite, readers) {
+  ::flock(m_out.number(), LOCK_EX | LOCK_NB);
+  sweepLeftovers(folderOf(m_target));
   if (existing == Existing::replaced) m_out.keepModeOf(m_target);
 }
 

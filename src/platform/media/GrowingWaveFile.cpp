@@ -20,7 +20,9 @@ constexpr std::uint64_t kMostBytes = 0xFFFFFFFFULL - 4096;
 
 struct GrowingWaveFile::Encoder {
   Encoder(const std::filesystem::path& file, int sampleRate, int channels)
-      : named(file), out(file, file, O_RDWR | O_CREAT | O_EXCL, phrase("Message", "cannot make")) {
+      : named(file),
+        out(file, file, O_RDWR | O_CREAT | O_EXCL, phrase("Message", "cannot make"),
+            Readers::ownerOnly) {
     ::flock(out.number(), LOCK_EX | LOCK_NB);
     SF_INFO info{};
     info.samplerate = sampleRate;

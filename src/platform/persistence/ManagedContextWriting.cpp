@@ -42,6 +42,9 @@ void ManagedContext::save() {
   if (!hasChanges()) return;
   requireSound();
   SqliteTransaction change(*m_store);
+  // Has the first page in the journal, which tells whose journal it is (`StoreJournal`).
+  m_store->execute("PRAGMA user_version = " +
+                   std::to_string(m_store->integer("PRAGMA user_version")));
   for (const auto& table : m_tables) {
     writeInserted(*table);
     writeChanged(*table);

@@ -78,7 +78,9 @@ UserText problemOf(int code, const Phrase& doing, const char* message) {
     case StoreError::Reason::inUse:
       return phrase("Message", "the store is in use by another program; close that one first");
     case StoreError::Reason::damaged:
-      return {phrase("Message", "the store is damaged (%1); restore a backup of it"), message};
+      return {phrase("Message",
+                     "the store is damaged (%1); restore a backup of it by \"korvel-cli restore\""),
+              message};
     default:
       return {phraseFor(code), doing, message};
   }
@@ -96,6 +98,9 @@ class SqliteDatabase::Connection {
     m_handle.reset(opened);
     if (result != SQLITE_OK) fail(phrase("Message", "cannot open the store"));
     sqlite3_extended_result_codes(opened, 1);
+    // A store may come from somebody else: what its tables are made of must not run as a program.
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   }
 
   sqlite3* handle() const { return m_handle.get(); }

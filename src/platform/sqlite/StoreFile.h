@@ -2,14 +2,19 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/persistence/ObjectModel.h"
 #include "platform/sqlite/Sqlite.h"
+#include "platform/sqlite/StoreHeader.h"
 
 namespace korvel::platform {
+
+class NewFile;
+class StoreError;
 
 /// A store file: one SQLite database whose tables are the entities of a model. Opens it safely,
 /// brings older ones up to the model, copies and checks it.
@@ -37,17 +42,34 @@ class StoreFile {
   /// Problems found in an open store by a complete check; empty when it is sound.
   static std::vector<std::string> problems(SqliteDatabase& store);
   /// Copies an open store into a file, which is complete and checked or does not appear at all.
+  /// Also throws FileError.
   static void backup(SqliteDatabase& store, const std::string& target);
+  /// Puts a copy of a backup in the store's place, after a check, and answers under which name the
+  /// store is kept that was there; none if there was none. Its journal goes with it. The store is
+  /// the old one or the new one whenever the process dies. Throws StoreError or FileError, and
+  /// nothing has changed then.
+  std::string restore(const std::string& backup) const;
+  /// To be called before another store gets this place: a journal that was left by one that has
+  /// been moved away would be taken for that of the new one.
+  void setJournalsAside() const;
 
  private:
   void inspectHeader() const;
+  StoreHeader headerToJudge(const StoreHeader& header) const;
+  StoreError notAStore() const;
+  void setForeignJournalAside() const;
+  std::filesystem::path folderOfStore() const;
+  static void requirePlain(SqliteDatabase& store);
+  static void copyInto(SqliteDatabase& store, const NewFile& file);
+  void requireRestorable(const std::string& backup) const;
+  void requireUnused() const;
+  static std::string keepBeside(const std::string& store);
   void lock(SqliteDatabase& store) const;
   void checkSize(SqliteDatabase& store) const;
   void migrate(SqliteDatabase& store) const;
   void requireComplete(SqliteDatabase& store) const;
   std::vector<std::string> missingParts(SqliteDatabase& store) const;
   void sweep(SqliteDatabase& store) const;
-  std::string backupName(std::int64_t version) const;
 
   std::string m_path;
   const ObjectModel& m_model;

@@ -230,10 +230,6 @@
         <translation>%1: Ton dieser Art passt nicht in eine WAV-Datei</translation>
     </message>
     <message>
-        <source>cannot make the folder</source>
-        <translation>Der Ordner kann nicht angelegt werden</translation>
-    </message>
-    <message>
         <source>cannot be written: %1</source>
         <translation>kann nicht geschrieben werden: %1</translation>
     </message>
@@ -318,8 +314,8 @@
         <translation>Die Datenbank wird von einem anderen Programm benutzt; schließe erst dieses</translation>
     </message>
     <message>
-        <source>the store is damaged (%1); restore a backup of it</source>
-        <translation>Die Datenbank ist beschädigt (%1); spiele eine Sicherung zurück</translation>
+        <source>the store is damaged (%1); restore a backup of it by &quot;korvel-cli restore&quot;</source>
+        <translation>Die Datenbank ist beschädigt (%1); spiele mit „korvel-cli restore“ eine Sicherung zurück</translation>
     </message>
     <message>
         <source>cannot open the store</source>
@@ -346,8 +342,8 @@
         <translation>ist keine Datenbank von Korvel; verschiebe die Datei oder wähle eine andere</translation>
     </message>
     <message>
-        <source>the store is damaged; restore a backup of it</source>
-        <translation>Die Datenbank ist beschädigt; spiele eine Sicherung zurück</translation>
+        <source>the store is damaged; restore a backup of it by &quot;korvel-cli restore&quot;</source>
+        <translation>Die Datenbank ist beschädigt; spiele mit „korvel-cli restore“ eine Sicherung zurück</translation>
     </message>
     <message>
         <source>there is a file of that name already</source>
@@ -366,12 +362,12 @@
         <translation>Die Datenbank stammt von einem neueren Korvel; aktualisiere das Programm, um sie zu öffnen</translation>
     </message>
     <message>
-        <source>the store cannot be switched to a rollback journal; restore a backup of it</source>
-        <translation>Die Datenbank lässt sich nicht auf ein Rollback-Journal umstellen; spiele eine Sicherung zurück</translation>
+        <source>the store cannot be switched to a rollback journal; restore a backup of it by &quot;korvel-cli restore&quot;</source>
+        <translation>Die Datenbank lässt sich nicht auf ein Rollback-Journal umstellen; spiele mit „korvel-cli restore“ eine Sicherung zurück</translation>
     </message>
     <message>
-        <source>the store is damaged and cannot be copied; restore a backup of it</source>
-        <translation>Die Datenbank ist beschädigt und kann nicht kopiert werden; spiele eine Sicherung zurück</translation>
+        <source>the store is damaged and cannot be copied; restore a backup of it by &quot;korvel-cli restore&quot;</source>
+        <translation>Die Datenbank ist beschädigt und kann nicht kopiert werden; spiele mit „korvel-cli restore“ eine Sicherung zurück</translation>
     </message>
     <message>
         <source>%1: the song has no chords, so &quot;%2&quot; has nothing to do</source>
@@ -470,8 +466,8 @@
         <translation>%1: In ihr sind Songs oder Instrumente notiert; lege eine neue Stimmung an und ändere diese</translation>
     </message>
     <message>
-        <source>%1: the store is damaged (%2); restore a backup of it</source>
-        <translation>%1: Die Datenbank ist beschädigt (%2); spiele eine Sicherung zurück</translation>
+        <source>%1: the store is damaged (%2); restore a backup of it by &quot;korvel-cli restore&quot;</source>
+        <translation>%1: Die Datenbank ist beschädigt (%2); spiele mit „korvel-cli restore“ eine Sicherung zurück</translation>
     </message>
     <message>
         <source>%1 is sound</source>
@@ -560,6 +556,30 @@
     <message>
         <source>that string has no fret for this tone; try another one</source>
         <translation>diese Saite hat keinen Bund für den Ton; versuche eine andere</translation>
+    </message>
+    <message>
+        <source>not a Korvel store; move it and %1 away together, or choose another file</source>
+        <translation>ist keine Datenbank von Korvel; verschiebe die Datei zusammen mit %1 oder wähle eine andere</translation>
+    </message>
+    <message>
+        <source>%1 belongs to another store and cannot be set aside; move it away</source>
+        <translation>%1 gehört zu einer anderen Datenbank und kann nicht beiseitegelegt werden; verschiebe die Datei</translation>
+    </message>
+    <message>
+        <source>the store has triggers or views, which Korvel never makes and which may do anything to it; use another one</source>
+        <translation>Die Datenbank hat Trigger oder Sichten, die Korvel nie anlegt und die alles mit ihr tun können; nimm eine andere</translation>
+    </message>
+    <message>
+        <source>is the store itself; name a backup of it</source>
+        <translation>ist die Datenbank selbst; nenne eine Sicherung von ihr</translation>
+    </message>
+    <message>
+        <source>a change of it was not finished; open it as a store once, then restore it</source>
+        <translation>Eine Änderung an ihr ist nicht zu Ende geführt; öffne sie einmal als Datenbank, dann spiele sie zurück</translation>
+    </message>
+    <message>
+        <source>a name of %1 characters is too long; give one of at most %2</source>
+        <translation>Ein Name mit %1 Zeichen ist zu lang; gib einen mit höchstens %2 ein</translation>
     </message>
     <message>
         <source>%1: &quot;%2&quot; would leave nothing to play, so it made no song</source>

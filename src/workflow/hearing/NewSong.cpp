@@ -8,6 +8,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "workflow/library/NameRules.h"
 #include "workflow/library/QBNameMgr.h"
 
 namespace korvel {
@@ -16,6 +17,8 @@ NewSong::NewSong(QBTabMgr& db, const std::optional<std::string>& album, const st
                  const std::optional<std::string>& title)
     : m_db(db) {
   const std::string wanted = album ? *album : QBNameMgr(nullptr, name).newAlbumName(db);
+  requireShortName(wanted);
+  requireShortName(title.value_or(name));
   m_album = db.findAlbumByName(wanted);
   m_madeAlbum = !m_album;
   if (!m_album) m_album = db.createAlbum(wanted, false);

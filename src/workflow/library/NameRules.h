@@ -7,7 +7,11 @@
 
 namespace korvel {
 
-/// Throws EditRefused for a name of nothing but blanks. refusal: what is said then.
+/// Throws EditRefused for a name that is too long to be shown anywhere.
+void requireShortName(const std::string& name);
+
+/// Throws EditRefused for a name of nothing but blanks, or one that is too long. refusal: what is
+/// said to the first.
 void requireName(const std::string& name, const platform::Phrase& refusal);
 
 }  // namespace korvel

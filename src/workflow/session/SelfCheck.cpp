@@ -39,8 +39,10 @@ constexpr std::size_t kDemoSamples = 10 * platform::kSampleRate;  // that sound,
 UserText check(platform::SqliteDatabase& store) {
   const auto problems = platform::StoreFile::problems(store);
   if (!problems.empty())
-    throw UserError(phrase("Message", "%1: the store is damaged (%2); restore a backup of it"),
-                    store.file(), problems.front());
+    throw UserError(
+        phrase("Message",
+               "%1: the store is damaged (%2); restore a backup of it by \"korvel-cli restore\""),
+        store.file(), problems.front());
   return {phrase("Message", "%1 is sound"), store.file()};
 }
 

@@ -36,7 +36,7 @@ void listSongs() {
 
 void showSong(const std::string& name) {
   QBSong& song = chooseSong(name);
-  Console::attached().print(song.hasTabulature() ? song.tabulature() : textOf(song));
+  Console::attached().printText(song.hasTabulature() ? song.tabulature() : textOf(song));
 }
 
 void dumpSong(const std::string& name) { Console::attached().print(songAsJson(chooseSong(name))); }

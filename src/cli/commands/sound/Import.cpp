@@ -115,7 +115,7 @@ int importFiles(const ImportOptions& options) {
       status = EXIT_FAILURE;
       continue;
     }
-    if (!options.json) Console::attached().print(songs.back()->tabulature());
+    if (!options.json) Console::attached().printText(songs.back()->tabulature());
   }
   if (options.json) printSongs(options, {songs.begin(), songs.end()});
   return status;

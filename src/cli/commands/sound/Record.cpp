@@ -26,6 +26,7 @@
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "platform/files/FileError.h"
+#include "platform/files/Files.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sound/SampleRate.h"
 #include "platform/sound/WaveFiles.h"
@@ -185,11 +186,13 @@ int conclude(const LiveRecording& recording, const RecordOptions& options) {
     throw CliError(withTake(recording, "no tones were heard; nothing was stored"));
   console.addLogText("Stored as " + recording.song()->album()->name() + '/' +
                      recording.song()->title() + '.');
-  console.print(recording.song()->tabulature());
+  console.printText(recording.song()->tabulature());
   return lost ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 
 void requirePossible(const RecordOptions& options) {
+  if (options.wav && platform::isThere(*options.wav))
+    throw CliError(*options.wav + ": there is a file of that name already; name another");
   if (options.wav) OutputFile(*options.wav, false).check();
   if (detectionOf(options.detection).needsInstrument && !QBTabMgr::db().selectedInstrument())
     throw CliError(QBTabMgr::storePath() +

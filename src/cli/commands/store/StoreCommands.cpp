@@ -6,6 +6,7 @@
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
+#include "model/store/KorvelModel.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/files/Files.h"
 #include "platform/sqlite/StoreFile.h"
@@ -18,14 +19,30 @@ void checkStore() {
   const auto problems = platform::StoreFile::problems(store);
   for (const std::string& problem : problems) Console::attached().printLine(problem);
   if (!problems.empty())
-    throw CliError(store.file() + ": the store is damaged; restore a backup of it");
+    throw CliError(store.file() +
+                   ": the store is damaged; restore a backup of it by \"korvel-cli restore\"");
   Console::attached().printLine(store.file() + ": ok");
 }
 
+/// Under these names SQLite looks for changes of the store that were not finished.
+void requireOtherThanJournals(const std::string& file) {
+  for (const char* ending : {"-journal", "-wal", "-shm"})
+    if (platform::isSameFile(file, QBTabMgr::storePath() + ending))
+      throw CliError(file + ": that name belongs to the store itself; choose another");
+}
+
 void backupStore(const std::string& file) {
+  requireOtherThanJournals(file);
   if (platform::isThere(file))
     throw CliError(file + ": there is a file of that name already; choose another");
   platform::StoreFile::backup(QBTabMgr::db().context().store(), file);
+}
+
+void restoreStore(const std::string& file) {
+  const std::string path = QBTabMgr::storePath();
+  const std::string kept = storeFile(path).restore(file);
+  Console::attached().printLine(path + ": is " + file + " again" +
+                                (kept.empty() ? "" : "; what was there is kept in " + kept));
 }
 
 }  // namespace
@@ -42,6 +59,13 @@ void addStoreCommands(Command& tool) {
   backup.checkAtOnce();
   backup.uses(Store::existing);
   backup.does([&file] { backupStore(file); });
+
+  Command& restore = tool.command("restore", "Put a backup in the store's place");
+  auto& source = restore.own<std::string>();
+  restore.option("FILE", source, "The backup").required().shownAs("");
+  restore.checkAtOnce();
+  restore.uses(Store::none);
+  restore.does([&source] { restoreStore(source); });
 }
 
 }  // namespace korvel::cli

@@ -5,7 +5,8 @@ namespace korvel::cli {
 
 class Command;
 
-/// `check` and `backup`: a complete check of the store, and a copy of it in a new file.
+/// `check`, `backup` and `restore`: a complete check of the store, a copy of it in a new file, and
+/// such a copy in its place.
 void addStoreCommands(Command& tool);
 
 }  // namespace korvel::cli
