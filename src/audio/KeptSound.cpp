@@ -19,12 +19,13 @@ void KeptSound::keep(std::span<const std::int16_t> samples) {
 void KeptSound::startRecord(float) {
   m_mixer = {};
   m_next = 0;
+  m_stopped = false;
   m_reading = true;
 }
 
 std::span<const float> KeptSound::readSamples() {
   m_converted.clear();
-  while (m_reading && m_converted.empty()) {
+  while (isReading() && m_converted.empty()) {
     const auto chunk =
         std::span(m_samples).subspan(m_next, std::min(kChunk, m_samples.size() - m_next));
     m_reading = !chunk.empty();
@@ -38,7 +39,7 @@ std::span<const float> KeptSound::readSamples() {
 }
 
 double KeptSound::progress() const {
-  const bool reads = m_reading && !m_samples.empty();
+  const bool reads = isReading() && !m_samples.empty();
   return reads ? static_cast<double>(m_next) / static_cast<double>(m_samples.size()) : 1;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -12,7 +13,8 @@
 namespace korvel {
 
 /// A recording that is kept in memory as it comes in, to be heard as a whole once it is over: one
-/// channel of 16 bits at any rate.
+/// channel of 16 bits at any rate. It may be read by another thread than that which keeps it, while
+/// every thread may ask how far it is, and stop it.
 class KeptSound final : public QBSampleSource {
  public:
   /// rate: samples a second, above 0.
@@ -24,17 +26,18 @@ class KeptSound final : public QBSampleSource {
   /// Reads from the beginning again. The volume has no meaning here.
   void startRecord(float volume) override;
   std::span<const float> readSamples() override;
-  bool eof() const override { return !m_reading; }
-  bool isReading() const override { return m_reading; }
+  bool eof() const override { return !isReading(); }
+  bool isReading() const override { return m_reading && !m_stopped; }
   double progress() const override;
-  void stopRecord() override { m_reading = false; }
+  void stopRecord() override { m_stopped = true; }
 
  private:
   int m_rate;
   platform::MonoMixer m_mixer;
-  std::size_t m_next = 0;
+  std::atomic<std::size_t> m_next = 0;
   std::vector<float> m_converted;
-  bool m_reading = false;
+  std::atomic<bool> m_reading = false;
+  std::atomic<bool> m_stopped = false;
 };
 
 }  // namespace korvel

@@ -17,11 +17,14 @@ MonoTrack::MonoTrack(std::filesystem::path file) : m_file(std::move(file)) {}
 
 void MonoTrack::startRecord(float) {
   m_reader.reset();
+  m_stopped = false;
+  m_progress = 0;
   const platform::MediaAsset asset(m_file);
   if (!asset.hasTrackList())
     tell("no asset tracks found");
   else if (const auto* sound = asset.firstSound())
     createReader(asset, *sound);
+  m_reading = m_reader && m_reader->isReading();
 }
 
 void MonoTrack::createReader(const platform::MediaAsset& asset, const platform::MediaTrack& sound) {
@@ -34,9 +37,13 @@ void MonoTrack::createReader(const platform::MediaAsset& asset, const platform::
 }
 
 std::span<const float> MonoTrack::readSamples() {
-  return m_reader ? m_reader->next() : std::span<const float>();
+  if (!isReading()) return {};
+  const auto samples = m_reader->next();
+  m_progress = m_reader->progress();
+  m_reading = m_reader->isReading();
+  return samples;
 }
 
-double MonoTrack::progress() const { return isReading() ? m_reader->progress() : 1; }
+double MonoTrack::progress() const { return isReading() ? m_progress.load() : 1; }
 
 }  // namespace korvel

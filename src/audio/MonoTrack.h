@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <atomic>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -14,6 +15,9 @@ namespace korvel {
 /// file's own rate and channels: for what hears a recording as a whole. It is read slice by slice
 /// and never held as a whole. What is wrong with a file becomes a line of the log, and the source
 /// is at its end at once.
+///
+/// It may be read by another thread than that which starts it, one at a time. Meanwhile every
+/// thread may ask how far it is, and stop it.
 class MonoTrack final : public QBSampleSource {
  public:
   explicit MonoTrack(std::filesystem::path file);
@@ -22,16 +26,19 @@ class MonoTrack final : public QBSampleSource {
   void startRecord(float volume) override;
   std::span<const float> readSamples() override;
   bool eof() const override { return !isReading(); }
-  bool isReading() const override { return m_reader && m_reader->isReading(); }
+  bool isReading() const override { return m_reading && !m_stopped; }
   /// How much of the file has been read; 1 once there is nothing to read.
   double progress() const override;
-  void stopRecord() override { m_reader.reset(); }
+  void stopRecord() override { m_stopped = true; }
 
  private:
   void createReader(const platform::MediaAsset& asset, const platform::MediaTrack& sound);
 
   std::filesystem::path m_file;
   std::optional<platform::MonoReader> m_reader;
+  std::atomic<bool> m_reading = false;  ///< The reader has more.
+  std::atomic<bool> m_stopped = false;
+  std::atomic<double> m_progress = 0;  ///< Of the reader.
 };
 
 }  // namespace korvel

@@ -99,6 +99,12 @@ Json asJson(const fingering::Note& note) {
           {"probability", rounded(note.probability, kPerUnit)}};
 }
 
+Json asJson(std::span<const fingering::Note> notes) {
+  Json list = Json::array();
+  for (const fingering::Note& note : notes) list.push_back(asJson(note));
+  return list;
+}
+
 // Names taken from files may hold bytes that are no UTF-8; they show as replacement characters.
 std::string dump(const Json& json) {
   return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + '\n';
@@ -115,9 +121,14 @@ std::string songsAsJson(const std::vector<QBSong*>& songs) {
 }
 
 std::string notesAsJson(std::span<const fingering::Note> notes) {
-  Json list = Json::array();
-  for (const fingering::Note& note : notes) list.push_back(asJson(note));
-  return Json{{"notes", std::move(list)}}.dump(1) + '\n';
+  return Json{{"notes", asJson(notes)}}.dump(1) + '\n';
+}
+
+std::string notesAsJson(const std::vector<NotesOfFile>& files) {
+  Json all = Json::array();
+  for (const NotesOfFile& each : files)
+    all.push_back({{"file", each.file}, {"notes", asJson(each.notes)}});
+  return all.dump(1, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 }  // namespace korvel

@@ -5,13 +5,17 @@
 #include <string>
 #include <vector>
 
+#include "fingering/Note.h"
+
 namespace korvel {
 
 class QBSong;
 
-namespace fingering {
-struct Note;
-}
+/// What was heard in one of several recordings.
+struct NotesOfFile {
+  std::string file;  ///< As it was named.
+  std::vector<fingering::Note> notes;
+};
 
 /// The whole song as one JSON object: chords by position, tones in the hold's order, values that
 /// were never set as null, amplitudes at full precision.
@@ -24,5 +28,7 @@ std::string songsAsJson(const std::vector<QBSong*>& songs);
 /// "probability"}]}: times in seconds, strings from 0 for the lowest, null for string and fret of a
 /// note that the guitar has not.
 std::string notesAsJson(std::span<const fingering::Note> notes);
+/// A JSON array of such objects, each with the name of its file before the notes, "file".
+std::string notesAsJson(const std::vector<NotesOfFile>& files);
 
 }  // namespace korvel

@@ -183,6 +183,7 @@ TEST_F(ImportDeskTest, endOfTheProgramKeepsWhatWasHeard) {
   const auto classic = start(ImportDetection::classic);
   const auto precise = start(ImportDetection::precise);
   runUntil([&] { return classic->newSong()->chords().size() == 5; });
+  while (precise->m_percent == 0) precise->nextStep();
   const auto silent = start(ImportDetection::classic);
   const auto interrupted = ImportDesk::endAll();
   EXPECT_TRUE(ImportDesk::running().empty());

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
+#include "analysis/chords/Listening.h"
 #include "analysis/chords/Transcription.h"
 #include "audio/QBSampleSource.h"
 #include "model/instruments/QBTuning.h"
@@ -11,7 +13,6 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
-#include "platform/loop/Deadline.h"
 
 namespace korvel {
 namespace {
@@ -19,6 +20,8 @@ namespace {
 using precise::BlockTone;
 using precise::BlockTones;
 
+/// Short enough to show how far it is.
+constexpr std::chrono::milliseconds kPatience{20};
 /// Of the time; the rest goes into making chords.
 constexpr double kShareOfListening = 0.95;
 
@@ -50,10 +53,14 @@ void tellStrikesByAmplitude(std::vector<BlockTones>& blocks) {
 }  // namespace
 
 PreciseAnalyser::PreciseAnalyser(std::shared_ptr<QBSampleSource> source, QBTuning* tuning,
-                                 const precise::Settings& settings)
+                                 const precise::Settings& settings, platform::Workers::Turn turn)
     : QBChordAnalyser(std::move(source), tuning),
       m_open(tuning ? tuning->openStrings().pitches() : kStandardPitches),
-      m_settings(settings) {}
+      m_settings(settings),
+      m_turn(turn) {}
+
+PreciseAnalyser::PreciseAnalyser(std::shared_ptr<Listening> listening, QBTuning* tuning)
+    : QBChordAnalyser(nullptr, tuning), m_listening(std::move(listening)) {}
 
 PreciseAnalyser::~PreciseAnalyser() = default;
 
@@ -71,32 +78,30 @@ QBChord* PreciseAnalyser::nextChord(QBSong* song) {
 }
 
 void PreciseAnalyser::listen() {
-  if (!m_source()) {
-    m_blocks.emplace();
-    return;
-  }
-  if (!m_listening) m_listening = std::make_unique<Transcription>(m_source(), m_open, m_settings);
-  if (m_heard)
-    gather();
-  else if (!m_listening->step())
-    m_heard = true;
+  if (!m_listening && !m_source()) m_blocks.emplace();
+  if (m_blocks) return;
+  if (!m_listening)
+    m_listening = std::make_shared<Listening>(m_source(), m_open, m_settings, m_turn);
+  if (!m_listening->isOver()) return;
+  const auto heard = std::exchange(m_listening, nullptr);
+  keepBlocks(heard->take().blocks);
 }
 
-void PreciseAnalyser::gather() {
-  const precise::Analysis& heard = m_listening->result();
-  if (!m_gathering.isUnderWay())
-    m_gathering = precise::gatherBlocks(heard, heard.notes, m_listening->samples(), m_open,
-                                        m_settings.fingering, m_gathered);
-  const platform::Deadline deadline;
-  while (m_gathering.next())
-    if (deadline.isOver()) return;
-  keepBlocks();
+void PreciseAnalyser::wait() const {
+  if (m_listening) m_listening->waitFor(kPatience);
 }
 
-/// Those from the first to the last that sounds, and forgets the rest.
-void PreciseAnalyser::keepBlocks() {
-  m_blocks = std::move(m_gathered);
-  m_listening.reset();
+bool PreciseAnalyser::cutShort() {
+  if (m_blocks) return false;
+  listen();
+  return m_listening && m_listening->cutShort();
+}
+
+void PreciseAnalyser::giveUp() { m_listening.reset(); }
+
+/// Those from the first to the last that sounds.
+void PreciseAnalyser::keepBlocks(std::vector<BlockTones> blocks) {
+  m_blocks = std::move(blocks);
   tellStrikesByAmplitude(*m_blocks);
   const auto sounds = [](const BlockTones& tones) { return !tones.empty(); };
   while (!m_blocks->empty() && !sounds(m_blocks->back())) m_blocks->pop_back();

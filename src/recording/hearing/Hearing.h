@@ -8,6 +8,7 @@
 
 namespace korvel {
 
+class Listening;
 class QBAlbum;
 class QBChord;
 class QBChordAnalyser;
@@ -24,6 +25,7 @@ struct HearingTask {
   QBTuning* tuning;          ///< Of the guitar that is heard.
   QBInstrument* instrument;  ///< Confirms tones, for a kind that has them confirmed.
   precise::Settings settings{};
+  std::shared_ptr<Listening> listening{};  ///< To that sound already, for a kind that can be ahead.
 };
 
 /// Sound that becomes the chords of a song, step by step: a source, the analyser that hears it and
@@ -44,6 +46,8 @@ class Hearing {
   void begin();
   /// Reads as much of a file as the next step needs, when it is read stepwise.
   virtual void readAhead() {}
+  /// For who has nothing else to do: returns when a step may bring something, or a little later.
+  virtual void wait() const {}
   /// One step: the chord that it stored, with harmony and groups of tones, or none.
   QBChord* next();
   /// No chord will come any more. What is live never knows.
@@ -56,7 +60,7 @@ class Hearing {
   /// there was something to leave out.
   virtual bool cutShort() = 0;
   /// Stops the source and drops the scratch song. May be repeated.
-  void end();
+  virtual void end();
   /// Gives the sound up, with what was read of it and not heard.
   virtual void dropSound();
 

@@ -10,20 +10,29 @@
 
 namespace korvel {
 
-PreciseHearing::PreciseHearing(std::shared_ptr<QBSampleSource> sound, const HearingTask& task)
+PreciseHearing::PreciseHearing(std::shared_ptr<QBSampleSource> sound, const HearingTask& task,
+                               platform::Workers::Turn turn)
     : PreciseHearing(
-          std::make_shared<PreciseAnalyser>(std::move(sound), task.tuning, task.settings), task) {}
+          std::make_shared<PreciseAnalyser>(std::move(sound), task.tuning, task.settings, turn),
+          task) {}
 
-PreciseHearing::PreciseHearing(const std::shared_ptr<QBChordAnalyser>& analyser,
+PreciseHearing::PreciseHearing(const HearingTask& task)
+    : PreciseHearing(std::make_shared<PreciseAnalyser>(task.listening, task.tuning), task) {}
+
+PreciseHearing::PreciseHearing(const std::shared_ptr<PreciseAnalyser>& analyser,
                                const HearingTask& task)
-    : Hearing(analyser, std::make_unique<PreciseRecorder>(analyser, task.song, task.album)) {}
+    : Hearing(analyser, std::make_unique<PreciseRecorder>(analyser, task.song, task.album)),
+      m_heard(analyser) {}
 
 PreciseHearing::~PreciseHearing() = default;
 
-bool PreciseHearing::cutShort() {
-  const bool more = source()->progress() < 1;
-  source()->stopRecord();
-  return more;
+void PreciseHearing::wait() const { m_heard->wait(); }
+
+bool PreciseHearing::cutShort() { return m_heard->cutShort(); }
+
+void PreciseHearing::end() {
+  Hearing::end();
+  m_heard->giveUp();
 }
 
 }  // namespace korvel

@@ -9,6 +9,7 @@ namespace korvel {
 namespace {
 
 using Reading = Hearing::Reading;
+using Turn = platform::Workers::Turn;
 using Made = std::unique_ptr<Hearing>;
 
 constexpr Detection kClassic{.needsInstrument = true,
@@ -21,10 +22,12 @@ constexpr Detection kClassic{.needsInstrument = true,
 constexpr Detection kPrecise{
     .needsInstrument = false,
     .ofFile = [](const std::filesystem::path& file, Reading, const HearingTask& task) -> Made {
-      return std::make_unique<PreciseHearing>(std::make_shared<MonoTrack>(file), task);
+      if (task.listening) return std::make_unique<PreciseHearing>(task);
+      return std::make_unique<PreciseHearing>(std::make_shared<MonoTrack>(file), task, Turn::last);
     },
     .ofSound = [](std::shared_ptr<QBSampleSource> sound, const HearingTask& task) -> Made {
-      return std::make_unique<PreciseHearing>(std::move(sound), task);
+      // Whoever has just played waits for it; an import may take its time.
+      return std::make_unique<PreciseHearing>(std::move(sound), task, Turn::next);
     }};
 
 }  // namespace

@@ -95,7 +95,7 @@ std::unique_ptr<Hearing> QBCmdImportSong::hearing() const {
   return detectionOf(m_detection)
       .ofFile(m_file, reading,
               {m_newSong, m_source->album(), tuningOf(m_newSong),
-               QBTabMgr::db().selectedInstrument(), m_settings});
+               QBTabMgr::db().selectedInstrument(), m_settings, m_listening});
 }
 
 QBSong* QBCmdImportSong::newSong() const { return m_newSong; }
@@ -107,7 +107,7 @@ bool QBCmdImportSong::usesAsScratch(const QBSong& song) const {
 void QBCmdImportSong::execute() {
   const platform::UndoStep part(m_undo);
   printOut(".. scanning chords.");
-  while (!atEnd()) takeNextChord();
+  for (; !atEnd(); takeNextChord()) m_hearing->wait();
 }
 
 void QBCmdImportSong::nextStep() {
@@ -261,7 +261,10 @@ void QBCmdImportSong::stopAndKeep() {
 void QBCmdImportSong::endNow() {
   m_endsNow = true;  // saving waits for the check of the store, if it has to
   stopAndKeep();
-  while (isRunning()) nextStep();
+  while (isRunning()) {
+    if (m_hearing) m_hearing->wait();
+    nextStep();
+  }
   if (!m_newSong->isDeleted() && !hasTones(*m_newSong)) cancelAndDrop();
 }
 

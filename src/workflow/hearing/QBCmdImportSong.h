@@ -19,6 +19,7 @@ class StoreError;
 class UndoGroup;
 }  // namespace platform
 class Hearing;
+class Listening;
 class QBTuning;
 class SongInWork;
 
@@ -37,6 +38,9 @@ class QBCmdImportSong final : public QBCmdAlbum {
 
   /// Before `prepare`. Classic is what is chosen otherwise, which needs no settings.
   void setDetection(ImportDetection detection, const precise::Settings& settings = {});
+  /// Goes on with what listens to the file already, in the tuning that is selected, for a detection
+  /// that can. Before `prepare`.
+  void setListening(std::shared_ptr<Listening> listening) { m_listening = std::move(listening); }
 
   /// Saves the store now and then, and before the last line of the log, for a front end that goes
   /// on meanwhile. While that fails for want of room, a stepped import goes on and tries it again
@@ -57,8 +61,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// Opens the file; decodes all of it for the classic detection, unless stepped.
   void prepare() override;
   void execute() override;
-  /// One block of the file. Of the precise detection a few hundredths of a second of listening or,
-  /// afterwards, some blocks. Then parts of the tablature. Stops the command when there is nothing
+  /// One block of the file. Of the precise detection, once another thread has listened to it, some
+  /// blocks. Then parts of the tablature. Stops the command when there is nothing
   /// left to do.
   void nextStep() override;
   void tearDown() override;
@@ -123,6 +127,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   platform::Ref<QBSong> m_replaced;
   ImportDetection m_detection = ImportDetection::classic;
   precise::Settings m_settings{};
+  std::shared_ptr<Listening> m_listening;
   bool m_saving = false;
   bool m_ownsAlbum = false;
   bool m_cutShort = false;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/chords/Listening.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
@@ -21,10 +22,12 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/ImportDetection.h"
+#include "workflow/hearing/ListeningAhead.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/RecordingTags.h"
@@ -57,27 +60,36 @@ void run(QBCmdImportSong& command, bool stepped) {
 }
 
 /// Hears the file into the song, in its tuning.
-void hear(const ImportOptions& options, const std::string& file, const NewSong& made) {
+void hear(const ImportOptions& options, const std::string& file, const NewSong& made,
+          std::shared_ptr<Listening> listening) {
   const auto command = std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(made.album()),
                                                          file, made.song());
   command->setDetection(options.detection, options.settings);
+  command->setListening(std::move(listening));
   QBSession::session().addJob(command);
   run(*command, options.stepped);
 }
 
 platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,
-                                 QBTuning* tuning) {
+                                 QBTuning* tuning, std::shared_ptr<Listening> listening) {
   requireSound(file);
   const RecordingTags tags(file);
   NewSong made(QBTabMgr::db(), options.album ? options.album : tags.artist,
                tags.title.value_or(std::filesystem::path(file).stem().string()), options.title);
   made.song()->setTuning(tuning);
-  hear(options, file, made);
+  hear(options, file, made, std::move(listening));
   if (!hasTones(*made.song()))
     throw CliError(file + ": no tones were heard in it; nothing was stored");
   QBTabMgr::db().context().save();
   made.keep();
   return made.song();
+}
+
+/// Only what is heard as a whole can be heard before it is its turn. A single file needs nothing.
+std::optional<ListeningAhead> aheadOf(const ImportOptions& options, QBTuning* tuning) {
+  if (options.detection != ImportDetection::precise || options.files.size() < 2) return {};
+  const OpenPitches open = tuning ? tuning->openStrings().pitches() : kStandardPitches;
+  return std::make_optional<ListeningAhead>(options.files, open, options.settings);
 }
 
 /// The line for a file that could not be imported names it, whatever went wrong.
@@ -105,11 +117,12 @@ int importFiles(const ImportOptions& options) {
   if (detectionOf(options.detection).needsInstrument) requireInstrument();
   QBTuning* tuning =
       options.tuning ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
+  std::optional<ListeningAhead> ahead = aheadOf(options, tuning);
   std::vector<platform::Ref<QBSong>> songs;
   int status = EXIT_SUCCESS;
   for (const std::string& file : options.files) {
     try {
-      songs.push_back(importFile(options, file, tuning));
+      songs.push_back(importFile(options, file, tuning, ahead ? ahead->next() : nullptr));
     } catch (const std::exception& error) {
       Console::attached().error(problemOf(file, error));
       status = EXIT_FAILURE;

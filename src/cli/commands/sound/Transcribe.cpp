@@ -1,32 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/sound/Transcribe.h"
 
+#include <chrono>
+#include <cstdlib>
+#include <exception>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "analysis/chords/Transcription.h"
-#include "audio/MonoTrack.h"
+#include "analysis/chords/Listening.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/DetectionFlags.h"
 #include "cli/support/OutputFile.h"
 #include "cli/support/TuningChoice.h"
+#include "cli/support/UsageError.h"
 #include "export/SongJson.h"
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
 #include "precise/Settings.h"
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
+#include "workflow/hearing/ListeningAhead.h"
 #include "workflow/hearing/SoundCheck.h"
 
 namespace korvel::cli {
 namespace {
 
+/// Short enough to show how far it is.
+constexpr std::chrono::milliseconds kPatience{20};
+
 struct TranscribeOptions {
-  std::string file;
+  std::vector<std::string> files;
   std::optional<std::string> json;      ///< File for the notes; stdout when no file is given.
   std::optional<std::string> midi;      ///< File for sequencers.
   std::optional<std::string> musicxml;  ///< File for notation programs.
@@ -40,16 +46,14 @@ OpenPitches openStrings(const TranscribeOptions& options) {
   return options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
 }
 
-Transcription hear(const TranscribeOptions& options) {
-  const auto track = std::make_shared<MonoTrack>(options.file);
-  track->startRecord(0);
-  Transcription heard(track, openStrings(options), options.settings);
-  while (heard.step()) Console::attached().progress(heard.progress());
+std::vector<fingering::Note> notesOf(Listening& listening) {
+  for (; !listening.isOver(); listening.waitFor(kPatience))
+    Console::attached().progress(listening.progress());
   Console::attached().progress(1);
-  return heard;
+  return listening.take().notes;
 }
 
-/// The formats that were asked for, each with its file.
+/// The formats that were asked for of a single recording, each with its file.
 class Outputs {
  public:
   explicit Outputs(const TranscribeOptions& options) : m_options(options) {
@@ -58,8 +62,8 @@ class Outputs {
       if (*name) checkFile(**name);
   }
 
-  void write(const std::vector<precise::Note>& notes, const OpenPitches& open) const {
-    const std::string title = std::filesystem::path(m_options.file).stem().string();
+  void write(const std::vector<fingering::Note>& notes, const OpenPitches& open) const {
+    const std::string title = std::filesystem::path(recording()).stem().string();
     const NoteScore score(notes, m_options.tempo);
     if (m_options.json) fileOf(*m_options.json).write(notesAsJson(notes));
     if (m_options.midi) fileOf(*m_options.midi).write(midiFile(score.midi(title)));
@@ -69,9 +73,10 @@ class Outputs {
   }
 
  private:
+  const std::string& recording() const { return m_options.files.front(); }
   void checkFile(const std::string& name) const {
     const OutputFile file = fileOf(name);
-    file.requireOtherThan(m_options.file);
+    file.requireOtherThan(recording());
     file.check();
   }
   OutputFile fileOf(const std::string& name) const { return {name, m_options.force}; }
@@ -79,20 +84,53 @@ class Outputs {
   const TranscribeOptions& m_options;
 };
 
-void transcribe(const TranscribeOptions& options) {
-  requireSound(options.file);
+void transcribeOne(const TranscribeOptions& options) {
+  requireSound(options.files.front());
   const Outputs outputs(options);
-  const Transcription heard = hear(options);
-  outputs.write(heard.result().notes, openStrings(options));
+  const OpenPitches open = openStrings(options);
+  outputs.write(notesOf(*ListeningAhead(options.files, open, options.settings).next()), open);
+}
+
+/// Names the file, whatever went wrong.
+std::string problemOf(const std::string& file, const std::exception& error) {
+  const std::string what = error.what();
+  return what.starts_with(file) ? what : file + ": " + what;
+}
+
+/// A file that cannot be heard is reported; the others go on. Answers the exit status.
+int transcribeAll(const TranscribeOptions& options) {
+  ListeningAhead ahead(options.files, openStrings(options), options.settings);
+  std::vector<NotesOfFile> heard;
+  for (const std::string& file : options.files) {
+    try {
+      heard.push_back({file, notesOf(*ahead.next())});
+    } catch (const std::exception& error) {
+      Console::attached().error(problemOf(file, error));
+    }
+  }
+  Console::attached().print(notesAsJson(heard));
+  return heard.size() == options.files.size() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int transcribe(const TranscribeOptions& options) {
+  if (options.files.size() > 1) return transcribeAll(options);
+  transcribeOne(options);
+  return EXIT_SUCCESS;
+}
+
+void check(const TranscribeOptions& options) {
+  const bool writes = options.json || options.midi || options.musicxml;
+  if (writes && options.files.size() > 1)
+    throw UsageError("--json, --midi and --musicxml", "go with a single file");
 }
 
 }  // namespace
 
 void addTranscribe(Command& tool) {
-  Command& command =
-      tool.command("transcribe", "Print the notes of a recording as JSON, or write them to files");
+  Command& command = tool.command(
+      "transcribe", "Print the notes of recordings as JSON, or write those of one to files");
   auto& options = command.own<TranscribeOptions>();
-  command.option("FILE", options.file, "Sound file").required().shownAs("");
+  command.option("FILE", options.files, "Sound files").required().shownAs("");
   command.option("--json", options.json, "Notes (default: printed when no file is named)")
       .shownAs("FILE");
   command.option("--midi", options.midi, "Notes at their times, for sequencers").shownAs("FILE");
@@ -104,9 +142,11 @@ void addTranscribe(Command& tool) {
   command.option("--tuning", options.tuning,
                  "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
   addDetectionFlags(command, options.settings);
-  command.checkLast(
-      [&] { command.uses(options.tuning.has_value() ? Store::filled : Store::none); });
-  command.does([&options] { transcribe(options); });
+  command.checkLast([&] {
+    check(options);
+    command.uses(options.tuning.has_value() ? Store::filled : Store::none);
+  });
+  command.does([&options] { return transcribe(options); });
 }
 
 }  // namespace korvel::cli

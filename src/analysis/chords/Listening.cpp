@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/chords/Listening.h"
+
+#include <atomic>
+#include <utility>
+
+#include "analysis/chords/Transcription.h"
+#include "audio/QBSampleSource.h"
+
+namespace korvel {
+
+/// What the worker and the owner have in common.
+struct Listening::Work {
+  void listen(const std::stop_token& ending);
+  bool gather(const Transcription& listened, const std::stop_token& ending);
+
+  std::shared_ptr<QBSampleSource> source;
+  OpenPitches open;
+  precise::Settings settings;
+  std::atomic<double> progress = 0;
+  Heard heard{};  ///< The worker's until the job is over.
+};
+
+void Listening::Work::listen(const std::stop_token& ending) {
+  Transcription transcription(source, open, settings);
+  while (transcription.step()) {
+    if (ending.stop_requested()) return;
+    progress = transcription.progress();
+  }
+  if (!gather(transcription, ending)) return;
+  heard.notes = transcription.result().notes;
+  progress = 1;
+}
+
+/// Whether it came to its end.
+bool Listening::Work::gather(const Transcription& listened, const std::stop_token& ending) {
+  const precise::Analysis& found = listened.result();
+  platform::Slices gathering = precise::gatherBlocks(found, found.notes, listened.samples(), open,
+                                                     settings.fingering, heard.blocks);
+  while (gathering.next())
+    if (ending.stop_requested()) return false;
+  return true;
+}
+
+Listening::Listening(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
+                     const precise::Settings& settings, platform::Workers::Turn turn)
+    : m_work(std::make_shared<Work>(std::move(source), open, settings)),
+      m_job(platform::Workers::ofProcess().begin(
+          [work = m_work](const std::stop_token& ending) { work->listen(ending); }, turn)) {}
+
+Listening::~Listening() { m_job->stop(); }
+
+double Listening::progress() const { return m_work->progress; }
+
+/// What did not begin has heard nothing, and need not wait for a thread to find that out.
+bool Listening::cutShort() {
+  const bool more = m_work->source->progress() < 1;
+  m_work->source->stopRecord();
+  m_job->run();
+  return more;
+}
+
+Listening::Heard Listening::take() {
+  m_job->requireDone();
+  return std::move(m_work->heard);
+}
+
+}  // namespace korvel
