@@ -10,7 +10,7 @@
 #include "audio/MonoTrack.h"
 #include "fingering/Fingering.h"
 #include "platform/sound/SampleRate.h"
-#include "precise/Engine.h"
+#include "precise/WindowedEngine.h"
 
 namespace {
 
@@ -22,6 +22,11 @@ void measure(double& seconds, const Work& work) {
   const std::clock_t start = std::clock();
   work();
   seconds += static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+/// The window that is known.
+void hear(precise::WindowedEngine& engine) {
+  while (engine.step()) continue;
 }
 
 double peakBytes() {
@@ -40,7 +45,7 @@ int main(int argc, char** argv) {
     return EXIT_FAILURE;
   }
   MonoTrack track(argv[1]);
-  precise::Engine engine;
+  precise::WindowedEngine engine;
   double samples = 0;
   double decoding = 0;
   double hearing = 0;
@@ -49,14 +54,16 @@ int main(int argc, char** argv) {
   for (bool more = true; more;) {
     std::span<const float> slice;
     measure(decoding, [&] { slice = track.readSamples(); });
-    measure(hearing, [&] { engine.add(slice); });
-    samples += static_cast<double>(slice.size());
     more = !slice.empty();
+    measure(hearing, [&] {
+      more ? engine.add(slice) : engine.finish();
+      while (engine.isFull()) hear(engine);
+    });
+    samples += static_cast<double>(slice.size());
   }
-  precise::Analysis result;
+  precise::Findings result;
   measure(hearing, [&] {
-    while (engine.step()) {
-    }
+    hear(engine);
     result = engine.take();
   });
   measure(fingering, [&] { fingering::Fingering(kStandardPitches, {}).place(result.notes); });

@@ -24,6 +24,7 @@
 #include "model/store/QBTabMgr.h"
 #include "model/store/StoreUnavailable.h"
 #include "platform/files/Files.h"
+#include "platform/text/UserError.h"
 #include "workflow/session/ProgramEnd.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/StoreSeeding.h"
@@ -75,7 +76,7 @@ int run(const cli::Command& command, const std::string& store) {
   } catch (const ProgramEnd& end) {
     status = end.status;
   } catch (const std::exception& error) {
-    console.error(error.what());
+    console.error(platform::textOf(error).english());
   }
   QBTabMgr::clearDb();
   return status;

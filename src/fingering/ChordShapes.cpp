@@ -92,8 +92,9 @@ std::unordered_map<Key, double> seenShapes() {
 }  // namespace
 
 double familiarity(const Grip& grip) {
-  static const std::unordered_set<Key> taught = taughtShapes();
-  static const std::unordered_map<Key, double> seen = seenShapes();
+  // Never destroyed: another thread may still listen while the program ends.
+  static const auto& taught = *new std::unordered_set<Key>(taughtShapes());
+  static const auto& seen = *new std::unordered_map<Key, double>(seenShapes());
   if (grip.played < kFewestOfChord) return 0;
   const Key key = keyOf(grip.fret);
   double sum = 0;

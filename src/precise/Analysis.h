@@ -36,7 +36,8 @@ struct Analysis {
     return activations.row(frame)[static_cast<std::size_t>(pitch - kLowestPitch)];
   }
   /// The linear amplitude of an activation, undoing the compression.
-  double amplitude(double activation) const { return std::pow(activation, 2.5) * ref; }
+  double amplitude(double activation) const { return amplitude(activation, ref); }
+  static double amplitude(double activation, double ref) { return std::pow(activation, 2.5) * ref; }
 };
 
 }  // namespace korvel::precise

@@ -27,15 +27,11 @@ bool covers(Frame frames, Frame block) {
   return frames > 0 && static_cast<double>(frames) >= kLeastShare * static_cast<double>(block);
 }
 
-Frame frameAt(double seconds) {
-  return static_cast<Frame>(std::lround(seconds * kFramesPerSecond));
-}
-
 /// What is heard of a pitch within one block.
 struct Share {
   int pitch = 0;
   Frame frames = 0;
-  float activation = 0;
+  double amplitude = 0;  ///< Linear.
   bool struck = false;
   /// Of the longest note, which gives the place on the neck.
   Frame longest = 0;
@@ -87,11 +83,11 @@ void moveTo(Places& places, Share share, const OpenPitches& open, const Fingerin
 /// Gathers the notes of one block.
 class Block {
  public:
-  void add(const Note& note, Frame frames, float activation, bool struck) {
+  void add(const Note& note, Frame frames, double amplitude, bool struck) {
     Share& share = m_pitches[static_cast<std::size_t>(note.pitch - Analysis::kLowestPitch)];
     share.pitch = note.pitch;
     share.frames += frames;
-    share.activation = std::max(share.activation, activation);
+    share.amplitude = std::max(share.amplitude, amplitude);
     share.struck |= struck;
     if (frames <= share.longest) return;
     share.longest = frames;
@@ -128,12 +124,11 @@ Places placesOf(const std::vector<Share>& shares, const OpenPitches& open,
   return places;
 }
 
-BlockTones tonesOf(const Places& places, const Analysis& analysis) {
+BlockTones tonesOf(const Places& places) {
   BlockTones tones;
   for (const auto& share : places)
     if (share)
-      tones.push_back({share->string, share->fret,
-                       kFullScale * analysis.amplitude(share->activation), share->struck});
+      tones.push_back({share->string, share->fret, kFullScale * share->amplitude, share->struck});
   return tones;
 }
 
@@ -142,23 +137,34 @@ Window windowOf(Frame block, Frame frames) {
   return window(block * kFramesOfBlock, (block + 1) * kFramesOfBlock, frames);
 }
 
-void add(const Note& note, const Analysis& analysis, std::span<Block> blocks) {
-  const auto end = std::min(static_cast<Frame>(analysis.frames),
-                            static_cast<Frame>(blocks.size()) * kFramesOfBlock);
-  const Window whole = window(frameAt(note.onset), frameAt(note.end), end);
-  const auto activation = [&](Frame t) {
-    return analysis.activation(static_cast<std::size_t>(t), note.pitch);
-  };
+/// A note from the block on that has its turn.
+struct Playing {
+  std::size_t note = 0;
+  Window rest{};
   bool struck = false;
-  for (Window part = whole; part.begin < whole.end; part.begin = part.end) {
-    const Frame block = part.begin / kFramesOfBlock;
-    part.end = std::min(whole.end, windowOf(block, end).end);
-    const Frame frames = part.end - part.begin;
-    const bool strikes = !struck && (covers(frames, kFramesOfBlock) || part.end == whole.end);
-    struck |= strikes;
-    blocks[static_cast<std::size_t>(block)].add(
-        note, frames, static_cast<float>(largest(part, activation)), strikes);
+};
+
+/// The notes that are fingered and sound at all, in the order in which their blocks come.
+std::vector<Playing> playingOrder(const Findings& heard, Frame end) {
+  std::vector<Playing> order;
+  for (std::size_t i = 0; i < heard.notes.size(); ++i) {
+    const Note& note = heard.notes[i];
+    const Window whole = window(frameAt(note.onset), frameAt(note.end), end);
+    if (note.string >= 0 && whole.begin < whole.end) order.push_back({i, whole});
   }
+  std::ranges::stable_sort(order, {}, [](const Playing& each) { return each.rest.begin; });
+  return order;
+}
+
+/// Adds what the note has in a block that ends with that frame, and takes that off it.
+void add(Playing& playing, const Findings& heard, Frame end, Block& block) {
+  const Window part{playing.rest.begin, std::min(playing.rest.end, end)};
+  const Frame frames = part.end - part.begin;
+  const bool strikes =
+      !playing.struck && (covers(frames, kFramesOfBlock) || part.end == playing.rest.end);
+  playing.struck |= strikes;
+  playing.rest.begin = part.end;
+  block.add(heard.notes[playing.note], frames, heard.curves.amplitude(playing.note, part), strikes);
 }
 
 }  // namespace
@@ -166,24 +172,31 @@ void add(const Note& note, const Analysis& analysis, std::span<Block> blocks) {
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
                                  std::size_t samples, const OpenPitches& open,
                                  const FingeringOptions& options) {
+  const Findings heard{{notes.begin(), notes.end()},
+                       NoteCurves(analysis, notes),
+                       static_cast<Frame>(analysis.frames)};
   std::vector<BlockTones> found;
-  gatherBlocks(analysis, notes, samples, open, options, found).finish();
+  gatherBlocks(heard, samples, open, options, found).finish();
   return found;
 }
 
-platform::Slices gatherBlocks(const Analysis& analysis, std::span<const Note> notes,
-                              std::size_t samples, const OpenPitches& open,
+platform::Slices gatherBlocks(const Findings& heard, std::size_t samples, const OpenPitches& open,
                               const FingeringOptions& options, std::vector<BlockTones>& found) {
-  std::vector<Block> blocks((samples + kBlockSamples - 1) / kBlockSamples);
-  for (const Note& note : notes) {
-    if (note.string >= 0) add(note, analysis, blocks);
-    co_yield 0;
-  }
-  for (std::size_t i = 0; i < blocks.size(); ++i) {
-    const Window whole = windowOf(static_cast<Frame>(i), static_cast<Frame>(analysis.frames));
-    const auto shares = blocks[i].shares(whole.end - whole.begin);
-    found.push_back(tonesOf(placesOf(shares, open, options), analysis));
-    co_yield static_cast<double>(i) / static_cast<double>(blocks.size());
+  const std::size_t blocks = (samples + kBlockSamples - 1) / kBlockSamples;
+  const Frame end = std::min(heard.frames, static_cast<Frame>(blocks) * kFramesOfBlock);
+  const std::vector<Playing> order = playingOrder(heard, end);
+  auto next = order.begin();
+  std::vector<Playing> playing;
+  for (std::size_t i = 0; i < blocks; ++i) {
+    const Window whole = windowOf(static_cast<Frame>(i), heard.frames);
+    for (; next != order.end() && next->rest.begin < whole.end; ++next) playing.push_back(*next);
+    std::ranges::sort(playing, {}, &Playing::note);
+    Block block;
+    for (Playing& each : playing) add(each, heard, whole.end, block);
+    std::erase_if(playing, [](const Playing& each) { return each.rest.begin == each.rest.end; });
+    const auto shares = block.shares(whole.end - whole.begin);
+    found.push_back(tonesOf(placesOf(shares, open, options)));
+    co_yield static_cast<double>(i) / static_cast<double>(blocks);
   }
 }
 

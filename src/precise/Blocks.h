@@ -9,6 +9,7 @@
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Analysis.h"
+#include "precise/Findings.h"
 #include "precise/Settings.h"
 
 namespace korvel::precise {
@@ -41,9 +42,9 @@ using BlockTones = std::vector<BlockTone>;
 std::vector<BlockTones> blocksOf(const Analysis& analysis, std::span<const Note> notes,
                                  std::size_t samples, const OpenPitches& open,
                                  const FingeringOptions& options);
-/// The same, a little at a time, into `found`; all that is named has to live meanwhile.
-platform::Slices gatherBlocks(const Analysis& analysis, std::span<const Note> notes,
-                              std::size_t samples, const OpenPitches& open,
+/// The same of a recording of any length, a little at a time, into `found`; all that is named has
+/// to live meanwhile.
+platform::Slices gatherBlocks(const Findings& heard, std::size_t samples, const OpenPitches& open,
                               const FingeringOptions& options, std::vector<BlockTones>& found);
 
 }  // namespace korvel::precise

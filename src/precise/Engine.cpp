@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "platform/loop/Slices.h"
+#include "precise/Experience.h"
+#include "precise/Intake.h"
 #include "precise/judging/Candidate.h"
 #include "precise/judging/Company.h"
 #include "precise/judging/NoteFormula.h"
@@ -22,7 +24,6 @@
 #include "precise/seeing/Flux.h"
 #include "precise/seeing/FrameTable.h"
 #include "precise/seeing/FrontEnd.h"
-#include "precise/seeing/HalfRate.h"
 #include "precise/seeing/Levels.h"
 #include "precise/seeing/Recording.h"
 #include "precise/seeing/Tuning.h"
@@ -36,18 +37,11 @@ namespace {
 
 using platform::Slices;
 
-/// Louder samples are nonsense, and their squares might overflow.
-constexpr float kLoudest = 1e6F;
-
 /// While the instrument is learnt, every second frame is enough.
 constexpr std::size_t kLearningStep = 2;
 constexpr float kTolerance = 0.005F;
 /// Frames whose largest activation a learnt note is compared with.
 constexpr Frame kAttackFrames = 8;
-
-float sound(float sample) {
-  return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0;
-}
 
 /// A candidate whose own probability is less than this share of the one that is asked for is no
 /// note in any company.
@@ -84,8 +78,11 @@ class Engine::State {
  public:
   State(double sensitivity, Observer* observer)
       : m_threshold(thresholdOf(sensitivity)), m_observer(observer) {}
+  State(double sensitivity, Experience& experience)
+      : m_threshold(thresholdOf(sensitivity)), m_observer(nullptr), m_experience(experience) {}
 
   void add(std::span<const float> samples);
+  void addHalved(std::span<const float> samples, double energy);
   bool step(double seconds);
   double progress() const;
   Analysis take();
@@ -124,7 +121,10 @@ class Engine::State {
 
   double m_threshold;
   Observer* m_observer;
-  HalfRate m_halver;
+  Experience m_none;
+  Experience& m_experience = m_none;
+  std::size_t m_lessons = 0;
+  Intake m_intake;
   Recording m_recording;
   double m_seconds = 0;
   std::size_t m_frames = 0;
@@ -175,21 +175,24 @@ double Engine::State::totalCost() {
 }
 
 void Engine::State::add(std::span<const float> samples) {
-  assert(!m_started);
-  std::array<float, 4096> piece;
+  constexpr std::size_t kPiece = 4096;
   while (!samples.empty()) {
-    const std::size_t count = std::min(samples.size(), piece.size());
-    std::ranges::transform(samples.first(count), piece.begin(), sound);
-    for (const float sample : std::span(piece).first(count))
-      m_energy += static_cast<double>(sample) * sample;
-    m_recording.add(m_halver.add(std::span(piece).first(count)));
-    samples = samples.subspan(count);
+    const auto piece = samples.first(std::min(samples.size(), kPiece));
+    const auto halved = m_intake.add(piece);
+    addHalved(halved, m_intake.energy());
+    samples = samples.subspan(piece.size());
   }
+}
+
+void Engine::State::addHalved(std::span<const float> samples, double energy) {
+  assert(!m_started);
+  m_recording.add(samples);
+  m_energy = energy;
 }
 
 void Engine::State::finishSamples() {
   m_started = true;
-  m_recording.add(m_halver.finish());
+  m_recording.add(m_intake.finish());
   m_recording.finish();
   m_seconds = static_cast<double>(m_recording.full().size()) / kRate;
   m_frames = (m_recording.full().size() + kHop - 1) / kHop;
@@ -227,7 +230,7 @@ Slices Engine::State::tune() {
     tuning.look(m_recording.full(), i);
     co_yield share(i, windows);
   }
-  m_tuningOffset = tuning.offset();
+  m_tuningOffset = tuning.offset(m_experience.tuning);
 }
 
 Slices Engine::State::see() {
@@ -244,12 +247,13 @@ Slices Engine::State::see() {
     m_recording.release(frame * static_cast<Frame>(kHop) - FrontEnd::kReach);
     co_yield share(t, m_frames);
   }
-  m_flux->settle();
+  m_flux->settle(m_experience.flux);
   m_recording = Recording();
 }
 
 Slices Engine::State::findLevels() {
-  Slices measuring = m_levels.measure(m_spectra, m_energy / std::max(kInputRate * m_seconds, 1.0));
+  Slices measuring = m_levels.measure(m_spectra, m_energy / std::max(kInputRate * m_seconds, 1.0),
+                                      m_experience.levels);
   while (measuring.next()) co_yield measuring.done();
   m_silent = m_levels.ref() == 0;
 }
@@ -310,10 +314,13 @@ Slices Engine::State::learn() {
   sortByOnset(m_candidates);
   keepSixStrongest(m_candidates);
   Adaptation adaptation(m_spectra, m_dictionary, m_coefficients, kLearningStep);
+  Adaptation::Sound& known = m_experience.sounds.at(m_lessons++);
+  adaptation.recall(known);
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     adaptation.learn(m_candidates[i], shareAtAttack(m_candidates[i]));
     co_yield share(i, m_candidates.size());
   }
+  known = adaptation.sound();
   m_dictionary = adaptation.dictionary();
 }
 
@@ -424,11 +431,17 @@ Analysis Engine::State::take() {
 
 Engine::Engine(double sensitivity, Observer* observer)
     : m_state(std::make_unique<State>(sensitivity, observer)) {}
+Engine::Engine(double sensitivity, Experience& experience)
+    : m_state(std::make_unique<State>(sensitivity, experience)) {}
 Engine::Engine(Engine&&) noexcept = default;
 Engine& Engine::operator=(Engine&&) noexcept = default;
 Engine::~Engine() = default;
 
 void Engine::add(std::span<const float> samples) { m_state->add(samples); }
+
+void Engine::addHalved(std::span<const float> samples, double energy) {
+  m_state->addHalved(samples, energy);
+}
 
 bool Engine::step(double seconds) { return m_state->step(seconds); }
 

@@ -34,6 +34,7 @@ TEST(UserTextTest, isWhatAnExceptionSays) {
   EXPECT_STREQ(error.what(), "a.wav: gone");
   EXPECT_EQ(told(error), "gone (a.wav)");
   EXPECT_EQ(told(std::runtime_error("%1: %2")), "%1: %2");
+  EXPECT_NE(told(std::bad_alloc()).find("not enough memory"), std::string::npos);
 }
 
 }  // namespace

@@ -34,8 +34,7 @@ void Listening::Work::listen(const std::stop_token& ending) {
 
 /// Whether it came to its end.
 bool Listening::Work::gather(const Transcription& listened, const std::stop_token& ending) {
-  const precise::Analysis& found = listened.result();
-  platform::Slices gathering = precise::gatherBlocks(found, found.notes, listened.samples(), open,
+  platform::Slices gathering = precise::gatherBlocks(listened.result(), listened.samples(), open,
                                                      settings.fingering, heard.blocks);
   while (gathering.next())
     if (ending.stop_requested()) return false;

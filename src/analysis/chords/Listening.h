@@ -5,10 +5,10 @@
 #include <memory>
 #include <vector>
 
+#include "fingering/Note.h"
 #include "music/Neck.h"
 #include "platform/loop/Workers.h"
 #include "precise/Blocks.h"
-#include "fingering/Note.h"
 #include "precise/Settings.h"
 
 namespace korvel {

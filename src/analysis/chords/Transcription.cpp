@@ -39,10 +39,7 @@ void Transcription::work() {
   if (m_phase == Phase::reading) {
     read();
   } else if (m_phase == Phase::hearing) {
-    if (m_engine.step(kSecondsOfPart)) return;
-    m_result = m_engine.take();
-    m_placing = m_fingering.placing(m_result.notes);
-    m_phase = Phase::fingering;
+    hear();
   } else {
     for (int i = 0; i < kEventsOfPart; ++i)
       if (!m_placing.next()) m_phase = Phase::done;
@@ -51,17 +48,34 @@ void Transcription::work() {
 
 void Transcription::read() {
   const auto samples = m_source->readSamples();
-  m_engine.add(samples);
+  m_isRead = samples.empty();
+  m_isRead ? m_engine.finish() : m_engine.add(samples);
   m_samples += samples.size();
-  if (samples.empty()) m_phase = Phase::hearing;
+  if (m_isRead || m_engine.isFull()) m_phase = Phase::hearing;
+}
+
+/// Of a long recording the next window is read after this one, unless all is read already.
+void Transcription::hear() {
+  const bool isLast = !m_engine.isFull();
+  if (m_engine.step(kSecondsOfPart)) return;
+  m_heard = m_source->progress();
+  if (!isLast) {
+    m_phase = m_isRead || m_engine.isFull() ? Phase::hearing : Phase::reading;
+    return;
+  }
+  m_result = m_engine.take();
+  m_placing = m_fingering.placing(m_result.notes);
+  m_phase = Phase::fingering;
 }
 
 double Transcription::progress() const {
+  const double before = (kShareOfReading + kShareOfHearing) * m_heard;
+  const double window = m_source->progress() - m_heard;
   switch (m_phase) {
     case Phase::reading:
-      return kShareOfReading * m_source->progress();
+      return before + kShareOfReading * window;
     case Phase::hearing:
-      return kShareOfReading + kShareOfHearing * m_engine.progress();
+      return before + (kShareOfReading + kShareOfHearing * m_engine.progress()) * window;
     case Phase::fingering:
       return kShareOfReading + kShareOfHearing +
              (1 - kShareOfReading - kShareOfHearing) * m_placing.done();

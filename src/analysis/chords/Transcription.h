@@ -7,9 +7,9 @@
 #include "fingering/Fingering.h"
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
-#include "precise/Analysis.h"
-#include "precise/Engine.h"
+#include "precise/Findings.h"
 #include "precise/Settings.h"
+#include "precise/WindowedEngine.h"
 
 namespace korvel {
 
@@ -30,20 +30,23 @@ class Transcription {
   /// Length of the recording at kInputRate, as far as it was read.
   std::size_t samples() const { return m_samples; }
   /// Complete once `step` has answered false.
-  const precise::Analysis& result() const { return m_result; }
+  const precise::Findings& result() const { return m_result; }
 
  private:
   enum class Phase { reading, hearing, fingering, done };
 
   void work();
   void read();
+  void hear();
 
   std::shared_ptr<QBSampleSource> m_source;
-  precise::Engine m_engine;
+  precise::WindowedEngine m_engine;
   fingering::Fingering m_fingering;
-  precise::Analysis m_result;
+  precise::Findings m_result;
   std::size_t m_samples = 0;
   Phase m_phase = Phase::reading;
+  double m_heard = 0;  ///< Share of the source that the windows before had.
+  bool m_isRead = false;
   platform::Slices m_placing;
 };
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <csignal>
+#include <new>
+#include <system_error>
 #include <utility>
 
 namespace korvel::platform {
@@ -21,11 +23,6 @@ Workers& Workers::ofProcess() {
   return workers;
 }
 
-Workers::Workers(std::size_t threads) {
-  while (m_threads.size() < threads)
-    m_threads.emplace_back([this](const std::stop_token& closing) { work(closing); });
-}
-
 Workers::~Workers() {
   for (std::jthread& thread : m_threads) thread.request_stop();
   m_threads.clear();
@@ -33,12 +30,25 @@ Workers::~Workers() {
 
 std::shared_ptr<WorkerJob> Workers::begin(WorkerJob::Work work, Turn turn) {
   auto job = std::make_shared<WorkerJob>(std::move(work));
+  bool areBusy = false;
   {
     const std::scoped_lock lock(m_lock);
     m_waiting.insert(turn == Turn::next ? m_waiting.begin() : m_waiting.end(), job);
+    areBusy = m_waiting.size() > m_idle;
   }
+  if (areBusy && m_threads.size() < m_most) addThread();
   m_more.notify_one();
   return job;
+}
+
+void Workers::addThread() {
+  try {
+    m_threads.emplace_back([this](const std::stop_token& closing) { work(closing); });
+  } catch (const std::system_error&) {
+    if (!m_threads.empty()) return;
+    m_waiting.clear();
+    throw std::bad_alloc();
+  }
 }
 
 void Workers::work(const std::stop_token& closing) {
@@ -52,7 +62,9 @@ void Workers::work(const std::stop_token& closing) {
 /// Waits for one; none when the workers are to go.
 std::shared_ptr<WorkerJob> Workers::next(const std::stop_token& closing) {
   std::unique_lock lock(m_lock);
-  if (!m_more.wait(lock, closing, [this] { return !m_waiting.empty(); })) return nullptr;
+  ++m_idle;
+  m_more.wait(lock, closing, [this] { return !m_waiting.empty(); });
+  --m_idle;
   if (closing.stop_requested()) return nullptr;
   auto job = std::move(m_waiting.front());
   m_waiting.pop_front();

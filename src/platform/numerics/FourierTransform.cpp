@@ -93,8 +93,9 @@ Plan<Input> makePlan(std::size_t size, Input* input, std::complex<Real<Input>>* 
 /// The one plan of a size. It fits every pair of buffers, since all are aligned alike.
 template <class Input>
 auto planFor(std::size_t size, Input* input, std::complex<Real<Input>>* output) {
-  static std::mutex mutex;
-  static std::map<std::size_t, Plan<Input>> plans;
+  // Never destroyed: another thread may still compute while the program ends.
+  static auto& mutex = *new std::mutex;
+  static auto& plans = *new std::map<std::size_t, Plan<Input>>;
   const std::scoped_lock lock(mutex);
   auto found = plans.find(size);
   if (found == plans.end()) found = plans.emplace(size, makePlan(size, input, output)).first;

@@ -36,7 +36,8 @@ class UserError : public std::runtime_error, public Worded {
       : UserError(UserText(phrase, arguments...)) {}
 };
 
-/// What an exception says to the user: what() where it has no text of that kind.
+/// What an exception says to the user: what() where it has no text of that kind, but a sentence
+/// where memory has ended.
 UserText textOf(const std::exception& exception);
 
 }  // namespace korvel::platform

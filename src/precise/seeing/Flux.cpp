@@ -57,12 +57,13 @@ void Flux::add(const OnsetRow& magnitudes) {
   m_totals.push_back(std::accumulate(rises.begin(), rises.end(), 0.0F));
 }
 
-void Flux::settle() {
+void Flux::settle(Earlier& earlier) {
   if (m_rises.frames() == 0) return;
   std::ranges::fill(m_rises.row(m_rises.frames() - 1), 0.0F);
   m_totals.push_back(0);
-  m_level = std::max(std::sqrt(quantile(m_loudest, kLevelShare)), kLeast);
-  std::vector<float> totals = m_totals;
+  std::vector<float> loudest = earlier.loudest.join(m_loudest);
+  m_level = std::max(std::sqrt(quantile(loudest, kLevelShare)), kLeast);
+  std::vector<float> totals = earlier.totals.join(m_totals);
   m_strongTotal = std::max(quantile(totals, kStrongShare), kLeast);
   m_loudest = {};
 }

@@ -8,6 +8,7 @@
 
 #include "precise/Scale.h"
 #include "precise/seeing/FrameTable.h"
+#include "precise/seeing/KeptValues.h"
 
 namespace korvel::precise {
 
@@ -15,11 +16,22 @@ namespace korvel::precise {
 /// order, settle, then ask.
 class Flux {
  public:
+  /// What earlier windows of a long recording had.
+  struct Earlier {
+    KeptValues loudest{};
+    KeptValues totals{};
+  };
+
   explicit Flux(std::size_t frames);
 
   /// The next frame's magnitudes.
   void add(const OnsetRow& magnitudes);
-  void settle();
+  void settle() {
+    Earlier none;
+    settle(none);
+  }
+  /// The same beside the windows before, to which this one is added.
+  void settle(Earlier& earlier);
 
   /// How much the partials of a pitch rise around a frame; 0 outside the recording.
   float of(std::size_t pitch, Frame frame) const;

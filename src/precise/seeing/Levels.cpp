@@ -15,6 +15,8 @@ namespace {
 /// The background is looked at in every fourth frame.
 constexpr std::size_t kFloorStep = 4;
 constexpr double kFloorShare = 0.10;
+/// Of a long recording, in so many frames of each window: what is kept of those before is as much.
+constexpr std::size_t kStepOfWindows = 128;
 /// Bins on each side that a bin's background is compared with: three semitones.
 constexpr std::size_t kFloorSide = 9;
 constexpr double kRefShare = 0.98;
@@ -83,6 +85,11 @@ BinRow medians(const BinRow& values) {
   return found;
 }
 
+void keepRows(const FrameTable& spectra, std::vector<BinRow>& kept) {
+  for (std::size_t t = 0; t < spectra.frames(); t += kStepOfWindows)
+    std::ranges::copy(spectra.row(t), kept.emplace_back().begin());
+}
+
 }  // namespace
 
 void emphasise(std::span<float, kBins> magnitudes, double ref) {
@@ -90,25 +97,30 @@ void emphasise(std::span<float, kBins> magnitudes, double ref) {
   compress(magnitudes);
 }
 
-platform::Slices Levels::measure(const FrameTable& spectra, double power) {
-  platform::Slices floor = measureFloor(spectra);
+platform::Slices Levels::measure(const FrameTable& spectra, double power, Earlier& earlier) {
+  platform::Slices floor = measureFloor(spectra, earlier.rows);
   while (floor.next()) co_yield floor.done() * kShareOfFloor;
   m_floor = medians(m_floor);
   platform::Slices loudest = measureLoudest(spectra);
   while (loudest.next()) co_yield kShareOfFloor + (1 - kShareOfFloor) * loudest.done();
+  m_loudest = earlier.loudest.join(m_loudest);
   const double ref = quantile(m_loudest, kRefShare);
   m_ref = ref < std::max(kSilence, kLeakage * std::sqrt(power)) ? 0 : ref;
   m_loudest = {};
+  keepRows(spectra, earlier.rows);
 }
 
 /// Several bins together, as they lie together in the table.
-platform::Slices Levels::measureFloor(const FrameTable& spectra) {
+platform::Slices Levels::measureFloor(const FrameTable& spectra,
+                                      const std::vector<BinRow>& earlier) {
   static_assert(kBins % kTogether == 0);
-  const std::size_t height = (spectra.frames() + kFloorStep - 1) / kFloorStep;
+  const std::size_t step = earlier.empty() ? kFloorStep : kStepOfWindows;
+  const std::size_t own = (spectra.frames() + step - 1) / step;
+  const std::size_t height = own + earlier.size();
   std::vector<float> columns(kTogether * height);
   for (std::size_t first = 0; first < kBins; first += kTogether) {
     for (std::size_t i = 0; i < height; ++i) {
-      const float* row = spectra.row(i * kFloorStep).data() + first;
+      const float* row = (i < own ? spectra.row(i * step).data() : earlier[i - own].data()) + first;
       for (std::size_t j = 0; j < kTogether; ++j) columns[j * height + i] = row[j];
       if (i % kRowsOfSlice == 0) co_yield share(first * height + i * kTogether / 2, kBins * height);
     }

@@ -9,6 +9,7 @@
 #include "platform/loop/Slices.h"
 #include "precise/Scale.h"
 #include "precise/seeing/FrameTable.h"
+#include "precise/seeing/KeptValues.h"
 
 namespace korvel::precise {
 
@@ -20,11 +21,21 @@ void emphasise(std::span<float, kBins> magnitudes, double ref);
 /// background: measure them, then apply to every frame.
 class Levels {
  public:
+  /// What earlier windows of a long recording had.
+  struct Earlier {
+    std::vector<BinRow> rows{};  ///< Spectra of some of their frames.
+    KeptValues loudest{};
+  };
+
   /// Finds the level of the background in each bin, what a tenth of the frames stay below, smoothed
   /// over neighbouring bins, and the reference level: the loudest partials of all frames but the
   /// loudest fiftieth. power: the mean square of what was recorded; when next to nothing of it is
   /// seen, as of a constant, the spectra count as silence.
-  platform::Slices measure(const FrameTable& spectra, double power);
+  platform::Slices measure(const FrameTable& spectra, double power) {
+    return measure(spectra, power, m_none);
+  }
+  /// The same beside the windows before, to which this one is added; they have to live meanwhile.
+  platform::Slices measure(const FrameTable& spectra, double power, Earlier& earlier);
 
   /// Subtracts the background of a frame's magnitudes, emphasises and compresses them.
   void apply(std::span<float, kBins> magnitudes) const;
@@ -33,9 +44,10 @@ class Levels {
   double ref() const { return m_ref; }
 
  private:
-  platform::Slices measureFloor(const FrameTable& spectra);
+  platform::Slices measureFloor(const FrameTable& spectra, const std::vector<BinRow>& earlier);
   platform::Slices measureLoudest(const FrameTable& spectra);
 
+  Earlier m_none;
   BinRow m_floor{};
   double m_ref = 0;
   std::vector<float> m_loudest;  ///< Of each frame, while it is measured.

@@ -71,10 +71,11 @@ void Tuning::collect(std::span<const float> magnitudes) {
   }
 }
 
-double Tuning::offset() const {
-  std::complex<double> sum;
+double Tuning::offset(Earlier& earlier) const {
+  auto& [sum, largest] = earlier;
+  largest = std::max(largest, m_largest);
   for (const Peak& peak : m_peaks) {
-    if (peak.magnitude <= kShareOfRecording * m_largest) continue;
+    if (peak.magnitude <= kShareOfRecording * largest) continue;
     sum += std::polar<double>(std::sqrt(peak.magnitude), 2 * std::numbers::pi * peak.position);
   }
   return 100 * std::arg(sum) / (2 * std::numbers::pi);

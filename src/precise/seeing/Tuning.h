@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <complex>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -14,6 +15,12 @@ namespace korvel::precise {
 /// between two semitones they lie.
 class Tuning {
  public:
+  /// What earlier windows of a long recording voted for.
+  struct Earlier {
+    std::complex<double> sum{};
+    float largest = 0;
+  };
+
   Tuning();
 
   /// How many windows it takes to cover so many samples.
@@ -22,7 +29,12 @@ class Tuning {
   void look(const SampleStore& samples, std::size_t window);
 
   /// The result for all that was looked at, in cents, -50..50; 0 when nothing sounds.
-  double offset() const;
+  double offset() const {
+    Earlier none;
+    return offset(none);
+  }
+  /// The same beside the windows before, to which this one is added.
+  double offset(Earlier& earlier) const;
 
  private:
   struct Peak {

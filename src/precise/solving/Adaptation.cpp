@@ -61,8 +61,8 @@ Adaptation::Adaptation(const FrameTable& spectra, const Dictionary& dictionary,
 void Adaptation::learn(const Candidate& note, float share) {
   const Frame sustain = note.onset + kAttackEnd;
   const float weight = share * share;
-  learn(note, note.onset + kAttackBegin, std::min(sustain, note.end), weight, m_attacks);
-  learn(note, sustain, note.end, weight, m_sustains);
+  learn(note, note.onset + kAttackBegin, std::min(sustain, note.end), weight, m_sound.attacks);
+  learn(note, sustain, note.end, weight, m_sound.sustains);
 }
 
 void Adaptation::learn(const Candidate& note, Frame first, Frame end, float weight, Part& part) {
@@ -116,8 +116,8 @@ void Adaptation::addAtoms(const Part& part, Dictionary& dictionary) {
 
 Dictionary Adaptation::dictionary() const {
   Dictionary learnt;
-  addAtoms(m_attacks, learnt);
-  addAtoms(m_sustains, learnt);
+  addAtoms(m_sound.attacks, learnt);
+  addAtoms(m_sound.sustains, learnt);
   learnt.add(pluckedStrings(), kGeneralPenalty);
   return learnt;
 }

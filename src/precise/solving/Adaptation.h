@@ -18,6 +18,19 @@ namespace korvel::precise {
 /// One for the attack, one for what follows.
 class Adaptation {
  public:
+  /// What was learnt from one part, attack or rest, of the notes of one pitch.
+  struct Learnt {
+    BinRow sum{};
+    float weight = 0;
+  };
+  /// One part of the notes of all pitches.
+  using Part = std::array<Learnt, kPitches>;
+  /// What is known of an instrument.
+  struct Sound {
+    Part attacks{};
+    Part sustains{};
+  };
+
   /// What the notes were found from: the spectra, the dictionary, and the coefficients of every
   /// `step`-th frame. All must outlive this.
   Adaptation(const FrameTable& spectra, const Dictionary& dictionary,
@@ -26,18 +39,15 @@ class Adaptation {
   /// share: the note's peak in relation to that of the loudest pitch, 0..1.
   void learn(const Candidate& note, float share);
 
+  /// Goes on from what was learnt of earlier windows of a long recording; before anything is
+  /// learnt.
+  void recall(const Sound& sound) { m_sound = sound; }
+  const Sound& sound() const { return m_sound; }
+
   /// The atoms that were learnt, followed by those for strings in general, which cost more.
   Dictionary dictionary() const;
 
  private:
-  /// What was learnt from one part, attack or rest, of the notes of one pitch.
-  struct Learnt {
-    BinRow sum{};
-    float weight = 0;
-  };
-  /// One part of the notes of all pitches.
-  using Part = std::array<Learnt, kPitches>;
-
   void learn(const Candidate& note, Frame first, Frame end, float weight, Part& part);
   void addOwned(std::size_t pitch, std::size_t frame, BinRow& sum);
   static void addAtoms(const Part& part, Dictionary& dictionary);
@@ -46,8 +56,7 @@ class Adaptation {
   const Dictionary& m_dictionary;
   const CoefficientTable& m_coefficients;
   Frame m_step;
-  Part m_attacks;
-  Part m_sustains;
+  Sound m_sound;
   WeightedRows m_modelRows;
   WeightedRows m_ownRows;
 };

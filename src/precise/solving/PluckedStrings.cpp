@@ -95,7 +95,8 @@ Dictionary compute() {
 }  // namespace
 
 const Dictionary& pluckedStrings() {
-  static const Dictionary strings = compute();
+  // Never destroyed: another thread may still listen while the program ends.
+  static const Dictionary& strings = *new Dictionary(compute());
   return strings;
 }
 

@@ -12,19 +12,16 @@
 
 namespace korvel {
 
-ClassicHearing::ClassicHearing(const std::filesystem::path& file, Reading reading,
-                               const HearingTask& task)
-    : ClassicHearing(std::make_shared<QBMediaTrack>(file), reading, task) {}
+ClassicHearing::ClassicHearing(const std::filesystem::path& file, const HearingTask& task)
+    : ClassicHearing(std::make_shared<QBMediaTrack>(file), task) {}
 
 /// A recorder starts the source that its analyser has when it is made, which would decode all of a
-/// file. What is to be read stepwise therefore comes to the analyser afterwards.
-ClassicHearing::ClassicHearing(const std::shared_ptr<QBMediaTrack>& track, Reading reading,
-                               const HearingTask& task)
-    : ClassicHearing(std::make_shared<QBChordAnalyserGame>(
-                         reading == Reading::atOnce ? track : nullptr, task.tuning),
-                     task) {
+/// file, and an hour of blocks is a third of a gigabyte. The source comes to the analyser
+/// afterwards.
+ClassicHearing::ClassicHearing(const std::shared_ptr<QBMediaTrack>& track, const HearingTask& task)
+    : ClassicHearing(std::make_shared<QBChordAnalyserGame>(nullptr, task.tuning), task) {
   analyser().setM_source(track);
-  if (reading == Reading::stepwise && track->open()) m_decoding = track;
+  if (track->open()) m_decoding = track;
 }
 
 ClassicHearing::ClassicHearing(std::shared_ptr<QBSampleSource> live, const HearingTask& task)

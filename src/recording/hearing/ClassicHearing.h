@@ -15,7 +15,7 @@ class QBMediaTrack;
 class ClassicHearing final : public Hearing {
  public:
   /// What is wrong with the file becomes a line of the log, and there is nothing to hear then.
-  ClassicHearing(const std::filesystem::path& file, Reading reading, const HearingTask& task);
+  ClassicHearing(const std::filesystem::path& file, const HearingTask& task);
   /// Of live sound.
   ClassicHearing(std::shared_ptr<QBSampleSource> live, const HearingTask& task);
   ~ClassicHearing() override;
@@ -27,11 +27,10 @@ class ClassicHearing final : public Hearing {
   void dropSound() override;
 
  private:
-  ClassicHearing(const std::shared_ptr<QBMediaTrack>& track, Reading reading,
-                 const HearingTask& task);
+  ClassicHearing(const std::shared_ptr<QBMediaTrack>& track, const HearingTask& task);
   ClassicHearing(const std::shared_ptr<QBChordAnalyser>& analyser, const HearingTask& task);
 
-  std::shared_ptr<QBMediaTrack> m_decoding;  ///< While a file is read stepwise.
+  std::shared_ptr<QBMediaTrack> m_decoding;  ///< While a file is read.
   bool m_endsEarly = false;
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstdint>
 #include <memory>
 
 #include "precise/Settings.h"
@@ -35,16 +34,13 @@ struct HearingTask {
 /// asks about the sound any more. Main thread.
 class Hearing {
  public:
-  /// When a file is read, for a kind that could read all of it before the first step.
-  enum class Reading : std::uint8_t { atOnce, stepwise };
-
   Hearing(const Hearing&) = delete;
   Hearing& operator=(const Hearing&) = delete;
   virtual ~Hearing();
 
   /// Makes the scratch song and starts the source, which may throw.
   void begin();
-  /// Reads as much of a file as the next step needs, when it is read stepwise.
+  /// Reads as much of a file as the next step needs.
   virtual void readAhead() {}
   /// For who has nothing else to do: returns when a step may bring something, or a little later.
   virtual void wait() const {}

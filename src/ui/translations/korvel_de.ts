@@ -558,6 +558,10 @@
         <translation>diese Saite hat keinen Bund für den Ton; versuche eine andere</translation>
     </message>
     <message>
+        <source>there is not enough memory left for it; close other programs</source>
+        <translation>dafür reicht der Arbeitsspeicher nicht mehr; schließe andere Programme</translation>
+    </message>
+    <message>
         <source>not a Korvel store; move it and %1 away together, or choose another file</source>
         <translation>ist keine Datenbank von Korvel; verschiebe die Datei zusammen mit %1 oder wähle eine andere</translation>
     </message>

@@ -8,20 +8,19 @@
 namespace korvel {
 namespace {
 
-using Reading = Hearing::Reading;
 using Turn = platform::Workers::Turn;
 using Made = std::unique_ptr<Hearing>;
 
-constexpr Detection kClassic{.needsInstrument = true,
-                             .ofFile = [](const std::filesystem::path& file, Reading reading,
-                                          const HearingTask& task) -> Made {
-                               return std::make_unique<ClassicHearing>(file, reading, task);
-                             },
-                             .ofSound = nullptr};
+constexpr Detection kClassic{
+    .needsInstrument = true,
+    .ofFile = [](const std::filesystem::path& file, const HearingTask& task) -> Made {
+      return std::make_unique<ClassicHearing>(file, task);
+    },
+    .ofSound = nullptr};
 
 constexpr Detection kPrecise{
     .needsInstrument = false,
-    .ofFile = [](const std::filesystem::path& file, Reading, const HearingTask& task) -> Made {
+    .ofFile = [](const std::filesystem::path& file, const HearingTask& task) -> Made {
       if (task.listening) return std::make_unique<PreciseHearing>(task);
       return std::make_unique<PreciseHearing>(std::make_shared<MonoTrack>(file), task, Turn::last);
     },

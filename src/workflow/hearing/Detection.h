@@ -12,7 +12,7 @@ namespace korvel {
 /// What a detection can do, for who lets a user choose one.
 struct Detection {
   using OfFile = std::unique_ptr<Hearing> (*)(const std::filesystem::path& file,
-                                              Hearing::Reading reading, const HearingTask& task);
+                                              const HearingTask& task);
   using OfSound = std::unique_ptr<Hearing> (*)(std::shared_ptr<QBSampleSource> sound,
                                                const HearingTask& task);
 

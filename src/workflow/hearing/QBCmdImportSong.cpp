@@ -91,11 +91,9 @@ void QBCmdImportSong::begin() {
 }
 
 std::unique_ptr<Hearing> QBCmdImportSong::hearing() const {
-  const auto reading = isStepped() ? Hearing::Reading::stepwise : Hearing::Reading::atOnce;
   return detectionOf(m_detection)
-      .ofFile(m_file, reading,
-              {m_newSong, m_source->album(), tuningOf(m_newSong),
-               QBTabMgr::db().selectedInstrument(), m_settings, m_listening});
+      .ofFile(m_file, {m_newSong, m_source->album(), tuningOf(m_newSong),
+                       QBTabMgr::db().selectedInstrument(), m_settings, m_listening});
 }
 
 QBSong* QBCmdImportSong::newSong() const { return m_newSong; }
@@ -107,7 +105,12 @@ bool QBCmdImportSong::usesAsScratch(const QBSong& song) const {
 void QBCmdImportSong::execute() {
   const platform::UndoStep part(m_undo);
   printOut(".. scanning chords.");
-  for (; !atEnd(); takeNextChord()) m_hearing->wait();
+  while (true) {
+    m_hearing->wait();
+    m_hearing->readAhead();
+    if (atEnd()) return;
+    takeNextChord();
+  }
 }
 
 void QBCmdImportSong::nextStep() {

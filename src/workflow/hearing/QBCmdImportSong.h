@@ -58,7 +58,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// import, and is suspended between two steps.
   void joinUndo(std::shared_ptr<platform::UndoGroup> group);
 
-  /// Opens the file; decodes all of it for the classic detection, unless stepped.
+  /// Opens the file.
   void prepare() override;
   void execute() override;
   /// One block of the file. Of the precise detection, once another thread has listened to it, some

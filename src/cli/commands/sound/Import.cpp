@@ -24,6 +24,7 @@
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
 #include "platform/loop/PlainRunLoop.h"
+#include "platform/text/UserError.h"
 #include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/ImportDetection.h"
@@ -94,7 +95,7 @@ std::optional<ListeningAhead> aheadOf(const ImportOptions& options, QBTuning* tu
 
 /// The line for a file that could not be imported names it, whatever went wrong.
 std::string problemOf(const std::string& file, const std::exception& error) {
-  const std::string what = error.what();
+  const std::string what = platform::textOf(error).english();
   return what.starts_with(file) ? what : file + " was not imported: " + what;
 }
 

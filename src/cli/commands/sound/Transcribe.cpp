@@ -19,6 +19,7 @@
 #include "export/SongJson.h"
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
+#include "platform/text/UserError.h"
 #include "precise/Settings.h"
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
@@ -93,7 +94,7 @@ void transcribeOne(const TranscribeOptions& options) {
 
 /// Names the file, whatever went wrong.
 std::string problemOf(const std::string& file, const std::exception& error) {
-  const std::string what = error.what();
+  const std::string what = platform::textOf(error).english();
   return what.starts_with(file) ? what : file + ": " + what;
 }
 
