@@ -16,8 +16,8 @@
 #include "platform/sound/WaveFiles.h"
 #include "recording/QBAudioMicrophone.h"
 #include "support/ScratchFolder.h"
-#include "workflow/hearing/LiveRecording.h"
 #include "workflow/session/StoreSeeding.h"
+#include "workflow/takes/LiveRecording.h"
 
 namespace {
 

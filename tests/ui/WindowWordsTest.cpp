@@ -157,7 +157,9 @@ TEST_P(WindowWordsTest, songCommandsSayWhatComesOut) {
   addSongCommands(menu, [](const SongCommand&) {});
   QStringList silent;
   int entries = 0;
-  for (QMenu* each : menu.findChildren<QMenu*>() << &menu)
+  QList<QMenu*> menus = menu.findChildren<QMenu*>();
+  menus << &menu;
+  for (QMenu* each : std::as_const(menus))
     for (const QAction* entry : each->actions()) {
       if (entry->menu() || entry->isSeparator()) continue;
       ++entries;

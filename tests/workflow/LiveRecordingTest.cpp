@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/hearing/LiveRecording.h"
+#include "workflow/takes/LiveRecording.h"
 
 #include "model/store/KorvelModel.h"
 #include "platform/files/FileError.h"
@@ -11,7 +11,7 @@
 #include "support/JumpingLoop.h"
 #include "support/StandardStore.h"
 #include "support/Testing.h"
-#include "workflow/hearing/Takes.h"
+#include "workflow/takes/Takes.h"
 
 namespace korvel {
 namespace {

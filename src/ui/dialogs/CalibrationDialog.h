@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "workflow/hearing/CalibrateCommand.h"
-#include "workflow/hearing/NoteRecording.h"
+#include "workflow/takes/NoteRecording.h"
 
 class QGroupBox;
 class QLabel;

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "workflow/hearing/ImportDesk.h"
-#include "workflow/hearing/LiveRecording.h"
+#include "workflow/takes/LiveRecording.h"
 
 class QLabel;
 class QPlainTextEdit;

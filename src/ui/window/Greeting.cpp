@@ -14,9 +14,9 @@
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/SettingsDialog.h"
 #include "ui/window/OfferBar.h"
-#include "workflow/hearing/Takes.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/LibraryEdits.h"
+#include "workflow/takes/Takes.h"
 
 namespace korvel::ui {
 namespace {

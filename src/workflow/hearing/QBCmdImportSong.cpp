@@ -18,11 +18,11 @@
 #include "tab/text/SongDrawing.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
-#include "workflow/hearing/Takes.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
+#include "workflow/takes/Takes.h"
 
 namespace korvel {
 namespace {

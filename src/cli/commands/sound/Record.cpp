@@ -33,7 +33,7 @@
 #include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/ImportDetection.h"
-#include "workflow/hearing/LiveRecording.h"
+#include "workflow/takes/LiveRecording.h"
 
 namespace korvel::cli {
 namespace {

@@ -23,9 +23,9 @@
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/SoundCheck.h"
-#include "workflow/hearing/Takes.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/QBSession.h"
+#include "workflow/takes/Takes.h"
 
 namespace korvel::cli {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/hearing/LiveRecording.h"
+#include "workflow/takes/LiveRecording.h"
 
 #include <ctime>
 #include <stdexcept>

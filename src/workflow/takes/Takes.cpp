@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/hearing/Takes.h"
+#include "workflow/takes/Takes.h"
 
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "recording/LiveTake.h"
-#include "workflow/hearing/LiveRecording.h"
+#include "workflow/takes/LiveRecording.h"
 
 namespace korvel {
 namespace {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/hearing/NoteRecording.h"
+#include "workflow/takes/NoteRecording.h"
 
 #include "recording/MicrophoneTake.h"
-#include "workflow/hearing/LiveRecording.h"
+#include "workflow/takes/LiveRecording.h"
 
 namespace korvel {
 namespace {
