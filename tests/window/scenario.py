@@ -111,6 +111,7 @@ class Session:
         """Until the marker has moved, in a loop that clicks have marked, and on beside another
         song."""
         self.select(TITLE)
+        self.click_tablature(5, 0.35, "shift")
         last = self.click_tablature(5, 0.5, "shift")
         first = self.click_tablature(5, 0.2, "shift")
         self.window.find("label", f"Loop {first}–{last}")
