@@ -11,6 +11,9 @@ namespace korvel {
 
 /// What the worker and the owner have in common.
 struct Listening::Work {
+  Work(std::shared_ptr<QBSampleSource> from, const OpenPitches& strings,
+       const precise::Settings& chosen)
+      : source(std::move(from)), open(strings), settings(chosen) {}
   void listen(const std::stop_token& ending);
   bool gather(const Transcription& listened, const std::stop_token& ending);
 

@@ -73,8 +73,7 @@ class Search {
       fill(shape, 0, position);
     }
     std::ranges::sort(m_found);
-    const auto doubled = std::ranges::unique(m_found);
-    m_found.erase(doubled.begin(), doubled.end());
+    m_found.erase(std::unique(m_found.begin(), m_found.end()), m_found.end());
     std::ranges::stable_sort(m_found, {},
                              [](const ChordShape& each) { return Effort(each).cost(); });
     return std::move(m_found);
