@@ -7,9 +7,8 @@
 #include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
-#include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/QBMiddleVoiceFilter.h"
-#include "workflow/arranging/VoiceArrangements.h"
+#include "workflow/arranging/shelf/SongOperations.h"
 
 namespace korvel {
 namespace {

@@ -11,10 +11,8 @@
 #include "support/Testing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
-#include "workflow/arranging/HandArrangements.h"
-#include "workflow/arranging/HarmonyArrangements.h"
 #include "workflow/arranging/SongFingering.h"
-#include "workflow/arranging/VoiceArrangements.h"
+#include "workflow/arranging/shelf/SongOperations.h"
 
 namespace korvel {
 namespace {

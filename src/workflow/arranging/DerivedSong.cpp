@@ -76,6 +76,10 @@ QBSong* derived(QBSong& song, const SongCommand& command, Manner manner) {
   return made;
 }
 
+QBSong* derivedByLetter(QBSong& song, std::string_view command) {
+  return derived(song, *findSongCommand(command), Manner::literal);
+}
+
 void requireSound(const QBSong& song, const SongCommand& command) {
   if (!sounds(song)) refuseEmpty(song, command);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "workflow/arranging/SongCommands.h"
 
@@ -11,6 +11,9 @@ namespace korvel {
 /// free for it. For players it keeps the song's times, and EditRefused is thrown when nothing would
 /// sound in it; what was made by then stays, for the caller to take back.
 QBSong* derived(QBSong& song, const SongCommand& command, Manner manner);
+
+/// The same of the command of that name, which derives a song, by the letter of its filter.
+QBSong* derivedByLetter(QBSong& song, std::string_view command);
 
 /// EditRefused when nothing sounds in the song, so that a command would make nothing of it.
 void requireSound(const QBSong& song, const SongCommand& command);

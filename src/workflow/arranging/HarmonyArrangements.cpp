@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/arranging/HarmonyArrangements.h"
 
-#include <utility>
-
 #include "arrange/harmony/QBChordCleaner.h"
 #include "arrange/harmony/QBChordTransposer.h"
-#include "arrange/harmony/QBNonChordToneRemover.h"
-#include "arrange/harmony/QBOptionRemover.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
@@ -17,32 +13,10 @@
 
 namespace korvel {
 
-QBSong* removeOptions(QBSong& song, std::vector<int> options) {
-  return removeOptions(song, std::move(options), nameOf(song).removeOptions());
-}
-
-QBSong* removeOptions(QBSong& song, std::vector<int> options, const std::string& title) {
-  return filtered(song, title, QBOptionRemover(std::move(options)));
-}
-
-QBSong* removeNonChordTones(QBSong& song) {
-  return filtered(song, nameOf(song).removeNonChordTones(), QBNonChordToneRemover());
-}
-
-QBSong* cleanChords(QBSong& song) { return cleanChords(song, nameOf(song).cleanChords()); }
-
 QBSong* cleanChords(QBSong& song, const std::string& title) {
   QBSong* cleaned = QBChordCleaner::clean(song);
   cleaned->setAlbum(&song.requireAlbum());
   return finished(cleaned, title);
-}
-
-QBSong* transformUp(QBSong& song, int steps) {
-  return transposed(song, steps, nameOf(song).transformUp(steps));
-}
-
-QBSong* transformDown(QBSong& song, int steps) {
-  return transposed(song, -steps, nameOf(song).transformDown(steps));
 }
 
 QBSong* transposed(QBSong& song, int halfTones, const std::string& title) {

@@ -13,7 +13,7 @@
 #include "model/songs/QBTone.h"
 #include "model/songs/ToneOrder.h"
 #include "workflow/arranging/CombinedSongs.h"
-#include "workflow/arranging/VoiceArrangements.h"
+#include "workflow/arranging/DerivedSong.h"
 
 namespace korvel {
 namespace {
@@ -37,8 +37,8 @@ RunLengths runLengths(QBHold* hold, const RunLengths& next) {
 
 QBMiddleVoiceFilter::QBMiddleVoiceFilter(QBSong* song, int size)
     : m_source(song),
-      m_melbrass(toMelodyBrass(*song)),
-      m_middle(removeMelodyBrass(*song)),
+      m_melbrass(derivedByLetter(*song, "extractMelBrass")),
+      m_middle(derivedByLetter(*song, "removeMelBrass")),
       m_size(size) {}
 
 QBMiddleVoiceFilter::~QBMiddleVoiceFilter() = default;

@@ -234,6 +234,8 @@ constexpr SongCommand kLoudest[] = {
      filteredBy<QBApplyLoudest, 6>},
 };
 
+constexpr std::string_view kOptionsTag = "(-Opts)";
+
 constexpr SongCommand kOptions[] = {
     {phrase("SongMenu", "Remove Non Harmony Tones"), kAsTitled,
      phrase("SongHint", "Each chord without the tones that its name does not have"),
@@ -241,25 +243,25 @@ constexpr SongCommand kOptions[] = {
      filteredBy<QBNonChordToneRemover>},
     {phrase("SongMenu", "Remove the Seven"), kAsTitled,
      phrase("SongHint", "Without sevenths and sixths: G7 becomes G"), "removeSeven",
-     "removeFourthOption", "4th chord option removed.", "(-Opts)", withoutOptions<3>},
+     "removeFourthOption", "4th chord option removed.", kOptionsTag, withoutOptions<3>},
     {phrase("SongMenu", "Remove the Nine"), kAsTitled,
      phrase("SongHint", "Without ninths: Cadd9 becomes C, and C9 becomes C7"), "removeNine",
-     "removeFifthOption", "5th chord option removed.", "(-Opts)", withoutOptions<4>},
+     "removeFifthOption", "5th chord option removed.", kOptionsTag, withoutOptions<4>},
     {phrase("SongMenu", "Remove the Eleven"), kAsTitled,
      phrase("SongHint", "Without elevenths: C11 becomes C9"), "removeEleven", "removeSixthOption",
-     "6th chord option removed.", "(-Opts)", withoutOptions<5>},
+     "6th chord option removed.", kOptionsTag, withoutOptions<5>},
     {phrase("SongMenu", "All from Seven"), phrase("UndoAction", "Remove All from Seven"),
      phrase("SongHint", "Plain triads: without sevenths, sixths, ninths and all above them"),
-     "removeAllFromSeven", "removeOptionsFromFourth", "Chord options from 4th removed.", "(-Opts)",
-     withoutOptions<3, 4, 5, 6>},
+     "removeAllFromSeven", "removeOptionsFromFourth", "Chord options from 4th removed.",
+     kOptionsTag, withoutOptions<3, 4, 5, 6>},
     {phrase("SongMenu", "All from Nine"), phrase("UndoAction", "Remove All from Nine"),
      phrase("SongHint", "Sevenths stay, ninths and all above them go: C9 becomes C7"),
-     "removeAllFromNine", "removeOptionsFromFifth", "Chord options from 5th removed.", "(-Opts)",
+     "removeAllFromNine", "removeOptionsFromFifth", "Chord options from 5th removed.", kOptionsTag,
      withoutOptions<4, 5, 6>},
     {phrase("SongMenu", "All from Eleven"), phrase("UndoAction", "Remove All from Eleven"),
      phrase("SongHint", "Ninths stay, elevenths and thirteenths go: C13 becomes C9"),
-     "removeAllFromEleven", "removeOptionsFromSixth", "Chord options from 6th removed.", "(-Opts)",
-     withoutOptions<5, 6>},
+     "removeAllFromEleven", "removeOptionsFromSixth", "Chord options from 6th removed.",
+     kOptionsTag, withoutOptions<5, 6>},
 };
 
 constexpr SongCommand kRemovedVoices[] = {

@@ -3,6 +3,7 @@
 
 #include "model/songs/QBAlbum.h"
 #include "model/store/QBTabMgr.h"
+#include "workflow/arranging/SongCommands.h"
 
 namespace korvel {
 namespace {
@@ -18,6 +19,10 @@ QBNameMgr::~QBNameMgr() = default;
 std::string QBNameMgr::tagged(std::string_view tag) {
   m_name += tag;
   return newName();
+}
+
+std::string QBNameMgr::taggedAs(std::string_view command) {
+  return tagged(findSongCommand(command)->tag);
 }
 
 std::string QBNameMgr::tagged(std::string_view tag, int number) {

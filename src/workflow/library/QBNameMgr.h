@@ -24,28 +24,28 @@ class QBNameMgr {
   std::string tagged(std::string_view tag);
 
   // The same with the tag of an operation of that name.
-  std::string toMelody() { return tagged("(Mld)"); }
-  std::string toBrass() { return tagged("(Brs)"); }
-  std::string toMelodyBrass() { return tagged("(MldBrs)"); }
+  std::string toMelody() { return taggedAs("extractMelody"); }
+  std::string toBrass() { return taggedAs("extractBrass"); }
+  std::string toMelodyBrass() { return taggedAs("extractMelBrass"); }
   std::string toVoice(int voice) { return tagged("(Vc", voice); }
   std::string removeVoice(int voice) { return tagged("(-Vc", voice); }
-  std::string removeMelodyBrass() { return tagged("(-MldBrs)"); }
-  std::string removeBrass() { return tagged("(-Brs)"); }
-  std::string removeOptions() { return tagged("(-Opts)"); }
+  std::string removeMelodyBrass() { return taggedAs("removeMelBrass"); }
+  std::string removeBrass() { return taggedAs("removeBrass"); }
+  std::string removeOptions() { return taggedAs("removeFourthOption"); }
   /// voices: how many are kept, the outer ones counted in.
   std::string extractLeadingVoices(int voices) { return tagged("(Ldng", voices); }
   std::string extractVoicings() { return tagged("(Vcngs)"); }
-  std::string removeNonChordTones() { return tagged("(-NnChrd)"); }
+  std::string removeNonChordTones() { return taggedAs("removeNonChordTones"); }
   std::string transformUp(int halfTones) { return tagged("(UpBy", halfTones); }
   std::string transformDown(int halfTones) { return tagged("(DwnBy", halfTones); }
   /// First and last position.
   std::string extractPartChords(int from, int to);
-  std::string extractPlectrumLead() { return tagged("(PlctLead)"); }
-  std::string extractPlectrumSecond() { return tagged("(Plct2nd)"); }
-  std::string extractPlectrumThird() { return tagged("(Plct3rd)"); }
-  std::string pushDownStrings() { return tagged("(Psh)"); }
-  std::string toLeftHand() { return tagged("(Lft)"); }
-  std::string toRightHand() { return tagged("(Rght)"); }
+  std::string extractPlectrumLead() { return taggedAs("extractPlectrumLead"); }
+  std::string extractPlectrumSecond() { return taggedAs("extractPlectrumSecond"); }
+  std::string extractPlectrumThird() { return taggedAs("extractPlectrumThird"); }
+  std::string pushDownStrings() { return taggedAs("pushDownStrings"); }
+  std::string toLeftHand() { return taggedAs("toLeftHand"); }
+  std::string toRightHand() { return taggedAs("toRightHand"); }
   std::string toLeftRightHand() { return tagged("(L+R)"); }
   std::string toRightLeftHand() { return tagged("(R+L)"); }
   std::string copySong() { return tagged("(Cpy)"); }
@@ -55,9 +55,6 @@ class QBNameMgr {
   std::string applyLoudest(int count) { return tagged("(Lds ", count); }
   std::string removeSilent() { return tagged("(-Slnt)"); }
   std::string applyMetric(int beat, int beattype);
-  std::string cleanChords() { return tagged("(Cleaned)"); }
-  std::string findBestFingering() { return tagged("(Fng)"); }
-  std::string trimToPlayable() { return tagged("(trimmed)"); }
 
   /// The name, with "_2" appended until no song of the album has it.
   std::string newName();
@@ -65,6 +62,8 @@ class QBNameMgr {
   std::string newAlbumName(const QBTabMgr& db);
 
  private:
+  /// Tagged as the song that this command derives.
+  std::string taggedAs(std::string_view command);
   std::string tagged(std::string_view tag, int number);
 
   platform::Ref<QBAlbum> m_album;

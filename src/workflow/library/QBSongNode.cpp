@@ -14,9 +14,7 @@
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 #include "workflow/arranging/DerivedSong.h"
-#include "workflow/arranging/HandArrangements.h"
 #include "workflow/arranging/SongOrders.h"
-#include "workflow/arranging/VoiceArrangements.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/session/EditRefused.h"
@@ -125,15 +123,14 @@ void QBSongNode::mouseClick() {
 }
 
 void QBSongNode::extractChainStandard() {
-  constexpr int kMiddleVoicesOfSix = 4;
   printOut("Applying filter chain.");
-  QBSong* voices = extractMiddleVoices(*m_song, kMiddleVoicesOfSix);
+  QBSong* voices = derivedByLetter(*m_song, "extractSix");
   addSongToParent(voices);
   finish("Leading Six Voices extracted.");
-  QBSong* left = toLeftHand(*voices);
+  QBSong* left = derivedByLetter(*voices, "toLeftHand");
   addSongToParent(left);
   finish("Left Hand optimized.");
-  addSongToParent(toRightHand(*left));
+  addSongToParent(derivedByLetter(*left, "toRightHand"));
   finish("Right Hand optimized.");
   QBTabMgr::db().save();
 }
