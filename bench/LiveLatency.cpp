@@ -99,7 +99,7 @@ int main(int argc, char** argv) {
   if (!QBTabMgr::db().isInitialized()) initializeData(QBTabMgr::db());
   {
     TimedFiles files(argv[1], fast ? platform::Pace::fastest : platform::Pace::realTime);
-    LiveRecording recording(QBTabMgr::db(), {.detection = ImportDetection::classic});
+    LiveRecording recording(QBTabMgr::db(), {.detection = &classicDetection()});
     std::vector<double> latencies;
     recording.onChord(
         [&](QBChord& chord) { latencies.push_back(files.millisecondsSince(chord.timestamp())); });

@@ -158,7 +158,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: korvel-window-bench [--classic] STORE [RECORDING...]\n";
     return 2;
   }
-  ui::Preferences().setDetection(classic ? ImportDetection::classic : ImportDetection::precise, {});
+  ui::Preferences().setDetection(classic ? classicDetection() : preciseDetection(), {});
   QBTabMgr::setStorePath(words.takeFirst().toStdString());
   ui::QtRunLoop loop([](const std::exception& error) { std::cerr << error.what() << '\n'; });
   platform::RunLoop::install(&loop);

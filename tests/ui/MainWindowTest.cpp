@@ -450,7 +450,7 @@ TEST_F(MainWindowTest, songMenuSaysWhyASongWithoutChordsIsLeftAlone) {
 }
 
 TEST_F(MainWindowTest, jobIsDroppedByItsButton) {
-  Preferences().setDetection(ImportDetection::classic, {});
+  Preferences().setDetection(classicDetection(), {});
   close();
   open();
   m_window->importFiles({QString::fromStdString(m_file)});
@@ -486,7 +486,7 @@ TEST_F(MainWindowTest, startAfterAKillSaysWhatWasRunning) {
 }
 
 TEST_F(MainWindowTest, closingKeepsWhatAnImportHasHeard) {
-  Preferences().setDetection(ImportDetection::classic, {});
+  Preferences().setDetection(classicDetection(), {});
   close();
   open();
   newAlbum("Practice");

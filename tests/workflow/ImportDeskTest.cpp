@@ -29,7 +29,7 @@ struct ImportDeskTest : testing::Test {
   void runUntil(const std::function<bool()>& done) {
     platform::PlainRunLoop::ofProcess().runUntil(done);
   }
-  std::shared_ptr<QBCmdImportSong> start(ImportDetection detection, QBAlbum* into = nullptr) {
+  std::shared_ptr<QBCmdImportSong> start(const Detection& detection, QBAlbum* into = nullptr) {
     ImportDesk desk(*m_tree);
     desk.setDetection(detection, {});
     return desk.importFile(m_file, into);
@@ -51,20 +51,20 @@ TEST_F(ImportDeskTest, tagsOfARecordingNameTheSongAndItsAlbum) {
       "INFO" + chunk("INAM", "Slow Waltz  ") + chunk("IART", std::string("The Band\0\0", 10));
   test::writeFile(m_file, test::readFile(m_file) + chunk("LIST", info));
   for (const char* title : {"Slow Waltz", "Slow Waltz_2"}) {
-    const auto import = start(ImportDetection::classic);
+    const auto import = start(classicDetection());
     ASSERT_NE(import, nullptr);
     EXPECT_EQ(import->newSong()->title(), title);
     EXPECT_EQ(import->newSong()->album()->name(), "The Band");
     runUntil([&] { return !import->isRunning(); });
   }
-  start(ImportDetection::classic)->cancelAndDrop();
+  start(classicDetection())->cancelAndDrop();
   EXPECT_EQ(QBTabMgr::db().findAlbumByName("The Band")->songs().size(), 2U);
 }
 
 TEST_F(ImportDeskTest, stoppedImportKeepsWhatWasHeardSoFar) {
-  for (const auto detection : {ImportDetection::classic, ImportDetection::precise}) {
-    const auto import = start(detection);
-    const std::size_t heard = detection == ImportDetection::classic ? 5 : 0;
+  for (const Detection* detection : {&classicDetection(), &preciseDetection()}) {
+    const auto import = start(*detection);
+    const std::size_t heard = detection == &classicDetection() ? 5 : 0;
     runUntil(
         [&] { return import->m_percent >= 20 && import->newSong()->chords().size() >= heard; });
     m_tree->refresh();
@@ -78,14 +78,14 @@ TEST_F(ImportDeskTest, stoppedImportKeepsWhatWasHeardSoFar) {
 }
 
 TEST_F(ImportDeskTest, songThatIsNotWholeSaysSoAndIsHeardAgainInItsPlace) {
-  const auto whole = start(ImportDetection::classic);
+  const auto whole = start(classicDetection());
   runUntil([&] { return !whole->isRunning(); });
   EXPECT_TRUE(whole->newSong()->isWhole());
   const std::string expected = test::linesOf(*whole->newSong());
   ImportDesk desk(*m_tree);
-  desk.setDetection(ImportDetection::classic, {});
+  desk.setDetection(classicDetection(), {});
   for (const bool keeps : {true, false}) {
-    const auto cut = start(ImportDetection::classic);
+    const auto cut = start(classicDetection());
     runUntil([&] { return cut->newSong()->chords().size() == 5; });
     const auto left = keeps ? ImportDesk::running() : ImportDesk::leaveAll();
     if (keeps) ImportDesk::endAll();
@@ -114,7 +114,7 @@ TEST_F(ImportDeskTest, songThatIsNotWholeSaysSoAndIsHeardAgainInItsPlace) {
 
 TEST_F(ImportDeskTest, restingImportIsDropped) {
   const std::size_t albums = stored("QBAlbum");
-  const auto import = start(ImportDetection::classic);
+  const auto import = start(classicDetection());
   runUntil([&] { return import->newSong()->chords().size() == 3; });
   deleteAlbum(*import->newSong()->album());
   runUntil([&] { return !import->isRunning(); });
@@ -128,7 +128,7 @@ TEST_F(ImportDeskTest, restingImportIsDropped) {
 }
 
 TEST_F(ImportDeskTest, importWaitsUntilTheStoreHasRoom) {
-  const auto import = start(ImportDetection::classic);
+  const auto import = start(classicDetection());
   int told = 0;
   import->onTrouble([&](const platform::UserText&) { ++told;
 });
@@ -144,15 +144,15 @@ runUntil([&] { return !import->isRunning(); });
 EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
 EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
 const test::FileSizeLimit full(4096);
-start(ImportDetection::classic);
+start(classicDetection());
 EXPECT_EQ(ImportDesk::endAll().size(), 1U) << "there is no more time to wait";
 }  // namespace
 
 TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
-  const auto whole = start(ImportDetection::classic);
+  const auto whole = start(classicDetection());
   runUntil([&] { return !whole->isRunning(); });
   const std::string expected = test::linesOf(*whole->newSong());
-  const auto import = start(ImportDetection::classic);
+  const auto import = start(classicDetection());
   const platform::Ref<QBSong> song = import->newSong();
   for (const std::size_t chords : {3U, 6U}) {
     runUntil([&] { return song->chords().size() == chords; });
@@ -175,16 +175,16 @@ TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
 }
 
 TEST_F(ImportDeskTest, stoppedImportStaysCutWhenTheProgramEnds) {
-  start(ImportDetection::precise)->stopAndKeep();
+  start(preciseDetection())->stopAndKeep();
   EXPECT_EQ(ImportDesk::endAll().size(), 1U);
 }
 
 TEST_F(ImportDeskTest, endOfTheProgramKeepsWhatWasHeard) {
-  const auto classic = start(ImportDetection::classic);
-  const auto precise = start(ImportDetection::precise);
+  const auto classic = start(classicDetection());
+  const auto precise = start(preciseDetection());
   runUntil([&] { return classic->newSong()->chords().size() == 5; });
   while (precise->m_percent == 0) precise->nextStep();
-  const auto silent = start(ImportDetection::classic);
+  const auto silent = start(classicDetection());
   const auto interrupted = ImportDesk::endAll();
   EXPECT_TRUE(ImportDesk::running().empty());
   EXPECT_EQ(classic->newSong()->chords().size(), 5U);
@@ -198,9 +198,9 @@ TEST_F(ImportDeskTest, endOfTheProgramKeepsWhatWasHeard) {
 }
 
 TEST_F(ImportDeskTest, whatAKilledProgramLeftOfAnImportIsMended) {
-  const auto import = start(ImportDetection::classic);
+  const auto import = start(classicDetection());
   runUntil([&] { return import->newSong()->chords().size() == 5; });
-  const auto unheard = start(ImportDetection::precise);
+  const auto unheard = start(preciseDetection());
   const auto running = ImportDesk::running();
   ASSERT_EQ(running.size(), 2U);
   EXPECT_EQ(running.front().file, m_file);
@@ -226,8 +226,8 @@ TEST_F(ImportDeskTest, whatAKilledProgramLeftOfAnImportIsMended) {
 TEST_F(ImportDeskTest, droppedImportLeavesSongsThatWereMovedToItsAlbum) {
   QBAlbum* home = QBTabMgr::db().createAlbum("Home", false);
   const platform::Ref<QBSong> moved = home->createSong("Waltz");
-  const auto import = start(ImportDetection::classic);
-  const auto into = start(ImportDetection::classic, import->newSong()->album());
+  const auto import = start(classicDetection());
+  const auto into = start(classicDetection(), import->newSong()->album());
   const platform::Ref<QBAlbum> album = import->newSong()->album();
   runUntil([&] { return into->newSong()->chords().size() == 3; });
   moveSong(*moved, *album);

@@ -120,7 +120,7 @@ TEST_F(LiveRecordingTest, liveChordsAreStoredAndThenReplacedByTheHeardWhole) {
 TEST_F(LiveRecordingTest, classicLeavesTheLiveSongAndAKeptTakeHasSilenceForLostBlocks) {
   const std::string file = m_store.folder().file("kept.wav");
   LiveRecording& recording =
-      begin({.detection = ImportDetection::classic, .seconds = 1.2, .keptTake = file});
+      begin({.detection = &classicDetection(), .seconds = 1.2, .keptTake = file});
   const Samples sound = strum("x02210", 7);
   hear(Samples(sound.begin(), sound.begin() + 2 * kBlock));
   m_microphone.hear(std::span(sound).subspan(2 * kBlock, 8000));  // lost, and so is what follows
@@ -144,7 +144,7 @@ TEST_F(LiveRecordingTest, classicLeavesTheLiveSongAndAKeptTakeHasSilenceForLostB
 }
 
 TEST_F(LiveRecordingTest, blocksThatComeWhileTheDeviceEndsAreHeard) {
-  LiveRecording& recording = begin({.detection = ImportDetection::classic});
+  LiveRecording& recording = begin({.detection = &classicDetection()});
   m_microphone.whenAsked = [this] {  // when the step has found none
     hear(strum("x02210", 4));
     m_microphone.end(false);

@@ -20,7 +20,7 @@ struct QBCmdImportSongTest : testing::Test {
   QBSong& precise(const std::vector<test::Strum>& strums) {
     test::writeWav(m_file, test::play(strums));
     const auto import = command("Precise");
-    import->setDetection(ImportDetection::precise, {});
+    import->setDetection(preciseDetection(), {});
     import->onProgress([this](double share) { m_progress.push_back(share);
   });
   import->run();

@@ -2,11 +2,13 @@
 #include "cli/support/DetectionFlags.h"
 
 #include <charconv>
+#include <functional>
 #include <initializer_list>
 #include <string>
 
 #include "cli/support/Command.h"
 #include "cli/support/UsageError.h"
+#include "workflow/hearing/Detection.h"
 
 namespace korvel::cli {
 namespace {
@@ -27,10 +29,28 @@ Position positionNamed(const std::string& word) {
   return {Position::Kind::around, fret};
 }
 
-ImportDetection detectionNamed(const std::string& word) {
-  if (word == "precise") return ImportDetection::precise;
-  if (word == "classic") return ImportDetection::classic;
-  throw UsageError("--detection", "is precise or classic");
+/// What is said of each detection, one after the other.
+std::string ofEach(const std::function<std::string(const Detection&)>& said, const char* between) {
+  std::string all;
+  for (const Detection* each : detections()) all += (all.empty() ? "" : between) + said(*each);
+  return all;
+}
+
+std::string names(const char* between) {
+  return ofEach([](const Detection& each) { return std::string(each.name); }, between);
+}
+
+std::string manners(const Detection& usual) {
+  const auto manner = [&](const Detection& each) {
+    return std::string(each.manner) + " (" + std::string(each.name) +
+           (&each == &usual ? ", default)" : ")");
+  };
+  return ofEach(manner, " or ");
+}
+
+const Detection* chosen(const std::string& word) {
+  if (const Detection* named = detectionNamed(word)) return named;
+  throw UsageError("--detection", "is " + names(" or "));
 }
 
 void requireOnTheNeck(const FingeringOptions& fingering) {
@@ -40,25 +60,26 @@ void requireOnTheNeck(const FingeringOptions& fingering) {
                      "is beyond fret " + std::to_string(fingering.frets) + "; see --frets");
 }
 
-void requireNoneOf(const Command& command, std::initializer_list<const char*> flags) {
+void requireNoneOf(const Command& command, std::initializer_list<const char*> flags,
+                   const Detection& detection) {
   for (const char* flag : flags)
-    if (command.isGiven(flag)) throw UsageError(flag, "has no meaning with --detection classic");
+    if (command.isGiven(flag))
+      throw UsageError(flag, "has no meaning with --detection " + std::string(detection.name));
 }
 
 }  // namespace
 
-void addDetectionFlags(Command& command, ImportDetection& detection, precise::Settings& settings) {
+void addDetectionFlags(Command& command, const Detection*& detection, precise::Settings& settings) {
   command
       .option(
-          "--detection",
-          [&detection](const std::string& word) { detection = detectionNamed(word); },
-          "How it is heard: note by note (precise, default) or block by block (classic)")
-      .shownAs("precise|classic");
+          "--detection", [&detection](const std::string& word) { detection = chosen(word); },
+          "How it is heard: " + manners(*detection))
+      .shownAs(names("|"));
   addDetectionFlags(command, settings);
   command.checkAtOnce([&] {
     requireOnTheNeck(settings.fingering);
-    if (detection == ImportDetection::classic)
-      requireNoneOf(command, {"--sensitivity", "--position", "--frets", "--capo"});
+    if (!detection->usesSettings)
+      requireNoneOf(command, {"--sensitivity", "--position", "--frets", "--capo"}, *detection);
   });
 }
 

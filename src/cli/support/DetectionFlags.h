@@ -2,7 +2,10 @@
 #pragma once
 
 #include "precise/Settings.h"
-#include "workflow/hearing/ImportDetection.h"
+
+namespace korvel {
+struct Detection;
+}
 
 namespace korvel::cli {
 
@@ -10,7 +13,8 @@ class Command;
 
 /// Offers --sensitivity, --position, --frets and --capo, which fill the settings.
 void addDetectionFlags(Command& command, precise::Settings& settings);
-/// The same and --detection, without which they have no meaning when it is the classic one.
-void addDetectionFlags(Command& command, ImportDetection& detection, precise::Settings& settings);
+/// The same and --detection, with which they have no meaning when that uses no settings. What is
+/// chosen so far is the default.
+void addDetectionFlags(Command& command, const Detection*& detection, precise::Settings& settings);
 
 }  // namespace korvel::cli

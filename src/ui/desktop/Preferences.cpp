@@ -26,6 +26,9 @@ QString keyOfRunning() {
   return "running/" + QCryptographicHash::hash(path, QCryptographicHash::Md5).toHex();
 }
 
+/// Tells that it is chosen. There is none for the precise one, which is what is chosen otherwise.
+QString keyOf(const Detection& detection) { return "detection/" + toText(detection.name); }
+
 }  // namespace
 
 void Preferences::addRecentFile(const QString& file) {
@@ -35,9 +38,10 @@ void Preferences::addRecentFile(const QString& file) {
   m_store.setValue("recentFiles", files.mid(0, kMostRecentFiles));
 }
 
-ImportDetection Preferences::detection() const {
-  return m_store.value("detection/classic").toBool() ? ImportDetection::classic
-                                                     : ImportDetection::precise;
+const Detection& Preferences::detection() const {
+  for (const Detection* each : detections())
+    if (each != &preciseDetection() && m_store.value(keyOf(*each)).toBool()) return *each;
+  return preciseDetection();
 }
 
 precise::Settings Preferences::detectionSettings() const {
@@ -52,8 +56,9 @@ precise::Settings Preferences::detectionSettings() const {
   return settings;
 }
 
-void Preferences::setDetection(ImportDetection detection, const precise::Settings& settings) {
-  m_store.setValue("detection/classic", detection == ImportDetection::classic);
+void Preferences::setDetection(const Detection& detection, const precise::Settings& settings) {
+  for (const Detection* each : detections())
+    if (each != &preciseDetection()) m_store.setValue(keyOf(*each), each == &detection);
   m_store.setValue("detection/sensitivity", settings.sensitivity);
   m_store.setValue("detection/frets", settings.fingering.frets);
   m_store.setValue("detection/capo", settings.fingering.capo);

@@ -9,8 +9,8 @@
 
 #include "precise/Settings.h"
 #include "ui/desktop/Appearance.h"
+#include "workflow/hearing/Detection.h"
 #include "workflow/hearing/ImportDesk.h"
-#include "workflow/hearing/ImportDetection.h"
 
 namespace korvel::ui {
 
@@ -67,10 +67,10 @@ class Preferences {
   /// File of the SoundFont; empty for one that is found.
   QString soundFont() const { return m_store.value("sound/soundFont").toString(); }
   void setSoundFont(const QString& file) { m_store.setValue("sound/soundFont", file); }
-  ImportDetection detection() const;
+  const Detection& detection() const;
   /// Of a guitar with 19 frets at first, the fewest that are common.
   precise::Settings detectionSettings() const;
-  void setDetection(ImportDetection detection, const precise::Settings& settings);
+  void setDetection(const Detection& detection, const precise::Settings& settings);
   /// The user was asked for a working directory once.
   bool askedForFolder() const { return m_store.value("askedForFolder").toBool(); }
   void setAskedForFolder() { m_store.setValue("askedForFolder", true); }

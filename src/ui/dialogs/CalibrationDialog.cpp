@@ -156,13 +156,10 @@ QWidget* CalibrationDialog::instructions() {
   column->addWidget(paragraph(
       tr("3. Play as loud as in your recordings, the guitar alone. Single notes at other frets, up "
          "to fret 12, make it better.")));
-  const bool precise = Preferences().detection() == ImportDetection::precise;
   column->addWidget(paragraph(
       tr("The instrument tells the classic detection, and the chords shown while you record, which "
          "tones are only overtones. The precise detection hears without an instrument.") +
-      ' ' +
-      (precise ? tr("Your settings have the precise one: imports will be heard as before.")
-               : tr("Your settings have the classic one: imports will be heard with it."))));
+      ' ' + translated(Preferences().detection().ofNewInstrument)));
   return box;
 }
 

@@ -26,6 +26,7 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
+#include "workflow/hearing/Detection.h"
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {
@@ -62,6 +63,14 @@ QComboBox* choiceOf(const QList<QPair<QString, QVariant>>& items, const QVariant
   for (const auto& [text, value] : items) box->addItem(text, value);
   box->setCurrentIndex(std::max(0, box->findData(chosen)));
   return box;
+}
+
+QString nameOf(const Detection& detection) { return toText(detection.name); }
+
+QComboBox* choiceOfDetections(const Detection& chosen) {
+  QList<QPair<QString, QVariant>> items;
+  for (const Detection* each : detections()) items.append({translated(each->title), nameOf(*each)});
+  return choiceOf(items, nameOf(chosen));
 }
 
 /// The device that was chosen stays offered while it is unplugged.
@@ -160,9 +169,7 @@ QWidget* SettingsDialog::detectionPage() {
   const Preferences preferences;
   const precise::Settings settings = preferences.detectionSettings();
   const FingeringOptions& fingering = settings.fingering;
-  m_detection =
-      choiceOf({{tr("Precise: note by note"), false}, {tr("Classic: block by block"), true}},
-               preferences.detection() == ImportDetection::classic);
+  m_detection = choiceOfDetections(preferences.detection());
   m_sensitivity = new QSlider(Qt::Horizontal);
   m_sensitivity->setRange(0, static_cast<int>(kSensitivitySteps));
   m_sensitivity->setValue(static_cast<int>(settings.sensitivity * kSensitivitySteps));
@@ -223,9 +230,8 @@ void SettingsDialog::keepDetection() const {
   settings.fingering.capo = m_capo->value();
   settings.fingering.position = {static_cast<Position::Kind>(m_position->currentData().toInt()),
                                  std::min(m_positionFret->value(), m_frets->value())};
-  Preferences().setDetection(
-      m_detection->currentData().toBool() ? ImportDetection::classic : ImportDetection::precise,
-      settings);
+  const std::string detection = m_detection->currentData().toString().toStdString();
+  Preferences().setDetection(*detectionNamed(detection), settings);
 }
 
 void SettingsDialog::accept() {

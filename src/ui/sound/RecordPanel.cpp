@@ -36,7 +36,7 @@ LiveRecording::Options chosenOptions() {
   const Preferences preferences;
   LiveRecording::Options options;
   options.device = preferences.input().toStdString();
-  options.detection = preferences.detection();
+  options.detection = &preferences.detection();
   options.settings = preferences.detectionSettings();
   return options;
 }

@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
+    <name>Detection</name>
+    <message>
+        <source>Precise: note by note</source>
+        <translation>Genau: Ton für Ton</translation>
+    </message>
+    <message>
+        <source>Your settings have the precise one: imports will be heard as before.</source>
+        <translation>Eingestellt ist die genaue: Importe werden gehört wie bisher.</translation>
+    </message>
+    <message>
+        <source>Classic: block by block</source>
+        <translation>Klassisch: Block für Block</translation>
+    </message>
+    <message>
+        <source>Your settings have the classic one: imports will be heard with it.</source>
+        <translation>Eingestellt ist die klassische: Importe werden damit gehört.</translation>
+    </message>
+</context>
+<context>
     <name>Duration</name>
     <message>
         <source>Sixteenth</source>
@@ -1574,14 +1593,6 @@
         <translation>Das Instrument sagt der klassischen Erkennung, und den Akkorden, die beim Aufnehmen erscheinen, welche Töne nur Obertöne sind. Die genaue Erkennung hört ohne Instrument.</translation>
     </message>
     <message>
-        <source>Your settings have the precise one: imports will be heard as before.</source>
-        <translation>Eingestellt ist die genaue: Importe werden gehört wie bisher.</translation>
-    </message>
-    <message>
-        <source>Your settings have the classic one: imports will be heard with it.</source>
-        <translation>Eingestellt ist die klassische: Importe werden damit gehört.</translation>
-    </message>
-    <message>
         <source>Recording</source>
         <translation>Aufnahme</translation>
     </message>
@@ -2571,14 +2582,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>&amp;Theme</source>
         <translation>&amp;Farbschema</translation>
-    </message>
-    <message>
-        <source>Precise: note by note</source>
-        <translation>Genau: Ton für Ton</translation>
-    </message>
-    <message>
-        <source>Classic: block by block</source>
-        <translation>Klassisch: Block für Block</translation>
     </message>
     <message>
         <source>How faint or doubtful a note may be</source>

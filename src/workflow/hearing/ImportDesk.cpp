@@ -11,7 +11,6 @@
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/Utf8.h"
 #include "tab/text/SongDrawing.h"
-#include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/RecordingTags.h"
@@ -91,8 +90,8 @@ QBSong* storedSong(const ImportUnderWay& import) {
 
 }  // namespace
 
-void ImportDesk::setDetection(ImportDetection detection, const precise::Settings& settings) {
-  m_detection = detection;
+void ImportDesk::setDetection(const Detection& detection, const precise::Settings& settings) {
+  m_detection = &detection;
   m_settings = settings;
 }
 
@@ -125,7 +124,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
     throw EditRefused(platform::phrase("Message", "%1: is being heard already"), song.title());
   const std::string file = song.unheard();
   requireSound(file);
-  if (detectionOf(m_detection).needsInstrument) requireInstrument();
+  if (m_detection->needsInstrument) requireInstrument();
   QBTabMgr& db = QBTabMgr::db();
   db.context().checkAhead();
   const auto made =
@@ -139,7 +138,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
 std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
   Edit::requireWritable(QBTabMgr::db());
   requireSound(file);
-  if (detectionOf(m_detection).needsInstrument) requireInstrument();
+  if (m_detection->needsInstrument) requireInstrument();
   QBTabMgr::db().context().checkAhead();
   const auto undo = std::make_shared<platform::UndoGroup>(
       QBTabMgr::db().context().undoManager(), platform::phrase("UndoAction", "Import WAV File"));
@@ -158,7 +157,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::command(const std::string& file, QB
                                                      QBAlbum* album) {
   auto made = std::make_shared<QBCmdImportSong>(m_tree.find(album), file, song);
   made->m_name = ": " + std::filesystem::path(file).filename().string();
-  made->setDetection(m_detection, m_settings);
+  made->setDetection(*m_detection, m_settings);
   made->setSaving(true);
   return made;
 }

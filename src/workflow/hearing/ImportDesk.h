@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "precise/Settings.h"
-#include "workflow/hearing/ImportDetection.h"
+#include "workflow/hearing/Detection.h"
 
 namespace korvel {
 
@@ -30,7 +30,7 @@ class ImportDesk {
   explicit ImportDesk(LibraryTree& tree) : m_tree(tree) {}
 
   /// How recordings are heard from now on.
-  void setDetection(ImportDetection detection, const precise::Settings& settings);
+  void setDetection(const Detection& detection, const precise::Settings& settings);
   /// Into a new song of an album, a new one when none is named. What is wrong with a file is
   /// reported through the session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
@@ -58,7 +58,7 @@ class ImportDesk {
   static void run(const std::shared_ptr<QBCmdImportSong>& command);
 
   LibraryTree& m_tree;
-  ImportDetection m_detection = ImportDetection::precise;
+  const Detection* m_detection = &preciseDetection();
   precise::Settings m_settings{};
 };
 

@@ -16,7 +16,6 @@
 #include "platform/sqlite/StoreError.h"
 #include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
-#include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
@@ -58,8 +57,8 @@ QBCmdImportSong::QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string f
 
 QBCmdImportSong::~QBCmdImportSong() = default;
 
-void QBCmdImportSong::setDetection(ImportDetection detection, const precise::Settings& settings) {
-  m_detection = detection;
+void QBCmdImportSong::setDetection(const Detection& detection, const precise::Settings& settings) {
+  m_detection = &detection;
   m_settings = settings;
 }
 
@@ -91,9 +90,9 @@ void QBCmdImportSong::begin() {
 }
 
 std::unique_ptr<Hearing> QBCmdImportSong::hearing() const {
-  return detectionOf(m_detection)
-      .ofFile(m_file, {m_newSong, m_source->album(), tuningOf(m_newSong),
-                       QBTabMgr::db().selectedInstrument(), m_settings, m_listening});
+  return m_detection->ofFile(m_file,
+                             {m_newSong, m_source->album(), tuningOf(m_newSong),
+                              QBTabMgr::db().selectedInstrument(), m_settings, m_listening});
 }
 
 QBSong* QBCmdImportSong::newSong() const { return m_newSong; }

@@ -16,9 +16,8 @@
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/UserError.h"
 #include "recording/MicrophoneTake.h"
-#include "recording/hearing/ClassicHearing.h"
+#include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
-#include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/session/Edit.h"
@@ -83,7 +82,7 @@ void LiveRecording::make() {
   if (!m_tuning) m_tuning = m_db.selectedTuning();
   m_made->song()->setTuning(m_tuning);
   m_mark = std::make_unique<SongInWork>(m_made->song(), SongInWork::Filler::recording);
-  m_live = std::make_unique<ClassicHearing>(m_sound->source(), taskFor(m_made->song()));
+  m_live = m_options.detection->ofLive(m_sound->source(), taskFor(m_made->song()));
 }
 
 HearingTask LiveRecording::taskFor(QBSong* song) const {
@@ -144,9 +143,7 @@ void LiveRecording::endPlaying() {
   }
 }
 
-bool LiveRecording::hearsTake() const {
-  return detectionOf(m_options.detection).ofSound && elapsed() > 0;
-}
+bool LiveRecording::hearsTake() const { return m_options.detection->ofSound && elapsed() > 0; }
 
 /// The user may have deleted what is recorded into.
 void LiveRecording::requireSongs() const {
@@ -170,7 +167,7 @@ void LiveRecording::beginWhole() {
   QBAlbum* album = m_made->album();
   m_wholeSong = album->createSong(QBNameMgr(album, m_made->song()->title()).newName());
   m_wholeSong->setTuning(m_tuning);
-  m_whole = detectionOf(m_options.detection).ofSound(m_sound->take().sound(), taskFor(m_wholeSong));
+  m_whole = m_options.detection->ofSound(m_sound->take().sound(), taskFor(m_wholeSong));
   m_whole->begin();
   every(kWholeStepSeconds, &LiveRecording::hearWhole);
   enter(State::hearing);

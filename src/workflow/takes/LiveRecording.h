@@ -14,7 +14,7 @@
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
 #include "precise/Settings.h"
-#include "workflow/hearing/ImportDetection.h"
+#include "workflow/hearing/Detection.h"
 
 namespace korvel {
 
@@ -31,9 +31,9 @@ class QBTuning;
 struct HearingTask;
 class SongInWork;
 
-/// Records a guitar into a new song. Chords appear while it is played, as the classic detection
-/// hears them; at the end they are stored. Then, unless classic is what is wanted, another
-/// detection hears the whole take, and its chords take the place of the first ones.
+/// Records a guitar into a new song. Chords appear while it is played, as the detection hears live
+/// sound; at the end they are stored. Then, when it hears takes in another way than that, it hears
+/// the whole take, and the chords of that take the place of the first ones.
 ///
 /// The take is in a file from the first block on, and stays there when the program dies or nothing
 /// could be stored. Everything happens on the main thread, in steps of timers of the run loop. The
@@ -45,7 +45,7 @@ class LiveRecording {
     std::optional<std::string> album{};  ///< Made when missing; one of its own when not given.
     std::optional<std::string> title{};  ///< Date and time when not given.
     platform::Ref<QBTuning> tuning{};    ///< The active one when there is none.
-    ImportDetection detection = ImportDetection::precise;
+    const Detection* detection = &preciseDetection();
     precise::Settings settings{};
     std::optional<double> seconds{};  ///< After which it stops by itself.
     std::filesystem::path

@@ -27,7 +27,6 @@
 #include "platform/text/UserError.h"
 #include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
-#include "workflow/hearing/ImportDetection.h"
 #include "workflow/hearing/ListeningAhead.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
@@ -44,7 +43,7 @@ struct ImportOptions {
   std::optional<std::string> album;   ///< Made when missing; one for each file when not given.
   std::optional<std::string> title;   ///< Of the song; after the file when not given.
   std::optional<std::string> tuning;  ///< For this import only; the active one when not given.
-  ImportDetection detection = ImportDetection::precise;
+  const Detection* detection = &preciseDetection();
   precise::Settings settings{};  ///< Of the precise detection.
   bool json = false;
   bool stepped = false;  ///< Through the run loop's timer, as a window does it.
@@ -65,7 +64,7 @@ void hear(const ImportOptions& options, const std::string& file, const NewSong& 
           std::shared_ptr<Listening> listening) {
   const auto command = std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(made.album()),
                                                          file, made.song());
-  command->setDetection(options.detection, options.settings);
+  command->setDetection(*options.detection, options.settings);
   command->setListening(std::move(listening));
   QBSession::session().addJob(command);
   run(*command, options.stepped);
@@ -88,7 +87,7 @@ platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string
 
 /// Only what is heard as a whole can be heard before it is its turn. A single file needs nothing.
 std::optional<ListeningAhead> aheadOf(const ImportOptions& options, QBTuning* tuning) {
-  if (options.detection != ImportDetection::precise || options.files.size() < 2) return {};
+  if (!options.detection->canBeAhead || options.files.size() < 2) return {};
   const OpenPitches open = tuning ? tuning->openStrings().pitches() : kStandardPitches;
   return std::make_optional<ListeningAhead>(options.files, open, options.settings);
 }
@@ -115,7 +114,7 @@ void requireInstrument() {
 /// A file that cannot be imported is reported and leaves nothing behind; the others go on. Answers
 /// the exit status.
 int importFiles(const ImportOptions& options) {
-  if (detectionOf(options.detection).needsInstrument) requireInstrument();
+  if (options.detection->needsInstrument) requireInstrument();
   QBTuning* tuning =
       options.tuning ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
   std::optional<ListeningAhead> ahead = aheadOf(options, tuning);

@@ -32,7 +32,6 @@
 #include "platform/sound/WaveFiles.h"
 #include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
-#include "workflow/hearing/ImportDetection.h"
 #include "workflow/takes/LiveRecording.h"
 
 namespace korvel::cli {
@@ -47,7 +46,7 @@ struct RecordOptions {
   std::optional<std::string> title;   ///< Date and time when not given.
   std::optional<std::string> wav;     ///< Where the recording is kept as well.
   std::optional<std::string> tuning;  ///< For this recording only.
-  ImportDetection detection = ImportDetection::precise;
+  const Detection* detection = &preciseDetection();
   precise::Settings settings{};  ///< Of the precise detection.
 };
 
@@ -194,7 +193,7 @@ void requirePossible(const RecordOptions& options) {
   if (options.wav && platform::isThere(*options.wav))
     throw CliError(*options.wav + ": there is a file of that name already; name another");
   if (options.wav) OutputFile(*options.wav, false).check();
-  if (detectionOf(options.detection).needsInstrument && !QBTabMgr::db().selectedInstrument())
+  if (options.detection->needsInstrument && !QBTabMgr::db().selectedInstrument())
     throw CliError(QBTabMgr::storePath() +
                    ": no instrument is active, so no tone can be confirmed");
 }

@@ -19,7 +19,6 @@
 #include "platform/files/Files.h"
 #include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
-#include "workflow/hearing/ImportDetection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/SoundCheck.h"
@@ -32,7 +31,7 @@ namespace {
 
 struct TakeOptions {
   int number = 0;  ///< As they are listed, from 1.
-  ImportDetection detection = ImportDetection::precise;
+  const Detection* detection = &preciseDetection();
   precise::Settings settings{};  ///< Of the precise detection.
 };
 
@@ -63,7 +62,7 @@ QBSong* hear(const Take& take, const TakeOptions& options, QBAlbum* album, QBSon
   requireSound(take.file.string());
   const auto command = std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(album),
                                                          take.file.string(), song);
-  command->setDetection(options.detection, options.settings);
+  command->setDetection(*options.detection, options.settings);
   command->setReplaced(replaced);
   command->onProgress([](double share) { Console::attached().progress(share); });
   QBSession::session().addJob(command);
@@ -95,7 +94,7 @@ QBSong* hearNew(const Take& take, const TakeOptions& options) {
 }
 
 void importTake(const TakeOptions& options) {
-  if (detectionOf(options.detection).needsInstrument && !QBTabMgr::db().selectedInstrument())
+  if (options.detection->needsInstrument && !QBTabMgr::db().selectedInstrument())
     throw CliError(QBTabMgr::storePath() +
                    ": no instrument is active, so no tone can be confirmed");
   const Take take = chosen(options.number);
