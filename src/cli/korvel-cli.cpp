@@ -5,9 +5,17 @@
 #include <string>
 
 #include "cli/commands/songs/Apply.h"
+#include "cli/commands/songs/CloneSong.h"
+#include "cli/commands/songs/DeleteSong.h"
+#include "cli/commands/songs/DumpSong.h"
 #include "cli/commands/songs/Export.h"
-#include "cli/commands/songs/SongChanges.h"
-#include "cli/commands/songs/StoredSongs.h"
+#include "cli/commands/songs/ExtractPart.h"
+#include "cli/commands/songs/ListSongs.h"
+#include "cli/commands/songs/LoopSong.h"
+#include "cli/commands/songs/MergeSongs.h"
+#include "cli/commands/songs/MoveSong.h"
+#include "cli/commands/songs/RenameSong.h"
+#include "cli/commands/songs/ShowSong.h"
 #include "cli/commands/sound/Devices.h"
 #include "cli/commands/sound/Import.h"
 #include "cli/commands/sound/Play.h"
@@ -15,8 +23,10 @@
 #include "cli/commands/sound/Render.h"
 #include "cli/commands/sound/TakeCommands.h"
 #include "cli/commands/sound/Transcribe.h"
+#include "cli/commands/store/BackupStore.h"
+#include "cli/commands/store/CheckStore.h"
 #include "cli/commands/store/InstrumentCommands.h"
-#include "cli/commands/store/StoreCommands.h"
+#include "cli/commands/store/RestoreStore.h"
 #include "cli/commands/store/TuningCommands.h"
 #include "cli/support/CliError.h"
 #include "cli/support/CommandLine.h"
@@ -39,17 +49,26 @@ void describe(cli::Command& tool) {
   cli::addRecord(tool);
   cli::addTakes(tool);
   cli::addTranscribe(tool);
-  cli::addStoredSongs(tool);
+  cli::addShowSong(tool);
+  cli::addDumpSong(tool);
+  cli::addDeleteSong(tool);
   cli::addExport(tool);
   cli::addPlay(tool);
   cli::addRender(tool);
   cli::addApply(tool);
-  cli::addSongChanges(tool);
+  cli::addLoopSong(tool);
+  cli::addCloneSong(tool);
+  cli::addRenameSong(tool);
+  cli::addMoveSong(tool);
+  cli::addMergeSongs(tool);
+  cli::addExtractPart(tool);
   cli::addDevices(tool);
-  cli::addList(tool);
+  cli::addListSongs(tool);
   cli::addTunings(tool);
   cli::addInstruments(tool);
-  cli::addStoreCommands(tool);
+  cli::addCheckStore(tool);
+  cli::addBackupStore(tool);
+  cli::addRestoreStore(tool);
 }
 
 constexpr int kStoreFailureStatus = -1;

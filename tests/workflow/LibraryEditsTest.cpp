@@ -16,6 +16,7 @@
 #include "workflow/library/TuningEdits.h"
 #include "workflow/library/TuningNode.h"
 #include "workflow/session/EditRefused.h"
+#include "workflow/session/SongInWork.h"
 #include "workflow/session/StoreSeeding.h"
 
 namespace korvel {
@@ -59,6 +60,26 @@ TEST_F(LibraryEditsTest, namesStayFreeWhateverIsRenamedMovedOrCloned) {
   EXPECT_THROW(renameAlbum(*second, "A"), EditRefused);
   cloneAlbum(*second);
   EXPECT_EQ(texts(tree), "A:; A_2: S_2 S; A_2_2: S_2 S; ");
+}
+
+TEST_F(LibraryEditsTest, deletedSongIsSavedAndComesBackAndARecordedOneStays) {
+  QBSong* deleted = song(newAlbum("A"), "S");
+  QBTabMgr::db().save();
+  QBSession& session = QBSession::session();
+  LibraryTree tree(QBTabMgr::db(), session);
+  session.setActiveSong(deleted);
+  {
+    const SongInWork recording(deleted, SongInWork::Filler::recording);
+    EXPECT_THROW(deleteSong(*deleted), EditRefused);
+    EXPECT_EQ(texts(tree), "A: S; ");
+  }
+  deleteSong(*deleted);
+  EXPECT_EQ(texts(tree), "A:; ");
+  EXPECT_EQ(session.activeSong(), nullptr);
+  EXPECT_EQ(m_views.log.back(), "Song was successfully deleted.");
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
+  EXPECT_TRUE(session.undo());
+  EXPECT_EQ(texts(tree), "A: S; ");
 }
 
 TEST_F(LibraryEditsTest, seedingFillsWhatIsMissingOnly) {

@@ -7,6 +7,7 @@
 
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
+#include "cli/support/Console.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
@@ -73,6 +74,8 @@ QBSong* numberedSong(const std::string& name) {
 std::string fullTitle(const QBSong& song) {
   return (song.album() ? song.album()->name() : std::string()) + '/' + song.title();
 }
+
+void printTitle(const QBSong& song) { Console::attached().printLine(fullTitle(song)); }
 
 QBSong& chooseSong(const std::string& name) {
   const Songs found = songsNamed(name);

@@ -15,6 +15,8 @@ class Command;
 
 /// "ALBUM/TITLE".
 std::string fullTitle(const QBSong& song);
+/// As the line that tells which song a command made or changed.
+void printTitle(const QBSong& song);
 
 /// The song of that title, or of that ALBUM/TITLE; where several have the same, "#2" behind it
 /// means the second. Throws CliError, which lists the candidates, when there is none or more than

@@ -145,6 +145,18 @@ void moveSong(QBSong& song, const std::string& album) {
   edit.save();
 }
 
+void deleteSong(QBSong& song) {
+  Edit edit(song, phrase("UndoAction", "Delete"));
+  takeOutOfAlbum(song);
+  if (edit.session().activeSong() == &song) edit.session().setActiveSong(nullptr);
+  edit.done(kSongDeleted);
+}
+
+void takeOutOfAlbum(QBSong& song) {
+  SongInWork::requireDeletable(song);
+  song.requireAlbum().deleteSong(&song);
+}
+
 // ---- instruments
 
 void selectInstrument(QBInstrument& instrument) {
@@ -210,6 +222,8 @@ void deleteInstrument(QBInstrument& instrument) {
 
 // ---- settings
 
+/// No Edit: settings are no part of what a user takes back, so that an undo after it still finds
+/// the edit of a song before it. What could not be saved is put back by hand.
 void setWorkDirectory(const std::string& folder) {
   Edit::requireWritable(QBTabMgr::db());
   platform::makeFolders(folder);

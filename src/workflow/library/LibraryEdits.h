@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace korvel {
 
@@ -27,6 +28,12 @@ void renameSong(QBSong& song, const std::string& title);
 void moveSong(QBSong& song, QBAlbum& album);
 /// To the album of that name, which is made when there is none.
 void moveSong(QBSong& song, const std::string& album);
+/// Refused for a song that is being recorded.
+void deleteSong(QBSong& song);
+/// The deletion alone, for a command that is the edit around it.
+void takeOutOfAlbum(QBSong& song);
+/// What is logged of it.
+inline constexpr std::string_view kSongDeleted = "Song was successfully deleted.";
 
 /// The instrument that confirms tones from now on.
 void selectInstrument(QBInstrument& instrument);

@@ -158,9 +158,9 @@ void QBSongNode::deleteSong() {
   QBSession& session = QBSession::session();
   if (session.activeSongNode() == this) session.setActiveTreeNode(nullptr);
   if (const auto parent = m_parent.lock()) parent->removeChild(*this);
-  m_song->requireAlbum().deleteSong(m_song);
+  takeOutOfAlbum(*m_song);
   session.refreshTree();
-  finish("Song was successfully deleted.");
+  finish(kSongDeleted);
 }
 
 }  // namespace korvel

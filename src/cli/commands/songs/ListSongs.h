@@ -6,9 +6,6 @@ namespace korvel::cli {
 class Command;
 
 /// `list`: every song as ALBUM/TITLE, one a line.
-void addList(Command& tool);
-
-/// `show`, `dump` and `delete`: the tablature of a song, the song as JSON, and its end.
-void addStoredSongs(Command& tool);
+void addListSongs(Command& tool);
 
 }  // namespace korvel::cli

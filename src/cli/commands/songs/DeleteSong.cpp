@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/songs/DeleteSong.h"
+
+#include <string>
+
+#include "cli/support/Command.h"
+#include "cli/support/SongChoice.h"
+#include "cli/support/Unlogged.h"
+#include "workflow/library/LibraryEdits.h"
+
+namespace korvel::cli {
+namespace {
+
+void deleteStored(const std::string& name) {
+  QBSong& song = chooseSong(name);
+  const Unlogged quiet;
+  deleteSong(song);
+}
+
+}  // namespace
+
+void addDeleteSong(Command& tool) {
+  Command& command = tool.command("delete", "Delete a song");
+  auto& song = command.own<std::string>();
+  needStoredSong(command, song);
+  command.does([&song] { deleteStored(song); });
+}
+
+}  // namespace korvel::cli
