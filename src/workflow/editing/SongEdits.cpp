@@ -53,9 +53,11 @@ void setLoop(QBSong& song, int first, int last) {
 void clearLoop(QBSong& song) {
   Edit edit(song, platform::phrase("UndoAction", "Reset Loop"));
   edit.joinAlike();
-  edit.session().resetLoop(song);
+  song.setFromChord(nullptr);
+  song.setToChord(nullptr);
   edit.redraw();
   edit.save();
+  edit.session().showLoop();
 }
 
 }  // namespace korvel

@@ -14,6 +14,7 @@
 #include "platform/persistence/UndoManager.h"
 #include "platform/sqlite/StoreError.h"
 #include "platform/text/UserError.h"
+#include "workflow/editing/SongEdits.h"
 #include "workflow/session/ProgramEnd.h"
 #include "workflow/session/QBCommand.h"
 #include "workflow/session/TreeNode.h"
@@ -200,20 +201,10 @@ void QBSession::setTabPosition(float fraction) {
 }
 
 void QBSession::resetLoop() {
-  if (m_song) {
-    platform::UndoGroup group(undoManager(), phrase("UndoAction", "Reset Loop"));
-    group.joinAbout(*m_song);
-    resetLoop(*m_song);
-    saveIfAtOnce(group);
-  } else {
+  if (m_song)
+    clearLoop(*m_song);
+  else
     showLoop();
-  }
-}
-
-void QBSession::resetLoop(QBSong& song) {
-  song.setFromChord(nullptr);
-  song.setToChord(nullptr);
-  showLoop();
 }
 
 void QBSession::showLoop() {

@@ -63,9 +63,9 @@ class QBSession final : public SessionServices {
   void sayGoodBye();
 
   // Saving and undoing.
-  /// Whether what a command changes is saved by the time its sentence is logged, and a loop when it
-  /// is set. Unless told so, commands that only clone or delete leave it to the caller, and so does
-  /// the loop.
+  /// Whether what a command changes is saved by the time its sentence is logged, and the loop
+  /// that `selectChord` sets. Unless told so, commands that only clone or delete leave it to the
+  /// caller, and so does `selectChord`.
   void setSavesAtOnce(bool saves) { m_savesAtOnce = saves; }
   bool savesAtOnce() const { return m_savesAtOnce; }
   /// Logs the sentence of something that is done.
@@ -89,9 +89,10 @@ class QBSession final : public SessionServices {
   QBSong* activeSong() const { return m_song; }
   /// fraction: place in the song, 0..1.
   void setTabPosition(float fraction);
+  /// Takes the loop of the active song away, as `clearLoop` does.
   void resetLoop();
-  /// Of that song, without saving it.
-  void resetLoop(QBSong& song);
+  /// Has the views show the loop as it is.
+  void showLoop();
   void selectChord(double x, double y);
   void lockTab(bool locked);
   void drawTuning(QBTuning* tuning);
@@ -99,7 +100,6 @@ class QBSession final : public SessionServices {
 
  private:
   QBSession();
-  void showLoop();
   void updateLoop();
   void saveIfAtOnce();
   void saveIfAtOnce(platform::UndoGroup& group);
