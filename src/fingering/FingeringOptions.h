@@ -19,6 +19,7 @@ struct FingeringOptions {
   static constexpr int kFewestFrets = 12;
   static constexpr int kMostFrets = 24;
   static constexpr int kUsualFrets = 19;
+  static constexpr int kHighestCapo = 11;
 
   int frets = kUsualFrets;  ///< Of the guitar; higher ones are never used.
   int capo = 0;             ///< Fret that it sits on, 0 for none. Nothing below it is played.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/instrument/QBMusicXMLScanner.h"
 
-#include "platform/files/FileError.h"
 #include "platform/files/Files.h"
 
 namespace korvel {
@@ -9,21 +8,14 @@ namespace {
 
 constexpr char kEnd = '\'';
 
-std::string bytesOrNone(const std::filesystem::path& file) {
-  try {
-    return platform::readWholeFile(file);
-  } catch (const platform::FileError&) {
-    return {};
-  }
-}
-
 bool isLineBreak(char c) { return c == '\r' || c == '\n'; }
 
 bool isBlank(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
 
 }  // namespace
 
-QBMusicXMLScanner::QBMusicXMLScanner(const std::filesystem::path& file) : data(bytesOrNone(file)) {}
+QBMusicXMLScanner::QBMusicXMLScanner(const std::filesystem::path& file)
+    : data(platform::bytesOrNone(file)) {}
 
 char QBMusicXMLScanner::readChar() {
   while (rpos < data.size() && isLineBreak(data[rpos])) ++rpos;

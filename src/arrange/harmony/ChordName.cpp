@@ -10,6 +10,7 @@
 #include "model/book/QBHarmony.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Pitch.h"
+#include "platform/text/Blanks.h"
 
 namespace korvel {
 namespace {
@@ -30,13 +31,6 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 9> kAlsoWrit
     {"+", "aug"},
     {"sus", "sus4"},
 }};
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const auto first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
 
 bool take(std::string_view& text, std::string_view sign) {
   if (!text.starts_with(sign)) return false;
@@ -81,7 +75,7 @@ std::string typesDeclared() {
 }  // namespace
 
 ChordName parseChordName(std::string_view text) {
-  const std::string_view name = trimmed(text);
+  const std::string_view name = platform::trimmed(text);
   std::string_view rest = name;
   const auto root = takeRoot(rest);
   if (!root)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/Scanner.h"
 
-#include "platform/files/FileError.h"
 #include "platform/files/Files.h"
 
 namespace korvel {
@@ -9,17 +8,9 @@ namespace {
 
 constexpr char kEnd = '!';
 
-std::string bytesOrNone(const std::filesystem::path& file) {
-  try {
-    return platform::readWholeFile(file);
-  } catch (const platform::FileError&) {
-    return {};
-  }
-}
-
 }  // namespace
 
-Scanner::Scanner(const std::filesystem::path& file) : data(bytesOrNone(file)) {}
+Scanner::Scanner(const std::filesystem::path& file) : data(platform::bytesOrNone(file)) {}
 
 char Scanner::readChar() { return rpos < data.size() ? data[rpos++] : kEnd; }
 

@@ -16,8 +16,6 @@ namespace {
 using precise::FingeringOptions;
 using precise::Position;
 
-constexpr int kHighestCapo = 11;
-
 Position positionNamed(const std::string& word) {
   if (word == "anywhere") return {};
   if (word == "open") return {Position::Kind::open};
@@ -100,7 +98,7 @@ void addDetectionFlags(Command& command, precise::Settings& settings) {
       .wholeWithin(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets)
       .shownAs("FRET");
   command.option("--capo", fingering.capo, "Fret of the capo; frets still count from the nut")
-      .wholeWithin(0, kHighestCapo)
+      .wholeWithin(0, FingeringOptions::kHighestCapo)
       .shownAs("FRET");
   command.checkAtOnce([&fingering] { requireOnTheNeck(fingering); });
 }

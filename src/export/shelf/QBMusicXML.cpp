@@ -7,6 +7,7 @@
 #include "export/shelf/QBMusicXMLVisitorFile.h"
 #include "model/book/QBHarmony.h"
 #include "model/instruments/QBInstrument.h"
+#include "music/ChordStep.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
 
@@ -24,7 +25,6 @@ constexpr const char* kPartList =
     "<midi-program>26</midi-program><volume>0</volume><pan>0</pan></midi-instrument>"
     "</score-part></part-list>";
 
-constexpr int kSixteenths = 16;
 constexpr int kOctaveOfLargeToneZero = 2;
 
 struct OpenString {
@@ -50,7 +50,7 @@ void addStaffDetails(QBMusicXMLTag& attributes) {
 
 void addAttributes(QBMusicXMLTag& measure, int beats, int beattype) {
   QBMusicXMLTag& attributes = measure.addTag("attributes", "");
-  attributes.addTag("divisions", std::to_string(kSixteenths / beattype));
+  attributes.addTag("divisions", std::to_string(kSixteenthsOfWhole / beattype));
   QBMusicXMLTag& key = attributes.addTag("key", "");
   key.addTag("fifths", "0");
   key.addTag("mode", "major");
@@ -148,7 +148,7 @@ std::string QBMusicXML::computeTypeByDuration(int duration) {
   if (duration == 1) return "16th";
   if (duration == 2 || duration == 3) return "eighth";
   if (duration >= 4 && duration <= 7) return "quarter";
-  if (duration >= 8 && duration <= kSixteenths) return "whole";
+  if (duration >= 8 && duration <= kSixteenthsOfWhole) return "whole";
   return "undef";
 }
 

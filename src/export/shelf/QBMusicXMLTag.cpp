@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "export/shelf/QBMusicXMLVisitor.h"
-#include "export/xml/TagText.h"
+#include "platform/text/Blanks.h"
 
 namespace korvel {
 
 QBMusicXMLTag::QBMusicXMLTag(std::string title, std::string_view value)
-    : m_title(std::move(title)), m_value(trimmed(value)) {}
+    : m_title(std::move(title)), m_value(platform::trimmed(value, platform::kBlanksOfLine)) {}
 
 QBMusicXMLTag& QBMusicXMLTag::addTag(std::string title, std::string_view value) {
   return addTagObj(std::make_unique<QBMusicXMLTag>(std::move(title), value));

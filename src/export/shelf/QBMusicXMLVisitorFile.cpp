@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "export/shelf/QBMusicXMLTag.h"
-#include "export/xml/TagText.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Files.h"
+#include "platform/text/Blanks.h"
 
 namespace korvel {
 namespace {
@@ -30,7 +30,7 @@ bool QBMusicXMLVisitorFile::pre(const QBMusicXMLTag& tag) {
 }
 
 bool QBMusicXMLVisitorFile::execute(const QBMusicXMLTag& tag) {
-  m_content += trimmed(tag.value());
+  m_content += platform::trimmed(tag.value(), platform::kBlanksOfLine);
   return true;
 }
 
@@ -44,7 +44,7 @@ bool QBMusicXMLVisitorFile::post(const QBMusicXMLTag& tag) {
 
 void QBMusicXMLVisitorFile::addString(std::string_view text) {
   m_content += shift();
-  m_content += trimmed(text);
+  m_content += platform::trimmed(text, platform::kBlanksOfLine);
 }
 
 void QBMusicXMLVisitorFile::addStringAndNewLine(std::string_view text) {

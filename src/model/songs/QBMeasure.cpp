@@ -6,12 +6,12 @@
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "music/ChordStep.h"
 #include "platform/persistence/EntityDescription.h"
 
 namespace korvel {
 namespace {
 
-constexpr int kSixteenths = 16;
 constexpr int kEighths = 8;
 
 using Chords = std::vector<platform::Ref<QBChord>>;
@@ -65,7 +65,7 @@ int QBMeasure::durationValue() const {
 
 bool QBMeasure::fitsIn(int duration) const {
   if (beattype() == 0) throw std::domain_error("a measure without a beat type has no length");
-  return durationValue() + duration <= beat() * (kSixteenths / beattype());
+  return durationValue() + duration <= beat() * (kSixteenthsOfWhole / beattype());
 }
 
 void QBMeasure::addChord(QBChord* chord) { chord->setMeasure(this); }

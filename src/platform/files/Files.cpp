@@ -82,6 +82,14 @@ std::string readWholeFile(const fs::path& file) {
   return bytes;
 }
 
+std::string bytesOrNone(const fs::path& file) {
+  try {
+    return readWholeFile(file);
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
 bool isStore(const fs::path& file) {
   constexpr std::string_view kBeginning = "SQLite format 3";
   std::error_code unknown;

@@ -30,6 +30,8 @@ void makePrivateFolders(const std::filesystem::path& folder);
 
 /// All bytes of a regular file. Throws FileError.
 std::string readWholeFile(const std::filesystem::path& file);
+/// The same of a file that need not be there; empty where `readWholeFile` throws.
+std::string bytesOrNone(const std::filesystem::path& file);
 
 /// Whether the file is a store of songs, which nothing that is written for other programs may
 /// replace.

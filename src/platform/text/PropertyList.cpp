@@ -8,6 +8,8 @@
 #include <memory>
 #include <string_view>
 
+#include "platform/text/Blanks.h"
+
 namespace korvel::platform {
 namespace {
 
@@ -61,13 +63,6 @@ class TagReader {
   std::unique_ptr<xmlTextReader, FreeReader> m_reader;
   int m_result = -1;
 };
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const auto from = text.find_first_not_of(blanks);
-  if (from == std::string_view::npos) return {};
-  return text.substr(from, text.find_last_not_of(blanks) - from + 1);
-}
 
 std::optional<std::int64_t> asInteger(std::string_view text) {
   text = trimmed(text);

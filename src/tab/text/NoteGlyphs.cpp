@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "platform/text/Blanks.h"
 #include "tab/text/QBTabMatrix.h"
 
 namespace korvel {
@@ -14,12 +15,6 @@ std::string_view rulerOf(int beat, int beattype) {
   if (beat == 6 && beattype == 8) return " 1 . 2 . 3 . 4 . 5 . 6 . ";
   if (beat == 12 && beattype == 8) return " 1 . 2 . 3 . 4 . 5 . 6 . 7 . 8 . 9 .10 .11 .12 .";
   return {};
-}
-
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 bool isDotted(int duration) {
@@ -48,7 +43,7 @@ std::string metricString(int counter, int duration, int beat, int beattype, int 
     // would read " .", is never shown.
     if (start + 2 >= length) break;
     const std::string_view slot = ruler.substr(static_cast<std::size_t>(start), 2);
-    text += k == 0 ? trimmed(slot) : slot;
+    text += k == 0 ? platform::trimmed(slot) : slot;
   }
   return text;
 }

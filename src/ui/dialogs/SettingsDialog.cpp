@@ -35,7 +35,6 @@ namespace {
 using precise::FingeringOptions;
 using precise::Position;
 
-constexpr int kHighestCapo = 11;
 constexpr int kLettersOfPath = 36;
 constexpr double kSensitivitySteps = 100;
 
@@ -188,7 +187,7 @@ QWidget* SettingsDialog::detectionPage() {
   connect(m_position, &QComboBox::currentIndexChanged, this, ask);
   ask();
   m_frets = number(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets, fingering.frets);
-  m_capo = number(0, kHighestCapo, fingering.capo);
+  m_capo = number(0, FingeringOptions::kHighestCapo, fingering.capo);
   m_capo->setSpecialValueText(tr("None"));
   auto* place = new QHBoxLayout;
   place->addWidget(m_position);

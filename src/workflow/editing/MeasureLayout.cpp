@@ -9,14 +9,13 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "music/ChordStep.h"
 
 namespace korvel {
 namespace {
 
-constexpr int kSixteenths = 16;
-
 int roomOf(const QBMeasure& measure) {
-  return measure.beattype() > 0 ? measure.beat() * (kSixteenths / measure.beattype()) : 0;
+  return measure.beattype() > 0 ? measure.beat() * (kSixteenthsOfWhole / measure.beattype()) : 0;
 }
 
 bool takesPart(const QBChord& chord) {
