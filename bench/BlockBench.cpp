@@ -8,7 +8,7 @@
 
 #include "analysis/spectrum/QBFFTGuitar.h"
 #include "platform/sound/SampleRate.h"
-#include "support/StandardStore.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -7,7 +7,7 @@
 #include "export/score/SongScore.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
-#include "support/StandardStore.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -10,7 +10,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/StoreSeeding.h"

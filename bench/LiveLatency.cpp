@@ -15,7 +15,7 @@
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sound/WaveFiles.h"
 #include "recording/QBAudioMicrophone.h"
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 #include "workflow/session/StoreSeeding.h"
 #include "workflow/takes/LiveRecording.h"
 

@@ -7,7 +7,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::bench {
 

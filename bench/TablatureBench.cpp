@@ -3,7 +3,7 @@
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
-#include "support/StandardStore.h"
+#include "support/store/StandardStore.h"
 #include "tab/text/SongDrawing.h"
 
 namespace korvel {

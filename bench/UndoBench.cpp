@@ -8,7 +8,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 #include "workflow/editing/SongEditor.h"
 
 namespace korvel {

@@ -30,7 +30,7 @@
 #include "platform/sound/SampleRate.h"
 #include "recording/PreciseRecorder.h"
 #include "recording/QBChordRecorder.h"
-#include "support/ScratchStore.h"
+#include "support/store/ScratchStore.h"
 #include "workflow/session/StoreSeeding.h"
 
 namespace {

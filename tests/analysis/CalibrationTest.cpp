@@ -3,9 +3,9 @@
 
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
-#include "support/Guitar.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

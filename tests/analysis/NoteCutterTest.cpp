@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/instrument/NoteCutter.h"
 
-#include "support/Guitar.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
 
 namespace korvel {
 namespace {

@@ -2,9 +2,9 @@
 #include "analysis/chords/QBChordAnalyserGame.h"
 #include "analysis/spectrum/QBFFT.h"
 #include "audio/QBMediaTrack.h"
-#include "support/Guitar.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -2,8 +2,8 @@
 #include "analysis/shelf/QBChordSplitter.h"
 
 #include "support/Script.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "analysis/shelf/QBFFTGame.h"
 #include "analysis/spectrum/QBFFTGuitar.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

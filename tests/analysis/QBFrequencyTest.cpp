@@ -5,8 +5,8 @@
 #include "analysis/spectrum/QBFrequencyMapper.h"
 #include "analysis/spectrum/QBFrequencyMatrix.h"
 #include "model/instruments/QBString.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

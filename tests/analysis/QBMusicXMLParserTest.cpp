@@ -6,8 +6,8 @@
 #include "model/instruments/QBSpectrum.h"
 #include "model/store/QBSettings.h"
 #include "platform/files/Resources.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -4,8 +4,8 @@
 #include "analysis/instrument/ToneFilter.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBString.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

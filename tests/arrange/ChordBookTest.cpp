@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/hands/HandShapes.h"
 #include "arrange/harmony/HarmonyOfChord.h"
-#include "support/ScratchStore.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/ScratchStore.h"
+#include "support/store/StandardStore.h"
 #include "workflow/session/StoreSeeding.h"
 
 namespace korvel {

@@ -29,9 +29,9 @@
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBString.h"
 #include "support/Script.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
-#include "support/WrittenChords.h"
+#include "support/songs/WrittenChords.h"
+#include "support/store/StandardStore.h"
 #include "tab/filters/QBExtractVoicings.h"
 
 namespace korvel {

@@ -5,8 +5,8 @@
 #include "model/book/QBHarmony.h"
 #include "model/book/QBToneOfHarmony.h"
 #include "model/store/QBTabMgr.h"
-#include "support/ScratchStore.h"
 #include "support/Testing.h"
+#include "support/store/ScratchStore.h"
 
 namespace korvel {
 namespace {

@@ -6,8 +6,8 @@
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
 #include "model/songs/QBBlock.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "model/songs/QBSample.h"
 #include "model/store/QBTabMgr.h"
-#include "support/ScratchStore.h"
 #include "support/Testing.h"
+#include "support/store/ScratchStore.h"
 
 namespace korvel {
 namespace {

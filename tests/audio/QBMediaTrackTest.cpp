@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "audio/QBMediaTrack.h"
 
-#include "support/FfmpegTool.h"
 #include "support/RecordingViews.h"
-#include "support/ScratchStore.h"
 #include "support/Testing.h"
+#include "support/sound/FfmpegTool.h"
+#include "support/store/ScratchStore.h"
 
 namespace korvel {
 namespace {

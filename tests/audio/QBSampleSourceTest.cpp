@@ -3,8 +3,8 @@
 
 #include "audio/shelf/QBTimeMgr.h"
 #include "recording/shelf/QBWaveInFile.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel {
 namespace {

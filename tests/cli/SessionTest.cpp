@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ToolFixture.h"
 #include "support/Approved.h"
-#include "support/SoundFont.h"
+#include "support/sound/SoundFont.h"
 
 namespace korvel {
 namespace {

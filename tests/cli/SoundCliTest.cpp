@@ -2,7 +2,7 @@
 #include <future>
 
 #include "cli/ToolFixture.h"
-#include "support/VirtualSoundCard.h"
+#include "support/sound/VirtualSoundCard.h"
 
 namespace korvel {
 namespace {

@@ -3,10 +3,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "support/Guitar.h"
 #include "support/Process.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::test {
 

@@ -2,8 +2,8 @@
 #include "export/MidiFile.h"
 
 #include "export/SongMidi.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

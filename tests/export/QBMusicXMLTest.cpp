@@ -4,8 +4,8 @@
 #include "export/shelf/QBSongToXML.h"
 #include "export/shelf/SongXml.h"
 #include "support/Approved.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

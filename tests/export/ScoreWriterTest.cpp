@@ -5,8 +5,8 @@
 #include "export/score/SongScore.h"
 #include "export/score/Spelling.h"
 #include "support/Approved.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

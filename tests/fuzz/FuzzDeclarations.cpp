@@ -8,7 +8,7 @@
 #include "model/book/QBHarmony.h"
 #include "model/book/QBToneOfHarmony.h"
 #include "model/store/QBTabMgr.h"
-#include "support/ScratchStore.h"
+#include "support/store/ScratchStore.h"
 
 namespace korvel {
 namespace {

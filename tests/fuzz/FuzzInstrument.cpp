@@ -11,7 +11,7 @@
 #include "fuzz/Fuzzing.h"
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
-#include "support/StandardStore.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -26,7 +26,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/sqlite/Sqlite.h"
 #include "platform/sqlite/StoreError.h"
-#include "support/ScratchStore.h"
+#include "support/store/ScratchStore.h"
 
 namespace korvel {
 namespace {

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Checks which folder under src/ includes what, that every source states its licence, and that the
-tree is one to find things in: no file name stands twice, and no folder of src/ is overfull.
+tree is one to find things in: no file name stands twice, and no folder of src/ or tests/ is overfull.
 
 Usage: check_layers.py [ROOT]    (default: the project that this script lies in)
 Prints one line "file:line: problem" for each violation and ends with status 1 if there is any.
@@ -37,6 +37,7 @@ FOREIGN = [
 INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 LICENCE = "SPDX-License-Identifier: GPL-3.0-or-later"
 MOST_FILES_IN_A_FOLDER = 25
+NOT_OVERFULL = ["src", "tests"]
 NAMED_ONCE = ["src", "tests", "bench", "tools"]
 SOURCES = ["src", "tests", "bench", "tools", "cmake", "scripts", "resources"]
 LICENSED = {".cpp", ".h", ".py", ".cmake"}
@@ -119,7 +120,8 @@ def name_problems(root):
 
 
 def folder_problems(root):
-    files = collections.Counter(file.parent for file in files_under(root, "src"))
+    files = collections.Counter(file.parent for top in NOT_OVERFULL
+                                for file in files_under(root, top))
     for folder, count in sorted(files.items()):
         if count > MOST_FILES_IN_A_FOLDER:
             yield (f"{folder.relative_to(root)}:1: holds {count} files, more than "

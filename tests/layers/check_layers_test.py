@@ -48,10 +48,12 @@ class CheckLayers(unittest.TestCase):
             "src/export/E.cpp:1"])
 
     def test_names_files_that_are_hard_to_find(self):
-        files = {f"tab/text/T{i}.h": LICENCE for i in range(26)}
+        files = {f"{folder}{i}.h": LICENCE for folder in ("tab/text/T", "../tests/support/S")
+                 for i in range(26)}
         self.assertEqual(check({**files, "ui/views/T7.h": LICENCE}), (1, [
             "src/ui/views/T7.h:1: has the name of src/tab/text/T7.h",
-            "src/tab/text:1: holds 26 files, more than 25"]))
+            "src/tab/text:1: holds 26 files, more than 25",
+            "tests/support:1: holds 26 files, more than 25"]))
 
     def test_compares_what_a_layer_says_with_what_it_includes(self):
         said = LICENCE.replace("//", "#") + "korvel_layer(tab\n  USES music model\n)\n"

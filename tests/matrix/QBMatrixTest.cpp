@@ -4,8 +4,8 @@
 #include <initializer_list>
 
 #include "matrix/QBFloatMatrix.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel {
 namespace {

@@ -5,8 +5,8 @@
 #include "platform/persistence/ManagedContext.h"
 #include "platform/sqlite/StoreError.h"
 #include "support/Process.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel {
 namespace {

@@ -9,8 +9,8 @@
 #include "model/instruments/QBString.h"
 #include "model/songs/QBBlock.h"
 #include "model/store/QBSettings.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -2,8 +2,8 @@
 #include "model/instruments/QBTuning.h"
 
 #include "model/instruments/QBString.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "platform/persistence/ManagedContext.h"
 #include "platform/sqlite/StoreFile.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::platform::test {
 

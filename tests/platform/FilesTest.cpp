@@ -6,10 +6,10 @@
 #include "platform/files/FileError.h"
 #include "platform/files/Resources.h"
 #include "platform/text/Utf8.h"
-#include "support/FileSizeLimit.h"
 #include "support/SaidBy.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/store/FileSizeLimit.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::platform {
 namespace {

@@ -2,10 +2,10 @@
 #include "platform/midi/FluidSynthesizer.h"
 
 #include "platform/midi/SoundFonts.h"
-#include "support/Guitar.h"
-#include "support/ScratchFolder.h"
-#include "support/SoundFont.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/sound/SoundFont.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::platform {
 namespace {

@@ -2,9 +2,9 @@
 #include "platform/media/MonoReader.h"
 
 #include "platform/media/MediaError.h"
-#include "support/FfmpegTool.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/sound/FfmpegTool.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::platform {
 namespace {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/midi/MusicPlayer.h"
 
-#include "support/HandAudio.h"
 #include "support/Testing.h"
+#include "support/sound/HandAudio.h"
 
 namespace korvel::platform {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "support/SaidBy.h"
 #include "support/Testing.h"
-#include "support/VirtualSoundCard.h"
+#include "support/sound/VirtualSoundCard.h"
 
 namespace korvel::platform {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "platform/sqlite/StoreError.h"
 #include "support/SaidBy.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::platform {
 namespace {

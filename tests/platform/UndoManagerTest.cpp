@@ -2,7 +2,7 @@
 #include "platform/persistence/UndoManager.h"
 
 #include "platform/BookStore.h"
-#include "support/StoreContents.h"
+#include "support/store/StoreContents.h"
 
 namespace korvel::platform {
 namespace {

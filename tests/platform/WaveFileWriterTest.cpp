@@ -2,10 +2,10 @@
 #include "platform/media/WaveFileWriter.h"
 
 #include "platform/files/FileError.h"
-#include "support/FileSizeLimit.h"
 #include "support/SaidBy.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/store/FileSizeLimit.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::platform {
 namespace {

@@ -5,12 +5,12 @@
 
 #include "platform/files/FileError.h"
 #include "platform/media/WaveFileReader.h"
-#include "support/FfmpegTool.h"
-#include "support/FileSizeLimit.h"
-#include "support/Guitar.h"
 #include "support/SaidBy.h"
-#include "support/ScratchFolder.h"
 #include "support/Testing.h"
+#include "support/sound/FfmpegTool.h"
+#include "support/sound/Guitar.h"
+#include "support/store/FileSizeLimit.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::platform {
 namespace {

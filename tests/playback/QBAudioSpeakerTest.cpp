@@ -3,8 +3,8 @@
 
 #include "audio/QBSampleBlock.h"
 #include "platform/loop/NotificationCenter.h"
-#include "support/HandAudio.h"
 #include "support/Testing.h"
+#include "support/sound/HandAudio.h"
 
 namespace korvel {
 namespace {

@@ -5,10 +5,10 @@
 #include "platform/midi/FluidSynthesizer.h"
 #include "playback/MidiNote.h"
 #include "playback/SongRenderer.h"
-#include "support/HandAudio.h"
-#include "support/SoundFont.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/HandAudio.h"
+#include "support/sound/SoundFont.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -2,8 +2,8 @@
 #include "precise/Engine.h"
 
 #include "precise/judging/Observer.h"
-#include "support/Guitar.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
 
 namespace korvel::precise {
 namespace {

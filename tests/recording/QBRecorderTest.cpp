@@ -6,10 +6,10 @@
 #include "model/instruments/QBOvertone.h"
 #include "model/instruments/QBSpectrum.h"
 #include "recording/QBChordRecorder.h"
-#include "support/Guitar.h"
 #include "support/JumpingLoop.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

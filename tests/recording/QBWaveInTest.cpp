@@ -2,8 +2,8 @@
 #include "recording/QBWaveIn.h"
 
 #include "analysis/chords/QBChordAnalyserStandard.h"
-#include "support/HandFedMicrophone.h"
 #include "support/Testing.h"
+#include "support/sound/HandFedMicrophone.h"
 
 namespace korvel {
 namespace {

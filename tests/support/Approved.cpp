@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::test {
 

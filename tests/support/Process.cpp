@@ -9,7 +9,7 @@
 
 #include <stdexcept>
 
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::test {
 namespace {

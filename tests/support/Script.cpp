@@ -11,7 +11,7 @@
 #include <typeinfo>
 
 #include "support/Approved.h"
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::test {
 namespace {

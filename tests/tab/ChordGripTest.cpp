@@ -2,8 +2,8 @@
 #include "tab/layout/ChordGrip.h"
 
 #include "model/book/QBLeftHandPattern.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/text/QBTabBuilder.h"
 
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 #include "tab/filters/BestFingering.h"
 
 namespace korvel {

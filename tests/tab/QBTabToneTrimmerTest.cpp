@@ -2,8 +2,8 @@
 #include "tab/filters/QBTabToneTrimmer.h"
 
 #include "model/store/QBSettings.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -2,8 +2,8 @@
 #include <regex>
 
 #include "support/Approved.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 #include "tab/text/ChordText.h"
 #include "tab/text/NoteGlyphs.h"
 #include "tab/text/QBTabMatrix.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Script.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
-#include "support/WrittenChords.h"
+#include "support/songs/WrittenChords.h"
+#include "support/store/StandardStore.h"
 #include "tab/filters/BestFingering.h"
 #include "tab/filters/QBTabFilter.h"
 #include "tab/text/QBTabBuilder.h"

@@ -3,8 +3,8 @@
 
 #include <regex>
 
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 #include "tab/layout/ChordSearch.h"
 #include "tab/layout/PlayPosition.h"
 #include "tab/layout/TabPages.h"

@@ -9,10 +9,10 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "support/Guitar.h"
-#include "support/HandFedMicrophone.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/sound/HandFedMicrophone.h"
+#include "support/store/StandardStore.h"
 #include "ui/desktop/QtRunLoop.h"
 #include "workflow/session/QBSession.h"
 

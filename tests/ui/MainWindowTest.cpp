@@ -16,11 +16,11 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include "support/FileSizeLimit.h"
-#include "support/Guitar.h"
-#include "support/ReadOnlyFolder.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/store/FileSizeLimit.h"
+#include "support/store/ReadOnlyFolder.h"
+#include "support/store/StandardStore.h"
 #include "tab/layout/ChordGrip.h"
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Preferences.h"

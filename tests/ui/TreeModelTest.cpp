@@ -7,8 +7,8 @@
 #include <QUrl>
 
 #include "support/RecordingViews.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {

@@ -3,8 +3,8 @@
 
 #include "platform/loop/PlainRunLoop.h"
 #include "support/RecordingViews.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -5,12 +5,12 @@
 #include "platform/files/FileError.h"
 #include "platform/media/WaveFileReader.h"
 #include "platform/sound/AudioSystem.h"
-#include "support/FileSizeLimit.h"
-#include "support/Guitar.h"
-#include "support/HandFedMicrophone.h"
 #include "support/JumpingLoop.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/sound/HandFedMicrophone.h"
+#include "support/store/FileSizeLimit.h"
+#include "support/store/StandardStore.h"
 #include "workflow/takes/Takes.h"
 
 namespace korvel {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/hearing/QBCmdImportSong.h"
 
-#include "support/Guitar.h"
 #include "support/RecordingViews.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/Guitar.h"
+#include "support/store/StandardStore.h"
 #include "workflow/library/AlbumNode.h"
 
 namespace korvel {

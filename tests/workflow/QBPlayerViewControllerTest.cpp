@@ -4,13 +4,13 @@
 #include "music/ChordStep.h"
 #include "platform/midi/FluidSynthesizer.h"
 #include "platform/persistence/UndoManager.h"
-#include "support/HandAudio.h"
 #include "support/JumpingLoop.h"
 #include "support/RecordingViews.h"
 #include "support/Script.h"
-#include "support/SoundFont.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/HandAudio.h"
+#include "support/sound/SoundFont.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -2,8 +2,8 @@
 #include "workflow/session/QBSession.h"
 
 #include "support/RecordingViews.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 #include "workflow/arranging/QBSongMenu.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBNameMgr.h"

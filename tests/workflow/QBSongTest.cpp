@@ -3,8 +3,8 @@
 
 #include "model/songs/QBChordVisitor.h"
 #include "support/Script.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/arranging/QBMiddleVoiceFilter.h"

@@ -4,9 +4,9 @@
 #include "platform/midi/FluidSynthesizer.h"
 #include "playback/QBMIDIPlayer.h"
 #include "support/RecordingViews.h"
-#include "support/SoundFont.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/sound/SoundFont.h"
+#include "support/store/StandardStore.h"
 #include "workflow/session/EditRefused.h"
 
 namespace korvel {

@@ -6,8 +6,8 @@
 #include "platform/persistence/ManagedContext.h"
 #include "platform/sound/AudioSystem.h"
 #include "platform/sound/WaveFiles.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -7,9 +7,9 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/sqlite/Sqlite.h"
 #include "support/Approved.h"
-#include "support/Guitar.h"
-#include "support/SongDesk.h"
 #include "support/Testing.h"
+#include "support/songs/SongDesk.h"
+#include "support/sound/Guitar.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/SongCommands.h"
 

@@ -3,10 +3,10 @@
 
 #include "platform/persistence/UndoManager.h"
 #include "support/Script.h"
-#include "support/SongDesk.h"
-#include "support/StandardStore.h"
-#include "support/StoreContents.h"
 #include "support/Testing.h"
+#include "support/songs/SongDesk.h"
+#include "support/store/StandardStore.h"
+#include "support/store/StoreContents.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/MetreArrangements.h"
 #include "workflow/session/QBSession.h"

@@ -4,11 +4,11 @@
 #include "platform/persistence/UndoManager.h"
 #include "platform/sqlite/StoreFile.h"
 #include "platform/text/PackedText.h"
-#include "support/Guitar.h"
-#include "support/SongDesk.h"
-#include "support/StandardStore.h"
-#include "support/StoreContents.h"
 #include "support/Testing.h"
+#include "support/songs/SongDesk.h"
+#include "support/sound/Guitar.h"
+#include "support/store/StandardStore.h"
+#include "support/store/StoreContents.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/SongOrders.h"
 #include "workflow/editing/SongEditor.h"
@@ -201,9 +201,8 @@ TEST_F(UndoCommandsTest, actionsAreCalledAsTheirMenuSaysAndLogged) {
   EXPECT_EQ(m_session.activeSong(), nullptr);
   m_session.redo();
   m_session.setActiveTreeNode(nullptr);
-  EXPECT_EQ(views.log,
-            (std::vector<std::string>{"Undo Transpose Down By A Fifth (7 Half Tones)",
-                                      "Redo Transpose Down By A Fifth (7 Half Tones)"}));
+  EXPECT_EQ(views.log, (std::vector<std::string>{"Undo Transpose Down By A Fifth (7 Half Tones)",
+                                                 "Redo Transpose Down By A Fifth (7 Half Tones)"}));
   EXPECT_FALSE(context().hasChanges());
   EXPECT_FALSE(m_session.redo());
 }

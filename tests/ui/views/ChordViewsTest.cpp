@@ -4,8 +4,8 @@
 #include <QTest>
 
 #include "model/book/QBLeftHandPattern.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/RollView.h"
 

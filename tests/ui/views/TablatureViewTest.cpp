@@ -11,8 +11,8 @@
 #include "platform/files/FileError.h"
 #include "support/Approved.h"
 #include "support/SaidBy.h"
-#include "support/StandardStore.h"
 #include "support/Testing.h"
+#include "support/store/StandardStore.h"
 #include "tab/text/SongDrawing.h"
 #include "ui/views/TablaturePages.h"
 

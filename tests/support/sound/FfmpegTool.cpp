@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/FfmpegTool.h"
+#include "support/sound/FfmpegTool.h"
 
 #include <stdexcept>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/StandardStore.h"
+#include "support/store/StandardStore.h"
 
 #include "model/store/QBSettings.h"
 #include "music/ConcertPitch.h"

@@ -10,7 +10,7 @@
 #include "model/songs/QBSong.h"
 #include "platform/persistence/Ref.h"
 #include "support/RecordingViews.h"
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::test {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::test {
 

@@ -15,7 +15,7 @@
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBTabMgr.h"
-#include "support/ScratchStore.h"
+#include "support/store/ScratchStore.h"
 
 namespace korvel::test {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/StoreContents.h"
+#include "support/store/StoreContents.h"
 
 namespace korvel::test {
 namespace {

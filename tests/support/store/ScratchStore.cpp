@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/ScratchStore.h"
+#include "support/store/ScratchStore.h"
 
 #include "model/store/KorvelModel.h"
 #include "model/store/QBTabMgr.h"

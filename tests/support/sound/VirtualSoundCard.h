@@ -7,7 +7,7 @@
 #include <string>
 
 #include "support/Process.h"
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::test {
 

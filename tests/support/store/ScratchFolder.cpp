@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 #include <stdlib.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/WrittenChords.h"
+#include "support/songs/WrittenChords.h"
 
 #include <algorithm>
 #include <regex>
@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "arrange/harmony/HarmonyOfChord.h"
-#include "support/StandardStore.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel::test {
 namespace {

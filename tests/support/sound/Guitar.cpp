@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/Guitar.h"
+#include "support/sound/Guitar.h"
 
 #include <cmath>
 #include <numbers>
 
-#include "support/ScratchFolder.h"
+#include "support/store/ScratchFolder.h"
 
 namespace korvel::test {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/VirtualSoundCard.h"
+#include "support/sound/VirtualSoundCard.h"
 
 #include <stdlib.h>
 

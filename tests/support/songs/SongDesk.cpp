@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/SongDesk.h"
+#include "support/songs/SongDesk.h"
 
 #include <gtest/gtest.h>
 
@@ -16,8 +16,8 @@
 #include "model/store/QBSettings.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/sqlite/Sqlite.h"
-#include "support/Guitar.h"
-#include "support/StandardStore.h"
+#include "support/sound/Guitar.h"
+#include "support/store/StandardStore.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/AlbumNode.h"

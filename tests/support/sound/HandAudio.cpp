@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/HandAudio.h"
+#include "support/sound/HandAudio.h"
 
 #include <cstddef>
 #include <mutex>
