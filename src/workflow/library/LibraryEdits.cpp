@@ -148,8 +148,8 @@ void moveSong(QBSong& song, const std::string& album) {
 void deleteSong(QBSong& song) {
   Edit edit(song, phrase("UndoAction", "Delete"));
   takeOutOfAlbum(song);
-  if (edit.session().activeSong() == &song) edit.session().setActiveSong(nullptr);
   edit.done(kSongDeleted);
+  if (edit.session().activeSong() == &song) edit.session().setActiveSong(nullptr);
 }
 
 void takeOutOfAlbum(QBSong& song) {
