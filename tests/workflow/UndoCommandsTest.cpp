@@ -182,6 +182,18 @@ TEST_F(UndoCommandsTest, everythingThatIsDoneIsTakenBackAndDoneAgain) {
   }
 }
 
+TEST_F(UndoCommandsTest, loopThatTheSessionTakesAwayIsSaved) {
+  QBSong* song = m_desk.song({"x02210", "x02210"});
+  m_session.setActiveSong(song);
+  setLoop(*song, 0, 1);
+  ASSERT_NE(song->toChord(), nullptr);
+  m_session.resetLoop();
+  EXPECT_EQ(song->fromChord(), nullptr);
+  EXPECT_EQ(song->toChord(), nullptr);
+  EXPECT_FALSE(context().hasChanges());
+  m_session.setActiveSong(nullptr);
+}
+
 TEST_F(UndoCommandsTest, actionsAreCalledAsTheirMenuSaysAndLogged) {
   m_desk.song({"x02210", "x02210"});
   const auto tree = AlbumNode::withSongs(m_desk.album());
