@@ -58,8 +58,8 @@ constexpr double kUp = -.6;
 
 // Melodies, from note to note: by semitones up to two, up to four, and more.
 using ByInterval = std::array<double, 3>;
-constexpr ByInterval kSameString{1.03, .81, .46};
-constexpr ByInterval kNextString{.08, .42, -.19};
+constexpr ByInterval kOnSameString{1.03, .81, .46};
+constexpr ByInterval kOnNextString{.08, .42, -.19};
 constexpr double kRepeated = 2.16;
 constexpr double kTwoStrings = -.65;
 constexpr double kThreeStrings = -1.66;
@@ -109,9 +109,9 @@ double scoreOfInterval(const Held& from, const Held& to, std::span<const Note> n
   const bool contrary = (next - string) * rise < 0;
   double score = 0;
   if (far == 0)
-    score = byInterval(kSameString, std::abs(rise));
+    score = byInterval(kOnSameString, std::abs(rise));
   else if (far == 1 && !contrary)
-    score = byInterval(kNextString, std::abs(rise));
+    score = byInterval(kOnNextString, std::abs(rise));
   else if (far == 2)
     score = kTwoStrings;
   else if (far > 2)

@@ -7,8 +7,8 @@
 namespace korvel::fingering {
 namespace {
 
-constexpr double kAround = 30;  ///< Seconds before and after.
-constexpr double kLongest = 1;  ///< Seconds of a note that count.
+constexpr double kSecondsAround = 30;  ///< Seconds before and after.
+constexpr double kLongest = 1;         ///< Seconds of a note that count.
 constexpr double kOneOfFit = 0.2;
 constexpr int kClasses = 12;
 
@@ -46,9 +46,9 @@ std::vector<double> openStringFit(const Events& events, std::span<const Note> no
   std::size_t to = 0;
   for (std::size_t event = 0; event < events.size(); ++event) {
     const double now = events.onset(event);
-    for (; to < order.size() && notes[order[to]].onset <= now + kAround; ++to)
+    for (; to < order.size() && notes[order[to]].onset <= now + kSecondsAround; ++to)
       sounding.add(notes[order[to]], classes, 1);
-    for (; notes[order[from]].onset < now - kAround; ++from)
+    for (; notes[order[from]].onset < now - kSecondsAround; ++from)
       sounding.add(notes[order[from]], classes, -1);
     fit.push_back((sounding.open / std::max(sounding.all, 1e-3) - byChance) / kOneOfFit);
   }

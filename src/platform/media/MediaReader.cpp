@@ -27,7 +27,7 @@ struct FreeConverter {
 };
 
 /// Bytes of one chunk, in storage that is kept from chunk to chunk.
-class Chunk {
+class BytesOfChunk {
  public:
   void clear() { m_used = 0; }
   std::uint8_t* room(std::size_t bytes) {
@@ -48,7 +48,7 @@ class Chunk {
 /// Turns decoded frames of any sample format into interleaved 16-bit samples.
 class SampleConverter {
  public:
-  void append(const AVFrame& frame, Chunk& chunk) {
+  void append(const AVFrame& frame, BytesOfChunk& chunk) {
     if (frame.nb_samples <= 0 || frame.ch_layout.nb_channels <= 0) return;
     if (frame.format == AV_SAMPLE_FMT_S16)
       copy(frame, chunk);
@@ -62,13 +62,13 @@ class SampleConverter {
            static_cast<std::size_t>(frame.ch_layout.nb_channels);
   }
 
-  static void copy(const AVFrame& frame, Chunk& chunk) {
+  static void copy(const AVFrame& frame, BytesOfChunk& chunk) {
     const std::size_t bytes = samplesOf(frame) * sizeof(std::int16_t);
     std::memcpy(chunk.room(bytes), frame.extended_data[0], bytes);
     chunk.add(bytes);
   }
 
-  void convert(const AVFrame& frame, Chunk& chunk) {
+  void convert(const AVFrame& frame, BytesOfChunk& chunk) {
     // Interleaved samples convert as one long channel: there may be more channels than the
     // converter takes, and it is to know nothing of their meaning.
     const auto format = static_cast<AVSampleFormat>(frame.format);
@@ -132,7 +132,7 @@ class MediaReader::Decoding {
  private:
   MediaDecoder m_decoder;
   SampleConverter m_converter;
-  Chunk m_chunk;
+  BytesOfChunk m_chunk;
   bool m_reading = false;
 };
 

@@ -7,7 +7,7 @@
 namespace korvel::platform {
 namespace {
 
-constexpr std::string_view kMagic("SQLite format 3\0", 16);
+constexpr std::string_view kMagicOfStore("SQLite format 3\0", 16);
 
 }  // namespace
 
@@ -16,7 +16,7 @@ StoreHeader::StoreHeader(std::istream& bytes) {
 }
 
 bool StoreHeader::isSqlite() const {
-  return std::string_view(m_bytes.data(), kMagic.size()) == kMagic;
+  return std::string_view(m_bytes.data(), kMagicOfStore.size()) == kMagicOfStore;
 }
 
 std::uint32_t StoreHeader::number(std::size_t at) const {

@@ -10,7 +10,7 @@
 namespace korvel::platform {
 namespace {
 
-constexpr std::string_view kMagic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
+constexpr std::string_view kMagicOfJournal("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
 constexpr std::size_t kHeaderSize = 28;
 /// Stands for "as many as there are".
 constexpr std::uint32_t kAllPages = 0xffffffff;
@@ -55,7 +55,7 @@ std::int64_t StoreJournal::readSegment(std::istream& file, std::int64_t at) {
   file.seekg(at);
   if (!file.read(bytes.data(), bytes.size())) return -1;
   const std::string_view header(bytes.data(), bytes.size());
-  if (!header.starts_with(kMagic)) return -1;
+  if (!header.starts_with(kMagicOfJournal)) return -1;
   if (at == 0) {
     m_pagesBefore = numberAt(header, 16);
     m_sector = numberAt(header, 20);

@@ -10,7 +10,7 @@
 namespace korvel::platform {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n\v\f";
+constexpr std::string_view kBlanksOfNumerals = " \t\r\n\v\f";
 
 bool takeSign(std::string_view& text, char sign) {
   if (!text.starts_with(sign)) return false;
@@ -19,7 +19,7 @@ bool takeSign(std::string_view& text, char sign) {
 }
 
 void skipBlanks(std::string_view& text) {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanksOfNumerals), text.size()));
 }
 
 /// Takes one sign away; true for a minus.

@@ -18,7 +18,7 @@ namespace {
 
 using platform::phrase;
 
-constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kBlanksOfFile = " \t\r\n";
 
 std::string textOf(const std::filesystem::path& file) {
   try {
@@ -30,9 +30,9 @@ std::string textOf(const std::filesystem::path& file) {
 
 template <class Number>
 std::optional<Number> numberIn(std::string_view text) {
-  const auto first = text.find_first_not_of(kBlanks);
+  const auto first = text.find_first_not_of(kBlanksOfFile);
   if (first == std::string_view::npos) return std::nullopt;
-  text = text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+  text = text.substr(first, text.find_last_not_of(kBlanksOfFile) + 1 - first);
   Number number{};
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const bool whole = error == std::errc() && end == text.data() + text.size() &&
@@ -108,7 +108,7 @@ class Walk {
     if (m_title.empty())
       throw EditRefused(
           phrase("Message", "%1: breaks off in line %2, before <%3>; nothing was imported"), m_file,
-          lineAt(m_text.find_last_not_of(kBlanks)), title);
+          lineAt(m_text.find_last_not_of(kBlanksOfFile)), title);
     if (m_title != title)
       throw EditRefused(
           phrase("Message", "%1: line %2 has <%3> where <%4> belongs; nothing was imported"),
