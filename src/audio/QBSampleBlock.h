@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "platform/sound/QueueBuffer.h"
 
 namespace korvel {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "audio/QBSampleBlock.h"
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "platform/persistence/Ref.h"
 #include "platform/sound/QueueBuffer.h"
 

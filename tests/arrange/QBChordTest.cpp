@@ -5,7 +5,7 @@
 #include "arrange/hands/PatternOfChord.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "support/Testing.h"
 #include "support/store/StandardStore.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "audio/shelf/QBAudioMemRing.h"
 
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "support/Testing.h"
 
 namespace korvel {

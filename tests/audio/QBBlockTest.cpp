@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 
-#include "model/songs/QBSample.h"
+#include "model/recorded/QBSample.h"
 #include "model/store/QBTabMgr.h"
 #include "support/Testing.h"
 #include "support/store/ScratchStore.h"

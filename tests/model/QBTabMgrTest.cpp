@@ -7,7 +7,7 @@
 #include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBSpectrum.h"
 #include "model/instruments/QBString.h"
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "model/store/QBSettings.h"
 #include "support/Testing.h"
 #include "support/store/StandardStore.h"

@@ -5,7 +5,7 @@
 #include "analysis/spectrum/SampleBuffer.h"
 #include "audio/QBSampleSource.h"
 #include "model/instruments/QBTuning.h"
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "model/store/QBTabMgr.h"
 
 namespace korvel {

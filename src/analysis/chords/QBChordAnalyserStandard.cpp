@@ -4,7 +4,7 @@
 #include "analysis/spectrum/QBFFT.h"
 #include "matrix/CellText.h"
 #include "model/instruments/QBTuning.h"
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 
 namespace korvel {
 namespace {

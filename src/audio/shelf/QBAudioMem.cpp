@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 
 namespace korvel {
 

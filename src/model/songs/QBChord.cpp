@@ -6,7 +6,7 @@
 #include "model/book/QBHarmony.h"
 #include "model/book/QBLeftHandPattern.h"
 #include "model/book/QBRightHandPattern.h"
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
@@ -22,6 +22,9 @@ platform::EntityDescription QBChord::describe() {
       .attribute<&QBChord::m_position>("position")
       .attribute<&QBChord::m_duration>("duration")
       .attribute<&QBChord::m_timestamp>("timestamp")
+      .attribute<&QBChord::m_ticks>("ticks")
+      .attribute<&QBChord::m_beatTime>("beatTime")
+      .attribute<&QBChord::m_edited>("edited")
       .attribute<&QBChord::m_baseTone>("baseTone")
       .attribute<&QBChord::m_groupNumber>("groupNumber")
       .toOne<&QBChord::m_song>("song", "QBSong", "chords")
@@ -101,6 +104,9 @@ QBChord* QBChord::clone(QBSong* owner) {
   if (hasBaseTone()) copy->setBaseTone(baseTone());
   copy->setHarmony(harmony());
   copy->setDuration(duration());
+  if (hasTicks()) copy->setTicks(ticks());
+  if (hasBeatTime()) copy->setBeatTime(beatTime());
+  if (isEdited()) copy->setEdited(true);
   copy->setBlock(block());
   if (QBHold* held = hold()) held->clone(copy);
   return copy;

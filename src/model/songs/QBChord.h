@@ -40,6 +40,20 @@ class QBChord final : public platform::ManagedObject {
   int duration() const { return read(m_duration); }
   void setDuration(int value) { assign(m_duration, value); }
   bool hasDuration() const { return has(m_duration); }
+  /// In a song on beats its exact length, in ticks of a twelfth of a beat (`SongTime.h`), which the
+  /// duration is rounded from. A chord without tones is a rest, unless a tone before it lasts
+  /// longer.
+  int ticks() const { return read(m_ticks); }
+  void setTicks(int value) { assign(m_ticks, value); }
+  bool hasTicks() const { return has(m_ticks); }
+  /// The sample of the recording at which its written place comes when the beats are kept; swing is
+  /// not in it. The time stamp is when it was struck. Unset for one that was not heard there.
+  std::int64_t beatTime() const { return read(m_beatTime); }
+  void setBeatTime(std::int64_t value) { assign(m_beatTime, value); }
+  bool hasBeatTime() const { return has(m_beatTime); }
+  /// The user changed it, so that it stays as it is when the rhythm is read anew.
+  bool isEdited() const { return read(m_edited); }
+  void setEdited(bool value) { assign(m_edited, value); }
   /// Time stamp of the recording.
   std::int64_t timestamp() const { return read(m_timestamp); }
   void setTimestamp(std::int64_t value) { assign(m_timestamp, value); }
@@ -106,6 +120,9 @@ class QBChord final : public platform::ManagedObject {
   platform::Attribute<int> m_position;
   platform::Attribute<int> m_duration;
   platform::Attribute<std::int64_t> m_timestamp;
+  platform::Attribute<int> m_ticks;
+  platform::Attribute<std::int64_t> m_beatTime;
+  platform::Attribute<bool> m_edited;
   platform::Attribute<int> m_baseTone;
   platform::Attribute<int> m_groupNumber;
   platform::ToOne<QBSong> m_song;

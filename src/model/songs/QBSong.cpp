@@ -6,6 +6,7 @@
 
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBChordVisitor.h"
@@ -29,6 +30,10 @@ platform::EntityDescription QBSong::describe() {
       .attribute<&QBSong::m_tabulature>("tabulature", platform::Fetch::onDemand)
       .attribute<&QBSong::m_descr>("descr")
       .attribute<&QBSong::m_unheard>("unheard")
+      .attribute<&QBSong::m_tempo>("tempo")
+      .attribute<&QBSong::m_swing>("swing")
+      .attribute<&QBSong::m_key>("key")
+      .toOne<&QBSong::m_recording>("recording", "SongRecording", "songs")
       .toOne<&QBSong::m_album>("album", "QBAlbum", "songs")
       .toOne<&QBSong::m_tuning>("tuning", "QBTuning", "songs")
       .toOne<&QBSong::m_fromChord>("fromChord", "QBChord")
@@ -41,6 +46,17 @@ platform::EntityDescription QBSong::describe() {
 QBSong::QBSong() = default;
 
 QBSong::~QBSong() = default;
+
+SongRecording* QBSong::recording() const { return target(m_recording); }
+
+void QBSong::setRecording(SongRecording* value) { relate(m_recording, value); }
+
+void QBSong::takeRhythmOf(const QBSong& other) {
+  if (other.isOnBeats()) setTempo(other.tempo());
+  if (other.isSwung()) setSwing(other.swing());
+  if (other.hasKey()) setKey(other.key());
+  setRecording(other.recording());
+}
 
 QBAlbum* QBSong::album() const { return target(m_album); }
 
@@ -143,6 +159,7 @@ void QBSong::iterate(QBChordVisitor& visitor) {
 QBSong* QBSong::cloneToAlbum(QBAlbum* target) {
   QBTabMgr& db = QBTabMgr::db();
   QBSong* copy = db.createSong(title(), tuning(), db.selectedInstrument(), target);
+  copy->takeRhythmOf(*this);
   for (const auto& chord : allChords()) chord->clone(copy);
   return copy;
 }

@@ -15,6 +15,7 @@ class QBChord;
 class QBChordVisitor;
 class QBMeasure;
 class QBTuning;
+class SongRecording;
 
 /// One recorded or derived piece: chords in order of `position`, laid into measures or not.
 ///
@@ -23,6 +24,8 @@ class QBTuning;
 /// counters start at 0 whenever a song is read from the store.
 class QBSong final : public platform::ManagedObject {
  public:
+  static constexpr double kStraight = 0.5;
+
   static platform::EntityDescription describe();
   QBSong();
   ~QBSong() override;
@@ -52,6 +55,25 @@ class QBSong final : public platform::ManagedObject {
   void setUnheard(std::string file) { assign(m_unheard, std::move(file)); }
   void clearUnheard() { unset(m_unheard); }
   bool isWhole() const { return !has(m_unheard); }
+  /// A song on beats: beats a minute of the music as it is written. Unset for a song of slices, the
+  /// chords of which have no ticks either.
+  double tempo() const { return read(m_tempo); }
+  void setTempo(double value) { assign(m_tempo, value); }
+  bool isOnBeats() const { return has(m_tempo); }
+  /// Where the second eighth of a beat is played, as a share of the beat; unset when it is not
+  /// swung. It is written as a straight eighth.
+  double swing() const { return has(m_swing) ? read(m_swing) : kStraight; }
+  void setSwing(double value) { assign(m_swing, value); }
+  bool isSwung() const { return has(m_swing); }
+  /// Its key: the pitch class of the tonic, 12 more in minor. Unset when it is not known.
+  int key() const { return read(m_key); }
+  void setKey(int value) { assign(m_key, value); }
+  bool hasKey() const { return has(m_key); }
+  /// What it was heard in; none for a song that was not, or before recordings were kept.
+  SongRecording* recording() const;
+  void setRecording(SongRecording* value);
+  /// Takes tempo, swing, key and recording from another song.
+  void takeRhythmOf(const QBSong& other);
   QBAlbum* album() const;
   void setAlbum(QBAlbum* value);
   QBTuning* tuning() const;
@@ -100,6 +122,10 @@ class QBSong final : public platform::ManagedObject {
   platform::Attribute<std::string> m_tabulature;
   platform::Attribute<std::string> m_descr;
   platform::Attribute<std::string> m_unheard;
+  platform::Attribute<double> m_tempo;
+  platform::Attribute<double> m_swing;
+  platform::Attribute<int> m_key;
+  platform::ToOne<SongRecording> m_recording;
   platform::ToOne<QBAlbum> m_album;
   platform::ToOne<QBTuning> m_tuning;
   platform::ToOne<QBChord> m_fromChord;

@@ -16,6 +16,7 @@ platform::EntityDescription QBTone::describe() {
       .attribute<&QBTone::m_note>("note")
       .attribute<&QBTone::m_amp>("amp")
       .attribute<&QBTone::m_duration>("duration")
+      .attribute<&QBTone::m_ticks>("ticks")
       .attribute<&QBTone::m_active>("active")
       .attribute<&QBTone::m_group>("group")
       .attribute<&QBTone::m_name>("name")
@@ -34,6 +35,7 @@ void QBTone::forgetCaches() {
 QBTone* QBTone::clone(QBHold* owner) const {
   QBTone* copy = QBTabMgr::db().createTone(owner, string(), fret(), 0, amp());
   copy->setDuration(duration());
+  if (hasTicks()) copy->setTicks(ticks());
   if (hasGroup()) copy->setGroup(group());
   return copy;
 }

@@ -30,6 +30,10 @@ class QBTone final : public platform::ManagedObject {
   int duration() const { return read(m_duration); }
   void setDuration(int value) { assign(m_duration, value); }
   bool hasDuration() const { return has(m_duration); }
+  /// In a song on beats its exact length in ticks, of which it may have more than its chord.
+  int ticks() const { return read(m_ticks); }
+  void setTicks(int value) { assign(m_ticks, value); }
+  bool hasTicks() const { return has(m_ticks); }
   /// Tones that a filter has silenced stay in the hold.
   bool active() const { return read(m_active); }
   void setActive(bool value) { assign(m_active, value); }
@@ -66,6 +70,7 @@ class QBTone final : public platform::ManagedObject {
   platform::Attribute<int> m_note;
   platform::Attribute<double> m_amp;
   platform::Attribute<int> m_duration;
+  platform::Attribute<int> m_ticks;
   platform::Attribute<bool> m_active;
   platform::Attribute<int> m_group;
   platform::Attribute<std::string> m_name;

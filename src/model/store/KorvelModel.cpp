@@ -10,12 +10,13 @@
 #include "model/instruments/QBSpectrum.h"
 #include "model/instruments/QBString.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/QBBlock.h"
+#include "model/recorded/QBSample.h"
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
-#include "model/songs/QBBlock.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
-#include "model/songs/QBSample.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBSettings.h"
@@ -25,7 +26,7 @@ namespace {
 
 constexpr platform::StoreFile::Format kFormat{
     .applicationId = 0x4b52564c,  // "KRVL"
-    .version = 2,
+    .version = 3,
 };
 
 std::vector<platform::EntityDescription> descriptions() {
@@ -38,6 +39,7 @@ std::vector<platform::EntityDescription> descriptions() {
   all.push_back(QBTone::describe());
   all.push_back(QBBlock::describe());
   all.push_back(QBSample::describe());
+  all.push_back(SongRecording::describe());
   all.push_back(QBSettings::describe());
   all.push_back(QBInstrument::describe());
   all.push_back(QBString::describe());

@@ -8,7 +8,7 @@
 
 namespace korvel {
 
-/// The eighteen entities of a Korvel store.
+/// The nineteen entities of a Korvel store.
 const platform::ObjectModel& korvelModel();
 
 /// The store file of that path. Raise the version in KorvelModel.cpp whenever an entity changes.

@@ -30,6 +30,7 @@ class QBString;
 class QBTone;
 class QBToneOfHarmony;
 class QBTuning;
+class SongRecording;
 
 /// The one gateway to the stored graph: opens the store, keeps the lists of top-level
 /// objects, creates, deletes and finds every entity. Main thread only.
@@ -108,6 +109,7 @@ class QBTabMgr {
   QBAlbum* createAlbum(const std::string& name, bool locked);
   QBSong* createSong(const std::string& title, QBTuning* tuning, QBInstrument* instrument,
                      QBAlbum* album);
+  SongRecording* createRecording(const std::string& path);
   QBMeasure* createMeasure(QBSong* song, int beat, int beattype);
   QBChord* createChord(QBSong* song, std::shared_ptr<QBFFT> fft, std::int64_t timestamp);
   QBHold* createHold();

@@ -10,12 +10,13 @@
 #include "model/instruments/QBSpectrum.h"
 #include "model/instruments/QBString.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/QBBlock.h"
+#include "model/recorded/QBSample.h"
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
-#include "model/songs/QBBlock.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
-#include "model/songs/QBSample.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/store/QBSettings.h"
@@ -75,6 +76,12 @@ QBSong* QBTabMgr::createSong(const std::string& title, QBTuning* tuning, QBInstr
   song->setTempoRate(1.0F);
   song->setAlbum(album);
   return song;
+}
+
+SongRecording* QBTabMgr::createRecording(const std::string& path) {
+  auto* recording = create<SongRecording>("SongRecording");
+  recording->setPath(path);
+  return recording;
 }
 
 QBMeasure* QBTabMgr::createMeasure(QBSong* song, int beat, int beattype) {

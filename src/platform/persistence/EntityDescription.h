@@ -62,7 +62,8 @@ struct EntityDescription {
   std::string name;
   Ref<ManagedObject> (*make)() = nullptr;
   std::size_t index = 0;  ///< Place in the model, set when the model is linked.
-  /// Rows of a root are never swept; of others, those that no owner reaches any more.
+  /// Rows of a root are never swept; of others, those that no owner reaches any more, and of those
+  /// that are shared by their members, those without members.
   bool root = false;
   std::vector<AttributeDescription> attributes;
   std::vector<ToOneDescription> toOnes;

@@ -70,6 +70,16 @@ StoreError damaged(const std::string& path) {
       phrase("Message", "the store is damaged; restore a backup of it by \"korvel-cli restore\"")};
 }
 
+/// The rows of an entity without owners that none of its members points at.
+std::string unshared(const EntityDescription& entity) {
+  std::string text = sqlName(entity.name) + " AS shared WHERE ";
+  for (const MembersDescription& members : entity.members)
+    text += (&members == &entity.members.front() ? "" : " AND ") +
+            ("NOT EXISTS (SELECT 1 FROM " + sqlName(members.target) + " WHERE " +
+             sqlName(members.inverse) + " = shared.id)");
+  return text;
+}
+
 /// The rows of an entity that no owner reaches. The first owner's index finds the few candidates.
 std::string unreachable(const EntityDescription& entity) {
   std::string condition;
@@ -79,6 +89,7 @@ std::string unreachable(const EntityDescription& entity) {
     if (index.empty()) index = indexName(entity, toOne);
     condition += (condition.empty() ? "" : " AND ") + sqlName(toOne.name) + " IS NULL";
   }
+  if (index.empty()) return unshared(entity);
   return sqlName(entity.name) + " INDEXED BY " + index + " WHERE " + condition;
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 
 #include <algorithm>
 #include <stdexcept>
 
+#include "model/recorded/QBSample.h"
 #include "model/songs/QBChord.h"
-#include "model/songs/QBSample.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/EntityDescription.h"
 

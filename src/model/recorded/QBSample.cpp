@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model/songs/QBSample.h"
+#include "model/recorded/QBSample.h"
 
-#include "model/songs/QBBlock.h"
+#include "model/recorded/QBBlock.h"
 #include "platform/persistence/EntityDescription.h"
 
 namespace korvel {
