@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
 #include <span>
-#include <vector>
 
 #include "fingering/Note.h"
 #include "platform/loop/Slices.h"
@@ -18,20 +18,24 @@ class RhythmReader {
  public:
   /// Notes by onset, equal onsets by pitch; they are copied.
   explicit RhythmReader(std::span<const fingering::Note> notes, const Wishes& wishes = {});
+  RhythmReader(RhythmReader&&) noexcept;
+  RhythmReader& operator=(RhythmReader&&) noexcept;
+  ~RhythmReader();
 
   /// A few hundredths of a second of work; false when all is done.
   bool step();
   /// How much of the work is done, 0..1.
-  double progress() const { return m_progress; }
+  double progress() const { return m_work.done(); }
   /// To be called once, when all is done.
-  Rhythm take() { return std::move(m_result); }
+  Rhythm take();
 
  private:
-  std::vector<fingering::Note> m_notes;
-  Wishes m_wishes;
-  Rhythm m_result;
-  double m_progress = 0;
-  platform::Slices m_work;
+  struct Desk;
+
+  static platform::Slices reading(Desk& desk);
+
+  std::unique_ptr<Desk> m_desk;
+  platform::Slices m_work;  ///< Reads what lies on the desk, so that it ends first.
 };
 
 /// All at once.

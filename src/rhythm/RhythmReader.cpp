@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "rhythm/RhythmReader.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+#include "rhythm/beats/BeatFit.h"
+#include "rhythm/beats/BeatSearch.h"
+#include "rhythm/beats/Onsets.h"
+#include "rhythm/harmony/ChordChanges.h"
+#include "rhythm/judging/ReadingSearch.h"
+#include "rhythm/writing/ReadingWriter.h"
+
+namespace korvel::rhythm {
+
+struct RhythmReader::Desk {
+  std::vector<fingering::Note> notes;
+  Wishes wishes;
+  Rhythm result;
+};
+
+namespace {
+
+/// What a search and the fit of its beats are done with.
+struct Manner {
+  Division division;
+  double stiffness;
+  double smoothness;
+};
+constexpr std::array kManners{Manner{Division::binary, 45, 8}, Manner{Division::ternary, 45, 8},
+                              Manner{Division::binary, 120, 40}};
+constexpr double kShareOfSearches = 0.4;
+
+bool isOther(const Candidate& a, const Candidate& b) {
+  constexpr double kOneTempo = 0.04;
+  return std::abs(std::log(a.tempo / b.tempo)) > kOneTempo || a.metre() != b.metre() ||
+         a.feel != b.feel;
+}
+
+std::vector<Alternative> alternatives(std::span<const Candidate> candidates) {
+  constexpr std::size_t kMost = 8;
+  std::vector<const Candidate*> kept{&candidates.front()};
+  std::vector<Alternative> result;
+  for (const Candidate& one : candidates) {
+    if (result.size() == kMost) break;
+    if (!std::ranges::all_of(kept, [&](const Candidate* k) { return isOther(one, *k); })) continue;
+    kept.push_back(&one);
+    const double behind = candidates.front().score - one.score;
+    result.push_back({one.tempo, one.metre(), one.feel, behind});
+  }
+  return result;
+}
+
+}  // namespace
+
+RhythmReader::RhythmReader(std::span<const fingering::Note> notes, const Wishes& wishes)
+    : m_desk(std::make_unique<Desk>()) {
+  m_desk->notes.assign(notes.begin(), notes.end());
+  m_desk->wishes = wishes;
+  m_work = reading(*m_desk);
+}
+
+RhythmReader::RhythmReader(RhythmReader&&) noexcept = default;
+RhythmReader& RhythmReader::operator=(RhythmReader&&) noexcept = default;
+RhythmReader::~RhythmReader() = default;
+
+bool RhythmReader::step() { return m_work.next(); }
+
+Rhythm RhythmReader::take() { return std::move(m_desk->result); }
+
+platform::Slices RhythmReader::reading(Desk& desk) {
+  if (desk.notes.empty()) co_return;
+  const std::vector<Onset> onsets = onsetsOf(desk.notes);
+  co_yield 0;
+  ReadingLimits limits;
+  std::vector<BeatTrack> tracks;
+  for (std::size_t i = 0; i < kManners.size(); ++i) {
+    BeatSearch search(onsets, {kManners[i].division, kManners[i].stiffness});
+    platform::Slices searching = search.run();
+    const double share = kShareOfSearches / static_cast<double>(kManners.size());
+    while (searching.next()) {
+      co_yield share*(static_cast<double>(i) + searching.done());
+    }
+    tracks.push_back(search.track());
+    fitBeats(tracks.back(), onsets, {kManners[i].division, kManners[i].smoothness, {}});
+  }
+  const ChordChanges changes(onsets, desk.notes);
+  co_yield kShareOfSearches;
+  ReadingSearch search(onsets, changes, limits);
+  platform::Slices judging = search.run(std::move(tracks));
+  while (judging.next()) co_yield kShareOfSearches + (1 - kShareOfSearches) * judging.done();
+  const Candidate& best = search.candidates().front();
+  ReadingWriter writer(desk.notes, onsets, search.track(best));
+  desk.result.reading = writer.write(best, desk.wishes.finest);
+  desk.result.others = alternatives(search.candidates());
+}
+
+Rhythm rhythmOf(std::span<const fingering::Note> notes, const Wishes& wishes) {
+  RhythmReader reader(notes, wishes);
+  while (reader.step()) continue;
+  return reader.take();
+}
+
+}  // namespace korvel::rhythm

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "rhythm/beats/BeatPlaces.h"
+
+namespace korvel::rhythm {
+
+/// What may mark an onset as one on a beat, each -1..1 against the onsets within four seconds.
+struct Cues {
+  double loud = 0;    ///< Its strength.
+  double long_ = 0;   ///< The time to the next one.
+  double low = 0;     ///< How deep its lowest note is.
+  double stroke = 0;  ///< Positive for a stroke downwards, negative for one upwards.
+};
+
+/// Notes that start together: a tone, a chord, a strum.
+struct Onset {
+  double time = 0;   ///< Where its beat is felt, in seconds; a little after the first note.
+  double first = 0;  ///< When the first of its notes starts.
+  double strength = 0;
+  double weight = 0;  ///< How sure it is that something was struck, 0..1.
+  int lowest = 0;     ///< The lowest of its pitches.
+  Cues cues;
+  double accent = 0;     ///< How much it is like one on a beat, -1..1.
+  double barAccent = 0;  ///< How much it is like one on a bar line, -1..1.
+  /// How often it stands at each place of a beat in comparison with others, by its accent.
+  std::array<float, kPlaces> favour{};
+  std::vector<std::size_t> notes;  ///< Indexes, by onset.
+};
+
+/// Times of beats, ascending.
+using BeatTrack = std::vector<double>;
+
+}  // namespace korvel::rhythm

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "rhythm/beats/Onsets.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvel::rhythm {
+namespace {
+
+/// Seconds from one note of a strum to the next, and from the first to the last one.
+constexpr double kStepOfStrum = 0.042;
+constexpr double kLongestStrum = 0.115;
+/// The same pitch again within this time is one note heard twice.
+constexpr double kTwice = 0.03;
+/// The beat lies inside a strum.
+constexpr double kBeatOfStrum = 0.35;
+/// Each onset is compared with those within these seconds, and not with more than so many.
+constexpr double kNeighbourhood = 4;
+constexpr std::size_t kMostNeighbours = 64;
+
+/// The weights of the cues in the two accents.
+struct AccentWeights {
+  double loud, long_, low, stroke;
+};
+constexpr AccentWeights kOnBeats{.61, .47, .38, .59};
+constexpr AccentWeights kOnBars{.21, .24, .37, .10};
+/// How much the accent decides on which places of a beat notes stand.
+constexpr double kAccentOnPlaces = 0.72;
+
+double bounded(double value) { return std::clamp(value, -1.0, 1.0); }
+
+class Joiner {
+ public:
+  explicit Joiner(std::span<const fingering::Note> notes) : m_notes(notes) {}
+
+  bool belongs(const Onset& onset, const fingering::Note& note) const {
+    if (note.onset > m_notes[onset.notes.back()].onset + kStepOfStrum) return false;
+    if (note.onset > m_notes[onset.notes.front()].onset + kLongestStrum) return false;
+    return std::ranges::none_of(onset.notes, [&](std::size_t i) {
+      return m_notes[i].pitch == note.pitch && note.onset > m_notes[i].onset + kTwice;
+    });
+  }
+
+  void finish(Onset& onset) const {
+    onset.first = m_notes[onset.notes.front()].onset;
+    const double spread = m_notes[onset.notes.back()].onset - onset.first;
+    onset.time = onset.first + kBeatOfStrum * spread;
+    onset.lowest = m_notes[onset.notes.front()].pitch;
+    double doubt = 1;
+    for (const std::size_t i : onset.notes) {
+      onset.strength += m_notes[i].strength;
+      onset.lowest = std::min(onset.lowest, m_notes[i].pitch);
+      doubt *= 1 - std::clamp<double>(m_notes[i].probability, 0, 1);
+    }
+    onset.strength = std::max(onset.strength, 1e-3);
+    onset.weight = std::max(1 - doubt, 1e-3);
+    onset.cues.stroke = stroke(onset);
+  }
+
+ private:
+  /// The correlation of pitch and time.
+  double stroke(const Onset& onset) const {
+    constexpr double kLeastSpread = 0.015;
+    if (onset.notes.size() < 3) return 0;
+    if (m_notes[onset.notes.back()].onset - onset.first < kLeastSpread) return 0;
+    double time = 0, pitch = 0;
+    for (const std::size_t i : onset.notes) {
+      time += m_notes[i].onset;
+      pitch += m_notes[i].pitch;
+    }
+    time /= static_cast<double>(onset.notes.size());
+    pitch /= static_cast<double>(onset.notes.size());
+    double both = 0, times = 0, pitches = 0;
+    for (const std::size_t i : onset.notes) {
+      const double t = m_notes[i].onset - time, p = m_notes[i].pitch - pitch;
+      both += t * p;
+      times += t * t;
+      pitches += p * p;
+    }
+    return times > 0 && pitches > 0 ? both / std::sqrt(times * pitches) : 0;
+  }
+
+  std::span<const fingering::Note> m_notes;
+};
+
+std::vector<Onset> joined(std::span<const fingering::Note> notes) {
+  const Joiner joiner(notes);
+  std::vector<Onset> onsets;
+  for (std::size_t i = 0; i < notes.size(); ++i) {
+    if (onsets.empty() || !joiner.belongs(onsets.back(), notes[i])) onsets.emplace_back();
+    onsets.back().notes.push_back(i);
+  }
+  for (Onset& onset : onsets) joiner.finish(onset);
+  std::ranges::stable_sort(onsets, {}, &Onset::time);
+  return onsets;
+}
+
+/// The value below which a share of all lies; sorts them.
+double quantile(std::vector<double>& values, double share) {
+  std::ranges::sort(values);
+  const double at = share * static_cast<double>(values.size() - 1);
+  const auto below = static_cast<std::size_t>(at);
+  const std::size_t above = std::min(below + 1, values.size() - 1);
+  return values[below] + (at - static_cast<double>(below)) * (values[above] - values[below]);
+}
+
+/// Compares onsets with their neighbours.
+class Comparison {
+ public:
+  explicit Comparison(std::vector<Onset>& onsets) : m_onsets(onsets) {
+    for (const Onset& onset : onsets) m_logStrengths.push_back(std::log(onset.strength));
+    for (std::size_t i = 0; i + 1 < onsets.size(); ++i) {
+      m_logGaps.push_back(std::log2(std::max(onsets[i + 1].time - onsets[i].time, 0.01)));
+    }
+    if (!onsets.empty()) m_logGaps.push_back(m_logGaps.empty() ? 0 : m_logGaps.back());
+  }
+
+  void weighAll() {
+    for (std::size_t i = 0; i < m_onsets.size(); ++i) {
+      moveTo(i);
+      compareStrength(i);
+      compareGap(i);
+      compareBass(i);
+    }
+  }
+
+ private:
+  void moveTo(std::size_t i) {
+    const double time = m_onsets[i].time;
+    while (m_onsets[m_first].time < time - kNeighbourhood) ++m_first;
+    while (m_end < m_onsets.size() && m_onsets[m_end].time <= time + kNeighbourhood) ++m_end;
+    m_from = std::max(m_first, i - std::min(i, kMostNeighbours));
+    m_to = std::min(m_end, i + kMostNeighbours);
+  }
+
+  template <class Value>
+  std::vector<double>& around(Value value) {
+    m_around.clear();
+    for (std::size_t i = m_from; i < m_to; ++i) m_around.push_back(value(i));
+    return m_around;
+  }
+
+  void compareStrength(std::size_t i) {
+    std::vector<double>& all = around([&](std::size_t k) { return m_logStrengths[k]; });
+    double mean = 0, square = 0;
+    for (const double value : all) mean += value;
+    mean /= static_cast<double>(all.size());
+    for (const double value : all) square += (value - mean) * (value - mean);
+    const double deviation = std::sqrt(square / static_cast<double>(all.size()));
+    Onset& onset = m_onsets[i];
+    onset.cues.loud = bounded((m_logStrengths[i] - mean) / (2 * std::max(deviation, 0.08)));
+    const double median = std::exp(quantile(all, 0.5));
+    onset.weight *= std::pow(std::min(1.0, onset.strength / (0.6 * median)), 0.7);
+  }
+
+  void compareGap(std::size_t i) {
+    const double median = quantile(around([&](std::size_t k) { return m_logGaps[k]; }), 0.5);
+    m_onsets[i].cues.long_ = bounded((m_logGaps[i] - median) / 1.5);
+  }
+
+  void compareBass(std::size_t i) {
+    constexpr double kLeastRange = 4;
+    std::vector<double>& all =
+        around([&](std::size_t k) { return double{1} * m_onsets[k].lowest; });
+    const double low = quantile(all, 0.2), high = quantile(all, 0.8);
+    if (high - low < kLeastRange) return;
+    m_onsets[i].cues.low = bounded(((low + high) / 2 - m_onsets[i].lowest) / (high - low));
+  }
+
+  std::vector<Onset>& m_onsets;
+  std::vector<double> m_logStrengths;
+  std::vector<double> m_logGaps;
+  std::vector<double> m_around;
+  std::size_t m_first = 0, m_end = 0, m_from = 0, m_to = 0;
+};
+
+double accent(const Cues& cues, const AccentWeights& weights) {
+  return bounded(weights.loud * cues.loud + weights.long_ * cues.long_ + weights.low * cues.low +
+                 weights.stroke * cues.stroke);
+}
+
+void accentuate(Onset& onset) {
+  onset.accent = accent(onset.cues, kOnBeats);
+  onset.barAccent = accent(onset.cues, kOnBars);
+  for (std::size_t k = 0; k < kPlaces; ++k) {
+    onset.favour[k] =
+        static_cast<float>(std::exp(kAccentOnPlaces * onset.accent * kAccentOfPlace[k]));
+  }
+}
+
+}  // namespace
+
+std::vector<Onset> onsetsOf(std::span<const fingering::Note> notes) {
+  std::vector<Onset> onsets = joined(notes);
+  Comparison(onsets).weighAll();
+  for (Onset& onset : onsets) accentuate(onset);
+  return onsets;
+}
+
+}  // namespace korvel::rhythm

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+namespace korvel::rhythm {
+
+/// What speaks for or against a reading. Each is multiplied by its weight.
+enum class Feature : std::size_t {
+  barFit,            ///< How well onsets stand on the places of its bars.
+  chordFit,          ///< How well changes of chords fall on its bar lines.
+  tempo,             ///< Octaves above 108 beats a minute,
+  tempoSquared,      ///< and the square of that.
+  barLength,         ///< Octaves of the bar's length above 2.1 seconds,
+  barLengthSquared,  ///< and the square of that.
+  bend,              ///< How much the tempo changes, in shares a minute.
+  binaryFour,        ///< 1 for the metre that it has: beats of the bar, how they are divided.
+  binaryThree,
+  binaryTwo,
+  ternaryFour,
+  ternaryThree,
+  ternaryTwo,
+  startsOnBar,  ///< The first onset is on a bar line.
+  endsOnBar,    ///< The last one is.
+  notSix,       ///< Two ternary beats, which have not the notes of 6/8.
+  count
+};
+
+inline constexpr std::size_t kFeatures = static_cast<std::size_t>(Feature::count);
+
+class ReadingFeatures {
+ public:
+  double& operator[](Feature feature) { return m_values[static_cast<std::size_t>(feature)]; }
+  const std::array<double, kFeatures>& values() const { return m_values; }
+
+ private:
+  std::array<double, kFeatures> m_values{};
+};
+
+}  // namespace korvel::rhythm

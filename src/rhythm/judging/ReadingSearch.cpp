@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "rhythm/judging/ReadingSearch.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "rhythm/beats/BeatFit.h"
+#include "rhythm/judging/OnsetPhases.h"
+#include "rhythm/judging/PlaceFit.h"
+#include "rhythm/judging/ReadingWeights.h"
+
+namespace korvel::rhythm {
+namespace {
+
+constexpr std::size_t kMostTracks = 14;
+/// How exactly notes are played, in seconds, while tracks are chosen.
+constexpr double kWidthOfChoice = 0.030;
+constexpr double kUsualTempo = 108;
+constexpr double kUsualBar = 2.1;  // seconds
+
+double octavesFromUsual(double tempo) { return std::log2(tempo / kUsualTempo); }
+
+/// How probable a tempo is before anything is heard.
+double priorOfTempo(double tempo) {
+  const double far = octavesFromUsual(tempo) / 0.55;
+  return -4.5 * far * far;
+}
+
+DivisionUse useOf(std::span<const Onset> onsets, std::span<const Phase> phases) {
+  DivisionUse use;
+  double all = 0;
+  for (std::size_t i = 0; i < onsets.size(); ++i) {
+    const double tick = static_cast<double>(phases[i].share) * kTicksOfBeat;
+    all += onsets[i].weight;
+    if (std::abs(tick - 4) <= 1) use.firstThird += onsets[i].weight;
+    if (std::abs(tick - 6) < 1) use.half += onsets[i].weight;
+    if (std::abs(tick - 8) <= 1) use.secondThird += onsets[i].weight;
+  }
+  if (all > 0) {
+    for (double* part : {&use.firstThird, &use.half, &use.secondThird}) *part /= all;
+  }
+  return use;
+}
+
+bool isSixEight(const DivisionUse& use) {
+  return use.firstThird > 0.10 && use.firstThird >= 0.35 * use.secondThird;
+}
+
+Feel feelOf(const DivisionUse& use) {
+  const bool swings = use.secondThird > 0.08 && use.firstThird < 0.5 * use.secondThird;
+  return swings ? Feel::swing : Feel::triplets;
+}
+
+double bendOf(const BeatTrack& track) {
+  double sum = 0;
+  for (std::size_t i = 0; i + 2 < track.size(); ++i) {
+    sum += std::abs(std::log((track[i + 2] - track[i + 1]) / (track[i + 1] - track[i])));
+  }
+  const auto count = static_cast<double>(std::max<std::size_t>(1, track.size() - 2));
+  return sum / count / medianBeat(track);
+}
+
+bool isOnBar(const Phase& phase, const Bars& bars) {
+  constexpr float kNear = 0.2F;
+  if (phase.share <= kNear) return bars.of(phase.beat) == 0;
+  return phase.share >= 1 - kNear && bars.of(phase.beat + 1) == 0;
+}
+
+Feature featureOfMetre(Division division, std::size_t beats) {
+  const bool binary = division == Division::binary;
+  if (beats == 2) return binary ? Feature::binaryTwo : Feature::ternaryTwo;
+  if (beats == 3) return binary ? Feature::binaryThree : Feature::ternaryThree;
+  return binary ? Feature::binaryFour : Feature::ternaryFour;
+}
+
+double scoreOf(const ReadingFeatures& features) {
+  double sum = 0;
+  for (std::size_t i = 0; i < kFeatures; ++i) sum += kReadingWeights[i] * features.values()[i];
+  return sum;
+}
+
+std::size_t nearestBeat(const BeatTrack& track, double time) {
+  const auto after =
+      static_cast<std::size_t>(std::ranges::lower_bound(track, time) - track.begin());
+  if (after == track.size()) return after - 1;
+  return after > 0 && time - track[after - 1] < track[after] - time ? after - 1 : after;
+}
+
+}  // namespace
+
+ReadingSearch::ReadingSearch(std::span<const Onset> onsets, const ChordChanges& changes,
+                             const ReadingLimits& limits)
+    : m_onsets(onsets), m_changes(changes), m_limits(limits) {}
+
+std::vector<Division> ReadingSearch::divisions() const {
+  if (m_limits.metre && m_limits.metre->compound) return {Division::ternary};
+  if (!m_limits.feel) return {Division::binary, Division::ternary};
+  return {*m_limits.feel == Feel::straight ? Division::binary : Division::ternary};
+}
+
+std::vector<BeatTrack> ReadingSearch::variants(const BeatTrack& track) const {
+  const double from = m_onsets.front().time, to = m_onsets.back().time;
+  std::vector<BeatTrack> result;
+  if (!m_limits.keepsPhase) result = multiplesOf(track, m_limits.lengths, from, to);
+  if (!result.empty()) return result;
+  result.push_back(track);
+  extend(result.back(), from, to);
+  return result;
+}
+
+platform::Slices ReadingSearch::run(std::vector<BeatTrack> tracks) {
+  constexpr double kShareOfChoice = 0.6;
+  std::vector<Rated> all;
+  for (std::size_t i = 0; i < tracks.size(); ++i) {
+    for (BeatTrack& track : variants(tracks[i])) {
+      all.push_back(rated(std::move(track)));
+      co_yield kShareOfChoice* static_cast<double>(i) / static_cast<double>(tracks.size());
+    }
+  }
+  keepBest(all);
+  for (std::size_t i = 0; i < m_tracks.size(); ++i) {
+    const double done = static_cast<double>(i) / static_cast<double>(m_tracks.size());
+    co_yield kShareOfChoice + (1 - kShareOfChoice) * done;
+    scoreTrack(i);
+  }
+  std::ranges::stable_sort(m_candidates, std::greater{}, &Candidate::score);
+}
+
+ReadingSearch::Rated ReadingSearch::rated(BeatTrack track) const {
+  OnsetPhases phases(m_onsets, track);
+  phases.setWidth(kWidthOfChoice);
+  Rated result{std::move(track), -1e30, Division::binary};
+  for (const Division division : divisions()) {
+    const double score = placeFit(m_onsets, phases.all(), division).score;
+    if (score <= result.score) continue;
+    result.score = score;
+    result.division = division;
+  }
+  result.score += priorOfTempo(60 / medianBeat(result.track));
+  return result;
+}
+
+/// Of tracks that are alike, the best one.
+void ReadingSearch::keepBest(std::vector<Rated>& all) {
+  std::ranges::stable_sort(all, std::greater{}, &Rated::score);
+  for (Rated& one : all) {
+    if (m_tracks.size() == kMostTracks) break;
+    const auto isLike = [&](const BeatTrack& other) { return areAlike(one.track, other); };
+    if (std::ranges::any_of(m_tracks, isLike)) continue;
+    m_tracks.push_back(one.track);
+    BeatFitSettings settings;
+    settings.division = one.division;
+    settings.fixed = m_limits.fixedBeats;
+    fitBeats(m_tracks.back(), m_onsets, settings);
+    extend(m_tracks.back(), m_onsets.front().time, m_onsets.back().time);
+  }
+}
+
+void ReadingSearch::scoreTrack(std::size_t track) {
+  OnsetPhases phases(m_onsets, m_tracks[track]);
+  const DivisionUse use = useOf(m_onsets, phases.all());
+  for (const Division division : divisions()) {
+    Candidate candidate;
+    candidate.track = track;
+    candidate.division = division;
+    candidate.tempo = 60 / medianBeat(m_tracks[track]);
+    const PlaceFit fit = bestPlaceFit(m_onsets, phases, division);
+    const auto wished = m_limits.metre ? static_cast<std::size_t>(m_limits.metre->beats) : 0;
+    for (std::size_t beats = wished ? wished : 2; beats <= (wished ? wished : 4); ++beats) {
+      for (std::size_t first = 0; first < beats; ++first) {
+        candidate.bars = {beats, first};
+        if (allows(candidate)) scoreBars(candidate, phases, fit, use);
+      }
+    }
+  }
+}
+
+bool ReadingSearch::allows(const Candidate& candidate) const {
+  if (!m_limits.barLine) return true;
+  return candidate.bars.of(nearestBeat(m_tracks[candidate.track], *m_limits.barLine)) == 0;
+}
+
+void ReadingSearch::scoreBars(Candidate candidate, const OnsetPhases& phases, const PlaceFit& fit,
+                              const DivisionUse& use) {
+  const BeatTrack& track = m_tracks[candidate.track];
+  const Bars& bars = candidate.bars;
+  const bool ternary = candidate.division == Division::ternary;
+  candidate.compound =
+      m_limits.metre ? m_limits.metre->compound : ternary && bars.beats == 2 && isSixEight(use);
+  if (ternary && !candidate.compound) candidate.feel = m_limits.feel.value_or(feelOf(use));
+  ReadingFeatures& features = candidate.features;
+  const double tempo = octavesFromUsual(candidate.tempo);
+  const double bar = std::log2(60 / candidate.tempo * static_cast<double>(bars.beats) / kUsualBar);
+  features[Feature::barFit] = barFit(m_onsets, phases.all(), fit, bars);
+  features[Feature::chordFit] = m_changes.fit(track, bars);
+  features[Feature::tempo] = tempo;
+  features[Feature::tempoSquared] = tempo * tempo;
+  features[Feature::barLength] = bar;
+  features[Feature::barLengthSquared] = bar * bar;
+  features[Feature::bend] = bendOf(track);
+  features[featureOfMetre(candidate.division, bars.beats)] = 1;
+  features[Feature::startsOnBar] = isOnBar(phases.all().front(), bars);
+  features[Feature::endsOnBar] = isOnBar(phases.all().back(), bars);
+  features[Feature::notSix] =
+      ternary && bars.beats == 2 && (use.firstThird < 0.35 * use.secondThird || use.half > 0.05);
+  candidate.score = scoreOf(features);
+  m_candidates.push_back(candidate);
+}
+
+}  // namespace korvel::rhythm

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "platform/loop/Slices.h"
+#include "rhythm/Reading.h"
+#include "rhythm/beats/Onset.h"
+#include "rhythm/beats/TrackMultiples.h"
+#include "rhythm/harmony/ChordChanges.h"
+#include "rhythm/judging/BarFit.h"
+#include "rhythm/judging/ReadingFeatures.h"
+
+namespace korvel::rhythm {
+
+/// How beats are divided in a reading: which share of the onsets is near the thirds and halves.
+struct DivisionUse {
+  double firstThird = 0;
+  double secondThird = 0;
+  double half = 0;
+};
+
+/// One way to read the onsets: a track whose beats are divided and make bars in some way.
+struct Candidate {
+  std::size_t track = 0;
+  Division division = Division::binary;
+  Bars bars;
+  bool compound = false;
+  Feel feel = Feel::straight;
+  double tempo = 0;  ///< Beats a minute.
+  ReadingFeatures features;
+  double score = 0;
+
+  Metre metre() const { return {static_cast<int>(bars.beats), compound}; }
+};
+
+/// What a reading has to be.
+struct ReadingLimits {
+  BeatLengths lengths;
+  std::optional<Metre> metre;
+  std::optional<Feel> feel;
+  std::optional<double> barLine;  ///< Seconds.
+  bool keepsPhase = false;        ///< The tracks' own beats only: they are known.
+  std::span<const double> fixedBeats;
+};
+
+/// Scores all readings of a recording that are made of some tracks and of their multiples.
+class ReadingSearch {
+ public:
+  /// All are read as long as the search lives.
+  ReadingSearch(std::span<const Onset> onsets, const ChordChanges& changes,
+                const ReadingLimits& limits);
+
+  /// The tracks have two beats or more. One of some stiffness each: see BeatFitSettings.
+  platform::Slices run(std::vector<BeatTrack> tracks);
+
+  /// The best first, after the run; one at least.
+  std::span<const Candidate> candidates() const { return m_candidates; }
+  const BeatTrack& track(const Candidate& candidate) const { return m_tracks[candidate.track]; }
+
+ private:
+  struct Rated {
+    BeatTrack track;
+    double score = 0;
+    Division division = Division::binary;
+  };
+
+  std::vector<Division> divisions() const;
+  std::vector<BeatTrack> variants(const BeatTrack& track) const;
+  Rated rated(BeatTrack track) const;
+  void keepBest(std::vector<Rated>& all);
+  void scoreTrack(std::size_t track);
+  void scoreBars(Candidate candidate, const OnsetPhases& phases, const PlaceFit& fit,
+                 const DivisionUse& use);
+  bool allows(const Candidate& candidate) const;
+
+  std::span<const Onset> m_onsets;
+  const ChordChanges& m_changes;
+  const ReadingLimits& m_limits;
+  std::vector<BeatTrack> m_tracks;
+  std::vector<Candidate> m_candidates;
+};
+
+}  // namespace korvel::rhythm
