@@ -21,8 +21,15 @@ struct Analysis {
   /// Seconds from one frame to the next. Frame t is centred at t * kHopSeconds.
   static constexpr double kHopSeconds = 256 / (platform::kSampleRate / 2.0);
 
+  /// A candidate that is less probable than this is not worth handing out.
+  static constexpr double kLeastDoubtful = 0.05;
+
   /// By onset, equal onsets by pitch.
   std::vector<Note> notes;
+  /// What may have been a note too but was not taken for one, in the same order: less probable than
+  /// was asked for, or weaker than six others, and of a probability of kLeastDoubtful at least. Has
+  /// no string. Does not sound while a note of its pitch does.
+  std::vector<Note> doubtful;
   /// A row of kPitches values for each frame: how strongly each pitch sounds, >= 0, compressed.
   FrameTable activations;
   std::size_t frames = 0;

@@ -115,9 +115,11 @@ class Engine::State {
   Slices judgeNotes();
   Slices judgeEach();
   Slices judgeInCompany();
+  void choose();
   Slices giveBack();
 
   float shareAtAttack(const Candidate& note) const;
+  Note noteOf(const Candidate& candidate) const;
 
   double m_threshold;
   Observer* m_observer;
@@ -144,7 +146,9 @@ class Engine::State {
   CoefficientTable m_coefficients;
   FrameTable m_activations;
   std::vector<Candidate> m_candidates;
+  std::vector<Candidate> m_doubtful;  ///< What may be a note but is not among the candidates.
   std::vector<Features<NoteFeature>> m_known;  ///< Of each candidate, while notes are judged.
+  std::vector<char> m_taken;                   ///< Whether each candidate is a note.
 };
 
 std::span<const Engine::State::Pass> Engine::State::passes() {
@@ -356,10 +360,24 @@ Slices Engine::State::judgeNotes() {
   while (judging.next()) co_yield judging.done() * kShareOfEach;
   judging = judgeInCompany();
   while (judging.next()) co_yield kShareOfEach + judging.done() * (1 - kShareOfEach);
-  std::erase_if(m_candidates, [this](const Candidate& c) { return c.probability <= m_threshold; });
   co_yield 1;
-  sortByOnset(m_candidates);
-  keepSixStrongest(m_candidates);
+  choose();
+}
+
+/// Keeps the notes among the candidates.
+void Engine::State::choose() {
+  std::vector<Candidate> notes;
+  std::vector<Candidate> others;
+  for (std::size_t i = 0; i < m_candidates.size(); ++i)
+    (m_taken[i] ? notes : others).push_back(m_candidates[i]);
+  sortByOnset(notes);
+  const auto removed = keepSixStrongest(notes);
+  others.insert(others.end(), removed.begin(), removed.end());
+  std::erase_if(others,
+                [](const Candidate& c) { return c.probability < Analysis::kLeastDoubtful; });
+  sortByOnset(others);
+  m_candidates = std::move(notes);
+  m_doubtful = std::move(others);
 }
 
 Slices Engine::State::judgeEach() {
@@ -387,10 +405,12 @@ Slices Engine::State::judgeInCompany() {
     if (m_observer) m_observer->note(m_candidates[i], m_known[i]);
     co_yield kShareOfMeeting + share(i, m_candidates.size()) * kShareOfAdding;
   }
+  m_taken.resize(m_candidates.size());
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    double& probability = m_candidates[i].probability;
-    probability =
-        probability < kShareByItself * m_threshold ? 0 : logistic(companyTerms(), m_known[i]);
+    const bool mayBe = m_candidates[i].probability >= kShareByItself * m_threshold;
+    const double probability = logistic(companyTerms(), m_known[i]);
+    m_taken[i] = mayBe && probability > m_threshold;
+    m_candidates[i].probability = probability;
     co_yield kShareOfMeeting + kShareOfAdding +
         (1 - kShareOfMeeting - kShareOfAdding) * share(i, m_candidates.size());
   }
@@ -410,6 +430,15 @@ Slices Engine::State::giveBack() {
   m_spectra = {};
 }
 
+Note Engine::State::noteOf(const Candidate& candidate) const {
+  return {.onset = static_cast<double>(candidate.onset) / kFramesPerSecond,
+          .end = static_cast<double>(candidate.end) / kFramesPerSecond,
+          .pitch = static_cast<int>(candidate.pitch) + Analysis::kLowestPitch,
+          .strength = candidate.peak,
+          .probability = static_cast<float>(candidate.probability),
+          .amplitude = static_cast<float>(Analysis::amplitude(candidate.peak, m_levels.ref()))};
+}
+
 Analysis Engine::State::take() {
   assert(m_started && m_pass == passes().size());
   Analysis analysis;
@@ -418,14 +447,8 @@ Analysis Engine::State::take() {
   analysis.tuningOffset = m_tuningOffset;
   if (m_silent) m_activations = FrameTable(m_frames, kPitches);
   analysis.activations = std::move(m_activations);
-  for (const Candidate& candidate : m_candidates) {
-    analysis.notes.push_back({.onset = static_cast<double>(candidate.onset) / kFramesPerSecond,
-                              .end = static_cast<double>(candidate.end) / kFramesPerSecond,
-                              .pitch = static_cast<int>(candidate.pitch) + Analysis::kLowestPitch,
-                              .strength = candidate.peak,
-                              .probability = static_cast<float>(candidate.probability),
-                              .amplitude = static_cast<float>(analysis.amplitude(candidate.peak))});
-  }
+  for (const Candidate& note : m_candidates) analysis.notes.push_back(noteOf(note));
+  for (const Candidate& note : m_doubtful) analysis.doubtful.push_back(noteOf(note));
   return analysis;
 }
 

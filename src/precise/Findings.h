@@ -7,11 +7,13 @@
 
 namespace korvel::precise {
 
-/// The notes of a recording of any length, by onset, and what blocks are made of besides.
+/// The notes of a recording of any length, and what blocks are made of besides.
 struct Findings {
-  std::vector<Note> notes{};
-  NoteCurves curves{};  ///< Of the notes, in their order.
-  Frame frames = 0;     ///< Of the recording.
+  std::vector<Note> notes{};  ///< By onset.
+  NoteCurves curves{};        ///< Of the notes, in their order.
+  Frame frames = 0;           ///< Of the recording.
+  /// What may have been notes too but was not taken for such, by onset: see Analysis::doubtful.
+  std::vector<Note> doubtful{};
 };
 
 }  // namespace korvel::precise

@@ -2,9 +2,20 @@
 #include "precise/WindowedEngine.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace korvel::precise {
+namespace {
+
+/// The note of the pitch that sounds before and after that time.
+auto soundingThrough(const std::vector<Note>& notes, int pitch, double time) {
+  return std::ranges::find_if(notes, [&](const Note& note) {
+    return note.pitch == pitch && note.onset < time && note.end > time;
+  });
+}
+
+}  // namespace
 
 void WindowedEngine::begin(std::span<const float> samples) {
   m_engine.emplace(m_sensitivity, m_experience);
@@ -39,20 +50,46 @@ bool WindowedEngine::step(double seconds) {
 /// Of the notes that two windows hear, each gives those on its side of a seam.
 void WindowedEngine::collect(const Analysis& window) {
   extendCutNotes(window);
+  extendCutDoubts(window);
   const auto frames = static_cast<Frame>(window.frames);
   const Frame seam = m_begin + (isFull() ? seamOf(window) : frames);
-  const double earlier = static_cast<double>(m_begin) / kFramesPerSecond;
-  for (const Note& note : window.notes) {
+  const auto belongs = [&](const Note& note) {
     const Frame onset = m_begin + frameAt(note.onset);
-    if (onset < m_seam || onset >= seam) continue;
+    return onset >= m_seam && onset < seam;
+  };
+  for (const Note& note : window.notes) {
+    if (!belongs(note)) continue;
     if (isFull() && frameAt(note.end) == frames) m_cut.push_back(m_found.notes.size());
     m_found.curves.add(window, note, m_begin);
-    Note& kept = m_found.notes.emplace_back(note);
-    kept.onset += earlier;
-    kept.end += earlier;
+    m_found.notes.push_back(inRecording(note));
   }
+  for (const Note& note : window.doubtful)
+    if (belongs(note)) m_found.doubtful.push_back(inRecording(note));
+  dropWhatIsNote();
   m_seam = seam;
   m_found.frames = m_begin + frames;
+}
+
+Note WindowedEngine::inRecording(Note note) const {
+  const double earlier = static_cast<double>(m_begin) / kFramesPerSecond;
+  note.onset += earlier;
+  note.end += earlier;
+  return note;
+}
+
+/// What one window doubts may be a note to the other, on its side of the seam.
+void WindowedEngine::dropWhatIsNote() {
+  const double begin = static_cast<double>(m_begin) / kFramesPerSecond;
+  const double end = static_cast<double>(m_begin + kOverlapFrames) / kFramesPerSecond;
+  const auto meet = [&](const Note& note) { return note.end > begin && note.onset < end; };
+  std::vector<Note> sure;
+  std::ranges::copy_if(m_found.notes, std::back_inserter(sure), meet);
+  std::erase_if(m_found.doubtful, [&](const Note& doubtful) {
+    return meet(doubtful) && std::ranges::any_of(sure, [&](const Note& note) {
+             return note.pitch == doubtful.pitch && note.onset < doubtful.end &&
+                    note.end > doubtful.onset;
+           });
+  });
 }
 
 /// What still sounded at the end of the window before ends when this one says so.
@@ -60,14 +97,22 @@ void WindowedEngine::extendCutNotes(const Analysis& window) {
   for (const std::size_t cut : std::exchange(m_cut, {})) {
     Note& note = m_found.notes[cut];
     const double end = note.end - static_cast<double>(m_begin) / kFramesPerSecond;
-    const auto later = std::ranges::find_if(window.notes, [&](const Note& each) {
-      return each.pitch == note.pitch && each.onset < end && each.end > end;
-    });
+    const auto later = soundingThrough(window.notes, note.pitch, end);
     if (later == window.notes.end()) continue;
     const Frame newEnd = m_begin + frameAt(later->end);
     m_found.curves.extend(cut, window, note.pitch, m_begin, newEnd);
     note.end = static_cast<double>(newEnd) / kFramesPerSecond;
     if (newEnd == m_begin + static_cast<Frame>(window.frames)) m_cut.push_back(cut);
+  }
+}
+
+/// The same for what is doubted, which no blocks are made of.
+void WindowedEngine::extendCutDoubts(const Analysis& window) {
+  for (Note& note : m_found.doubtful) {
+    if (frameAt(note.end) != m_found.frames) continue;
+    const double end = note.end - static_cast<double>(m_begin) / kFramesPerSecond;
+    const auto later = soundingThrough(window.doubtful, note.pitch, end);
+    if (later != window.doubtful.end()) note.end = inRecording(*later).end;
   }
 }
 

@@ -51,11 +51,15 @@ class WindowedEngine {
   static constexpr std::size_t kWindow = 1615 * kBlock;
   static constexpr std::size_t kOverlap = 54 * kBlock;
   static constexpr std::size_t kStride = kWindow - kOverlap;
+  static constexpr auto kOverlapFrames = static_cast<Frame>(kOverlap / kHop);
 
   void begin(std::span<const float> samples);
   void feed(std::span<const float> samples);
   void collect(const Analysis& window);
+  Note inRecording(Note note) const;
+  void dropWhatIsNote();
   void extendCutNotes(const Analysis& window);
+  void extendCutDoubts(const Analysis& window);
   static Frame seamOf(const Analysis& window);
 
   double m_sensitivity;

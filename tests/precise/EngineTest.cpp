@@ -150,6 +150,33 @@ TEST(PreciseEngine, showsWhatItDecidesOn) {
   EXPECT_EQ(counts.probable, pitches(engine.take()));
 }
 
+// What one sensitivity takes for a note, a lower one doubts.
+TEST(PreciseEngine, handsOutWhatItDoubts) {
+  Sound noisy = strummed({{test::notesOf("x02210"), 0.5}, {test::notesOf("133211"), 0.5}});
+  std::mt19937 random(2);
+  std::normal_distribution<float> noise(0, 0.1F);
+  for (float& sample : noisy) sample += noise(random);
+  const Analysis strict = listen(noisy, 0);
+  const Analysis lenient = listen(noisy, 1);
+  ASSERT_LT(strict.notes.size(), lenient.notes.size());
+  EXPECT_TRUE(std::ranges::is_sorted(strict.doubtful, {}, &Note::onset));
+  for (const Note& note : strict.doubtful) {
+    EXPECT_GE(note.probability, 0.05F);
+    EXPECT_LE(note.probability, 0.8F);
+    EXPECT_EQ(note.string, -1);
+  }
+  for (const Note& note : lenient.notes) {
+    const auto isSame = [&](const Note& other) {
+      return other.pitch == note.pitch && other.onset == note.onset && other.end == note.end &&
+             other.probability == note.probability;
+    };
+    EXPECT_EQ(std::ranges::count_if(strict.notes, isSame) +
+                  std::ranges::count_if(strict.doubtful, isSame),
+              1)
+        << note.pitch << " at " << note.onset;
+  }
+}
+
 TEST(PreciseEngine, hearsNothingWhereNothingSounds) {
   std::mt19937 random(1);
   std::uniform_real_distribution<double> dither(-1, 1);

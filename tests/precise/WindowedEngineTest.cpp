@@ -61,6 +61,7 @@ TEST(PreciseWindows, areNoneWhereAllFitsIntoOne) {
   const Analysis expected = heardAtOnce(sound);
   const Findings found = heardInWindows(sound);
   EXPECT_EQ(linesOf(found.notes), linesOf(expected.notes));
+  EXPECT_EQ(linesOf(found.doubtful), linesOf(expected.doubtful));
   EXPECT_EQ(found.frames, static_cast<Frame>(expected.frames));
   const NoteCurves curves(expected, expected.notes);
   for (std::size_t i = 0; i < found.notes.size(); ++i)
@@ -75,13 +76,20 @@ bool isSame(const Note& a, const Note& b) {
 TEST(PreciseWindows, meetWithoutASeam) {
   const Sound sound = repeated(kStrums, 630);
   const std::vector<Note> whole = heardAtOnce(sound).notes;
-  const std::vector<Note> found = heardInWindows(sound).notes;
+  const Findings both = heardInWindows(sound);
+  const std::vector<Note>& found = both.notes;
   EXPECT_TRUE(std::ranges::is_sorted(found, {}, &Note::onset));
   EXPECT_NEAR(static_cast<double>(found.size()), static_cast<double>(whole.size()), 20);
   const auto same = std::ranges::count_if(whole, [&](const Note& note) {
     return std::ranges::count_if(found, [&](const Note& each) { return isSame(each, note); }) == 1;
   });
   EXPECT_GT(same, std::ssize(whole) * 99 / 100) << "of " << whole.size();
+  EXPECT_TRUE(std::ranges::is_sorted(both.doubtful, {}, &Note::onset));
+  for (const Note& doubtful : both.doubtful)
+    for (const Note& note : found)
+      EXPECT_FALSE(note.pitch == doubtful.pitch && note.onset < doubtful.end &&
+                   doubtful.onset < note.end)
+          << note.pitch << " from " << note.onset;
 }
 
 /// It sounds from before the second window begins to after the first one ends.

@@ -29,7 +29,7 @@ class Transcription {
   double progress() const;
   /// Length of the recording at kInputRate, as far as it was read.
   std::size_t samples() const { return m_samples; }
-  /// Complete once `step` has answered false.
+  /// Complete once `step` has answered false. What is doubtful has no strings.
   const precise::Findings& result() const { return m_result; }
 
  private:

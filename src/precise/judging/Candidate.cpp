@@ -18,8 +18,9 @@ void sortByOnset(std::vector<Candidate>& candidates) {
                     [](const Candidate& c) { return std::tuple(c.onset, c.pitch, c.end); });
 }
 
-void keepSixStrongest(std::vector<Candidate>& candidates) {
+std::vector<Candidate> keepSixStrongest(std::vector<Candidate>& candidates) {
   std::vector<Candidate> kept;
+  std::vector<Candidate> removed;
   std::vector<Candidate> sounding;
   auto next = candidates.cbegin();
   for (const Candidate& candidate : candidates) {
@@ -28,9 +29,10 @@ void keepSixStrongest(std::vector<Candidate>& candidates) {
     std::erase_if(sounding, [moment](const Candidate& c) { return c.end <= moment; });
     const auto stronger = std::ranges::count_if(
         sounding, [&candidate](const Candidate& c) { return c.peak > candidate.peak; });
-    if (stronger < kStrings) kept.push_back(candidate);
+    (stronger < kStrings ? kept : removed).push_back(candidate);
   }
   candidates = std::move(kept);
+  return removed;
 }
 
 }  // namespace korvel::precise

@@ -28,7 +28,7 @@ struct Candidate {
 void sortByOnset(std::vector<Candidate>& candidates);
 
 /// Removes every candidate beside which six stronger ones sound, a little after its onset: a guitar
-/// has six strings. Expects and keeps the order of sortByOnset.
-void keepSixStrongest(std::vector<Candidate>& candidates);
+/// has six strings. Expects and keeps the order of sortByOnset. Answers what it removed.
+std::vector<Candidate> keepSixStrongest(std::vector<Candidate>& candidates);
 
 }  // namespace korvel::precise
