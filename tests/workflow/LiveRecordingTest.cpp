@@ -103,7 +103,7 @@ TEST_F(LiveRecordingTest, liveChordsAreStoredAndThenReplacedByTheHeardWhole) {
   EXPECT_EQ(storedBefore, 12);
   EXPECT_TRUE(!progress.empty() && std::ranges::is_sorted(progress) && progress.back() == 1);
   ASSERT_NE(recording.song(), nullptr);
-  EXPECT_TRUE(recording.isPrecise());
+  EXPECT_TRUE(recording.isHeardWhole());
   EXPECT_EQ(songs(), "Live/T ");
   EXPECT_EQ(test::fretsOf(*recording.song()).find("x02210 x02210 x02210 "), 0U)
       << test::fretsOf(*recording.song());
@@ -127,7 +127,7 @@ TEST_F(LiveRecordingTest, classicLeavesTheLiveSongAndAKeptTakeHasSilenceForLostB
   hear(Samples(sound.begin() + 3 * kBlock, sound.end()));
   finish();
   EXPECT_EQ(std::ranges::count(m_heard, ' '), 6) << "1.2 seconds are full";
-  EXPECT_FALSE(recording.isPrecise());
+  EXPECT_FALSE(recording.isHeardWhole());
   EXPECT_EQ(songs(), "Live/T ");
   EXPECT_EQ(recording.song()->chords().size(), 6U);
   EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
@@ -161,7 +161,7 @@ TEST_F(LiveRecordingTest, lostDeviceKeepsWhatWasRecorded) {
   m_microphone.end(true);
   finish();
   EXPECT_EQ(recording.ending(), LiveRecording::Ending::deviceLost);
-  EXPECT_TRUE(recording.isPrecise());
+  EXPECT_TRUE(recording.isHeardWhole());
   EXPECT_EQ(songs(), "Live/T ");
 }
 
@@ -172,7 +172,7 @@ TEST_F(LiveRecordingTest, cancelledHearingLeavesTheLiveSong) {
   recording.stop();
   finish();
   ASSERT_NE(recording.song(), nullptr);
-  EXPECT_FALSE(recording.isPrecise());
+  EXPECT_FALSE(recording.isHeardWhole());
   EXPECT_EQ(test::fretsOf(*recording.song()), m_heard);
   EXPECT_EQ(songs(), "Live/T ");
   EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
@@ -271,7 +271,7 @@ TEST_F(LiveRecordingTest, takeStaysWhereTheProgramDiesOrTheDiskIsFull) {
   EXPECT_EQ(platform::WaveFileReader(takes().back()).read(kept) / kBlock, 2U);
   recording.stop();
   finish();
-  EXPECT_TRUE(recording.isPrecise()) << "what is in memory is enough";
+  EXPECT_TRUE(recording.isHeardWhole()) << "what is in memory is enough";
   EXPECT_NE(recording.takeProblem().value_or(platform::UserText()).english().find("File too large"),
             std::string::npos);
 }

@@ -22,6 +22,7 @@
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/SongInWork.h"
+#include "workflow/takes/TakeHearing.h"
 
 namespace korvel {
 namespace {
@@ -29,7 +30,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr double kWholeStepSeconds = 0.01;
-constexpr int kCheapChordsOfStep = 100;
 
 std::string dateAndTime(const char* format) {
   const std::time_t now = std::time(nullptr);
@@ -49,7 +49,7 @@ LiveRecording::LiveRecording(QBTabMgr& db, Options options)
 LiveRecording::~LiveRecording() {
   const platform::UndoStep part(m_undo);
   if (m_state == State::recording) m_live->end();
-  if (m_state == State::hearing) dropWhole();
+  m_second.reset();
   m_made.reset();
 }
 
@@ -78,15 +78,14 @@ void LiveRecording::make() {
       m_options.keptTake.empty() ? freeTake() : m_options.keptTake, m_options.device);
   m_made = std::make_unique<NewSong>(m_db, m_options.album,
                                      m_options.title.value_or(dateAndTime("%Y-%m-%d %H:%M:%S")));
-  m_tuning = m_options.tuning;
-  if (!m_tuning) m_tuning = m_db.selectedTuning();
-  m_made->song()->setTuning(m_tuning);
+  if (!m_options.tuning) m_options.tuning = m_db.selectedTuning();
+  m_made->song()->setTuning(m_options.tuning);
   m_mark = std::make_unique<SongInWork>(m_made->song(), SongInWork::Filler::recording);
   m_live = m_options.detection->ofLive(m_sound->source(), taskFor(m_made->song()));
 }
 
 HearingTask LiveRecording::taskFor(QBSong* song) const {
-  return {song, m_made->album(), m_tuning, m_db.selectedInstrument(), m_options.settings};
+  return {song, m_made->album(), m_options.tuning, m_db.selectedInstrument(), m_options.settings};
 }
 
 void LiveRecording::every(double seconds, void (LiveRecording::*step)()) {
@@ -115,7 +114,7 @@ QBChord* LiveRecording::nextLiveChord() {
 }
 
 void LiveRecording::tellOf(QBChord* chord) {
-  if (chord && !chord->hold()->isEmpty() && m_onChord) m_onChord(*chord);
+  if (chord && !chord->hold()->isEmpty() && m_listeners.chord) m_listeners.chord(*chord);
 }
 
 /// What still waits when the microphone has been stopped is heard step by step as before. Only a
@@ -147,8 +146,8 @@ bool LiveRecording::hearsTake() const { return m_options.detection->ofSound && e
 
 /// The user may have deleted what is recorded into.
 void LiveRecording::requireSongs() const {
-  const bool kept = !m_made->song()->isDeleted() && !(m_wholeSong && m_wholeSong->isDeleted());
-  if (!kept)
+  const QBSong* second = m_second ? m_second->song() : nullptr;
+  if (m_made->song()->isDeleted() || (second && second->isDeleted()))
     throw platform::UserError(
         platform::phrase("Message", "the song was deleted while it was recorded"));
 }
@@ -164,11 +163,8 @@ void LiveRecording::storeLive() {
 }
 
 void LiveRecording::beginWhole() {
-  QBAlbum* album = m_made->album();
-  m_wholeSong = album->createSong(QBNameMgr(album, m_made->song()->title()).newName());
-  m_wholeSong->setTuning(m_tuning);
-  m_whole = m_options.detection->ofSound(m_sound->take().sound(), taskFor(m_wholeSong));
-  m_whole->begin();
+  m_second = std::make_unique<TakeHearing>(*m_made, m_options.tuning);
+  m_second->begin(m_options.detection->ofSound(m_sound->take().sound(), taskFor(m_second->song())));
   every(kWholeStepSeconds, &LiveRecording::hearWhole);
   enter(State::hearing);
 }
@@ -177,38 +173,15 @@ void LiveRecording::hearWhole() {
   const platform::UndoStep part(m_undo);
   try {
     requireSongs();
-    takeChords();
-    if (m_onProgress) m_onProgress(m_whole->progress());
-    if (m_state != State::hearing || !m_whole->atEnd()) return;
-    if (hasTones(*m_wholeSong)) replaceLive();
+    m_second->step();
+    if (m_listeners.progress) m_listeners.progress(m_second->progress());
+    if (m_state != State::hearing || !m_second->atEnd()) return;
+    m_second->takePlace(*m_made);
+    if (isHeardWhole()) m_db.context().save();
     finishHeard();
   } catch (const std::exception& error) {
     fail(error);
   }
-}
-
-void LiveRecording::takeChords() {
-  const int most = m_whole->hasCheapChords() ? kCheapChordsOfStep : 1;
-  for (int taken = 0; taken < most && m_whole->next(); ++taken) continue;
-}
-
-/// In one saved change, so that the store always has one of the two songs whole. When saving fails,
-/// the exchange is still to be saved.
-void LiveRecording::replaceLive() {
-  m_whole->end();
-  m_wholeSong->setTitle(m_made->song()->title());
-  buildTab(*m_wholeSong);
-  m_made->keep();
-  m_made->album()->deleteSong(m_made->song());
-  m_song = std::exchange(m_wholeSong, nullptr);
-  m_isPrecise = true;
-  m_db.context().save();
-}
-
-void LiveRecording::dropWhole() {
-  m_timer.reset();
-  if (m_whole) m_whole->end();
-  m_made->album()->deleteSong(std::exchange(m_wholeSong, nullptr));
 }
 
 void LiveRecording::cancel() {
@@ -233,6 +206,8 @@ void LiveRecording::fail(const std::exception& error) {
 }
 
 void LiveRecording::finish() {
+  m_timer.reset();
+  if (isHeardWhole()) m_song = m_second->songInPlace();
   if (m_song && m_song->isDeleted()) m_song = nullptr;
   dropScratch();
   m_takeStays = !m_options.keptTake.empty() || m_problem || m_isLeft || (!m_song && !m_isHeard);
@@ -255,7 +230,7 @@ void LiveRecording::markWhole() {
 /// What is left of the recording's changes is one action that can be undone.
 void LiveRecording::dropScratch() {
   const platform::UndoStep part(std::exchange(m_undo, nullptr));
-  dropWhole();
+  if (!isHeardWhole()) m_second.reset();
   m_mark.reset();
   m_made.reset();
   if (!m_isLeft && !m_problem) markWhole();
@@ -263,8 +238,10 @@ void LiveRecording::dropScratch() {
 
 void LiveRecording::enter(State state) {
   m_state = state;
-  if (m_onState) m_onState(state);
+  if (m_listeners.state) m_listeners.state(state);
 }
+
+bool LiveRecording::isHeardWhole() const { return m_second && m_second->songInPlace(); }
 
 double LiveRecording::elapsed() const { return m_sound ? m_sound->take().seconds() : 0; }
 

@@ -30,6 +30,7 @@ class QBTabMgr;
 class QBTuning;
 struct HearingTask;
 class SongInWork;
+class TakeHearing;
 
 /// Records a guitar into a new song. Chords appear while it is played, as the detection hears live
 /// sound; at the end they are stored. Then, when it hears takes in another way than that, it hears
@@ -88,7 +89,7 @@ class LiveRecording {
   /// Once it is over: the stored song, none when nothing was heard or nothing could be stored.
   QBSong* song() const { return m_song; }
   /// The song's chords are those that were heard in the whole take.
-  bool isPrecise() const { return m_isPrecise; }
+  bool isHeardWhole() const;
   /// What went wrong after the start, if anything did, such as that the song was deleted by
   /// somebody else; a song may not be saved then.
   const std::optional<platform::UserText>& problem() const { return m_problem; }
@@ -98,10 +99,12 @@ class LiveRecording {
   std::optional<std::filesystem::path> takeLeft() const;
 
   /// Called with each chord that is heard live and has tones.
-  void onChord(std::function<void(QBChord&)> listener) { m_onChord = std::move(listener); }
+  void onChord(std::function<void(QBChord&)> listener) { m_listeners.chord = std::move(listener); }
   /// Called with the share of the whole take that was heard, 0..1.
-  void onProgress(std::function<void(double)> listener) { m_onProgress = std::move(listener); }
-  void onState(std::function<void(State)> listener) { m_onState = std::move(listener); }
+  void onProgress(std::function<void(double)> listener) {
+    m_listeners.progress = std::move(listener);
+  }
+  void onState(std::function<void(State)> listener) { m_listeners.state = std::move(listener); }
 
   /// A file for a take, named by date and time, that is not there yet.
   static std::filesystem::path freeTake();
@@ -109,6 +112,12 @@ class LiveRecording {
   static std::vector<std::filesystem::path> takesLeftBehind();
 
  private:
+  struct Listeners {
+    std::function<void(QBChord&)> chord;
+    std::function<void(double)> progress;
+    std::function<void(State)> state;
+  };
+
   void make();
   HearingTask taskFor(QBSong* song) const;
   void every(double seconds, void (LiveRecording::*step)());
@@ -123,9 +132,6 @@ class LiveRecording {
   void markWhole();
   void beginWhole();
   void hearWhole();
-  void takeChords();
-  void replaceLive();
-  void dropWhole();
   void dropScratch();
   void finishHeard();
   void fail(const std::exception& error);
@@ -133,28 +139,23 @@ class LiveRecording {
   void enter(State state);
 
   QBTabMgr& m_db;
-  const Options m_options;
+  Options m_options;  ///< From start on with the tuning that is heard in.
   State m_state = State::ready;
   Ending m_ending = Ending::asked;
   std::shared_ptr<platform::UndoGroup> m_undo;  ///< From start to end.
   std::unique_ptr<NewSong> m_made;
   std::unique_ptr<SongInWork> m_mark;  ///< On the song made; it may go in the end.
-  platform::Ref<QBTuning> m_tuning;
   std::unique_ptr<MicrophoneTake> m_sound;
   std::unique_ptr<Hearing> m_live;
-  platform::Ref<QBSong> m_wholeSong;  ///< Until it takes the live song's place.
-  std::unique_ptr<Hearing> m_whole;   ///< Of the take.
+  std::unique_ptr<TakeHearing> m_second;  ///< When the take is heard once more.
   std::unique_ptr<platform::RunLoop::Timer> m_timer;
 
   platform::Ref<QBSong> m_song;
-  bool m_isPrecise = false;
   bool m_isHeard = false;  ///< The take was heard to its end.
   bool m_takeStays = true;
   bool m_isLeft = false;  ///< The program ended before the take was heard.
   std::optional<platform::UserText> m_problem;
-  std::function<void(QBChord&)> m_onChord;
-  std::function<void(double)> m_onProgress;
-  std::function<void(State)> m_onState;
+  Listeners m_listeners;
 };
 
 }  // namespace korvel
