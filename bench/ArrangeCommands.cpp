@@ -57,7 +57,7 @@ class Desk final : public SavePanel, public OutputView {
   std::optional<std::string> chooseFile(const std::string& name) override {
     return std::filesystem::path(QBTabMgr::storePath()).replace_filename(name).string();
   }
-  void addLogText(std::string_view) override { m_lastLogged = processorTime(); }
+  void addLogText(const platform::UserText&) override { m_lastLogged = processorTime(); }
   double lastLogged() const { return m_lastLogged; }
 
  private:

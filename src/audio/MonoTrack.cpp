@@ -9,7 +9,9 @@
 namespace korvel {
 namespace {
 
-void tell(std::string_view problem) { SessionServices::current().addToLog(problem); }
+using platform::phrase;
+
+void tell(const platform::Phrase& problem) { SessionServices::current().addToLog(problem); }
 
 }  // namespace
 
@@ -21,7 +23,7 @@ void MonoTrack::startRecord(float) {
   m_progress = 0;
   const platform::MediaAsset asset(m_file);
   if (!asset.hasTrackList())
-    tell("no asset tracks found");
+    tell(phrase("Log", "no asset tracks found"));
   else if (const auto* sound = asset.firstSound())
     createReader(asset, *sound);
   m_reading = m_reader && m_reader->isReading();
@@ -30,9 +32,9 @@ void MonoTrack::startRecord(float) {
 void MonoTrack::createReader(const platform::MediaAsset& asset, const platform::MediaTrack& sound) {
   try {
     m_reader.emplace(asset, sound);
-    if (!m_reader->start()) tell("could not start reading asset");
+    if (!m_reader->start()) tell(phrase("Log", "could not start reading asset"));
   } catch (const platform::MediaError&) {
-    tell("could not create asset reader");
+    tell(phrase("Log", "could not create asset reader"));
   }
 }
 

@@ -11,7 +11,9 @@
 namespace korvel {
 namespace {
 
-void log(std::string_view text) { SessionServices::current().addToLog(text); }
+using platform::phrase;
+
+void log(const platform::Phrase& text) { SessionServices::current().addToLog(text); }
 
 }  // namespace
 
@@ -30,7 +32,7 @@ bool QBMediaTrack::open() {
   if (!m_url) return false;
   m_asset.emplace(*m_url);
   if (!m_asset->hasTrackList()) {
-    log("no asset tracks found");
+    log(phrase("Log", "no asset tracks found"));
     return false;
   }
   if (const platform::MediaTrack* sound = m_asset->firstSound()) {
@@ -43,9 +45,9 @@ bool QBMediaTrack::open() {
 void QBMediaTrack::createReader() {
   try {
     m_reader.emplace(*m_asset, *m_track);
-    if (!m_reader->start()) log("could not start reading asset");
+    if (!m_reader->start()) log(phrase("Log", "could not start reading asset"));
   } catch (const platform::MediaError&) {
-    log("could not create asset reader");
+    log(phrase("Log", "could not create asset reader"));
   }
 }
 

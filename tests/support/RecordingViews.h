@@ -23,7 +23,7 @@ class RecordingViews final : public OutputView, public TabView, public NodeMenu,
   RecordingViews& operator=(const RecordingViews&) = delete;
   ~RecordingViews() override { QBSession::session().attach({}); }
 
-  void addLogText(std::string_view text) override { log.emplace_back(text); }
+  void addLogText(const platform::UserText& text) override { log.push_back(text.english()); }
   void drawContent(const std::string& text) override { content = text; }
   void enable(bool enabled) override { albumMenuEnabled = enabled; }
   void show(const std::string& text) override { alert = text; }

@@ -41,6 +41,7 @@
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/TuningEdits.h"
+#include "workflow/session/QBSession.h"
 #include "workflow/session/SelfCheck.h"
 #include "workflow/session/StoreSeeding.h"
 
@@ -234,6 +235,19 @@ TEST_F(GermanWordsTest, tellResultsAndTitles) {
   const auto job =
       std::make_shared<RenderSongCommand>(nullptr, RenderedPart::song, "A.wav", nullptr);
   EXPECT_EQ(translated(job->fullTitle()), "WAV-Export: A.wav");
+}
+
+TEST_F(GermanWordsTest, logWhatIsDone) {
+  const MainWindow window(m_alert);
+  newAlbum("A");
+  QBSession::session().undo();
+  EXPECT_TRUE(window.log().endsWith("Album angelegt.\nRückgängig gemacht: Neues Album"))
+      << window.log().toStdString();
+  for (const SongMenuSection& section : songMenu())
+    for (const SongCommand& command : section.items)
+      EXPECT_TRUE(command.message.empty() ||
+                  translated(command.message) != toText(command.message.english))
+          << command.message.english;
 }
 
 /// A desktop names all languages that its user understands, the best one first.

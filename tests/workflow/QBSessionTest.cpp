@@ -17,7 +17,7 @@ namespace {
 TEST(QBSession, errorsAreLoggedAsTheLogShowsThem) {
   test::RecordingViews views;
   QBSession::session().handleError("X", "lost in the text");
-  QBSession::session().logError("bare");
+  QBSession::session().logError(platform::UserText::verbatim("bare"));
   EXPECT_EQ(views.log, (std::vector<std::string>{"X", "X", "X", "X", "bare"}));
 }
 

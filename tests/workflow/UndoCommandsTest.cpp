@@ -225,8 +225,8 @@ struct Auditor final : OutputView {
   Auditor(const Auditor&) = delete;
   Auditor& operator=(const Auditor&) = delete;
   ~Auditor() override { QBSession::session().attach({}); }
-  void addLogText(std::string_view text) override {
-    if (context().hasChanges()) unsaved.emplace_back(text);
+  void addLogText(const platform::UserText& text) override {
+    if (context().hasChanges()) unsaved.push_back(text.english());
   }
   std::vector<std::string> unsaved;
 };

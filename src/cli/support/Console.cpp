@@ -83,7 +83,9 @@ Console& Console::attached() {
   return *console;
 }
 
-void Console::addLogText(std::string_view text) {
+void Console::addLogText(const platform::UserText& text) { note(text.english()); }
+
+void Console::note(std::string_view text) {
   clearProgress();
   std::cerr << visible(text, kOfLines) << std::endl;
 }

@@ -15,12 +15,14 @@ class Console final : public OutputView, public SavePanel, public FatalAlert {
  public:
   static Console& attached();
 
-  void addLogText(std::string_view text) override;
+  void addLogText(const platform::UserText& text) override;
   /// The proposed name in the current folder; throws CliError when there is such a file already.
   std::optional<std::string> chooseFile(const std::string& proposedName) override;
   void show(const std::string& text) override;
   int exitStatus() const override;
 
+  /// A log line of the tool's own, which speaks English.
+  void note(std::string_view text);
   /// share: 0..1, where 1 takes the bar away. Draws nothing unless stderr is a terminal.
   void progress(double share);
   /// Something that changes: rewritten on a line of stderr when that is a terminal, else a line for

@@ -8,8 +8,8 @@ namespace {
 
 class PlainServices final : public SessionServices {
  public:
-  void addToLog(std::string_view text) override { std::cerr << text << '\n'; }
-  void logError(std::string_view text) override { std::cerr << text << '\n'; }
+  void addToLog(const platform::UserText& text) override { std::cerr << text.english() << '\n'; }
+  void logError(const platform::UserText& text) override { addToLog(text); }
 };
 
 SessionServices*& installed() {

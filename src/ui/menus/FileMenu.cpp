@@ -97,7 +97,7 @@ void FileMenu::exportPdf() {
 void FileMenu::writePdf(QBSong& song, const QString& file) {
   try {
     savePdf(song, m_tablature.tabFont(), file.toStdString());
-    QBSession::session().addToLog(file.toStdString());
+    QBSession::session().addToLog(platform::UserText::verbatim(file.toStdString()));
   } catch (const platform::FileError& problem) {
     emit refused(translated(problem));
   }

@@ -75,6 +75,185 @@
     </message>
 </context>
 <context>
+    <name>Log</name>
+    <message>
+        <source>no asset tracks found</source>
+        <translation>Keine Tonspuren gefunden</translation>
+    </message>
+    <message>
+        <source>could not start reading asset</source>
+        <translation>Das Lesen der Datei ließ sich nicht beginnen</translation>
+    </message>
+    <message>
+        <source>could not create asset reader</source>
+        <translation>Die Datei ließ sich nicht zum Lesen öffnen</translation>
+    </message>
+    <message>
+        <source>%1: %2 songs exported.</source>
+        <translation>%1: %2 Songs exportiert.</translation>
+    </message>
+    <message>
+        <source>%1: cancelled, nothing was written.</source>
+        <translation>%1: abgebrochen, nichts wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>Calibration: %1 notes were heard.</source>
+        <translation>Einmessen: %1 Töne gehört.</translation>
+    </message>
+    <message>
+        <source>Calibration cancelled.</source>
+        <translation>Einmessen abgebrochen.</translation>
+    </message>
+    <message>
+        <source>(1/3) importing file .....</source>
+        <translation>(1/3) Datei wird importiert .....</translation>
+    </message>
+    <message>
+        <source>(2/3) scanning chords .....</source>
+        <translation>(2/3) Akkorde werden gesucht .....</translation>
+    </message>
+    <message>
+        <source>.. scanning chords.</source>
+        <translation>.. Akkorde werden gesucht.</translation>
+    </message>
+    <message>
+        <source>Import paused, its song was deleted; undo that to go on.</source>
+        <translation>Der Import ruht, denn sein Song wurde gelöscht; mach das rückgängig, damit er weitergeht.</translation>
+    </message>
+    <message>
+        <source>Import goes on.</source>
+        <translation>Der Import geht weiter.</translation>
+    </message>
+    <message>
+        <source>Song successfully imported.</source>
+        <translation>Song erfolgreich importiert.</translation>
+    </message>
+    <message>
+        <source>(3/3) building tabulature .....</source>
+        <translation>(3/3) Tabulatur wird gezeichnet .....</translation>
+    </message>
+    <message>
+        <source>Import cancelled, nothing was kept.</source>
+        <translation>Import abgebrochen, nichts wurde behalten.</translation>
+    </message>
+    <message>
+        <source>Song taken as whole.</source>
+        <translation>Song als vollständig genommen.</translation>
+    </message>
+    <message>
+        <source>The file has no overtones of string %1; tones there count unconfirmed.</source>
+        <translation>Die Datei hat keine Obertöne von Saite %1; Töne darauf zählen unbestätigt.</translation>
+    </message>
+    <message>
+        <source>Album created.</source>
+        <translation>Album angelegt.</translation>
+    </message>
+    <message>
+        <source>Album renamed.</source>
+        <translation>Album umbenannt.</translation>
+    </message>
+    <message>
+        <source>Album was successfully cloned.</source>
+        <translation>Album erfolgreich dupliziert.</translation>
+    </message>
+    <message>
+        <source>Album was successfully deleted.</source>
+        <translation>Album erfolgreich gelöscht.</translation>
+    </message>
+    <message>
+        <source>Song renamed.</source>
+        <translation>Song umbenannt.</translation>
+    </message>
+    <message>
+        <source>Song moved.</source>
+        <translation>Song verschoben.</translation>
+    </message>
+    <message>
+        <source>Instrument selected.</source>
+        <translation>Instrument gewählt.</translation>
+    </message>
+    <message>
+        <source>Instrument imported.</source>
+        <translation>Instrument importiert.</translation>
+    </message>
+    <message>
+        <source>Instrument calibrated.</source>
+        <translation>Instrument eingemessen.</translation>
+    </message>
+    <message>
+        <source>Instrument renamed.</source>
+        <translation>Instrument umbenannt.</translation>
+    </message>
+    <message>
+        <source>Instrument was successfully deleted.</source>
+        <translation>Instrument erfolgreich gelöscht.</translation>
+    </message>
+    <message>
+        <source>Working directory chosen.</source>
+        <translation>Arbeitsordner gewählt.</translation>
+    </message>
+    <message>
+        <source>Song was successfully deleted.</source>
+        <translation>Song erfolgreich gelöscht.</translation>
+    </message>
+    <message>
+        <source>Applying filter chain.</source>
+        <translation>Die Filter werden der Reihe nach angewandt.</translation>
+    </message>
+    <message>
+        <source>Leading Six Voices extracted.</source>
+        <translation>Führende sechs Stimmen herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Left Hand optimized.</source>
+        <translation>Für die linke Hand vereinfacht.</translation>
+    </message>
+    <message>
+        <source>Right Hand optimized.</source>
+        <translation>Für die rechte Hand vereinfacht.</translation>
+    </message>
+    <message>
+        <source>Song was successfully cloned.</source>
+        <translation>Song erfolgreich dupliziert.</translation>
+    </message>
+    <message>
+        <source>Tuning selected.</source>
+        <translation>Stimmung gewählt.</translation>
+    </message>
+    <message>
+        <source>Tuning renamed.</source>
+        <translation>Stimmung umbenannt.</translation>
+    </message>
+    <message>
+        <source>Tuning created.</source>
+        <translation>Stimmung angelegt.</translation>
+    </message>
+    <message>
+        <source>Tuning changed.</source>
+        <translation>Stimmung geändert.</translation>
+    </message>
+    <message>
+        <source>Tuning was successfully deleted.</source>
+        <translation>Stimmung erfolgreich gelöscht.</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>Rückgängig gemacht: %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>Wiederholt: %1</translation>
+    </message>
+    <message>
+        <source>There is currently no Song selected.</source>
+        <translation>Zurzeit ist kein Song ausgewählt.</translation>
+    </message>
+    <message>
+        <source>The resource %1 is missing; install Korvel again.</source>
+        <translation>Die Datei %1 des Programms fehlt; installiere Korvel neu.</translation>
+    </message>
+</context>
+<context>
     <name>Message</name>
     <message>
         <source>the program&apos;s own store is missing</source>
@@ -870,6 +1049,273 @@
     <message>
         <source>Takes the song out of its album; Undo in the menu Edit brings it back</source>
         <translation>Nimmt den Song aus seinem Album; Rückgängig im Menü Bearbeiten bringt ihn zurück</translation>
+    </message>
+</context>
+<context>
+    <name>SongLog</name>
+    <message>
+        <source>Voicings extracted.</source>
+        <translation>Voicings herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Song optimized for left hand.</source>
+        <translation>Song für die linke Hand vereinfacht.</translation>
+    </message>
+    <message>
+        <source>Song optimized for right hand.</source>
+        <translation>Song für die rechte Hand vereinfacht.</translation>
+    </message>
+    <message>
+        <source>Voices pushed down.</source>
+        <translation>Stimmen auf tiefere Saiten geschoben.</translation>
+    </message>
+    <message>
+        <source>Chords cleaned.</source>
+        <translation>Akkorde bereinigt.</translation>
+    </message>
+    <message>
+        <source>Best fingering found.</source>
+        <translation>Bester Fingersatz gefunden.</translation>
+    </message>
+    <message>
+        <source>Song trimmed.</source>
+        <translation>Song auf Spielbares beschränkt.</translation>
+    </message>
+    <message>
+        <source>Plectrum Lead line extracted.</source>
+        <translation>Erste Plektrumstimme herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Plectrum Second line extracted.</source>
+        <translation>Zweite Plektrumstimme herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Plectrum Third line extracted.</source>
+        <translation>Dritte Plektrumstimme herausgelöst.</translation>
+    </message>
+    <message>
+        <source>3/4 Metric added.</source>
+        <translation>In 3/4-Takte gelegt.</translation>
+    </message>
+    <message>
+        <source>4/4 Metric added</source>
+        <translation>In 4/4-Takte gelegt</translation>
+    </message>
+    <message>
+        <source>6/8 Metric added.</source>
+        <translation>In 6/8-Takte gelegt.</translation>
+    </message>
+    <message>
+        <source>12/8 Metric added.</source>
+        <translation>In 12/8-Takte gelegt.</translation>
+    </message>
+    <message>
+        <source>Leading three voices extracted.</source>
+        <translation>Führende drei Stimmen herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Leading voices extracted.</source>
+        <translation>Führende vier Stimmen herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Leading Five voices extracted.</source>
+        <translation>Führende fünf Stimmen herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Leading Six voices extracted.</source>
+        <translation>Führende sechs Stimmen herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Melody and Brass extracted.</source>
+        <translation>Melodie und Bass herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Melody extracted.</source>
+        <translation>Melodie herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Bass extracted.</source>
+        <translation>Bass herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Second voice extracted.</source>
+        <translation>Zweite Stimme herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Third voice extracted.</source>
+        <translation>Dritte Stimme herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Fourth voice extracted.</source>
+        <translation>Vierte Stimme herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Fifth voice extracted.</source>
+        <translation>Fünfte Stimme herausgelöst.</translation>
+    </message>
+    <message>
+        <source>Apply loudest two tones.</source>
+        <translation>Auf die zwei lautesten Töne beschränkt.</translation>
+    </message>
+    <message>
+        <source>Apply loudest three tones.</source>
+        <translation>Auf die drei lautesten Töne beschränkt.</translation>
+    </message>
+    <message>
+        <source>Apply loudest four tones.</source>
+        <translation>Auf die vier lautesten Töne beschränkt.</translation>
+    </message>
+    <message>
+        <source>Apply loudest five tones.</source>
+        <translation>Auf die fünf lautesten Töne beschränkt.</translation>
+    </message>
+    <message>
+        <source>Apply loudest six tones.</source>
+        <translation>Auf die sechs lautesten Töne beschränkt.</translation>
+    </message>
+    <message>
+        <source>Non-Chord Tones removed.</source>
+        <translation>Akkordfremde Töne entfernt.</translation>
+    </message>
+    <message>
+        <source>4th chord option removed.</source>
+        <translation>Septimen und Sexten entfernt.</translation>
+    </message>
+    <message>
+        <source>5th chord option removed.</source>
+        <translation>Nonen entfernt.</translation>
+    </message>
+    <message>
+        <source>6th chord option removed.</source>
+        <translation>Undezimen entfernt.</translation>
+    </message>
+    <message>
+        <source>Chord options from 4th removed.</source>
+        <translation>Optionstöne ab der Septime entfernt.</translation>
+    </message>
+    <message>
+        <source>Chord options from 5th removed.</source>
+        <translation>Optionstöne ab der None entfernt.</translation>
+    </message>
+    <message>
+        <source>Chord options from 6th removed.</source>
+        <translation>Optionstöne ab der Undezime entfernt.</translation>
+    </message>
+    <message>
+        <source>Melody and Brass removed.</source>
+        <translation>Melodie und Bass entfernt.</translation>
+    </message>
+    <message>
+        <source>Melody removed.</source>
+        <translation>Melodie entfernt.</translation>
+    </message>
+    <message>
+        <source>Brass removed.</source>
+        <translation>Bass entfernt.</translation>
+    </message>
+    <message>
+        <source>2nd voice removed.</source>
+        <translation>2. Stimme entfernt.</translation>
+    </message>
+    <message>
+        <source>3rd voice removed.</source>
+        <translation>3. Stimme entfernt.</translation>
+    </message>
+    <message>
+        <source>4th voice removed.</source>
+        <translation>4. Stimme entfernt.</translation>
+    </message>
+    <message>
+        <source>5th voice removed.</source>
+        <translation>5. Stimme entfernt.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by one half tone.</source>
+        <translation>Song um einen Halbton nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by one tone.</source>
+        <translation>Song um einen Ganzton nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a minor terz.</source>
+        <translation>Song um eine kleine Terz nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a major terz.</source>
+        <translation>Song um eine große Terz nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a quart.</source>
+        <translation>Song um eine Quarte nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a tritonus.</source>
+        <translation>Song um einen Tritonus nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a quinta.</source>
+        <translation>Song um eine Quinte nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a minor six.</source>
+        <translation>Song um eine kleine Sexte nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a six.</source>
+        <translation>Song um eine große Sexte nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a minor sept.</source>
+        <translation>Song um eine kleine Septime nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed up by a major sept.</source>
+        <translation>Song um eine große Septime nach oben transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by one half tone.</source>
+        <translation>Song um einen Halbton nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by one tone.</source>
+        <translation>Song um einen Ganzton nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a minor terz.</source>
+        <translation>Song um eine kleine Terz nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a major terz.</source>
+        <translation>Song um eine große Terz nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a quart.</source>
+        <translation>Song um eine Quarte nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a tritonus.</source>
+        <translation>Song um einen Tritonus nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a quinta.</source>
+        <translation>Song um eine Quinte nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a minor six.</source>
+        <translation>Song um eine kleine Sexte nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a six.</source>
+        <translation>Song um eine große Sexte nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a minor sept.</source>
+        <translation>Song um eine kleine Septime nach unten transponiert.</translation>
+    </message>
+    <message>
+        <source>Song transposed down by a major sept.</source>
+        <translation>Song um eine große Septime nach unten transponiert.</translation>
     </message>
 </context>
 <context>

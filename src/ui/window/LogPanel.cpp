@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/window/LogPanel.h"
 
-#include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
 
 namespace korvel::ui {
 namespace {
@@ -18,6 +18,6 @@ LogPanel::LogPanel(QWidget* parent) : QPlainTextEdit(parent) {
   setPlaceholderText(tr("What is done is noted here."));
 }
 
-void LogPanel::addLogText(std::string_view text) { appendPlainText(toText(text)); }
+void LogPanel::addLogText(const platform::UserText& text) { appendPlainText(translated(text)); }
 
 }  // namespace korvel::ui

@@ -14,7 +14,7 @@ class LogPanel final : public QPlainTextEdit, public OutputView {
  public:
   explicit LogPanel(QWidget* parent = nullptr);
 
-  void addLogText(std::string_view text) override;
+  void addLogText(const platform::UserText& text) override;
 };
 
 }  // namespace korvel::ui

@@ -15,6 +15,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "platform/text/UserError.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
@@ -255,7 +256,7 @@ bool MainWindow::isBusy() const {
 void MainWindow::greet() {
   auto* greeting = new Greeting(*m_centre, this);
   connect(greeting, &Greeting::told, this,
-          [this](const QString& line) { m_log->addLogText(line.toStdString()); });
+          [this](const QString& line) { m_log->appendPlainText(line); });
   connect(greeting, &Greeting::importWanted, this, &MainWindow::importFiles);
   connect(greeting, &Greeting::goOnWanted, m_actions, &LibraryActions::goOn);
   connect(greeting, &Greeting::refused, this, &MainWindow::say);
@@ -354,7 +355,7 @@ void MainWindow::say(const QString& text) { statusBar()->showMessage(text, kSayM
 
 void MainWindow::tell(const std::exception& problem) {
   say(translated(problem));
-  m_log->addLogText(problem.what());
+  m_log->addLogText(platform::textOf(problem));
 }
 
 QString MainWindow::statusMessage() const { return statusBar()->currentMessage(); }

@@ -40,7 +40,7 @@ struct SongCommand {
   platform::Phrase hint;     ///< What comes out, in a guitarist's words.
   std::string_view action;   ///< Its name in the application's song menu.
   std::string_view command;  ///< Its name as a command of the song's node.
-  std::string_view message;  ///< Logged once the derived song is there.
+  platform::Phrase message;  ///< Logged once the derived song is there.
   /// Said behind the source's title in that of the derived song, which is made free; empty for a
   /// song that finds its title itself.
   std::string_view tag;

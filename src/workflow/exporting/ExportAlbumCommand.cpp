@@ -45,7 +45,7 @@ bool ExportAlbumCommand::step() {
 void ExportAlbumCommand::tearDown() {
   release();
   m_percent = kAll;
-  printOut(place().string() + ": " + std::to_string(m_written.size()) + " songs exported.");
+  printOut({platform::phrase("Log", "%1: %2 songs exported."), place().string(), m_written.size()});
 }
 
 void ExportAlbumCommand::removeWritten() {

@@ -53,7 +53,8 @@ void ExportFolder::write(const std::string& title, std::string_view text) {
 
 void ExportFolder::keep() {
   m_kept = true;
-  for (const auto& file : m_files) QBSession::session().addToLog(file.string());
+  for (const auto& file : m_files)
+    QBSession::session().addToLog(platform::UserText::verbatim(file.string()));
 }
 
 }  // namespace korvel

@@ -55,7 +55,7 @@ bool RenderSongCommand::step() {
 void RenderSongCommand::tearDown() {
   m_writer->finish();
   m_percent = kAll;
-  printOut(place().string());
+  printOut(platform::UserText::verbatim(place().string()));
   release();
 }
 

@@ -62,7 +62,7 @@ std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>
 void exportSong(QBSong& song, SongFormat format, const fs::path& file,
                 const std::optional<Meter>& meter) {
   platform::writeAtomically(file, songFile(song, format, meter));
-  QBSession::session().addToLog(file.string());
+  QBSession::session().addToLog(platform::UserText::verbatim(file.string()));
 }
 
 }  // namespace korvel

@@ -24,7 +24,7 @@ void WritingCommand::nextStep() {
   } catch (const platform::FileError& problem) {
     abandonSteps();
     release();
-    printOut(problem.what());
+    printOut(problem.text());
   }
 }
 
@@ -32,7 +32,7 @@ void WritingCommand::cancelAndDrop() {
   abandonSteps();
   release();
   removeWritten();
-  printOut(m_place.string() + ": cancelled, nothing was written.");
+  printOut({platform::phrase("Log", "%1: cancelled, nothing was written."), m_place.string()});
 }
 
 }  // namespace korvel

@@ -142,7 +142,7 @@ void CalibrateCommand::count(const HeardStretch& heard) {
 void CalibrateCommand::tearDown() {
   release();
   m_percent = kAll;
-  printOut("Calibration: " + std::to_string(m_notes.size()) + " notes were heard.");
+  printOut({platform::phrase("Log", "Calibration: %1 notes were heard."), m_notes.size()});
   if (m_finished) m_finished();
 }
 
@@ -152,7 +152,7 @@ void CalibrateCommand::cancelAndDrop() {
   abandonSteps();
   release();
   m_notes.clear();
-  printOut("Calibration cancelled.");
+  printOut(platform::phrase("Log", "Calibration cancelled."));
 }
 
 void CalibrateCommand::release() {

@@ -26,6 +26,8 @@
 namespace korvel {
 namespace {
 
+using platform::phrase;
+
 /// Saving all chords of a long recording at once would keep the user waiting.
 constexpr std::size_t kChordsOfSave = 100;
 /// Share of the end's work after which the song is saved, in a step of its own.
@@ -52,7 +54,7 @@ bool drawMore(platform::Slices& building) {
 QBCmdImportSong::QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string file,
                                  QBSong* newSong)
     : QBCmdAlbum(std::move(album)), m_file(std::move(file)), m_newSong(newSong) {
-  m_type = platform::phrase("Job", "Song Import");
+  m_type = phrase("Job", "Song Import");
 }
 
 QBCmdImportSong::~QBCmdImportSong() = default;
@@ -71,14 +73,14 @@ void QBCmdImportSong::joinUndo(std::shared_ptr<platform::UndoGroup> group) {
 
 void QBCmdImportSong::prepare() {
   if (!m_undo && !m_replaced)
-    joinUndo(std::make_shared<platform::UndoGroup>(
-        QBTabMgr::db().context().undoManager(), platform::phrase("UndoAction", "Import WAV File")));
+    joinUndo(std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
+                                                   phrase("UndoAction", "Import WAV File")));
   begin();
 }
 
 void QBCmdImportSong::begin() {
   const platform::UndoStep part(m_undo);
-  printOut("(1/3) importing file .....");
+  printOut(phrase("Log", "(1/3) importing file ....."));
   m_hearing = hearing();
   m_hearing->begin();
   m_newSong->setUnheard(std::filesystem::absolute(m_file).string());
@@ -86,7 +88,7 @@ void QBCmdImportSong::begin() {
     if (song) m_marks.push_back(std::make_unique<SongInWork>(song, SongInWork::Filler::job));
   // What a killed program leaves in no album goes when the store is opened next.
   if (m_saving) m_hearing->scratch()->setAlbum(nullptr);
-  printOut("(2/3) scanning chords .....");
+  printOut(phrase("Log", "(2/3) scanning chords ....."));
 }
 
 std::unique_ptr<Hearing> QBCmdImportSong::hearing() const {
@@ -103,7 +105,7 @@ bool QBCmdImportSong::usesAsScratch(const QBSong& song) const {
 
 void QBCmdImportSong::execute() {
   const platform::UndoStep part(m_undo);
-  printOut(".. scanning chords.");
+  printOut(phrase("Log", ".. scanning chords."));
   while (true) {
     m_hearing->wait();
     m_hearing->readAhead();
@@ -162,7 +164,7 @@ bool QBCmdImportSong::finishSome() {
 /// What is heard of a song that comes back would be half of it, if the import ended here.
 void QBCmdImportSong::rest() {
   abandonSteps();
-  printOut("Import paused, its song was deleted; undo that to go on.");
+  printOut(phrase("Log", "Import paused, its song was deleted; undo that to go on."));
 }
 
 bool QBCmdImportSong::isSongGone() const {
@@ -175,7 +177,7 @@ bool QBCmdImportSong::isPaused() const {
 
 void QBCmdImportSong::storeRenewed() {
   if (!isPaused() || isSongGone()) return;
-  printOut("Import goes on.");
+  printOut(phrase("Log", "Import goes on."));
   beginSteps();
 }
 
@@ -209,9 +211,9 @@ bool QBCmdImportSong::saved() {
 
 void QBCmdImportSong::tellOf(const platform::StoreError& error) {
   const platform::UserText text(
-      platform::phrase("Message", "%1. The import goes on, and is stored as soon as that works."),
+      phrase("Message", "%1. The import goes on, and is stored as soon as that works."),
       error.text());
-  printOut(text.english());
+  printOut(text);
   if (m_onTrouble) m_onTrouble(text);
 }
 
@@ -229,7 +231,7 @@ void QBCmdImportSong::tearDown() {
   m_percent = kAll;
   if (m_saving && !m_cutShort) removeIfTake(m_file);
   if (m_cutShort) QBSession::session().refreshTree();  // which marks the song
-  printOut("Song successfully imported.");
+  printOut(phrase("Log", "Song successfully imported."));
   if (m_finished) m_finished();
 }
 
@@ -243,7 +245,7 @@ void QBCmdImportSong::finishNow() {
 platform::Slices QBCmdImportSong::finish() {
   m_hearing->end();
   if (!m_cutShort) m_newSong->clearUnheard();
-  printOut("(3/3) building tabulature .....");
+  printOut(phrase("Log", "(3/3) building tabulature ....."));
   m_newSong->clearTabulature();
   platform::Slices building = buildingTab(*m_newSong);
   // A user who edits the song between two steps has it drawn, and then this drawing is outdated.
@@ -287,7 +289,7 @@ void QBCmdImportSong::cancelAndDrop() {
   dropSong();
   QBSession::session().refreshTree();
   if (m_saving) QBTabMgr::db().save();
-  printOut("Import cancelled, nothing was kept.");
+  printOut(phrase("Log", "Import cancelled, nothing was kept."));
 }
 
 void QBCmdImportSong::abandon() {

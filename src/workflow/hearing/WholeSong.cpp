@@ -65,7 +65,7 @@ void takeAsWhole(QBSong& song) {
   Edit edit(song, platform::phrase("UndoAction", "Take As Whole"));
   song.clearUnheard();
   edit.redraw();
-  edit.done("Song taken as whole.");
+  edit.done(platform::phrase("Log", "Song taken as whole."));
 }
 
 bool canHearAgain(const QBSong& song) {

@@ -59,8 +59,10 @@ void warnOfMissing(QBSession& session, QBInstrument& instrument) {
     if (instrument.findSpectrumByString(string)->overtones().empty())
       missing += (missing.empty() ? "" : ", ") + std::to_string(kStrings - string);
   if (!missing.empty())
-    session.addToLog("The file has no overtones of string " + missing +
-                     "; tones there count unconfirmed.");
+    session.addToLog({phrase("Log",
+                             "The file has no overtones of string %1; tones there count "
+                             "unconfirmed."),
+                      missing});
 }
 
 void leave(QBSession& session, const QBAlbum& album) {
@@ -76,7 +78,7 @@ QBAlbum* newAlbum(const std::string& name) {
   Edit edit(phrase("UndoAction", "New Album"));
   requireName(name, kAlbumNeedsName);
   QBAlbum* album = edit.db().createAlbum(QBNameMgr(nullptr, name).newAlbumName(edit.db()), false);
-  edit.done("Album created.");
+  edit.done(phrase("Log", "Album created."));
   return album;
 }
 
@@ -88,7 +90,7 @@ void renameAlbum(QBAlbum& album, const std::string& name) {
     throw EditRefused(
         phrase("Message", "%1: there is an album of that name already; choose another name"), name);
   album.setName(name);
-  edit.done("Album renamed.");
+  edit.done(phrase("Log", "Album renamed."));
 }
 
 QBAlbum* cloneAlbum(QBAlbum& album) {
@@ -98,7 +100,7 @@ QBAlbum* cloneAlbum(QBAlbum& album) {
   copy->setName(name);
   const auto songs = album.songs().snapshot();
   for (std::size_t i = 0; i < songs.size(); ++i) keepTimes(*songs[i], *copy->songs().at(i));
-  edit.done("Album was successfully cloned.");
+  edit.done(phrase("Log", "Album was successfully cloned."));
   return copy;
 }
 
@@ -107,7 +109,7 @@ void deleteAlbum(QBAlbum& album) {
   for (const QBSong* song : album.songs()) SongInWork::requireDeletable(*song);
   leave(edit.session(), album);
   edit.db().deleteAlbum(&album);
-  edit.done("Album was successfully deleted.");
+  edit.done(phrase("Log", "Album was successfully deleted."));
 }
 
 // ---- songs
@@ -122,7 +124,7 @@ void renameSong(QBSong& song, const std::string& title) {
         title);
   song.setTitle(title);
   edit.redraw();
-  edit.done("Song renamed.");
+  edit.done(phrase("Log", "Song renamed."));
 }
 
 void moveSong(QBSong& song, QBAlbum& album) {
@@ -134,7 +136,7 @@ void moveSong(QBSong& song, QBAlbum& album) {
     song.setTitle(title);
     edit.redraw();
   }
-  edit.done("Song moved.");
+  edit.done(phrase("Log", "Song moved."));
 }
 
 void moveSong(QBSong& song, const std::string& album) {
@@ -162,7 +164,7 @@ void takeOutOfAlbum(QBSong& song) {
 void selectInstrument(QBInstrument& instrument) {
   Edit edit(phrase("UndoAction", "Select Instrument"));
   makeSelected(edit.db(), instrument);
-  edit.done("Instrument selected.");
+  edit.done(phrase("Log", "Instrument selected."));
 }
 
 QBInstrument* importInstrument(const std::string& file) {
@@ -172,7 +174,7 @@ QBInstrument* importInstrument(const std::string& file) {
   db.deselectAllInstruments();
   QBMusicXMLParser(file).parse();
   QBInstrument* instrument = db.selectedInstrument();
-  edit.done("Instrument imported.");
+  edit.done(phrase("Log", "Instrument imported."));
   warnOfMissing(edit.session(), *instrument);
   return instrument;
 }
@@ -183,7 +185,7 @@ QBInstrument* addInstrument(const std::string& name, const Calibration& measured
   QBInstrument& instrument = measured.createInstrument(edit.db(), name, Calibration::kDetailLevel,
                                                        Calibration::kSmallestShare);
   makeSelected(edit.db(), instrument);
-  edit.done("Instrument calibrated.");
+  edit.done(phrase("Log", "Instrument calibrated."));
   return &instrument;
 }
 
@@ -203,7 +205,7 @@ void renameInstrument(QBInstrument& instrument, const std::string& name) {
   if (name == instrument.name()) return;
   requireInstrumentName(edit.db(), name);
   instrument.setName(name);
-  edit.done("Instrument renamed.");
+  edit.done(phrase("Log", "Instrument renamed."));
 }
 
 void deleteInstrument(QBInstrument& instrument) {
@@ -217,7 +219,7 @@ void deleteInstrument(QBInstrument& instrument) {
   const auto place = std::ranges::find(all, &instrument, &platform::Ref<QBInstrument>::get);
   db.deleteInstrumentAtIndex(static_cast<std::size_t>(place - all.begin()));
   if (selected) db.findInstrumentByIndex(0)->setActive(true);
-  edit.done("Instrument was successfully deleted.");
+  edit.done(phrase("Log", "Instrument was successfully deleted."));
 }
 
 // ---- settings
@@ -236,7 +238,7 @@ void setWorkDirectory(const std::string& folder) {
     db.selectedSettings()->setWorkDir(before);
     throw;
   }
-  QBSession::session().addToLog("Working directory chosen.");
+  QBSession::session().addToLog(phrase("Log", "Working directory chosen."));
   QBSession::session().refreshTree();
 }
 

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text/UserText.h"
+
 namespace korvel {
 
 class Calibration;
@@ -33,7 +35,8 @@ void deleteSong(QBSong& song);
 /// The deletion alone, for a command that is the edit around it.
 void takeOutOfAlbum(QBSong& song);
 /// What is logged of it.
-inline constexpr std::string_view kSongDeleted = "Song was successfully deleted.";
+inline constexpr platform::Phrase kSongDeleted =
+    platform::phrase("Log", "Song was successfully deleted.");
 
 /// The instrument that confirms tones from now on.
 void selectInstrument(QBInstrument& instrument);

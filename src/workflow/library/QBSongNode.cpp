@@ -24,14 +24,16 @@
 namespace korvel {
 namespace {
 
-void printOut(std::string_view text) { QBSession::session().addToLog(text); }
+using platform::phrase;
 
-void finish(std::string_view sentence) { QBSession::session().finish(sentence); }
+void printOut(const platform::UserText& text) { QBSession::session().addToLog(text); }
+
+void finish(const platform::UserText& sentence) { QBSession::session().finish(sentence); }
 
 /// Writing itself reports nothing, so what it left is read again.
 void requireWritten(const std::string& path, const std::string& text) {
   if (platform::readWholeFile(path) != text)
-    throw platform::FileError(path, platform::phrase("Message", "could not be written whole"));
+    throw platform::FileError(path, phrase("Message", "could not be written whole"));
 }
 
 }  // namespace
@@ -123,15 +125,15 @@ void QBSongNode::mouseClick() {
 }
 
 void QBSongNode::extractChainStandard() {
-  printOut("Applying filter chain.");
+  printOut(phrase("Log", "Applying filter chain."));
   QBSong* voices = derivedByLetter(*m_song, "extractSix");
   addSongToParent(voices);
-  finish("Leading Six Voices extracted.");
+  finish(phrase("Log", "Leading Six Voices extracted."));
   QBSong* left = derivedByLetter(*voices, "toLeftHand");
   addSongToParent(left);
-  finish("Left Hand optimized.");
+  finish(phrase("Log", "Left Hand optimized."));
   addSongToParent(derivedByLetter(*left, "toRightHand"));
-  finish("Right Hand optimized.");
+  finish(phrase("Log", "Right Hand optimized."));
   QBTabMgr::db().save();
 }
 
@@ -141,7 +143,7 @@ void QBSongNode::exportAsFile() {
   if (!path) return;
   tofile(*m_song, *path);
   requireWritten(*path, toStringForExport(*m_song));
-  printOut(*path);
+  printOut(platform::UserText::verbatim(*path));
 }
 
 void QBSongNode::copySong() {
@@ -151,7 +153,7 @@ void QBSongNode::copySong() {
   addSongToParent(copy);
   QBSession::session().setActiveSong(copy);
   buildTab(*copy);
-  finish("Song was successfully cloned.");
+  finish(phrase("Log", "Song was successfully cloned."));
 }
 
 void QBSongNode::deleteSong() {

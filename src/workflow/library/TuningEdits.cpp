@@ -95,7 +95,7 @@ void remove(QBTabMgr& db, QBTuning& tuning) {
 void selectTuning(QBTuning& tuning) {
   Edit edit(phrase("UndoAction", "Select Tuning"));
   edit.db().selectTuning(&tuning);
-  edit.done("Tuning selected.");
+  edit.done(phrase("Log", "Tuning selected."));
 }
 
 void renameTuning(QBTuning& tuning, const std::string& name) {
@@ -103,7 +103,7 @@ void renameTuning(QBTuning& tuning, const std::string& name) {
   if (name == tuning.descr()) return;
   requireFree(edit.db(), name);
   tuning.setDescr(name);
-  edit.done("Tuning renamed.");
+  edit.done(phrase("Log", "Tuning renamed."));
 }
 
 QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name) {
@@ -112,7 +112,7 @@ QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name) {
   const auto make = [&](const char* kind, void (QBTuning::*strings)()) {
     QBTuning* tuning = createTuning(edit.db(), name ? *name : freeName(edit.db(), kind));
     (tuning->*strings)();
-    edit.done("Tuning created.");
+    edit.done(phrase("Log", "Tuning created."));
     return tuning;
   };
   if (from == KnownTuning::dropD) return make("Drop D", &QBTuning::createDropDStrings);
@@ -129,7 +129,7 @@ QBTuning* newTuning(const std::string& name, const OpenPitches& pitches) {
   QBTuning* tuning = edit.db().createTuning(name, standard->order());
   createStrings(edit.db(), *tuning, *standard, pitches);
   remove(edit.db(), *standard);
-  edit.done("Tuning created.");
+  edit.done(phrase("Log", "Tuning created."));
   return tuning;
 }
 
@@ -156,7 +156,7 @@ QBTuning* editTuning(QBTuning& tuning, const OpenPitches& pitches) {
   createStrings(db, *edited, tuning, pitches);
   remove(db, tuning);
   if (selected) db.selectTuning(edited);
-  edit.done("Tuning changed.");
+  edit.done(phrase("Log", "Tuning changed."));
   return edited;
 }
 
@@ -171,7 +171,7 @@ void deleteTuning(QBTuning& tuning) {
   const bool selected = db.selectedTuning() == &tuning;
   remove(db, tuning);
   if (selected) db.selectTuning(db.tunings().front());
-  edit.done("Tuning was successfully deleted.");
+  edit.done(phrase("Log", "Tuning was successfully deleted."));
 }
 
 }  // namespace korvel

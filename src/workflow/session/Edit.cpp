@@ -61,7 +61,7 @@ void Edit::save() {
   m_done = true;
 }
 
-void Edit::done(std::string_view line) {
+void Edit::done(const platform::UserText& line) {
   save();
   m_session.addToLog(line);
   m_session.refreshTree();

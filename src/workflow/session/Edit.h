@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string_view>
-
 #include "platform/persistence/Ref.h"
 #include "platform/persistence/UndoManager.h"
 
@@ -16,7 +14,7 @@ class QBTabMgr;
 ///
 ///     Edit edit(song, phrase("UndoAction", "Rename Song"));
 ///     song.setTitle(title);
-///     edit.done("Song renamed.");
+///     edit.done(phrase("Log", "Song renamed."));
 ///
 /// When the scope ends without that, because there was nothing to do or something was thrown,
 /// everything is as it was before, what could be redone too. Inside of another edit it is a part of
@@ -48,7 +46,7 @@ class Edit {
   void save();
   /// As `save`, and then logs the line and has the tree drawn anew: whoever reads the line can rely
   /// on the edit.
-  void done(std::string_view line);
+  void done(const platform::UserText& line);
 
  private:
   void rollBack();

@@ -5,6 +5,11 @@
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
+namespace {
+
+constexpr platform::Phrase kOneAfterTheOther{"", "%1%2"};  // nothing to translate
+
+}  // namespace
 
 QBCommand::QBCommand() = default;
 
@@ -38,15 +43,12 @@ void QBCommand::stop() {
   tearDown();
 }
 
-platform::UserText QBCommand::typeAndName() const {
-  constexpr platform::Phrase kOneAfterTheOther{"", "%1%2"};  // nothing to translate
-  return {kOneAfterTheOther, m_type, m_name};
-}
+platform::UserText QBCommand::typeAndName() const { return {kOneAfterTheOther, m_type, m_name}; }
 
-void QBCommand::appendOut(std::string_view text) { QBSession::session().addToLog(text); }
+void QBCommand::appendOut(const platform::UserText& text) { QBSession::session().addToLog(text); }
 
-void QBCommand::concatAndPrintOut(std::string_view a, std::string_view b) {
-  printOut(std::string(a).append(b));
+void QBCommand::concatAndPrintOut(const platform::UserText& a, const platform::UserText& b) {
+  printOut({kOneAfterTheOther, a, b});
 }
 
 }  // namespace korvel

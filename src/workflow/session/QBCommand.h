@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "platform/loop/RunLoop.h"
 #include "platform/text/UserText.h"
@@ -46,9 +45,9 @@ class QBCommand {
   /// Something was undone or done again, which may have brought back what the command works on.
   virtual void storeRenewed() {}
 
-  void printOut(std::string_view text) { appendOut(text); }
-  void appendOut(std::string_view text);
-  void concatAndPrintOut(std::string_view a, std::string_view b);
+  void printOut(const platform::UserText& text) { appendOut(text); }
+  void appendOut(const platform::UserText& text);
+  void concatAndPrintOut(const platform::UserText& a, const platform::UserText& b);
   virtual platform::UserText fullTitle() const { return {}; }
   /// Whether the song is only there for the command to try things on.
   virtual bool usesAsScratch(const QBSong&) const { return false; }

@@ -23,6 +23,7 @@ namespace korvel {
 namespace {
 
 using platform::phrase;
+using platform::UserText;
 
 constexpr std::string_view kLine = "\r\n------------------------\r\n";
 constexpr int kTimesLogged = 4;
@@ -85,20 +86,20 @@ bool QBSession::isScratch(const QBSong& song) const {
 
 // ---- log and reports
 
-void QBSession::addToLog(std::string_view text) {
+void QBSession::addToLog(const UserText& text) {
   if (m_views.output) m_views.output->addLogText(text);
 }
 
-void QBSession::logError(std::string_view text) { addToLog(text); }
+void QBSession::logError(const UserText& text) { addToLog(text); }
 
 void QBSession::handleException(std::string_view context, const std::exception& exception) {
   const std::string text = exceptionText(context, exception);
   if (m_views.tab) m_views.tab->drawProblem(text, platform::textOf(exception));
-  addToLog(text);
+  addToLog(UserText::verbatim(text));
 }
 
 void QBSession::handleError(std::string_view context, std::string_view) {
-  for (int i = 0; i < kTimesLogged; ++i) addToLog(context);
+  for (int i = 0; i < kTimesLogged; ++i) addToLog(UserText::verbatim(std::string(context)));
 }
 
 void QBSession::exitWithError(std::string_view context, std::string_view error) {
@@ -135,24 +136,24 @@ void QBSession::saveIfAtOnce(platform::UndoGroup& group) {
   }
 }
 
-void QBSession::finish(std::string_view sentence) {
+void QBSession::finish(const UserText& sentence) {
   saveIfAtOnce();
   addToLog(sentence);
 }
 
 bool QBSession::undo() {
-  const std::string name = undoManager().undoActionName().english();
+  const UserText action = undoManager().undoActionName();
   if (!QBTabMgr::db().undo()) return false;
   renewViews();
-  addToLog("Undo " + name);
+  addToLog({phrase("Log", "Undo %1"), action});
   return true;
 }
 
 bool QBSession::redo() {
-  const std::string name = undoManager().redoActionName().english();
+  const UserText action = undoManager().redoActionName();
   if (!QBTabMgr::db().redo()) return false;
   renewViews();
-  addToLog("Redo " + name);
+  addToLog({phrase("Log", "Redo %1"), action});
   return true;
 }
 
@@ -185,7 +186,9 @@ AlbumNode* QBSession::activeAlbumNode() const {
   return m_activeTreeNode ? m_activeTreeNode->albumNode() : nullptr;
 }
 
-void QBSession::errorNoSongSelected() { addToLog("There is currently no Song selected."); }
+void QBSession::errorNoSongSelected() {
+  addToLog(phrase("Log", "There is currently no Song selected."));
+}
 
 void QBSession::setActiveSong(QBSong* song) {
   m_song = song;

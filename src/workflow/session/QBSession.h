@@ -46,11 +46,11 @@ class QBSession final : public SessionServices {
   bool isScratch(const QBSong& song) const;
 
   // Log and reports.
-  void addToLog(std::string_view text) override;
-  void logText(std::string_view text) { addToLog(text); }
-  void logError(std::string_view text) override;
-  /// Writes what happened, and where, into the log, and has the tab view show it. The program goes
-  /// on.
+  void addToLog(const platform::UserText& text) override;
+  void logText(const platform::UserText& text) { addToLog(text); }
+  void logError(const platform::UserText& text) override;
+  /// Writes what happened, and where, into the log, and has the tab view show it: a report for who
+  /// looks into it, so that it is English for everybody. The program goes on.
   void handleException(std::string_view context, const std::exception& exception);
   /// Logs the context four times; users recognise an error in the log by that.
   void handleError(std::string_view context, std::string_view error);
@@ -69,7 +69,7 @@ class QBSession final : public SessionServices {
   void setSavesAtOnce(bool saves) { m_savesAtOnce = saves; }
   bool savesAtOnce() const { return m_savesAtOnce; }
   /// Logs the sentence of something that is done.
-  void finish(std::string_view sentence);
+  void finish(const platform::UserText& sentence);
   /// Takes the latest action back, or does it again: saved, logged as "Undo" or "Redo" and its
   /// name, tree and views renewed. An active song that is gone then is active no more. False, and
   /// nothing happens, when there is no such action. Throws StoreError when it cannot be saved.

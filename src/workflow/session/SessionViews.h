@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "platform/text/UserText.h"
 
@@ -18,7 +17,7 @@ class QBTuning;
 class OutputView {
  public:
   virtual ~OutputView() = default;
-  virtual void addLogText(std::string_view text) = 0;
+  virtual void addLogText(const platform::UserText& text) = 0;
 };
 
 class TabView {

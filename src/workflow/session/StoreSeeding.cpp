@@ -23,8 +23,8 @@ constexpr int kDropDOrder = 2;
 std::string pathOf(std::string_view name, std::string_view type) {
   const auto path = platform::Resources::ofProgram().locate(name, type);
   if (!path)
-    SessionServices::current().logError("The resource " + std::string(name) +
-                                        " is missing; install Korvel again.");
+    SessionServices::current().logError(
+        {platform::phrase("Log", "The resource %1 is missing; install Korvel again."), name});
   return path.value_or("").string();
 }
 

@@ -129,9 +129,9 @@ void tellOfTakesLeftBehind() {
 void tellOfState(State state, const RecordOptions& options) {
   Console& console = Console::attached();
   if (state == State::recording)
-    console.addLogText("Recording from " + sourceOf(options) + ". Ctrl-C ends it.");
+    console.note("Recording from " + sourceOf(options) + ". Ctrl-C ends it.");
   if (state == State::hearing)
-    console.addLogText("Hearing the recording note by note. Ctrl-C leaves it at these chords.");
+    console.note("Hearing the recording note by note. Ctrl-C leaves it at these chords.");
   if (state == State::over) console.progress(1);
 }
 
@@ -183,8 +183,8 @@ int conclude(const LiveRecording& recording, const RecordOptions& options) {
     throw CliError(withTake(recording, "not all is stored: " + recording.problem()->english()));
   if (!recording.song())
     throw CliError(withTake(recording, "no tones were heard; nothing was stored"));
-  console.addLogText("Stored as " + recording.song()->album()->name() + '/' +
-                     recording.song()->title() + '.');
+  console.note("Stored as " + recording.song()->album()->name() + '/' + recording.song()->title() +
+               '.');
   console.printText(recording.song()->tabulature());
   return lost ? EXIT_FAILURE : EXIT_SUCCESS;
 }

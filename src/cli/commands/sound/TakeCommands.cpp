@@ -100,7 +100,7 @@ void importTake(const TakeOptions& options) {
   const Take take = chosen(options.number);
   const QBSong* song = take.song ? hearAgain(take, options) : hearNew(take, options);
   removeIfTake(take.file);
-  Console::attached().addLogText("Stored as " + nameOf(*song) + '.');
+  Console::attached().note("Stored as " + nameOf(*song) + '.');
   Console::attached().print(song->tabulature());
 }
 
@@ -108,7 +108,7 @@ void deleteTake(int number) {
   const Take take = chosen(number);
   removeIfTake(take.file);
   if (platform::isThere(take.file)) throw CliError(take.file.string() + ": cannot be deleted");
-  Console::attached().addLogText(take.file.string() + ": deleted");
+  Console::attached().note(take.file.string() + ": deleted");
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ void calibrateInstrument(const std::string& file, const std::string& name) {
   if (const auto problem = heard.problem()) throw CliError(file + ": " + problem->english());
   addInstrument(name, heard.calibration());
   const std::string missing = missingNotes(heard);
-  if (!missing.empty()) Console::attached().addLogText("It becomes better with" + missing + ".");
+  if (!missing.empty()) Console::attached().note("It becomes better with" + missing + ".");
 }
 
 struct InstrumentWords {
