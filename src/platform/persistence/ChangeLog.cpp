@@ -31,6 +31,7 @@ bool ChangeLog::takeOn(ChangeLog& next) {
   if (m_open || next.m_open || !m_subject || m_subject != next.m_subject) return false;
   if (!m_made.empty() || !next.m_made.empty()) return false;
   m_title = std::move(next.m_title);
+  m_kind = next.m_kind;
   m_changes.insert(m_changes.end(), std::make_move_iterator(next.m_changes.begin()),
                    std::make_move_iterator(next.m_changes.end()));
   m_uses.merge(next.m_uses);

@@ -16,6 +16,7 @@ namespace korvel::platform {
 
 class ManagedContext;
 class ManagedObject;
+struct ActionKind;
 struct ToOneDescription;
 
 /// What one undoable action changed in a context, so that it can be taken back and done again, any
@@ -33,6 +34,9 @@ class ChangeLog {
   ~ChangeLog();
 
   const UserText& title() const { return m_title; }
+  /// Null unless it was given one.
+  const ActionKind* kind() const { return m_kind; }
+  void setKind(const ActionKind* kind) { m_kind = kind; }
   /// Rises from log to log.
   std::uint32_t number() const { return m_number; }
   bool isEmpty() const { return m_made.empty() && m_changes.empty(); }
@@ -41,8 +45,8 @@ class ChangeLog {
   void close();
   /// Changes of one subject, such as a song's loop, may become one action.
   void setSubject(const ManagedObject* subject) { m_subject = subject; }
-  /// Takes on the changes of the action that followed, with its title, if both are closed, are
-  /// about one subject and have made no objects; answers whether it did.
+  /// Takes on the changes of the action that followed, with its title and kind, if both are closed,
+  /// are about one subject and have made no objects; answers whether it did.
   bool takeOn(ChangeLog& next);
 
   // Recording, which the context does.
@@ -98,6 +102,7 @@ class ChangeLog {
 
   ManagedContext& m_context;
   UserText m_title;
+  const ActionKind* m_kind = nullptr;
   std::uint32_t m_number;
   bool m_open = true;
   const ManagedObject* m_subject = nullptr;

@@ -51,6 +51,11 @@ const UserText& UndoManager::redoActionName() const {
   return canRedo() ? m_undone.back().log->title() : kNoName;
 }
 
+const ActionKind* UndoManager::undoActionKind() const {
+  const Log log = next();
+  return log ? log->kind() : nullptr;
+}
+
 const UserText& UndoManager::undoWaitsFor() const {
   const Log user = userOf(next());
   return user ? user->title() : kNoName;
@@ -118,6 +123,10 @@ UndoGroup::~UndoGroup() { end(); }
 
 void UndoGroup::joinAbout(const ManagedObject& subject) {
   if (m_log) m_log->setSubject(&subject);
+}
+
+void UndoGroup::setKind(const ActionKind& kind) {
+  if (m_log) m_log->setKind(&kind);
 }
 
 bool UndoGroup::resume() {

@@ -15,6 +15,9 @@ class ChangeLog;
 class ManagedContext;
 class ManagedObject;
 
+/// What sort of action one is, for who has to recognise it: one object for each sort.
+struct ActionKind {};
+
 /// Takes back what was done in a context, action by action, and does it again, for as long as the
 /// context lives; saves do not matter to it. Objects come back as they were: with their ids,
 /// attributes and relationships, so that references to them are good again.
@@ -35,6 +38,8 @@ class UndoManager : public std::enable_shared_from_this<UndoManager> {
   /// Of the action that is next, though it may have to wait; empty when there is none.
   const UserText& undoActionName() const;
   const UserText& redoActionName() const;
+  /// Of the action that undo would take back; null when it was given none.
+  const ActionKind* undoActionKind() const;
   /// The action whose end undo waits for: one that uses what the next one made, or the only one
   /// that there is. Empty when it need not wait.
   const UserText& undoWaitsFor() const;
@@ -82,6 +87,8 @@ class UndoGroup {
   /// Should the action before it be about the same subject, as successive changes of one song's
   /// loop are, both are one in the end; unless one of them makes objects.
   void joinAbout(const ManagedObject& subject);
+  /// The kind must outlive the manager.
+  void setKind(const ActionKind& kind);
 
   void suspend();
   /// Answers whether it was suspended.

@@ -37,13 +37,8 @@ using Chords = std::vector<platform::Ref<QBChord>>;
 /// Of a tone that has no other one to take it from: a note that is played well.
 constexpr double kAmp = 1e6;
 
-constexpr platform::Phrase kAddTone = phrase("UndoAction", "Add Tone");
-constexpr platform::Phrase kChangeFret = phrase("UndoAction", "Change Fret");
-
-bool isFretEdit(const platform::UserText& title) {
-  const std::string name = title.english();
-  return name == kAddTone.english || name == kChangeFret.english;
-}
+/// A fret was typed, which the next digit may continue.
+constexpr platform::ActionKind kFretEdit{};
 
 class NotWithin : public std::out_of_range, public platform::Worded {
  public:
@@ -93,11 +88,13 @@ SongEditor::SongEditor(QBTabMgr& db, QBSong& song) : m_db(db), m_song(&song) {}
 
 SongEditor::~SongEditor() = default;
 
-void SongEditor::edit(const platform::Phrase& title, const std::function<void()>& work) {
+void SongEditor::edit(const platform::Phrase& title, const std::function<void()>& work,
+                      const platform::ActionKind* kind) {
   if (SongInWork::is(*m_song))
     throw EditRefused(phrase("Message", "%1: is still being heard; edit it when that has ended"),
                       m_song->title());
   Edit edit(*m_song, title);
+  if (kind) edit.setKind(*kind);
   work();
   m_song->forgetCaches();
   if (m_song->chords().empty()) m_song->clearTabulature();
@@ -120,12 +117,14 @@ QBChord& SongEditor::chordAt(int index) {
 void SongEditor::setFret(int chord, int string, int fret, bool continues) {
   requireString(string);
   requireWithin(phrase("Message", "fret %1 is not within %2 to %3"), fret, 0, kHighestFret);
-  if (continues && isFretEdit(m_db.context().undoManager().undoActionName())) m_db.undo();
+  if (continues && m_db.context().undoManager().undoActionKind() == &kFretEdit) m_db.undo();
   QBChord& edited = chordAt(chord);
   const QBHold* hold = edited.hold();
   const Tones known = hold ? hold->allTonesOfString(string) : Tones();
   if (soundsAlone(known, fret)) return;
-  edit(known.empty() ? kAddTone : kChangeFret, [&] {
+  const platform::Phrase title =
+      known.empty() ? phrase("UndoAction", "Add Tone") : phrase("UndoAction", "Change Fret");
+  const auto work = [&] {
     if (known.empty()) {
       addVoice(chord, string, fret);
     } else {
@@ -134,7 +133,8 @@ void SongEditor::setFret(int chord, int string, int fret, bool continues) {
         edited.hold()->deleteTone(known[other]);
     }
     tonesChanged(chord);
-  });
+  };
+  edit(title, work, &kFretEdit);
 }
 
 QBHold& SongEditor::holdOf(QBChord& chord) {

@@ -14,6 +14,10 @@
 
 namespace korvel {
 
+namespace platform {
+struct ActionKind;
+}
+
 class QBChord;
 class QBHold;
 class QBSong;
@@ -83,7 +87,8 @@ class SongEditor {
  private:
   using Chords = std::vector<platform::Ref<QBChord>>;
 
-  void edit(const platform::Phrase& title, const std::function<void()>& work);
+  void edit(const platform::Phrase& title, const std::function<void()>& work,
+            const platform::ActionKind* kind = nullptr);
   QBChord& chordAt(int index);
   QBHold& holdOf(QBChord& chord);
   QBTone* loudestNear(int index);

@@ -38,6 +38,8 @@ class Edit {
   /// Is one action with the one before it, if that was such an edit of the same song: undo then
   /// takes back all of them.
   void joinAlike();
+  /// So that the action can be recognised when it is the latest one.
+  void setKind(const platform::ActionKind& kind) { m_group.setKind(kind); }
 
   /// Draws the tablature of the song anew, if it has chords.
   void redraw();
