@@ -6,8 +6,11 @@
 #include <initializer_list>
 #include <string>
 
+#include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/UsageError.h"
+#include "model/instruments/QBInstrument.h"
+#include "model/store/QBTabMgr.h"
 #include "workflow/hearing/Detection.h"
 
 namespace korvel::cli {
@@ -101,6 +104,12 @@ void addDetectionFlags(Command& command, precise::Settings& settings) {
       .wholeWithin(0, FingeringOptions::kHighestCapo)
       .shownAs("FRET");
   command.checkAtOnce([&fingering] { requireOnTheNeck(fingering); });
+}
+
+void requireInstrumentFor(const Detection& detection) {
+  if (detection.needsInstrument && !QBTabMgr::db().selectedInstrument())
+    throw CliError(QBTabMgr::storePath() +
+                   ": no instrument is active, so no tone can be confirmed");
 }
 
 }  // namespace korvel::cli

@@ -16,5 +16,7 @@ void addDetectionFlags(Command& command, precise::Settings& settings);
 /// The same and --detection, with which they have no meaning when that uses no settings. What is
 /// chosen so far is the default.
 void addDetectionFlags(Command& command, const Detection*& detection, precise::Settings& settings);
+/// Throws CliError when the detection needs an instrument and none is active.
+void requireInstrumentFor(const Detection& detection);
 
 }  // namespace korvel::cli

@@ -16,7 +16,6 @@
 #include "cli/support/TuningChoice.h"
 #include "cli/support/UsageError.h"
 #include "export/SongJson.h"
-#include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
@@ -105,16 +104,10 @@ void printSongs(const ImportOptions& options, const std::vector<QBSong*>& songs)
     Console::attached().print(songAsJson(*songs.front()));
 }
 
-void requireInstrument() {
-  if (!QBTabMgr::db().selectedInstrument())
-    throw CliError(QBTabMgr::storePath() +
-                   ": no instrument is active, so no tone can be confirmed");
-}
-
 /// A file that cannot be imported is reported and leaves nothing behind; the others go on. Answers
 /// the exit status.
 int importFiles(const ImportOptions& options) {
-  if (options.detection->needsInstrument) requireInstrument();
+  requireInstrumentFor(*options.detection);
   QBTuning* tuning =
       options.tuning ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
   std::optional<ListeningAhead> ahead = aheadOf(options, tuning);

@@ -16,7 +16,6 @@
 #include "cli/support/OutputFile.h"
 #include "cli/support/TuningChoice.h"
 #include "cli/support/UsageError.h"
-#include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
@@ -193,9 +192,7 @@ void requirePossible(const RecordOptions& options) {
   if (options.wav && platform::isThere(*options.wav))
     throw CliError(*options.wav + ": there is a file of that name already; name another");
   if (options.wav) OutputFile(*options.wav, false).check();
-  if (options.detection->needsInstrument && !QBTabMgr::db().selectedInstrument())
-    throw CliError(QBTabMgr::storePath() +
-                   ": no instrument is active, so no tone can be confirmed");
+  requireInstrumentFor(*options.detection);
 }
 
 /// Answers the exit status: a failure when the device was lost, too, though the song is stored

@@ -94,9 +94,7 @@ QBSong* hearNew(const Take& take, const TakeOptions& options) {
 }
 
 void importTake(const TakeOptions& options) {
-  if (options.detection->needsInstrument && !QBTabMgr::db().selectedInstrument())
-    throw CliError(QBTabMgr::storePath() +
-                   ": no instrument is active, so no tone can be confirmed");
+  requireInstrumentFor(*options.detection);
   const Take take = chosen(options.number);
   const QBSong* song = take.song ? hearAgain(take, options) : hearNew(take, options);
   removeIfTake(take.file);
