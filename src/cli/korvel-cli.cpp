@@ -80,7 +80,7 @@ void openStore(cli::Store need) {
   try {
     prepareStore();
   } catch (const StoreUnavailable& error) {
-    QBSession::session().exitWithStatus(error.context(), error.what(), kStoreFailureStatus);
+    QBSession::session().exitWithStatus(error.context(), error.text(), kStoreFailureStatus);
   }
 }
 

@@ -26,7 +26,7 @@ class RecordingViews final : public OutputView, public TabView, public NodeMenu,
   void addLogText(const platform::UserText& text) override { log.push_back(text.english()); }
   void drawContent(const std::string& text) override { content = text; }
   void enable(bool enabled) override { albumMenuEnabled = enabled; }
-  void show(const std::string& text) override { alert = text; }
+  void show(const platform::UserText& text) override { alert = text.english(); }
   int exitStatus() const override { return 0; }
 
   void setActiveSong(QBSong*) override {}

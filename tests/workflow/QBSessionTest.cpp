@@ -21,6 +21,15 @@ TEST(QBSession, errorsAreLoggedAsTheLogShowsThem) {
   EXPECT_EQ(views.log, (std::vector<std::string>{"X", "X", "X", "X", "bare"}));
 }
 
+TEST(QBSession, fatalErrorsAreShownBeforeTheProgramEnds) {
+  test::RecordingViews views;
+  const platform::UserText reason(platform::phrase("Message", "cannot read"));
+  EXPECT_THROW(QBSession::session().exitWithError("X", reason), ProgramEnd);
+  EXPECT_EQ(views.alert,
+            "AN ERROR OCCURED IN CONTEXT: X\r\nDESCRIPTION: cannot read\r\n\r\n"
+            "Korvel will be closed");
+}
+
 TEST(QBSession, songMenuCommandsTheSongThatIsSelectedInTheTree) {
   const test::StandardStore store;
   test::RecordingViews views;

@@ -98,7 +98,7 @@ std::optional<std::string> Console::chooseFile(const std::string& proposedName) 
   return file;
 }
 
-void Console::show(const std::string& text) { error(text); }
+void Console::show(const platform::UserText& text) { error(text.english()); }
 
 int Console::exitStatus() const { return EXIT_FAILURE; }
 

@@ -18,7 +18,7 @@ class Console final : public OutputView, public SavePanel, public FatalAlert {
   void addLogText(const platform::UserText& text) override;
   /// The proposed name in the current folder; throws CliError when there is such a file already.
   std::optional<std::string> chooseFile(const std::string& proposedName) override;
-  void show(const std::string& text) override;
+  void show(const platform::UserText& text) override;
   int exitStatus() const override;
 
   /// A log line of the tool's own, which speaks English.

@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <stdexcept>
+#include <typeinfo>
 #include <utility>
 
 #include "platform/text/UserText.h"
@@ -17,6 +18,8 @@ class Worded {
   virtual ~Worded() = default;
 
   const UserText& text() const { return m_text; }
+  /// What reports of errors call it: its own class, unless it only gives words to another one.
+  virtual const std::type_info& reportedAs() const { return typeid(*this); }
 
  protected:
   Worded(const Worded&) = default;
@@ -34,6 +37,15 @@ class UserError : public std::runtime_error, public Worded {
   template <class... Arguments>
   explicit UserError(const Phrase& phrase, const Arguments&... arguments)
       : UserError(UserText(phrase, arguments...)) {}
+};
+
+/// A standard exception that has words for users, and is caught and reported as what it was before.
+template <class Standard>
+class WordedAs : public Standard, public Worded {
+ public:
+  explicit WordedAs(const UserText& text) : Standard(text.english()), Worded(text) {}
+
+  const std::type_info& reportedAs() const override { return typeid(Standard); }
 };
 
 /// What an exception says to the user: what() where it has no text of that kind, but a sentence

@@ -2,13 +2,13 @@
 #include "tab/filters/QBTabFilter.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/songs/ToneOrder.h"
+#include "tab/text/NoChords.h"
 
 namespace korvel {
 namespace {
@@ -29,7 +29,7 @@ QBTabFilter::QBTabFilter(QBSong* source, QBSong* target)
 QBTabFilter::~QBTabFilter() = default;
 
 QBSong* QBTabFilter::filter() {
-  if (m_chords.empty()) throw std::out_of_range("the song has no chords");
+  if (m_chords.empty()) throw NoChords();
   mergeTones();
   foldEmptyChords();
   return m_target;

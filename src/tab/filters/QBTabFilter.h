@@ -21,7 +21,7 @@ class QBTabFilter {
   QBTabFilter(QBSong* source, QBSong* target);
   ~QBTabFilter();
 
-  /// Answers the target. std::out_of_range when that has no chords.
+  /// Answers the target. NoChords when that has none.
   QBSong* filter();
 
   /// Deletes the repetitions of the tone from chord `start` on for as long as each is quieter than

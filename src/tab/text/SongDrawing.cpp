@@ -2,7 +2,6 @@
 #include "tab/text/SongDrawing.h"
 
 #include <fstream>
-#include <stdexcept>
 #include <utility>
 
 #include "model/songs/QBChord.h"
@@ -11,6 +10,7 @@
 #include "tab/layout/LoopRange.h"
 #include "tab/text/ChordText.h"
 #include "tab/text/MeasureText.h"
+#include "tab/text/NoChords.h"
 #include "tab/text/SystemLabel.h"
 
 namespace korvel {
@@ -47,11 +47,11 @@ void drawNext(QBTabMatrix& matrix, QBChord& chord, const QBChord* previous, int 
   addToTabulatureWithLineBreak(chord, matrix, previous, groupFlag, width);
 }
 
-/// Throws std::out_of_range for a song without chords.
+/// Throws NoChords for a song without chords.
 platform::Slices chordByChord(QBSong& song, LoopRange loop, QBTabMatrix& matrix,
                               int width = kWidthOfSystem) {
   const auto chords = song.allChords();
-  if (chords.empty()) throw std::out_of_range("the song has no chords");
+  if (chords.empty()) throw NoChords();
   openPage(matrix, song);
   drawFirst(matrix, *chords.front(), loop, width);
   int group = 0;

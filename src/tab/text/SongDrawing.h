@@ -12,7 +12,7 @@ class QBSong;
 
 // The text tablature of a song: by measures when there are any, else chord by chord. A song that is
 // not whole says so at its end.
-// std::out_of_range for a song without chords and measures.
+// NoChords, a std::out_of_range, for a song without chords and measures.
 
 /// With marks where the song's playback loop is.
 std::string toString(QBSong& song);

@@ -5,11 +5,13 @@
 #include <QMessageBox>
 #include <cstdlib>
 
+#include "ui/desktop/Translated.h"
+
 namespace korvel::ui {
 
-void AlertBox::show(const std::string& text) {
-  QMessageBox box(QMessageBox::Critical, QApplication::applicationDisplayName(),
-                  QString::fromStdString(text), QMessageBox::Ok, QApplication::activeWindow());
+void AlertBox::show(const platform::UserText& text) {
+  QMessageBox box(QMessageBox::Critical, QApplication::applicationDisplayName(), translated(text),
+                  QMessageBox::Ok, QApplication::activeWindow());
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.exec();
 }

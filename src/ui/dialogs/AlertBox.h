@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string>
-
 #include "workflow/session/SessionViews.h"
 
 namespace korvel::ui {
@@ -10,7 +8,7 @@ namespace korvel::ui {
 /// A modal box for a fatal error; the program ends with status 0 once it was read.
 class AlertBox final : public FatalAlert {
  public:
-  void show(const std::string& text) override;
+  void show(const platform::UserText& text) override;
   int exitStatus() const override;
 };
 

@@ -791,6 +791,26 @@
         <source>%1: is being heard already</source>
         <translation>%1: wird schon gehört</translation>
     </message>
+    <message>
+        <source>the song has no chords</source>
+        <translation>Der Song hat keine Akkorde</translation>
+    </message>
+    <message>
+        <source>no instrument is selected that could confirm tones; select one</source>
+        <translation>Es ist kein Instrument gewählt, das Töne bestätigen könnte; wähle eines</translation>
+    </message>
+    <message>
+        <source>AN ERROR OCCURED IN CONTEXT: %1</source>
+        <translation>FEHLER BEI: %1</translation>
+    </message>
+    <message>
+        <source>DESCRIPTION: %1</source>
+        <translation>BESCHREIBUNG: %1</translation>
+    </message>
+    <message>
+        <source>Korvel will be closed</source>
+        <translation>Korvel wird beendet</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>

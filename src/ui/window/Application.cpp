@@ -40,7 +40,7 @@ void openStore(AlertBox& alert) {
   try {
     prepareStore();
   } catch (const StoreUnavailable& error) {
-    QBSession::session().exitWithStatus(error.context(), error.what(), kStoreFailureStatus);
+    QBSession::session().exitWithStatus(error.context(), error.text(), kStoreFailureStatus);
   }
 }
 

@@ -9,6 +9,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/text/UserError.h"
 #include "platform/text/Utf8.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/hearing/NewSong.h"
@@ -28,7 +29,8 @@ namespace {
 
 void requireInstrument() {
   if (!QBTabMgr::db().selectedInstrument())
-    throw std::runtime_error("no instrument is selected that could confirm tones; select one");
+    throw platform::WordedAs<std::runtime_error>(platform::phrase(
+        "Message", "no instrument is selected that could confirm tones; select one"));
 }
 
 /// The album of that artist, which is made when it is missing.

@@ -29,7 +29,8 @@ constexpr std::string_view kLine = "\r\n------------------------\r\n";
 constexpr int kTimesLogged = 4;
 
 std::string className(const std::exception& exception) {
-  const char* mangled = typeid(exception).name();
+  const auto* worded = dynamic_cast<const platform::Worded*>(&exception);
+  const char* mangled = (worded ? worded->reportedAs() : typeid(exception)).name();
   int status = 0;
   const std::unique_ptr<char, decltype(&std::free)> readable(
       abi::__cxa_demangle(mangled, nullptr, nullptr, &status), &std::free);
@@ -47,11 +48,11 @@ std::string exceptionText(std::string_view context, const std::exception& except
 
 platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
 
-std::string fatalText(std::string_view context, std::string_view error) {
-  std::string text = "AN ERROR OCCURED IN CONTEXT: ";
-  text.append(context).append("\r\n");
-  text.append("DESCRIPTION: ").append(error).append("\r\n\r\n");
-  return text.append("Korvel will be closed");
+UserText fatalText(std::string_view context, const UserText& error) {
+  constexpr platform::Phrase kReport{"", "%1\r\n%2\r\n\r\n%3"};  // nothing to translate
+  return {kReport, UserText(phrase("Message", "AN ERROR OCCURED IN CONTEXT: %1"), context),
+          UserText(phrase("Message", "DESCRIPTION: %1"), error),
+          UserText(phrase("Message", "Korvel will be closed"))};
 }
 
 }  // namespace
@@ -102,16 +103,16 @@ void QBSession::handleError(std::string_view context, std::string_view) {
   for (int i = 0; i < kTimesLogged; ++i) addToLog(UserText::verbatim(std::string(context)));
 }
 
-void QBSession::exitWithError(std::string_view context, std::string_view error) {
+void QBSession::exitWithError(std::string_view context, const UserText& error) {
   exitWithStatus(context, error, m_views.alert ? m_views.alert->exitStatus() : EXIT_FAILURE);
 }
 
-void QBSession::exitWithStatus(std::string_view context, std::string_view error, int status) {
-  const std::string text = fatalText(context, error);
+void QBSession::exitWithStatus(std::string_view context, const UserText& error, int status) {
+  const UserText text = fatalText(context, error);
   if (m_views.alert)
     m_views.alert->show(text);
   else
-    std::cerr << text << '\n';
+    std::cerr << text.english() << '\n';
   throw ProgramEnd{status};
 }
 

@@ -91,7 +91,7 @@ class FatalAlert {
  public:
   virtual ~FatalAlert() = default;
   /// Returns once the user has seen the text.
-  virtual void show(const std::string& text) = 0;
+  virtual void show(const platform::UserText& text) = 0;
   /// With which status the program ends after a fatal error.
   virtual int exitStatus() const = 0;
 };
