@@ -25,6 +25,8 @@ namespace {
 
 /// A unison is the first tone to go where strings are short.
 constexpr float kProbabilityOfUnison = 0.1F;
+/// Farther than any tone lies off the neck.
+constexpr int kMostOctaves = 10;
 /// A tone of which nobody said how long it sounds.
 constexpr int kDurationOfNewTone = 2;
 
@@ -35,15 +37,18 @@ int highestFretOf(QBSong& song) {
   return highest;
 }
 
-/// The strings and frets of a song's tones, moved by half tones.
+/// The strings and frets of a song's tones, moved by half tones, and up to a fret where one is
+/// given.
 class Fingerer {
  public:
-  Fingerer(QBSong& song, int halfTones)
-      : m_halfTones(halfTones), m_open(openStringsOf(&song).pitches()) {
+  Fingerer(QBSong& song, int halfTones, std::optional<int> highestFret = {})
+      : m_halfTones(halfTones),
+        m_isLimited(highestFret.has_value()),
+        m_open(openStringsOf(&song).pitches()) {
     // A song that goes higher up the neck already may stay there.
     const int highest = halfTones == 0 ? highestFretOf(song) : 0;
-    m_frets = std::clamp(highest, fingering::FingeringOptions::kUsualFrets,
-                         fingering::FingeringOptions::kMostFrets);
+    m_frets = highestFret.value_or(std::clamp(highest, fingering::FingeringOptions::kUsualFrets,
+                                              fingering::FingeringOptions::kMostFrets));
     for (const auto& chord : song.allChords()) read(*chord);
     fingering::Fingering(m_open, {.frets = m_frets}).place(m_notes);
   }
@@ -93,10 +98,24 @@ class Fingerer {
   /// Brought onto the neck by octaves when it is moved off it.
   int pitchOf(const QBTone& tone) const {
     int pitch = movedPitch(tone);
+    if (m_isLimited) return nearestOnNeck(pitch);
     if (m_halfTones == 0) return pitch;
     while (pitch < std::ranges::min(m_open)) pitch += kNotesPerOctave;
     while (pitch > std::ranges::max(m_open) + m_frets) pitch -= kNotesPerOctave;
     return pitch;
+  }
+  /// In the nearest octave that has a place for it, the lower one of two; as it is where none has.
+  int nearestOnNeck(int pitch) const {
+    for (int octaves = 0; octaves <= kMostOctaves; ++octaves)
+      for (const int direction : {-1, 1}) {
+        const int moved = addNotes(pitch, direction * octaves * kNotesPerOctave);
+        if (isOnNeck(moved)) return moved;
+      }
+    return pitch;
+  }
+  bool isOnNeck(int pitch) const {
+    return std::ranges::any_of(m_open,
+                               [&](int open) { return pitch >= open && pitch <= open + m_frets; });
   }
   bool isFolded(const QBTone& tone) const { return pitchOf(tone) != movedPitch(tone); }
 
@@ -124,8 +143,11 @@ class Fingerer {
     if (grip.isComplete()) return found;
     const TonePlaces narrowest = HandGrip::narrowest(pitchesOf(chord), m_open, m_frets);
     if (HandGrip(narrowest).isComplete()) return narrowest;
-    return m_halfTones == 0 && before.hasOneToneAString() ? along : found;
+    return mayStay() && before.hasOneToneAString() ? along : found;
   }
+
+  /// Wherever the source has it.
+  bool mayStay() const { return m_halfTones == 0 && !m_isLimited; }
 
   TonePlaces foundFor(const Chord& chord) const {
     TonePlaces places;
@@ -142,7 +164,7 @@ class Fingerer {
       const QBTone& tone = *chord.tones[i];
       const TonePlace place{tone.string(), addNotes(tone.fret(), m_halfTones)};
       const bool isThere = place.string >= 0 && place.string < kStrings && place.fret >= 0 &&
-                           (m_halfTones == 0 || place.fret <= m_frets) && !isFolded(tone);
+                           (mayStay() || place.fret <= m_frets) && !isFolded(tone);
       places.push_back(isThere ? std::optional(place) : std::nullopt);
     }
     return places;
@@ -159,6 +181,7 @@ class Fingerer {
   }
 
   const int m_halfTones;
+  const bool m_isLimited;
   const OpenPitches m_open;
   int m_frets = fingering::FingeringOptions::kUsualFrets;
   std::vector<fingering::Note> m_notes;
@@ -184,6 +207,14 @@ QBSong* transposedForHand(QBSong& song, int halfTones, const std::string& title)
   QBSong* copy = song.clone();
   Fingerer(song, halfTones).place(*copy);
   for (const auto& chord : copy->allChords()) moveName(*chord, halfTones);
+  return finished(copy, title);
+}
+
+QBSong* loweredForHand(QBSong& song, int halfTones, int highestFret, const std::string& title) {
+  QBSong* copy = song.clone();
+  Fingerer(song, halfTones, highestFret).place(*copy);
+  if (halfTones != 0)
+    for (const auto& chord : copy->allChords()) moveName(*chord, halfTones);
   return finished(copy, title);
 }
 

@@ -20,4 +20,8 @@ QBSong* fingeredForHand(QBSong& song, const std::string& title);
 /// Names move along, and a chord without one is named.
 QBSong* transposedForHand(QBSong& song, int halfTones, const std::string& title);
 
+/// The same up to a fret, and by no half tone, too: a tone that has no place so low is played in
+/// the nearest octave that has one.
+QBSong* loweredForHand(QBSong& song, int halfTones, int highestFret, const std::string& title);
+
 }  // namespace korvel

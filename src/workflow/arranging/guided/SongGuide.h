@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/text/UserText.h"
+
+namespace korvel {
+
+class QBSong;
+
+/// What a user chose to have made of a song: it can be looked at before it is accepted.
+class SongGuide {
+ public:
+  /// Makes a song beside the one that is given, drawn and under its title. May throw EditRefused;
+  /// what was made stays then.
+  using Make = std::function<QBSong*(QBSong&)>;
+
+  /// title: of the action and of the entry; line: logged once the song is there.
+  SongGuide(const platform::Phrase& title, std::string_view line, Make make)
+      : m_title(title), m_line(line), m_make(std::move(make)) {}
+
+  // Both throw EditRefused for a song without chords and where nothing would be left to play;
+  // nothing has changed then.
+
+  /// The first line of the tablature that would come of it. Nothing of it stays in the store, nor
+  /// anything to undo.
+  std::string preview(QBSong& song) const;
+  /// The new song, which becomes the active one: one undoable action, saved and logged. Throws
+  /// StoreError, too.
+  QBSong& accept(QBSong& song) const;
+
+ private:
+  QBSong* made(QBSong& song) const;
+
+  platform::Phrase m_title;
+  std::string_view m_line;
+  Make m_make;
+};
+
+/// The first line of a tablature that shows some of the chords from first to last, by their indexes
+/// in `allChords`, with their names and durations; "" when none of them is drawn.
+std::string firstLineOf(QBSong& song, int first, int last);
+
+}  // namespace korvel
