@@ -4,6 +4,7 @@
 #include <exception>
 #include <string>
 
+#include "cli/commands/instruments/ListInstruments.h"
 #include "cli/commands/songs/Apply.h"
 #include "cli/commands/songs/CloneSong.h"
 #include "cli/commands/songs/DeleteSong.h"
@@ -21,13 +22,12 @@
 #include "cli/commands/sound/Play.h"
 #include "cli/commands/sound/Record.h"
 #include "cli/commands/sound/Render.h"
-#include "cli/commands/sound/TakeCommands.h"
 #include "cli/commands/sound/Transcribe.h"
 #include "cli/commands/store/BackupStore.h"
 #include "cli/commands/store/CheckStore.h"
-#include "cli/commands/store/InstrumentCommands.h"
 #include "cli/commands/store/RestoreStore.h"
-#include "cli/commands/store/TuningCommands.h"
+#include "cli/commands/takes/ListTakes.h"
+#include "cli/commands/tunings/ListTunings.h"
 #include "cli/support/CliError.h"
 #include "cli/support/CommandLine.h"
 #include "cli/support/Console.h"

@@ -5,7 +5,7 @@
 
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/SongChoice.h"
 #include "export/SongJson.h"
 
 namespace korvel::cli {

@@ -10,8 +10,8 @@
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/OutputFile.h"
-#include "cli/support/SongChoice.h"
 #include "cli/support/UsageError.h"
+#include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBSong.h"
 #include "workflow/exporting/SongFiles.h"
 

@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "cli/support/ChordRange.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/ChordRange.h"
+#include "cli/support/choices/SongChoice.h"
 #include "workflow/library/SongCopies.h"
 
 namespace korvel::cli {

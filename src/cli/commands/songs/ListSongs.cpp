@@ -3,7 +3,7 @@
 
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"

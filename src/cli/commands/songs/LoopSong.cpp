@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <string>
 
-#include "cli/support/ChordRange.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
-#include "cli/support/SongChoice.h"
 #include "cli/support/UsageError.h"
+#include "cli/support/choices/ChordRange.h"
+#include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBChord.h"
 #include "workflow/editing/SongEdits.h"
 

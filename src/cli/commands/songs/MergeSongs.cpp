@@ -4,7 +4,7 @@
 #include <string>
 
 #include "cli/support/Command.h"
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/SongChoice.h"
 #include "workflow/library/SongCopies.h"
 
 namespace korvel::cli {

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "cli/support/Command.h"
-#include "cli/support/SongChoice.h"
 #include "cli/support/Unlogged.h"
+#include "cli/support/choices/SongChoice.h"
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::cli {

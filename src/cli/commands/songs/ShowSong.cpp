@@ -7,7 +7,7 @@
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/SongChoice.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBSong.h"
 #include "tab/text/SongDrawing.h"

@@ -5,7 +5,7 @@
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/Interrupts.h"
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBSong.h"
 #include "platform/media/WaveFileWriter.h"
 #include "playback/SongRenderer.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/support/OutputFile.h"
-#include "cli/support/SoundChoice.h"
+#include "cli/support/choices/SoundChoice.h"
 
 namespace korvel {
 class QBSong;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/support/ChordRange.h"
+#include "cli/support/choices/ChordRange.h"
 
 namespace korvel::cli {
 

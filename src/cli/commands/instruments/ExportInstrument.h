@@ -5,7 +5,7 @@ namespace korvel::cli {
 
 class Command;
 
-/// "korvel-cli takes": what recordings have left that did not end.
-void addTakes(Command& tool);
+/// `instruments export`: writes the definition file of one.
+void addExportInstrument(Command& instruments);
 
 }  // namespace korvel::cli

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/SongChoice.h"
 
 #include <algorithm>
 #include <cctype>

@@ -5,8 +5,8 @@ namespace korvel::cli {
 
 class Command;
 
-/// `tunings`: lists them; its commands select the one of new songs, add one and print its name, or
-/// edit, rename and delete one.
+/// `tunings`: lists them, with a star at the one of new songs; its commands select, add, edit,
+/// rename and delete one.
 void addTunings(Command& tool);
 
 }  // namespace korvel::cli

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/support/SoundChoice.h"
+#include "cli/support/choices/SoundChoice.h"
 
 #include <algorithm>
 
 #include "cli/support/Command.h"
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "playback/GuitarSynthesizer.h"

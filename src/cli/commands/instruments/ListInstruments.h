@@ -5,8 +5,8 @@ namespace korvel::cli {
 
 class Command;
 
-/// `instruments`: lists them; its commands select, import, export and calibrate one. An instrument
-/// is chosen by its name; NAME#2 is the second of that name.
+/// `instruments`: lists them, with a star at the active one; its commands select, import, export,
+/// rename, delete and calibrate one.
 void addInstruments(Command& tool);
 
 }  // namespace korvel::cli

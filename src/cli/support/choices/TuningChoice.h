@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workflow/library/TuningEdits.h"
+
+namespace korvel {
+class QBTuning;
+}
+
+namespace korvel::cli {
+
+class Command;
+
+/// Has the command take the name of a tuning, TUNING, which must be given.
+void needTuning(Command& command, std::string& name);
+/// The tuning of that name. Throws CliError, which lists the tunings, when there is none.
+QBTuning& chooseTuning(const std::string& name);
+/// notes: six, such as "D2", the lowest string first. Throws CliError for a word that is no note.
+OpenPitches pitchesNamed(const std::vector<std::string>& notes);
+
+}  // namespace korvel::cli
