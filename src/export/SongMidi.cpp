@@ -18,22 +18,16 @@ namespace {
 constexpr int kDivision = 480;
 constexpr int kTicksOfStep = kDivision / kSixteenthsOfQuarter;
 constexpr int kSoundingTicksOfStep = kTicksOfStep * 95 / 100;
-constexpr int kStepsOfUnsetTone = 2;
 constexpr int kVelocity = 50;
 constexpr int kRelease = 20;
-
-int stepsOf(const QBTone& tone) {
-  return tone.duration() == 0 ? kStepsOfUnsetTone
-                              : std::clamp(tone.duration(), 1, kLongestDuration);
-}
 
 void addTones(std::vector<MidiNote>& notes, const QBHold& hold, const std::vector<int>& open,
               std::int64_t start) {
   for (const QBTone* tone : hold.tones()) {
     if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
     const int pitch = addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret());
-    notes.push_back(
-        {start, std::int64_t{kSoundingTicksOfStep} * stepsOf(*tone), pitch, kVelocity, kRelease});
+    notes.push_back({start, std::int64_t{kSoundingTicksOfStep} * tone->soundingSteps(), pitch,
+                     kVelocity, kRelease});
   }
 }
 

@@ -20,12 +20,7 @@ constexpr int kVelocity = 50;
 constexpr int kReleaseVelocity = 20;
 /// Notes end a little before the next chord.
 constexpr double kSounding = 0.95;
-constexpr double kStepsOfUnsetTone = 2.0;
 constexpr std::uint8_t kProgramChange = 0xC0;
-
-double stepsOf(const QBTone& tone) {
-  return tone.duration() == 0 ? kStepsOfUnsetTone : tone.duration();
-}
 
 }  // namespace
 
@@ -54,7 +49,7 @@ QBChord& QBMIDIPlayer::playChord(QBChord& chord) {
   m_lastDuration = std::clamp(chord.duration(), 1, kLongestDuration);
   if (const QBHold* hold = chord.hold())
     for (const QBTone* tone : hold->tones())
-      if (tone->isActive()) playNote(tone->string(), toMIDI(*tone), stepsOf(*tone));
+      if (tone->isActive()) playNote(tone->string(), toMIDI(*tone), tone->soundingSteps());
   return chord;
 }
 

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/songs/QBTone.h"
 
+#include <algorithm>
+
 #include "model/songs/QBHold.h"
 #include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
+#include "music/ChordStep.h"
 #include "music/Pitch.h"
 #include "platform/persistence/EntityDescription.h"
 
@@ -38,6 +41,10 @@ QBTone* QBTone::clone(QBHold* owner) const {
   if (hasTicks()) copy->setTicks(ticks());
   if (hasGroup()) copy->setGroup(group());
   return copy;
+}
+
+int QBTone::soundingSteps() const {
+  return duration() == 0 ? kUntoldDuration : std::clamp(duration(), 1, kLongestDuration);
 }
 
 bool QBTone::isNote(int note) const { return pitchClass(largeToneOf(*this)) == note; }

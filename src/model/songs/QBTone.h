@@ -15,6 +15,9 @@ class QBTone final : public platform::ManagedObject {
  public:
   static platform::EntityDescription describe();
 
+  /// Of a tone of which nobody has said how long it sounds, in sixteenths.
+  static constexpr int kUntoldDuration = 2;
+
   /// 0..5, 0 the lowest-sounding string.
   int string() const { return read(m_string); }
   void setString(int value) { assign(m_string, value); }
@@ -51,6 +54,8 @@ class QBTone final : public platform::ManagedObject {
   QBTone* clone(QBHold* owner) const;
   bool isActive() const { return active(); }
   int dur() const { return duration(); }
+  /// For how many chords it sounds, at least one; kUntoldDuration when its duration is 0.
+  int soundingSteps() const;
   /// Whether it sounds that pitch class, 0..11.
   bool isNote(int note) const;
   /// Whether it sounds that absolute note.

@@ -113,7 +113,7 @@ QBTone* QBTabMgr::createTone(QBHold* hold, int string, int fret, int note, doubl
   tone->setFret(fret);
   tone->setNote(note);
   tone->setAmp(amp);
-  tone->setDuration(2);
+  tone->setDuration(QBTone::kUntoldDuration);
   tone->setActive(true);
   return tone;
 }

@@ -27,8 +27,6 @@ namespace {
 constexpr float kProbabilityOfUnison = 0.1F;
 /// Farther than any tone lies off the neck.
 constexpr int kMostOctaves = 10;
-/// A tone of which nobody said how long it sounds.
-constexpr int kDurationOfNewTone = 2;
 
 int highestFretOf(QBSong& song) {
   int highest = 0;
@@ -83,7 +81,7 @@ class Fingerer {
 
   void addNote(const QBTone& tone, bool isUnison) {
     const double onset = static_cast<double>(m_chords.size()) * kSecondsOfChord;
-    const int steps = tone.duration() == kDurationOfNewTone ? 1 : std::max(1, tone.duration());
+    const int steps = tone.duration() == QBTone::kUntoldDuration ? 1 : std::max(1, tone.duration());
     m_notes.push_back({.onset = onset,
                        .end = onset + steps * kSecondsOfChord,
                        .pitch = pitchOf(tone),

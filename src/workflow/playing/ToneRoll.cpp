@@ -19,7 +19,6 @@ namespace korvel {
 namespace {
 
 constexpr double kDecibelsShown = 40;
-constexpr int kStepsOfUnsetTone = 2;
 
 double loudest(QBSong& song) {
   double amp = 0;
@@ -54,8 +53,7 @@ void ToneRoll::readTones(QBSong& song) {
     for (const QBTone* tone : hold->tones()) {
       if (tone->string() < 0 || tone->string() >= kStrings) continue;
       const int pitch = addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret());
-      const int steps = tone->duration() > 0 ? tone->duration() : kStepsOfUnsetTone;
-      m_tones.push_back({index, std::min(steps, m_chords - index),
+      m_tones.push_back({index, std::min(tone->soundingSteps(), m_chords - index),
                          std::clamp(pitch, 0, kHighestNote), tone->string(), tone->fret(),
                          loudnessOf(tone->amp(), most), tone->isActive()});
     }

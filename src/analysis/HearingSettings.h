@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "precise/Settings.h"
+#include "rhythm/Reading.h"
+
+namespace korvel {
+
+/// What the chords of a song stand for: equal slices of the recording's time, or what is struck
+/// together, as it is written in bars.
+enum class Grid { slices, beats };
+
+/// What the user may say to a detection that hears a recording as a whole.
+struct HearingSettings : precise::Settings {
+  Grid grid = Grid::slices;
+  rhythm::Wishes rhythm{};
+};
+
+}  // namespace korvel

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "analysis/beats/HeardSound.h"
+#include "analysis/beats/WrittenChords.h"
+#include "analysis/chords/ChordSupply.h"
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+
+class QBMeasure;
+
+/// The written chords of what was heard, in measures, with the names of the spans that they lie in.
+/// With the first one the song gets tempo, swing and key.
+class ChordsOnBeats final : public ChordSupply {
+ public:
+  explicit ChordsOnBeats(const HeardSound& heard);
+  ~ChordsOnBeats() override;
+
+  std::size_t size() const override { return m_chords.size(); }
+  QBChord* make(QBSong* song) override;
+
+ private:
+  void begin(QBSong& song) const;
+  void layIntoMeasure(QBSong& song, const WrittenChord& written, QBChord& chord);
+  void name(const WrittenChord& written, QBChord& chord) const;
+
+  double m_tempo;
+  rhythm::Reading m_reading;  ///< Without its notes.
+  std::vector<WrittenChord> m_chords;
+  std::vector<unsigned> m_pitchClasses;  ///< Of the reading's chords, bit n for pitch class n.
+  std::size_t m_next = 0;
+  platform::Ref<QBMeasure> m_measure;
+};
+
+}  // namespace korvel

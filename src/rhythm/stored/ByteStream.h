@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <stdexcept>
+#include <vector>
+
+namespace korvel::rhythm {
+
+/// Numbers one after the other as bytes. Whole ones take as few as they need.
+class ByteWriter {
+ public:
+  void whole(std::uint64_t value) {
+    for (; value >= kMore; value >>= kBits) add(static_cast<std::uint8_t>(value | kMore));
+    add(static_cast<std::uint8_t>(value));
+  }
+  void withSign(std::int64_t value) {
+    whole(static_cast<std::uint64_t>(value) << 1 ^ static_cast<std::uint64_t>(value >> 63));
+  }
+  void real(double value) {
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    for (int i = 0; i < 64; i += 8) add(static_cast<std::uint8_t>(bits >> i));
+  }
+  std::vector<std::byte> take() { return std::move(m_bytes); }
+
+  static constexpr std::uint64_t kMore = 0x80;
+  static constexpr int kBits = 7;
+
+ private:
+  void add(std::uint8_t byte) { m_bytes.push_back(std::byte{byte}); }
+
+  std::vector<std::byte> m_bytes;
+};
+
+/// The bytes were not written by a ByteWriter in that order.
+struct OddBytes final : std::runtime_error {
+  OddBytes() : std::runtime_error("bytes of a recording are damaged") {}
+};
+
+/// Reads what a ByteWriter wrote; throws OddBytes at its end and for what is out of range.
+class ByteReader {
+ public:
+  explicit ByteReader(std::span<const std::byte> bytes) : m_bytes(bytes) {}
+
+  std::uint64_t whole() {
+    std::uint64_t value = 0;
+    for (int shift = 0; shift < 63; shift += ByteWriter::kBits) {
+      const auto byte = std::to_integer<std::uint64_t>(next());
+      value |= (byte & (ByteWriter::kMore - 1)) << shift;
+      if (byte < ByteWriter::kMore) return value;
+    }
+    throw OddBytes();
+  }
+  std::int64_t withSign() {
+    const std::uint64_t value = whole();
+    return static_cast<std::int64_t>(value >> 1) ^ -static_cast<std::int64_t>(value & 1);
+  }
+  int within(int from, int to) {
+    const std::int64_t value = withSign();
+    if (value < from || value > to) throw OddBytes();
+    return static_cast<int>(value);
+  }
+  /// How many things follow, of which each takes at least one byte.
+  std::size_t count() {
+    const std::uint64_t value = whole();
+    if (value > m_bytes.size()) throw OddBytes();
+    return static_cast<std::size_t>(value);
+  }
+  double real() {
+    std::uint64_t bits = 0;
+    for (int i = 0; i < 64; i += 8) bits |= std::to_integer<std::uint64_t>(next()) << i;
+    return std::bit_cast<double>(bits);
+  }
+  bool isAtEnd() const { return m_bytes.empty(); }
+
+ private:
+  std::byte next() {
+    if (m_bytes.empty()) throw OddBytes();
+    const std::byte first = m_bytes.front();
+    m_bytes = m_bytes.subspan(1);
+    return first;
+  }
+
+  std::span<const std::byte> m_bytes;
+};
+
+}  // namespace korvel::rhythm
