@@ -11,9 +11,9 @@
 
 #include "cli/support/CommandLine.h"
 #include "cli/support/DetectionFlags.h"
+#include "fingering/Fingering.h"
 #include "platform/files/Files.h"
 #include "precise/Settings.h"
-#include "fingering/Fingering.h"
 
 namespace {
 

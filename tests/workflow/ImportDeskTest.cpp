@@ -128,25 +128,24 @@ TEST_F(ImportDeskTest, restingImportIsDropped) {
 }
 
 TEST_F(ImportDeskTest, importWaitsUntilTheStoreHasRoom) {
-  const auto import = start(classicDetection());
+  const auto running = start(classicDetection());
   int told = 0;
-  import->onTrouble([&](const platform::UserText&) { ++told;
-});
-{
+  running->onTrouble([&](const platform::UserText&) { ++told; });
+  {
+    const test::FileSizeLimit full(4096);
+    runUntil([&] { return told == 2; });
+    EXPECT_TRUE(running->isRunning());
+    EXPECT_NE(m_views.log.back().find("is stored as soon as that works"), std::string::npos);
+    EXPECT_THROW(newAlbum("Other"), platform::StoreError);
+    EXPECT_EQ(QBTabMgr::db().findAlbumByName("Other"), nullptr);
+  }
+  runUntil([&] { return !running->isRunning(); });
+  EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
   const test::FileSizeLimit full(4096);
-  runUntil([&] { return told == 2; });
-  EXPECT_TRUE(import->isRunning());
-  EXPECT_NE(m_views.log.back().find("is stored as soon as that works"), std::string::npos);
-  EXPECT_THROW(newAlbum("Other"), platform::StoreError);
-  EXPECT_EQ(QBTabMgr::db().findAlbumByName("Other"), nullptr);
+  start(classicDetection());
+  EXPECT_EQ(ImportDesk::endAll().size(), 1U) << "there is no more time to wait";
 }
-runUntil([&] { return !import->isRunning(); });
-EXPECT_EQ(m_views.log.back(), "Song successfully imported.");
-EXPECT_FALSE(QBTabMgr::db().context().hasChanges());
-const test::FileSizeLimit full(4096);
-start(classicDetection());
-EXPECT_EQ(ImportDesk::endAll().size(), 1U) << "there is no more time to wait";
-}  // namespace
 
 TEST_F(ImportDeskTest, importOfADeletedSongRestsUntilTheSongIsBack) {
   const auto whole = start(classicDetection());
@@ -242,5 +241,5 @@ TEST_F(ImportDeskTest, droppedImportLeavesSongsThatWereMovedToItsAlbum) {
   EXPECT_EQ(stored("QBChord"), 0U);
 }
 
-}  // namespace korvel
+}  // namespace
 }  // namespace korvel

@@ -19,20 +19,19 @@ struct QBCmdImportSongTest : testing::Test {
   /// Imports the strums with the precise detection.
   QBSong& precise(const std::vector<test::Strum>& strums) {
     test::writeWav(m_file, test::play(strums));
-    const auto import = command("Precise");
-    import->setDetection(preciseDetection(), {});
-    import->onProgress([this](double share) { m_progress.push_back(share);
-  });
-  import->run();
-  return song("Precise");
-}
+    const auto made = command("Precise");
+    made->setDetection(preciseDetection(), {});
+    made->onProgress([this](double share) { m_progress.push_back(share); });
+    made->run();
+    return song("Precise");
+  }
 
-const test::ScratchStore m_store{test::ScratchStore::Content::ofFirstStart};
-test::RecordingViews m_views;
-std::string m_file = m_store.folder().file("a.wav");
-platform::Ref<QBAlbum> m_album = QBTabMgr::db().createAlbum("A", false);
-std::vector<double> m_progress;
-};  // namespace
+  const test::ScratchStore m_store{test::ScratchStore::Content::ofFirstStart};
+  test::RecordingViews m_views;
+  std::string m_file = m_store.folder().file("a.wav");
+  platform::Ref<QBAlbum> m_album = QBTabMgr::db().createAlbum("A", false);
+  std::vector<double> m_progress;
+};
 
 /// The frets of each chord's tones and, in front of them, the block that it stands for.
 std::string blocksOf(QBSong& song) {
@@ -73,5 +72,5 @@ TEST_F(QBCmdImportSongTest, preciseSongKeepsTimeWithTheRecording) {
   EXPECT_TRUE(ratio > 0.2 && ratio < 10) << "limits of loudness mean about the same: " << ratio;
 }
 
-}  // namespace korvel
+}  // namespace
 }  // namespace korvel

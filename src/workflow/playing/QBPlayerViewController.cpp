@@ -86,8 +86,8 @@ void QBPlayerViewController::playHandler() {
   showPlace(index);
 }
 
-/// The place is that of the chord which begins, and the range is counted without one of its ends, so
-/// that the last chord of a loop lies beyond it. The mark in the tablature depends on that.
+/// The place is that of the chord which begins, and the range is counted without one of its ends,
+/// so that the last chord of a loop lies beyond it. The mark in the tablature depends on that.
 void QBPlayerViewController::showPlace(int index) {
   m_shown = index;
   const float fraction =
