@@ -56,6 +56,10 @@ QRectF TabCanvas::cells(int x, int y, int columns, int rows) const {
           rows * m_cell.height()};
 }
 
+QRectF TabCanvas::chordCells(const TabLayout::Place& place) const {
+  return cells(place.x, place.y - 1, place.columns, 1 + kStrings + kNoteValueRows);
+}
+
 int TabCanvas::columnAt(double x) const { return static_cast<int>(std::floor(x / m_cell.width())); }
 
 int TabCanvas::rowAt(double y) const { return static_cast<int>(std::floor(y / m_cell.height())); }

@@ -17,12 +17,17 @@ namespace korvel::ui {
 /// and stems as lines, everything else as the text that it is.
 class TabCanvas {
  public:
+  /// Columns of a fret's number.
+  static constexpr int kFretColumns = 2;
+
   /// The font has to be monospaced; the device says how large its points are.
   TabCanvas(const QFont& font, const Shades& shades, const QPaintDevice* device = nullptr);
 
   QSizeF cell() const { return m_cell; }
   /// Cells of a text whose top left corner is at the origin.
   QRectF cells(int x, int y, int columns, int rows) const;
+  /// Of a chord that stands there: its name, its strings and its note values.
+  QRectF chordCells(const TabLayout::Place& place) const;
   int columnAt(double x) const;
   int rowAt(double y) const;
 

@@ -15,10 +15,7 @@
 #include "model/instruments/QBTuning.h"
 #include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
-#include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
-#include "model/songs/QBTone.h"
-#include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
 #include "platform/text/Utf8.h"
 #include "tab/layout/PlayPosition.h"
@@ -26,20 +23,18 @@
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/views/ChordWords.h"
+#include "ui/views/TablaturePainter.h"
 
 namespace korvel::ui {
 namespace {
 
 constexpr double kMarginColumns = 1;
 constexpr double kMarginRows = 0.5;
-constexpr int kFretColumns = 2;
 constexpr int kFewestColumns = 40;
 constexpr int kMostColumns = 400;
 /// Strings are drawn so far beyond the width of a system.
 constexpr int kColumnsBeyondWidth = 4;
 constexpr qsizetype kColumnsOfWords = 72;
-/// Rows of a system that marks span: the name, the strings, the note values.
-constexpr int kMarkedRows = 1 + kStrings + 3;
 
 QRectF withMargin(const QRectF& rect, double margin) {
   return rect.adjusted(-margin, -margin, margin, margin);
@@ -243,20 +238,16 @@ bool TablatureView::isOnRuler(const QPoint& position) const {
   return system && row == system->first;
 }
 
-QRectF TablatureView::cellsOf(const TabLayout::Place& place) const {
-  return m_canvas.cells(place.x, place.y - 1, place.columns, kMarkedRows);
-}
-
 QRectF TablatureView::cursorCells() const {
   const auto place = m_layout.nearPlace(m_chord);
   if (!place) return {};
-  const int columns = m_layout.placeOf(m_chord) ? kFretColumns : 1;
+  const int columns = m_layout.placeOf(m_chord) ? TabCanvas::kFretColumns : 1;
   return m_canvas.cells(place->x, rowOfString(place->y, m_string), columns, 1);
 }
 
 QRect TablatureView::chordRect(int chord) const {
   const auto place = m_layout.nearPlace(chord);
-  return place ? cellsOf(*place).translated(origin()).toAlignedRect() : QRect();
+  return place ? m_canvas.chordCells(*place).translated(origin()).toAlignedRect() : QRect();
 }
 
 /// Scrolls no further than needed.
@@ -274,18 +265,19 @@ void TablatureView::reveal(const QRectF& cells) {
 void TablatureView::follow(int chord) {
   const auto place = m_layout.nearPlace(chord);
   if (!place) return;
-  const QRectF marked = cellsOf(*place).translated(origin());
+  const QRectF marked = m_canvas.chordCells(*place).translated(origin());
   const QRectF view = viewport()->rect();
   if (marked.top() < 0 || marked.bottom() > view.bottom())
     verticalScrollBar()->setValue(verticalScrollBar()->value() +
                                   static_cast<int>(marked.top() - view.height() / 8));
-  reveal(cellsOf(*place));
+  reveal(m_canvas.chordCells(*place));
 }
 
 void TablatureView::updateChord(int chord) {
   if (const auto place = m_layout.nearPlace(chord))
-    viewport()->update(
-        withMargin(cellsOf(*place), m_canvas.cell().width()).translated(origin()).toAlignedRect());
+    viewport()->update(withMargin(m_canvas.chordCells(*place), m_canvas.cell().width())
+                           .translated(origin())
+                           .toAlignedRect());
 }
 
 void TablatureView::showPlaying(int chord) {
@@ -303,115 +295,15 @@ void TablatureView::showPlaying(int chord) {
 
 void TablatureView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
-  painter.fillRect(event->rect(), Shades(palette()).base);
+  const Shades shades(palette());
+  painter.fillRect(event->rect(), shades.base);
   if (m_layout.rows().empty()) return paintPlaceholder(painter);
   painter.translate(origin());
-  const QRectF wanted = QRectF(event->rect()).translated(-origin());
-  const int rows = static_cast<int>(m_layout.rows().size());
-  const int first = std::clamp(m_canvas.rowAt(wanted.top()), 0, rows);
-  const int end = std::clamp(m_canvas.rowAt(wanted.bottom()) + 1, 0, rows);
-  const auto isVisible = [&](const TabLayout::System& system) {
-    return system.first < end && system.end >= first;
-  };
-  for (const auto& system : m_layout.systems())
-    if (isVisible(system)) paintGround(painter, system);
-  for (int row = first; row < end; ++row) m_canvas.drawRow(painter, m_layout, row, shownRow(row));
-  painter.setRenderHint(QPainter::Antialiasing);
-  for (const auto& system : m_layout.systems())
-    if (isVisible(system)) paintMarks(painter, system);
-  paintCursor(painter);
-}
-
-QString TablatureView::shownRow(int row) const {
-  QString words = toText(m_layout.rows()[static_cast<std::size_t>(row)]);
-  const TabLayout::System* system = m_layout.systemAt(row);
-  if (m_song && system && stringAt(*system, row)) addInactiveTones(words, *system, row);
-  return words;
-}
-
-/// The text leaves silenced tones out; here they show in parentheses where a string has no other.
-void TablatureView::addInactiveTones(QString& words, const TabLayout::System& system,
-                                     int row) const {
-  const auto& chords = m_song->allChords();
-  const int string = *stringAt(system, row);
-  for (auto place = m_layout.begin(system); place != m_layout.end(system); ++place) {
-    if (place->chord >= static_cast<int>(chords.size())) continue;
-    const QBHold* hold = chords[static_cast<std::size_t>(place->chord)]->hold();
-    if (!hold || QStringView(words).mid(place->x, kFretColumns) != u"--") continue;
-    for (const auto& tone : hold->allTonesOfString(string)) {
-      if (tone->isActive()) continue;
-      const QString text = QString("(%1)").arg(tone->fret());
-      if (place->x + text.size() <= words.size()) words.replace(place->x, text.size(), text);
-    }
-  }
-}
-
-void TablatureView::paintRuler(QPainter& painter, const TabLayout::System& system) const {
-  const auto first = m_layout.begin(system);
-  const auto end = m_layout.end(system);
-  if (first == end) return;
-  const int columns = std::prev(end)->x + std::prev(end)->columns - first->x;
-  painter.fillRect(m_canvas.cells(first->x, system.first, columns, 1), Shades(palette()).ruler);
-}
-
-void TablatureView::paintGround(QPainter& painter, const TabLayout::System& system) const {
-  const Shades shades(palette());
-  paintRuler(painter, system);
-  for (auto place = m_layout.begin(system); place != m_layout.end(system); ++place) {
-    const QRectF cells = cellsOf(*place);
-    if (m_loop.contains(place->chord)) painter.fillRect(cells, shades.loop);
-    if (!m_selection.contains(place->chord)) continue;
-    const double edge = std::max(1.0, m_canvas.cell().width() / 5);
-    painter.fillRect(cells, shades.chosen);
-    painter.fillRect(QRectF(cells.left(), cells.top(), cells.width(), edge), shades.mark);
-    painter.fillRect(QRectF(cells.left(), cells.bottom() - edge, cells.width(), edge), shades.mark);
-  }
-}
-
-void TablatureView::paintMarks(QPainter& painter, const TabLayout::System& system) const {
-  const auto isHere = [&](const auto& place) { return place && place->y == system.top; };
-  const auto from = m_layout.nearPlace(m_loop.first);
-  const auto to = m_layout.nearPlace(m_loop.last);
-  const auto playing = m_layout.nearPlace(m_playing);
-  if (isHere(from)) paintBracket(painter, *from, true);
-  if (isHere(to)) paintBracket(painter, *to, false);
-  if (!isHere(playing)) return;
-  const double pen = std::max(2.0, m_canvas.cell().width() / 4);
-  painter.setPen(QPen(Shades(palette()).mark, pen));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(cellsOf(*playing).adjusted(-pen / 2, pen / 2, -pen, -pen / 2), 2 * pen,
-                          2 * pen);
-}
-
-void TablatureView::paintBracket(QPainter& painter, const TabLayout::Place& place,
-                                 bool opening) const {
-  const QRectF cells = cellsOf(place);
-  const double pen = std::max(2.0, m_canvas.cell().width() / 3);
-  const double x = opening ? cells.left() - pen / 2 : cells.right() - pen / 2;
-  const double inner = x + (opening ? 1 : -1) * m_canvas.cell().width() * 0.8;
-  painter.setPen(QPen(Shades(palette()).text, pen, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-  painter.drawPolyline(QPolygonF{
-      {inner, cells.top()}, {x, cells.top()}, {x, cells.bottom()}, {inner, cells.bottom()}});
-}
-
-void TablatureView::paintCursor(QPainter& painter) const {
-  const QRectF cells = cursorCells();
-  if (cells.isEmpty()) return;
-  const Shades shades(palette());
-  if (!hasFocus()) {
-    painter.setPen(QPen(shades.faintText, 1, Qt::DotLine));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(withMargin(cells, -0.5));
-    return;
-  }
-  painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.fillRect(cells, shades.accent);
-  painter.setClipRect(cells);
-  Shades onAccent = shades;
-  onAccent.text = onAccent.faintText = onAccent.line = shades.onAccent;
-  const int row = m_canvas.rowAt(cells.center().y());
-  TabCanvas(tabFont(), onAccent).drawRow(painter, m_layout, row, shownRow(row));
-  painter.setClipping(false);
+  const TablaturePainter tab(m_canvas, shades, {m_layout, m_song, m_loop, m_selection, m_playing});
+  tab.paint(painter, QRectF(event->rect()).translated(-origin()));
+  const QRectF cursor = cursorCells();
+  if (cursor.isEmpty()) return;
+  hasFocus() ? tab.fillCursor(painter, cursor, tabFont()) : tab.frameCursor(painter, cursor);
 }
 
 void TablatureView::paintPlaceholder(QPainter& painter) const {

@@ -157,20 +157,12 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   QPointF toCells(const QPoint& position) const;
   std::optional<int> chordUnder(const QPoint& position) const;
   bool isOnRuler(const QPoint& position) const;
-  QRectF cellsOf(const TabLayout::Place& place) const;
   QRectF cursorCells() const;
   void reveal(const QRectF& cells);
   void follow(int chord);
   void updateChord(int chord);
 
   // Painting.
-  QString shownRow(int row) const;
-  void addInactiveTones(QString& words, const TabLayout::System& system, int row) const;
-  void paintRuler(QPainter& painter, const TabLayout::System& system) const;
-  void paintGround(QPainter& painter, const TabLayout::System& system) const;
-  void paintMarks(QPainter& painter, const TabLayout::System& system) const;
-  void paintBracket(QPainter& painter, const TabLayout::Place& place, bool opening) const;
-  void paintCursor(QPainter& painter) const;
   void paintPlaceholder(QPainter& painter) const;
   QString placeholder() const;
 
