@@ -2,6 +2,7 @@
 #include "ui/window/MainWindow.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QDockWidget>
@@ -11,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -27,6 +29,7 @@
 #include "ui/desktop/QtRunLoop.h"
 #include "ui/dialogs/AlertBox.h"
 #include "ui/dialogs/ShapeDialog.h"
+#include "ui/dialogs/guides/EasyDialog.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/views/FretboardView.h"
@@ -311,6 +314,25 @@ TEST_F(MainWindowTest, chordsAreCorrectedTogetherEachWithOneStepOfUndo) {
   EXPECT_EQ(tablature.cursorChord(), 2);
   EXPECT_TRUE(action("Edit")->menu()->isVisible());
   action("Edit")->menu()->hide();
+}
+
+TEST_F(MainWindowTest, easyVersionIsSeenBeforeItIsMadeAndUndoneInOneStep) {
+  import();
+  const auto undo = m_window->findChild<EditMenu*>()->actions().front();
+  QTimer::singleShot(0, [] {
+    auto* dialog = qobject_cast<EasyDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->findChildren<QComboBox*>().front()->setCurrentIndex(2);  // the melody
+    const auto* preview = dialog->findChild<QPlainTextEdit*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return preview->toPlainText().contains("|E"); }));
+    EXPECT_EQ(titles(), "Tune/Tune ");
+    dialog->accept();
+  });
+  action("Easy Version ...")->trigger();
+  EXPECT_EQ(titles(), "Tune/Tune Tune/Tune(Mld)(Fng) ");
+  EXPECT_EQ(m_window->tree().view().currentIndex().data().toString(), "Tune(Mld)(Fng)");
+  undo->trigger();
+  EXPECT_EQ(titles(), "Tune/Tune ");
 }
 
 TEST_F(MainWindowTest, songIsExportedAsThePdfThatItsNameSays) {

@@ -32,6 +32,9 @@
 #include "ui/dialogs/SelfCheckDialog.h"
 #include "ui/dialogs/SettingsDialog.h"
 #include "ui/dialogs/TuningDialog.h"
+#include "ui/dialogs/guides/EasyDialog.h"
+#include "ui/dialogs/guides/PractiseDialog.h"
+#include "ui/dialogs/guides/SingAlongDialog.h"
 #include "ui/library/SongMenu.h"
 #include "ui/library/TreeModel.h"
 #include "ui/sound/PlayerBar.h"
@@ -145,6 +148,18 @@ TEST_P(WindowWordsTest, everyControlHasANameForScreenReaders) {
   EXPECT_EQ(nameless(settings), "");
   EXPECT_EQ(nameless(TuningDialog(*QBTabMgr::db().selectedTuning(), nullptr)), "");
   EXPECT_EQ(nameless(SelfCheckDialog(nullptr)), "");
+}
+
+TEST_P(WindowWordsTest, guidesAreReachedByLettersAndHeard) {
+  QBSong& song = *QBTabMgr::db().createAlbum("Practice", false)->createSong("Blues");
+  const EasyDialog easy(song);
+  const SingAlongDialog sing(song);
+  const PractiseDialog practise(song, {}, PlayerBar::kSlowest, PlayerBar::kFastest);
+  for (const GuideDialog* each :
+       std::initializer_list<const GuideDialog*>{&easy, &sing, &practise}) {
+    EXPECT_EQ(nameless(*each), "");
+    EXPECT_EQ(clashes(textsOf(*each)), "");
+  }
 }
 
 TEST_P(WindowWordsTest, menusAreReachedByLettersOfTheirOwn) {

@@ -107,6 +107,33 @@ class Session:
                  lambda: len(self.window.all("table cell", TITLE + "(")) == 3)
         self.picture("3-arranged")
 
+    def lead(self, entry):
+        """Chooses one of the entries that lead the song's context menu, counted from 1."""
+        xdotool("mousemove", *centre(self.song_cell(TITLE)), "click", 1, "click", 3)
+        self.window.keys(*["Down"] * entry, "Return")
+
+    def make_easy(self):
+        """The melody at the first frets, looked at before it is made, and taken back."""
+        self.lead(1)
+        self.window.find("label", "Frets")
+        self.window.keys("alt+p")
+        self.window.type("Melody")
+        wait_for("its first line", lambda: "|E" in self.window.text("First line of what comes out"))
+        self.picture("3-easy")
+        self.window.keys("Return")
+        self.expect_log("Easy version made.")
+        self.song_cell(TITLE + "(Mld)(Fng)")
+        self.window.keys("ctrl+z")
+        self.expect_log("Undo Easy Version")
+
+    def practise(self):
+        self.lead(3)
+        self.window.find("label", "From chord")
+        self.window.keys("Return")
+        wait_for("the play position to move", lambda: self.position() > 0)
+        self.window.press("push button", "Stop")
+        wait_for("the player to stop", lambda: self.can_be_pressed("Play"))
+
     def play(self):
         """Until the marker has moved, in a loop that clicks have marked, and on beside another
         song."""
@@ -326,6 +353,8 @@ def main():
         session.start()
         session.import_by_drag_and_drop()
         session.arrange()
+        session.make_easy()
+        session.practise()
         session.play()
         session.edit()
         session.export()

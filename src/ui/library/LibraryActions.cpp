@@ -29,6 +29,7 @@
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/CalibrationDialog.h"
 #include "ui/dialogs/TuningDialog.h"
+#include "ui/library/SongGuides.h"
 #include "ui/library/SongMenu.h"
 #include "workflow/arranging/SongOrders.h"
 #include "workflow/exporting/ExportAlbumCommand.h"
@@ -114,8 +115,8 @@ QString adviceFor(const QString& file) {
 
 }  // namespace
 
-LibraryActions::LibraryActions(ImportDesk& desk, QWidget* window)
-    : QObject(window), m_desk(desk), m_window(window) {}
+LibraryActions::LibraryActions(ImportDesk& desk, SongGuides& guides, QWidget* window)
+    : QObject(window), m_desk(desk), m_guides(guides), m_window(window) {}
 
 void LibraryActions::attempt(const std::function<void()>& edit) {
   try {
@@ -177,6 +178,7 @@ void LibraryActions::fillMenu(QMenu& menu, TreeNode& node) {
 
 void LibraryActions::fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node) {
   if (!node->song()->isWhole()) fillUnheardMenu(menu, *node->song());
+  m_guides.addTo(menu, [node] { return node->song(); });
   addSongCommands(menu, [this, node](const SongCommand& command) {
     attempt([&] { orderOf(*node, command); });
   });

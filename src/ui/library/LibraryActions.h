@@ -22,14 +22,16 @@ class TreeNode;
 
 namespace korvel::ui {
 
+class SongGuides;
+
 /// What the menus offer for the nodes of the tree: asks what has to be asked, has the workflow do
 /// it, and says what cannot be.
 class LibraryActions final : public QObject {
   Q_OBJECT
 
  public:
-  /// Dialogs stand over the window; the desk outlives this.
-  LibraryActions(ImportDesk& desk, QWidget* window);
+  /// Dialogs stand over the window; desk and guides outlive this.
+  LibraryActions(ImportDesk& desk, SongGuides& guides, QWidget* window);
 
   // Menus of the tree, by what was clicked.
   void fillRootMenu(QMenu& menu);
@@ -93,6 +95,7 @@ class LibraryActions final : public QObject {
   void exportInstrument(QBInstrument& instrument);
 
   ImportDesk& m_desk;
+  SongGuides& m_guides;
   QWidget* m_window;
 };
 

@@ -3,7 +3,10 @@
 
 #include "platform/text/UserError.h"
 #include "ui/desktop/Translated.h"
+#include "ui/library/SongGuides.h"
 #include "workflow/arranging/SongOrders.h"
+#include "workflow/library/QBSongNode.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
 
@@ -34,7 +37,11 @@ void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>&
   }
 }
 
-SongMenu::SongMenu(QWidget* parent) : QMenu(tr("&Song"), parent) {
+SongMenu::SongMenu(SongGuides& guides, QWidget* parent) : QMenu(tr("&Song"), parent) {
+  guides.addTo(*this, [] {
+    const QBSongNode* node = QBSession::session().activeSongNode();
+    return node ? node->song() : nullptr;
+  });
   addSongCommands(*this, [this](const SongCommand& command) {
     try {
       orderByMenu(m_items, command);

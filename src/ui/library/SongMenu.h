@@ -12,12 +12,15 @@ namespace korvel::ui {
 /// those of the commands.
 void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>& give);
 
+class SongGuides;
+
 /// The song menu of the menu bar, for the song that is selected in the tree.
 class SongMenu final : public QMenu, public NodeMenu {
   Q_OBJECT
 
  public:
-  explicit SongMenu(QWidget* parent = nullptr);
+  /// The guides' entries lead it.
+  explicit SongMenu(SongGuides& guides, QWidget* parent = nullptr);
 
   void enable(bool enabled) override;
 

@@ -15,14 +15,13 @@
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/sound/PlayerIcons.h"
+#include "workflow/arranging/guided/Practice.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
 namespace {
 
 constexpr int kAll = 100;
-constexpr int kSlowest = 25;
-constexpr int kFastest = 150;
 constexpr double kClicksAsTheyCome = 70;
 constexpr int kSliderWidth = 9;  // in letters
 constexpr int kSecondsOfMinute = 60;
@@ -126,6 +125,13 @@ void PlayerBar::play() {
   const QBSong* song = QBSession::session().activeSong();
   if (!song || song->chords().empty()) return emit refused(tr("Choose a song with chords first"));
   m_player.play();
+}
+
+void PlayerBar::practise(const Practice& practice) {
+  m_speed->setValue(practice.speed);
+  m_countIn->setChecked(practice.countIn);
+  m_metronome->setChecked(practice.metronome);
+  play();
 }
 
 void PlayerBar::stop() { m_player.stop(); }

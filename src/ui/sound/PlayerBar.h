@@ -10,6 +10,10 @@ class QCheckBox;
 class QLabel;
 class QSlider;
 
+namespace korvel {
+struct Practice;
+}
+
 namespace korvel::ui {
 
 /// Plays the song that is shown, or its loop. The user may turn to another song meanwhile.
@@ -17,6 +21,10 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   Q_OBJECT
 
  public:
+  // Per cent.
+  static constexpr int kSlowest = 25;
+  static constexpr int kFastest = 150;
+
   explicit PlayerBar(QWidget* parent = nullptr);
   ~PlayerBar() override;
 
@@ -24,6 +32,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   /// The song that plays, or none.
   QBSong* song() const { return m_player.song(); }
   bool plays(const QBSong* song) const { return m_player.plays(song); }
+  /// Plays at its speed, with its clicks.
+  void practise(const Practice& practice);
 
   void lockMIDI() override;
   void unlockAll() override;

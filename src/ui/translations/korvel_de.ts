@@ -811,6 +811,14 @@
         <source>Korvel will be closed</source>
         <translation>Korvel wird beendet</translation>
     </message>
+    <message>
+        <source>%1: no chord of it has a name, so there is nothing to strum; name its chords first</source>
+        <translation>%1: Kein Akkord darin hat einen Namen, also gibt es nichts zu schlagen; benenne erst seine Akkorde</translation>
+    </message>
+    <message>
+        <source>%1: no hand reaches its chord %2 in its tuning; try another key</source>
+        <translation>%1: Den Akkord %2 erreicht in dieser Stimmung keine Hand; versuche eine andere Tonart</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
@@ -1966,6 +1974,14 @@
         <source>Transpose Down By A Major Seventh (11 Half Tones)</source>
         <translation>Um eine große Septime (11 Halbtöne) nach unten transponieren</translation>
     </message>
+    <message>
+        <source>Easy Version</source>
+        <translation>Einfache Fassung</translation>
+    </message>
+    <message>
+        <source>Sing Along</source>
+        <translation>Mitsingen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -2186,6 +2202,69 @@
     <message>
         <source> and </source>
         <translation> und </translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::EasyDialog</name>
+    <message>
+        <source>Easy Version</source>
+        <translation>Einfache Fassung</translation>
+    </message>
+    <message>
+        <source>&amp;Make It</source>
+        <translation>&amp;Erstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Spielen</translation>
+    </message>
+    <message>
+        <source>Simple chords</source>
+        <translation>Einfache Akkorde</translation>
+    </message>
+    <message>
+        <source>Bass and melody</source>
+        <translation>Bass und Melodie</translation>
+    </message>
+    <message>
+        <source>Melody only</source>
+        <translation>Nur die Melodie</translation>
+    </message>
+    <message>
+        <source>&amp;Key</source>
+        <translation>&amp;Tonart</translation>
+    </message>
+    <message>
+        <source>As recorded</source>
+        <translation>Wie aufgenommen</translation>
+    </message>
+    <message>
+        <source>Higher or lower, for open chords</source>
+        <translation>Höher oder tiefer, für offene Akkorde</translation>
+    </message>
+    <message>
+        <source>With a capo, for open chords</source>
+        <translation>Mit Kapodaster, für offene Akkorde</translation>
+    </message>
+    <message>
+        <source>&amp;Frets</source>
+        <translation>&amp;Bünde</translation>
+    </message>
+    <message>
+        <source>Up to the third</source>
+        <translation>Bis zum dritten</translation>
+    </message>
+    <message>
+        <source>Up to the fifth</source>
+        <translation>Bis zum fünften</translation>
+    </message>
+    <message>
+        <source>With a capo on fret %1 it sounds as recorded</source>
+        <translation>Mit dem Kapodaster im Bund %1 klingt es wie aufgenommen</translation>
+    </message>
+    <message>
+        <source>It needs no capo: in no other key it has more open chords</source>
+        <translation>Ein Kapodaster hilft hier nicht: In keiner anderen Tonart sind mehr Akkorde offen</translation>
     </message>
 </context>
 <context>
@@ -2486,6 +2565,13 @@
     <message>
         <source>Korvel ended before it had heard %1 note by note. Hear it now?</source>
         <translation>Korvel endete, bevor es %1 Ton für Ton gehört hatte. Jetzt hören?</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::GuideDialog</name>
+    <message>
+        <source>First line of what comes out</source>
+        <translation>Erste Zeile von dem, was herauskommt</translation>
     </message>
 </context>
 <context>
@@ -2902,6 +2988,49 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
 </context>
 <context>
+    <name>korvel::ui::PractiseDialog</name>
+    <message>
+        <source>Practise</source>
+        <translation>Üben</translation>
+    </message>
+    <message>
+        <source>&amp;Begin</source>
+        <translation>&amp;Anfangen</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Spielen</translation>
+    </message>
+    <message>
+        <source>The whole song</source>
+        <translation>Den ganzen Song</translation>
+    </message>
+    <message>
+        <source>A passage, again and again</source>
+        <translation>Eine Stelle, immer wieder</translation>
+    </message>
+    <message>
+        <source>&amp;Count-in</source>
+        <translation>&amp;Einzählen</translation>
+    </message>
+    <message>
+        <source>&amp;Metronome</source>
+        <translation>&amp;Metronom</translation>
+    </message>
+    <message>
+        <source>&amp;From chord</source>
+        <translation>&amp;Von Akkord</translation>
+    </message>
+    <message>
+        <source>&amp;To chord</source>
+        <translation>&amp;Bis Akkord</translation>
+    </message>
+    <message>
+        <source>&amp;Speed</source>
+        <translation>&amp;Tempo</translation>
+    </message>
+</context>
+<context>
     <name>korvel::ui::RecordPanel</name>
     <message>
         <source>; the recording is in %1</source>
@@ -3154,6 +3283,72 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Stop playing first, then change the loop</source>
         <translation>Erst die Wiedergabe anhalten, dann den Loop ändern</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::SingAlongDialog</name>
+    <message>
+        <source>Sing Along</source>
+        <translation>Mitsingen</translation>
+    </message>
+    <message>
+        <source>&amp;Make It</source>
+        <translation>&amp;Erstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Chords</source>
+        <translation>&amp;Akkorde</translation>
+    </message>
+    <message>
+        <source>Plain: major and minor</source>
+        <translation>Schlicht: Dur und Moll</translation>
+    </message>
+    <message>
+        <source>As they are named</source>
+        <translation>So, wie sie heißen</translation>
+    </message>
+    <message>
+        <source>&amp;First chord</source>
+        <translation>Erster A&amp;kkord</translation>
+    </message>
+    <message>
+        <source>%1, as recorded</source>
+        <translation>%1, wie aufgenommen</translation>
+    </message>
+    <message>
+        <source>%1, half tones: %2</source>
+        <translation>%1, Halbtöne: %2</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::SongGuides</name>
+    <message>
+        <source>Choose a song with chords first</source>
+        <translation>Wähle erst einen Song, der Akkorde hat</translation>
+    </message>
+    <message>
+        <source>&amp;Easy Version ...</source>
+        <translation>&amp;Einfache Fassung ...</translation>
+    </message>
+    <message>
+        <source>Simple chords, the melody or bass and melody, at the first frets and in an easy key</source>
+        <translation>Einfache Akkorde, die Melodie oder Bass und Melodie, in den ersten Bünden und in einer leichten Tonart</translation>
+    </message>
+    <message>
+        <source>Sing &amp;Along ...</source>
+        <translation>&amp;Mitsingen ...</translation>
+    </message>
+    <message>
+        <source>Names of chords and strums, one grip for each chord, in the key of who sings</source>
+        <translation>Akkordnamen und Schläge, ein Griff für jeden Akkord, in der Tonart dessen, der singt</translation>
+    </message>
+    <message>
+        <source>&amp;Practise ...</source>
+        <translation>Ü&amp;ben ...</translation>
+    </message>
+    <message>
+        <source>Plays the song or a passage, slower and with clicks if you like</source>
+        <translation>Spielt den Song oder eine Stelle, auf Wunsch langsamer und mit Klicks</translation>
     </message>
 </context>
 <context>

@@ -22,8 +22,10 @@
 #include "ui/dialogs/HelpWindow.h"
 #include "ui/dialogs/SelfCheckDialog.h"
 #include "ui/dialogs/SettingsDialog.h"
+#include "ui/dialogs/guides/PractiseDialog.h"
 #include "ui/library/AlbumMenu.h"
 #include "ui/library/LibraryActions.h"
+#include "ui/library/SongGuides.h"
 #include "ui/library/SongMenu.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
@@ -51,7 +53,8 @@ constexpr int kSayMilliseconds = 15000;
 MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
     : QMainWindow(parent),
       m_library(QBTabMgr::db(), QBSession::session()),
-      m_actions(new LibraryActions(m_desk, this)),
+      m_guides(new SongGuides(this)),
+      m_actions(new LibraryActions(m_desk, *m_guides, this)),
       m_tree(new TreePanel(m_library, *m_actions)),
       m_tablature(new TablatureView),
       m_find(new FindBar(*m_tablature)),
@@ -64,7 +67,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_help(new HelpWindow(this)),
       m_fileMenu(new FileMenu(*m_actions, *m_tablature, this)),
       m_editMenu(new EditMenu({*m_tablature, *m_fretboard, *m_find, *m_tree}, this)),
-      m_songMenu(new SongMenu(this)),
+      m_songMenu(new SongMenu(*m_guides, this)),
       m_albumMenu(new AlbumMenu(*m_actions, this)),
       m_shown(new ShownSong({*m_tablature, *m_fretboard, *m_roll, *m_editMenu, *m_player}, this)),
       m_arrivals(new Arrivals(this)),
@@ -184,6 +187,8 @@ void MainWindow::addMenus() {
   });
   menuBar()->addMenu(m_songMenu);
   connect(m_songMenu, &SongMenu::refused, this, &MainWindow::say);
+  connect(m_guides, &SongGuides::said, this, &MainWindow::say);
+  connect(m_guides, &SongGuides::practiceWanted, this, &MainWindow::practise);
   menuBar()->addMenu(m_albumMenu);
   addPlayMenu();
   addViewMenu();
@@ -224,6 +229,19 @@ void MainWindow::addHelpMenu() {
 void MainWindow::showHelp() {
   const std::string page = tr("index", "the page of help in the user's language").toStdString();
   QBSession::session().drawHelp(QBTextLoader::db().loadFromFile(page).value_or(""));
+}
+
+void MainWindow::practise(QBSong* song) {
+  const Preferences preferences;
+  const Practice before{.passage = std::nullopt,
+                        .speed = m_player->speed(),
+                        .countIn = preferences.countIn(),
+                        .metronome = preferences.metronome()};
+  PractiseDialog dialog(*song, before, PlayerBar::kSlowest, PlayerBar::kFastest, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  m_player->stop();
+  if (QBSession::session().activeSong() != song) QBSession::session().setActiveSong(song);
+  if (m_shown->choosePassage(dialog.practice())) m_player->practise(dialog.practice());
 }
 
 void MainWindow::applyPreferences() {

@@ -32,6 +32,7 @@ class PlayerBar;
 class RecordPanel;
 class RollView;
 class ShownSong;
+class SongGuides;
 class SongMenu;
 class TablatureView;
 class TreePanel;
@@ -96,6 +97,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void applyPreferences();
   void changeSettings(const char* page = nullptr);
   void showHelp();
+  void practise(QBSong* song);
 
   void showHeard(QBSong* heard);
   bool isBusy() const;
@@ -107,6 +109,7 @@ class MainWindow final : public QMainWindow, public SongView {
   SaveFilePanel m_savePanel{this};
   LibraryTree m_library;
   ImportDesk m_desk{m_library};
+  SongGuides* m_guides;
   LibraryActions* m_actions;
   TreePanel* m_tree;
   TablatureView* m_tablature;

@@ -9,6 +9,7 @@
 #include "ui/views/FretboardView.h"
 #include "ui/views/RollView.h"
 #include "ui/views/TablatureView.h"
+#include "workflow/arranging/guided/Practice.h"
 #include "workflow/editing/SongEdits.h"
 #include "workflow/session/QBSession.h"
 
@@ -79,15 +80,23 @@ void ShownSong::endLoop() {
   });
 }
 
-void ShownSong::changeLoop(const std::function<void(QBSong&)>& change) {
-  if (m_views.player.plays(m_song))
-    return emit refused(tr("Stop playing first, then change the loop"));
+bool ShownSong::choosePassage(const Practice& practice) {
+  return changeLoop([&](QBSong& song) { korvel::choosePassage(song, practice.passage); });
+}
+
+/// Answers whether it was changed.
+bool ShownSong::changeLoop(const std::function<void(QBSong&)>& change) {
+  if (m_views.player.plays(m_song)) {
+    emit refused(tr("Stop playing first, then change the loop"));
+    return false;
+  }
   const QString refusal = refusalOf([&] {
     if (m_song) change(*m_song);
   });
   if (!refusal.isEmpty()) emit refused(refusal);
   refresh();
   m_views.player.controller().updateLoop();
+  return refusal.isEmpty();
 }
 
 /// After a change of the song.

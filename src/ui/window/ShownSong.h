@@ -8,7 +8,8 @@
 
 namespace korvel {
 class QBSong;
-}
+struct Practice;
+}  // namespace korvel
 
 namespace korvel::ui {
 
@@ -42,6 +43,8 @@ class ShownSong final : public QObject {
   // At the cursor.
   void beginLoop();
   void endLoop();
+  /// Answers whether its passage is the song's loop now, or the song has none as it is to be.
+  bool choosePassage(const Practice& practice);
 
  signals:
   /// Where the cursor is, in words.
@@ -55,7 +58,7 @@ class ShownSong final : public QObject {
   void showCursor(int chord);
   void showPlaying();
   void refresh();
-  void changeLoop(const std::function<void(QBSong&)>& change);
+  bool changeLoop(const std::function<void(QBSong&)>& change);
 
   Views m_views;
   platform::Ref<QBSong> m_song;

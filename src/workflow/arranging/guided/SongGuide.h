@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "platform/text/UserText.h"
 
@@ -19,7 +18,7 @@ class SongGuide {
   using Make = std::function<QBSong*(QBSong&)>;
 
   /// title: of the action and of the entry; line: logged once the song is there.
-  SongGuide(const platform::Phrase& title, std::string_view line, Make make)
+  SongGuide(const platform::Phrase& title, const platform::Phrase& line, Make make)
       : m_title(title), m_line(line), m_make(std::move(make)) {}
 
   // Both throw EditRefused for a song without chords and where nothing would be left to play;
@@ -36,7 +35,7 @@ class SongGuide {
   QBSong* made(QBSong& song) const;
 
   platform::Phrase m_title;
-  std::string_view m_line;
+  platform::Phrase m_line;
   Make m_make;
 };
 
