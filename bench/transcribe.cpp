@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/HearingSettings.h"
 #include "analysis/chords/PreciseAnalyser.h"
 #include "analysis/chords/QBChordAnalyserGame.h"
 #include "analysis/instrument/QBMusicXMLParser.h"
@@ -91,7 +92,7 @@ json hearBlocks(const std::filesystem::path& file, QBSong* song, QBAlbum* album)
 
 json hearPrecisely(const std::filesystem::path& file, QBSong* song, QBAlbum* album) {
   const auto analyser = std::make_shared<PreciseAnalyser>(
-      std::make_shared<MonoTrack>(file), QBTabMgr::db().selectedTuning(), precise::Settings{});
+      std::make_shared<MonoTrack>(file), QBTabMgr::db().selectedTuning(), HearingSettings{});
   PreciseRecorder recorder(analyser, song, album);
   json chords = json::array();
   recorder.startWithoutTimer("Test", 0.0F);

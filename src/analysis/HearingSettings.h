@@ -16,4 +16,11 @@ struct HearingSettings : precise::Settings {
   rhythm::Wishes rhythm{};
 };
 
+/// What front ends choose unless told otherwise: a song on beats.
+inline HearingSettings settingsOfFrontEnds() {
+  HearingSettings settings;
+  settings.grid = Grid::beats;
+  return settings;
+}
+
 }  // namespace korvel

@@ -12,6 +12,7 @@ struct Findings {
   std::vector<Note> notes{};  ///< By onset.
   NoteCurves curves{};        ///< Of the notes, in their order.
   Frame frames = 0;           ///< Of the recording.
+  double tuningOffset = 0;    ///< Of the first window: see Analysis::tuningOffset.
   /// What may have been notes too but was not taken for such, by onset: see Analysis::doubtful.
   std::vector<Note> doubtful{};
 };

@@ -49,6 +49,7 @@ bool WindowedEngine::step(double seconds) {
 
 /// Of the notes that two windows hear, each gives those on its side of a seam.
 void WindowedEngine::collect(const Analysis& window) {
+  if (m_begin == 0) m_found.tuningOffset = window.tuningOffset;
   extendCutNotes(window);
   extendCutDoubts(window);
   const auto frames = static_cast<Frame>(window.frames);

@@ -2,7 +2,9 @@
 #include "recording/PreciseRecorder.h"
 
 #include "analysis/chords/QBChordAnalyser.h"
+#include "arrange/chords/QBToneGroupBuilder.h"
 #include "model/songs/QBAlbum.h"
+#include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 
 namespace korvel {
@@ -17,6 +19,12 @@ QBChord* PreciseRecorder::nextStep() {
   return scratchSong() ? analyser()->nextChord(m_newSong) : nullptr;
 }
 
-QBChord* PreciseRecorder::nextChord() { return completed(nextStep()); }
+/// A chord on the beat is called as the span that it lies in is.
+QBChord* PreciseRecorder::nextChord() {
+  QBChord* chord = nextStep();
+  if (!chord || !chord->hasTicks()) return completed(chord);
+  QBToneGroupBuilder(chord).build();
+  return chord;
+}
 
 }  // namespace korvel

@@ -6,20 +6,22 @@
 
 #include "analysis/chords/Transcription.h"
 #include "audio/QBSampleSource.h"
+#include "platform/sound/SampleRate.h"
 
 namespace korvel {
 
 /// What the worker and the owner have in common.
 struct Listening::Work {
   Work(std::shared_ptr<QBSampleSource> from, const OpenPitches& strings,
-       const precise::Settings& chosen)
+       const HearingSettings& chosen)
       : source(std::move(from)), open(strings), settings(chosen) {}
   void listen(const std::stop_token& ending);
+  void keep(Transcription& listened);
   bool gather(const Transcription& listened, const std::stop_token& ending);
 
   std::shared_ptr<QBSampleSource> source;
   OpenPitches open;
-  precise::Settings settings;
+  HearingSettings settings;
   std::atomic<double> progress = 0;
   Heard heard{};  ///< The worker's until the job is over.
 };
@@ -30,9 +32,22 @@ void Listening::Work::listen(const std::stop_token& ending) {
     if (ending.stop_requested()) return;
     progress = transcription.progress();
   }
-  if (!gather(transcription, ending)) return;
-  heard.notes = transcription.result().notes;
+  keep(transcription);
+  const rhythm::Rhythm& rhythm = heard.sound.rhythm;
+  if (!rhythm.isFree && !rhythm.reading.events.empty()) heard.grid = settings.grid;
+  if (heard.grid == Grid::slices && !gather(transcription, ending)) return;
   progress = 1;
+}
+
+void Listening::Work::keep(Transcription& listened) {
+  const precise::Findings& found = listened.result();
+  heard.sound = {found.notes,
+                 found.doubtful,
+                 listened.takeRhythm(),
+                 settings.rhythm,
+                 static_cast<double>(listened.samples()) / platform::kSampleRate,
+                 found.tuningOffset,
+                 settings.fingering.capo};
 }
 
 /// Whether it came to its end.
@@ -45,7 +60,7 @@ bool Listening::Work::gather(const Transcription& listened, const std::stop_toke
 }
 
 Listening::Listening(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
-                     const precise::Settings& settings, platform::Workers::Turn turn)
+                     const HearingSettings& settings, platform::Workers::Turn turn)
     : m_work(std::make_shared<Work>(std::move(source), open, settings)),
       m_job(platform::Workers::ofProcess().begin(
           [work = m_work](const std::stop_token& ending) { work->listen(ending); }, turn)) {}

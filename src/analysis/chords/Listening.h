@@ -5,11 +5,11 @@
 #include <memory>
 #include <vector>
 
-#include "fingering/Note.h"
+#include "analysis/HearingSettings.h"
+#include "analysis/beats/HeardSound.h"
 #include "music/Neck.h"
 #include "platform/loop/Workers.h"
 #include "precise/Blocks.h"
-#include "precise/Settings.h"
 
 namespace korvel {
 
@@ -20,16 +20,18 @@ class QBSampleSource;
 /// it, and several recordings are listened to at once. For one thread, the main one.
 class Listening {
  public:
-  /// What was heard: the notes with strings and frets, and the tones of all blocks.
+  /// What was heard: the notes with strings, frets and rhythm, and the tones of all blocks, which
+  /// are gathered for a song of slices only.
   struct Heard {
-    std::vector<fingering::Note> notes;
+    HeardSound sound;
     std::vector<precise::BlockTones> blocks;
+    Grid grid = Grid::slices;  ///< What was wished for, unless nothing can be read in bars.
   };
 
   /// Begins when a thread is free. The source is to deliver samples (`readSamples`) by now, and is
   /// read by nobody else until this is over; it may be asked for its progress, and be stopped.
   Listening(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
-            const precise::Settings& settings,
+            const HearingSettings& settings,
             platform::Workers::Turn turn = platform::Workers::Turn::last);
   Listening(const Listening&) = delete;
   Listening& operator=(const Listening&) = delete;

@@ -16,15 +16,17 @@ constexpr int kEventsOfPart = 50;
 constexpr int kPartsOfStep = 20;
 /// Reading a compressed file takes about this share of the time, and finding the notes that one.
 constexpr double kShareOfReading = 0.25;
-constexpr double kShareOfHearing = 0.7;
+constexpr double kShareOfHearing = 0.6;
+constexpr double kShareOfFingering = 0.05;
 
 }  // namespace
 
 Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
-                             const precise::Settings& settings)
+                             const HearingSettings& settings)
     : m_source(std::move(source)),
       m_engine(settings.sensitivity),
-      m_fingering(open, settings.fingering) {}
+      m_fingering(open, settings.fingering),
+      m_wishes(settings.rhythm) {}
 
 bool Transcription::step() {
   const platform::Deadline deadline;
@@ -40,9 +42,10 @@ void Transcription::work() {
     read();
   } else if (m_phase == Phase::hearing) {
     hear();
+  } else if (m_phase == Phase::fingering) {
+    finger();
   } else {
-    for (int i = 0; i < kEventsOfPart; ++i)
-      if (!m_placing.next()) m_phase = Phase::done;
+    readRhythm();
   }
 }
 
@@ -68,6 +71,22 @@ void Transcription::hear() {
   m_phase = Phase::fingering;
 }
 
+void Transcription::finger() {
+  for (int i = 0; i < kEventsOfPart; ++i) {
+    if (m_placing.next()) continue;
+    m_reader.emplace(m_result.notes, m_wishes);
+    m_phase = Phase::rhythm;
+    return;
+  }
+}
+
+void Transcription::readRhythm() {
+  if (m_reader->step()) return;
+  m_rhythm = m_reader->take();
+  m_reader.reset();
+  m_phase = Phase::done;
+}
+
 double Transcription::progress() const {
   const double before = (kShareOfReading + kShareOfHearing) * m_heard;
   const double window = m_source->progress() - m_heard;
@@ -77,8 +96,10 @@ double Transcription::progress() const {
     case Phase::hearing:
       return before + (kShareOfReading + kShareOfHearing * m_engine.progress()) * window;
     case Phase::fingering:
-      return kShareOfReading + kShareOfHearing +
-             (1 - kShareOfReading - kShareOfHearing) * m_placing.done();
+      return kShareOfReading + kShareOfHearing + kShareOfFingering * m_placing.done();
+    case Phase::rhythm:
+      return kShareOfReading + kShareOfHearing + kShareOfFingering +
+             (1 - kShareOfReading - kShareOfHearing - kShareOfFingering) * m_reader->progress();
     default:
       return 1;
   }

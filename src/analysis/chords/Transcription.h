@@ -3,25 +3,29 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
+#include <utility>
 
+#include "analysis/HearingSettings.h"
 #include "fingering/Fingering.h"
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Findings.h"
-#include "precise/Settings.h"
 #include "precise/WindowedEngine.h"
+#include "rhythm/RhythmReader.h"
 
 namespace korvel {
 
 class QBSampleSource;
 
-/// A recording on its way to notes with strings and frets: reads the source, detects the notes and
-/// fingers them, a slice at each step. To cancel, destroy it. Not to be moved between steps.
+/// A recording on its way to notes with strings and frets: reads the source, detects the notes,
+/// fingers them and reads their rhythm, a slice at each step. To cancel, destroy it. Not to be
+/// moved between steps.
 class Transcription {
  public:
   /// The source is to deliver samples (`readSamples`) by the time of the first step.
   Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
-                const precise::Settings& settings);
+                const HearingSettings& settings);
 
   /// A few hundredths of a second of work; false when all is done.
   bool step();
@@ -31,13 +35,17 @@ class Transcription {
   std::size_t samples() const { return m_samples; }
   /// Complete once `step` has answered false. What is doubtful has no strings.
   const precise::Findings& result() const { return m_result; }
+  /// Likewise; to be taken once.
+  rhythm::Rhythm takeRhythm() { return std::move(m_rhythm); }
 
  private:
-  enum class Phase { reading, hearing, fingering, done };
+  enum class Phase { reading, hearing, fingering, rhythm, done };
 
   void work();
   void read();
   void hear();
+  void finger();
+  void readRhythm();
 
   std::shared_ptr<QBSampleSource> m_source;
   precise::WindowedEngine m_engine;
@@ -48,6 +56,9 @@ class Transcription {
   double m_heard = 0;  ///< Share of the source that the windows before had.
   bool m_isRead = false;
   platform::Slices m_placing;
+  rhythm::Wishes m_wishes;
+  std::optional<rhythm::RhythmReader> m_reader;  ///< While it reads.
+  rhythm::Rhythm m_rhythm;
 };
 
 }  // namespace korvel

@@ -84,6 +84,7 @@ class Command {
   /// The reader may throw UsageError.
   Option option(const std::string& name, const Reader& reader, const std::string& help);
   Option flag(const std::string& name, bool& set, const std::string& help);
+  Option flag(const std::string& name, const std::function<void()>& given, const std::string& help);
   bool isGiven(const std::string& name) const;
 
   /// Has the words of this command looked at as soon as they are read, ahead of what is wrong

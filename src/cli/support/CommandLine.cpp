@@ -159,6 +159,11 @@ Option Command::flag(const std::string& name, bool& set, const std::string& help
   return Option(m_app.add_flag(name, set, help));
 }
 
+Option Command::flag(const std::string& name, const std::function<void()>& given,
+                     const std::string& help) {
+  return Option(m_app.add_flag_callback(name, given, help));
+}
+
 bool Command::isGiven(const std::string& name) const { return m_app.count(name) > 0; }
 
 void Command::checkAtOnce(const Check& check) {

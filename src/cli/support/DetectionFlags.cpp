@@ -6,8 +6,10 @@
 #include <initializer_list>
 #include <string>
 
+#include "analysis/HearingSettings.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
+#include "cli/support/RhythmFlags.h"
 #include "cli/support/UsageError.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/store/QBTabMgr.h"
@@ -70,21 +72,26 @@ void requireNoneOf(const Command& command, std::initializer_list<const char*> fl
 
 }  // namespace
 
-void addDetectionFlags(Command& command, const Detection*& detection, precise::Settings& settings) {
+void addDetectionFlags(Command& command, const Detection*& detection, HearingSettings& settings) {
   command
       .option(
           "--detection", [&detection](const std::string& word) { detection = chosen(word); },
           "How it is heard: " + manners(*detection))
       .shownAs(names("|"));
   addDetectionFlags(command, settings);
+  addGridFlag(command, settings);
+  addRhythmFlags(command, settings);
   command.checkAtOnce([&] {
     requireOnTheNeck(settings.fingering);
     if (!detection->usesSettings)
-      requireNoneOf(command, {"--sensitivity", "--position", "--frets", "--capo"}, *detection);
+      requireNoneOf(command,
+                    {"--sensitivity", "--position", "--frets", "--capo", "--grid", "--tempo",
+                     "--metre", "--swing", "--straight", "--finest"},
+                    *detection);
   });
 }
 
-void addDetectionFlags(Command& command, precise::Settings& settings) {
+void addDetectionFlags(Command& command, HearingSettings& settings) {
   FingeringOptions& fingering = settings.fingering;
   command
       .option("--sensitivity", settings.sensitivity,

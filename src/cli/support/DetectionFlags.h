@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "precise/Settings.h"
+#include "analysis/HearingSettings.h"
 
 namespace korvel {
 struct Detection;
@@ -12,10 +12,10 @@ namespace korvel::cli {
 class Command;
 
 /// Offers --sensitivity, --position, --frets and --capo, which fill the settings.
-void addDetectionFlags(Command& command, precise::Settings& settings);
+void addDetectionFlags(Command& command, HearingSettings& settings);
 /// The same and --detection, with which they have no meaning when that uses no settings. What is
 /// chosen so far is the default.
-void addDetectionFlags(Command& command, const Detection*& detection, precise::Settings& settings);
+void addDetectionFlags(Command& command, const Detection*& detection, HearingSettings& settings);
 /// Throws CliError when the detection needs an instrument and none is active.
 void requireInstrumentFor(const Detection& detection);
 

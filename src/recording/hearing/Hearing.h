@@ -3,11 +3,12 @@
 
 #include <memory>
 
-#include "precise/Settings.h"
+#include "analysis/HearingSettings.h"
 
 namespace korvel {
 
 class Listening;
+struct HeardSound;
 class QBAlbum;
 class QBChord;
 class QBChordAnalyser;
@@ -23,7 +24,7 @@ struct HearingTask {
   QBAlbum* album;            ///< Where the recorder's scratch song is from begin to end.
   QBTuning* tuning;          ///< Of the guitar that is heard.
   QBInstrument* instrument;  ///< Confirms tones, for a kind that has them confirmed.
-  precise::Settings settings{};
+  HearingSettings settings{};
   std::shared_ptr<Listening> listening{};  ///< To that sound already, for a kind that can be ahead.
 };
 
@@ -52,6 +53,8 @@ class Hearing {
   double progress() const;
   /// Once chords come, many of them cost no more than a step should.
   virtual bool hasCheapChords() const = 0;
+  /// The notes and their rhythm, once all was listened to, by a kind that knows them.
+  virtual const HeardSound* heard() const { return nullptr; }
   /// Leaves out what was not heard yet; what was may still become chords in further steps. Whether
   /// there was something to leave out.
   virtual bool cutShort() = 0;

@@ -28,6 +28,8 @@ PreciseHearing::~PreciseHearing() = default;
 
 void PreciseHearing::wait() const { m_heard->wait(); }
 
+const HeardSound* PreciseHearing::heard() const { return m_heard->heard(); }
+
 bool PreciseHearing::cutShort() { return m_heard->cutShort(); }
 
 void PreciseHearing::end() {

@@ -22,6 +22,7 @@ class PreciseHearing final : public Hearing {
 
   void wait() const override;
   bool hasCheapChords() const override { return true; }
+  const HeardSound* heard() const override;
   bool cutShort() override;
   void end() override;
 

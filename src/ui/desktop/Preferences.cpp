@@ -44,8 +44,9 @@ const Detection& Preferences::detection() const {
   return preciseDetection();
 }
 
-precise::Settings Preferences::detectionSettings() const {
-  precise::Settings settings;
+HearingSettings Preferences::detectionSettings() const {
+  HearingSettings settings = settingsOfFrontEnds();
+  if (m_store.value("detection/slices").toBool()) settings.grid = Grid::slices;
   settings.sensitivity = m_store.value("detection/sensitivity", settings.sensitivity).toDouble();
   auto& fingering = settings.fingering;
   fingering.frets = m_store.value("detection/frets", fingering.frets).toInt();
@@ -56,9 +57,10 @@ precise::Settings Preferences::detectionSettings() const {
   return settings;
 }
 
-void Preferences::setDetection(const Detection& detection, const precise::Settings& settings) {
+void Preferences::setDetection(const Detection& detection, const HearingSettings& settings) {
   for (const Detection* each : detections())
     if (each != &preciseDetection()) m_store.setValue(keyOf(*each), each == &detection);
+  m_store.setValue("detection/slices", settings.grid == Grid::slices);
   m_store.setValue("detection/sensitivity", settings.sensitivity);
   m_store.setValue("detection/frets", settings.fingering.frets);
   m_store.setValue("detection/capo", settings.fingering.capo);

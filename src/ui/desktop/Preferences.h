@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <vector>
 
-#include "precise/Settings.h"
+#include "analysis/HearingSettings.h"
 #include "ui/desktop/Appearance.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/ImportDesk.h"
@@ -69,8 +69,8 @@ class Preferences {
   void setSoundFont(const QString& file) { m_store.setValue("sound/soundFont", file); }
   const Detection& detection() const;
   /// Of a guitar with 19 frets at first, the fewest that are common.
-  precise::Settings detectionSettings() const;
-  void setDetection(const Detection& detection, const precise::Settings& settings);
+  HearingSettings detectionSettings() const;
+  void setDetection(const Detection& detection, const HearingSettings& settings);
   /// The user was asked for a working directory once.
   bool askedForFolder() const { return m_store.value("askedForFolder").toBool(); }
   void setAskedForFolder() { m_store.setValue("askedForFolder", true); }

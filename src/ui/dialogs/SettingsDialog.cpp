@@ -19,6 +19,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "analysis/HearingSettings.h"
 #include "model/store/QBSettings.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/sound/AudioSystem.h"
@@ -166,7 +167,7 @@ QWidget* SettingsDialog::generalPage() {
 
 QWidget* SettingsDialog::detectionPage() {
   const Preferences preferences;
-  const precise::Settings settings = preferences.detectionSettings();
+  const HearingSettings settings = preferences.detectionSettings();
   const FingeringOptions& fingering = settings.fingering;
   m_detection = choiceOfDetections(preferences.detection());
   m_sensitivity = new QSlider(Qt::Horizontal);
@@ -189,6 +190,9 @@ QWidget* SettingsDialog::detectionPage() {
   m_frets = number(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets, fingering.frets);
   m_capo = number(0, FingeringOptions::kHighestCapo, fingering.capo);
   m_capo->setSpecialValueText(tr("None"));
+  m_grid = choiceOf({{tr("Bars, at the tempo of the recording"), static_cast<int>(Grid::beats)},
+                     {tr("Slices of 0.37 seconds"), static_cast<int>(Grid::slices)}},
+                    static_cast<int>(settings.grid));
   auto* place = new QHBoxLayout;
   place->addWidget(m_position);
   place->addWidget(m_positionFret);
@@ -196,6 +200,7 @@ QWidget* SettingsDialog::detectionPage() {
   page->setObjectName("detection");
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Detection"), m_detection);
+  form->addRow(tr("&Written in"), m_grid);
   form->addRow(tr("Se&nsitivity"), m_sensitivity);
   form->addRow(tr("&Played at"), place);
   form->addRow(tr("&Frets of the guitar"), m_frets);
@@ -223,7 +228,8 @@ QWidget* SettingsDialog::soundPage() {
 }
 
 void SettingsDialog::keepDetection() const {
-  precise::Settings settings;
+  HearingSettings settings;
+  settings.grid = static_cast<Grid>(m_grid->currentData().toInt());
   settings.sensitivity = m_sensitivity->value() / kSensitivitySteps;
   settings.fingering.frets = m_frets->value();
   settings.fingering.capo = m_capo->value();

@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "analysis/HearingSettings.h"
 #include "platform/text/UserText.h"
 
 namespace korvel {
@@ -31,7 +32,7 @@ struct Detection {
   platform::Phrase ofNewInstrument;
   /// Without an instrument in use it hears nothing.
   bool needsInstrument;
-  /// It goes by `precise::Settings`, which mean nothing to others.
+  /// It goes by `HearingSettings`, which mean nothing to others.
   bool usesSettings;
   /// It goes on with what listens to the file already (`HearingTask::listening`).
   bool canBeAhead;

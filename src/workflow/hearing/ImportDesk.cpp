@@ -92,7 +92,7 @@ QBSong* storedSong(const ImportUnderWay& import) {
 
 }  // namespace
 
-void ImportDesk::setDetection(const Detection& detection, const precise::Settings& settings) {
+void ImportDesk::setDetection(const Detection& detection, const HearingSettings& settings) {
   m_detection = &detection;
   m_settings = settings;
 }

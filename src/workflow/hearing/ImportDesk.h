@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "precise/Settings.h"
+#include "analysis/HearingSettings.h"
 #include "workflow/hearing/Detection.h"
 
 namespace korvel {
@@ -30,7 +30,7 @@ class ImportDesk {
   explicit ImportDesk(LibraryTree& tree) : m_tree(tree) {}
 
   /// How recordings are heard from now on.
-  void setDetection(const Detection& detection, const precise::Settings& settings);
+  void setDetection(const Detection& detection, const HearingSettings& settings);
   /// Into a new song of an album, a new one when none is named. What is wrong with a file is
   /// reported through the session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
@@ -59,7 +59,7 @@ class ImportDesk {
 
   LibraryTree& m_tree;
   const Detection* m_detection = &preciseDetection();
-  precise::Settings m_settings{};
+  HearingSettings m_settings{};
 };
 
 }  // namespace korvel

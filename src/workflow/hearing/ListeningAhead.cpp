@@ -11,7 +11,7 @@
 namespace korvel {
 
 ListeningAhead::ListeningAhead(std::vector<std::string> files, const OpenPitches& open,
-                               const precise::Settings& settings)
+                               const HearingSettings& settings)
     : m_files(std::move(files)), m_open(open), m_settings(settings) {}
 
 ListeningAhead::~ListeningAhead() = default;

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "analysis/HearingSettings.h"
 #include "music/Neck.h"
-#include "precise/Settings.h"
 
 namespace korvel {
 
@@ -20,7 +20,7 @@ class ListeningAhead {
  public:
   /// open: the strings of the guitar.
   ListeningAhead(std::vector<std::string> files, const OpenPitches& open,
-                 const precise::Settings& settings);
+                 const HearingSettings& settings);
   ~ListeningAhead();
 
   /// What listens to the next file. Throws NoSound where there is nothing to hear. Once for each.
@@ -33,7 +33,7 @@ class ListeningAhead {
 
   std::vector<std::string> m_files;
   OpenPitches m_open;
-  precise::Settings m_settings;
+  HearingSettings m_settings;
   std::vector<std::shared_ptr<Listening>> m_begun;  ///< Of the first files; none where it failed.
   std::size_t m_next = 0;
 };

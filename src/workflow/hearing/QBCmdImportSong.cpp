@@ -16,6 +16,7 @@
 #include "platform/sqlite/StoreError.h"
 #include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
+#include "workflow/hearing/KeptRecording.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
@@ -59,7 +60,7 @@ QBCmdImportSong::QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string f
 
 QBCmdImportSong::~QBCmdImportSong() = default;
 
-void QBCmdImportSong::setDetection(const Detection& detection, const precise::Settings& settings) {
+void QBCmdImportSong::setDetection(const Detection& detection, const HearingSettings& settings) {
   m_detection = &detection;
   m_settings = settings;
 }
@@ -248,6 +249,14 @@ platform::Slices QBCmdImportSong::finish() {
   printOut(phrase("Log", "(3/3) building tabulature ....."));
   m_newSong->clearTabulature();
   platform::Slices building = buildingTab(*m_newSong);
+  if (const HeardSound* heard = m_hearing->heard()) {
+    platform::Slices keeping = keepingRecording(QBTabMgr::db(), *m_newSong, m_file, *heard);
+    while (keeping.next()) co_yield 0;
+    if (m_settings.grid == Grid::beats && !m_newSong->isOnBeats() && hasTones(*m_newSong))
+      printOut(phrase("Log",
+                      "its rhythm is too free to be read in bars, so the song is in slices of "
+                      "0.37 s; with its tempo or taps it can be laid into bars"));
+  }
   // A user who edits the song between two steps has it drawn, and then this drawing is outdated.
   while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;
   dropHearing();

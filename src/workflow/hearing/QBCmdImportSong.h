@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "analysis/HearingSettings.h"
 #include "platform/loop/Slices.h"
-#include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/library/QBCmdAlbum.h"
 
@@ -37,7 +37,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   ~QBCmdImportSong() override;
 
   /// Before `prepare`. Classic is what is chosen otherwise, which needs no settings.
-  void setDetection(const Detection& detection, const precise::Settings& settings = {});
+  void setDetection(const Detection& detection, const HearingSettings& settings = {});
   /// Goes on with what listens to the file already, in the tuning that is selected, for a detection
   /// that can. Before `prepare`.
   void setListening(std::shared_ptr<Listening> listening) { m_listening = std::move(listening); }
@@ -126,7 +126,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   platform::Ref<QBSong> m_newSong;
   platform::Ref<QBSong> m_replaced;
   const Detection* m_detection = &classicDetection();
-  precise::Settings m_settings{};
+  HearingSettings m_settings{};
   std::shared_ptr<Listening> m_listening;
   bool m_saving = false;
   bool m_ownsAlbum = false;

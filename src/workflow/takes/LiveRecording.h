@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "analysis/HearingSettings.h"
 #include "platform/loop/RunLoop.h"
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
-#include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
 
 namespace korvel {
@@ -47,7 +47,7 @@ class LiveRecording {
     std::optional<std::string> title{};  ///< Date and time when not given.
     platform::Ref<QBTuning> tuning{};    ///< The active one when there is none.
     const Detection* detection = &preciseDetection();
-    precise::Settings settings{};
+    HearingSettings settings{};
     std::optional<double> seconds{};  ///< After which it stops by itself.
     std::filesystem::path
         keptTake{};  ///< Where the take is to stay; removed in the end when empty.

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/HearingSettings.h"
 #include "analysis/chords/Listening.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
@@ -24,7 +25,6 @@
 #include "music/Neck.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/text/UserError.h"
-#include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/ListeningAhead.h"
 #include "workflow/hearing/NewSong.h"
@@ -43,7 +43,7 @@ struct ImportOptions {
   std::optional<std::string> title;   ///< Of the song; after the file when not given.
   std::optional<std::string> tuning;  ///< For this import only; the active one when not given.
   const Detection* detection = &preciseDetection();
-  precise::Settings settings{};  ///< Of the precise detection.
+  HearingSettings settings = settingsOfFrontEnds();
   bool json = false;
   bool stepped = false;  ///< Through the run loop's timer, as a window does it.
 };

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "analysis/HearingSettings.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
@@ -29,7 +30,6 @@
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sound/SampleRate.h"
 #include "platform/sound/WaveFiles.h"
-#include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/takes/LiveRecording.h"
 
@@ -46,7 +46,7 @@ struct RecordOptions {
   std::optional<std::string> wav;     ///< Where the recording is kept as well.
   std::optional<std::string> tuning;  ///< For this recording only.
   const Detection* detection = &preciseDetection();
-  precise::Settings settings{};  ///< Of the precise detection.
+  HearingSettings settings = settingsOfFrontEnds();
 };
 
 using State = LiveRecording::State;

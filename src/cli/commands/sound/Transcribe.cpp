@@ -9,18 +9,19 @@
 #include <string>
 #include <vector>
 
+#include "analysis/HearingSettings.h"
 #include "analysis/chords/Listening.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/DetectionFlags.h"
 #include "cli/support/OutputFile.h"
+#include "cli/support/RhythmFlags.h"
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/TuningChoice.h"
 #include "export/SongJson.h"
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
 #include "platform/text/UserError.h"
-#include "precise/Settings.h"
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
 #include "workflow/hearing/ListeningAhead.h"
@@ -37,10 +38,9 @@ struct TranscribeOptions {
   std::optional<std::string> json;      ///< File for the notes; stdout when no file is given.
   std::optional<std::string> midi;      ///< File for sequencers.
   std::optional<std::string> musicxml;  ///< File for notation programs.
-  std::optional<double> tempo;          ///< Quarters a minute; assumed when not given.
   std::optional<std::string> tuning;    ///< Of the store; standard tuning when not given.
   bool force = false;                   ///< Replaces files that are there already.
-  precise::Settings settings{};
+  HearingSettings settings = settingsOfFrontEnds();
 };
 
 OpenPitches openStrings(const TranscribeOptions& options) {
@@ -51,7 +51,7 @@ std::vector<fingering::Note> notesOf(Listening& listening) {
   for (; !listening.isOver(); listening.waitFor(kPatience))
     Console::attached().progress(listening.progress());
   Console::attached().progress(1);
-  return listening.take().notes;
+  return listening.take().sound.notes;
 }
 
 /// The formats that were asked for of a single recording, each with its file.
@@ -65,7 +65,7 @@ class Outputs {
 
   void write(const std::vector<fingering::Note>& notes, const OpenPitches& open) const {
     const std::string title = std::filesystem::path(recording()).stem().string();
-    const NoteScore score(notes, m_options.tempo);
+    const NoteScore score(notes, m_options.settings.rhythm.tempo);
     if (m_options.json) fileOf(*m_options.json).write(notesAsJson(notes));
     if (m_options.midi) fileOf(*m_options.midi).write(midiFile(score.midi(title)));
     if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(score.score(title, open)));
@@ -137,12 +137,11 @@ void addTranscribe(Command& tool) {
   command.option("--midi", options.midi, "Notes at their times, for sequencers").shownAs("FILE");
   command.option("--musicxml", options.musicxml, "Notes to the nearest sixteenth, as a score")
       .shownAs("FILE");
-  command.option("--tempo", options.tempo, "Quarters a minute (default: what fits the notes)")
-      .within(20, 400);
   command.flag("--force", options.force, "Replace files that are there already");
   command.option("--tuning", options.tuning,
                  "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
   addDetectionFlags(command, options.settings);
+  addRhythmFlags(command, options.settings);
   command.checkLast([&] {
     check(options);
     command.uses(options.tuning.has_value() ? Store::filled : Store::none);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "analysis/HearingSettings.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
@@ -14,7 +15,6 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
-#include "precise/Settings.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
@@ -28,7 +28,7 @@ namespace {
 struct TakeOptions {
   int number = 0;
   const Detection* detection = &preciseDetection();
-  precise::Settings settings{};  ///< Of the precise detection.
+  HearingSettings settings = settingsOfFrontEnds();
 };
 
 /// Into the song, which takes the place of that one.

@@ -39,7 +39,7 @@ QBSong* easySong(QBSong& song, const EasyChoices& choices) {
 }  // namespace
 
 SongGuide easyVersion(const EasyChoices& choices) {
-  return {platform::phrase("UndoAction", "Easy Version"), "Easy version made.",
+  return {platform::phrase("UndoAction", "Easy Version"), platform::phrase("Log", "Easy version made."),
           [choices](QBSong& song) { return easySong(song, choices); }};
 }
 

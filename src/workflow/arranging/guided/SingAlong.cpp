@@ -11,7 +11,7 @@
 namespace korvel {
 
 SongGuide singAlong(const SingChoices& choices) {
-  return {platform::phrase("UndoAction", "Sing Along"), "Song to sing along made.",
+  return {platform::phrase("UndoAction", "Sing Along"), platform::phrase("Log", "Song to sing along made."),
           [choices](QBSong& song) {
             return strummed(song, {.plain = choices.plain, .halfTones = choices.halfTones});
           }};
