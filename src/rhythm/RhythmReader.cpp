@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "rhythm/WishedLimits.h"
 #include "rhythm/beats/BeatFit.h"
 #include "rhythm/beats/BeatSearch.h"
 #include "rhythm/beats/Onsets.h"
@@ -29,15 +30,27 @@ struct Manner {
   Division division;
   double stiffness;
   double smoothness;
+  bool alone = false;  ///< Only if its division is wished.
 };
 constexpr std::array kManners{Manner{Division::binary, 45, 8}, Manner{Division::ternary, 45, 8},
-                              Manner{Division::binary, 120, 40}};
+                              Manner{Division::binary, 120, 40},
+                              Manner{Division::ternary, 120, 40, true}};
 constexpr double kShareOfSearches = 0.4;
 
-bool isOther(const Candidate& a, const Candidate& b) {
-  constexpr double kOneTempo = 0.04;
-  return std::abs(std::log(a.tempo / b.tempo)) > kOneTempo || a.metre() != b.metre() ||
-         a.feel != b.feel;
+BeatSearchSettings settingsOf(const Manner& manner, const WishedLimits& wished) {
+  return {manner.division, manner.stiffness, wished.searched().shortest, wished.searched().longest};
+}
+
+/// Beats that were fixed are where they were put to the last digit.
+BeatTrack withBeatsAt(BeatTrack track, const ReadingLimits& limits) {
+  constexpr double kLeastBeat = 0.08;
+  for (const double time : limits.fixedBeats) {
+    const std::size_t i = nearestBeat(track, time);
+    if (i > 0 && time - track[i - 1] < kLeastBeat) continue;
+    if (i + 1 < track.size() && track[i + 1] - time < kLeastBeat) continue;
+    track[i] = time;
+  }
+  return track;
 }
 
 std::vector<Alternative> alternatives(std::span<const Candidate> candidates) {
@@ -46,7 +59,7 @@ std::vector<Alternative> alternatives(std::span<const Candidate> candidates) {
   std::vector<Alternative> result;
   for (const Candidate& one : candidates) {
     if (result.size() == kMost) break;
-    if (!std::ranges::all_of(kept, [&](const Candidate* k) { return isOther(one, *k); })) continue;
+    if (!std::ranges::all_of(kept, [&](const Candidate* k) { return one.isOther(*k); })) continue;
     kept.push_back(&one);
     const double behind = candidates.front().score - one.score;
     result.push_back({one.tempo, one.metre(), one.feel, behind});
@@ -75,25 +88,28 @@ platform::Slices RhythmReader::reading(Desk& desk) {
   if (desk.notes.empty()) co_return;
   const std::vector<Onset> onsets = onsetsOf(desk.notes);
   co_yield 0;
-  ReadingLimits limits;
+  const WishedLimits wished(desk.wishes, onsets.front().time, desk.notes.back().end);
   std::vector<BeatTrack> tracks;
   for (std::size_t i = 0; i < kManners.size(); ++i) {
-    BeatSearch search(onsets, {kManners[i].division, kManners[i].stiffness});
+    const Manner& manner = kManners[i];
+    if (!wished.allows(manner.division)) continue;
+    if (manner.alone && wished.allows(Division::binary)) continue;
+    BeatSearch search(onsets, settingsOf(manner, wished), wished.knownBeats());
     platform::Slices searching = search.run();
     const double share = kShareOfSearches / static_cast<double>(kManners.size());
-    while (searching.next()) {
-      co_yield share*(static_cast<double>(i) + searching.done());
-    }
+    while (searching.next()) co_yield share*(static_cast<double>(i) + searching.done());
     tracks.push_back(search.track());
-    fitBeats(tracks.back(), onsets, {kManners[i].division, kManners[i].smoothness, {}});
+    const auto fixed = wished.limits().fixedBeats;
+    fitBeats(tracks.back(), onsets, {manner.division, manner.smoothness, fixed});
   }
   const ChordChanges changes(onsets, desk.notes);
   co_yield kShareOfSearches;
-  ReadingSearch search(onsets, changes, limits);
+  ReadingSearch search(onsets, changes, wished.limits());
   platform::Slices judging = search.run(std::move(tracks));
   while (judging.next()) co_yield kShareOfSearches + (1 - kShareOfSearches) * judging.done();
+  co_yield 1;
   const Candidate& best = search.candidates().front();
-  ReadingWriter writer(desk.notes, onsets, search.track(best));
+  ReadingWriter writer(desk.notes, onsets, withBeatsAt(search.track(best), wished.limits()));
   desk.result.reading = writer.write(best, desk.wishes.finest);
   desk.result.others = alternatives(search.candidates());
 }

@@ -93,14 +93,15 @@ void BeatSearch::fillGains() {
 }
 
 void BeatSearch::priceChanges() {
-  const auto price = [&](std::size_t a, std::size_t b) {
-    return m_settings.stiffness * std::abs(std::log(static_cast<double>(a + kShortest) /
-                                                    static_cast<double>(b + kShortest)));
-  };
+  for (std::size_t i = 0; i < kLengths; ++i) {
+    const double length = static_cast<double>(i + kShortest);
+    m_heights[i] = static_cast<float>(m_settings.stiffness * std::log(length));
+  }
   for (std::size_t a = m_fewest; a <= m_most; ++a) {
-    if (a < m_most) m_toNext[a] = static_cast<float>(price(a, a + 1));
     double sum = 0;
-    for (std::size_t b = m_fewest; b <= m_most; ++b) sum += std::exp(-price(a, b));
+    for (std::size_t b = m_fewest; b <= m_most; ++b) {
+      sum += std::exp(-std::abs(m_heights[a] - m_heights[b]));
+    }
     m_toAny[a] = static_cast<float>(std::log(sum));
   }
 }
@@ -139,27 +140,33 @@ BeatSearch::ByLength BeatSearch::endedAt(int frame) const {
   return ended;
 }
 
-/// The price of a change is a distance of logarithms, so that two sweeps over the lengths find the
+/// The price of a change is a distance of heights, so that two sweeps over the lengths find the
 /// best one before each.
-void BeatSearch::spread(ByLength& best, std::array<std::uint8_t, kLengths>& from) const {
-  for (std::size_t i = 0; i < kLengths; ++i) from[i] = static_cast<std::uint8_t>(i);
-  for (std::size_t i = m_fewest; i < m_most; ++i) {
-    const float moved = best[i] - m_toNext[i];
-    if (moved <= best[i + 1]) continue;
-    best[i + 1] = moved;
-    from[i + 1] = from[i];
+void BeatSearch::spread(ByLength& best, Indexes& from) const {
+  ByLength rising{};
+  Indexes below{};
+  float most = kNever;
+  std::uint8_t at = 0;
+  for (std::size_t i = m_fewest; i <= m_most; ++i) {
+    const float score = best[i] + m_heights[i];
+    at = score > most ? static_cast<std::uint8_t>(i) : at;
+    most = std::max(score, most);
+    rising[i] = most - m_heights[i];
+    below[i] = at;
   }
-  for (std::size_t i = m_most; i > m_fewest; --i) {
-    const float moved = best[i] - m_toNext[i - 1];
-    if (moved <= best[i - 1]) continue;
-    best[i - 1] = moved;
-    from[i - 1] = from[i];
+  most = kNever;
+  for (std::size_t i = m_most + 1; i-- > m_fewest;) {
+    const float score = best[i] - m_heights[i];
+    at = score > most ? static_cast<std::uint8_t>(i) : at;
+    most = std::max(score, most);
+    const float falling = most + m_heights[i];
+    from[i] = falling > rising[i] ? at : below[i];
+    best[i] = std::max(falling, rising[i]);
   }
 }
 
 /// The first beat is the one that has the first onset.
-void BeatSearch::startAt(int frame, ByLength& best,
-                         std::array<std::uint8_t, kLengths>& from) const {
+void BeatSearch::startAt(int frame, ByLength& best, Indexes& from) const {
   if (frame > m_first) return;
   for (std::size_t i = m_fewest; i <= m_most; ++i) {
     if (frame + kShortest + static_cast<int>(i) <= m_first || best[i] >= 0) continue;

@@ -41,6 +41,7 @@ class BeatSearch {
   static constexpr int kLongest = 145;
   static constexpr std::size_t kLengths = kLongest - kShortest + 1;
   using ByLength = std::array<float, kLengths>;
+  using Indexes = std::array<std::uint8_t, kLengths>;
 
   /// An onset on the frames.
   struct Struck {
@@ -56,8 +57,8 @@ class BeatSearch {
   ByLength& open(int frame) { return m_open[static_cast<std::size_t>(frame % kLongest)]; }
   void advance(int frame);
   ByLength endedAt(int frame) const;
-  void spread(ByLength& best, std::array<std::uint8_t, kLengths>& from) const;
-  void startAt(int frame, ByLength& best, std::array<std::uint8_t, kLengths>& from) const;
+  void spread(ByLength& best, Indexes& from) const;
+  void startAt(int frame, ByLength& best, Indexes& from) const;
   void add(int frame, ByLength& best);
   void keepEnd(int frame, const ByLength& best);
   void traceBack();
@@ -72,10 +73,10 @@ class BeatSearch {
   std::vector<Struck> m_struck;
   std::size_t m_next = 0;         ///< The first onset that is not before the frame.
   std::vector<ByLength> m_gains;  ///< By accent and distance from the beat, in frames.
-  ByLength m_toNext{};            ///< The price of a change to the next length.
+  ByLength m_heights{};           ///< Their distances are the prices of changes.
   ByLength m_toAny{};             ///< The logarithm of the sum over all lengths that may follow.
   std::vector<ByLength> m_open;   ///< The score with a beat at each of the last frames.
-  std::vector<std::array<std::uint8_t, kLengths>> m_from;  ///< The length before, by frame.
+  std::vector<Indexes> m_from;    ///< The length before, by frame.
   float m_bestEnd = 0;
   int m_endFrame = -1;
   std::size_t m_endLength = 0;

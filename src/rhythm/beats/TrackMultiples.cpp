@@ -42,6 +42,13 @@ double medianBeat(const BeatTrack& track) {
   return *middle;
 }
 
+std::size_t nearestBeat(const BeatTrack& track, double time) {
+  const auto after =
+      static_cast<std::size_t>(std::ranges::lower_bound(track, time) - track.begin());
+  if (after == track.size()) return after - 1;
+  return after > 0 && time - track[after - 1] < track[after] - time ? after - 1 : after;
+}
+
 void extend(BeatTrack& track, double from, double to) {
   const double first = track[1] - track[0];
   const double last = track.back() - track[track.size() - 2];

@@ -19,6 +19,9 @@ struct BeatLengths {
 /// The length of the median beat, in seconds; the track has two beats or more.
 double medianBeat(const BeatTrack& track);
 
+/// Which of the beats is next to a time.
+std::size_t nearestBeat(const BeatTrack& track, double time);
+
 /// Lets beats go on evenly until they start before `from` and end after `to`.
 void extend(BeatTrack& track, double from, double to);
 

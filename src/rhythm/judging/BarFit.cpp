@@ -30,6 +30,7 @@ class BarProfile {
       : m_onsets(onsets), m_phases(phases), m_bars(bars) {
     assert(bars.beats >= 2 && bars.beats <= kMostBeats);
     for (const Onset& onset : onsets) m_weight += onset.weight;
+    for (std::size_t k = 0; k < kPlaces; ++k) m_ofPlace[k] = beats.profile[k];
     for (std::size_t b = 0; b < bars.beats; ++b) {
       for (std::size_t k = 0; k < kPlaces; ++k) {
         m_even[k] = beats.profile[k] / static_cast<double>(bars.beats);
@@ -56,6 +57,10 @@ class BarProfile {
       for (std::size_t k = 0; k < kPlaces; ++k) {
         m_profile[b][k] = (counts[b][k] + kOfAllBeats * m_even[k]) / (sum + kOfAllBeats);
       }
+    }
+    m_ofPlace.fill(0);
+    for (std::size_t b = 0; b < m_bars.beats; ++b) {
+      for (std::size_t k = 0; k < kPlaces; ++k) m_ofPlace[k] += m_profile[b][k];
     }
   }
 
@@ -90,11 +95,12 @@ class BarProfile {
     std::array<double, kMostBeats> onBeat;
     double norm = 0;
     for (std::size_t b = 0; b < m_bars.beats; ++b) {
-      onBeat[b] = std::exp(m_accents[b] * onset.barAccent) * static_cast<double>(onset.favour[0]);
+      const double accent = onset.barAccent * m_accents[b];  // near enough to 0 for its exponential
+      onBeat[b] = static_cast<double>(onset.favour[0]) * (1 + accent * (1 + accent / 2));
       norm += m_profile[b][0] * onBeat[b];
-      for (std::size_t k = 1; k < kPlaces; ++k) {
-        norm += m_profile[b][k] * static_cast<double>(onset.favour[k]);
-      }
+    }
+    for (std::size_t k = 1; k < kPlaces; ++k) {
+      norm += m_ofPlace[k] * static_cast<double>(onset.favour[k]);
     }
     const double scale = (1 - kAnywhere) * static_cast<double>(m_bars.beats) *
                          static_cast<double>(phase.length) / norm;
@@ -117,6 +123,7 @@ class BarProfile {
   double m_weight = 0;
   PlaceShares m_even{};
   BarShares m_profile{};
+  PlaceShares m_ofPlace{};  ///< The sum of the profiles of all beats.
   std::array<double, kMostBeats> m_accents{};
   PlaceShares m_parts{};
   double m_nextPart = 0;

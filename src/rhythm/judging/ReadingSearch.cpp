@@ -47,6 +47,7 @@ bool isSixEight(const DivisionUse& use) {
 }
 
 Feel feelOf(const DivisionUse& use) {
+  if (use.firstThird + use.secondThird < 0.02) return Feel::straight;
   const bool swings = use.secondThird > 0.08 && use.firstThird < 0.5 * use.secondThird;
   return swings ? Feel::swing : Feel::triplets;
 }
@@ -79,14 +80,13 @@ double scoreOf(const ReadingFeatures& features) {
   return sum;
 }
 
-std::size_t nearestBeat(const BeatTrack& track, double time) {
-  const auto after =
-      static_cast<std::size_t>(std::ranges::lower_bound(track, time) - track.begin());
-  if (after == track.size()) return after - 1;
-  return after > 0 && time - track[after - 1] < track[after] - time ? after - 1 : after;
-}
-
 }  // namespace
+
+bool Candidate::isOther(const Candidate& than) const {
+  constexpr double kOneTempo = 0.04;
+  return std::abs(std::log(tempo / than.tempo)) > kOneTempo || metre() != than.metre() ||
+         feel != than.feel;
+}
 
 ReadingSearch::ReadingSearch(std::span<const Onset> onsets, const ChordChanges& changes,
                              const ReadingLimits& limits)
@@ -101,7 +101,7 @@ std::vector<Division> ReadingSearch::divisions() const {
 std::vector<BeatTrack> ReadingSearch::variants(const BeatTrack& track) const {
   const double from = m_onsets.front().time, to = m_onsets.back().time;
   std::vector<BeatTrack> result;
-  if (!m_limits.keepsPhase) result = multiplesOf(track, m_limits.lengths, from, to);
+  if (!m_limits.keepsBeats) result = multiplesOf(track, m_limits.lengths, from, to);
   if (!result.empty()) return result;
   result.push_back(track);
   extend(result.back(), from, to);
@@ -120,10 +120,25 @@ platform::Slices ReadingSearch::run(std::vector<BeatTrack> tracks) {
   keepBest(all);
   for (std::size_t i = 0; i < m_tracks.size(); ++i) {
     const double done = static_cast<double>(i) / static_cast<double>(m_tracks.size());
-    co_yield kShareOfChoice + (1 - kShareOfChoice) * done;
-    scoreTrack(i);
+    for (const Division division : divisions()) {
+      co_yield kShareOfChoice + (1 - kShareOfChoice) * done;
+      scoreTrack(i, division);
+    }
   }
-  std::ranges::stable_sort(m_candidates, std::greater{}, &Candidate::score);
+  rank();
+}
+
+/// What it costs that beats are not where they are wished.
+double ReadingSearch::penalty(const BeatTrack& track) const {
+  constexpr double kPriceOfBeat = 60;
+  const double length = medianBeat(track);
+  const auto price = [&](double time) {
+    const double far = std::abs(track[nearestBeat(track, time)] - time) / length;
+    return kPriceOfBeat * std::min(0.25, far * far);
+  };
+  double sum = m_limits.barLine ? price(*m_limits.barLine) : 0;
+  for (const double time : m_limits.fixedBeats) sum += price(time);
+  return sum;
 }
 
 ReadingSearch::Rated ReadingSearch::rated(BeatTrack track) const {
@@ -136,7 +151,7 @@ ReadingSearch::Rated ReadingSearch::rated(BeatTrack track) const {
     result.score = score;
     result.division = division;
   }
-  result.score += priorOfTempo(60 / medianBeat(result.track));
+  result.score += priorOfTempo(60 / medianBeat(result.track)) - penalty(result.track);
   return result;
 }
 
@@ -156,23 +171,37 @@ void ReadingSearch::keepBest(std::vector<Rated>& all) {
   }
 }
 
-void ReadingSearch::scoreTrack(std::size_t track) {
+void ReadingSearch::scoreTrack(std::size_t track, Division division) {
   OnsetPhases phases(m_onsets, m_tracks[track]);
   const DivisionUse use = useOf(m_onsets, phases.all());
-  for (const Division division : divisions()) {
-    Candidate candidate;
-    candidate.track = track;
-    candidate.division = division;
-    candidate.tempo = 60 / medianBeat(m_tracks[track]);
-    const PlaceFit fit = bestPlaceFit(m_onsets, phases, division);
-    const auto wished = m_limits.metre ? static_cast<std::size_t>(m_limits.metre->beats) : 0;
-    for (std::size_t beats = wished ? wished : 2; beats <= (wished ? wished : 4); ++beats) {
-      for (std::size_t first = 0; first < beats; ++first) {
-        candidate.bars = {beats, first};
-        if (allows(candidate)) scoreBars(candidate, phases, fit, use);
-      }
+  const PlaceFit fit = bestPlaceFit(m_onsets, phases, division);
+  Candidate candidate;
+  candidate.track = track;
+  candidate.division = division;
+  candidate.tempo = 60 / medianBeat(m_tracks[track]);
+  candidate.penalty = penalty(m_tracks[track]);
+  const auto wished = m_limits.metre ? static_cast<std::size_t>(m_limits.metre->beats) : 0;
+  for (std::size_t beats = wished ? wished : 2; beats <= (wished ? wished : 4); ++beats) {
+    for (std::size_t first = 0; first < beats; ++first) {
+      candidate.bars = {beats, first};
+      scoreBars(candidate, phases, fit, use);
     }
   }
+}
+
+/// Who moves a bar line or a beat wants the same reading with others: tempo and metre stay if they
+/// can.
+void ReadingSearch::rank() {
+  std::ranges::stable_sort(m_candidates, std::greater{}, &Candidate::score);
+  if (!m_limits.barLine && m_limits.fixedBeats.empty()) return;
+  constexpr double kBonusOfSame = 20;
+  const Candidate free = m_candidates.front();
+  std::erase_if(m_candidates, [&](const Candidate& one) { return !allows(one); });
+  for (Candidate& one : m_candidates) {
+    if (!one.isOther(free)) one.score += kBonusOfSame;
+    one.score -= one.penalty;
+  }
+  std::ranges::stable_sort(m_candidates, std::greater{}, &Candidate::score);
 }
 
 bool ReadingSearch::allows(const Candidate& candidate) const {

@@ -32,8 +32,11 @@ struct Candidate {
   double tempo = 0;  ///< Beats a minute.
   ReadingFeatures features;
   double score = 0;
+  double penalty = 0;  ///< For beats that are not where they are wished; not in the score.
 
   Metre metre() const { return {static_cast<int>(bars.beats), compound}; }
+  /// Whether a user would call them two: by tempo, metre or feel.
+  bool isOther(const Candidate& than) const;
 };
 
 /// What a reading has to be.
@@ -41,9 +44,9 @@ struct ReadingLimits {
   BeatLengths lengths;
   std::optional<Metre> metre;
   std::optional<Feel> feel;
-  std::optional<double> barLine;  ///< Seconds.
-  bool keepsPhase = false;        ///< The tracks' own beats only: they are known.
-  std::span<const double> fixedBeats;
+  std::optional<double> barLine;       ///< Seconds.
+  std::span<const double> fixedBeats;  ///< Seconds, ascending.
+  bool keepsBeats = false;             ///< The beats of the tracks are known: no multiples of them.
 };
 
 /// Scores all readings of a recording that are made of some tracks and of their multiples.
@@ -68,13 +71,15 @@ class ReadingSearch {
   };
 
   std::vector<Division> divisions() const;
+  double penalty(const BeatTrack& track) const;
   std::vector<BeatTrack> variants(const BeatTrack& track) const;
   Rated rated(BeatTrack track) const;
   void keepBest(std::vector<Rated>& all);
-  void scoreTrack(std::size_t track);
+  void scoreTrack(std::size_t track, Division division);
   void scoreBars(Candidate candidate, const OnsetPhases& phases, const PlaceFit& fit,
                  const DivisionUse& use);
   bool allows(const Candidate& candidate) const;
+  void rank();
 
   std::span<const Onset> m_onsets;
   const ChordChanges& m_changes;

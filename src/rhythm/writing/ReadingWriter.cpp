@@ -30,12 +30,15 @@ double swingRatio(std::span<const Phase> phases) {
   return std::clamp(static_cast<double>(*middle), kLeast, kMost);
 }
 
-/// Beats that stand as triplets among swung ones.
+/// Beats that stand as they are among swung ones: those with other thirds or sixths than the second
+/// eighth.
 std::vector<bool> tripletBeats(std::span<const Event> events, std::size_t beats) {
   std::vector<bool> result(beats + 1);
-  for (const Event& event : events) {
-    const int place = event.place.tick % kTicksOfBeat;
-    if (place == 4 || place == 2) result[static_cast<std::size_t>(beatOf(event.place.tick))] = true;
+  for (std::size_t i = 0; i < events.size(); ++i) {
+    const int tick = events[i].place.tick, place = tick % kTicksOfBeat;
+    const bool sixths = place == 6 && i + 1 < events.size() && events[i + 1].place.tick == tick + 2;
+    if (place != 4 && place != 2 && !sixths) continue;
+    result[static_cast<std::size_t>(beatOf(tick))] = true;
   }
   return result;
 }
