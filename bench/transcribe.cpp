@@ -47,7 +47,7 @@ constexpr double kRate = korvel::platform::kSampleRate;
 void useInstrument(const std::filesystem::path& definition) {
   QBTabMgr& db = QBTabMgr::db();
   db.deselectAllInstruments();
-  QBMusicXMLParser(definition).parse();
+  QBMusicXMLParser(QBTabMgr::db(), definition).parse();
   if (!db.selectedInstrument())
     throw platform::FileError(definition, platform::UserText::verbatim("defines no instrument"));
   db.computeOffsets();

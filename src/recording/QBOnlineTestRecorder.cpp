@@ -31,7 +31,7 @@ QBChord* QBOnlineTestRecorder::nextStep() {
 }
 
 QBChord* QBOnlineTestRecorder::filter(QBChord* chord) {
-  QBChord* target = QBTabMgr::db().createChord(m_newSong, chord->m_fft(), chord->timestamp());
+  QBChord* target = QBTabMgr::of(*chord).createChord(m_newSong, chord->m_fft(), chord->timestamp());
   for (const auto& tone : chord->readAllTones())
     if (confirms(*chord, tone->string(), tone->fret()))
       target->hold()->applyTone(tone->string(), tone->fret(), tone->amp());

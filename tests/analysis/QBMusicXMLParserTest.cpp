@@ -44,7 +44,7 @@ struct QBMusicXMLParserTest : testing::Test {
     const std::string file = m_store.folder().file("guitar.xml");
     std::filesystem::remove(file);  // Writing over a file waits for the disk.
     test::writeFile(file, content);
-    EXPECT_EQ(QBMusicXMLParser(file).parse(), nullptr);
+    EXPECT_EQ(QBMusicXMLParser(QBTabMgr::db(), file).parse(), nullptr);
     const auto& all = QBTabMgr::db().instruments();
     return all.size() > before ? lineOf(*all.back()) : "";
   }
@@ -73,7 +73,8 @@ TEST_F(QBMusicXMLParserTest, badHeaderCreatesNothing) {
         "<Instrument><Name>Pete's</Name><DetailLevel>0.5</DetailLevel>",
         "<Instrument><Name>Guitar</Name><DetailLevel>0.5</DetailLevel"})
     EXPECT_EQ(parse(text), "") << text;
-  EXPECT_EQ(QBMusicXMLParser(m_store.folder().file("missing.xml")).parse(), nullptr);
+  EXPECT_EQ(QBMusicXMLParser(QBTabMgr::db(), m_store.folder().file("missing.xml")).parse(),
+            nullptr);
   EXPECT_TRUE(QBTabMgr::db().instruments().empty());
 }
 
@@ -137,7 +138,7 @@ TEST_F(QBMusicXMLParserTest, readsWithoutASelectedTuning) {
 TEST_F(QBMusicXMLParserTest, theInstrumentOfTheProgramIsComplete) {
   const auto file = platform::Resources::ofProgram().locate("Classic E-Guitar", "xml");
   ASSERT_TRUE(file);
-  QBMusicXMLParser(*file).parse();
+  QBMusicXMLParser(QBTabMgr::db(), *file).parse();
   QBInstrument* guitar = QBTabMgr::db().selectedInstrument();
   ASSERT_NE(guitar, nullptr);
   for (const auto& read : guitar->readAllSpectrums()) {

@@ -41,7 +41,7 @@ TEST_F(ChordBookTest, everyShapeGetsTheNameInTheBook) {
 
 TEST_F(ChordBookTest, easiestShapeIsTheOneThatBeginnersLearn) {
   const auto easiest = [](const char* name) {
-    const auto shapes = shapesOf(parseChordName(name), OpenStrings(), 12);
+    const auto shapes = shapesOf(parseChordName(QBTabMgr::db(), name), OpenStrings(), 12);
     return shapes.empty() ? "none" : shorthandOf(shapes.front());
   };
   const std::map<const char*, const char*> known{

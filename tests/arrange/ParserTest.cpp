@@ -22,7 +22,7 @@ struct ParserTest : testing::Test {
   /// What a file declares, each as "type order: step step ".
   Lines parse(const std::string& content) {
     Lines lines;
-    for (const auto& harmony : Parser(file(content)).parseHarmonies()) {
+    for (const auto& harmony : Parser(QBTabMgr::db(), file(content)).parseHarmonies()) {
       std::string line = harmony->type() + ' ' + std::to_string(harmony->order()) + ": ";
       for (const auto& tone : harmony->allTones()) line += std::to_string(tone->step()) + ' ';
       lines.push_back(line);
@@ -71,7 +71,7 @@ TEST_F(ParserTest, stopsAtADeclarationThatLacksATokenAndKeepsTheOnesBefore) {
   }
   EXPECT_EQ(parse("<*> <m> <order> <2> <steps>"), Lines{"m 2: "}) << "a harmony without tones";
   for (const std::string& none : {m_store.folder().file("missing"), m_store.folder().file("")})
-    EXPECT_TRUE(Parser(none).parseHarmonies().empty()) << none;
+    EXPECT_TRUE(Parser(QBTabMgr::db(), none).parseHarmonies().empty()) << none;
 }
 
 TEST_F(ParserTest, countsWithOddNumbersWithoutOverflow) {
@@ -85,7 +85,7 @@ TEST_F(ParserTest, countsWithOddNumbersWithoutOverflow) {
 }
 
 TEST_F(ParserTest, recognisesTheMarksOfTokens) {
-  Parser parser(file("<*1> <x*> <SoundItem> <SoundItems>"));
+  Parser parser(QBTabMgr::db(), file("<*1> <x*> <SoundItem> <SoundItems>"));
   EXPECT_TRUE(parser.isNewLine());
   EXPECT_FALSE(parser.isNewLine());
   EXPECT_TRUE(parser.isNewSoundItem());

@@ -59,7 +59,7 @@ TEST_F(QBInstrumentXmlTest, writesTheDefinitionWithoutAmpAndOffset) {
 TEST_F(QBInstrumentXmlTest, readingBackBringsTheInstrumentAndNothingElse) {
   const std::string file = m_store.folder().file("guitar.xml");
   test::writeFile(file, textOf(*toXML(*m_guitar)));
-  QBMusicXMLParser(file).parse();
+  QBMusicXMLParser(QBTabMgr::db(), file).parse();
   ASSERT_EQ(QBTabMgr::db().instruments().size(), 2U);
   QBInstrument* read = QBTabMgr::db().findInstrumentByIndex(1);
   EXPECT_EQ(read->name(), "Old Guitar");

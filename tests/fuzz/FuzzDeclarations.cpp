@@ -39,7 +39,7 @@ void readDeclarations(const std::string& bytes) {
   const std::string file = store.folder().file("declarations");
   test::writeFile(file, bytes);
   scan(file);
-  for (const auto& harmony : Parser(file).parseHarmonies()) {
+  for (const auto& harmony : Parser(QBTabMgr::db(), file).parseHarmonies()) {
     match(*harmony);
     remove(harmony);
   }

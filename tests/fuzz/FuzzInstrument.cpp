@@ -44,7 +44,8 @@ void readInstrument(const std::string& bytes) {
   static QBChord* const chord = test::addChord(store.song("Song"), "222222");
   const std::string file = store.folder().file("instrument.xml");
   test::writeFile(file, bytes);
-  fuzz::require(QBMusicXMLParser(file).parse() == nullptr, "the instrument is in the store only");
+  fuzz::require(QBMusicXMLParser(QBTabMgr::db(), file).parse() == nullptr,
+                "the instrument is in the store only");
   if (QBTabMgr::db().instruments().empty()) return;
   const platform::Ref<QBInstrument> instrument = QBTabMgr::db().findInstrumentByIndex(0);
   use(*instrument, *chord);

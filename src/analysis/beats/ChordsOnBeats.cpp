@@ -33,7 +33,7 @@ ChordsOnBeats::~ChordsOnBeats() = default;
 QBChord* ChordsOnBeats::make(QBSong* song) {
   if (m_next == 0) begin(*song);
   const WrittenChord& written = m_chords.at(m_next++);
-  QBChord* chord = QBTabMgr::db().createChord(song, nullptr, written.onset);
+  QBChord* chord = QBTabMgr::of(*song).createChord(song, nullptr, written.onset);
   const bool compound = m_reading.metre.compound;
   chord->setTicks(written.ticks);
   chord->setBeatTime(written.beatTime);
@@ -59,7 +59,7 @@ void ChordsOnBeats::layIntoMeasure(QBSong& song, const WrittenChord& written, QB
   const int position = written.bar + 1;
   if (!m_measure || m_measure->position() != position) {
     const TimeSignature signature = signatureOf(m_reading.metre);
-    m_measure = QBTabMgr::db().createMeasure(&song, signature.beat, signature.beattype);
+    m_measure = QBTabMgr::of(song).createMeasure(&song, signature.beat, signature.beattype);
     m_measure->setPosition(position);
   }
   m_measure->addChord(&chord);
@@ -69,7 +69,7 @@ void ChordsOnBeats::name(const WrittenChord& written, QBChord& chord) const {
   if (written.span < 0) return;
   const auto span = static_cast<std::size_t>(written.span);
   const rhythm::ChordSpan& named = m_reading.chords[span];
-  if (QBHarmony* harmony = harmonyOf(QBTabMgr::db(), named, m_pitchClasses[span])) {
+  if (QBHarmony* harmony = harmonyOf(QBTabMgr::of(chord), named, m_pitchClasses[span])) {
     chord.setHarmony(harmony);
     chord.setBaseTone(named.root);
   }

@@ -54,7 +54,7 @@ BlockChords::BlockChords(std::vector<BlockTones> blocks) : m_blocks(std::move(bl
 QBChord* BlockChords::make(QBSong* song) {
   const std::size_t block = m_next++;
   const auto timestamp = static_cast<std::int64_t>(block * precise::kBlockSamples);
-  QBChord* chord = QBTabMgr::db().createChord(song, nullptr, timestamp);
+  QBChord* chord = QBTabMgr::of(*song).createChord(song, nullptr, timestamp);
   addTones(*chord->hold(), m_blocks.at(block));
   return chord;
 }

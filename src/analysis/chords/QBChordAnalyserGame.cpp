@@ -19,7 +19,7 @@ std::shared_ptr<QBFFT> QBChordAnalyserGame::nextFFT() {
   const platform::Ref<QBBlock> block = m_source() ? m_source()->readBlockFromSamples() : nullptr;
   if (!block) return nullptr;
   const auto spectrum = spectrumOf(block->toSamples(), kTimestampOfFiles);
-  QBTabMgr::db().deleteBlock(block);
+  QBTabMgr::of(*block).deleteBlock(block);
   return spectrum;
 }
 

@@ -33,7 +33,7 @@ QBChord* QBChordAnalyserStandard::nextChord(QBSong* song) {
   if (!spectrum) return nullptr;
   const auto frequencies = spectrum->frequencies(m_tuning());
   if (frequencies.empty()) return nullptr;
-  QBChord* chord = QBTabMgr::db().createChord(song, spectrum, spectrum->timestamp());
+  QBChord* chord = QBTabMgr::of(*song).createChord(song, spectrum, spectrum->timestamp());
   chord->setBlock(spectrum->block());
   for (const QBFrequency& frequency : frequencies) addTone(*chord->hold(), frequency);
   chord->setM_fft(nullptr);

@@ -17,7 +17,8 @@ constexpr float kVolumeOfFiles = 1.0F;
 
 }  // namespace
 
-QBMusicXMLParser::QBMusicXMLParser(const std::filesystem::path& file) : scanner(file) {}
+QBMusicXMLParser::QBMusicXMLParser(QBTabMgr& db, const std::filesystem::path& file)
+    : m_db(db), scanner(file) {}
 
 QBInstrument* QBMusicXMLParser::parse() {
   if (!openTag("Instrument")) return nullptr;
@@ -25,9 +26,8 @@ QBInstrument* QBMusicXMLParser::parse() {
   if (!name) return nullptr;
   const auto detailLevel = element("DetailLevel");
   if (!detailLevel) return nullptr;
-  QBTabMgr& db = QBTabMgr::db();
-  QBInstrument* instrument = db.createInstrument(
-      db.selectedTuning(), *name, true, true, platform::floatValue(*detailLevel), kVolumeOfFiles);
+  QBInstrument* instrument = m_db.createInstrument(
+      m_db.selectedTuning(), *name, true, true, platform::floatValue(*detailLevel), kVolumeOfFiles);
   while (isSpectrum(*instrument)) {
   }
   // No title has angle brackets, so this never matches; the answer is none by design.
@@ -68,8 +68,8 @@ bool QBMusicXMLParser::isOvertone(QBSpectrum& spectrum) {
   const auto& [string, fret, note, hits, amp, offset] = texts;
   using platform::intValue;
   QBOvertone* overtone =
-      QBTabMgr::db().createOvertone(&spectrum, intValue(string), intValue(fret), intValue(note),
-                                    intValue(offset), 0.0, platform::doubleValue(amp));
+      m_db.createOvertone(&spectrum, intValue(string), intValue(fret), intValue(note),
+                          intValue(offset), 0.0, platform::doubleValue(amp));
   overtone->setHits(intValue(hits));
   return closeTag("/Overtone");
 }

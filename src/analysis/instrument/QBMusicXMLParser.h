@@ -12,6 +12,7 @@ namespace korvel {
 
 class QBInstrument;
 class QBSpectrum;
+class QBTabMgr;
 
 /// Reads an instrument definition file into the store. Every element is required, in this order:
 ///
@@ -29,7 +30,8 @@ class QBSpectrum;
 /// A text that is no number counts as 0.
 class QBMusicXMLParser {
  public:
-  explicit QBMusicXMLParser(const std::filesystem::path& file);
+  /// Into that store.
+  QBMusicXMLParser(QBTabMgr& db, const std::filesystem::path& file);
 
   /// Creates the instrument in the selected tuning, active and editable; who adds one to others
   /// deselects those first. A bad header creates nothing. A bad spectrum or overtone ends the
@@ -56,6 +58,7 @@ class QBMusicXMLParser {
   bool closeTag(std::string_view title);
   std::optional<std::string> element(std::string_view title);
 
+  QBTabMgr& m_db;
   QBMusicXMLScanner scanner;
   /// The tag that was read last and was not the expected one.
   std::optional<Tag> readAhead;

@@ -24,7 +24,7 @@ void QBApplyMetric::execute(QBChord*, QBChord* current, QBChord*) {
 }
 
 void QBApplyMetric::openMeasure() {
-  m_cursor = QBTabMgr::db().createMeasure(m_song, m_beat, m_beattype);
+  m_cursor = QBTabMgr::of(*m_song).createMeasure(m_song, m_beat, m_beattype);
 }
 
 }  // namespace korvel

@@ -22,7 +22,7 @@ QBRightHandPattern* findPatternByChord(const QBTabMgr& db, QBChord* previous,
 }
 
 QBRightHandPattern* readPattern(QBChord& chord, QBChord* previous) {
-  if (!chord.pattern()) chord.setPattern(findPatternByChord(QBTabMgr::db(), previous, chord));
+  if (!chord.pattern()) chord.setPattern(findPatternByChord(QBTabMgr::of(chord), previous, chord));
   return chord.pattern();
 }
 

@@ -51,22 +51,22 @@ std::optional<int> takeRoot(std::string_view& text) {
   return note;
 }
 
-QBHarmony* harmonyOfType(std::string_view type) {
-  const auto& all = QBTabMgr::db().harmonies();
+QBHarmony* harmonyOfType(const QBTabMgr& db, std::string_view type) {
+  const auto& all = db.harmonies();
   const auto found = std::ranges::find(all, type, [](const auto& each) { return each->type(); });
   return found == all.end() ? nullptr : found->get();
 }
 
-QBHarmony* declared(std::string_view type) {
-  if (QBHarmony* harmony = harmonyOfType(type)) return harmony;
+QBHarmony* declared(const QBTabMgr& db, std::string_view type) {
+  if (QBHarmony* harmony = harmonyOfType(db, type)) return harmony;
   const auto other =
       std::ranges::find(kAlsoWritten, type, [](const auto& pair) { return pair.first; });
-  return other == kAlsoWritten.end() ? nullptr : harmonyOfType(other->second);
+  return other == kAlsoWritten.end() ? nullptr : harmonyOfType(db, other->second);
 }
 
-std::string typesDeclared() {
+std::string typesDeclared(const QBTabMgr& db) {
   std::string list;
-  const auto& all = QBTabMgr::db().harmonies();
+  const auto& all = db.harmonies();
   for (auto harmony = all.rbegin(); harmony != all.rend(); ++harmony)
     if (!(*harmony)->type().empty()) list += (list.empty() ? "" : ", ") + (*harmony)->type();
   return list;
@@ -74,7 +74,7 @@ std::string typesDeclared() {
 
 }  // namespace
 
-ChordName parseChordName(std::string_view text) {
+ChordName parseChordName(const QBTabMgr& db, std::string_view text) {
   const std::string_view name = platform::trimmed(text);
   std::string_view rest = name;
   const auto root = takeRoot(rest);
@@ -82,11 +82,11 @@ ChordName parseChordName(std::string_view text) {
     throw NoChordName(
         {phrase("Message", "\"%1\" is no chord name: it has to begin with a note from A to G"),
          name});
-  QBHarmony* harmony = declared(rest);
+  QBHarmony* harmony = declared(db, rest);
   if (!harmony)
     throw NoChordName(
         {phrase("Message", "\"%1\" is no chord name: after the note comes nothing or one of %2"),
-         name, typesDeclared()});
+         name, typesDeclared(db)});
   return {*root, harmony};
 }
 

@@ -10,6 +10,7 @@
 namespace korvel {
 
 class QBHarmony;
+class QBTabMgr;
 
 /// A root, 0..11 with C = 0, and a declared chord type: what names a chord.
 struct ChordName {
@@ -25,7 +26,8 @@ class NoChordName : public std::invalid_argument, public platform::Worded {
 };
 
 /// Reads "F#m7" or "Bb", with any of the spellings of a note and blanks around. The type is written
-/// as it is declared, or as players write it too: "min", "M7", "+". Throws NoChordName.
-ChordName parseChordName(std::string_view text);
+/// as it is declared in that store, or as players write it too: "min", "M7", "+". Throws
+/// NoChordName.
+ChordName parseChordName(const QBTabMgr& db, std::string_view text);
 
 }  // namespace korvel

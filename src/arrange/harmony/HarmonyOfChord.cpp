@@ -34,6 +34,6 @@ QBHarmony* findHarmonyByChord(const QBTabMgr& db, QBChord& chord) {
   return chord.harmony();
 }
 
-QBHarmony* readHarmony(QBChord& chord) { return findHarmonyByChord(QBTabMgr::db(), chord); }
+QBHarmony* readHarmony(QBChord& chord) { return findHarmonyByChord(QBTabMgr::of(chord), chord); }
 
 }  // namespace korvel

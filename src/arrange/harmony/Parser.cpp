@@ -7,7 +7,7 @@
 
 namespace korvel {
 
-Parser::Parser(const std::filesystem::path& file) : scanner(file) {}
+Parser::Parser(QBTabMgr& db, const std::filesystem::path& file) : m_db(db), scanner(file) {}
 
 std::vector<platform::Ref<QBHarmony>> Parser::parseHarmonies() {
   std::vector<platform::Ref<QBHarmony>> harmonies;
@@ -22,7 +22,7 @@ QBHarmony* Parser::isHarmony() {
   const auto order = isValue();
   // The scan ends for good, so when this token is there, so were the ones before it.
   if (!isValue()) return nullptr;
-  QBHarmony* harmony = QBTabMgr::db().createHarmony(type->value, platform::intValue(order->value));
+  QBHarmony* harmony = m_db.createHarmony(type->value, platform::intValue(order->value));
   addSteps(*harmony);
   return harmony;
 }

@@ -12,6 +12,7 @@
 namespace korvel {
 
 class QBHarmony;
+class QBTabMgr;
 
 /// Reads a chord declaration file into the store. A declaration is
 ///
@@ -21,7 +22,8 @@ class QBHarmony;
 /// steps up to a mark that begins with "-" or to the end. Tokens that are no number count as 0.
 class Parser {
  public:
-  explicit Parser(const std::filesystem::path& file);
+  /// Into that store.
+  Parser(QBTabMgr& db, const std::filesystem::path& file);
 
   /// Creates the harmonies from here to the first declaration that is malformed, or to the end.
   std::vector<platform::Ref<QBHarmony>> parseHarmonies();
@@ -38,6 +40,7 @@ class Parser {
  private:
   void addSteps(QBHarmony& harmony);
 
+  QBTabMgr& m_db;
   Scanner scanner;
 };
 

@@ -57,7 +57,7 @@ std::unique_ptr<QBChordCleaner> QBChordCleaner::ofString(int string, QBChord* ch
 }
 
 QBSong* QBChordCleaner::clean(QBSong& source) {
-  QBTabMgr& db = QBTabMgr::db();
+  QBTabMgr& db = QBTabMgr::of(source);
   QBSong* cleaned = db.createSong("Cleaned", source.tuning(), db.selectedInstrument(), nullptr);
   for (const auto& chord : source.allChords()) {
     QBChord* copy = chord->clone(cleaned);

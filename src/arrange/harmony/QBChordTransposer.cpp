@@ -22,13 +22,14 @@ QBChordTransposer::QBChordTransposer(QBChord* source, QBInstrument* instrument, 
       m_lowestFret(minFret),
       m_offset(offset),
       m_strings(openStringsOf(*source)),
-      m_scratch("Transpose Album", "Transposer", tuningOf(source->song()), instrument) {}
+      m_scratch(QBTabMgr::of(*source), "Transpose Album", "Transposer", tuningOf(source->song()),
+                instrument) {}
 
 QBChordTransposer::~QBChordTransposer() = default;
 
 QBChord* QBChordTransposer::transpose() {
-  QBChord* target =
-      QBTabMgr::db().createChord(m_scratch.song(), m_source->m_fft(), m_source->timestamp());
+  QBChord* target = QBTabMgr::of(*m_source).createChord(m_scratch.song(), m_source->m_fft(),
+                                                        m_source->timestamp());
   target->setDuration(m_source->duration());
   target->setBaseTone(pitchClass(m_source->baseTone() + pitchClass(m_offset)));
   for (const auto& tone : tonesOf(*m_source))

@@ -44,7 +44,8 @@ QBOptionRemover::QBOptionRemover(std::vector<int> options, Counted counted)
 
 void QBOptionRemover::execute(QBChord*, QBChord* current, QBChord*) {
   if (!current->harmony() || !current->hold()) return;
-  if (removeOptions(*current)) current->setHarmony(findHarmonyByChord(QBTabMgr::db(), *current));
+  if (removeOptions(*current))
+    current->setHarmony(findHarmonyByChord(QBTabMgr::of(*current), *current));
 }
 
 bool QBOptionRemover::removeOptions(const QBChord& chord) const {

@@ -58,7 +58,7 @@ void QBHarmony::forgetCaches() {
 }
 
 void QBHarmony::addStep(int order, int step) {
-  QBTabMgr::db().createToneOfHarmony(this, order, step);
+  QBTabMgr::of(*this).createToneOfHarmony(this, order, step);
 }
 
 const std::vector<platform::Ref<QBToneOfHarmony>>& QBHarmony::allTones() {

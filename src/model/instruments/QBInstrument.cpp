@@ -76,14 +76,14 @@ QBSpectrum* QBInstrument::findSpectrumByString(int position) {
 }
 
 void QBInstrument::deleteSpectrumByString(int position) {
-  QBTabMgr::db().deleteSpectrum(findSpectrumByString(position));
+  QBTabMgr::of(*this).deleteSpectrum(findSpectrumByString(position));
   sortedSpectrums->erase(sortedSpectrums->begin() + position);
 }
 
 QBSpectrum* QBInstrument::createSpectrum(QBString* string) {
   const int position = string->order();
   deleteSpectrumByString(position);
-  QBSpectrum* spectrum = QBTabMgr::db().createSpectrum(this, string);
+  QBSpectrum* spectrum = QBTabMgr::of(*this).createSpectrum(this, string);
   sortedSpectrums->emplace(sortedSpectrums->begin() + position, spectrum);
   return spectrum;
 }

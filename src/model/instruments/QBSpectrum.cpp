@@ -65,13 +65,13 @@ QBOvertone* QBSpectrum::addOvertone(int string, int fret, int note, int offset, 
                                     double amp) {
   readSortedTones();
   QBOvertone* overtone =
-      QBTabMgr::db().createOvertone(this, string, fret, note, offset, frequency, amp);
+      QBTabMgr::of(*this).createOvertone(this, string, fret, note, offset, frequency, amp);
   m_sorted->insert_or_assign(keyOf(string, fret), overtone);
   return overtone;
 }
 
 void QBSpectrum::deleteOvertone(QBOvertone* overtone) {
-  QBTabMgr::db().deleteOvertone(overtone);
+  QBTabMgr::of(*this).deleteOvertone(overtone);
   m_sorted.reset();  // Another overtone of the same position may show again.
 }
 

@@ -33,7 +33,7 @@ constexpr SixStrings kOpenG = {{7, 49.0F},  {11, 123.47F}, {2, 146.83F},
 void createStrings(QBTuning& tuning, const SixStrings& strings) {
   int order = 0;
   for (const OpenString& open : strings)
-    QBTabMgr::db().createString(&tuning, open.note, order++, open.hertz);
+    QBTabMgr::of(tuning).createString(&tuning, open.note, order++, open.hertz);
 }
 
 /// A store may say anything.

@@ -27,7 +27,7 @@ void QBBlock::setChord(QBChord* value) { relate(m_chord, value); }
 platform::Members<QBSample> QBBlock::samples() const { return members(m_samples); }
 
 QBSample* QBBlock::addSample(std::int16_t value) {
-  return QBTabMgr::db().createSample(this, value);
+  return QBTabMgr::of(*this).createSample(this, value);
 }
 
 std::vector<platform::Ref<QBSample>> QBBlock::allSamples() const {

@@ -29,7 +29,7 @@ QBSong* QBAlbum::findSongByName(const std::string& title) const {
 }
 
 QBSong* QBAlbum::createSong(const std::string& title) {
-  QBTabMgr& db = QBTabMgr::db();
+  QBTabMgr& db = QBTabMgr::of(*this);
   QBInstrument* instrument = db.selectedInstrument();
   return db.createSong(title, instrument ? instrument->tuning() : nullptr, instrument, this);
 }
@@ -37,11 +37,11 @@ QBSong* QBAlbum::createSong(const std::string& title) {
 void QBAlbum::deleteSong(QBSong* song) {
   if (!song) return;
   song->setAlbum(nullptr);
-  QBTabMgr::db().deleteSong(song);
+  QBTabMgr::of(*this).deleteSong(song);
 }
 
 QBAlbum* QBAlbum::clone() const {
-  QBAlbum* copy = QBTabMgr::db().createAlbum(name(), isLocked());
+  QBAlbum* copy = QBTabMgr::of(*this).createAlbum(name(), isLocked());
   for (const auto& song : songs().snapshot()) song->cloneToAlbum(copy);
   return copy;
 }

@@ -100,7 +100,7 @@ bool QBChord::equals(const QBChord& other) const {
 }
 
 QBChord* QBChord::clone(QBSong* owner) {
-  QBChord* copy = QBTabMgr::db().createChord(owner, m_fft(), timestamp());
+  QBChord* copy = QBTabMgr::of(*this).createChord(owner, m_fft(), timestamp());
   if (hasBaseTone()) copy->setBaseTone(baseTone());
   copy->setHarmony(harmony());
   copy->setDuration(duration());

@@ -3,17 +3,20 @@
 
 #include "model/instruments/QBInstrument.h"
 #include "model/songs/QBAlbum.h"
-#include "model/store/QBTabMgr.h"
 
 namespace korvel {
 
-QBChordVisitor::QBChordVisitor() : m_selectedInstrument(QBTabMgr::db().selectedInstrument()) {}
+QBChordVisitor::QBChordVisitor() = default;
 
 QBChordVisitor::~QBChordVisitor() = default;
 
 void QBChordVisitor::execute(QBChord*, QBChord*, QBChord*) {}
 
 QBInstrument* QBChordVisitor::m_instrument() const { return m_selectedInstrument; }
+
+void QBChordVisitor::setM_instrument(QBInstrument* instrument) {
+  m_selectedInstrument = instrument;
+}
 
 QBAlbum* QBChordVisitor::m_album() const { return m_albumOfSong; }
 

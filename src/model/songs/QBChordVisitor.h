@@ -13,14 +13,15 @@ class QBInstrument;
 /// changes the current chord or collects what it needs elsewhere, and knows no other filter.
 class QBChordVisitor {
  public:
-  /// Works with the instrument that is selected now.
   QBChordVisitor();
   virtual ~QBChordVisitor();
 
   /// previous is none for the first chord, next for the last.
   virtual void execute(QBChord* previous, QBChord* current, QBChord* next);
 
+  /// The one that is selected when a song begins to hand over its chords.
   QBInstrument* m_instrument() const;
+  void setM_instrument(QBInstrument* instrument);
   int m_index() const { return m_chordIndex; }
   void setM_index(int index) { m_chordIndex = index; }
   QBAlbum* m_album() const;

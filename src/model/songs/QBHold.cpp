@@ -132,7 +132,7 @@ QBTone* QBHold::addTone(int string, int fret, double amp) {
   // 0 is no lowest fret yet, so that a fretted tone after an open string counts.
   if (fret != 0 && (readSortedTones().empty() || m_minFret == 0 || m_minFret > fret))
     m_minFret = fret;
-  QBTone* tone = QBTabMgr::db().createTone(this, string, fret, 0, amp);
+  QBTone* tone = QBTabMgr::of(*this).createTone(this, string, fret, 0, amp);
   readSortedTones().insert_or_assign(keyOf(string, fret), tone);
   m_maxFret = std::max(m_maxFret, fret);
   return tone;
@@ -143,7 +143,7 @@ QBTone* QBHold::applyTone(int string, int fret, double amp) {
   if (fret != 0 && m_minFret > fret) m_minFret = fret;
   m_maxFret = std::max(m_maxFret, fret);
   QBTone* known = findToneByString(string);
-  if (!known) return QBTabMgr::db().createTone(this, string, fret, 0, amp);
+  if (!known) return QBTabMgr::of(*this).createTone(this, string, fret, 0, amp);
   if (known->fret() > fret) {
     known->setFret(fret);
     known->setAmp(amp);
@@ -161,7 +161,7 @@ QBTone* QBHold::setFretOfString(int string, int fret) {
 void QBHold::deleteTone(QBTone* tone) {
   // An index that was never asked for is made from the tones that are left, when it is.
   if (m_sortedTones) m_sortedTones->erase(keyOfTone(*tone));
-  QBTabMgr::db().deleteTone(tone);
+  QBTabMgr::of(*this).deleteTone(tone);
 }
 
 void QBHold::deleteToneOfString(int string) {
@@ -179,7 +179,7 @@ bool QBHold::removeTonesByNote(int note) {
 }
 
 QBHold* QBHold::clone(QBChord* chord) {
-  QBTabMgr& db = QBTabMgr::db();
+  QBTabMgr& db = QBTabMgr::of(*this);
   QBHold* copy = db.createHold();
   for (const QBTone* tone : tones()) tone->clone(copy);
   QBHold* replaced = chord->hold();

@@ -110,12 +110,12 @@ std::vector<platform::Ref<QBChord>> QBSong::chordsInRange(int from, int to) {
 }
 
 QBChord* QBSong::createChord() {
-  return QBTabMgr::db().createChord(this, nullptr, kTimestampOfMadeChords);
+  return QBTabMgr::of(*this).createChord(this, nullptr, kTimestampOfMadeChords);
 }
 
 void QBSong::deleteChord(QBChord* chord) {
   chord->setSong(nullptr);
-  QBTabMgr::db().deleteChord(chord);
+  QBTabMgr::of(*this).deleteChord(chord);
 }
 
 void QBSong::setChordInLoop(QBChord* chord) {
@@ -146,6 +146,7 @@ int QBSong::lookupGroupSize(int index) {
 
 void QBSong::iterate(QBChordVisitor& visitor) {
   visitor.setM_album(album());
+  visitor.setM_instrument(QBTabMgr::of(*this).selectedInstrument());
   const auto& all = allChords();
   for (std::size_t i = 0; i < all.size(); ++i) {
     visitor.setM_index(static_cast<int>(i));
@@ -157,7 +158,7 @@ void QBSong::iterate(QBChordVisitor& visitor) {
 // ---- copies
 
 QBSong* QBSong::cloneToAlbum(QBAlbum* target) {
-  QBTabMgr& db = QBTabMgr::db();
+  QBTabMgr& db = QBTabMgr::of(*this);
   QBSong* copy = db.createSong(title(), tuning(), db.selectedInstrument(), target);
   copy->takeRhythmOf(*this);
   for (const auto& chord : allChords()) chord->clone(copy);

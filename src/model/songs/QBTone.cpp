@@ -36,7 +36,7 @@ void QBTone::forgetCaches() {
 }
 
 QBTone* QBTone::clone(QBHold* owner) const {
-  QBTone* copy = QBTabMgr::db().createTone(owner, string(), fret(), 0, amp());
+  QBTone* copy = QBTabMgr::of(*this).createTone(owner, string(), fret(), 0, amp());
   copy->setDuration(duration());
   if (hasTicks()) copy->setTicks(ticks());
   if (hasGroup()) copy->setGroup(group());

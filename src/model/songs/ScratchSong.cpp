@@ -11,9 +11,8 @@
 
 namespace korvel {
 
-ScratchSong::ScratchSong(const std::string& albumName, const std::string& title, QBTuning* tuning,
-                         QBInstrument* instrument) {
-  QBTabMgr& db = QBTabMgr::db();
+ScratchSong::ScratchSong(QBTabMgr& db, const std::string& albumName, const std::string& title,
+                         QBTuning* tuning, QBInstrument* instrument) {
   m_album = db.createAlbum(albumName, false);
   m_song = db.createSong(title, tuning, instrument, m_album);
 }
@@ -28,7 +27,7 @@ ScratchSong::~ScratchSong() {
 void ScratchSong::dispose() {
   m_song = nullptr;
   const platform::Ref<QBAlbum> album = std::exchange(m_album, nullptr);
-  if (album) QBTabMgr::db().deleteAlbum(album);
+  if (album) QBTabMgr::of(*album).deleteAlbum(album);
 }
 
 }  // namespace korvel

@@ -56,6 +56,12 @@ QBTabMgr& QBTabMgr::db() {
   return *sharedManager();
 }
 
+QBTabMgr& QBTabMgr::of(const platform::ManagedObject& object) {
+  const platform::ManagedContext* context = object.context();
+  if (!context || !context->owner()) throw std::logic_error("an object of a store that is closed");
+  return static_cast<QBTabMgr&>(*context->owner());
+}
+
 void QBTabMgr::clearDb() { sharedManager().reset(); }
 
 void QBTabMgr::setStorePath(std::string path) { chosenStorePath() = std::move(path); }
@@ -88,6 +94,7 @@ void QBTabMgr::openStore() {
     }
   }
   m_context = std::make_unique<platform::ManagedContext>(storeFile(path).open(), korvelModel());
+  m_context->setOwner(*this);
 }
 
 // ---- lists

@@ -37,13 +37,15 @@ class SongRecording;
 ///
 /// Created objects live in memory until `save`. Delete operations take dependent objects with them,
 /// depth first, but leave a song's measures and a chord's block, which the next opening sweeps.
-class QBTabMgr {
+class QBTabMgr : private platform::ContextOwner {
  public:
   template <class T>
   using List = std::vector<platform::Ref<T>>;
 
   /// The shared manager; opens the store on first use. Throws StoreUnavailable when that fails.
   static QBTabMgr& db();
+  /// The manager of the store that the object is from. std::logic_error when that is closed.
+  static QBTabMgr& of(const platform::ManagedObject& object);
   static void clearDb();
   static void deleteAll() { clearDb(); }
   /// The file that the next first use of `db` opens, instead of the one in the user's data folder.

@@ -20,6 +20,15 @@ class ChangeLog;
 class StoreCheck;
 class UndoManager;
 
+/// Who keeps a context, for its objects to find.
+class ContextOwner {
+ protected:
+  ContextOwner() = default;
+  ~ContextOwner() = default;
+  ContextOwner(const ContextOwner&) = default;
+  ContextOwner& operator=(const ContextOwner&) = default;
+};
+
 /// The graph of objects over one open store: reads rows when they are asked for, keeps one object
 /// per row, keeps both ends of every relationship in step, and writes all changes when told to.
 ///
@@ -60,6 +69,11 @@ class ManagedContext {
   /// damaged one is not written into. Throws StoreError; the file is then as it was and the
   /// changes are kept for another try.
   void save();
+
+  /// The owner must outlive the context.
+  void setOwner(ContextOwner& owner) { m_owner = &owner; }
+  /// Null unless it was set.
+  ContextOwner* owner() const { return m_owner; }
 
   /// Lives as long as the context.
   UndoManager& undoManager() { return *m_undoManager; }
@@ -119,6 +133,7 @@ class ManagedContext {
   void writeDeleted(Table& table);
   void markSaved(Table& table);
 
+  ContextOwner* m_owner = nullptr;
   std::unique_ptr<SqliteDatabase> m_store;
   const ObjectModel& m_model;
   std::vector<std::unique_ptr<Table>> m_tables;

@@ -27,6 +27,8 @@ class ManagedObject : public Counted {
   std::int64_t objectId() const { return m_id; }
   const EntityDescription& entity() const { return *m_entity; }
   bool isDeleted() const { return m_deleted; }
+  /// Null once the context is gone. Of a deleted object, not to be asked for after that.
+  ManagedContext* context() const { return m_context; }
 
   /// Drops what was computed from the values and the members, here and in the owners: they changed
   /// other than by the operations that keep it in step.

@@ -56,7 +56,7 @@ bool ClassicHearing::cutShort() {
 /// Blocks that nobody took would be stored.
 void ClassicHearing::dropSound() {
   while (const auto block = source() ? source()->readBlockFromSamples() : nullptr)
-    QBTabMgr::db().deleteBlock(block);
+    QBTabMgr::of(*block).deleteBlock(block);
   Hearing::dropSound();
   m_decoding.reset();
 }

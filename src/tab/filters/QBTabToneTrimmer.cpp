@@ -24,8 +24,8 @@ QBSong* cloneThrough(QBSong* song, QBChordVisitor&& filter, const char* mark) {
   return clone;
 }
 
-std::string madeTabDirectory() {
-  const QBSettings* settings = QBTabMgr::db().selectedSettings();
+std::string madeTabDirectory(const QBTabMgr& db) {
+  const QBSettings* settings = db.selectedSettings();
   const std::string folder = settings ? settings->tabDirectory() : "./Tab/";
   platform::makeFolders(folder);
   return folder;
@@ -48,7 +48,8 @@ QBSong* QBTabToneTrimmer::trimmer() {
   QBSong* chordTones = removeNoneChordTones(m_source);
   QBSong* contrary = contraPoint(chordTones);
   QBSong* playable = applyRightHandPattern(contrary);
-  const std::string file = madeTabDirectory() + fileNameOf(m_source->title());
+  const std::string file =
+      madeTabDirectory(QBTabMgr::of(*m_source)) + fileNameOf(m_source->title());
   tofile(*chordTones, file + "(NonChords).txt");
   tofile(*contrary, file + "(Contra).txt");
   tofile(*playable, file + "(RightHand).txt");

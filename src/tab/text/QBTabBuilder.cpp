@@ -55,7 +55,8 @@ QBTabBuilder::QBTabBuilder(QBChord* source, QBInstrument* instrument, int minFre
     : m_source(source),
       m_lowestFret(minFret),
       m_toneOffset(offset),
-      m_scratch("Builder", "TabBuilder", tuningOf(source->song()), instrument) {}
+      m_scratch(QBTabMgr::of(*source), "Builder", "TabBuilder", tuningOf(source->song()),
+                instrument) {}
 
 QBTabBuilder::~QBTabBuilder() = default;
 
@@ -104,8 +105,8 @@ void QBTabBuilder::addToAllChords(int string, int fret) {
 }
 
 QBChord* QBTabBuilder::createChord(int string, int fret) {
-  QBChord* chord =
-      QBTabMgr::db().createChord(m_scratch.song(), m_source->m_fft(), m_source->timestamp());
+  QBChord* chord = QBTabMgr::of(*m_source).createChord(m_scratch.song(), m_source->m_fft(),
+                                                       m_source->timestamp());
   chord->hold()->addTone(string, fret, 0.0);
   chord->setHarmony(m_source->harmony());
   if (m_source->hasBaseTone()) chord->setBaseTone(m_source->baseTone());

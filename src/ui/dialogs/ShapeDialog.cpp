@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "model/book/QBHarmony.h"
+#include "model/store/QBTabMgr.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 
@@ -123,7 +124,9 @@ void ShapeDialog::showShapes() {
   m_buttons->button(QDialogButtonBox::Ok)->setEnabled(!m_shapes.empty());
 }
 
-ChordName ShapeDialog::name() const { return parseChordName(m_name->text().toStdString()); }
+ChordName ShapeDialog::name() const {
+  return parseChordName(QBTabMgr::db(), m_name->text().toStdString());
+}
 
 ChordShape ShapeDialog::shape() const {
   return m_shapes.at(static_cast<std::size_t>(std::max(m_list->currentRow(), 0)));

@@ -288,7 +288,8 @@ void EditMenu::nameChord() {
     if (name.trimmed().isEmpty())
       editor.clearChordNames(span.first, span.last);
     else
-      editor.setChordNames(span.first, span.last, parseChordName(name.toStdString()));
+      editor.setChordNames(span.first, span.last,
+                           parseChordName(QBTabMgr::db(), name.toStdString()));
   });
 }
 

@@ -63,7 +63,9 @@ class SongEditor {
   // The name of a chord, until its tones change.
   void setChordName(int chord, const ChordName& name);
   /// Throws NoChordName, too.
-  void setChordName(int chord, std::string_view name) { setChordName(chord, parseChordName(name)); }
+  void setChordName(int chord, std::string_view name) {
+    setChordName(chord, parseChordName(m_db, name));
+  }
   void clearChordName(int chord) { clearChordNames(chord, chord); }
   /// Of all chords from first to last.
   void setChordNames(int first, int last, const ChordName& name);

@@ -172,7 +172,7 @@ QBInstrument* importInstrument(const std::string& file) {
   Edit edit(phrase("UndoAction", "Import Instrument"));
   QBTabMgr& db = edit.db();
   db.deselectAllInstruments();
-  QBMusicXMLParser(file).parse();
+  QBMusicXMLParser(db, file).parse();
   QBInstrument* instrument = db.selectedInstrument();
   edit.done(phrase("Log", "Instrument imported."));
   warnOfMissing(edit.session(), *instrument);

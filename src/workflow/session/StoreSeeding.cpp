@@ -56,7 +56,7 @@ void addTunings(QBTabMgr& db) {
 
 void addInstrument(QBTabMgr& db) {
   if (!db.instruments().empty()) return;
-  QBMusicXMLParser(pathOf("Classic E-Guitar", "xml")).parse();
+  QBMusicXMLParser(db, pathOf("Classic E-Guitar", "xml")).parse();
   // Offsets in the file are only a hint; those that the filter uses are computed.
   if (db.selectedInstrument()) db.computeOffsets();
 }
@@ -76,7 +76,7 @@ void prepareStore() {
 void initializeData(QBTabMgr& db) {
   addSettings(db);
   addTunings(db);
-  if (db.harmonies().empty()) Parser(pathOf("ChordDeclarations", "")).parseHarmonies();
+  if (db.harmonies().empty()) Parser(db, pathOf("ChordDeclarations", "")).parseHarmonies();
   addInstrument(db);
   if (db.patterns().empty()) db.initRightHandPatterns();
   if (db.lefthandpatterns().empty()) db.initLeftHandPatterns();
