@@ -82,7 +82,7 @@ struct QBPlayerViewControllerTest : testing::Test {
   }};
   Controls m_controls;
   std::string m_device, m_font = test::kSoundFont;
-  QBPlayerViewController m_player{m_controls, [this] { return newPlayer(); }};
+  QBPlayerViewController m_player{QBSession::session(), m_controls, [this] { return newPlayer(); }};
 };
 
 TEST_F(QBPlayerViewControllerTest, aLoopSoundsWholeAtEveryRateAndBeginsAgain) {

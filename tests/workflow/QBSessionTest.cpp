@@ -33,8 +33,8 @@ TEST(QBSession, fatalErrorsAreShownBeforeTheProgramEnds) {
 TEST(QBSession, songMenuCommandsTheSongThatIsSelectedInTheTree) {
   const test::StandardStore store;
   test::RecordingViews views;
-  QBSongMenu menu;
   QBSession& session = QBSession::session();
+  QBSongMenu menu(session);
   QBAlbum* album = QBTabMgr::db().createAlbum("A", false);
   test::addChord(album->createSong("S"), "x02210");
   const auto tree = AlbumNode::withSongs(album);

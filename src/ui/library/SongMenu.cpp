@@ -37,7 +37,8 @@ void addSongCommands(QMenu& menu, const std::function<void(const SongCommand&)>&
   }
 }
 
-SongMenu::SongMenu(SongGuides& guides, QWidget* parent) : QMenu(tr("&Song"), parent) {
+SongMenu::SongMenu(SongGuides& guides, QWidget* parent)
+    : QMenu(tr("&Song"), parent), m_items(QBSession::session()) {
   guides.addTo(*this, [] {
     const QBSongNode* node = QBSession::session().activeSongNode();
     return node ? node->song() : nullptr;

@@ -43,7 +43,7 @@ PlayerBar::PlayerBar(QWidget* parent)
       m_countIn(new QCheckBox(tr("Count-in"))),
       m_loop(new QLabel),
       m_position(new QLabel),
-      m_player(*this, [this] { return newPlayer(); }) {
+      m_player(QBSession::session(), *this, [this] { return newPlayer(); }) {
   setObjectName("player");
   setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   m_play = addAction(playIcon(), tr("Play"), this, &PlayerBar::play);

@@ -57,7 +57,7 @@ void keepBars(QBSong& source, QBSong& made) {
   for (std::size_t i = 0; i < source.allChords().size(); ++i)
     copies[source.allChords()[i]] = made.allChords()[i];
   for (const auto& bar : source.allMeasures()) {
-    QBMeasure* copy = QBTabMgr::db().createMeasure(&made, bar->beat(), bar->beattype());
+    QBMeasure* copy = QBTabMgr::of(made).createMeasure(&made, bar->beat(), bar->beattype());
     copy->setPosition(bar->position());
     for (const auto& chord : bar->allChords())
       if (const auto found = copies.find(chord.get()); found != copies.end())

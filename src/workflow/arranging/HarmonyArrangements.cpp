@@ -20,7 +20,7 @@ QBSong* cleanChords(QBSong& song, const std::string& title) {
 }
 
 QBSong* transposed(QBSong& song, int halfTones, const std::string& title) {
-  QBTabMgr& db = QBTabMgr::db();
+  QBTabMgr& db = QBTabMgr::of(song);
   QBInstrument* instrument = db.selectedInstrument();
   QBSong* made = db.createSong(title, song.tuning(), instrument, &song.requireAlbum());
   for (const auto& chord : song.allChords()) {

@@ -8,25 +8,21 @@
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
-namespace {
 
-void attach(NodeMenu* menu) {
-  QBSession& session = QBSession::session();
-  SessionViews views = session.views();
-  views.songMenu = menu;
-  session.attach(views);
-}
-
-}  // namespace
-
-QBSongMenu::QBSongMenu() {
+QBSongMenu::QBSongMenu(QBSession& session) : m_session(session) {
   for (const SongMenuSection& section : songMenu())
     for (const SongCommand& command : section.items) m_items.push_back({&command, false});
   attach(this);
 }
 
 QBSongMenu::~QBSongMenu() {
-  if (QBSession::session().views().songMenu == this) attach(nullptr);
+  if (m_session.views().songMenu == this) attach(nullptr);
+}
+
+void QBSongMenu::attach(NodeMenu* menu) {
+  SessionViews views = m_session.views();
+  views.songMenu = menu;
+  m_session.attach(views);
 }
 
 void QBSongMenu::enable(bool enabled) {
@@ -36,11 +32,10 @@ void QBSongMenu::enable(bool enabled) {
 void QBSongMenu::perform(std::string_view action) {
   const SongCommand* command = findSongAction(action);
   if (!command) throw std::invalid_argument("no action \"" + std::string(action) + '"');
-  QBSession& session = QBSession::session();
-  if (QBSongNode* node = session.activeSongNode())
+  if (QBSongNode* node = m_session.activeSongNode())
     node->perform(*command);
   else
-    session.errorNoSongSelected();
+    m_session.errorNoSongSelected();
 }
 
 }  // namespace korvel

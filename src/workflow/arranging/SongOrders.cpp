@@ -28,41 +28,48 @@ void requireChords(const QBSong& song, const SongCommand& command) {
 /// Nobody has to fear for what the log says is done.
 class SavedWhenLogged {
  public:
-  SavedWhenLogged() { QBSession::session().setSavesAtOnce(true); }
+  explicit SavedWhenLogged(QBSession& session)
+      : m_session(session), m_before(session.savesAtOnce()) {
+    m_session.setSavesAtOnce(true);
+  }
   SavedWhenLogged(const SavedWhenLogged&) = delete;
   SavedWhenLogged& operator=(const SavedWhenLogged&) = delete;
-  ~SavedWhenLogged() { QBSession::session().setSavesAtOnce(m_before); }
+  ~SavedWhenLogged() { m_session.setSavesAtOnce(m_before); }
 
  private:
-  const bool m_before = QBSession::session().savesAtOnce();
+  QBSession& m_session;
+  const bool m_before;
 };
 
 /// Views would go on showing, playing and editing a song that is nowhere any more.
-void leaveDeleted() {
-  QBSession& session = QBSession::session();
+void leaveDeleted(QBSession& session) {
   if (session.activeSong() && session.activeSong()->isDeleted()) session.setActiveSong(nullptr);
 }
 
 template <class Order>
-auto ordered(QBSong& song, const SongCommand& command, const Order& order) {
+auto ordered(const QBSongNode& node, const SongCommand& command, const Order& order) {
+  const platform::Ref<QBSong> keep(node.song());
+  QBSong& song = *keep;
+  QBTabMgr& db = QBTabMgr::of(song);
+  QBSession& session = node.session();
   requireChords(song, command);
-  if (command.command != kExport) Edit::requireWritable(QBTabMgr::db());
+  if (command.command != kExport) Edit::requireWritable(db);
   if (command.command == kDelete) SongInWork::requireDeletable(song);
-  const SavedWhenLogged saved;
+  const SavedWhenLogged saved(session);
   const auto answer = order();
-  QBTabMgr::db().save();
-  leaveDeleted();
+  db.save();
+  leaveDeleted(session);
   return answer;
 }
 
 }  // namespace
 
 bool orderOf(QBSongNode& node, const SongCommand& command, Manner manner) {
-  return ordered(*node.song(), command, [&] { return node.perform(command, manner); });
+  return ordered(node, command, [&] { return node.perform(command, manner); });
 }
 
 void orderByMenu(QBSongMenu& menu, const SongCommand& command) {
-  if (const auto node = QBSession::session().activeSongNode())
+  if (const auto node = menu.session().activeSongNode())
     orderOf(*node, command);
   else
     menu.perform(command.action);

@@ -27,28 +27,26 @@
 namespace korvel {
 namespace {
 
-void requireInstrument() {
-  if (!QBTabMgr::db().selectedInstrument())
+void requireInstrument(const QBTabMgr& db) {
+  if (!db.selectedInstrument())
     throw platform::WordedAs<std::runtime_error>(platform::phrase(
         "Message", "no instrument is selected that could confirm tones; select one"));
 }
 
 /// The album of that artist, which is made when it is missing.
-QBAlbum* albumOf(const std::string& artist) {
-  QBTabMgr& db = QBTabMgr::db();
+QBAlbum* albumOf(QBTabMgr& db, const std::string& artist) {
   QBAlbum* known = db.findAlbumByName(artist);
   return known ? known : db.createAlbum(artist, false);
 }
 
 /// The song that an import fills, with the album made for it unless there is one. Its tags name it,
 /// or else its file.
-QBSong* newSong(const std::string& file, QBAlbum* into) {
-  QBTabMgr& db = QBTabMgr::db();
+QBSong* newSong(QBTabMgr& db, const std::string& file, QBAlbum* into) {
   // A line break in a title would shift the rows of the tablature.
   const std::string stem = platform::printable(std::filesystem::path(file).stem().string());
   const RecordingTags tags(file);
   const std::string name = tags.title.value_or(stem);
-  if (!into && tags.artist) into = albumOf(*tags.artist);
+  if (!into && tags.artist) into = albumOf(db, *tags.artist);
   QBAlbum* album = into ? into : db.createAlbum(QBNameMgr(nullptr, name).newAlbumName(db), false);
   QBSong* song = album->createSong(into ? QBNameMgr(into, name).newName() : album->name());
   song->setTuning(db.selectedTuning());
@@ -72,12 +70,12 @@ std::vector<QBCmdImportSong*> runningCommands() {
 }
 
 /// Whether all went well.
-bool ended(QBCommand& job) {
+bool ended(QBSession& session, QBCommand& job) {
   try {
     job.endNow();
     return true;
   } catch (const std::exception& exception) {
-    QBSession::session().handleException("endJob", exception);
+    session.handleException("endJob", exception);
     return false;
   }
 }
@@ -101,7 +99,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
   try {
     return start(file, into);
   } catch (const std::exception& exception) {
-    QBSession::session().handleException("importSong", exception);
+    m_tree.session().handleException("importSong", exception);
     return nullptr;
   }
 }
@@ -110,7 +108,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song) {
   try {
     return startAgain(song);
   } catch (const std::exception& exception) {
-    QBSession::session().handleException("importSong", exception);
+    m_tree.session().handleException("importSong", exception);
     return nullptr;
   }
 }
@@ -121,13 +119,13 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::goOn(const ImportUnderWay& left) {
 }
 
 std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
-  Edit::requireWritable(QBTabMgr::db());
+  QBTabMgr& db = m_tree.db();
+  Edit::requireWritable(db);
   if (SongInWork::is(song))
     throw EditRefused(platform::phrase("Message", "%1: is being heard already"), song.title());
   const std::string file = song.unheard();
   requireSound(file);
-  if (m_detection->needsInstrument) requireInstrument();
-  QBTabMgr& db = QBTabMgr::db();
+  if (m_detection->needsInstrument) requireInstrument(db);
   db.context().checkAhead();
   const auto made =
       command(file, db.createSong(song.title(), song.tuning(), db.selectedInstrument(), nullptr),
@@ -138,15 +136,15 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
 }
 
 std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {
-  Edit::requireWritable(QBTabMgr::db());
+  QBTabMgr& db = m_tree.db();
+  Edit::requireWritable(db);
   requireSound(file);
-  if (m_detection->needsInstrument) requireInstrument();
-  QBTabMgr::db().context().checkAhead();
+  if (m_detection->needsInstrument) requireInstrument(db);
+  db.context().checkAhead();
   const auto undo = std::make_shared<platform::UndoGroup>(
-      QBTabMgr::db().context().undoManager(), platform::phrase("UndoAction", "Import WAV File"));
-  QBSong* song = newSong(file, into);
-  QBSession& session = QBSession::session();
-  session.refreshTree();
+      db.context().undoManager(), platform::phrase("UndoAction", "Import WAV File"));
+  QBSong* song = newSong(db, file, into);
+  m_tree.session().refreshTree();
   m_tree.refresh();
   const auto made = command(file, song, song->album());
   made->setOwnsAlbum(!into && song->album()->songs().size() == 1);
@@ -165,7 +163,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::command(const std::string& file, QB
 }
 
 void ImportDesk::run(const std::shared_ptr<QBCmdImportSong>& command) {
-  QBSession::session().addJob(command);
+  m_tree.session().addJob(command);
   try {
     command->runInBackground();
   } catch (...) {
@@ -193,13 +191,13 @@ std::vector<ImportUnderWay> ImportDesk::leaveAll() {
 }
 
 std::vector<ImportUnderWay> ImportDesk::endAll() {
-  const QBSession& session = QBSession::session();
+  QBSession& session = QBSession::session();
   std::vector<ImportUnderWay> interrupted;
   // The later first: it may import into the album of one before.
   for (std::size_t i = session.numberOfCurrentJobs(); i-- > 0;) {
     QBCommand& job = session.findJobByIndex(i);
     if (!job.isRunning()) continue;
-    const bool whole = ended(job);
+    const bool whole = ended(session, job);
     const auto* import = dynamic_cast<QBCmdImportSong*>(&job);
     if (import && (!whole || import->isCutShort())) interrupted.push_back(stateOf(*import));
   }
@@ -214,16 +212,17 @@ std::vector<ImportUnderWay> ImportDesk::running() {
 
 QBSong* ImportDesk::mend(const ImportUnderWay& interrupted) {
   const platform::Ref<QBSong> song = storedSong(interrupted);
-  if (!song || song->hasTabulature() || QBTabMgr::db().context().isReadOnly()) return song;
+  if (!song || song->hasTabulature()) return song;
+  QBTabMgr& db = QBTabMgr::of(*song);
+  if (db.context().isReadOnly()) return song;
   if (hasTones(*song)) {
     buildTab(*song);
   } else {
     const platform::Ref<QBAlbum> album = song->album();
     album->deleteSong(song);
-    if (album->songs().empty() && album->name() == interrupted.title)
-      QBTabMgr::db().deleteAlbum(album);
+    if (album->songs().empty() && album->name() == interrupted.title) db.deleteAlbum(album);
   }
-  QBTabMgr::db().save();
+  db.save();
   return song->isDeleted() ? nullptr : song.get();
 }
 

@@ -55,7 +55,7 @@ class ImportDesk {
   std::shared_ptr<QBCmdImportSong> start(const std::string& file, QBAlbum* into);
   std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song);
   std::shared_ptr<QBCmdImportSong> command(const std::string& file, QBSong* song, QBAlbum* album);
-  static void run(const std::shared_ptr<QBCmdImportSong>& command);
+  void run(const std::shared_ptr<QBCmdImportSong>& command);
 
   LibraryTree& m_tree;
   const Detection* m_detection = &preciseDetection();

@@ -74,7 +74,7 @@ void QBCmdImportSong::joinUndo(std::shared_ptr<platform::UndoGroup> group) {
 
 void QBCmdImportSong::prepare() {
   if (!m_undo && !m_replaced)
-    joinUndo(std::make_shared<platform::UndoGroup>(QBTabMgr::db().context().undoManager(),
+    joinUndo(std::make_shared<platform::UndoGroup>(db().context().undoManager(),
                                                    phrase("UndoAction", "Import WAV File")));
   begin();
 }
@@ -93,10 +93,11 @@ void QBCmdImportSong::begin() {
 }
 
 std::unique_ptr<Hearing> QBCmdImportSong::hearing() const {
-  return m_detection->ofFile(m_file,
-                             {m_newSong, m_source->album(), tuningOf(m_newSong),
-                              QBTabMgr::db().selectedInstrument(), m_settings, m_listening});
+  return m_detection->ofFile(m_file, {m_newSong, m_source->album(), tuningOf(m_newSong),
+                                      db().selectedInstrument(), m_settings, m_listening});
 }
+
+QBTabMgr& QBCmdImportSong::db() const { return QBTabMgr::of(*m_newSong); }
 
 QBSong* QBCmdImportSong::newSong() const { return m_newSong; }
 
@@ -151,8 +152,7 @@ bool QBCmdImportSong::hearsMore() {
 
 /// The first change of a store comes after a check of it, which takes long when it is large.
 bool QBCmdImportSong::waitsForStore(bool hearsMore) const {
-  return m_saving && !m_endsNow && (isSaveDue() || !hearsMore) &&
-         QBTabMgr::db().context().isBeingChecked();
+  return m_saving && !m_endsNow && (isSaveDue() || !hearsMore) && db().context().isBeingChecked();
 }
 
 bool QBCmdImportSong::finishSome() {
@@ -199,7 +199,7 @@ bool QBCmdImportSong::saved() {
   const bool canWait = isRunning() && !m_endsNow;
   if (canWait && Clock::now() < m_nextTry) return false;
   try {
-    QBTabMgr::db().save();
+    db().save();
   } catch (const platform::StoreError& error) {
     if (!canWait || error.reason() != platform::StoreError::Reason::failed) throw;
     m_nextTry = Clock::now() + kPauseOfSaving;
@@ -231,7 +231,7 @@ void QBCmdImportSong::tearDown() {
   m_undo.reset();
   m_percent = kAll;
   if (m_saving && !m_cutShort) removeIfTake(m_file);
-  if (m_cutShort) QBSession::session().refreshTree();  // which marks the song
+  if (m_cutShort) session().refreshTree();  // which marks the song
   printOut(phrase("Log", "Song successfully imported."));
   if (m_finished) m_finished();
 }
@@ -261,7 +261,7 @@ platform::Slices QBCmdImportSong::finish() {
   while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;
   dropHearing();
   co_yield kAllButSaved;
-  if (m_replaced) m_newSong = takePlace(m_newSong, std::exchange(m_replaced, nullptr));
+  if (m_replaced) m_newSong = takePlace(m_newSong, std::exchange(m_replaced, nullptr), session());
   while (m_saving && !saved()) co_yield kAllButSaved;
 }
 
@@ -290,14 +290,14 @@ void QBCmdImportSong::leave() {
     buildTab(*m_newSong);
   }
   m_undo.reset();
-  if (m_saving) QBTabMgr::db().save();
+  if (m_saving) db().save();
 }
 
 void QBCmdImportSong::cancelAndDrop() {
   abandon();
   dropSong();
-  QBSession::session().refreshTree();
-  if (m_saving) QBTabMgr::db().save();
+  session().refreshTree();
+  if (m_saving) db().save();
   printOut(phrase("Log", "Import cancelled, nothing was kept."));
 }
 
@@ -320,9 +320,8 @@ void QBCmdImportSong::dropHearing() {
 /// made it: rolled back it would take their album from them.
 void QBCmdImportSong::dropSong() {
   if (m_replaced) return dropNewSong();
-  QBSession& session = QBSession::session();
   const platform::Ref<QBAlbum> album = m_source->album();
-  if (session.activeSong() == m_newSong) session.setActiveSong(nullptr);
+  if (session().activeSong() == m_newSong) session().setActiveSong(nullptr);
   if (m_ownsAlbum && hasOtherSongs(*album, m_newSong)) {
     const platform::UndoStep part(m_undo);
     if (!m_newSong->isDeleted()) album->deleteSong(m_newSong);
@@ -331,14 +330,13 @@ void QBCmdImportSong::dropSong() {
   }
   m_undo.reset();
   if (!m_newSong->isDeleted()) album->deleteSong(m_newSong);
-  if (m_ownsAlbum && !album->isDeleted() && album->songs().empty())
-    QBTabMgr::db().deleteAlbum(album);
-  QBTabMgr::db().loadAlbums();
+  if (m_ownsAlbum && !album->isDeleted() && album->songs().empty()) db().deleteAlbum(album);
+  db().loadAlbums();
 }
 
 /// Nobody has seen it yet.
 void QBCmdImportSong::dropNewSong() {
-  if (!m_newSong->isDeleted()) QBTabMgr::db().deleteSong(m_newSong);
+  if (!m_newSong->isDeleted()) db().deleteSong(m_newSong);
   m_replaced = nullptr;
 }
 

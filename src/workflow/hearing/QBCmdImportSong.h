@@ -20,6 +20,7 @@ class UndoGroup;
 }  // namespace platform
 class Hearing;
 class Listening;
+class QBTabMgr;
 class QBTuning;
 class SongInWork;
 
@@ -102,6 +103,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   using Clock = std::chrono::steady_clock;
 
   void begin();
+  QBTabMgr& db() const;
   std::unique_ptr<Hearing> hearing() const;
   bool step();
   void rest();

@@ -38,10 +38,10 @@ void putInPlace(QBSong& heard, QBSong& song) {
 
 }  // namespace
 
-QBSong* takePlace(QBSong* heard, QBSong* song) {
+QBSong* takePlace(QBSong* heard, QBSong* song, QBSession& session) {
   const platform::Ref<QBSong> fresh(heard);
   const platform::Ref<QBSong> old(song);
-  QBTabMgr& db = QBTabMgr::db();
+  QBTabMgr& db = QBTabMgr::of(*old);
   const bool better = isBetter(*fresh, *old);
   {
     const platform::UndoGroup action(db.context().undoManager(),
@@ -54,7 +54,6 @@ QBSong* takePlace(QBSong* heard, QBSong* song) {
     }
   }
   if (!better) db.deleteSong(fresh);
-  QBSession& session = QBSession::session();
   session.refreshTree();
   QBSong* const stays = better ? fresh.get() : old.get();
   if (session.activeSong() == old) session.setActiveSong(stays);

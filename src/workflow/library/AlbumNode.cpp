@@ -12,7 +12,9 @@
 
 namespace korvel {
 
-AlbumNode::AlbumNode(QBAlbum* album) : m_album(album) {}
+AlbumNode::AlbumNode(QBAlbum* album, QBSession& session) : m_album(album), m_session(session) {}
+
+AlbumNode::AlbumNode(QBAlbum* album) : AlbumNode(album, QBSession::session()) {}
 
 AlbumNode::~AlbumNode() = default;
 
@@ -32,11 +34,11 @@ void AlbumNode::rename(const std::string& title) { renameAlbum(*m_album, title);
 
 void AlbumNode::remove() { deleteAlbum(*m_album); }
 
-void AlbumNode::followSongs(const QBSession& session) {
+void AlbumNode::followSongs() {
   const Children before = std::move(m_children);
   m_children.clear();
   for (QBSong* song : m_album->songs()) {
-    if (session.isScratch(*song)) continue;
+    if (m_session.isScratch(*song)) continue;
     const auto known =
         std::ranges::find_if(before, [&](const auto& child) { return child->song() == song; });
     if (known != before.end())
@@ -47,7 +49,7 @@ void AlbumNode::followSongs(const QBSession& session) {
 }
 
 QBSongNode* AlbumNode::addChild(QBSong* song) {
-  m_children.push_back(std::make_shared<QBSongNode>(song, weak_from_this()));
+  m_children.push_back(std::make_shared<QBSongNode>(song, weak_from_this(), m_session));
   return m_children.back().get();
 }
 

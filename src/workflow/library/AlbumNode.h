@@ -20,6 +20,8 @@ class AlbumNode final : public TreeNode, public std::enable_shared_from_this<Alb
   using Children = std::vector<std::shared_ptr<QBSongNode>>;
 
   /// A node that has no songs below it yet.
+  AlbumNode(QBAlbum* album, QBSession& session);
+  /// In the program's session.
   explicit AlbumNode(QBAlbum* album);
   ~AlbumNode() override;
   /// With the songs that the album has now.
@@ -38,7 +40,7 @@ class AlbumNode final : public TreeNode, public std::enable_shared_from_this<Alb
   const Children& children() const { return m_children; }
   /// The songs that the album has now, in its order, but for those that a running job only tries
   /// things on. Nodes that are there already stay the same.
-  void followSongs(const QBSession& session);
+  void followSongs();
   QBSongNode* addChild(QBSong* song);
   void removeChild(const QBSongNode& child);
   /// None when no child shows the song.
@@ -46,6 +48,7 @@ class AlbumNode final : public TreeNode, public std::enable_shared_from_this<Alb
 
  private:
   platform::Ref<QBAlbum> m_album;
+  QBSession& m_session;
   Children m_children;
 };
 

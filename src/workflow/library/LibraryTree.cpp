@@ -18,12 +18,13 @@ namespace {
 /// Nodes for the objects in their order; of those that are there already, the same ones.
 template <class Node, class Object>
 void follow(LibraryTree::Nodes<Node>& nodes, const QBTabMgr::List<Object>& objects,
-            Object* (Node::*shown)() const) {
+            Object* (Node::*shown)() const, auto... handed) {
   LibraryTree::Nodes<Node> present;
   for (const auto& object : objects) {
     const auto known = std::ranges::find_if(
         nodes, [&](const auto& node) { return (node.get()->*shown)() == object.get(); });
-    present.push_back(known != nodes.end() ? *known : std::make_shared<Node>(object.get()));
+    present.push_back(known != nodes.end() ? *known
+                                           : std::make_shared<Node>(object.get(), handed...));
   }
   nodes = std::move(present);
 }
@@ -46,9 +47,9 @@ LibraryTree::~LibraryTree() { m_session.setActiveTreeNode(nullptr); }
 
 void LibraryTree::refresh() {
   const auto active = activeNode();
-  follow(m_albums, m_db.albums(), &AlbumNode::album);
-  for (const auto& album : m_albums) album->followSongs(m_session);
-  follow(m_tunings, m_db.tunings(), &TuningNode::tuning);
+  follow(m_albums, m_db.albums(), &AlbumNode::album, std::ref(m_session));
+  for (const auto& album : m_albums) album->followSongs();
+  follow(m_tunings, m_db.tunings(), &TuningNode::tuning, std::ref(m_session));
   follow(m_instruments, m_db.instruments(), &InstrumentNode::instrument);
   if (active && !shows(m_albums, active.get())) m_session.setActiveTreeNode(nullptr);
 }

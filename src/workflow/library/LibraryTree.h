@@ -31,6 +31,8 @@ class LibraryTree {
   /// running job only tries things on are left out.
   void refresh();
 
+  QBTabMgr& db() const { return m_db; }
+  QBSession& session() const { return m_session; }
   const Nodes<AlbumNode>& albums() const { return m_albums; }
   const Nodes<TuningNode>& tunings() const { return m_tunings; }
   const Nodes<InstrumentNode>& instruments() const { return m_instruments; }

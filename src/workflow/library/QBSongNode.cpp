@@ -26,10 +26,6 @@ namespace {
 
 using platform::phrase;
 
-void printOut(const platform::UserText& text) { QBSession::session().addToLog(text); }
-
-void finish(const platform::UserText& sentence) { QBSession::session().finish(sentence); }
-
 /// Writing itself reports nothing, so what it left is read again.
 void requireWritten(const std::string& path, const std::string& text) {
   if (platform::readWholeFile(path) != text)
@@ -38,8 +34,8 @@ void requireWritten(const std::string& path, const std::string& text) {
 
 }  // namespace
 
-QBSongNode::QBSongNode(QBSong* song, std::weak_ptr<AlbumNode> parent)
-    : m_song(song), m_parent(std::move(parent)) {}
+QBSongNode::QBSongNode(QBSong* song, std::weak_ptr<AlbumNode> parent, QBSession& session)
+    : m_song(song), m_parent(std::move(parent)), m_session(session) {}
 
 QBSongNode::~QBSongNode() = default;
 
@@ -63,7 +59,7 @@ bool QBSongNode::perform(std::string_view command) {
 
 bool QBSongNode::perform(const SongCommand& command, Manner manner) {
   const auto keep = shared_from_this();  // a deletion takes this node out of the tree
-  platform::UndoGroup group(QBTabMgr::db().context().undoManager(), undoTitle(command));
+  platform::UndoGroup group(QBTabMgr::of(*m_song).context().undoManager(), undoTitle(command));
   try {
     if (command.make)
       derive(command, manner);
@@ -80,18 +76,18 @@ bool QBSongNode::perform(const SongCommand& command, Manner manner) {
     throw;
   } catch (const std::exception& exception) {
     if (manner == Manner::forPlayers) takeBack(group);
-    QBSession::session().handleException(command.command, exception);
+    m_session.handleException(command.command, exception);
     return false;
   }
 }
 
 /// Songs that are shown, but not stored, would be gone with the program.
 void QBSongNode::takeBack(platform::UndoGroup& group) {
-  QBSession& session = QBSession::session();
   group.rollBack();
-  if (const auto parent = m_parent.lock()) parent->followSongs(session);
-  session.refreshTree();
-  if (session.activeSong() && session.activeSong()->isDeleted()) session.setActiveSong(m_song);
+  if (const auto parent = m_parent.lock()) parent->followSongs();
+  m_session.refreshTree();
+  if (m_session.activeSong() && m_session.activeSong()->isDeleted())
+    m_session.setActiveSong(m_song);
 }
 
 void QBSongNode::performForPlayers(const SongCommand& command) {
@@ -102,48 +98,47 @@ void QBSongNode::performForPlayers(const SongCommand& command) {
   const auto songs = album->songs().snapshot();
   if (songs.size() <= before) return;
   for (const auto& made : std::span(songs).subspan(before)) keepTimes(*m_song, *made);
-  QBSession::session().setActiveSong(songs.back());
+  m_session.setActiveSong(songs.back());
 }
 
 void QBSongNode::derive(const SongCommand& command, Manner manner) {
   QBSong* made = derived(*m_song, command, manner);
   addSongToParent(made);
-  QBSession::session().setActiveSong(made);
-  finish(command.message);
-  QBTabMgr::db().save();
+  m_session.setActiveSong(made);
+  m_session.finish(command.message);
+  QBTabMgr::of(*m_song).save();
 }
 
 void QBSongNode::addSongToParent(QBSong* song) {
   if (const auto parent = m_parent.lock()) parent->addChild(song);
-  QBSession::session().refreshTree();
+  m_session.refreshTree();
 }
 
 void QBSongNode::mouseClick() {
-  QBSession& session = QBSession::session();
-  session.lockTab(false);
-  session.setActiveSong(m_song);
+  m_session.lockTab(false);
+  m_session.setActiveSong(m_song);
 }
 
 void QBSongNode::extractChainStandard() {
-  printOut(phrase("Log", "Applying filter chain."));
+  m_session.addToLog(phrase("Log", "Applying filter chain."));
   QBSong* voices = derivedByLetter(*m_song, "extractSix");
   addSongToParent(voices);
-  finish(phrase("Log", "Leading Six Voices extracted."));
+  m_session.finish(phrase("Log", "Leading Six Voices extracted."));
   QBSong* left = derivedByLetter(*voices, "toLeftHand");
   addSongToParent(left);
-  finish(phrase("Log", "Left Hand optimized."));
+  m_session.finish(phrase("Log", "Left Hand optimized."));
   addSongToParent(derivedByLetter(*left, "toRightHand"));
-  finish(phrase("Log", "Right Hand optimized."));
-  QBTabMgr::db().save();
+  m_session.finish(phrase("Log", "Right Hand optimized."));
+  QBTabMgr::of(*m_song).save();
 }
 
 void QBSongNode::exportAsFile() {
-  SavePanel* panel = QBSession::session().views().savePanel;
+  SavePanel* panel = m_session.views().savePanel;
   const auto path = panel ? panel->chooseFile(m_song->title() + ".txt") : std::nullopt;
   if (!path) return;
   tofile(*m_song, *path);
   requireWritten(*path, toStringForExport(*m_song));
-  printOut(platform::UserText::verbatim(*path));
+  m_session.addToLog(platform::UserText::verbatim(*path));
 }
 
 void QBSongNode::copySong() {
@@ -151,18 +146,17 @@ void QBSongNode::copySong() {
   QBSong* copy = m_song->clone();
   copy->setTitle(name);
   addSongToParent(copy);
-  QBSession::session().setActiveSong(copy);
+  m_session.setActiveSong(copy);
   buildTab(*copy);
-  finish(phrase("Log", "Song was successfully cloned."));
+  m_session.finish(phrase("Log", "Song was successfully cloned."));
 }
 
 void QBSongNode::deleteSong() {
-  QBSession& session = QBSession::session();
-  if (session.activeSongNode() == this) session.setActiveTreeNode(nullptr);
+  if (m_session.activeSongNode() == this) m_session.setActiveTreeNode(nullptr);
   if (const auto parent = m_parent.lock()) parent->removeChild(*this);
   takeOutOfAlbum(*m_song);
-  session.refreshTree();
-  finish(kSongDeleted);
+  m_session.refreshTree();
+  m_session.finish(kSongDeleted);
 }
 
 }  // namespace korvel

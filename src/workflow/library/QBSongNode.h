@@ -16,6 +16,7 @@ class UndoGroup;
 }
 
 class AlbumNode;
+class QBSession;
 class QBSong;
 
 /// The node of a song, and the commands that a user can give it (`songMenu`).
@@ -26,13 +27,14 @@ class QBSong;
 /// that cannot be saved is taken back and throws StoreError. Nodes are kept by shared pointers.
 class QBSongNode final : public TreeNode, public std::enable_shared_from_this<QBSongNode> {
  public:
-  QBSongNode(QBSong* song, std::weak_ptr<AlbumNode> parent);
+  QBSongNode(QBSong* song, std::weak_ptr<AlbumNode> parent, QBSession& session);
   ~QBSongNode() override;
 
   Type type() const override { return Type::song; }
   std::string title() const override;
   bool isGone() const override;
   QBSong* song() const override;
+  QBSession& session() const { return m_session; }
   QBSongNode* songNode() override { return this; }
   void accept(NodeVisitor& visitor) override;
   /// Makes this the active song.
@@ -70,6 +72,7 @@ class QBSongNode final : public TreeNode, public std::enable_shared_from_this<QB
 
   platform::Ref<QBSong> m_song;
   std::weak_ptr<AlbumNode> m_parent;
+  QBSession& m_session;
 };
 
 }  // namespace korvel

@@ -11,7 +11,7 @@ std::string TuningNode::description() const { return title() + " (" + m_tuning->
 
 void TuningNode::accept(NodeVisitor& visitor) { visitor.visit(*this); }
 
-void TuningNode::mouseClick() { QBSession::session().drawTuning(m_tuning); }
+void TuningNode::mouseClick() { m_session.drawTuning(m_tuning); }
 
 void TuningNode::rename(const std::string& title) { renameTuning(*m_tuning, title); }
 

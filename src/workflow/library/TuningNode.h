@@ -6,10 +6,12 @@
 
 namespace korvel {
 
+class QBSession;
+
 /// The node of a tuning; its description names the strings.
 class TuningNode final : public TreeNode {
  public:
-  explicit TuningNode(QBTuning* tuning) : m_tuning(tuning) {}
+  TuningNode(QBTuning* tuning, QBSession& session) : m_tuning(tuning), m_session(session) {}
 
   std::string title() const override { return m_tuning->descr(); }
   std::string description() const override;
@@ -23,6 +25,7 @@ class TuningNode final : public TreeNode {
 
  private:
   platform::Ref<QBTuning> m_tuning;
+  QBSession& m_session;
 };
 
 }  // namespace korvel

@@ -31,13 +31,14 @@ std::string percentOf(float fraction) {
 
 }  // namespace
 
-QBPlayerViewController::QBPlayerViewController(PlayerControls& controls, NewPlayer newPlayer)
-    : m_controls(controls), m_newPlayer(std::move(newPlayer)) {}
+QBPlayerViewController::QBPlayerViewController(QBSession& session, PlayerControls& controls,
+                                               NewPlayer newPlayer)
+    : m_session(session), m_controls(controls), m_newPlayer(std::move(newPlayer)) {}
 
 QBPlayerViewController::~QBPlayerViewController() = default;
 
 void QBPlayerViewController::play() {
-  QBSong* song = QBSession::session().activeSong();
+  QBSong* song = m_session.activeSong();
   if (!song || m_midi) return;
   m_controls.lockMIDI();
   try {
@@ -75,7 +76,7 @@ void QBPlayerViewController::begin(QBSong& song) {
   if (!m_midi->start()) throw platform::AudioError(m_midi->problem());
   m_midi->setPlaybackRate(speedFraction());
   m_midi->goToBeginning();
-  QBSession::session().lockTab(true);
+  m_session.lockTab(true);
 }
 
 void QBPlayerViewController::playHandler() {
@@ -93,8 +94,7 @@ void QBPlayerViewController::showPlace(int index) {
   const float fraction =
       static_cast<float>(index + 1) / static_cast<float>(m_range.to - m_range.from);
   m_controls.showPosition(percentOf(std::min(fraction, 1.0F)));
-  QBSession& session = QBSession::session();
-  if (session.activeSong() == m_song) session.setTabPosition(fraction);
+  if (m_session.activeSong() == m_song) m_session.setTabPosition(fraction);
 }
 
 void QBPlayerViewController::lookForEnd() {
@@ -132,9 +132,9 @@ void QBPlayerViewController::end(const platform::UserText& problem) {
   m_watch = nullptr;
   m_midi = nullptr;
   m_controls.unlockAll();
-  QBSession::session().lockTab(false);
+  m_session.lockTab(false);
   const platform::Ref<QBSong> song = std::exchange(m_song, nullptr);
-  if (song && !song->isDeleted()) QBSession::session().setActiveSong(song);
+  if (song && !song->isDeleted()) m_session.setActiveSong(song);
   if (!told.empty()) m_controls.showProblem(told);
 }
 
@@ -156,7 +156,7 @@ void QBPlayerViewController::speedChanged() {
 /// An undo may have changed what plays; what is seen must not be another song than what is heard.
 void QBPlayerViewController::updateLoop() {
   if (m_midi && (m_song->isDeleted() || rangeOf(*m_song) != m_range)) stop();
-  m_controls.showLoop(LoopRange(QBSession::session().activeSong()));
+  m_controls.showLoop(LoopRange(m_session.activeSong()));
 }
 
 float QBPlayerViewController::speedFraction() const {

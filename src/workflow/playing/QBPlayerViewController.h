@@ -15,6 +15,7 @@
 
 namespace korvel {
 
+class QBSession;
 class QBSong;
 
 /// The controls of a player, as a window or a console shows them.
@@ -44,8 +45,8 @@ class QBPlayerViewController final : public PlayerView {
   /// Makes what a song is played with; may throw AudioError and SoundFontError.
   using NewPlayer = std::function<std::unique_ptr<platform::MusicPlayer>()>;
 
-  /// The controls must outlive this.
-  QBPlayerViewController(PlayerControls& controls, NewPlayer newPlayer);
+  /// Of the session's song. Session and controls must outlive this.
+  QBPlayerViewController(QBSession& session, PlayerControls& controls, NewPlayer newPlayer);
   QBPlayerViewController(const QBPlayerViewController&) = delete;
   QBPlayerViewController& operator=(const QBPlayerViewController&) = delete;
   ~QBPlayerViewController() override;
@@ -94,6 +95,7 @@ class QBPlayerViewController final : public PlayerView {
   void end(const platform::UserText& problem);
   float speedFraction() const;
 
+  QBSession& m_session;
   PlayerControls& m_controls;
   NewPlayer m_newPlayer;
   platform::Ref<QBSong> m_song;

@@ -10,20 +10,17 @@
 
 namespace korvel {
 
-Edit::Edit(const platform::Phrase& title)
-    : m_db(QBTabMgr::db()),
+Edit::Edit(QBTabMgr& db, QBSong* song, const platform::Phrase& title)
+    : m_db(db),
       m_session(QBSession::session()),
+      m_song(song),
       m_group(m_db.context().undoManager(), title) {
   requireWritable(m_db);
 }
 
-Edit::Edit(QBSong& song, const platform::Phrase& title)
-    : m_db(QBTabMgr::db()),
-      m_session(QBSession::session()),
-      m_song(&song),
-      m_group(m_db.context().undoManager(), title) {
-  requireWritable(m_db);
-}
+Edit::Edit(const platform::Phrase& title) : Edit(QBTabMgr::db(), nullptr, title) {}
+
+Edit::Edit(QBSong& song, const platform::Phrase& title) : Edit(QBTabMgr::of(song), &song, title) {}
 
 void Edit::requireWritable(const QBTabMgr& db) {
   if (db.context().isReadOnly())

@@ -51,6 +51,7 @@ class Edit {
   void done(const platform::UserText& line);
 
  private:
+  Edit(QBTabMgr& db, QBSong* song, const platform::Phrase& title);
   void rollBack();
 
   QBTabMgr& m_db;

@@ -43,9 +43,11 @@ void QBCommand::stop() {
   tearDown();
 }
 
+QBSession& QBCommand::session() { return QBSession::session(); }
+
 platform::UserText QBCommand::typeAndName() const { return {kOneAfterTheOther, m_type, m_name}; }
 
-void QBCommand::appendOut(const platform::UserText& text) { QBSession::session().addToLog(text); }
+void QBCommand::appendOut(const platform::UserText& text) { session().addToLog(text); }
 
 void QBCommand::concatAndPrintOut(const platform::UserText& a, const platform::UserText& b) {
   printOut({kOneAfterTheOther, a, b});

@@ -9,6 +9,7 @@
 
 namespace korvel {
 
+class QBSession;
 class QBSong;
 
 /// A piece of work that the session lists as a job: run at once, or step by step on the run loop's
@@ -58,6 +59,8 @@ class QBCommand {
   static constexpr int kAll = 100;  ///< `m_percent` of a command that is done.
 
  protected:
+  /// That the command is a job of.
+  static QBSession& session();
   /// One directly after the other.
   platform::UserText typeAndName() const;
   /// Whether the steps are those of `runInBackground`; known when it calls prepare.

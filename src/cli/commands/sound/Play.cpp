@@ -102,7 +102,7 @@ void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& opti
   const LoopForNow loop(song, options.sound);
   auto synthesizer = synthesizerFor(options.sound);
   ConsolePlayer console(rateOf(song, options.sound));
-  QBPlayerViewController player(console, [&] {
+  QBPlayerViewController player(QBSession::session(), console, [&] {
     return std::make_unique<platform::MusicPlayer>(system, options.device, std::move(synthesizer));
   });
   const PlayingSession session(song, player);
