@@ -24,7 +24,8 @@ TEST(QBSession, errorsAreLoggedAsTheLogShowsThem) {
 TEST(QBSession, fatalErrorsAreShownBeforeTheProgramEnds) {
   test::RecordingViews views;
   const platform::UserText reason(platform::phrase("Message", "cannot read"));
-  EXPECT_THROW(QBSession::session().exitWithError("X", reason), ProgramEnd);
+  EXPECT_THROW(QBSession::session().exitWithError(platform::UserText::verbatim("X"), reason),
+               ProgramEnd);
   EXPECT_EQ(views.alert,
             "AN ERROR OCCURED IN CONTEXT: X\r\nDESCRIPTION: cannot read\r\n\r\n"
             "Korvel will be closed");

@@ -78,7 +78,7 @@ QBTabMgr::QBTabMgr() {
   } catch (const StoreUnavailable&) {
     throw;
   } catch (const std::exception& error) {
-    throw StoreUnavailable("Model Store Initialization", error);
+    throw StoreUnavailable(platform::phrase("Message", "Model Store Initialization"), error);
   }
 }
 
@@ -90,7 +90,7 @@ void QBTabMgr::openStore() {
     try {
       copySeedTo(path);
     } catch (const std::exception& error) {
-      throw StoreUnavailable("Preparing Database", error);
+      throw StoreUnavailable(platform::phrase("Message", "Preparing Database"), error);
     }
   }
   m_context = std::make_unique<platform::ManagedContext>(storeFile(path).open(), korvelModel());

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "platform/text/UserError.h"
 
 namespace korvel {
@@ -13,13 +10,13 @@ namespace korvel {
 class StoreUnavailable final : public platform::UserError {
  public:
   /// context: what was to be done, as the report of a fatal error names it.
-  StoreUnavailable(std::string_view context, const std::exception& reason)
+  StoreUnavailable(const platform::Phrase& context, const std::exception& reason)
       : UserError(platform::textOf(reason)), m_context(context) {}
 
-  const std::string& context() const { return m_context; }
+  const platform::Phrase& context() const { return m_context; }
 
  private:
-  std::string m_context;
+  platform::Phrase m_context;
 };
 
 }  // namespace korvel

@@ -819,6 +819,14 @@
         <source>%1: no hand reaches its chord %2 in its tuning; try another key</source>
         <translation>%1: Den Akkord %2 erreicht in dieser Stimmung keine Hand; versuche eine andere Tonart</translation>
     </message>
+    <message>
+        <source>Model Store Initialization</source>
+        <translation>Öffnen der Datenbank</translation>
+    </message>
+    <message>
+        <source>Preparing Database</source>
+        <translation>Vorbereiten der Datenbank</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>

@@ -48,7 +48,7 @@ std::string exceptionText(std::string_view context, const std::exception& except
 
 platform::UndoManager& undoManager() { return QBTabMgr::db().context().undoManager(); }
 
-UserText fatalText(std::string_view context, const UserText& error) {
+UserText fatalText(const UserText& context, const UserText& error) {
   constexpr platform::Phrase kReport{"", "%1\r\n%2\r\n\r\n%3"};  // nothing to translate
   return {kReport, UserText(phrase("Message", "AN ERROR OCCURED IN CONTEXT: %1"), context),
           UserText(phrase("Message", "DESCRIPTION: %1"), error),
@@ -103,11 +103,11 @@ void QBSession::handleError(std::string_view context, std::string_view) {
   for (int i = 0; i < kTimesLogged; ++i) addToLog(UserText::verbatim(std::string(context)));
 }
 
-void QBSession::exitWithError(std::string_view context, const UserText& error) {
+void QBSession::exitWithError(const UserText& context, const UserText& error) {
   exitWithStatus(context, error, m_views.alert ? m_views.alert->exitStatus() : EXIT_FAILURE);
 }
 
-void QBSession::exitWithStatus(std::string_view context, const UserText& error, int status) {
+void QBSession::exitWithStatus(const UserText& context, const UserText& error, int status) {
   const UserText text = fatalText(context, error);
   if (m_views.alert)
     m_views.alert->show(text);

@@ -56,10 +56,11 @@ class QBSession final : public SessionServices {
   void handleError(std::string_view context, std::string_view error);
   /// Shows an error after which the program cannot go on, and throws ProgramEnd with the front
   /// end's status for that. For front ends only: what is below them throws what it has met.
-  [[noreturn]] void exitWithError(std::string_view context, const platform::UserText& error);
+  [[noreturn]] void exitWithError(const platform::UserText& context,
+                                  const platform::UserText& error);
   /// As exitWithError, with the status given.
-  [[noreturn]] void exitWithStatus(std::string_view context, const platform::UserText& error,
-                                   int status);
+  [[noreturn]] void exitWithStatus(const platform::UserText& context,
+                                   const platform::UserText& error, int status);
   /// The main window closes.
   void sayGoodBye();
 

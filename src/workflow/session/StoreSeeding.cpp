@@ -69,7 +69,7 @@ void prepareStore() {
   try {
     initializeData(db);
   } catch (const platform::StoreError& error) {
-    throw StoreUnavailable("Model Store Initialization", error);
+    throw StoreUnavailable(platform::phrase("Message", "Model Store Initialization"), error);
   }
 }
 
