@@ -11,6 +11,7 @@
 #include "support/sound/HandFedMicrophone.h"
 #include "support/store/FileSizeLimit.h"
 #include "support/store/StandardStore.h"
+#include "workflow/takes/TakeFiles.h"
 #include "workflow/takes/Takes.h"
 
 namespace korvel {
@@ -72,7 +73,7 @@ struct LiveRecordingTest : testing::Test {
     }
     return storeFile(folder.file("copy.sqlite")).open()->integer("SELECT count(*) FROM QBChord");
   }
-  std::vector<fs::path> takes() const { return LiveRecording::takesLeftBehind(); }
+  std::vector<fs::path> takes() const { return takeFilesLeft(); }
 
   test::StandardStore m_store;
   test::HandFedMicrophone m_microphone;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/takes/LiveRecording.h"
 
-#include <ctime>
 #include <stdexcept>
 #include <utility>
 
@@ -12,8 +11,8 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
-#include "platform/files/Files.h"
 #include "platform/persistence/UndoManager.h"
+#include "platform/text/LocalTime.h"
 #include "platform/text/UserError.h"
 #include "recording/MicrophoneTake.h"
 #include "recording/hearing/Hearing.h"
@@ -22,6 +21,7 @@
 #include "workflow/library/QBNameMgr.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/SongInWork.h"
+#include "workflow/takes/TakeFiles.h"
 #include "workflow/takes/TakeHearing.h"
 
 namespace korvel {
@@ -30,16 +30,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr double kWholeStepSeconds = 0.01;
-
-std::string dateAndTime(const char* format) {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  char text[32];
-  return {text, std::strftime(text, sizeof text, format, &local)};
-}
-
-fs::path folderOfTakes() { return platform::userDataFolder("korvel") / "takes"; }
 
 }  // namespace
 
@@ -75,9 +65,9 @@ void LiveRecording::start() {
 
 void LiveRecording::make() {
   m_sound = std::make_unique<MicrophoneTake>(
-      m_options.keptTake.empty() ? freeTake() : m_options.keptTake, m_options.device);
-  m_made = std::make_unique<NewSong>(m_db, m_options.album,
-                                     m_options.title.value_or(dateAndTime("%Y-%m-%d %H:%M:%S")));
+      m_options.keptTake.empty() ? freeTakeFile() : m_options.keptTake, m_options.device);
+  m_made = std::make_unique<NewSong>(
+      m_db, m_options.album, m_options.title.value_or(platform::localTime("%Y-%m-%d %H:%M:%S")));
   if (!m_options.tuning) m_options.tuning = m_db.selectedTuning();
   m_made->song()->setTuning(m_options.tuning);
   m_mark = std::make_unique<SongInWork>(m_made->song(), SongInWork::Filler::recording);
@@ -261,11 +251,5 @@ const std::optional<platform::UserText>& LiveRecording::takeProblem() const {
 std::optional<fs::path> LiveRecording::takeLeft() const {
   return m_takeStays && m_sound ? std::optional(m_sound->take().file()) : std::nullopt;
 }
-
-fs::path LiveRecording::freeTake() {
-  return LiveTake::freeFile(folderOfTakes(), dateAndTime("%Y-%m-%d %H-%M-%S"));
-}
-
-std::vector<fs::path> LiveRecording::takesLeftBehind() { return LiveTake::leftIn(folderOfTakes()); }
 
 }  // namespace korvel

@@ -8,7 +8,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "analysis/HearingSettings.h"
 #include "platform/loop/RunLoop.h"
@@ -105,11 +104,6 @@ class LiveRecording {
     m_listeners.progress = std::move(listener);
   }
   void onState(std::function<void(State)> listener) { m_listeners.state = std::move(listener); }
-
-  /// A file for a take, named by date and time, that is not there yet.
-  static std::filesystem::path freeTake();
-  /// Takes of recordings that did not end, because the program was killed.
-  static std::vector<std::filesystem::path> takesLeftBehind();
 
  private:
   struct Listeners {

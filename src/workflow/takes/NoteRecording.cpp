@@ -2,7 +2,7 @@
 #include "workflow/takes/NoteRecording.h"
 
 #include "recording/MicrophoneTake.h"
-#include "workflow/takes/LiveRecording.h"
+#include "workflow/takes/TakeFiles.h"
 
 namespace korvel {
 namespace {
@@ -21,7 +21,7 @@ NoteRecording::~NoteRecording() {
 }
 
 void NoteRecording::start(const std::string& device) {
-  m_sound = std::make_unique<MicrophoneTake>(LiveRecording::freeTake(), device);
+  m_sound = std::make_unique<MicrophoneTake>(freeTakeFile(), device);
   m_sound->source()->startRecord(0.0F);
   m_timer =
       platform::RunLoop::main().scheduleRepeating(MicrophoneTake::kStepSeconds, [this] { step(); });

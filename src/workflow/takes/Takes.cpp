@@ -5,7 +5,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "recording/LiveTake.h"
-#include "workflow/takes/LiveRecording.h"
+#include "workflow/takes/TakeFiles.h"
 
 namespace korvel {
 namespace {
@@ -23,15 +23,14 @@ QBSong* songOf(const fs::path& take) {
 
 std::vector<Take> takesLeft() {
   std::vector<Take> takes;
-  for (const fs::path& file : LiveRecording::takesLeftBehind())
+  for (const fs::path& file : takeFilesLeft())
     takes.push_back({file, LiveTake::secondsOf(file), songOf(file)});
   return takes;
 }
 
 void removeIfTake(const fs::path& file) {
   std::error_code unknown;
-  const fs::path folder = fs::weakly_canonical(LiveRecording::freeTake().parent_path(), unknown);
-  if (fs::weakly_canonical(file, unknown).parent_path() == folder) fs::remove(file, unknown);
+  if (isTakeFile(file)) fs::remove(file, unknown);
 }
 
 }  // namespace korvel

@@ -32,6 +32,7 @@
 #include "platform/sound/WaveFiles.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/takes/LiveRecording.h"
+#include "workflow/takes/TakeFiles.h"
 
 namespace korvel::cli {
 namespace {
@@ -119,7 +120,7 @@ LiveRecording::Options optionsOf(const RecordOptions& options) {
 }
 
 void tellOfTakesLeftBehind() {
-  for (const auto& take : LiveRecording::takesLeftBehind())
+  for (const auto& take : takeFilesLeft())
     Console::attached().error(take.string() +
                               ": was left by a recording that did not end; \"korvel-cli takes\" "
                               "makes a song of it or deletes it");
