@@ -308,6 +308,13 @@ TEST_F(MainWindowTest, chordsAreCorrectedTogetherEachWithOneStepOfUndo) {
   QApplication::clipboard()->setText("else");
   action("Paste Chords")->trigger();
   EXPECT_TRUE(m_window->statusMessage().startsWith("There are no chords to paste"));
+  tablature.selectChords(0, 0);
+  QApplication::clipboard()->setText("e|-0-|\nB|-1-|\nG|-2-|\nD|-2-|\nA|-0-|\nE|---|\n");
+  action("Paste Chords")->trigger();
+  EXPECT_EQ(ChordGrip(chord(1)).shorthand(), "x02210");
+  EXPECT_EQ(song.chords().size(), count + 1);
+  undo->trigger();
+  EXPECT_EQ(test::fretsOf(song), before);
   const QPoint place = tablature.chordRect(2).center();
   QContextMenuEvent asked(QContextMenuEvent::Mouse, place, tablature.mapToGlobal(place));
   QApplication::sendEvent(tablature.viewport(), &asked);

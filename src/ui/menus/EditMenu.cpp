@@ -16,6 +16,7 @@
 #include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
 #include "tab/layout/ChordSearch.h"
+#include "tab/text/TabReader.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/ShapeDialog.h"
@@ -176,15 +177,25 @@ void EditMenu::copy() {
   m_copiedText = QApplication::clipboard()->text();
 }
 
-/// Behind what is selected, and selects what has come.
+/// Chords as they were copied, or what a tablature that is text says of some.
 void EditMenu::paste() {
-  if (m_copied.empty() || QApplication::clipboard()->text() != m_copiedText)
-    return emit refused(tr("There are no chords to paste; copy some in a tablature first"));
+  const QString text = QApplication::clipboard()->text();
+  if (!m_copied.empty() && text == m_copiedText) return paste(m_copied);
+  const TabReader written(text.toStdString());
+  if (written.chords().empty())
+    return emit refused(
+        tr("There are no chords to paste; copy some in a tablature, or six lines of one as text"));
+  paste(written.chords());
+}
+
+/// Behind what is selected, and selects what has come.
+template <class Chords>
+void EditMenu::paste(const Chords& chords) {
   if (!m_song) return;
-  const int count = static_cast<int>(m_copied.size());
+  const int count = static_cast<int>(chords.size());
   const int after = chosen().last;
   perform([&](SongEditor& editor) {
-    const int first = editor.pasteAfter(after, m_copied);
+    const int first = editor.pasteAfter(after, chords);
     emit edited();
     m_tablature.selectChords(first, first + count - 1);
   });

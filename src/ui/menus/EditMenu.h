@@ -71,6 +71,8 @@ class EditMenu final : public QMenu {
   ChordSpan chosen() const;
   void copy();
   void paste();
+  template <class Chords>
+  void paste(const Chords& chords);
   void moveTone(int strings);
   void nameChord();
   void chooseShape();

@@ -2418,16 +2418,16 @@
         <translation>Alt+Down</translation>
     </message>
     <message>
-        <source>There are no chords to paste; copy some in a tablature first</source>
-        <translation>Es gibt keine Akkorde zum Einfügen; kopiere erst welche in einer Tabulatur</translation>
-    </message>
-    <message>
         <source>Set Ch&amp;ord ...</source>
         <translation>Akk&amp;ord setzen ...</translation>
     </message>
     <message>
         <source>Ctrl+Shift+M</source>
         <translation>Ctrl+Shift+M</translation>
+    </message>
+    <message>
+        <source>There are no chords to paste; copy some in a tablature, or six lines of one as text</source>
+        <translation>Es gibt keine Akkorde zum Einfügen; kopiere welche in einer Tabulatur, oder sechs Zeilen einer Tabulatur als Text</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/CopiedChord.h"
 
+#include <utility>
+
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
@@ -28,6 +30,9 @@ CopiedChord::CopiedChord(const QBChord& chord) : duration(chord.duration()) {
   if (const QBHold* hold = chord.hold())
     for (const QBTone* tone : hold->tones()) tones.emplace_back(*tone);
 }
+
+CopiedChord::CopiedChord(std::vector<Tone> itsTones, int sixteenths)
+    : tones(std::move(itsTones)), duration(sixteenths) {}
 
 std::vector<CopiedChord> CopiedChord::of(QBSong& song, int first, int last) {
   std::vector<CopiedChord> copied;

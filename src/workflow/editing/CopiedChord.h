@@ -27,6 +27,7 @@ struct CopiedChord {
   };
 
   explicit CopiedChord(const QBChord& chord);
+  CopiedChord(std::vector<Tone> itsTones, int sixteenths);
   /// From first to last, by their indexes in `allChords`.
   static std::vector<CopiedChord> of(QBSong& song, int first, int last);
 

@@ -22,6 +22,7 @@
 #include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/UserError.h"
+#include "tab/text/TabReader.h"
 #include "workflow/editing/MeasureLayout.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
@@ -336,6 +337,25 @@ int SongEditor::pasteAfter(int chord, const std::vector<CopiedChord>& chords) {
     layIntoMeasures(m_db, *m_song, first);
   });
   return first;
+}
+
+int SongEditor::pasteAfter(int chord, const std::vector<WrittenChord>& chords) {
+  const bool isFirst = m_song->chords().empty();
+  const int duration = isFirst ? 1 : chordAt(chord).duration();
+  const QBTone* model = isFirst ? nullptr : loudestNear(chord);
+  CopiedChord::Tone like =
+      model ? CopiedChord::Tone(*model) : CopiedChord::Tone{0, 0, kAmp, duration, true};
+  like.active = true;
+  std::vector<CopiedChord> copied;
+  for (const WrittenChord& each : chords) {
+    copied.emplace_back(std::vector<CopiedChord::Tone>(), std::max(duration, 1));
+    for (const WrittenChord::Tone& tone : each.tones) {
+      like.string = tone.string;
+      like.fret = tone.fret;
+      copied.back().tones.push_back(like);
+    }
+  }
+  return pasteAfter(chord, copied);
 }
 
 void SongEditor::deleteChords(int first, int last) {

@@ -23,6 +23,7 @@ class QBHold;
 class QBSong;
 class QBTabMgr;
 class QBTone;
+struct WrittenChord;
 
 /// Edits of a song in place, as they are made in its tablature.
 ///
@@ -74,6 +75,10 @@ class SongEditor {
   /// Chords like those, which may be of another song, behind that one: "Paste Chords". Answers the
   /// index of the first of them. A song without chords takes them at 0.
   int pasteAfter(int chord, const std::vector<CopiedChord>& chords);
+
+  /// The same of a tablature that was written elsewhere. Its chords are as loud as the chord there,
+  /// and as long.
+  int pasteAfter(int chord, const std::vector<WrittenChord>& chords);
 
   // Chords. Those behind move along: in their positions, and from measure to measure where the song
   // has some.
