@@ -589,9 +589,13 @@ TEST_F(MainWindowTest, libraryIsOpenAsItWasAfterASearchAndAfterAStart) {
   EXPECT_EQ(openTitles(view()), "Albums Practice Instruments ");
   QTest::keyClicks(search, "oth");
   EXPECT_EQ(openTitles(view()), "Albums Other ") << "with its songs, and nothing else";
+  action("Newest First")->trigger();
   close();
   open();
   EXPECT_EQ(openTitles(view()), "Albums Practice Instruments ");
+  EXPECT_TRUE(action("Newest First")->isChecked());
+  EXPECT_EQ(m_window->tree().view().model()->index(0, 0, view().model()->index(0, 0)).data(),
+            "Practice");
 }
 
 TEST_F(MainWindowTest, whatWentWrongGivesWayToTheSongAgain) {

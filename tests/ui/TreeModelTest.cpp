@@ -9,6 +9,7 @@
 #include "support/RecordingViews.h"
 #include "support/Testing.h"
 #include "support/store/StandardStore.h"
+#include "ui/library/TreeOrder.h"
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {
@@ -62,6 +63,31 @@ TEST_F(TreeModelTest, followsTheStoreAndKeepsWhatIsStillThere) {
   newAlbum("C");
   EXPECT_EQ(text(), "B: T U; C:; ");
   EXPECT_EQ(kept, indexOf(0, 0));
+}
+
+TEST_F(TreeModelTest, songsStandInTheOrderThatIsChosen) {
+  TreeOrder ordered(m_model);
+  for (const char* title : {"r 10", "R 9"}) album("A")->createSong(title);
+  for (const char* title : {"S", "S", "R 9"})
+    test::addChord(album("A")->findSongByName(title), "x02210");
+  QBTabMgr::db().save();
+  m_model.refresh();
+  const auto shown = [&](SongOrder order) {
+    ordered.setOrder(order);
+    const QModelIndex songs = ordered.mapFromSource(indexOf(0));
+    QStringList titles;
+    for (int row = 0; row < ordered.rowCount(songs); ++row)
+      titles << ordered.index(row, 0, songs).data().toString();
+    return titles.join(' ');
+  };
+  EXPECT_EQ(shown(SongOrder::byTitle), "R 9 r 10 S T");
+  EXPECT_EQ(shown(SongOrder::newestFirst), "R 9 r 10 T S");
+  EXPECT_EQ(ordered.index(0, 0, ordered.index(0, 0)).data(), "B");
+  EXPECT_EQ(shown(SongOrder::byLength), "T r 10 R 9 S");
+  album("A")->deleteSong(album("A")->findSongByName("T"));
+  ordered.measure();
+  m_model.refresh();
+  EXPECT_EQ(shown(SongOrder::asStored), "S r 10 R 9");
 }
 
 TEST_F(TreeModelTest, songIsDraggedToAnotherAlbum) {

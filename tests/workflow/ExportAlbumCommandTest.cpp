@@ -43,6 +43,15 @@ TEST_F(ExportAlbumCommandTest, writesEverySongThatHasChordsUnderANameOfItsOwn) {
   EXPECT_EQ(m_views.log.back(), m_folder + ": 3 songs exported.");
 }
 
+TEST_F(ExportAlbumCommandTest, writesSongsThatAreGiven) {
+  QBSong* other = QBTabMgr::db().createAlbum("Evenings", false)->createSong("Dusk");
+  test::addChord(other, "x02210");
+  ExportAlbumCommand job({other, m_album->findSongByName("Dawn")}, SongFormat::midi, m_folder);
+  job.runInBackground();
+  runUntil([&] { return !job.isRunning(); });
+  EXPECT_EQ(files(), (std::set<std::string>{"Dusk.mid", "Dawn.mid"}));
+}
+
 TEST_F(ExportAlbumCommandTest, leavesNothingWhenCancelledAndEndsWhereNothingCanBeWritten) {
   ExportAlbumCommand job(*m_album, SongFormat::midi, m_folder);
   job.runInBackground();

@@ -9,6 +9,7 @@
 
 #include "analysis/HearingSettings.h"
 #include "ui/desktop/Appearance.h"
+#include "ui/desktop/SongOrder.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/ImportDesk.h"
 
@@ -34,6 +35,11 @@ class Preferences {
     return m_store.value("tree/open", QStringList{"0", "1", "2"}).toStringList();
   }
   void setOpenBranches(const QStringList& keys) { m_store.setValue("tree/open", keys); }
+
+  SongOrder songOrder() const {
+    return static_cast<SongOrder>(m_store.value("tree/order").toInt());
+  }
+  void setSongOrder(SongOrder order) { m_store.setValue("tree/order", static_cast<int>(order)); }
 
   /// Files that were imported, the latest first.
   QStringList recentFiles() const { return m_store.value("recentFiles").toStringList(); }

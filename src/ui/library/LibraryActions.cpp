@@ -211,6 +211,18 @@ void LibraryActions::fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>&
     add(all, nameOf(format), [this, format](QBAlbum& each) { exportAll(each, format.format); });
 }
 
+void LibraryActions::fillSongsMenu(QMenu& menu, const Songs& songs) {
+  QMenu& all = *menu.addMenu(tr("Export All As"));
+  for (const FormatName& format : kFormats)
+    all.addAction(nameOf(format), this, [this, songs, format] {
+      attempt([&] {
+        exportInto([&](const std::string& folder) {
+          return std::make_shared<ExportAlbumCommand>(songs, format.format, folder);
+        });
+      });
+    });
+}
+
 void LibraryActions::fillTuningMenu(QMenu& menu, QBTuning& tuning) {
   const platform::Ref<QBTuning> kept(&tuning);
   menu.addAction(tr("Select As Active"), this,
@@ -377,12 +389,18 @@ void LibraryActions::run(const std::shared_ptr<QBCommand>& job) {
 }
 
 void LibraryActions::exportAll(QBAlbum& album, SongFormat format) {
+  exportInto([&](const std::string& folder) {
+    return std::make_shared<ExportAlbumCommand>(album, format, folder);
+  });
+}
+
+void LibraryActions::exportInto(const Exporter& exporter) {
   Preferences preferences;
   const QString folder = QFileDialog::getExistingDirectory(m_window, tr("Export All Songs Into"),
                                                            preferences.exportFolder());
   if (folder.isEmpty()) return;
   preferences.setExportFolder(folder);
-  run(std::make_shared<ExportAlbumCommand>(album, format, folder.toStdString()));
+  run(exporter(folder.toStdString()));
 }
 
 void LibraryActions::editStrings(QBTuning& tuning) {

@@ -3,6 +3,10 @@
 
 #include <QObject>
 #include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "platform/persistence/Ref.h"
 #include "workflow/exporting/RenderSongCommand.h"
@@ -30,6 +34,8 @@ class LibraryActions final : public QObject {
   Q_OBJECT
 
  public:
+  using Songs = std::vector<platform::Ref<QBSong>>;
+
   /// Dialogs stand over the window; desk and guides outlive this.
   LibraryActions(ImportDesk& desk, SongGuides& guides, QWidget* window);
 
@@ -39,6 +45,8 @@ class LibraryActions final : public QObject {
   void fillInstrumentsMenu(QMenu& menu);
   /// A menu for a node of any kind.
   void fillMenu(QMenu& menu, TreeNode& node);
+  /// For several songs that are selected.
+  void fillSongsMenu(QMenu& menu, const Songs& songs);
   /// As the menu of the menu bar has it: what is asked for acts on the album that is selected.
   void fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album);
 
@@ -70,6 +78,8 @@ class LibraryActions final : public QObject {
 
  private:
   class MenuOfNode;
+  /// Makes the job that writes into a folder.
+  using Exporter = std::function<std::shared_ptr<QBCommand>(const std::string& folder)>;
 
   /// Runs an edit and tells why it was refused.
   void attempt(const std::function<void()>& edit);
@@ -89,6 +99,8 @@ class LibraryActions final : public QObject {
   /// Runs it as a job of the session; one that cannot begin does not become one.
   static void run(const std::shared_ptr<QBCommand>& job);
   void exportAll(QBAlbum& album, SongFormat format);
+  /// Asks for the folder.
+  void exportInto(const Exporter& exporter);
   void editStrings(QBTuning& tuning);
   void chooseInstrument();
   void calibrateInstrument();

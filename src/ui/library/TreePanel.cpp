@@ -2,6 +2,7 @@
 #include "ui/library/TreePanel.h"
 
 #include <QAccessible>
+#include <QActionGroup>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -17,6 +18,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
+#include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/library/LibraryActions.h"
 #include "workflow/library/AlbumNode.h"
@@ -27,10 +29,11 @@ namespace korvel::ui {
 TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* parent)
     : QWidget(parent),
       m_model(library),
+      m_filter(m_model),
       m_actions(actions),
       m_search(new QLineEdit),
       m_view(new QTreeView) {
-  m_filter.setSourceModel(&m_model);
+  m_filter.setOrder(Preferences().songOrder());
   m_filter.setRecursiveFilteringEnabled(true);
   m_filter.setAutoAcceptChildRows(true);
   m_filter.setFilterCaseSensitivity(Qt::CaseInsensitive);
@@ -71,7 +74,27 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
           [this, &library](const QBAlbum* album) { rename(library.find(album).get()); });
 }
 
-void TreePanel::refreshAllContents() { m_model.refresh(); }
+void TreePanel::refreshAllContents() {
+  m_filter.measure();
+  m_model.refresh();
+}
+
+void TreePanel::addOrders(QMenu& menu) {
+  auto* group = new QActionGroup(&menu);
+  const auto add = [&](const QString& title, SongOrder order) {
+    QAction* entry = menu.addAction(title, this, [this, order] {
+      m_filter.setOrder(order);
+      Preferences().setSongOrder(order);
+    });
+    entry->setCheckable(true);
+    entry->setChecked(order == m_filter.order());
+    group->addAction(entry);
+  };
+  add(tr("As &Stored"), SongOrder::asStored);
+  add(tr("By &Title"), SongOrder::byTitle);
+  add(tr("&Newest First"), SongOrder::newestFirst);
+  add(tr("By &Length"), SongOrder::byLength);
+}
 
 void TreePanel::showSong(const QBSong* song) {
   const QModelIndex index = m_filter.mapFromSource(m_model.indexOf(song));
@@ -154,6 +177,9 @@ void TreePanel::showMenu(const QPoint& position) {
     m_actions.fillTuningsMenu(menu);
   else if (m_model.isGroup(index, TreeModel::Group::instruments))
     m_actions.fillInstrumentsMenu(menu);
+  else if (selectedSongs().size() > 1 &&
+           m_view->selectionModel()->isSelected(m_view->indexAt(position)))
+    fillMenuOfSelected(menu);
   else if (const auto node = m_model.nodeOf(index))
     m_actions.fillMenu(menu, *node);
   else
@@ -167,13 +193,30 @@ void TreePanel::showMenu(const QPoint& position) {
   menu.exec(m_view->viewport()->mapToGlobal(position));
 }
 
+std::vector<std::shared_ptr<TreeNode>> TreePanel::selectedNodes() const {
+  std::vector<std::shared_ptr<TreeNode>> nodes;
+  for (const QModelIndex& each : m_view->selectionModel()->selectedRows())
+    if (auto node = m_model.nodeOf(m_filter.mapToSource(each))) nodes.push_back(std::move(node));
+  return nodes;
+}
+
+/// Those of an album that is selected count only where they are selected themselves.
+std::vector<platform::Ref<QBSong>> TreePanel::selectedSongs() const {
+  std::vector<platform::Ref<QBSong>> songs;
+  for (const auto& node : selectedNodes())
+    if (QBSong* song = node->song()) songs.emplace_back(song);
+  return songs;
+}
+
+void TreePanel::fillMenuOfSelected(QMenu& menu) {
+  m_actions.fillSongsMenu(menu, selectedSongs());
+  menu.addAction(tr("Delete"), this, &TreePanel::deleteSelected);
+}
+
 /// All that is selected, as one action.
 void TreePanel::deleteSelected() {
-  std::vector<std::shared_ptr<TreeNode>> nodes;
-  for (const QModelIndex& each : m_view->selectionModel()->selectedRows()) {
-    const auto node = m_model.nodeOf(m_filter.mapToSource(each));
-    if (node && node->canDelete()) nodes.push_back(node);
-  }
+  std::vector<std::shared_ptr<TreeNode>> nodes = selectedNodes();
+  std::erase_if(nodes, [](const auto& node) { return !node->canDelete(); });
   if (nodes.size() == 1) return m_actions.remove(*nodes.front());
   const platform::UndoGroup group(QBTabMgr::db().context().undoManager(),
                                   platform::phrase("UndoAction", "Delete Songs"));

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QSortFilterProxyModel>
 #include <QWidget>
 #include <functional>
 
 #include "ui/library/TreeModel.h"
+#include "ui/library/TreeOrder.h"
 #include "workflow/session/SessionViews.h"
 
 class QLineEdit;
+class QMenu;
 class QTreeView;
 
 namespace korvel::ui {
@@ -32,6 +33,8 @@ class TreePanel final : public QWidget, public TreeView {
   QStringList openBranches() const;
   void setOpenBranches(const QStringList& keys);
   void renameCurrent();
+  /// Entries of which one is chosen: how the songs stand. Remembered from one start to the next.
+  void addOrders(QMenu& menu);
   TreeModel& model() { return m_model; }
   QTreeView& view() { return *m_view; }
 
@@ -50,6 +53,9 @@ class TreePanel final : public QWidget, public TreeView {
   void forEachBranch(const std::function<void(const QModelIndex&, const QString& key)>& act) const;
   void select(const QModelIndex& current);
   void showMenu(const QPoint& position);
+  std::vector<std::shared_ptr<TreeNode>> selectedNodes() const;
+  std::vector<platform::Ref<QBSong>> selectedSongs() const;
+  void fillMenuOfSelected(QMenu& menu);
   void deleteSelected();
   void sayCurrent();
   void rename(const TreeNode* node);
@@ -57,7 +63,7 @@ class TreePanel final : public QWidget, public TreeView {
   QModelIndex currentIndex() const;
 
   TreeModel m_model;
-  QSortFilterProxyModel m_filter;
+  TreeOrder m_filter;
   LibraryActions& m_actions;
   QLineEdit* m_search;
   QTreeView* m_view;

@@ -73,6 +73,10 @@
         <source>Song Import</source>
         <translation>Import</translation>
     </message>
+    <message>
+        <source>Song Export</source>
+        <translation>Song-Export</translation>
+    </message>
 </context>
 <context>
     <name>Log</name>
@@ -2885,6 +2889,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>]</source>
         <translation>]</translation>
     </message>
+    <message>
+        <source>&amp;Sort Library</source>
+        <translation>Bibliothek &amp;sortieren</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
@@ -3448,6 +3456,26 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Clear Search</source>
         <translation>Suche leeren</translation>
+    </message>
+    <message>
+        <source>As &amp;Stored</source>
+        <translation>Wie &amp;gespeichert</translation>
+    </message>
+    <message>
+        <source>By &amp;Title</source>
+        <translation>Nach &amp;Titel</translation>
+    </message>
+    <message>
+        <source>&amp;Newest First</source>
+        <translation>&amp;Neueste zuerst</translation>
+    </message>
+    <message>
+        <source>By &amp;Length</source>
+        <translation>Nach &amp;Länge</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
     </message>
 </context>
 <context>

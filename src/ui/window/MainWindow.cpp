@@ -214,6 +214,7 @@ void MainWindow::addViewMenu() {
   menu->addAction(tr("&Actual Size"), tr("Ctrl+0"), m_tablature, &TablatureView::resetZoom);
   menu->addSeparator();
   m_panels->addPlaces(*menu->addMenu(tr("&Go To")), *m_tablature);
+  m_tree->addOrders(*menu->addMenu(tr("&Sort Library")));
   menu->addSeparator();
   m_panels->addToggles(*menu);
   menu->addSeparator();

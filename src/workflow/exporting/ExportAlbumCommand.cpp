@@ -2,6 +2,7 @@
 #include "workflow/exporting/ExportAlbumCommand.h"
 
 #include <string_view>
+#include <utility>
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
@@ -27,9 +28,17 @@ ExportAlbumCommand::ExportAlbumCommand(QBAlbum& album, SongFormat format, const 
       m_album(&album),
       m_format(format) {}
 
+ExportAlbumCommand::ExportAlbumCommand(std::vector<platform::Ref<QBSong>> songs, SongFormat format,
+                                       const fs::path& folder)
+    : WritingCommand(platform::phrase("Job", "Song Export"), folder.filename(), folder),
+      m_format(format),
+      m_songs(std::move(songs)) {}
+
 ExportAlbumCommand::~ExportAlbumCommand() = default;
 
-void ExportAlbumCommand::prepare() { m_songs = m_album->songs().snapshot(); }
+void ExportAlbumCommand::prepare() {
+  if (m_album) m_songs = m_album->songs().snapshot();
+}
 
 /// A song that was deleted since the beginning has no chords any more.
 bool ExportAlbumCommand::step() {

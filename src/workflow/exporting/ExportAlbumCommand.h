@@ -10,11 +10,14 @@
 
 namespace korvel {
 
-/// Writes every song of an album that has chords into a folder, one at each step. Files are named
-/// by the songs' titles; those that are there already stay, and the new one's name gets a number.
+/// Writes every song of an album, or every one that is given, that has chords into a folder, one at
+/// each step. Files are named by the songs' titles; those that are there already stay, and the new
+/// one's name gets a number.
 class ExportAlbumCommand final : public WritingCommand {
  public:
   ExportAlbumCommand(QBAlbum& album, SongFormat format, const std::filesystem::path& folder);
+  ExportAlbumCommand(std::vector<platform::Ref<QBSong>> songs, SongFormat format,
+                     const std::filesystem::path& folder);
   ~ExportAlbumCommand() override;
 
   void prepare() override;
@@ -25,7 +28,7 @@ class ExportAlbumCommand final : public WritingCommand {
   void release() override { m_songs.clear(); }
   void removeWritten() override;
 
-  platform::Ref<QBAlbum> m_album;
+  platform::Ref<QBAlbum> m_album;  ///< None where songs are given.
   SongFormat m_format;
   std::vector<platform::Ref<QBSong>> m_songs;
   std::size_t m_next = 0;
