@@ -4,6 +4,7 @@
 #include <exception>
 #include <string>
 
+#include "cli/commands/arranging/EasySong.h"
 #include "cli/commands/instruments/ListInstruments.h"
 #include "cli/commands/songs/Apply.h"
 #include "cli/commands/songs/CloneSong.h"
@@ -56,6 +57,7 @@ void describe(cli::Command& tool) {
   cli::addPlay(tool);
   cli::addRender(tool);
   cli::addApply(tool);
+  cli::addEasySong(tool);
   cli::addLoopSong(tool);
   cli::addCloneSong(tool);
   cli::addRenameSong(tool);
