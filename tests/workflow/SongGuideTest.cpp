@@ -100,5 +100,16 @@ TEST_F(SongGuideTest, makesSongsAsWritten) {
        {"practise", [&](const Words& words) { return practise(words); }}});
 }
 
+TEST_F(SongGuideTest, beginningOfALongSongIsShownInTheKeyOfAllOfIt) {
+  std::vector<std::string> chords(270, "x02210");
+  chords.insert(chords.end(), 300, "688766");
+  m_song = m_desk.song(chords);
+  const std::string before = everything(*m_desk.album());
+  const std::string line = easyVersion({EasyTones::chords, EasyKey::capo, 3}).preview(*m_song);
+  EXPECT_NE(line.find("|E"), std::string::npos);
+  EXPECT_EQ(line.find("Am"), std::string::npos) << line;
+  EXPECT_EQ(everything(*m_desk.album()), before);
+}
+
 }  // namespace
 }  // namespace korvel

@@ -27,8 +27,8 @@ QBSong* easyLine(QBSong& song, std::string_view command, int halfTones, int high
   return made;
 }
 
-QBSong* easySong(QBSong& song, const EasyChoices& choices) {
-  const int halfTones = halfTonesTo(choices.key, song);
+QBSong* easySong(QBSong& song, QBSong& whole, const EasyChoices& choices) {
+  const int halfTones = halfTonesTo(choices.key, whole);
   if (choices.tones == EasyTones::chords)
     return strummed(song,
                     {.plain = true, .halfTones = halfTones, .highestFret = choices.highestFret});
@@ -39,8 +39,9 @@ QBSong* easySong(QBSong& song, const EasyChoices& choices) {
 }  // namespace
 
 SongGuide easyVersion(const EasyChoices& choices) {
-  return {platform::phrase("UndoAction", "Easy Version"), platform::phrase("Log", "Easy version made."),
-          [choices](QBSong& song) { return easySong(song, choices); }};
+  return {platform::phrase("UndoAction", "Easy Version"),
+          platform::phrase("Log", "Easy version made."),
+          [choices](QBSong& song, QBSong& whole) { return easySong(song, whole, choices); }};
 }
 
 int capoOf(const EasyChoices& choices, QBSong& song) {

@@ -11,8 +11,8 @@
 namespace korvel {
 
 SongGuide singAlong(const SingChoices& choices) {
-  return {platform::phrase("UndoAction", "Sing Along"), platform::phrase("Log", "Song to sing along made."),
-          [choices](QBSong& song) {
+  return {platform::phrase("UndoAction", "Sing Along"),
+          platform::phrase("Log", "Song to sing along made."), [choices](QBSong& song, QBSong&) {
             return strummed(song, {.plain = choices.plain, .halfTones = choices.halfTones});
           }};
 }

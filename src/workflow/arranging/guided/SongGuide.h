@@ -13,9 +13,10 @@ class QBSong;
 /// What a user chose to have made of a song: it can be looked at before it is accepted.
 class SongGuide {
  public:
-  /// Makes a song beside the one that is given, drawn and under its title. May throw EditRefused;
-  /// what was made stays then.
-  using Make = std::function<QBSong*(QBSong&)>;
+  /// Makes a song beside the first one that is given, drawn and under its title. That is the second
+  /// one or the beginning of it; what counts in a song as a whole, as its key, is to be looked for
+  /// in the second. May throw EditRefused; what was made stays then.
+  using Make = std::function<QBSong*(QBSong& song, QBSong& whole)>;
 
   /// title: of the action and of the entry; line: logged once the song is there.
   SongGuide(const platform::Phrase& title, const platform::Phrase& line, Make make)
@@ -32,7 +33,7 @@ class SongGuide {
   QBSong& accept(QBSong& song) const;
 
  private:
-  QBSong* made(QBSong& song) const;
+  void requireChords(const QBSong& song) const;
 
   platform::Phrase m_title;
   platform::Phrase m_line;
