@@ -39,6 +39,15 @@ std::optional<int> named(std::string_view text) {
   return (*octave - kOctaveOfNote0) * kNotesPerOctave + step;
 }
 
+/// Fifths from C up to the tonic: 1 for G, -1 for F.
+int fifthsOfTonic(int key) {
+  constexpr int kHighestInMajor = 6;
+  constexpr int kHighestInMinor = 8;
+  const int fifths = pitchClass(key) * 7 % kNotesPerOctave;
+  const bool minor = key >= kNotesPerOctave;
+  return fifths > (minor ? kHighestInMinor : kHighestInMajor) ? fifths - kNotesPerOctave : fifths;
+}
+
 }  // namespace
 
 std::optional<int> midiNote(std::string_view text) {
@@ -51,6 +60,19 @@ std::string_view nameOfPitchClass(int note) {
   static constexpr std::array<std::string_view, kNotesPerOctave> kNames = {
       "C", "C#", "D", "Eb", "E", "F", "F#", "G", "Ab", "A", "Bb", "B"};
   return kNames.at(static_cast<std::size_t>(note));
+}
+
+// On the line of fifths a key reaches from its lowered second to its raised fourth, and in major to
+// the raised first, which leads to the second. White keys keep their names.
+std::string_view nameInKey(int note, int key) {
+  static constexpr std::array<std::string_view, kNotesPerOctave> kSharps = {
+      "C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
+  static constexpr std::array<std::string_view, kNotesPerOctave> kFlats = {
+      "C", "Db", "D", "Eb", "E", "F", "Gb", "G", "Ab", "A", "Bb", "B"};
+  if (key < 0 || key >= 2 * kNotesPerOctave) return nameOfPitchClass(note);
+  const int highest = fifthsOfTonic(key) + (key < kNotesPerOctave ? 7 : 6);
+  const bool isSharp = note * 7 % kNotesPerOctave <= highest;
+  return (isSharp ? kSharps : kFlats).at(static_cast<std::size_t>(note));
 }
 
 std::string noteName(int midi) {

@@ -16,6 +16,10 @@ std::optional<int> midiNote(std::string_view text);
 /// "C", "C#", "D", "Eb" ... "B" for a pitch class 0..11.
 std::string_view nameOfPitchClass(int note);
 
+/// The same as it is written in a key: "Bb" in F, "A#" in B. The key is the pitch class of the
+/// tonic, 12 more in minor; any other number is no key, which leaves the names as above.
+std::string_view nameInKey(int note, int key);
+
 /// The name of a MIDI number, such as "E2".
 std::string noteName(int midi);
 

@@ -27,5 +27,21 @@ TEST(NoteNameTest, refusesAnythingElse) {
     EXPECT_EQ(midiNote(text), std::nullopt) << text;
 }
 
+TEST(NoteNameTest, keysChooseBetweenSharpsAndFlats) {
+  const auto black = [](int key) {
+    std::string names;
+    for (const int note : {1, 3, 6, 8, 10}) names += std::string(nameInKey(note, key)) + ' ';
+    return names;
+  };
+  EXPECT_EQ(black(0), "C# Eb F# Ab Bb ") << "C";
+  EXPECT_EQ(black(5), "Db Eb F# Ab Bb ") << "F";
+  EXPECT_EQ(black(3), "Db Eb Gb Ab Bb ") << "Eb";
+  EXPECT_EQ(black(4), "C# D# F# G# A# ") << "E";
+  EXPECT_EQ(black(12 + 9), "C# D# F# G# Bb ") << "Am";
+  EXPECT_EQ(black(12 + 3), "Db Eb Gb Ab Bb ") << "Ebm";
+  EXPECT_EQ(black(12 + 8), "C# D# F# G# A# ") << "G#m";
+  EXPECT_EQ(black(-1), "C# Eb F# Ab Bb ") << "none";
+}
+
 }  // namespace
 }  // namespace korvel
