@@ -9,6 +9,7 @@
 #include "model/songs/QBSong.h"
 #include "music/Neck.h"
 #include "platform/text/Utf8.h"
+#include "tab/layout/BeatDrawing.h"
 #include "tab/text/SongDrawing.h"
 #include "tab/text/SystemLabel.h"
 
@@ -59,6 +60,10 @@ TabLayout::TabLayout(QBSong& song) {
 
 TabLayout::TabLayout(QBSong& song, int width) {
   if (drawsNothing(song)) return;
+  if (song.isOnBeats()) {
+    drawOnBeats(song, width);
+    return;
+  }
   QBTabMatrix matrix = drawingOf(song, width);
   matrix.trimLeadingLines();
   readText(matrix.toStringInverted());
@@ -67,6 +72,7 @@ TabLayout::TabLayout(QBSong& song, int width) {
 }
 
 TabLayout TabLayout::forExport(QBSong& song) {
+  if (song.isOnBeats()) return TabLayout(song, kWidthOfSystem);
   TabLayout layout(song);
   if (drawsNothing(song)) return layout;
   std::vector<int> tops;
@@ -74,6 +80,21 @@ TabLayout TabLayout::forExport(QBSong& song) {
   layout.readText(toStringForExport(song));
   layout.divide(tops);
   return layout;
+}
+
+void TabLayout::drawOnBeats(QBSong& song, int width) {
+  const SongBars bars(song);
+  BeatDrawing drawing(bars, {song.title(), song.tempo(), song.isSwung(), systemLabel(&song)},
+                      width);
+  markEnd(drawing.matrix(), song);
+  readText(drawing.matrix().toStringInverted());
+  m_placeOfChord.assign(song.allChords().size(), kNoPlace);
+  for (const BeatDrawing::Place& place : drawing.places()) {
+    m_placeOfChord[static_cast<std::size_t>(place.chord)] = static_cast<int>(m_places.size());
+    m_places.push_back({place.chord, place.x, place.y, place.columns});
+  }
+  m_signs = drawing.signs();
+  divide(drawing.matrix().m_systems);
 }
 
 void TabLayout::readText(const std::string& text) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "tab/layout/TabSigns.h"
+
 namespace korvel {
 
 class QBSong;
@@ -12,7 +14,8 @@ class QBTabMatrix;
 
 /// Where the chords of a song stand in its text tablature: what a view needs to turn a place in the
 /// text into a chord, and back. Chords are named by their index in the song's `allChords`, places
-/// by column and row of the text, 0 at the top left.
+/// by column and row of the text, 0 at the top left. A song on beats has a text of its own here, in
+/// systems of several bars, and signs of rhythm in which all its chords have a place.
 ///
 /// Describes the song as it was when the layout was made. Holds no object of the song.
 class TabLayout {
@@ -35,7 +38,8 @@ class TabLayout {
   explicit TabLayout(QBSong& song);
   /// The same with systems of another width, in columns, than the stored text has.
   TabLayout(QBSong& song, int width);
-  /// The layout of the text for export, which has no marks of the loop.
+  /// What is printed: the layout of the text for export, which has no marks of the loop, or of a
+  /// song on beats in the width of a page.
   static TabLayout forExport(QBSong& song);
   /// The layout of any text; no chords are in it.
   explicit TabLayout(const std::string& text) { readText(text); }
@@ -48,6 +52,9 @@ class TabLayout {
   const std::vector<System>& systems() const { return m_systems; }
   /// Null for a row above the first system.
   const System* systemAt(int row) const;
+
+  /// Of a song on beats; empty for others. Its systems are those of the layout.
+  const TabSigns& signs() const { return m_signs; }
 
   int chords() const { return static_cast<int>(m_placeOfChord.size()); }
   /// The places of the chords that are drawn, in the order of the text.
@@ -67,6 +74,7 @@ class TabLayout {
 
  private:
   void readText(const std::string& text);
+  void drawOnBeats(QBSong& song, int width);
   void place(QBSong& song, const QBTabMatrix& matrix);
   void divide(const std::vector<int>& tops);
 
@@ -75,6 +83,7 @@ class TabLayout {
   std::vector<System> m_systems;
   std::vector<Place> m_places;
   std::vector<int> m_placeOfChord;  ///< Index of its place, -1 without one.
+  TabSigns m_signs;
 };
 
 /// The string that a row of a system shows, none for its other rows.

@@ -60,11 +60,6 @@ void drawFrame(QBTabMatrix& matrix, const QBChord& chord) {
   setMetric(matrix, matrix.m_xPos + 1, matrix.m_yPos + kGlyphRow, chord.duration());
 }
 
-std::string fretText(int fret) {
-  std::string text(fret <= 9 ? "-" : "");
-  return text.append(std::to_string(fret));
-}
-
 /// The later of two tones on one string stays visible, so they are drawn in a fixed order.
 void drawTones(QBTabMatrix& matrix, QBChord& chord) {
   std::vector<const QBTone*> tones(chord.readAllTones().begin(), chord.readAllTones().end());
@@ -83,6 +78,11 @@ void drawContent(QBTabMatrix& matrix, QBChord& chord) {
 }
 
 }  // namespace
+
+std::string fretText(int fret) {
+  std::string text(fret <= 9 ? "-" : "");
+  return text.append(std::to_string(fret));
+}
 
 int outputLength(const QBChord& chord, int groupFlag) {
   const int name = isNamed(chord) ? lengthOf(chord.fullHarmonyName()) + 2 : 0;

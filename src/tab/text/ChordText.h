@@ -13,6 +13,8 @@ class QBTabMatrix;
 
 /// The column of a tablature that holds the chord alone.
 std::string toString(QBChord& chord);
+/// A fret as it stands on a string, two columns wide: "-7" or "12".
+std::string fretText(int fret);
 /// Writes the position below the strings.
 void addPosition(const QBChord& chord, QBTabMatrix& matrix);
 /// Writes the name above the name row and moves the cursor behind it.

@@ -75,11 +75,6 @@ platform::Slices byMeasures(QBSong& song, const QBSong* loopOf, QBTabMatrix& mat
   }
 }
 
-/// Below the last system, so that nobody takes the end of what was heard for that of the music.
-void markEnd(QBTabMatrix& matrix, const QBSong& song) {
-  if (!song.isWhole()) matrix.horText(kColumnOfNote, matrix.m_yPos + kNoteRow, kNotWhole);
-}
-
 platform::Slices withEnd(platform::Slices work, const QBSong& song, QBTabMatrix& matrix) {
   while (work.next()) co_yield work.done();
   markEnd(matrix, song);
@@ -112,6 +107,11 @@ platform::Slices drawingByMeasures(QBSong& song, QBTabMatrix& matrix) {
 }
 
 }  // namespace
+
+// So that nobody takes the end of what was heard for that of the music.
+void markEnd(QBTabMatrix& matrix, const QBSong& song) {
+  if (!song.isWhole()) matrix.horText(kColumnOfNote, matrix.m_yPos + kNoteRow, kNotWhole);
+}
 
 QBTabMatrix drawingOf(QBSong& song, int width) {
   QBTabMatrix matrix;

@@ -24,6 +24,9 @@ std::string toStringByMeasures(QBSong& song);
 /// width, in columns.
 QBTabMatrix drawingOf(QBSong& song, int width = kWidthOfSystem);
 
+/// Says below the last system of a song that is not whole that its end is missing.
+void markEnd(QBTabMatrix& matrix, const QBSong& song);
+
 /// Renews the song's `tabulature`.
 void buildTab(QBSong& song);
 /// The same, a little at a time. The song keeps the old text until the end. It must not get or lose
