@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kColumnOfNumber = 1;
 constexpr int kColumnOfTempo = 8;
-constexpr int kFretColumns = 2;
+constexpr int kColumnsOfFret = 2;
 constexpr int kRowOfStems = 6;
 constexpr int kRowOfTime = 7;
 constexpr int kLastRowOfValue = 8;
@@ -147,7 +147,7 @@ void BeatDrawing::drawTones() {
 
 void BeatDrawing::drawTie(const Placed& from, const Placed& to, int string) {
   const bool hasFret = !from.cell.sign.isTied;
-  const double begin = from.cell.x + (hasFret ? kFretColumns : kMiddleOfStem);
+  const double begin = from.cell.x + (hasFret ? kColumnsOfFret : kMiddleOfStem);
   const double end = to.cell.x + kMiddleOfStem;
   const auto at = [](int system) { return static_cast<std::size_t>(system); };
   if (from.system == to.system) {
@@ -168,7 +168,7 @@ void BeatDrawing::drawRing(const SongBars::Ring& ring, std::size_t first) {
     TabSigns::System& system = m_signs.systems[static_cast<std::size_t>(m_placed[i].system)];
     if (&system != current)
       system.rings.push_back(
-          {ring.string, i == first ? cell.x + kFretColumns : static_cast<double>(cell.x), end});
+          {ring.string, i == first ? cell.x + kColumnsOfFret : static_cast<double>(cell.x), end});
     system.rings.back().to = end;
     current = &system;
   }

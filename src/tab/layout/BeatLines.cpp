@@ -23,14 +23,14 @@ constexpr int kColumnsBeforeSigns = 1;
 constexpr int kColumnsOfBarLine = 2;
 
 /// As much again for four times the length.
-int columnsOf(int ticks, bool isCompound) {
+int columnsForTicks(int ticks, bool compound) {
   const double quarters =
-      static_cast<double>(ticks) / (isCompound ? kTicksOfBeat * 2 / 3 : kTicksOfBeat);
+      static_cast<double>(ticks) / (compound ? kTicksOfBeat * 2 / 3 : kTicksOfBeat);
   return std::max(kFewestColumns,
                   static_cast<int>(std::lround(kColumnsOfQuarter * std::sqrt(quarters))));
 }
 
-int sumOf(const Part& part) {
+int columnsOfCells(const Part& part) {
   int sum = 0;
   for (const Cell& cell : part.cells) sum += cell.columns;
   return sum;
@@ -63,7 +63,7 @@ Part partOf(const SongBars::Bar& bar, int index) {
     const auto& event = bar.events[static_cast<std::size_t>(sign.event)];
     const int from = event.from + sign.from - (bar.first + event.from - bar.events.front().from);
     part.cells.push_back({sign, event.chord, from,
-                          columnsOf(sign.ticks, isCompound(bar.beat, bar.beattype)),
+                          columnsForTicks(sign.ticks, isCompound(bar.beat, bar.beattype)),
                           sign.event != before});
     before = sign.event;
   }
@@ -94,7 +94,7 @@ class LineBreaker {
     return kColumnsBeforeSigns + timeColumns(part) + (part.ends ? kColumnsOfBarLine : 0);
   }
 
-  int columns(const Part& part) const { return fixedColumns(part) + sumOf(part); }
+  int columns(const Part& part) const { return fixedColumns(part) + columnsOfCells(part); }
 
   void add(Part part) {
     if (m_used > 0 && m_used + columns(part) > m_room) newLine();
@@ -145,7 +145,7 @@ class LineBreaker {
     int natural = 0;
     for (const Part& part : line.parts) {
       fixed += fixedColumns(part);
-      natural += sumOf(part);
+      natural += columnsOfCells(part);
     }
     const double stretch = isStretched && natural > 0
                                ? std::max(1.0, static_cast<double>(m_room - fixed) / natural)

@@ -22,10 +22,9 @@ constexpr int kQuarters = 4;
 /// No chord is drawn longer, whatever a store says.
 constexpr int kMostTicks = 64 * kTicksOfBeat;
 
-int ticksOf(const QBChord& chord, bool isCompound) {
-  const int ticks = chord.ticks() > 0
-                        ? chord.ticks()
-                        : std::max(chord.duration(), 1) * ticksOfSixteenth(isCompound);
+int lengthOfChord(const QBChord& chord, bool compound) {
+  const int ticks = chord.ticks() > 0 ? chord.ticks()
+                                      : std::max(chord.duration(), 1) * ticksOfSixteenth(compound);
   return std::min(ticks, kMostTicks);
 }
 
@@ -33,7 +32,7 @@ bool isOnNeck(const QBTone& tone) {
   return tone.isActive() && tone.string() >= 0 && tone.string() < kStrings;
 }
 
-int sumOf(const SongBars::Bar& bar) {
+int ticksOfEvents(const SongBars::Bar& bar) {
   int sum = 0;
   for (const auto& event : bar.events) sum += event.ticks;
   return sum;
@@ -131,7 +130,7 @@ void SongBars::readBars(QBSong& song) {
                         {}});
     }
     Bar& bar = m_bars.back();
-    const int ticks = ticksOf(*chord, isCompound(bar.beat, bar.beattype));
+    const int ticks = lengthOfChord(*chord, isCompound(bar.beat, bar.beattype));
     bar.events.push_back({index++, tick, ticks, BarEvent::Kind::rest, {}, {}});
     tick += ticks;
   }
@@ -159,7 +158,7 @@ void SongBars::countBars() {
   int number = 0;
   for (Bar& bar : m_bars) {
     const Bar* before = &bar == &m_bars.front() ? nullptr : &bar - 1;
-    const int missing = ticksOfBar(bar.beat, bar.beattype) - sumOf(bar);
+    const int missing = ticksOfBar(bar.beat, bar.beattype) - ticksOfEvents(bar);
     const bool isPickUp = !before && m_bars.size() > 1 && missing > 0;
     bar.first = isPickUp ? missing : 0;
     bar.number = isPickUp ? 0 : ++number;

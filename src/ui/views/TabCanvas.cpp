@@ -6,12 +6,16 @@
 #include <cmath>
 
 #include "music/Neck.h"
+#include "ui/views/RhythmPainter.h"
 
 namespace korvel::ui {
 namespace {
 
 constexpr int kNoteValueRows = 3;
 constexpr int kTitleRow = 1;
+constexpr int kTripletRow = kStrings + kNoteValueRows;
+/// Before the first chord of a system.
+constexpr int kLabelColumns = 8;
 
 enum class Kind { plain, heading, title, names, string, noteValue, ruler };
 
@@ -23,6 +27,16 @@ Kind kindOf(const TabLayout& layout, int row) {
   if (below < 0) return Kind::names;
   if (below < kStrings) return Kind::string;
   return below < kStrings + kNoteValueRows ? Kind::noteValue : Kind::ruler;
+}
+
+/// Whether signs are drawn in the place of a row.
+bool isOfSigns(const TabLayout& layout, int row) {
+  const TabSigns& signs = layout.signs();
+  if (signs.isEmpty()) return false;
+  if (signs.tempo && signs.tempo->row == row) return true;
+  const TabLayout::System* system = layout.systemAt(row);
+  const int below = system ? row - system->top : -1;
+  return below >= kStrings && below <= kTripletRow;
 }
 
 bool isDrawnAsLines(Kind kind) { return kind == Kind::string || kind == Kind::noteValue; }
@@ -66,10 +80,23 @@ int TabCanvas::rowAt(double y) const { return static_cast<int>(std::floor(y / m_
 
 void TabCanvas::drawRow(QPainter& painter, const TabLayout& layout, int row,
                         const QString& words) const {
+  if (isOfSigns(layout, row)) return;
   const TabLayout::System* system = layout.systemAt(row);
   const Row described{row, system ? row - system->top : -1, kindOf(layout, row), words};
   drawLines(painter, described);
   drawWords(painter, described);
+}
+
+void TabCanvas::drawSigns(QPainter& painter, const TabLayout& layout, int first, int end) const {
+  const TabSigns& signs = layout.signs();
+  const RhythmPainter rhythm(m_font, m_shades, m_cell, m_pen);
+  if (signs.tempo && signs.tempo->row >= first && signs.tempo->row < end)
+    rhythm.drawTempo(painter, *signs.tempo);
+  for (std::size_t i = 0; i < signs.systems.size() && i < layout.systems().size(); ++i) {
+    const TabLayout::System& system = layout.systems()[i];
+    if (system.first < end && system.end >= first)
+      rhythm.drawSystem(painter, signs.systems[i], system.top);
+  }
 }
 
 /// A bar ends at the outer strings; a stem fills its cell.
@@ -107,8 +134,9 @@ void TabCanvas::drawWords(QPainter& painter, const Row& row) const {
     const int first = column;
     while (column + 1 < row.words.size() && isWord(column + 1)) ++column;
     const QString word = row.words.mid(first, column + 1 - first);
+    const bool isNumber = row.kind == Kind::names && first < kLabelColumns;
     const bool faint = row.kind == Kind::heading || row.kind == Kind::ruler ||
-                       row.kind == Kind::noteValue || word.startsWith(u'(');
+                       row.kind == Kind::noteValue || isNumber || word.startsWith(u'(');
     painter.setPen(faint ? m_shades.faintText : m_shades.text);
     painter.setFont(faint || row.kind == Kind::plain ? m_font : m_bold);
     painter.drawText(QPointF(first * m_cell.width(), baseline), word);

@@ -14,7 +14,8 @@ class QPaintDevice;
 namespace korvel::ui {
 
 /// Draws the rows of a tablature into cells of one size, on the screen or on paper: strings, bars
-/// and stems as lines, everything else as the text that it is.
+/// and stems as lines, everything else as the text that it is. Of a song on beats `drawSigns` draws
+/// the rhythm, and the rows that stand for it are left out.
 class TabCanvas {
  public:
   /// Columns of a fret's number.
@@ -33,6 +34,8 @@ class TabCanvas {
 
   /// Draws a row where it stands in the text, but with other words, such as the layout's own.
   void drawRow(QPainter& painter, const TabLayout& layout, int row, const QString& words) const;
+  /// The signs of rhythm in the rows [first, end) and at their edges.
+  void drawSigns(QPainter& painter, const TabLayout& layout, int first, int end) const;
 
  private:
   struct Row;

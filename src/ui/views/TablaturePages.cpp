@@ -52,6 +52,7 @@ class Press {
     for (int row = page.first; row < page.end; ++row)
       m_canvas.drawRow(painter, m_layout, row,
                        toText(m_layout.rows()[static_cast<std::size_t>(row)]));
+    m_canvas.drawSigns(painter, m_layout, page.first, page.end);
     painter.restore();
     painter.setPen(Qt::black);
     painter.setFont(m_footFont);
