@@ -2,8 +2,11 @@
 #include "tab/layout/TabLayout.h"
 
 #include <regex>
+#include <sstream>
 
+#include "support/Approved.h"
 #include "support/Testing.h"
+#include "support/songs/BeatSong.h"
 #include "support/store/StandardStore.h"
 #include "tab/layout/ChordSearch.h"
 #include "tab/layout/PlayPosition.h"
@@ -13,6 +16,14 @@
 
 namespace korvel {
 namespace {
+
+/// As string:column-column.
+std::string textOfLines(const std::vector<TabSigns::Line>& lines) {
+  std::ostringstream text;
+  for (const TabSigns::Line& line : lines)
+    text << ' ' << line.string << ':' << line.from << '-' << line.to;
+  return text.str();
+}
 
 constexpr const char* kFrets[] = {"x32010", "xxxxxx", "022000", "xx0a32", "x0221x"};
 
@@ -138,6 +149,24 @@ TEST_F(TabLayoutTest, pagesBreakBetweenSystems) {
     }
     EXPECT_EQ(page + 1, pages.size());
   }
+}
+
+TEST_F(TabLayoutTest, songsOnBeatsStandInSystemsOfBars) {
+  test::beatSong(m_song,
+                 "tempo=96 key=5 swing=0.6 3/4 F:xxxxx1 e xxxxx3 e | 1xxxx5 q_0h. xxxx6x q "
+                 "xxx5xx q | Bb:x1xxx1 q. xxxx3x e xxx3xx e xxxx3x e | C7:x3xxxx e3 xxx3xx e3 "
+                 "xxxx5x e3 xxx3xx q xxxxxa q | ~h rq | rh. | "
+                 "4/4 Ebmaj7:xx1343 h Dbmaj7:x4666x s s e e. s | F:1xx211 w");
+  test::addChord(m_song, "xxxxx0", 4);  // without ticks, as an edit may leave it
+  const TabLayout layout(*m_song, 60);
+  EXPECT_EQ(layout.places().size(), m_song->allChords().size());
+  expectFretsAtTheirPlaces(layout);
+  std::string text = textOf(layout);
+  for (const TabSigns::System& system : layout.signs().systems)
+    text += "ties" + textOfLines(system.ties) + "; held" + textOfLines(system.rings) + '\n';
+  text += textOf(TabLayout(toStringForExport(*m_song)));
+  test::expectApproved(text, "tab/beats.txt");
+  EXPECT_FALSE(TabLayout::forExport(*m_song).signs().isEmpty());
 }
 
 TEST_F(TabLayoutTest, chordsAreFoundByNameRoundTheSong) {

@@ -231,6 +231,11 @@ int BarSign::flags() const {
   return std::countr_zero(static_cast<unsigned>(value / kQuarterNote));
 }
 
+int sixteenthsOf(const BarSign& sign) {
+  const int plain = std::max(kSixteenthsOfWhole / sign.value, 1);
+  return sign.isDotted ? plain * 3 / 2 : plain;
+}
+
 std::vector<BarSign> signsOf(const std::vector<BarEvent>& events, int beat, int beattype,
                              int first) {
   return SignWriter(events, beat, beattype, first).write();

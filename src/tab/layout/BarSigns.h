@@ -29,6 +29,9 @@ struct BarSign {
   int flags() const;
 };
 
+/// Its written value, without regard to a triplet; a thirty-second counts as a sixteenth.
+int sixteenthsOf(const BarSign& sign);
+
 /// The signs of a bar. Notes are split and beamed so that its beats show: quarters, in compound
 /// time dotted ones. A beat with places off the sixteenths is a triplet. first: tick of the bar at
 /// which the events begin, not 0 in a pick-up. Lengths that no sign has get the nearest.

@@ -19,14 +19,8 @@ constexpr int kRowOfStems = 6;
 constexpr int kRowOfTime = 7;
 constexpr int kLastRowOfValue = 8;
 constexpr int kRowOfTriplets = 9;
-constexpr int kSixteenth = 16;
 constexpr double kMiddleOfStem = 1.5;
 constexpr const char* kQuarterSign = "\u2669";
-
-int sixteenthsOf(const BarSign& sign) {
-  const int plain = std::max(kSixteenth / sign.value, 1);
-  return sign.isDotted ? plain * 3 / 2 : plain;
-}
 
 std::string timeText(const SongBars::Bar& bar) {
   return std::to_string(bar.beat) + '/' + std::to_string(bar.beattype);

@@ -8,6 +8,8 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "tab/layout/LoopRange.h"
+#include "tab/layout/SongBars.h"
+#include "tab/text/BarText.h"
 #include "tab/text/ChordText.h"
 #include "tab/text/MeasureText.h"
 #include "tab/text/NoChords.h"
@@ -75,6 +77,21 @@ platform::Slices byMeasures(QBSong& song, const QBSong* loopOf, QBTabMatrix& mat
   }
 }
 
+/// The same for a song on beats.
+platform::Slices byBars(QBSong& song, const QBSong* loopOf, QBTabMatrix& matrix) {
+  const SongBars written(song);
+  openPage(matrix, song);
+  double done = 0;
+  for (const SongBars::Bar& bar : written.bars()) {
+    addBar(bar, song, loopOf, matrix);
+    co_yield ++done / static_cast<double>(written.bars().size());
+  }
+}
+
+platform::Slices inMeasures(QBSong& song, const QBSong* loopOf, QBTabMatrix& matrix) {
+  return song.isOnBeats() ? byBars(song, loopOf, matrix) : byMeasures(song, loopOf, matrix);
+}
+
 platform::Slices withEnd(platform::Slices work, const QBSong& song, QBTabMatrix& matrix) {
   while (work.next()) co_yield work.done();
   markEnd(matrix, song);
@@ -82,7 +99,7 @@ platform::Slices withEnd(platform::Slices work, const QBSong& song, QBTabMatrix&
 
 platform::Slices drawingInWidth(QBSong& song, QBTabMatrix& matrix, int width) {
   return withEnd(song.measures().empty() ? chordByChord(song, LoopRange(&song), matrix, width)
-                                         : byMeasures(song, &song, matrix),
+                                         : inMeasures(song, &song, matrix),
                  song, matrix);
 }
 
@@ -98,12 +115,12 @@ std::string drawn(platform::Slices (*draw)(QBSong&, QBTabMatrix&), QBSong& song)
 
 platform::Slices drawingForExport(QBSong& song, QBTabMatrix& matrix) {
   return withEnd(song.measures().empty() ? chordByChord(song, LoopRange(), matrix)
-                                         : byMeasures(song, nullptr, matrix),
+                                         : inMeasures(song, nullptr, matrix),
                  song, matrix);
 }
 
 platform::Slices drawingByMeasures(QBSong& song, QBTabMatrix& matrix) {
-  return withEnd(byMeasures(song, &song, matrix), song, matrix);
+  return withEnd(inMeasures(song, &song, matrix), song, matrix);
 }
 
 }  // namespace
