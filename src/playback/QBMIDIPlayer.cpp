@@ -8,25 +8,24 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
-#include "music/ChordStep.h"
 #include "music/Pitch.h"
 #include "playback/Metronome.h"
 #include "playback/MidiNote.h"
+#include "playback/StepTimes.h"
 
 namespace korvel {
 namespace {
 
 constexpr int kVelocity = 50;
 constexpr int kReleaseVelocity = 20;
-/// Notes end a little before the next chord.
-constexpr double kSounding = 0.95;
 constexpr std::uint8_t kProgramChange = 0xC0;
 
 }  // namespace
 
-QBMIDIPlayer::QBMIDIPlayer(QBSong& song, std::unique_ptr<platform::MusicPlayer> player)
-    : m_song(&song),
-      m_chords(song.allChords()),
+QBMIDIPlayer::QBMIDIPlayer(QBSong& song, std::unique_ptr<platform::MusicPlayer> player,
+                           SongTime::Tempo tempo)
+    : m_chords(song.allChords()),
+      m_times(ChordTimes::of(song, tempo)),
       m_track(&m_sequence.newTrack()),
       m_player(std::move(player)) {
   if (m_player) m_player->setSequence(m_sequence);
@@ -35,21 +34,24 @@ QBMIDIPlayer::QBMIDIPlayer(QBSong& song, std::unique_ptr<platform::MusicPlayer> 
 // ---- the sequence
 
 bool QBMIDIPlayer::playNote(int, int note, double duration) {
+  return addNote(note, StepTimes::lengthOfSteps(duration));
+}
+
+bool QBMIDIPlayer::addNote(int note, double length) {
   if (note < 0 || note > kHighestNote) return false;
   platform::MidiNoteMessage message;
   message.note = static_cast<std::uint8_t>(note);
   message.velocity = kVelocity;
   message.releaseVelocity = kReleaseVelocity;
-  message.duration = static_cast<float>(duration * kSecondsOfChord * kSounding);
+  message.duration = static_cast<float>(length);
   return m_track && m_track->addNote(m_timestamp, message);
 }
 
 QBChord& QBMIDIPlayer::playChord(QBChord& chord) {
-  m_timestamp = stepAfter(m_timestamp);
-  m_lastDuration = std::clamp(chord.duration(), 1, kLongestDuration);
+  m_timestamp = m_times->goTo(chord);
   if (const QBHold* hold = chord.hold())
     for (const QBTone* tone : hold->tones())
-      if (tone->isActive()) playNote(tone->string(), toMIDI(*tone), tone->soundingSteps());
+      if (tone->isActive()) addNote(toMIDI(*tone), m_times->lengthOf(*tone));
   return chord;
 }
 
@@ -88,7 +90,7 @@ void QBMIDIPlayer::scan(int from, int to) {
 
 void QBMIDIPlayer::addMetronome(int from, int to) {
   if (!m_clicks) m_clicks = &m_sequence.newTrack();
-  addClicks(*m_song, from, to, *m_clicks);
+  addClicks(m_times->beats(from, to), *m_clicks);
 }
 
 void QBMIDIPlayer::setMetronome(bool heard) {
@@ -102,7 +104,15 @@ void QBMIDIPlayer::setClickVolume(double factor) {
 
 void QBMIDIPlayer::addCountIn(int from) {
   if (!m_countIn) m_countIn = &m_sequence.newTrack();
-  m_leadIn = korvel::addCountIn(*m_song, from, *m_countIn);
+  const auto beats = m_times->countIn(from);
+  addClicks(beats, *m_countIn);
+  m_leadIn = beats.empty() ? 0 : std::max(-beats.front().time, 0.0);
+}
+
+void QBMIDIPlayer::turnBackAtEnd() {
+  const auto turn = m_times->turnOfLoop();
+  m_turnsBack = m_player && turn;
+  if (m_turnsBack) m_player->setLoop({*turn, m_times->endOfLoop()});
 }
 
 bool QBMIDIPlayer::changeProgram(int program) {
@@ -147,35 +157,21 @@ void QBMIDIPlayer::rewind() {
 }
 
 void QBMIDIPlayer::setPlaybackPosition(int index) {
-  if (m_player) m_player->setTime(index * kSecondsOfChord);
+  if (m_player) m_player->setTime(m_times->placeOf(index));
 }
 
 int QBMIDIPlayer::playbackPosition() const { return isPlaying() ? findIndex(m_player->time()) : 0; }
-
-/// The end of the song has no index, and so a song of one chord has none at all: whoever shows
-/// positions shows them up to the chord before the last.
-int QBMIDIPlayer::findIndex(double time) const {
-  const auto count = static_cast<int>(m_chords.size());
-  if (count <= 1) return -1;
-  float begin = 0;
-  for (int i = 0;; ++i) {
-    begin = stepAfter(begin);
-    if (time >= begin && time < stepAfter(begin)) return i;
-    if (i + 1 >= count - 1) return -1;
-  }
-}
 
 void QBMIDIPlayer::setPlaybackRate(float rate) {
   if (m_player) m_player->setPlayRateScalar(rate);
 }
 
 bool QBMIDIPlayer::isOver() const {
-  const double endOfChords = stepAfter(m_timestamp);
-  return m_player && m_player->time() >= std::max(m_sequence.length(), endOfChords);
+  return m_player && m_player->time() >= std::max(m_sequence.length(), m_times->end());
 }
 
 bool QBMIDIPlayer::isPastChords() const {
-  return m_player && m_player->time() >= m_timestamp + m_lastDuration * kSecondsOfChord;
+  return m_player && !m_turnsBack && m_player->time() >= m_times->endOfLoop();
 }
 
 }  // namespace korvel

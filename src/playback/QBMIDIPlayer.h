@@ -9,27 +9,30 @@
 #include "platform/midi/MusicSequence.h"
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
+#include "playback/ChordTimes.h"
 
 namespace korvel {
 
 class QBChord;
 class QBSong;
 
-/// A song as one MIDI sequence, a chord at each step, and its playing. Made for one playing: fill
-/// the sequence, start, stop, drop. A step is kSecondsOfChord; the first chord sounds after one.
-/// Times are kept in single precision, as positions are looked up with the same rounding.
+/// A song as one MIDI sequence, and its playing. Made for one playing: fill the sequence, start,
+/// stop, drop. A step is kSecondsOfChord; the first chord sounds after one. When the others do is
+/// what `ChordTimes` has: a step later each, or as it is written in a song on beats.
 class QBMIDIPlayer {
  public:
   /// General MIDI's steel-string acoustic guitar.
   static constexpr int kProgram = 25;
 
-  /// Without a player the sequence can be filled, but not played.
-  QBMIDIPlayer(QBSong& song, std::unique_ptr<platform::MusicPlayer> player);
+  /// Without a player the sequence can be filled, but not played. The tempo is that of a song on
+  /// beats.
+  QBMIDIPlayer(QBSong& song, std::unique_ptr<platform::MusicPlayer> player,
+               SongTime::Tempo tempo = SongTime::Tempo::asRecorded);
 
   // Filling the sequence.
   /// Adds a note at the present time; the string does not matter. duration: in steps.
   bool playNote(int string, int note, double duration);
-  /// Goes on by a step and adds the active tones there.
+  /// Goes on to when the chord is played and adds the active tones there.
   QBChord& playChord(QBChord& chord);
   /// The chord at an index; none beyond the end.
   QBChord* chordAtIndex(int index) const;
@@ -38,7 +41,7 @@ class QBMIDIPlayer {
   int next();
   /// Adds all chords.
   void scanFull();
-  /// Adds the chords of positions from..to, both included, one step after another.
+  /// Adds the chords of positions from..to, both included, one after another.
   void scan(int from, int to);
   /// Adds a track of clicks for the same chords; before it is started.
   void addMetronome(int from, int to);
@@ -50,6 +53,9 @@ class QBMIDIPlayer {
   /// begins with `goToBeginning`; before it is started.
   void addCountIn(int from);
   bool repeatAsLoop() const { return m_loop; }
+  /// Has what was added begin again in time at its end, as often as it comes; before it is started.
+  /// Without effect on steps, whose player is told to `rewind`.
+  void turnBackAtEnd();
   /// Changes the General MIDI program at time 0.
   bool changeProgram(int program);
   const platform::MusicSequence& sequence() const { return m_sequence; }
@@ -69,23 +75,26 @@ class QBMIDIPlayer {
   void goToBeginning();
   /// To the first chord.
   void rewind();
-  /// index: in steps.
+  /// index: of the chords that were added; of steps, each of which ends where its chord begins.
   void setPlaybackPosition(int index);
   /// The index of the chord that is heard; 0 when it does not play, -1 where findIndex has none.
   int playbackPosition() const;
-  /// The chord that a time belongs to, in beats: chord i from i + 1 steps to i + 2 steps; -1 before
-  /// the first and from the last one on.
-  int findIndex(double time) const;
+  /// The chord that a time belongs to, in beats: in steps chord i from i + 1 to i + 2 of them, and
+  /// -1 before the first and from the last one on; on beats also while the last one lasts.
+  int findIndex(double time) const { return m_times->indexAt(time); }
+  const ChordTimes& times() const { return *m_times; }
   void setPlaybackRate(float rate);
   /// All chords have been heard, the empty ones too, and all notes; it goes on in silence until it
   /// is stopped.
   bool isOver() const;
-  /// The last chord has had its duration: a loop begins again here, in time.
+  /// The last chord has had its duration: a loop is to begin again here. Never of what turns back.
   bool isPastChords() const;
 
  private:
-  platform::Ref<QBSong> m_song;
+  bool addNote(int note, double length);
+
   std::vector<platform::Ref<QBChord>> m_chords;
+  std::unique_ptr<ChordTimes> m_times;
   platform::MusicSequence m_sequence;
   platform::MusicTrack* m_track;
   platform::MusicTrack* m_clicks = nullptr;   ///< None without a metronome.
@@ -93,9 +102,9 @@ class QBMIDIPlayer {
   double m_leadIn = 0;                        ///< In beats.
   std::unique_ptr<platform::MusicPlayer> m_player;
   int m_cursor = 0;
-  float m_timestamp = 0;   ///< When the last chord was added, in beats.
-  int m_lastDuration = 1;  ///< Of that chord, in steps.
+  double m_timestamp = 0;  ///< When the last chord was added, in beats.
   bool m_loop = false;
+  bool m_turnsBack = false;
   int m_to = 0;
   platform::UserText m_problem;
 };

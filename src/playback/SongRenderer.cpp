@@ -16,10 +16,10 @@ constexpr double kLongestEchoSeconds = 10;
 }  // namespace
 
 SongRenderer::SongRenderer(QBSong& song, const std::optional<Range>& range, double rate,
-                           platform::Synthesizer& synthesizer)
+                           platform::Synthesizer& synthesizer, SongTime::Tempo tempo)
     : m_renderer(synthesizer),
       m_longestEcho(kLongestEchoSeconds * platform::Synthesizer::kSampleRate) {
-  QBMIDIPlayer player(song, nullptr);
+  QBMIDIPlayer player(song, nullptr, tempo);
   player.changeProgram(QBMIDIPlayer::kProgram);
   range ? player.scan(range->from, range->to) : player.scanFull();
   m_events = player.sequence().events();

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 
+#include "model/songs/SongTime.h"
 #include "platform/midi/MusicEvent.h"
 #include "platform/midi/SequenceRenderer.h"
 #include "platform/midi/Synthesizer.h"
@@ -24,10 +25,11 @@ class SongRenderer {
     int to;
   };
 
-  /// Without a range all chords; rate: 1 is the speed of the recording. The synthesiser must
-  /// outlive this.
+  /// Without a range all chords; rate: 1 is the speed of the recording. The tempo is that of a song
+  /// on beats. The synthesiser must outlive this.
   SongRenderer(QBSong& song, const std::optional<Range>& range, double rate,
-               platform::Synthesizer& synthesizer);
+               platform::Synthesizer& synthesizer,
+               SongTime::Tempo tempo = SongTime::Tempo::asRecorded);
   /// The loop that is set in the song, or none; an end that is not set is the song's.
   static std::optional<Range> loopOf(QBSong& song);
   SongRenderer(const SongRenderer&) = delete;

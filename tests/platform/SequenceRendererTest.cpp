@@ -123,6 +123,18 @@ TEST_F(SequenceRendererTest, seekingSilencesAndTakesUpTheChannels) {
   EXPECT_EQ(played(1, 1), "406silence 0p3 0+60 ");
 }
 
+TEST_F(SequenceRendererTest, aLoopTurnsBackToTheFrame) {
+  add(100, 300, 60);
+  add(500, 400, 61);
+  add(600, 10, 62);
+  use();
+  m_renderer.setLoop(
+      SequenceRenderer::Loop{100.0 / Synthesizer::kSampleRate, 600.0 / Synthesizer::kSampleRate});
+  EXPECT_EQ(played(1650, 64),
+            "100+60 400-60 500+61 600-61 600+60 900-60 1000+61 1100-61 1100+60 1400-60 1500+61 "
+            "1600-61 1600+60 ");
+}
+
 TEST_F(SequenceRendererTest, whatASeekCutsOffFadesOut) {
   add(0, 4000, 60);
   use();

@@ -2,6 +2,7 @@
 #include "platform/midi/MusicPlayer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 #include <utility>
 
@@ -35,6 +36,11 @@ void MusicPlayer::setSequence(MusicSequence& sequence) {
   m_sequence->onChanged([this] {
     if (m_queue) publishEvents();
   });
+}
+
+void MusicPlayer::setLoop(const SequenceRenderer::Loop& loop) {
+  m_loop = loop;
+  m_renderer.setLoop(loop);
 }
 
 void MusicPlayer::preroll() {
@@ -85,7 +91,13 @@ bool MusicPlayer::isLost() const { return m_queue ? m_queue->isLost() : m_lost; 
 double MusicPlayer::time() const {
   if (!m_queue) return m_time;
   const auto place = m_timeline.at(m_queue->currentTime().sampleTime);
-  return place && place->seek == m_seeks ? place->beat : m_time;
+  return place && place->seek == m_seeks ? inLoop(place->beat) : m_time;
+}
+
+/// The timeline knows the places that buffers begin with, and goes straight on in each.
+double MusicPlayer::inLoop(double beat) const {
+  if (!m_loop || beat < m_loop->end) return beat;
+  return m_loop->begin + std::fmod(beat - m_loop->end, m_loop->end - m_loop->begin);
 }
 
 void MusicPlayer::setTime(double beats) {

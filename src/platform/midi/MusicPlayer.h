@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,8 @@ class MusicPlayer {
 
   /// Before it plays. The sequence must outlive the playing; it may change meanwhile.
   void setSequence(MusicSequence& sequence);
+  /// Before it plays. What is played turns back at its end, in time.
+  void setLoop(const SequenceRenderer::Loop& loop);
 
   /// Opens the device and renders what is heard first, so that start takes no time. Throws
   /// AudioError.
@@ -55,12 +58,14 @@ class MusicPlayer {
   void publishEvents();
   void play(QueueBuffer& buffer);
   void takeOrders();
+  double inLoop(double beat) const;
 
   AudioSystem& m_system;
   std::string m_device;
   std::unique_ptr<Synthesizer> m_synthesizer;
   SequenceRenderer m_renderer{*m_synthesizer};
   MusicSequence* m_sequence = nullptr;
+  std::optional<SequenceRenderer::Loop> m_loop;
   double m_time = 0;  ///< Where it stands, or last was told to go.
   float m_volume = 1;
   bool m_lost = false;

@@ -46,6 +46,7 @@ void SequenceRenderer::seek(double beat) {
 void SequenceRenderer::render(std::span<std::int16_t> samples) {
   std::span<std::int16_t> rest = samples;
   while (!rest.empty()) {
+    turnBack();
     perform();
     const std::size_t frames = framesToNext(rest.size() / Synthesizer::kChannels);
     m_synthesizer.render(rest.first(frames * Synthesizer::kChannels));
@@ -85,6 +86,14 @@ void SequenceRenderer::fadeOut() {
   m_synthesizer.silence();
 }
 
+void SequenceRenderer::turnBack() {
+  if (!m_loop || !isDue(m_loop->end)) return;
+  for (const Held& held : m_held) m_synthesizer.noteOff(held.note);
+  m_held.clear();
+  anchorAt(m_loop->begin);
+  locate();
+}
+
 void SequenceRenderer::perform() {
   endNotes();
   for (; m_next < m_events.size() && isDue(m_events[m_next].time); ++m_next) {
@@ -121,6 +130,7 @@ void SequenceRenderer::strike(const MidiNoteMessage& note, double time) {
 std::size_t SequenceRenderer::framesToNext(std::size_t most) const {
   double next = m_next < m_events.size() ? frameOf(m_events[m_next].time) : kNever;
   for (const Held& held : m_held) next = std::min(next, frameOf(held.end));
+  if (m_loop) next = std::min(next, frameOf(m_loop->end));
   const double frames = next - static_cast<double>(m_frame);
   if (frames >= static_cast<double>(most)) return most;
   return frames > 1 ? static_cast<std::size_t>(frames) : 1;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -17,6 +18,12 @@ namespace korvel::platform {
 /// audio callback can drive it.
 class SequenceRenderer {
  public:
+  /// A stretch of a sequence, in beats; its end is later than its beginning.
+  struct Loop {
+    double begin;
+    double end;
+  };
+
   /// The synthesiser must outlive this.
   explicit SequenceRenderer(Synthesizer& synthesizer);
 
@@ -28,6 +35,9 @@ class SequenceRenderer {
   /// Goes to another place, in beats. What sounds ends (it fades out over the first few
   /// milliseconds there), and channels become what the events before the place make of them.
   void seek(double beat);
+  /// Whenever it comes to the end of the loop it goes on at its beginning, to the frame. What
+  /// sounds ends there, as a note does.
+  void setLoop(const std::optional<Loop>& loop) { m_loop = loop; }
 
   /// The next frames, stereo, interleaved.
   void render(std::span<std::int16_t> samples);
@@ -52,6 +62,7 @@ class SequenceRenderer {
   void anchorAt(double beat);
   void locate();
   void fadeOut();
+  void turnBack();
   void perform();
   void endNotes();
   void strike(const MidiNoteMessage& note, double time);
@@ -61,6 +72,7 @@ class SequenceRenderer {
   Synthesizer& m_synthesizer;
   std::span<const MusicEvent> m_events;
   std::size_t m_next = 0;
+  std::optional<Loop> m_loop;
   std::vector<Held> m_held;  ///< One for each pitch of a channel at most.
 
   double m_anchor = 0;       ///< Where the rate or the place last changed, in beats.

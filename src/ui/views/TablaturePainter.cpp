@@ -28,7 +28,7 @@ void TablaturePainter::paint(QPainter& painter, const QRectF& wanted) const {
     if (isVisible(system)) paintGround(painter, system);
   for (int row = first; row < end; ++row)
     m_canvas.drawRow(painter, m_shown.layout, row, words(row));
-  m_canvas.drawSigns(painter, m_layout, first, end);
+  m_canvas.drawSigns(painter, m_shown.layout, first, end);
   painter.setRenderHint(QPainter::Antialiasing);
   for (const auto& system : m_shown.layout.systems())
     if (isVisible(system)) paintMarks(painter, system);

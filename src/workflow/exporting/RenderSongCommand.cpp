@@ -18,10 +18,12 @@ constexpr std::size_t kSamplesOfStep = 32768;
 
 RenderSongCommand::RenderSongCommand(QBSong* song, RenderedPart part,
                                      const std::filesystem::path& file,
-                                     std::unique_ptr<platform::Synthesizer> synthesizer)
+                                     std::unique_ptr<platform::Synthesizer> synthesizer,
+                                     SongTime::Tempo tempo)
     : WritingCommand(platform::phrase("Job", "WAV Export"), file.filename().string(), file),
       m_song(song),
       m_part(part),
+      m_tempo(tempo),
       m_synthesizer(std::move(synthesizer)) {}
 
 RenderSongCommand::~RenderSongCommand() = default;
@@ -33,7 +35,7 @@ void RenderSongCommand::prepare() {
         m_song->title());
   const double rate = m_song->tempoRate() > 0 ? static_cast<double>(m_song->tempoRate()) : 1.0;
   const auto range = m_part == RenderedPart::loop ? SongRenderer::loopOf(*m_song) : std::nullopt;
-  m_renderer = std::make_unique<SongRenderer>(*m_song, range, rate, *m_synthesizer);
+  m_renderer = std::make_unique<SongRenderer>(*m_song, range, rate, *m_synthesizer, m_tempo);
   if (m_renderer->isSilent())
     throw EditRefused(
         platform::phrase("Message",

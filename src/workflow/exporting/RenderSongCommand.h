@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/songs/SongTime.h"
 #include "platform/persistence/Ref.h"
 #include "workflow/exporting/WritingCommand.h"
 
@@ -27,9 +28,10 @@ enum class RenderedPart { song, loop };
 /// it is complete. Follows the chords that the song has when it begins.
 class RenderSongCommand final : public WritingCommand {
  public:
-  /// loop: the whole song when it has none.
+  /// loop: the whole song when it has none. The tempo is that of a song on beats.
   RenderSongCommand(QBSong* song, RenderedPart part, const std::filesystem::path& file,
-                    std::unique_ptr<platform::Synthesizer> synthesizer);
+                    std::unique_ptr<platform::Synthesizer> synthesizer,
+                    SongTime::Tempo tempo = SongTime::Tempo::asRecorded);
   ~RenderSongCommand() override;
 
   /// Throws platform::FileError, and EditRefused where there is nothing to hear.
@@ -44,6 +46,7 @@ class RenderSongCommand final : public WritingCommand {
 
   platform::Ref<QBSong> m_song;
   RenderedPart m_part;
+  SongTime::Tempo m_tempo;
   std::unique_ptr<platform::Synthesizer> m_synthesizer;
   std::unique_ptr<SongRenderer> m_renderer;
   std::unique_ptr<platform::WaveFileWriter> m_writer;

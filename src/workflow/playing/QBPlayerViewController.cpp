@@ -62,10 +62,12 @@ void QBPlayerViewController::begin(QBSong& song) {
   m_song = &song;
   m_range = rangeOf(song);
   m_loops = song.fromChord() || song.toChord();
-  m_midi = std::make_unique<QBMIDIPlayer>(song, m_newPlayer());
+  m_midi = std::make_unique<QBMIDIPlayer>(
+      song, m_newPlayer(), m_strict ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded);
   m_midi->scan(m_range.from, m_range.to);
   m_midi->addMetronome(m_range.from, m_range.to);
   if (m_countIn) m_midi->addCountIn(m_range.from);
+  if (m_loops) m_midi->turnBackAtEnd();
   m_midi->setMetronome(m_metronome);
   m_midi->setClickVolume(m_clickVolume);
   m_first = static_cast<int>(std::ranges::count_if(
@@ -91,9 +93,9 @@ void QBPlayerViewController::playHandler() {
 /// so that the last chord of a loop lies beyond it. The mark in the tablature depends on that.
 void QBPlayerViewController::showPlace(int index) {
   m_shown = index;
-  const float fraction =
-      static_cast<float>(index + 1) / static_cast<float>(m_range.to - m_range.from);
-  m_controls.showPosition(percentOf(std::min(fraction, 1.0F)));
+  const int count = m_range.to - m_range.from;
+  const float fraction = static_cast<float>(index + 1) / static_cast<float>(count);
+  m_controls.showPosition(percentOf(std::min(m_midi->times().shareUntil(index, count), 1.0F)));
   if (m_session.activeSong() == m_song) m_session.setTabPosition(fraction);
 }
 
@@ -111,11 +113,11 @@ void QBPlayerViewController::followSound() {
 }
 
 double QBPlayerViewController::secondsHeard() const {
-  return (m_first + std::max(m_shown, 0)) * kSecondsOfChord;
+  return m_midi ? m_midi->times().secondsUntil(m_first + std::max(m_shown, 0)) : 0;
 }
 
 double QBPlayerViewController::secondsOfSong() const {
-  return m_song ? static_cast<double>(m_song->chords().size()) * kSecondsOfChord : 0;
+  return m_midi ? m_midi->times().secondsUntil(static_cast<int>(m_song->chords().size())) : 0;
 }
 
 void QBPlayerViewController::stop() {
@@ -156,7 +158,10 @@ void QBPlayerViewController::speedChanged() {
 /// An undo may have changed what plays; what is seen must not be another song than what is heard.
 void QBPlayerViewController::updateLoop() {
   if (m_midi && (m_song->isDeleted() || rangeOf(*m_song) != m_range)) stop();
-  m_controls.showLoop(LoopRange(m_session.activeSong()));
+  QBSong* active = m_session.activeSong();
+  m_controls.showLoop(LoopRange(active));
+  QBSong* timed = m_midi ? m_song.get() : active;
+  m_controls.showTempo(timed ? beatsPerMinuteOf(*timed) : 0);
 }
 
 float QBPlayerViewController::speedFraction() const {

@@ -29,6 +29,9 @@ class PlayerControls {
   /// Three characters, per cent.
   virtual void showPosition(const std::string& percent) = 0;
   virtual void showSpeed(const std::string& percent) = 0;
+  /// Beats a minute at full speed of what plays, or else of the session's song; 0 where it is not
+  /// on beats.
+  virtual void showTempo(double) {}
   /// Playing did not begin, or ended by itself: one line with what to do.
   virtual void showProblem(const platform::UserText& problem) = 0;
   /// Where the slider stands, and where it stands for the speed of the recording.
@@ -37,9 +40,10 @@ class PlayerControls {
 };
 
 /// Plays the session's song: its loop, again and again, or all of it, and ends by itself when that
-/// has been heard. The last chord of a song has no position. Another song may become the session's
-/// meanwhile; the place is told while it is the one that plays. Playing ends when its song is
-/// deleted, or gets another loop or other chords. Main thread; runs on the main run loop's timer.
+/// has been heard. The last chord of a song of steps has no position. Another song may become the
+/// session's meanwhile; the place is told while it is the one that plays. Playing ends when its
+/// song is deleted, or gets another loop or other chords. Main thread; runs on the main run loop's
+/// timer.
 class QBPlayerViewController final : public PlayerView {
  public:
   /// Makes what a song is played with; may throw AudioError and SoundFontError.
@@ -66,7 +70,7 @@ class QBPlayerViewController final : public PlayerView {
   /// once a step otherwise, which may be nearly a step late.
   void followSound();
   /// Where in the song the chord begins that was told last, and how long the song is: in seconds of
-  /// the recording.
+  /// the recording, or of strict tempo. 0 when none plays.
   double secondsHeard() const;
   double secondsOfSong() const;
 
@@ -76,6 +80,9 @@ class QBPlayerViewController final : public PlayerView {
   void setClickVolume(double factor);
   /// Whether a bar of clicks, or four, comes before what is played; for the next playing.
   void setCountIn(bool on) { m_countIn = on; }
+  /// Whether a song on beats is played in strict tempo, not as its recording went; for the next
+  /// playing.
+  void setStrict(bool on) { m_strict = on; }
   /// The slider has moved.
   void speedChanged();
   void updateLoop() override;
@@ -102,6 +109,7 @@ class QBPlayerViewController final : public PlayerView {
   Range m_range;
   bool m_metronome = false;
   bool m_countIn = false;
+  bool m_strict = false;
   double m_clickVolume = 1;
   int m_first = 0;   ///< Index in the song of the first chord that is played.
   int m_shown = -1;  ///< Index among those played of the chord that was told last.
