@@ -105,6 +105,7 @@ void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& opti
   QBPlayerViewController player(QBSession::session(), console, [&] {
     return std::make_unique<platform::MusicPlayer>(system, options.device, std::move(synthesizer));
   });
+  player.setStrict(options.sound.strict);
   const PlayingSession session(song, player);
   run(player, interrupts);
   if (!console.problem().empty()) throw CliError(named(console.problem(), options));

@@ -47,7 +47,8 @@ void render(const RenderOptions& options) {
 void renderSong(QBSong& song, const OutputFile& file, const SoundOptions& sound) {
   const LoopForNow loop(song, sound);
   const auto synthesizer = synthesizerFor(sound);
-  SongRenderer renderer(song, SongRenderer::loopOf(song), rateOf(song, sound), *synthesizer);
+  SongRenderer renderer(song, SongRenderer::loopOf(song), rateOf(song, sound), *synthesizer,
+                        tempoOf(sound));
   if (renderer.isSilent())
     throw CliError(fullTitle(song) +
                    ": nothing sounds in these chords, so there is nothing to write");

@@ -3,18 +3,35 @@
 
 #include <algorithm>
 
+#include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "playback/ChordTimes.h"
 #include "playback/GuitarSynthesizer.h"
 
 namespace korvel::cli {
+namespace {
+
+double rateFor(QBSong& song, double bpm) {
+  const double full = beatsPerMinuteOf(song);
+  if (full <= 0)
+    throw CliError(fullTitle(song) + ": is not on beats, so --rate sets how fast it is played");
+  return bpm / full;
+}
+
+}  // namespace
 
 void addSoundOptions(Command& command, SoundOptions& sound) {
-  command
-      .option("--rate", sound.rate, "Speed, where 1 is that of the recording (default: the song's)")
-      .within(0.1, 4);
+  Option rate = command.option("--rate", sound.rate,
+                               "Speed, where 1 is that of the recording (default: the song's)");
+  rate.within(0.1, 4);
+  command.option("--bpm", sound.bpm, "Speed of a song on beats, in beats a minute")
+      .within(10, 400)
+      .excludes(rate);
+  command.flag("--strict", sound.strict,
+               "Keep strict tempo in a song on beats (default: as its recording went)");
   command
       .option("--loop", sound.loop,
               "Positions of the chords to play (default: the song's loop, or all)")
@@ -28,9 +45,14 @@ std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& option
   return guitarSynthesizer(options.soundFont);
 }
 
-double rateOf(const QBSong& song, const SoundOptions& options) {
+double rateOf(QBSong& song, const SoundOptions& options) {
   if (options.rate) return *options.rate;
+  if (options.bpm) return rateFor(song, *options.bpm);
   return song.tempoRate() > 0 ? static_cast<double>(song.tempoRate()) : 1.0;
+}
+
+SongTime::Tempo tempoOf(const SoundOptions& options) {
+  return options.strict ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded;
 }
 
 LoopForNow::LoopForNow(QBSong& song, const SoundOptions& options)

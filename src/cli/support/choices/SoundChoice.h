@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "model/songs/SongTime.h"
 #include "platform/midi/Synthesizer.h"
 #include "platform/persistence/Ref.h"
 
@@ -21,17 +22,21 @@ class Command;
 /// How a song shall sound.
 struct SoundOptions {
   std::optional<double> rate;            ///< The song's own when not given.
+  std::optional<double> bpm;             ///< Beats a minute, in the place of a rate.
+  bool strict = false;                   ///< A song on beats is not played as it was recorded.
   std::vector<int> loop;                 ///< Two positions for the song's own loop, or none.
   std::optional<std::string> soundFont;  ///< What is found when not given.
 };
 
-/// Offers --rate, --loop and --soundfont.
+/// Offers --rate, --bpm, --strict, --loop and --soundfont.
 void addSoundOptions(Command& command, SoundOptions& sound);
 
 /// Throws SoundFontError.
 std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options);
 
-double rateOf(const QBSong& song, const SoundOptions& options);
+/// Throws CliError when beats a minute are asked of a song that is not on beats.
+double rateOf(QBSong& song, const SoundOptions& options);
+SongTime::Tempo tempoOf(const SoundOptions& options);
 
 /// Gives a song the loop of the options, if there is one, until the end of the scope; not stored.
 class LoopForNow {
