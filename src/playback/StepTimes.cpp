@@ -18,13 +18,8 @@ enum class Click { beat, first };
 using ClicksOfChords = std::map<const QBChord*, Click>;
 
 constexpr double kSounding = 0.95;
-constexpr double kStepsOfUnsetTone = 2.0;
 constexpr int kClicksBefore = 4;
 constexpr int kMostClicksBefore = 16;
-
-double stepsOf(const QBTone& tone) {
-  return tone.duration() == 0 ? kStepsOfUnsetTone : tone.duration();
-}
 
 /// Beats shorter than a sixteenth cannot be told apart, and a measure without a beat has
 /// sixteenths.
@@ -87,7 +82,7 @@ double StepTimes::goTo(const QBChord& chord) {
 
 double StepTimes::lengthOfSteps(double steps) { return steps * kSecondsOfChord * kSounding; }
 
-double StepTimes::lengthOf(const QBTone& tone) const { return lengthOfSteps(stepsOf(tone)); }
+double StepTimes::lengthOf(const QBTone& tone) const { return lengthOfSteps(tone.soundingSteps()); }
 
 std::vector<TimedBeat> StepTimes::beats(int from, int to) const {
   const Beats beats(*m_song);

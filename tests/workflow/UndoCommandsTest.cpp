@@ -194,6 +194,26 @@ TEST_F(UndoCommandsTest, loopThatTheSessionTakesAwayIsSaved) {
   m_session.setActiveSong(nullptr);
 }
 
+TEST_F(UndoCommandsTest, loopTakesInTheBarsAtItsEndsWhereItIsAskedTo) {
+  QBSong* song = m_desk.song(std::vector<std::string>(6, "x02210"));
+  const auto chords = song->allChords();
+  for (std::size_t bar = 0; bar < 2; ++bar) {
+    QBMeasure* measure = QBTabMgr::db().createMeasure(song, 4, 4);
+    for (std::size_t i : {2 * bar, 2 * bar + 1}) measure->addChord(chords.at(i).get());
+  }
+  const auto loop = [song] {
+    return std::pair(song->fromChord()->position(), song->toChord()->position());
+  };
+  setLoop(*song, 1, 2, LoopEnds::atBars);
+  EXPECT_EQ(loop(), std::pair(1, 4));
+  endLoop(*song, 0, LoopEnds::atBars);
+  EXPECT_EQ(loop(), std::pair(1, 2));
+  moveLoopEnd(*song, 5, LoopEnds::atBars);
+  EXPECT_EQ(loop(), std::pair(1, 6)) << "a chord in no bar";
+  beginLoop(*song, 3, LoopEnds::atBars);
+  EXPECT_EQ(loop(), std::pair(3, 6));
+}
+
 TEST_F(UndoCommandsTest, actionsAreCalledAsTheirMenuSaysAndLogged) {
   m_desk.song({"x02210", "x02210"});
   const auto tree = AlbumNode::withSongs(m_desk.album());

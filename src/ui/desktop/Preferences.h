@@ -70,6 +70,12 @@ class Preferences {
   /// Clicks are heard before a song.
   bool countIn() const { return m_store.value("sound/countIn").toBool(); }
   void setCountIn(bool on) { m_store.setValue("sound/countIn", on); }
+  /// Songs on beats are played in strict tempo.
+  bool strictTempo() const { return m_store.value("sound/strictTempo").toBool(); }
+  void setStrictTempo(bool on) { m_store.setValue("sound/strictTempo", on); }
+  /// The ends of loops are those of bars.
+  bool loopsBars() const { return m_store.value("loop/bars").toBool(); }
+  void setLoopsBars(bool on) { m_store.setValue("loop/bars", on); }
   /// File of the SoundFont; empty for one that is found.
   QString soundFont() const { return m_store.value("sound/soundFont").toString(); }
   void setSoundFont(const QString& file) { m_store.setValue("sound/soundFont", file); }

@@ -375,7 +375,10 @@ bool LibraryActions::mayReplace(const QString& file) {
 }
 
 void LibraryActions::renderSong(QBSong& song, RenderedPart part, const QString& file) {
-  run(std::make_shared<RenderSongCommand>(&song, part, file.toStdString(), newSynthesizer()));
+  const auto tempo =
+      Preferences().strictTempo() ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded;
+  run(std::make_shared<RenderSongCommand>(&song, part, file.toStdString(), newSynthesizer(),
+                                          tempo));
 }
 
 void LibraryActions::run(const std::shared_ptr<QBCommand>& job) {

@@ -3,9 +3,12 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QSlider>
+#include <QSpinBox>
 #include <QToolButton>
 #include <chrono>
+#include <cmath>
 
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBChord.h"
@@ -22,6 +25,10 @@ namespace korvel::ui {
 namespace {
 
 constexpr int kAll = 100;
+constexpr int kSlowest = 25;
+constexpr int kFastest = 150;
+/// A speed in beats a minute is no whole number of per cent.
+constexpr int kFullSpeed = 10000;
 constexpr double kClicksAsTheyCome = 70;
 constexpr int kSliderWidth = 9;  // in letters
 constexpr int kSecondsOfMinute = 60;
@@ -41,6 +48,7 @@ PlayerBar::PlayerBar(QWidget* parent)
     : QToolBar(tr("Player"), parent),
       m_metronome(new QCheckBox(tr("Metronome"))),
       m_countIn(new QCheckBox(tr("Count-in"))),
+      m_strict(new QCheckBox(tr("Strict tempo"))),
       m_loop(new QLabel),
       m_position(new QLabel),
       m_player(QBSession::session(), *this, [this] { return newPlayer(); }) {
@@ -55,15 +63,12 @@ PlayerBar::PlayerBar(QWidget* parent)
   addWidget(m_loop);
   m_resetLoop = addAction(tr("Reset Loop"), this, &PlayerBar::resetLoopWanted);
   addSeparator();
-  m_speed = addSlider(tr("Speed"), kSlowest, kFastest, kAll);
-  m_percent = new QLabel;
-  addWidget(m_percent);
+  addSpeed();
   m_volume = addSlider(tr("Volume"), 0, kAll, Preferences().volume());
   addMetronome();
   m_sound = addAction(tr("Sound ..."), this, &PlayerBar::settingsWanted);
   m_watch.setInterval(kWatch);
   connect(&m_watch, &QTimer::timeout, this, [this] { m_player.followSound(); });
-  connect(m_speed, &QSlider::valueChanged, this, [this] { m_player.speedChanged(); });
   connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
     Preferences().setVolume(value);
     applyVolume();
@@ -77,10 +82,25 @@ PlayerBar::PlayerBar(QWidget* parent)
   m_player.speedChanged();
   showPosition("  0");
   showLoop({});
+  showTempo(0);
   unlockAll();
 }
 
 PlayerBar::~PlayerBar() = default;
+
+void PlayerBar::addSpeed() {
+  m_speed = addSlider(tr("Speed"), kSlowest, kFastest, kAll);
+  connect(m_speed, &QSlider::valueChanged, this,
+          [this](int percent) { setRate(static_cast<double>(percent) / kAll); });
+  m_beats = new QSpinBox;
+  m_beats->setAccessibleName(tr("Beats a minute"));
+  m_beats->setToolTip(tr("Beats a minute"));
+  m_beats->setKeyboardTracking(false);
+  connect(m_beats, &QSpinBox::valueChanged, this, [this](int beats) { setRate(beats / m_tempo); });
+  m_ofBeats.push_back(addWidget(m_beats));
+  m_percent = new QLabel;
+  addWidget(m_percent);
+}
 
 QSlider* PlayerBar::addSlider(const QString& title, int least, int most, int value) {
   auto* label = new QLabel(' ' + title + ' ');
@@ -117,6 +137,13 @@ void PlayerBar::addMetronome() {
   m_countIn->setToolTip(tr("A bar of clicks, or four, before what is played"));
   m_countIn->setChecked(Preferences().countIn());
   addWidget(m_countIn);
+  connect(m_strict, &QCheckBox::toggled, this, [this](bool on) {
+    Preferences().setStrictTempo(on);
+    m_player.setStrict(on);
+  });
+  m_strict->setToolTip(tr("Not faster here and slower there, as the recording went"));
+  m_strict->setChecked(Preferences().strictTempo());
+  m_ofBeats.push_back(addWidget(m_strict));
 }
 
 // ---- what the user does
@@ -137,6 +164,20 @@ void PlayerBar::practise(const Practice& practice) {
 void PlayerBar::stop() { m_player.stop(); }
 
 void PlayerBar::toggle() { m_player.isPlaying() ? stop() : play(); }
+
+/// Slider and beats follow each other.
+void PlayerBar::setRate(double rate) {
+  m_rate = rate;
+  const QSignalBlocker asItIs(m_speed);
+  m_speed->setValue(static_cast<int>(std::lround(rate * kAll)));
+  showBeats();
+  m_player.speedChanged();
+}
+
+void PlayerBar::showBeats() {
+  const QSignalBlocker asItIs(m_beats);
+  m_beats->setValue(static_cast<int>(std::lround(m_tempo * m_rate)));
+}
 
 std::unique_ptr<platform::MusicPlayer> PlayerBar::newPlayer() {
   const Preferences preferences;
@@ -159,6 +200,7 @@ void PlayerBar::setLocked(bool locked) {
   next->setEnabled(true);
   if (widgetForAction(locked ? m_play : m_stop)->hasFocus()) widgetForAction(next)->setFocus();
   for (QAction* action : {m_play, m_resetLoop, m_sound}) action->setEnabled(!locked);
+  m_strict->setEnabled(!locked);
   m_stop->setEnabled(locked);
   tellMoved();
 }
@@ -203,12 +245,24 @@ void PlayerBar::showSpeed(const std::string& percent) {
   m_percent->setText(toText(percent) + " % ");
 }
 
+void PlayerBar::showTempo(double beatsPerMinute) {
+  m_tempo = beatsPerMinute;
+  for (QAction* action : m_ofBeats) action->setVisible(m_tempo > 0);
+  const QSignalBlocker asItIs(m_beats);
+  const auto at = [this](int percent) {
+    return static_cast<int>(std::lround(m_tempo * percent / kAll));
+  };
+  m_beats->setSuffix(tr(" of %1", "beats a minute of so many").arg(at(kAll)));
+  m_beats->setRange(at(kSlowest), at(kFastest));
+  showBeats();
+}
+
 void PlayerBar::showProblem(const platform::UserText& problem) {
   emit refused(translated(problem));
 }
 
-int PlayerBar::speed() const { return m_speed->value(); }
+int PlayerBar::speed() const { return static_cast<int>(std::lround(m_rate * kFullSpeed)); }
 
-int PlayerBar::fullSpeed() const { return kAll; }
+int PlayerBar::fullSpeed() const { return kFullSpeed; }
 
 }  // namespace korvel::ui

@@ -3,12 +3,14 @@
 
 #include <QTimer>
 #include <QToolBar>
+#include <vector>
 
 #include "workflow/playing/QBPlayerViewController.h"
 
 class QCheckBox;
 class QLabel;
 class QSlider;
+class QSpinBox;
 
 namespace korvel {
 struct Practice;
@@ -40,6 +42,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void showLoop(const LoopRange& loop) override;
   void showPosition(const std::string& percent) override;
   void showSpeed(const std::string& percent) override;
+  /// What belongs to songs on beats shows for these only.
+  void showTempo(double beatsPerMinute) override;
   void showProblem(const platform::UserText& problem) override;
   int speed() const override;
   int fullSpeed() const override;
@@ -58,6 +62,9 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void refused(const QString& text);
 
  private:
+  void addSpeed();
+  void setRate(double rate);
+  void showBeats();
   QSlider* addSlider(const QString& title, int least, int most, int value);
   std::unique_ptr<platform::MusicPlayer> newPlayer();
   void applyVolume();
@@ -72,10 +79,15 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   QAction* m_sound;
   QCheckBox* m_metronome;
   QCheckBox* m_countIn;
+  QCheckBox* m_strict;
   QLabel* m_loop;
   QLabel* m_position;
   QLabel* m_percent = nullptr;
   QSlider* m_speed = nullptr;
+  QSpinBox* m_beats = nullptr;      ///< The speed in beats a minute.
+  std::vector<QAction*> m_ofBeats;  ///< What shows for songs on beats only.
+  double m_rate = 1;
+  double m_tempo = 0;  ///< Beats a minute at full speed; 0 without.
   QSlider* m_volume = nullptr;
   QSlider* m_clicks = nullptr;                  ///< How loud the metronome is.
   platform::MusicPlayer* m_sounding = nullptr;  ///< The controller's, while it plays.

@@ -2893,6 +2893,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>&amp;Sort Library</source>
         <translation>Bibliothek &amp;sortieren</translation>
     </message>
+    <message>
+        <source>Loop &amp;Whole Bars</source>
+        <translation>&amp;Ganze Takte im Loop</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
@@ -3001,6 +3005,23 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>A bar of clicks, or four, before what is played</source>
         <translation>Ein Takt Klicks oder vier, bevor es losgeht</translation>
+    </message>
+    <message>
+        <source>Strict tempo</source>
+        <translation>Striktes Tempo</translation>
+    </message>
+    <message>
+        <source>Beats a minute</source>
+        <translation>Schläge pro Minute</translation>
+    </message>
+    <message>
+        <source>Not faster here and slower there, as the recording went</source>
+        <translation>Nicht mal schneller und mal langsamer, wie es die Aufnahme war</translation>
+    </message>
+    <message>
+        <source> of %1</source>
+        <comment>beats a minute of so many</comment>
+        <translation> von %1</translation>
     </message>
 </context>
 <context>

@@ -205,6 +205,10 @@ void MainWindow::addPlayMenu() {
   menu->addAction(tr("&Begin Loop Here"), tr("["), m_shown, &ShownSong::beginLoop);
   menu->addAction(tr("&End Loop Here"), tr("]"), m_shown, &ShownSong::endLoop);
   menu->addAction(tr("&Reset Loop"), m_shown, &ShownSong::resetLoop);
+  QAction* bars = menu->addAction(tr("Loop &Whole Bars"));
+  bars->setCheckable(true);
+  bars->setChecked(Preferences().loopsBars());
+  connect(bars, &QAction::toggled, this, [](bool on) { Preferences().setLoopsBars(on); });
 }
 
 void MainWindow::addViewMenu() {

@@ -3,6 +3,7 @@
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "ui/desktop/Preferences.h"
 #include "ui/desktop/Translated.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/sound/PlayerBar.h"
@@ -14,6 +15,11 @@
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
+namespace {
+
+LoopEnds loopEnds() { return Preferences().loopsBars() ? LoopEnds::atBars : LoopEnds::atChords; }
+
+}  // namespace
 
 ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_views(views) {
   TablatureView& tablature = m_views.tablature;
@@ -23,10 +29,11 @@ ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_v
           [](double x, double y) { QBSession::session().selectChord(x, y); });
   connect(&tablature, &TablatureView::songWanted, this,
           [this] { QBSession::session().setActiveSong(m_song); });
-  connect(&tablature, &TablatureView::loopEndChosen, this,
-          [this](int chord) { changeLoop([chord](QBSong& song) { moveLoopEnd(song, chord); }); });
+  connect(&tablature, &TablatureView::loopEndChosen, this, [this](int chord) {
+    changeLoop([chord](QBSong& song) { moveLoopEnd(song, chord, loopEnds()); });
+  });
   connect(&tablature, &TablatureView::loopDragged, this, [this](int first, int last) {
-    changeLoop([first, last](QBSong& song) { setLoop(song, first, last); });
+    changeLoop([first, last](QBSong& song) { setLoop(song, first, last, loopEnds()); });
   });
   connect(&tablature, &TablatureView::cursorMoved, this, &ShownSong::showCursor);
   connect(&tablature, &TablatureView::playToggled, &player, &PlayerBar::toggle);
@@ -70,13 +77,13 @@ void ShownSong::resetLoop() {
 
 void ShownSong::beginLoop() {
   changeLoop([chord = m_views.tablature.cursorChord()](QBSong& song) {
-    if (chord >= 0) korvel::beginLoop(song, chord);
+    if (chord >= 0) korvel::beginLoop(song, chord, loopEnds());
   });
 }
 
 void ShownSong::endLoop() {
   changeLoop([chord = m_views.tablature.cursorChord()](QBSong& song) {
-    if (chord >= 0) korvel::endLoop(song, chord);
+    if (chord >= 0) korvel::endLoop(song, chord, loopEnds());
   });
 }
 
