@@ -5,7 +5,9 @@
 #include "platform/midi/FluidSynthesizer.h"
 #include "playback/MidiNote.h"
 #include "playback/SongRenderer.h"
+#include "support/Script.h"
 #include "support/Testing.h"
+#include "support/songs/BeatSong.h"
 #include "support/sound/HandAudio.h"
 #include "support/sound/SoundFont.h"
 #include "support/store/StandardStore.h"
@@ -133,6 +135,63 @@ TEST_F(QBMIDIPlayerTest, countInIsABarOrFourClicksAndAsLoudAsTheMetronome) {
   QBMeasure* measure = QBTabMgr::db().createMeasure(m_song, 3, 8);
   measure->addChord(m_song->allChords().front().get());
   EXPECT_EQ(countIn(), "-5:45 -3:30 -1:30 1:45 ");
+}
+
+/// Milliseconds count.
+double rounded(double seconds) { return std::round(seconds * 1000) / 1000 + 0.0; }
+
+/// Times from the first chord on.
+std::string textOf(const std::vector<TimedBeat>& beats) {
+  std::ostringstream text;
+  for (const TimedBeat& beat : beats)
+    text << rounded(beat.time - kSecondsOfChord) << (beat.first ? "! " : " ");
+  return text.str();
+}
+
+TEST_F(QBMIDIPlayerTest, songsOnBeatsArePlayedAsWritten) {
+  auto tempo = SongTime::Tempo::strict;
+  std::unique_ptr<QBMIDIPlayer> midi;
+  test::expectScript(
+      "playing/beats.txt",
+      {{"song",
+        [&](const test::Words& words) {
+          m_song = test::beatSong(m_store.song("Song"), words.textFrom(0));
+          return "";
+        }},
+       {"beatTimes",
+        [&](const test::Words& words) {
+          for (std::size_t i = 0; i < words.size(); ++i)
+            if (words[i] != "-")
+              m_song->allChords()[i]->setBeatTime(std::lround(words.real(i) * 44100));
+          return "";
+        }},
+       {"notes",
+        [&](const test::Words& words) {
+          tempo = words[0] == "strict" ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded;
+          midi = std::make_unique<QBMIDIPlayer>(*m_song, nullptr, tempo);
+          midi->scan(words.number(1), words.number(2));
+          std::ostringstream text;
+          for (const auto& event : midi->sequence().events()) {
+            const auto& note = std::get<MidiNoteMessage>(event.message);
+            text << rounded(event.time - kSecondsOfChord) << ':' << int{note.note} << '*'
+                 << rounded(static_cast<double>(note.duration)) << ' ';
+          }
+          return text.str();
+        }},
+       {"clicks",
+        [&](const test::Words& words) {
+          return textOf(ChordTimes::of(*m_song, tempo)->beats(words.number(0), words.number(1)));
+        }},
+       {"countIn",
+        [&](const test::Words& words) {
+          return textOf(ChordTimes::of(*m_song, tempo)->countIn(words.number(0)));
+        }},
+       {"chordsAt", [&](const test::Words& words) {
+          std::string text;
+          for (std::size_t i = 0; i < words.size(); ++i)
+            text += std::to_string(midi->findIndex(words.real(i) + kSecondsOfChord)) + ' ';
+          return text;
+        }}});
 }
 
 TEST_F(QBMIDIPlayerTest, cursorStopsBehindTheLastChord) {

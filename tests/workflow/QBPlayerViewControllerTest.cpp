@@ -25,6 +25,9 @@ struct Controls final : PlayerControls {
   }
   void showPosition(const std::string& percent) override { told.push_back(percent); }
   void showSpeed(const std::string& percent) override { told.push_back("speed " + percent); }
+  void showTempo(double beatsPerMinute) override {
+    if (beatsPerMinute > 0) told.push_back("tempo " + std::to_string(std::lround(beatsPerMinute)));
+  }
   void showProblem(const platform::UserText& problem) override {
     told.push_back(problem.english());
   }
@@ -115,6 +118,10 @@ TEST_F(QBPlayerViewControllerTest, playsAsWritten) {
   test::expectScript(
       "playing/player.txt",
       {{"song", after([&](const Words& words) { make(words.number(0), words[1]); })},
+       {"onBeats", after([&](const Words& words) {  // a beat each
+          m_song->setTempo(words.number(0));
+          for (const auto& each : m_song->allChords()) each->setTicks(12);
+        })},
        {"append", after([&](const Words& words) { test::addChord(m_song, words[0]); })},
        {"loop", after([&](const Words& words) {
           m_song->setFromChord(chord(words, 0));
