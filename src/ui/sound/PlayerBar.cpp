@@ -27,8 +27,6 @@ namespace {
 constexpr int kAll = 100;
 constexpr int kSlowest = 25;
 constexpr int kFastest = 150;
-/// A speed in beats a minute is no whole number of per cent.
-constexpr int kFullSpeed = 10000;
 constexpr double kClicksAsTheyCome = 70;
 constexpr int kSliderWidth = 9;  // in letters
 constexpr int kSecondsOfMinute = 60;
@@ -261,8 +259,8 @@ void PlayerBar::showProblem(const platform::UserText& problem) {
   emit refused(translated(problem));
 }
 
-int PlayerBar::speed() const { return static_cast<int>(std::lround(m_rate * kFullSpeed)); }
+int PlayerBar::speed() const { return m_speed->value(); }
 
-int PlayerBar::fullSpeed() const { return kFullSpeed; }
+int PlayerBar::fullSpeed() const { return kAll; }
 
 }  // namespace korvel::ui

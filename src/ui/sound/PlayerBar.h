@@ -47,6 +47,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void showProblem(const platform::UserText& problem) override;
   int speed() const override;
   int fullSpeed() const override;
+  /// A speed in beats a minute is no whole number of per cent.
+  float rate() const override { return static_cast<float>(m_rate); }
 
  public slots:
   void play();

@@ -76,7 +76,7 @@ void QBPlayerViewController::begin(QBSong& song) {
   m_timer = platform::RunLoop::main().scheduleRepeating(kSecondsOfChord, [this] { playHandler(); });
   m_watch = platform::RunLoop::main().scheduleRepeating(kWatch, [this] { lookForEnd(); });
   if (!m_midi->start()) throw platform::AudioError(m_midi->problem());
-  m_midi->setPlaybackRate(speedFraction());
+  m_midi->setPlaybackRate(m_controls.rate());
   m_midi->goToBeginning();
   m_session.lockTab(true);
 }
@@ -151,8 +151,8 @@ void QBPlayerViewController::setClickVolume(double factor) {
 }
 
 void QBPlayerViewController::speedChanged() {
-  m_controls.showSpeed(percentOf(speedFraction()));
-  if (m_midi) m_midi->setPlaybackRate(speedFraction());
+  m_controls.showSpeed(percentOf(m_controls.rate()));
+  if (m_midi) m_midi->setPlaybackRate(m_controls.rate());
 }
 
 /// An undo may have changed what plays; what is seen must not be another song than what is heard.
@@ -162,10 +162,6 @@ void QBPlayerViewController::updateLoop() {
   m_controls.showLoop(LoopRange(active));
   QBSong* timed = m_midi ? m_song.get() : active;
   m_controls.showTempo(timed ? beatsPerMinuteOf(*timed) : 0);
-}
-
-float QBPlayerViewController::speedFraction() const {
-  return static_cast<float>(m_controls.speed()) / static_cast<float>(m_controls.fullSpeed());
 }
 
 }  // namespace korvel

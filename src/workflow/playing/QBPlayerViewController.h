@@ -37,6 +37,10 @@ class PlayerControls {
   /// Where the slider stands, and where it stands for the speed of the recording.
   virtual int speed() const = 0;
   virtual int fullSpeed() const = 0;
+  /// The share that this comes to; another where the slider stands beside the exact speed.
+  virtual float rate() const {
+    return static_cast<float>(speed()) / static_cast<float>(fullSpeed());
+  }
 };
 
 /// Plays the session's song: its loop, again and again, or all of it, and ends by itself when that
@@ -100,7 +104,6 @@ class QBPlayerViewController final : public PlayerView {
   void lookForEnd();
   void showPlace(int index);
   void end(const platform::UserText& problem);
-  float speedFraction() const;
 
   QBSession& m_session;
   PlayerControls& m_controls;
