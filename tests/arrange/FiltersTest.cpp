@@ -30,7 +30,7 @@
 #include "model/instruments/QBString.h"
 #include "support/Script.h"
 #include "support/Testing.h"
-#include "support/songs/WrittenChords.h"
+#include "support/songs/ChordLines.h"
 #include "support/store/StandardStore.h"
 #include "tab/filters/QBExtractVoicings.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Script.h"
 #include "support/Testing.h"
-#include "support/songs/WrittenChords.h"
+#include "support/songs/ChordLines.h"
 #include "support/store/StandardStore.h"
 #include "tab/filters/BestFingering.h"
 #include "tab/filters/QBTabFilter.h"

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "cli/support/Command.h"
-#include "cli/support/SongChoice.h"
+#include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBSong.h"
 #include "workflow/arranging/guided/EasyVersion.h"
 #include "workflow/session/QBSession.h"

@@ -7,6 +7,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 #include "music/Pitch.h"
 
 namespace korvel {
@@ -38,7 +39,9 @@ std::size_t rootOf(const ChordName& name) { return static_cast<std::size_t>(name
 }  // namespace
 
 ChordSheet::ChordSheet(QBSong& song, bool plain)
-    : m_plain(plain), m_major(parseChordName("C")), m_minor(parseChordName("Cm")) {
+    : m_plain(plain),
+      m_major(parseChordName(QBTabMgr::of(song), "C")),
+      m_minor(parseChordName(QBTabMgr::of(song), "Cm")) {
   countThirds(song);
   for (const auto& chord : song.allChords()) addStep(*chord);
   nameBeginning();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/songs/WrittenChords.h"
+#include "support/songs/ChordLines.h"
 
 #include <algorithm>
 #include <regex>
