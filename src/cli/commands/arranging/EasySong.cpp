@@ -42,8 +42,8 @@ void makeEasy(const EasyOptions& options) {
   const int capo = capoOf(choices, song);
   printTitle(easyVersion(choices).accept(song));
   if (capo > 0)
-    QBSession::session().addToLog("With a capo on fret " + std::to_string(capo) +
-                                  " it sounds as recorded.");
+    QBSession::session().addToLog(platform::UserText(
+        platform::phrase("Log", "With a capo on fret %1 it sounds as recorded."), capo));
 }
 
 }  // namespace
