@@ -75,7 +75,7 @@ class QBMIDIPlayer {
   void goToBeginning();
   /// To the first chord.
   void rewind();
-  /// index: of the chords that were added; of steps, each of which ends where its chord begins.
+  /// To the chord of that index among those that were added; in steps to a step before it.
   void setPlaybackPosition(int index);
   /// The index of the chord that is heard; 0 when it does not play, -1 where findIndex has none.
   int playbackPosition() const;
