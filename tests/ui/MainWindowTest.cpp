@@ -14,11 +14,13 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
 
 #include "support/Testing.h"
+#include "support/songs/BeatSong.h"
 #include "support/sound/Guitar.h"
 #include "support/store/FileSizeLimit.h"
 #include "support/store/ReadOnlyFolder.h"
@@ -32,6 +34,7 @@
 #include "ui/dialogs/guides/EasyDialog.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
+#include "ui/sound/PlayerBar.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
 #include "ui/window/JobPanel.h"
@@ -625,6 +628,23 @@ TEST_F(MainWindowTest, folderBecomesAnAlbumOfItsRecordings) {
   m_window->importFiles({folder.path() + '/'});
   ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }, 20000));
   EXPECT_EQ(titles(), "Set/01. A Set/02. Bside ");
+}
+
+TEST_F(MainWindowTest, songOnBeatsIsPractisedInBeatsAMinuteAndWholeBars) {
+  QBSong* song = QBTabMgr::db().createAlbum("Practice", false)->createSong("Waltz");
+  test::beatSong(song, "tempo=96 3/4 x02210 q q q | q q q |");
+  QBSession::session().setActiveSong(song);
+  auto* player = m_window->findChild<PlayerBar*>();
+  auto* beats = player->findChild<QSpinBox*>();
+  EXPECT_EQ(beats->text(), "96 of 96");
+  beats->setValue(80);
+  EXPECT_FLOAT_EQ(player->rate(), 80.0F / 96);
+  EXPECT_EQ(player->speed(), 83);
+  action("Loop Whole Bars")->trigger();
+  m_window->tablature().moveCursor(1, 0);
+  action("End Loop Here")->trigger();
+  EXPECT_EQ(song->fromChord()->position(), 1);
+  EXPECT_EQ(song->toChord()->position(), 3);
 }
 
 TEST_F(MainWindowTest, searchLeavesTheSongThatIsShown) {
