@@ -2,7 +2,6 @@
 #include "workflow/playing/ToneRoll.h"
 
 #include "support/Testing.h"
-#include "support/songs/BeatSong.h"
 #include "support/store/StandardStore.h"
 
 namespace korvel {
@@ -38,12 +37,6 @@ TEST_F(ToneRollTest, tonesRingUntilTheNoteIsStruckAgain) {
       << "string 4 at fret 5 is the same note; nothing rings beyond the end";
   m_song->setTuning(m_store.dropD());
   EXPECT_NE(drawn().find("3:38*1"), std::string::npos);
-}
-
-TEST_F(ToneRollTest, tonesOfSongsOnBeatsRingThroughTheChordsTheyAreWrittenOver) {
-  test::beatSong(m_song, "tempo=120 0xxxx3 q_0w. xxxxx5 q e e q | rq xxxxx7 h. |");
-  EXPECT_EQ(drawn(), "0:40*7 0:67*1 1:69*1 2:69*1 3:69*1 4:69*1 6:71*1 ");
-  EXPECT_DOUBLE_EQ(ToneRoll(*m_song).secondsOf(3), 1.25);
 }
 
 TEST_F(ToneRollTest, loudnessIsRelativeToTheLoudest) {

@@ -19,6 +19,7 @@
 #include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "music/ChordStep.h"
 #include "music/Pitch.h"
 #include "ui/desktop/Text.h"
 #include "ui/views/ChordWords.h"
@@ -58,9 +59,9 @@ int roundStep(double atLeast) {
   return step;
 }
 
-QString timeOf(double seconds) {
-  const int whole = static_cast<int>(seconds);
-  return QString("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QChar(u'0'));
+QString timeOf(int chord) {
+  const int seconds = static_cast<int>(chord * kSecondsOfChord);
+  return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
 }
 
 }  // namespace
@@ -354,12 +355,11 @@ void RollView::paintPitches(QPainter& painter, const Shades& shades) const {
 // ---- words
 
 QString RollView::words(int chord) const {
-  const int chords = m_song ? static_cast<int>(m_song->allChords().size()) : 0;
-  if (chord < 0 || chord >= std::min(chords, m_roll.chords())) return {};
+  if (!m_song || chord < 0 || chord >= static_cast<int>(m_song->allChords().size())) return {};
   const QBChord& shown = *m_song->allChords()[static_cast<std::size_t>(chord)];
   return tr("Chord %1, %2. %3", "number, time, tones")
       .arg(chord + 1)
-      .arg(timeOf(m_roll.secondsOf(chord)), ChordWords(tuningOf(m_song)).grip(shown));
+      .arg(timeOf(chord), ChordWords(tuningOf(m_song)).grip(shown));
 }
 
 // ---- input

@@ -14,7 +14,6 @@
 #include "model/songs/QBTone.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
-#include "playback/ChordTimes.h"
 
 namespace korvel {
 namespace {
@@ -39,11 +38,8 @@ double loudnessOf(double amp, double loudest) {
 
 ToneRoll::ToneRoll(QBSong& song) : m_chords(static_cast<int>(song.allChords().size())) {
   readTones(song);
-  if (song.isOnBeats()) ringAsWritten(song);
   endAtRepetition();
   readBars(song);
-  const auto times = ChordTimes::of(song, SongTime::Tempo::asRecorded);
-  for (int chord = 0; chord < m_chords; ++chord) m_seconds.push_back(times->secondsUntil(chord));
 }
 
 void ToneRoll::readTones(QBSong& song) {
@@ -64,17 +60,6 @@ void ToneRoll::readTones(QBSong& song) {
   }
   std::ranges::stable_sort(m_tones, {},
                            [](const Tone& tone) { return std::tuple(tone.chord, tone.pitch); });
-}
-
-void ToneRoll::ringAsWritten(QBSong& song) {
-  const SongTime time(song, SongTime::Tempo::strict);
-  for (Tone& tone : m_tones) {
-    const auto chord = static_cast<std::size_t>(tone.chord);
-    const QBTone* written = song.allChords()[chord]->hold()->findToneByString(tone.string);
-    if (!written || !written->hasTicks()) continue;
-    const int last = time.tickOf(chord) + written->ticks() - 1;
-    tone.steps = std::max(static_cast<int>(time.chordAt(last)) - tone.chord + 1, 1);
-  }
 }
 
 void ToneRoll::endAtRepetition() {

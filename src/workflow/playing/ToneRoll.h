@@ -1,20 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstddef>
 #include <vector>
 
 namespace korvel {
 
 class QBSong;
 
-/// The tones of a song in time: one step for each chord, however long that lasts. A copy of what
-/// the song was when the roll was made; chords are indexes in its `allChords`.
+/// The tones of a song in time: one step for each chord, as it is played. A copy of what the song
+/// was when the roll was made; chords are indexes in its `allChords`.
 class ToneRoll {
  public:
   struct Tone {
     int chord;
-    int steps;  ///< In how many chords it rings, at most until the same note is struck again.
+    int steps;  ///< How long it rings, at most until the same note is struck again.
     int pitch;  ///< MIDI number in the song's tuning.
     int string;
     int fret;
@@ -31,8 +30,6 @@ class ToneRoll {
   std::vector<Tone>::const_iterator firstSounding(int first) const;
   std::vector<Tone>::const_iterator endSounding(int end) const;
   int chords() const { return m_chords; }
-  /// When a chord begins, in seconds of the recording from the first one on.
-  double secondsOf(int chord) const { return m_seconds.at(static_cast<std::size_t>(chord)); }
   /// The lowest and the highest pitch of all tones; 0 without any.
   int lowestPitch() const { return m_lowest; }
   int highestPitch() const { return m_highest; }
@@ -41,13 +38,11 @@ class ToneRoll {
 
  private:
   void readTones(QBSong& song);
-  void ringAsWritten(QBSong& song);
   void endAtRepetition();
   void readBars(QBSong& song);
 
   std::vector<Tone> m_tones;
   std::vector<int> m_bars;
-  std::vector<double> m_seconds;  ///< Of each chord.
   int m_chords = 0;
   int m_lowest = 0;
   int m_highest = 0;
