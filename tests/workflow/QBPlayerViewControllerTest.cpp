@@ -8,9 +8,11 @@
 #include "support/RecordingViews.h"
 #include "support/Script.h"
 #include "support/Testing.h"
+#include "support/songs/BeatSong.h"
 #include "support/sound/HandAudio.h"
 #include "support/sound/SoundFont.h"
 #include "support/store/StandardStore.h"
+#include "workflow/playing/HeldChord.h"
 
 namespace korvel {
 namespace {
@@ -157,6 +159,13 @@ TEST_F(QBPlayerViewControllerTest, playsAsWritten) {
         after([&](const Words& words) { edit([&] { m_song->setFromChord(chord(words, 0)); }); })},
        {"rename", after([&](const Words& words) { edit([&] { m_song->setTitle(words[0]); }); })},
        {"undo", after([&](const Words&) { EXPECT_TRUE(session.undo()); })}});
+}
+
+TEST_F(QBPlayerViewControllerTest, handHoldsWhatRingsOn) {
+  m_song = test::beatSong(m_store.song("Tied"), "0xxxx3 w_0w. | rh rh |");
+  EXPECT_EQ(chordHeldAt(*m_song, 0), 0);
+  EXPECT_EQ(chordHeldAt(*m_song, 1), 0);
+  EXPECT_EQ(chordHeldAt(*m_song, 2), 2) << "silence";
 }
 
 TEST_F(QBPlayerViewControllerTest, placeIsToldAsItIsHeardAfterTheCountIn) {

@@ -12,6 +12,7 @@
 #include "ui/views/TablatureView.h"
 #include "workflow/arranging/guided/Practice.h"
 #include "workflow/editing/SongEdits.h"
+#include "workflow/playing/HeldChord.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
@@ -68,7 +69,8 @@ void ShownSong::showPlaying() {
   emit heardChanged(m_views.player.song());
   m_views.edits.setLocked(shown);
   m_views.roll.showPlaying(chord);
-  m_views.fretboard.showChord(chord >= 0 ? chord : m_views.tablature.cursorChord());
+  m_views.fretboard.showChord(chord >= 0 ? chordHeldAt(*m_song, chord)
+                                         : m_views.tablature.cursorChord());
 }
 
 void ShownSong::resetLoop() {
