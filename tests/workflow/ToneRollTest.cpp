@@ -2,6 +2,7 @@
 #include "workflow/playing/ToneRoll.h"
 
 #include "support/Testing.h"
+#include "support/songs/BeatSong.h"
 #include "support/store/StandardStore.h"
 
 namespace korvel {
@@ -37,6 +38,19 @@ TEST_F(ToneRollTest, tonesRingUntilTheNoteIsStruckAgain) {
       << "string 4 at fret 5 is the same note; nothing rings beyond the end";
   m_song->setTuning(m_store.dropD());
   EXPECT_NE(drawn().find("3:38*1"), std::string::npos);
+}
+
+TEST_F(ToneRollTest, tonesOnBeatsLastAsLongAsTheyAreWritten) {
+  test::beatSong(m_song, "3/4 x0xxxx q | x0xxx0 q_1h. xxxxx3 q ~q |");
+  EXPECT_EQ(drawn(), "0:45*12 1:45*36 1:64*12 2:67*24 ");
+  const ToneRoll roll(*m_song);
+  EXPECT_EQ(roll.begin(2), 24);
+  EXPECT_EQ(roll.chordAt(30), 2);
+  EXPECT_EQ(roll.chordAt(99), 3);
+  EXPECT_EQ(roll.bars(), (std::vector{0, 1}));
+  EXPECT_EQ(roll.numberOfFirstBar(), 0) << "a pick-up";
+  EXPECT_EQ(roll.beats(), (std::vector{24, 36}));
+  EXPECT_EQ(roll.firstSounding(3)->chord, 0) << "the run may begin early";
 }
 
 TEST_F(ToneRollTest, loudnessIsRelativeToTheLoudest) {

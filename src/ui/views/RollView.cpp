@@ -19,6 +19,7 @@
 #include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "model/songs/SongTime.h"
 #include "music/ChordStep.h"
 #include "music/Pitch.h"
 #include "ui/desktop/Text.h"
@@ -59,8 +60,16 @@ int roundStep(double atLeast) {
   return step;
 }
 
-QString timeOf(int chord) {
-  const int seconds = static_cast<int>(chord * kSecondsOfChord);
+/// Of the recording, or from the beginning on.
+double secondsOf(QBSong& song, int chord) {
+  if (!song.isOnBeats()) return chord * kSecondsOfChord;
+  const SongTime time(song);
+  const double begin = time.isAsRecorded() ? 0 : time.secondsOf(time.begin());
+  return std::max(time.secondsOf(time.tickOf(static_cast<std::size_t>(chord))) - begin, 0.0);
+}
+
+QString timeOf(QBSong& song, int chord) {
+  const int seconds = static_cast<int>(secondsOf(song, chord));
   return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
 }
 
@@ -120,8 +129,8 @@ void RollView::setZoom(int percent) {
   const int middle = chordAt(viewport()->width() / 2.0);
   m_zoom = percent;
   remeasure();
-  horizontalScrollBar()->setValue(
-      static_cast<int>(m_step * (middle + 0.5) + m_names - viewport()->width() / 2.0));
+  horizontalScrollBar()->setValue(static_cast<int>(
+      width(m_roll.begin(middle)) + columnWidth(middle) / 2 + m_names - viewport()->width() / 2.0));
   emit zoomChanged(percent);
 }
 
@@ -136,21 +145,26 @@ void RollView::remeasure() {
   m_line = metrics.height();
   m_names = std::ceil(metrics.horizontalAdvance("Bb4") + m_line * 0.6);
   m_step = std::max(2.0, m_line * kStepWidth * m_zoom / 100);
-  const int width = static_cast<int>(std::ceil(m_roll.chords() * m_step + m_names + m_line));
+  const int wanted =
+      static_cast<int>(std::ceil(width(m_roll.begin(m_roll.chords())) + m_names + m_line));
   QScrollBar& bar = *horizontalScrollBar();
-  bar.setRange(0, std::max(0, width - viewport()->width()));
+  bar.setRange(0, std::max(0, wanted - viewport()->width()));
   bar.setPageStep(std::max(1, viewport()->width() - static_cast<int>(m_names)));
   bar.setSingleStep(static_cast<int>(4 * m_step));
   viewport()->update();
 }
 
-double RollView::x(int chord) const {
-  return m_names + chord * m_step - horizontalScrollBar()->value();
+double RollView::xOfStep(int step) const {
+  return m_names + width(step) - horizontalScrollBar()->value();
+}
+
+double RollView::columnWidth(int chord) const {
+  return chord < m_roll.chords() ? width(m_roll.stepsOf(chord)) : m_step;
 }
 
 int RollView::chordAt(double x) const {
-  const double column = (x - m_names + horizontalScrollBar()->value()) / m_step;
-  return std::clamp(static_cast<int>(std::floor(column)), 0, std::max(0, m_roll.chords() - 1));
+  const double step = (x - m_names + horizontalScrollBar()->value()) / width(1);
+  return m_roll.chordAt(static_cast<int>(std::floor(step)));
 }
 
 QRectF RollView::lanes() const {
@@ -173,19 +187,21 @@ double RollView::top(int pitch) const {
 }
 
 QRectF RollView::headOf(const ToneRoll::Tone& tone) const {
-  const double gap = std::min(1.0, m_step / 8);
-  return {x(tone.chord) + gap, top(tone.pitch), m_step - 2 * gap, std::max(2.0, laneHeight() - 1)};
+  const double head = width(std::min(tone.steps, m_roll.stepsOf(tone.chord)));
+  const double gap = std::min(1.0, head / 8);
+  return {x(tone.chord) + gap, top(tone.pitch), head - 2 * gap, std::max(2.0, laneHeight() - 1)};
 }
 
 QRectF RollView::tailOf(const ToneRoll::Tone& tone) const {
   const double inset = laneHeight() * 0.3;
-  return {x(tone.chord + 1) - 1, top(tone.pitch) + inset, (tone.steps - 1) * m_step,
+  return {x(tone.chord + 1) - 1, top(tone.pitch) + inset,
+          width(tone.steps - m_roll.stepsOf(tone.chord)),
           std::max(1.0, laneHeight() - 1 - 2 * inset)};
 }
 
 QRect RollView::chordRect(int chord) const {
   if (chord < 0 || chord >= m_roll.chords()) return {};
-  return QRectF(x(chord), 0, m_step, viewport()->height()).toAlignedRect();
+  return QRectF(x(chord), 0, columnWidth(chord), viewport()->height()).toAlignedRect();
 }
 
 void RollView::updateColumn(int chord) {
@@ -196,8 +212,9 @@ void RollView::updateColumn(int chord) {
 /// Leaves the view as it is when the column shows, else puts it at that share of the width.
 void RollView::reveal(int chord, double place) {
   const double left = x(chord);
-  if (left >= m_names && left + m_step <= viewport()->width()) return;
-  const double wanted = m_names + place * (viewport()->width() - m_names - m_step);
+  const double column = columnWidth(chord);
+  if (left >= m_names && left + column <= viewport()->width()) return;
+  const double wanted = m_names + place * (viewport()->width() - m_names - column);
   horizontalScrollBar()->setValue(horizontalScrollBar()->value() + static_cast<int>(left - wanted));
 }
 
@@ -222,6 +239,7 @@ void RollView::paintEvent(QPaintEvent* event) {
   const int end = chordAt(event->rect().right()) + 1;
   paintLanes(painter, shades);
   paintLoop(painter, shades);
+  paintBeats(painter, shades, first, end);
   paintRuler(painter, shades, first, end);
   painter.setRenderHint(QPainter::Antialiasing);
   paintTones(painter, shades, first, end);
@@ -292,11 +310,21 @@ void RollView::paintRuler(QPainter& painter, const Shades& shades, int first, in
   double free = -room;
   for (auto bar = std::ranges::lower_bound(bars, first - margin * 2); bar != bars.end(); ++bar) {
     if (*bar > end) break;
-    const int number = static_cast<int>(bar - bars.begin()) + 1;
+    const int number = static_cast<int>(bar - bars.begin()) + m_roll.numberOfFirstBar();
     const bool hasRoom = x(*bar) >= free;
     tick(*bar, hasRoom ? number : 0);
     if (hasRoom) free = x(*bar) + room / 2;
   }
+}
+
+/// Fainter than the bars.
+void RollView::paintBeats(QPainter& painter, const Shades& shades, int first, int end) const {
+  const auto& beats = m_roll.beats();
+  const QColor faint = mixed(shades.base, shades.grid, 0.6);
+  for (auto beat = std::ranges::lower_bound(beats, m_roll.begin(first));
+       beat != beats.end() && *beat <= m_roll.begin(end); ++beat)
+    painter.fillRect(QRectF(std::round(xOfStep(*beat)), kRulerHeight * m_line, 1, lanes().height()),
+                     faint);
 }
 
 void RollView::paintTones(QPainter& painter, const Shades& shades, int first, int end) const {
@@ -304,10 +332,10 @@ void RollView::paintTones(QPainter& painter, const Shades& shades, int first, in
   const bool outlined = laneHeight() >= kOutlinedLane * m_line;
   const QPen outline = outlined ? QPen(mixed(shades.mark, shades.text, 0.5)) : QPen(Qt::NoPen);
   for (auto tone = m_roll.firstSounding(first); tone != m_roll.endSounding(end); ++tone) {
-    if (tone->chord + tone->steps <= first) continue;
+    if (m_roll.begin(tone->chord) + tone->steps <= m_roll.begin(first)) continue;
     painter.setPen(tone->active ? outline : QPen(shades.faintText));
     painter.setBrush(tone->active ? mixed(shades.quiet, shades.mark, tone->loudness) : shades.base);
-    if (tone->steps > 1 && tone->active) painter.drawRect(tailOf(*tone));
+    if (tone->steps > m_roll.stepsOf(tone->chord) && tone->active) painter.drawRect(tailOf(*tone));
     paintHead(painter, headOf(*tone), outlined, tone->active);
   }
 }
@@ -327,7 +355,7 @@ void RollView::paintHead(QPainter& painter, const QRectF& head, bool outlined, b
 void RollView::paintColumn(QPainter& painter, const QColor& ink, Qt::PenStyle style,
                            int chord) const {
   const double pen = std::max(1.5, m_line / (hasFocus() ? 6 : 10));
-  const QRectF column(x(chord), kRulerHeight * m_line, m_step, lanes().height());
+  const QRectF column(x(chord), kRulerHeight * m_line, columnWidth(chord), lanes().height());
   painter.setPen(QPen(ink, pen, style));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(column.adjusted(0, 0, 0, -pen / 2));
@@ -359,7 +387,7 @@ QString RollView::words(int chord) const {
   const QBChord& shown = *m_song->allChords()[static_cast<std::size_t>(chord)];
   return tr("Chord %1, %2. %3", "number, time, tones")
       .arg(chord + 1)
-      .arg(timeOf(chord), ChordWords(tuningOf(m_song)).grip(shown));
+      .arg(timeOf(*m_song, chord), ChordWords(tuningOf(m_song)).grip(shown));
 }
 
 // ---- input

@@ -16,9 +16,10 @@ namespace korvel::ui {
 
 struct Shades;
 
-/// The tones of a song in time: one column for each chord, pitch upwards, the louder the stronger
-/// the shade. The column that a tone begins in is drawn full, those that it rings through are
-/// narrower; silenced tones are hollow. Shows the song as it was at the last `refresh`.
+/// The tones of a song in time: one column for each chord, as wide as it is long in a song on
+/// beats, pitch upwards, the louder the stronger the shade. The column that a tone begins in is
+/// drawn full, those that it rings through are narrower; silenced tones are hollow. Shows the song
+/// as it was at the last `refresh`.
 ///
 /// Chords are named by their index in the song's `allChords`; -1 is none.
 class RollView final : public QAbstractScrollArea, public SpokenView {
@@ -69,7 +70,12 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
  private:
   // Geometry, in coordinates of the viewport.
   void remeasure();
-  double x(int chord) const;
+  /// Width of so many steps of the roll.
+  double width(int steps) const { return steps * (m_step / m_roll.stepsOfColumn()); }
+  /// Left edge of a step, and of a chord.
+  double xOfStep(int step) const;
+  double x(int chord) const { return xOfStep(m_roll.begin(chord)); }
+  double columnWidth(int chord) const;
   double top(int pitch) const;
   double laneHeight() const;
   QRectF lanes() const;
@@ -84,6 +90,7 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   void paintLoop(QPainter& painter, const Shades& shades) const;
   void paintBracket(QPainter& painter, const Shades& shades, double x, double inner) const;
   void paintRuler(QPainter& painter, const Shades& shades, int first, int end) const;
+  void paintBeats(QPainter& painter, const Shades& shades, int first, int end) const;
   void paintTones(QPainter& painter, const Shades& shades, int first, int end) const;
   void paintHead(QPainter& painter, const QRectF& head, bool outlined, bool active) const;
   void paintColumn(QPainter& painter, const QColor& ink, Qt::PenStyle style, int chord) const;
@@ -98,7 +105,7 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   int m_playing = -1;
   int m_cursor = -1;
   int m_zoom = 100;
-  double m_step = 16;   ///< Width of a column.
+  double m_step = 16;   ///< Width of a column, on beats of a sixteenth.
   double m_line = 16;   ///< Height of a line of text.
   double m_names = 32;  ///< Width of the names of pitches.
 };

@@ -14,6 +14,8 @@
 #include "model/songs/QBTone.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
+#include "music/Ticks.h"
+#include "tab/layout/SongBars.h"
 
 namespace korvel {
 namespace {
@@ -37,9 +39,55 @@ double loudnessOf(double amp, double loudest) {
 }  // namespace
 
 ToneRoll::ToneRoll(QBSong& song) : m_chords(static_cast<int>(song.allChords().size())) {
+  layOut(song);
   readTones(song);
   endAtRepetition();
+}
+
+void ToneRoll::layOut(QBSong& song) {
+  if (song.isOnBeats()) {
+    layOutOnBeats(song);
+    return;
+  }
+  for (int chord = 1; chord <= m_chords; ++chord) m_begins.push_back(chord);
   readBars(song);
+}
+
+void ToneRoll::layOutOnBeats(QBSong& song) {
+  const SongBars written(song);
+  m_begins.clear();
+  int end = 0;
+  for (const SongBars::Bar& bar : written.bars()) {
+    m_bars.push_back(bar.events.front().chord);
+    for (const SongBars::Event& event : bar.events) {
+      m_begins.push_back(event.from);
+      end = event.from + event.ticks;
+    }
+    const int barLine = bar.events.front().from - bar.first;
+    for (int beat = barLine + kTicksOfBeat; beat < end; beat += kTicksOfBeat)
+      if (beat > bar.events.front().from) m_beats.push_back(beat);
+  }
+  m_begins.push_back(end);
+  if (written.bars().empty()) return;
+  const SongBars::Bar& first = written.bars().front();
+  m_firstBar = first.number;
+  m_stepsOfColumn = ticksOfSixteenth(isCompound(first.beat, first.beattype));
+}
+
+int ToneRoll::begin(int chord) const {
+  return m_begins[static_cast<std::size_t>(std::clamp(chord, 0, m_chords))];
+}
+
+int ToneRoll::chordAt(int step) const {
+  const auto after = std::ranges::upper_bound(m_begins, step);
+  return std::clamp(static_cast<int>(after - m_begins.begin()) - 1, 0, std::max(m_chords - 1, 0));
+}
+
+int ToneRoll::lengthOf(const QBTone& tone, int chord) const {
+  const bool isOnBeats = m_stepsOfColumn > 1;
+  int steps = tone.duration() > 0 ? tone.duration() : kStepsOfUnsetTone;
+  if (isOnBeats) steps = tone.ticks() > 0 ? tone.ticks() : stepsOf(chord);
+  return std::min(steps, m_begins.back() - begin(chord));
 }
 
 void ToneRoll::readTones(QBSong& song) {
@@ -53,9 +101,9 @@ void ToneRoll::readTones(QBSong& song) {
     for (const QBTone* tone : hold->tones()) {
       if (tone->string() < 0 || tone->string() >= kStrings) continue;
       const int pitch = addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret());
-      m_tones.push_back({index, std::min(tone->soundingSteps(), m_chords - index),
-                         std::clamp(pitch, 0, kHighestNote), tone->string(), tone->fret(),
-                         loudnessOf(tone->amp(), most), tone->isActive()});
+      m_tones.push_back({index, lengthOf(*tone, index), std::clamp(pitch, 0, kHighestNote),
+                         tone->string(), tone->fret(), loudnessOf(tone->amp(), most),
+                         tone->isActive()});
     }
   }
   std::ranges::stable_sort(m_tones, {},
@@ -67,7 +115,7 @@ void ToneRoll::endAtRepetition() {
   for (Tone& tone : m_tones) {
     Tone*& before = last[tone.pitch];
     if (before && before->chord < tone.chord)
-      before->steps = std::min(before->steps, tone.chord - before->chord);
+      before->steps = std::min(before->steps, begin(tone.chord) - begin(before->chord));
     before = &tone;
   }
   for (const Tone& tone : m_tones) m_longest = std::max(m_longest, tone.steps);
@@ -89,7 +137,8 @@ void ToneRoll::readBars(QBSong& song) {
 }
 
 std::vector<ToneRoll::Tone>::const_iterator ToneRoll::firstSounding(int first) const {
-  return std::ranges::lower_bound(m_tones, first - m_longest, {}, &Tone::chord);
+  return std::ranges::lower_bound(m_tones, begin(first) - m_longest, {},
+                                  [this](const Tone& tone) { return begin(tone.chord); });
 }
 
 std::vector<ToneRoll::Tone>::const_iterator ToneRoll::endSounding(int end) const {
