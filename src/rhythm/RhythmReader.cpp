@@ -2,14 +2,11 @@
 #include "rhythm/RhythmReader.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <utility>
 #include <vector>
 
+#include "rhythm/TrackSearch.h"
 #include "rhythm/WishedLimits.h"
-#include "rhythm/beats/BeatFit.h"
-#include "rhythm/beats/BeatSearch.h"
 #include "rhythm/beats/Onsets.h"
 #include "rhythm/harmony/ChordChanges.h"
 #include "rhythm/judging/ReadingSearch.h"
@@ -25,21 +22,7 @@ struct RhythmReader::Desk {
 
 namespace {
 
-/// What a search and the fit of its beats are done with.
-struct Manner {
-  Division division;
-  double stiffness;
-  double smoothness;
-  bool alone = false;  ///< Only if its division is wished.
-};
-constexpr std::array kManners{Manner{Division::binary, 45, 8}, Manner{Division::ternary, 45, 8},
-                              Manner{Division::binary, 120, 40},
-                              Manner{Division::ternary, 120, 40, true}};
 constexpr double kShareOfSearches = 0.4;
-
-BeatSearchSettings settingsOf(const Manner& manner, const WishedLimits& wished) {
-  return {manner.division, manner.stiffness, wished.searched().shortest, wished.searched().longest};
-}
 
 /// Beats that were fixed are where they were put to the last digit.
 BeatTrack withBeatsAt(BeatTrack track, const ReadingLimits& limits) {
@@ -89,23 +72,13 @@ platform::Slices RhythmReader::reading(Desk& desk) {
   const std::vector<Onset> onsets = onsetsOf(desk.notes);
   co_yield 0;
   const WishedLimits wished(desk.wishes, onsets.front().time, desk.notes.back().end);
-  std::vector<BeatTrack> tracks;
-  for (std::size_t i = 0; i < kManners.size(); ++i) {
-    const Manner& manner = kManners[i];
-    if (!wished.allows(manner.division)) continue;
-    if (manner.alone && wished.allows(Division::binary)) continue;
-    BeatSearch search(onsets, settingsOf(manner, wished), wished.knownBeats());
-    platform::Slices searching = search.run();
-    const double share = kShareOfSearches / static_cast<double>(kManners.size());
-    while (searching.next()) co_yield share*(static_cast<double>(i) + searching.done());
-    tracks.push_back(search.track());
-    const auto fixed = wished.limits().fixedBeats;
-    fitBeats(tracks.back(), onsets, {manner.division, manner.smoothness, fixed});
-  }
+  TrackSearch tracks(onsets, wished);
+  platform::Slices tracking = tracks.run();
+  while (tracking.next()) co_yield kShareOfSearches* tracking.done();
   const ChordChanges changes(onsets, desk.notes);
   co_yield kShareOfSearches;
   ReadingSearch search(onsets, changes, wished.limits());
-  platform::Slices judging = search.run(std::move(tracks));
+  platform::Slices judging = search.run(tracks.take());
   while (judging.next()) co_yield kShareOfSearches + (1 - kShareOfSearches) * judging.done();
   co_yield 1;
   const Candidate& best = search.candidates().front();

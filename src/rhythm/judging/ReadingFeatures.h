@@ -21,9 +21,19 @@ enum class Feature : std::size_t {
   ternaryFour,
   ternaryThree,
   ternaryTwo,
-  startsOnBar,  ///< The first onset is on a bar line.
-  endsOnBar,    ///< The last one is.
-  notSix,       ///< Two ternary beats, which have not the notes of 6/8.
+  startsOnBar,          ///< The first onset is on a bar line.
+  endsOnBar,            ///< The last one is.
+  notSix,               ///< Two ternary beats, which have not the notes of 6/8.
+  ternaryTempo,         ///< As tempo, for beats divided by three,
+  sixTempo,             ///< and for two of them in a bar.
+  onsetsOfBeat,         ///< Octaves of the number of onsets in a beat above 1.5,
+  onsetsOfBeatSquared,  ///< and the square of that.
+  emptyBeats,           ///< The share of beats on which no onset is.
+  fine,                 ///< The share of onsets that are on quarters and sixths of a beat.
+  idleTernary,          ///< Beats divided by three, of which the thirds are not used.
+  changesOfBar,         ///< Octaves of the number of chord changes in a bar above 0.7,
+  changesOfBarSquared,  ///< and the square of that.
+  beatFit,              ///< How well onsets stand on the places of its beats.
   count
 };
 

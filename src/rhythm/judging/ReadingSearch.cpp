@@ -29,16 +29,23 @@ double priorOfTempo(double tempo) {
 DivisionUse useOf(std::span<const Onset> onsets, std::span<const Phase> phases) {
   DivisionUse use;
   double all = 0;
+  std::size_t struck = 0, last = phases.front().beat - 1;
   for (std::size_t i = 0; i < onsets.size(); ++i) {
     const double tick = static_cast<double>(phases[i].share) * kTicksOfBeat;
-    all += onsets[i].weight;
-    if (std::abs(tick - 4) <= 1) use.firstThird += onsets[i].weight;
-    if (std::abs(tick - 6) < 1) use.half += onsets[i].weight;
-    if (std::abs(tick - 8) <= 1) use.secondThird += onsets[i].weight;
+    const double weight = onsets[i].weight;
+    all += weight;
+    if (std::abs(tick - 4) <= 1) use.firstThird += weight;
+    if (std::abs(tick - 6) < 1) use.half += weight;
+    if (std::abs(tick - 8) <= 1) use.secondThird += weight;
+    if (std::abs(tick - 2.5) <= 1 || std::abs(tick - 9.5) <= 1) use.fine += weight;
+    const std::size_t beat = phases[i].beat + (tick > 11);
+    if ((tick >= 1 && tick <= 11) || beat == last) continue;
+    ++struck;
+    last = beat;
   }
-  if (all > 0) {
-    for (double* part : {&use.firstThird, &use.half, &use.secondThird}) *part /= all;
-  }
+  for (double* part : {&use.firstThird, &use.half, &use.secondThird, &use.fine}) *part /= all;
+  const std::size_t beats = phases.back().beat - phases.front().beat + 1;
+  use.emptyBeats = 1 - std::min(1.0, static_cast<double>(struck) / static_cast<double>(beats));
   return use;
 }
 
@@ -58,7 +65,7 @@ double bendOf(const BeatTrack& track) {
     sum += std::abs(std::log((track[i + 2] - track[i + 1]) / (track[i + 1] - track[i])));
   }
   const auto count = static_cast<double>(std::max<std::size_t>(1, track.size() - 2));
-  return sum / count / medianBeat(track);
+  return 60 * sum / count / medianBeat(track);
 }
 
 bool isOnBar(const Phase& phase, const Bars& bars) {
@@ -81,6 +88,31 @@ double scoreOf(const ReadingFeatures& features) {
 }
 
 }  // namespace
+
+/// What says how many notes and chords a beat has.
+void ReadingSearch::setTextures(ReadingFeatures& features, const Candidate& candidate,
+                                const DivisionUse& use, const PlaceFit& fit) const {
+  constexpr double kUsualOnsets = 1.5, kUsualChanges = 0.7;
+  const double seconds = std::max(1.0, m_onsets.back().time - m_onsets.front().time);
+  const double beats = seconds * candidate.tempo / 60;
+  const double bars = beats / static_cast<double>(candidate.bars.beats);
+  const auto changes = static_cast<double>(m_changes.times().size()) + 0.5;
+  const double onsets =
+      std::log2(static_cast<double>(m_onsets.size()) / (beats + 1) / kUsualOnsets);
+  const double changing = std::clamp(std::log2(changes / (bars + 0.5) / kUsualChanges), -3.0, 3.0);
+  const bool ternary = candidate.division == Division::ternary;
+  features[Feature::ternaryTempo] = ternary ? octavesFromUsual(candidate.tempo) : 0;
+  features[Feature::sixTempo] =
+      ternary && candidate.bars.beats == 2 ? octavesFromUsual(candidate.tempo) : 0;
+  features[Feature::onsetsOfBeat] = onsets;
+  features[Feature::onsetsOfBeatSquared] = onsets * onsets;
+  features[Feature::emptyBeats] = use.emptyBeats;
+  features[Feature::fine] = use.fine;
+  features[Feature::idleTernary] = ternary && use.firstThird + use.secondThird < 0.05;
+  features[Feature::changesOfBar] = changing;
+  features[Feature::changesOfBarSquared] = changing * changing;
+  features[Feature::beatFit] = fit.score;
+}
 
 bool Candidate::isOther(const Candidate& than) const {
   constexpr double kOneTempo = 0.04;
@@ -232,6 +264,7 @@ void ReadingSearch::scoreBars(Candidate candidate, const OnsetPhases& phases, co
   features[Feature::endsOnBar] = isOnBar(phases.all().back(), bars);
   features[Feature::notSix] =
       ternary && bars.beats == 2 && (use.firstThird < 0.35 * use.secondThird || use.half > 0.05);
+  setTextures(features, candidate, use, fit);
   candidate.score = scoreOf(features);
   m_candidates.push_back(candidate);
 }

@@ -15,11 +15,13 @@
 
 namespace korvel::rhythm {
 
-/// How beats are divided in a reading: which share of the onsets is near the thirds and halves.
+/// How beats are divided in a reading: which share of the onsets is near each part of a beat.
 struct DivisionUse {
   double firstThird = 0;
   double secondThird = 0;
   double half = 0;
+  double fine = 0;        ///< Near quarters and sixths.
+  double emptyBeats = 0;  ///< The share of the beats that have no onset near them.
 };
 
 /// One way to read the onsets: a track whose beats are divided and make bars in some way.
@@ -78,6 +80,8 @@ class ReadingSearch {
   void scoreTrack(std::size_t track, Division division);
   void scoreBars(Candidate candidate, const OnsetPhases& phases, const PlaceFit& fit,
                  const DivisionUse& use);
+  void setTextures(ReadingFeatures& features, const Candidate& candidate, const DivisionUse& use,
+                   const PlaceFit& fit) const;
   bool allows(const Candidate& candidate) const;
   void rank();
 
