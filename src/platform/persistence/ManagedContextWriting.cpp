@@ -35,6 +35,7 @@ void ManagedContext::requireSound() {
     check->requireSound();
   else
     StoreFile::requireSound(*m_store);
+  StoreFile::renewSums(*m_store);
   m_checked = true;
 }
 

@@ -7,6 +7,7 @@
 
 #include <filesystem>
 
+#include "platform/sqlite/PageSums.h"
 #include "platform/sqlite/StoreError.h"
 
 namespace korvel::platform {
@@ -94,13 +95,14 @@ class SqliteDatabase::Connection {
   Connection(std::string file, Mode mode) : m_file(std::move(file)) {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(nameFor(m_file, mode).c_str(), &opened,
-                                       openFlags(mode) | SQLITE_OPEN_NOMUTEX, nullptr);
+                                       openFlags(mode) | SQLITE_OPEN_NOMUTEX, SummedFiles::vfs());
     m_handle.reset(opened);
     if (result != SQLITE_OK) fail(phrase("Message", "cannot open the store"));
     sqlite3_extended_result_codes(opened, 1);
     // A store may come from somebody else: what its tables are made of must not run as a program.
     sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    wantRoomForSums();
   }
 
   sqlite3* handle() const { return m_handle.get(); }
@@ -109,9 +111,22 @@ class SqliteDatabase::Connection {
   /// Throws what SQLite says about its last call.
   [[noreturn]] void fail(const Phrase& doing) const {
     const int code = m_handle ? sqlite3_errcode(handle()) : SQLITE_NOMEM;
-    const char* message = m_handle ? sqlite3_errmsg(handle()) : "out of memory";
+    fail(code, doing, m_handle ? sqlite3_errmsg(handle()) : "out of memory");
+  }
+  [[noreturn]] void fail(int code, const Phrase& doing, const char* message) const {
     if (reasonOf(code) == StoreError::Reason::notAStore) throw StoreError::notAStore(m_file);
     throw StoreError(reasonOf(code), m_file, problemOf(code, doing, message));
+  }
+  /// In a database that is empty, or vacuumed next.
+  void wantRoomForSums() const {
+    int bytes = PageSums::kSize;
+    sqlite3_file_control(handle(), "main", SQLITE_FCNTL_RESERVE_BYTES, &bytes);
+  }
+  /// Asks the file something of `SummedFiles`.
+  void ask(int request, void* answer) const {
+    const int result = sqlite3_file_control(handle(), "main", request, answer);
+    if (result != SQLITE_OK)
+      fail(result, phrase("Message", "cannot read or write the store"), sqlite3_errstr(result));
   }
 
  private:
@@ -163,13 +178,35 @@ std::vector<std::string> SqliteDatabase::column(const std::string& sql) {
 
 void SqliteDatabase::copyTo(SqliteDatabase& target) {
   const Connection& copy = *target.m_connection;
+  // Pages come with the sums that they have, if any; the first one gets another counter.
+  copy.ask(SummedFiles::kLeave, nullptr);
   sqlite3_backup* backup =
       sqlite3_backup_init(copy.handle(), "main", m_connection->handle(), "main");
   if (!backup) copy.fail(phrase("Message", "cannot write the copy"));
   const int copied = sqlite3_backup_step(backup, -1);
   const int finished = sqlite3_backup_finish(backup);
+  copy.wantRoomForSums();  // The copy wants what the original has.
+  // What is new cannot be damaged.
+  if (reasonOf(copied) == StoreError::Reason::damaged)
+    m_connection->fail(copied, phrase("Message", "cannot read the store"), sqlite3_errstr(copied));
   if (copied != SQLITE_DONE || finished != SQLITE_OK)
     copy.fail(phrase("Message", "cannot write the copy"));
+}
+
+SummedFiles::State SqliteDatabase::sums() const {
+  auto state = SummedFiles::State::noRoom;
+  m_connection->ask(SummedFiles::kState, &state);
+  return state;
+}
+
+// Pages that SQLite has in memory would come into journals without their sums, and be taken for
+// damaged when they were put back.
+void SqliteDatabase::renewSums() {
+  sqlite3_stmt* statement = nullptr;
+  while ((statement = sqlite3_next_stmt(m_connection->handle(), statement)))
+    if (sqlite3_stmt_busy(statement)) return;
+  m_connection->ask(SummedFiles::kRenew, nullptr);
+  sqlite3_db_release_memory(m_connection->handle());
 }
 
 void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/sqlite/SummedFiles.h"
+
 struct sqlite3_stmt;
 
 namespace korvel::platform {
@@ -16,7 +18,8 @@ namespace korvel::platform {
 class SqliteStatement;
 
 /// One connection to a SQLite file. Thin on purpose: the C API with lifetimes and exceptions added,
-/// which leaves the backup, locking and file-format calls within reach that wrappers hide.
+/// which leaves the backup, locking and file-format calls within reach that wrappers hide. What it
+/// makes keeps sums of its pages (`SummedFiles`), and what it reads is compared with them.
 /// For one thread at a time. Every failure throws StoreError with the file's name.
 class SqliteDatabase {
  public:
@@ -45,8 +48,15 @@ class SqliteDatabase {
 
   /// Has a statement that runs fail. From any thread.
   void interrupt();
-  /// Copies the whole content into another database, replacing what is there.
+  /// Copies the whole content into another database, which is empty. Its sums are outdated then.
   void copyTo(SqliteDatabase& target);
+
+  /// How it stands with the sums that tell whether pages are as they were written.
+  SummedFiles::State sums() const;
+  /// Takes what is stored for right and gives every page its sum, for which there must be room. For
+  /// a connection that has the file locked and no change begun. Does nothing while a statement has
+  /// rows to read.
+  void renewSums();
 
   const std::string& file() const;
   /// Whether nothing can be written: the file is only open for reading, or its folder takes no

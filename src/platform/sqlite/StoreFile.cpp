@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include "platform/files/Descriptor.h"
 #include "platform/files/FileError.h"
@@ -20,9 +21,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Checking a store up to this size takes a few hundredths of a second at opening. Larger ones are
-// checked before the first change.
-constexpr std::int64_t kCheckedAtOpening = 8 << 20;
+// Checking a store up to this size takes a few hundredths of a second at opening, and giving one of
+// before room for sums a quarter of a second once. Larger ones are checked before the first change.
+constexpr std::uintmax_t kCheckedAtOpening = 8 << 20;
 
 // Where SQLite locks a file.
 constexpr off_t kFirstLockedByte = 0x40000000;
@@ -80,6 +81,15 @@ std::string unshared(const EntityDescription& entity) {
   return text;
 }
 
+/// For what only makes a store safer: where the disk has no room for it, all stays as it is.
+void improve(const std::function<void()>& change) {
+  try {
+    change();
+  } catch (const StoreError&) {
+    // SQLite has taken it back, and sums count only when all are there.
+  }
+}
+
 /// The rows of an entity that no owner reaches. The first owner's index finds the few candidates.
 std::string unreachable(const EntityDescription& entity) {
   std::string condition;
@@ -127,6 +137,7 @@ std::unique_ptr<SqliteDatabase> StoreFile::open() const {
   sweepLeftovers(folderOfStore());
   migrate(*store);
   sweep(*store);
+  if (isSmall()) keepSums(*store);
   return store;
 }
 
@@ -210,8 +221,10 @@ void StoreFile::checkSize(SqliteDatabase& store) const {
       store.integer("PRAGMA page_count") * store.integer("PRAGMA page_size");
   const auto actual = static_cast<std::int64_t>(fs::file_size(m_path));
   if (actual < expected) throw damaged(m_path);
-  if (actual <= kCheckedAtOpening) requireSound(store);
+  if (isSmall()) requireSound(store);
 }
+
+bool StoreFile::isSmall() const { return fs::file_size(m_path) <= kCheckedAtOpening; }
 
 void StoreFile::requirePlain(SqliteDatabase& store) {
   if (store.integer("SELECT EXISTS(SELECT 1 FROM sqlite_schema WHERE type IN ('trigger', 'view'))"))
@@ -228,6 +241,19 @@ fs::path StoreFile::folderOfStore() const {
 
 void StoreFile::requireSound(SqliteDatabase& store) {
   if (store.text("PRAGMA quick_check(1)") != "ok") throw damaged(store.file());
+}
+
+void StoreFile::renewSums(SqliteDatabase& store) {
+  improve([&] {
+    if (store.sums() == SummedFiles::State::outdated) store.renewSums();
+  });
+}
+
+void StoreFile::keepSums(SqliteDatabase& store) {
+  improve([&] {
+    if (store.sums() == SummedFiles::State::noRoom) store.execute("VACUUM");
+  });
+  renewSums(store);
 }
 
 std::vector<std::string> StoreFile::missingParts(SqliteDatabase& store) const {
@@ -266,6 +292,7 @@ void StoreFile::migrate(SqliteDatabase& store) const {
   for (const std::string& part : missing) store.execute(part);
   store.execute("PRAGMA user_version = " + std::to_string(m_format.version));
   change.commit();
+  if (!missing.empty()) keepSums(store);
 }
 
 void StoreFile::requireComplete(SqliteDatabase& store) const {
@@ -318,6 +345,7 @@ void StoreFile::copyInto(SqliteDatabase& store, const NewFile& file) {
                      phrase("Message",
                             "the store is damaged and cannot be copied; restore a backup of it by "
                             "\"korvel-cli restore\""));
+  keepSums(copy);
 }
 
 void StoreFile::backup(SqliteDatabase& store, const std::string& target) {

@@ -31,14 +31,18 @@ class StoreFile {
   std::unique_ptr<SqliteDatabase> create() const;
 
   /// Opens the store for this process alone. Missing tables and columns are added, after a checked
-  /// backup was written beside the store. Rows that nothing reaches any more are removed.
-  /// Throws StoreError and leaves the file untouched when it is missing, not a store, newer,
-  /// damaged or in use. One that cannot be written is opened as it is
+  /// backup was written beside the store. Rows that nothing reaches any more are removed, and a
+  /// small store gets sums of its pages (`SummedFiles`) if it has none. Throws StoreError and
+  /// leaves the file untouched when it is missing, not a store, newer, damaged or in use. One that
+  /// cannot be written is opened as it is
   /// (`SqliteDatabase::isReadOnly`), and refused when something would have to be added.
   std::unique_ptr<SqliteDatabase> open() const;
 
   /// A quick check of every page. Throws StoreError when the store is damaged.
   static void requireSound(SqliteDatabase& store);
+  /// Gives the pages of a store that was found sound their sums, when another program has written
+  /// it. It stays without where that cannot be done.
+  static void renewSums(SqliteDatabase& store);
   /// Problems found in an open store by a complete check; empty when it is sound.
   static std::vector<std::string> problems(SqliteDatabase& store);
   /// Copies an open store into a file, which is complete and checked or does not appear at all.
@@ -60,12 +64,15 @@ class StoreFile {
   void setForeignJournalAside() const;
   std::filesystem::path folderOfStore() const;
   static void requirePlain(SqliteDatabase& store);
+  /// As `renewSums`, in a store of before too, which is written anew for it.
+  static void keepSums(SqliteDatabase& store);
   static void copyInto(SqliteDatabase& store, const NewFile& file);
   void requireRestorable(const std::string& backup) const;
   void requireUnused() const;
   static std::string keepBeside(const std::string& store);
   void lock(SqliteDatabase& store) const;
   void checkSize(SqliteDatabase& store) const;
+  bool isSmall() const;
   void migrate(SqliteDatabase& store) const;
   void requireComplete(SqliteDatabase& store) const;
   std::vector<std::string> missingParts(SqliteDatabase& store) const;

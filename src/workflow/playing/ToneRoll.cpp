@@ -85,7 +85,7 @@ int ToneRoll::chordAt(int step) const {
 
 int ToneRoll::lengthOf(const QBTone& tone, int chord) const {
   const bool isOnBeats = m_stepsOfColumn > 1;
-  int steps = tone.duration() > 0 ? tone.duration() : kStepsOfUnsetTone;
+  int steps = tone.soundingSteps();
   if (isOnBeats) steps = tone.ticks() > 0 ? tone.ticks() : stepsOf(chord);
   return std::min(steps, m_begins.back() - begin(chord));
 }
