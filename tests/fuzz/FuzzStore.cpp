@@ -24,6 +24,7 @@
 #include "model/store/KorvelModel.h"
 #include "model/store/QBSettings.h"
 #include "model/store/QBTabMgr.h"
+#include "platform/sqlite/PageSums.h"
 #include "platform/sqlite/Sqlite.h"
 #include "platform/sqlite/StoreError.h"
 #include "support/store/ScratchStore.h"
@@ -54,14 +55,16 @@ void fill() {
   db.save();
 }
 
-/// Small pages, so that a patch is likely to hit something.
+/// Small pages, so that a patch is likely to hit something, and without sums, which would see each.
 std::string makeSoundStore() {
   const test::ScratchStore store;
   fill();
   QBTabMgr::clearDb();
   platform::SqliteDatabase(store.path(), platform::SqliteDatabase::Mode::readWrite)
       .execute("PRAGMA page_size = 1024; VACUUM");
-  return test::readFile(store.path());
+  std::string bytes = test::readFile(store.path());
+  std::fill_n(bytes.begin() + 1024 - platform::PageSums::kSize, platform::PageSums::kSize, '\0');
+  return bytes;
 }
 
 const std::string& soundStore() {

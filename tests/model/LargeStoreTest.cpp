@@ -33,16 +33,32 @@ struct LargeStoreTest : testing::Test {
 };
 
 TEST_F(LargeStoreTest, isNotWrittenIntoWhenDamaged) {
-  std::string bytes = test::readFile(m_path);
-  bytes.replace(bytes.size() / 2, 100000, std::string(100000, 'x'));
-  test::writeFile(m_path, bytes);
+  const std::string sound = test::readFile(m_path);
   for (const bool ahead : {false, true}) {
+    std::string bytes = sound;
+    if (ahead)
+      bytes[bytes.size() / 2] ^= 1;
+    else
+      bytes.replace(bytes.size() / 2, 100000, std::string(100000, 'x'));
+    test::writeFile(m_path, bytes);
     platform::ManagedContext context(storeFile(m_path).open(), korvelModel());
     context.insert("QBAlbum");
     if (ahead) context.checkAhead();
     for (int tries = 0; tries < 2; ++tries) EXPECT_THROW(context.save(), StoreError) << ahead;
     EXPECT_EQ(test::readFile(m_path), bytes);
   }
+}
+
+TEST_F(LargeStoreTest, getsItsSumsAgainWhenAnotherProgramHasWritten) {
+  using State = platform::SummedFiles::State;
+  const std::string sql = KORVEL_TEST_DATA "/sessions/sql.py";
+  ASSERT_EQ(test::runProgram({"python3", sql, m_path, "UPDATE QBTone SET fret = 1"}).status, 0);
+  platform::ManagedContext context(storeFile(m_path).open(), korvelModel());
+  EXPECT_EQ(context.store().sums(), State::outdated);
+  context.insert("QBAlbum");
+  context.save();
+  EXPECT_EQ(context.store().sums(), State::kept);
+  EXPECT_EQ(context.store().text("PRAGMA quick_check"), "ok");
 }
 
 TEST_F(LargeStoreTest, staysLockedBesideItsCheck) {
