@@ -17,6 +17,7 @@ the choice is right before and after.
 import argparse
 import json
 import pathlib
+import re
 import subprocess
 import sys
 
@@ -29,6 +30,9 @@ import rhythm_pieces
 NEAR = 0.07         # seconds: a beat is right
 SHRINK = 0.004      # of squares of weights in units of their features' deviations
 CROPS = 6           # parts of each performance
+PERFORMED = 2.0     # how much one of them counts
+# Weights that pieces which are cut anywhere would make too small: most recordings start on a bar line.
+LEAST = {"startsOnBar": 0.8, "endsOnBar": 0.3}
 PROJECT = pathlib.Path(__file__).resolve().parent.parent.parent
 
 
@@ -135,19 +139,27 @@ class Sample:
         return self.worth[int(np.argmax(self.features @ weights))]
 
 
+def feature_names():
+    header = (PROJECT / "src/rhythm/judging/ReadingFeatures.h").read_text(encoding="utf-8")
+    return re.findall(r"^  (\w+),", header, re.MULTILINE)
+
+
 def fit(samples, start, scale):
     def objective(scaled):
         loss, gradient = 0.0, np.zeros_like(scaled)
         for sample in samples:
             one, slope = sample.loss(scaled / scale)
-            weight = 1.0
+            weight = PERFORMED if sample.kind.startswith("performed") else 1.0
             loss += weight * one
             gradient += weight * slope / scale
         change = scaled - start * scale
         count = len(samples)
         return (loss / count + SHRINK * change @ change,
                 gradient / count + 2 * SHRINK * change)
-    best = minimize(objective, start * scale, jac=True, method="L-BFGS-B", options={"maxiter": 200})
+    bounds = [(LEAST[name] * scale[i] if name in LEAST else None, None)
+              for i, name in enumerate(feature_names())]
+    best = minimize(objective, np.maximum(start, [LEAST.get(n, -1e9) for n in feature_names()]) * scale,
+                    jac=True, method="L-BFGS-B", bounds=bounds, options={"maxiter": 200})
     return best.x / scale
 
 
@@ -181,7 +193,7 @@ def main():
     weights = fit(tried, start, scale)
     report("tried", tried, weights)
     report("held out", held, weights)
-    lines = [f"    {weight:.3g}," for weight in weights]
+    lines = [f"    {weight:.3g},  // {name}" for weight, name in zip(weights, feature_names())]
     print("\n".join(lines))
     if options.out:
         options.out.write_text("\n".join(lines) + "\n")

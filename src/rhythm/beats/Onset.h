@@ -15,6 +15,9 @@ struct Cues {
   double long_ = 0;   ///< The time to the next one.
   double low = 0;     ///< How deep its lowest note is.
   double stroke = 0;  ///< Positive for a stroke downwards, negative for one upwards.
+  double held = 0;    ///< How long the longest of its notes sounds.
+  double fresh = 0;   ///< How many of its pitch classes were not struck shortly before.
+  double again = 0;   ///< 1 if its highest note is that of the onset before.
 };
 
 /// Notes that start together: a tone, a chord, a strum.
@@ -24,6 +27,9 @@ struct Onset {
   double strength = 0;
   double weight = 0;  ///< How sure it is that something was struck, 0..1.
   int lowest = 0;     ///< The lowest of its pitches.
+  int highest = 0;
+  double sounds = 0;          ///< Seconds, of the longest of its notes.
+  unsigned pitchClasses = 0;  ///< As bits.
   Cues cues;
   double accent = 0;     ///< How much it is like one on a beat, -1..1.
   double barAccent = 0;  ///< How much it is like one on a bar line, -1..1.

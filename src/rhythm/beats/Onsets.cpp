@@ -2,10 +2,13 @@
 #include "rhythm/beats/Onsets.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace korvel::rhythm {
 namespace {
+
+constexpr int kTones = 12;
 
 /// Seconds from one note of a strum to the next, and from the first to the last one.
 constexpr double kStepOfStrum = 0.042;
@@ -16,14 +19,16 @@ constexpr double kTwice = 0.03;
 constexpr double kBeatOfStrum = 0.35;
 /// Each onset is compared with those within these seconds, and not with more than so many.
 constexpr double kNeighbourhood = 4;
+constexpr double kShortlyBefore = 1.5;
+constexpr std::size_t kMostBefore = 12;
 constexpr std::size_t kMostNeighbours = 64;
 
 /// The weights of the cues in the two accents.
 struct AccentWeights {
-  double loud, long_, low, stroke;
+  double loud, long_, low, stroke, held, fresh, again;
 };
-constexpr AccentWeights kOnBeats{.61, .47, .38, .59};
-constexpr AccentWeights kOnBars{.21, .24, .37, .10};
+constexpr AccentWeights kOnBeats{.45, .20, .35, .80, .90, .15, -.30};
+constexpr AccentWeights kOnBars{.30, .10, .45, .15, .50, .90, -.30};
 /// How much the accent decides on which places of a beat notes stand.
 constexpr double kAccentOnPlaces = 0.72;
 
@@ -45,11 +50,14 @@ class Joiner {
     onset.first = m_notes[onset.notes.front()].onset;
     const double spread = m_notes[onset.notes.back()].onset - onset.first;
     onset.time = onset.first + kBeatOfStrum * spread;
-    onset.lowest = m_notes[onset.notes.front()].pitch;
+    onset.lowest = onset.highest = m_notes[onset.notes.front()].pitch;
     double doubt = 1;
     for (const std::size_t i : onset.notes) {
       onset.strength += m_notes[i].strength;
       onset.lowest = std::min(onset.lowest, m_notes[i].pitch);
+      onset.highest = std::max(onset.highest, m_notes[i].pitch);
+      onset.sounds = std::max(onset.sounds, m_notes[i].end - m_notes[i].onset);
+      onset.pitchClasses |= 1U << ((m_notes[i].pitch % kTones + kTones) % kTones);
       doubt *= 1 - std::clamp<double>(m_notes[i].probability, 0, 1);
     }
     onset.strength = std::max(onset.strength, 1e-3);
@@ -108,7 +116,10 @@ double quantile(std::vector<double>& values, double share) {
 class Comparison {
  public:
   explicit Comparison(std::vector<Onset>& onsets) : m_onsets(onsets) {
-    for (const Onset& onset : onsets) m_logStrengths.push_back(std::log(onset.strength));
+    for (const Onset& onset : onsets) {
+      m_logStrengths.push_back(std::log(onset.strength));
+      m_logSounds.push_back(std::log2(std::max(onset.sounds, 0.03)));
+    }
     for (std::size_t i = 0; i + 1 < onsets.size(); ++i) {
       m_logGaps.push_back(std::log2(std::max(onsets[i + 1].time - onsets[i].time, 0.01)));
     }
@@ -121,6 +132,8 @@ class Comparison {
       compareStrength(i);
       compareGap(i);
       compareBass(i);
+      compareSounds(i);
+      comparePitches(i);
     }
   }
 
@@ -167,7 +180,27 @@ class Comparison {
     m_onsets[i].cues.low = bounded(((low + high) / 2 - m_onsets[i].lowest) / (high - low));
   }
 
+  void compareSounds(std::size_t i) {
+    const double median = quantile(around([&](std::size_t k) { return m_logSounds[k]; }), 0.5);
+    m_onsets[i].cues.held = bounded((m_logSounds[i] - median) / 1.5);
+  }
+
+  void comparePitches(std::size_t i) {
+    constexpr double kUsuallyFresh = 0.3, kUsuallyAgain = 0.2;
+    if (i == 0) return;
+    Onset& onset = m_onsets[i];
+    unsigned before = 0;
+    for (std::size_t k = i; k-- > i - std::min(i, kMostBefore);) {
+      if (onset.time - m_onsets[k].time > kShortlyBefore) break;
+      before |= m_onsets[k].pitchClasses;
+    }
+    const double all = std::popcount(onset.pitchClasses);
+    onset.cues.fresh = std::popcount(onset.pitchClasses & ~before) / all - kUsuallyFresh;
+    onset.cues.again = (onset.highest == m_onsets[i - 1].highest ? 1 : 0) - kUsuallyAgain;
+  }
+
   std::vector<Onset>& m_onsets;
+  std::vector<double> m_logSounds;
   std::vector<double> m_logStrengths;
   std::vector<double> m_logGaps;
   std::vector<double> m_around;
@@ -176,7 +209,8 @@ class Comparison {
 
 double accent(const Cues& cues, const AccentWeights& weights) {
   return bounded(weights.loud * cues.loud + weights.long_ * cues.long_ + weights.low * cues.low +
-                 weights.stroke * cues.stroke);
+                 weights.stroke * cues.stroke + weights.held * cues.held +
+                 weights.fresh * cues.fresh + weights.again * cues.again);
 }
 
 void accentuate(Onset& onset) {

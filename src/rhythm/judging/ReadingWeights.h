@@ -10,32 +10,32 @@ namespace korvel::rhythm {
 /// The weights of the features, in their order. They were fitted to made-up pieces whose reading is
 /// known, as a conditional logit over all readings of a piece.
 inline constexpr std::array<double, kFeatures> kReadingWeights{
-    1.01,    // barFit
-    0.565,   // chordFit
-    2.59,    // tempo
-    -1.74,   // tempoSquared
-    -2.05,   // barLength
-    0.137,   // barLengthSquared
-    -4.48,   // bend
-    -0.36,   // binaryFour
-    -1.69,   // binaryThree
-    -4.27,   // binaryTwo
-    -0.996,  // ternaryFour
-    -4.52,   // ternaryThree
-    -2.53,   // ternaryTwo
-    0.979,   // startsOnBar
-    1.42,    // endsOnBar
-    -0.578,  // notSix
-    -0.516,  // ternaryTempo
-    -3.84,   // sixTempo
-    0.722,   // onsetsOfBeat
-    0.752,   // onsetsOfBeatSquared
-    -1.29,   // emptyBeats
-    1.14,    // fine
-    -1.48,   // idleTernary
-    -0.156,  // changesOfBar
-    -0.984,  // changesOfBarSquared
-    -0.259,  // beatFit
+    0.861,   // barFit
+    0.462,   // chordFit
+    3.04,    // tempo
+    -2.12,   // tempoSquared
+    -0.936,  // barLength
+    0.491,   // barLengthSquared
+    -3.21,   // bend
+    -0.338,  // binaryFour
+    -1.45,   // binaryThree
+    -3.1,    // binaryTwo
+    -1.32,   // ternaryFour
+    -3.71,   // ternaryThree
+    -2.55,   // ternaryTwo
+    0.8,     // startsOnBar
+    1.06,    // endsOnBar
+    -0.371,  // notSix
+    -0.108,  // ternaryTempo
+    -5.19,   // sixTempo
+    1.15,    // onsetsOfBeat
+    0.849,   // onsetsOfBeatSquared
+    -1.73,   // emptyBeats
+    -1.04,   // fine
+    -1.6,    // idleTernary
+    0.109,   // changesOfBar
+    -0.884,  // changesOfBarSquared
+    -0.257,  // beatFit
 };
 
 }  // namespace korvel::rhythm
