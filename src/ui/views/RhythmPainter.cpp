@@ -33,6 +33,7 @@ constexpr double kMiddleOfString = 0.5;
 constexpr double kBeam = 0.24;
 constexpr double kBeamDistance = 0.42;
 constexpr double kHeadHeight = 0.5;
+constexpr double kDotRadius = 0.09;
 constexpr double kDeepestTie = 0.55;
 
 bool shareBeam(const TabSigns::Note& one, const TabSigns::Note& other) {
@@ -108,7 +109,7 @@ void RhythmPainter::drawNote(QPainter& painter, const Note& note, int top) const
 }
 
 void RhythmPainter::drawDot(QPainter& painter, const QPointF& center) const {
-  const double radius = m_pen * 1.2;
+  const double radius = m_cell.height() * kDotRadius;
   fill(painter);
   painter.drawEllipse(center, radius, radius);
 }

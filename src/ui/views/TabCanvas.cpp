@@ -50,6 +50,7 @@ struct TabCanvas::Row {
   int belowTop;
   Kind kind;
   const QString& words;
+  bool isOnBeats;
 
   bool isLine(int column) const { return isDrawnAsLines(kind) && ui::isLine(words[column]); }
 };
@@ -82,7 +83,8 @@ void TabCanvas::drawRow(QPainter& painter, const TabLayout& layout, int row,
                         const QString& words) const {
   if (isOfSigns(layout, row)) return;
   const TabLayout::System* system = layout.systemAt(row);
-  const Row described{row, system ? row - system->top : -1, kindOf(layout, row), words};
+  const Row described{row, system ? row - system->top : -1, kindOf(layout, row), words,
+                      !layout.signs().isEmpty()};
   drawLines(painter, described);
   drawWords(painter, described);
 }
@@ -122,7 +124,20 @@ void TabCanvas::drawLines(QPainter& painter, const Row& row) const {
       while (column + 1 < row.words.size() && row.words[column + 1] == u'-')
         line.setRight(lineOf(row, ++column).right());
     painter.fillRect(line, m_shades.line);
+    if (row.isOnBeats && row.kind == Kind::string && row.words[column] == u'|')
+      painter.fillRect(stringAtBar(row, column), m_shades.line);
   }
+}
+
+/// A bar line of a song on beats stands between bars, which the strings go through.
+QRectF TabCanvas::stringAtBar(const Row& row, int column) const {
+  const auto isString = [&](int x) {
+    return x >= 0 && x < row.words.size() && row.words[x] == u'-';
+  };
+  const QRectF cell = cells(column, row.number, 1, 1);
+  const double left = isString(column - 1) ? cell.left() : cell.center().x();
+  const double right = isString(column + 1) ? cell.right() : cell.center().x();
+  return {left, std::round(cell.center().y() - m_pen / 2), right - left, m_pen};
 }
 
 // Word by word, so that a character of another width, from another font, moves only its own word.

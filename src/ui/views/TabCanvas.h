@@ -42,6 +42,7 @@ class TabCanvas {
   void drawLines(QPainter& painter, const Row& row) const;
   void drawWords(QPainter& painter, const Row& row) const;
   QRectF lineOf(const Row& row, int column) const;
+  QRectF stringAtBar(const Row& row, int column) const;
 
   QFont m_font;
   QFont m_bold;

@@ -12,6 +12,7 @@
 #include "support/Approved.h"
 #include "support/SaidBy.h"
 #include "support/Testing.h"
+#include "support/songs/BeatSong.h"
 #include "support/store/StandardStore.h"
 #include "tab/text/SongDrawing.h"
 #include "ui/views/TablaturePages.h"
@@ -212,6 +213,22 @@ TEST_F(TablatureViewTest, pdfAppearsWholeOrNotAtAll) {
   EXPECT_TRUE(test::saidBy<platform::FileError>([&] {
                 savePdf(*m_song, m_view.tabFont(), missing);
               }).starts_with(missing + ": "));
+}
+
+TEST_F(TablatureViewTest, rhythmOnBeatsIsDrawnAndRestsAreReached) {
+  const auto shown = [this](const char* written) {
+    m_view.setActiveSong(test::beatSong(m_store.song("Beats"), written));
+    return m_view.grab().toImage();
+  };
+  const QImage rest = shown("x02210 q q q q | e e rq h |");
+  EXPECT_NE(shown("x02210 q q q q | e e ~q h |"), rest);
+  click(6);
+  EXPECT_EQ(m_view.cursorChord(), 6) << "no tones stand there";
+  EXPECT_EQ(m_view.cursorString(), 2);
+  press(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(m_view.cursorChord(), 7);
+  savePdf(*m_view.song(), m_view.tabFont(), m_store.folder().file("beats.pdf"));
+  EXPECT_TRUE(test::readFile(m_store.folder().file("beats.pdf")).starts_with("%PDF"));
 }
 
 }  // namespace
