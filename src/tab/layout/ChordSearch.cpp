@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "arrange/harmony/WrittenName.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
@@ -29,7 +30,7 @@ std::vector<std::string> namesOf(QBSong& song) {
 
 std::string shownName(const QBChord& chord) {
   const QBHold* hold = chord.hold();
-  return chord.harmony() && hold && !hold->isEmpty() ? chord.fullHarmonyName() : std::string();
+  return hold && !hold->isEmpty() ? writtenName(chord) : std::string();
 }
 
 std::optional<int> findChord(QBSong& song, std::string_view name, int from,

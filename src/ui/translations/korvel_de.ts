@@ -2178,6 +2178,10 @@
         <translation>Takt %1</translation>
     </message>
     <message>
+        <source>pick-up</source>
+        <translation>Auftakt</translation>
+    </message>
+    <message>
         <source>chord %1 of %2</source>
         <translation>Akkord %1 von %2</translation>
     </message>

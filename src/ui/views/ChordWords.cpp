@@ -8,6 +8,7 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/SongTime.h"
 #include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
 #include "tab/layout/ChordSearch.h"
@@ -40,7 +41,7 @@ QString ChordWords::place(QBSong& song, int chord, int string) const {
   if (chord < 0 || chord >= static_cast<int>(chords.size())) return {};
   const QBChord& here = *chords[static_cast<std::size_t>(chord)];
   QStringList words;
-  if (const QBMeasure* bar = here.measure()) words << tr("bar %1").arg(bar->position());
+  if (const QBMeasure* bar = here.measure()) words << barWords(song, *bar);
   words << tr("chord %1 of %2").arg(chord + 1).arg(chords.size());
   if (const std::string name = shownName(here); !name.empty()) words << toText(name);
   const QString played = tones(here, string);
@@ -48,6 +49,13 @@ QString ChordWords::place(QBSong& song, int chord, int string) const {
   QString text = words.join(tr(", "));
   text[0] = text[0].toUpper();
   return text;
+}
+
+/// As the tablature counts them: a pick-up is none.
+QString ChordWords::barWords(QBSong& song, const QBMeasure& bar) {
+  const bool hasPickUp = song.isOnBeats() && SongTime(song).begin() < 0;
+  const int number = bar.position() - (hasPickUp ? 1 : 0);
+  return number > 0 ? tr("bar %1").arg(number) : tr("pick-up");
 }
 
 QString ChordWords::grip(const QBChord& chord) const {

@@ -8,6 +8,7 @@
 
 namespace korvel {
 class QBChord;
+class QBMeasure;
 class QBSong;
 class QBTuning;
 }  // namespace korvel
@@ -34,6 +35,7 @@ class ChordWords {
   QString grip(const QBChord& chord) const;
 
  private:
+  static QString barWords(QBSong& song, const QBMeasure& bar);
   static QString tones(const QBChord& chord, int string);
 
   // From the lowest string up.
