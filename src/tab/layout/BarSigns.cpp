@@ -48,7 +48,7 @@ class SignWriter {
       tick += std::max(event.ticks, 0);
       m_end = tick;
     }
-    if (!m_isCompound) findTriplets();
+    if (!m_isCompound) findTriplets(beatOf(first));
   }
 
   std::vector<BarSign> write() {
@@ -80,9 +80,9 @@ class SignWriter {
   }
 
   /// Three quarters in the time of two beats, or a beat in thirds.
-  void findTriplets() {
+  void findTriplets(int firstBeat) {
     const int beats = beatOf(m_end + kTicksOfBeat - 1);
-    for (int beat = 0; beat < beats; ++beat) {
+    for (int beat = firstBeat; beat < beats; ++beat) {
       const int from = beat * kTicksOfBeat;
       if (isLargeTriplet(from)) {
         m_triplets.push_back({from, from + kTwoBeats});

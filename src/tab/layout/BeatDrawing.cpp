@@ -91,7 +91,7 @@ void BeatDrawing::drawTime(const SongBars::Bar& bar, int x) {
 }
 
 void BeatDrawing::drawChord(const SongBars::Event& event, int x) {
-  m_places.push_back({event.chord, x, m_matrix.m_yPos, 0});
+  m_places.push_back({event.chord, x, m_matrix.m_yPos, 0, event.frets.empty()});
   for (const SongBars::Fret& each : event.frets)
     m_matrix.horText(x, m_matrix.m_yPos + kStrings - 1 - each.string, fretText(each.fret));
   m_matrix.horText(x, m_matrix.m_yPos - 1, event.name);

@@ -33,6 +33,7 @@ class BeatDrawing {
     int x;
     int y;
     int columns;
+    bool isSilent;
   };
 
   BeatDrawing(const SongBars& song, const BeatHeading& heading, int width);

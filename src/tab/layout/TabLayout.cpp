@@ -91,7 +91,7 @@ void TabLayout::drawOnBeats(QBSong& song, int width) {
   m_placeOfChord.assign(song.allChords().size(), kNoPlace);
   for (const BeatDrawing::Place& place : drawing.places()) {
     m_placeOfChord[static_cast<std::size_t>(place.chord)] = static_cast<int>(m_places.size());
-    m_places.push_back({place.chord, place.x, place.y, place.columns});
+    m_places.push_back({place.chord, place.x, place.y, place.columns, place.isSilent});
   }
   m_signs = drawing.signs();
   divide(drawing.matrix().m_systems);
@@ -167,15 +167,20 @@ std::optional<int> TabLayout::chordAt(int x, int y) const {
   return x < place.x + place.columns ? std::optional(place.chord) : std::nullopt;
 }
 
+bool TabLayout::hasTones(int chord) const {
+  const Place* place = placeOf(chord);
+  return place && !place->isSilent;
+}
+
 std::optional<int> TabLayout::nextDrawn(int chord) const {
   for (int next = std::max(chord, -1) + 1; next < chords(); ++next)
-    if (placeOf(next)) return next;
+    if (hasTones(next)) return next;
   return std::nullopt;
 }
 
 std::optional<int> TabLayout::previousDrawn(int chord) const {
   for (int previous = std::min(chord, chords()) - 1; previous >= 0; --previous)
-    if (placeOf(previous)) return previous;
+    if (hasTones(previous)) return previous;
   return std::nullopt;
 }
 

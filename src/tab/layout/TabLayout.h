@@ -22,9 +22,10 @@ class TabLayout {
  public:
   struct Place {
     int chord;
-    int x;        ///< Column of the frets.
-    int y;        ///< Row of the top string.
-    int columns;  ///< From x to the next chord.
+    int x;                  ///< Column of the frets.
+    int y;                  ///< Row of the top string.
+    int columns;            ///< From x to the next chord.
+    bool isSilent = false;  ///< A rest, or what only goes on, in a song on beats.
   };
   /// The rows [first, end) of a system, blank ones at its end left out.
   struct System {
@@ -68,11 +69,12 @@ class TabLayout {
   /// is drawn at all.
   std::optional<Place> nearPlace(int chord) const;
   std::optional<int> chordAt(int x, int y) const;
-  /// Chord of the next place after, or before, the given one that is drawn.
+  /// Chord of the next place after, or before, the given one at which tones are drawn.
   std::optional<int> nextDrawn(int chord) const;
   std::optional<int> previousDrawn(int chord) const;
 
  private:
+  bool hasTones(int chord) const;
   void readText(const std::string& text);
   void drawOnBeats(QBSong& song, int width);
   void place(QBSong& song, const QBTabMatrix& matrix);

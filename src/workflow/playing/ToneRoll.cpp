@@ -63,9 +63,8 @@ void ToneRoll::layOutOnBeats(QBSong& song) {
       m_begins.push_back(event.from);
       end = event.from + event.ticks;
     }
-    const int barLine = bar.events.front().from - bar.first;
-    for (int beat = barLine + kTicksOfBeat; beat < end; beat += kTicksOfBeat)
-      if (beat > bar.events.front().from) m_beats.push_back(beat);
+    const int firstBeat = bar.events.front().from + kTicksOfBeat - bar.first % kTicksOfBeat;
+    for (int beat = firstBeat; beat < end; beat += kTicksOfBeat) m_beats.push_back(beat);
   }
   m_begins.push_back(end);
   if (written.bars().empty()) return;

@@ -229,6 +229,8 @@ TEST_F(TablatureViewTest, rhythmOnBeatsIsDrawnAndRestsAreReached) {
   EXPECT_EQ(m_view.cursorString(), 2);
   press(Qt::Key_Right, Qt::ControlModifier);
   EXPECT_EQ(m_view.cursorChord(), 7);
+  press(Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(m_view.cursorChord(), 5) << "past what is silent";
   m_view.setActiveSong(test::beatSong(m_store.song("Pick-up"), "x02210 q | q q q q |"));
   EXPECT_TRUE(m_view.placeText().startsWith("Pick-up, chord 1 of 5")) << "as its bars are numbered";
   savePdf(*m_view.song(), m_view.tabFont(), m_store.folder().file("beats.pdf"));
