@@ -10,7 +10,7 @@ namespace {
 std::string read(const char* text) {
   std::string read;
   const TabReader reader(text);
-  for (const WrittenChord& chord : reader.chords()) {
+  for (const TypedChord& chord : reader.chords()) {
     std::array<std::string, 6> frets;
     frets.fill("x");
     for (const auto& tone : chord.tones)

@@ -9,7 +9,7 @@
 namespace korvel {
 
 /// What sounds together in a tablature that somebody wrote.
-struct WrittenChord {
+struct TypedChord {
   struct Tone {
     int string;  ///< 0 the lowest-sounding one.
     int fret;    ///< 0 to 24.
@@ -30,7 +30,7 @@ class TabReader {
 
   /// In the order in which they are played; none for a text that is no such tablature, as when
   /// lines of a string are missing.
-  const std::vector<WrittenChord>& chords() const { return m_chords; }
+  const std::vector<TypedChord>& chords() const { return m_chords; }
 
  private:
   struct Line {
@@ -39,7 +39,7 @@ class TabReader {
   };
   struct Number {
     std::size_t first, last;  ///< Columns.
-    WrittenChord::Tone tone;
+    TypedChord::Tone tone;
   };
   using Lines = std::vector<Line>;
 
@@ -50,7 +50,7 @@ class TabReader {
   void addChords(std::vector<Number> numbers);
 
   int m_column = 0;  ///< Where the next system begins.
-  std::vector<WrittenChord> m_chords;
+  std::vector<TypedChord> m_chords;
 };
 
 }  // namespace korvel

@@ -339,7 +339,7 @@ int SongEditor::pasteAfter(int chord, const std::vector<CopiedChord>& chords) {
   return first;
 }
 
-int SongEditor::pasteAfter(int chord, const std::vector<WrittenChord>& chords) {
+int SongEditor::pasteAfter(int chord, const std::vector<TypedChord>& chords) {
   const bool isFirst = m_song->chords().empty();
   const int duration = isFirst ? 1 : chordAt(chord).duration();
   const QBTone* model = isFirst ? nullptr : loudestNear(chord);
@@ -347,9 +347,9 @@ int SongEditor::pasteAfter(int chord, const std::vector<WrittenChord>& chords) {
       model ? CopiedChord::Tone(*model) : CopiedChord::Tone{0, 0, kAmp, duration, true};
   like.active = true;
   std::vector<CopiedChord> copied;
-  for (const WrittenChord& each : chords) {
+  for (const TypedChord& each : chords) {
     copied.emplace_back(std::vector<CopiedChord::Tone>(), std::max(duration, 1));
-    for (const WrittenChord::Tone& tone : each.tones) {
+    for (const TypedChord::Tone& tone : each.tones) {
       like.string = tone.string;
       like.fret = tone.fret;
       copied.back().tones.push_back(like);

@@ -23,7 +23,7 @@ class QBHold;
 class QBSong;
 class QBTabMgr;
 class QBTone;
-struct WrittenChord;
+struct TypedChord;
 
 /// Edits of a song in place, as they are made in its tablature.
 ///
@@ -78,7 +78,7 @@ class SongEditor {
 
   /// The same of a tablature that was written elsewhere. Its chords are as loud as the chord there,
   /// and as long.
-  int pasteAfter(int chord, const std::vector<WrittenChord>& chords);
+  int pasteAfter(int chord, const std::vector<TypedChord>& chords);
 
   // Chords. Those behind move along: in their positions, and from measure to measure where the song
   // has some.
