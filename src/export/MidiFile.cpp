@@ -5,9 +5,11 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <tuple>
 
+#include "export/score/Spelling.h"
 #include "platform/text/Utf8.h"
 
 namespace korvel {
@@ -26,6 +28,7 @@ constexpr std::uint8_t kTrackName = 0x03;
 constexpr std::uint8_t kEndOfTrack = 0x2F;
 constexpr std::uint8_t kTempo = 0x51;
 constexpr std::uint8_t kTimeSignature = 0x58;
+constexpr std::uint8_t kKeySignature = 0x59;
 
 char byteOf(std::int64_t value) { return static_cast<char>(value & 0xFF); }
 
@@ -46,14 +49,16 @@ std::string variableLength(std::int64_t value) {
 /// The events of one track, in order of time.
 class Track {
  public:
-  void meta(std::uint8_t type, const std::string& data) {
-    m_events += variableLength(0) + byteOf(kMeta) + byteOf(type) +
+  void meta(std::uint8_t type, const std::string& data) { meta(m_time, type, data); }
+
+  void meta(std::int64_t time, std::uint8_t type, const std::string& data) {
+    pauseUntil(time);
+    m_events += std::string() + byteOf(kMeta) + byteOf(type) +
                 variableLength(static_cast<std::int64_t>(data.size())) + data;
   }
 
   void channel(std::int64_t time, std::initializer_list<int> bytes) {
-    m_events += variableLength(std::min(time - m_time, kLongestPause));
-    m_time = time;
+    pauseUntil(time);
     for (const int byte : bytes) m_events += byteOf(byte);
   }
 
@@ -63,6 +68,11 @@ class Track {
   }
 
  private:
+  void pauseUntil(std::int64_t time) {
+    m_events += variableLength(std::min(time - m_time, kLongestPause));
+    m_time = time;
+  }
+
   std::string m_events;
   std::int64_t m_time = 0;
 };
@@ -75,13 +85,35 @@ std::string timeSignature(const Meter& meter) {
           byteOf(kThirtySecondsOfQuarter)};
 }
 
-std::string conductorTrack(const MidiSequence& sequence) {
+std::string keySignature(const ScoreKey& key) { return {byteOf(fifthsOf(key)), byteOf(key.minor)}; }
+
+std::string tempoOf(double quarterSeconds) {
   constexpr std::int64_t kLongest = 0xFFFFFF;
-  const std::int64_t microseconds = std::llround(sequence.quarterSeconds * 1e6);
+  const std::int64_t microseconds = std::llround(quarterSeconds * 1e6);
+  return bigEndian(std::clamp<std::int64_t>(microseconds, 1, kLongest), 3);
+}
+
+/// Metres before tempi where both change.
+void addChanges(Track& track, const MidiSequence& sequence) {
+  auto change = sequence.tempi.begin();
+  const auto addTempiBefore = [&](std::int64_t time) {
+    for (; change != sequence.tempi.end() && change->start < time; ++change)
+      track.meta(change->start, kTempo, tempoOf(change->quarterSeconds));
+  };
+  for (const auto& [start, meter] : sequence.meters) {
+    addTempiBefore(start);
+    track.meta(start, kTimeSignature, timeSignature(meter));
+  }
+  addTempiBefore(std::numeric_limits<std::int64_t>::max());
+}
+
+std::string conductorTrack(const MidiSequence& sequence) {
   Track track;
   track.meta(kTrackName, platform::printable(sequence.title));
-  track.meta(kTempo, bigEndian(std::clamp<std::int64_t>(microseconds, 1, kLongest), 3));
+  track.meta(kTempo, tempoOf(sequence.quarterSeconds));
   track.meta(kTimeSignature, timeSignature(sequence.meter));
+  if (sequence.key) track.meta(kKeySignature, keySignature(*sequence.key));
+  addChanges(track, sequence);
   return track.chunk();
 }
 

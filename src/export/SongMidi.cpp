@@ -2,7 +2,10 @@
 #include "export/SongMidi.h"
 
 #include <algorithm>
+#include <span>
 
+#include "export/MidiClock.h"
+#include "export/score/SongBeats.h"
 #include "export/score/SongScore.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
@@ -11,23 +14,100 @@
 #include "music/ChordStep.h"
 #include "music/Neck.h"
 #include "music/Pitch.h"
+#include "music/Ticks.h"
 
 namespace korvel {
 namespace {
 
 constexpr int kDivision = 480;
+constexpr int kTicksOfUnit = kDivision / kUnitsOfQuarter;
 constexpr int kTicksOfStep = kDivision / kSixteenthsOfQuarter;
 constexpr int kSoundingTicksOfStep = kTicksOfStep * 95 / 100;
 constexpr int kVelocity = 50;
 constexpr int kRelease = 20;
 
-void addTones(std::vector<MidiNote>& notes, const QBHold& hold, const std::vector<int>& open,
-              std::int64_t start) {
-  for (const QBTone* tone : hold.tones()) {
+/// Without those that are silenced.
+template <class Take>
+void eachTone(const QBHold* hold, const std::vector<int>& open, const Take& take) {
+  if (!hold) return;
+  for (const QBTone* tone : hold->tones()) {
     if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
-    const int pitch = addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret());
-    notes.push_back({start, std::int64_t{kSoundingTicksOfStep} * tone->soundingSteps(), pitch,
-                     kVelocity, kRelease});
+    take(*tone, addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret()));
+  }
+}
+
+/// The MIDI ticks of the beats from that of the first chord on.
+MidiClock clockOf(const SongBeats& beats, const SongTime& time, int first) {
+  const int end = std::max(beats.time().end(), first + 1);
+  MidiClock clock(kDivision);
+  for (int tick = first; tick - kTicksOfBeat < end; tick += kTicksOfBeat) {
+    const std::int64_t units = beats.unitsOf(tick) - beats.unitsOf(first);
+    clock.addBeat(time.secondsOf(tick), units * kTicksOfUnit);
+  }
+  return clock;
+}
+
+/// The bar of whole beats that a pick-up lies in.
+Meter leadIn(int units, const Meter& meter) {
+  const bool inQuarters = !meter.isCompound() && units % kUnitsOfQuarter == 0;
+  return inQuarters ? Meter{units / kUnitsOfQuarter, 4} : Meter{units / kUnitsOfEighth, 8};
+}
+
+int beatBefore(int tick) {
+  const int inBeat = tick % kTicksOfBeat;
+  return tick - (inBeat < 0 ? inBeat + kTicksOfBeat : inBeat);
+}
+
+/// zero: where the file begins, in units.
+void addMeters(MidiSequence& sequence, const std::vector<BeatBar>& bars, int zero) {
+  const BeatBar& first = bars.front();
+  const int lead = first.start + first.length - zero;
+  const bool isWhole = lead == first.meter.units();
+  sequence.meter = isWhole ? first.meter : leadIn(lead, first.meter);
+  Meter before = sequence.meter;
+  for (const BeatBar& bar : std::span(bars).subspan(1)) {
+    if (bar.meter != before)
+      sequence.meters.push_back({std::int64_t{bar.start - zero} * kTicksOfUnit, bar.meter});
+    before = bar.meter;
+  }
+}
+
+void addTones(MidiSequence& sequence, QBSong& song, const SongTime& time, const MidiClock& clock,
+              const std::vector<int>& open) {
+  const auto& chords = song.allChords();
+  for (std::size_t i = 0; i < chords.size(); ++i)
+    eachTone(chords[i]->hold(), open, [&](const QBTone& tone, int pitch) {
+      const int tick = time.tickOf(i);
+      const int ticks = tone.ticks() > 0 ? tone.ticks() : time.tickOf(i + 1) - tick;
+      const std::int64_t start = clock.tickAt(time.secondsOf(tick));
+      const std::int64_t end = clock.tickAt(time.secondsOf(static_cast<double>(tick) + ticks));
+      sequence.notes.push_back(
+          {start, std::max<std::int64_t>(end - start, 1), pitch, kVelocity, kRelease});
+    });
+}
+
+void addBeats(MidiSequence& sequence, QBSong& song, const std::vector<int>& open,
+              const std::optional<Meter>& meter) {
+  const SongBeats beats(song);
+  const int first = beatBefore(beats.time().begin());
+  sequence.tempi = clockOf(beats, beats.time(), first).tempi(rateOf(song));
+  sequence.quarterSeconds = sequence.tempi.front().quarterSeconds;
+  sequence.tempi.erase(sequence.tempi.begin());
+  if (song.hasKey()) sequence.key = keyOf(song);
+  addMeters(sequence, beats.bars(meter), beats.unitsOf(first));
+  // Within each beat the file has one tempo, which strict time has too.
+  const SongTime strict(song, SongTime::Tempo::strict);
+  addTones(sequence, song, strict, clockOf(beats, strict, first), open);
+}
+
+void addSlices(MidiSequence& sequence, QBSong& song, const std::vector<int>& open) {
+  std::int64_t start = 0;
+  for (const auto& chord : song.allChords()) {
+    eachTone(chord->hold(), open, [&](const QBTone& tone, int pitch) {
+      const std::int64_t length = std::int64_t{kSoundingTicksOfStep} * tone.soundingSteps();
+      sequence.notes.push_back({start, length, pitch, kVelocity, kRelease});
+    });
+    start += kTicksOfStep;
   }
 }
 
@@ -41,12 +121,10 @@ MidiSequence midiOf(QBSong& song, const std::optional<Meter>& meter) {
   sequence.division = kDivision;
   sequence.quarterSeconds = 60 / score.tempo;
   sequence.meter = meter ? *meter : meterOf(song);
-  std::int64_t start = 0;
-  for (const auto& chord : song.allChords()) {
-    if (const QBHold* hold = chord->hold())
-      addTones(sequence.notes, *hold, score.openStrings, start);
-    start += kTicksOfStep;
-  }
+  if (song.isOnBeats())
+    addBeats(sequence, song, score.openStrings, meter);
+  else
+    addSlices(sequence, song, score.openStrings);
   return sequence;
 }
 

@@ -3,7 +3,7 @@
 
 #include "export/SongMidi.h"
 #include "support/Testing.h"
-#include "support/store/StandardStore.h"
+#include "support/store/TickSong.h"
 
 namespace korvel {
 namespace {
@@ -70,6 +70,49 @@ TEST(SongMidi, playsEveryChordAStepAfterTheOneBefore) {
   EXPECT_EQ(midi.meter, (Meter{6, 8}));
   // A step is a quarter of a quarter, half as fast as it was recorded.
   EXPECT_NEAR(midi.quarterSeconds, 2 * 4 * 16384 / 44100.0, 1e-9);
+}
+
+/// "start+length:pitch", tempi as "start=microseconds", metres as "start=beats/type".
+std::string eventsOf(const MidiSequence& midi) {
+  std::string text;
+  const auto tempo = [&](std::int64_t start, double seconds) {
+    text += std::to_string(start) + '=' + std::to_string(std::llround(seconds * 1e6)) + ' ';
+  };
+  const auto meter = [&](std::int64_t start, const Meter& at) {
+    text += std::to_string(start) + '=' + std::to_string(at.beats) + '/' +
+            std::to_string(at.beatType) + ' ';
+  };
+  tempo(0, midi.quarterSeconds);
+  for (const auto& [start, seconds] : midi.tempi) tempo(start, seconds);
+  meter(0, midi.meter);
+  for (const auto& each : midi.meters) meter(each.start, each.meter);
+  for (const MidiNote& note : midi.notes)
+    text += std::to_string(note.start) + '+' + std::to_string(note.length) + ':' +
+            std::to_string(note.pitch) + ' ';
+  return text;
+}
+
+TEST(SongMidi, playsASongOnBeatsAtItsTicks) {
+  const test::StandardStore store;
+  QBSong* song = store.song("Song");
+  song->setTempo(100);
+  song->setSwing(0.7);
+  test::addBars(song, 3, 4, "xxx2xx:6|0xxxx0:12/36 xxx2xx:4 xxx0xx:8 x:6 xxx2xx:6=12");
+  const std::string notes = "336+144:57 480+1440:40 480+480:64 960+224:57 1184+256:55 1776+480:57 ";
+  EXPECT_EQ(eventsOf(midiOf(*song)), "0=600000 0=1/4 480=3/4 " + notes);
+  test::setBeatTimes(song, -6, [](int tick) { return 3 + 0.05 * std::max(2 * tick - 12, tick); });
+  song->setTempoRate(2);
+  EXPECT_EQ(eventsOf(midiOf(*song)), "0=300000 960=600000 1440=450000 0=1/4 480=3/4 " + notes);
+
+  QBSong* compound = store.song("Compound");
+  compound->setTempo(60);
+  compound->setKey(16);
+  test::addBars(compound, 6, 8, "xxx2xx:4|0xxxx0:12/36 xxx2xx:5 xxx0xx:7|x02xxx:24");
+  const MidiSequence midi = midiOf(*compound);
+  EXPECT_EQ(eventsOf(midi),
+            "0=666667 0=3/8 720=6/8 480+240:57 720+2160:40 720+720:64 1440+300:57 1740+420:55 "
+            "2160+1440:45 2160+1440:52 ");
+  EXPECT_NE(midiFile(midi).find("\xff\x59\x02\x01\x01"), std::string::npos);
 }
 
 }  // namespace

@@ -6,30 +6,48 @@
 #include "export/score/Spelling.h"
 #include "support/Approved.h"
 #include "support/Testing.h"
+#include "support/store/TickSong.h"
 #include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {
 
-/// The signs of a score: "|" before each bar, sixteenths, "r" for rests, "~" to the next one.
-std::string signsOf(const Score& score) {
+/// Sixteenths of a length, in units of a score where they are not whole: "3" and "8u".
+std::string lengthOf(int units) {
+  const bool whole = units % kUnitsOfSixteenth == 0;
+  return whole ? std::to_string(units / kUnitsOfSixteenth) : std::to_string(units) + 'u';
+}
+
+/// Signs with their lengths, "r" for rests, "~" to the next one, "[" and "]" around triplets.
+std::string signsOf(const std::vector<ScoreNote>& notes) {
   std::string text;
-  for (const WrittenBar& bar : writtenBars(score)) {
-    text += '|';
-    for (const ScoreNote& note : bar.notes) {
-      if (&note != &bar.notes.front()) text += ' ';
-      text += (note.event->tones.empty() ? "r" : "") + std::to_string(note.value->sixteenths);
-      if (!note.last && !note.event->tones.empty()) text += '~';
-    }
+  for (const ScoreNote& note : notes) {
+    const auto& tones = note.event->tones;
+    if (&note != &notes.front()) text += ' ';
+    if (note.opensTriplet) text += '[';
+    text += (tones.empty() ? "r" : "") + lengthOf(note.value->units);
+    if (!tones.empty() && (!note.last || tones.front().tiedOn)) text += '~';
+    if (note.closesTriplet) text += ']';
   }
   return text;
 }
 
-Score scoreOfDurations(const Meter& meter, const std::vector<int>& durations) {
+/// "|" before each bar, " / " before its lower voice.
+std::string signsOf(const Score& score) {
+  std::string text;
+  for (const WrittenBar& bar : writtenBars(score)) {
+    text += '|' + signsOf(bar.notes);
+    if (!bar.lower.empty()) text += " / " + signsOf(bar.lower);
+  }
+  return text;
+}
+
+Score scoreOfDurations(const Meter& meter, const std::vector<int>& durations,
+                       int unit = kUnitsOfSixteenth) {
   Score score;
   score.bars.push_back({meter, {}});
   for (const int duration : durations)
-    score.bars.back().events.push_back({duration, {{0, 3, 43}}, std::nullopt});
+    score.bars.back().events.push_back({duration * unit, {{0, 3, 43}}, std::nullopt});
   return score;
 }
 
@@ -47,6 +65,16 @@ TEST(NoteValues, showTheBeatsAndTieWhatNoSingleSignCanSay) {
   EXPECT_EQ(signsOf(Score()), "|r16") << "a part has a bar at least";
 }
 
+TEST(NoteValues, areTripletsWhereNothingElseIsExact) {
+  const auto signs = [](const Meter& meter, const std::vector<int>& units) {
+    return signsOf(scoreOfDurations(meter, units, 1));
+  };
+  EXPECT_EQ(signs({4, 4}, {8, 8, 8, 16, 32, 4, 4, 4, 6, 6}),
+            "|[8u 8u 8u] [16u 32u] [4u 4u 4u] 1 1");
+  EXPECT_EQ(signs({3, 4}, {16, 16, 16, 14, 10}), "|[16u 16u 16u] [2~ 2u 1~ 4u]");
+  EXPECT_EQ(signs({6, 8}, {12, 15, 9, 9, 9, 9, 9}), "|2 2~ 3u 9u 9u 9u 9u 9u");
+}
+
 TEST(NoteValues, fillEveryBarExactlyWhateverTheDurations) {
   std::mt19937 random(3);
   for (const Meter& meter :
@@ -57,17 +85,19 @@ TEST(NoteValues, fillEveryBarExactlyWhateverTheDurations) {
       durations.push_back(1 + static_cast<int>(random() % 30));
       total += durations.back();
     }
-    const Score score = scoreOfDurations(meter, durations);
-    int sounding = 0;
-    for (const WrittenBar& bar : writtenBars(score)) {
-      int length = 0;
-      for (const ScoreNote& note : bar.notes) {
-        length += note.value->sixteenths;
-        if (!note.event->tones.empty()) sounding += note.value->sixteenths;
+    for (const int unit : {1, 2, 3, kUnitsOfSixteenth}) {
+      const Score score = scoreOfDurations(meter, durations, unit);
+      int sounding = 0;
+      for (const WrittenBar& bar : writtenBars(score)) {
+        int length = 0;
+        for (const ScoreNote& note : bar.notes) {
+          length += note.value->units;
+          if (!note.event->tones.empty()) sounding += note.value->units;
+        }
+        ASSERT_EQ(length, meter.units()) << meter.beats << '/' << meter.beatType;
       }
-      ASSERT_EQ(length, meter.sixteenths()) << meter.beats << '/' << meter.beatType;
+      EXPECT_EQ(sounding, total * unit);
     }
-    EXPECT_EQ(sounding, total);
   }
 }
 
@@ -82,6 +112,19 @@ TEST(Spelling, followsTheHarmony) {
       << "the octave is that of the name";
   EXPECT_EQ(text(63, {0, "7#9"}) + text(63, {0, "m7"}), "D#4Eb4");
   EXPECT_EQ(text(68, {0, "aug"}) + text(57, {3, "dim7"}), "G#4A3") << "no double flats";
+  const auto inKey = [](const ScoreKey& key) {
+    std::string names;
+    for (int pitch = 60; pitch < 72; ++pitch) {
+      const SpelledNote note = spelled(pitch, nullptr, &key);
+      names += note.step;
+      if (note.alter) names += note.alter < 0 ? 'b' : '#';
+    }
+    return std::to_string(fifthsOf(key)) + names;
+  };
+  EXPECT_EQ(inKey({5, false}), "-1CDbDEbEFF#GAbABbB");
+  EXPECT_EQ(inKey({4, false}), "4CC#DD#EFF#GG#AA#B");
+  EXPECT_EQ(inKey({1, true}), "4B#C#DD#EE#F#GG#AA#B") << "what leads to the tonic is B#";
+  EXPECT_EQ(inKey({10, true}), "-5CDbDEbEFGbGAbABbB");
   EXPECT_EQ(spelled(40), (SpelledNote{'E', 0, 2}));
   EXPECT_EQ(spelled(51), (SpelledNote{'E', -1, 3}));
 }
@@ -134,6 +177,48 @@ TEST_F(SongScoreTest, writesWhatOtherProgramsRead) {
   written.program = "Korvel";
   written.date = "2026-05-01";
   test::expectApproved(ScoreWriter(written).write(), "export/score.musicxml");
+}
+
+/// Pick-ups, triplets, a bass and a tone that are held under or over others, ties across bar lines,
+/// and lengths as edits leave them.
+TEST_F(SongScoreTest, writesTheExactLengthsOfASongOnBeats) {
+  const struct {
+    int beats, type;
+    const char* bars;
+    const char* signs;
+  } cases[] = {
+      {4, 4, "x:6 xxx2xx:6|0xxxx0:12/48 xxx2xx:4 xxx2xx:4 xxx2xx:4 xxx0xx:24",
+       "|r2 2|4 [8u 8u 8u] 8 / 16"},
+      {4, 4, "x02210:36 xxxx1x:12=30|x:18 0xxxx0:18 xxxxxx:12", "|12 4~|6 6 r4"},
+      {3, 4, "xxx2xx:4|xxxxx3:36 |0xxxxx:12 x0xxxx:12 x2xxxx:5 x3xxxx:7",
+       "|[r16u 8u]|12|4 4 [8u~ 2u 1~ 8u]"},
+      {3, 4, "xxxxx3:12=36 0xxxxx:12 x2xxxx:12", "|12 / r4 4 4"},
+      {6, 8, "xxx2xx:4|0xxxxx:4/24 xxx2xx:4 xxxx1x:4 x:12|x02210:3 x02210:9 x02210:12=20|x:24",
+       "|2|r2 2 2 r6 / 12|9u 9u~ 3 6~|4 r2 r6"},
+  };
+  for (const auto& [beats, type, bars, signs] : cases) {
+    QBSong* song = m_store.song("Beats");
+    song->setTempo(100);
+    test::addBars(song, beats, type, bars);
+    EXPECT_EQ(signsOf(score(song)), signs) << bars;
+  }
+}
+
+TEST_F(SongScoreTest, writesASongOnBeatsAsOtherProgramsReadIt) {
+  m_song->setTempo(120);
+  m_song->setSwing(0.66);
+  m_song->setKey(5);
+  test::addBars(m_song, 3, 4,
+                "xxx3xx:4|x13331:12/36 xxxx3x:6 xxxx1x:6 xxx3xx:12=18|x:6 xxxxx3:30|");
+  test::setBeatTimes(m_song, -4, [](int tick) { return 2 + 0.04 * std::max(tick, 2 * tick - 36); });
+  for (const auto& chord : m_song->allChords()) {
+    chord->setHarmony(harmony("7"));
+    chord->setBaseTone(10);
+  }
+  Score written = score(m_song);
+  written.program = "Korvel";
+  written.date = "2026-05-01";
+  test::expectApproved(ScoreWriter(written).write(), "export/beats.musicxml");
 }
 
 }  // namespace

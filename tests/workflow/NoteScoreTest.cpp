@@ -17,7 +17,7 @@ Note note(double onset, double end, int string, int fret, float strength = 1) {
 std::string eventsOf(const Score& score) {
   std::string text;
   for (const ScoreEvent& event : score.bars.front().events) {
-    text += (event.tones.empty() ? " r" : " ") + std::to_string(event.duration);
+    text += (event.tones.empty() ? " r" : " ") + std::to_string(event.duration / kUnitsOfSixteenth);
     for (const ScoreTone& tone : event.tones)
       text += ':' + std::to_string(tone.string) + '/' + std::to_string(tone.fret);
   }

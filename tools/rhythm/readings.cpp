@@ -5,6 +5,7 @@
 // seconds, pitch, strength and probability. Writes for each piece the number of tracks, and for
 // each the number of beats and their times; then the number of readings, and for each its track,
 // beats of a bar, first bar line, whether it is compound, its score and its features.
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
 #include <vector>

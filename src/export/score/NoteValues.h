@@ -9,8 +9,8 @@ namespace korvel {
 
 /// A length that one note sign stands for.
 struct NoteValue {
-  int sixteenths;
-  const char* type;  ///< Of the sign without its dot: "16th" to "whole".
+  int units;         ///< As it sounds, in a triplet two thirds of what the sign says.
+  const char* type;  ///< Of the sign without its dot: "64th" to "whole".
   bool dotted;
 };
 
@@ -20,17 +20,24 @@ struct ScoreNote {
   const NoteValue* value;
   bool first;
   bool last;
+  /// The sign that its group of triplets has three of, such as "eighth"; null outside of one.
+  const char* tripletOf = nullptr;
+  bool opensTriplet = false;
+  bool closesTriplet = false;
 };
 
-/// A bar with the signs that fill it exactly.
+/// A bar with the signs that fill it exactly in each voice.
 struct WrittenBar {
   Meter meter;
   std::vector<ScoreNote> notes;
+  std::vector<ScoreNote> lower{};  ///< Of the second voice; empty when it is silent.
+  int pickUp = 0;                  ///< Length of a bar that is not whole, at the beginning.
+  std::optional<double> tempo{};   ///< Quarters a minute, when it is another from here on.
 };
 
 /// Events as they stand in bars: split where a bar ends and where no single sign would show the
-/// beats, with rests at the end of a passage. The events must outlive the result. Always at least
-/// one bar.
+/// beats, with rests at the end of a passage. What does not lie on thirty-seconds is in triplets.
+/// The events must outlive the result. Always at least one bar.
 std::vector<WrittenBar> writtenBars(const Score& score);
 
 }  // namespace korvel

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/score/ScoreWriter.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "export/score/HarmonyKind.h"
 #include "export/score/NoteValues.h"
 #include "export/score/Spelling.h"
-#include "music/ChordStep.h"
 #include "platform/text/XmlWriter.h"
 
 namespace korvel {
@@ -15,7 +16,6 @@ namespace {
 constexpr const char* kPart = "P1";
 constexpr const char* kInstrument = "P1-I1";
 constexpr int kMidiProgram = 26;  // counted from 1: acoustic guitar with steel strings
-constexpr int kGuitarVoice = 1;
 
 /// With two decimals, whatever the user's locale.
 std::string textOf(double tempo) {
@@ -24,9 +24,8 @@ std::string textOf(double tempo) {
   return std::to_string(hundredths / 100) + (rest < 10 ? ".0" : ".") + std::to_string(rest);
 }
 
-void addRoot(platform::XmlWriter& xml, int pitchClass) {
+void addRoot(platform::XmlWriter& xml, const SpelledNote& name) {
   const auto root = xml.open("root");
-  const SpelledNote name = spelled(pitchClass);
   xml.add("root-step", std::string_view(&name.step, 1));
   if (name.alter) xml.add("root-alter", name.alter);
 }
@@ -39,6 +38,29 @@ void addDegree(platform::XmlWriter& xml, const HarmonyDegree& degree, bool print
   const auto type = xml.open("degree-type");
   xml.attribute("text", degree.text);
   xml.text(degree.type);
+}
+
+/// All lengths are whole in divisions of the quarter, of which there are four if that is enough.
+int unitsOfDivision(const std::vector<WrittenBar>& bars) {
+  const auto isInSixteenths = [](const ScoreNote& note) {
+    return note.value->units % kUnitsOfSixteenth == 0;
+  };
+  const auto areInSixteenths = [&](const WrittenBar& bar) {
+    return std::ranges::all_of(bar.notes, isInSixteenths) &&
+           std::ranges::all_of(bar.lower, isInSixteenths);
+  };
+  return std::ranges::all_of(bars, areInSixteenths) ? kUnitsOfSixteenth : 1;
+}
+
+/// The ratio of small numbers that is within a hundredth of a share, such as 2 to 1 for 0.66.
+std::pair<int, int> ratioOf(double share) {
+  constexpr double kNear = 0.01;
+  for (int whole = 2; whole < 50; ++whole) {
+    const int first = static_cast<int>(std::lround(share * whole));
+    if (first < whole && std::abs(share - static_cast<double>(first) / whole) <= kNear)
+      return {first, whole - first};
+  }
+  return {1, 1};
 }
 
 }  // namespace
@@ -55,11 +77,7 @@ std::string ScoreWriter::write() {
   m_xml->attribute("version", "4.0");
   writeHead();
   writePartList();
-  {
-    const auto part = m_xml->open("part");
-    m_xml->attribute("id", kPart);
-    for (const WrittenBar& bar : writtenBars(m_score)) writeBar(bar);
-  }
+  writePart();
   return m_xml->finish();
 }
 
@@ -91,12 +109,37 @@ void ScoreWriter::writePartList() {
   m_xml->add("midi-program", kMidiProgram);
 }
 
+void ScoreWriter::writePart() {
+  const auto part = m_xml->open("part");
+  m_xml->attribute("id", kPart);
+  const std::vector<WrittenBar> bars = writtenBars(m_score);
+  m_unitsOfDivision = unitsOfDivision(bars);
+  for (const WrittenBar& bar : bars) writeBar(bar);
+}
+
 void ScoreWriter::writeBar(const WrittenBar& bar) {
   const auto measure = m_xml->open("measure");
-  m_xml->attribute("number", std::to_string(++m_bar));
+  m_xml->attribute("number", std::to_string(bar.pickUp ? m_bar : ++m_bar));
+  if (bar.pickUp) m_xml->attribute("implicit", "yes");
+  const bool start = !m_meter;
   if (m_meter != bar.meter) writeAttributes(bar.meter);
-  if (m_bar == 1) writeTempo();
+  if (start)
+    writeTempo(bar.tempo.value_or(m_score.tempo));
+  else if (bar.tempo)
+    writeSound(*bar.tempo);
+  if (start && m_score.swing) writeSwing();
   for (const ScoreNote& note : bar.notes) writeSign(note);
+  if (!bar.lower.empty()) writeLower(bar);
+}
+
+void ScoreWriter::writeLower(const WrittenBar& bar) {
+  {
+    const auto backup = m_xml->open("backup");
+    m_xml->add("duration", (bar.pickUp ? bar.pickUp : bar.meter.units()) / m_unitsOfDivision);
+  }
+  m_voice = Voice::lower;
+  for (const ScoreNote& note : bar.lower) writeSign(note);
+  m_voice = Voice::upper;
 }
 
 void ScoreWriter::writeAttributes(const Meter& meter) {
@@ -104,9 +147,8 @@ void ScoreWriter::writeAttributes(const Meter& meter) {
   const bool start = !m_meter;
   m_meter = meter;
   if (start) {
-    m_xml->add("divisions", kSixteenthsOfQuarter);
-    const auto key = m_xml->open("key");
-    m_xml->add("fifths", 0);
+    m_xml->add("divisions", kUnitsOfQuarter / m_unitsOfDivision);
+    writeKey();
   }
   {
     const auto time = m_xml->open("time");
@@ -114,6 +156,12 @@ void ScoreWriter::writeAttributes(const Meter& meter) {
     m_xml->add("beat-type", meter.beatType);
   }
   if (start) writeStaff();
+}
+
+void ScoreWriter::writeKey() {
+  const auto key = m_xml->open("key");
+  m_xml->add("fifths", m_score.key ? fifthsOf(*m_score.key) : 0);
+  if (m_score.key) m_xml->add("mode", m_score.key->minor ? "minor" : "major");
 }
 
 void ScoreWriter::writeStaff() {
@@ -135,28 +183,53 @@ void ScoreWriter::writeStaff() {
   }
 }
 
-void ScoreWriter::writeTempo() {
-  const std::string tempo = textOf(m_score.tempo);
+void ScoreWriter::writeTempo(double tempo) {
+  constexpr double kQuartersOfDottedOne = 1.5;
+  const bool dotted = m_score.countsBeats && m_meter->isCompound();
   const auto direction = m_xml->open("direction");
   m_xml->attribute("placement", "above");
   {
     const auto type = m_xml->open("direction-type");
     const auto metronome = m_xml->open("metronome");
     m_xml->add("beat-unit", "quarter");
-    m_xml->add("per-minute", tempo);
+    if (dotted) m_xml->add("beat-unit-dot");
+    m_xml->add("per-minute", textOf(dotted ? tempo / kQuartersOfDottedOne : tempo));
+  }
+  writeSound(tempo);
+}
+
+void ScoreWriter::writeSound(double tempo) {
+  const auto sound = m_xml->open("sound");
+  m_xml->attribute("tempo", textOf(tempo));
+}
+
+void ScoreWriter::writeSwing() {
+  const auto direction = m_xml->open("direction");
+  m_xml->attribute("placement", "above");
+  {
+    const auto type = m_xml->open("direction-type");
+    m_xml->add("words", "Swing");
   }
   const auto sound = m_xml->open("sound");
-  m_xml->attribute("tempo", tempo);
+  const auto swing = m_xml->open("swing");
+  const auto [first, second] = ratioOf(*m_score.swing);
+  m_xml->add("first", first);
+  m_xml->add("second", second);
+  m_xml->add("swing-type", "eighth");
+}
+
+SpelledNote ScoreWriter::spelledIn(int pitch, const std::optional<ScoreHarmony>& harmony) const {
+  return spelled(pitch, harmony ? &*harmony : nullptr, m_score.key ? &*m_score.key : nullptr);
 }
 
 // A name counts until the next one; a chord without a name ends it.
 void ScoreWriter::writeHarmony(const ScoreEvent& event) {
-  if (event.tones.empty() || event.harmony == m_harmony) return;
+  if ((event.tones.empty() && !event.harmony) || event.harmony == m_harmony) return;
   m_harmony = event.harmony;
   if (!m_harmony) return;
   const HarmonyKind known = harmonyKindOf(m_harmony->type);
   const auto harmony = m_xml->open("harmony");
-  addRoot(*m_xml, m_harmony->root);
+  addRoot(*m_xml, spelledIn(m_harmony->root, std::nullopt));
   {
     const auto kind = m_xml->open("kind");
     if (!known.text.empty()) m_xml->attribute("text", known.text);
@@ -168,31 +241,32 @@ void ScoreWriter::writeHarmony(const ScoreEvent& event) {
 
 void ScoreWriter::writeSign(const ScoreNote& note) {
   const auto& tones = note.event->tones;
-  if (note.first) writeHarmony(*note.event);
+  if (note.first && m_voice == Voice::upper) writeHarmony(*note.event);
   if (tones.empty()) writeNote(note, nullptr, true);
   for (const ScoreTone& tone : tones) writeNote(note, &tone, &tone == &tones.front());
 }
 
 void ScoreWriter::writeNote(const ScoreNote& note, const ScoreTone* tone, bool first) {
   const auto element = m_xml->open("note");
+  if (!tone && m_voice == Voice::lower) m_xml->attribute("print-object", "no");
   if (!first) m_xml->add("chord");
   if (tone)
-    writePitch(spelled(tone->pitch, note.event->harmony ? &*note.event->harmony : nullptr));
+    writePitch(spelledIn(tone->pitch, note.event->harmony));
   else
     m_xml->add("rest");
-  m_xml->add("duration", note.value->sixteenths);
-  if (tone) writeTies("tie", note);
+  m_xml->add("duration", note.value->units / m_unitsOfDivision);
+  if (tone) writeTies("tie", note, *tone);
   writeValue(note);
-  if (tone) writeNotations(note, *tone);
+  writeNotations(note, tone, first);
 }
 
-void ScoreWriter::writeTies(const char* name, const ScoreNote& note) {
+void ScoreWriter::writeTies(const char* name, const ScoreNote& note, const ScoreTone& tone) {
   const auto writeTie = [&](const char* type) {
     const auto tie = m_xml->open(name);
     m_xml->attribute("type", type);
   };
-  if (!note.first) writeTie("stop");
-  if (!note.last) writeTie("start");
+  if (!note.first || tone.tiedBefore) writeTie("stop");
+  if (!note.last || tone.tiedOn) writeTie("start");
 }
 
 void ScoreWriter::writePitch(const SpelledNote& pitch) {
@@ -203,17 +277,34 @@ void ScoreWriter::writePitch(const SpelledNote& pitch) {
 }
 
 void ScoreWriter::writeValue(const ScoreNote& note) {
-  m_xml->add("voice", kGuitarVoice);
+  m_xml->add("voice", static_cast<int>(m_voice));
   m_xml->add("type", note.value->type);
   if (note.value->dotted) m_xml->add("dot");
+  if (!note.tripletOf) return;
+  const auto time = m_xml->open("time-modification");
+  m_xml->add("actual-notes", 3);
+  m_xml->add("normal-notes", 2);
+  m_xml->add("normal-type", note.tripletOf);
 }
 
-void ScoreWriter::writeNotations(const ScoreNote& note, const ScoreTone& tone) {
+void ScoreWriter::writeNotations(const ScoreNote& note, const ScoreTone* tone, bool first) {
+  const bool bounds = first && (note.opensTriplet || note.closesTriplet);
+  if (!tone && !bounds) return;
   const auto notations = m_xml->open("notations");
-  writeTies("tied", note);
+  if (tone) writeTies("tied", note, *tone);
+  if (first && note.opensTriplet) writeTriplet("start");
+  if (first && note.closesTriplet) writeTriplet("stop");
+  if (!tone) return;
   const auto technical = m_xml->open("technical");
-  m_xml->add("string", static_cast<int>(m_score.openStrings.size()) - tone.string);  // from the top
-  m_xml->add("fret", tone.fret);
+  const int strings = static_cast<int>(m_score.openStrings.size());
+  m_xml->add("string", strings - tone->string);  // from the top
+  m_xml->add("fret", tone->fret);
+}
+
+void ScoreWriter::writeTriplet(const char* type) {
+  const auto tuplet = m_xml->open("tuplet");
+  m_xml->attribute("type", type);
+  m_xml->attribute("number", std::to_string(static_cast<int>(m_voice)));
 }
 
 }  // namespace korvel

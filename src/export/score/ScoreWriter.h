@@ -18,7 +18,8 @@ struct SpelledNote;
 struct WrittenBar;
 
 /// Writes a score as a MusicXML 4.0 partwise document that notation programs read: one staff of
-/// tablature, chord names where they change, every bar filled exactly.
+/// tablature, chord names where they change, every bar filled exactly. The rests of a lower voice
+/// are there, but not printed.
 class ScoreWriter {
  public:
   explicit ScoreWriter(const Score& score);
@@ -30,26 +31,39 @@ class ScoreWriter {
   std::string write();
 
  private:
+  /// The first one is written above, the second one below.
+  enum class Voice { upper = 1, lower = 2 };
+
   // These write the parts of the document, from the outside to the inside, in the order of the
   // format.
   void writeHead();
   void writePartList();
+  void writePart();
   void writeBar(const WrittenBar& bar);
   void writeAttributes(const Meter& meter);
+  void writeKey();
   void writeStaff();
-  void writeTempo();
+  void writeTempo(double tempo);
+  /// A tempo that is played, but not printed.
+  void writeSound(double tempo);
+  void writeSwing();
+  void writeLower(const WrittenBar& bar);
   void writeHarmony(const ScoreEvent& event);
   void writeSign(const ScoreNote& note);
   void writeNote(const ScoreNote& note, const ScoreTone* tone, bool first);
-  /// One for each end at which the sign is tied to another.
-  void writeTies(const char* name, const ScoreNote& note);
+  /// One for each end at which the tone of the sign is tied to another.
+  void writeTies(const char* name, const ScoreNote& note, const ScoreTone& tone);
   void writePitch(const SpelledNote& pitch);
   void writeValue(const ScoreNote& note);
-  void writeNotations(const ScoreNote& note, const ScoreTone& tone);
+  void writeNotations(const ScoreNote& note, const ScoreTone* tone, bool first);
+  void writeTriplet(const char* type);
+  SpelledNote spelledIn(int pitch, const std::optional<ScoreHarmony>& harmony) const;
 
   const Score& m_score;
   std::unique_ptr<platform::XmlWriter> m_xml;
+  int m_unitsOfDivision = 1;
   int m_bar = 0;
+  Voice m_voice = Voice::upper;
   std::optional<Meter> m_meter;           ///< The one that was written last.
   std::optional<ScoreHarmony> m_harmony;  ///< Likewise.
 };

@@ -2,19 +2,14 @@
 #include "export/score/SongScore.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <span>
 
-#include "model/book/QBHarmony.h"
+#include "export/score/ChordReading.h"
+#include "export/score/SongBeats.h"
 #include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
-#include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
-#include "model/songs/QBTone.h"
 #include "music/ChordStep.h"
-#include "music/Neck.h"
 #include "music/Pitch.h"
 
 namespace korvel {
@@ -25,12 +20,6 @@ using Chords = std::vector<platform::Ref<QBChord>>;
 constexpr double kSecondsOfMinute = 60;
 
 int durationOf(const QBChord& chord) { return std::clamp(chord.duration(), 1, kLongestDuration); }
-
-std::optional<ScoreHarmony> harmonyOf(const QBChord& chord) {
-  const QBHarmony* harmony = chord.harmony();
-  if (!harmony || !QBHarmony::noteAsString(chord.baseTone())) return std::nullopt;
-  return ScoreHarmony{chord.baseTone(), harmony->type()};
-}
 
 /// Reads the chords of one song in its tuning.
 class SongReader {
@@ -51,11 +40,11 @@ class SongReader {
     for (const auto& chord : chords) {
       ScoreEvent event = eventOf(*chord);
       const bool rest = event.tones.empty();
-      if (rest && covered > 0 && event.duration == 1) {
-        --covered;
+      if (rest && covered > 0 && event.duration == kUnitsOfSixteenth) {
+        covered -= kUnitsOfSixteenth;
         continue;
       }
-      covered = event.duration - 1;
+      covered = event.duration - kUnitsOfSixteenth;
       if (rest && !events.empty() && events.back().tones.empty())
         events.back().duration += event.duration;
       else
@@ -66,38 +55,14 @@ class SongReader {
 
  private:
   ScoreEvent eventOf(const QBChord& chord) const {
-    ScoreEvent event{durationOf(chord), tonesOf(chord), std::nullopt};
+    ScoreEvent event{durationOf(chord) * kUnitsOfSixteenth, {}, std::nullopt};
+    for (const BeatTone& each : tonesOf(chord, m_openStrings)) event.tones.push_back(each.tone);
     if (!event.tones.empty()) event.harmony = harmonyOf(chord);
     return event;
   }
 
-  std::vector<ScoreTone> tonesOf(const QBChord& chord) const {
-    std::array<int, kStrings> frets;
-    frets.fill(-1);
-    if (const QBHold* hold = chord.hold())
-      for (const QBTone* tone : hold->tones()) {
-        if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
-        int& fret = frets.at(static_cast<std::size_t>(tone->string()));
-        fret = std::max(fret, tone->fret());
-      }
-    std::vector<ScoreTone> tones;
-    for (int string = 0; string < kStrings; ++string) {
-      const int fret = frets[static_cast<std::size_t>(string)];
-      const int pitch = addNotes(m_openStrings[static_cast<std::size_t>(string)], fret);
-      if (fret >= 0 && pitch <= kHighestNote) tones.push_back({string, fret, pitch});
-    }
-    return tones;
-  }
-
   std::vector<int> m_openStrings;
 };
-
-Meter meterOf(const QBMeasure& measure) {
-  const int type = measure.beattype();
-  const bool known = type > 0 && kSixteenthsOfWhole % type == 0;
-  if (!known || measure.beat() < 1 || measure.beat() > kSixteenthsOfWhole * 2) return {};
-  return {measure.beat(), type};
-}
 
 std::vector<ScoreBar> barsOf(const SongReader& reader, const QBSong& song) {
   std::vector<ScoreBar> bars;
@@ -106,10 +71,20 @@ std::vector<ScoreBar> barsOf(const SongReader& reader, const QBSong& song) {
   return bars;
 }
 
-double tempoOf(const QBSong& song) {
-  const double rate = song.tempoRate();
-  return kSecondsOfMinute / (kSixteenthsOfQuarter * kSecondsOfChord) *
-         (rate >= 0.01 && rate <= 100 ? rate : 1);
+double tempoOfSlices(const QBSong& song) {
+  return kSecondsOfMinute / (kSixteenthsOfQuarter * kSecondsOfChord) * rateOf(song);
+}
+
+void addBeats(Score& score, QBSong& song, const std::optional<Meter>& meter) {
+  const SongBeats beats(song);
+  const double rate = rateOf(song);
+  score.countsBeats = true;
+  score.tempo = beats.tempo() * rate;
+  if (song.hasKey()) score.key = keyOf(song);
+  if (song.isSwung()) score.swing = song.swing();
+  score.bars = scoreBarsOf(beats.music(score.openStrings, meter));
+  for (ScoreBar& bar : score.bars)
+    if (bar.tempo) *bar.tempo *= rate;
 }
 
 }  // namespace
@@ -119,20 +94,32 @@ Meter meterOf(const QBSong& song) {
   return measures.empty() ? Meter() : meterOf(*measures.front());
 }
 
+double rateOf(const QBSong& song) {
+  const double rate = song.tempoRate();
+  return rate >= 0.01 && rate <= 100 ? rate : 1;
+}
+
+ScoreKey keyOf(const QBSong& song) {
+  const int key = std::clamp(song.key(), 0, 2 * kNotesPerOctave - 1);
+  return {key % kNotesPerOctave, key >= kNotesPerOctave};
+}
+
 Score headOf(const QBSong& song) {
   Score score;
   score.title = song.title();
   if (!song.instrument().empty()) score.instrument = song.instrument();
   const OpenPitches open = openStringsOf(&song).pitches();
   score.openStrings.assign(open.begin(), open.end());
-  score.tempo = tempoOf(song);
+  score.tempo = tempoOfSlices(song);
   return score;
 }
 
 Score scoreOf(QBSong& song, const std::optional<Meter>& meter) {
   Score score = headOf(song);
   const SongReader reader(score.openStrings);
-  if (meter || song.measures().empty())
+  if (song.isOnBeats())
+    addBeats(score, song, meter);
+  else if (meter || song.measures().empty())
     score.bars = {{meter.value_or(Meter()), reader.eventsInTime(song.allChords())}};
   else
     score.bars = barsOf(reader, song);

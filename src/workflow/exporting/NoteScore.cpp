@@ -107,8 +107,9 @@ Score NoteScore::score(const std::string& title, const OpenPitches& open) const 
     const auto& [start, end, tones] = strikes[i];
     const int next = i + 1 < strikes.size() ? strikes[i + 1].start : end;
     const int length = end >= next - 1 ? next - start : end - start;
-    events.push_back({length, tones, std::nullopt});
-    if (start + length < next) events.push_back({next - start - length, {}, std::nullopt});
+    events.push_back({length * kUnitsOfSixteenth, tones, std::nullopt});
+    if (start + length < next)
+      events.push_back({(next - start - length) * kUnitsOfSixteenth, {}, std::nullopt});
   }
   return score;
 }
