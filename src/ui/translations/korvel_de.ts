@@ -256,6 +256,22 @@
         <source>The resource %1 is missing; install Korvel again.</source>
         <translation>Die Datei %1 des Programms fehlt; installiere Korvel neu.</translation>
     </message>
+    <message>
+        <source>With a capo on fret %1 it sounds as recorded.</source>
+        <translation>Mit einem Kapodaster am Bund %1 klingt es wie aufgenommen.</translation>
+    </message>
+    <message>
+        <source>Easy version made.</source>
+        <translation>Leichte Fassung erstellt.</translation>
+    </message>
+    <message>
+        <source>Song to sing along made.</source>
+        <translation>Lied zum Mitsingen erstellt.</translation>
+    </message>
+    <message>
+        <source>its rhythm is too free to be read in bars, so the song is in slices of 0.37 s; with its tempo or taps it can be laid into bars</source>
+        <translation>Der Rhythmus ist zu frei, um in Takten gelesen zu werden, daher steht das Lied in Abschnitten von 0,37 s; mit seinem Tempo oder durch Mitklopfen lässt es sich in Takte legen</translation>
+    </message>
 </context>
 <context>
     <name>Message</name>
@@ -3298,6 +3314,18 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>&amp;Language</source>
         <translation>&amp;Sprache</translation>
+    </message>
+    <message>
+        <source>Bars, at the tempo of the recording</source>
+        <translation>Takten, im Tempo der Aufnahme</translation>
+    </message>
+    <message>
+        <source>Slices of 0.37 seconds</source>
+        <translation>Abschnitten von 0,37 Sekunden</translation>
+    </message>
+    <message>
+        <source>&amp;Written in</source>
+        <translation>&amp;Geschrieben in</translation>
     </message>
 </context>
 <context>
