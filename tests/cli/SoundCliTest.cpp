@@ -49,12 +49,12 @@ TEST_F(SoundCliTest, anUnpluggedMicrophoneLeavesWhatWasRecorded) {
   EXPECT_EQ(ended.status, 1);
   EXPECT_NE(ended.err.find("korvel-cli: Monitor of Amp: the device is gone"), std::string::npos)
       << ended.err;
-  EXPECT_GE(dump("T")["chords"].size(), 5U);
+  EXPECT_GE(dump("T")["chords"].size(), 2U);
 }
 
 TEST_F(SoundCliTest, anUnpluggedLoudspeakerEndsThePlaying) {
   m_card->plug("amp", "Amp");
-  ASSERT_EQ(tool({"import", m_wav, "--title", "Song"}).status, 0);
+  ASSERT_EQ(tool({"import", m_wav, "--title", "Song", "--grid", "slices"}).status, 0);
   std::future<Outcome> playing = std::async(std::launch::async, [&] {
     return tool({"play", "Song", "--device", "Amp", "--loop", "1", "9"});
   });

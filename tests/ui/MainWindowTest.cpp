@@ -585,7 +585,7 @@ TEST_F(MainWindowTest, libraryIsOpenAsItWasAfterASearchAndAfterAStart) {
   const QAbstractItemModel& shown = *view().model();
   view().setExpanded(shown.index(1, 0, shown.index(0, 0)), true);
   view().setExpanded(shown.index(1, 0), false);
-  auto* search = m_window->findChild<QLineEdit*>();
+  auto* search = m_window->tree().findChild<QLineEdit*>();
   QTest::keyClicks(search, "blu");
   EXPECT_EQ(openTitles(view()), "Albums Other Practice ");
   search->clear();
@@ -653,7 +653,7 @@ TEST_F(MainWindowTest, searchLeavesTheSongThatIsShown) {
   album->createSong("Waltz");
   QBSession::session().refreshTree();
   QBSession::session().setActiveSong(blues);
-  auto* search = m_window->findChild<QLineEdit*>();
+  auto* search = m_window->tree().findChild<QLineEdit*>();
   QTest::keyClicks(search, "wal");
   EXPECT_EQ(QBSession::session().activeSong(), blues);
   EXPECT_FALSE(QBSession::session().activeSongNode());

@@ -55,12 +55,13 @@ bool isJust(QBHarmony& harmony, int root, unsigned pitchClasses) {
 std::vector<unsigned> pitchClassesOfSpans(std::span<const fingering::Note> notes,
                                           const rhythm::Reading& reading) {
   std::vector<Weights> weights(reading.chords.size());
-  for (std::size_t i = 0; i < notes.size() && i < reading.notes.size(); ++i) {
-    const rhythm::Place& place = reading.notes[i];
-    const auto first = std::ranges::upper_bound(reading.chords, place.tick, {},
+  for (std::size_t i = 0; i < notes.size(); ++i) {
+    const double from = reading.tickOf(notes[i].onset);
+    const double to = reading.tickOf(notes[i].end);
+    const auto first = std::ranges::upper_bound(reading.chords, from, {},
                                                 [](const auto& span) { return span.to; });
-    for (auto span = first; span != reading.chords.end() && span->from < place.end(); ++span) {
-      const int shared = std::min(place.end(), span->to) - std::max(place.tick, span->from);
+    for (auto span = first; span != reading.chords.end() && span->from < to; ++span) {
+      const double shared = std::min<double>(to, span->to) - std::max<double>(from, span->from);
       const auto at = static_cast<std::size_t>(span - reading.chords.begin());
       weights[at][static_cast<std::size_t>(notes[i].pitch % kNotesPerOctave)] +=
           shared * static_cast<double>(notes[i].probability);
