@@ -92,13 +92,13 @@ struct Alternative {
 
 /// What the user has said about how a recording is to be read; the rest is found.
 struct Wishes {
-  std::optional<double> tempo;  ///< Beats a minute, within 8 %.
-  std::optional<Metre> metre;
-  std::optional<Feel> feel;
-  int finest = 16;                 ///< The shortest value that is written: 8 or 16.
-  std::optional<double> barLine;   ///< Seconds: there is one at the beat next to it.
-  std::vector<double> taps;        ///< Seconds, ascending: beats lie there, four of them at least.
-  std::vector<double> fixedBeats;  ///< Seconds: a beat that was dragged lies exactly there.
+  std::optional<double> tempo{};  ///< Beats a minute, within 8 %.
+  std::optional<Metre> metre{};
+  std::optional<Feel> feel{};
+  int finest = 16;                  ///< The shortest value that is written: 8 or 16.
+  std::optional<double> barLine{};  ///< Seconds: there is one at the beat next to it.
+  std::vector<double> taps{};       ///< Seconds, ascending: beats lie there, four of them at least.
+  std::vector<double> fixedBeats{};  ///< Seconds: a beat that was dragged lies exactly there.
 
   bool operator==(const Wishes&) const = default;
 };

@@ -120,15 +120,15 @@ class Maker:
     def click(self):
         """One note again and again."""
         self.metre = "4/4"
-        self.start(between(self.r, 50, 190))
-        step = pick(self.r, [12, 6])
+        self.start(between(self.r, 56, 200))
+        step = pick(self.r, [12, 12, 6])
         for tick in range(0, self.bars * 48, step):
             accent = 1 if tick % 48 == 0 else .9 if tick % 12 == 0 else .8
             self.piece.note(tick, step, 60, vel=accent)
 
     def make(self):
         pick(self.r, [self.strum, self.pick_strings, self.sing, self.click],
-             [.39, .24, .35, .02])()
+             [.38, .22, .35, .05])()
         if self.r.rand() < .2 and not self.piece.swing:
             whole = self.piece.compound or self.r.rand() < .5
             self.piece.pickup([-12] if whole else [-12, -6], [60, 62])

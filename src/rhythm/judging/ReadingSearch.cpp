@@ -246,8 +246,8 @@ void ReadingSearch::scoreBars(Candidate candidate, const OnsetPhases& phases, co
   const BeatTrack& track = m_tracks[candidate.track];
   const Bars& bars = candidate.bars;
   const bool ternary = candidate.division == Division::ternary;
-  candidate.compound =
-      m_limits.metre ? m_limits.metre->compound : ternary && bars.beats == 2 && isSixEight(use);
+  const bool six = ternary && bars.beats == 2 && isSixEight(use) && !m_limits.feel;
+  candidate.compound = m_limits.metre ? m_limits.metre->compound : six;
   if (ternary && !candidate.compound) candidate.feel = m_limits.feel.value_or(feelOf(use));
   ReadingFeatures& features = candidate.features;
   const double tempo = octavesFromUsual(candidate.tempo);
