@@ -8,10 +8,9 @@ namespace korvel {
 namespace {
 
 constexpr double kMicroseconds = 1e6;
-/// In seconds a beat: what a file cannot tell, and what samples cannot.
+/// Seconds of a beat: what a file cannot tell, and what samples cannot.
 constexpr double kRounding = 1e-6;
-constexpr double kHeardChange = 5e-5;
-constexpr double kMostLate = 5e-4;
+constexpr double kNoChange = 5e-5;
 
 }  // namespace
 
@@ -36,7 +35,7 @@ std::vector<MidiTempo> MidiClock::tempi(double rate) const {
     const double goOn = tempi.empty() ? 0 : tempi.back().quarterSeconds * rate * quarters;
     const double changed = std::abs(next.seconds - beat.seconds - goOn);
     const double late = std::abs(next.seconds - told - goOn);
-    if (changed > kHeardChange || (changed > kRounding && late > kMostLate)) {
+    if (changed > kRounding && std::max(changed, late) > kNoChange) {
       const double exact = (next.seconds - told) / quarters / rate;
       tempi.push_back({beat.tick, std::round(exact * kMicroseconds) / kMicroseconds});
     }

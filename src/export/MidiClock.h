@@ -22,8 +22,7 @@ class MidiClock {
   /// What lies outside of the beats goes on as fast as the nearest two.
   std::int64_t tickAt(double seconds) const;
   /// The tempo of the first beat, and wherever it changes, in whole microseconds; what that rounds
-  /// away is made up for, so that no beat is half a millisecond off. rate: how many times as fast
-  /// it is played.
+  /// away is made up for. rate: how many times as fast it is played.
   std::vector<MidiTempo> tempi(double rate = 1) const;
 
  private:

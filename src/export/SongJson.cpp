@@ -4,6 +4,8 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "export/score/SongScore.h"
+#include "export/score/Spelling.h"
 #include "fingering/Note.h"
 #include "model/book/QBHarmony.h"
 #include "model/instruments/QBTuning.h"
@@ -13,6 +15,9 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/SongTime.h"
+#include "music/Pitch.h"
+#include "rhythm/Reading.h"
 
 namespace korvel {
 namespace {
@@ -31,13 +36,22 @@ Json valueIf(bool set, const T& value) {
 Json positionOf(const QBChord* chord) { return chord ? Json(chord->position()) : Json(nullptr); }
 
 Json asJson(const QBTone& tone) {
-  return {{"string", tone.string()},
-          {"fret", tone.fret()},
-          {"note", tone.note()},
-          {"amp", tone.amp()},
-          {"duration", valueIf(tone.hasDuration(), tone.duration())},
-          {"active", tone.isActive()},
-          {"group", valueIf(tone.hasGroup(), tone.group())}};
+  Json json = {{"string", tone.string()},
+               {"fret", tone.fret()},
+               {"note", tone.note()},
+               {"amp", tone.amp()},
+               {"duration", valueIf(tone.hasDuration(), tone.duration())},
+               {"active", tone.isActive()},
+               {"group", valueIf(tone.hasGroup(), tone.group())}};
+  if (tone.hasTicks()) json["ticks"] = tone.ticks();
+  return json;
+}
+
+/// "Bb"; without a key as the program calls it.
+std::string nameOf(int pitchClass, const ScoreKey* key) {
+  const SpelledNote note = spelled(pitchClass + kNotesPerOctave, nullptr, key);
+  const char* const signs[] = {"b", "", "#"};
+  return note.step + std::string(signs[note.alter + 1]);
 }
 
 Json tonesAsJson(const QBHold* hold) {
@@ -68,21 +82,46 @@ Json asJson(const QBMeasure& measure) {
           {"chords", positions}};
 }
 
-Json asJson(QBSong& song) {
+/// "Bb:major".
+std::string nameOf(const ScoreKey& key) {
+  return nameOf(key.tonic, &key) + (key.minor ? ":minor" : ":major");
+}
+
+void addBeatsOf(Json& json, QBSong& song) {
+  json["tempo"] = song.tempo();
+  json["swing"] = song.isSwung();
+  json["key"] = song.hasKey() ? Json(nameOf(keyOf(song))) : Json(nullptr);
+}
+
+Json chordsAsJson(QBSong& song) {
   Json chords = Json::array();
-  for (const auto& chord : song.allChords()) chords.push_back(asJson(*chord));
+  const SongTime time(song);
+  for (std::size_t i = 0; const auto& chord : song.allChords()) {
+    chords.push_back(asJson(*chord));
+    if (song.isOnBeats()) {
+      chords.back()["tick"] = time.tickOf(i);
+      chords.back()["ticks"] = chord->ticks();
+    }
+    ++i;
+  }
+  return chords;
+}
+
+Json asJson(QBSong& song) {
   Json measures = Json::array();
   for (const auto& measure : song.allMeasures()) measures.push_back(asJson(*measure));
-  return {{"album", song.album() ? Json(song.album()->name()) : Json(nullptr)},
-          {"title", song.title()},
-          {"instrument", valueIf(song.hasInstrument(), song.instrument())},
-          {"tuning", song.tuning() ? Json(song.tuning()->descr()) : Json(nullptr)},
-          {"tempoRate", song.tempoRate()},
-          {"fromChord", positionOf(song.fromChord())},
-          {"toChord", positionOf(song.toChord())},
-          {"chords", std::move(chords)},
-          {"measures", std::move(measures)},
-          {"tabulature", valueIf(song.hasTabulature(), song.tabulature())}};
+  Json json = {{"album", song.album() ? Json(song.album()->name()) : Json(nullptr)},
+               {"title", song.title()},
+               {"instrument", valueIf(song.hasInstrument(), song.instrument())},
+               {"tuning", song.tuning() ? Json(song.tuning()->descr()) : Json(nullptr)},
+               {"tempoRate", song.tempoRate()},
+               {"fromChord", positionOf(song.fromChord())},
+               {"toChord", positionOf(song.toChord())}};
+  if (song.isOnBeats()) addBeatsOf(json, song);
+  json["chords"] = chordsAsJson(song);
+  json["measures"] = std::move(measures);
+  json["tabulature"] = valueIf(song.hasTabulature(), song.tabulature());
+  return json;
 }
 
 double rounded(double value, double steps) { return std::round(value * steps) / steps; }
@@ -99,10 +138,51 @@ Json asJson(const fingering::Note& note) {
           {"probability", rounded(note.probability, kPerUnit)}};
 }
 
-Json asJson(std::span<const fingering::Note> notes) {
+Json asJson(std::span<const fingering::Note> notes, const rhythm::Reading& reading) {
   Json list = Json::array();
-  for (const fingering::Note& note : notes) list.push_back(asJson(note));
+  for (std::size_t i = 0; i < notes.size(); ++i) {
+    list.push_back(asJson(notes[i]));
+    if (i >= reading.notes.size()) continue;
+    list.back()["tick"] = reading.notes[i].tick;
+    list.back()["ticks"] = reading.notes[i].ticks;
+  }
   return list;
+}
+
+Json timesAsJson(const rhythm::Reading& reading, std::size_t from, std::size_t step) {
+  Json times = Json::array();
+  for (std::size_t i = from; i < reading.beats.size(); i += step)
+    times.push_back(rounded(reading.beats[i], kPerSecond));
+  return times;
+}
+
+std::string nameOf(const rhythm::ChordSpan& chord, const ScoreKey* key) {
+  if (chord.root < 0) return "N";
+  const char* const qualities[] = {"maj", "min", "7", "min7", "maj7"};
+  return nameOf(chord.root, key) + ':' + qualities[static_cast<std::size_t>(chord.quality)];
+}
+
+Json chordsAsJson(const rhythm::Reading& reading, const ScoreKey* key) {
+  Json chords = Json::array();
+  for (const rhythm::ChordSpan& chord : reading.chords)
+    chords.push_back(
+        Json::array({rounded(reading.secondsOf(chord.from), kPerSecond),
+                     rounded(reading.secondsOf(chord.to), kPerSecond), nameOf(chord, key)}));
+  return chords;
+}
+
+void addReading(Json& json, const rhythm::Reading& reading) {
+  const bool known = reading.key.has_value();
+  const ScoreKey key = known ? ScoreKey{reading.key->tonic, reading.key->minor} : ScoreKey();
+  json["beats"] = timesAsJson(reading, 0, 1);
+  json["downbeats"] =
+      timesAsJson(reading, reading.firstBar, static_cast<std::size_t>(reading.metre.beats));
+  json["tempo"] = rounded(reading.tempo(), kPerUnit);
+  json["beatsPerBar"] = reading.metre.beats;
+  json["compound"] = reading.metre.compound;
+  json["swing"] = reading.feel == rhythm::Feel::swing;
+  json["key"] = known ? Json(nameOf(key)) : Json(nullptr);
+  json["chords"] = chordsAsJson(reading, known ? &key : nullptr);
 }
 
 // Names taken from files may hold bytes that are no UTF-8; they show as replacement characters.
@@ -120,14 +200,18 @@ std::string songsAsJson(const std::vector<QBSong*>& songs) {
   return dump(all);
 }
 
-std::string notesAsJson(std::span<const fingering::Note> notes) {
-  return Json{{"notes", asJson(notes)}}.dump(1) + '\n';
+std::string notesAsJson(std::span<const fingering::Note> notes, const rhythm::Reading& reading) {
+  Json json{{"notes", asJson(notes, reading)}};
+  addReading(json, reading);
+  return json.dump(1) + '\n';
 }
 
 std::string notesAsJson(const std::vector<NotesOfFile>& files) {
   Json all = Json::array();
-  for (const NotesOfFile& each : files)
-    all.push_back({{"file", each.file}, {"notes", asJson(each.notes)}});
+  for (const NotesOfFile& each : files) {
+    all.push_back({{"file", each.file}, {"notes", asJson(each.notes, each.reading)}});
+    addReading(all.back(), each.reading);
+  }
   return all.dump(1, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 

@@ -5,27 +5,20 @@
 #include <array>
 #include <cmath>
 
-#include "workflow/exporting/BeatGrid.h"
+#include "export/MidiClock.h"
+#include "export/score/SongBeats.h"
 
 namespace korvel {
 namespace {
 
-using precise::Note;
+using fingering::Note;
 
-constexpr double kSecondsOfMinute = 60;
-constexpr double kStrumSeconds = 0.05;
 constexpr int kDivision = 9600;
+constexpr int kDivisionsOfUnit = kDivision / kUnitsOfQuarter;
+constexpr double kQuartersOfDottedOne = 1.5;
 
 bool isFingered(const Note& note) {
   return note.string >= 0 && note.string < kStrings && note.fret >= 0;
-}
-
-/// Onsets that belong together count once.
-std::vector<double> onsetsOf(std::span<const Note> notes) {
-  std::vector<double> onsets;
-  for (const Note& note : notes)
-    if (onsets.empty() || note.onset > onsets.back() + kStrumSeconds) onsets.push_back(note.onset);
-  return onsets;
 }
 
 /// Doubling the strength is a step of twenty; one of 1 is about mezzo forte.
@@ -37,96 +30,125 @@ int velocityOf(const Note& note) {
                     127);
 }
 
-/// The strongest note on each string, the lowest string first.
-std::vector<ScoreTone> tonesOf(std::span<const Note> notes) {
-  std::array<const Note*, kStrings> chosen{};
-  for (const Note& note : notes) {
-    if (!isFingered(note)) continue;
-    const Note*& best = chosen.at(static_cast<std::size_t>(note.string));
-    if (!best || note.strength > best->strength) best = &note;
-  }
-  std::vector<ScoreTone> tones;
-  for (const Note* note : chosen)
-    if (note) tones.push_back({note->string, note->fret, note->pitch});
-  return tones;
+Meter meterOf(const rhythm::Metre& metre) {
+  return metre.compound ? Meter{3 * metre.beats, 8} : Meter{metre.beats, 4};
 }
 
-int sixteenthAt(const BeatGrid& grid, double seconds) {
-  return static_cast<int>(std::lround((seconds - grid.start) / grid.secondsOfSixteenth()));
+std::optional<ScoreKey> keyOf(const rhythm::Reading& reading) {
+  if (!reading.key) return std::nullopt;
+  return ScoreKey{reading.key->tonic, reading.key->minor};
 }
 
-/// Notes that sound as one chord; start and end in sixteenths of the grid.
-struct Strike {
-  int start;
-  int end;
-  std::vector<ScoreTone> tones;
-};
-
-/// It lasts for as long as it sounds, however its start was moved.
-Strike strikeOf(std::span<const Note> notes, const BeatGrid& grid) {
-  const int start = sixteenthAt(grid, notes.front().onset);
-  const double seconds = std::ranges::max(notes, {}, &Note::end).end - notes.front().onset;
-  const auto length = static_cast<int>(std::lround(seconds / grid.secondsOfSixteenth()));
-  return {start, start + std::max(length, 1), tonesOf(notes)};
+std::optional<ScoreHarmony> harmonyAt(const rhythm::Reading& reading, int tick) {
+  const char* const types[] = {"", "m", "7", "m7", "maj7"};
+  const auto after = std::ranges::upper_bound(reading.chords, tick, {}, &rhythm::ChordSpan::from);
+  if (after == reading.chords.begin()) return std::nullopt;
+  const rhythm::ChordSpan& span = *std::prev(after);
+  if (tick >= span.to || span.root < 0) return std::nullopt;
+  return ScoreHarmony{span.root, types[static_cast<std::size_t>(span.quality)]};
 }
 
-/// How many notes from the first on are one chord: by their strum, or by the grid.
-std::size_t countOfChord(std::span<const Note> notes, const BeatGrid& grid) {
-  const double strummed = notes.front().onset + kStrumSeconds;
-  const int start = sixteenthAt(grid, notes.front().onset);
-  const auto isLater = [&](const Note& note) {
-    return note.onset > strummed && sixteenthAt(grid, note.onset) != start;
-  };
-  return static_cast<std::size_t>(std::ranges::find_if(notes, isLater) - notes.begin());
-}
-
-std::vector<Strike> strikesOf(std::span<const Note> notes, const BeatGrid& grid) {
-  std::vector<Strike> strikes;
-  while (!notes.empty()) {
-    const std::size_t count = countOfChord(notes, grid);
-    Strike strike = strikeOf(notes.first(count), grid);
-    if (!strike.tones.empty()) strikes.push_back(std::move(strike));
-    notes = notes.subspan(count);
-  }
-  return strikes;
+/// The beat that the recording itself begins with: its first sound is in it, or in a later one, and
+/// it is not so short that it could not be told.
+int beatOfZero(const rhythm::Reading& reading) {
+  constexpr double kShortest = 0.05;
+  return static_cast<int>(std::floor(reading.tickOf(0) / rhythm::kTicksOfBeat + kShortest));
 }
 
 }  // namespace
 
-NoteScore::NoteScore(std::span<const Note> notes, std::optional<double> tempo)
-    : m_notes(notes), m_tempo(tempo ? *tempo : assumedTempo(onsetsOf(notes))) {}
+NoteScore::NoteScore(std::span<const Note> notes, const rhythm::Reading& reading)
+    : m_notes(notes),
+      m_reading(reading),
+      m_meter(meterOf(reading.metre)),
+      m_unitsOfTick(reading.metre.compound ? 3 : 2) {}
+
+double NoteScore::quartersAMinute() const {
+  if (m_reading.tempo() <= 0) return Score().tempo;
+  return m_reading.tempo() * (m_reading.metre.compound ? kQuartersOfDottedOne : 1);
+}
+
+double NoteScore::secondsOf(int unit) const {
+  return m_reading.secondsOf(static_cast<double>(unit) / m_unitsOfTick);
+}
+
+BeatChord NoteScore::chordOf(const rhythm::Event& event) const {
+  std::array<const Note*, kStrings> strongest{};
+  for (const std::size_t index : event.notes) {
+    const Note& note = m_notes[index];
+    if (!isFingered(note)) continue;
+    const Note*& best = strongest.at(static_cast<std::size_t>(note.string));
+    if (!best || note.strength > best->strength) best = &note;
+  }
+  BeatChord chord{event.place.tick * m_unitsOfTick,
+                  event.place.ticks * m_unitsOfTick,
+                  {},
+                  harmonyAt(m_reading, event.place.tick)};
+  for (const Note* note : strongest) {
+    if (!note) continue;
+    const auto index = static_cast<std::size_t>(note - m_notes.data());
+    chord.tones.push_back(
+        {{note->string, note->fret, note->pitch}, m_reading.notes[index].ticks * m_unitsOfTick});
+  }
+  return chord;
+}
+
+BeatMusic NoteScore::music() const {
+  BeatMusic music;
+  for (const rhythm::Event& event : m_reading.events) music.chords.push_back(chordOf(event));
+  int end = 0;
+  for (const rhythm::Place& place : m_reading.notes) end = std::max(end, place.end());
+  const int begin = music.chords.empty() ? 0 : std::min(music.chords.front().start, 0);
+  music.bars = barsOver(begin, end * m_unitsOfTick, m_meter);
+  markTempi(music.bars, quartersAMinute(), [this](int unit) { return secondsOf(unit); });
+  return music;
+}
 
 Score NoteScore::score(const std::string& title, const OpenPitches& open) const {
   Score score;
   score.title = title;
   score.openStrings.assign(open.begin(), open.end());
-  score.tempo = m_tempo;
-  std::vector<ScoreEvent>& events = score.bars.emplace_back().events;
-  const std::vector<Strike> strikes = strikesOf(m_notes, gridOf(onsetsOf(m_notes), m_tempo));
-  for (std::size_t i = 0; i < strikes.size(); ++i) {
-    const auto& [start, end, tones] = strikes[i];
-    const int next = i + 1 < strikes.size() ? strikes[i + 1].start : end;
-    const int length = end >= next - 1 ? next - start : end - start;
-    events.push_back({length * kUnitsOfSixteenth, tones, std::nullopt});
-    if (start + length < next)
-      events.push_back({(next - start - length) * kUnitsOfSixteenth, {}, std::nullopt});
-  }
+  score.tempo = quartersAMinute();
+  score.countsBeats = true;
+  score.key = keyOf(m_reading);
+  if (m_reading.feel == rhythm::Feel::swing) score.swing = m_reading.swingRatio;
+  score.bars = scoreBarsOf(music());
   return score;
+}
+
+/// Tempi and metres: from the beginning of the recording to the first bar line and on.
+void NoteScore::addBeats(MidiSequence& sequence) const {
+  const int unitsOfBeat = rhythm::kTicksOfBeat * m_unitsOfTick;
+  MidiClock clock(kDivision);
+  const int zero = beatOfZero(m_reading);
+  const int last = static_cast<int>(m_reading.beats.size() - m_reading.firstBar);
+  for (int beat = zero; beat <= std::max(last, zero + 1); ++beat) {
+    const double seconds = beat == zero ? 0 : m_reading.secondsOf(beat * rhythm::kTicksOfBeat);
+    clock.addBeat(seconds, std::int64_t{beat - zero} * unitsOfBeat * kDivisionsOfUnit);
+  }
+  sequence.tempi = clock.tempi();
+  sequence.quarterSeconds = sequence.tempi.front().quarterSeconds;
+  sequence.tempi.erase(sequence.tempi.begin());
+  const int bar = m_reading.metre.beats;
+  if (const int lead = ((-zero) % bar + bar) % bar; lead > 0) {
+    sequence.meter = meterOf({lead, m_reading.metre.compound});
+    sequence.meters = {{std::int64_t{lead} * unitsOfBeat * kDivisionsOfUnit, m_meter}};
+  }
+  for (const Note& note : m_notes) {
+    const std::int64_t start = clock.tickAt(note.onset);
+    const std::int64_t end = std::max(clock.tickAt(note.end), start + 1);
+    sequence.notes.push_back({start, end - start, note.pitch, velocityOf(note)});
+  }
 }
 
 MidiSequence NoteScore::midi(const std::string& title) const {
   MidiSequence sequence;
   sequence.title = title;
   sequence.division = kDivision;
-  // The file tells the tempo in whole microseconds.
-  sequence.quarterSeconds = std::round(kSecondsOfMinute / m_tempo * 1e6) / 1e6;
-  const double ticksOfSecond = kDivision / sequence.quarterSeconds;
-  for (const Note& note : m_notes) {
-    const std::int64_t start = std::llround(note.onset * ticksOfSecond);
-    const std::int64_t end =
-        std::max<std::int64_t>(std::llround(note.end * ticksOfSecond), start + 1);
-    sequence.notes.push_back({start, end - start, note.pitch, velocityOf(note)});
-  }
+  sequence.quarterSeconds = 60 / quartersAMinute();
+  sequence.meter = m_meter;
+  sequence.key = keyOf(m_reading);
+  if (m_reading.beats.size() > 1) addBeats(sequence);
   return sequence;
 }
 

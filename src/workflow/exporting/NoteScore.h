@@ -1,37 +1,43 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <optional>
 #include <span>
 #include <string>
 
 #include "export/MidiFile.h"
+#include "export/score/BeatMusic.h"
 #include "export/score/Score.h"
+#include "fingering/Note.h"
 #include "music/Neck.h"
-#include "precise/Analysis.h"
-#include "precise/Settings.h"
+#include "rhythm/Reading.h"
 
 namespace korvel {
 
-/// Notes that were heard in a recording, by onset, on their way into the formats of others.
+/// Notes that were heard in a recording and how their rhythm was read, on their way into the
+/// formats of others.
 class NoteScore {
  public:
-  /// tempo: quarters a minute; it is assumed from the notes when not given. The notes must outlive
-  /// this.
-  NoteScore(std::span<const precise::Note> notes, std::optional<double> tempo);
+  /// The reading is of these notes; both must outlive this.
+  NoteScore(std::span<const fingering::Note> notes, const rhythm::Reading& reading);
 
-  double tempo() const { return m_tempo; }
-  /// The notes to the nearest sixteenth, in 4/4 from the first one on. Notes that begin within a
-  /// twentieth of a second, or in one sixteenth, are one chord; a chord lasts for as long as its
-  /// longest note, at most to the next one, and a gap of a sixteenth is closed. Notes that no
-  /// string has are left out.
+  /// What a song made of the notes is written as. Of several notes on a string that are struck
+  /// together the strongest stays, and those that no string has are left out.
   Score score(const std::string& title, const OpenPitches& open) const;
-  /// All notes at their times, to a few hundredths of a millisecond, as loud as they were.
+  /// All notes at their times, to a few hundredths of a millisecond, as loud as they were; beats
+  /// and bars are those of the reading. What lies before the first beat is one of its own.
   MidiSequence midi(const std::string& title) const;
 
  private:
-  std::span<const precise::Note> m_notes;
-  double m_tempo;
+  BeatMusic music() const;
+  BeatChord chordOf(const rhythm::Event& event) const;
+  double secondsOf(int unit) const;
+  double quartersAMinute() const;
+  void addBeats(MidiSequence& sequence) const;
+
+  std::span<const fingering::Note> m_notes;
+  const rhythm::Reading& m_reading;
+  Meter m_meter;
+  int m_unitsOfTick;
 };
 
 }  // namespace korvel

@@ -47,11 +47,13 @@ OpenPitches openStrings(const TranscribeOptions& options) {
   return options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
 }
 
-std::vector<fingering::Note> notesOf(Listening& listening) {
+NotesOfFile heardIn(const std::string& file, Listening& listening,
+                    const TranscribeOptions& options) {
   for (; !listening.isOver(); listening.waitFor(kPatience))
     Console::attached().progress(listening.progress());
   Console::attached().progress(1);
-  return listening.take().sound.notes;
+  Listening::Heard all = listening.take();
+  return {file, std::move(all.sound.notes), std::move(all.sound.rhythm.reading)};
 }
 
 /// The formats that were asked for of a single recording, each with its file.
@@ -63,14 +65,14 @@ class Outputs {
       if (*name) checkFile(**name);
   }
 
-  void write(const std::vector<fingering::Note>& notes, const OpenPitches& open) const {
+  void write(const NotesOfFile& heard, const OpenPitches& open) const {
     const std::string title = std::filesystem::path(recording()).stem().string();
-    const NoteScore score(notes, m_options.settings.rhythm.tempo);
-    if (m_options.json) fileOf(*m_options.json).write(notesAsJson(notes));
+    const NoteScore score(heard.notes, heard.reading);
+    const std::string json = notesAsJson(heard.notes, heard.reading);
+    if (m_options.json) fileOf(*m_options.json).write(json);
     if (m_options.midi) fileOf(*m_options.midi).write(midiFile(score.midi(title)));
     if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(score.score(title, open)));
-    if (!m_options.json && !m_options.midi && !m_options.musicxml)
-      Console::attached().print(notesAsJson(notes));
+    if (!m_options.json && !m_options.midi && !m_options.musicxml) Console::attached().print(json);
   }
 
  private:
@@ -89,7 +91,8 @@ void transcribeOne(const TranscribeOptions& options) {
   requireSound(options.files.front());
   const Outputs outputs(options);
   const OpenPitches open = openStrings(options);
-  outputs.write(notesOf(*ListeningAhead(options.files, open, options.settings).next()), open);
+  const auto listening = ListeningAhead(options.files, open, options.settings).next();
+  outputs.write(heardIn(options.files.front(), *listening, options), open);
 }
 
 /// Names the file, whatever went wrong.
@@ -104,7 +107,7 @@ int transcribeAll(const TranscribeOptions& options) {
   std::vector<NotesOfFile> heard;
   for (const std::string& file : options.files) {
     try {
-      heard.push_back({file, notesOf(*ahead.next())});
+      heard.push_back(heardIn(file, *ahead.next(), options));
     } catch (const std::exception& error) {
       Console::attached().error(problemOf(file, error));
     }
@@ -135,7 +138,7 @@ void addTranscribe(Command& tool) {
   command.option("--json", options.json, "Notes (default: printed when no file is named)")
       .shownAs("FILE");
   command.option("--midi", options.midi, "Notes at their times, for sequencers").shownAs("FILE");
-  command.option("--musicxml", options.musicxml, "Notes to the nearest sixteenth, as a score")
+  command.option("--musicxml", options.musicxml, "Notes on their beats, as a score")
       .shownAs("FILE");
   command.flag("--force", options.force, "Replace files that are there already");
   command.option("--tuning", options.tuning,
