@@ -20,9 +20,9 @@ function read(file) {
     const meter = [master.timeSignatureNumerator, master.timeSignatureDenominator];
     const start = master.start / TICKS;
     let length = 0;
-    for (const beat of bar.voices[0].beats) {
+    for (const beat of bar.voices.flatMap(voice => voice.beats)) {
       const duration = beat.displayDuration / TICKS;
-      length += duration;
+      if (beat.voice.index === 0) length += duration;
       const at = start + beat.displayStart / TICKS;
       if (beat.chord) music.names.push([at, beat.chord.name]);
       for (const note of beat.notes) {

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Compares exported songs with what an independent reader understands of them.
 
-Usage: check.py schema|alphatab|musescore|mido FOLDER
+Usage: check.py schema|alphatab|musescore|mido|beats FOLDER
 Ends with 77, saying so, when the reader is not on this machine.
 """
 import json
@@ -10,6 +10,7 @@ import pathlib
 import shutil
 import subprocess
 import sys
+import xml.etree.ElementTree as ET
 
 import expected
 import musescore
@@ -100,13 +101,8 @@ def check_alphatab(files):
     take = files[0].parent / "take/take.musicxml"
     out = subprocess.run(["node", script, library, *files, take], check=True, capture_output=True)
     *songs, transcribed = json.loads(out.stdout)
-    notes = heard(files)
-    sixteenth = 15 / transcribed["tempo"]
     faults = compare(take, "notes", sorted(note[2:] for note in transcribed["notes"]),
-                     sorted([*note[2:]] for note in notes))
-    for (start, *_, pitch), (onset, *_) in zip(transcribed["notes"], notes):
-        late = start * sixteenth - (onset - notes[0][0])
-        faults += abs(late) > sixteenth and compare(take, f"times of {pitch}", late, 0)
+                     sorted([*note[2:]] for note in heard(files)))
     for file, got in zip(files, songs):
         title = got["title"].replace("\xa0", " ")  # so that it is not broken into lines
         music = expected.Music(title, got["tuning"], got["bars"],
@@ -134,25 +130,35 @@ def check_musescore(files):
 def check_heard(file, content, notes):
     """A MIDI file of notes without a song: the times that were heard, to a tenth of a millisecond."""
     _, division, got, rest = json.loads(content)
-    tempo = next(message["tempo"] for message in rest if message["type"] == "set_tempo")
-    seconds = tempo / 1e6 / division
-    got = sorted((pitch, start * seconds, (start + ticks) * seconds) for start, ticks, pitch in got)
+    tempi = [(each["time"], each["tempo"] / 1e6 / division) for each in rest
+             if each["type"] == "set_tempo"]
+
+    def seconds(tick):
+        ends = [start for start, _ in tempi[1:]] + [tick]
+        return sum((min(end, tick) - start) * tempo
+                   for (start, tempo), end in zip(tempi, ends) if start < tick)
+
+    got = sorted((pitch, seconds(start), seconds(start + ticks)) for start, ticks, pitch in got)
     wanted = sorted((pitch, onset, end) for onset, end, _, _, pitch in notes)
     return compare(file, "counts", len(got), len(wanted)) + sum(
         compare(file, "notes", one, two) for one, two in zip(got, wanted)
         if max(abs(a - b) for a, b in zip(one, two)) > 1e-4)
 
 
-def check_mido(files):
+def midi_of(files):
+    """[type, ticks of a quarter, [start, ticks, pitch], other messages] of MIDI files, as JSON."""
     python = next((python for python in (sys.executable, "/usr/bin/python3") if not subprocess.run(
         [python, "-c", "import mido"], capture_output=True, check=False).returncode), None)
     if not python:
         leave_out("mido is not installed")
+    out = subprocess.run([python, "-c", MIDI_READER, *files], check=True, capture_output=True)
+    return out.stdout.splitlines()
+
+
+def check_mido(files):
     files = [file.with_suffix(".mid") for file in files]
     take = files[0].parent / "take/take.mid"
-    out = subprocess.run([python, "-c", MIDI_READER, *files, take], check=True,
-                         capture_output=True)
-    *lines, transcribed = out.stdout.splitlines()
+    *lines, transcribed = midi_of([*files, take])
     faults = check_heard(take, transcribed, heard(files))
     for file, line in zip(files, lines):
         kind, division, notes, rest = json.loads(line)
@@ -171,9 +177,36 @@ def check_mido(files):
     return faults
 
 
+def ticks_of_pick_up(file):
+    measure = ET.parse(file).getroot().find("part/measure[@implicit]")
+    notes = [note for note in measure.iterfind("note") if note.find("chord") is None]
+    divisions = int(measure.findtext("attributes/divisions"))
+    return sum(int(note.findtext("duration")) for note in notes) * 480 // divisions
+
+
+def check_beats(files):
+    """Songs on beats: what MuseScore plays of their scores, and their MIDI files, to a tick."""
+    if not musescore.PROGRAM:
+        leave_out("MuseScore is not installed")
+    faults = 0
+    with musescore.converted(files, ".mid") as played:
+        lines = midi_of([*played, *(file.with_suffix(".mid") for file in files)])
+    for file, score, midi in zip(files, lines, lines[len(files):]):
+        notes, beat = expected.on_beats(file.with_suffix(".json"))
+        first_bar = ticks_of_pick_up(file)
+        got = sorted((start - first_bar, pitch) for start, _, pitch in json.loads(score)[2])
+        faults += compare(file, "onsets", got, sorted((start, pitch) for start, _, pitch in notes))
+        first_bar = -(notes[0][0] // beat * beat)
+        got = [(start - first_bar, *rest) for start, *rest in json.loads(midi)[2]]
+        faults += compare(file, "MIDI notes", got, notes)
+    return faults
+
+
 def main(reader, folder):
     files = sorted(pathlib.Path(folder).glob("*.musicxml"))
     assert len(files) > 12, "too few songs were exported"
+    if reader != "schema":
+        files = [file for file in files if expected.is_on_beats(file) == (reader == "beats")]
     faults = globals()[f"check_{reader}"](files)
     print(f"{len(files)} files, {faults} faults")
     return 1 if faults else 0

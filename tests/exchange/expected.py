@@ -94,3 +94,18 @@ def played(file):
         if pitch == other:
             notes[pitch, start] = min(notes[pitch, start], after - start)
     return sorted((start, length, pitch) for (pitch, start), length in notes.items())
+
+
+def is_on_beats(file):
+    return "tempo" in json.loads(file.with_suffix(".json").read_text())["song"]
+
+
+def on_beats(file):
+    """(tick, ticks, pitch) of every note of a song on beats, from the first bar line, sorted; then
+    the length of a beat. A quarter has 480."""
+    song = json.loads(file.read_text())["song"]
+    tuning = OPEN_STRINGS[song["tuning"]]
+    scale = 60 if song["measures"][0]["beattype"] == 8 else 40
+    notes = [(chord["tick"] * scale, tone["ticks"] * scale, tuning[tone["string"]] + tone["fret"])
+             for chord in song["chords"] for tone in active(chord)]
+    return sorted(notes), 12 * scale

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Has MuseScore open scores and save them again; reads what it saved."""
+import contextlib
 import json
 import os
 import shutil
@@ -19,17 +20,24 @@ def pitch_of(element, step, alter, octave):
             12 * (int(element.findtext(octave)) + 1))
 
 
-def saved_again(files):
-    """Their scores as MuseScore writes them, in the same order."""
+@contextlib.contextmanager
+def converted(files, ending=""):
+    """What MuseScore makes of scores, as files in the same order that are gone afterwards."""
     with tempfile.TemporaryDirectory() as folder:
-        jobs = [{"in": str(file), "out": f"{folder}/{file.name}"} for file in files]
+        jobs = [{"in": str(file), "out": f"{folder}/{file.name}{ending}"} for file in files]
         with open(f"{folder}/jobs.json", "w", encoding="utf-8") as out:
             json.dump(jobs, out)
         environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "HOME": folder,
                        "XDG_RUNTIME_DIR": folder}
         subprocess.run([PROGRAM, "-j", f"{folder}/jobs.json"], check=True, env=environment,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        return [ET.parse(job["out"]).getroot() for job in jobs]
+        yield [job["out"] for job in jobs]
+
+
+def saved_again(files):
+    """Their scores as MuseScore writes them, in the same order."""
+    with converted(files) as saved:
+        return [ET.parse(file).getroot() for file in saved]
 
 
 class Reader:
