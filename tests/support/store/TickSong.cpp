@@ -17,8 +17,10 @@ QBChord* addChordOf(QBSong* song, const std::string& text, bool compound) {
   chord->setTicks(ticks);
   for (QBTone* tone : chord->hold()->tones()) tone->setTicks(ticks);
   for (char kind = 0; rest >> kind >> ticks;) {
-    const auto tones = chord->hold()->tones().snapshot();
-    for (std::size_t i = 0; i < (kind == '=' ? tones.size() : 1); ++i) tones[i]->setTicks(ticks);
+    for (QBTone* tone : chord->hold()->tones()) {
+      tone->setTicks(ticks);
+      if (kind == '/') break;
+    }
   }
   return chord;
 }
