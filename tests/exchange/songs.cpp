@@ -8,7 +8,7 @@
 
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
-#include "support/store/BeatSong.h"
+#include "support/store/TickSong.h"
 #include "workflow/arranging/MetreArrangements.h"
 #include "workflow/session/StoreSeeding.h"
 

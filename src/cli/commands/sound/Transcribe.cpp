@@ -47,8 +47,7 @@ OpenPitches openStrings(const TranscribeOptions& options) {
   return options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
 }
 
-NotesOfFile heardIn(const std::string& file, Listening& listening,
-                    const TranscribeOptions& options) {
+NotesOfFile heardIn(const std::string& file, Listening& listening) {
   for (; !listening.isOver(); listening.waitFor(kPatience))
     Console::attached().progress(listening.progress());
   Console::attached().progress(1);
@@ -92,7 +91,7 @@ void transcribeOne(const TranscribeOptions& options) {
   const Outputs outputs(options);
   const OpenPitches open = openStrings(options);
   const auto listening = ListeningAhead(options.files, open, options.settings).next();
-  outputs.write(heardIn(options.files.front(), *listening, options), open);
+  outputs.write(heardIn(options.files.front(), *listening), open);
 }
 
 /// Names the file, whatever went wrong.
@@ -107,7 +106,7 @@ int transcribeAll(const TranscribeOptions& options) {
   std::vector<NotesOfFile> heard;
   for (const std::string& file : options.files) {
     try {
-      heard.push_back(heardIn(file, *ahead.next(), options));
+      heard.push_back(heardIn(file, *ahead.next()));
     } catch (const std::exception& error) {
       Console::attached().error(problemOf(file, error));
     }
