@@ -2,7 +2,7 @@
 #include "export/SongJson.h"
 
 #include "support/Testing.h"
-#include "support/store/BeatSong.h"
+#include "support/store/TickSong.h"
 
 namespace korvel {
 namespace {
