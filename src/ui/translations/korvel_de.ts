@@ -3325,7 +3325,7 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
     <message>
         <source>&amp;Written in</source>
-        <translation>&amp;Geschrieben in</translation>
+        <translation>Ges&amp;chrieben in</translation>
     </message>
 </context>
 <context>
