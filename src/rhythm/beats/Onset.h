@@ -9,15 +9,27 @@
 
 namespace korvel::rhythm {
 
-/// What may mark an onset as one on a beat, each -1..1 against the onsets within four seconds.
-struct Cues {
-  double loud = 0;    ///< Its strength.
-  double long_ = 0;   ///< The time to the next one.
-  double low = 0;     ///< How deep its lowest note is.
-  double stroke = 0;  ///< Positive for a stroke downwards, negative for one upwards.
-  double held = 0;    ///< How long the longest of its notes sounds.
-  double fresh = 0;   ///< How many of its pitch classes were not struck shortly before.
-  double again = 0;   ///< 1 if its highest note is that of the onset before.
+/// What may mark an onset as one on a beat, each about -1..1 against the onsets around it.
+enum class Cue : std::size_t {
+  loud,    ///< Its strength.
+  long_,   ///< The time to the next onset.
+  low,     ///< How deep its lowest note is.
+  stroke,  ///< Positive for a stroke downwards, negative for one upwards.
+  held,    ///< How long the longest of its notes sounds.
+  fresh,   ///< How many of its pitch classes were not struck shortly before.
+  again,   ///< Its highest note is that of the onset before.
+  count
+};
+inline constexpr std::size_t kCues = static_cast<std::size_t>(Cue::count);
+
+/// One value for each cue.
+class Cues {
+ public:
+  double& operator[](Cue cue) { return m_values[static_cast<std::size_t>(cue)]; }
+  const std::array<double, kCues>& values() const { return m_values; }
+
+ private:
+  std::array<double, kCues> m_values{};
 };
 
 /// Notes that start together: a tone, a chord, a strum.

@@ -24,11 +24,9 @@ constexpr std::size_t kMostBefore = 12;
 constexpr std::size_t kMostNeighbours = 64;
 
 /// The weights of the cues in the two accents.
-struct AccentWeights {
-  double loud, long_, low, stroke, held, fresh, again;
-};
-constexpr AccentWeights kOnBeats{.45, .20, .35, .80, .90, .15, -.30};
-constexpr AccentWeights kOnBars{.30, .10, .45, .15, .50, .90, -.30};
+using CueWeights = std::array<double, kCues>;
+constexpr CueWeights kOnBeats{.45, .20, .35, .80, .90, .15, -.30};
+constexpr CueWeights kOnBars{.30, .10, .45, .15, .50, .90, -.30};
 /// How much the accent decides on which places of a beat notes stand.
 constexpr double kAccentOnPlaces = 0.72;
 
@@ -62,7 +60,7 @@ class Joiner {
     }
     onset.strength = std::max(onset.strength, 1e-3);
     onset.weight = std::max(1 - doubt, 1e-3);
-    onset.cues.stroke = stroke(onset);
+    onset.cues[Cue::stroke] = stroke(onset);
   }
 
  private:
@@ -161,14 +159,14 @@ class Comparison {
     for (const double value : all) square += (value - mean) * (value - mean);
     const double deviation = std::sqrt(square / static_cast<double>(all.size()));
     Onset& onset = m_onsets[i];
-    onset.cues.loud = bounded((m_logStrengths[i] - mean) / (2 * std::max(deviation, 0.08)));
+    onset.cues[Cue::loud] = bounded((m_logStrengths[i] - mean) / (2 * std::max(deviation, 0.08)));
     const double median = std::exp(quantile(all, 0.5));
     onset.weight *= std::pow(std::min(1.0, onset.strength / (0.6 * median)), 0.7);
   }
 
   void compareGap(std::size_t i) {
     const double median = quantile(around([&](std::size_t k) { return m_logGaps[k]; }), 0.5);
-    m_onsets[i].cues.long_ = bounded((m_logGaps[i] - median) / 1.5);
+    m_onsets[i].cues[Cue::long_] = bounded((m_logGaps[i] - median) / 1.5);
   }
 
   void compareBass(std::size_t i) {
@@ -177,12 +175,12 @@ class Comparison {
         around([&](std::size_t k) { return double{1} * m_onsets[k].lowest; });
     const double low = quantile(all, 0.2), high = quantile(all, 0.8);
     if (high - low < kLeastRange) return;
-    m_onsets[i].cues.low = bounded(((low + high) / 2 - m_onsets[i].lowest) / (high - low));
+    m_onsets[i].cues[Cue::low] = bounded(((low + high) / 2 - m_onsets[i].lowest) / (high - low));
   }
 
   void compareSounds(std::size_t i) {
     const double median = quantile(around([&](std::size_t k) { return m_logSounds[k]; }), 0.5);
-    m_onsets[i].cues.held = bounded((m_logSounds[i] - median) / 1.5);
+    m_onsets[i].cues[Cue::held] = bounded((m_logSounds[i] - median) / 1.5);
   }
 
   void comparePitches(std::size_t i) {
@@ -195,8 +193,8 @@ class Comparison {
       before |= m_onsets[k].pitchClasses;
     }
     const double all = std::popcount(onset.pitchClasses);
-    onset.cues.fresh = std::popcount(onset.pitchClasses & ~before) / all - kUsuallyFresh;
-    onset.cues.again = (onset.highest == m_onsets[i - 1].highest ? 1 : 0) - kUsuallyAgain;
+    onset.cues[Cue::fresh] = std::popcount(onset.pitchClasses & ~before) / all - kUsuallyFresh;
+    onset.cues[Cue::again] = (onset.highest == m_onsets[i - 1].highest ? 1 : 0) - kUsuallyAgain;
   }
 
   std::vector<Onset>& m_onsets;
@@ -207,10 +205,10 @@ class Comparison {
   std::size_t m_first = 0, m_end = 0, m_from = 0, m_to = 0;
 };
 
-double accent(const Cues& cues, const AccentWeights& weights) {
-  return bounded(weights.loud * cues.loud + weights.long_ * cues.long_ + weights.low * cues.low +
-                 weights.stroke * cues.stroke + weights.held * cues.held +
-                 weights.fresh * cues.fresh + weights.again * cues.again);
+double accent(const Cues& cues, const CueWeights& weights) {
+  double sum = 0;
+  for (std::size_t i = 0; i < kCues; ++i) sum += weights[i] * cues.values()[i];
+  return bounded(sum);
 }
 
 void accentuate(Onset& onset) {

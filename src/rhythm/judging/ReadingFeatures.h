@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <span>
 
 namespace korvel::rhythm {
 
@@ -34,6 +36,22 @@ enum class Feature : std::size_t {
   changesOfBar,         ///< Octaves of the number of chord changes in a bar above 0.7,
   changesOfBarSquared,  ///< and the square of that.
   beatFit,              ///< How well onsets stand on the places of its beats.
+  // How much the cues of onsets on beats are above those of others,
+  beatLoud,
+  beatLong,
+  beatLow,
+  beatStroke,
+  beatHeld,
+  beatFresh,
+  beatAgain,
+  // and those on bar lines above those on other beats.
+  barLoud,
+  barLong,
+  barLow,
+  barStroke,
+  barHeld,
+  barFresh,
+  barAgain,
   count
 };
 
@@ -41,6 +59,10 @@ inline constexpr std::size_t kFeatures = static_cast<std::size_t>(Feature::count
 
 class ReadingFeatures {
  public:
+  /// Sets a feature and those after it.
+  void setFrom(Feature first, std::span<const double> values) {
+    std::ranges::copy(values, m_values.begin() + static_cast<std::ptrdiff_t>(first));
+  }
   double& operator[](Feature feature) { return m_values[static_cast<std::size_t>(feature)]; }
   const std::array<double, kFeatures>& values() const { return m_values; }
 

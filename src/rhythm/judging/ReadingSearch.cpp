@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "rhythm/beats/BeatFit.h"
+#include "rhythm/judging/CueContrast.h"
 #include "rhythm/judging/OnsetPhases.h"
 #include "rhythm/judging/PlaceFit.h"
 #include "rhythm/judging/ReadingWeights.h"
@@ -112,6 +113,25 @@ void ReadingSearch::setTextures(ReadingFeatures& features, const Candidate& cand
   features[Feature::changesOfBar] = changing;
   features[Feature::changesOfBarSquared] = changing * changing;
   features[Feature::beatFit] = fit.score;
+}
+
+/// What says which onsets are on beats, and which beats are bar lines.
+void ReadingSearch::setContrasts(ReadingFeatures& features, const OnsetPhases& phases,
+                                 const Bars& bars) const {
+  constexpr float kOnBeat = 0.12F, kOffBeat = 0.2F;
+  CueContrast beats, lines;
+  for (std::size_t i = 0; i < m_onsets.size(); ++i) {
+    const Phase& phase = phases.all()[i];
+    const float off = std::min(phase.share, 1 - phase.share);
+    if (off <= kOnBeat) {
+      beats.add(m_onsets[i], true);
+      lines.add(m_onsets[i], bars.of(phase.beat + (phase.share > 0.5F)) == 0);
+    } else if (off >= kOffBeat) {
+      beats.add(m_onsets[i], false);
+    }
+  }
+  features.setFrom(Feature::beatLoud, beats.result());
+  features.setFrom(Feature::barLoud, lines.result());
 }
 
 bool Candidate::isOther(const Candidate& than) const {
@@ -265,6 +285,7 @@ void ReadingSearch::scoreBars(Candidate candidate, const OnsetPhases& phases, co
   features[Feature::notSix] =
       ternary && bars.beats == 2 && (use.firstThird < 0.35 * use.secondThird || use.half > 0.05);
   setTextures(features, candidate, use, fit);
+  setContrasts(features, phases, bars);
   candidate.score = scoreOf(features);
   m_candidates.push_back(candidate);
 }

@@ -82,6 +82,7 @@ class ReadingSearch {
                  const DivisionUse& use);
   void setTextures(ReadingFeatures& features, const Candidate& candidate, const DivisionUse& use,
                    const PlaceFit& fit) const;
+  void setContrasts(ReadingFeatures& features, const OnsetPhases& phases, const Bars& bars) const;
   bool allows(const Candidate& candidate) const;
   void rank();
 

@@ -10,32 +10,46 @@ namespace korvel::rhythm {
 /// The weights of the features, in their order. They were fitted to made-up pieces whose reading is
 /// known, as a conditional logit over all readings of a piece.
 inline constexpr std::array<double, kFeatures> kReadingWeights{
-    0.861,   // barFit
-    0.462,   // chordFit
-    3.04,    // tempo
-    -2.12,   // tempoSquared
-    -0.936,  // barLength
-    0.491,   // barLengthSquared
-    -3.21,   // bend
-    -0.338,  // binaryFour
+    0.685,   // barFit
+    0.506,   // chordFit
+    2.7,     // tempo
+    -2.63,   // tempoSquared
+    -0.785,  // barLength
+    0.571,   // barLengthSquared
+    -1.89,   // bend
+    -0.149,  // binaryFour
     -1.45,   // binaryThree
-    -3.1,    // binaryTwo
-    -1.32,   // ternaryFour
-    -3.71,   // ternaryThree
-    -2.55,   // ternaryTwo
+    -3.07,   // binaryTwo
+    -1.33,   // ternaryFour
+    -4.05,   // ternaryThree
+    -2.49,   // ternaryTwo
     0.8,     // startsOnBar
-    1.06,    // endsOnBar
-    -0.371,  // notSix
-    -0.108,  // ternaryTempo
-    -5.19,   // sixTempo
-    1.15,    // onsetsOfBeat
-    0.849,   // onsetsOfBeatSquared
-    -1.73,   // emptyBeats
-    -1.04,   // fine
-    -1.6,    // idleTernary
-    0.109,   // changesOfBar
-    -0.884,  // changesOfBarSquared
-    -0.257,  // beatFit
+    0.77,    // endsOnBar
+    -0.801,  // notSix
+    0.0361,  // ternaryTempo
+    -5.13,   // sixTempo
+    1.51,    // onsetsOfBeat
+    0.86,    // onsetsOfBeatSquared
+    -2.52,   // emptyBeats
+    -2.04,   // fine
+    -1.17,   // idleTernary
+    0.0355,  // changesOfBar
+    -0.793,  // changesOfBarSquared
+    -0.245,  // beatFit
+    2.85,    // beatLoud
+    -1.09,   // beatLong
+    3.17,    // beatLow
+    -1.22,   // beatStroke
+    4.49,    // beatHeld
+    -1.68,   // beatFresh
+    2.86,    // beatAgain
+    2.77,    // barLoud
+    -2.96,   // barLong
+    0.975,   // barLow
+    -4.34,   // barStroke
+    3.04,    // barHeld
+    0.697,   // barFresh
+    1.03,    // barAgain
 };
 
 }  // namespace korvel::rhythm
