@@ -6,6 +6,8 @@
 
 #include "cli/commands/arranging/EasySong.h"
 #include "cli/commands/instruments/ListInstruments.h"
+#include "cli/commands/rhythm/ChordsOfFile.h"
+#include "cli/commands/rhythm/RhythmOfSong.h"
 #include "cli/commands/songs/Apply.h"
 #include "cli/commands/songs/CloneSong.h"
 #include "cli/commands/songs/DeleteSong.h"
@@ -50,6 +52,7 @@ void describe(cli::Command& tool) {
   cli::addRecord(tool);
   cli::addTakes(tool);
   cli::addTranscribe(tool);
+  cli::addChordsOfFile(tool);
   cli::addShowSong(tool);
   cli::addDumpSong(tool);
   cli::addDeleteSong(tool);
@@ -58,6 +61,7 @@ void describe(cli::Command& tool) {
   cli::addRender(tool);
   cli::addApply(tool);
   cli::addEasySong(tool);
+  cli::addRhythmOfSong(tool);
   cli::addLoopSong(tool);
   cli::addCloneSong(tool);
   cli::addRenameSong(tool);

@@ -19,22 +19,6 @@ constexpr double kLeastShare = 0.1;
 
 using Weights = std::array<double, kNotesPerOctave>;
 
-std::string_view typeOf(Quality quality) {
-  switch (quality) {
-    case Quality::minor:
-      return "m";
-    case Quality::seventh:
-      return "7";
-    case Quality::minorSeventh:
-      return "m7";
-    case Quality::majorSeventh:
-      return "maj7";
-    case Quality::major:
-      break;
-  }
-  return "";
-}
-
 unsigned mainOnes(const Weights& weights) {
   double all = 0;
   for (const double weight : weights) all += weight;
@@ -51,6 +35,22 @@ bool isJust(QBHarmony& harmony, int root, unsigned pitchClasses) {
 }
 
 }  // namespace
+
+std::string_view typeOf(Quality quality) {
+  switch (quality) {
+    case Quality::minor:
+      return "m";
+    case Quality::seventh:
+      return "7";
+    case Quality::minorSeventh:
+      return "m7";
+    case Quality::majorSeventh:
+      return "maj7";
+    case Quality::major:
+      break;
+  }
+  return "";
+}
 
 std::vector<unsigned> pitchClassesOfSpans(std::span<const fingering::Note> notes,
                                           const rhythm::Reading& reading) {

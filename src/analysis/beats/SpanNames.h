@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "fingering/Note.h"
@@ -16,6 +17,9 @@ class QBTabMgr;
 /// pitch class n; passing notes are not among them.
 std::vector<unsigned> pitchClassesOfSpans(std::span<const fingering::Note> notes,
                                           const rhythm::Reading& reading);
+
+/// As the chord book calls it: "m7".
+std::string_view typeOf(rhythm::Quality quality);
 
 /// The harmony of the chord book that a span is called by: the one on its root that has just these
 /// pitch classes, such as sus4, else the one of its quality. None when the book lacks that.
