@@ -31,6 +31,8 @@ QBChord* QBChordTransposer::transpose() {
   QBChord* target = QBTabMgr::of(*m_source).createChord(m_scratch.song(), m_source->m_fft(),
                                                         m_source->timestamp());
   target->setDuration(m_source->duration());
+  if (m_source->hasTicks()) target->setTicks(m_source->ticks());
+  if (m_source->hasBeatTime()) target->setBeatTime(m_source->beatTime());
   target->setBaseTone(pitchClass(m_source->baseTone() + pitchClass(m_offset)));
   for (const auto& tone : tonesOf(*m_source))
     if (tone->isActive()) place(*tone, *target->hold());
@@ -44,8 +46,10 @@ void QBChordTransposer::place(const QBTone& tone, QBHold& target) const {
     const int fret = m_strings.fret(string, note);
     if (fret < 0 || fret >= kFretsToMoveTo) continue;
     // Of tones that meet on one fret the first stays as it is.
-    if (!target.findTone(string, fret))
-      target.addTone(string, fret, tone.amp())->setDuration(tone.duration());
+    if (target.findTone(string, fret)) return;
+    QBTone* placed = target.addTone(string, fret, tone.amp());
+    placed->setDuration(tone.duration());
+    if (tone.hasTicks()) placed->setTicks(tone.ticks());
     return;
   }
 }

@@ -115,9 +115,13 @@ QBChord* QBChord::clone(QBSong* owner) {
 void QBChord::mergeWith(const QBChord& other) {
   QBHold* held = hold();
   if (!held) return;
-  for (const auto& tone : tonesOf(other))
-    if (!held->findTone(tone->string(), tone->fret()))
-      held->addTone(tone->string(), tone->fret(), tone->amp());
+  for (const auto& tone : tonesOf(other)) {
+    if (held->findTone(tone->string(), tone->fret())) continue;
+    QBTone* added = held->addTone(tone->string(), tone->fret(), tone->amp());
+    if (!hasTicks() || !tone->hasTicks()) continue;
+    added->setTicks(tone->ticks());
+    added->setDuration(tone->duration());
+  }
 }
 
 void QBChord::setDurationValue(int offered) {

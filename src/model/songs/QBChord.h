@@ -50,6 +50,7 @@ class QBChord final : public platform::ManagedObject {
   /// not in it. The time stamp is when it was struck. Unset for one that was not heard there.
   std::int64_t beatTime() const { return read(m_beatTime); }
   void setBeatTime(std::int64_t value) { assign(m_beatTime, value); }
+  void clearBeatTime() { unset(m_beatTime); }
   bool hasBeatTime() const { return has(m_beatTime); }
   /// The user changed it, so that it stays as it is when the rhythm is read anew.
   bool isEdited() const { return read(m_edited); }
@@ -99,7 +100,7 @@ class QBChord final : public platform::ManagedObject {
   bool equals(const QBChord& other) const;
   /// A copy in another song, at its next position.
   QBChord* clone(QBSong* owner);
-  /// Adds the tones of the other chord that this one lacks.
+  /// Adds the tones of the other chord that this one lacks, on beats with their lengths.
   void mergeWith(const QBChord& other);
   /// Keeps the smallest duration offered, in sixteenths; 0 counts as none.
   void setDurationValue(int duration);

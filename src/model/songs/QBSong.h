@@ -64,6 +64,7 @@ class QBSong final : public platform::ManagedObject {
   /// swung. It is written as a straight eighth.
   double swing() const { return has(m_swing) ? read(m_swing) : kStraight; }
   void setSwing(double value) { assign(m_swing, value); }
+  void clearSwing() { unset(m_swing); }
   bool isSwung() const { return has(m_swing); }
   /// Its key: the pitch class of the tonic, 12 more in minor. Unset when it is not known.
   int key() const { return read(m_key); }

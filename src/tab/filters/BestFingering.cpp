@@ -53,6 +53,7 @@ void clear(QBHold& hold, const Tones& tones) {
 void addMoved(QBHold& hold, const QBTone& tone, const QBTone& position) {
   QBTone* moved = hold.addTone(position.string(), position.fret(), tone.amp());
   moved->setDuration(tone.duration());
+  if (tone.hasTicks()) moved->setTicks(tone.ticks());
   moved->setActive(tone.active());
   if (tone.hasGroup()) moved->setGroup(tone.group());
 }
