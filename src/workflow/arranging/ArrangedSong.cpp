@@ -5,6 +5,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
+#include "music/Pitch.h"
 #include "tab/text/SongDrawing.h"
 
 namespace korvel {
@@ -20,6 +21,7 @@ QBSong* filtered(QBSong& source, const std::string& title, QBChordVisitor&& visi
 QBSong* emptyBeside(const QBSong& source, const std::string& title) {
   QBSong* made = source.requireAlbum().createSong(title);
   made->setTuning(source.tuning());  // its strings are the source's, not the instrument's
+  if (source.isOnBeats()) made->takeRhythmOf(source);
   return made;
 }
 
@@ -33,6 +35,12 @@ QBSong* finished(QBSong* song, const std::string& title) {
   song->setTitle(title);
   buildTab(*song);
   return song;
+}
+
+void moveKey(QBSong& song, int halfTones) {
+  if (!song.hasKey()) return;
+  const int mode = song.key() - pitchClass(song.key());
+  song.setKey(mode + pitchClass(song.key() + halfTones));
 }
 
 bool sounds(const QBSong& song) {

@@ -23,7 +23,8 @@ QBSong* filteredBy(QBSong& source, const std::string& title) {
   return filtered(source, title, Visitor(Arguments...));
 }
 
-/// An empty song in the source's tuning, without tablature.
+/// An empty song in the source's tuning, without tablature; of one on beats with its rhythm and
+/// key.
 QBSong* emptyBeside(const QBSong& source, const std::string& title);
 /// Runs the visitor over the source and draws what it made of it.
 QBSong* filled(QBSong* made, QBSong& source, QBChordVisitor&& visitor);
@@ -37,6 +38,9 @@ QBSong* rewrittenBy(QBSong& source, const std::string& title) {
 
 /// Gives a song that is made its title. The tablature's heading is the title, so it is drawn last.
 QBSong* finished(QBSong* song, const std::string& title);
+
+/// The key of a song whose tones were moved so far.
+void moveKey(QBSong& song, int halfTones);
 
 /// Whether any chord has a tone that is heard.
 bool sounds(const QBSong& song);

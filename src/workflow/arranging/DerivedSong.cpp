@@ -13,6 +13,7 @@
 #include "model/store/QBTabMgr.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
+#include "workflow/arranging/bars/KeptBeats.h"
 #include "workflow/session/EditRefused.h"
 
 namespace korvel {
@@ -34,6 +35,13 @@ QBSong* madeForPlayers(QBSong& song, const SongCommand& command, const std::stri
     if (all.size() > songs && all.back()->chords().empty()) refuseEmpty(song, command);
     throw;
   }
+}
+
+/// On beats there is no song without bars.
+QBSong* madeByLetter(QBSong& song, const SongCommand& command, const std::string& title) {
+  QBSong* made = command.make.literal(song, title);
+  if (song.isOnBeats()) keepTimes(song, *made);
+  return made;
 }
 
 /// Of a chord or a tone; answers whether it changed.
@@ -69,7 +77,7 @@ void keepBars(QBSong& source, QBSong& made) {
 
 QBSong* derived(QBSong& song, const SongCommand& command, Manner manner) {
   const std::string title = command.tag.empty() ? "" : nameOf(song).tagged(command.tag);
-  if (manner == Manner::literal) return command.make.literal(song, title);
+  if (manner == Manner::literal) return madeByLetter(song, command, title);
   QBSong* made = madeForPlayers(song, command, title);
   if (!sounds(*made)) refuseEmpty(song, command);
   keepTimes(song, *made);
@@ -85,9 +93,15 @@ void requireSound(const QBSong& song, const SongCommand& command) {
 }
 
 void keepTimes(QBSong& source, QBSong& made) {
+  if (!made.measures().empty()) return;
+  if (source.isOnBeats()) {
+    keepBeats(source, made);
+    if (!made.chords().empty()) buildTab(made);
+    return;
+  }
   const auto& chords = source.allChords();
   const auto& copies = made.allChords();
-  if (chords.size() != copies.size() || !made.measures().empty()) return;
+  if (chords.size() != copies.size()) return;
   bool changed = !source.measures().empty();
   for (std::size_t i = 0; i < chords.size(); ++i) changed |= keepDurations(*chords[i], *copies[i]);
   keepBars(source, made);

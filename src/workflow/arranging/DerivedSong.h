@@ -8,8 +8,9 @@
 namespace korvel {
 
 /// The new song that a command derives from the song (`SongCommand::make`), under the title that is
-/// free for it. For players it keeps the song's times, and EditRefused is thrown when nothing would
-/// sound in it; what was made by then stays, for the caller to take back.
+/// free for it. For players, and on beats in either manner, it keeps the song's times. For players
+/// EditRefused is thrown when nothing would sound in it; what was made by then stays, for the
+/// caller to take back.
 QBSong* derived(QBSong& song, const SongCommand& command, Manner manner);
 
 /// The same of the command of that name, which derives a song, by the letter of its filter.
@@ -19,7 +20,8 @@ QBSong* derivedByLetter(QBSong& song, std::string_view command);
 void requireSound(const QBSong& song, const SongCommand& command);
 
 /// Gives a song with as many chords as its source the durations and the bars of that, unless it has
-/// bars of its own. Chords are matched in their order, tones by their place.
+/// bars of its own. Chords are matched in their order, tones by their place. A song that was
+/// derived from one on beats gets them whatever chords it has (`bars/KeptBeats.h`).
 void keepTimes(QBSong& source, QBSong& made);
 
 }  // namespace korvel

@@ -6,6 +6,7 @@
 #include "tab/filters/QBTabToneTrimmer.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
+#include "workflow/arranging/DerivedSong.h"
 #include "workflow/exporting/ExportFolder.h"
 
 namespace korvel {
@@ -18,6 +19,8 @@ QBSong* trimmedForPlayers(QBSong& song, const std::string& title) {
   QBSong* chordTones = QBTabToneTrimmer::removeNoneChordTones(&song);
   QBSong* contrary = QBTabToneTrimmer::contraPoint(chordTones);
   QBSong* playable = QBTabToneTrimmer::applyRightHandPattern(contrary);
+  if (song.isOnBeats())
+    for (QBSong* stage : {chordTones, contrary, playable}) keepTimes(song, *stage);
   if (sounds(*playable)) {
     ExportFolder folder(title);
     folder.write(song.title() + "(NonChords)", toStringForExport(*chordTones));

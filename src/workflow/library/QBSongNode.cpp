@@ -145,6 +145,7 @@ void QBSongNode::copySong() {
   const std::string name = nameOf(*m_song).copySong();
   QBSong* copy = m_song->clone();
   copy->setTitle(name);
+  if (m_song->isOnBeats()) keepTimes(*m_song, *copy);
   addSongToParent(copy);
   m_session.setActiveSong(copy);
   buildTab(*copy);

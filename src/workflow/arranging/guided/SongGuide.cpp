@@ -53,6 +53,10 @@ QBSong& beginningOf(QBSong& song) {
   QBSong* beginning = emptyBeside(song, song.title());
   std::map<const QBMeasure*, QBMeasure*> bars;
   auto chord = std::ranges::find_if(chords, isHeard);
+  if (song.isOnBeats())
+    while (chord != chords.begin() && chord != chords.end() &&
+           (*chord)->measure() == (*std::prev(chord))->measure())
+      --chord;
   for (std::size_t i = 0; i < kChordsTried && chord != chords.end(); ++i, ++chord) {
     QBChord* copy = (*chord)->clone(beginning);
     const QBMeasure* bar = (*chord)->measure();

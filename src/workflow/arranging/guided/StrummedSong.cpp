@@ -40,11 +40,14 @@ void strum(QBChord& chord, const ChordName& name, const ChordShape& grip) {
   const auto loudest =
       std::ranges::find_if(tones, [](const auto& tone) { return tone->isActive(); });
   const CopiedChord::Tone model(**loudest);
+  const int ticks = (*loudest)->hasTicks() ? (*loudest)->ticks() : 0;
   QBHold& hold = *chord.hold();
   for (const auto& tone : tones) hold.deleteTone(tone);
   for (int string = 0; string < kStrings; ++string)
     if (const int fret = grip[static_cast<std::size_t>(string)]; fret != kNotPlayed)
       model.addTo(hold, string, fret);
+  if (ticks > 0)
+    for (QBTone* tone : hold.tones()) tone->setTicks(ticks);
   chord.setHarmony(name.harmony);
   chord.setBaseTone(name.baseTone);
   chord.setPattern(nullptr);
@@ -99,6 +102,7 @@ QBSong* strummed(QBSong& song, const Strumming& how) {
   const std::string title = nameOf(song).tagged(tags);
   QBSong* copy = song.clone();
   strummer.strumAll(*copy);
+  moveKey(*copy, how.halfTones);
   finished(copy, title);
   keepTimes(song, *copy);
   return copy;
