@@ -28,6 +28,8 @@ QBSong* transposed(QBSong& song, int halfTones, const std::string& title) {
     transposer.transpose()->clone(made);
     transposer.dispose();
   }
+  if (song.isOnBeats()) made->takeRhythmOf(song);
+  moveKey(*made, halfTones);
   buildTab(*made);
   return made;
 }

@@ -14,6 +14,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/SongTime.h"
 #include "model/songs/ToneOrder.h"
 #include "music/ChordStep.h"
 #include "music/OpenStrings.h"
@@ -47,6 +48,7 @@ class Fingerer {
     const int highest = halfTones == 0 ? highestFretOf(song) : 0;
     m_frets = highestFret.value_or(std::clamp(highest, fingering::FingeringOptions::kUsualFrets,
                                               fingering::FingeringOptions::kMostFrets));
+    if (song.isOnBeats()) m_time.emplace(song, SongTime::Tempo::strict);
     for (const auto& chord : song.allChords()) read(*chord);
     fingering::Fingering(m_open, {.frets = m_frets}).place(m_notes);
   }
@@ -80,13 +82,23 @@ class Fingerer {
   }
 
   void addNote(const QBTone& tone, bool isUnison) {
-    const double onset = static_cast<double>(m_chords.size()) * kSecondsOfChord;
-    const int steps = tone.duration() == QBTone::kUntoldDuration ? 1 : std::max(1, tone.duration());
+    const double onset = onsetOfNext();
     m_notes.push_back({.onset = onset,
-                       .end = onset + steps * kSecondsOfChord,
+                       .end = onset + secondsOf(tone),
                        .pitch = pitchOf(tone),
                        .strength = isUnison ? -1 : static_cast<float>(tone.amp()),
                        .probability = isUnison ? kProbabilityOfUnison : 1});
+  }
+
+  double onsetOfNext() const {
+    if (!m_time) return static_cast<double>(m_chords.size()) * kSecondsOfChord;
+    return m_time->secondsOf(m_time->tickOf(m_chords.size())) - m_time->secondsOf(m_time->begin());
+  }
+
+  double secondsOf(const QBTone& tone) const {
+    if (m_time) return m_time->secondsOf(std::max(1, tone.ticks())) - m_time->secondsOf(0);
+    const int steps = tone.duration() == QBTone::kUntoldDuration ? 1 : std::max(1, tone.duration());
+    return steps * kSecondsOfChord;
   }
 
   int movedPitch(const QBTone& tone) const {
@@ -181,6 +193,7 @@ class Fingerer {
   const int m_halfTones;
   const bool m_isLimited;
   const OpenPitches m_open;
+  std::optional<SongTime> m_time;  ///< Of a song on beats.
   int m_frets = fingering::FingeringOptions::kUsualFrets;
   std::vector<fingering::Note> m_notes;
   std::vector<Chord> m_chords;
@@ -205,6 +218,7 @@ QBSong* transposedForHand(QBSong& song, int halfTones, const std::string& title)
   QBSong* copy = song.clone();
   Fingerer(song, halfTones).place(*copy);
   for (const auto& chord : copy->allChords()) moveName(*chord, halfTones);
+  moveKey(*copy, halfTones);
   return finished(copy, title);
 }
 
@@ -213,6 +227,7 @@ QBSong* loweredForHand(QBSong& song, int halfTones, int highestFret, const std::
   Fingerer(song, halfTones, highestFret).place(*copy);
   if (halfTones != 0)
     for (const auto& chord : copy->allChords()) moveName(*chord, halfTones);
+  moveKey(*copy, halfTones);
   return finished(copy, title);
 }
 
