@@ -7,11 +7,14 @@
 #include "tab/filters/QBTabFilter.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
+#include "workflow/arranging/DerivedSong.h"
+#include "workflow/arranging/bars/OtherMetre.h"
 
 namespace korvel {
 
 QBSong* applyMetric(QBSong& song, int beat, int beattype) {
   const std::string title = nameOf(song).applyMetric(beat, beattype);
+  if (song.isOnBeats()) return finished(laidAnew(song, beat, beattype, title), title);
   QBSong* copy = song.clone();
   QBApplyMetric visitor(beat, beattype, copy);
   copy->setTitle(title);
@@ -24,12 +27,16 @@ QBSong* toPicking(QBSong& song) {
   const std::string title = nameOf(song).applyPicking();
   QBSong* copy = song.clone();
   copy->setTitle(title);
-  QBTabFilter(&song, copy).filter();
+  if (song.isOnBeats())
+    keepTimes(song, *copy);
+  else
+    QBTabFilter(&song, copy).filter();
   buildTab(*copy);
   return copy;
 }
 
 QBSong* laidIntoMetre(QBSong& song, int beat, int beattype, const std::string& title) {
+  if (song.isOnBeats()) return finished(applyMetric(song, beat, beattype), title);
   QBSong* picked = toPicking(song);
   QBSong* measured = applyMetric(*picked, beat, beattype);
   song.requireAlbum().deleteSong(picked);
