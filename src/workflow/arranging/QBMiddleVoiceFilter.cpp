@@ -56,8 +56,14 @@ QBSong* QBMiddleVoiceFilter::filter() {
 
 /// A tone that the chord before has too counts the chords that it goes on for, its own included; a
 /// tone that begins here counts nothing. Walked from the end, each chord needs only the next one.
+/// On beats a tone counts its ticks.
 void QBMiddleVoiceFilter::countSustains() {
   const auto& chords = m_middle->allChords();
+  if (m_middle->isOnBeats()) {
+    for (const auto& chord : chords)
+      for (const auto& tone : tonesOf(*chord)) tone->m_hits = tone->ticks();
+    return;
+  }
   RunLengths next;
   for (std::size_t i = chords.size(); i-- > 1;) {
     RunLengths lengths = runLengths(chords[i]->hold(), next);

@@ -14,7 +14,7 @@ class QBSong;
 QBSong* extractMiddleVoices(QBSong& song, int count, const std::string& title);
 
 /// The fingerings seen at least so often, under the source's title with "(voic)" behind, which is
-/// not made free.
+/// not made free. Those of a song on beats have a bar each, and no recording.
 QBSong* extractVoicings(QBSong& song, int minimum);
 
 }  // namespace korvel

@@ -13,7 +13,7 @@ class QBSong;
 /// Logged.
 QBSong& cloneSong(QBSong& song);
 
-/// The tones of both, chord by chord, as by `mergeWithSong`.
+/// The tones of both, chord by chord, on beats place by place, as by `mergeWithSong`.
 QBSong& mergeSongs(QBSong& song, QBSong& other);
 
 /// The chords of positions from..to, both included.
