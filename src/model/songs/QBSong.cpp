@@ -58,6 +58,12 @@ void QBSong::takeRhythmOf(const QBSong& other) {
   setRecording(other.recording());
 }
 
+void QBSong::clearRhythm() {
+  unset(m_tempo);
+  unset(m_swing);
+  unset(m_key);
+}
+
 QBAlbum* QBSong::album() const { return target(m_album); }
 
 void QBSong::setAlbum(QBAlbum* value) { relate(m_album, value); }

@@ -75,6 +75,8 @@ class QBSong final : public platform::ManagedObject {
   void setRecording(SongRecording* value);
   /// Takes tempo, swing, key and recording from another song.
   void takeRhythmOf(const QBSong& other);
+  /// Is not on beats any more: without tempo, swing and key. The chords keep what they have.
+  void clearRhythm();
   QBAlbum* album() const;
   void setAlbum(QBAlbum* value);
   QBTuning* tuning() const;

@@ -18,15 +18,17 @@ CopiedChord::Tone::Tone(const QBTone& tone)
       fret(tone.fret()),
       amp(tone.amp()),
       duration(tone.duration()),
-      active(tone.isActive()) {}
+      active(tone.isActive()),
+      ticks(tone.ticks()) {}
 
 void CopiedChord::Tone::addTo(QBHold& hold, int onString, int onFret) const {
   QBTone* tone = hold.addTone(onString, onFret, amp);
   tone->setDuration(duration);
   tone->setActive(active);
+  if (ticks > 0 && hold.chord() && hold.chord()->hasTicks()) tone->setTicks(ticks);
 }
 
-CopiedChord::CopiedChord(const QBChord& chord) : duration(chord.duration()) {
+CopiedChord::CopiedChord(const QBChord& chord) : duration(chord.duration()), ticks(chord.ticks()) {
   if (const QBHold* hold = chord.hold())
     for (const QBTone* tone : hold->tones()) tones.emplace_back(*tone);
 }

@@ -16,7 +16,7 @@ struct CopiedChord {
   struct Tone {
     Tone(int ofString, int ofFret, double loudness, int length, bool sounds);
     explicit Tone(const QBTone& tone);
-    /// A tone like this one on that string and fret.
+    /// A tone like this one on that string and fret, with ticks where the chord has some.
     void addTo(QBHold& hold, int onString, int onFret) const;
 
     int string;
@@ -24,6 +24,7 @@ struct CopiedChord {
     double amp;
     int duration;
     bool active;
+    int ticks = 0;  ///< None when it was not in a song on beats.
   };
 
   explicit CopiedChord(const QBChord& chord);
@@ -33,6 +34,7 @@ struct CopiedChord {
 
   std::vector<Tone> tones;
   int duration;
+  int ticks = 0;  ///< None when it was not in a song on beats.
 };
 
 }  // namespace korvel

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <vector>
@@ -19,10 +20,12 @@
 #include "model/songs/QBTone.h"
 #include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
+#include "music/ChordStep.h"
 #include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/UserError.h"
 #include "tab/text/TabReader.h"
+#include "workflow/editing/BeatBars.h"
 #include "workflow/editing/MeasureLayout.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
@@ -113,6 +116,9 @@ QBChord& SongEditor::chordAt(int index) {
   return chord;
 }
 
+/// What is on beats without bars, in an odd store, is edited as if it were not.
+bool SongEditor::isOnBeats() const { return BeatBars::areIn(*m_song); }
+
 // ---- tones
 
 void SongEditor::setFret(int chord, int string, int fret, bool continues) {
@@ -148,6 +154,7 @@ void SongEditor::addVoice(int index, int string, int fret) {
   QBTone* tone = holdOf(chordAt(index)).addTone(string, fret, model ? model->amp() : kAmp);
   if (!model) return;
   tone->setDuration(model->duration());
+  if (model->hasTicks() && model->hold() == tone->hold()) tone->setTicks(model->ticks());
   if (model->hasGroup()) tone->setGroup(model->group());
 }
 
@@ -189,6 +196,7 @@ void SongEditor::takeShape(int index, const ChordShape& shape) {
       model ? CopiedChord::Tone(*model) : CopiedChord::Tone{0, 0, kAmp, 0, true};
   tone.active = true;
   QBHold& hold = holdOf(chordAt(index));
+  if (!model || model->hold() != &hold) tone.ticks = 0;
   for (const auto& old : hold.tones().snapshot()) hold.deleteTone(old);
   for (int string = 0; string < kStrings; ++string)
     if (const int fret = shape[static_cast<std::size_t>(string)]; fret != kNotPlayed)
@@ -236,6 +244,14 @@ void SongEditor::tonesChanged(int index) {
   QBChord& chord = chordAt(index);
   if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
   chord.setLeftpattern(nullptr);
+  if (isOnBeats()) {
+    chord.setEdited(true);
+    chord.forgetCaches();
+    BeatBars bars(m_db, *m_song);
+    bars.endRinging(static_cast<std::size_t>(index));
+    bars.finish();
+    return;
+  }
   name(chord, nullptr);
   readHarmony(chord);
   chord.forgetCaches();
@@ -250,6 +266,7 @@ void SongEditor::name(QBChord& chord, const ChordName* name) {
     chord.setBaseTone(name->baseTone);
   else
     chord.clearBaseTone();
+  if (chord.hasTicks()) chord.setEdited(true);
   chord.forgetCaches();
 }
 
@@ -283,22 +300,72 @@ void SongEditor::setDuration(int chord, int sixteenths) {
   requireWithin(phrase("Message", "duration %1 is not within %2 to %3"), sixteenths, 1,
                 kLongestChord);
   QBChord& edited = chordAt(chord);
-  if (edited.duration() == sixteenths) return;
+  const auto index = static_cast<std::size_t>(chord);
+  const bool onBeats = isOnBeats();
+  BeatBars bars(m_db, *m_song);
+  const int ticks = onBeats ? sixteenths * bars.ticksOfSixteenthAt(index) : 0;
+  if (onBeats ? bars.writtenTicks(index) == ticks : edited.duration() == sixteenths) return;
   edit(phrase("UndoAction", "Change Duration"), [&] {
-    edited.setDuration(sixteenths);
-    layIntoMeasures(m_db, *m_song, chord);
+    if (onBeats) {
+      edited.setEdited(true);
+      bars.setTicks(index, ticks);
+      bars.finish();
+    } else {
+      edited.setDuration(sixteenths);
+      layIntoMeasures(m_db, *m_song, chord);
+    }
   });
+}
+
+int SongEditor::moveChord(int chord, int steps) {
+  chordAt(chord);
+  if (!isOnBeats())
+    throw EditRefused(phrase(
+        "Message", "this song is not in bars with exact places; lay it into bars to move chords"));
+  BeatBars bars(m_db, *m_song);
+  const auto index = static_cast<std::size_t>(chord);
+  std::optional<std::size_t> moved;
+  edit(phrase("UndoAction", "Move Chord"), [&] {
+    moved = bars.move(index, steps * bars.stepOf(index));
+    if (!moved)
+      throw EditRefused(phrase("Message", "there is no room in the bar to move this chord there"));
+    bars.finish();
+  });
+  return static_cast<int>(*moved);
 }
 
 int SongEditor::insertChordBefore(int chord) {
   if (!m_song->chords().empty()) chordAt(chord);
-  return insertAt(chord);
+  return isOnBeats() ? insertOnBeats(chord, false) : insertAt(chord);
 }
 
 int SongEditor::insertChordAfter(int chord) {
-  if (m_song->chords().empty()) return insertAt(chord);
-  chordAt(chord);
-  return insertAt(chord + 1);
+  if (!m_song->chords().empty()) chordAt(chord);
+  if (isOnBeats()) return insertOnBeats(chord, true);
+  return insertAt(m_song->chords().empty() ? chord : chord + 1);
+}
+
+int SongEditor::insertOnBeats(int chord, bool after) {
+  BeatBars bars(m_db, *m_song);
+  const auto index = static_cast<std::size_t>(chord);
+  if (m_song->chords().empty()) {
+    edit(phrase("UndoAction", "Insert Chord"), [&] {
+      bars.write(0, {CopiedChord({}, kSixteenthsOfQuarter)});
+      bars.finish();
+    });
+    return 0;
+  }
+  edit(phrase("UndoAction", "Insert Chord"), [&] {
+    const bool hasOneBefore = index > 0 && bars.areInOneBar(index - 1, index);
+    const bool divided = after
+                             ? bars.divide(index)
+                             : (hasOneBefore && bars.divide(index - 1)) || bars.divideBefore(index);
+    if (!divided)
+      throw EditRefused(
+          phrase("Message", "this chord is too short to be divided; make it longer first"));
+    bars.finish();
+  });
+  return after ? chord + 1 : chord;
 }
 
 int SongEditor::insertAt(int index) {
@@ -324,6 +391,7 @@ int SongEditor::pasteAfter(int chord, const std::vector<CopiedChord>& chords) {
   const int first = m_song->chords().empty() ? 0 : chord + 1;
   if (first > 0) chordAt(chord);
   edit(phrase("UndoAction", "Paste Chords"), [&] {
+    if (isOnBeats()) return pasteOnBeats(first, chords);
     int index = first;
     for (const CopiedChord& each : chords) {
       QBChord& pasted = newChordAt(index++);
@@ -337,6 +405,19 @@ int SongEditor::pasteAfter(int chord, const std::vector<CopiedChord>& chords) {
     layIntoMeasures(m_db, *m_song, first);
   });
   return first;
+}
+
+void SongEditor::pasteOnBeats(int first, const std::vector<CopiedChord>& chords) {
+  BeatBars bars(m_db, *m_song);
+  const std::vector<QBChord*> written = bars.write(static_cast<std::size_t>(first), chords);
+  for (std::size_t i = 0; i < written.size(); ++i) {
+    for (const CopiedChord::Tone& tone : chords[i].tones)
+      tone.addTo(holdOf(*written[i]), tone.string, tone.fret);
+    readHarmony(*written[i]);
+    written[i]->setEdited(true);
+    written[i]->forgetCaches();
+  }
+  bars.finish();
 }
 
 int SongEditor::pasteAfter(int chord, const std::vector<TypedChord>& chords) {
@@ -365,6 +446,11 @@ void SongEditor::deleteChords(int first, int last) {
   const platform::Phrase title =
       first == last ? phrase("UndoAction", "Delete Chord") : phrase("UndoAction", "Delete Chords");
   edit(title, [&] {
+    if (isOnBeats()) {
+      BeatBars bars(m_db, *m_song);
+      bars.remove(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
+      return bars.finish();
+    }
     const Chords before = m_song->allChords();
     moveLoopOff(before, first, last);
     const int count = last - first + 1;

@@ -33,7 +33,7 @@ struct TypedChord;
 ///
 /// Chords are counted from 0 in order of position, strings from the lowest. std::out_of_range for a
 /// chord, string, fret or duration that there is none of. A chord whose tones change gets the name
-/// that they have now.
+/// that they have now, unless the song is on beats, where names are those of whole passages.
 class SongEditor {
  public:
   static constexpr int kHighestFret = 24;
@@ -81,13 +81,20 @@ class SongEditor {
   int pasteAfter(int chord, const std::vector<TypedChord>& chords);
 
   // Chords. Those behind move along: in their positions, and from measure to measure where the song
-  // has some.
+  // has some. In a song on beats they stay where they are, and the bars as long (`BeatBars`): a
+  // chord gets its length from those behind it, a new one has half of another's place, and pasted
+  // chords take the place of what is there.
   void setDuration(int chord, int sixteenths);
-  /// Answer the index of the new, empty chord. A song without chords takes its first one at 0.
+  /// A chord of a song on beats begins that many steps later in its bar, or earlier: a step is a
+  /// sixteenth, or in triplets a third of a beat. Answers its index then; throws EditRefused where
+  /// there is no room.
+  int moveChord(int chord, int steps);
+  /// Answer the index of the new, empty chord. A song without chords takes its first one at 0. In a
+  /// song on beats EditRefused for a chord that is too short to be divided.
   int insertChordBefore(int chord);
   int insertChordAfter(int chord);
-  /// Both included. The ends of the playback loop move to the chords that are left between them,
-  /// and go with the last of these.
+  /// Both included. In a song on beats only whole bars go. The ends of the playback loop move to
+  /// the chords that are left between them, and go with the last of these.
   void deleteChords(int first, int last);
   void deleteChord(int chord) { deleteChords(chord, chord); }
 
@@ -104,8 +111,11 @@ class SongEditor {
   void tonesChanged(int index);
   void name(QBChord& chord, const ChordName* name);
   void nameAll(int first, int last, const ChordName* name);
+  bool isOnBeats() const;
   QBChord& newChordAt(int index);
   int insertAt(int index);
+  int insertOnBeats(int index, bool after);
+  void pasteOnBeats(int first, const std::vector<CopiedChord>& chords);
   void moveLoopOff(const Chords& chords, int first, int last);
 
   QBTabMgr& m_db;
