@@ -4,9 +4,27 @@
 #include "precise/seeing/Power.h"
 
 namespace korvel::precise {
+namespace {
+
+/// In which a plucked string becomes half as loud.
+constexpr double kSecondsOfHalf = 0.5;
+
+}  // namespace
 
 NoteCurves::NoteCurves(const Analysis& analysis, std::span<const Note> notes) {
   for (const Note& note : notes) add(analysis, note, 0);
+}
+
+NoteCurves NoteCurves::fading(std::span<const Note> notes) {
+  NoteCurves curves;
+  const double fade = std::pow(0.5, kCompression / (kSecondsOfHalf * kFramesPerSecond));
+  for (const Note& note : notes) {
+    Curve& curve = curves.m_curves.emplace_back(Curve{frameAt(note.onset), 1});
+    double activation = std::pow(static_cast<double>(note.amplitude), kCompression);
+    for (Frame t = curve.first; t < frameAt(note.end); ++t, activation *= fade)
+      curve.activations.push_back(static_cast<float>(activation));
+  }
+  return curves;
 }
 
 void NoteCurves::add(const Analysis& window, const Note& note, Frame begin) {

@@ -23,6 +23,9 @@ class NoteCurves {
   NoteCurves() = default;
   /// Of notes of the recording.
   NoteCurves(const Analysis& analysis, std::span<const Note> notes);
+  /// Of notes of which nothing but length and loudness is known any more: each fades as a string
+  /// does.
+  static NoteCurves fading(std::span<const Note> notes);
 
   /// Of one more note, heard in a window of the recording that begins with that frame; the note's
   /// times count from there.

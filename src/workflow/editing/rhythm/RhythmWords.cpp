@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/editing/rhythm/RhythmWords.h"
+
+#include <cmath>
+
+#include "analysis/beats/WrittenChords.h"
+#include "music/NoteName.h"
+#include "music/Pitch.h"
+
+namespace korvel {
+
+using platform::phrase;
+using platform::UserText;
+
+std::string metreName(const rhythm::Metre& metre) {
+  const TimeSignature signature = signatureOf(metre);
+  return std::to_string(signature.beat) + '/' + std::to_string(signature.beattype);
+}
+
+platform::Phrase feelName(rhythm::Feel feel) {
+  switch (feel) {
+    case rhythm::Feel::swing:
+      return phrase("Rhythm", "swing");
+    case rhythm::Feel::triplets:
+      return phrase("Rhythm", "triplets");
+    case rhythm::Feel::straight:
+      break;
+  }
+  return phrase("Rhythm", "straight");
+}
+
+UserText rhythmText(const rhythm::Reading& reading) {
+  return {phrase("Rhythm", "%1 beats a minute, %2, %3"), std::lround(reading.tempo()),
+          metreName(reading.metre), feelName(reading.feel)};
+}
+
+UserText rhythmText(const rhythm::Alternative& other) {
+  const UserText plain(phrase("Rhythm", "%1 in %2"), std::lround(other.tempo),
+                       metreName(other.metre));
+  if (other.feel == rhythm::Feel::straight) return plain;
+  return {phrase("Rhythm", "%1, %2"), plain, feelName(other.feel)};
+}
+
+UserText keyText(const rhythm::Key& key) {
+  const std::string tonic(nameInKey(key.tonic, key.tonic + (key.minor ? kNotesPerOctave : 0)));
+  return {key.minor ? phrase("Rhythm", "%1 minor") : phrase("Rhythm", "%1 major"), tonic};
+}
+
+}  // namespace korvel

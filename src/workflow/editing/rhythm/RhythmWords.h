@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "platform/text/UserText.h"
+#include "rhythm/Reading.h"
+
+namespace korvel {
+
+// A rhythm in the words of users.
+
+/// "3/4".
+std::string metreName(const rhythm::Metre& metre);
+platform::Phrase feelName(rhythm::Feel feel);
+/// "96 beats a minute, 3/4, swing".
+platform::UserText rhythmText(const rhythm::Reading& reading);
+/// "184 in 4/4", "92 in 6/8" or "92 in 4/4, swing".
+platform::UserText rhythmText(const rhythm::Alternative& other);
+/// "A minor".
+platform::UserText keyText(const rhythm::Key& key);
+
+}  // namespace korvel
