@@ -59,6 +59,13 @@ TEST_F(QBTabMgrTest, tablesOfPatternsAreComplete) {
   EXPECT_THROW(db().findLeftHandByIndex(10), std::out_of_range);
 }
 
+TEST_F(QBTabMgrTest, objectsKnowTheirStoreUntilItIsClosed) {
+  const platform::Ref<QBSong> song = m_store.song("Song");
+  EXPECT_EQ(&QBTabMgr::of(*song), &db());
+  reopen();
+  EXPECT_THROW(song->createChord(), std::logic_error);
+}
+
 TEST_F(QBTabMgrTest, deletingASongLeavesMeasuresAndBlocksForTheNextOpening) {
   QBSong* song = db().createSong("Song", nullptr, nullptr, db().createAlbum("Album", false));
   db().createMeasure(song, 4, 4);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/takes/LiveRecording.h"
 
-#include <stdexcept>
 #include <utility>
 
 #include "model/instruments/QBInstrument.h"
@@ -18,7 +17,6 @@
 #include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/hearing/NewSong.h"
-#include "workflow/library/QBNameMgr.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/SongInWork.h"
 #include "workflow/takes/TakeFiles.h"
