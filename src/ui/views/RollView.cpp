@@ -129,8 +129,8 @@ void RollView::setZoom(int percent) {
   const int middle = chordAt(viewport()->width() / 2.0);
   m_zoom = percent;
   remeasure();
-  horizontalScrollBar()->setValue(static_cast<int>(
-      width(m_roll.begin(middle)) + columnWidth(middle) / 2 + m_names - viewport()->width() / 2.0));
+  const double place = width(1) * (m_roll.begin(middle) + m_roll.stepsOf(middle) / 2.0);
+  horizontalScrollBar()->setValue(static_cast<int>(place + m_names - viewport()->width() / 2.0));
   emit zoomChanged(percent);
 }
 
