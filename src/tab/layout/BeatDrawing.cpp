@@ -64,6 +64,7 @@ void BeatDrawing::drawLine(const BeatLine& line, const BeatHeading& heading) {
   const int number = m_song.bars()[static_cast<std::size_t>(first.bar)].number;
   if (first.begins && number > 0)
     m_matrix.horText(kColumnOfNumber, m_matrix.m_yPos - 1, std::to_string(number));
+  m_matrix.stringLines(first.x - 1, 1);  // no gap behind the names
   for (const BeatLine::Part& part : line.parts) drawPart(part);
   const BeatLine::Part& last = line.parts.back();
   const int end = last.end + (last.ends ? 1 : 0);
