@@ -16,8 +16,8 @@ TEST(ChordChart, hasFourBarsALineBehindThePickUp) {
                     {24, 48, 5, Quality::major},      {48, 156, -1, Quality::major},
                     {156, 252, 10, Quality::seventh}, {252, 300, -1, Quality::major}};
   EXPECT_EQ(chordChart(reading),
-            "| Am | Am . F . | - | - . . - | Bb7 . . . |\n"
-            "| Bb7 . . . |\n");
+            "| Am | Am . F . | - | - | - Bb7 . . |\n"
+            "| Bb7 . . . | Bb7 - . . |\n");
   reading.chords = {{0, 24, -1, Quality::major}};
   EXPECT_EQ(chordChart(reading), "");
 }
