@@ -9,6 +9,7 @@
 #include "rhythm/WishedLimits.h"
 #include "rhythm/beats/Onsets.h"
 #include "rhythm/harmony/ChordChanges.h"
+#include "rhythm/judging/PlaceFit.h"
 #include "rhythm/judging/ReadingSearch.h"
 #include "rhythm/writing/ReadingWriter.h"
 
@@ -23,6 +24,13 @@ struct RhythmReader::Desk {
 namespace {
 
 constexpr double kShareOfSearches = 0.4;
+/// Notes at random times reach 0.25 with their best reading, those of loose players 0.4 and more.
+constexpr double kFreeBelow = 0.3;
+constexpr std::size_t kFewestToTell = 12;
+
+bool isFree(const Candidate& best, std::size_t onsets) {
+  return onsets >= kFewestToTell && best.features[Feature::barFit] / kWitnesses < kFreeBelow;
+}
 
 /// Beats that were fixed are where they were put to the last digit.
 BeatTrack withBeatsAt(BeatTrack track, const ReadingLimits& limits) {
@@ -84,6 +92,7 @@ platform::Slices RhythmReader::reading(Desk& desk) {
   const Candidate& best = search.candidates().front();
   ReadingWriter writer(desk.notes, onsets, withBeatsAt(search.track(best), wished.limits()));
   desk.result.reading = writer.write(best, desk.wishes.finest);
+  desk.result.isFree = isFree(best, onsets.size());
   desk.result.others = alternatives(search.candidates());
 }
 

@@ -144,7 +144,9 @@ TEST(RhythmReader, readsWhateverItIsGiven) {
     for (int i = 0; i < count; ++i) notes.push_back({.onset = time(i), .pitch = 40 + i % 30});
     for (Note& note : notes) note.end = note.onset + any(2);
     std::ranges::sort(notes, {}, &Note::onset);
-    expectOrder(rhythmOf(notes).reading, notes);
+    const Rhythm rhythm = rhythmOf(notes);
+    expectOrder(rhythm.reading, notes);
+    EXPECT_EQ(rhythm.isFree, std::string(name) == "noise");
     expectOrder(rhythmOf(notes, {.tempo = any(300),
                                  .metre = Metre{3},
                                  .barLine = 1.0,

@@ -29,8 +29,8 @@ import rhythm_pieces
 
 NEAR = 0.07         # seconds: a beat is right
 SHRINK = 0.004      # of squares of weights in units of their features' deviations
-CROPS = 6           # parts of each performance
-PERFORMED = 2.0     # how much one of them counts
+CROPS = 10          # parts of each performance
+PERFORMED = 3.0     # how much one of them counts
 # Weights that pieces which are cut anywhere would make too small: most recordings start on a bar line.
 LEAST = {"startsOnBar": 0.8, "endsOnBar": 0.3}
 PROJECT = pathlib.Path(__file__).resolve().parent.parent.parent
@@ -176,8 +176,9 @@ def report(title, samples, weights):
         some = [sample for sample in samples if sample.kind.split()[0] == kind]
         chosen = np.array([sample.chosen_worth(weights) for sample in some])
         best = np.array([sample.worth.max() for sample in some])
+        loss = np.mean([sample.loss(weights)[0] for sample in some if sample.solvable])
         print(f"  {kind}: {len(some)} pieces, worth {chosen.mean():.3f} of {best.mean():.3f},"
-              f" right {np.mean(chosen >= best - 0.03):.3f}")
+              f" right {np.mean(chosen >= best - 0.03):.3f}, loss {loss:.3f}")
 
 
 def main():

@@ -29,11 +29,13 @@ STRUMMED = {
                              3: ["D..u.u", "D.du.u"]}),
 }
 SHUFFLED = ["D.uD.ud.ud.u", "D.ud.uD.ud.u", "b.ut.ub.ut.u", "D..d.uD..d.u"]
+TRIPLETS = ["DduDduDduDdu", "D.uD.uDduD.u", "D..DduD..Ddu", "Ddud.uDdud.u", "b.tb.tb.tbtt"]
 SIXES = ["D.d.d.D.d.d.", "D.d.duD.d.du", "D...d.D.d.d.", "D.....D.d.d.", "D.dudud.dudu"]
 PICKED = {4: ["b.3.2.1.", "b32123b2", "b.231.23", "p.52b.51", "p.3.2.3.", "b3212321", "p.2.p.2."],
           3: ["b.2321", "b.P.P.", "p.3.2.", "b32123"]}
 PICKED_SIXTEENTHS = {4: ["b3213b235321b321", "b.32b.32b.32b.32", "p.23b.23p.23b.23"],
                      3: ["b321b321b321"]}
+PICKED_TRIPLETS = ["b32132b32132", "b32b32b32b32", "p.2132p.2132", "b12312512312"]
 PICKED_SIX = ["b32532", "b32123", "p32b23"]
 
 
@@ -72,6 +74,9 @@ class Maker:
         elif self.metre == "4/4" and self.r.rand() < .16:
             self.start(between(self.r, 80, 170), float(self.r.uniform(.58, .68)))
             patterns = [pick(self.r, SHUFFLED) for _ in range(2)]
+        elif self.metre == "4/4" and self.r.rand() < .1:
+            self.start(between(self.r, 56, 116))
+            patterns = [pick(self.r, TRIPLETS) for _ in range(2)]
         else:
             low, high, ways = STRUMMED[pick(self.r, list(STRUMMED), [4, 1.2, 1.6, 2, 1, 1.4])]
             self.start(between(self.r, low, high))
@@ -85,6 +90,9 @@ class Maker:
         if self.metre == "6/8":
             self.start(between(self.r, 40, 84))
             patterns = PICKED_SIX
+        elif self.metre == "4/4" and self.r.rand() < .15:
+            self.start(between(self.r, 50, 100))
+            patterns = PICKED_TRIPLETS
         elif self.r.rand() < .25:
             self.start(between(self.r, 52, 96))
             patterns = PICKED_SIXTEENTHS[4 if self.metre == "2/4" else self.piece.bpb]

@@ -64,6 +64,7 @@ class ReadingFeatures {
     std::ranges::copy(values, m_values.begin() + static_cast<std::ptrdiff_t>(first));
   }
   double& operator[](Feature feature) { return m_values[static_cast<std::size_t>(feature)]; }
+  double operator[](Feature feature) const { return m_values[static_cast<std::size_t>(feature)]; }
   const std::array<double, kFeatures>& values() const { return m_values; }
 
  private:
