@@ -102,11 +102,11 @@ class BarFiller {
   std::vector<Laid> m_laid;
 };
 
-bool isOnNeck(const QBTone& tone) { return tone.string() >= 0 && tone.string() < kStrings; }
+bool hasString(const QBTone& tone) { return tone.string() >= 0 && tone.string() < kStrings; }
 
 }  // namespace
 
-bool isInCompoundTime(const QBChord& chord) {
+bool isCompoundAt(const QBChord& chord) {
   const QBMeasure* measure = chord.measure();
   return measure && isCompound(measure->beat(), measure->beattype());
 }
@@ -173,12 +173,12 @@ void endTonesAtNextStrike(QBSong& song) {
   for (std::size_t i = chords.size(); i-- > 0;) {
     const int tick = time.tickOf(i);
     Tones tones = tonesOf(*chords[i]);
-    std::erase_if(tones, [](const auto& tone) { return !isOnNeck(*tone); });
+    std::erase_if(tones, [](const auto& tone) { return !hasString(*tone); });
     for (const auto& tone : tones) {
       const int most = std::max(next[static_cast<std::size_t>(tone->string())] - tick, 1);
       if (tone->ticks() <= most) continue;
       tone->setTicks(most);
-      tone->setDuration(sixteenthsBetween(tick, tick + most, isInCompoundTime(*chords[i])));
+      tone->setDuration(sixteenthsBetween(tick, tick + most, isCompoundAt(*chords[i])));
     }
     for (const auto& tone : tones)
       if (tone->isActive()) next[static_cast<std::size_t>(tone->string())] = tick;

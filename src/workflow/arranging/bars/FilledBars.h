@@ -25,7 +25,7 @@ struct BarSpan {
 };
 
 /// Whether a chord's measure is in compound time.
-bool isInCompoundTime(const QBChord& chord);
+bool isCompoundAt(const QBChord& chord);
 
 /// The bars of a song on beats, as long as their chords are. A chord that is in no measure goes on
 /// the bar before; a song without measures is taken to be in 4/4.

@@ -39,11 +39,11 @@ class MetreWriter {
   void write() {
     const auto& chords = m_song.allChords();
     const int begin = SongTime(m_song, SongTime::Tempo::strict).begin();
-    if (!chords.empty()) m_parts = begin * partsOfTick(isInCompoundTime(*chords.front()));
+    if (!chords.empty()) m_parts = begin * partsOfTick(isCompoundAt(*chords.front()));
     m_soundsUntil = m_parts;
     for (std::size_t i = 0; i < chords.size(); ++i) {
       if (i == 0 || !goesOn(*chords[i - 1], *chords[i])) add(*chords[i]);
-      m_parts += std::max(chords[i]->ticks(), 0) * partsOfTick(isInCompoundTime(*chords[i]));
+      m_parts += std::max(chords[i]->ticks(), 0) * partsOfTick(isCompoundAt(*chords[i]));
     }
   }
 
@@ -59,7 +59,7 @@ class MetreWriter {
   }
 
   void add(QBChord& chord) {
-    const int parts = partsOfTick(isInCompoundTime(chord));
+    const int parts = partsOfTick(isCompoundAt(chord));
     const int tick = nextTick();
     QBChord* copy = chord.clone(&m_made);
     m_isRest = m_soundsUntil <= m_parts && tonesOf(chord).empty();
@@ -104,7 +104,7 @@ QBSong* laidAnew(QBSong& song, int beat, int beattype, const std::string& title)
   const int begin = writer.placed().front().tick;
   fillBars(*made, writer.placed(), barsOfMetre(beat, beattype, begin, writer.end()));
   endTonesAtNextStrike(*made);
-  if (isInCompoundTime(*chords.front()) != compound) {
+  if (isCompoundAt(*chords.front()) != compound) {
     made->setTempo(tempoIn(compound, song.tempo()));
     made->clearSwing();
   }
