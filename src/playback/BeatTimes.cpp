@@ -173,4 +173,9 @@ double BeatTimes::secondsUntil(int chord) const {
   return secondsOfChord(last) - secondsOfChord(0);
 }
 
+std::optional<double> BeatTimes::recordedSecondsAt(double time) const {
+  if (!m_time.isAsRecorded() || m_begins.empty()) return {};
+  return time - m_origin;
+}
+
 }  // namespace korvel

@@ -29,6 +29,7 @@ class BeatTimes final : public ChordTimes {
   std::optional<double> turnOfLoop() const override;
   float shareUntil(int index, int count) const override;
   double secondsUntil(int chord) const override;
+  std::optional<double> recordedSecondsAt(double time) const override;
 
  private:
   /// In ticks. What is in no measure has a bar of no length.

@@ -59,6 +59,9 @@ class ChordTimes {
   /// From the song's first chord to the one at an index of its `allChords`, or to its end, in
   /// seconds of the recording.
   virtual double secondsUntil(int chord) const = 0;
+  /// The second of the recording that a time in the chords that were gone to is; none in strict
+  /// tempo.
+  virtual std::optional<double> recordedSecondsAt(double time) const = 0;
 };
 
 /// Beats a minute of a song on beats, as it is written; 0 of any other.

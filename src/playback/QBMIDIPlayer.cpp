@@ -162,6 +162,11 @@ void QBMIDIPlayer::setPlaybackPosition(int index) {
 
 int QBMIDIPlayer::playbackPosition() const { return isPlaying() ? findIndex(m_player->time()) : 0; }
 
+std::optional<double> QBMIDIPlayer::recordedSeconds() const {
+  if (!isPlaying()) return {};
+  return m_times->recordedSecondsAt(m_player->time());
+}
+
 void QBMIDIPlayer::setPlaybackRate(float rate) {
   if (m_player) m_player->setPlayRateScalar(rate);
 }

@@ -79,6 +79,8 @@ class QBMIDIPlayer {
   void setPlaybackPosition(int index);
   /// The index of the chord that is heard; 0 when it does not play, -1 where findIndex has none.
   int playbackPosition() const;
+  /// The second of the recording that is heard; none when it does not play, and in strict tempo.
+  std::optional<double> recordedSeconds() const;
   /// The chord that a time belongs to, in beats: in steps chord i from i + 1 to i + 2 of them, and
   /// -1 before the first and from the last one on; on beats also while the last one lasts.
   int findIndex(double time) const { return m_times->indexAt(time); }

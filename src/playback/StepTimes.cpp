@@ -9,6 +9,7 @@
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "music/ChordStep.h"
+#include "platform/sound/SampleRate.h"
 
 namespace korvel {
 namespace {
@@ -75,6 +76,7 @@ StepTimes::StepTimes(QBSong& song)
     : m_song(&song), m_count(static_cast<int>(song.allChords().size())) {}
 
 double StepTimes::goTo(const QBChord& chord) {
+  if (!m_firstSample) m_firstSample = chord.timestamp();
   m_time = stepAfter(m_time);
   m_lastDuration = std::clamp(chord.duration(), 1, kLongestDuration);
   return m_time;
@@ -129,5 +131,10 @@ float StepTimes::shareUntil(int index, int count) const {
 }
 
 double StepTimes::secondsUntil(int chord) const { return chord * kSecondsOfChord; }
+
+std::optional<double> StepTimes::recordedSecondsAt(double time) const {
+  if (!m_firstSample) return {};
+  return static_cast<double>(*m_firstSample) / platform::kSampleRate + time - kSecondsOfChord;
+}
 
 }  // namespace korvel

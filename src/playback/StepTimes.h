@@ -33,12 +33,14 @@ class StepTimes final : public ChordTimes {
   std::optional<double> turnOfLoop() const override { return std::nullopt; }
   float shareUntil(int index, int count) const override;
   double secondsUntil(int chord) const override;
+  std::optional<double> recordedSecondsAt(double time) const override;
 
  private:
   platform::Ref<QBSong> m_song;
   int m_count;
-  float m_time = 0;        ///< When the last chord begins.
-  int m_lastDuration = 1;  ///< Of that chord, in steps.
+  float m_time = 0;                             ///< When the last chord begins.
+  int m_lastDuration = 1;                       ///< Of that chord, in steps.
+  std::optional<std::int64_t> m_firstSample{};  ///< Of the recording, where the first chord begins.
 };
 
 }  // namespace korvel

@@ -21,6 +21,7 @@
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/ShapeDialog.h"
 #include "ui/library/TreePanel.h"
+#include "ui/menus/RhythmMenu.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
 #include "ui/window/FindBar.h"
@@ -62,6 +63,7 @@ EditMenu::EditMenu(const Views& views, QWidget* parent)
   addClipboard();
   addToneEdits();
   addChordEdits();
+  addRhythm();
   addSearches(views);
   addLibraryEdits(views.tree);
   connectViews(views.fretboard);
@@ -133,6 +135,13 @@ void EditMenu::addChordEdits() {
     attemptInsertion([](SongEditor& editor, int chord) { editor.insertChordAfter(chord); });
   });
   addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] { deleteChosen(); });
+}
+
+void EditMenu::addRhythm() {
+  m_rhythm = new RhythmMenu(m_tablature, this);
+  addMenu(m_rhythm);
+  connect(m_rhythm, &RhythmMenu::edited, this, &EditMenu::edited);
+  connect(m_rhythm, &RhythmMenu::refused, this, &EditMenu::refused);
 }
 
 void EditMenu::addSearches(const Views& views) {
@@ -317,10 +326,12 @@ void EditMenu::chooseShape() {
 
 void EditMenu::setSong(QBSong* song) {
   m_song = song;
+  m_rhythm->setSong(song);
   update();
 }
 
 void EditMenu::setLocked(bool locked) {
+  m_rhythm->setLocked(locked);
   if (std::exchange(m_locked, locked) != locked) update();
 }
 

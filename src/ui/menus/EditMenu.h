@@ -18,6 +18,7 @@ namespace korvel::ui {
 
 class FindBar;
 class FretboardView;
+class RhythmMenu;
 class TablatureView;
 class TreePanel;
 
@@ -40,6 +41,8 @@ class EditMenu final : public QMenu {
   /// There is nothing to edit without a song, or in one that is locked, as while it plays.
   void setSong(QBSong* song);
   void setLocked(bool locked);
+  /// Its submenu.
+  RhythmMenu& rhythm() { return *m_rhythm; }
 
  signals:
   /// The song has changed, so that the views show an old state of it.
@@ -55,6 +58,7 @@ class EditMenu final : public QMenu {
   void addMoves();
   void addToneEdits();
   void addChordEdits();
+  void addRhythm();
   void addSearches(const Views& views);
   void addLibraryEdits(TreePanel& tree);
   void listAlbums(QMenu& menu, TreePanel& tree);
@@ -87,6 +91,7 @@ class EditMenu final : public QMenu {
   QAction* m_undo = nullptr;
   QAction* m_redo = nullptr;
   QMenu* m_duration = nullptr;
+  RhythmMenu* m_rhythm = nullptr;
   QList<QAction*> m_edits;
 };
 

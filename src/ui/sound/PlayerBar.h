@@ -3,6 +3,7 @@
 
 #include <QTimer>
 #include <QToolBar>
+#include <optional>
 #include <vector>
 
 #include "workflow/playing/QBPlayerViewController.h"
@@ -34,6 +35,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   /// The song that plays, or none.
   QBSong* song() const { return m_player.song(); }
   bool plays(const QBSong* song) const { return m_player.plays(song); }
+  /// The second of the recording that is heard; none when none plays, and in strict tempo.
+  std::optional<double> recordedSeconds() const { return m_player.recordedSeconds(); }
   /// Plays at its speed, with its clicks.
   void practise(const Practice& practice);
 

@@ -22,6 +22,7 @@
 #include "ui/dialogs/HelpWindow.h"
 #include "ui/dialogs/SelfCheckDialog.h"
 #include "ui/dialogs/SettingsDialog.h"
+#include "ui/dialogs/TapDialog.h"
 #include "ui/dialogs/guides/PractiseDialog.h"
 #include "ui/library/AlbumMenu.h"
 #include "ui/library/LibraryActions.h"
@@ -30,6 +31,7 @@
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/menus/FileMenu.h"
+#include "ui/menus/RhythmMenu.h"
 #include "ui/sound/PlayerBar.h"
 #include "ui/sound/RecordPanel.h"
 #include "ui/views/FretboardView.h"
@@ -185,6 +187,7 @@ void MainWindow::addMenus() {
     m_panels->goToLibrary();
     m_tree->renameCurrent();
   });
+  connect(&m_editMenu->rhythm(), &RhythmMenu::tapsWanted, this, &MainWindow::tapAlong);
   menuBar()->addMenu(m_songMenu);
   connect(m_songMenu, &SongMenu::refused, this, &MainWindow::say);
   connect(m_guides, &SongGuides::said, this, &MainWindow::say);
@@ -247,6 +250,14 @@ void MainWindow::practise(QBSong* song) {
   m_player->stop();
   if (QBSession::session().activeSong() != song) QBSession::session().setActiveSong(song);
   if (m_shown->choosePassage(dialog.practice())) m_player->practise(dialog.practice());
+}
+
+void MainWindow::tapAlong() {
+  m_player->stop();
+  TapDialog dialog(*m_player, this);
+  const bool tapped = dialog.exec() == QDialog::Accepted;
+  m_player->stop();
+  if (tapped) m_editMenu->rhythm().setTaps(dialog.taps());
 }
 
 void MainWindow::applyPreferences() {

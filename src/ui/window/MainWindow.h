@@ -98,6 +98,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void changeSettings(const char* page = nullptr);
   void showHelp();
   void practise(QBSong* song);
+  void tapAlong();
 
   void showHeard(QBSong* heard);
   bool isBusy() const;

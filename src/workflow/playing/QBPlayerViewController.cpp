@@ -120,6 +120,10 @@ double QBPlayerViewController::secondsOfSong() const {
   return m_midi ? m_midi->times().secondsUntil(static_cast<int>(m_song->chords().size())) : 0;
 }
 
+std::optional<double> QBPlayerViewController::recordedSeconds() const {
+  return m_midi ? m_midi->recordedSeconds() : std::nullopt;
+}
+
 void QBPlayerViewController::stop() {
   if (m_midi) end({});
 }

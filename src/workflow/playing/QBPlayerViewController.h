@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/loop/RunLoop.h"
@@ -77,6 +78,9 @@ class QBPlayerViewController final : public PlayerView {
   /// the recording, or of strict tempo. 0 when none plays.
   double secondsHeard() const;
   double secondsOfSong() const;
+  /// The second of the recording that is heard at this moment; none when none plays, and in strict
+  /// tempo.
+  std::optional<double> recordedSeconds() const;
 
   /// Whether clicks on the beats are heard beside the song; at any time.
   void setMetronome(bool on);
