@@ -10,7 +10,9 @@
 #include "support/store/FileSizeLimit.h"
 #include "support/store/StandardStore.h"
 #include "workflow/editing/SongEditor.h"
+#include "workflow/hearing/KnownRecordings.h"
 #include "workflow/hearing/QBCmdImportSong.h"
+#include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/LibraryTree.h"
@@ -110,6 +112,27 @@ TEST_F(ImportDeskTest, songThatIsNotWholeSaysSoAndIsHeardAgainInItsPlace) {
     EXPECT_TRUE(QBSession::session().redo());
     EXPECT_EQ(m_tree->albums().back()->album()->songs().size(), 1U);
   }
+}
+
+TEST_F(ImportDeskTest, recordingIsKnownAgainAndHeardAnewIntoItsSong) {
+  const auto first = start(preciseDetection());
+  runUntil([&] { return !first->isRunning(); });
+  const platform::Ref<QBSong> song = first->newSong();
+  const std::string expected = test::linesOf(*song);
+  EXPECT_EQ(songHeardIn(QBTabMgr::db(), m_file), song.get());
+  EXPECT_TRUE(canHearAnew(*song));
+  ImportDesk desk(*m_tree);
+  const auto again = desk.hearAgain(*song);
+  ASSERT_NE(again, nullptr);
+  runUntil([&] { return !again->isRunning(); });
+  EXPECT_TRUE(song->isDeleted());
+  EXPECT_EQ(test::linesOf(*again->newSong()), expected);
+  EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_EQ(m_views.log.back(), "Undo Hear Again");
+  EXPECT_EQ(test::linesOf(*song), expected);
+  test::writeFile(m_file, test::readFile(m_file) + "another end");
+  EXPECT_FALSE(canHearAnew(*song));
+  EXPECT_EQ(songHeardIn(QBTabMgr::db(), m_file), nullptr);
 }
 
 TEST_F(ImportDeskTest, restingImportIsDropped) {

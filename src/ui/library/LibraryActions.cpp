@@ -33,6 +33,7 @@
 #include "ui/library/SongMenu.h"
 #include "workflow/arranging/SongOrders.h"
 #include "workflow/exporting/ExportAlbumCommand.h"
+#include "workflow/hearing/KnownRecordings.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
@@ -177,7 +178,10 @@ void LibraryActions::fillMenu(QMenu& menu, TreeNode& node) {
 }
 
 void LibraryActions::fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node) {
-  if (!node->song()->isWhole()) fillUnheardMenu(menu, *node->song());
+  if (!node->song()->isWhole())
+    fillUnheardMenu(menu, *node->song());
+  else
+    addHearAgain(menu, *node->song());
   m_guides.addTo(menu, [node] { return node->song(); });
   addSongCommands(menu, [this, node](const SongCommand& command) {
     attempt([&] { orderOf(*node, command); });
@@ -192,6 +196,16 @@ void LibraryActions::fillUnheardMenu(QMenu& menu, QBSong& song) {
       ->setEnabled(canHearAgain(song));
   menu.addAction(tr("Take As Whole"), this, [this, kept] { attempt([&] { takeAsWhole(*kept); }); })
       ->setEnabled(!isHeard);
+  menu.addSeparator();
+}
+
+/// By the settings that there are now.
+void LibraryActions::addHearAgain(QMenu& menu, QBSong& song) {
+  if (!song.recording()) return;
+  const platform::Ref<QBSong> kept(&song);
+  menu.addAction(tr("Hear Again"), this,
+                 [this, kept] { follow(m_desk.hearAgain(*kept), toText(recordingFileOf(*kept))); })
+      ->setEnabled(canHearAnew(song));
   menu.addSeparator();
 }
 
@@ -298,7 +312,13 @@ void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
 }
 
 void LibraryActions::importFile(const QString& file, QBAlbum* into) {
-  follow(m_desk.importFile(file.toStdString(), into), file);
+  const platform::Ref<QBSong> known = songHeardIn(QBTabMgr::db(), file.toStdString());
+  const auto job = m_desk.importFile(file.toStdString(), into);
+  follow(job, file);
+  if (job && known)
+    emit alreadyThere(known, [job] {
+      if (job->isRunning()) job->cancelAndDrop();
+    });
 }
 
 void LibraryActions::goOn(const ImportUnderWay& left) {

@@ -65,6 +65,9 @@ class LibraryActions final : public QObject {
  signals:
   /// What the user wanted cannot be; text: why, in one line.
   void refused(const QString& text);
+  /// A recording that is being imported is there already; drop: cancels that import, if it still
+  /// runs.
+  void alreadyThere(QBSong* known, const std::function<void()>& drop);
   /// A file was not imported, and a text in the song's place says why; advice: what to try.
   void importRefused(const QString& advice);
   void importStarted(const QString& file);
@@ -87,6 +90,7 @@ class LibraryActions final : public QObject {
   void importFile(const QString& file, QBAlbum* into);
   void follow(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);
   void fillUnheardMenu(QMenu& menu, QBSong& song);
+  void addHearAgain(QMenu& menu, QBSong& song);
   void fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node);
   void fillTuningMenu(QMenu& menu, QBTuning& tuning);
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);

@@ -42,6 +42,7 @@
 #include "ui/window/Greeting.h"
 #include "ui/window/JobPanel.h"
 #include "ui/window/LogPanel.h"
+#include "ui/window/OfferBar.h"
 #include "ui/window/ShownSong.h"
 #include "workflow/session/QBSession.h"
 
@@ -145,6 +146,7 @@ void MainWindow::connectLibrary() {
     rememberRunning();
     m_arrivals->importStarted();
   });
+  connect(m_actions, &LibraryActions::alreadyThere, this, &MainWindow::offerKnown);
   connect(m_actions, &LibraryActions::imported, this, &MainWindow::rememberRunning);
   connect(m_actions, &LibraryActions::imported, m_arrivals, &Arrivals::showImported);
   connect(m_actions, &LibraryActions::importRefused, m_tablature, &TablatureView::advise);
@@ -353,6 +355,20 @@ void MainWindow::endWork(Quitting quitting) {
 // ---- what comes from outside
 
 void MainWindow::importFiles(const QStringList& files) { m_actions->importFiles(files); }
+
+/// The import goes on unless the user takes the offer.
+void MainWindow::offerKnown(QBSong* known, const std::function<void()>& drop) {
+  const platform::Ref<QBSong> kept(known);
+  const QString title = toText(known->album()->name() + '/' + known->title());
+  m_centre->insertWidget(
+      0, new OfferBar(tr("This recording is already there as %1. Drop the new import, and open "
+                         "that song?")
+                          .arg(title),
+                      [kept, drop] {
+                        drop();
+                        if (!kept->isDeleted()) QBSession::session().setActiveSong(kept);
+                      }));
+}
 
 void MainWindow::comeToFront(const QStringList& files) {
   if (isMinimized()) showNormal();

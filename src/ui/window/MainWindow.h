@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <exception>
+#include <functional>
 #include <optional>
 
 #include "ui/desktop/DesktopScheme.h"
@@ -99,6 +100,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void showHelp();
   void practise(QBSong* song);
   void tapAlong();
+  void offerKnown(QBSong* known, const std::function<void()>& drop);
 
   void showHeard(QBSong* heard);
   bool isBusy() const;

@@ -5,17 +5,20 @@
 
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/UserError.h"
 #include "platform/text/Utf8.h"
+#include "rhythm/stored/HeardBytes.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/hearing/RecordingTags.h"
 #include "workflow/hearing/SoundCheck.h"
+#include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryTree.h"
 #include "workflow/library/QBNameMgr.h"
@@ -115,7 +118,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song) {
 
 std::shared_ptr<QBCmdImportSong> ImportDesk::goOn(const ImportUnderWay& left) {
   QBSong* song = storedSong(left);
-  return song && !song->isWhole() ? hearAgain(*song) : nullptr;
+  return song && (!song->isWhole() || canHearAnew(*song)) ? hearAgain(*song) : nullptr;
 }
 
 std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
@@ -123,7 +126,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
   Edit::requireWritable(db);
   if (SongInWork::is(song))
     throw EditRefused(platform::phrase("Message", "%1: is being heard already"), song.title());
-  const std::string file = song.unheard();
+  const std::string file = recordingFileOf(song);
   requireSound(file);
   if (m_detection->needsInstrument) requireInstrument(db);
   db.context().checkAhead();
@@ -131,8 +134,17 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
       command(file, db.createSong(song.title(), song.tuning(), db.selectedInstrument(), nullptr),
               song.album());
   made->setReplaced(&song);
+  made->setDetection(*m_detection, settingsFor(song));
   run(made);
   return made;
+}
+
+HearingSettings ImportDesk::settingsFor(const QBSong& song) const {
+  HearingSettings settings = m_settings;
+  const SongRecording* recording = song.recording();
+  if (const auto read = recording ? rhythm::storedRhythm(recording->rhythm()) : std::nullopt)
+    settings.rhythm = read->wishes;
+  return settings;
 }
 
 std::shared_ptr<QBCmdImportSong> ImportDesk::start(const std::string& file, QBAlbum* into) {

@@ -34,8 +34,8 @@ class ImportDesk {
   /// Into a new song of an album, a new one when none is named. What is wrong with a file is
   /// reported through the session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
-  /// Hears the recording of a song that is not whole again, from its beginning; in the end what was
-  /// heard takes the song's place. Problems as above.
+  /// Hears the recording of a song again, from its beginning; in the end what was heard takes the
+  /// song's place. What its user said of its rhythm holds. Problems as above.
   std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song);
   /// The same for a song that was left to this start; none when it is not there any more.
   std::shared_ptr<QBCmdImportSong> goOn(const ImportUnderWay& left);
@@ -54,6 +54,7 @@ class ImportDesk {
  private:
   std::shared_ptr<QBCmdImportSong> start(const std::string& file, QBAlbum* into);
   std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song);
+  HearingSettings settingsFor(const QBSong& song) const;
   std::shared_ptr<QBCmdImportSong> command(const std::string& file, QBSong* song, QBAlbum* album);
   void run(const std::shared_ptr<QBCmdImportSong>& command);
 

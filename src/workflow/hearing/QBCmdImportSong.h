@@ -30,8 +30,8 @@ class SongInWork;
 /// A stepped import whose song is deleted rests, and goes on when an undo brings the song back.
 /// It is heard in the tuning of its song. Until all is heard the song is marked as not whole.
 ///
-/// Of a song that is not whole its recording can be heard again, into a song in no album, which
-/// takes the other one's place in the end: one action that can be undone.
+/// The recording of a song, whole or not, can be heard again, into a song in no album, which takes
+/// the other one's place in the end: one action that can be undone.
 class QBCmdImportSong final : public QBCmdAlbum {
  public:
   QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string file, QBSong* newSong);
@@ -50,7 +50,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// The album was made for this import, and goes with the song when the import is dropped.
   void setOwnsAlbum(bool owns) { m_ownsAlbum = owns; }
 
-  /// The new song is to take the place of that one, which is not whole; before `prepare`.
+  /// The new song is to take the place of that one; before `prepare`.
   void setReplaced(QBSong* song);
   bool replaces() const { return m_replaced; }
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
@@ -43,9 +44,10 @@ QBSong* takePlace(QBSong* heard, QBSong* song, QBSession& session) {
   const platform::Ref<QBSong> old(song);
   QBTabMgr& db = QBTabMgr::of(*old);
   const bool better = isBetter(*fresh, *old);
+  const platform::Phrase title = old->isWhole() ? platform::phrase("UndoAction", "Hear Again")
+                                                : platform::phrase("UndoAction", "Go On Hearing");
   {
-    const platform::UndoGroup action(db.context().undoManager(),
-                                     platform::phrase("UndoAction", "Go On Hearing"));
+    const platform::UndoGroup action(db.context().undoManager(), title);
     if (better) {
       putInPlace(*fresh, *old);
     } else if (fresh->isWhole()) {
@@ -65,6 +67,19 @@ void takeAsWhole(QBSong& song) {
   song.clearUnheard();
   edit.redraw();
   edit.done(platform::phrase("Log", "Song taken as whole."));
+}
+
+std::string recordingFileOf(const QBSong& song) {
+  if (!song.isWhole()) return song.unheard();
+  return song.recording() ? song.recording()->path() : std::string();
+}
+
+bool canHearAnew(const QBSong& song) {
+  const SongRecording* recording = song.recording();
+  if (!song.isWhole() || !recording || SongInWork::is(song)) return false;
+  std::error_code unknown;
+  const auto size = std::filesystem::file_size(recording->path(), unknown);
+  return !unknown && static_cast<std::int64_t>(size) == recording->size();
 }
 
 bool canHearAgain(const QBSong& song) {

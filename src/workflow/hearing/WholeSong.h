@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+
 namespace korvel {
 
 class QBSession;
 class QBSong;
 
-// Songs that are not whole: of which the recording was not heard to its end.
+// Songs whose recording is heard again: those that are not whole, of which it was not heard to its
+// end, and others because their user wants it.
 
-/// Puts what was heard of such a song's recording, a drawn song in no album, into its place: an
+/// Puts what was heard of a song's recording, a drawn song in no album, into its place: an
 /// action of its own, which can be undone. When the recording was cut short again and has no more
 /// chords than before, or when nothing was heard in it, the song stays. Answers the one that is
 /// there now; the other one is gone. Not saved. The session shows it.
@@ -17,7 +20,11 @@ QBSong* takePlace(QBSong* heard, QBSong* song, QBSession& session);
 /// The user takes the song as it is: an edit.
 void takeAsWhole(QBSong& song);
 
-/// Whether its recording is still where it was.
+/// The file that a song was heard in, or is to be; "" when it is not known.
+std::string recordingFileOf(const QBSong& song);
+/// Whether a song is not whole, and its recording is still where it was.
 bool canHearAgain(const QBSong& song);
+/// The same of a whole song; its file has the size that it had.
+bool canHearAnew(const QBSong& song);
 
 }  // namespace korvel

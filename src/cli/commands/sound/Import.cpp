@@ -15,6 +15,7 @@
 #include "cli/support/Console.h"
 #include "cli/support/DetectionFlags.h"
 #include "cli/support/UsageError.h"
+#include "cli/support/choices/SongChoice.h"
 #include "cli/support/choices/TuningChoice.h"
 #include "export/SongJson.h"
 #include "model/instruments/QBTuning.h"
@@ -26,6 +27,7 @@
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/text/UserError.h"
 #include "workflow/hearing/Detection.h"
+#include "workflow/hearing/KnownRecordings.h"
 #include "workflow/hearing/ListeningAhead.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/QBCmdImportSong.h"
@@ -72,6 +74,8 @@ void hear(const ImportOptions& options, const std::string& file, const NewSong& 
 platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,
                                  QBTuning* tuning, std::shared_ptr<Listening> listening) {
   requireSound(file);
+  if (const QBSong* known = songHeardIn(QBTabMgr::db(), file))
+    Console::attached().note("the recording is already stored as " + fullTitle(*known));
   const RecordingTags tags(file);
   NewSong made(QBTabMgr::db(), options.album ? options.album : tags.artist,
                tags.title.value_or(std::filesystem::path(file).stem().string()), options.title);
