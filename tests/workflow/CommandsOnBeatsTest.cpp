@@ -10,6 +10,8 @@
 #include "support/store/StandardStore.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
+#include "workflow/arranging/guided/EasyVersion.h"
+#include "workflow/arranging/guided/SingAlong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/session/EditRefused.h"
@@ -21,7 +23,7 @@ constexpr const char* kWaltz =
     "key=9 3/4 xxxxx0 q | x02210 q_1h. xx2210 e3 e3 e3 rq | 133211 h rq | "
     "320003 q xxxxx5 e xxxxx3 e 320003 q | 320003 q x02210 h | ~q 320003 q rq |";
 constexpr const char* kJig =
-    "key=16 6/8 xxxxx0 e | x02210 q_1h. xx2210 e xxx003 q. | 133211 q. rq. |";
+    "key=16 6/8 xxxxx0 e | x02210 q_1h. xx2210 e xx0003 q. | 133211 q. rq. |";
 
 /// Bars with the ticks and frets of their chords, and by string the ticks of tones that have
 /// others.
@@ -117,7 +119,9 @@ TEST_F(CommandsOnBeatsTest, everyCommandKeepsBarsAndPlaces) {
       }
       m_desk.deleteSongs(made);
     }
-    m_desk.deleteSongs({platform::Ref<QBSong>(source)});
+    for (const SongGuide& guide : {singAlong({}), easyVersion({})})
+      expectKept(*source, guide.accept(*source), "guide");
+    m_desk.deleteSongs(m_desk.album()->songs().snapshot());
   }
 }
 
