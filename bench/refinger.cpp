@@ -9,16 +9,16 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "analysis/HearingSettings.h"
 #include "cli/support/CommandLine.h"
 #include "cli/support/DetectionFlags.h"
 #include "fingering/Fingering.h"
 #include "platform/files/Files.h"
-#include "precise/Settings.h"
 
 namespace {
 
 using namespace korvel::fingering;
-using korvel::precise::Settings;
+using Settings = korvel::HearingSettings;
 using nlohmann::json;
 
 std::vector<Note> notesOf(const json& list) {

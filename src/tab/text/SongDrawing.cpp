@@ -18,7 +18,7 @@
 namespace korvel {
 namespace {
 
-constexpr int kLoopRow = 9;
+constexpr int kLoopRowOfChords = 9;
 constexpr int kNoteRow = 11;
 constexpr int kColumnOfNote = 2;
 constexpr const char* kNotWhole = "The recording was not heard to its end.";
@@ -32,7 +32,7 @@ void openPage(QBTabMatrix& matrix, const QBSong& song) {
 }
 
 void markLoop(QBTabMatrix& matrix) {
-  matrix.horText(matrix.m_xPos, matrix.m_yPos + kLoopRow, "XX");
+  matrix.horText(matrix.m_xPos, matrix.m_yPos + kLoopRowOfChords, "XX");
 }
 
 /// The first mark stands after its chord and asks only whether the position lies between the ends,

@@ -178,14 +178,12 @@ void LibraryActions::fillMenu(QMenu& menu, TreeNode& node) {
 }
 
 void LibraryActions::fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node) {
-  if (!node->song()->isWhole())
-    fillUnheardMenu(menu, *node->song());
-  else
-    addHearAgain(menu, *node->song());
+  if (!node->song()->isWhole()) fillUnheardMenu(menu, *node->song());
   m_guides.addTo(menu, [node] { return node->song(); });
   addSongCommands(menu, [this, node](const SongCommand& command) {
     attempt([&] { orderOf(*node, command); });
   });
+  if (node->song()->isWhole()) addHearAgain(menu, *node->song());
 }
 
 void LibraryActions::fillUnheardMenu(QMenu& menu, QBSong& song) {
@@ -203,10 +201,10 @@ void LibraryActions::fillUnheardMenu(QMenu& menu, QBSong& song) {
 void LibraryActions::addHearAgain(QMenu& menu, QBSong& song) {
   if (!song.recording()) return;
   const platform::Ref<QBSong> kept(&song);
+  menu.addSeparator();
   menu.addAction(tr("Hear Again"), this,
                  [this, kept] { follow(m_desk.hearAgain(*kept), toText(recordingFileOf(*kept))); })
       ->setEnabled(canHearAnew(song));
-  menu.addSeparator();
 }
 
 void LibraryActions::fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album) {

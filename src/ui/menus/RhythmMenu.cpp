@@ -33,7 +33,7 @@ constexpr double kLittle = 0.02;
 }  // namespace
 
 RhythmMenu::RhythmMenu(TablatureView& tablature, QWidget* parent)
-    : QMenu(tr("&Rhythm"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
+    : QMenu(tr("Rh&ythm"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
   m_reason->setEnabled(false);
   m_reason->setVisible(false);
   addTempo();
@@ -131,7 +131,7 @@ void RhythmMenu::addLayouts() {
             [this] { perform([](SongRhythm& song) { song.layIntoBars(); }); });
   addAction(tr("Lay Into Slices"), this,
             [this] { perform([](SongRhythm& song) { song.layIntoSlices(); }); });
-  addWish(*this, tr("As It &Was Heard"), {}, phrase("UndoAction", "Rhythm As Heard"),
+  addWish(*this, tr("As It Was Heard"), {}, phrase("UndoAction", "Rhythm As Heard"),
           [](WishedRhythm& wished) { wished.forget(); });
 }
 
