@@ -32,7 +32,7 @@ TapDialog::TapDialog(PlayerBar& player, QWidget* parent)
   connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   beat->setFocus();
-  m_count->setText(tr("%n beat(s)", "", 0));
+  m_count->setText(tr("Beats: %1").arg(0));
   if (!m_player.song()) m_player.play();
 }
 
@@ -55,7 +55,7 @@ void TapDialog::tap() {
     return;
   }
   m_taps.push_back(*seconds);
-  m_count->setText(tr("%n beat(s)", "", static_cast<int>(m_taps.size())));
+  m_count->setText(tr("Beats: %1").arg(m_taps.size()));
   m_buttons->button(QDialogButtonBox::Ok)->setEnabled(m_taps.size() >= WishedRhythm::kFewestTaps);
 }
 

@@ -272,6 +272,10 @@
         <source>its rhythm is too free to be read in bars, so the song is in slices of 0.37 s; with its tempo or taps it can be laid into bars</source>
         <translation>Der Rhythmus ist zu frei, um in Takten gelesen zu werden, daher steht das Lied in Abschnitten von 0,37 s; mit seinem Tempo oder durch Mitklopfen lässt es sich in Takte legen</translation>
     </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
 </context>
 <context>
     <name>Message</name>
@@ -847,6 +851,46 @@
         <source>Preparing Database</source>
         <translation>Vorbereiten der Datenbank</translation>
     </message>
+    <message>
+        <source>%1: what was heard in its recording cannot be read; hear the recording again</source>
+        <translation>%1: Was in der Aufnahme gehört wurde, ist nicht lesbar; höre die Aufnahme noch einmal</translation>
+    </message>
+    <message>
+        <source>%1: it is not known what was heard in a recording of it, so its rhythm cannot be read; import the recording again</source>
+        <translation>%1: Es ist nicht bekannt, was in einer Aufnahme davon gehört wurde, also lässt sich kein Rhythmus lesen; importiere die Aufnahme noch einmal</translation>
+    </message>
+    <message>
+        <source>%1: too little was heard in it to read a rhythm</source>
+        <translation>%1: Es wurde zu wenig gehört, um einen Rhythmus zu lesen</translation>
+    </message>
+    <message>
+        <source>%1: was arranged from what was heard, which a new reading would undo; change the rhythm of the song that it was made from</source>
+        <translation>%1: Das ist eine Bearbeitung des Gehörten, die verloren ginge; ändere den Rhythmus des Songs, aus dem sie entstand</translation>
+    </message>
+    <message>
+        <source>%1 beats a minute are not within %2 to %3</source>
+        <translation>%1 Schläge pro Minute liegen nicht zwischen %2 und %3</translation>
+    </message>
+    <message>
+        <source>tap along for at least %1 beats</source>
+        <translation>klopfe mindestens %1 Schläge mit</translation>
+    </message>
+    <message>
+        <source>the recording has too few beats for that</source>
+        <translation>die Aufnahme hat dafür zu wenige Schläge</translation>
+    </message>
+    <message>
+        <source>this song is not in bars with exact places; lay it into bars to move chords</source>
+        <translation>dieser Song steht nicht in Takten mit genauen Plätzen; lege ihn in Takte, um Akkorde zu verschieben</translation>
+    </message>
+    <message>
+        <source>there is no room in the bar to move this chord there</source>
+        <translation>im Takt ist dort kein Platz für diesen Akkord</translation>
+    </message>
+    <message>
+        <source>this chord is too short to be divided; make it longer first</source>
+        <translation>dieser Akkord ist zu kurz, um geteilt zu werden; verlängere ihn zuerst</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
@@ -885,6 +929,45 @@
     <message>
         <source>A recording is going on. Stop it? What was played is kept.</source>
         <translation>Es wird gerade aufgenommen. Anhalten? Was gespielt wurde, bleibt erhalten.</translation>
+    </message>
+</context>
+<context>
+    <name>Rhythm</name>
+    <message>
+        <source>swing</source>
+        <translation>Swing</translation>
+    </message>
+    <message>
+        <source>triplets</source>
+        <translation>Triolen</translation>
+    </message>
+    <message>
+        <source>straight</source>
+        <translation>gerade</translation>
+    </message>
+    <message>
+        <source>%1 beats a minute, %2, %3</source>
+        <translation>%1 Schläge pro Minute, %2, %3</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 im %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 minor</source>
+        <translation>%1-Moll</translation>
+    </message>
+    <message>
+        <source>%1 major</source>
+        <translation>%1-Dur</translation>
+    </message>
+    <message>
+        <source>slices of 0.37 s</source>
+        <translation>Abschnitte von 0,37 s</translation>
     </message>
 </context>
 <context>
@@ -2010,6 +2093,94 @@
         <source>Sing Along</source>
         <translation>Mitsingen</translation>
     </message>
+    <message>
+        <source>Change Rhythm</source>
+        <translation>Rhythmus ändern</translation>
+    </message>
+    <message>
+        <source>Double Tempo</source>
+        <translation>Tempo verdoppeln</translation>
+    </message>
+    <message>
+        <source>Half Tempo</source>
+        <translation>Tempo halbieren</translation>
+    </message>
+    <message>
+        <source>Three Beats for Two</source>
+        <translation>Drei Schläge statt zwei</translation>
+    </message>
+    <message>
+        <source>Two Beats for Three</source>
+        <translation>Zwei Schläge statt drei</translation>
+    </message>
+    <message>
+        <source>Set Metre</source>
+        <translation>Taktart setzen</translation>
+    </message>
+    <message>
+        <source>Bar Line Here</source>
+        <translation>Taktstrich hier</translation>
+    </message>
+    <message>
+        <source>Bar Lines Earlier</source>
+        <translation>Taktstriche früher</translation>
+    </message>
+    <message>
+        <source>Bar Lines Later</source>
+        <translation>Taktstriche später</translation>
+    </message>
+    <message>
+        <source>Beats Earlier</source>
+        <translation>Schläge früher</translation>
+    </message>
+    <message>
+        <source>Beats Later</source>
+        <translation>Schläge später</translation>
+    </message>
+    <message>
+        <source>Move Beat</source>
+        <translation>Schlag verschieben</translation>
+    </message>
+    <message>
+        <source>Set Feel</source>
+        <translation>Spielgefühl setzen</translation>
+    </message>
+    <message>
+        <source>Set Shortest Notes</source>
+        <translation>Kürzeste Noten setzen</translation>
+    </message>
+    <message>
+        <source>Rhythm As Heard</source>
+        <translation>Rhythmus wie gehört</translation>
+    </message>
+    <message>
+        <source>Choose Other Reading</source>
+        <translation>Andere Lesart wählen</translation>
+    </message>
+    <message>
+        <source>Set Tempo</source>
+        <translation>Tempo setzen</translation>
+    </message>
+    <message>
+        <source>Tap Along</source>
+        <translation>Mitklopfen</translation>
+    </message>
+    <message>
+        <source>Lay Into Bars</source>
+        <translation>In Takte legen</translation>
+    </message>
+    <message>
+        <source>Lay Into Slices</source>
+        <translation>In Abschnitte legen</translation>
+    </message>
+    <message>
+        <source>Move Chord</source>
+        <translation>Akkord verschieben</translation>
+    </message>
+    <message>
+        <source>Hear Again</source>
+        <translation>Noch einmal hören</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -2792,6 +2963,10 @@
         <source>Take As Whole</source>
         <translation>Als ganz ansehen</translation>
     </message>
+    <message>
+        <source>Hear Again</source>
+        <translation>Noch einmal hören</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::LogPanel</name>
@@ -2916,6 +3091,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Loop &amp;Whole Bars</source>
         <translation>&amp;Ganze Takte im Loop</translation>
+    </message>
+    <message>
+        <source>This recording is already there as %1. Drop the new import, and open that song?</source>
+        <translation>Diese Aufnahme gibt es schon als %1. Den neuen Import verwerfen und jenen Song öffnen?</translation>
     </message>
 </context>
 <context>
@@ -3140,6 +3319,153 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Device</source>
         <translation>Gerät</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::RhythmMenu</name>
+    <message>
+        <source>&amp;Rhythm</source>
+        <translation>&amp;Rhythmus</translation>
+    </message>
+    <message>
+        <source>&amp;Double Tempo</source>
+        <translation>Tempo ver&amp;doppeln</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Up</source>
+        <translation>Ctrl+Shift+Up</translation>
+    </message>
+    <message>
+        <source>&amp;Half Tempo</source>
+        <translation>Tempo &amp;halbieren</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Down</source>
+        <translation>Ctrl+Shift+Down</translation>
+    </message>
+    <message>
+        <source>&amp;Three Beats for Two</source>
+        <translation>D&amp;rei Schläge statt zwei</translation>
+    </message>
+    <message>
+        <source>T&amp;wo Beats for Three</source>
+        <translation>&amp;Zwei Schläge statt drei</translation>
+    </message>
+    <message>
+        <source>Set T&amp;empo ...</source>
+        <translation>T&amp;empo setzen ...</translation>
+    </message>
+    <message>
+        <source>Tap &amp;Along ...</source>
+        <translation>&amp;Mitklopfen ...</translation>
+    </message>
+    <message>
+        <source>&amp;Other Readings</source>
+        <translation>Andere &amp;Lesarten</translation>
+    </message>
+    <message>
+        <source>&amp;Metre</source>
+        <translation>T&amp;aktart</translation>
+    </message>
+    <message>
+        <source>&amp;Bar Line Here</source>
+        <translation>&amp;Taktstrich hier</translation>
+    </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Bar Lines a Beat Ea&amp;rlier</source>
+        <translation>Taktstriche einen Schlag &amp;früher</translation>
+    </message>
+    <message>
+        <source>Bar Lines a Beat &amp;Later</source>
+        <translation>Taktstriche einen Schlag &amp;später</translation>
+    </message>
+    <message>
+        <source>Beats Half a Beat Earlier</source>
+        <translation>Schläge einen halben Schlag früher</translation>
+    </message>
+    <message>
+        <source>Beats Half a Beat Later</source>
+        <translation>Schläge einen halben Schlag später</translation>
+    </message>
+    <message>
+        <source>Beat Here a Little Earlier</source>
+        <translation>Schlag hier etwas früher</translation>
+    </message>
+    <message>
+        <source>Beat Here a Little Later</source>
+        <translation>Schlag hier etwas später</translation>
+    </message>
+    <message>
+        <source>&amp;Straight Eighths</source>
+        <translation>&amp;Gerade Achtel</translation>
+    </message>
+    <message>
+        <source>Sw&amp;ing</source>
+        <translation>Sw&amp;ing</translation>
+    </message>
+    <message>
+        <source>Tri&amp;plets</source>
+        <translation>Tri&amp;olen</translation>
+    </message>
+    <message>
+        <source>Not Shorter Than Eighths</source>
+        <translation>Nicht kürzer als Achtel</translation>
+    </message>
+    <message>
+        <source>Not Shorter Than Sixteenths</source>
+        <translation>Nicht kürzer als Sechzehntel</translation>
+    </message>
+    <message>
+        <source>Move Chord Earlier</source>
+        <translation>Akkord früher</translation>
+    </message>
+    <message>
+        <source>Alt+Left</source>
+        <translation>Alt+Left</translation>
+    </message>
+    <message>
+        <source>Move Chord Later</source>
+        <translation>Akkord später</translation>
+    </message>
+    <message>
+        <source>Alt+Right</source>
+        <translation>Alt+Right</translation>
+    </message>
+    <message>
+        <source>Lay Into Bars</source>
+        <translation>In Takte legen</translation>
+    </message>
+    <message>
+        <source>Lay Into Slices</source>
+        <translation>In Abschnitte legen</translation>
+    </message>
+    <message>
+        <source>As It &amp;Was Heard</source>
+        <translation>&amp;Wie gehört</translation>
+    </message>
+    <message>
+        <source>No song is shown</source>
+        <translation>Es wird kein Song gezeigt</translation>
+    </message>
+    <message>
+        <source>Stop playing first, then edit</source>
+        <translation>Erst die Wiedergabe anhalten, dann bearbeiten</translation>
+    </message>
+    <message>
+        <source>The store cannot be written</source>
+        <translation>In den Speicher kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Set Tempo</source>
+        <translation>Tempo setzen</translation>
+    </message>
+    <message>
+        <source>Beats a minute:</source>
+        <translation>Schläge pro Minute:</translation>
     </message>
 </context>
 <context>
@@ -3455,6 +3781,29 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Click to move the nearer end of the loop here, drag to set both</source>
         <translation>Klicken verschiebt das nähere Ende des Loops hierher, Ziehen setzt beide</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::TapDialog</name>
+    <message>
+        <source>Tap Along</source>
+        <translation>Mitklopfen</translation>
+    </message>
+    <message>
+        <source>&amp;Tap</source>
+        <translation>&amp;Klopfen</translation>
+    </message>
+    <message>
+        <source>Press Space, or any letter, on each beat that you hear.</source>
+        <translation>Drücke bei jedem Schlag, den du hörst, die Leertaste oder einen Buchstaben.</translation>
+    </message>
+    <message>
+        <source>Nothing of the recording&apos;s time is heard; play the song without strict tempo</source>
+        <translation>Von der Zeit der Aufnahme ist nichts zu hören; spiele den Song ohne striktes Tempo</translation>
+    </message>
+    <message>
+        <source>Beats: %1</source>
+        <translation>Schläge: %1</translation>
     </message>
 </context>
 <context>
