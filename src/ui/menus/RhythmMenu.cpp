@@ -148,7 +148,8 @@ void RhythmMenu::prepare() {
 
 void RhythmMenu::listOthers() {
   attempt([this] {
-    for (const rhythm::Alternative& other : RecordedRhythm(*m_song).others())
+    const RecordedRhythm recorded(*m_song);
+    for (const rhythm::Alternative& other : recorded.others())
       addWish(*m_others, translated(rhythmText(other)), {},
               phrase("UndoAction", "Choose Other Reading"),
               [other](WishedRhythm& wished) { wished.choose(other); });

@@ -3324,10 +3324,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
 <context>
     <name>korvel::ui::RhythmMenu</name>
     <message>
-        <source>&amp;Rhythm</source>
-        <translation>&amp;Rhythmus</translation>
-    </message>
-    <message>
         <source>&amp;Double Tempo</source>
         <translation>Tempo ver&amp;doppeln</translation>
     </message>
@@ -3444,10 +3440,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>In Abschnitte legen</translation>
     </message>
     <message>
-        <source>As It &amp;Was Heard</source>
-        <translation>&amp;Wie gehört</translation>
-    </message>
-    <message>
         <source>No song is shown</source>
         <translation>Es wird kein Song gezeigt</translation>
     </message>
@@ -3466,6 +3458,14 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Beats a minute:</source>
         <translation>Schläge pro Minute:</translation>
+    </message>
+    <message>
+        <source>Rh&amp;ythm</source>
+        <translation>Rh&amp;ythmus</translation>
+    </message>
+    <message>
+        <source>As It Was Heard</source>
+        <translation>Wie gehört</translation>
     </message>
 </context>
 <context>
