@@ -14,7 +14,7 @@
 #include "support/store/StandardStore.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/editing/SongEditor.h"
-#include "workflow/editing/rhythm/RelaidSong.h"
+#include "workflow/editing/rhythm/EditedChords.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 

@@ -13,7 +13,7 @@
 #include "ui/desktop/Translated.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/editing/SongEditor.h"
-#include "workflow/editing/rhythm/RelaidSong.h"
+#include "workflow/editing/rhythm/EditedChords.h"
 #include "workflow/editing/rhythm/RhythmWords.h"
 #include "workflow/editing/rhythm/SongRhythm.h"
 #include "workflow/session/EditRefused.h"

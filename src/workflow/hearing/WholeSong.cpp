@@ -10,6 +10,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
 #include "tab/text/SongDrawing.h"
+#include "workflow/editing/rhythm/EditedChords.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/QBSession.h"
@@ -26,14 +27,16 @@ void redraw(QBSong& song) {
   if (!song.chords().empty()) buildTab(song);
 }
 
-/// The user may have renamed it meanwhile.
+/// The user may have renamed it meanwhile, and changed chords before.
 void putInPlace(QBSong& heard, QBSong& song) {
   const bool renamed = heard.title() != song.title();
+  EditedChords edited(song);
+  edited.putInto(heard);
   heard.setTitle(song.title());
   heard.setDescr(song.descr());
   heard.setTempoRate(song.tempoRate());
   heard.setAlbum(song.album());
-  if (renamed) redraw(heard);
+  if (renamed || !edited.empty()) redraw(heard);
   song.album()->deleteSong(&song);
 }
 

@@ -9,7 +9,7 @@
 #include "model/songs/QBTone.h"
 #include "music/ChordStep.h"
 #include "platform/sound/SampleRate.h"
-#include "workflow/editing/rhythm/RelaidSong.h"
+#include "workflow/editing/rhythm/EditedChords.h"
 
 namespace korvel {
 namespace {
