@@ -25,7 +25,7 @@ class SongRecording final : public platform::ManagedObject {
   /// Bytes of the file; with the hash it tells whether a file is still the one that was heard.
   std::int64_t size() const { return read(m_size); }
   void setSize(std::int64_t value) { assign(m_size, value); }
-  /// Of the content, in hexadecimal digits (`platform/files/ContentHash.h`); empty when the file
+  /// Of the content, in hexadecimal digits (`platform/media/ContentHash.h`); empty when the file
   /// could not be read as one, as a pipe.
   const std::string& hash() const { return read(m_hash); }
   void setHash(std::string value) { assign(m_hash, std::move(value)); }
