@@ -25,7 +25,7 @@ _korvel_cli() {
   done
 
   local below=''
-  [[ $command == tunings || $command == instruments ]] && ((cword > i + 1)) && below=${words[i + 1]}
+  [[ $command =~ ^(tunings|instruments|takes)$ ]] && ((cword > i + 1)) && below=${words[i + 1]}
   if [[ $cur == -* ]]; then
     _korvel_cli_offer < <("${words[0]}" ${command:+"$command"} ${below:+"$below"} --help 2>/dev/null |
       grep -oE -- '--[a-z][a-z-]*' | sort -u)
@@ -41,10 +41,18 @@ _korvel_cli() {
       return
       ;;
     --detection) _korvel_cli_offer < <(printf 'precise\nclassic\n') && return ;;
+    --grid) _korvel_cli_offer < <(printf 'beats\nslices\n') && return ;;
+    --metre) _korvel_cli_offer < <(printf '2/4\n3/4\n4/4\n6/8\n12/8\n') && return ;;
+    --finest) _korvel_cli_offer < <(printf '8\n16\n') && return ;;
+    --position) _korvel_cli_offer < <(printf 'open\nanywhere\n') && return ;;
     --metric) _korvel_cli_offer < <(printf '4/4\n3/4\n6/8\n12/8\n') && return ;;
   esac
   case $command in
-    import | transcribe | backup | restore) _filedir ;;
+    import | transcribe | chords | backup | restore) _filedir ;;
+    takes)
+      ((cword == i + 1)) && _korvel_cli_offer < <("${words[0]}" takes --help 2>/dev/null |
+        sed -n '/^Subcommands:/,$s/^  \([a-z]\{1,\}\) .*/\1/p')
+      ;;
     tunings | instruments)
       case $((cword - i)):$below in
         1:)
@@ -62,7 +70,7 @@ _korvel_cli() {
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       _korvel_cli_offer < <("${words[0]}" apply --list 2>/dev/null | sed -n 's/.*\[\([A-Za-z0-9_]*\)\]$/\1/p')
       ;;
-    show | dump | delete | export | easy | loop | clone | rename | move | merge | extract | play | render)
+    show | dump | delete | export | easy | rhythm | loop | clone | rename | move | merge | extract | play | render)
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       ;;
   esac
