@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace korvel::rhythm {
@@ -20,6 +21,7 @@ class ByteWriter {
   void withSign(std::int64_t value) {
     whole(static_cast<std::uint64_t>(value) << 1 ^ static_cast<std::uint64_t>(value >> 63));
   }
+  void flag(bool value) { whole(value ? 1 : 0); }
   void real(double value) {
     const auto bits = std::bit_cast<std::uint64_t>(value);
     for (int i = 0; i < 64; i += 8) add(static_cast<std::uint8_t>(bits >> i));
@@ -40,7 +42,8 @@ struct OddBytes final : std::runtime_error {
   OddBytes() : std::runtime_error("bytes of a recording are damaged") {}
 };
 
-/// Reads what a ByteWriter wrote; throws OddBytes at its end and for what is out of range.
+/// Reads what a ByteWriter wrote; throws OddBytes at its end, for what is out of range, and for
+/// what a ByteWriter writes otherwise.
 class ByteReader {
  public:
   explicit ByteReader(std::span<const std::byte> bytes) : m_bytes(bytes) {}
@@ -50,10 +53,19 @@ class ByteReader {
     for (int shift = 0; shift < 63; shift += ByteWriter::kBits) {
       const auto byte = std::to_integer<std::uint64_t>(next());
       value |= (byte & (ByteWriter::kMore - 1)) << shift;
-      if (byte < ByteWriter::kMore) return value;
+      if (byte < ByteWriter::kMore) {
+        if (byte == 0 && shift > 0) break;
+        return value;
+      }
     }
     throw OddBytes();
   }
+  std::uint64_t atMost(std::uint64_t most) {
+    const std::uint64_t value = whole();
+    if (value > most) throw OddBytes();
+    return value;
+  }
+  bool flag() { return atMost(1) == 1; }
   std::int64_t withSign() {
     const std::uint64_t value = whole();
     return static_cast<std::int64_t>(value >> 1) ^ -static_cast<std::int64_t>(value & 1);
@@ -63,10 +75,11 @@ class ByteReader {
     if (value < from || value > to) throw OddBytes();
     return static_cast<int>(value);
   }
-  /// How many things follow, of which each takes at least one byte.
-  std::size_t count() {
+  /// How many things follow, of which each takes at least so many bytes: a few bytes promise no
+  /// more than they have.
+  std::size_t count(std::size_t bytes) {
     const std::uint64_t value = whole();
-    if (value > m_bytes.size()) throw OddBytes();
+    if (value > m_bytes.size() / bytes) throw OddBytes();
     return static_cast<std::size_t>(value);
   }
   double real() {

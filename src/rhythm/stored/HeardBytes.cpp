@@ -16,14 +16,23 @@ using fingering::Note;
 
 constexpr std::uint64_t kNotesVersion = 1;
 constexpr std::uint64_t kRhythmVersion = 1;
-constexpr double kShareUnits = 10000;   ///< Of probabilities and strengths.
+constexpr double kShareUnits = 10000;  ///< Of probabilities and strengths.
+constexpr std::uint64_t kMostStrength = 10000000;
+constexpr std::uint64_t kMostProbability = 10000;
 constexpr double kLoudnessUnits = 100;  ///< Of the logarithm of an amplitude.
-constexpr int kLongestTick = 1 << 24;   ///< Of more than a day.
+constexpr int kSoftest = -2072;
+constexpr int kLoudest = 3000;
+constexpr int kLongestNote = 1 << 30;  ///< In samples.
+constexpr int kLongestTick = 1 << 24;  ///< Of more than a day.
 constexpr std::int64_t kLongestSample = std::int64_t{1} << 40;
 constexpr int kHighestPitch = 127;
 constexpr int kHighestFret = 36;
 constexpr int kMostBeats = 12;
 constexpr int kFinest = 64;
+/// At least so many bytes are taken by each.
+constexpr std::size_t kFieldsOfNote = 8;
+constexpr std::size_t kFieldsOfSpan = 4;
+constexpr std::size_t kBytesOfReal = 8;
 
 std::int64_t sampleOfTime(double seconds) { return std::llround(seconds * platform::kSampleRate); }
 double timeOfSample(std::int64_t sample) {
@@ -31,9 +40,18 @@ double timeOfSample(std::int64_t sample) {
   return static_cast<double>(sample) / platform::kSampleRate;
 }
 
-std::uint64_t inUnits(double value, double units) {
-  return static_cast<std::uint64_t>(std::llround(std::clamp(value, 0.0, 1e6) * units));
+std::uint64_t sharesOf(double value, std::uint64_t most) {
+  return static_cast<std::uint64_t>(
+      std::llround(std::clamp(value * kShareUnits, 0.0, static_cast<double>(most))));
 }
+float ofShares(std::uint64_t shares) {
+  return static_cast<float>(static_cast<double>(shares) / kShareUnits);
+}
+
+std::int64_t loudnessOf(double amplitude) {
+  return std::llround(std::clamp<double>(std::log(amplitude) * kLoudnessUnits, kSoftest, kLoudest));
+}
+float ofLoudness(int loudness) { return static_cast<float>(std::exp(loudness / kLoudnessUnits)); }
 
 void write(ByteWriter& out, const std::vector<Note>& notes) {
   out.whole(notes.size());
@@ -41,29 +59,29 @@ void write(ByteWriter& out, const std::vector<Note>& notes) {
   for (const Note& note : notes) {
     const std::int64_t onset = sampleOfTime(note.onset);
     out.withSign(onset - std::exchange(before, onset));
-    out.withSign(std::max<std::int64_t>(sampleOfTime(note.end) - onset, 1));
+    out.withSign(std::clamp<std::int64_t>(sampleOfTime(note.end) - onset, 1, kLongestNote));
     out.withSign(note.pitch);
     out.withSign(note.string);
     out.withSign(note.fret);
-    out.whole(inUnits(note.strength, kShareUnits));
-    out.whole(inUnits(note.probability, kShareUnits));
-    out.withSign(std::llround(std::log(std::max(note.amplitude, 1e-9F)) * kLoudnessUnits));
+    out.whole(sharesOf(note.strength, kMostStrength));
+    out.whole(sharesOf(note.probability, kMostProbability));
+    out.withSign(loudnessOf(note.amplitude));
   }
 }
 
 std::vector<Note> readNotes(ByteReader& in) {
-  std::vector<Note> notes(in.count());
+  std::vector<Note> notes(in.count(kFieldsOfNote));
   std::int64_t onset = 0;
   for (Note& note : notes) {
     onset += in.withSign();
     note.onset = timeOfSample(onset);
-    note.end = timeOfSample(onset + in.within(1, 1 << 30));
+    note.end = timeOfSample(onset + in.within(1, kLongestNote));
     note.pitch = in.within(0, kHighestPitch);
     note.string = in.within(-1, kStrings - 1);
     note.fret = in.within(-1, kHighestFret);
-    note.strength = static_cast<float>(static_cast<double>(in.whole()) / kShareUnits);
-    note.probability = static_cast<float>(static_cast<double>(in.whole()) / kShareUnits);
-    note.amplitude = static_cast<float>(std::exp(in.within(-3000, 3000) / kLoudnessUnits));
+    note.strength = ofShares(in.atMost(kMostStrength));
+    note.probability = ofShares(in.atMost(kMostProbability));
+    note.amplitude = ofLoudness(in.within(kSoftest, kLoudest));
   }
   if (!std::ranges::is_sorted(notes, {}, &Note::onset)) throw OddBytes();
   return notes;
@@ -71,13 +89,13 @@ std::vector<Note> readNotes(ByteReader& in) {
 
 void write(ByteWriter& out, const Metre& metre) {
   out.withSign(metre.beats);
-  out.whole(metre.compound ? 1 : 0);
+  out.flag(metre.compound);
 }
 
 Metre readMetre(ByteReader& in) {
   Metre metre;
   metre.beats = in.within(1, kMostBeats);
-  metre.compound = in.whole() != 0;
+  metre.compound = in.flag();
   return metre;
 }
 
@@ -97,7 +115,7 @@ void writeTimes(ByteWriter& out, const std::vector<double>& seconds) {
 }
 
 std::vector<double> readTimes(ByteReader& in) {
-  std::vector<double> seconds(in.count());
+  std::vector<double> seconds(in.count(1));
   std::int64_t sample = 0;
   for (double& each : seconds) each = timeOfSample(sample += in.withSign());
   const auto falls = [](double before, double after) { return before >= after; };
@@ -108,13 +126,13 @@ std::vector<double> readTimes(ByteReader& in) {
 /// A value that may be missing.
 template <class T, class Write>
 void writeIfAny(ByteWriter& out, const std::optional<T>& value, const Write& write) {
-  out.whole(value ? 1 : 0);
+  out.flag(value.has_value());
   if (value) write(*value);
 }
 
 template <class Read>
 auto readIfAny(ByteReader& in, const Read& read) -> std::optional<decltype(read())> {
-  if (in.whole() == 0) return {};
+  if (!in.flag()) return {};
   return read();
 }
 
@@ -170,7 +188,7 @@ Reading readReading(ByteReader& in) {
     const int key = in.within(0, 23);
     return Key{key % 12, key >= 12};
   });
-  reading.chords.resize(in.count());
+  reading.chords.resize(in.count(kFieldsOfSpan));
   for (ChordSpan& span : reading.chords) span = readSpan(in);
   const bool fits = reading.beats.empty()
                         ? reading.firstBar == 0
@@ -254,7 +272,7 @@ Bytes bytesOf(const Rhythm& rhythm, const Wishes& wishes) {
   ByteWriter out;
   out.whole(kRhythmVersion);
   write(out, rhythm.reading);
-  out.whole(rhythm.isFree ? 1 : 0);
+  out.flag(rhythm.isFree);
   out.whole(rhythm.others.size());
   for (const Alternative& other : rhythm.others) write(out, other);
   write(out, wishes);
@@ -265,8 +283,8 @@ std::optional<StoredRhythm> storedRhythm(std::span<const std::byte> bytes) {
   return read<StoredRhythm>(bytes, kRhythmVersion, [](ByteReader& in) {
     StoredRhythm stored;
     stored.rhythm.reading = readReading(in);
-    stored.rhythm.isFree = in.whole() != 0;
-    stored.rhythm.others.resize(in.count());
+    stored.rhythm.isFree = in.flag();
+    stored.rhythm.others.resize(in.count(2 * kBytesOfReal));
     for (Alternative& other : stored.rhythm.others) other = readAlternative(in);
     stored.wishes = readWishes(in);
     return stored;
