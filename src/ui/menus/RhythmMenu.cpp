@@ -8,6 +8,7 @@
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "model/songs/SongTime.h"
 #include "model/store/QBTabMgr.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
@@ -184,6 +185,16 @@ void RhythmMenu::askForTempo() {
 
 void RhythmMenu::setTaps(const std::vector<double>& seconds) {
   change(phrase("UndoAction", "Tap Along"), [&](WishedRhythm& wished) { wished.setTaps(seconds); });
+}
+
+void RhythmMenu::dragBeat(double from, double to) {
+  if (!m_song) return;
+  const SongTime time(*m_song);
+  if (!time.isAsRecorded()) return emit refused(tr("This song does not follow its recording"));
+  const double begin = time.begin();
+  change(phrase("UndoAction", "Move Beat"), [&](WishedRhythm& wished) {
+    wished.dragBeat(time.secondsOf(begin + from), time.secondsOf(begin + to));
+  });
 }
 
 void RhythmMenu::change(const platform::Phrase& title, const Wish& wish) {

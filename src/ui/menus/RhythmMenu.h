@@ -29,6 +29,8 @@ class RhythmMenu final : public QMenu {
   void setSong(QBSong* song);
   /// While the song plays.
   void setLocked(bool locked) { m_locked = locked; }
+  /// A beat was dragged in the roll, in ticks from the first chord on.
+  void dragBeat(double from, double to);
   /// In seconds of the recording.
   void setTaps(const std::vector<double>& seconds);
 

@@ -3467,6 +3467,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>As It Was Heard</source>
         <translation>Wie gehört</translation>
     </message>
+    <message>
+        <source>This song does not follow its recording</source>
+        <translation>Dieser Song folgt seiner Aufnahme nicht</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::RollView</name>

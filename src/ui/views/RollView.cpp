@@ -14,6 +14,8 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "model/book/QBHarmony.h"
 #include "model/instruments/SongTuning.h"
@@ -72,6 +74,9 @@ QString timeOf(QBSong& song, int chord) {
   const int seconds = static_cast<int>(secondsOf(song, chord));
   return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
 }
+
+/// How near to a line a press means it, in pixels.
+constexpr double kReachOfLine = 4;
 
 }  // namespace
 
@@ -162,9 +167,21 @@ double RollView::columnWidth(int chord) const {
   return chord < m_roll.chords() ? width(m_roll.stepsOf(chord)) : m_step;
 }
 
+double RollView::stepAt(double x) const {
+  return (x - m_names + horizontalScrollBar()->value()) / width(1);
+}
+
 int RollView::chordAt(double x) const {
-  const double step = (x - m_names + horizontalScrollBar()->value()) / width(1);
-  return m_roll.chordAt(static_cast<int>(std::floor(step)));
+  return m_roll.chordAt(static_cast<int>(std::floor(stepAt(x))));
+}
+
+std::optional<int> RollView::beatNear(const QPointF& place) const {
+  if (m_roll.beats().empty() || place.y() >= kRulerHeight * m_line) return {};
+  std::vector<int> lines = m_roll.beats();
+  for (const int chord : m_roll.bars()) lines.push_back(m_roll.begin(chord));
+  const auto distance = [&](int step) { return std::abs(xOfStep(step) - place.x()); };
+  const int nearest = *std::ranges::min_element(lines, {}, distance);
+  return distance(nearest) <= kReachOfLine ? std::optional(nearest) : std::nullopt;
 }
 
 QRectF RollView::lanes() const {
@@ -246,6 +263,7 @@ void RollView::paintEvent(QPaintEvent* event) {
   if (m_playing >= 0) paintColumn(painter, shades.mark, Qt::SolidLine, m_playing);
   if (m_cursor >= 0)
     paintColumn(painter, shades.text, hasFocus() ? Qt::DashLine : Qt::DotLine, m_cursor);
+  if (m_dragged) painter.fillRect(QRectF(m_dragPlace, 0, 2, viewport()->height()), shades.mark);
   paintPitches(painter, shades);
 }
 
@@ -398,7 +416,23 @@ void RollView::choose(int chord) {
   emit chordChosen(m_cursor);
 }
 
+void RollView::mouseMoveEvent(QMouseEvent* event) {
+  if (!m_dragged) return QAbstractScrollArea::mouseMoveEvent(event);
+  m_dragPlace = event->position().x();
+  viewport()->update();
+}
+
+void RollView::mouseReleaseEvent(QMouseEvent* event) {
+  if (!m_dragged) return QAbstractScrollArea::mouseReleaseEvent(event);
+  const int from = *std::exchange(m_dragged, std::nullopt);
+  viewport()->update();
+  if (std::abs(xOfStep(from) - event->position().x()) > kReachOfLine)
+    emit beatDragged(from, stepAt(event->position().x()));
+}
+
 void RollView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) m_dragged = beatNear(event->position());
+  m_dragPlace = event->position().x();
   const bool inColumns =
       event->position().x() >= m_names && event->position().x() < x(m_roll.chords());
   if (event->button() == Qt::LeftButton && inColumns)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <optional>
 
 #include "platform/persistence/Ref.h"
 #include "tab/layout/LoopRange.h"
@@ -57,6 +58,8 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   void zoomChanged(int percent);
   /// Space was pressed.
   void playToggled();
+  /// The line of a beat or a bar was dragged along the ruler, in steps from the first chord on.
+  void beatDragged(double from, double to);
 
  protected:
   bool viewportEvent(QEvent* event) override;
@@ -64,6 +67,8 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -80,6 +85,9 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   double laneHeight() const;
   QRectF lanes() const;
   int chordAt(double x) const;
+  double stepAt(double x) const;
+  /// Where in the ruler a beat begins, of a song on beats; the nearest within a finger's reach.
+  std::optional<int> beatNear(const QPointF& place) const;
   QRectF headOf(const ToneRoll::Tone& tone) const;
   QRectF tailOf(const ToneRoll::Tone& tone) const;
   void updateColumn(int chord);
@@ -104,6 +112,8 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   ChordSpan m_loop;
   int m_playing = -1;
   int m_cursor = -1;
+  std::optional<int> m_dragged{};  ///< The step of the beat whose line is dragged.
+  double m_dragPlace = 0;          ///< Where that is now.
   int m_zoom = 100;
   double m_step = 16;   ///< Width of a column, on beats of a sixteenth.
   double m_line = 16;   ///< Height of a line of text.

@@ -6,6 +6,7 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Translated.h"
 #include "ui/menus/EditMenu.h"
+#include "ui/menus/RhythmMenu.h"
 #include "ui/sound/PlayerBar.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/RollView.h"
@@ -41,6 +42,7 @@ ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_v
   connect(&roll, &RollView::playToggled, &player, &PlayerBar::toggle);
   connect(&roll, &RollView::chordChosen, this,
           [&tablature](int chord) { tablature.moveCursor(chord, tablature.cursorString()); });
+  connect(&roll, &RollView::beatDragged, &m_views.edits.rhythm(), &RhythmMenu::dragBeat);
   connect(&m_views.edits, &EditMenu::edited, this, &ShownSong::refresh);
   connect(&player, &PlayerBar::moved, this, &ShownSong::showPlaying);
   connect(&player, &PlayerBar::resetLoopWanted, this, &ShownSong::resetLoop);
