@@ -42,7 +42,7 @@ class Pictures:
 
     def first_song(self):
         self.start(1, self.recording)
-        wait_for("the song", lambda: self.window.text("Tablature").startswith("Chord "))
+        wait_for("the song", lambda: "chord 1 of" in self.window.text("Tablature").lower())
 
     def importing(self):
         """Another recording, long enough to be seen while it is heard."""
@@ -63,8 +63,8 @@ class Pictures:
     def song(self, name):
         """A loop, and the cursor on a chord."""
         box = self.window.find("text", "Tablature").get_extents(SCREEN)
-        for share, row in ((0.1, 45), (0.4, 45), (0.27, 70)):  # the ruler is the upper one
-            xdotool("mousemove", box.x + int(box.width * share), box.y + row, "click", 1)
+        for share, y in ((0.1, 58), (0.4, 58), (0.27, 84)):  # the ruler, below title and tempo
+            xdotool("mousemove", box.x + int(box.width * share), box.y + y, "click", 1)
         wait_for("the loop", lambda: self.window.has("label", "Loop "))
         self.take(name)
 
