@@ -17,10 +17,10 @@ struct QBCmdImportSongTest : testing::Test {
   }
   QBSong& song(const std::string& title) { return *m_album->findSongByName(title); }
   /// Imports the strums with the precise detection.
-  QBSong& precise(const std::vector<test::Strum>& strums) {
+  QBSong& precise(const std::vector<test::Strum>& strums, const HearingSettings& settings = {}) {
     test::writeWav(m_file, test::play(strums));
     const auto made = command("Precise");
-    made->setDetection(preciseDetection(), {});
+    made->setDetection(preciseDetection(), settings);
     made->onProgress([this](double share) { m_progress.push_back(share); });
     made->run();
     return song("Precise");
@@ -70,6 +70,47 @@ TEST_F(QBCmdImportSongTest, preciseSongKeepsTimeWithTheRecording) {
   const auto loudest = [](const QBChord& chord) { return chord.hold()->tones().at(0)->amp(); };
   const double ratio = loudest(*heard.allChords()[1]) / loudest(*classic[1]);
   EXPECT_TRUE(ratio > 0.2 && ratio < 10) << "limits of loudness mean about the same: " << ratio;
+}
+
+/// Eight bars at 100 beats a minute, a chord in each, and a last one.
+std::vector<test::Strum> bars() {
+  std::vector<test::Strum> strums{{{}, 0.5}};
+  for (int i = 0; i < 8; ++i) {
+    const std::vector<int> notes =
+        test::notesOf(std::array{"x32010", "320003", "x02210", "xx3211"}[i % 4]);
+    strums.push_back({notes, 0.6});
+    for (int beat = 1; beat < 4; ++beat) strums.push_back({{notes.end() - 2, notes.end()}, 0.6});
+  }
+  strums.push_back({test::notesOf("x32010"), 2.4});
+  return strums;
+}
+
+TEST_F(QBCmdImportSongTest, songOnBeatsHasTheBarsThatWerePlayed) {
+  QBSong& heard = precise(bars(), settingsOfFrontEnds());
+  ASSERT_TRUE(heard.isOnBeats());
+  EXPECT_NEAR(heard.tempo(), 100, 1);
+  const auto measures = heard.allMeasures();
+  EXPECT_EQ(measures.size(), 9U);
+  for (const auto& measure : measures) {
+    EXPECT_EQ(measure->beat(), 4);
+    EXPECT_EQ(measure->beattype(), 4);
+    EXPECT_EQ(measure->chords().size(), measure == measures.back() ? 1U : 4U);
+  }
+  EXPECT_EQ(test::fretsOf(*heard.allChords().front()), "x32010");
+}
+
+TEST_F(QBCmdImportSongTest, whatIsTooFreeForBarsIsInSlices) {
+  std::mt19937 random(2);
+  std::vector<test::Strum> strums;
+  for (int i = 0; i < 40; ++i) {
+    const double seconds = 0.12 + static_cast<double>(random() % 1000) / 1000;
+    strums.push_back({{45 + static_cast<int>(random() % 25)}, seconds});
+  }
+  EXPECT_FALSE(precise(strums, settingsOfFrontEnds()).isOnBeats());
+  EXPECT_EQ(
+      std::ranges::count_if(
+          m_views.log, [](const auto& line) { return line.starts_with("its rhythm is too free"); }),
+      1);
 }
 
 }  // namespace
