@@ -63,7 +63,7 @@ class Pictures:
     def song(self, name):
         """A loop, and the cursor on a chord."""
         box = self.window.find("text", "Tablature").get_extents(SCREEN)
-        for share, y in ((0.1, 58), (0.4, 58), (0.27, 84)):  # the ruler, below title and tempo
+        for share, y in ((0.19, 58), (0.33, 58), (0.25, 84)):  # the ruler, below title and tempo
             xdotool("mousemove", box.x + int(box.width * share), box.y + y, "click", 1)
         wait_for("the loop", lambda: self.window.has("label", "Loop "))
         self.take(name)
