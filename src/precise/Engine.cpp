@@ -39,7 +39,7 @@ using platform::Slices;
 
 /// While the instrument is learnt, every second frame is enough.
 constexpr std::size_t kLearningStep = 2;
-constexpr float kTolerance = 0.005F;
+constexpr float kTolerance = 0.001F;
 /// Frames whose largest activation a learnt note is compared with.
 constexpr Frame kAttackFrames = 8;
 
