@@ -14,7 +14,9 @@
 #include "precise/Experience.h"
 #include "precise/Intake.h"
 #include "precise/judging/Candidate.h"
+#include "precise/judging/Choice.h"
 #include "precise/judging/Company.h"
+#include "precise/judging/EndFormula.h"
 #include "precise/judging/NoteFormula.h"
 #include "precise/judging/Observer.h"
 #include "precise/judging/OnsetIndex.h"
@@ -39,6 +41,7 @@ using platform::Slices;
 
 /// While the instrument is learnt, every second frame is enough.
 constexpr std::size_t kLearningStep = 2;
+/// Frames are explained so far that rounding decides next to nothing.
 constexpr float kTolerance = 0.001F;
 /// Frames whose largest activation a learnt note is compared with.
 constexpr Frame kAttackFrames = 8;
@@ -115,7 +118,7 @@ class Engine::State {
   Slices judgeNotes();
   Slices judgeEach();
   Slices judgeInCompany();
-  void choose();
+  Slices findEnds();
   Slices giveBack();
 
   float shareAtAttack(const Candidate& note) const;
@@ -148,7 +151,8 @@ class Engine::State {
   std::vector<Candidate> m_candidates;
   std::vector<Candidate> m_doubtful;  ///< What may be a note but is not among the candidates.
   std::vector<Features<NoteFeature>> m_known;  ///< Of each candidate, while notes are judged.
-  std::vector<char> m_taken;                   ///< Whether each candidate is a note.
+  std::vector<char> m_probable;  ///< Whether each candidate is more so than was asked for.
+  std::vector<float> m_loudest;  ///< Activation of each frame.
 };
 
 std::span<const Engine::State::Pass> Engine::State::passes() {
@@ -167,6 +171,7 @@ std::span<const Engine::State::Pass> Engine::State::passes() {
       Pass{&State::trackCandidates, 0.05},
       Pass{&State::judgeReattacks, 0.05},
       Pass{&State::judgeNotes, 0.1},
+      Pass{&State::findEnds, 0.02},
       Pass{&State::giveBack, 0.02},
   };
   return kPasses;
@@ -361,33 +366,19 @@ Slices Engine::State::judgeNotes() {
   judging = judgeInCompany();
   while (judging.next()) co_yield kShareOfEach + judging.done() * (1 - kShareOfEach);
   co_yield 1;
-  choose();
-}
-
-/// Keeps the notes among the candidates.
-void Engine::State::choose() {
-  std::vector<Candidate> notes;
-  std::vector<Candidate> others;
-  for (std::size_t i = 0; i < m_candidates.size(); ++i)
-    (m_taken[i] ? notes : others).push_back(m_candidates[i]);
-  sortByOnset(notes);
-  const auto removed = keepSixStrongest(notes);
-  others.insert(others.end(), removed.begin(), removed.end());
-  std::erase_if(others,
-                [](const Candidate& c) { return c.probability < Analysis::kLeastDoubtful; });
-  sortByOnset(others);
-  m_candidates = std::move(notes);
-  m_doubtful = std::move(others);
+  Choice choice(m_candidates, m_probable, m_threshold, *m_flux);
+  m_candidates = std::move(choice.notes);
+  m_doubtful = std::move(choice.doubtful);
 }
 
 Slices Engine::State::judgeEach() {
-  std::vector<float> loudest(m_frames);
+  m_loudest.resize(m_frames);
   for (std::size_t t = 0; t < m_frames; ++t) {
-    loudest[t] = std::ranges::max(m_activations.row(t));
+    m_loudest[t] = std::ranges::max(m_activations.row(t));
     co_yield share(t, m_frames) * kShareOfLoudest;
   }
   const OnsetIndex onsets(m_candidates);
-  const NoteFormula formula(m_activations, m_spectra, *m_flux, onsets, std::move(loudest));
+  const NoteFormula formula(m_activations, m_spectra, *m_flux, onsets, m_loudest);
   m_known.resize(m_candidates.size());
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     m_known[i] = formula.features(m_candidates[i]);
@@ -405,20 +396,32 @@ Slices Engine::State::judgeInCompany() {
     if (m_observer) m_observer->note(m_candidates[i], m_known[i]);
     co_yield kShareOfMeeting + share(i, m_candidates.size()) * kShareOfAdding;
   }
-  m_taken.resize(m_candidates.size());
+  m_probable.resize(m_candidates.size());
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     const bool mayBe = m_candidates[i].probability >= kShareByItself * m_threshold;
     const double probability = logistic(companyTerms(), m_known[i]);
-    m_taken[i] = mayBe && probability > m_threshold;
+    m_probable[i] = mayBe && probability > m_threshold;
     m_candidates[i].probability = probability;
     co_yield kShareOfMeeting + kShareOfAdding +
         (1 - kShareOfMeeting - kShareOfAdding) * share(i, m_candidates.size());
   }
 }
 
+Slices Engine::State::findEnds() {
+  const EndFormula formula(m_activations, m_loudest, m_candidates, m_levels.gains(), m_observer);
+  std::vector<Frame> ends(m_candidates.size());
+  for (std::size_t i = 0; i < ends.size(); ++i) {
+    ends[i] = formula.endOf(i);
+    co_yield share(i, ends.size());
+  }
+  for (std::size_t i = 0; i < ends.size(); ++i) m_candidates[i].end = ends[i];
+  dropWhatSoundsWith(m_candidates, m_doubtful);
+}
+
 /// What nobody needs any more: of an hour it would take long to give it all back at once.
 Slices Engine::State::giveBack() {
   m_known = {};
+  m_loudest = {};
   co_yield 0.1;
   m_coefficients = {};
   co_yield 0.2;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/judging/Candidate.h"
 
+#include "precise/judging/Choice.h"
 #include "precise/judging/Company.h"
 #include "precise/judging/OnsetIndex.h"
 #include "support/Testing.h"
@@ -23,6 +24,33 @@ TEST(Candidates, keepTheSixStrongestThatSoundTogether) {
   std::vector<std::size_t> kept;
   for (const Candidate& candidate : candidates) kept.push_back(candidate.pitch);
   EXPECT_EQ(kept, (std::vector<std::size_t>{0, 1, 2, 4, 5, 6, 9}));
+}
+
+// Strokes at frames 20 and 60.
+TEST(Choice, takesWhatIsMostProbableAtAStrokeWithoutANote) {
+  Flux flux(100);
+  OnsetRow magnitudes;
+  for (int frame = 0; frame < 100; ++frame) {
+    magnitudes.fill(frame == 21 || frame == 61 ? 1.0F : 0.01F);
+    flux.add(magnitudes);
+  }
+  flux.settle();
+  const std::vector<Candidate> candidates = {
+      {.pitch = 1, .onset = 19, .end = 50, .peak = 1, .probability = 0.2},
+      {.pitch = 2, .onset = 21, .end = 50, .peak = 1, .probability = 0.3},
+      {.pitch = 3, .onset = 40, .end = 50, .peak = 1, .probability = 0.4},
+      {.pitch = 4, .onset = 60, .end = 90, .peak = 1, .probability = 0.9},
+      {.pitch = 5, .onset = 61, .end = 90, .peak = 1, .probability = 0.4},
+      {.pitch = 6, .onset = 62, .end = 90, .peak = 1, .probability = 0.04},
+      {.pitch = 7, .onset = 90, .end = 99, .peak = 1, .probability = 0.9}};
+  const Choice choice(candidates, {0, 0, 0, 1, 0, 0, 1}, 0.5, flux);
+  const auto pitches = [](const std::vector<Candidate>& found) {
+    std::vector<std::size_t> all;
+    for (const Candidate& candidate : found) all.push_back(candidate.pitch);
+    return all;
+  };
+  EXPECT_EQ(pitches(choice.notes), (std::vector<std::size_t>{2, 4, 7}));
+  EXPECT_EQ(pitches(choice.doubtful), (std::vector<std::size_t>{1, 3, 5}));
 }
 
 TEST(OnsetIndex, countsWhatStartsWithinFourFrames) {

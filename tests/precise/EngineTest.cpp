@@ -65,6 +65,29 @@ TEST(PreciseEngine, hearsSingleNotesWhereTheyAre) {
   }
 }
 
+// What a room adds to a note that was stopped, half a second of it, is none of the note.
+TEST(PreciseEngine, endsNotesThatRingOnInARoom) {
+  std::vector<test::Strum> strums;
+  for (const int pitch : {52, 59, 64, 57, 62, 50}) {
+    strums.push_back({{pitch}, 0.5});
+    strums.push_back({{}, 0.6});
+  }
+  const Sound dry = strummed(strums);
+  std::mt19937 random(4);
+  std::normal_distribution<float> noise(0, 1);
+  Sound room = dry;
+  for (int i = 0; i < 400; ++i) {
+    const double delay = 0.01 + 0.5 * i / 400;
+    const float gain = 0.02F * noise(random) * static_cast<float>(std::pow(10, -3 * delay / 0.5));
+    const auto samples = static_cast<std::size_t>(delay * kSecond);
+    for (std::size_t n = samples; n < dry.size(); ++n) room[n] += gain * dry[n - samples];
+  }
+  for (const Note& note : listen(room).notes) {
+    const double since = std::fmod(note.end - 0.5, 1.1);
+    EXPECT_NEAR(since, 0.5, 0.12) << note.pitch;
+  }
+}
+
 TEST(PreciseEngine, followsTheTuningOfTheRecording) {
   Sound sound = strummed({{{45}, 1}, {{57}, 1}, {{64}, 1}});
   // Reading the samples 2 % faster raises the pitch by 34 cents.
@@ -130,12 +153,13 @@ struct Counts final : Observer {
     if (candidate.probability == logistic(noteTerms(), known)) ++explained;
     if (logistic(companyTerms(), known) > 0.5) probable.insert(pitchOf(candidate));
   }
+  void frame(const Candidate&, Frame, const Features<EndFeature>&) override { ++frames; }
 
   static int pitchOf(const Candidate& candidate) {
     return static_cast<int>(candidate.pitch) + Analysis::kLowestPitch;
   }
 
-  std::size_t all = 0, struckAgain = 0, joined = 0, judged = 0, explained = 0;
+  std::size_t all = 0, struckAgain = 0, joined = 0, judged = 0, explained = 0, frames = 0;
   std::multiset<int> probable;
 };
 
@@ -150,7 +174,8 @@ TEST(PreciseEngine, showsWhatItDecidesOn) {
   EXPECT_EQ(counts.probable, pitches(engine.take()));
 }
 
-// What one sensitivity takes for a note, a lower one doubts.
+// What one sensitivity takes for a note, a lower one doubts, unless it hears its pitch all the
+// time.
 TEST(PreciseEngine, handsOutWhatItDoubts) {
   Sound noisy = strummed({{test::notesOf("x02210"), 0.5}, {test::notesOf("133211"), 0.5}});
   std::mt19937 random(2);
@@ -162,13 +187,11 @@ TEST(PreciseEngine, handsOutWhatItDoubts) {
   EXPECT_TRUE(std::ranges::is_sorted(strict.doubtful, {}, &Note::onset));
   for (const Note& note : strict.doubtful) {
     EXPECT_GE(note.probability, 0.05F);
-    EXPECT_LE(note.probability, 0.8F);
     EXPECT_EQ(note.string, -1);
   }
   for (const Note& note : lenient.notes) {
     const auto isSame = [&](const Note& other) {
-      return other.pitch == note.pitch && other.onset == note.onset && other.end == note.end &&
-             other.probability == note.probability;
+      return other.pitch == note.pitch && other.onset <= note.onset && other.end > note.onset;
     };
     EXPECT_EQ(std::ranges::count_if(strict.notes, isSame) +
                   std::ranges::count_if(strict.doubtful, isSame),

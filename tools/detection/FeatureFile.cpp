@@ -13,6 +13,9 @@ namespace {
 using precise::Analysis;
 using precise::Candidate;
 
+/// Frames are written so far apart: neighbours say much the same.
+constexpr precise::Frame kFrameStep = 7;
+
 /// Finite, as all numbers of the detection are. As many digits as a float needs.
 void append(std::string& text, double value) {
   std::array<char, 32> digits;
@@ -64,11 +67,20 @@ void FeatureFile::note(const Candidate& candidate,
   appendRow(m_notes, row);
 }
 
+void FeatureFile::frame(const Candidate& note, precise::Frame frame,
+                        const precise::Features<precise::EndFeature>& known) {
+  if (frame % kFrameStep != 0) return;
+  std::vector<double> row = placeOf(note);
+  row.back() = static_cast<double>(frame);
+  row.insert(row.end(), known.values().begin(), known.values().end());
+  appendRow(m_frames, row);
+}
+
 std::string FeatureFile::text() const {
   std::string text = "{\"hop\": ";
   append(text, Analysis::kHopSeconds);
   return text + ",\n" + list("tracked", m_tracked) + ",\n" + list("reattacks", m_reattacks) +
-         ",\n" + list("notes", m_notes) + "}\n";
+         ",\n" + list("notes", m_notes) + ",\n" + list("frames", m_frames) + "}\n";
 }
 
 }  // namespace korvel::tools

@@ -14,6 +14,8 @@ namespace korvel::tools {
 ///   "reattacks": of these, the re-attacks, as [pitch, onset, end, peak, features...]
 ///   "notes": what was left when the re-attacks were judged, as [pitch, onset, end, peak,
 ///     probability by itself, features...]
+///   "frames": of notes that were taken, some of the frames in which they may sound, as [pitch,
+///     onset, frame, features...]
 /// Pitches are MIDI numbers, onsets and ends frames, and features stand in the order of their
 /// enumerators.
 class FeatureFile final : public precise::Observer {
@@ -23,6 +25,8 @@ class FeatureFile final : public precise::Observer {
                 const precise::Features<precise::ReattackFeature>& known) override;
   void note(const precise::Candidate& candidate,
             const precise::Features<precise::NoteFeature>& known) override;
+  void frame(const precise::Candidate& note, precise::Frame frame,
+             const precise::Features<precise::EndFeature>& known) override;
 
   /// Complete once the engine has answered that all is done.
   std::string text() const;
@@ -32,6 +36,7 @@ class FeatureFile final : public precise::Observer {
   std::string m_tracked;
   std::string m_reattacks;
   std::string m_notes;
+  std::string m_frames;
 };
 
 }  // namespace korvel::tools

@@ -8,6 +8,7 @@ import make_set
 import noises
 import numpy as np
 import pieces
+import places
 import soundfile
 from sounds import RATE, Guitar, decibels, recorded_badly, softened
 
@@ -15,6 +16,8 @@ COMPUTED = ['synth-' + letter for letter in 'abcdef']
 SOURCES = banks.SOURCES + COMPUTED
 PIECES = dict(make_set.KINDS, **pieces.KINDS)
 PERFORMANCES = ['perf-' + name for name in make_set.GS['dev']]
+# How a piece is played and recorded.
+CLEAN, HARD, ROOM = 'clean', 'hard', 'room'
 
 
 def bank_of(source):
@@ -57,26 +60,32 @@ def play_hard(score, seconds, bank, r):
     return y * decibels(float(r.uniform(-20, -1))) / np.abs(y).max(), notes
 
 
-def save(folder, y, kind, source, hard, notes, chords):
-    name = '%s_%s_%s' % (kind, source, 'hard' if hard else 'clean')
+def save(folder, y, kind, source, how, notes, chords):
+    name = '%s_%s_%s' % (kind, source, how)
     y = np.clip(np.round(y * 32767), -32768, 32767).astype(np.int16)
     path = os.path.join(folder, name)
     soundfile.write(path + '.wav', y, RATE, subtype='PCM_16')
     with open(path + '.json', 'w') as file:
-        json.dump(dict(clip=name, kind=kind, source=source, hard=hard, seconds=len(y) / RATE,
+        json.dump(dict(clip=name, kind=kind, source=source, how=how, seconds=len(y) / RATE,
                        samples=len(y), notes=notes, chords=chords), file)
 
 
 def render_piece(folder, source, bank, kind, hard, seed):
+    """Cleanly and, in another place, the same once more; or hard."""
     r = make_set.rng('fit%d' % seed, source, kind, hard)
     score, seconds = score_of(kind, r)
-    y, notes = (play_hard if hard else play_cleanly)(score, seconds, bank, r)
-    save(folder, y, kind, source, hard, notes, score.chords)
+    if hard:
+        y, notes = play_hard(score, seconds, bank, r)
+        save(folder, y, kind, source, HARD, notes, score.chords)
+        return
+    y, notes = play_cleanly(score, seconds, bank, r)
+    save(folder, y, kind, source, CLEAN, notes, score.chords)
+    save(folder, places.recorded(y, r), kind, source, ROOM, notes, score.chords)
 
 
 def render_noise(folder, source, kind):
     y = noises.render(kind, make_set.rng('nothing', source, kind))
-    save(folder, y, 'nothing-' + kind, source, True, [], [])
+    save(folder, y, 'nothing-' + kind, source, HARD, [], [])
 
 
 def render_source(folder, source, kinds, seed):

@@ -2,10 +2,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Fits the formulas of the precise detection and writes their tables.
 
-Usage: fit.py --clips DIR --features DIR [--out FILE]
+Usage: fit.py --clips DIR --features DIR [--keep-notes] [--out FILE]
 
 --clips has the notes of the recordings, as render.py writes them, --features what
-korvel-detection-features wrote of them. Writes Tables.cpp of the source tree by default. Prints how
+korvel-detection-features wrote of them. With --keep-notes only re-attacks and ends are fitted, and
+the formulas of notes stay. Writes Tables.cpp of the source tree by default. Prints how
 well formulas do on guitars that they were not fitted on: the mean loss, and the share of the weight
 that they decide rightly.
 """
@@ -26,11 +27,11 @@ PRECISE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '../../src/pr
 FOLDS = 4
 L2 = 3.0
 STEPS = 12
-HARD_WEIGHT = .4
+WEIGHTS = dict(clean=1, hard=.4, room=.4)
 SAME_ONSET = .06  # seconds
 # Of what a feature was, in percent; the rest is taken as the nearest of these.
 RANGE = (.2, 99.8)
-REATTACK_COLUMNS, NOTE_COLUMNS = 4, 5
+REATTACK_COLUMNS, NOTE_COLUMNS, FRAME_COLUMNS = 4, 5, 3
 
 
 class Clip:
@@ -42,7 +43,7 @@ class Clip:
         with open(features_file) as file:
             seen = json.load(file)
         self.source, self.hop = labels['source'], seen['hop']
-        self.weight = HARD_WEIGHT if labels['hard'] else 1.0
+        self.weight = WEIGHTS[labels['how']]
         reattacks = np.array(seen['reattacks']).reshape(-1, REATTACK_COLUMNS + widths[0])
         notes = np.array(seen['notes']).reshape(-1, NOTE_COLUMNS + widths[1])
         self.reattacks, self.notes = reattacks[:, REATTACK_COLUMNS:], notes[:, NOTE_COLUMNS:]
@@ -50,6 +51,11 @@ class Clip:
         self.struck = self.struck_again(seen['tracked'], reattacks, labels['notes'])
         self.true_share = self.shares(labels['notes'])
         self.reattack_weights = np.full(len(reattacks), self.weight)
+        frames = np.array(seen['frames']).reshape(-1, FRAME_COLUMNS + widths[2])
+        frames = frames[self.are_of_notes(frames, labels['notes'])]
+        self.frames = frames[:, FRAME_COLUMNS:].astype(np.float32)
+        self.sounding = self.are_sounding(frames, labels['notes'])
+        self.frame_weights = np.full(len(frames), self.weight)
         self.note_weights = self.weight * (.6 + np.minimum((self.end - self.onset) * self.hop, 2))
 
     def struck_again(self, tracked, reattacks, notes):
@@ -76,6 +82,24 @@ class Clip:
                       - np.maximum(self.onset * self.hop, note['onset']))
             shares += np.where(self.pitch == note['midi'], np.maximum(common, 0), 0)
         return np.minimum(1, shares / np.maximum((self.end - self.onset) * self.hop, 1e-3))
+
+    def are_of_notes(self, frames, notes):
+        """Whether what was taken for a note was one when it began."""
+        found = np.zeros(len(frames), bool)
+        onset = frames[:, 1] * self.hop
+        for note in notes:
+            found |= ((frames[:, 0] == note['midi']) & (note['onset'] < onset + SAME_ONSET)
+                      & (note['offset'] > onset))
+        return found
+
+    def are_sounding(self, frames, notes):
+        """1 for each frame in which the note, or another of its pitch, still sounds."""
+        found = np.zeros(len(frames))
+        moment = frames[:, 2] * self.hop
+        for note in notes:
+            found[(frames[:, 0] == note['midi']) & (note['onset'] <= moment)
+                  & (moment < note['offset'])] = 1
+        return found
 
     def add_company(self, probability, names):
         """Replaces the company by that of other probabilities than the engine's."""
@@ -193,24 +217,41 @@ def fit_notes(clips, folds, names):
             tables.ranges_text(enum, names, samples.least, samples.most))
 
 
+def fit_ends(clips, folds, names):
+    samples = Samples([clip.frames for clip in clips], [clip.sounding for clip in clips],
+                      [clip.frame_weights for clip in clips], folds)
+    terms = tables.terms_of(names, tables.END_PRODUCTS)
+    samples.probabilities('ends', terms)
+    enum = 'EndFeature'
+    return (tables.terms_text('endTerms', enum, names, terms, samples.fit(terms)),
+            tables.ranges_text(enum, names, samples.least, samples.most))
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument('--clips', required=True, metavar='DIR')
     parser.add_argument('--features', required=True, metavar='DIR')
     parser.add_argument('--out', default=os.path.join(PRECISE, 'Tables.cpp'), metavar='FILE')
+    parser.add_argument('--keep-notes', action='store_true')
     options = parser.parse_args()
     with open(os.path.join(PRECISE, 'Tables.h')) as file:
         header = file.read()
     reattack_names = tables.names_of(header, 'ReattackFeature')
     note_names = tables.names_of(header, 'NoteFeature')
-    clips = read_clips(options, (len(reattack_names), len(note_names)))
+    end_names = tables.names_of(header, 'EndFeature')
+    clips = read_clips(options, (len(reattack_names), len(note_names), len(end_names)))
     folds = folds_of(clips)
     reattack_terms, reattack_ranges = fit_reattacks(clips, folds, reattack_names)
-    note_terms, company_terms, note_ranges = fit_notes(clips, folds, note_names)
+    if options.keep_notes:
+        with open(os.path.join(PRECISE, 'Tables.cpp')) as file:
+            note_terms, company_terms, note_ranges = tables.notes_of(file.read())
+    else:
+        note_terms, company_terms, note_ranges = fit_notes(clips, folds, note_names)
+    end_terms, end_ranges = fit_ends(clips, folds, end_names)
     with open(options.out, 'w') as file:
-        file.write(tables.file_text([reattack_terms, note_terms, company_terms, reattack_ranges,
-                                     note_ranges]))
+        file.write(tables.file_text([reattack_terms, note_terms, company_terms, end_terms,
+                                     reattack_ranges, note_ranges, end_ranges]))
 
 
 if __name__ == '__main__':

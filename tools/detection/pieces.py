@@ -170,5 +170,20 @@ def ringing(r):
     return score, t + 2
 
 
-KINDS = dict(ring=ringing, strumming=strumming, picking=picking, solo=solo,
+def fast(r):
+    """Runs of single notes, each stopped by the next."""
+    score, t = make_set.Score(r), .4
+    for _ in range(5):
+        hand = int(r.choice([0, 2, 5, 7, 9]))
+        step = float(r.uniform(.07, .15))
+        scale = SCALES[int(r.randint(4))]
+        for pitch, _ in make_set.tune(r, 32, 42 + hand, 68 + hand, scale, int(r.randint(12))):
+            score.add(t, t + step * float(r.choice([1, 1, .9])), pitch, string_near(pitch, hand),
+                      float(r.uniform(.4, 1)))
+            t += step
+        t += .5
+    return score, t + .8
+
+
+KINDS = dict(ring=ringing, fast=fast, strumming=strumming, picking=picking, solo=solo,
              intervals=intervals)

@@ -36,14 +36,20 @@ class Features {
   std::array<double, static_cast<std::size_t>(Feature::Count)> m_values{};
 };
 
-/// The probability whose odds are the exponential of the weighted sum.
+/// The weighted sum: the logarithm of the odds.
 template <class Feature>
-double logistic(std::span<const Term<Feature>> terms, const Features<Feature>& known) {
+double logOdds(std::span<const Term<Feature>> terms, const Features<Feature>& known) {
   const Features<Feature> features = known.limited();
   double sum = 0;
   for (const Term<Feature>& term : terms)
     sum += term.weight * features[term.first] * features[term.second];
-  return 1 / (1 + std::exp(-sum));
+  return sum;
+}
+
+/// The probability that has these odds.
+template <class Feature>
+double logistic(std::span<const Term<Feature>> terms, const Features<Feature>& known) {
+  return 1 / (1 + std::exp(-logOdds(terms, known)));
 }
 
 }  // namespace korvel::precise

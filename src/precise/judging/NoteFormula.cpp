@@ -42,13 +42,13 @@ struct NoteFormula::Attack {
 };
 
 NoteFormula::NoteFormula(const FrameTable& activations, const FrameTable& spectra, const Flux& flux,
-                         const OnsetIndex& onsets, std::vector<float> loudest)
+                         const OnsetIndex& onsets, std::span<const float> loudest)
     : m_activations(activations),
       m_spectra(spectra),
       m_flux(flux),
       m_onsets(onsets),
       m_frames(static_cast<Frame>(activations.frames())),
-      m_loudest(std::move(loudest)) {}
+      m_loudest(loudest) {}
 
 NoteFormula::Attack NoteFormula::attackOf(const Candidate& candidate) const {
   Attack attack;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <vector>
+#include <span>
 
 #include "precise/judging/Candidate.h"
 #include "precise/judging/Logistic.h"
@@ -18,7 +18,7 @@ class NoteFormula {
   /// The activations, and the spectra and the flux that they explain. All must outlive this.
   /// loudest: activation of the loudest pitch in each frame.
   NoteFormula(const FrameTable& activations, const FrameTable& spectra, const Flux& flux,
-              const OnsetIndex& onsets, std::vector<float> loudest);
+              const OnsetIndex& onsets, std::span<const float> loudest);
 
   /// What is known of the candidate by itself.
   Features<NoteFeature> features(const Candidate& candidate) const;
@@ -43,7 +43,7 @@ class NoteFormula {
   const Flux& m_flux;
   const OnsetIndex& m_onsets;
   Frame m_frames;
-  std::vector<float> m_loudest;
+  std::span<const float> m_loudest;
 };
 
 }  // namespace korvel::precise

@@ -21,6 +21,9 @@ class Observer {
   /// A candidate that was not joined to another. All is known of it, its company too; its
   /// probability is that which it has by itself.
   virtual void note(const Candidate& candidate, const Features<NoteFeature>& known) = 0;
+  /// A frame in which a candidate that was taken for a note may still sound; by notes, their frames
+  /// in order.
+  virtual void frame(const Candidate& note, Frame frame, const Features<EndFeature>& known) = 0;
 };
 
 }  // namespace korvel::precise

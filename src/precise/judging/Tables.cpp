@@ -8,65 +8,65 @@ namespace korvel::precise {
 std::span<const Term<ReattackFeature>> reattackTerms() {
   using enum ReattackFeature;
   static constexpr std::array<Term<ReattackFeature>, 59> kTerms{{
-      {One, One, -4.8270},
-      {One, Level, 1.3165},
-      {One, Ratio, -0.6274},
-      {One, Rise, 3.5176},
-      {One, RatioToBefore, -0.6510},
-      {One, Flux, 0.7547},
-      {One, FluxShare, 0.8917},
-      {One, Gap, 0.4239},
-      {One, Neighbours, -0.4891},
-      {One, NewNeighbours, 0.1919},
-      {One, Overall, -0.2529},
-      {One, Pitch, 0.3874},
-      {One, Soon, -0.0050},
-      {One, Bounce, 7.9280},
-      {One, BounceRatio, -1.5005},
-      {One, Drop, 0.8153},
-      {One, BounceOfOthers, 5.9567},
-      {One, Others, 0.3938},
-      {One, FundamentalFlux, -0.2746},
-      {One, OctaveFlux, 0.0401},
-      {One, FluxToBefore, 0.4382},
-      {One, FluxToAfter, 0.0962},
-      {One, Length, -0.6440},
-      {One, LevelShare, 2.5598},
-      {One, BounceOctaveBelow, 2.6047},
-      {One, BounceOctaveAbove, 3.6094},
-      {One, BounceTwelfth, 1.8840},
-      {One, Covered, -0.6556},
-      {One, StrongestRise, -3.4069},
-      {One, Remainder, 0.8836},
-      {One, BounceBeside, 0.8911},
-      {Level, Level, -0.7531},
-      {Ratio, Ratio, 1.5333},
-      {Rise, Rise, -1.9081},
-      {RatioToBefore, RatioToBefore, -0.1990},
-      {Flux, Flux, 0.6043},
-      {FluxShare, FluxShare, -0.5047},
-      {Gap, Gap, -0.0266},
-      {Neighbours, Neighbours, 0.2798},
-      {NewNeighbours, NewNeighbours, 0.0894},
-      {Overall, Overall, -0.3933},
-      {Pitch, Pitch, -3.8481},
-      {Bounce, Bounce, -0.6911},
-      {BounceRatio, BounceRatio, -0.9321},
-      {Drop, Drop, 0.4974},
-      {BounceOfOthers, BounceOfOthers, -5.8225},
-      {Others, Others, -0.1728},
-      {FundamentalFlux, FundamentalFlux, -0.0589},
-      {OctaveFlux, OctaveFlux, -0.0086},
-      {FluxToBefore, FluxToBefore, -0.0191},
-      {FluxToAfter, FluxToAfter, -0.1083},
-      {Length, Length, -0.2215},
-      {LevelShare, LevelShare, 0.2555},
-      {BounceOctaveBelow, BounceOctaveBelow, -1.6899},
-      {BounceOctaveAbove, BounceOctaveAbove, -5.0360},
-      {BounceTwelfth, BounceTwelfth, -2.4063},
-      {StrongestRise, StrongestRise, -0.5352},
-      {Remainder, Remainder, 0.6703},
-      {BounceBeside, BounceBeside, -8.6108},
+      {One, One, -4.6574},
+      {One, Level, 1.4640},
+      {One, Ratio, -1.2815},
+      {One, Rise, 3.8963},
+      {One, RatioToBefore, -0.6224},
+      {One, Flux, 0.8818},
+      {One, FluxShare, 0.5510},
+      {One, Gap, 0.0802},
+      {One, Neighbours, -0.8899},
+      {One, NewNeighbours, 0.2348},
+      {One, Overall, -0.2830},
+      {One, Pitch, 0.5398},
+      {One, Soon, 0.0545},
+      {One, Bounce, 7.4319},
+      {One, BounceRatio, -0.5861},
+      {One, Drop, 0.6774},
+      {One, BounceOfOthers, 5.9033},
+      {One, Others, 0.3466},
+      {One, FundamentalFlux, -0.2141},
+      {One, OctaveFlux, 0.0616},
+      {One, FluxToBefore, 0.3758},
+      {One, FluxToAfter, 0.1235},
+      {One, Length, -0.5965},
+      {One, LevelShare, 2.6415},
+      {One, BounceOctaveBelow, 2.6035},
+      {One, BounceOctaveAbove, 3.6158},
+      {One, BounceTwelfth, 2.4204},
+      {One, Covered, -0.6690},
+      {One, StrongestRise, -3.5776},
+      {One, Remainder, 0.7962},
+      {One, BounceBeside, 0.1480},
+      {Level, Level, -0.6912},
+      {Ratio, Ratio, 1.3185},
+      {Rise, Rise, -1.7905},
+      {RatioToBefore, RatioToBefore, -0.1614},
+      {Flux, Flux, 0.5630},
+      {FluxShare, FluxShare, -0.5437},
+      {Gap, Gap, -0.1530},
+      {Neighbours, Neighbours, 0.3763},
+      {NewNeighbours, NewNeighbours, 0.0744},
+      {Overall, Overall, -0.3916},
+      {Pitch, Pitch, -3.6824},
+      {Bounce, Bounce, -1.2966},
+      {BounceRatio, BounceRatio, -0.9610},
+      {Drop, Drop, 0.2315},
+      {BounceOfOthers, BounceOfOthers, -5.5109},
+      {Others, Others, -0.1746},
+      {FundamentalFlux, FundamentalFlux, -0.0548},
+      {OctaveFlux, OctaveFlux, -0.0097},
+      {FluxToBefore, FluxToBefore, 0.0039},
+      {FluxToAfter, FluxToAfter, -0.1121},
+      {Length, Length, -0.1919},
+      {LevelShare, LevelShare, 0.3560},
+      {BounceOctaveBelow, BounceOctaveBelow, -1.8279},
+      {BounceOctaveAbove, BounceOctaveAbove, -5.1709},
+      {BounceTwelfth, BounceTwelfth, -2.9730},
+      {StrongestRise, StrongestRise, -0.5683},
+      {Remainder, Remainder, 0.6324},
+      {BounceBeside, BounceBeside, -5.8165},
   }};
   return kTerms;
 }
@@ -256,39 +256,146 @@ std::span<const Term<NoteFeature>> companyTerms() {
   return kTerms;
 }
 
+std::span<const Term<EndFeature>> endTerms() {
+  using enum EndFeature;
+  static constexpr std::array<Term<EndFeature>, 100> kTerms{{
+      {One, One, 3.0236},
+      {One, Level, 1.6417},
+      {One, ToHighest, 1.4923},
+      {One, ToLoudest, -1.0308},
+      {One, Fall, -1.4560},
+      {One, LongFall, 0.4533},
+      {One, Next, 0.0461},
+      {One, LongNext, -0.5362},
+      {One, Steepest, 0.3698},
+      {One, ToSteepest, 0.6552},
+      {One, Age, 0.4657},
+      {One, Strokes, -0.4621},
+      {One, NearStrokes, 0.0795},
+      {One, StrongestStroke, -0.3531},
+      {One, SinceStroke, -2.7322},
+      {One, EndTexture, 1.3437},
+      {One, EndPitch, 0.6069},
+      {One, OctaveUnder, 0.7156},
+      {One, EndResonance, -4.8549},
+      {One, Tracked, 1.5007},
+      {Level, Level, -0.0339},
+      {ToHighest, ToHighest, 0.0522},
+      {ToLoudest, ToLoudest, -0.0213},
+      {Fall, Fall, 0.1855},
+      {LongFall, LongFall, -0.0874},
+      {Next, Next, -0.0260},
+      {LongNext, LongNext, 0.0744},
+      {Steepest, Steepest, 0.1414},
+      {ToSteepest, ToSteepest, -0.1983},
+      {Age, Age, 0.0159},
+      {Strokes, Strokes, 0.1721},
+      {StrongestStroke, StrongestStroke, -0.1155},
+      {SinceStroke, SinceStroke, 2.6307},
+      {EndTexture, EndTexture, -0.0257},
+      {EndPitch, EndPitch, -0.1640},
+      {OctaveUnder, OctaveUnder, 0.1816},
+      {EndResonance, EndResonance, 1.8219},
+      {Steepest, Level, 0.2872},
+      {Steepest, ToHighest, -0.4949},
+      {Steepest, ToLoudest, -0.0893},
+      {Steepest, LongFall, 0.2597},
+      {Steepest, LongNext, -0.0646},
+      {Steepest, ToSteepest, 0.3715},
+      {Steepest, Strokes, -0.4459},
+      {Steepest, NearStrokes, -0.1777},
+      {Steepest, EndTexture, 0.7407},
+      {Steepest, EndPitch, 0.3095},
+      {Steepest, EndResonance, -0.7636},
+      {Steepest, Tracked, -0.2416},
+      {Age, Level, -0.5301},
+      {Age, ToHighest, -0.1611},
+      {Age, ToLoudest, 0.4626},
+      {Age, LongFall, -0.0989},
+      {Age, LongNext, -0.0923},
+      {Age, Steepest, 0.1320},
+      {Age, ToSteepest, -0.3993},
+      {Age, Strokes, -0.5444},
+      {Age, NearStrokes, 0.2724},
+      {Age, EndTexture, -0.2493},
+      {Age, EndPitch, 0.1984},
+      {Age, EndResonance, -0.1427},
+      {Age, Tracked, 0.0691},
+      {Strokes, Level, -0.0140},
+      {Strokes, ToHighest, -0.0603},
+      {Strokes, ToLoudest, 0.3400},
+      {Strokes, LongFall, -0.3001},
+      {Strokes, LongNext, 0.1549},
+      {Strokes, ToSteepest, 0.2503},
+      {Strokes, NearStrokes, -0.2073},
+      {Strokes, EndTexture, -0.3782},
+      {Strokes, EndPitch, -0.5246},
+      {Strokes, EndResonance, 0.1756},
+      {Strokes, Tracked, -0.0311},
+      {NearStrokes, Level, -0.5485},
+      {NearStrokes, ToHighest, 0.6610},
+      {NearStrokes, ToLoudest, 0.2572},
+      {NearStrokes, LongFall, -0.2494},
+      {NearStrokes, LongNext, 0.0841},
+      {NearStrokes, ToSteepest, 0.1000},
+      {NearStrokes, EndTexture, 0.1990},
+      {NearStrokes, EndPitch, 0.6365},
+      {NearStrokes, EndResonance, -0.2897},
+      {NearStrokes, Tracked, -0.4568},
+      {EndTexture, Level, -0.2279},
+      {EndTexture, ToHighest, 0.5467},
+      {EndTexture, ToLoudest, -0.7504},
+      {EndTexture, LongFall, 0.2298},
+      {EndTexture, LongNext, 0.2653},
+      {EndTexture, ToSteepest, -0.6151},
+      {EndTexture, EndPitch, -0.3065},
+      {EndTexture, EndResonance, 0.5928},
+      {EndTexture, Tracked, 0.1293},
+      {Tracked, Level, 0.4079},
+      {Tracked, ToHighest, -0.7808},
+      {Tracked, ToLoudest, 0.7190},
+      {Tracked, LongFall, 0.4353},
+      {Tracked, LongNext, 0.0855},
+      {Tracked, ToSteepest, 0.6209},
+      {Tracked, EndPitch, 0.0918},
+      {Tracked, EndResonance, -0.2901},
+  }};
+  return kTerms;
+}
+
 std::span<const Range> rangesOf(ReattackFeature) {
   static constexpr std::array<Range, 31> kRanges{{
       {1.0000, 1.0000},    // One
-      {-1.7121, 0.8791},   // Level
-      {-1.7514, 1.3046},   // Ratio
-      {-1.5213, 1.2815},   // Rise
-      {-1.7232, 1.8523},   // RatioToBefore
-      {-4.3606, 1.3024},   // Flux
-      {-4.2775, 1.6905},   // FluxShare
-      {-2.8465, 0.4881},   // Gap
-      {0.6931, 3.3673},    // Neighbours
-      {0.0000, 3.1355},    // NewNeighbours
-      {-3.4987, 2.5611},   // Overall
+      {-1.7054, 0.8792},   // Level
+      {-1.7771, 1.3334},   // Ratio
+      {-1.5314, 1.3061},   // Rise
+      {-1.7498, 1.8695},   // RatioToBefore
+      {-4.3437, 1.0083},   // Flux
+      {-4.2331, 1.5693},   // FluxShare
+      {-2.8465, 0.4039},   // Gap
+      {0.6931, 3.3322},    // Neighbours
+      {0.0000, 3.0910},    // NewNeighbours
+      {-3.4653, 2.2778},   // Overall
       {-1.0000, 1.4500},   // Pitch
       {0.0000, 1.0000},    // Soon
-      {0.0000, 1.4649},    // Bounce
-      {-0.1421, 1.7399},   // BounceRatio
-      {0.0000, 1.7363},    // Drop
-      {0.0000, 0.9613},    // BounceOfOthers
+      {0.0016, 1.5011},    // Bounce
+      {-0.1372, 1.7003},   // BounceRatio
+      {0.0000, 1.7149},    // Drop
+      {0.0000, 0.9670},    // BounceOfOthers
       {0.0000, 6.6667},    // Others
-      {-4.6052, -0.2180},  // FundamentalFlux
-      {-4.6052, -0.2402},  // OctaveFlux
-      {-4.9661, 3.1917},   // FluxToBefore
-      {-4.1434, 3.1632},   // FluxToAfter
-      {-2.8465, 0.7333},   // Length
-      {-1.9656, 0.3214},   // LevelShare
-      {0.0000, 1.2396},    // BounceOctaveBelow
-      {0.0000, 1.1119},    // BounceOctaveAbove
-      {0.0000, 1.2936},    // BounceTwelfth
+      {-4.6052, -0.3585},  // FundamentalFlux
+      {-4.6052, -0.4025},  // OctaveFlux
+      {-4.6971, 3.1406},   // FluxToBefore
+      {-4.0649, 3.0789},   // FluxToAfter
+      {-2.8465, 0.6916},   // Length
+      {-1.9721, 0.3109},   // LevelShare
+      {0.0000, 1.3266},    // BounceOctaveBelow
+      {0.0000, 1.0790},    // BounceOctaveAbove
+      {0.0000, 1.3093},    // BounceTwelfth
       {0.0000, 1.0000},    // Covered
-      {-3.6132, -0.0457},  // StrongestRise
-      {-1.6065, 0.2187},   // Remainder
-      {0.0000, 1.4471},    // BounceBeside
+      {-3.6125, -0.1438},  // StrongestRise
+      {-1.6373, 0.2104},   // Remainder
+      {0.0000, 1.5152},    // BounceBeside
   }};
   return kRanges;
 }
@@ -341,6 +448,32 @@ std::span<const Range> rangesOf(NoteFeature) {
       {-3.9053, 1.7519},   // StrengthAbove
       {-3.9153, 1.8025},   // StrengthBelow
       {0.0000, 6.1480},    // LikelyLouder
+  }};
+  return kRanges;
+}
+
+std::span<const Range> rangesOf(EndFeature) {
+  static constexpr std::array<Range, 20> kRanges{{
+      {1.0000, 1.0000},   // One
+      {-3.5066, 0.8983},  // Level
+      {-4.4072, 0.0000},  // ToHighest
+      {-4.3695, 0.0126},  // ToLoudest
+      {-2.5137, 2.2013},  // Fall
+      {-3.9946, 4.1425},  // LongFall
+      {-2.5198, 2.3516},  // Next
+      {-3.9813, 3.8110},  // LongNext
+      {-3.8509, 0.0000},  // Steepest
+      {-3.8749, 0.9361},  // ToSteepest
+      {-2.8465, 1.5505},  // Age
+      {0.0000, 2.8332},   // Strokes
+      {0.0000, 1.0000},   // NearStrokes
+      {-3.0000, 1.3178},  // StrongestStroke
+      {0.0000, 1.0869},   // SinceStroke
+      {0.0057, 1.6048},   // EndTexture
+      {-0.9000, 0.9000},  // EndPitch
+      {-4.3169, 3.7306},  // OctaveUnder
+      {0.0000, 1.7262},   // EndResonance
+      {0.0000, 1.0000},   // Tracked
   }};
   return kRanges;
 }

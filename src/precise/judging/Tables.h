@@ -39,7 +39,8 @@ struct TrackerSettings {
   float strikeRise = 0;
 };
 
-/// Only what is surely a note, to learn the sound of the instrument from.
+/// Only what is surely a note, to learn the sound of the instrument from: a click is seen for as
+/// long as half the longest window lasts, 9 frames.
 inline constexpr TrackerSettings kLearningNotes{.start = 0.7F,
                                                 .startShare = 0.05F,
                                                 .startFlux = 0.05F,
@@ -48,7 +49,7 @@ inline constexpr TrackerSettings kLearningNotes{.start = 0.7F,
                                                 .riseShare = 0.25F,
                                                 .riseFlux = 0.10F,
                                                 .riseGap = 11,
-                                                .shortest = 9};
+                                                .shortest = 12};
 /// Whatever may be a note, for the formulas to decide.
 inline constexpr TrackerSettings kCandidateNotes{.start = 0.3F,
                                                  .startShare = 0.03F,
@@ -151,6 +152,31 @@ enum class NoteFeature : std::uint8_t {
   Count
 };
 
+/// What is known of a frame, in which a note may still sound.
+enum class EndFeature : std::uint8_t {
+  One,
+  Level,
+  ToHighest,
+  ToLoudest,
+  Fall,
+  LongFall,
+  Next,
+  LongNext,
+  Steepest,
+  ToSteepest,
+  Age,
+  Strokes,
+  NearStrokes,
+  StrongestStroke,
+  SinceStroke,
+  EndTexture,
+  EndPitch,
+  OctaveUnder,
+  EndResonance,
+  Tracked,
+  Count
+};
+
 /// A weight of the product of two features.
 template <class Feature>
 struct Term {
@@ -167,6 +193,7 @@ struct Range {
 };
 std::span<const Range> rangesOf(ReattackFeature);
 std::span<const Range> rangesOf(NoteFeature);
+std::span<const Range> rangesOf(EndFeature);
 
 /// The terms whose sum is the logarithm of the odds that a candidate is a note: of a re-attack, of
 /// any candidate by itself, of any candidate in its company. Fitted by logistic regression (L2 3.0)
@@ -178,5 +205,8 @@ std::span<const Range> rangesOf(NoteFeature);
 std::span<const Term<ReattackFeature>> reattackTerms();
 std::span<const Term<NoteFeature>> noteTerms();
 std::span<const Term<NoteFeature>> companyTerms();
+/// The same that a note still sounds in a frame. These and those of re-attacks were fitted on fast
+/// lines and on clips through a microphone in a room as well.
+std::span<const Term<EndFeature>> endTerms();
 
 }  // namespace korvel::precise

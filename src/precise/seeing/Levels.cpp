@@ -31,7 +31,13 @@ constexpr double kLeakage = 1e-3;
 constexpr std::size_t kTogether = 16;
 /// Work is done this many rows of a table at a time.
 constexpr std::size_t kRowsOfSlice = 1024;
-constexpr double kShareOfFloor = 0.8;
+constexpr double kShareOfFloor = 0.6;
+constexpr double kShareOfLoudest = 0.15;
+constexpr double kShareOfResonances = 0.1;
+/// Resonances are looked for in every eighth frame whose loudest partial has this share of that of
+/// the recording.
+constexpr std::size_t kResonanceStep = 8;
+constexpr double kSounding = 0.1;
 
 double share(std::size_t done, std::size_t all) {
   return static_cast<double>(done) / static_cast<double>(all);
@@ -64,10 +70,11 @@ void scale(float* values, const float* factors, float factor, std::size_t count)
 }
 
 KORVEL_VECTOR_CLONES
-float loudest(const float* values, const float* background, const float* factors) {
+float loudest(const float* values, const float* background, const float* factors,
+              const float* gains) {
   float largest = 0;
   for (std::size_t i = 0; i < kBins; ++i) {
-    const float level = (values[i] - background[i]) * factors[i];
+    const float level = (values[i] - background[i]) * factors[i] * gains[i];
     largest = level > largest ? level : largest;
   }
   return largest;
@@ -101,8 +108,15 @@ platform::Slices Levels::measure(const FrameTable& spectra, double power, Earlie
   platform::Slices floor = measureFloor(spectra, earlier.rows);
   while (floor.next()) co_yield floor.done() * kShareOfFloor;
   m_floor = medians(m_floor);
+  const auto after = [](double before, double part, double done) { return before + part * done; };
   platform::Slices loudest = measureLoudest(spectra);
-  while (loudest.next()) co_yield kShareOfFloor + (1 - kShareOfFloor) * loudest.done();
+  while (loudest.next()) co_yield after(kShareOfFloor, kShareOfLoudest, loudest.done());
+  m_ref = quantile(m_loudest, kRefShare);
+  platform::Slices resonances = findResonances(spectra, earlier.rows);
+  while (resonances.next())
+    co_yield after(kShareOfFloor + kShareOfLoudest, kShareOfResonances, resonances.done());
+  if (!m_resonances.areNone()) loudest = measureLoudest(spectra);
+  while (loudest.next()) co_yield after(1 - kShareOfLoudest, kShareOfLoudest, loudest.done());
   m_loudest = earlier.loudest.join(m_loudest);
   const double ref = quantile(m_loudest, kRefShare);
   m_ref = ref < std::max(kSilence, kLeakage * std::sqrt(power)) ? 0 : ref;
@@ -134,13 +148,37 @@ platform::Slices Levels::measureFloor(const FrameTable& spectra,
 platform::Slices Levels::measureLoudest(const FrameTable& spectra) {
   m_loudest.resize(spectra.frames());
   for (std::size_t t = 0; t < spectra.frames(); ++t) {
-    m_loudest[t] = loudest(spectra.row(t).data(), m_floor.data(), emphasis().data());
+    m_loudest[t] = loudest(spectra.row(t).data(), m_floor.data(), emphasis().data(),
+                           m_resonances.gains().data());
     if (t % kRowsOfSlice == 0) co_yield share(t, spectra.frames());
   }
 }
 
+platform::Slices Levels::findResonances(const FrameTable& spectra,
+                                        const std::vector<BinRow>& earlier) {
+  const std::size_t step = earlier.empty() ? kResonanceStep : kStepOfWindows;
+  for (const BinRow& row : earlier) lookForResonances(row);
+  for (std::size_t t = 0; t < spectra.frames(); t += step) {
+    lookForResonances(spectra.row(t));
+    if (t % kRowsOfSlice == 0) co_yield 0.5 * share(t, spectra.frames());
+  }
+  const auto frames = static_cast<double>(step * m_resonances.frames());
+  platform::Slices settling = m_resonances.settle(frames / kFramesPerSecond);
+  while (settling.next()) co_yield 0.5 + 0.5 * settling.done();
+}
+
+void Levels::lookForResonances(std::span<const float> magnitudes) {
+  if (m_ref == 0) return;
+  BinRow levels;
+  std::ranges::copy(magnitudes, levels.begin());
+  subtract(levels.data(), m_floor.data(), kBins);
+  emphasise(levels, m_ref);
+  if (std::ranges::max(levels) > std::pow(kSounding, kCompression)) m_resonances.look(levels);
+}
+
 void Levels::apply(std::span<float, kBins> magnitudes) const {
   subtract(magnitudes.data(), m_floor.data(), kBins);
+  scale(magnitudes.data(), m_resonances.gains().data(), 1, kBins);
   emphasise(magnitudes, m_ref);
 }
 

@@ -8,6 +8,7 @@
 
 #include "platform/loop/Slices.h"
 #include "precise/Scale.h"
+#include "precise/judging/Resonances.h"
 #include "precise/seeing/FrameTable.h"
 #include "precise/seeing/KeptValues.h"
 
@@ -28,27 +29,33 @@ class Levels {
   };
 
   /// Finds the level of the background in each bin, what a tenth of the frames stay below, smoothed
-  /// over neighbouring bins, and the reference level: the loudest partials of all frames but the
-  /// loudest fiftieth. power: the mean square of what was recorded; when next to nothing of it is
-  /// seen, as of a constant, the spectra count as silence.
+  /// over neighbouring bins; what resonates; and the reference level: the loudest partials of all
+  /// frames but the loudest fiftieth. power: the mean square of what was recorded; when next to
+  /// nothing of it is seen, as of a constant, the spectra count as silence.
   platform::Slices measure(const FrameTable& spectra, double power) {
     return measure(spectra, power, m_none);
   }
   /// The same beside the windows before, to which this one is added; they have to live meanwhile.
   platform::Slices measure(const FrameTable& spectra, double power, Earlier& earlier);
 
-  /// Subtracts the background of a frame's magnitudes, emphasises and compresses them.
+  /// Subtracts the background of a frame's magnitudes, takes out what resonates, emphasises and
+  /// compresses them.
   void apply(std::span<float, kBins> magnitudes) const;
 
+  /// What magnitudes are multiplied by, as they resonate.
+  const BinRow& gains() const { return m_resonances.gains(); }
   /// 0 for silence, which has nothing to be compared with.
   double ref() const { return m_ref; }
 
  private:
   platform::Slices measureFloor(const FrameTable& spectra, const std::vector<BinRow>& earlier);
   platform::Slices measureLoudest(const FrameTable& spectra);
+  platform::Slices findResonances(const FrameTable& spectra, const std::vector<BinRow>& earlier);
+  void lookForResonances(std::span<const float> magnitudes);
 
   Earlier m_none;
   BinRow m_floor{};
+  Resonances m_resonances;
   double m_ref = 0;
   std::vector<float> m_loudest;  ///< Of each frame, while it is measured.
 };
