@@ -101,13 +101,14 @@ std::vector<Onset> joined(std::span<const fingering::Note> notes) {
   return onsets;
 }
 
-/// The value below which a share of all lies; sorts them.
+/// The value below which a share of all lies; changes their order.
 double quantile(std::vector<double>& values, double share) {
-  std::ranges::sort(values);
   const double at = share * static_cast<double>(values.size() - 1);
-  const auto below = static_cast<std::size_t>(at);
-  const std::size_t above = std::min(below + 1, values.size() - 1);
-  return values[below] + (at - static_cast<double>(below)) * (values[above] - values[below]);
+  const auto below = values.begin() + static_cast<std::ptrdiff_t>(at);
+  std::ranges::nth_element(values, below);
+  if (below + 1 == values.end()) return *below;
+  const double above = *std::min_element(below + 1, values.end());
+  return *below + (at - std::floor(at)) * (above - *below);
 }
 
 /// Compares onsets with their neighbours.
