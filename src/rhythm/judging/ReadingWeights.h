@@ -7,8 +7,9 @@
 
 namespace korvel::rhythm {
 
-/// The weights of the features, in their order. They were fitted to made-up pieces whose reading is
-/// known, as a conditional logit over all readings of a piece.
+/// The weights of the features, in their order: the mean of fits of tools/rhythm/fit_rhythm.py to
+/// 700 and to 1,100 made-up pieces whose reading is known, and to parts of 13 performances, as a
+/// conditional logit over all readings of a piece.
 inline constexpr std::array<double, kFeatures> kReadingWeights{
     0.443,    // barFit
     0.214,    // chordFit
