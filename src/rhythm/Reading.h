@@ -39,6 +39,8 @@ struct ChordSpan {
   int to = 0;
   int root = -1;  ///< Pitch class, 0..11 with C = 0; -1 where there is no chord.
   Quality quality = Quality::major;
+  /// What sounds for a good part of it, bit n for pitch class n; 0 as long as nobody has asked.
+  unsigned pitchClasses = 0;
 
   bool operator==(const ChordSpan&) const = default;
 };

@@ -75,7 +75,7 @@ TEST_F(QBCmdImportSongTest, preciseSongKeepsTimeWithTheRecording) {
 /// Eight bars at 100 beats a minute, a chord in each, and a last one.
 std::vector<test::Strum> bars() {
   std::vector<test::Strum> strums{{{}, 0.5}};
-  for (int i = 0; i < 8; ++i) {
+  for (std::size_t i = 0; i < 8; ++i) {
     const std::vector<int> notes =
         test::notesOf(std::array{"x32010", "320003", "x02210", "xx3211"}[i % 4]);
     strums.push_back({notes, 0.6});

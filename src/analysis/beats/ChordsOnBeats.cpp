@@ -22,8 +22,8 @@ namespace korvel {
 ChordsOnBeats::ChordsOnBeats(const HeardSound& heard)
     : m_tempo(heard.rhythm.reading.tempo()),
       m_reading(heard.rhythm.reading),
-      m_chords(writtenChords(heard.notes, m_reading)),
-      m_pitchClasses(pitchClassesOfSpans(heard.notes, m_reading)) {
+      m_chords(writtenChords(heard.notes, m_reading)) {
+  tellPitchClasses(heard.notes, m_reading);
   m_reading.events.clear();
   m_reading.notes.clear();
 }
@@ -69,7 +69,7 @@ void ChordsOnBeats::name(const WrittenChord& written, QBChord& chord) const {
   if (written.span < 0) return;
   const auto span = static_cast<std::size_t>(written.span);
   const rhythm::ChordSpan& named = m_reading.chords[span];
-  if (QBHarmony* harmony = harmonyOf(QBTabMgr::of(chord), named, m_pitchClasses[span])) {
+  if (QBHarmony* harmony = harmonyOf(QBTabMgr::of(chord), named)) {
     chord.setHarmony(harmony);
     chord.setBaseTone(named.root);
   }

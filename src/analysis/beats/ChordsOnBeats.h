@@ -32,7 +32,6 @@ class ChordsOnBeats final : public ChordSupply {
   double m_tempo;
   rhythm::Reading m_reading;  ///< Without its notes.
   std::vector<WrittenChord> m_chords;
-  std::vector<unsigned> m_pitchClasses;  ///< Of the reading's chords, bit n for pitch class n.
   std::size_t m_next = 0;
   platform::Ref<QBMeasure> m_measure;
 };

@@ -3,7 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
+#include <iterator>
 #include <string_view>
+#include <vector>
 
 #include "model/book/QBHarmony.h"
 #include "model/store/QBTabMgr.h"
@@ -28,13 +31,36 @@ unsigned mainOnes(const Weights& weights) {
   return classes;
 }
 
-bool isJust(QBHarmony& harmony, int root, unsigned pitchClasses) {
-  for (int note = 0; note < kNotesPerOctave; ++note)
-    if (harmony.includesNote(root, note) != ((pitchClasses >> note & 1U) != 0)) return false;
-  return true;
+/// A type by the tones that it has, bit n for n half tones above the root.
+struct TypeOfTones {
+  unsigned tones;
+  std::string_view type;
+};
+
+constexpr unsigned setOf(std::initializer_list<int> steps) {
+  unsigned tones = 0;
+  for (const int step : steps) tones |= 1U << step;
+  return tones;
 }
 
-}  // namespace
+constexpr TypeOfTones kTypes[] = {
+    {setOf({0, 5, 7}), "sus4"},        {setOf({0, 2, 7}), "sus2"},
+    {setOf({0, 3, 6}), "dim"},         {setOf({0, 4, 8}), "aug"},
+    {setOf({0, 5, 7, 10}), "7sus4"},   {setOf({0, 2, 4, 7}), "add9"},
+    {setOf({0, 3, 6, 10}), "m7b5"},    {setOf({0, 3, 6, 9}), "dim7"},
+    {setOf({0, 4, 7, 9}), "6"},        {setOf({0, 3, 7, 9}), "m6"},
+    {setOf({0, 2, 4, 7, 10}), "9"},    {setOf({0, 4, 7}), ""},
+    {setOf({0, 3, 7}), "m"},           {setOf({0, 4, 7, 10}), "7"},
+    {setOf({0, 3, 7, 10}), "m7"},      {setOf({0, 4, 7, 11}), "maj7"},
+    {setOf({0, 2, 4, 7, 11}), "maj9"}, {setOf({0, 2, 3, 7, 10}), "m9"}};
+
+/// A fifth alone; where a third was heard, however faint, the quality tells it.
+constexpr TypeOfTones kPower{setOf({0, 7}), "5"};
+
+unsigned above(int root, unsigned pitchClasses) {
+  const unsigned all = (1U << kNotesPerOctave) - 1;
+  return (pitchClasses >> root | pitchClasses << (kNotesPerOctave - root)) & all;
+}
 
 std::string_view typeOf(Quality quality) {
   switch (quality) {
@@ -52,34 +78,39 @@ std::string_view typeOf(Quality quality) {
   return "";
 }
 
-std::vector<unsigned> pitchClassesOfSpans(std::span<const fingering::Note> notes,
-                                          const rhythm::Reading& reading) {
+}  // namespace
+
+std::string_view typeOf(const rhythm::ChordSpan& span) {
+  const unsigned tones = span.root < 0 ? 0 : above(span.root, span.pitchClasses);
+  if (tones == kPower.tones && span.quality == Quality::major) return kPower.type;
+  const auto* found = std::ranges::find(kTypes, tones, &TypeOfTones::tones);
+  return found == std::end(kTypes) ? typeOf(span.quality) : found->type;
+}
+
+void tellPitchClasses(std::span<const fingering::Note> notes, rhythm::Reading& reading) {
   std::vector<Weights> weights(reading.chords.size());
-  for (std::size_t i = 0; i < notes.size(); ++i) {
-    const double from = reading.tickOf(notes[i].onset);
-    const double to = reading.tickOf(notes[i].end);
+  for (const fingering::Note& note : notes) {
+    if (note.string < 0) continue;
+    const double from = reading.tickOf(note.onset);
+    const double to = reading.tickOf(note.end);
     const auto first = std::ranges::upper_bound(reading.chords, from, {},
                                                 [](const auto& span) { return span.to; });
     for (auto span = first; span != reading.chords.end() && span->from < to; ++span) {
       const double shared = std::min<double>(to, span->to) - std::max<double>(from, span->from);
       const auto at = static_cast<std::size_t>(span - reading.chords.begin());
-      weights[at][static_cast<std::size_t>(notes[i].pitch % kNotesPerOctave)] +=
-          shared * static_cast<double>(notes[i].probability);
+      weights[at][static_cast<std::size_t>(note.pitch % kNotesPerOctave)] +=
+          shared * static_cast<double>(note.probability);
     }
   }
-  std::vector<unsigned> classes;
-  for (const Weights& each : weights) classes.push_back(mainOnes(each));
-  return classes;
+  for (std::size_t i = 0; i < weights.size(); ++i)
+    reading.chords[i].pitchClasses = mainOnes(weights[i]);
 }
 
-QBHarmony* harmonyOf(const QBTabMgr& db, const rhythm::ChordSpan& span, unsigned pitchClasses) {
-  QBHarmony* usual = nullptr;
-  QBHarmony* just = nullptr;
-  for (const auto& harmony : db.harmonies()) {
-    if (harmony->type() == typeOf(span.quality)) usual = harmony;
-    if (isJust(*harmony, span.root, pitchClasses)) just = harmony;
-  }
-  return just ? just : usual;
+QBHarmony* harmonyOf(const QBTabMgr& db, const rhythm::ChordSpan& span) {
+  QBHarmony* named = nullptr;
+  for (const auto& harmony : db.harmonies())
+    if (harmony->type() == typeOf(span)) named = harmony;
+  return named;
 }
 
 }  // namespace korvel

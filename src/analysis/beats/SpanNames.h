@@ -3,7 +3,6 @@
 
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include "fingering/Note.h"
 #include "rhythm/Reading.h"
@@ -13,16 +12,15 @@ namespace korvel {
 class QBHarmony;
 class QBTabMgr;
 
-/// For each chord of the reading the pitch classes that sound for a good part of it, bit n for
-/// pitch class n; passing notes are not among them.
-std::vector<unsigned> pitchClassesOfSpans(std::span<const fingering::Note> notes,
-                                          const rhythm::Reading& reading);
+/// Tells the reading's chords which pitch classes sound for a good part of them; passing notes are
+/// not among them, nor are those that no string plays.
+void tellPitchClasses(std::span<const fingering::Note> notes, rhythm::Reading& reading);
 
-/// As the chord book calls it: "m7".
-std::string_view typeOf(rhythm::Quality quality);
+/// As the chord book calls it: "m7", and by the pitch classes what the quality does not tell, such
+/// as "sus4".
+std::string_view typeOf(const rhythm::ChordSpan& span);
 
-/// The harmony of the chord book that a span is called by: the one on its root that has just these
-/// pitch classes, such as sus4, else the one of its quality. None when the book lacks that.
-QBHarmony* harmonyOf(const QBTabMgr& db, const rhythm::ChordSpan& span, unsigned pitchClasses);
+/// The harmony of the chord book of that type; none when the book lacks it.
+QBHarmony* harmonyOf(const QBTabMgr& db, const rhythm::ChordSpan& span);
 
 }  // namespace korvel

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <utility>
 
+#include "analysis/beats/SpanNames.h"
 #include "analysis/chords/Transcription.h"
 #include "audio/QBSampleSource.h"
 #include "platform/sound/SampleRate.h"
@@ -48,6 +49,7 @@ void Listening::Work::keep(Transcription& listened) {
                  static_cast<double>(listened.samples()) / platform::kSampleRate,
                  found.tuningOffset,
                  settings.fingering.capo};
+  tellPitchClasses(heard.sound.notes, heard.sound.rhythm.reading);
 }
 
 /// Whether it came to its end.

@@ -193,7 +193,8 @@ void ScoreWriter::writeTempo(double tempo) {
     const auto metronome = m_xml->open("metronome");
     m_xml->add("beat-unit", "quarter");
     if (dotted) m_xml->add("beat-unit-dot");
-    m_xml->add("per-minute", textOf(dotted ? tempo / kQuartersOfDottedOne : tempo));
+    const double beats = dotted ? tempo / kQuartersOfDottedOne : tempo;
+    m_xml->add("per-minute", std::to_string(std::lround(beats)));
   }
   writeSound(tempo);
 }

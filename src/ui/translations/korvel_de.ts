@@ -891,6 +891,10 @@
         <source>this chord is too short to be divided; make it longer first</source>
         <translation>dieser Akkord ist zu kurz, um geteilt zu werden; verlängere ihn zuerst</translation>
     </message>
+    <message>
+        <source>there are no beats at that time</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>

@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "analysis/beats/SpanNames.h"
 #include "export/MidiClock.h"
 #include "export/score/SongBeats.h"
 
@@ -40,12 +41,11 @@ std::optional<ScoreKey> keyOf(const rhythm::Reading& reading) {
 }
 
 std::optional<ScoreHarmony> harmonyAt(const rhythm::Reading& reading, int tick) {
-  const char* const types[] = {"", "m", "7", "m7", "maj7"};
   const auto after = std::ranges::upper_bound(reading.chords, tick, {}, &rhythm::ChordSpan::from);
   if (after == reading.chords.begin()) return std::nullopt;
   const rhythm::ChordSpan& span = *std::prev(after);
   if (tick >= span.to || span.root < 0) return std::nullopt;
-  return ScoreHarmony{span.root, types[static_cast<std::size_t>(span.quality)]};
+  return ScoreHarmony{span.root, std::string(typeOf(span))};
 }
 
 /// The beat that the recording itself begins with: its first sound is in it, or in a later one, and

@@ -164,7 +164,7 @@ void LiveRecording::hearWhole() {
     m_second->step();
     if (m_listeners.progress) m_listeners.progress(m_second->progress());
     if (m_state != State::hearing || !m_second->atEnd()) return;
-    m_second->takePlace(*m_made);
+    m_second->takePlace(*m_made, m_sound->take().file());
     if (isHeardWhole()) m_db.context().save();
     finishHeard();
   } catch (const std::exception& error) {

@@ -6,8 +6,10 @@
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
 #include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
+#include "workflow/hearing/KeptRecording.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/library/QBNameMgr.h"
 
@@ -40,8 +42,10 @@ void TakeHearing::step() {
   for (int taken = 0; taken < most && m_hearing->next(); ++taken) continue;
 }
 
-void TakeHearing::takePlace(NewSong& live) {
+void TakeHearing::takePlace(NewSong& live, const std::filesystem::path& take) {
   if (!hasTones(*m_song)) return;
+  if (const HeardSound* heard = m_hearing->heard())
+    keepingRecording(QBTabMgr::of(*m_song), *m_song, take.string(), *heard).finish();
   m_hearing->end();
   m_song->setTitle(live.song()->title());
   buildTab(*m_song);

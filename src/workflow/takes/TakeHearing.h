@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
 #include <memory>
 
 #include "platform/persistence/Ref.h"
@@ -31,7 +32,8 @@ class TakeHearing {
   void step();
   /// The song takes the live one's place, unless nothing was heard in it. To be saved in one
   /// change, so that the store always has one of the two whole.
-  void takePlace(NewSong& live);
+  /// take: the file of the take, which the song gets as its recording, with what was heard there.
+  void takePlace(NewSong& live, const std::filesystem::path& take);
 
   /// How much of the take was heard, 0..1.
   double progress() const;

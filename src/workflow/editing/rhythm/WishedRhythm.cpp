@@ -14,6 +14,7 @@ using platform::phrase;
 
 /// Two beats are never nearer, in seconds.
 constexpr double kLeastBeat = 0.1;
+constexpr double kLongestBeat = 4;
 
 bool isWhole(double factor) { return factor == std::round(factor); }
 
@@ -50,7 +51,7 @@ void WishedRhythm::setTempo(double beatsPerMinute) {
 void WishedRhythm::setTaps(std::vector<double> seconds) {
   std::ranges::sort(seconds);
   const auto isSame = [](double before, double after) { return after - before < kLeastBeat; };
-  seconds.erase(std::ranges::unique(seconds, isSame).begin(), seconds.end());
+  seconds.erase(std::unique(seconds.begin(), seconds.end(), isSame), seconds.end());
   if (seconds.size() < kFewestTaps)
     throw EditRefused(phrase("Message", "tap along for at least %1 beats"),
                       static_cast<int>(kFewestTaps));
@@ -72,7 +73,13 @@ void WishedRhythm::setFeel(rhythm::Feel feel) {
 
 void WishedRhythm::setFinest(int value) { m_wishes.finest = value; }
 
-void WishedRhythm::setBarLine(double seconds) { m_wishes.barLine = seconds; }
+void WishedRhythm::setBarLine(double seconds) {
+  const bool isWithin = !m_reading.beats.empty() &&
+                        seconds >= m_reading.beats.front() - kLongestBeat &&
+                        seconds <= m_reading.beats.back() + kLongestBeat;
+  if (!isWithin) throw EditRefused(phrase("Message", "there are no beats at that time"));
+  m_wishes.barLine = seconds;
+}
 
 void WishedRhythm::requireBeats() const {
   if (m_reading.beats.size() < kFewestTaps)
