@@ -893,7 +893,7 @@
     </message>
     <message>
         <source>there are no beats at that time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu dieser Zeit gibt es keine Schläge</translation>
     </message>
 </context>
 <context>
