@@ -83,7 +83,7 @@ const Piece kPieces[] = {
     {"a waltz", 150, "Bdd", 1, {3}},
     {"a shuffle", 112, "DuduDudu", 2, {4}, Feel::swing, 0.64},
     {"triplets", 84, "DduDduDduDdu", 3, {4}, Feel::triplets},
-    {"six eighths", 66, "BduDdu", 3, {2, true}},
+    {"six eighths", 66, "BdudduBdduuu", 3, {2, true}},
     {"a ritardando", 104, "D.dud.du", 2, {4}, Feel::straight, 0, 0, 0.25},
 };
 

@@ -28,7 +28,7 @@ using CueWeights = std::array<double, kCues>;
 constexpr CueWeights kOnBeats{.45, .20, .35, .80, .90, .15, -.30};
 constexpr CueWeights kOnBars{.30, .10, .45, .15, .50, .90, -.30};
 /// How much the accent decides on which places of a beat notes stand.
-constexpr double kAccentOnPlaces = 0.45;
+constexpr double kAccentOnPlaces = 0.72;
 
 double bounded(double value) { return std::clamp(value, -1.0, 1.0); }
 

@@ -11,7 +11,7 @@ namespace {
 /// How many onsets the profile of all beats counts for, against that of each.
 constexpr double kOfAllBeats = 45;
 /// How much an accent decides on which beats of a bar notes stand.
-constexpr double kAccentOnBeats = 0.5;
+constexpr double kAccentOnBeats = 0.8;
 constexpr int kBarRounds = 2;
 
 using BarShares = std::array<PlaceShares, kMostBeats>;

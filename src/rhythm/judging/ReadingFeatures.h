@@ -36,12 +36,6 @@ enum class Feature : std::size_t {
   changesOfBar,         ///< Octaves of the number of chord changes in a bar above 0.7,
   changesOfBarSquared,  ///< and the square of that.
   beatFit,              ///< How well onsets stand on the places of its beats.
-  half,                 ///< The share of onsets on halves of beats,
-  firstThird,           ///< on their first thirds,
-  secondThird,          ///< on their second thirds.
-  writing,              ///< What it costs to write an onset down.
-  emptyBars,            ///< The share of bar lines on which no onset is.
-  chordMean,            ///< chordFit of a single change.
   // How much the cues of onsets on beats are above those of others,
   beatLoud,
   beatLong,

@@ -9,7 +9,6 @@
 #include "rhythm/judging/OnsetPhases.h"
 #include "rhythm/judging/PlaceFit.h"
 #include "rhythm/judging/ReadingWeights.h"
-#include "rhythm/writing/WrittenPlaces.h"
 
 namespace korvel::rhythm {
 namespace {
@@ -114,11 +113,6 @@ void ReadingSearch::setTextures(ReadingFeatures& features, const Candidate& cand
   features[Feature::changesOfBar] = changing;
   features[Feature::changesOfBarSquared] = changing * changing;
   features[Feature::beatFit] = fit.score;
-  features[Feature::chordMean] = features[Feature::chordFit] / std::max(1.0, changes);
-  features[Feature::half] = use.half;
-  features[Feature::firstThird] = use.firstThird;
-  features[Feature::secondThird] = use.secondThird;
-  features[Feature::writing] = use.writing;
 }
 
 /// What says which onsets are on beats, and which beats are bar lines.
@@ -126,24 +120,16 @@ void ReadingSearch::setContrasts(ReadingFeatures& features, const OnsetPhases& p
                                  const Bars& bars) const {
   constexpr float kOnBeat = 0.12F, kOffBeat = 0.2F;
   CueContrast beats, lines;
-  std::size_t struck = 0, last = 0;
   for (std::size_t i = 0; i < m_onsets.size(); ++i) {
     const Phase& phase = phases.all()[i];
     const float off = std::min(phase.share, 1 - phase.share);
     if (off <= kOnBeat) {
-      const std::size_t beat = phase.beat + (phase.share > 0.5F);
-      const bool isLine = bars.of(beat) == 0;
       beats.add(m_onsets[i], true);
-      lines.add(m_onsets[i], isLine);
-      if (isLine && beat + 1 != last) ++struck;
-      if (isLine) last = beat + 1;
+      lines.add(m_onsets[i], bars.of(phase.beat + (phase.share > 0.5F)) == 0);
     } else if (off >= kOffBeat) {
       beats.add(m_onsets[i], false);
     }
   }
-  const std::size_t count = phases.all().back().beat - phases.all().front().beat + 1;
-  const double all = std::max(1.0, static_cast<double>(count) / static_cast<double>(bars.beats));
-  features[Feature::emptyBars] = 1 - std::min(1.0, static_cast<double>(struck) / all);
   features.setFrom(Feature::beatLoud, beats.result());
   features.setFrom(Feature::barLoud, lines.result());
 }
@@ -187,8 +173,8 @@ platform::Slices ReadingSearch::run(std::vector<BeatTrack> tracks) {
   for (std::size_t i = 0; i < m_tracks.size(); ++i) {
     const double done = static_cast<double>(i) / static_cast<double>(m_tracks.size());
     for (const Division division : divisions()) {
-      platform::Slices scoring = scoreTrack(i, division);
-      while (scoring.next()) co_yield kShareOfChoice + (1 - kShareOfChoice) * done;
+      co_yield kShareOfChoice + (1 - kShareOfChoice) * done;
+      scoreTrack(i, division);
     }
   }
   rank();
@@ -237,13 +223,10 @@ void ReadingSearch::keepBest(std::vector<Rated>& all) {
   }
 }
 
-platform::Slices ReadingSearch::scoreTrack(std::size_t track, Division division) {
+void ReadingSearch::scoreTrack(std::size_t track, Division division) {
   OnsetPhases phases(m_onsets, m_tracks[track]);
-  DivisionUse use = useOf(m_onsets, phases.all());
+  const DivisionUse use = useOf(m_onsets, phases.all());
   const PlaceFit fit = bestPlaceFit(m_onsets, phases, division);
-  const std::size_t beatsOfTrack = m_tracks[track].size() - 1;
-  use.writing = writtenPlaces(m_onsets, phases.all(), beatsOfTrack, {division}).price /
-                static_cast<double>(m_onsets.size());
   Candidate candidate;
   candidate.track = track;
   candidate.division = division;
@@ -251,7 +234,6 @@ platform::Slices ReadingSearch::scoreTrack(std::size_t track, Division division)
   candidate.penalty = penalty(m_tracks[track]);
   const auto wished = m_limits.metre ? static_cast<std::size_t>(m_limits.metre->beats) : 0;
   for (std::size_t beats = wished ? wished : 2; beats <= (wished ? wished : 4); ++beats) {
-    co_yield 0;
     for (std::size_t first = 0; first < beats; ++first) {
       candidate.bars = {beats, first};
       scoreBars(candidate, phases, fit, use);

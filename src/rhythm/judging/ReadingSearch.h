@@ -22,7 +22,6 @@ struct DivisionUse {
   double half = 0;
   double fine = 0;        ///< Near quarters and sixths.
   double emptyBeats = 0;  ///< The share of the beats that have no onset near them.
-  double writing = 0;     ///< What it costs to write an onset down.
 };
 
 /// One way to read the onsets: a track whose beats are divided and make bars in some way.
@@ -78,7 +77,7 @@ class ReadingSearch {
   std::vector<BeatTrack> variants(const BeatTrack& track) const;
   Rated rated(BeatTrack track) const;
   void keepBest(std::vector<Rated>& all);
-  platform::Slices scoreTrack(std::size_t track, Division division);
+  void scoreTrack(std::size_t track, Division division);
   void scoreBars(Candidate candidate, const OnsetPhases& phases, const PlaceFit& fit,
                  const DivisionUse& use);
   void setTextures(ReadingFeatures& features, const Candidate& candidate, const DivisionUse& use,

@@ -7,56 +7,49 @@
 
 namespace korvel::rhythm {
 
-/// The weights of the features, in their order: the mean of fits of tools/rhythm/fit_rhythm.py to
-/// 700 and to 1,100 made-up pieces whose reading is known, and to parts of 13 performances, as a
-/// conditional logit over all readings of a piece.
+/// The weights of the features, in their order. They were fitted to made-up pieces whose reading is
+/// known, as a conditional logit over all readings of a piece.
 inline constexpr std::array<double, kFeatures> kReadingWeights{
-    0.443,    // barFit
-    0.214,    // chordFit
-    2.95,     // tempo
-    -2.02,    // tempoSquared
+    0.457,    // barFit
+    0.368,    // chordFit
+    2.99,     // tempo
+    -2,       // tempoSquared
     -1.24,    // barLength
-    0.201,    // barLengthSquared
-    -4.08,    // bend
-    -0.109,   // binaryFour
-    -1.95,    // binaryThree
-    -3.22,    // binaryTwo
-    -1.57,    // ternaryFour
-    -5.05,    // ternaryThree
-    -2.98,    // ternaryTwo
+    0.325,    // barLengthSquared
+    -2.78,    // bend
+    -0.195,   // binaryFour
+    -2.07,    // binaryThree
+    -3.28,    // binaryTwo
+    -1.3,     // ternaryFour
+    -4.87,    // ternaryThree
+    -3.44,    // ternaryTwo
     0.8,      // startsOnBar
-    0.833,    // endsOnBar
-    -0.801,   // notSix
-    -0.577,   // ternaryTempo
-    -4.05,    // sixTempo
-    2.17,     // onsetsOfBeat
-    0.705,    // onsetsOfBeatSquared
-    -1.75,    // emptyBeats
-    -1.74,    // fine
-    -4.64,    // idleTernary
-    0.109,    // changesOfBar
-    -0.826,   // changesOfBarSquared
-    -0.0429,  // beatFit
-    0.995,    // half
-    -8.12,    // firstThird
-    5.67,     // secondThird
-    -1.17,    // writing
-    -0.952,   // emptyBars
-    1.64,     // chordMean
-    2.86,     // beatLoud
-    -1.34,    // beatLong
-    3.53,     // beatLow
-    -0.967,   // beatStroke
-    4.59,     // beatHeld
-    -4.42,    // beatFresh
-    2.53,     // beatAgain
-    1.57,     // barLoud
-    -2.3,     // barLong
-    2.72,     // barLow
-    -2.85,    // barStroke
-    3.46,     // barHeld
-    2.27,     // barFresh
-    -0.151,   // barAgain
+    0.875,    // endsOnBar
+    -0.329,   // notSix
+    0.796,    // ternaryTempo
+    -5.01,    // sixTempo
+    2.12,     // onsetsOfBeat
+    0.778,    // onsetsOfBeatSquared
+    -3.12,    // emptyBeats
+    -1.84,    // fine
+    -4.11,    // idleTernary
+    0.0959,   // changesOfBar
+    -0.589,   // changesOfBarSquared
+    -0.0893,  // beatFit
+    1.71,     // beatLoud
+    -1.39,    // beatLong
+    3.33,     // beatLow
+    -0.898,   // beatStroke
+    4.77,     // beatHeld
+    -2.82,    // beatFresh
+    2.22,     // beatAgain
+    1.75,     // barLoud
+    -1.91,    // barLong
+    2.51,     // barLow
+    -3.32,    // barStroke
+    3.18,     // barHeld
+    2.11,     // barFresh
+    -0.358,   // barAgain
 };
 
 }  // namespace korvel::rhythm

@@ -98,7 +98,6 @@ WrittenPlaces writtenPlaces(std::span<const Onset> onsets, std::span<const Phase
   result.ticks.resize(onsets.size());
   result.division.resize(beats);
   auto d = static_cast<std::size_t>(std::ranges::min_element(total) - total.begin());
-  result.price = total[d];
   for (std::size_t beat = beats; beat-- > 0;) {
     result.division[beat] = kSteps[d];
     for (std::size_t i = firsts[beat]; i < firsts[beat + 1]; ++i) {

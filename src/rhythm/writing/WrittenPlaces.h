@@ -13,7 +13,6 @@ namespace korvel::rhythm {
 struct WrittenPlaces {
   std::vector<int> ticks;     ///< Of each onset, never before that of the one before.
   std::vector<int> division;  ///< Of each beat: the ticks from one of its places to the next.
-  double price = 0;           ///< How complex and how inexact it is.
 };
 
 struct WritingSettings {
