@@ -19,14 +19,6 @@ constexpr double kShareOfReading = 0.25;
 constexpr double kShareOfHearing = 0.6;
 constexpr double kShareOfFingering = 0.05;
 
-/// What no string plays is hardly a note, so that it says little about the music.
-std::vector<fingering::Note> playable(std::vector<fingering::Note> notes) {
-  constexpr float kHardly = 0.02F;
-  for (fingering::Note& note : notes)
-    if (note.string < 0) note.probability *= kHardly;
-  return notes;
-}
-
 }  // namespace
 
 Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
@@ -82,7 +74,7 @@ void Transcription::hear() {
 void Transcription::finger() {
   for (int i = 0; i < kEventsOfPart; ++i) {
     if (m_placing.next()) continue;
-    m_reader.emplace(playable(m_result.notes), m_wishes);
+    m_reader.emplace(m_result.notes, m_wishes);
     m_phase = Phase::rhythm;
     return;
   }

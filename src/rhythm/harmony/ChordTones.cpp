@@ -44,12 +44,18 @@ float scoreOf(const Template& chord, int root, const Sounding& sounding, float a
 
 }  // namespace
 
+bool areFingered(std::span<const fingering::Note> notes) {
+  return std::ranges::any_of(notes, [](const fingering::Note& note) { return note.string >= 0; });
+}
+
 std::vector<Sounding> soundingBetween(std::span<const double> times,
                                       std::span<const fingering::Note> notes) {
   std::vector<Sounding> result(times.empty() ? 0 : times.size() - 1);
   std::vector<int> lowest(result.size(), kAboveBass);
   std::size_t first = 0;
+  const bool haveStrings = areFingered(notes);
   for (const fingering::Note& note : notes) {
+    if (haveStrings && note.string < 0) continue;
     while (first < result.size() && times[first + 1] <= note.onset) ++first;
     const double end = std::min(note.end, note.onset + kLongestRinging);
     for (std::size_t i = first; i < result.size() && times[i] < end; ++i) {

@@ -25,6 +25,10 @@ struct Sounding {
   int bass = -1;                               ///< Pitch class of the lowest note, if it is low.
 };
 
+/// Whether strings were chosen for notes. What no string plays is hardly a note then, and says
+/// nothing of chords and key.
+bool areFingered(std::span<const fingering::Note> notes);
+
 /// What sounds from each of these times to the next one; `times` ascend. Notes by onset.
 std::vector<Sounding> soundingBetween(std::span<const double> times,
                                       std::span<const fingering::Note> notes);

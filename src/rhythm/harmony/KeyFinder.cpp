@@ -21,7 +21,9 @@ constexpr double kLastChord = 0.06;
 
 Profile used(std::span<const fingering::Note> notes) {
   Profile sums{};
+  const bool haveStrings = areFingered(notes);
   for (const fingering::Note& note : notes) {
+    if (haveStrings && note.string < 0) continue;
     const double length = std::clamp(note.end - note.onset, 0.0, 1.0);
     const auto tone =
         static_cast<std::size_t>((note.pitch % kPitchClasses + kPitchClasses) % kPitchClasses);
