@@ -44,6 +44,20 @@ BeatTrack withBeatsAt(BeatTrack track, const ReadingLimits& limits) {
   return track;
 }
 
+/// What rings on a little beyond the last bar in which something is struck makes no bar of its own.
+void endWithLastBar(Reading& reading) {
+  if (reading.events.empty()) return;
+  const int bar = reading.metre.ticks();
+  const int last = reading.events.back().place.tick;
+  const int end = last - (last % bar + bar) % bar + bar;
+  int ringing = reading.events.back().place.end();
+  for (const Place& place : reading.notes) ringing = std::max(ringing, place.end());
+  if (ringing <= end || 2 * (ringing - end) >= bar) return;
+  const auto cut = [end](Place& place) { place.ticks = std::min(place.ticks, end - place.tick); };
+  for (Event& event : reading.events) cut(event.place);
+  for (Place& place : reading.notes) cut(place);
+}
+
 std::vector<Alternative> alternatives(std::span<const Candidate> candidates) {
   constexpr std::size_t kMost = 8;
   std::vector<const Candidate*> kept{&candidates.front()};
@@ -92,6 +106,7 @@ platform::Slices RhythmReader::reading(Desk& desk) {
   const Candidate& best = search.candidates().front();
   ReadingWriter writer(desk.notes, onsets, withBeatsAt(search.track(best), wished.limits()));
   desk.result.reading = writer.write(best, desk.wishes.finest);
+  endWithLastBar(desk.result.reading);
   desk.result.isFree = isFree(best, onsets.size());
   desk.result.others = alternatives(search.candidates());
 }

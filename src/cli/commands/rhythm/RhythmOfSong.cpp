@@ -15,6 +15,7 @@
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBSong.h"
+#include "music/Pitch.h"
 #include "workflow/editing/rhythm/RhythmWords.h"
 #include "workflow/editing/rhythm/SongRhythm.h"
 
@@ -65,12 +66,18 @@ void change(QBSong& song, const RhythmOptions& options) {
     songRhythm.layIntoBars();
 }
 
+std::optional<rhythm::Key> keyOf(const QBSong& song, const rhythm::Reading& reading) {
+  if (!song.hasKey()) return reading.key;
+  return rhythm::Key{pitchClass(song.key()), song.key() >= kNotesPerOctave};
+}
+
 std::string linesOf(QBSong& song) {
   const RecordedRhythm recorded(song);
   std::string lines;
   if (!song.isOnBeats()) lines += "slices of 0.37 s; in bars:\n";
-  lines += rhythmText(recorded.reading()).english() + '\n';
-  if (const auto& key = recorded.reading().key) lines += "key " + keyText(*key).english() + '\n';
+  const rhythm::Reading& reading = recorded.reading();
+  lines += (song.isOnBeats() ? rhythmText(song, reading) : rhythmText(reading)).english() + '\n';
+  if (const auto key = keyOf(song, reading)) lines += "key " + keyText(*key).english() + '\n';
   for (const rhythm::Alternative& other : recorded.others())
     lines += "or " + rhythmText(other).english() + '\n';
   return lines;

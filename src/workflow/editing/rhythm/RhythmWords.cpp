@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "analysis/beats/WrittenChords.h"
+#include "model/songs/QBMeasure.h"
+#include "model/songs/QBSong.h"
 #include "music/NoteName.h"
 #include "music/Pitch.h"
 
@@ -32,6 +34,19 @@ platform::Phrase feelName(rhythm::Feel feel) {
 UserText rhythmText(const rhythm::Reading& reading) {
   return {phrase("Rhythm", "%1 beats a minute, %2, %3"), std::lround(reading.tempo()),
           metreName(reading.metre), feelName(reading.feel)};
+}
+
+UserText rhythmText(const QBSong& song, const rhythm::Reading& reading) {
+  const auto bars = song.allMeasures();
+  const bool isEven = !song.isSwung() && reading.feel == rhythm::Feel::swing;
+  const rhythm::Feel feel = song.isSwung() ? rhythm::Feel::swing
+                            : isEven       ? rhythm::Feel::straight
+                                           : reading.feel;
+  const std::string metre = bars.empty() ? metreName(reading.metre)
+                                         : std::to_string(bars.back()->beat()) + '/' +
+                                               std::to_string(bars.back()->beattype());
+  return {phrase("Rhythm", "%1 beats a minute, %2, %3"), std::lround(song.tempo()), metre,
+          feelName(feel)};
 }
 
 UserText rhythmText(const rhythm::Alternative& other) {

@@ -8,6 +8,8 @@
 
 namespace korvel {
 
+class QBSong;
+
 // A rhythm in the words of users.
 
 /// "3/4".
@@ -15,6 +17,8 @@ std::string metreName(const rhythm::Metre& metre);
 platform::Phrase feelName(rhythm::Feel feel);
 /// "96 beats a minute, 3/4, swing".
 platform::UserText rhythmText(const rhythm::Reading& reading);
+/// The same of a song on beats, which may be arranged other than its recording was read.
+platform::UserText rhythmText(const QBSong& song, const rhythm::Reading& reading);
 /// "184 in 4/4", "92 in 6/8" or "92 in 4/4, swing".
 platform::UserText rhythmText(const rhythm::Alternative& other);
 /// "A minor".
