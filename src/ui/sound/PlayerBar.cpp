@@ -25,8 +25,6 @@ namespace korvel::ui {
 namespace {
 
 constexpr int kAll = 100;
-constexpr int kSlowest = 25;
-constexpr int kFastest = 150;
 constexpr double kClicksAsTheyCome = 70;
 constexpr int kSliderWidth = 9;  // in letters
 constexpr int kSecondsOfMinute = 60;
