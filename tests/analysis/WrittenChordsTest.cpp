@@ -61,7 +61,8 @@ void expectFullBars(const std::vector<WrittenChord>& chords, int barTicks) {
 /// A string sounds until it is struck again at most, and each is struck once in a chord.
 void expectTonesEnd(const std::vector<WrittenChord>& chords) {
   std::map<int, int> struckNext;
-  for (const WrittenChord& chord : chords | std::views::reverse) {
+  for (auto at = chords.rbegin(); at != chords.rend(); ++at) {
+    const WrittenChord& chord = *at;
     std::set<int> strings;
     for (const WrittenTone& tone : chord.tones) {
       EXPECT_TRUE(strings.insert(tone.string).second);
@@ -86,8 +87,8 @@ TEST(WrittenChords, fillTheBarsOfAnyReading) {
     for (const rhythm::Event& event : reading.events) {
       const auto chord = std::ranges::find(chords, event.place.tick, &WrittenChord::tick);
       ASSERT_NE(chord, chords.end()) << "each event begins a chord";
-      const auto isOnNeck = [&](std::size_t i) {
-        return notes[i].string >= 0 && notes[i].string < 6;
+      const auto isOnNeck = [&heard = notes](std::size_t i) {
+        return heard[i].string >= 0 && heard[i].string < 6;
       };
       EXPECT_EQ(chord->tones.empty(), std::ranges::none_of(event.notes, isOnNeck));
     }
