@@ -5,11 +5,12 @@
 #include <optional>
 #include <vector>
 
+#include "music/Ticks.h"
+
 namespace korvel::rhythm {
 
-/// Places and lengths are counted in ticks. A beat is a quarter, in compound metres such as 6/8 a
-/// dotted quarter.
-inline constexpr int kTicksOfBeat = 12;
+/// Places and lengths are counted in ticks.
+using korvel::kTicksOfBeat;
 
 /// How beats make bars.
 struct Metre {

@@ -105,7 +105,6 @@ class Player {
 
 struct SoundServerTest : testing::Test {
   void SetUp() override {
-    if (!test::VirtualSoundCard::isInstalled()) GTEST_SKIP() << "left out: no pulseaudio here";
     m_card.emplace();
   }
 

@@ -23,7 +23,6 @@ ChordsOnBeats::ChordsOnBeats(const HeardSound& heard)
     : m_tempo(heard.rhythm.reading.tempo()),
       m_reading(heard.rhythm.reading),
       m_chords(writtenChords(heard.notes, m_reading)) {
-  tellPitchClasses(heard.notes, m_reading);
   m_reading.events.clear();
   m_reading.notes.clear();
 }

@@ -14,8 +14,8 @@ namespace korvel {
 
 class QBMeasure;
 
-/// The written chords of what was heard, in measures, with the names of the spans that they lie in.
-/// With the first one the song gets tempo, swing and key.
+/// The written chords of what was heard, whose pitch classes are told, in measures, with the names
+/// of the spans that they lie in. With the first one the song gets tempo, swing and key.
 class ChordsOnBeats final : public ChordSupply {
  public:
   explicit ChordsOnBeats(const HeardSound& heard);

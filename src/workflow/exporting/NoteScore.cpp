@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "analysis/beats/SpanNames.h"
+#include "analysis/beats/WrittenChords.h"
 #include "export/MidiClock.h"
 #include "export/score/SongBeats.h"
 
@@ -32,7 +33,8 @@ int velocityOf(const Note& note) {
 }
 
 Meter meterOf(const rhythm::Metre& metre) {
-  return metre.compound ? Meter{3 * metre.beats, 8} : Meter{metre.beats, 4};
+  const TimeSignature signature = signatureOf(metre);
+  return {signature.beat, signature.beattype};
 }
 
 std::optional<ScoreKey> keyOf(const rhythm::Reading& reading) {

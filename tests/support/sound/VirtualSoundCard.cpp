@@ -45,8 +45,6 @@ Outcome control(std::vector<std::string> words) {
   return runProgram(words);
 }
 
-bool runs(const std::string& program) { return runProgram({program, "--version"}).status == 0; }
-
 }  // namespace
 
 EnvironmentVariable::EnvironmentVariable(std::string name, const std::string& value)
@@ -60,14 +58,6 @@ EnvironmentVariable::~EnvironmentVariable() {
     ::setenv(m_name.c_str(), m_before->c_str(), 1);
   else
     ::unsetenv(m_name.c_str());
-}
-
-bool VirtualSoundCard::isInstalled() {
-  try {
-    return runs("pulseaudio") && runs("pactl") && runs("paplay") && runs("setpriv");
-  } catch (const std::runtime_error&) {
-    return false;
-  }
 }
 
 VirtualSoundCard::VirtualSoundCard()

@@ -28,9 +28,6 @@ class EnvironmentVariable {
 /// "Card" and those that are plugged in. What a card plays is recorded from its "Monitor of Card".
 class VirtualSoundCard {
  public:
-  /// Else a test that needs it has to be left out.
-  static bool isInstalled();
-
   VirtualSoundCard();
   VirtualSoundCard(const VirtualSoundCard&) = delete;
   VirtualSoundCard& operator=(const VirtualSoundCard&) = delete;

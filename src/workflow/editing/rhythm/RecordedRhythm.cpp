@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "analysis/beats/SpanNames.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
 #include "rhythm/RhythmReader.h"
@@ -45,6 +46,7 @@ HeardSound RecordedRhythm::readBy(const rhythm::Wishes& wishes) const {
   HeardSound heard;
   heard.notes = m_notes;
   heard.rhythm = rhythm::rhythmOf(m_notes, wishes);
+  tellPitchClasses(heard.notes, heard.rhythm.reading);
   heard.wishes = wishes;
   heard.seconds = m_recording.seconds();
   heard.tuningOffset = m_recording.tuningOffset();
