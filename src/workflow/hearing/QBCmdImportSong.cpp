@@ -263,6 +263,7 @@ platform::Slices QBCmdImportSong::finish() {
   co_yield kAllButSaved;
   if (m_replaced) m_newSong = takePlace(m_newSong, std::exchange(m_replaced, nullptr), session());
   while (m_saving && !saved()) co_yield kAllButSaved;
+  co_yield kAllButSaved;  // what the window shows of the end takes its time, too
 }
 
 void QBCmdImportSong::stopAndKeep() {
