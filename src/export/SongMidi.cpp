@@ -5,15 +5,13 @@
 #include <span>
 
 #include "export/MidiClock.h"
+#include "export/score/ChordReading.h"
 #include "export/score/SongBeats.h"
 #include "export/score/SongScore.h"
 #include "model/songs/QBChord.h"
-#include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "music/ChordStep.h"
-#include "music/Neck.h"
-#include "music/Pitch.h"
 #include "music/Ticks.h"
 
 namespace korvel {
@@ -25,16 +23,6 @@ constexpr int kTicksOfStep = kDivision / kSixteenthsOfQuarter;
 constexpr int kSoundingTicksOfStep = kTicksOfStep * 95 / 100;
 constexpr int kVelocity = 50;
 constexpr int kRelease = 20;
-
-/// Without those that are silenced.
-template <class Take>
-void eachTone(const QBHold* hold, const std::vector<int>& open, const Take& take) {
-  if (!hold) return;
-  for (const QBTone* tone : hold->tones()) {
-    if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
-    take(*tone, addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret()));
-  }
-}
 
 /// The MIDI ticks of the beats from that of the first chord on.
 MidiClock clockOf(const SongBeats& beats, const SongTime& time, int first) {
@@ -72,59 +60,66 @@ void addMeters(MidiSequence& sequence, const std::vector<BeatBar>& bars, int zer
   }
 }
 
-void addTones(MidiSequence& sequence, QBSong& song, const SongTime& time, const MidiClock& clock,
-              const std::vector<int>& open) {
-  const auto& chords = song.allChords();
-  for (std::size_t i = 0; i < chords.size(); ++i)
-    eachTone(chords[i]->hold(), open, [&](const QBTone& tone, int pitch) {
+void addTones(MidiSequence& sequence, const BeatSheet& sheet, const SongTime& time,
+              const MidiClock& clock) {
+  for (std::size_t i = 0; i < sheet.chords.size(); ++i)
+    for (const BeatSheet::Played& tone : sheet.chords[i].played) {
       const int tick = time.tickOf(i);
-      const int ticks = tone.ticks() > 0 ? tone.ticks() : time.tickOf(i + 1) - tick;
+      const int ticks = tone.ticks > 0 ? tone.ticks : time.tickOf(i + 1) - tick;
       const std::int64_t start = clock.tickAt(time.secondsOf(tick));
       const std::int64_t end = clock.tickAt(time.secondsOf(static_cast<double>(tick) + ticks));
       sequence.notes.push_back(
-          {start, std::max<std::int64_t>(end - start, 1), pitch, kVelocity, kRelease});
-    });
+          {start, std::max<std::int64_t>(end - start, 1), tone.pitch, kVelocity, kRelease});
+    }
 }
 
-void addBeats(MidiSequence& sequence, QBSong& song, const std::vector<int>& open,
-              const std::optional<Meter>& meter) {
-  const SongBeats beats(song);
+void addBeats(MidiSequence& sequence, const BeatSheet& sheet, const std::optional<Meter>& meter) {
+  const SongBeats beats(sheet);
   const int first = beatBefore(beats.time().begin());
-  sequence.tempi = clockOf(beats, beats.time(), first).tempi(rateOf(song));
+  sequence.tempi = clockOf(beats, beats.time(), first).tempi(sheet.rate);
   sequence.quarterSeconds = sequence.tempi.front().quarterSeconds;
   sequence.tempi.erase(sequence.tempi.begin());
-  if (song.hasKey()) sequence.key = keyOf(song);
+  sequence.key = sheet.key;
   addMeters(sequence, beats.bars(meter), beats.unitsOf(first));
   // Within each beat the file has one tempo, which strict time has too.
-  const SongTime strict(song, SongTime::Tempo::strict);
-  addTones(sequence, song, strict, clockOf(beats, strict, first), open);
+  const SongTime strict(sheet.time, SongTime::Tempo::strict);
+  addTones(sequence, sheet, strict, clockOf(beats, strict, first));
 }
 
 void addSlices(MidiSequence& sequence, QBSong& song, const std::vector<int>& open) {
   std::int64_t start = 0;
   for (const auto& chord : song.allChords()) {
-    eachTone(chord->hold(), open, [&](const QBTone& tone, int pitch) {
-      const std::int64_t length = std::int64_t{kSoundingTicksOfStep} * tone.soundingSteps();
-      sequence.notes.push_back({start, length, pitch, kVelocity, kRelease});
-    });
+    for (const QBTone* tone : playedTones(*chord)) {
+      const std::int64_t length = std::int64_t{kSoundingTicksOfStep} * tone->soundingSteps();
+      sequence.notes.push_back({start, length, pitchOf(*tone, open), kVelocity, kRelease});
+    }
     start += kTicksOfStep;
   }
+}
+
+MidiSequence headOfMidi(const Score& head) {
+  MidiSequence sequence;
+  sequence.title = head.title;
+  sequence.instrument = head.instrument;
+  sequence.division = kDivision;
+  sequence.quarterSeconds = 60 / head.tempo;
+  return sequence;
 }
 
 }  // namespace
 
 MidiSequence midiOf(QBSong& song, const std::optional<Meter>& meter) {
-  const Score score = headOf(song);
-  MidiSequence sequence;
-  sequence.title = score.title;
-  sequence.instrument = score.instrument;
-  sequence.division = kDivision;
-  sequence.quarterSeconds = 60 / score.tempo;
+  const Score head = headOf(song);
+  if (song.isOnBeats()) return midiOf(head, sheetOf(song, head.openStrings), meter);
+  MidiSequence sequence = headOfMidi(head);
   sequence.meter = meter ? *meter : meterOf(song);
-  if (song.isOnBeats())
-    addBeats(sequence, song, score.openStrings, meter);
-  else
-    addSlices(sequence, song, score.openStrings);
+  addSlices(sequence, song, head.openStrings);
+  return sequence;
+}
+
+MidiSequence midiOf(const Score& head, const BeatSheet& sheet, const std::optional<Meter>& meter) {
+  MidiSequence sequence = headOfMidi(head);
+  addBeats(sequence, sheet, meter);
   return sequence;
 }
 

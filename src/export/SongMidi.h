@@ -8,6 +8,7 @@
 namespace korvel {
 
 class QBSong;
+struct BeatSheet;
 
 /// A song as it is played. The time signature is that of its measures unless another is given.
 ///
@@ -19,5 +20,8 @@ class QBSong;
 /// sound for their own duration, but a little shorter. A step is a sixteenth, so that the grid of
 /// another program is that of the recording.
 MidiSequence midiOf(QBSong& song, const std::optional<Meter>& meter = std::nullopt);
+/// The same of the sheet of a song on beats. head: what its score says beside the music.
+MidiSequence midiOf(const Score& head, const BeatSheet& sheet,
+                    const std::optional<Meter>& meter = std::nullopt);
 
 }  // namespace korvel

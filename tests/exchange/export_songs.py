@@ -3,7 +3,7 @@
 
 Usage: export_songs.py KORVEL_CLI SONG_MAKER FOLDER
 FOLDER is made anew: NUMBER.musicxml, NUMBER.mid, and NUMBER.json with what the store says; and in
-its folder "take" the notes of the demo recording in all formats.
+its folder "take" the notes of the demo recording in all formats, at the times they were heard at.
 """
 import json
 import pathlib
@@ -35,7 +35,8 @@ def main(cli, maker, folder):
     take.mkdir()
     demo = pathlib.Path(__file__).parents[2] / "resources/demo/First Steps.ogg"
     subprocess.run([cli, "transcribe", demo, "--json", take / "take.json", "--midi",
-                    take / "take.mid", "--musicxml", take / "take.musicxml"], check=True)
+                    take / "take.mid", "--musicxml", take / "take.musicxml", "--grid", "slices"],
+                   check=True)
 
 
 if __name__ == "__main__":

@@ -79,7 +79,9 @@ void addDetectionFlags(Command& command, const Detection*& detection, HearingSet
           "How it is heard: " + manners(*detection))
       .shownAs(names("|"));
   addDetectionFlags(command, settings);
-  addGridFlag(command, settings);
+  addGridFlag(command, settings,
+              "What a song is written in: bars at the recording's tempo (beats, default) or slices "
+              "of 0.37 s (slices)");
   addRhythmFlags(command, settings);
   command.checkAtOnce([&] {
     requireOnTheNeck(settings.fingering);

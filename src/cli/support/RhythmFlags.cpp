@@ -28,16 +28,12 @@ rhythm::Metre metreNamed(const std::string& word) {
 
 }  // namespace
 
-void addGridFlag(Command& command, HearingSettings& settings) {
+void addGridFlag(Command& command, HearingSettings& settings, const std::string& help) {
   const auto read = [&settings](const std::string& word) {
     if (word != "beats" && word != "slices") throw UsageError("--grid", "is beats or slices");
     settings.grid = word == "beats" ? Grid::beats : Grid::slices;
   };
-  command
-      .option("--grid", read,
-              "What a song is written in: bars at the recording's tempo (beats, default) or slices "
-              "of 0.37 s (slices)")
-      .shownAs("beats|slices");
+  command.option("--grid", read, help).shownAs("beats|slices");
 }
 
 void addRhythmFlags(Command& command, HearingSettings& settings) {

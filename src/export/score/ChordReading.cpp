@@ -14,18 +14,30 @@
 
 namespace korvel {
 
+std::vector<const QBTone*> playedTones(const QBChord& chord) {
+  std::vector<const QBTone*> played;
+  const QBHold* hold = chord.hold();
+  if (!hold) return played;
+  for (const QBTone* tone : hold->tones())
+    if (tone->isActive() && tone->string() >= 0 && tone->string() < kStrings)
+      played.push_back(tone);
+  return played;
+}
+
+int pitchOf(const QBTone& tone, const std::vector<int>& open) {
+  return addNotes(open[static_cast<std::size_t>(tone.string())], tone.fret());
+}
+
 std::vector<BeatTone> tonesOf(const QBChord& chord, const std::vector<int>& open) {
   std::array<const QBTone*, kStrings> highest{};
-  if (const QBHold* hold = chord.hold())
-    for (const QBTone* tone : hold->tones()) {
-      if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
-      const QBTone*& best = highest.at(static_cast<std::size_t>(tone->string()));
-      if (tone->fret() >= 0 && (!best || tone->fret() > best->fret())) best = tone;
-    }
+  for (const QBTone* tone : playedTones(chord)) {
+    const QBTone*& best = highest.at(static_cast<std::size_t>(tone->string()));
+    if (tone->fret() >= 0 && (!best || tone->fret() > best->fret())) best = tone;
+  }
   std::vector<BeatTone> tones;
   for (const QBTone* tone : highest) {
     if (!tone) continue;
-    const int pitch = addNotes(open[static_cast<std::size_t>(tone->string())], tone->fret());
+    const int pitch = pitchOf(*tone, open);
     if (pitch <= kHighestNote)
       tones.push_back({{tone->string(), tone->fret(), pitch}, tone->ticks()});
   }

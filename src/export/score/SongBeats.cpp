@@ -3,10 +3,6 @@
 
 #include <algorithm>
 
-#include "export/score/ChordReading.h"
-#include "model/songs/QBChord.h"
-#include "model/songs/QBMeasure.h"
-#include "model/songs/QBSong.h"
 #include "music/Ticks.h"
 
 namespace korvel {
@@ -16,13 +12,13 @@ int ticksOf(const Meter& meter) { return ticksOfBar(meter.beats, meter.beatType)
 
 }  // namespace
 
-SongBeats::SongBeats(QBSong& song) : m_song(song), m_time(song) { layOutBars(); }
+SongBeats::SongBeats(const BeatSheet& sheet) : m_sheet(sheet), m_time(sheet.time) { layOutBars(); }
 
 /// A pick-up is as long as what lies before the first bar line; all else is whole bars.
 void SongBeats::layOutBars() {
   Meter meter;
-  for (const auto& measure : m_song.allMeasures()) {
-    meter = meterOf(*measure);
+  for (const Meter& each : m_sheet.meters) {
+    meter = each;
     const bool isPickUp = m_bars.empty() && m_time.begin() < 0;
     addBar(meter, isPickUp ? -m_time.begin() : ticksOf(meter));
   }
@@ -58,7 +54,7 @@ double SongBeats::secondsOfUnit(int unit) const {
 
 double SongBeats::tempo() const {
   constexpr double kQuartersOfDottedOne = 1.5;
-  const double beats = SongTime(m_song, SongTime::Tempo::strict).beatsPerMinuteAt(0);
+  const double beats = SongTime(m_sheet.time, SongTime::Tempo::strict).beatsPerMinuteAt(0);
   return m_bars.front().meter.isCompound() ? beats * kQuartersOfDottedOne : beats;
 }
 
@@ -73,14 +69,13 @@ std::vector<BeatBar> SongBeats::bars(const std::optional<Meter>& meter) const {
   return bars;
 }
 
-BeatMusic SongBeats::music(const std::vector<int>& open, const std::optional<Meter>& meter) const {
+BeatMusic SongBeats::music(const std::optional<Meter>& meter) const {
   BeatMusic music{{}, bars(meter)};
-  const auto& chords = m_song.allChords();
-  for (std::size_t i = 0; i < chords.size(); ++i) {
+  for (std::size_t i = 0; i < m_sheet.chords.size(); ++i) {
+    const BeatSheet::Chord& written = m_sheet.chords[i];
     const int tick = m_time.tickOf(i);
     const int start = unitsOf(tick);
-    BeatChord chord{start, unitsOf(m_time.tickOf(i + 1)) - start, tonesOf(*chords[i], open),
-                    harmonyOf(*chords[i])};
+    BeatChord chord{start, unitsOf(m_time.tickOf(i + 1)) - start, written.tones, written.harmony};
     for (BeatTone& tone : chord.tones)
       tone.length = unitsOf(tick + std::clamp(tone.length, 0, m_time.end() - tick)) - start;
     music.chords.push_back(std::move(chord));

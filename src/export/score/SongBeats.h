@@ -5,16 +5,16 @@
 #include <vector>
 
 #include "export/score/BeatMusic.h"
+#include "export/score/BeatSheet.h"
 #include "model/songs/SongTime.h"
 
 namespace korvel {
 
-class QBSong;
-
-/// Where a song on beats stands in its score. To be used as long as the song is not edited.
+/// Where a song on beats stands in its score.
 class SongBeats {
  public:
-  explicit SongBeats(QBSong& song);
+  /// The sheet must outlive this.
+  explicit SongBeats(const BeatSheet& sheet);
 
   const SongTime& time() const { return m_time; }
   /// Units from the first bar line, of a place in ticks.
@@ -22,9 +22,7 @@ class SongBeats {
   /// The song's measures, as far as the song goes at least; or bars of another meter, which begin
   /// at the same first bar line.
   std::vector<BeatBar> bars(const std::optional<Meter>& meter = std::nullopt) const;
-  /// open: what the strings sound.
-  BeatMusic music(const std::vector<int>& open,
-                  const std::optional<Meter>& meter = std::nullopt) const;
+  BeatMusic music(const std::optional<Meter>& meter = std::nullopt) const;
   /// Quarters a minute, in the middle of the song.
   double tempo() const;
 
@@ -43,7 +41,7 @@ class SongBeats {
   void addBar(const Meter& meter, int ticks);
   double secondsOfUnit(int unit) const;
 
-  QBSong& m_song;
+  const BeatSheet& m_sheet;
   SongTime m_time;
   std::vector<Bar> m_bars;  ///< One at least, without gaps.
 };

@@ -75,18 +75,6 @@ double tempoOfSlices(const QBSong& song) {
   return kSecondsOfMinute / (kSixteenthsOfQuarter * kSecondsOfChord) * rateOf(song);
 }
 
-void addBeats(Score& score, QBSong& song, const std::optional<Meter>& meter) {
-  const SongBeats beats(song);
-  const double rate = rateOf(song);
-  score.countsBeats = true;
-  score.tempo = beats.tempo() * rate;
-  if (song.hasKey()) score.key = keyOf(song);
-  if (song.isSwung()) score.swing = song.swing();
-  score.bars = scoreBarsOf(beats.music(score.openStrings, meter));
-  for (ScoreBar& bar : score.bars)
-    if (bar.tempo) *bar.tempo *= rate;
-}
-
 }  // namespace
 
 Meter meterOf(const QBSong& song) {
@@ -114,12 +102,23 @@ Score headOf(const QBSong& song) {
   return score;
 }
 
+Score scoreOf(Score head, const BeatSheet& sheet, const std::optional<Meter>& meter) {
+  const SongBeats beats(sheet);
+  head.countsBeats = true;
+  head.tempo = beats.tempo() * sheet.rate;
+  head.key = sheet.key;
+  head.swing = sheet.time.swing;
+  head.bars = scoreBarsOf(beats.music(meter));
+  for (ScoreBar& bar : head.bars)
+    if (bar.tempo) *bar.tempo *= sheet.rate;
+  return head;
+}
+
 Score scoreOf(QBSong& song, const std::optional<Meter>& meter) {
   Score score = headOf(song);
   const SongReader reader(score.openStrings);
-  if (song.isOnBeats())
-    addBeats(score, song, meter);
-  else if (meter || song.measures().empty())
+  if (song.isOnBeats()) return scoreOf(score, sheetOf(song, score.openStrings), meter);
+  if (meter || song.measures().empty())
     score.bars = {{meter.value_or(Meter()), reader.eventsInTime(song.allChords())}};
   else
     score.bars = barsOf(reader, song);

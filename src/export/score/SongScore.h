@@ -8,6 +8,7 @@
 namespace korvel {
 
 class QBSong;
+struct BeatSheet;
 
 /// The meter of the song's first measure; 4/4 when it has none.
 Meter meterOf(const QBSong& song);
@@ -31,5 +32,7 @@ double rateOf(const QBSong& song);
 /// in measures the chords follow each other; without them chords that have become empty are rests,
 /// but for those that lie within the duration of the chord before them.
 Score scoreOf(QBSong& song, const std::optional<Meter>& meter = std::nullopt);
+/// The same of the sheet of a song on beats. head: what its score says beside the music.
+Score scoreOf(Score head, const BeatSheet& sheet, const std::optional<Meter>& meter = std::nullopt);
 
 }  // namespace korvel

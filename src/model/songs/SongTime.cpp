@@ -39,28 +39,39 @@ bool isPace(double ticks, double seconds) {
 
 }  // namespace
 
-SongTime::SongTime(QBSong& song, Tempo tempo)
-    : m_tempo(song.tempo() > 0 ? std::clamp(song.tempo(), kSlowest, kFastest) : kTempoOfNone),
-      m_swing(std::clamp(song.swing(), QBSong::kStraight, 0.9)) {
+TimedChords timedChordsOf(QBSong& song) {
+  TimedChords timed{song.tempo(), {}, ticksOfPickUp(song)};
+  if (song.isSwung()) timed.swing = song.swing();
+  for (const auto& chord : song.allChords()) {
+    timed.chords.push_back({chord->ticks()});
+    if (chord->hasBeatTime()) timed.chords.back().beatTime = chord->beatTime();
+  }
+  return timed;
+}
+
+SongTime::SongTime(QBSong& song, Tempo tempo) : SongTime(timedChordsOf(song), tempo) {}
+
+SongTime::SongTime(const TimedChords& song, Tempo tempo)
+    : m_tempo(song.tempo > 0 ? std::clamp(song.tempo, kSlowest, kFastest) : kTempoOfNone),
+      m_swing(std::clamp(song.swing.value_or(QBSong::kStraight), QBSong::kStraight, 0.9)) {
   layOut(song);
   if (tempo == Tempo::asRecorded) followBeats(song);
 }
 
-void SongTime::layOut(QBSong& song) {
-  int tick = -ticksOfPickUp(song);
-  for (const auto& chord : song.allChords()) {
+void SongTime::layOut(const TimedChords& song) {
+  int tick = -song.pickUp;
+  for (const TimedChords::Chord& chord : song.chords) {
     m_ticks.push_back(tick);
-    tick += std::max(chord->ticks(), 0);
+    tick += std::max(chord.ticks, 0);
   }
   m_ticks.push_back(tick);
 }
 
-void SongTime::followBeats(QBSong& song) {
-  const auto& chords = song.allChords();
-  for (std::size_t i = 0; i < chords.size(); ++i) {
-    if (!chords[i]->hasBeatTime()) continue;
+void SongTime::followBeats(const TimedChords& song) {
+  for (std::size_t i = 0; i < song.chords.size(); ++i) {
+    if (!song.chords[i].beatTime) continue;
     const Point point{static_cast<double>(m_ticks[i]),
-                      static_cast<double>(chords[i]->beatTime()) / platform::kSampleRate};
+                      static_cast<double>(*song.chords[i].beatTime) / platform::kSampleRate};
     if (m_points.empty() || point.tick > m_points.back().tick) {
       if (!m_points.empty() &&
           !isPace(point.tick - m_points.back().tick, point.seconds - m_points.back().seconds))

@@ -2,11 +2,28 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace korvel {
 
 class QBSong;
+
+/// What says when the chords of a song on beats come.
+struct TimedChords {
+  struct Chord {
+    int ticks = 0;
+    std::optional<std::int64_t> beatTime{};  ///< As of `QBChord`.
+  };
+
+  double tempo = 0;               ///< Beats a minute; 0 when nobody knows.
+  std::optional<double> swing{};  ///< As of `QBSong`; none when it is not swung.
+  int pickUp = 0;                 ///< Ticks before the first bar line.
+  std::vector<Chord> chords{};
+};
+
+TimedChords timedChordsOf(QBSong& song);
 
 /// Where the chords of a song on beats are written, and when that is played. Computed once: not to
 /// be kept while the song is edited.
@@ -20,6 +37,7 @@ class SongTime {
 
   /// A song whose chords are not from one recording in its order is played strictly.
   explicit SongTime(QBSong& song, Tempo tempo = Tempo::asRecorded);
+  explicit SongTime(const TimedChords& song, Tempo tempo = Tempo::asRecorded);
 
   /// index: of the song's `allChords`; that of the end is as many as there are chords.
   int tickOf(std::size_t index) const { return m_ticks.at(index); }
@@ -43,8 +61,8 @@ class SongTime {
     double seconds;
   };
 
-  void layOut(QBSong& song);
-  void followBeats(QBSong& song);
+  void layOut(const TimedChords& song);
+  void followBeats(const TimedChords& song);
   double straightSecondsOf(double tick) const;
   double straightTickOf(double seconds) const;
   const Point* pointBefore(double value, double Point::*field) const;

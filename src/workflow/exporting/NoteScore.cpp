@@ -2,13 +2,14 @@
 #include "workflow/exporting/NoteScore.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "analysis/beats/SpanNames.h"
 #include "analysis/beats/WrittenChords.h"
 #include "export/MidiClock.h"
-#include "export/score/SongBeats.h"
+#include "export/SongMidi.h"
+#include "export/score/SongScore.h"
+#include "music/Pitch.h"
 
 namespace korvel {
 namespace {
@@ -18,10 +19,6 @@ using fingering::Note;
 constexpr int kDivision = 9600;
 constexpr int kDivisionsOfUnit = kDivision / kUnitsOfQuarter;
 constexpr double kQuartersOfDottedOne = 1.5;
-
-bool isFingered(const Note& note) {
-  return note.string >= 0 && note.string < kStrings && note.fret >= 0;
-}
 
 /// Doubling the strength is a step of twenty; one of 1 is about mezzo forte.
 int velocityOf(const Note& note) {
@@ -42,14 +39,6 @@ std::optional<ScoreKey> keyOf(const rhythm::Reading& reading) {
   return ScoreKey{reading.key->tonic, reading.key->minor};
 }
 
-std::optional<ScoreHarmony> harmonyAt(const rhythm::Reading& reading, int tick) {
-  const auto after = std::ranges::upper_bound(reading.chords, tick, {}, &rhythm::ChordSpan::from);
-  if (after == reading.chords.begin()) return std::nullopt;
-  const rhythm::ChordSpan& span = *std::prev(after);
-  if (tick >= span.to || span.root < 0) return std::nullopt;
-  return ScoreHarmony{span.root, std::string(typeOf(span))};
-}
-
 /// The beat that the recording itself begins with: its first sound is in it, or in a later one, and
 /// it is not so short that it could not be told.
 int beatOfZero(const rhythm::Reading& reading) {
@@ -59,9 +48,11 @@ int beatOfZero(const rhythm::Reading& reading) {
 
 }  // namespace
 
-NoteScore::NoteScore(std::span<const Note> notes, const rhythm::Reading& reading)
+NoteScore::NoteScore(std::span<const Note> notes, const rhythm::Reading& reading,
+                     const OpenPitches& open)
     : m_notes(notes),
       m_reading(reading),
+      m_open(open),
       m_meter(meterOf(reading.metre)),
       m_unitsOfTick(reading.metre.compound ? 3 : 2) {}
 
@@ -70,52 +61,50 @@ double NoteScore::quartersAMinute() const {
   return m_reading.tempo() * (m_reading.metre.compound ? kQuartersOfDottedOne : 1);
 }
 
-double NoteScore::secondsOf(int unit) const {
-  return m_reading.secondsOf(static_cast<double>(unit) / m_unitsOfTick);
-}
-
-BeatChord NoteScore::chordOf(const rhythm::Event& event) const {
-  std::array<const Note*, kStrings> strongest{};
-  for (const std::size_t index : event.notes) {
-    const Note& note = m_notes[index];
-    if (!isFingered(note)) continue;
-    const Note*& best = strongest.at(static_cast<std::size_t>(note.string));
-    if (!best || note.strength > best->strength) best = &note;
+BeatSheet::Chord NoteScore::sheetChordOf(const WrittenChord& written) const {
+  BeatSheet::Chord chord;
+  for (const WrittenTone& tone : written.tones) {
+    const int pitch = addNotes(m_open.at(static_cast<std::size_t>(tone.string)), tone.fret);
+    chord.tones.push_back({{tone.string, tone.fret, pitch}, tone.ticks});
+    chord.played.push_back({pitch, tone.ticks});
   }
-  BeatChord chord{event.place.tick * m_unitsOfTick,
-                  event.place.ticks * m_unitsOfTick,
-                  {},
-                  harmonyAt(m_reading, event.place.tick)};
-  for (const Note* note : strongest) {
-    if (!note) continue;
-    const auto index = static_cast<std::size_t>(note - m_notes.data());
-    chord.tones.push_back(
-        {{note->string, note->fret, note->pitch}, m_reading.notes[index].ticks * m_unitsOfTick});
+  std::ranges::sort(chord.tones, {}, [](const BeatTone& each) { return each.tone.string; });
+  if (written.span >= 0) {
+    const rhythm::ChordSpan& span = m_reading.chords[static_cast<std::size_t>(written.span)];
+    chord.harmony = ScoreHarmony{span.root, std::string(typeOf(span))};
   }
   return chord;
 }
 
-BeatMusic NoteScore::music() const {
-  BeatMusic music;
-  for (const rhythm::Event& event : m_reading.events) music.chords.push_back(chordOf(event));
-  int end = 0;
-  for (const rhythm::Place& place : m_reading.notes) end = std::max(end, place.end());
-  const int begin = music.chords.empty() ? 0 : std::min(music.chords.front().start, 0);
-  music.bars = barsOver(begin, end * m_unitsOfTick, m_meter);
-  markTempi(music.bars, quartersAMinute(), [this](int unit) { return secondsOf(unit); });
-  return music;
+BeatSheet NoteScore::sheet() const {
+  BeatSheet sheet;
+  sheet.time.tempo = m_reading.tempo();
+  if (m_reading.feel == rhythm::Feel::swing) sheet.time.swing = m_reading.swingRatio;
+  sheet.key = keyOf(m_reading);
+  const std::vector<WrittenChord> written = writtenChords(m_notes, m_reading);
+  for (const WrittenChord& chord : written) {
+    sheet.time.chords.push_back({chord.ticks, chord.beatTime});
+    sheet.chords.push_back(sheetChordOf(chord));
+  }
+  if (written.empty()) return sheet;
+  const int last = written.back().bar;
+  sheet.meters.assign(static_cast<std::size_t>(last) + 1, m_meter);
+  const int before = -written.front().tick;  // a pick-up alone is a bar that is not full
+  if (last > 0 && before > 0 && before < m_reading.metre.ticks()) sheet.time.pickUp = before;
+  return sheet;
 }
 
-Score NoteScore::score(const std::string& title, const OpenPitches& open) const {
-  Score score;
-  score.title = title;
-  score.openStrings.assign(open.begin(), open.end());
-  score.tempo = quartersAMinute();
-  score.countsBeats = true;
-  score.key = keyOf(m_reading);
-  if (m_reading.feel == rhythm::Feel::swing) score.swing = m_reading.swingRatio;
-  score.bars = scoreBarsOf(music());
-  return score;
+Score NoteScore::head(const std::string& title) const {
+  Score head;
+  head.title = title;
+  head.openStrings.assign(m_open.begin(), m_open.end());
+  return head;
+}
+
+Score NoteScore::score(const std::string& title) const { return scoreOf(head(title), sheet()); }
+
+MidiSequence NoteScore::midi(const std::string& title) const {
+  return midiOf(head(title), sheet());
 }
 
 /// Tempi and metres: from the beginning of the recording to the first bar line and on.
@@ -143,7 +132,7 @@ void NoteScore::addBeats(MidiSequence& sequence) const {
   }
 }
 
-MidiSequence NoteScore::midi(const std::string& title) const {
+MidiSequence NoteScore::heardMidi(const std::string& title) const {
   MidiSequence sequence;
   sequence.title = title;
   sequence.division = kDivision;

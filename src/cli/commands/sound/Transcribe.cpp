@@ -25,6 +25,7 @@
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
 #include "workflow/hearing/ListeningAhead.h"
+#include "workflow/hearing/RecordingTags.h"
 #include "workflow/hearing/SoundCheck.h"
 
 namespace korvel::cli {
@@ -47,12 +48,18 @@ OpenPitches openStrings(const TranscribeOptions& options) {
   return options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
 }
 
-NotesOfFile heardIn(const std::string& file, Listening& listening) {
+/// What was heard in a file, and what it can be written in.
+struct HeardFile {
+  NotesOfFile notes;
+  Grid grid;
+};
+
+HeardFile heardIn(const std::string& file, Listening& listening) {
   for (; !listening.isOver(); listening.waitFor(kPatience))
     Console::attached().progress(listening.progress());
   Console::attached().progress(1);
   Listening::Heard all = listening.take();
-  return {file, std::move(all.sound.notes), std::move(all.sound.rhythm.reading)};
+  return {{file, std::move(all.sound.notes), std::move(all.sound.rhythm.reading)}, all.grid};
 }
 
 /// The formats that were asked for of a single recording, each with its file.
@@ -64,18 +71,26 @@ class Outputs {
       if (*name) checkFile(**name);
   }
 
-  void write(const NotesOfFile& heard, const OpenPitches& open) const {
-    const std::string title = std::filesystem::path(recording()).stem().string();
-    const NoteScore score(heard.notes, heard.reading);
-    const std::string json = notesAsJson(heard.notes, heard.reading);
+  void write(const HeardFile& heard, const OpenPitches& open) const {
+    const NotesOfFile& notes = heard.notes;
+    const NoteScore score(notes.notes, notes.reading, open);
+    const std::string json = notesAsJson(notes.notes, notes.reading);
     if (m_options.json) fileOf(*m_options.json).write(json);
-    if (m_options.midi) fileOf(*m_options.midi).write(midiFile(score.midi(title)));
-    if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(score.score(title, open)));
+    if (m_options.midi) fileOf(*m_options.midi).write(midiOf(score, heard.grid));
+    if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(score.score(title())));
     if (!m_options.json && !m_options.midi && !m_options.musicxml) Console::attached().print(json);
   }
 
  private:
+  std::string midiOf(const NoteScore& score, Grid grid) const {
+    return midiFile(grid == Grid::beats ? score.midi(title()) : score.heardMidi(title()));
+  }
   const std::string& recording() const { return m_options.files.front(); }
+  /// That of the song which an import makes.
+  std::string title() const {
+    return RecordingTags(recording())
+        .title.value_or(std::filesystem::path(recording()).stem().string());
+  }
   void checkFile(const std::string& name) const {
     const OutputFile file = fileOf(name);
     file.requireOtherThan(recording());
@@ -106,7 +121,7 @@ int transcribeAll(const TranscribeOptions& options) {
   std::vector<NotesOfFile> heard;
   for (const std::string& file : options.files) {
     try {
-      heard.push_back(heardIn(file, *ahead.next()));
+      heard.push_back(heardIn(file, *ahead.next()).notes);
     } catch (const std::exception& error) {
       Console::attached().error(problemOf(file, error));
     }
@@ -136,13 +151,17 @@ void addTranscribe(Command& tool) {
   command.option("FILE", options.files, "Sound files").required().shownAs("");
   command.option("--json", options.json, "Notes (default: printed when no file is named)")
       .shownAs("FILE");
-  command.option("--midi", options.midi, "Notes at their times, for sequencers").shownAs("FILE");
-  command.option("--musicxml", options.musicxml, "Notes on their beats, as a score")
+  command.option("--midi", options.midi, "Notes as a song has them, for sequencers")
+      .shownAs("FILE");
+  command.option("--musicxml", options.musicxml, "Notes as a song has them, as a score")
       .shownAs("FILE");
   command.flag("--force", options.force, "Replace files that are there already");
   command.option("--tuning", options.tuning,
                  "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
   addDetectionFlags(command, options.settings);
+  addGridFlag(command, options.settings,
+              "What --midi writes: bars (beats, default) or notes at the times they were heard at "
+              "(slices)");
   addRhythmFlags(command, options.settings);
   command.checkLast([&] {
     check(options);
