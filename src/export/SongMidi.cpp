@@ -35,10 +35,11 @@ MidiClock clockOf(const SongBeats& beats, const SongTime& time, int first) {
   return clock;
 }
 
-/// The bar of whole beats that a pick-up lies in.
-Meter leadIn(int units, const Meter& meter) {
-  const bool inQuarters = !meter.isCompound() && units % kUnitsOfQuarter == 0;
-  return inQuarters ? Meter{units / kUnitsOfQuarter, 4} : Meter{units / kUnitsOfEighth, 8};
+/// As few signs as make up a pick-up.
+Meter meterOfPickUp(int units, const Meter& meter) {
+  int type = meter.isCompound() ? 8 : 4;
+  while (units % (kUnitsOfWhole / type) != 0) type *= 2;
+  return {units * type / kUnitsOfWhole, type};
 }
 
 int beatBefore(int tick) {
@@ -46,12 +47,17 @@ int beatBefore(int tick) {
   return tick - (inBeat < 0 ? inBeat + kTicksOfBeat : inBeat);
 }
 
-/// zero: where the file begins, in units.
-void addMeters(MidiSequence& sequence, const std::vector<BeatBar>& bars, int zero) {
+/// Where the file begins, in units.
+int zeroOf(const BeatBar& first) {
+  return first.start + first.length - writtenPickUp(first.length, first.meter);
+}
+
+void addMeters(MidiSequence& sequence, const std::vector<BeatBar>& bars) {
   const BeatBar& first = bars.front();
+  const int zero = zeroOf(first);
   const int lead = first.start + first.length - zero;
   const bool isWhole = lead == first.meter.units();
-  sequence.meter = isWhole ? first.meter : leadIn(lead, first.meter);
+  sequence.meter = isWhole ? first.meter : meterOfPickUp(lead, first.meter);
   Meter before = sequence.meter;
   for (const BeatBar& bar : std::span(bars).subspan(1)) {
     if (bar.meter != before)
@@ -73,17 +79,25 @@ void addTones(MidiSequence& sequence, const BeatSheet& sheet, const SongTime& ti
     }
 }
 
+/// Leaves out what of the first beat lies before the file.
+void cutFront(MidiSequence& sequence, std::int64_t ticks) {
+  for (MidiTempo& tempo : sequence.tempi) tempo.start -= ticks;
+  for (MidiNote& note : sequence.notes) note.start -= ticks;
+}
+
 void addBeats(MidiSequence& sequence, const BeatSheet& sheet, const std::optional<Meter>& meter) {
   const SongBeats beats(sheet);
+  const std::vector<BeatBar> bars = beats.bars(meter);
   const int first = beatBefore(beats.time().begin());
   sequence.tempi = clockOf(beats, beats.time(), first).tempi(sheet.rate);
   sequence.quarterSeconds = sequence.tempi.front().quarterSeconds;
   sequence.tempi.erase(sequence.tempi.begin());
   sequence.key = sheet.key;
-  addMeters(sequence, beats.bars(meter), beats.unitsOf(first));
+  addMeters(sequence, bars);
   // Within each beat the file has one tempo, which strict time has too.
   const SongTime strict(sheet.time, SongTime::Tempo::strict);
   addTones(sequence, sheet, strict, clockOf(beats, strict, first));
+  cutFront(sequence, std::int64_t{zeroOf(bars.front()) - beats.unitsOf(first)} * kTicksOfUnit);
 }
 
 void addSlices(MidiSequence& sequence, QBSong& song, const std::vector<int>& open) {

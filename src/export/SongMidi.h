@@ -12,9 +12,9 @@ struct BeatSheet;
 
 /// A song as it is played. The time signature is that of its measures unless another is given.
 ///
-/// A song on beats begins at the beat of its first chord. It has the tempo of each beat when it is
-/// played as recorded, one tempo otherwise; tones are where swing has them and sound for their own
-/// ticks. What lies before the first bar line is a bar of its own, of whole beats.
+/// A song on beats has the tempo of each beat when it is played as recorded, one tempo otherwise;
+/// tones are where swing has them and sound for their own ticks. What lies before the first bar
+/// line is a bar of its own, as long as in a score.
 ///
 /// In a song of slices every chord is a step after the one before, the empty ones too, and tones
 /// sound for their own duration, but a little shorter. A step is a sixteenth, so that the grid of

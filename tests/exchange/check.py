@@ -192,11 +192,10 @@ def check_beats(files):
     with musescore.converted(files, ".mid") as played:
         lines = midi_of([*played, *(file.with_suffix(".mid") for file in files)])
     for file, score, midi in zip(files, lines, lines[len(files):]):
-        notes, beat = expected.on_beats(file.with_suffix(".json"))
+        notes = expected.on_beats(file.with_suffix(".json"))
         first_bar = ticks_of_pick_up(file)
         got = sorted((start - first_bar, pitch) for start, _, pitch in json.loads(score)[2])
         faults += compare(file, "onsets", got, sorted((start, pitch) for start, _, pitch in notes))
-        first_bar = -(notes[0][0] // beat * beat)
         got = [(start - first_bar, *rest) for start, *rest in json.loads(midi)[2]]
         faults += compare(file, "MIDI notes", got, notes)
     return faults

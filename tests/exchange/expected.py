@@ -101,11 +101,11 @@ def is_on_beats(file):
 
 
 def on_beats(file):
-    """(tick, ticks, pitch) of every note of a song on beats, from the first bar line, sorted; then
-    the length of a beat. A quarter has 480."""
+    """(tick, ticks, pitch) of every note of a song on beats, from the first bar line, sorted. A
+    quarter has 480."""
     song = json.loads(file.read_text())["song"]
     tuning = OPEN_STRINGS[song["tuning"]]
     scale = 60 if song["measures"][0]["beattype"] == 8 else 40
     notes = [(chord["tick"] * scale, tone["ticks"] * scale, tuning[tone["string"]] + tone["fret"])
              for chord in song["chords"] for tone in active(chord)]
-    return sorted(notes), 12 * scale
+    return sorted(notes)

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "export/MidiFile.h"
 
+#include <regex>
+
 #include "export/SongMidi.h"
+#include "export/score/NoteValues.h"
+#include "export/score/SongScore.h"
 #include "support/Testing.h"
 #include "support/store/TickSong.h"
 
@@ -98,11 +102,11 @@ TEST(SongMidi, playsASongOnBeatsAtItsTicks) {
   song->setTempo(100);
   song->setSwing(0.7);
   test::addBars(song, 3, 4, "xxx2xx:6|0xxxx0:12/36 xxx2xx:4 xxx0xx:8 x:6 xxx2xx:6=12");
-  const std::string notes = "336+144:57 480+1440:40 480+480:64 960+224:57 1184+256:55 1776+480:57 ";
-  EXPECT_EQ(eventsOf(midiOf(*song)), "0=600000 0=1/4 480=3/4 " + notes);
+  const std::string notes = "96+144:57 240+1440:40 240+480:64 720+224:57 944+256:55 1536+480:57 ";
+  EXPECT_EQ(eventsOf(midiOf(*song)), "0=600000 0=1/8 240=3/4 " + notes);
   test::setBeatTimes(song, -6, [](int tick) { return 3 + 0.05 * std::max(2 * tick - 12, tick); });
   song->setTempoRate(2);
-  EXPECT_EQ(eventsOf(midiOf(*song)), "0=300000 960=600000 1440=450000 0=1/4 480=3/4 " + notes);
+  EXPECT_EQ(eventsOf(midiOf(*song)), "0=300000 720=600000 1200=450000 0=1/8 240=3/4 " + notes);
 
   QBSong* compound = store.song("Compound");
   compound->setTempo(60);
@@ -110,9 +114,39 @@ TEST(SongMidi, playsASongOnBeatsAtItsTicks) {
   test::addBars(compound, 6, 8, "xxx2xx:4|0xxxx0:12/36 xxx2xx:5 xxx0xx:7|x02xxx:24");
   const MidiSequence midi = midiOf(*compound);
   EXPECT_EQ(eventsOf(midi),
-            "0=666667 0=3/8 720=6/8 480+240:57 720+2160:40 720+720:64 1440+300:57 1740+420:55 "
-            "2160+1440:45 2160+1440:52 ");
+            "0=666667 0=1/8 240=6/8 0+240:57 240+2160:40 240+720:64 960+300:57 1260+420:55 "
+            "1680+1440:45 1680+1440:52 ");
   EXPECT_NE(midiFile(midi).find("\xff\x59\x02\x01\x01"), std::string::npos);
+}
+
+TEST(SongMidi, hasAPickUpAsLongAsItsScore) {
+  const test::StandardStore store;
+  const auto pickUps = [&](int beat, int beattype) {
+    std::string text;
+    for (const int ticks : {6, 12, 18, 24, 4}) {
+      QBSong* song = store.song("Song");
+      song->setTempo(100);
+      test::addBars(song, beat, beattype, "x02xxx:" + std::to_string(ticks) + "|x:12|x:12");
+      const MidiSequence midi = midiOf(*song);
+      const std::string events = eventsOf(midi).substr(eventsOf(midi).find(' ') + 1);
+      text += events.substr(0, events.find('+')) + ", ";
+      const Score score = scoreOf(*song);
+      const WrittenBar bar = writtenBars(score).front();
+      int units = 0;
+      for (const ScoreNote& note : bar.notes) units += note.value->units;
+      EXPECT_EQ(units, bar.pickUp > 0 ? bar.pickUp : bar.meter.units());
+      EXPECT_EQ(units * 20, midi.meters.empty() ? bar.meter.units() * 20 : midi.meters[0].start);
+    }
+    return text;
+  };
+  const std::string inQuarters =
+      "0=1/8 240=@ 0, 0=1/4 480=@ 0, 0=3/8 720=@ 0, 0=2/4 960=@ 0, "
+      "0=1/4 480=@ 320, ";
+  for (const int beats : {3, 4})
+    EXPECT_EQ(pickUps(beats, 4),
+              std::regex_replace(inQuarters, std::regex("@"), std::to_string(beats) + "/4"));
+  EXPECT_EQ(pickUps(6, 8),
+            "0=3/16 360=6/8 0, 0=3/8 720=6/8 0, 0=9/16 1080=6/8 0, 0=6/8 0, 0=1/8 240=6/8 0, ");
 }
 
 }  // namespace

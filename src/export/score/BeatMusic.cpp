@@ -82,18 +82,21 @@ bool sounds(const std::vector<ScoreEvent>& events) {
   return std::ranges::any_of(events, [](const ScoreEvent& event) { return !event.tones.empty(); });
 }
 
-/// Where a pick-up begins within a triplet, rests fill its beat.
 void fillTriplet(ScoreBar& bar) {
-  if (bar.pickUp % kUnitsOfThirtySecond == 0) return;
-  const int length = bar.meter.units();
-  const int missing = std::min(kUnitsOfQuarter - bar.pickUp % kUnitsOfQuarter, length - bar.pickUp);
+  const int missing = writtenPickUp(bar.pickUp, bar.meter) - bar.pickUp;
+  if (missing == 0) return;
   bar.pickUp += missing;
   bar.events.insert(bar.events.begin(), {missing, {}, std::nullopt});
   if (!bar.lower.empty()) bar.lower.insert(bar.lower.begin(), {missing, {}, std::nullopt});
-  if (bar.pickUp == length) bar.pickUp = 0;
+  if (bar.pickUp == bar.meter.units()) bar.pickUp = 0;
 }
 
 }  // namespace
+
+int writtenPickUp(int length, const Meter& meter) {
+  if (length % kUnitsOfThirtySecond == 0) return length;
+  return std::min(length + kUnitsOfQuarter - length % kUnitsOfQuarter, meter.units());
+}
 
 std::vector<BeatBar> barsOver(int begin, int end, const Meter& meter) {
   const int length = meter.units();

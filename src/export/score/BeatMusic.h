@@ -39,6 +39,10 @@ struct BeatMusic {
   std::vector<BeatBar> bars;      ///< Without gaps; only the first one may be a pick-up.
 };
 
+/// How long a pick-up is written: one that begins within a triplet begins with its beat, which
+/// rests fill.
+int writtenPickUp(int length, const Meter& meter);
+
 /// Bars of a meter from where the music begins to its end; what lies before 0 is a pick-up. At
 /// least one.
 std::vector<BeatBar> barsOver(int begin, int end, const Meter& meter);
