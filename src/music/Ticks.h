@@ -25,14 +25,20 @@ inline int ticksOfBar(int beat, int beattype) {
 }
 
 /// Length of what lasts from a tick to another, counted from the same bar line, in sixteenths: the
-/// places are rounded, so that the sixteenths of a bar add up to it, and nothing has less than one.
+/// places are rounded, so that the sixteenths of a bar add up to it, and what is shorter than one
+/// may have none.
 inline int sixteenthsBetween(int from, int to, bool compound) {
   const int unit = ticksOfSixteenth(compound);
   const auto rounded = [unit](int tick) {
     const int shifted = 2 * tick + unit;
     return shifted >= 0 ? shifted / (2 * unit) : -((2 * unit - 1 - shifted) / (2 * unit));
   };
-  return std::max(rounded(to) - rounded(from), 1);
+  return rounded(to) - rounded(from);
+}
+
+/// The same of what lasts by itself, such as a tone: one at least.
+inline int sixteenthsAlone(int from, int to, bool compound) {
+  return std::max(sixteenthsBetween(from, to, compound), 1);
 }
 
 }  // namespace korvel

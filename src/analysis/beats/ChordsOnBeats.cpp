@@ -40,7 +40,7 @@ QBChord* ChordsOnBeats::make(QBSong* song) {
   for (const WrittenTone& tone : written.tones) {
     QBTone* made = chord->hold()->applyTone(tone.string, tone.fret, tone.amplitude);
     made->setTicks(tone.ticks);
-    made->setDuration(sixteenthsBetween(written.tick, written.tick + tone.ticks, compound));
+    made->setDuration(sixteenthsAlone(written.tick, written.tick + tone.ticks, compound));
   }
   layIntoMeasure(*song, written, *chord);
   name(written, *chord);

@@ -37,7 +37,7 @@ class BarWriter {
     m_index = static_cast<int>(index);
     const SongBars::Event& event = m_bar.events[index];
     m_tick = m_bar.first + event.from - m_bar.events.front().from;
-    const int sixteenths = sixteenthsBetween(m_tick, m_tick + event.ticks, compound());
+    const int sixteenths = sixteenthsAlone(m_tick, m_tick + event.ticks, compound());
     const std::string ruler =
         metricString(sixteenthAt(m_tick), sixteenths, m_bar.beat, m_bar.beattype, 0);
     const int columns = columnsOfEvent(event, sixteenths, ruler);
@@ -52,7 +52,7 @@ class BarWriter {
   bool compound() const { return isCompound(m_bar.beat, m_bar.beattype); }
 
   /// The sixteenth of the bar that is nearest.
-  int sixteenthAt(int tick) const { return tick <= 0 ? 0 : sixteenthsBetween(0, tick, compound()); }
+  int sixteenthAt(int tick) const { return tick <= 0 ? 0 : sixteenthsAlone(0, tick, compound()); }
 
   int columnsOfEvent(const SongBars::Event& event, int sixteenths, const std::string& ruler) const {
     const bool endsBeat = (m_tick + event.ticks) % kTicksOfBeat == 0;

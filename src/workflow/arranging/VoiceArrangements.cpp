@@ -27,7 +27,7 @@ void giveBarEach(QBSong& song, QBSong& list) {
     chord->clearBeatTime();
     for (const auto& tone : tonesOf(*chord)) {
       tone->setTicks(length);
-      tone->setDuration(sixteenthsBetween(0, length, like.isInCompoundTime()));
+      tone->setDuration(sixteenthsAlone(0, length, like.isInCompoundTime()));
     }
     placed.push_back({chord, static_cast<int>(placed.size()) * length});
   }

@@ -480,7 +480,7 @@ void BeatBars::layDurations() {
       if (!isToneless(chord))
         for (QBTone* tone : chord.hold()->tones()) {
           if (!tone->hasTicks()) tone->setTicks(chord.ticks());
-          const int own = sixteenthsBetween(place, place + tone->ticks(), compound);
+          const int own = sixteenthsAlone(place, place + tone->ticks(), compound);
           if (tone->duration() != own) tone->setDuration(own);
         }
       place += chord.ticks();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/CopiedChord.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "model/songs/QBChord.h"
@@ -28,7 +29,9 @@ void CopiedChord::Tone::addTo(QBHold& hold, int onString, int onFret) const {
   if (ticks > 0 && hold.chord() && hold.chord()->hasTicks()) tone->setTicks(ticks);
 }
 
-CopiedChord::CopiedChord(const QBChord& chord) : duration(chord.duration()), ticks(chord.ticks()) {
+CopiedChord::CopiedChord(const QBChord& chord)
+    : duration(chord.hasTicks() ? std::max(chord.duration(), 1) : chord.duration()),
+      ticks(chord.ticks()) {
   if (const QBHold* hold = chord.hold())
     for (const QBTone* tone : hold->tones()) tones.emplace_back(*tone);
 }

@@ -178,7 +178,7 @@ void endTonesAtNextStrike(QBSong& song) {
       const int most = std::max(next[static_cast<std::size_t>(tone->string())] - tick, 1);
       if (tone->ticks() <= most) continue;
       tone->setTicks(most);
-      tone->setDuration(sixteenthsBetween(tick, tick + most, isCompoundAt(*chords[i])));
+      tone->setDuration(sixteenthsAlone(tick, tick + most, isCompoundAt(*chords[i])));
     }
     for (const auto& tone : tones)
       if (tone->isActive()) next[static_cast<std::size_t>(tone->string())] = tick;

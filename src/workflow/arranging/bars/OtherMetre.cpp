@@ -69,7 +69,7 @@ class MetreWriter {
       m_soundsUntil = std::max(m_soundsUntil, end);
       const int ticks = std::max(nearestTick(end, m_compound) - tick, 1);
       tone->setTicks(ticks);
-      tone->setDuration(sixteenthsBetween(tick, tick + ticks, m_compound));
+      tone->setDuration(sixteenthsAlone(tick, tick + ticks, m_compound));
     }
     m_placed.push_back({copy, tick});
   }
