@@ -171,7 +171,28 @@ Json chordsAsJson(const rhythm::Reading& reading, const ScoreKey* key) {
   return chords;
 }
 
-void addReading(Json& json, const rhythm::Reading& reading) {
+Json probabilitiesAsJson(const rhythm::Reading& reading) {
+  Json probabilities = Json::array();
+  for (const rhythm::ChordSpan& chord : reading.chords)
+    probabilities.push_back(valueIf(chord.root >= 0, rounded(chord.probability, kPerUnit)));
+  return probabilities;
+}
+
+Json othersAsJson(const rhythm::Rhythm& rhythm) {
+  const char* const feels[] = {"straight", "swing", "triplets"};
+  Json others = Json::array();
+  for (const rhythm::Alternative& other : rhythm.others)
+    others.push_back(
+        {{"tempo", rounded(other.tempo, kPerUnit)},
+         {"beatsPerBar", other.metre.beats},
+         {"compound", other.metre.compound},
+         {"feel", feels[static_cast<std::size_t>(other.feel)]},
+         {"readingProbability", rounded(rhythm.probabilityOf(other.behind), kPerUnit)}});
+  return others;
+}
+
+void addRhythm(Json& json, const rhythm::Rhythm& rhythm) {
+  const rhythm::Reading& reading = rhythm.reading;
   const bool known = reading.key.has_value();
   const ScoreKey key = known ? ScoreKey{reading.key->tonic, reading.key->minor} : ScoreKey();
   json["beats"] = timesAsJson(reading, 0, 1);
@@ -183,6 +204,11 @@ void addReading(Json& json, const rhythm::Reading& reading) {
   json["swing"] = reading.feel == rhythm::Feel::swing;
   json["key"] = known ? Json(nameOf(key)) : Json(nullptr);
   json["chords"] = chordsAsJson(reading, known ? &key : nullptr);
+  json["chordProbabilities"] = probabilitiesAsJson(reading);
+  const bool wasRead = !reading.beats.empty();
+  json["readingProbability"] = valueIf(wasRead, rounded(rhythm.probabilityOf(0), kPerUnit));
+  json["free"] = rhythm.isFree;
+  json["others"] = othersAsJson(rhythm);
 }
 
 // Names taken from files may hold bytes that are no UTF-8; they show as replacement characters.
@@ -200,17 +226,17 @@ std::string songsAsJson(const std::vector<QBSong*>& songs) {
   return dump(all);
 }
 
-std::string notesAsJson(std::span<const fingering::Note> notes, const rhythm::Reading& reading) {
-  Json json{{"notes", asJson(notes, reading)}};
-  addReading(json, reading);
+std::string notesAsJson(std::span<const fingering::Note> notes, const rhythm::Rhythm& rhythm) {
+  Json json{{"notes", asJson(notes, rhythm.reading)}};
+  addRhythm(json, rhythm);
   return json.dump(1) + '\n';
 }
 
 std::string notesAsJson(const std::vector<NotesOfFile>& files) {
   Json all = Json::array();
   for (const NotesOfFile& each : files) {
-    all.push_back({{"file", each.file}, {"notes", asJson(each.notes, each.reading)}});
-    addReading(all.back(), each.reading);
+    all.push_back({{"file", each.file}, {"notes", asJson(each.notes, each.rhythm.reading)}});
+    addRhythm(all.back(), each.rhythm);
   }
   return all.dump(1, ' ', false, Json::error_handler_t::replace) + '\n';
 }

@@ -32,4 +32,10 @@ double Reading::tickOf(double seconds) const {
   return (static_cast<double>(i) - static_cast<double>(firstBar) + share) * kTicksOfBeat;
 }
 
+double Rhythm::probabilityOf(double behind) const {
+  double all = 1;
+  for (const Alternative& other : others) all += std::exp(-other.behind);
+  return std::exp(-behind) / all;
+}
+
 }  // namespace korvel::rhythm

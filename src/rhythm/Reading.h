@@ -42,6 +42,8 @@ struct ChordSpan {
   Quality quality = Quality::major;
   /// What sounds for a good part of it, bit n for pitch class n; 0 as long as nobody has asked.
   unsigned pitchClasses = 0;
+  /// Of root and third, against all other chords; 1 as long as nobody has asked.
+  double probability = 1;
 
   bool operator==(const ChordSpan&) const = default;
 };
@@ -91,6 +93,9 @@ struct Alternative {
   Metre metre;
   Feel feel = Feel::straight;
   double behind = 0;  ///< How far its score is behind the best reading's; above 6 it is clear.
+
+  /// Whether it may be meant as well as the best reading, as far as can be told.
+  bool isNear() const { return behind < 2; }
 };
 
 /// What the user has said about how a recording is to be read; the rest is found.
@@ -112,6 +117,9 @@ struct Rhythm {
   std::vector<Alternative> others;  ///< The best first, no two of one tempo, metre and feel.
   /// Too free to be read in a metre: the best reading is hardly better than none.
   bool isFree = false;
+
+  /// How probable what is so much behind the best is among all that is offered; 0 for the best.
+  double probabilityOf(double behind) const;
 };
 
 }  // namespace korvel::rhythm

@@ -27,7 +27,8 @@ TEST(SongJson, tellsTheTicksOfASongOnBeatsOnly) {
 }
 
 TEST(SongJson, tellsHowTheRhythmOfNotesWasRead) {
-  rhythm::Reading reading;
+  rhythm::Rhythm rhythm;
+  rhythm::Reading& reading = rhythm.reading;
   reading.beats = {0.5, 1, 1.5, 2, 2.5};
   reading.firstBar = 1;
   reading.metre = {3, false};
@@ -35,12 +36,16 @@ TEST(SongJson, tellsHowTheRhythmOfNotesWasRead) {
   reading.key = rhythm::Key{5, false};
   reading.notes = {{-6, 6}};
   reading.chords = {{-12, 0, -1, {}}, {0, 36, 10, rhythm::Quality::majorSeventh}};
+  reading.chords[1].probability = 0.75;
+  rhythm.others = {{60, {2, true}, rhythm::Feel::straight, std::log(4)}};
   const std::string text =
-      onOneLine(notesAsJson(std::vector<fingering::Note>{{0.75, 1, 40, 0, 0, 1}}, reading));
+      onOneLine(notesAsJson(std::vector<fingering::Note>{{0.75, 1, 40, 0, 0, 1}}, rhythm));
   EXPECT_TRUE(text.ends_with(
       R"("tick":-6,"ticks":6}],"beats":[0.5,1.0,1.5,2.0,2.5],"downbeats":[1.0,2.5],"tempo":120.0,)"
       R"("beatsPerBar":3,"compound":false,"swing":true,"key":"F:major",)"
-      R"("chords":[[0.5,1.0,"N"],[1.0,2.5,"Bb:maj7"]]})"))
+      R"("chords":[[0.5,1.0,"N"],[1.0,2.5,"Bb:maj7"]],"chordProbabilities":[null,0.75],)"
+      R"("readingProbability":0.8,"free":false,"others":[{"tempo":60.0,"beatsPerBar":2,)"
+      R"("compound":true,"feel":"straight","readingProbability":0.2}]})"))
       << text;
 }
 

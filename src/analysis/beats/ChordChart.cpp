@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "analysis/beats/SpanNames.h"
+#include "analysis/beats/SpanProbabilities.h"
 #include "music/NoteName.h"
 #include "music/Pitch.h"
 
@@ -32,6 +33,10 @@ const ChordSpan* spanAt(const Reading& reading, int tick) {
   return isIn ? &*found : nullptr;
 }
 
+std::string markedName(const ChordSpan& span, const std::optional<rhythm::Key>& key) {
+  return nameOf(span, key) + (isNone(span) || span.probability >= kSureName ? "" : "?");
+}
+
 std::string barText(const Reading& reading, int from, int to) {
   const ChordSpan* first = spanAt(reading, from);
   if (first && isNone(*first) && first->to >= to) return "-";
@@ -40,7 +45,7 @@ std::string barText(const Reading& reading, int from, int to) {
     const ChordSpan* span = spanAt(reading, tick);
     const bool begins = span && (tick == from || span->from > tick - kTicksOfBeat);
     if (tick > from) text += ' ';
-    text += begins ? nameOf(*span, reading.key) : ".";
+    text += begins ? markedName(*span, reading.key) : ".";
   }
   return text;
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "analysis/beats/SpanNames.h"
+#include "analysis/beats/SpanProbabilities.h"
 #include "analysis/chords/Transcription.h"
 #include "audio/QBSampleSource.h"
 #include "platform/sound/SampleRate.h"
@@ -50,6 +51,7 @@ void Listening::Work::keep(Transcription& listened) {
                  found.tuningOffset,
                  settings.fingering.capo};
   tellPitchClasses(heard.sound.notes, heard.sound.rhythm.reading);
+  tellProbabilities(heard.sound.notes, heard.sound.rhythm.reading);
 }
 
 /// Whether it came to its end.

@@ -151,7 +151,7 @@ void RhythmMenu::listOthers() {
   attempt([this] {
     const RecordedRhythm recorded(*m_song);
     for (const rhythm::Alternative& other : recorded.others())
-      addWish(*m_others, translated(rhythmText(other)), {},
+      addWish(*m_others, translated(offerText(other)), {},
               phrase("UndoAction", "Choose Other Reading"),
               [other](WishedRhythm& wished) { wished.choose(other); });
   });

@@ -16,6 +16,7 @@
 #include "cli/support/choices/TuningChoice.h"
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
+#include "workflow/editing/rhythm/RhythmWords.h"
 #include "workflow/hearing/ListeningAhead.h"
 #include "workflow/hearing/SoundCheck.h"
 
@@ -41,12 +42,21 @@ rhythm::Rhythm rhythmOfFile(const ChordsOptions& options) {
   return listening->take().sound.rhythm;
 }
 
+void tellDoubts(const rhythm::Rhythm& heard) {
+  Console& console = Console::attached();
+  if (heard.isFree) console.note("its rhythm is too free to be read in bars, so they are a guess");
+  if (!heard.others.empty() && heard.others.front().isNear())
+    console.note("its rhythm may be " + rhythmText(heard.others.front()).english() +
+                 " as well; see --tempo and --metre");
+}
+
 void printChords(const ChordsOptions& options) {
   requireSound(options.file);
   const rhythm::Rhythm heard = rhythmOfFile(options);
   const std::string chart = chordChart(heard.reading);
   if (chart.empty()) throw CliError(options.file + ": no chords were heard in it");
   Console::attached().print(chart);
+  tellDoubts(heard);
 }
 
 }  // namespace

@@ -74,12 +74,14 @@ std::optional<rhythm::Key> keyOf(const QBSong& song, const rhythm::Reading& read
 std::string linesOf(QBSong& song) {
   const RecordedRhythm recorded(song);
   std::string lines;
-  if (!song.isOnBeats()) lines += "slices of 0.37 s; in bars:\n";
+  if (!song.isOnBeats())
+    lines += recorded.isFree() ? "slices of 0.37 s; in bars, which it is too free to be sure of:\n"
+                               : "slices of 0.37 s; in bars:\n";
   const rhythm::Reading& reading = recorded.reading();
   lines += (song.isOnBeats() ? rhythmText(song, reading) : rhythmText(reading)).english() + '\n';
   if (const auto key = keyOf(song, reading)) lines += "key " + keyText(*key).english() + '\n';
   for (const rhythm::Alternative& other : recorded.others())
-    lines += "or " + rhythmText(other).english() + '\n';
+    lines += "or " + offerText(other).english() + '\n';
   return lines;
 }
 

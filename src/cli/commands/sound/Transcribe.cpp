@@ -59,7 +59,7 @@ HeardFile heardIn(const std::string& file, Listening& listening) {
     Console::attached().progress(listening.progress());
   Console::attached().progress(1);
   Listening::Heard all = listening.take();
-  return {{file, std::move(all.sound.notes), std::move(all.sound.rhythm.reading)}, all.grid};
+  return {{file, std::move(all.sound.notes), std::move(all.sound.rhythm)}, all.grid};
 }
 
 /// The formats that were asked for of a single recording, each with its file.
@@ -73,8 +73,8 @@ class Outputs {
 
   void write(const HeardFile& heard, const OpenPitches& open) const {
     const NotesOfFile& notes = heard.notes;
-    const NoteScore score(notes.notes, notes.reading, open);
-    const std::string json = notesAsJson(notes.notes, notes.reading);
+    const NoteScore score(notes.notes, notes.rhythm.reading, open);
+    const std::string json = notesAsJson(notes.notes, notes.rhythm);
     if (m_options.json) fileOf(*m_options.json).write(json);
     if (m_options.midi) fileOf(*m_options.midi).write(midiOf(score, heard.grid));
     if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(score.score(title())));

@@ -26,6 +26,8 @@ class RecordedRhythm {
   const std::vector<fingering::Note>& notes() const { return m_notes; }
   const rhythm::Reading& reading() const { return m_stored.rhythm.reading; }
   const std::vector<rhythm::Alternative>& others() const { return m_stored.rhythm.others; }
+  /// Too free to be sure of any of them.
+  bool isFree() const { return m_stored.rhythm.isFree; }
   const rhythm::Wishes& wishes() const { return m_stored.wishes; }
   /// The notes with another reading; wishes are kept with what comes of them by `store`.
   HeardSound readBy(const rhythm::Wishes& wishes) const;

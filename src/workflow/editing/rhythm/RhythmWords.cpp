@@ -56,6 +56,11 @@ UserText rhythmText(const rhythm::Alternative& other) {
   return {phrase("Rhythm", "%1, %2"), plain, feelName(other.feel)};
 }
 
+UserText offerText(const rhythm::Alternative& other) {
+  if (!other.isNear()) return rhythmText(other);
+  return {phrase("Rhythm", "%1 (nearly as probable)"), rhythmText(other)};
+}
+
 UserText keyText(const rhythm::Key& key) {
   const std::string tonic(nameInKey(key.tonic, key.tonic + (key.minor ? kNotesPerOctave : 0)));
   return {key.minor ? phrase("Rhythm", "%1 minor") : phrase("Rhythm", "%1 major"), tonic};

@@ -21,6 +21,8 @@ platform::UserText rhythmText(const rhythm::Reading& reading);
 platform::UserText rhythmText(const QBSong& song, const rhythm::Reading& reading);
 /// "184 in 4/4", "92 in 6/8" or "92 in 4/4, swing".
 platform::UserText rhythmText(const rhythm::Alternative& other);
+/// The same, and whether that is nearly as probable as what was read.
+platform::UserText offerText(const rhythm::Alternative& other);
 /// "A minor".
 platform::UserText keyText(const rhythm::Key& key);
 
