@@ -313,7 +313,9 @@ void MainWindow::openLastSong() {
 }
 
 /// So that the next start can tell, should this one be killed.
-void MainWindow::rememberRunning() { Preferences().setRunningImports(ImportDesk::running()); }
+void MainWindow::rememberRunning() {
+  if (!m_isOver) Preferences().setRunningImports(ImportDesk::running());
+}
 
 void MainWindow::rememberSong() const {
   const QBSong* song = m_shown->song();
@@ -350,6 +352,7 @@ void MainWindow::endWork(Quitting quitting) {
   if (!ImportDesk::running().empty()) waitForImports(this);
   std::ranges::copy(ImportDesk::endAll(), std::back_inserter(left));
   Preferences().setRunningImports(left);
+  m_isOver = true;  // the panel of jobs still notices that none runs any more
 }
 
 // ---- what comes from outside

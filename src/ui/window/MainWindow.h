@@ -104,7 +104,7 @@ class MainWindow final : public QMainWindow, public SongView {
 
   void showHeard(QBSong* heard);
   bool isBusy() const;
-  static void rememberRunning();
+  void rememberRunning();
   void rememberSong() const;
   Quitting askBeforeQuitting();
   void endWork(Quitting quitting);
@@ -133,6 +133,7 @@ class MainWindow final : public QMainWindow, public SongView {
   QVBoxLayout* m_centre = nullptr;
   std::optional<Panels> m_panels;
   DesktopScheme m_scheme;
+  bool m_isOver = false;  ///< What the next start goes on with is told already.
   QLabel* m_heard;  ///< Which song plays.
   QLabel* m_place;
 };
