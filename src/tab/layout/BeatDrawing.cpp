@@ -19,6 +19,8 @@ constexpr int kRowOfStems = 6;
 constexpr int kRowOfTime = 7;
 constexpr int kLastRowOfValue = 8;
 constexpr int kRowOfTriplets = 9;
+constexpr int kRowOfLower = 10;
+constexpr int kHalfNote = 2;
 constexpr double kMiddleOfStem = 1.5;
 constexpr const char* kQuarterSign = "\u2669";
 
@@ -82,6 +84,7 @@ void BeatDrawing::drawPart(const BeatLine::Part& part) {
     drawNote(part, i);
     m_placed.push_back({cell, static_cast<int>(m_signs.systems.size()) - 1});
   }
+  drawLower(part);
   m_matrix.m_xPos = part.end - 1;
   if (part.ends) m_matrix.closeMeasure();
 }
@@ -114,6 +117,22 @@ void BeatDrawing::drawNote(const BeatLine::Part& part, std::size_t cell) {
   const auto count = std::ranges::count_if(part.cells, isSame);
   if (part.cells.begin() + static_cast<std::ptrdiff_t>(cell) == first + (count - 1) / 2)
     m_matrix.setString(column, m_matrix.m_yPos + kRowOfTriplets, "3");
+}
+
+/// Where nothing is struck meanwhile, a sign stands by its time.
+void BeatDrawing::drawLower(const BeatLine::Part& part) {
+  const SongBars::Bar& bar = m_song.bars()[static_cast<std::size_t>(part.bar)];
+  for (const BarSign& sign : bar.lowerSigns()) {
+    const auto cell = std::ranges::find_if(part.cells, [&](const BeatLine::Cell& each) {
+      return sign.from >= each.sign.from && sign.from < each.sign.from + each.sign.ticks;
+    });
+    if (cell == part.cells.end()) continue;
+    const double share = static_cast<double>(sign.from - cell->sign.from) / cell->sign.ticks;
+    const int x = cell->x + static_cast<int>(std::lround((cell->end - cell->x) * share));
+    m_matrix.horText(x + 1, m_matrix.m_yPos + kRowOfLower,
+                     std::string(sign.value <= kHalfNote ? "o" : "|") + (sign.isDotted ? "." : ""));
+    system().lower.push_back({x, part.bar, sign});
+  }
 }
 
 /// The chords of the latest system reach to the next one, or to the end.

@@ -26,6 +26,7 @@ struct BeatHeading {
 ///      0..5   the strings
 ///      6..8   note values, "r" for a rest; time signatures
 ///      9      "3" below triplets
+///     10      "o" half and longer notes of a second voice, "|" shorter ones
 class BeatDrawing {
  public:
   struct Place {
@@ -55,6 +56,7 @@ class BeatDrawing {
   void drawTime(const SongBars::Bar& bar, int x);
   void drawChord(const SongBars::Event& event, int x);
   void drawNote(const BeatLine::Part& part, std::size_t cell);
+  void drawLower(const BeatLine::Part& part);
   void widenPlaces(int end);
   void drawTones();
   void drawTie(const Placed& from, const Placed& to, int string);

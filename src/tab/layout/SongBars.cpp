@@ -99,7 +99,81 @@ class RingingStrings {
   std::array<int, kStrings> m_last;  ///< Index of the ring.
 };
 
+/// What a second voice holds.
+struct Held {
+  int from;
+  int end;
+};
+
+bool isStruckAbove(const SongBars::Event& event, int string) {
+  return std::ranges::all_of(event.frets,
+                             [string](const auto& fret) { return fret.string > string; });
+}
+
+/// Whether all that is struck while a tone rings lies above it.
+bool isBelowOthers(const SongBars::Ring& ring, const std::vector<const SongBars::Event*>& events) {
+  if (!ring.isUnderOthers) return false;
+  auto event = std::ranges::upper_bound(events, ring.from, {}, &SongBars::Event::from);
+  for (; event != events.end() && (*event)->from < ring.end; ++event)
+    if (!isStruckAbove(**event, ring.string)) return false;
+  return true;
+}
+
+/// Whether a lower tone sounds already, or begins with it and does not end with it.
+bool isAboveOther(const SongBars::Ring& ring, const std::vector<SongBars::Ring>& rings,
+                  std::size_t index) {
+  constexpr std::size_t kFarthest = 64;  // what was struck before so many others is over
+  const std::size_t first = index > kFarthest ? index - kFarthest : 0;
+  const std::size_t last = std::min(index + kStrings, rings.size());
+  return std::any_of(rings.begin() + static_cast<std::ptrdiff_t>(first),
+                     rings.begin() + static_cast<std::ptrdiff_t>(last), [&](const auto& other) {
+                       const bool sounds = other.from <= ring.from && other.end > ring.from;
+                       const bool isSame = other.from == ring.from && other.end == ring.end;
+                       return sounds && !isSame && other.string < ring.string;
+                     });
+}
+
+/// Each until the next one, as a voice has them.
+std::vector<Held> heldBelow(const std::vector<SongBars::Ring>& rings,
+                            const std::vector<SongBars::Bar>& bars) {
+  std::vector<const SongBars::Event*> events;
+  for (const SongBars::Bar& bar : bars)
+    for (const SongBars::Event& event : bar.events) events.push_back(&event);
+  std::vector<Held> held;
+  for (std::size_t i = 0; i < rings.size(); ++i) {
+    const SongBars::Ring& ring = rings[i];
+    if (!isBelowOthers(ring, events) || isAboveOther(ring, rings, i)) continue;
+    if (!held.empty() && held.back().from == ring.from) continue;
+    if (!held.empty()) held.back().end = std::min(held.back().end, ring.from);
+    held.push_back({ring.from, ring.end});
+  }
+  return held;
+}
+
+std::vector<BarEvent> lowerOf(const SongBars::Bar& bar, const std::vector<Held>& held) {
+  std::vector<BarEvent> lower;
+  int at = bar.events.front().from;
+  const int end = bar.events.back().from + bar.events.back().ticks;
+  const auto add = [&](int to, BarEvent::Kind kind) {
+    if (to > at) lower.push_back({to - at, kind});
+    at = std::max(at, to);
+  };
+  auto next = std::ranges::upper_bound(held, at, {}, &Held::end);
+  for (; next != held.end() && next->from < end; ++next) {
+    add(next->from, BarEvent::Kind::rest);
+    add(std::min(next->end, end), next->from < at ? BarEvent::Kind::held : BarEvent::Kind::struck);
+  }
+  if (!lower.empty()) add(end, BarEvent::Kind::rest);
+  return lower;
+}
+
 }  // namespace
+
+std::vector<BarSign> SongBars::Bar::lowerSigns() const {
+  std::vector<BarSign> signs = signsOf(lower, beat, beattype, first);
+  std::erase_if(signs, [](const BarSign& sign) { return sign.isRest; });
+  return signs;
+}
 
 std::vector<BarSign> SongBars::Bar::signs() const {
   std::vector<BarEvent> written;
@@ -110,6 +184,7 @@ std::vector<BarSign> SongBars::Bar::signs() const {
 SongBars::SongBars(QBSong& song) {
   readBars(song);
   readTones(song);
+  readLower();
   countBars();
 }
 
@@ -152,6 +227,11 @@ void SongBars::readTones(QBSong& song) {
       event.name = names.of(chord, isStruck);
     }
   }
+}
+
+void SongBars::readLower() {
+  const std::vector<Held> held = heldBelow(m_rings, m_bars);
+  for (Bar& bar : m_bars) bar.lower = lowerOf(bar, held);
 }
 
 void SongBars::countBars() {

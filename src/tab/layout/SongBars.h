@@ -33,8 +33,11 @@ class SongBars {
     bool showsTime;  ///< Its time signature is not that of the bar before.
     int first;       ///< Tick of the bar that its events begin at.
     std::vector<Event> events;
+    std::vector<BarEvent> lower = {};  ///< A second voice of what is held below others, if any.
 
     std::vector<BarSign> signs() const;
+    /// Those of the second voice, without its rests.
+    std::vector<BarSign> lowerSigns() const;
   };
   /// A tone that sounds until its end, or until its string is struck again.
   struct Ring {
@@ -55,6 +58,7 @@ class SongBars {
  private:
   void readBars(QBSong& song);
   void readTones(QBSong& song);
+  void readLower();
   void countBars();
 
   std::vector<Bar> m_bars;

@@ -32,6 +32,7 @@ struct TabSigns {
   };
   struct System {
     std::vector<Note> notes;  ///< From left to right.
+    std::vector<Note> lower;  ///< The same of a second voice, below these; without rests.
     std::vector<Line> ties;   ///< Arcs to what only lengthens.
     std::vector<Line> rings;  ///< Where tones sound on under others.
     std::vector<Time> times;

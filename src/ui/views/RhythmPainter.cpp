@@ -27,6 +27,10 @@ constexpr double kHeadOfWhole = 6.7;
 constexpr double kDotOfStem = 7.3;
 constexpr double kMiddleOfRest = 7.4;
 constexpr double kBracket = 9.1;
+constexpr double kLowerTop = 9.6;
+constexpr double kLowerEnd = 10.8;
+constexpr double kLowerHead = 10.5;
+constexpr double kLowerDot = 10.2;
 constexpr double kMiddleOfString = 0.5;
 
 // In rows.
@@ -58,6 +62,7 @@ void RhythmPainter::drawSystem(QPainter& painter, const TabSigns::System& signs,
     else
       drawNote(painter, note, top);
   }
+  for (const Note& note : signs.lower) drawLower(painter, note, top);
   drawBeams(painter, signs.notes, top);
   drawTriplets(painter, signs.notes, top);
   painter.restore();
@@ -103,9 +108,25 @@ void RhythmPainter::drawNote(QPainter& painter, const Note& note, int top) const
     stroke(painter, m_pen);
     painter.drawLine(stem(note, top, kStemTop), stem(note, top, end));
   }
-  if (!note.sign.beam) drawFlags(painter, note, top);
+  if (!note.sign.beam) drawFlags(painter, note, top, kStemEnd);
   if (note.sign.isDotted)
     drawDot(painter, stem(note, top, dot) + QPointF(kDot * m_cell.width(), 0));
+}
+
+/// What is held has no beams.
+void RhythmPainter::drawLower(QPainter& painter, const Note& note, int top) const {
+  const int value = note.sign.value;
+  const bool hasHead = value < kQuarter;
+  if (hasHead) drawHead(painter, stem(note, top, kLowerHead), true);
+  if (value >= kHalf) {
+    stroke(painter, m_pen);
+    const double end = hasHead ? kLowerHead - kHeadHeight / 2 : kLowerEnd;
+    painter.drawLine(stem(note, top, kLowerTop), stem(note, top, end));
+  }
+  drawFlags(painter, note, top, kLowerEnd);
+  if (note.sign.isDotted)
+    drawDot(painter,
+            stem(note, top, hasHead ? kLowerHead : kLowerDot) + QPointF(kDot * m_cell.width(), 0));
 }
 
 void RhythmPainter::drawDot(QPainter& painter, const QPointF& center) const {
@@ -123,10 +144,10 @@ void RhythmPainter::drawHead(QPainter& painter, const QPointF& center, bool isHo
   painter.drawEllipse(center, height * 1.15, height * 0.85);
 }
 
-void RhythmPainter::drawFlags(QPainter& painter, const Note& note, int top) const {
+void RhythmPainter::drawFlags(QPainter& painter, const Note& note, int top, double end) const {
   stroke(painter, m_pen * 1.6);
   for (int flag = 0; flag < note.sign.flags(); ++flag) {
-    const double row = kStemEnd - flag * kBeamDistance;
+    const double row = end - flag * kBeamDistance;
     painter.drawLine(stem(note, top, row),
                      stem(note, top, row - 0.5) + QPointF(kFlag * m_cell.width(), 0));
   }

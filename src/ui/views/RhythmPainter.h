@@ -14,7 +14,8 @@ class QPainterPath;
 namespace korvel::ui {
 
 /// Draws the signs of rhythm of a tablature on beats: stems, beams and rests below the strings,
-/// ties and held tones on them, time signatures across them.
+/// below these the stems of a second voice, ties and held tones on them, time signatures across
+/// them.
 class RhythmPainter {
  public:
   /// The cell and the width of lines are those of the canvas that draws the text.
@@ -33,9 +34,11 @@ class RhythmPainter {
   QPointF at(double x, double y) const;
   QPointF stem(const Note& note, int top, double row) const;
   void drawNote(QPainter& painter, const Note& note, int top) const;
+  void drawLower(QPainter& painter, const Note& note, int top) const;
   void drawDot(QPainter& painter, const QPointF& center) const;
   void drawHead(QPainter& painter, const QPointF& center, bool isHollow) const;
-  void drawFlags(QPainter& painter, const Note& note, int top) const;
+  /// end: row of the stem's end.
+  void drawFlags(QPainter& painter, const Note& note, int top, double end) const;
   void drawRest(QPainter& painter, const Note& note, int top) const;
   void drawLongRest(QPainter& painter, const QPointF& center, bool hangs) const;
   void drawShortRest(QPainter& painter, const QPointF& center, int flags) const;

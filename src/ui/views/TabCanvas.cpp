@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kNoteValueRows = 3;
 constexpr int kTitleRow = 1;
-constexpr int kTripletRow = kStrings + kNoteValueRows;
+constexpr int kLastRowOfSigns = kStrings + kNoteValueRows + 1;
 /// Before the first chord of a system.
 constexpr int kLabelColumns = 8;
 
@@ -36,7 +36,7 @@ bool isOfSigns(const TabLayout& layout, int row) {
   if (signs.tempo && signs.tempo->row == row) return true;
   const TabLayout::System* system = layout.systemAt(row);
   const int below = system ? row - system->top : -1;
-  return below >= kStrings && below <= kTripletRow;
+  return below >= kStrings && below <= kLastRowOfSigns;
 }
 
 bool isDrawnAsLines(Kind kind) { return kind == Kind::string || kind == Kind::noteValue; }
