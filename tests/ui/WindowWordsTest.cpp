@@ -150,6 +150,16 @@ TEST_P(WindowWordsTest, everyControlHasANameForScreenReaders) {
   EXPECT_EQ(nameless(SelfCheckDialog(nullptr)), "");
 }
 
+TEST_P(WindowWordsTest, playerFitsSmallWindows) {
+  MainWindow window(m_alert);
+  window.show();
+  window.resize(1024, 700);
+  auto* player = window.findChild<PlayerBar*>();
+  player->showTempo(120);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(player->findChild<QWidget*>("qt_toolbar_ext_button")->isVisible());
+}
+
 TEST_P(WindowWordsTest, guidesAreReachedByLettersAndHeard) {
   QBSong& song = *QBTabMgr::db().createAlbum("Practice", false)->createSong("Blues");
   const EasyDialog easy(song);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sound/PlayerBar.h"
 
-#include <QCheckBox>
 #include <QLabel>
+#include <QPainter>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QSpinBox>
@@ -26,7 +26,9 @@ namespace {
 
 constexpr int kAll = 100;
 constexpr double kClicksAsTheyCome = 70;
-constexpr int kSliderWidth = 9;  // in letters
+// Widths of sliders, in letters.
+constexpr int kLongSlider = 6;
+constexpr int kShortSlider = 4;
 constexpr int kSecondsOfMinute = 60;
 /// How late the place may be told.
 constexpr std::chrono::milliseconds kWatch{50};
@@ -38,18 +40,38 @@ QString clock(double seconds) {
       .arg(whole % kSecondsOfMinute, 2, 10, QChar('0'));
 }
 
+/// What a button does, below its name.
+void tellOf(QAction* action, const QString& what) {
+  action->setToolTip(action->text() + '\n' + what);
+}
+
+/// An icon that does nothing.
+class Picture final : public QWidget {
+ public:
+  explicit Picture(QIcon icon) : m_icon(std::move(icon)) {
+    const int side = fontMetrics().height() + 2;
+    setFixedSize(side, side);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    m_icon.paint(&painter, rect());
+  }
+
+ private:
+  QIcon m_icon;
+};
+
 }  // namespace
 
 PlayerBar::PlayerBar(QWidget* parent)
     : QToolBar(tr("Player"), parent),
-      m_metronome(new QCheckBox(tr("Metronome"))),
-      m_countIn(new QCheckBox(tr("Count-in"))),
-      m_strict(new QCheckBox(tr("Strict tempo"))),
       m_loop(new QLabel),
       m_position(new QLabel),
       m_player(QBSession::session(), *this, [this] { return newPlayer(); }) {
   setObjectName("player");
-  setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  setToolButtonStyle(Qt::ToolButtonIconOnly);
   m_play = addAction(playIcon(), tr("Play"), this, &PlayerBar::play);
   m_stop = addAction(stopIcon(), tr("Stop"), this, &PlayerBar::stop);
   m_loop->setObjectName("loop");
@@ -57,18 +79,14 @@ PlayerBar::PlayerBar(QWidget* parent)
   addWidget(m_position);
   addSeparator();
   addWidget(m_loop);
-  m_resetLoop = addAction(tr("Reset Loop"), this, &PlayerBar::resetLoopWanted);
+  m_resetLoop = addAction(resetLoopIcon(), tr("Reset Loop"), this, &PlayerBar::resetLoopWanted);
   addSeparator();
   addSpeed();
-  m_volume = addSlider(tr("Volume"), 0, kAll, Preferences().volume());
+  addVolume();
   addMetronome();
-  m_sound = addAction(tr("Sound ..."), this, &PlayerBar::settingsWanted);
+  m_sound = addAction(soundIcon(), tr("Sound ..."), this, &PlayerBar::settingsWanted);
   m_watch.setInterval(kWatch);
   connect(&m_watch, &QTimer::timeout, this, [this] { m_player.followSound(); });
-  connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
-    Preferences().setVolume(value);
-    applyVolume();
-  });
   for (auto* button : findChildren<QToolButton*>()) {
     button->setFocusPolicy(Qt::TabFocus);
     if (!button->text().isEmpty()) continue;
@@ -85,7 +103,8 @@ PlayerBar::PlayerBar(QWidget* parent)
 PlayerBar::~PlayerBar() = default;
 
 void PlayerBar::addSpeed() {
-  m_speed = addSlider(tr("Speed"), kSlowest, kFastest, kAll);
+  addWidget(new QLabel(tr("Speed") + ' '));
+  m_speed = addSlider(tr("Speed"), kSlowest, kFastest, kAll, kLongSlider);
   connect(m_speed, &QSlider::valueChanged, this,
           [this](int percent) { setRate(static_cast<double>(percent) / kAll); });
   m_beats = new QSpinBox;
@@ -95,51 +114,66 @@ void PlayerBar::addSpeed() {
   connect(m_beats, &QSpinBox::valueChanged, this, [this](int beats) { setRate(beats / m_tempo); });
   m_ofBeats.push_back(addWidget(m_beats));
   m_percent = new QLabel;
-  addWidget(m_percent);
+  m_share = addWidget(m_percent);
 }
 
-QSlider* PlayerBar::addSlider(const QString& title, int least, int most, int value) {
-  auto* label = new QLabel(' ' + title + ' ');
+void PlayerBar::addVolume() {
+  addWidget(new Picture(volumeIcon()));
+  m_volume = addSlider(tr("Volume"), 0, kAll, Preferences().volume(), kShortSlider);
+  connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
+    Preferences().setVolume(value);
+    applyVolume();
+  });
+}
+
+QAction* PlayerBar::addSwitch(const QIcon& icon, const QString& title) {
+  QAction* action = addAction(icon, title);
+  action->setCheckable(true);
+  return action;
+}
+
+QSlider* PlayerBar::addSlider(const QString& title, int least, int most, int value, int letters) {
   auto* slider = new QSlider(Qt::Horizontal);
   slider->setRange(least, most);
   slider->setValue(value);
   slider->setPageStep(most / 10);
   slider->setAccessibleName(title);
-  slider->setFixedWidth(kSliderWidth * fontMetrics().horizontalAdvance('m'));
-  addWidget(label);
+  slider->setToolTip(title);
+  slider->setFixedWidth(letters * fontMetrics().horizontalAdvance('m'));
   addWidget(slider);
   return slider;
 }
 
 void PlayerBar::addMetronome() {
-  connect(m_metronome, &QCheckBox::toggled, this, [this](bool on) {
+  addSeparator();
+  m_metronome = addSwitch(metronomeIcon(), tr("Metronome"));
+  connect(m_metronome, &QAction::toggled, this, [this](bool on) {
     Preferences().setMetronome(on);
     m_player.setMetronome(on);
   });
   m_metronome->setChecked(Preferences().metronome());
-  addSeparator();
-  addWidget(m_metronome);
-  m_clicks = addSlider(tr("Clicks"), 0, kAll, Preferences().clickVolume());
+  m_clicks = addSlider(tr("Clicks"), 0, kAll, Preferences().clickVolume(), kShortSlider);
   const auto setClicks = [this](int value) { m_player.setClickVolume(value / kClicksAsTheyCome); };
   connect(m_clicks, &QSlider::valueChanged, this, [setClicks](int value) {
     Preferences().setClickVolume(value);
     setClicks(value);
   });
   setClicks(m_clicks->value());
-  connect(m_countIn, &QCheckBox::toggled, this, [this](bool on) {
+  m_countIn = addSwitch(countInIcon(), tr("Count-in"));
+  connect(m_countIn, &QAction::toggled, this, [this](bool on) {
     Preferences().setCountIn(on);
     m_player.setCountIn(on);
   });
-  m_countIn->setToolTip(tr("A bar of clicks, or four, before what is played"));
+  tellOf(m_countIn, tr("A bar of clicks, or four, before what is played"));
   m_countIn->setChecked(Preferences().countIn());
-  addWidget(m_countIn);
-  connect(m_strict, &QCheckBox::toggled, this, [this](bool on) {
+  m_strict = addSwitch(strictTempoIcon(), tr("Strict tempo"));
+  connect(m_strict, &QAction::toggled, this, [this](bool on) {
     Preferences().setStrictTempo(on);
     m_player.setStrict(on);
   });
-  m_strict->setToolTip(tr("Not faster here and slower there, as the recording went"));
+  tellOf(m_strict, tr("Not faster here and slower there, as the recording went"));
   m_strict->setChecked(Preferences().strictTempo());
-  m_ofBeats.push_back(addWidget(m_strict));
+  m_ofBeats.push_back(m_strict);
 }
 
 // ---- what the user does
@@ -244,6 +278,7 @@ void PlayerBar::showSpeed(const std::string& percent) {
 void PlayerBar::showTempo(double beatsPerMinute) {
   m_tempo = beatsPerMinute;
   for (QAction* action : m_ofBeats) action->setVisible(m_tempo > 0);
+  m_share->setVisible(m_tempo <= 0);
   const QSignalBlocker asItIs(m_beats);
   const auto at = [this](int percent) {
     return static_cast<int>(std::lround(m_tempo * percent / kAll));

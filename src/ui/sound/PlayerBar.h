@@ -8,7 +8,6 @@
 
 #include "workflow/playing/QBPlayerViewController.h"
 
-class QCheckBox;
 class QLabel;
 class QSlider;
 class QSpinBox;
@@ -19,7 +18,8 @@ struct Practice;
 
 namespace korvel::ui {
 
-/// Plays the song that is shown, or its loop. The user may turn to another song meanwhile.
+/// Plays the song that is shown, or its loop. The user may turn to another song meanwhile. As wide
+/// as small windows are: buttons are icons, which say their names under the pointer.
 class PlayerBar final : public QToolBar, public PlayerControls {
   Q_OBJECT
 
@@ -68,9 +68,11 @@ class PlayerBar final : public QToolBar, public PlayerControls {
 
  private:
   void addSpeed();
+  void addVolume();
+  QAction* addSwitch(const QIcon& icon, const QString& title);
   void setRate(double rate);
   void showBeats();
-  QSlider* addSlider(const QString& title, int least, int most, int value);
+  QSlider* addSlider(const QString& title, int least, int most, int value, int letters);
   std::unique_ptr<platform::MusicPlayer> newPlayer();
   void applyVolume();
   void addMetronome();
@@ -82,15 +84,16 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   QAction* m_stop;
   QAction* m_resetLoop;
   QAction* m_sound;
-  QCheckBox* m_metronome;
-  QCheckBox* m_countIn;
-  QCheckBox* m_strict;
+  QAction* m_metronome = nullptr;
+  QAction* m_countIn = nullptr;
+  QAction* m_strict = nullptr;
   QLabel* m_loop;
   QLabel* m_position;
   QLabel* m_percent = nullptr;
   QSlider* m_speed = nullptr;
   QSpinBox* m_beats = nullptr;      ///< The speed in beats a minute.
   std::vector<QAction*> m_ofBeats;  ///< What shows for songs on beats only.
+  QAction* m_share = nullptr;       ///< The speed in per cent, which shows for the others.
   double m_rate = 1;
   double m_tempo = 0;  ///< Beats a minute at full speed; 0 without.
   QSlider* m_volume = nullptr;
