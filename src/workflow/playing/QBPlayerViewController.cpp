@@ -61,7 +61,7 @@ QBPlayerViewController::Range QBPlayerViewController::rangeOf(QBSong& song) {
 void QBPlayerViewController::begin(QBSong& song) {
   m_song = &song;
   m_range = rangeOf(song);
-  m_loops = song.fromChord() || song.toChord();
+  m_loops = m_looping && (song.fromChord() || song.toChord());
   m_midi = std::make_unique<QBMIDIPlayer>(
       song, m_newPlayer(), m_strict ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded);
   m_midi->scan(m_range.from, m_range.to);

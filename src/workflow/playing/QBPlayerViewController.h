@@ -91,6 +91,8 @@ class QBPlayerViewController final : public PlayerView {
   /// Whether a song on beats is played in strict tempo, not as its recording went; for the next
   /// playing.
   void setStrict(bool on) { m_strict = on; }
+  /// Whether a loop is played again and again, or once; for the next playing.
+  void setLooping(bool on) { m_looping = on; }
   /// The slider has moved.
   void speedChanged();
   void updateLoop() override;
@@ -117,6 +119,7 @@ class QBPlayerViewController final : public PlayerView {
   bool m_metronome = false;
   bool m_countIn = false;
   bool m_strict = false;
+  bool m_looping = true;
   double m_clickVolume = 1;
   int m_first = 0;   ///< Index in the song of the first chord that is played.
   int m_shown = -1;  ///< Index among those played of the chord that was told last.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/sound/Play.h"
 
+#include <chrono>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -29,6 +30,10 @@ struct PlayOptions {
   std::string device;               ///< The system's default when empty.
   std::optional<std::string> file;  ///< A WAV file in the place of a device.
   bool force = false;               ///< Replaces that file when it is there already.
+  std::optional<double> seconds;    ///< How long at most.
+
+  /// A file is to end some time.
+  bool repeatsLoop() const { return !file || seconds; }
 };
 
 /// How long Ctrl-C may wait to be seen.
@@ -69,11 +74,16 @@ std::string named(const std::string& problem, const PlayOptions& options) {
   return isNamed ? problem : name + ": " + problem;
 }
 
-void run(QBPlayerViewController& player, Interrupts& interrupts) {
+void run(QBPlayerViewController& player, Interrupts& interrupts, std::optional<double> seconds) {
+  using Clock = std::chrono::steady_clock;
   const auto watch = platform::RunLoop::main().scheduleRepeating(kWatchSeconds, [] {});
   player.play();
+  const auto begin = Clock::now();
+  const auto isLate = [&] {
+    return seconds && std::chrono::duration<double>(Clock::now() - begin).count() >= *seconds;
+  };
   platform::PlainRunLoop::ofProcess().runUntil(
-      [&] { return !player.isPlaying() || interrupts.next(); });
+      [&] { return !player.isPlaying() || isLate() || interrupts.next(); });
   player.stop();
 }
 
@@ -106,8 +116,9 @@ void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& opti
     return std::make_unique<platform::MusicPlayer>(system, options.device, std::move(synthesizer));
   });
   player.setStrict(options.sound.strict);
+  player.setLooping(options.repeatsLoop());
   const PlayingSession session(song, player);
-  run(player, interrupts);
+  run(player, interrupts, options.seconds);
   if (!console.problem().empty()) throw CliError(named(console.problem(), options));
 }
 
@@ -135,9 +146,14 @@ void addPlay(Command& tool) {
   addSoundOptions(command, options.sound);
   const Option device =
       command.option("--device", options.device, "Output (default: what the system has chosen)");
-  Option wave = command.option("--file", options.file, "WAV file that is played into instead");
+  Option wave =
+      command.option("--file", options.file, "WAV file that is played into instead, a loop once");
   wave.shownAs("FILE").excludes(device);
   command.flag("--force", options.force, "Replace that file when it is there already").needs(wave);
+  command
+      .option("--seconds", options.seconds,
+              "How long at most (default: to the end, a loop on a device until Ctrl-C)")
+      .within(0.1, 86400);
   command.checkLast([&options] {
     if (options.file == "") throw UsageError("--file", "takes a name");
   });
