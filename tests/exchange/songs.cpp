@@ -8,7 +8,8 @@
 
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
-#include "support/store/TickSong.h"
+#include "support/songs/BeatSong.h"
+#include "support/store/StandardStore.h"
 #include "workflow/arranging/MetreArrangements.h"
 #include "workflow/session/StoreSeeding.h"
 
@@ -83,12 +84,11 @@ void addMeasured(QBSong* song, int beats, int beattype) {
 
 /// Eight bars after a pick-up: straight values, triplets, a held bass, ties across the bar lines,
 /// and lengths as edits leave them.
-void addOnBeats(SongMaker& maker, int beats, int beattype, const std::string& pickUp,
+void addOnBeats(SongMaker& maker, const std::string& head, const std::string& pickUp,
                 const std::string& two) {
-  QBSong* song = maker.song("Beats in " + std::to_string(beats));
-  song->setTempo(100);
-  song->setKey(beats);
-  test::addBars(song, beats, beattype, pickUp + '|' + two + '|' + two + '|' + two + '|' + two);
+  QBSong* song = maker.song("Beats in " + head.substr(0, head.find('/')));
+  const std::string bars = two + " | ";
+  test::beatSong(song, head + " tempo=100 " + pickUp + " | " + bars + bars + bars + bars);
 }
 
 void addSongs(QBAlbum* album) {
@@ -109,14 +109,15 @@ void addSongs(QBAlbum* album) {
   QBSong* crossed = maker.song("Crossed strings");
   for (const char* frets : {"5x0xxx", "x50007", "c7xxxx", "x0xx50"})
     test::addChord(crossed, frets, 1);
-  addOnBeats(maker, 4, 4, "xxx2xx:6",
-             "0xxxx0:12/48 xxx2xx:4 xxxx1x:4 xxxx3x:4 xxxx0x:8 xxxx1x:8 xxx2xx:8|"
-             "x02210:5 xx0232:7 x:12 x02xxx:9 xxxxx3:15=21");
-  addOnBeats(maker, 3, 4, "xxx2xx:4",
-             "3xxxx3:12/36 xxxx0x:2 xxxx1x:2 xxxx3x:8 xxx2xx:12|"
-             "x:3 xxx0xx:9 xx0232:1 xx2xxx:23=26");
-  addOnBeats(maker, 6, 8, "xxx2xx:4 xxxx1x:4",
-             "x0xxx0:4/24 xxxx1x:4 xxx2xx:4 xxxx1x:8 xxx2xx:4|x02210:3 x02210:9 x:5 xx0232:7=9");
+  addOnBeats(maker, "4/4 key=4", "xxx2xx t6",
+             "0xxxx0 t12_0t48 xxx2xx t4 xxxx1x t4 xxxx3x t4 xxxx0x t8 xxxx1x t8 xxx2xx t8 | x02210 "
+             "t5 xx0232 t7 rt12 x02xxx t9 xxxxx3 t15=t21");
+  addOnBeats(maker, "3/4 key=3", "xxx2xx t4",
+             "3xxxx3 t12_0t36 xxxx0x t2 xxxx1x t2 xxxx3x t8 xxx2xx t12 | rt3 xxx0xx t9 xx0232 t1 "
+             "xx2xxx t23=t26");
+  addOnBeats(maker, "6/8 key=6", "xxx2xx t4 xxxx1x t4",
+             "x0xxx0 t4_1t24 xxxx1x t4 xxx2xx t4 xxxx1x t8 xxx2xx t4 | x02210 t3 x02210 t9 rt5 "
+             "xx0232 t7=t9");
   addHarmonies(maker);
   maker.randomSong("2,000 chords", 2000, 6, 4);
   maker.randomSong("Tom's <b>\"A & B\"</b> -- ]]> \\", 5, 9, 3);

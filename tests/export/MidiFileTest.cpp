@@ -7,7 +7,8 @@
 #include "export/score/NoteValues.h"
 #include "export/score/SongScore.h"
 #include "support/Testing.h"
-#include "support/store/TickSong.h"
+#include "support/songs/BeatSong.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {
@@ -99,9 +100,9 @@ std::string eventsOf(const MidiSequence& midi) {
 TEST(SongMidi, playsASongOnBeatsAtItsTicks) {
   const test::StandardStore store;
   QBSong* song = store.song("Song");
-  song->setTempo(100);
-  song->setSwing(0.7);
-  test::addBars(song, 3, 4, "xxx2xx:6|0xxxx0:12/36 xxx2xx:4 xxx0xx:8 x:6 xxx2xx:6=12");
+  test::beatSong(
+      song,
+      "tempo=100 swing=0.7 3/4 xxx2xx t6 | 0xxxx0 t12_0t36 xxx2xx t4 xxx0xx t8 rt6 xxx2xx t6=t12");
   const std::string notes = "96+144:57 240+1440:40 240+480:64 720+224:57 944+256:55 1536+480:57 ";
   EXPECT_EQ(eventsOf(midiOf(*song)), "0=600000 0=1/8 240=3/4 " + notes);
   test::setBeatTimes(song, -6, [](int tick) { return 3 + 0.05 * std::max(2 * tick - 12, tick); });
@@ -109,9 +110,8 @@ TEST(SongMidi, playsASongOnBeatsAtItsTicks) {
   EXPECT_EQ(eventsOf(midiOf(*song)), "0=300000 720=600000 1200=450000 0=1/8 240=3/4 " + notes);
 
   QBSong* compound = store.song("Compound");
-  compound->setTempo(60);
-  compound->setKey(16);
-  test::addBars(compound, 6, 8, "xxx2xx:4|0xxxx0:12/36 xxx2xx:5 xxx0xx:7|x02xxx:24");
+  test::beatSong(
+      compound, "tempo=60 key=16 6/8 xxx2xx t4 | 0xxxx0 t12_0t36 xxx2xx t5 xxx0xx t7 | x02xxx t24");
   const MidiSequence midi = midiOf(*compound);
   EXPECT_EQ(eventsOf(midi),
             "0=666667 0=1/8 240=6/8 0+240:57 240+2160:40 240+720:64 960+300:57 1260+420:55 "
@@ -121,12 +121,11 @@ TEST(SongMidi, playsASongOnBeatsAtItsTicks) {
 
 TEST(SongMidi, hasAPickUpAsLongAsItsScore) {
   const test::StandardStore store;
-  const auto pickUps = [&](int beat, int beattype) {
+  const auto pickUps = [&](const std::string& metre) {
     std::string text;
     for (const int ticks : {6, 12, 18, 24, 4}) {
       QBSong* song = store.song("Song");
-      song->setTempo(100);
-      test::addBars(song, beat, beattype, "x02xxx:" + std::to_string(ticks) + "|x:12|x:12");
+      test::beatSong(song, metre + " x02xxx t" + std::to_string(ticks) + " | rt12 | rt12");
       const MidiSequence midi = midiOf(*song);
       const std::string events = eventsOf(midi).substr(eventsOf(midi).find(' ') + 1);
       text += events.substr(0, events.find('+')) + ", ";
@@ -142,10 +141,9 @@ TEST(SongMidi, hasAPickUpAsLongAsItsScore) {
   const std::string inQuarters =
       "0=1/8 240=@ 0, 0=1/4 480=@ 0, 0=3/8 720=@ 0, 0=2/4 960=@ 0, "
       "0=1/4 480=@ 320, ";
-  for (const int beats : {3, 4})
-    EXPECT_EQ(pickUps(beats, 4),
-              std::regex_replace(inQuarters, std::regex("@"), std::to_string(beats) + "/4"));
-  EXPECT_EQ(pickUps(6, 8),
+  for (const char* metre : {"3/4", "4/4"})
+    EXPECT_EQ(pickUps(metre), std::regex_replace(inQuarters, std::regex("@"), metre));
+  EXPECT_EQ(pickUps("6/8"),
             "0=3/16 360=6/8 0, 0=3/8 720=6/8 0, 0=9/16 1080=6/8 0, 0=6/8 0, 0=1/8 240=6/8 0, ");
 }
 

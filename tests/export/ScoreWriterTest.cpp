@@ -6,7 +6,7 @@
 #include "export/score/Spelling.h"
 #include "support/Approved.h"
 #include "support/Testing.h"
-#include "support/store/TickSong.h"
+#include "support/songs/BeatSong.h"
 #include "support/store/StandardStore.h"
 
 namespace korvel {
@@ -183,33 +183,30 @@ TEST_F(SongScoreTest, writesWhatOtherProgramsRead) {
 /// and lengths as edits leave them.
 TEST_F(SongScoreTest, writesTheExactLengthsOfASongOnBeats) {
   const struct {
-    int beats, type;
     const char* bars;
     const char* signs;
   } cases[] = {
-      {4, 4, "x:6 xxx2xx:6|0xxxx0:12/48 xxx2xx:4 xxx2xx:4 xxx2xx:4 xxx0xx:24",
+      {"4/4 rt6 xxx2xx t6 | 0xxxx0 t12_0t48 xxx2xx t4 xxx2xx t4 xxx2xx t4 xxx0xx t24",
        "|r2 2|4 [8u 8u 8u] 8 / 16"},
-      {4, 4, "x02210:36 xxxx1x:12=30|x:18 0xxxx0:18 xxxxxx:12", "|12 4~|6 6 r4"},
-      {3, 4, "xxx2xx:4|xxxxx3:36 |0xxxxx:12 x0xxxx:12 x2xxxx:5 x3xxxx:7",
+      {"4/4 x02210 t36 xxxx1x t12=t30 | rt18 0xxxx0 t18 rt12", "|12 4~|6 6 r4"},
+      {"3/4 xxx2xx t4 | xxxxx3 t36 | 0xxxxx t12 x0xxxx t12 x2xxxx t5 x3xxxx t7",
        "|[r16u 8u]|12|4 4 [8u~ 2u 1~ 8u]"},
-      {3, 4, "xxxxx3:12=36 0xxxxx:12 x2xxxx:12", "|12 / r4 4 4"},
-      {6, 8, "xxx2xx:4|0xxxxx:4/24 xxx2xx:4 xxxx1x:4 x:12|x02210:3 x02210:9 x02210:12=20|x:24",
+      {"3/4 xxxxx3 t12=t36 0xxxxx t12 x2xxxx t12", "|12 / r4 4 4"},
+      {"6/8 xxx2xx t4 | 0xxxxx t4_0t24 xxx2xx t4 xxxx1x t4 rt12 | x02210 t3 x02210 t9 x02210 "
+       "t12=t20 | rt24",
        "|2|r2 2 2 r6 / 12|9u 9u~ 3 6~|4 r2 r6"},
   };
-  for (const auto& [beats, type, bars, signs] : cases) {
+  for (const auto& [bars, signs] : cases) {
     QBSong* song = m_store.song("Beats");
-    song->setTempo(100);
-    test::addBars(song, beats, type, bars);
+    test::beatSong(song, bars);
     EXPECT_EQ(signsOf(score(song)), signs) << bars;
   }
 }
 
 TEST_F(SongScoreTest, writesASongOnBeatsAsOtherProgramsReadIt) {
-  m_song->setTempo(120);
-  m_song->setSwing(0.66);
-  m_song->setKey(5);
-  test::addBars(m_song, 3, 4,
-                "xxx3xx:4|x13331:12/36 xxxx3x:6 xxxx1x:6 xxx3xx:12=18|x:6 xxxxx3:30|");
+  test::beatSong(m_song,
+                 "swing=0.66 key=5 3/4 xxx3xx t4 | x13331 t12_1t36 xxxx3x t6 xxxx1x t6 xxx3xx "
+                 "t12=t18 | rt6 xxxxx3 t30");
   test::setBeatTimes(m_song, -4, [](int tick) { return 2 + 0.04 * std::max(tick, 2 * tick - 36); });
   for (const auto& chord : m_song->allChords()) {
     chord->setHarmony(harmony("7"));

@@ -2,7 +2,8 @@
 #include "export/SongJson.h"
 
 #include "support/Testing.h"
-#include "support/store/TickSong.h"
+#include "support/songs/BeatSong.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {
@@ -16,9 +17,7 @@ TEST(SongJson, tellsTheTicksOfASongOnBeatsOnly) {
   const test::StandardStore store;
   EXPECT_EQ(songAsJson(*store.song("Slices")).find("tempo\""), std::string::npos);
   QBSong* song = store.song("Song");
-  song->setTempo(90);
-  song->setKey(14);
-  test::addBars(song, 6, 8, "3:4|x3:24/30");
+  test::beatSong(song, "tempo=90 key=14 6/8 3xxxxx t4 | x3xxxx t24_1t30");
   const std::string text = onOneLine(songAsJson(*song));
   for (const char* part :
        {R"("tempo":90.0,"swing":false,"key":"D:minor","chords")",

@@ -3,7 +3,7 @@
 
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
-#include "support/store/TickSong.h"
+#include "support/store/StandardStore.h"
 
 namespace korvel {
 namespace {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/songs/BeatSong.h"
 
+#include <optional>
 #include <regex>
 #include <sstream>
 #include <stdexcept>
@@ -22,7 +23,9 @@ class BeatWriter {
     static const std::regex setting("(tempo|key|swing)=([0-9.]+)");
     static const std::regex time("([0-9]+)/([0-9]+)");
     static const std::regex chord("(?:([A-G][#b]?)?([^:]*)(:))?([0-9a-ex]{6})?");
-    static const std::regex step("([~r]?)([whqes][.3]?)(?:_([0-5])([whqes][.3]?))?");
+    static const std::string length = "([whqes][.3]?|t[0-9]+)";
+    static const std::regex step("([~r]?)" + length + "(?:_([0-5])" + length + "|=" + length +
+                                 ")?");
     std::smatch part;
     if (word == "|") {
       m_measure = nullptr;
@@ -32,8 +35,7 @@ class BeatWriter {
       m_beat = std::stoi(part[1]);
       m_beattype = std::stoi(part[2]);
     } else if (std::regex_match(word, part, step)) {
-      add(part[1], ticksOf(part[2]), part[3].matched ? std::stoi(part[3]) : -1,
-          part[4].matched ? ticksOf(part[4]) : 0);
+      add(part[1], ticksOf(part[2]), tonesOf(part));
     } else if (std::regex_match(word, part, chord)) {
       if (part[3].matched) name(part[1], part[2]);
       if (part[4].matched) m_frets = part[4];
@@ -47,6 +49,20 @@ class BeatWriter {
     QBTone* tone;
     int end;
   };
+  /// How long the tone of a string lasts, or each of them; those of no ticks as long as the chord.
+  struct Tones {
+    std::optional<int> string{};
+    int ticks = 0;
+
+    bool has(const QBTone& tone) const {
+      return ticks > 0 && string.value_or(tone.string()) == tone.string();
+    }
+  };
+
+  Tones tonesOf(const std::smatch& step) const {
+    if (step[4].matched) return {std::stoi(step[3]), ticksOf(step[4])};
+    return step[5].matched ? Tones{{}, ticksOf(step[5])} : Tones();
+  }
 
   void set(const std::string& setting, double value) {
     if (setting == "tempo") m_song->setTempo(value);
@@ -65,6 +81,7 @@ class BeatWriter {
   bool compound() const { return isCompound(m_beat, m_beattype); }
 
   int ticksOf(const std::string& length) const {
+    if (length[0] == 't') return std::stoi(length.substr(1));
     const std::string letters = "whqes";
     int ticks = 48 >> letters.find(length[0]);
     if (length.ends_with('.')) ticks = ticks * 3 / 2;
@@ -72,7 +89,7 @@ class BeatWriter {
     return compound() ? ticks * 2 / 3 : ticks;
   }
 
-  void add(const std::string& kind, int ticks, int string, int ticksOfString) {
+  void add(const std::string& kind, int ticks, const Tones& tones) {
     openMeasure();
     QBChord* chord = addChord(m_song, kind.empty() ? m_frets : "xxxxxx",
                               sixteenthsBetween(m_place, m_place + ticks, compound()));
@@ -83,7 +100,7 @@ class BeatWriter {
     }
     m_measure->addChord(chord);
     if (kind == "~") ringOn(ticks);
-    if (kind.empty()) strike(*chord, ticks, string, ticksOfString);
+    if (kind.empty()) strike(*chord, ticks, tones);
     m_place += ticks;
     m_tick += ticks;
   }
@@ -94,10 +111,10 @@ class BeatWriter {
     m_place = 0;
   }
 
-  void strike(QBChord& chord, int ticks, int string, int ticksOfString) {
+  void strike(QBChord& chord, int ticks, const Tones& tones) {
     m_ringing.clear();
     for (QBTone* tone : chord.hold()->tones()) {
-      tone->setTicks(tone->string() == string ? ticksOfString : ticks);
+      tone->setTicks(tones.has(*tone) ? tones.ticks : ticks);
       m_ringing.push_back({tone, m_tick + tone->ticks()});
     }
   }
