@@ -101,6 +101,9 @@ class SongEditor {
  private:
   using Chords = std::vector<platform::Ref<QBChord>>;
 
+  /// Of a tone that has no other one to take it from: a note that is played well.
+  static constexpr double kAmp = 1e6;
+
   void edit(const platform::Phrase& title, const std::function<void()>& work,
             const platform::ActionKind* kind = nullptr);
   QBChord& chordAt(int index);

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <algorithm>
+#include <optional>
+
+#include "model/instruments/QBInstrument.h"
+#include "model/songs/QBAlbum.h"
+#include "model/songs/QBSong.h"
+#include "platform/files/Files.h"
+#include "playback/SongRenderer.h"
+#include "ui/desktop/Preferences.h"
+#include "ui/desktop/Synthesizers.h"
+#include "ui/desktop/Text.h"
+#include "ui/library/LibraryActions.h"
+#include "ui/library/SongFormats.h"
+#include "workflow/exporting/ExportAlbumCommand.h"
+#include "workflow/library/LibraryEdits.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel::ui {
+namespace {
+
+const QString kPdf = ".pdf";
+
+QString proposedPath(const std::string& title, const QString& ending = {}) {
+  return QDir(Preferences().exportFolder()).filePath(toText(fileNameOf(title)) + ending);
+}
+
+}  // namespace
+
+void LibraryActions::exportSongFile(QBSong* song) {
+  const platform::Ref<QBSong> kept = song;
+  QStringList filters;
+  for (const FormatName& format : kFormats) filters.append(filterOf(format));
+  filters.append(tr("Sound of the whole song") + " (*.wav)");
+  if (const auto loop = SongRenderer::loopOf(*song))
+    filters.append(tr("Sound of the loop, chords %1 to %2").arg(loop->from).arg(loop->to) +
+                   " (*.wav)");
+  const QString pdf = tr("PDF document") + " (*" + kPdf + ')';
+  filters.append(pdf);
+  QString chosen = filters.first();
+  const QString file = QFileDialog::getSaveFileName(
+      m_window, tr("Export Song"), proposedPath(song->title()), filters.join(";;"), &chosen);
+  if (file.isEmpty()) return;
+  Preferences().setExportFolder(QFileInfo(file).absolutePath());
+  if (file.endsWith(kPdf, Qt::CaseInsensitive) || (chosen == pdf && !formatNamedBy(file)))
+    return exportPdf(*kept, file);
+  const auto format = std::max<qsizetype>(0, filters.indexOf(chosen));
+  exportAs(*kept, file, static_cast<std::size_t>(format));
+}
+
+void LibraryActions::exportPdf(QBSong& song, const QString& file) {
+  const bool named = file.endsWith(kPdf, Qt::CaseInsensitive);
+  const QString path = named ? file : file + kPdf;
+  if (named || mayReplace(path)) emit pdfWanted(&song, path);
+}
+
+/// format: index into kFormats, or one beyond for sound, and two for that of the loop.
+void LibraryActions::exportAs(QBSong& song, const QString& file, std::size_t format) {
+  const bool asChosen = file.endsWith(endingOf(format), Qt::CaseInsensitive);
+  const auto named = asChosen ? std::optional(format) : formatNamedBy(file);
+  const QString path = named ? file : file + endingOf(format);
+  // The dialog has asked for the name as it was typed only.
+  if (!named && !mayReplace(path)) return;
+  format = named.value_or(format);
+  attempt([&] {
+    if (format >= kFormats.size())
+      renderSong(song, format > kFormats.size() ? RenderedPart::loop : RenderedPart::song, path);
+    else
+      exportSong(song, kFormats.at(format).format, path.toStdString());
+  });
+}
+
+bool LibraryActions::mayReplace(const QString& file) {
+  return !QFileInfo::exists(file) ||
+         QMessageBox::question(m_window, tr("Export Song"),
+                               tr("%1 is there already. Replace it?").arg(file)) ==
+             QMessageBox::Yes;
+}
+
+void LibraryActions::renderSong(QBSong& song, RenderedPart part, const QString& file) {
+  const auto tempo =
+      Preferences().strictTempo() ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded;
+  run(std::make_shared<RenderSongCommand>(&song, part, file.toStdString(), newSynthesizer(),
+                                          tempo));
+}
+
+void LibraryActions::run(const std::shared_ptr<QBCommand>& job) {
+  QBSession::session().addJob(job);
+  try {
+    job->runInBackground();
+  } catch (...) {
+    QBSession::session().removeJob(*job);
+    throw;
+  }
+}
+
+void LibraryActions::exportAll(QBAlbum& album, SongFormat format) {
+  exportInto([&](const std::string& folder) {
+    return std::make_shared<ExportAlbumCommand>(album, format, folder);
+  });
+}
+
+void LibraryActions::exportInto(const Exporter& exporter) {
+  Preferences preferences;
+  const QString folder = QFileDialog::getExistingDirectory(m_window, tr("Export All Songs Into"),
+                                                           preferences.exportFolder());
+  if (folder.isEmpty()) return;
+  preferences.setExportFolder(folder);
+  run(exporter(folder.toStdString()));
+}
+
+void LibraryActions::exportInstrument(QBInstrument& instrument) {
+  const QString file = QFileDialog::getSaveFileName(m_window, tr("Export Instrument"),
+                                                    proposedPath(instrument.name(), ".xml"),
+                                                    tr("Instrument definitions (*.xml)"));
+  if (file.isEmpty()) return;
+  Preferences().setExportFolder(QFileInfo(file).absolutePath());
+  attempt([&] { platform::writeAtomically(file.toStdString(), definitionOf(instrument)); });
+}
+
+}  // namespace korvel::ui
