@@ -5,6 +5,8 @@
 #include <string>
 
 #include "cli/commands/arranging/EasySong.h"
+#include "cli/commands/doubts/CorrectSong.h"
+#include "cli/commands/doubts/DoubtsOfSong.h"
 #include "cli/commands/instruments/ListInstruments.h"
 #include "cli/commands/rhythm/ChordsOfFile.h"
 #include "cli/commands/rhythm/RhythmOfSong.h"
@@ -62,6 +64,8 @@ void describe(cli::Command& tool) {
   cli::addApply(tool);
   cli::addEasySong(tool);
   cli::addRhythmOfSong(tool);
+  cli::addDoubtsOfSong(tool);
+  cli::addCorrectSong(tool);
   cli::addLoopSong(tool);
   cli::addCloneSong(tool);
   cli::addRenameSong(tool);

@@ -13,6 +13,7 @@
 #include "platform/loop/Slices.h"
 #include "precise/Experience.h"
 #include "precise/Intake.h"
+#include "precise/Settings.h"
 #include "precise/judging/Candidate.h"
 #include "precise/judging/Choice.h"
 #include "precise/judging/Company.h"
@@ -59,16 +60,6 @@ constexpr double kShareOfMeeting = 0.4;
 constexpr double kShareOfAdding = 0.3;
 /// Rows of a table whose memory is given back at once.
 constexpr std::size_t kFramesGivenBack = 8192;
-
-/// The probability from which a candidate is a note. Most are surely one or surely none, so that
-/// the ends lie far apart.
-double thresholdOf(double sensitivity) {
-  constexpr double kStrict = 0.8;
-  constexpr double kMiddle = 0.5;
-  constexpr double kLenient = 0.15;
-  const double s = std::clamp(sensitivity, 0.0, 1.0);
-  return s < 0.5 ? std::lerp(kStrict, kMiddle, 2 * s) : std::lerp(kMiddle, kLenient, 2 * s - 1);
-}
 
 double share(std::size_t done, std::size_t all) {
   return static_cast<double>(done) / static_cast<double>(all);

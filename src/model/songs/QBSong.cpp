@@ -33,6 +33,7 @@ platform::EntityDescription QBSong::describe() {
       .attribute<&QBSong::m_tempo>("tempo")
       .attribute<&QBSong::m_swing>("swing")
       .attribute<&QBSong::m_key>("key")
+      .attribute<&QBSong::m_corrections>("corrections", platform::Fetch::onDemand)
       .toOne<&QBSong::m_recording>("recording", "SongRecording", "songs")
       .toOne<&QBSong::m_album>("album", "QBAlbum", "songs")
       .toOne<&QBSong::m_tuning>("tuning", "QBTuning", "songs")
@@ -56,6 +57,7 @@ void QBSong::takeRhythmOf(const QBSong& other) {
   if (other.isSwung()) setSwing(other.swing());
   if (other.hasKey()) setKey(other.key());
   setRecording(other.recording());
+  if (other.hasCorrections()) setCorrections(other.corrections());
 }
 
 void QBSong::clearRhythm() {

@@ -73,7 +73,13 @@ class QBSong final : public platform::ManagedObject {
   /// What it was heard in; none for a song that was not, or before recordings were kept.
   SongRecording* recording() const;
   void setRecording(SongRecording* value);
-  /// Takes tempo, swing, key and recording from another song.
+  /// What the song has otherwise than its recording was heard, as bytes of a version of their own
+  /// (`rhythm/stored/NoteCorrections.h`); unset when it has all as it was heard.
+  const platform::Bytes& corrections() const { return readOnDemand(m_corrections); }
+  void setCorrections(platform::Bytes value) { assign(m_corrections, std::move(value)); }
+  void clearCorrections() { unset(m_corrections); }
+  bool hasCorrections() const { return hasOnDemand(m_corrections); }
+  /// Takes tempo, swing, key, recording and corrections from another song.
   void takeRhythmOf(const QBSong& other);
   /// Is not on beats any more: without tempo, swing and key. The chords keep what they have.
   void clearRhythm();
@@ -128,6 +134,7 @@ class QBSong final : public platform::ManagedObject {
   platform::Attribute<double> m_tempo;
   platform::Attribute<double> m_swing;
   platform::Attribute<int> m_key;
+  platform::Attribute<platform::Bytes> m_corrections;
   platform::ToOne<SongRecording> m_recording;
   platform::ToOne<QBAlbum> m_album;
   platform::ToOne<QBTuning> m_tuning;

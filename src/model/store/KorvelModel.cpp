@@ -26,7 +26,7 @@ namespace {
 
 constexpr platform::StoreFile::Format kFormat{
     .applicationId = 0x4b52564c,  // "KRVL"
-    .version = 3,
+    .version = 4,
 };
 
 std::vector<platform::EntityDescription> descriptions() {

@@ -26,6 +26,11 @@ class ByteWriter {
     const auto bits = std::bit_cast<std::uint64_t>(value);
     for (int i = 0; i < 64; i += 8) add(static_cast<std::uint8_t>(bits >> i));
   }
+  /// With how many they are.
+  void block(std::span<const std::byte> bytes) {
+    whole(bytes.size());
+    m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end());
+  }
   std::vector<std::byte> take() { return std::move(m_bytes); }
 
   static constexpr std::uint64_t kMore = 0x80;
@@ -86,6 +91,12 @@ class ByteReader {
     std::uint64_t bits = 0;
     for (int i = 0; i < 64; i += 8) bits |= std::to_integer<std::uint64_t>(next()) << i;
     return std::bit_cast<double>(bits);
+  }
+  std::span<const std::byte> block() {
+    const std::size_t size = count(1);
+    const std::span<const std::byte> bytes = m_bytes.first(size);
+    m_bytes = m_bytes.subspan(bytes.size());
+    return bytes;
   }
   bool isAtEnd() const { return m_bytes.empty(); }
 

@@ -144,6 +144,35 @@ bool BeatBars::divideBefore(std::size_t chord) {
   return true;
 }
 
+std::optional<std::size_t> BeatBars::beginAt(int ticks) {
+  if (ticks < 0) return {};
+  for (std::size_t chord = 0; chord < m_chords.size(); ++chord) {
+    const int here = at(chord).ticks();
+    if (ticks == 0) return chord;
+    if (ticks < here) {
+      const Time time = timeAt(chord, ticks);
+      changeTicks(at(chord), ticks - here);
+      QBChord& begun = insert(chord + 1, at(chord).measure(), here - ticks, time);
+      begun.setHarmony(at(chord).harmony());
+      if (at(chord).hasBaseTone()) begun.setBaseTone(at(chord).baseTone());
+      return chord + 1;
+    }
+    ticks -= here;
+  }
+  return {};
+}
+
+std::size_t BeatBars::indexOf(const QBChord& chord) const {
+  return static_cast<std::size_t>(
+      std::ranges::find(m_chords, &chord, &platform::Ref<QBChord>::get) - m_chords.begin());
+}
+
+void BeatBars::joinToBefore(std::size_t chord) {
+  if (!isToneless(at(chord)) || chord == beginOfBar(chord)) return;
+  changeTicks(at(chord - 1), at(chord).ticks());
+  erase(chord);
+}
+
 void BeatBars::endRinging(std::size_t chord) {
   if (isToneless(at(chord))) return;
   for (const QBTone* tone : at(chord).hold()->tones()) {

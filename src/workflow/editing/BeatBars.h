@@ -60,6 +60,16 @@ class BeatBars {
   /// Answers them, without what goes on behind bar lines.
   std::vector<QBChord*> write(std::size_t from, const std::vector<CopiedChord>& copies);
 
+  /// The chord that begins so many ticks behind the beginning of the first one; one that lasts
+  /// through there is divided, and its tones that ended with it do so there. None outside of the
+  /// song.
+  std::optional<std::size_t> beginAt(int ticks);
+  /// What is before a chord without tones lasts through it, as far as its bar.
+  void joinToBefore(std::size_t chord);
+  QBChord& chord(std::size_t index) const { return at(index); }
+  /// The chord is one of them.
+  std::size_t indexOf(const QBChord& chord) const;
+
   /// To be called once, at the end.
   void finish();
 

@@ -19,16 +19,16 @@ struct Doubt {
     note,      ///< It may be no note.
     overtone,  ///< It may be an overtone of another one.
     octave,    ///< It may be another one, which is a candidate, an octave or more above or below.
-    restrike,  ///< The note before it may only ring on.
+    restrike,  ///< The note of its pitch before it may only ring on.
     missing,   ///< A candidate may be a note.
   };
 
   std::size_t note = 0;  ///< In the song's notes: the one that may be none, or the candidate.
   Kind kind = Kind::note;
   /// In the song's notes: the candidate that may be meant, or the note of which it is an overtone.
-  std::optional<std::size_t> other;
-  /// "A string, fret 3: perhaps an overtone of E2".
-  platform::UserText reason;
+  std::optional<std::size_t> other{};
+  /// "A string, fret 3: perhaps an overtone of C3".
+  platform::UserText reason{};
 };
 
 /// A moment of a song to be listened to, with all that may be wrong there.
@@ -36,18 +36,17 @@ struct DoubtfulPlace {
   int chord = -1;      ///< Index in `allChords`.
   double seconds = 0;  ///< In the recording, of the first note.
   double length = 0;   ///< Likewise; how long to listen.
-  double benefit = 0;  ///< How probable it is that something is wrong, 0..1.
+  double benefit = 0;  ///< How many notes are expected to be wrong there.
   std::vector<Doubt> doubts;
 };
 
-/// Where a song may be wrong, in order of time: those places at which a look is worth most, about
-/// one for seven notes. What the user has confirmed, corrected or edited is not among them.
+/// Where a song may be wrong, in order of time: those places at which a look is worth it. On
+/// recordings that were heard well these are few; at most they are one for four notes. What the
+/// user has confirmed, corrected or edited is not among them.
 ///
 /// Computed once, from the song's notes.
 class DoubtList {
  public:
-  /// At most so many places for each note of the song.
-  static constexpr double kMostVisited = 0.15;
 
   DoubtList() = default;
   DoubtList(QBSong& song, const SongNotes& notes);

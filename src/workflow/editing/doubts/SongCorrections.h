@@ -63,6 +63,11 @@ class SongCorrections {
  private:
   class Work;
 
+  NoteChanges done(const platform::Phrase& title, Work& work);
+  template <class Change>
+  static void eachChange(const SongNotes& notes, double sensitivity,
+                         const std::optional<Part>& part, const Change& change);
+
   platform::Ref<QBSong> m_song;
 };
 

@@ -22,6 +22,8 @@ struct SongNote {
   fingering::Note note;
   /// The song has it. One that it has not is a candidate.
   bool isIn = false;
+  /// The detection took it.
+  bool wasTaken = false;
   /// The user has decided about it, or has changed what was there by hand: it is not doubted, and
   /// stays when notes are decided anew.
   bool isLocked = false;
@@ -57,6 +59,8 @@ class SongNotes {
   bool isDoubtful(int chord) const;
 
   static constexpr float kDoubtful = 0.75F;
+  /// What is struck so near to a chord comes with it, in seconds.
+  static constexpr double kWithChord = 0.06;
 
  private:
   void find(QBSong& song);

@@ -7,6 +7,7 @@
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
 #include "rhythm/RhythmReader.h"
+#include "rhythm/stored/NoteCorrections.h"
 #include "workflow/session/EditRefused.h"
 
 namespace korvel {
@@ -29,7 +30,9 @@ RecordedRhythm::RecordedRhythm(QBSong& song) : m_recording(recordingOf(song)) {
                              "%1: what was heard in its recording cannot be read; hear the "
                              "recording again"),
                       song.title());
-  m_notes = std::move(notes->taken);
+  const auto corrections =
+      song.hasCorrections() ? rhythm::noteCorrections(song.corrections()) : std::nullopt;
+  m_notes = corrections ? rhythm::notesBy(*notes, *corrections) : std::move(notes->taken);
   m_stored = std::move(*stored);
 }
 

@@ -23,6 +23,7 @@ class RecordedRhythm {
   /// Why no rhythm of the song can be read; none when one can, as far as can be told at once.
   static std::optional<platform::UserText> refusal(const QBSong& song);
 
+  /// Those that the song has by its user's corrections.
   const std::vector<fingering::Note>& notes() const { return m_notes; }
   const rhythm::Reading& reading() const { return m_stored.rhythm.reading; }
   const std::vector<rhythm::Alternative>& others() const { return m_stored.rhythm.others; }

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "fingering/Note.h"
+
+namespace korvel {
+
+/// A note that was heard in a song's recording, with what the song has of it.
+struct JudgedNote {
+  std::size_t number = 0;  ///< Under which the user names it.
+  fingering::Note note;
+  int bar = 0;      ///< 0 for a pick-up, and in a song without bars.
+  double beat = 0;  ///< In the bar, the first one being 1; 0 in a song without bars.
+  bool isIn = false;
+  bool isLocked = false;
+  std::string doubt;  ///< What may be wrong; empty where nothing is doubted.
+};
+
+/// {"doubts": [...], "candidates": [...], "locks": [...]}: notes with a doubt, those that the song
+/// has not, and those of which the user has decided; each {"number", "bar", "beat", "onset",
+/// "offset", "midi", "string", "fret", "probability", "in", "locked", "doubt"} with times in
+/// seconds, strings from 0 for the lowest, and null for what it has not.
+std::string notesAsJson(std::span<const JudgedNote> notes);
+
+}  // namespace korvel
