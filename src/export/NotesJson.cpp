@@ -20,6 +20,7 @@ Json jsonOf(const JudgedNote& judged) {
   const fingering::Note& note = judged.note;
   const bool hasBar = judged.beat > 0;
   return {{"number", judged.number},
+          {"chord", numberOrNull(judged.chord, judged.chord > 0)},
           {"bar", numberOrNull(judged.bar, hasBar)},
           {"beat", hasBar ? Json(roundedTo(judged.beat, kSharesPerUnit)) : Json(nullptr)},
           {"onset", roundedTo(note.onset, kTimesPerSecond)},
@@ -28,7 +29,6 @@ Json jsonOf(const JudgedNote& judged) {
           {"string", numberOrNull(note.string, note.string >= 0)},
           {"fret", numberOrNull(note.fret, note.fret >= 0)},
           {"probability", roundedTo(static_cast<double>(note.probability), kSharesPerUnit)},
-          {"in", judged.isIn},
           {"locked", judged.isLocked},
           {"doubt", judged.doubt.empty() ? Json(nullptr) : Json(judged.doubt)}};
 }
@@ -36,15 +36,10 @@ Json jsonOf(const JudgedNote& judged) {
 }  // namespace
 
 std::string notesAsJson(std::span<const JudgedNote> notes) {
-  Json doubts = Json::array();
+  Json in = Json::array();
   Json candidates = Json::array();
-  Json locks = Json::array();
-  for (const JudgedNote& note : notes) {
-    if (!note.doubt.empty()) doubts.push_back(jsonOf(note));
-    if (!note.isIn) candidates.push_back(jsonOf(note));
-    if (note.isLocked) locks.push_back(jsonOf(note));
-  }
-  return Json{{"doubts", doubts}, {"candidates", candidates}, {"locks", locks}}.dump(1) + '\n';
+  for (const JudgedNote& note : notes) (note.isIn ? in : candidates).push_back(jsonOf(note));
+  return Json{{"notes", in}, {"candidates", candidates}}.dump(1) + '\n';
 }
 
 }  // namespace korvel

@@ -21,6 +21,7 @@
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/ShapeDialog.h"
 #include "ui/library/TreePanel.h"
+#include "ui/menus/DoubtMenu.h"
 #include "ui/menus/RhythmMenu.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
@@ -64,6 +65,7 @@ EditMenu::EditMenu(const Views& views, QWidget* parent)
   addToneEdits();
   addChordEdits();
   addRhythm();
+  addDoubts();
   addSearches(views);
   addLibraryEdits(views.tree);
   connectViews(views.fretboard);
@@ -142,6 +144,13 @@ void EditMenu::addRhythm() {
   addMenu(m_rhythm);
   connect(m_rhythm, &RhythmMenu::edited, this, &EditMenu::edited);
   connect(m_rhythm, &RhythmMenu::refused, this, &EditMenu::refused);
+}
+
+void EditMenu::addDoubts() {
+  m_doubts = new DoubtMenu(m_tablature, this);
+  addMenu(m_doubts);
+  connect(m_doubts, &DoubtMenu::edited, this, &EditMenu::edited);
+  connect(m_doubts, &DoubtMenu::refused, this, &EditMenu::refused);
 }
 
 void EditMenu::addSearches(const Views& views) {
@@ -226,6 +235,7 @@ void EditMenu::connectViews(FretboardView& fretboard) {
             attempt([&](SongEditor& editor) { editor.setFret(chord, string, fret, continues); });
           });
   connect(&m_tablature, &TablatureView::removalWanted, this, [this](int chord, int string) {
+    if (m_doubts->drop(chord, string)) return;
     attempt([&](SongEditor& editor) { editor.removeTone(chord, string); });
   });
   connect(&m_tablature, &TablatureView::menuWanted, this,
@@ -327,11 +337,13 @@ void EditMenu::chooseShape() {
 void EditMenu::setSong(QBSong* song) {
   m_song = song;
   m_rhythm->setSong(song);
+  m_doubts->setSong(song);
   update();
 }
 
 void EditMenu::setLocked(bool locked) {
   m_rhythm->setLocked(locked);
+  m_doubts->setLocked(locked);
   if (std::exchange(m_locked, locked) != locked) update();
 }
 

@@ -16,6 +16,7 @@ class SongEditor;
 
 namespace korvel::ui {
 
+class DoubtMenu;
 class FindBar;
 class FretboardView;
 class RhythmMenu;
@@ -41,8 +42,9 @@ class EditMenu final : public QMenu {
   /// There is nothing to edit without a song, or in one that is locked, as while it plays.
   void setSong(QBSong* song);
   void setLocked(bool locked);
-  /// Its submenu.
+  /// Its submenus.
   RhythmMenu& rhythm() { return *m_rhythm; }
+  DoubtMenu& doubts() { return *m_doubts; }
 
  signals:
   /// The song has changed, so that the views show an old state of it.
@@ -59,6 +61,7 @@ class EditMenu final : public QMenu {
   void addToneEdits();
   void addChordEdits();
   void addRhythm();
+  void addDoubts();
   void addSearches(const Views& views);
   void addLibraryEdits(TreePanel& tree);
   void listAlbums(QMenu& menu, TreePanel& tree);
@@ -92,6 +95,7 @@ class EditMenu final : public QMenu {
   QAction* m_redo = nullptr;
   QMenu* m_duration = nullptr;
   RhythmMenu* m_rhythm = nullptr;
+  DoubtMenu* m_doubts = nullptr;
   QList<QAction*> m_edits;
 };
 

@@ -40,7 +40,8 @@ Shades::Shades(const QPalette& palette)
       quiet(mixed(base, mark, 0.6)),
       ruler(mixed(base, text, 0.06)),
       loop(mixed(base, accent, 0.14)),
-      chosen(mixed(base, accent, 0.3)) {}
+      chosen(mixed(base, accent, 0.3)),
+      doubt(mixed(base, palette.color(QPalette::LinkVisited), 0.18)) {}
 
 QColor mixed(const QColor& first, const QColor& second, double share) {
   const auto mix = [share](float a, float b) {

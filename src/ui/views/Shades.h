@@ -23,6 +23,7 @@ struct Shades {
   QColor ruler;      ///< Ground of the row that sets the loop.
   QColor loop;       ///< Ground of the loop.
   QColor chosen;     ///< Ground of what is selected.
+  QColor doubt;      ///< Ground of what may be wrong.
 };
 
 /// So much of the second colour in the first, 0 to 1.

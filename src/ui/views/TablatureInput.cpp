@@ -101,6 +101,9 @@ QString TablatureView::placeText() const {
   QString words = ChordWords(tuningOf(m_song)).place(*m_song, m_chord, m_string);
   if (m_chord >= 0 && m_chord == m_loop.first) words += tr(", loop begins");
   if (m_chord >= 0 && m_chord == m_loop.last) words += tr(", loop ends");
+  if (const auto mark = m_doubts.find(m_chord); mark != m_doubts.end())
+    words += mark->second.words.isEmpty() ? tr(", doubtful")
+                                          : tr(", doubtful: %1").arg(mark->second.words);
   return words;
 }
 
@@ -307,7 +310,11 @@ bool TablatureView::editByKey(QKeyEvent& event) {
   if (key == Qt::Key_Space) {
     emit playToggled();
   } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    if (place) emit clicked(place->x, rowOfString(place->y, m_string));
+    const auto mark = m_doubts.find(m_chord);
+    if (mark != m_doubts.end() && !mark->second.words.isEmpty() && !m_locked)
+      emit confirmWanted();
+    else if (place)
+      emit clicked(place->x, rowOfString(place->y, m_string));
   } else if (m_locked) {
     return false;
   } else if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {

@@ -8,6 +8,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "music/Neck.h"
 #include "tab/text/TabText.h"
 #include "ui/desktop/Text.h"
 
@@ -71,6 +72,7 @@ void TablaturePainter::paintGround(QPainter& painter, const TabLayout::System& s
   for (auto place = m_shown.layout.begin(system); place != m_shown.layout.end(system); ++place) {
     const QRectF cells = m_canvas.chordCells(*place);
     if (m_shown.loop.contains(place->chord)) painter.fillRect(cells, m_shades.loop);
+    if (m_shown.doubts.contains(place->chord)) painter.fillRect(cells, m_shades.doubt);
     if (!m_shown.selection.contains(place->chord)) continue;
     const double edge = std::max(1.0, m_canvas.cell().width() / 5);
     painter.fillRect(cells, m_shades.chosen);
@@ -85,9 +87,30 @@ void TablaturePainter::paintMarks(QPainter& painter, const TabLayout::System& sy
   const auto from = m_shown.layout.nearPlace(m_shown.loop.first);
   const auto to = m_shown.layout.nearPlace(m_shown.loop.last);
   const auto playing = m_shown.layout.nearPlace(m_shown.playing);
+  for (auto place = m_shown.layout.begin(system); place != m_shown.layout.end(system); ++place)
+    if (const auto mark = m_shown.doubts.find(place->chord); mark != m_shown.doubts.end())
+      paintDoubt(painter, *place, mark->second);
   if (isHere(from)) paintBracket(painter, *from, true);
   if (isHere(to)) paintBracket(painter, *to, false);
   if (isHere(playing)) paintPlaying(painter, *playing);
+}
+
+/// A dotted line under each fret, and a question mark where the chord's name is.
+void TablaturePainter::paintDoubt(QPainter& painter, const TabLayout::Place& place,
+                                  const DoubtMark& mark) const {
+  const QSizeF cell = m_canvas.cell();
+  const double pen = std::max(1.0, cell.width() / 7);
+  painter.setPen(QPen(m_shades.text, pen, Qt::DotLine));
+  for (int string = 0; string < kStrings; ++string) {
+    if (!(mark.strings & 1U << string)) continue;
+    const QRectF cells =
+        m_canvas.cells(place.x, rowOfString(place.y, string), TabCanvas::kFretColumns, 1);
+    painter.drawLine(cells.bottomLeft(), cells.bottomRight());
+  }
+  if (mark.words.isEmpty()) return;
+  const QRectF cells = m_canvas.chordCells(place);
+  painter.drawText(QRectF(cells.right() - cell.width(), cells.top(), cell.width(), cell.height()),
+                   Qt::AlignCenter, QStringLiteral("?"));
 }
 
 void TablaturePainter::paintPlaying(QPainter& painter, const TabLayout::Place& place) const {

@@ -7,6 +7,7 @@
 
 #include "tab/layout/LoopRange.h"
 #include "tab/layout/TabLayout.h"
+#include "ui/views/DoubtMarks.h"
 #include "ui/views/Shades.h"
 #include "ui/views/TabCanvas.h"
 
@@ -30,6 +31,7 @@ class TablaturePainter {
     ChordSpan loop;
     ChordSpan selection;
     int playing;
+    const DoubtMarks& doubts;
   };
 
   TablaturePainter(const TabCanvas& canvas, const Shades& shades, const Shown& shown);
@@ -47,6 +49,7 @@ class TablaturePainter {
   void paintRuler(QPainter& painter, const TabLayout::System& system) const;
   void paintGround(QPainter& painter, const TabLayout::System& system) const;
   void paintMarks(QPainter& painter, const TabLayout::System& system) const;
+  void paintDoubt(QPainter& painter, const TabLayout::Place& place, const DoubtMark& mark) const;
   void paintPlaying(QPainter& painter, const TabLayout::Place& place) const;
   void paintBracket(QPainter& painter, const TabLayout::Place& place, bool opening) const;
 

@@ -75,6 +75,7 @@ void TablatureView::setActiveSong(QBSong* song) {
   if (song != m_song) {
     m_chord = -1;
     m_string = kStrings - 1;
+    m_doubts.clear();
     select({});
     verticalScrollBar()->setValue(0);
   }
@@ -95,6 +96,11 @@ void TablatureView::refresh() {
   updateScrollBars();
   viewport()->update();
   announce(*this);
+}
+
+void TablatureView::setDoubts(DoubtMarks marks) {
+  m_doubts = std::move(marks);
+  viewport()->update();
 }
 
 void TablatureView::drawPlayMode(float fraction) {
@@ -136,6 +142,7 @@ void TablatureView::sayGoodBye() { showText({}); }
 
 void TablatureView::showText(const std::string& text) {
   m_song = nullptr;
+  m_doubts.clear();
   showPlaying(-1);
   refresh();
   m_layout = TabLayout(text);
@@ -299,7 +306,8 @@ void TablatureView::paintEvent(QPaintEvent* event) {
   painter.fillRect(event->rect(), shades.base);
   if (m_layout.rows().empty()) return paintPlaceholder(painter);
   painter.translate(origin());
-  const TablaturePainter tab(m_canvas, shades, {m_layout, m_song, m_loop, m_selection, m_playing});
+  const TablaturePainter tab(m_canvas, shades,
+                             {m_layout, m_song, m_loop, m_selection, m_playing, m_doubts});
   tab.paint(painter, QRectF(event->rect()).translated(-origin()));
   const QRectF cursor = cursorCells();
   if (cursor.isEmpty()) return;
@@ -375,9 +383,11 @@ bool TablatureView::viewportEvent(QEvent* event) {
     return true;
   }
   const QBChord& under = *chords[static_cast<std::size_t>(*chord)];
-  const QString words = isOnRuler(help->pos())
-                            ? tr("Click to move the nearer end of the loop here, drag to set both")
-                            : ChordWords(tuningOf(m_song)).grip(under);
+  QString words = isOnRuler(help->pos())
+                      ? tr("Click to move the nearer end of the loop here, drag to set both")
+                      : ChordWords(tuningOf(m_song)).grip(under);
+  const auto mark = m_doubts.find(*chord);
+  if (mark != m_doubts.end() && !mark->second.words.isEmpty()) words += '\n' + mark->second.words;
   QToolTip::showText(help->globalPos(), words, viewport(), chordRect(*chord));
   return true;
 }

@@ -9,6 +9,7 @@
 #include "tab/layout/ChordSearch.h"
 #include "tab/layout/LoopRange.h"
 #include "tab/layout/TabLayout.h"
+#include "ui/views/DoubtMarks.h"
 #include "ui/views/SpokenView.h"
 #include "ui/views/TabCanvas.h"
 #include "workflow/session/SessionViews.h"
@@ -48,6 +49,10 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   /// Adds what to do about it.
   void advise(const QString& advice);
   void sayGoodBye() override;
+
+  /// What may be wrong in the song; to be told anew after each refresh.
+  void setDoubts(DoubtMarks marks);
+  const DoubtMarks& doubts() const { return m_doubts; }
 
   QBSong* song() const { return m_song; }
   const TabLayout& tabLayout() const { return m_layout; }
@@ -93,8 +98,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   bool findPrevious(const QString& name);
 
  signals:
-  /// A chord was clicked on the ruler or with Shift, or Enter was pressed on it: for
-  /// `QBSession::selectChord`.
+  /// A chord was clicked on the ruler or with Shift, or Enter was pressed on one that is not
+  /// doubtful: for `QBSession::selectChord`.
   void clicked(double x, double y);
   /// The session handed on such a click on that chord: the nearer end of the loop goes there.
   void loopEndChosen(int chord);
@@ -104,6 +109,8 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   /// `continues` when a second digit makes one fret of it and the digit before.
   void fretTyped(int chord, int string, int fret, bool continues);
   void removalWanted(int chord, int string);
+  /// Enter was pressed on a doubtful chord.
+  void confirmWanted();
   void playToggled();
   /// A menu of what can be done at the cursor, or with what is selected, is to be shown there.
   void menuWanted(const QPoint& globalPlace);
@@ -195,6 +202,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   int m_playing = -1;
   ChordSpan m_loop;
   ChordSpan m_selection;
+  DoubtMarks m_doubts;
   int m_anchor = -1;  ///< Where the selection began.
   std::optional<QPoint> m_pressed;
   bool m_dragging = false;

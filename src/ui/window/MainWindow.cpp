@@ -29,6 +29,7 @@
 #include "ui/library/SongGuides.h"
 #include "ui/library/SongMenu.h"
 #include "ui/library/TreePanel.h"
+#include "ui/menus/DoubtMenu.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/menus/FileMenu.h"
 #include "ui/menus/RhythmMenu.h"
@@ -75,6 +76,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_shown(new ShownSong({*m_tablature, *m_fretboard, *m_roll, *m_editMenu, *m_player}, this)),
       m_arrivals(new Arrivals(this)),
       m_heard(new QLabel),
+      m_doubts(new QLabel),
       m_place(new QLabel) {
   setWindowTitle(tr("Workbench .."));
   setAcceptDrops(true);
@@ -99,6 +101,7 @@ MainWindow::~MainWindow() {
 
 void MainWindow::layOut() {
   statusBar()->addPermanentWidget(m_heard);
+  statusBar()->addPermanentWidget(m_doubts);
   statusBar()->addPermanentWidget(m_place);
   addToolBar(m_player);
   m_panels.emplace(
@@ -190,6 +193,8 @@ void MainWindow::addMenus() {
     m_tree->renameCurrent();
   });
   connect(&m_editMenu->rhythm(), &RhythmMenu::tapsWanted, this, &MainWindow::tapAlong);
+  connect(&m_editMenu->doubts(), &DoubtMenu::said, this, &MainWindow::say);
+  connect(&m_editMenu->doubts(), &DoubtMenu::leftChanged, this, &MainWindow::showDoubts);
   menuBar()->addMenu(m_songMenu);
   connect(m_songMenu, &SongMenu::refused, this, &MainWindow::say);
   connect(m_guides, &SongGuides::said, this, &MainWindow::say);
@@ -395,6 +400,10 @@ void MainWindow::setActiveSong(QBSong* song) {
   m_shown->set(song);
   m_fileMenu->setSong(song);
   if (song) rememberSong();  // the program may be killed
+}
+
+void MainWindow::showDoubts(int places) {
+  m_doubts->setText(places > 0 ? tr("Doubtful: %1").arg(places) : QString());
 }
 
 void MainWindow::showHeard(QBSong* heard) {

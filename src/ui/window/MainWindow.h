@@ -103,6 +103,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void offerKnown(QBSong* known, const std::function<void()>& drop);
 
   void showHeard(QBSong* heard);
+  void showDoubts(int places);
   bool isBusy() const;
   void rememberRunning();
   void rememberSong() const;
@@ -134,7 +135,8 @@ class MainWindow final : public QMainWindow, public SongView {
   std::optional<Panels> m_panels;
   DesktopScheme m_scheme;
   bool m_isOver = false;  ///< What the next start goes on with is told already.
-  QLabel* m_heard;  ///< Which song plays.
+  QLabel* m_heard;   ///< Which song plays.
+  QLabel* m_doubts;  ///< How much of the song that is shown is left to be looked at.
   QLabel* m_place;
 };
 

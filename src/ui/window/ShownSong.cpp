@@ -5,6 +5,7 @@
 #include "model/songs/QBSong.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Translated.h"
+#include "ui/menus/DoubtMenu.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/menus/RhythmMenu.h"
 #include "ui/sound/PlayerBar.h"
@@ -113,6 +114,7 @@ bool ShownSong::changeLoop(const std::function<void(QBSong&)>& change) {
 /// After a change of the song.
 void ShownSong::refresh() {
   m_views.tablature.refresh();
+  m_views.edits.doubts().refresh();
   m_views.roll.refresh();
   showCursor(m_views.tablature.cursorChord());
 }

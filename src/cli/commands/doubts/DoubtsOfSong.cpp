@@ -59,7 +59,7 @@ std::vector<JudgedNote> judgedNotes(QBSong& song) {
   const BarPlaces places(song);
   std::vector<JudgedNote> judged(notes.size());
   for (std::size_t i = 0; i < notes.size(); ++i) {
-    judged[i] = {i + 1, notes[i].note, 0, 0, notes[i].isIn, notes[i].isLocked, {}};
+    judged[i] = {i + 1, notes[i].note, notes[i].chord + 1, 0, 0, notes[i].isIn, notes[i].isLocked, {}};
     places.tell(notes[i].chord, judged[i]);
   }
   for (const DoubtfulPlace& place : doubts.places())
@@ -135,7 +135,7 @@ void addDoubtsOfSong(Command& tool) {
   auto& options = command.own<DoubtsOptions>();
   needStoredSong(command, options.song);
   command.flag("--all", options.all, "List all that was heard, candidates that were not taken too");
-  command.flag("--json", options.json, "As JSON, with all candidates and what is locked");
+  command.flag("--json", options.json, "As JSON: all that was heard, and what is locked");
   command.does([&options] { printDoubts(options); });
 }
 

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/menus/DoubtMenu.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <utility>
+#include <vector>
+
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "model/store/QBTabMgr.h"
+#include "ui/desktop/Translated.h"
+#include "ui/dialogs/NotesDialog.h"
+#include "ui/views/TablatureView.h"
+#include "workflow/editing/rhythm/EditedChords.h"
+
+namespace korvel::ui {
+
+DoubtMenu::DoubtMenu(TablatureView& tablature, QWidget* parent)
+    : QMenu(tr("&Heard Notes"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
+  m_reason->setEnabled(false);
+  m_reason->setVisible(false);
+  addPlaces();
+  addCorrections();
+  connect(&m_tablature, &TablatureView::confirmWanted, this, &DoubtMenu::confirm);
+  connect(this, &QMenu::aboutToShow, this, &DoubtMenu::prepare);
+  // Their keys tell why they do nothing.
+  connect(this, &QMenu::aboutToHide, this, [this] {
+    for (QAction* action : actions()) action->setEnabled(action != m_reason);
+  });
+}
+
+// ---- entries
+
+/// Letters are keys of the tablature only: elsewhere they are typed.
+QAction* DoubtMenu::addKey(const QString& text, const QKeySequence& keys,
+                           const std::function<void()>& act) {
+  QAction* action = addAction(text, keys, this, act);
+  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  m_tablature.addAction(action);
+  return action;
+}
+
+void DoubtMenu::addPlaces() {
+  addKey(tr("&Next Doubtful Place"), tr("N"), [this] { goToNext(); });
+  addKey(tr("&Previous Doubtful Place"), tr("Shift+N"), [this] { goToPrevious(); });
+  addSeparator();
+}
+
+void DoubtMenu::addCorrections() {
+  addAction(tr("&Confirm What Is There"), this, [this] { confirm(); });
+  addAction(tr("&Drop Note"), this, [this] { dropHere(); });
+  addKey(tr("&Take What Else Was Heard"), tr("A"), [this] { takeOther(); });
+  addSeparator();
+  addAction(tr("&Fewer or More Notes ..."), this, [this] { chooseSensitivity(); });
+}
+
+void DoubtMenu::prepare() {
+  const QString why = refusal();
+  for (QAction* action : actions()) action->setEnabled(why.isEmpty());
+  m_reason->setText(QString(why).replace('&', "&&"));
+  m_reason->setVisible(!why.isEmpty());
+  m_reason->setEnabled(false);
+}
+
+/// Why nothing can be done; empty when it can.
+QString DoubtMenu::refusal() const {
+  if (!m_song) return tr("No song is shown");
+  if (m_locked) return tr("Stop playing first, then edit");
+  if (QBTabMgr::db().context().isReadOnly()) return tr("The store cannot be written");
+  const auto why = SongNotes::refusal(*m_song);
+  return why ? translated(*why) : QString();
+}
+
+// ---- what is doubted
+
+void DoubtMenu::setSong(QBSong* song) {
+  m_song = song;
+  refresh();
+}
+
+void DoubtMenu::refresh() {
+  m_notes.reset();
+  m_doubts = {};
+  if (m_song && !m_song->isDeleted()) {
+    m_notes.emplace(*m_song);
+    m_doubts = DoubtList(*m_song, *m_notes);
+  }
+  mark();
+  emit leftChanged(static_cast<int>(m_doubts.size()));
+}
+
+void DoubtMenu::mark() {
+  DoubtMarks marks;
+  for (const DoubtfulPlace& place : m_doubts.places()) {
+    DoubtMark& mark = marks[place.chord];
+    for (const Doubt& doubt : place.doubts) {
+      const int string = (*m_notes)[doubt.note].note.string;
+      if (string >= 0) mark.strings |= 1U << string;
+      if (!mark.words.isEmpty()) mark.words += tr("; ", "between two things that may be wrong");
+      mark.words += translated(doubt.reason);
+    }
+  }
+  if (m_notes)
+    for (const SongNote& note : m_notes->all()) {
+      const bool isDoubtful =
+          note.isIn && !note.isLocked && note.note.probability < SongNotes::kDoubtful;
+      if (isDoubtful && note.chord >= 0) marks[note.chord].strings |= 1U << note.note.string;
+    }
+  m_tablature.setDoubts(std::move(marks));
+}
+
+void DoubtMenu::goToNext() {
+  if (!m_song) return;
+  const DoubtfulPlace* next = m_doubts.next(m_tablature.cursorChord());
+  goTo(next || m_doubts.empty() ? next : &m_doubts.places().front());
+}
+
+void DoubtMenu::goToPrevious() {
+  if (!m_song) return;
+  const DoubtfulPlace* previous = m_doubts.previous(m_tablature.cursorChord());
+  goTo(previous || m_doubts.empty() ? previous : &m_doubts.places().back());
+}
+
+void DoubtMenu::goTo(const DoubtfulPlace* place) {
+  if (!place) {
+    const auto why = SongNotes::refusal(*m_song);
+    return emit refused(why ? translated(*why) : tr("Nothing is doubted in this song any more"));
+  }
+  int string = m_tablature.cursorString();
+  QStringList words;
+  for (const Doubt& doubt : place->doubts) {
+    words << translated(doubt.reason);
+    if (words.size() == 1 && (*m_notes)[doubt.note].note.string >= 0)
+      string = (*m_notes)[doubt.note].note.string;
+  }
+  const double seconds = place->seconds;
+  const double length = place->length;
+  m_tablature.moveCursor(place->chord, string);
+  emit said(words.join(tr("; ", "between two things that may be wrong")));
+  emit listenAt(seconds, length);
+}
+
+// ---- what is said of it
+
+void DoubtMenu::correct(const std::function<void(SongCorrections&)>& act) {
+  if (!m_song) return;
+  if (const QString why = refusal(); !why.isEmpty()) return emit refused(why);
+  try {
+    const auto& chords = m_song->allChords();
+    const auto cursor = static_cast<std::size_t>(std::max(m_tablature.cursorChord(), 0));
+    const double seconds =
+        cursor < chords.size() ? recordedSecondsOf(*chords[cursor]).value_or(0) : 0;
+    SongCorrections corrections(*m_song);
+    act(corrections);
+    emit edited();
+    keepCursorAt(seconds);
+  } catch (const std::exception& problem) {
+    emit refused(translated(problem));
+  }
+}
+
+/// Chords may have come and gone.
+void DoubtMenu::keepCursorAt(double seconds) {
+  const auto& chords = m_song->allChords();
+  const auto distance = [seconds](const auto& chord) {
+    return std::abs(recordedSecondsOf(*chord).value_or(0) - seconds);
+  };
+  const auto nearest = std::ranges::min_element(chords, {}, distance);
+  const auto index = static_cast<int>(nearest - chords.begin());
+  if (nearest != chords.end() && index != m_tablature.cursorChord())
+    m_tablature.moveCursor(index, m_tablature.cursorString());
+}
+
+/// All notes of the chord.
+void DoubtMenu::confirm() {
+  if (!m_notes) return;
+  const int chord = m_tablature.cursorChord();
+  std::vector<std::size_t> notes;
+  for (std::size_t i = 0; i < m_notes->size(); ++i)
+    if ((*m_notes)[i].isIn && (*m_notes)[i].chord == chord) notes.push_back(i);
+  if (const DoubtfulPlace* place = m_doubts.at(chord))
+    for (const Doubt& doubt : place->doubts) notes.push_back(doubt.note);
+  if (!notes.empty()) correct([&](SongCorrections& song) { song.confirm(notes); });
+}
+
+bool DoubtMenu::drop(int chord, int string) {
+  if (!m_notes || !m_doubts.at(chord)) return false;
+  const auto note = m_notes->noteOf(chord, string);
+  if (!note) return false;
+  correct([&](SongCorrections& song) { song.drop(*note); });
+  return true;
+}
+
+void DoubtMenu::dropHere() {
+  if (!m_notes) return;
+  const auto note = m_notes->noteOf(m_tablature.cursorChord(), m_tablature.cursorString());
+  if (!note) return emit refused(tr("No note of the recording is at the cursor"));
+  correct([&](SongCorrections& song) { song.drop(*note); });
+}
+
+/// What is missing comes, and what may be another note becomes that; first of all on the string at
+/// the cursor.
+void DoubtMenu::takeOther() {
+  const DoubtfulPlace* place = m_doubts.at(m_tablature.cursorChord());
+  const Doubt* chosen = nullptr;
+  if (place)
+    for (const Doubt& doubt : place->doubts) {
+      const bool hasOther = doubt.kind == Doubt::Kind::missing || doubt.kind == Doubt::Kind::octave;
+      const bool isHere = (*m_notes)[doubt.note].note.string == m_tablature.cursorString();
+      if (hasOther && (!chosen || isHere)) chosen = &doubt;
+    }
+  if (!chosen) return emit refused(tr("Nothing else was heard here"));
+  const Doubt doubt = *chosen;
+  correct([&](SongCorrections& song) {
+    if (doubt.kind == Doubt::Kind::missing)
+      song.accept(doubt.note);
+    else
+      song.replace(doubt.note, *doubt.other);
+  });
+}
+
+std::optional<SongCorrections::Part> DoubtMenu::selectedPart() const {
+  const ChordSpan selected = m_tablature.selection();
+  if (selected.first < 0) return {};
+  return SongCorrections::Part{selected.first, selected.last};
+}
+
+void DoubtMenu::chooseSensitivity() {
+  const auto part = selectedPart();
+  correct([&](SongCorrections& song) {
+    const auto preview = [&](double value) {
+      const NoteChanges changes = song.preview(value, part);
+      return tr("Notes that come: %1. Notes that go: %2.").arg(changes.come).arg(changes.go);
+    };
+    NotesDialog dialog(preview, part.has_value(), parentWidget());
+    if (dialog.exec() != QDialog::Accepted) return;
+    song.decideAnew(dialog.sensitivity(), part);
+  });
+}
+
+}  // namespace korvel::ui
