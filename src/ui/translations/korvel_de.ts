@@ -21,6 +21,45 @@
     </message>
 </context>
 <context>
+    <name>Doubt</name>
+    <message>
+        <source>%1 string (%2)</source>
+        <translation>%1-Saite (%2)</translation>
+    </message>
+    <message>
+        <source>%1 string</source>
+        <translation>%1-Saite</translation>
+    </message>
+    <message>
+        <source>%1 open</source>
+        <translation>%1 leer</translation>
+    </message>
+    <message>
+        <source>%1, fret %2</source>
+        <translation>%1, Bund %2</translation>
+    </message>
+    <message>
+        <source>perhaps %1 is missing</source>
+        <translation>vielleicht fehlt %1</translation>
+    </message>
+    <message>
+        <source>%1: perhaps an overtone of %2</source>
+        <translation>%1: vielleicht ein Oberton von %2</translation>
+    </message>
+    <message>
+        <source>%1: perhaps %2</source>
+        <translation>%1: vielleicht %2</translation>
+    </message>
+    <message>
+        <source>%1: perhaps it only rings on</source>
+        <translation>%1: klingt vielleicht nur weiter</translation>
+    </message>
+    <message>
+        <source>%1: perhaps no note</source>
+        <translation>%1: vielleicht kein Ton</translation>
+    </message>
+</context>
+<context>
     <name>Duration</name>
     <message>
         <source>Sixteenth</source>
@@ -894,6 +933,18 @@
     <message>
         <source>there are no beats at that time</source>
         <translation>Zu dieser Zeit gibt es keine Schläge</translation>
+    </message>
+    <message>
+        <source>no string is free for that note there</source>
+        <translation>für diesen Ton ist dort keine Saite frei</translation>
+    </message>
+    <message>
+        <source>%1: it is not known what was heard in a recording of it; import the recording again</source>
+        <translation>%1: Es ist nicht bekannt, was in einer Aufnahme davon gehört wurde; importiere die Aufnahme noch einmal</translation>
+    </message>
+    <message>
+        <source>%1: was arranged from what was heard; correct the song that it was made from</source>
+        <translation>%1: Wurde aus dem Gehörten arrangiert; korrigiere den Song, aus dem er entstand</translation>
     </message>
 </context>
 <context>
@@ -2185,6 +2236,34 @@
         <source>Hear Again</source>
         <translation>Noch einmal hören</translation>
     </message>
+    <message>
+        <source>Take Note</source>
+        <translation>Ton übernehmen</translation>
+    </message>
+    <message>
+        <source>Drop Note</source>
+        <translation>Ton verwerfen</translation>
+    </message>
+    <message>
+        <source>Confirm Note</source>
+        <translation>Ton bestätigen</translation>
+    </message>
+    <message>
+        <source>Confirm Notes</source>
+        <translation>Töne bestätigen</translation>
+    </message>
+    <message>
+        <source>Take Other Note</source>
+        <translation>Anderen Ton übernehmen</translation>
+    </message>
+    <message>
+        <source>Correct Notes</source>
+        <translation>Töne korrigieren</translation>
+    </message>
+    <message>
+        <source>More or Fewer Notes</source>
+        <translation>Mehr oder weniger Töne</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -2409,6 +2488,82 @@
     <message>
         <source> and </source>
         <translation> und </translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::DoubtMenu</name>
+    <message>
+        <source>&amp;Heard Notes</source>
+        <translation>&amp;Gehörte Töne</translation>
+    </message>
+    <message>
+        <source>&amp;Next Doubtful Place</source>
+        <translation>&amp;Nächste fragliche Stelle</translation>
+    </message>
+    <message>
+        <source>N</source>
+        <translation>N</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Doubtful Place</source>
+        <translation>&amp;Vorige fragliche Stelle</translation>
+    </message>
+    <message>
+        <source>Shift+N</source>
+        <translation>Shift+N</translation>
+    </message>
+    <message>
+        <source>&amp;Confirm What Is There</source>
+        <translation>&amp;Bestätigen, was da ist</translation>
+    </message>
+    <message>
+        <source>&amp;Drop Note</source>
+        <translation>Ton ver&amp;werfen</translation>
+    </message>
+    <message>
+        <source>&amp;Take What Else Was Heard</source>
+        <translation>&amp;Anderes Gehörtes übernehmen</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>&amp;Fewer or More Notes ...</source>
+        <translation>&amp;Weniger oder mehr Töne ...</translation>
+    </message>
+    <message>
+        <source>No song is shown</source>
+        <translation>Es wird kein Song gezeigt</translation>
+    </message>
+    <message>
+        <source>Stop playing first, then edit</source>
+        <translation>Erst die Wiedergabe anhalten, dann bearbeiten</translation>
+    </message>
+    <message>
+        <source>The store cannot be written</source>
+        <translation>In den Speicher kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>; </source>
+        <comment>between two things that may be wrong</comment>
+        <translation>; </translation>
+    </message>
+    <message>
+        <source>Nothing is doubted in this song any more</source>
+        <translation>An diesem Song ist nichts mehr fraglich</translation>
+    </message>
+    <message>
+        <source>No note of the recording is at the cursor</source>
+        <translation>Unter dem Cursor steht kein Ton der Aufnahme</translation>
+    </message>
+    <message>
+        <source>Nothing else was heard here</source>
+        <translation>Hier wurde sonst nichts gehört</translation>
+    </message>
+    <message>
+        <source>Notes that come: %1. Notes that go: %2.</source>
+        <translation>Töne, die kommen: %1. Töne, die gehen: %2.</translation>
     </message>
 </context>
 <context>
@@ -3100,6 +3255,33 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>This recording is already there as %1. Drop the new import, and open that song?</source>
         <translation>Diese Aufnahme gibt es schon als %1. Den neuen Import verwerfen und jenen Song öffnen?</translation>
     </message>
+    <message>
+        <source>Doubtful: %1</source>
+        <translation>Fraglich: %1</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::NotesDialog</name>
+    <message>
+        <source>Fewer or More Notes in the Selection</source>
+        <translation>Weniger oder mehr Töne in der Auswahl</translation>
+    </message>
+    <message>
+        <source>Fewer or More Notes</source>
+        <translation>Weniger oder mehr Töne</translation>
+    </message>
+    <message>
+        <source>Fewer notes to the left, more notes to the right</source>
+        <translation>Nach links weniger Töne, nach rechts mehr</translation>
+    </message>
+    <message>
+        <source>Fewer notes</source>
+        <translation>Weniger Töne</translation>
+    </message>
+    <message>
+        <source>More notes</source>
+        <translation>Mehr Töne</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::OfferBar</name>
@@ -3789,6 +3971,14 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Click to move the nearer end of the loop here, drag to set both</source>
         <translation>Klicken verschiebt das nähere Ende des Loops hierher, Ziehen setzt beide</translation>
+    </message>
+    <message>
+        <source>, doubtful</source>
+        <translation>, fraglich</translation>
+    </message>
+    <message>
+        <source>, doubtful: %1</source>
+        <translation>, fraglich: %1</translation>
     </message>
 </context>
 <context>
