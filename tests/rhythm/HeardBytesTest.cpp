@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "rhythm/stored/HeardBytes.h"
 
+#include "rhythm/stored/NoteCorrections.h"
 #include "support/Testing.h"
 
 namespace korvel::rhythm {
@@ -90,6 +91,30 @@ TEST(HeardBytes, keepsRhythmAndWishes) {
   EXPECT_EQ(bytesOf(read->rhythm, read->wishes), bytes);
   expectWhole(bytes, storedRhythm);
   EXPECT_TRUE(storedRhythm(bytesOf(Rhythm{}, Wishes{})));
+}
+
+TEST(HeardBytes, keepsCorrectionsWhichDecideWhatIsThere) {
+  HeardNotes heard = denseMinute();
+  NoteCorrections written;
+  written.verdicts = {{sampleOfOnset(heard.taken.front()), 40, false, true},
+                      {sampleOfOnset(heard.doubtful.front()), 60, true, false, 3, 5}};
+  written.again = {{1, 2.5, {{{2, 2.5, 50, 2, 0, 1, 1, 1}}, {}}}};
+  const Bytes bytes = bytesOf(written);
+  const auto read = noteCorrections(bytes);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->verdicts, written.verdicts);
+  EXPECT_EQ(bytesOf(*read), bytes);
+  expectWhole(bytes, noteCorrections);
+  const auto isWithin = [](const Note& note) { return note.onset >= 1 && note.onset < 2.5; };
+  const auto away = static_cast<std::size_t>(std::ranges::count_if(heard.taken, isWithin));
+  const std::vector<Note> notes = notesBy(heard, *read);
+  EXPECT_EQ(notes.size(), heard.taken.size() - away + 1);
+  EXPECT_EQ(std::ranges::count_if(notes, isWithin), 1) << "heard again";
+  EXPECT_EQ(notes.front().pitch, 45) << "the first one was dropped";
+  const auto came = std::ranges::find_if(
+      notes, [](const Note& note) { return note.onset == 59 && note.pitch == 60; });
+  ASSERT_NE(came, notes.end());
+  EXPECT_EQ(came->fret, 5);
 }
 
 }  // namespace

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/editing/doubts/SongCorrections.h"
+
+#include "analysis/beats/ChordsOnBeats.h"
+#include "model/recorded/SongRecording.h"
+#include "model/songs/QBHold.h"
+#include "music/Neck.h"
+#include "music/Ticks.h"
+#include "rhythm/RhythmReader.h"
+#include "support/Testing.h"
+#include "support/songs/SongDesk.h"
+#include "support/store/StandardStore.h"
+#include "tab/text/SongDrawing.h"
+#include "workflow/editing/SongEditor.h"
+#include "workflow/editing/doubts/DoubtList.h"
+#include "workflow/editing/rhythm/SongRhythm.h"
+#include "workflow/session/EditRefused.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel {
+namespace {
+
+using fingering::Note;
+
+constexpr int kFalseNote = 60;  ///< Of its pitch is nothing else.
+constexpr int kMissingNote = 47;
+
+Note struck(double onset, int string, int fret, float probability = 1) {
+  Note note{onset, onset + (probability < 1 ? 0.25 : 0.5)};
+  note.pitch = kStandardPitches[static_cast<std::size_t>(string)] + fret;
+  note.string = string;
+  note.fret = fret;
+  note.strength = probability < 1 ? 0.2F : 1.2F;
+  note.probability = probability;
+  note.amplitude = 0.1F;
+  return note;
+}
+
+/// Eight bars of grips on each beat, 100 a minute; between two of them a note that was none, and a
+/// note of one that was not taken.
+rhythm::HeardNotes heardGrips() {
+  rhythm::HeardNotes heard;
+  for (int beat = 0; beat < 32; ++beat) {
+    for (int string = 2; string < 5; ++string)
+      heard.taken.push_back(struck(1 + 0.6 * beat, string, beat / 4 % 2 == 0 ? 0 : 2));
+    if (beat == 9) heard.taken.push_back(struck(1.3 + 0.6 * beat, 4, 1, 0.6F));
+  }
+  heard.doubtful.push_back(struck(1 + 0.6 * 14, 1, 2, 0.4F));
+  heard.doubtful.back().string = heard.doubtful.back().fret = -1;
+  return heard;
+}
+
+void expectFullBars(QBSong& song) {
+  std::map<const QBMeasure*, int> sums;
+  for (const auto& chord : song.allChords()) sums[chord->measure()] += chord->ticks();
+  for (const auto& [measure, ticks] : sums)
+    if (measure->position() > 1) {
+      EXPECT_EQ(ticks, ticksOfBar(measure->beat(), measure->beattype())) << measure->position();
+    }
+}
+
+struct SongCorrectionsTest : testing::Test {
+  SongCorrectionsTest() : song(*m_desk.album()->createSong("Song")) {
+    HeardSound heard;
+    const rhythm::HeardNotes notes = heardGrips();
+    heard.notes = notes.taken;
+    heard.rhythm = rhythm::rhythmOf(notes.taken);
+    SongRecording* recording = QBTabMgr::db().createRecording("/Song.wav");
+    recording->setNotes(rhythm::bytesOf(notes));
+    recording->setRhythm(rhythm::bytesOf(heard.rhythm, {}));
+    recording->setSeconds(22);
+    song.setRecording(recording);
+    ChordsOnBeats chords(heard);
+    for (std::size_t i = 0; i < chords.size(); ++i) chords.make(&song);
+    buildTab(song);
+    QBTabMgr::db().save();
+  }
+
+  std::size_t find(int pitch) const {
+    const SongNotes notes(song);
+    const auto found =
+        std::ranges::find(notes.all(), pitch, [](const SongNote& each) { return each.note.pitch; });
+    return static_cast<std::size_t>(found - notes.all().begin());
+  }
+  /// "in", "out", with a star when it is locked.
+  std::string stateOf(int pitch) const {
+    const SongNote note = SongNotes(song)[find(pitch)];
+    return std::string(note.isIn ? "in" : "out") + (note.isLocked ? "*" : "");
+  }
+  std::string doubted() const {
+    std::string all;
+    const SongNotes notes(song);
+    const DoubtList doubts(song, notes);
+    for (const DoubtfulPlace& place : doubts.places())
+      for (const Doubt& doubt : place.doubts) all += doubt.reason.english() + '\n';
+    return all;
+  }
+
+  test::SongDesk m_desk;
+  QBSong& song;
+};
+
+TEST_F(SongCorrectionsTest, notesComeAndGoAndAreUndone) {
+  const std::string before = test::linesOf(song);
+  const auto chords = song.allChords().size();
+  EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "in out");
+  EXPECT_EQ(doubted(), "B string, fret 1: perhaps no note\nperhaps B2 is missing\n");
+
+  SongCorrections(song).drop(find(kFalseNote));
+  EXPECT_EQ(stateOf(kFalseNote), "out*");
+  EXPECT_EQ(song.allChords().size(), chords - 1) << "its chord went with it";
+  expectFullBars(song);
+  SongCorrections(song).accept(find(kMissingNote));
+  EXPECT_EQ(stateOf(kMissingNote), "in*");
+  const SongNote came = SongNotes(song)[find(kMissingNote)];
+  const QBChord& with = *song.allChords().at(static_cast<std::size_t>(came.chord));
+  EXPECT_EQ(with.hold()->tones().size(), 4U) << "it is struck with the others";
+  EXPECT_EQ(with.hold()->findToneByString(1)->fret(), 2) << "on the string that is free";
+  expectFullBars(song);
+  EXPECT_EQ(doubted(), "");
+  EXPECT_FALSE(QBTabMgr::db().context().hasChanges()) << "saved";
+
+  SongRhythm(song).layIntoBars();
+  EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "out* in*") << "read anew";
+  for (int step = 0; step < 3; ++step) EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_EQ(test::linesOf(song), before);
+  EXPECT_FALSE(song.hasCorrections());
+
+  SongCorrections(song).accept(find(kMissingNote));
+  SongCorrections(song).drop(find(kMissingNote));
+  SongCorrections(song).drop(find(kFalseNote));
+  SongCorrections(song).accept(find(kFalseNote));
+  EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "in* out*");
+  EXPECT_EQ(song.allChords().size(), chords) << "between two beats, as it was heard";
+  expectFullBars(song);
+}
+
+TEST_F(SongCorrectionsTest, allIsDecidedAnewButWhatIsLocked) {
+  const auto changes = [&](double sensitivity) {
+    const NoteChanges found = SongCorrections(song).preview(sensitivity);
+    return std::pair(found.come, found.go);
+  };
+  using Pair = std::pair<std::size_t, std::size_t>;
+  EXPECT_EQ(changes(0.5), Pair(0, 0));
+  EXPECT_EQ(changes(0), Pair(0, 1));
+  EXPECT_EQ(changes(1), Pair(1, 0));
+  SongCorrections(song).decideAnew(1);
+  EXPECT_EQ(stateOf(kMissingNote), "in");
+  SongCorrections(song).decideAnew(0);
+  EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "out out");
+  SongCorrections(song).decideAnew(0.5);
+  EXPECT_FALSE(song.hasCorrections()) << "as it was heard";
+  SongCorrections(song).confirm(find(kFalseNote));
+  EXPECT_EQ(changes(0), Pair(0, 0));
+  EXPECT_EQ(doubted(), "perhaps B2 is missing\n");
+
+  // What is typed by hand is decided, too.
+  const int chord = SongNotes(song)[find(kMissingNote)].chord;
+  SongEditor(QBTabMgr::db(), song).setFret(chord, 1, 2);
+  EXPECT_EQ(stateOf(kMissingNote), "in*");
+  song.setRecording(nullptr);
+  EXPECT_THROW(SongCorrections{song}, EditRefused);
+}
+
+}  // namespace
+}  // namespace korvel
