@@ -6,6 +6,7 @@ pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavformat libavcodec libavut
 pkg_check_modules(FFTW REQUIRED IMPORTED_TARGET fftw3 fftw3f)
 pkg_check_modules(FLUIDSYNTH REQUIRED IMPORTED_TARGET fluidsynth)
 pkg_check_modules(SNDFILE REQUIRED IMPORTED_TARGET sndfile)
+pkg_check_modules(RUBBERBAND REQUIRED IMPORTED_TARGET rubberband)
 find_package(cubeb CONFIG REQUIRED)
 find_package(LibXml2 REQUIRED)
 find_package(ZLIB REQUIRED)

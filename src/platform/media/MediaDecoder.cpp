@@ -93,4 +93,9 @@ double MediaDecoder::progress() const {
   return size > 0 ? std::clamp(static_cast<double>(avio_tell(input)) / size, 0.0, 1.0) : 0;
 }
 
+bool MediaDecoder::hasFailed() const {
+  const int error = m_file.context()->pb->error;
+  return error < 0 && error != AVERROR_EOF;
+}
+
 }  // namespace korvel::platform

@@ -27,6 +27,8 @@ class MediaDecoder {
   const AVFrame* next();
   /// How much of the file has been read, 0..1.
   double progress() const;
+  /// Whether the disk refused to be read, as when it is unplugged; what came before is decoded.
+  bool hasFailed() const;
 
  private:
   struct FreePacket {

@@ -2,6 +2,7 @@
 #include "platform/midi/MusicPlayer.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <span>
 #include <utility>
@@ -13,6 +14,8 @@ namespace {
 // once.
 constexpr int kBuffers = 4;
 constexpr std::uint32_t kBufferFrames = 512;
+/// How long the start waits for the recording; what is not there by then comes a little later.
+constexpr std::chrono::milliseconds kMostPatience{700};
 
 std::span<std::int16_t> samplesOf(QueueBuffer& buffer) {
   return {reinterpret_cast<std::int16_t*>(buffer.data.data()),
@@ -43,6 +46,19 @@ void MusicPlayer::setLoop(const SequenceRenderer::Loop& loop) {
   m_renderer.setLoop(loop);
 }
 
+void MusicPlayer::setDeck(std::unique_ptr<Deck> deck) {
+  m_deck = std::move(deck);
+  m_deckOutput = std::make_unique<DeckOutput>(m_deck->ring(), m_renderer, *m_synthesizer);
+}
+
+void MusicPlayer::setLevels(const DeckLevels& levels) {
+  if (m_deckOutput) m_deckOutput->setLevels(levels);
+}
+
+void MusicPlayer::setPitch(double cents) {
+  if (m_deck) m_deck->setPitch(cents);
+}
+
 void MusicPlayer::preroll() {
   if (m_queue) return;
   auto queue = m_system.newOutput(m_device, kLiveSound, [this](QueueBuffer& buffer) {
@@ -56,6 +72,10 @@ void MusicPlayer::preroll() {
   m_frames = 0;
   m_seekTo = m_time;
   ++m_seeks;
+  if (m_deck) {
+    m_deck->seek(m_time, m_seeks);
+    m_deck->awaitAhead(kMostPatience);
+  }
   m_published.clear();
   publishEvents();
   for (int i = 0; i < kBuffers; ++i) {
@@ -104,9 +124,13 @@ void MusicPlayer::setTime(double beats) {
   m_time = beats;
   m_seekTo = beats;
   ++m_seeks;
+  if (m_deck) m_deck->seek(beats, m_seeks);
 }
 
-void MusicPlayer::setPlayRateScalar(double rate) { m_rate = rate; }
+void MusicPlayer::setPlayRateScalar(double rate) {
+  m_rate = rate;
+  if (m_deck) m_deck->setRate(rate);
+}
 
 void MusicPlayer::setVolume(float volume) {
   m_volume = volume;
@@ -120,16 +144,23 @@ void MusicPlayer::publishEvents() {
 }
 
 void MusicPlayer::play(QueueBuffer& buffer) {
-  takeOrders();
-  m_timeline.note(m_frames, {m_renderer.position(), m_seeksDone}, m_renderer.beatsPerFrame());
-  m_renderer.render(samplesOf(buffer));
+  if (const MusicEvents* events = m_newEvents.exchange(nullptr)) m_renderer.use(*events);
+  if (m_deckOutput)
+    m_deckOutput->render(samplesOf(buffer), m_timeline, m_frames);
+  else
+    playSequence(samplesOf(buffer));
   buffer.dataByteSize = static_cast<std::uint32_t>(buffer.data.size());
   m_frames += buffer.data.size() / kLiveSound.bytesPerFrame;
 }
 
+void MusicPlayer::playSequence(std::span<std::int16_t> samples) {
+  takeOrders();
+  m_timeline.note(m_frames, {m_renderer.position(), m_seeksDone}, m_renderer.beatsPerFrame());
+  m_renderer.render(samples);
+}
+
 /// The number of seeks is read first: a place that comes in meanwhile is gone to twice at most.
 void MusicPlayer::takeOrders() {
-  if (const MusicEvents* events = m_newEvents.exchange(nullptr)) m_renderer.use(*events);
   m_renderer.setRate(m_rate);
   const std::uint32_t seeks = m_seeks;
   if (seeks == m_seeksDone) return;

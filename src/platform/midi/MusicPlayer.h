@@ -5,9 +5,12 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "platform/deck/Deck.h"
+#include "platform/deck/DeckOutput.h"
 #include "platform/midi/MusicSequence.h"
 #include "platform/midi/PlayTimeline.h"
 #include "platform/midi/SequenceRenderer.h"
@@ -33,6 +36,15 @@ class MusicPlayer {
   void setSequence(MusicSequence& sequence);
   /// Before it plays. What is played turns back at its end, in time.
   void setLoop(const SequenceRenderer::Loop& loop);
+  /// Before it plays: a recording that is heard beside the sequence. What is played again then is
+  /// what the deck turns back in, not a loop that is set here.
+  void setDeck(std::unique_ptr<Deck> deck);
+  bool hasDeck() const { return m_deck != nullptr; }
+  Deck* deck() { return m_deck.get(); }
+  /// How loud the deck's recording and the guitar are; without effect where there is none.
+  void setLevels(const DeckLevels& levels);
+  /// Of the deck's recording, in cents; likewise.
+  void setPitch(double cents);
 
   /// Opens the device and renders what is heard first, so that start takes no time. Throws
   /// AudioError.
@@ -57,6 +69,7 @@ class MusicPlayer {
  private:
   void publishEvents();
   void play(QueueBuffer& buffer);
+  void playSequence(std::span<std::int16_t> samples);
   void takeOrders();
   double inLoop(double beat) const;
 
@@ -66,6 +79,8 @@ class MusicPlayer {
   SequenceRenderer m_renderer{*m_synthesizer};
   MusicSequence* m_sequence = nullptr;
   std::optional<SequenceRenderer::Loop> m_loop;
+  std::unique_ptr<Deck> m_deck;
+  std::unique_ptr<DeckOutput> m_deckOutput;
   double m_time = 0;  ///< Where it stands, or last was told to go.
   float m_volume = 1;
   bool m_lost = false;

@@ -87,10 +87,13 @@ void SequenceRenderer::fadeOut() {
 }
 
 void SequenceRenderer::turnBack() {
-  if (!m_loop || !isDue(m_loop->end)) return;
+  if (m_loop && isDue(m_loop->end)) goOnAt(m_loop->begin);
+}
+
+void SequenceRenderer::goOnAt(double beat) {
   for (const Held& held : m_held) m_synthesizer.noteOff(held.note);
   m_held.clear();
-  anchorAt(m_loop->begin);
+  anchorAt(beat);
   locate();
 }
 

@@ -39,6 +39,9 @@ class SequenceRenderer {
   /// sounds ends there, as a note does.
   void setLoop(const std::optional<Loop>& loop) { m_loop = loop; }
 
+  /// Goes on at another place as at the end of a loop, now.
+  void goOnAt(double beat);
+
   /// The next frames, stereo, interleaved.
   void render(std::span<std::int16_t> samples);
 
