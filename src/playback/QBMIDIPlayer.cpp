@@ -8,6 +8,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "music/ChordStep.h"
 #include "music/Pitch.h"
 #include "playback/Metronome.h"
 #include "playback/MidiNote.h"
@@ -34,24 +35,38 @@ QBMIDIPlayer::QBMIDIPlayer(QBSong& song, std::unique_ptr<platform::MusicPlayer> 
 // ---- the sequence
 
 bool QBMIDIPlayer::playNote(int, int note, double duration) {
-  return addNote(note, StepTimes::lengthOfSteps(duration));
+  return addNote(m_track, note, StepTimes::lengthOfSteps(duration));
 }
 
-bool QBMIDIPlayer::addNote(int note, double length) {
+bool QBMIDIPlayer::addNote(platform::MusicTrack* track, int note, double length) {
   if (note < 0 || note > kHighestNote) return false;
   platform::MidiNoteMessage message;
   message.note = static_cast<std::uint8_t>(note);
   message.velocity = kVelocity;
   message.releaseVelocity = kReleaseVelocity;
   message.duration = static_cast<float>(length);
-  return m_track && m_track->addNote(m_timestamp, message);
+  return track && track->addNote(m_timestamp, message);
+}
+
+platform::MusicTrack* QBMIDIPlayer::trackOf(const QBTone& tone) {
+  if (!m_track || (m_part & (1U << static_cast<unsigned>(tone.string()))) == 0) return m_track;
+  if (!m_partTrack) {
+    m_partTrack = &m_sequence.newTrack();
+    m_partTrack->setMuted(!m_partHeard);
+  }
+  return m_partTrack;
+}
+
+void QBMIDIPlayer::setPartHeard(bool heard) {
+  m_partHeard = heard;
+  if (m_partTrack) m_partTrack->setMuted(!heard);
 }
 
 QBChord& QBMIDIPlayer::playChord(QBChord& chord) {
   m_timestamp = m_times->goTo(chord);
   if (const QBHold* hold = chord.hold())
     for (const QBTone* tone : hold->tones())
-      if (tone->isActive()) addNote(toMIDI(*tone), m_times->lengthOf(*tone));
+      if (tone->isActive()) addNote(trackOf(*tone), toMIDI(*tone), m_times->lengthOf(*tone));
   return chord;
 }
 
@@ -83,6 +98,7 @@ void QBMIDIPlayer::scanFull() {
 
 void QBMIDIPlayer::scan(int from, int to) {
   m_loop = true;
+  m_from = from;
   m_to = to;
   for (const auto& chord : m_chords)
     if (from <= chord->position() && chord->position() <= to) playChord(*chord);
@@ -115,6 +131,42 @@ void QBMIDIPlayer::turnBackAtEnd() {
   if (m_turnsBack) m_player->setLoop({*turn, m_times->endOfLoop()});
 }
 
+/// Clicks between the rounds are those of the count-in, and silence is as long as that would be. A
+/// loop, and what clicks come before, is heard from its first chord on; a song from where it begins
+/// to play.
+platform::DeckPlan QBMIDIPlayer::deckPlan(const std::optional<RoundsOfLoop>& rounds) const {
+  platform::DeckPlan plan;
+  const double begin = m_times->turnOfLoop().value_or(kSecondsOfChord);
+  if (rounds || m_leadIn > 0) plan.from = begin;
+  if (const auto second = m_times->recordedSecondsAt(0)) plan.secondOfBeat0 = *second;
+  if (!rounds || m_times->endOfLoop() <= begin) return plan;
+  double again = begin;
+  if (rounds->between == BetweenRounds::clicks) again = -m_leadIn;
+  if (rounds->between == BetweenRounds::silence)
+    if (const auto beats = m_times->countIn(m_from); !beats.empty())
+      again = std::min(beats.front().time, begin);
+  plan.to = m_times->endOfLoop();
+  plan.rounds = platform::Rounds{begin, plan.to, again, rounds->ramp};
+  return plan;
+}
+
+void QBMIDIPlayer::addRecording(std::shared_ptr<const platform::DecodedSound> sound,
+                                const std::optional<RoundsOfLoop>& rounds) {
+  if (!m_player) return;
+  const platform::DeckPlan plan = deckPlan(rounds);
+  m_turnsBack = plan.rounds.has_value();
+  if (!hasRecordedTimes()) sound = nullptr;
+  m_player->setDeck(std::make_unique<platform::Deck>(std::move(sound), plan));
+}
+
+void QBMIDIPlayer::setLevels(const platform::DeckLevels& levels) {
+  if (m_player) m_player->setLevels(levels);
+}
+
+void QBMIDIPlayer::setPitch(double cents) {
+  if (m_player) m_player->setPitch(cents);
+}
+
 bool QBMIDIPlayer::changeProgram(int program) {
   return m_track && program >= 0 && program <= kHighestNote &&
          m_track->addChannelEvent(0.0, {kProgramChange, static_cast<std::uint8_t>(program), 0});
@@ -139,6 +191,7 @@ bool QBMIDIPlayer::start() {
 bool QBMIDIPlayer::stop() {
   if (m_player) m_player->stop();
   if (m_track) m_sequence.disposeTrack(*std::exchange(m_track, nullptr));
+  if (m_partTrack) m_sequence.disposeTrack(*std::exchange(m_partTrack, nullptr));
   if (m_clicks) m_sequence.disposeTrack(*std::exchange(m_clicks, nullptr));
   if (m_countIn) m_sequence.disposeTrack(*std::exchange(m_countIn, nullptr));
   return true;

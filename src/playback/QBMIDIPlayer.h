@@ -15,6 +15,16 @@ namespace korvel {
 
 class QBChord;
 class QBSong;
+class QBTone;
+
+/// What comes between the rounds of a loop.
+enum class BetweenRounds { nothing, silence, clicks };
+
+/// How a loop is practised.
+struct RoundsOfLoop {
+  BetweenRounds between = BetweenRounds::nothing;
+  std::optional<platform::SpeedRamp> ramp{};
+};
 
 /// A song as one MIDI sequence, and its playing. Made for one playing: fill the sequence, start,
 /// stop, drop. A step is kSecondsOfChord; the first chord sounds after one. When the others do is
@@ -56,6 +66,23 @@ class QBMIDIPlayer {
   /// Has what was added begin again in time at its end, as often as it comes; before it is started.
   /// Without effect on steps, whose player is told to `rewind`.
   void turnBackAtEnd();
+  /// Has the recording of the song play along; the notes follow it. In a loop, where there are
+  /// rounds, it turns back at the end by itself, whatever the song. Without a sound, or where the
+  /// chords have no times of it, it is silent. Once all else was added, before it is started.
+  void addRecording(std::shared_ptr<const platform::DecodedSound> sound,
+                    const std::optional<RoundsOfLoop>& rounds);
+  /// How the recording lies beside the chords that were added.
+  platform::DeckPlan deckPlan(const std::optional<RoundsOfLoop>& rounds) const;
+  bool hasDeck() const { return m_player && m_player->hasDeck(); }
+  /// Whether the chords that were added have times of the recording, one after another.
+  bool hasRecordedTimes() const { return m_times->recordedSecondsAt(0).has_value(); }
+  /// Tones on these strings, a bit each from 1 << 1 on, are added apart; before the chords are.
+  void setPart(unsigned strings) { m_part = strings; }
+  /// Whether they are heard, which they are at first; also while it plays.
+  void setPartHeard(bool heard);
+  /// Of a recording that plays along, and of the guitar beside it; also while it plays.
+  void setLevels(const platform::DeckLevels& levels);
+  void setPitch(double cents);
   /// Changes the General MIDI program at time 0.
   bool changeProgram(int program);
   const platform::MusicSequence& sequence() const { return m_sequence; }
@@ -93,15 +120,20 @@ class QBMIDIPlayer {
   bool isPastChords() const;
 
  private:
-  bool addNote(int note, double length);
+  bool addNote(platform::MusicTrack* track, int note, double length);
+  platform::MusicTrack* trackOf(const QBTone& tone);
 
   std::vector<platform::Ref<QBChord>> m_chords;
   std::unique_ptr<ChordTimes> m_times;
   platform::MusicSequence m_sequence;
   platform::MusicTrack* m_track;
-  platform::MusicTrack* m_clicks = nullptr;   ///< None without a metronome.
-  platform::MusicTrack* m_countIn = nullptr;  ///< None without clicks before the beginning.
-  double m_leadIn = 0;                        ///< In beats.
+  platform::MusicTrack* m_partTrack = nullptr;  ///< None without tones of the part.
+  platform::MusicTrack* m_clicks = nullptr;     ///< None without a metronome.
+  platform::MusicTrack* m_countIn = nullptr;    ///< None without clicks before the beginning.
+  double m_leadIn = 0;                          ///< In beats.
+  unsigned m_part = 0;                          ///< Strings.
+  bool m_partHeard = true;
+  int m_from = 0;  ///< Position of the first chord.
   std::unique_ptr<platform::MusicPlayer> m_player;
   int m_cursor = 0;
   double m_timestamp = 0;  ///< When the last chord was added, in beats.

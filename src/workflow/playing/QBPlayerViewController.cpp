@@ -10,6 +10,8 @@
 #include "music/ChordStep.h"
 #include "platform/midi/SoundFontFile.h"
 #include "platform/sound/AudioSystem.h"
+#include "platform/sound/SampleRate.h"
+#include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
@@ -20,6 +22,32 @@ constexpr platform::Phrase kDeviceLost = platform::phrase(
 
 /// How late the end may be noticed, in seconds: steps are too far apart for fast playing.
 constexpr double kWatch = 0.02;
+
+/// How much of a song may lie beyond the end of its recording, in seconds: a last note that rings.
+constexpr double kMostMissing = 2;
+constexpr int kStepsOfBar = 4;
+
+constexpr platform::Phrase kNotInStep = platform::phrase(
+    "Message", "%1: its chords do not follow the recording, so the guitar plays alone");
+constexpr platform::Phrase kTooShort = platform::phrase(
+    "Message", "%1: the recording ends before the song; from there on the guitar plays alone");
+constexpr platform::Phrase kGuitarGoesOn =
+    platform::phrase("Message", "%1; the guitar goes on alone");
+
+/// Indexes of the chords that bars begin with, among those of these positions.
+std::vector<int> barsOf(QBSong& song, int from, int to) {
+  std::vector<int> begins;
+  const QBMeasure* bar = nullptr;
+  int index = 0;
+  for (const auto& chord : song.allChords()) {
+    if (chord->position() < from || chord->position() > to) continue;
+    const QBMeasure* of = chord->measure();
+    if (index == 0 || (of ? of != bar : index % kStepsOfBar == 0)) begins.push_back(index);
+    bar = of;
+    ++index;
+  }
+  return begins;
+}
 
 std::string percentOf(float fraction) {
   constexpr float kMost = 999;
@@ -62,23 +90,63 @@ void QBPlayerViewController::begin(QBSong& song) {
   m_song = &song;
   m_range = rangeOf(song);
   m_loops = m_looping && (song.fromChord() || song.toChord());
-  m_midi = std::make_unique<QBMIDIPlayer>(
-      song, m_newPlayer(), m_strict ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded);
-  m_midi->scan(m_range.from, m_range.to);
-  m_midi->addMetronome(m_range.from, m_range.to);
-  if (m_countIn) m_midi->addCountIn(m_range.from);
-  if (m_loops) m_midi->turnBackAtEnd();
-  m_midi->setMetronome(m_metronome);
-  m_midi->setClickVolume(m_clickVolume);
+  m_notice = {};
+  if (m_sound.hasRecording()) {
+    const RecordingSound found = openRecording(song);
+    m_recording = found.sound;
+    m_notice = found.problem;
+  }
+  fill(song);
   m_first = static_cast<int>(std::ranges::count_if(
       song.allChords(), [&](const auto& chord) { return chord->position() < m_range.from; }));
   m_shown = -1;
   m_timer = platform::RunLoop::main().scheduleRepeating(kSecondsOfChord, [this] { playHandler(); });
   m_watch = platform::RunLoop::main().scheduleRepeating(kWatch, [this] { lookForEnd(); });
+  start();
+  m_session.lockTab(true);
+  if (!m_notice.empty()) m_controls.showNotice(m_notice);
+}
+
+/// Strict tempo is of no use beside a recording, which has its own.
+void QBPlayerViewController::fill(QBSong& song) {
+  const bool strict = m_strict && !m_recording;
+  m_midi = std::make_unique<QBMIDIPlayer>(
+      song, m_newPlayer(), strict ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded);
+  m_midi->setPart(m_sound.silent);
+  m_midi->setPartHeard(false);
+  m_midi->scan(m_range.from, m_range.to);
+  m_midi->addMetronome(m_range.from, m_range.to);
+  const bool clicksBetween = m_loops && m_sound.rounds.between == BetweenRounds::clicks;
+  if (m_countIn || clicksBetween) m_midi->addCountIn(m_range.from);
+  m_midi->setMetronome(m_metronome);
+  m_midi->setClickVolume(m_clickVolume);
+  addRecording(song);
+}
+
+void QBPlayerViewController::addRecording(const QBSong& song) {
+  if (m_recording && !m_midi->hasRecordedTimes()) {
+    m_recording = nullptr;
+    m_notice = platform::UserText(kNotInStep, song.title());
+  }
+  const bool hasDeck = m_recording || (m_loops && m_sound.hasRounds());
+  if (hasDeck)
+    m_midi->addRecording(m_recording, m_loops ? std::optional(m_sound.rounds) : std::nullopt);
+  else if (m_loops)
+    m_midi->turnBackAtEnd();
+  m_midi->setPitch(m_sound.cents);
+  m_midi->setLevels(m_recording ? m_sound.levels() : platform::DeckLevels{0, 1, false});
+}
+
+/// What plays along is to begin at the place where it is heard first.
+void QBPlayerViewController::start() {
+  if (m_midi->hasDeck()) {
+    m_midi->setPlaybackRate(m_controls.rate());
+    m_midi->goToBeginning();
+  }
   if (!m_midi->start()) throw platform::AudioError(m_midi->problem());
+  if (m_midi->hasDeck()) return;
   m_midi->setPlaybackRate(m_controls.rate());
   m_midi->goToBeginning();
-  m_session.lockTab(true);
 }
 
 void QBPlayerViewController::playHandler() {
@@ -100,10 +168,27 @@ void QBPlayerViewController::showPlace(int index) {
 }
 
 void QBPlayerViewController::lookForEnd() {
+  if (m_recording && m_recording->isWhole()) lookAtRecording();
   if (m_loops && m_midi->isPastChords())
     m_midi->rewind();
   else if (!m_loops && m_midi->isOver())
     end({});
+}
+
+/// Once all of it has been decoded, or what there was of it.
+void QBPlayerViewController::lookAtRecording() {
+  const auto sound = std::exchange(m_recording, nullptr);
+  const double seconds = static_cast<double>(sound->frames()) / platform::kSampleRate;
+  const auto end = m_midi->times().recordedSecondsAt(m_midi->times().end());
+  platform::UserText problem = sound->problem();
+  if (!problem.empty()) problem = platform::UserText(kGuitarGoesOn, problem);
+  if (problem.empty() && end && *end > seconds + kMostMissing)
+    problem = platform::UserText(kTooShort, m_song->title());
+  if (problem.empty()) return;
+  platform::DeckLevels levels = m_sound.levels();
+  levels.guitar = 1;
+  m_midi->setLevels(levels);
+  m_controls.showNotice(problem);
 }
 
 void QBPlayerViewController::followSound() {
@@ -137,6 +222,7 @@ void QBPlayerViewController::end(const platform::UserText& problem) {
   m_timer = nullptr;
   m_watch = nullptr;
   m_midi = nullptr;
+  m_recording = nullptr;
   m_controls.unlockAll();
   m_session.lockTab(false);
   const platform::Ref<QBSong> song = std::exchange(m_song, nullptr);
@@ -152,6 +238,35 @@ void QBPlayerViewController::setMetronome(bool on) {
 void QBPlayerViewController::setClickVolume(double factor) {
   m_clickVolume = factor;
   if (m_midi) m_midi->setClickVolume(factor);
+}
+
+void QBPlayerViewController::setSound(const PlayedSound& sound) {
+  const bool mutesOthers = sound.silent != m_sound.silent;
+  m_sound = sound;
+  if (!m_midi) return;
+  if (mutesOthers || (sound.hasRecording() && !m_midi->hasDeck() && m_notice.empty()))
+    return replay();
+  m_midi->setPitch(sound.cents);
+  if (m_notice.empty()) m_midi->setLevels(sound.levels());
+}
+
+/// What it has to be filled anew for goes on where it was.
+void QBPlayerViewController::replay() {
+  const int index = m_midi->playbackPosition();
+  end({});
+  play();
+  if (m_midi && index > 0) m_midi->setPlaybackPosition(index);
+}
+
+void QBPlayerViewController::skipBars(int bars) {
+  if (!m_midi) return;
+  const std::vector<int> begins = barsOf(*m_song, m_range.from, m_range.to);
+  const int now = std::max(m_midi->playbackPosition(), 0);
+  const auto bar = std::ranges::upper_bound(begins, now) - begins.begin() - 1;
+  const auto last = std::ssize(begins) - 1;
+  if (last < 0) return;
+  const auto wanted = std::clamp<std::ptrdiff_t>(bar + bars, 0, last);
+  m_midi->setPlaybackPosition(begins[static_cast<std::size_t>(wanted)]);
 }
 
 void QBPlayerViewController::speedChanged() {

@@ -12,6 +12,7 @@
 #include "platform/text/UserText.h"
 #include "playback/QBMIDIPlayer.h"
 #include "tab/layout/LoopRange.h"
+#include "workflow/playing/PlayedSound.h"
 #include "workflow/session/SessionViews.h"
 
 namespace korvel {
@@ -35,6 +36,8 @@ class PlayerControls {
   virtual void showTempo(double) {}
   /// Playing did not begin, or ended by itself: one line with what to do.
   virtual void showProblem(const platform::UserText& problem) = 0;
+  /// What is wrong with the recording that was to be heard; the guitar plays on alone.
+  virtual void showNotice(const platform::UserText&) {}
   /// Where the slider stands, and where it stands for the speed of the recording.
   virtual int speed() const = 0;
   virtual int fullSpeed() const = 0;
@@ -45,7 +48,8 @@ class PlayerControls {
 };
 
 /// Plays the session's song: its loop, again and again, or all of it, and ends by itself when that
-/// has been heard. The last chord of a song of steps has no position. Another song may become the
+/// has been heard. The recording that it was heard in plays along if that is wanted and it is to be
+/// had. The last chord of a song of steps has no position. Another song may become the
 /// session's meanwhile; the place is told while it is the one that plays. Playing ends when its
 /// song is deleted, or gets another loop or other chords. Main thread; runs on the main run loop's
 /// timer.
@@ -93,6 +97,12 @@ class QBPlayerViewController final : public PlayerView {
   void setStrict(bool on) { m_strict = on; }
   /// Whether a loop is played again and again, or once; for the next playing.
   void setLooping(bool on) { m_looping = on; }
+  /// What is heard. The mix, the pitch and what is silent change at once, the rest with the next
+  /// playing.
+  void setSound(const PlayedSound& sound);
+  const PlayedSound& sound() const { return m_sound; }
+  /// Goes so many bars on, or back with less than 0; of a song without bars, four steps each.
+  void skipBars(int bars);
   /// The slider has moved.
   void speedChanged();
   void updateLoop() override;
@@ -106,6 +116,11 @@ class QBPlayerViewController final : public PlayerView {
 
   static Range rangeOf(QBSong& song);
   void begin(QBSong& song);
+  void fill(QBSong& song);
+  void addRecording(const QBSong& song);
+  void start();
+  void lookAtRecording();
+  void replay();
   void playHandler();
   void lookForEnd();
   void showPlace(int index);
@@ -121,6 +136,9 @@ class QBPlayerViewController final : public PlayerView {
   bool m_strict = false;
   bool m_looping = true;
   double m_clickVolume = 1;
+  PlayedSound m_sound;
+  std::shared_ptr<const platform::DecodedSound> m_recording;  ///< Heard beside the guitar.
+  platform::UserText m_notice;                                ///< Why it is not.
   int m_first = 0;   ///< Index in the song of the first chord that is played.
   int m_shown = -1;  ///< Index among those played of the chord that was told last.
   std::unique_ptr<QBMIDIPlayer> m_midi;

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/recordings/RecordingSound.h"
+
+#include <map>
+#include <string>
+#include <system_error>
+
+#include "model/recorded/SongRecording.h"
+#include "model/songs/QBSong.h"
+#include "platform/files/FileError.h"
+#include "platform/media/ContentHash.h"
+#include "workflow/recordings/KeptSounds.h"
+#include "workflow/session/Edit.h"
+#include "workflow/session/EditRefused.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::phrase;
+using platform::UserText;
+
+constexpr platform::Phrase kNone =
+    phrase("Message", "%1: no recording is stored with the song, so the guitar plays alone");
+constexpr platform::Phrase kGone =
+    phrase("Message",
+           "%1: the recording is not there any more; say where it is now. The guitar plays alone");
+constexpr platform::Phrase kOther = phrase(
+    "Message",
+    "%1: the recording has changed since it was heard; say where the old one is. The guitar plays "
+    "alone");
+
+/// The content of a file as it is now.
+std::string contentNow(const fs::path& file) {
+  struct Known {
+    std::uintmax_t size;
+    fs::file_time_type time;
+    std::string content;
+  };
+  static std::map<fs::path, Known> known;
+  std::error_code unknown;
+  const auto size = fs::file_size(file, unknown);
+  const auto time = fs::last_write_time(file, unknown);
+  if (unknown) return {};
+  const auto found = known.find(file);
+  if (found != known.end() && found->second.size == size && found->second.time == time)
+    return found->second.content;
+  platform::ContentHash hash(file);
+  while (hash.step()) continue;
+  return (known[file] = {size, time, hash.digits()}).content;
+}
+
+bool isThereAsFile(const fs::path& file) {
+  std::error_code unknown;
+  return !file.empty() && fs::is_regular_file(file, unknown);
+}
+
+UserText whyNowhere(const SongRecording& recording) {
+  return {isThereAsFile(recording.path()) ? kOther : kGone, recording.path()};
+}
+
+std::shared_ptr<const platform::DecodedSound> opened(const fs::path& file) {
+  static fs::path last;
+  static std::shared_ptr<const platform::DecodedSound> sound;
+  if (sound && file == last && (!sound->isWhole() || sound->problem().empty())) return sound;
+  sound = nullptr;
+  sound = std::make_shared<const platform::DecodedSound>(file);
+  last = file;
+  return sound;
+}
+
+}  // namespace
+
+bool isRecording(const SongRecording& recording, const fs::path& file) {
+  std::error_code unknown;
+  const auto size = fs::file_size(file, unknown);
+  if (unknown || static_cast<std::int64_t>(size) != recording.size()) return false;
+  return recording.hash().empty() || contentNow(file) == recording.hash();
+}
+
+std::optional<fs::path> fileOfRecording(const SongRecording& recording) {
+  if (isThereAsFile(recording.path()) && isRecording(recording, recording.path()))
+    return recording.path();
+  const fs::path kept = keptSoundOf(recording);
+  return isThereAsFile(kept) ? std::optional(kept) : std::nullopt;
+}
+
+RecordingSound openRecording(const QBSong& song) {
+  const SongRecording* recording = song.recording();
+  if (!recording) return {nullptr, UserText(kNone, song.title())};
+  const auto file = fileOfRecording(*recording);
+  if (!file) return {nullptr, whyNowhere(*recording)};
+  try {
+    return {opened(*file), {}};
+  } catch (const platform::FileError& error) {
+    return {nullptr, error.text()};
+  }
+}
+
+void placeRecording(QBSong& song, const fs::path& file) {
+  SongRecording* recording = song.recording();
+  if (!recording) throw EditRefused(kNone, song.title());
+  if (!isRecording(*recording, file))
+    throw EditRefused(phrase("Message", "%1: is not the recording that the song was heard in"),
+                      file.string());
+  Edit edit(song, phrase("UndoAction", "Find Recording"));
+  recording->setPath(fs::absolute(file).string());
+  edit.done(phrase("Log", "Recording found again."));
+}
+
+}  // namespace korvel

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "platform/deck/DecodedSound.h"
+#include "platform/text/UserText.h"
+
+namespace korvel {
+
+class QBSong;
+class SongRecording;
+
+/// The sound of the recording that a song was heard in, or why there is none.
+struct RecordingSound {
+  std::shared_ptr<const platform::DecodedSound> sound;  ///< None where it is not to be had.
+  platform::UserText problem;  ///< One line with what to do; empty when there is a sound.
+};
+
+/// Finds and opens the recording of a song: the file that it was heard in, if that still has its
+/// content, or else the copy that is kept beside the store. What was opened last stays open, so
+/// that it begins at once the next time.
+RecordingSound openRecording(const QBSong& song);
+
+/// Where that is; none where it is nowhere.
+std::optional<std::filesystem::path> fileOfRecording(const SongRecording& recording);
+
+/// Whether the file has the recording's content, whatever its name. Reads it once.
+bool isRecording(const SongRecording& recording, const std::filesystem::path& file);
+
+/// The recording of a song lies there from now on, which is saved. Throws EditRefused when the song
+/// has none, or the file is another one.
+void placeRecording(QBSong& song, const std::filesystem::path& file);
+
+}  // namespace korvel
