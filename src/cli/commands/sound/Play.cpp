@@ -12,6 +12,7 @@
 #include "cli/support/Console.h"
 #include "cli/support/Interrupts.h"
 #include "cli/support/OutputFile.h"
+#include "cli/support/RecordingFlags.h"
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/SongChoice.h"
 #include "cli/support/choices/SoundChoice.h"
@@ -27,6 +28,7 @@ namespace {
 struct PlayOptions {
   std::string song;
   SoundOptions sound;
+  RecordingOptions recording;
   std::string device;               ///< The system's default when empty.
   std::optional<std::string> file;  ///< A WAV file in the place of a device.
   bool force = false;               ///< Replaces that file when it is there already.
@@ -51,6 +53,9 @@ class ConsolePlayer final : public PlayerControls {
   void showPosition(const std::string& percent) override { Console::attached().status(percent); }
   void showSpeed(const std::string&) override {}
   void showProblem(const platform::UserText& problem) override { m_problem = problem.english(); }
+  void showNotice(const platform::UserText& notice) override {
+    Console::attached().note(notice.english());
+  }
   int speed() const override { return m_speed; }
   int fullSpeed() const override { return kMaximum; }
 
@@ -117,6 +122,7 @@ void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& opti
   });
   player.setStrict(options.sound.strict);
   player.setLooping(options.repeatsLoop());
+  player.setSound(options.recording.played());
   const PlayingSession session(song, player);
   run(player, interrupts, options.seconds);
   if (!console.problem().empty()) throw CliError(named(console.problem(), options));
@@ -144,6 +150,8 @@ void addPlay(Command& tool) {
   auto& options = command.own<PlayOptions>();
   addSong(command, options.song);
   addSoundOptions(command, options.sound);
+  addRecordingFlags(command, options.recording);
+  addRoundFlags(command, options.recording);
   const Option device =
       command.option("--device", options.device, "Output (default: what the system has chosen)");
   Option wave =
