@@ -26,6 +26,7 @@
 #include "cli/commands/sound/Import.h"
 #include "cli/commands/sound/Play.h"
 #include "cli/commands/sound/Record.h"
+#include "cli/commands/sound/RecordingOfSong.h"
 #include "cli/commands/sound/Render.h"
 #include "cli/commands/sound/Transcribe.h"
 #include "cli/commands/store/BackupStore.h"
@@ -61,6 +62,7 @@ void describe(cli::Command& tool) {
   cli::addExport(tool);
   cli::addPlay(tool);
   cli::addRender(tool);
+  cli::addRecordingOfSong(tool);
   cli::addApply(tool);
   cli::addEasySong(tool);
   cli::addRhythmOfSong(tool);

@@ -170,6 +170,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::command(const std::string& file, QB
   auto made = std::make_shared<QBCmdImportSong>(m_tree.find(album), file, song);
   made->m_name = ": " + std::filesystem::path(file).filename().string();
   made->setDetection(*m_detection, m_settings);
+  made->setKeepsSound(m_keepsSounds);
   made->setSaving(true);
   return made;
 }

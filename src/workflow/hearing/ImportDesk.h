@@ -31,6 +31,8 @@ class ImportDesk {
 
   /// How recordings are heard from now on.
   void setDetection(const Detection& detection, const HearingSettings& settings);
+  /// Whether copies of the recordings are kept beside the store from now on.
+  void setKeepsSounds(bool keeps) { m_keepsSounds = keeps; }
   /// Into a new song of an album, a new one when none is named. What is wrong with a file is
   /// reported through the session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
@@ -61,6 +63,7 @@ class ImportDesk {
   LibraryTree& m_tree;
   const Detection* m_detection = &preciseDetection();
   HearingSettings m_settings{};
+  bool m_keepsSounds = false;
 };
 
 }  // namespace korvel

@@ -11,6 +11,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "platform/files/FileError.h"
 #include "platform/loop/Deadline.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/sqlite/StoreError.h"
@@ -20,8 +21,10 @@
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
+#include "workflow/recordings/KeptSounds.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
+#include "workflow/takes/TakeFiles.h"
 #include "workflow/takes/Takes.h"
 
 namespace korvel {
@@ -230,7 +233,7 @@ void QBCmdImportSong::tearDown() {
   }
   m_undo.reset();
   m_percent = kAll;
-  if (m_saving && !m_cutShort) removeIfTake(m_file);
+  if (m_saving && !m_cutShort && !m_copyFailed) removeIfTake(m_file);
   if (m_cutShort) session().refreshTree();  // which marks the song
   printOut(phrase("Log", "Song successfully imported."));
   if (m_finished) m_finished();
@@ -252,6 +255,8 @@ platform::Slices QBCmdImportSong::finish() {
   if (const HeardSound* heard = m_hearing->heard()) {
     platform::Slices keeping = keepingRecording(QBTabMgr::db(), *m_newSong, m_file, *heard);
     while (keeping.next()) co_yield 0;
+    platform::Slices copying = keepingCopy();
+    while (copying.next()) co_yield 0;
     if (m_settings.grid == Grid::beats && !m_newSong->isOnBeats() && hasTones(*m_newSong))
       printOut(phrase("Log",
                       "its rhythm is too free to be read in bars, so the song is in slices of "
@@ -264,6 +269,18 @@ platform::Slices QBCmdImportSong::finish() {
   if (m_replaced) m_newSong = takePlace(m_newSong, std::exchange(m_replaced, nullptr), session());
   while (m_saving && !saved()) co_yield kAllButSaved;
   co_yield kAllButSaved;  // what the window shows of the end takes its time, too
+}
+
+/// A song without a copy is whole all the same.
+platform::Slices QBCmdImportSong::keepingCopy() {
+  if (!m_keepsSound && !isTakeFile(m_file)) co_return;
+  platform::Slices keeping = keepingSound(*m_newSong->recording(), m_file);
+  try {
+    while (keeping.next()) co_yield 0;
+  } catch (const platform::FileError& error) {
+    m_copyFailed = true;
+    printOut(error.text());
+  }
 }
 
 void QBCmdImportSong::stopAndKeep() {

@@ -42,6 +42,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   /// Goes on with what listens to the file already, in the tuning that is selected, for a detection
   /// that can. Before `prepare`.
   void setListening(std::shared_ptr<Listening> listening) { m_listening = std::move(listening); }
+  /// Whether a copy of the recording is kept beside the store; one of a take is in any case.
+  void setKeepsSound(bool keeps) { m_keepsSound = keeps; }
 
   /// Saves the store now and then, and before the last line of the log, for a front end that goes
   /// on meanwhile. While that fails for want of room, a stepped import goes on and tries it again
@@ -118,6 +120,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool finishSome();
   void finishNow();
   platform::Slices finish();
+  platform::Slices keepingCopy();
   bool isSongGone() const;
   void abandon();
   void dropHearing();
@@ -129,6 +132,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   platform::Ref<QBSong> m_replaced;
   const Detection* m_detection = &classicDetection();
   HearingSettings m_settings{};
+  bool m_keepsSound = false;
+  bool m_copyFailed = false;
   std::shared_ptr<Listening> m_listening;
   bool m_saving = false;
   bool m_ownsAlbum = false;

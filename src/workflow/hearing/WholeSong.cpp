@@ -12,6 +12,7 @@
 #include "tab/text/SongDrawing.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 #include "workflow/hearing/NewSong.h"
+#include "workflow/recordings/KeptSounds.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
@@ -74,15 +75,22 @@ void takeAsWhole(QBSong& song) {
 
 std::string recordingFileOf(const QBSong& song) {
   if (!song.isWhole()) return song.unheard();
-  return song.recording() ? song.recording()->path() : std::string();
+  const SongRecording* recording = song.recording();
+  if (!recording) return {};
+  const std::filesystem::path kept = keptSoundOf(*recording);
+  std::error_code unknown;
+  const bool isGone = !std::filesystem::exists(recording->path(), unknown);
+  return isGone && std::filesystem::exists(kept, unknown) ? kept.string() : recording->path();
 }
 
 bool canHearAnew(const QBSong& song) {
   const SongRecording* recording = song.recording();
   if (!song.isWhole() || !recording || SongInWork::is(song)) return false;
   std::error_code unknown;
-  const auto size = std::filesystem::file_size(recording->path(), unknown);
-  return !unknown && static_cast<std::int64_t>(size) == recording->size();
+  const std::string file = recordingFileOf(song);
+  const auto size = std::filesystem::file_size(file, unknown);
+  return !unknown &&
+         (file != recording->path() || static_cast<std::int64_t>(size) == recording->size());
 }
 
 bool canHearAgain(const QBSong& song) {

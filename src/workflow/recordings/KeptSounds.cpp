@@ -36,7 +36,8 @@ std::set<fs::path> usedSounds(const QBTabMgr& db) {
   std::set<fs::path> used;
   for (const auto& album : db.albums())
     for (const QBSong* song : album->songs())
-      if (const SongRecording* recording = song->recording()) used.insert(keptSoundOf(*recording));
+      if (const SongRecording* recording = song->recording())
+        used.insert({keptSoundOf(*recording), recording->path()});
   return used;
 }
 

@@ -10,6 +10,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "platform/files/FileError.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/LocalTime.h"
 #include "platform/text/UserError.h"
@@ -17,6 +18,7 @@
 #include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/hearing/NewSong.h"
+#include "workflow/recordings/KeptSounds.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/SongInWork.h"
 #include "workflow/takes/TakeFiles.h"
@@ -198,9 +200,20 @@ void LiveRecording::finish() {
   if (isHeardWhole()) m_song = m_second->songInPlace();
   if (m_song && m_song->isDeleted()) m_song = nullptr;
   dropScratch();
+  keepSound();
   m_takeStays = !m_options.keptTake.empty() || m_problem || m_isLeft || (!m_song && !m_isHeard);
   if (!m_takeStays) m_sound->take().removeFile();
   enter(State::over);
+}
+
+/// What was played into the program is nowhere else. Where it cannot be kept the take stays.
+void LiveRecording::keepSound() {
+  if (!m_song || !m_song->recording() || m_problem || m_isLeft) return;
+  try {
+    keepingSound(*m_song->recording(), m_sound->take().file()).finish();
+  } catch (const platform::FileError& error) {
+    m_problem = error.text();
+  }
 }
 
 /// All that there is to hear in it was heard, or the user would rather have it as it is.

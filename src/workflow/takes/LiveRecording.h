@@ -123,6 +123,7 @@ class LiveRecording {
   void requireSongs() const;
   void storeLive();
   bool hearsTake() const;
+  void keepSound();
   void markWhole();
   void beginWhole();
   void hearWhole();

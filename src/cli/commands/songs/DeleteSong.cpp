@@ -6,7 +6,9 @@
 #include "cli/support/Command.h"
 #include "cli/support/Unlogged.h"
 #include "cli/support/choices/SongChoice.h"
+#include "model/store/QBTabMgr.h"
 #include "workflow/library/LibraryEdits.h"
+#include "workflow/recordings/KeptSounds.h"
 
 namespace korvel::cli {
 namespace {
@@ -15,6 +17,7 @@ void deleteStored(const std::string& name) {
   QBSong& song = chooseSong(name);
   const Unlogged quiet;
   deleteSong(song);
+  sweepKeptSounds(QBTabMgr::db());
 }
 
 }  // namespace

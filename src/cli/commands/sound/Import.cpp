@@ -47,6 +47,7 @@ struct ImportOptions {
   const Detection* detection = &preciseDetection();
   HearingSettings settings = settingsOfFrontEnds();
   bool json = false;
+  bool keepRecording = false;
   bool stepped = false;  ///< Through the run loop's timer, as a window does it.
 };
 
@@ -67,6 +68,7 @@ void hear(const ImportOptions& options, const std::string& file, const NewSong& 
                                                          file, made.song());
   command->setDetection(*options.detection, options.settings);
   command->setListening(std::move(listening));
+  command->setKeepsSound(options.keepRecording);
   QBSession::session().addJob(command);
   run(*command, options.stepped);
 }
@@ -143,6 +145,8 @@ void addImport(Command& tool) {
   command.option("--tuning", options.tuning, "Tuning of the guitar, such as \"Drop D\"");
   addDetectionFlags(command, options.detection, options.settings);
   command.flag("--json", options.json, "Print the song as JSON");
+  command.flag("--keep-recording", options.keepRecording,
+               "Keep a copy of the recording beside the store, as FLAC");
   command.flag("--stepped", options.stepped, "Import step by step on a timer");
   command.checkLast([&options] {
     if (options.title && options.files.size() > 1)

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/sound/RecordingOfSong.h"
+
+#include <optional>
+#include <string>
+
+#include "cli/support/CliError.h"
+#include "cli/support/Command.h"
+#include "cli/support/Console.h"
+#include "cli/support/Unlogged.h"
+#include "cli/support/choices/SongChoice.h"
+#include "model/recorded/SongRecording.h"
+#include "model/songs/QBSong.h"
+#include "workflow/recordings/KeptSounds.h"
+#include "workflow/recordings/RecordingSound.h"
+
+namespace korvel::cli {
+namespace {
+
+struct RecordingOfSongOptions {
+  std::string song;
+  std::optional<std::string> file;
+  bool keep = false;
+};
+
+void printRecording(const RecordingOfSongOptions& options) {
+  QBSong& song = chooseSong(options.song);
+  const Unlogged quiet;
+  if (options.file) placeRecording(song, *options.file);
+  const RecordingSound found = openRecording(song);
+  if (!found.sound) throw CliError(found.problem.english());
+  const std::filesystem::path file = *fileOfRecording(*song.recording());
+  if (options.keep) keepingSound(*song.recording(), file).finish();
+  Console::attached().print(file.string());
+}
+
+}  // namespace
+
+void addRecordingOfSong(Command& tool) {
+  Command& command = tool.command("recording", "Print where the recording of a song is");
+  auto& options = command.own<RecordingOfSongOptions>();
+  needStoredSong(command, options.song);
+  command.option("--file", options.file, "Where it is now").shownAs("FILE");
+  command.flag("--keep", options.keep, "Keep a copy of it beside the store, as FLAC");
+  command.does([&options] { printRecording(options); });
+}
+
+}  // namespace korvel::cli
