@@ -34,6 +34,7 @@ platform::EntityDescription QBSong::describe() {
       .attribute<&QBSong::m_swing>("swing")
       .attribute<&QBSong::m_key>("key")
       .attribute<&QBSong::m_corrections>("corrections", platform::Fetch::onDemand)
+      .attribute<&QBSong::m_practice>("practice")
       .toOne<&QBSong::m_recording>("recording", "SongRecording", "songs")
       .toOne<&QBSong::m_album>("album", "QBAlbum", "songs")
       .toOne<&QBSong::m_tuning>("tuning", "QBTuning", "songs")

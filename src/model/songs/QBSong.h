@@ -73,6 +73,9 @@ class QBSong final : public platform::ManagedObject {
   /// What it was heard in; none for a song that was not, or before recordings were kept.
   SongRecording* recording() const;
   void setRecording(SongRecording* value);
+  /// How it was practised last, in words of `workflow/playing/PracticeMemory.h`; may be empty.
+  const std::string& practice() const { return read(m_practice); }
+  void setPractice(std::string value) { assign(m_practice, std::move(value)); }
   /// What the song has otherwise than its recording was heard, as bytes of a version of their own
   /// (`rhythm/stored/NoteCorrections.h`); unset when it has all as it was heard.
   const platform::Bytes& corrections() const { return readOnDemand(m_corrections); }
@@ -135,6 +138,7 @@ class QBSong final : public platform::ManagedObject {
   platform::Attribute<double> m_swing;
   platform::Attribute<int> m_key;
   platform::Attribute<platform::Bytes> m_corrections;
+  platform::Attribute<std::string> m_practice;
   platform::ToOne<SongRecording> m_recording;
   platform::ToOne<QBAlbum> m_album;
   platform::ToOne<QBTuning> m_tuning;
