@@ -67,6 +67,16 @@ class Preferences {
   /// Percent; 70 as loud as they come.
   int clickVolume() const { return m_store.value("sound/clickVolume", 70).toInt(); }
   void setClickVolume(int percent) { m_store.setValue("sound/clickVolume", percent); }
+  /// Percent, from the recording of a song alone to its guitar alone.
+  int soundMix() const { return m_store.value("sound/mix", 100).toInt(); }
+  void setSoundMix(int percent) { m_store.setValue("sound/mix", percent); }
+  /// The recording is heard on the left and the guitar on the right.
+  bool soundApart() const { return m_store.value("sound/apart").toBool(); }
+  void setSoundApart(bool on) { m_store.setValue("sound/apart", on); }
+  /// Copies of imported recordings are kept beside the store; asked at the first import.
+  bool keepsRecordings() const { return m_store.value("keepRecordings").toBool(); }
+  bool askedToKeep() const { return m_store.contains("keepRecordings"); }
+  void setKeepsRecordings(bool on) { m_store.setValue("keepRecordings", on); }
   /// Clicks are heard before a song.
   bool countIn() const { return m_store.value("sound/countIn").toBool(); }
   void setCountIn(bool on) { m_store.setValue("sound/countIn", on); }

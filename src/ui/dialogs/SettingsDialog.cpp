@@ -205,6 +205,9 @@ QWidget* SettingsDialog::detectionPage() {
   form->addRow(tr("&Played at"), place);
   form->addRow(tr("&Frets of the guitar"), m_frets);
   form->addRow(tr("&Capo at fret"), m_capo);
+  m_keep = new QCheckBox(tr("&Keep copies of recordings with the songs"));
+  m_keep->setChecked(preferences.keepsRecordings());
+  form->addRow(m_keep);
   static_cast<QLabel*>(form->labelForField(place))->setBuddy(m_position);
   return page;
 }
@@ -237,6 +240,8 @@ void SettingsDialog::keepDetection() const {
                                  std::min(m_positionFret->value(), m_frets->value())};
   const std::string detection = m_detection->currentData().toString().toStdString();
   Preferences().setDetection(*detectionNamed(detection), settings);
+  if (Preferences().keepsRecordings() != m_keep->isChecked())
+    Preferences().setKeepsRecordings(m_keep->isChecked());
 }
 
 void SettingsDialog::accept() {

@@ -43,6 +43,7 @@ class SettingsDialog final : public QDialog {
   QSpinBox* m_positionFret;
   QSpinBox* m_frets;
   QSpinBox* m_capo;
+  QCheckBox* m_keep = nullptr;
   QComboBox* m_output;
   QComboBox* m_input;
   QLineEdit* m_soundFont;

@@ -9,6 +9,7 @@
 #include <QToolButton>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBChord.h"
@@ -69,7 +70,8 @@ PlayerBar::PlayerBar(QWidget* parent)
     : QToolBar(tr("Player"), parent),
       m_loop(new QLabel),
       m_position(new QLabel),
-      m_player(QBSession::session(), *this, [this] { return newPlayer(); }) {
+      m_player(QBSession::session(), *this, [this] { return newPlayer(); }),
+      m_mix(m_player) {
   setObjectName("player");
   setToolButtonStyle(Qt::ToolButtonIconOnly);
   m_play = addAction(playIcon(), tr("Play"), this, &PlayerBar::play);
@@ -82,6 +84,7 @@ PlayerBar::PlayerBar(QWidget* parent)
   m_resetLoop = addAction(resetLoopIcon(), tr("Reset Loop"), this, &PlayerBar::resetLoopWanted);
   addSeparator();
   addSpeed();
+  addMix();
   addVolume();
   addMetronome();
   m_sound = addAction(soundIcon(), tr("Sound ..."), this, &PlayerBar::settingsWanted);
@@ -130,6 +133,21 @@ QAction* PlayerBar::addSwitch(const QIcon& icon, const QString& title) {
   QAction* action = addAction(icon, title);
   action->setCheckable(true);
   return action;
+}
+
+void PlayerBar::addMix() {
+  const auto percent = [this] { return static_cast<int>(std::lround(m_mix.sound().mix * kAll)); };
+  addWidget(new QLabel(' ' + tr("Recording") + ' '));
+  QSlider* mix = addSlider(tr("Recording or guitar"), 0, kAll, percent(), kShortSlider);
+  mix->setToolTip(tr("Left the recording is heard, right the guitar, in the middle both"));
+  addWidget(new QLabel(' ' + tr("Guitar") + ' '));
+  connect(mix, &QSlider::valueChanged, this,
+          [this](int value) { m_mix.setMix(static_cast<double>(value) / kAll); });
+  connect(&m_mix, &SoundMix::changed, mix, [this, mix, percent] {
+    m_practised = true;
+    const QSignalBlocker asItIs(mix);
+    mix->setValue(percent());
+  });
 }
 
 QSlider* PlayerBar::addSlider(const QString& title, int least, int most, int value, int letters) {
@@ -193,10 +211,31 @@ void PlayerBar::practise(const Practice& practice) {
 
 void PlayerBar::stop() { m_player.stop(); }
 
+void PlayerBar::setSpeed(int percent) { m_speed->setValue(percent); }
+
+/// What plays keeps the controls until it ends.
+void PlayerBar::setSong(QBSong* song) {
+  m_shown = song;
+  if (!m_player.isPlaying()) standFor(song);
+}
+
+void PlayerBar::standFor(QBSong* song) {
+  const bool isThere = m_controlled && !m_controlled->isDeleted();
+  if (isThere && m_practised) m_mix.remember(*m_controlled, m_rate);
+  m_practised = false;
+  if (song == m_controlled) return;
+  const bool hadOwn = isThere && !m_controlled->practice().empty();
+  m_controlled = song;
+  const double rate = m_mix.recall(song);
+  if (hadOwn || (song && !song->practice().empty())) setRate(rate);
+  m_practised = false;
+}
+
 void PlayerBar::toggle() { m_player.isPlaying() ? stop() : play(); }
 
 /// Slider and beats follow each other.
 void PlayerBar::setRate(double rate) {
+  m_practised = m_practised || rate != m_rate;
   m_rate = rate;
   const QSignalBlocker asItIs(m_speed);
   m_speed->setValue(static_cast<int>(std::lround(rate * kAll)));
@@ -246,7 +285,7 @@ void PlayerBar::lockMIDI() {
 }
 
 void PlayerBar::unlockAll() {
-  m_sounding = nullptr;
+  if (std::exchange(m_sounding, nullptr)) standFor(m_shown);
   m_watch.stop();
   setLocked(false);
 }

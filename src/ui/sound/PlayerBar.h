@@ -6,6 +6,8 @@
 #include <optional>
 #include <vector>
 
+#include "platform/persistence/Ref.h"
+#include "ui/sound/SoundMix.h"
 #include "workflow/playing/QBPlayerViewController.h"
 
 class QLabel;
@@ -32,6 +34,12 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   ~PlayerBar() override;
 
   PlayerView& controller() { return m_player; }
+  /// What is heard of a song, for other controls of it.
+  SoundMix& mix() { return m_mix; }
+  /// The song that is shown now: it goes on as it was practised last.
+  void setSong(QBSong* song);
+  void setSpeed(int percent);
+  void skipBars(int bars) { m_player.skipBars(bars); }
   /// The song that plays, or none.
   QBSong* song() const { return m_player.song(); }
   bool plays(const QBSong* song) const { return m_player.plays(song); }
@@ -48,6 +56,7 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   /// What belongs to songs on beats shows for these only.
   void showTempo(double beatsPerMinute) override;
   void showProblem(const platform::UserText& problem) override;
+  void showNotice(const platform::UserText& notice) override { showProblem(notice); }
   int speed() const override;
   int fullSpeed() const override;
   /// A speed in beats a minute is no whole number of per cent.
@@ -70,6 +79,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void addSpeed();
   void addVolume();
   QAction* addSwitch(const QIcon& icon, const QString& title);
+  void addMix();
+  void standFor(QBSong* song);
   void setRate(double rate);
   void showBeats();
   QSlider* addSlider(const QString& title, int least, int most, int value, int letters);
@@ -101,6 +112,10 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   platform::MusicPlayer* m_sounding = nullptr;  ///< The controller's, while it plays.
   QTimer m_watch;                               ///< Runs while it plays.
   QBPlayerViewController m_player;
+  SoundMix m_mix;
+  platform::Ref<QBSong> m_shown;
+  platform::Ref<QBSong> m_controlled;  ///< What speed and sound stand for.
+  bool m_practised = false;            ///< They were changed since.
 };
 
 }  // namespace korvel::ui

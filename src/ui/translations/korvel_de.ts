@@ -315,6 +315,10 @@
         <source>%1: %2.</source>
         <translation>%1: %2.</translation>
     </message>
+    <message>
+        <source>Recording found again.</source>
+        <translation>Aufnahme wiedergefunden.</translation>
+    </message>
 </context>
 <context>
     <name>Message</name>
@@ -945,6 +949,50 @@
     <message>
         <source>%1: was arranged from what was heard; correct the song that it was made from</source>
         <translation>%1: Wurde aus dem Gehörten arrangiert; korrigiere den Song, aus dem er entstand</translation>
+    </message>
+    <message>
+        <source>there is no sound in it</source>
+        <translation>es ist kein Ton darin</translation>
+    </message>
+    <message>
+        <source>cannot be read any further</source>
+        <translation>lässt sich nicht weiter lesen</translation>
+    </message>
+    <message>
+        <source>its sound cannot be kept as FLAC: it has %1 channels at %2 Hz</source>
+        <translation>ihr Ton lässt sich nicht als FLAC behalten: er hat %1 Kanäle mit %2 Hz</translation>
+    </message>
+    <message>
+        <source>its sound changes its kind, which FLAC does not know</source>
+        <translation>ihr Ton wechselt seine Art, was FLAC nicht kennt</translation>
+    </message>
+    <message>
+        <source>%1: its chords do not follow the recording, so the guitar plays alone</source>
+        <translation>%1: seine Akkorde folgen der Aufnahme nicht, darum spielt die Gitarre allein</translation>
+    </message>
+    <message>
+        <source>%1: the recording ends before the song; from there on the guitar plays alone</source>
+        <translation>%1: die Aufnahme endet vor dem Song; von da an spielt die Gitarre allein</translation>
+    </message>
+    <message>
+        <source>%1; the guitar goes on alone</source>
+        <translation>%1; die Gitarre spielt allein weiter</translation>
+    </message>
+    <message>
+        <source>%1: no recording is stored with the song, so the guitar plays alone</source>
+        <translation>%1: zu dem Song ist keine Aufnahme gespeichert, darum spielt die Gitarre allein</translation>
+    </message>
+    <message>
+        <source>%1: the recording is not there any more; say where it is now. The guitar plays alone</source>
+        <translation>%1: die Aufnahme ist nicht mehr da; sag, wo sie jetzt ist. Die Gitarre spielt allein</translation>
+    </message>
+    <message>
+        <source>%1: the recording has changed since it was heard; say where the old one is. The guitar plays alone</source>
+        <translation>%1: die Aufnahme hat sich geändert, seit sie gehört wurde; sag, wo die alte ist. Die Gitarre spielt allein</translation>
+    </message>
+    <message>
+        <source>%1: is not the recording that the song was heard in</source>
+        <translation>%1: ist nicht die Aufnahme, in der der Song gehört wurde</translation>
     </message>
 </context>
 <context>
@@ -2264,6 +2312,10 @@
         <source>More or Fewer Notes</source>
         <translation>Mehr oder weniger Töne</translation>
     </message>
+    <message>
+        <source>Find Recording</source>
+        <translation>Aufnahme suchen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -3259,6 +3311,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>Doubtful: %1</source>
         <translation>Fraglich: %1</translation>
     </message>
+    <message>
+        <source>Keep copies of the recordings with the songs, for when their files are moved or deleted? This one takes about %1.</source>
+        <translation>Kopien der Aufnahmen bei den Songs behalten, falls ihre Dateien verschoben oder gelöscht werden? Diese braucht etwa %1.</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::NotesDialog</name>
@@ -3323,6 +3379,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Tablature</source>
         <translation>Tabulatur</translation>
+    </message>
+    <message>
+        <source>Practise</source>
+        <translation>Üben</translation>
     </message>
 </context>
 <context>
@@ -3407,6 +3467,113 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source> of %1</source>
         <comment>beats a minute of so many</comment>
         <translation> von %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Recording or guitar</source>
+        <translation>Aufnahme oder Gitarre</translation>
+    </message>
+    <message>
+        <source>Left the recording is heard, right the guitar, in the middle both</source>
+        <translation>Links ist die Aufnahme zu hören, rechts die Gitarre, in der Mitte beide</translation>
+    </message>
+    <message>
+        <source>Guitar</source>
+        <translation>Gitarre</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::PracticePanel</name>
+    <message>
+        <source>Chord</source>
+        <translation>Akkord</translation>
+    </message>
+    <message>
+        <source>Next chord</source>
+        <translation>Nächster Akkord</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Danach</translation>
+    </message>
+    <message>
+        <source>&amp;Faster and faster</source>
+        <translation>Immer &amp;schneller</translation>
+    </message>
+    <message>
+        <source>A loop begins slower and gets faster, up to the speed that is set</source>
+        <translation>Ein Loop beginnt langsamer und wird schneller, bis zum eingestellten Tempo</translation>
+    </message>
+    <message>
+        <source>Begins at</source>
+        <translation>Beginnt mit</translation>
+    </message>
+    <message>
+        <source>Faster by</source>
+        <translation>Schneller um</translation>
+    </message>
+    <message>
+        <source>After so many rounds</source>
+        <translation>Nach so vielen Runden</translation>
+    </message>
+    <message>
+        <source>then</source>
+        <translation>dann</translation>
+    </message>
+    <message>
+        <source>more after so many rounds</source>
+        <translation>mehr nach so vielen Runden</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>Nichts</translation>
+    </message>
+    <message>
+        <source>A silent bar</source>
+        <translation>Ein stiller Takt</translation>
+    </message>
+    <message>
+        <source>A bar of clicks</source>
+        <translation>Ein Takt Klicks</translation>
+    </message>
+    <message>
+        <source>Between rounds</source>
+        <translation>Zwischen den Runden</translation>
+    </message>
+    <message>
+        <source>&amp;Recording left, guitar right</source>
+        <translation>&amp;Aufnahme links, Gitarre rechts</translation>
+    </message>
+    <message>
+        <source>Half tones that the recording is transposed by</source>
+        <translation>Halbtöne, um die die Aufnahme transponiert wird</translation>
+    </message>
+    <message>
+        <source>half tones</source>
+        <translation>Halbtöne</translation>
+    </message>
+    <message>
+        <source>Recording higher by</source>
+        <translation>Aufnahme höher um</translation>
+    </message>
+    <message>
+        <source>String %1 is not heard</source>
+        <translation>Saite %1 ist nicht zu hören</translation>
+    </message>
+    <message>
+        <source>My part, silent: strings</source>
+        <translation>Meine Stimme, stumm: Saiten</translation>
+    </message>
+    <message>
+        <source>The guitar leaves out what is played on these strings</source>
+        <translation>Die Gitarre lässt aus, was auf diesen Saiten gespielt wird</translation>
     </message>
 </context>
 <context>
@@ -3505,6 +3672,65 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Device</source>
         <translation>Gerät</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::RecordingMenu</name>
+    <message>
+        <source>&amp;Recording</source>
+        <translation>&amp;Aufnahme</translation>
+    </message>
+    <message>
+        <source>&amp;What Was This?</source>
+        <translation>&amp;Was war das?</translation>
+    </message>
+    <message>
+        <source>Ctrl+H</source>
+        <translation>Ctrl+H</translation>
+    </message>
+    <message>
+        <source>&amp;Strike This Chord</source>
+        <translation>Diesen Akkord an&amp;schlagen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+H</source>
+        <translation>Ctrl+Shift+H</translation>
+    </message>
+    <message>
+        <source>&amp;Find Recording ...</source>
+        <translation>Aufnahme &amp;suchen ...</translation>
+    </message>
+    <message>
+        <source>&amp;Keep with the Song</source>
+        <translation>Beim Song &amp;behalten</translation>
+    </message>
+    <message>
+        <source>Play the &amp;Recording</source>
+        <translation>Die &amp;Aufnahme spielen</translation>
+    </message>
+    <message>
+        <source>Play &amp;Both</source>
+        <translation>&amp;Beide spielen</translation>
+    </message>
+    <message>
+        <source>Play the &amp;Guitar</source>
+        <translation>Die &amp;Gitarre spielen</translation>
+    </message>
+    <message>
+        <source>Recording &amp;Left, Guitar Right</source>
+        <translation>Aufnahme &amp;links, Gitarre rechts</translation>
+    </message>
+    <message>
+        <source>Find Recording</source>
+        <translation>Aufnahme suchen</translation>
+    </message>
+    <message>
+        <source>%1 is the recording of the song</source>
+        <translation>%1 ist die Aufnahme des Songs</translation>
+    </message>
+    <message>
+        <source>A copy of the recording is kept with the songs</source>
+        <translation>Eine Kopie der Aufnahme wird bei den Songs behalten</translation>
     </message>
 </context>
 <context>
@@ -3842,6 +4068,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>&amp;Written in</source>
         <translation>Ges&amp;chrieben in</translation>
+    </message>
+    <message>
+        <source>&amp;Keep copies of recordings with the songs</source>
+        <translation>&amp;Kopien von Aufnahmen bei den Songs behalten</translation>
     </message>
 </context>
 <context>

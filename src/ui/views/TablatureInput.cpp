@@ -175,6 +175,8 @@ void TablatureView::mouseReleaseEvent(QMouseEvent* event) {
   const QPointF cell = toCells(event->pos());
   const int row = static_cast<int>(std::floor(cell.y()));
   moveTo(chord, stringAt(*m_layout.systemAt(row), row).value_or(m_string), false);
+  if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+    return emit listenWanted(*chord, event->modifiers() & Qt::ShiftModifier);
   if (event->modifiers() & Qt::ShiftModifier || isOnRuler(event->pos()))
     emit clicked(cell.x(), cell.y());
 }

@@ -101,6 +101,9 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   /// A chord was clicked on the ruler or with Shift, or Enter was pressed on one that is not
   /// doubtful: for `QBSession::selectChord`.
   void clicked(double x, double y);
+  /// A chord was clicked with Ctrl or Alt: its moment is to be heard, struck by the guitar with
+  /// Shift.
+  void listenWanted(int chord, bool struck);
   /// The session handed on such a click on that chord: the nearer end of the loop goes there.
   void loopEndChosen(int chord);
   /// The mouse was dragged from one chord to another.

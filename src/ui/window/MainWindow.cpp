@@ -32,8 +32,11 @@
 #include "ui/menus/DoubtMenu.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/menus/FileMenu.h"
+#include "ui/menus/RecordingMenu.h"
 #include "ui/menus/RhythmMenu.h"
+#include "ui/sound/Moments.h"
 #include "ui/sound/PlayerBar.h"
+#include "ui/sound/PracticePanel.h"
 #include "ui/sound/RecordPanel.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/RollView.h"
@@ -45,6 +48,7 @@
 #include "ui/window/LogPanel.h"
 #include "ui/window/OfferBar.h"
 #include "ui/window/ShownSong.h"
+#include "workflow/recordings/KeptSounds.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
@@ -67,13 +71,18 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_log(new LogPanel),
       m_jobs(new JobPanel),
       m_player(new PlayerBar),
+      m_moments(new Moments(m_player->mix(), this)),
+      m_practice(new PracticePanel(*m_player)),
       m_record(new RecordPanel),
       m_help(new HelpWindow(this)),
       m_fileMenu(new FileMenu(*m_actions, *m_tablature, this)),
       m_editMenu(new EditMenu({*m_tablature, *m_fretboard, *m_find, *m_tree}, this)),
       m_songMenu(new SongMenu(*m_guides, this)),
       m_albumMenu(new AlbumMenu(*m_actions, this)),
-      m_shown(new ShownSong({*m_tablature, *m_fretboard, *m_roll, *m_editMenu, *m_player}, this)),
+      m_recordingMenu(new RecordingMenu({m_player->mix(), *m_moments, *m_tablature}, this)),
+      m_shown(new ShownSong(
+          {*m_tablature, *m_fretboard, *m_roll, *m_editMenu, *m_player, *m_practice, *m_moments},
+          this)),
       m_arrivals(new Arrivals(this)),
       m_heard(new QLabel),
       m_doubts(new QLabel),
@@ -104,8 +113,8 @@ void MainWindow::layOut() {
   statusBar()->addPermanentWidget(m_doubts);
   statusBar()->addPermanentWidget(m_place);
   addToolBar(m_player);
-  m_panels.emplace(
-      *this, Panels::Contents{m_tree, newCentre(), m_roll, m_fretboard, m_log, m_jobs, m_record});
+  m_panels.emplace(*this, Panels::Contents{m_tree, newCentre(), m_roll, m_fretboard, m_log, m_jobs,
+                                           m_record, m_practice});
 }
 
 QWidget* MainWindow::newCentre() {
@@ -148,6 +157,7 @@ void MainWindow::connectLibrary() {
     Preferences().addRecentFile(file);
     rememberRunning();
     m_arrivals->importStarted();
+    offerToKeep(file);
   });
   connect(m_actions, &LibraryActions::alreadyThere, this, &MainWindow::offerKnown);
   connect(m_actions, &LibraryActions::imported, this, &MainWindow::rememberRunning);
@@ -209,6 +219,8 @@ void MainWindow::addPlayMenu() {
   QMenu* menu = menuBar()->addMenu(tr("&Play"));
   QAction* play = menu->addAction(tr("&Play or Stop"), m_player, &PlayerBar::toggle);
   play->setShortcuts({QKeySequence(tr("Ctrl+Space")), QKeySequence(Qt::Key_MediaTogglePlayPause)});
+  menu->addMenu(m_recordingMenu);
+  connect(m_recordingMenu, &RecordingMenu::said, this, &MainWindow::say);
   menu->addSeparator();
   menu->addAction(tr("Set &Loop End Here"), tr("Ctrl+Return"), m_tablature,
                   &TablatureView::chooseLoopEnd);
@@ -272,6 +284,7 @@ void MainWindow::applyPreferences() {
   applyTheme(preferences.theme(), m_scheme.isDark());
   m_tablature->setTabFamily(preferences.tabFont());
   m_desk.setDetection(preferences.detection(), preferences.detectionSettings());
+  m_desk.setKeepsSounds(preferences.keepsRecordings());
 }
 
 void MainWindow::changeSettings(const char* page) {
@@ -302,6 +315,7 @@ void MainWindow::greet() {
   connect(greeting, &Greeting::goOnWanted, m_actions, &LibraryActions::goOn);
   connect(greeting, &Greeting::refused, this, &MainWindow::say);
   greeting->say();
+  if (!QBTabMgr::db().context().isReadOnly()) sweepKeptSounds(QBTabMgr::db());
   m_record->setEnabled(!QBTabMgr::db().context().isReadOnly());
   m_tree->refreshAllContents();
 }
@@ -349,6 +363,7 @@ Quitting MainWindow::askBeforeQuitting() {
 /// What is to be heard at the next start is in the preferences by then.
 void MainWindow::endWork(Quitting quitting) {
   m_player->stop();
+  m_player->setSong(nullptr);
   rememberRunning();
   std::vector<ImportUnderWay> left;
   if (quitting == Quitting::goOnLater) left = ImportDesk::leaveAll();
@@ -378,6 +393,21 @@ void MainWindow::offerKnown(QBSong* known, const std::function<void()>& drop) {
                       }));
 }
 
+/// Once, at the first import; until it is answered yes nothing is kept.
+void MainWindow::offerToKeep(const QString& file) {
+  if (Preferences().askedToKeep()) return;
+  Preferences().setKeepsRecordings(false);
+  const auto bytes = sizeOfKept(file.toStdString());
+  m_centre->insertWidget(
+      0, new OfferBar(tr("Keep copies of the recordings with the songs, for when their files are "
+                         "moved or deleted? This one takes about %1.")
+                          .arg(locale().formattedDataSize(bytes)),
+                      [this] {
+                        Preferences().setKeepsRecordings(true);
+                        m_desk.setKeepsSounds(true);
+                      }));
+}
+
 void MainWindow::comeToFront(const QStringList& files) {
   if (isMinimized()) showNormal();
   raise();
@@ -398,6 +428,7 @@ void MainWindow::setActiveSong(QBSong* song) {
   m_arrivals->songShown();
   m_tree->showSong(song);
   m_shown->set(song);
+  m_recordingMenu->setSong(song);
   m_fileMenu->setSong(song);
   if (song) rememberSong();  // the program may be killed
 }

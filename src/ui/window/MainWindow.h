@@ -29,8 +29,11 @@ class HelpWindow;
 class JobPanel;
 class LibraryActions;
 class LogPanel;
+class Moments;
 class PlayerBar;
+class PracticePanel;
 class RecordPanel;
+class RecordingMenu;
 class RollView;
 class ShownSong;
 class SongGuides;
@@ -101,6 +104,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void practise(QBSong* song);
   void tapAlong();
   void offerKnown(QBSong* known, const std::function<void()>& drop);
+  void offerToKeep(const QString& file);
 
   void showHeard(QBSong* heard);
   void showDoubts(int places);
@@ -123,12 +127,15 @@ class MainWindow final : public QMainWindow, public SongView {
   LogPanel* m_log;
   JobPanel* m_jobs;
   PlayerBar* m_player;
+  Moments* m_moments;
+  PracticePanel* m_practice;
   RecordPanel* m_record;
   HelpWindow* m_help;
   FileMenu* m_fileMenu;
   EditMenu* m_editMenu;
   SongMenu* m_songMenu;
   AlbumMenu* m_albumMenu;
+  RecordingMenu* m_recordingMenu;
   ShownSong* m_shown;
   Arrivals* m_arrivals;
   QVBoxLayout* m_centre = nullptr;

@@ -80,6 +80,7 @@ Panels::Panels(QMainWindow& window, const Contents& contents) : m_window(window)
   m_log = add(tr("Log"), "log", contents.log, Qt::BottomDockWidgetArea);
   m_jobs = add(tr("Jobs"), "jobs", contents.jobs, Qt::BottomDockWidgetArea);
   m_record = add(tr("Record"), "record", contents.record, Qt::BottomDockWidgetArea);
+  m_practice = add(tr("Practise"), "practice", contents.practice, Qt::BottomDockWidgetArea);
   arrange();
   new KeptWidth(window, *m_library);
 }
@@ -111,6 +112,8 @@ void Panels::arrange() {
            : m_window.splitDockWidget(m_neck, m_log, Qt::Horizontal);
   m_window.tabifyDockWidget(m_log, m_jobs);
   m_window.tabifyDockWidget(m_jobs, m_record);
+  m_window.tabifyDockWidget(m_neck, m_practice);
+  m_neck->raise();
   (isNarrow ? m_neck : m_log)->raise();
   if (isFlat) m_neck->raise();
   m_window.resizeDocks({m_library}, {size.width() / 6}, Qt::Horizontal);

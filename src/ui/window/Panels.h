@@ -24,6 +24,7 @@ class Panels {
     QWidget* log;
     QWidget* jobs;
     QWidget* record;
+    QWidget* practice;
   };
 
   /// Gives the window a size as well. All of it becomes the window's.
@@ -55,6 +56,7 @@ class Panels {
   QDockWidget* m_log;
   QDockWidget* m_jobs;
   QDockWidget* m_record;
+  QDockWidget* m_practice;
 };
 
 }  // namespace korvel::ui

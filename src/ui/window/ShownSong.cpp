@@ -8,7 +8,9 @@
 #include "ui/menus/DoubtMenu.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/menus/RhythmMenu.h"
+#include "ui/sound/Moments.h"
 #include "ui/sound/PlayerBar.h"
+#include "ui/sound/PracticePanel.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/RollView.h"
 #include "ui/views/TablatureView.h"
@@ -38,6 +40,11 @@ ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_v
   connect(&tablature, &TablatureView::loopDragged, this, [this](int first, int last) {
     changeLoop([first, last](QBSong& song) { setLoop(song, first, last, loopEnds()); });
   });
+  connect(&tablature, &TablatureView::listenWanted, &m_views.moments,
+          [this](int chord, bool struck) {
+            struck ? m_views.moments.strikeChord(chord) : m_views.moments.listenTo(chord);
+          });
+  connect(&m_views.moments, &Moments::refused, this, &ShownSong::refused);
   connect(&tablature, &TablatureView::cursorMoved, this, &ShownSong::showCursor);
   connect(&tablature, &TablatureView::playToggled, &player, &PlayerBar::toggle);
   connect(&roll, &RollView::playToggled, &player, &PlayerBar::toggle);
@@ -55,12 +62,20 @@ void ShownSong::set(QBSong* song) {
   m_views.fretboard.setSong(song);
   m_views.roll.setSong(song);
   m_views.edits.setSong(song);
+  m_views.player.setSong(song);
+  m_views.practice.setSong(song);
+  m_views.moments.setSong(song);
   showCursor(m_views.tablature.cursorChord());
   showPlaying();
 }
 
-void ShownSong::showCursor(int chord) {
+void ShownSong::showGrip(int chord) {
   m_views.fretboard.showChord(chord);
+  m_views.practice.showChord(chord);
+}
+
+void ShownSong::showCursor(int chord) {
+  showGrip(chord);
   m_views.roll.showCursor(chord);
   emit placeChanged(m_views.tablature.placeText());
 }
@@ -72,8 +87,7 @@ void ShownSong::showPlaying() {
   emit heardChanged(m_views.player.song());
   m_views.edits.setLocked(shown);
   m_views.roll.showPlaying(chord);
-  m_views.fretboard.showChord(chord >= 0 ? chordHeldAt(*m_song, chord)
-                                         : m_views.tablature.cursorChord());
+  showGrip(chord >= 0 ? chordHeldAt(*m_song, chord) : m_views.tablature.cursorChord());
 }
 
 void ShownSong::resetLoop() {

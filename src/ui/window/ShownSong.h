@@ -15,7 +15,9 @@ namespace korvel::ui {
 
 class EditMenu;
 class FretboardView;
+class Moments;
 class PlayerBar;
+class PracticePanel;
 class RollView;
 class TablatureView;
 
@@ -31,6 +33,8 @@ class ShownSong final : public QObject {
     RollView& roll;
     EditMenu& edits;
     PlayerBar& player;
+    PracticePanel& practice;
+    Moments& moments;
   };
 
   /// The views outlive this.
@@ -56,6 +60,7 @@ class ShownSong final : public QObject {
 
  private:
   void showCursor(int chord);
+  void showGrip(int chord);
   void showPlaying();
   void refresh();
   bool changeLoop(const std::function<void(QBSong&)>& change);

@@ -98,6 +98,11 @@ void ImportDesk::setDetection(const Detection& detection, const HearingSettings&
   m_settings = settings;
 }
 
+void ImportDesk::setKeepsSounds(bool keeps) {
+  m_keepsSounds = keeps;
+  for (QBCmdImportSong* import : runningCommands()) import->setKeepsSound(keeps);
+}
+
 std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file, QBAlbum* into) {
   try {
     return start(file, into);

@@ -31,8 +31,9 @@ class ImportDesk {
 
   /// How recordings are heard from now on.
   void setDetection(const Detection& detection, const HearingSettings& settings);
-  /// Whether copies of the recordings are kept beside the store from now on.
-  void setKeepsSounds(bool keeps) { m_keepsSounds = keeps; }
+  /// Whether copies of the recordings are kept beside the store from now on, of imports that run
+  /// too.
+  void setKeepsSounds(bool keeps);
   /// Into a new song of an album, a new one when none is named. What is wrong with a file is
   /// reported through the session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);

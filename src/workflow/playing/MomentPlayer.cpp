@@ -41,17 +41,18 @@ platform::UserText MomentPlayer::hear(const QBSong& song, double second, double 
   }
 }
 
-platform::UserText MomentPlayer::strike(int note, double seconds) {
+platform::UserText MomentPlayer::strike(const std::vector<int>& notes, double seconds) {
   stop();
-  if (note < 0 || note > kHighestNote) return {};
   try {
     auto player = m_newPlayer(true);
     const double length = std::max(seconds, kShortest);
     m_track = &m_sequence.newTrack();
     m_track->addChannelEvent(
         0, {kProgramMessage, static_cast<std::uint8_t>(QBMIDIPlayer::kProgram), 0});
-    m_track->addNote(
-        0, {0, static_cast<std::uint8_t>(note), kVelocityOfMoment, 0, static_cast<float>(length)});
+    for (const int note : notes)
+      if (note >= 0 && note <= kHighestNote)
+        m_track->addNote(0, {0, static_cast<std::uint8_t>(note), kVelocityOfMoment, 0,
+                             static_cast<float>(length)});
     return start(std::move(player), length);
   } catch (const platform::AudioError& error) {
     return error.text();

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "platform/loop/RunLoop.h"
 #include "platform/midi/MusicPlayer.h"
@@ -12,7 +13,7 @@ namespace korvel {
 
 class QBSong;
 
-/// Plays a moment once, for who asks what was there: of a recording, or a note by the synthesiser.
+/// Plays a moment once, for who asks what was there: of a recording, or notes by the synthesiser.
 /// A further moment takes the place of the one that sounds. Main thread; runs on the main run
 /// loop's timer.
 class MomentPlayer {
@@ -32,8 +33,8 @@ class MomentPlayer {
   // Both answer why nothing is heard, in one line; empty where something is.
   /// second: of the recording that the song was heard in; cents: by which it is transposed.
   platform::UserText hear(const QBSong& song, double second, double seconds, double cents = 0);
-  /// note: of MIDI.
-  platform::UserText strike(int note, double seconds);
+  /// Notes of MIDI, together.
+  platform::UserText strike(const std::vector<int>& notes, double seconds);
   void stop();
 
  private:

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/menus/RecordingMenu.h"
+
+#include <QActionGroup>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+
+#include "model/recorded/SongRecording.h"
+#include "model/songs/QBSong.h"
+#include "platform/text/UserError.h"
+#include "ui/desktop/Preferences.h"
+#include "ui/desktop/Text.h"
+#include "ui/desktop/Translated.h"
+#include "ui/sound/Moments.h"
+#include "ui/sound/SoundMix.h"
+#include "ui/views/TablatureView.h"
+#include "workflow/recordings/KeptSounds.h"
+#include "workflow/recordings/RecordingSound.h"
+
+namespace korvel::ui {
+
+RecordingMenu::RecordingMenu(const Parts& parts, QWidget* parent)
+    : QMenu(tr("&Recording"), parent), m_parts(parts) {
+  addSources();
+  addSeparator();
+  addAction(tr("&What Was This?"), tr("Ctrl+H"), this,
+            [this] { m_parts.moments.listenTo(m_parts.tablature.cursorChord()); });
+  addAction(tr("&Strike This Chord"), tr("Ctrl+Shift+H"), this,
+            [this] { m_parts.moments.strikeChord(m_parts.tablature.cursorChord()); });
+  addSeparator();
+  m_find = addAction(tr("&Find Recording ..."), this, &RecordingMenu::find);
+  m_keep = addAction(tr("&Keep with the Song"), this, &RecordingMenu::keep);
+  connect(this, &QMenu::aboutToShow, this, &RecordingMenu::enable);
+}
+
+void RecordingMenu::addSources() {
+  const std::pair<QString, double> sources[] = {
+      {tr("Play the &Recording"), 0}, {tr("Play &Both"), 0.5}, {tr("Play the &Guitar"), 1}};
+  auto* group = new QActionGroup(this);
+  for (const auto& [title, mix] : sources) {
+    QAction* source = addAction(title, this, [this, mix = mix] { m_parts.mix.setMix(mix); });
+    source->setCheckable(true);
+    group->addAction(source);
+    const auto show = [this, source, mix = mix] {
+      source->setChecked(m_parts.mix.sound().mix == mix);
+    };
+    connect(&m_parts.mix, &SoundMix::changed, source, show);
+    show();
+  }
+  QAction* apart = addAction(tr("Recording &Left, Guitar Right"));
+  apart->setCheckable(true);
+  apart->setChecked(m_parts.mix.sound().apart);
+  connect(apart, &QAction::triggered, this, [this](bool on) {
+    PlayedSound sound = m_parts.mix.sound();
+    sound.apart = on;
+    m_parts.mix.set(sound);
+  });
+  connect(&m_parts.mix, &SoundMix::changed, apart,
+          [this, apart] { apart->setChecked(m_parts.mix.sound().apart); });
+}
+
+void RecordingMenu::setSong(QBSong* song) {
+  m_song = song;
+  enable();
+}
+
+void RecordingMenu::enable() {
+  const SongRecording* recording = m_song ? m_song->recording() : nullptr;
+  m_find->setEnabled(recording);
+  std::error_code unknown;
+  m_keep->setEnabled(recording && !std::filesystem::exists(keptSoundOf(*recording), unknown));
+}
+
+/// For a recording that was moved, on whatever disk it is now.
+void RecordingMenu::find() {
+  const QString file = QFileDialog::getOpenFileName(parentWidget(), tr("Find Recording"),
+                                                    Preferences().importFolder());
+  if (file.isEmpty() || !m_song) return;
+  const QString refusal = refusalOf([&] { placeRecording(*m_song, file.toStdString()); });
+  emit said(refusal.isEmpty()
+                ? tr("%1 is the recording of the song").arg(QFileInfo(file).fileName())
+                : refusal);
+}
+
+void RecordingMenu::keep() {
+  const SongRecording* recording = m_song ? m_song->recording() : nullptr;
+  if (!recording) return;
+  const RecordingSound found = openRecording(*m_song);
+  if (!found.sound) return emit said(translated(found.problem));
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const QString refusal =
+      refusalOf([&] { keepingSound(*recording, *fileOfRecording(*recording)).finish(); });
+  QGuiApplication::restoreOverrideCursor();
+  emit said(refusal.isEmpty() ? tr("A copy of the recording is kept with the songs") : refusal);
+}
+
+}  // namespace korvel::ui

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMenu>
+
+#include "platform/persistence/Ref.h"
+
+namespace korvel {
+class QBSong;
+}
+
+namespace korvel::ui {
+
+class Moments;
+class SoundMix;
+class TablatureView;
+
+/// What can be done with the recording of the song that is shown.
+class RecordingMenu final : public QMenu {
+  Q_OBJECT
+
+ public:
+  struct Parts {
+    SoundMix& mix;
+    Moments& moments;
+    TablatureView& tablature;
+  };
+
+  /// The parts outlive this.
+  explicit RecordingMenu(const Parts& parts, QWidget* parent = nullptr);
+
+  void setSong(QBSong* song);
+
+ signals:
+  /// One line: with what to do, or that it is done.
+  void said(const QString& text);
+
+ private:
+  void addSources();
+  void enable();
+  void find();
+  void keep();
+
+  Parts m_parts;
+  platform::Ref<QBSong> m_song;
+  QAction* m_find;
+  QAction* m_keep;
+};
+
+}  // namespace korvel::ui

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "platform/persistence/Ref.h"
+
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QGridLayout;
+class QLabel;
+class QSpinBox;
+
+namespace korvel {
+class QBSong;
+}
+
+namespace korvel::ui {
+
+class FretboardView;
+class PlayerBar;
+
+/// Where a song is practised: how its loop gets faster and what comes between, what is heard of
+/// recording and guitar, which strings are the player's own, and two necks, with the chord that is
+/// heard and the next one. Its keys are for who has a guitar in both hands, or a pedal: Space plays
+/// and stops, left and right go by bars, up and down change the speed.
+class PracticePanel final : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// The player outlives this.
+  explicit PracticePanel(PlayerBar& player, QWidget* parent = nullptr);
+
+  void setSong(QBSong* song);
+  /// Index in the song's `allChords` of the chord that is heard, or at the cursor; -1 for none.
+  void showChord(int chord);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QWidget* newControls();
+  void addRamp(QGridLayout& rows);
+  void addSound(QGridLayout& rows);
+  void addStrings(QGridLayout& rows);
+  void showSound();
+  void change();
+  bool takeKey(const QKeyEvent& event);
+  int chordAfter(int chord) const;
+
+  PlayerBar& m_player;
+  platform::Ref<QBSong> m_song;
+  QCheckBox* m_faster = nullptr;
+  QSpinBox* m_from = nullptr;
+  QSpinBox* m_step = nullptr;
+  QSpinBox* m_rounds = nullptr;
+  QComboBox* m_between = nullptr;
+  QCheckBox* m_apart = nullptr;
+  QDoubleSpinBox* m_transpose = nullptr;
+  std::vector<QCheckBox*> m_strings;  ///< Those that are not heard.
+  FretboardView* m_now;
+  FretboardView* m_next;
+  bool m_showing = false;
+};
+
+}  // namespace korvel::ui
