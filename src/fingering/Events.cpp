@@ -2,7 +2,6 @@
 #include "fingering/Events.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "music/Neck.h"
 
@@ -53,8 +52,8 @@ std::span<std::size_t> playable(std::span<std::size_t> event, std::span<const No
 
 }  // namespace
 
-Events::Events(std::span<const Note> notes) : m_byOnset(notes.size()) {
-  std::iota(m_byOnset.begin(), m_byOnset.end(), std::size_t{0});
+Events::Events(std::span<const Note> notes, std::span<const std::size_t> without) {
+  takeAll(notes.size(), without);
   std::ranges::stable_sort(m_byOnset, {}, [&](std::size_t i) { return notes[i].onset; });
   std::vector<std::size_t> order = m_byOnset;
   for (std::span<std::size_t> rest = order; !rest.empty();) {
@@ -65,6 +64,13 @@ Events::Events(std::span<const Note> notes) : m_byOnset(notes.size()) {
     m_played.insert(m_played.end(), grip.begin(), grip.end());
     rest = rest.subspan(event.size());
   }
+}
+
+void Events::takeAll(std::size_t notes, std::span<const std::size_t> without) {
+  std::vector<bool> isLeft(notes);
+  for (const std::size_t note : without) isLeft[note] = true;
+  for (std::size_t i = 0; i < notes; ++i)
+    if (!isLeft[i]) m_byOnset.push_back(i);
 }
 
 std::span<const std::size_t> Events::notes(std::size_t event) const {

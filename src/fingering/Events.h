@@ -13,10 +13,11 @@ namespace korvel::fingering {
 /// event. Of more notes than strings the weakest are left out.
 class Events {
  public:
-  /// The notes may come in any order; they are not looked at again.
-  explicit Events(std::span<const Note> notes);
+  /// The notes may come in any order; they are not looked at again. Those with these indices are
+  /// no part of any event.
+  explicit Events(std::span<const Note> notes, std::span<const std::size_t> without = {});
 
-  /// Indices of all notes, by onset.
+  /// Indices of all notes but those, by onset.
   std::span<const std::size_t> byOnset() const { return m_byOnset; }
   /// How many events there are.
   std::size_t size() const { return m_events.size(); }
@@ -33,6 +34,8 @@ class Events {
     std::size_t size = 0;
     double onset = 0;
   };
+
+  void takeAll(std::size_t notes, std::span<const std::size_t> without);
 
   std::vector<std::size_t> m_byOnset;
   std::vector<std::size_t> m_played;  ///< Event by event.

@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <limits>
+#include <utility>
 
+#include "fingering/DoubtfulOctaves.h"
 #include "fingering/Events.h"
 #include "fingering/Habits.h"
 #include "fingering/HandChain.h"
@@ -30,10 +33,12 @@ void endWhereTheNextStarts(std::span<Note> notes, std::span<const std::size_t> o
   }
 }
 
-Position fromTheCapo(Position position, int capo) {
-  if (position.kind == Position::Kind::open) position.fret = 1;
-  if (position.kind == Position::Kind::around) position.fret = std::max(1, position.fret - capo);
-  return position;
+/// Its fret is to count from there.
+void moveToCapo(Position& position, int capo) {
+  if (position.kind == Position::Kind::open)
+    position.fret = 1;
+  else if (position.kind != Position::Kind::anywhere)
+    position.fret = std::max(1, position.fret - capo);
 }
 
 }  // namespace
@@ -42,14 +47,24 @@ Fingering::Fingering(const OpenPitches& open, const FingeringOptions& options)
     : m_open(open),
       m_frets(options.frets - options.capo),
       m_capo(options.capo),
-      m_expected(fromTheCapo(options.position, options.capo)) {
+      m_expected(options.position) {
   assert(options.capo >= 0 && m_frets >= 0 && options.frets <= FingeringOptions::kMostFrets);
   for (int& pitch : m_open) pitch += options.capo;
 }
 
-platform::Slices Fingering::placing(std::span<Note> notes) const {
-  const Events events(notes);
-  HandChain chain(m_open, m_frets, m_expected, events, notes);
+/// With a position for every moment.
+Settled Fingering::fromTheCapo(Settled settled) const {
+  settled.positions.insert(settled.positions.begin(),
+                           {-std::numeric_limits<double>::infinity(), m_expected});
+  for (PositionMark& mark : settled.positions) moveToCapo(mark.position, m_capo);
+  return settled;
+}
+
+platform::Slices Fingering::placing(std::span<Note> notes, Settled settled) const {
+  settled = fromTheCapo(std::move(settled));
+  const DoubtfulOctaves octaves(notes, settled);
+  const Events events(notes, octaves.notes());
+  HandChain chain(m_open, m_frets, settled, events, notes);
   Habits habits(events, notes);
   platform::Slices working = chain.list();
   while (working.next()) co_yield kShareOfList* working.done();
@@ -62,6 +77,9 @@ platform::Slices Fingering::placing(std::span<Note> notes) const {
     while (working.next()) co_yield done + kShareOfPass - kShareOfHabits*(1 - working.done());
   }
   assign(events, chain, notes);
+  octaves.place(notes, m_open, m_frets);
+  for (const std::size_t note : octaves.notes())
+    if (notes[note].string >= 0) notes[note].fret += m_capo;
 }
 
 void Fingering::assign(const Events& events, const HandChain& chain, std::span<Note> notes) const {

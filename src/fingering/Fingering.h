@@ -26,18 +26,24 @@ class Fingering {
   /// with a capo too, so that a note's pitch is its open string's plus its fret. A string sounds
   /// one note at a time: where the next one starts, the end of a note is brought forward to it.
   /// A pitch that the guitar has not gets -1 for both, as does the weakest of more than six notes
-  /// that start together, and a doubtful one of a chord that no hand could play with it.
-  void place(std::span<Note> notes) const { placing(notes).finish(); }
+  /// that start together, and a doubtful one of a chord that no hand could play with it, or that
+  /// may be an overtone of a surer one and finds no string near the hand.
+  ///
+  /// What is settled stays: those notes keep their strings, and the rest is chosen around them.
+  void place(std::span<Note> notes, const Settled& settled = {}) const {
+    placing(notes, settled).finish();
+  }
   /// The same, a little at a time; the notes have to stay where they are meanwhile.
-  platform::Slices placing(std::span<Note> notes) const;
+  platform::Slices placing(std::span<Note> notes, Settled settled = {}) const;
 
  private:
+  Settled fromTheCapo(Settled settled) const;
   void assign(const Events& events, const HandChain& chain, std::span<Note> notes) const;
 
   OpenPitches m_open;  ///< The open strings with the capo on.
   int m_frets = 0;     ///< Frets above the capo.
   int m_capo = 0;
-  Position m_expected;  ///< Its fret counts from the capo.
+  Position m_expected;
 };
 
 }  // namespace korvel::fingering

@@ -13,6 +13,10 @@ constexpr double kHabit = 2.5;
 /// Seconds in which memory fades, and beyond which nothing is looked at.
 constexpr double kFadingOfNote = 5;
 constexpr double kReachOfNote = 10;
+/// A note counts for so much more with each of its neighbours, up to so many on either side, that
+/// has the pitch of the other's: the same phrase is played in the same place.
+constexpr double kPerNeighbour = 3;
+constexpr std::size_t kMostNeighbours = 3;
 constexpr double kFadingOfChord = 8;
 constexpr double kReachOfChord = 30;
 constexpr double kFadingOfPlace = 4;
@@ -89,6 +93,17 @@ void Habits::readStrings(std::size_t event, const HandChain& chain) {
   }
 }
 
+double Habits::alikeAround(std::size_t played, std::size_t other) const {
+  const auto pitch = [this](std::size_t at) { return m_notes[m_played[at].note].pitch; };
+  const std::size_t before = std::min({kMostNeighbours, played, other});
+  const std::size_t after =
+      std::min(kMostNeighbours, m_played.size() - 1 - std::max(played, other));
+  std::size_t alike = 0;
+  for (std::size_t i = 1; i <= before && pitch(played - i) == pitch(other - i); ++i) ++alike;
+  for (std::size_t i = 1; i <= after && pitch(played + i) == pitch(other + i); ++i) ++alike;
+  return 1 + kPerNeighbour * static_cast<double>(alike);
+}
+
 /// How usual each string is for a note's pitch around it.
 std::array<double, kStrings> Habits::usualStrings(std::size_t played) const {
   std::array<double, kStrings> usual{};
@@ -98,6 +113,7 @@ std::array<double, kStrings> Habits::usualStrings(std::size_t played) const {
       same, m_placeOfPitch[played], kFadingOfNote, kReachOfNote,
       [this](std::size_t other) { return m_notes[m_played[other].note].onset; },
       [&](std::size_t other, double weight) {
+        weight *= alikeAround(played, other);
         weights += weight;
         for (std::size_t s = 0; s < usual.size(); ++s)
           usual[s] += weight * m_played[other].strings[s];

@@ -38,6 +38,7 @@ class Habits {
   void tellRepeats(std::size_t event, HandChain& chain) const;
   void tellChords(std::size_t event, HandChain& chain) const;
   void findHomes(HandChain& chain) const;
+  double alikeAround(std::size_t played, std::size_t other) const;
   std::array<double, kStrings> usualStrings(std::size_t played) const;
 
   const Events& m_events;

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 
 #include "fingering/OpenStringFit.h"
 
@@ -19,6 +20,9 @@ constexpr double kLeft = -6;
 /// For each fret of the hand that is further away from the expected one than a neighbour.
 constexpr double kPerFretFromExpected = -1.5;
 constexpr int kNear = 1;
+/// For each fret away from the one that it is drawn to, up to so many.
+constexpr double kPerFretFromDrawn = -.15;
+constexpr int kFarFromDrawn = 6;
 /// For each fret away from where the events around have it, up to so many.
 constexpr double kPerFretFromHome = -.3;
 constexpr double kFarFromHome = 5;
@@ -42,13 +46,21 @@ double scoreOfLeft(const Grip& grip, std::span<const std::size_t> event,
   return score;
 }
 
+double scoreOfExpected(const Position& expected, int place) {
+  const int far = std::abs(place - expected.fret);
+  if (expected.kind == Position::Kind::anywhere) return 0;
+  if (expected.kind == Position::Kind::towards)
+    return kPerFretFromDrawn * std::min(far, kFarFromDrawn);
+  return kPerFretFromExpected * std::max(0, far - kNear);
+}
+
 }  // namespace
 
-HandChain::HandChain(const OpenPitches& open, int frets, const Position& expected,
+HandChain::HandChain(const OpenPitches& open, int frets, const Settled& settled,
                      const Events& events, std::span<const Note> notes)
     : m_events(events),
       m_notes(notes),
-      m_expected(expected),
+      m_settled(settled),
       m_gripList(open, frets),
       m_openFit(openStringFit(events, notes, open)) {
   for (std::size_t pace = 0; pace < kPaces; ++pace)
@@ -72,15 +84,18 @@ platform::Slices HandChain::list() {
 void HandChain::listChoices(std::size_t event) {
   std::array<GripNote, GripList::kMostNotes> notes;
   const auto indices = m_events.notes(event);
-  for (std::size_t i = 0; i < indices.size(); ++i)
-    notes[i] = {m_notes[indices[i]].pitch, m_notes[indices[i]].probability < kSure};
+  for (std::size_t i = 0; i < indices.size(); ++i) {
+    const int string = m_settled.stringOf(indices[i]);
+    const bool doubtful = m_notes[indices[i]].probability < kSure && string == Settled::kAnyString;
+    notes[i] = {m_notes[indices[i]].pitch, doubtful, string};
+  }
   const Passage passage{m_events.isOfLine(event), m_openFit[event]};
   Link& link = m_links[event];
   link.choice = m_choices.size();
   link.places = {kLastPlace, kFirstPlace};
   for (const Grip& grip : m_gripList.find(std::span(notes).first(indices.size()))) {
     m_choices.push_back({grip});
-    listStates(m_choices.back(), passage);
+    listStates(m_choices.back(), passage, positionAt(event));
     const double left = std::exp(scoreOfLeft(grip, indices, m_notes));
     for (double& here : std::span(m_here).subspan(m_states.back().first)) here *= left;
     link.places.first = std::min(link.places.first, m_states.back().places.first);
@@ -89,18 +104,20 @@ void HandChain::listChoices(std::size_t event) {
   m_links[event + 1].choice = m_choices.size();
 }
 
-void HandChain::listStates(const Choice& choice, const Passage& passage) {
+void HandChain::listStates(const Choice& choice, const Passage& passage, const Position& expected) {
   const Places places = placesOf(choice.grip);
   m_states.push_back({m_here.size(), places});
   const double score = scoreOf(choice.grip, passage);
   for (int place = places.first; place <= places.last; ++place)
     m_here.push_back(
-        std::exp(score + scoreAt(place, choice.grip, passage) + scoreOfExpected(place)));
+        std::exp(score + scoreAt(place, choice.grip, passage) + scoreOfExpected(expected, place)));
 }
 
-double HandChain::scoreOfExpected(int place) const {
-  if (m_expected.kind == Position::Kind::anywhere) return 0;
-  return kPerFretFromExpected * std::max(0, std::abs(place - m_expected.fret) - kNear);
+const Position& HandChain::positionAt(std::size_t event) const {
+  const auto& positions = m_settled.positions;
+  const auto next =
+      std::ranges::upper_bound(positions, m_events.onset(event), {}, &PositionMark::from);
+  return std::prev(next)->position;
 }
 
 void HandChain::listSteps(std::size_t event) {

@@ -8,9 +8,9 @@
 
 #include "fingering/Events.h"
 #include "fingering/FingeringOptions.h"
-#include "fingering/GripList.h"
 #include "fingering/HandScores.h"
 #include "fingering/Note.h"
+#include "fingering/grips/GripList.h"
 #include "platform/loop/Slices.h"
 
 namespace korvel::fingering {
@@ -26,9 +26,9 @@ struct Choice {
 /// each is, given everything before and after it. Time and memory grow with the number of events.
 class HandChain {
  public:
-  /// Open strings and frets with the capo on; expected: a fret that counts from there. Events and
-  /// notes are read as long as the chain lives.
-  HandChain(const OpenPitches& open, int frets, const Position& expected, const Events& events,
+  /// Open strings and frets with the capo on; positions, by time and the first of them before all,
+  /// count from there too. All of these are read as long as the chain lives.
+  HandChain(const OpenPitches& open, int frets, const Settled& settled, const Events& events,
             std::span<const Note> notes);
 
   /// Lists what the hand may do; before any pass.
@@ -70,10 +70,10 @@ class HandChain {
     return std::span(m_states).subspan(m_links[event].choice, count(event));
   }
   void listChoices(std::size_t event);
-  void listStates(const Choice& choice, const Passage& passage);
+  void listStates(const Choice& choice, const Passage& passage, const Position& expected);
   void listSteps(std::size_t event);
   Held held(std::size_t event, const Choice& choice) const;
-  double scoreOfExpected(int place) const;
+  const Position& positionAt(std::size_t event) const;
   /// Between two factors in m_steps: from choice to choice, and to the neighbour's next one.
   struct Strides {
     std::size_t choice = 0;
@@ -95,7 +95,7 @@ class HandChain {
 
   const Events& m_events;
   std::span<const Note> m_notes;
-  Position m_expected;
+  const Settled& m_settled;
   GripList m_gripList;
   std::vector<double> m_openFit;
   std::array<Moves, kPaces> m_moves{};      ///< By pace, from where and to where.

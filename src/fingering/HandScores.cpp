@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "fingering/ChordShapes.h"
+#include "fingering/grips/ChordShapes.h"
 
 namespace korvel::fingering {
 namespace {

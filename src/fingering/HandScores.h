@@ -3,8 +3,8 @@
 
 #include <span>
 
-#include "fingering/Grip.h"
 #include "fingering/Note.h"
+#include "fingering/grips/Grip.h"
 
 namespace korvel::fingering {
 

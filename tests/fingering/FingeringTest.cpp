@@ -4,6 +4,7 @@
 #include "support/Script.h"
 #include "support/Testing.h"
 
+#include "fingering/Alternatives.h"
 #include "fingering/Events.h"
 
 namespace korvel::fingering {
@@ -37,12 +38,21 @@ std::string drawn(std::span<const Note> notes) {
 }
 
 /// "capo 2 frets 19 position 5 seconds 5 strings 38,45,..." in front of a colon; position 0 is the
-/// open one.
+/// open one. "on 4 0" and "near 7 2.1" may follow: of what is settled, the string of a note and the
+/// position from a time on.
 struct Task {
   explicit Task(const test::Words& words) {
     for (; words[at] != ":"; at += 2) {
       const std::string name = words[at];
-      if (name == "strings") {
+      if (name == "on") {
+        settled.strings.resize(words.size(), Settled::kAnyString);
+        settled.strings.at(static_cast<std::size_t>(words.number(at + 1))) = words.number(at + 2);
+        ++at;
+      } else if (name == "near") {
+        settled.positions.push_back(
+            {words.real(at + 2), {Position::Kind::around, words.number(at + 1)}});
+        ++at;
+      } else if (name == "strings") {
         std::istringstream pitches(words[at + 1]);
         for (int& pitch : open) (pitches >> pitch).ignore();
       } else if (name == "position") {
@@ -60,6 +70,7 @@ struct Task {
 
   OpenPitches open = kStandardPitches;
   FingeringOptions options;
+  Settled settled;
   int seconds = 1;
   std::size_t at = 0;
 };
@@ -71,7 +82,7 @@ std::string refound(const test::Words& words) {
   for (const auto& shape : words.from(task.at))
     std::ranges::copy(strum(shape, task.open, 2.0 * static_cast<double>(all.size()), task.seconds),
                       std::back_inserter(all));
-  Fingering(task.open, task.options).place(all);
+  Fingering(task.open, task.options).place(all, task.settled);
   std::string found;
   std::size_t from = 0;
   for (const auto& shape : words.from(task.at)) {
@@ -82,20 +93,53 @@ std::string refound(const test::Words& words) {
   return found == words.textFrom(task.at) ? "same" : found;
 }
 
-/// "string:fret" of each note of a melody.
-std::string played(const test::Words& words) {
-  const Task task(words);
+Notes melody(const test::Words& words, std::size_t at) {
   Notes notes;
-  for (const auto& pitch : words.from(task.at))
+  for (const auto& pitch : words.from(at))
     notes.push_back(note(0.3 * static_cast<double>(notes.size()), 0.28, std::stoi(pitch)));
-  Fingering(task.open, task.options).place(notes);
+  return notes;
+}
+
+std::string written(const Notes& notes) {
   std::string text;
   for (const Note& n : notes) text += std::to_string(n.string) + ':' + std::to_string(n.fret) + ' ';
   return text;
 }
 
+/// "string:fret" of each note of a melody.
+std::string played(const test::Words& words) {
+  const Task task(words);
+  Notes notes = melody(words, task.at);
+  Fingering(task.open, task.options).place(notes, task.settled);
+  return written(notes);
+}
+
+/// The same for each way to play it that differs, a line each.
+std::string otherwise(const test::Words& words) {
+  std::string lines;
+  for (const Notes& notes : alternatives(kStandardPitches, {}, melody(words, 0)))
+    lines += written(notes) + '\n';
+  return lines;
+}
+
+/// The first shapes for the pitches of one.
+std::string shapesFor(const test::Words& words) {
+  std::vector<int> pitches;
+  for (const Note& n : strum(words[0], kStandardPitches, 0)) pitches.push_back(n.pitch);
+  std::string text;
+  for (const Grip& grip : gripsByEase(kStandardPitches, 15, pitches)) {
+    for (const int fret : grip.fret)
+      text +=
+          fret == Grip::kNone ? 'x' : static_cast<char>(fret < 10 ? '0' + fret : 'a' + fret - 10);
+    text += ' ';
+  }
+  return text;
+}
+
 TEST(FingeringTest, placesAsWritten) {
-  test::expectScript("fingering/places.txt", {{"shapes", &refound}, {"line", &played}});
+  test::expectScript(
+      "fingering/places.txt",
+      {{"shapes", &refound}, {"line", &played}, {"otherwise", &otherwise}, {"grips", &shapesFor}});
 }
 
 TEST(FingeringTest, leavesADoubtfulNoteOfAChordThatNoHandCouldPlay) {
@@ -107,6 +151,21 @@ TEST(FingeringTest, leavesADoubtfulNoteOfAChordThatNoHandCouldPlay) {
   Fingering(kStandardPitches, {}).place(chord);
   EXPECT_EQ(chord.back().string, -1);
   EXPECT_EQ(drawn(chord), "x02020");
+}
+
+/// One that is hardly more than an overtone makes no chord of a note of a melody.
+TEST(FingeringTest, playsAMelodyAsIfADoubtfulOctaveWereNotThere) {
+  Notes plain;
+  for (const int pitch : {67, 69, 71, 72, 74, 76, 74, 72, 71, 69, 67})
+    plain.push_back(note(0.3 * static_cast<double>(plain.size()), 0.28, pitch));
+  Notes notes = plain;
+  for (const std::size_t i : {std::size_t{2}, std::size_t{3}, std::size_t{7}}) {
+    notes.push_back(note(plain[i].onset + 0.01, 0.1, plain[i].pitch + 12));
+    notes.back().probability = 0.55F;
+  }
+  Fingering(kStandardPitches, {}).place(plain);
+  Fingering(kStandardPitches, {}).place(notes);
+  for (std::size_t i = 0; i < plain.size(); ++i) EXPECT_EQ(notes[i].string, plain[i].string) << i;
 }
 
 TEST(FingeringTest, takesAStrumForOneChordInEitherDirection) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "fingering/GripList.h"
+#include "fingering/grips/GripList.h"
 
 #include <algorithm>
 #include <cassert>
@@ -57,16 +57,37 @@ std::span<const Grip> GripList::find(std::span<const GripNote> notes) {
   m_notes = notes;
   m_grips.clear();
   m_doubtfulOnly = false;
-  for (m_left = 0; m_grips.empty(); ++m_left) extend(emptyGrip(), 0, 0);
+  for (m_left = 0; m_grips.empty(); ++m_left) list();
   m_doubtfulOnly = true;
   if (m_left == 1 && notes.size() > 1) extend(emptyGrip(), 0, 0);
   return m_grips;
 }
 
+/// Where notes stay, the ways that a hand would take come first.
+void GripList::list() {
+  const auto stays = [](const GripNote& note) { return note.string != Settled::kAnyString; };
+  extend(emptyGrip(), 0, 0);
+  if (!m_grips.empty() || std::ranges::none_of(m_notes, stays)) return;
+  m_asItIs = true;
+  extend(emptyGrip(), 0, 0);
+  m_asItIs = false;
+}
+
+/// A string on which another note stays is not for this one.
+bool GripList::isFree(const Grip& grip, std::size_t note, std::size_t string) const {
+  const int only = m_notes[note].string;
+  if (only != Settled::kAnyString && only != static_cast<int>(string)) return false;
+  if (grip.fret[string] != Grip::kNone) return false;
+  return only != Settled::kAnyString ||
+         std::ranges::none_of(
+             m_notes, [&](int other) { return other == static_cast<int>(string); },
+             &GripNote::string);
+}
+
 void GripList::extend(const Grip& grip, std::size_t note, std::size_t from) {
   const int left = static_cast<int>(note) - grip.played;
   if (note == m_notes.size()) {
-    if (left != m_left || grip.span() > kWidest) return;
+    if (left != m_left || (grip.span() > kWidest && !m_asItIs)) return;
     m_grips.push_back(grip);
     m_grips.back().gaps = gapsIn(grip);
     m_grips.back().fingers = fingersOf(grip);
@@ -75,7 +96,8 @@ void GripList::extend(const Grip& grip, std::size_t note, std::size_t from) {
   for (std::size_t rank = from; rank < m_byPitch.size(); ++rank) {
     const std::size_t string = m_byPitch[rank];
     const int fret = m_notes[note].pitch - m_open[string];
-    if (fret >= 0 && fret <= m_frets) extend(with(grip, note, string, fret), note + 1, rank + 1);
+    if (fret >= 0 && fret <= m_frets && isFree(grip, note, string))
+      extend(with(grip, note, string, fret), note + 1, m_asItIs ? 0 : rank + 1);
   }
   if (left < m_left && (!m_doubtfulOnly || m_notes[note].doubtful)) extend(grip, note + 1, from);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "fingering/Grip.h"
+#include "fingering/grips/Grip.h"
 
 namespace korvel::fingering {
 

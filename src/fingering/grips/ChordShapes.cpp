@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "fingering/ChordShapes.h"
+#include "fingering/grips/ChordShapes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "fingering/SeenShapes.h"
+#include "fingering/grips/SeenShapes.h"
 
 namespace korvel::fingering {
 namespace {
