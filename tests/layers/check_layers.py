@@ -16,14 +16,14 @@ RANK = {
     "music": 1, "matrix": 1,
     "fingering": 2,
     "model": 2,
-    "audio": 3, "precise": 3, "rhythm": 3, "analysis": 4, "arrange": 3, "tab": 5, "export": 4, "playback": 5, "recording": 6,
+    "audio": 3, "precise": 3, "rhythm": 3, "chords": 3, "analysis": 4, "arrange": 3, "tab": 5, "export": 4, "playback": 5, "recording": 6,
     "workflow": 7,
     "cli": 8, "ui": 8,
 }
 
 # Layers that use less than their rank lets them, so that they serve without the rest.
 ONLY = {"fingering": {"platform", "music"}, "precise": {"platform", "music", "fingering"},
-        "rhythm": {"platform", "music", "fingering"}}
+        "rhythm": {"platform", "music", "fingering"}, "chords": {"platform"}}
 
 # Headers from outside the project belong to the source files of platform, with these exceptions:
 # pattern, folders, whether headers may include them too.

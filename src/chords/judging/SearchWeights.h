@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "chords/Chord.h"
+
+namespace korvel::chords {
+
+/// All numbers of the search that were tuned together.
+struct SearchWeights {
+  // What sounds.
+  float perFit = 10;            ///< Of a whole agreement of a beat with a chord.
+  float bass = 1;               ///< Of the bass in comparison with the treble.
+  float bassOnBarLine = 1.4F;   ///< Likewise on the first beat of a bar.
+  float thirdPartials = 0.15F;  ///< Of a tone in the treble, what passes for its fifth
+  float fifthPartials = 0.3F;   ///< and for its major third.
+  float third = 0.7F, fifth = 0.75F, seventh = 1.05F;  ///< In the treble; the root is 1.
+  float bassThird = 0.3F, bassFifth = 0.5F;
+  /// By kind, in agreement.
+  std::array<float, kSearchedKinds> costs{0, 0, 0, 0, 0, 0.09F, 0.12F, 0.144F};
+  // The notes that were heard.
+  float notes = 1.1F;
+  std::array<float, kSearchedKinds> noteCosts{0, 0, 0.25F, 0.25F, 0.3F, 0.6F, 0.5F, 0.6F};
+  // No chord.
+  float none = 0.85F;  ///< As an agreement.
+  // What follows what.
+  float change = 11;
+  float changeOnBarLine = 5;
+  float foreign = 2.2F;   ///< A chord that the key lacks, each beat,
+  float entry = 3;        ///< and where it begins.
+  float borrowed = 0.4F;  ///< Of both, for one that is often borrowed.
+  float keyChange = 10;
+  float blues = 1;  ///< The price of a blues, each beat.
+  // The key of the whole: shares of all its time.
+  float keyBorrowed = 0.4F;  ///< A borrowed chord, in comparison with one of the key.
+  float keyTonic = 0.3F;
+  float keyFirst = 0.1F, keyLast = 0.05F;
+  float keyBlues = 0.15F;
+  /// Beats are not independent witnesses: probabilities count this share of their scores.
+  float trust = 0.35F;
+};
+
+}  // namespace korvel::chords

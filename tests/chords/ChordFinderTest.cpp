@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "chords/ChordFinder.h"
+
+#include <cmath>
+#include <numbers>
+#include <random>
+#include <sstream>
+
+#include "chords/BandEar.h"
+#include "support/Testing.h"
+
+namespace korvel::chords {
+namespace {
+
+constexpr int kRate = 44100;
+constexpr double kBeat = 0.5;
+constexpr int kBeatsOfChord = 4;
+
+using Sound = std::vector<float>;
+
+/// A tone with partials that is struck and dies away.
+void addTone(Sound& sound, double from, int number, double loud) {
+  const double hertz = 440 * std::exp2((number - 69) / 12.0);
+  const auto first = static_cast<std::size_t>(from * kRate);
+  const std::size_t last = std::min(sound.size(), first + std::size_t{kRate} / 2);
+  for (std::size_t i = first; i < last; ++i) {
+    const double time = static_cast<double>(i - first) / kRate;
+    double value = 0;
+    for (int h = 1; h <= 6; ++h)
+      value += std::sin(2 * std::numbers::pi * hertz * h * time) / (h * h);
+    sound[i] += static_cast<float>(loud * value * std::exp(-2 * time));
+  }
+}
+
+/// "9:m7" is Am7, "0:/4" is C over E.
+Chord parsed(const std::string& text) {
+  Chord chord{std::stoi(text), Kind::count};
+  const std::string type = text.substr(text.find(':') + 1, text.find('/') - text.find(':') - 1);
+  for (std::size_t i = kKinds; i-- > 0;)
+    if (of(static_cast<Kind>(i)).type == type) chord.kind = static_cast<Kind>(i);
+  if (text.find('/') != std::string::npos) chord.bass = std::stoi(text.substr(text.find('/') + 1));
+  return chord;
+}
+
+std::string textOf(const Chord& chord) {
+  if (chord.isNone()) return "N";
+  const std::string text = std::to_string(chord.root) + ":" + std::string(of(chord.kind).type);
+  return chord.bass < 0 ? text : text + "/" + std::to_string(chord.bass);
+}
+
+/// Each chord a bar long, its tones from C4 on and its bass below, struck on every beat, with a
+/// drum: noise that dies away.
+Sound played(const std::string& progression) {
+  std::istringstream words(progression);
+  std::vector<Chord> chords;
+  for (std::string word; words >> word;) chords.push_back(parsed(word));
+  Sound sound(chords.size() * static_cast<std::size_t>(kBeat * kBeatsOfChord * kRate));
+  std::minstd_rand random(7);
+  for (std::size_t i = 0; i < chords.size() * kBeatsOfChord; ++i) {
+    const double time = static_cast<double>(i) * kBeat;
+    const Chord& chord = chords[i / kBeatsOfChord];
+    for (int step = 0; step < 12; ++step)
+      if ((of(chord.kind).tones >> step & 1U) != 0)
+        addTone(sound, time, 60 + (chord.root + step) % 12, 0.1);
+    addTone(sound, time, 36 + (chord.bass < 0 ? chord.root : chord.bass), 0.2);
+    const auto first = static_cast<std::size_t>(time * kRate);
+    for (std::size_t k = 0; k < std::size_t{kRate} / 10; ++k)
+      sound[first + k] += static_cast<float>(random() % 2000) / 10000 *
+                          std::exp(-static_cast<float>(k) / 800) * 0.5F;
+  }
+  return sound;
+}
+
+FoundChords heard(const Sound& sound) {
+  BandEar ear;
+  for (std::size_t from = 0; from < sound.size(); from += 10000)
+    ear.add(std::span(sound).subspan(from, std::min<std::size_t>(10000, sound.size() - from)));
+  const BandSound taken = ear.take();
+  std::vector<double> times;
+  for (double time = 0; time <= static_cast<double>(sound.size()) / kRate + 0.01; time += kBeat)
+    times.push_back(time);
+  std::vector<BeatEvidence> beats = evidenceOf(taken, times);
+  for (std::size_t i = 0; i < beats.size(); i += kBeatsOfChord) beats[i].onBarLine = true;
+  return findChords(beats);
+}
+
+std::string namesOf(const FoundChords& found) {
+  std::string names;
+  for (const FoundSpan& span : found.spans)
+    names += (names.empty() ? "" : " ") + textOf(span.chord);
+  return names;
+}
+
+TEST(ChordFinder, namesProgressions) {
+  const struct {
+    std::string chords;
+    int tonic;
+    Mode mode;
+  } cases[] = {
+      {"0: 7: 9:m 5: 0: 7: 9:m 5: 0:", 0, Mode::major},
+      {"9:m 2:m 4:7 9:m 5: 2:m 4:7 9:m", 9, Mode::minor},
+      {"2:m7 7:7 0: 9:m7 2:m7 7:7 0:", 0, Mode::major},
+      {"2: 7: 9:sus4 9: 2: 7: 9:sus4 9: 2:", 2, Mode::major},
+      {"0: 7:/11 9:m 5: 0: 7:/11 9:m 5: 0:", 0, Mode::major},
+      {"4:m 6:dim 11:7 4:m 6:dim 11:7 4:m", 4, Mode::minor},
+      {"4:7 9:7 4:7 11:7 9:7 4:7 9:7 4:7", 4, Mode::blues},
+  };
+  for (const auto& [chords, tonic, mode] : cases) {
+    const FoundChords found = heard(played(chords));
+    EXPECT_EQ(namesOf(found), chords);
+    EXPECT_EQ(found.tonic, tonic) << chords;
+    EXPECT_EQ(found.mode, mode) << chords;
+    for (const FoundSpan& span : found.spans) {
+      EXPECT_EQ(span.from % kBeatsOfChord, 0U) << chords;
+      EXPECT_GT(span.probability, 0.4) << chords;
+    }
+  }
+}
+
+TEST(ChordFinder, namesPowerChordsAndOneChordThroughout) {
+  EXPECT_EQ(namesOf(heard(played("9:5 7:5 2:5 9:5 7:5 2:5 9:5"))), "9:5 7:5 2:5 9:5 7:5 2:5 9:5");
+  std::string bars;
+  for (int bar = 0; bar < 15; ++bar) bars += "4:m ";
+  EXPECT_EQ(namesOf(heard(played(bars))), "4:m");
+}
+
+TEST(ChordFinder, namesNoChordWhereThereIsNone) {
+  EXPECT_EQ(namesOf(heard({})), "");
+  EXPECT_EQ(namesOf(heard(Sound(std::size_t{4} * kRate))), "N");
+  std::minstd_rand random(3);
+  Sound noise(std::size_t{20} * kRate);
+  for (float& sample : noise) sample = static_cast<float>(random() % 2000) / 2000 - 0.5F;
+  for (const FoundSpan& span : heard(noise).spans)
+    EXPECT_TRUE(span.chord.isNone() || span.probability < 0.5) << textOf(span.chord);
+  noise[5] = std::numeric_limits<float>::quiet_NaN();
+  heard(noise);
+}
+
+}  // namespace
+}  // namespace korvel::chords
