@@ -8,8 +8,8 @@
 #include <ctime>
 
 #include "StoredSong.h"
+#include "ui/roll/RollView.h"
 #include "ui/views/FretboardView.h"
-#include "ui/views/RollView.h"
 #include "ui/views/TablatureView.h"
 
 namespace korvel {

@@ -6,8 +6,8 @@
 #include "model/book/QBLeftHandPattern.h"
 #include "support/Testing.h"
 #include "support/store/StandardStore.h"
+#include "ui/roll/RollView.h"
 #include "ui/views/FretboardView.h"
-#include "ui/views/RollView.h"
 
 namespace korvel::ui {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "platform/persistence/Ref.h"
 #include "tab/layout/LoopRange.h"
+#include "ui/roll/RollScale.h"
 #include "ui/views/SpokenView.h"
 #include "workflow/playing/ToneRoll.h"
 
@@ -14,8 +15,6 @@ class QBSong;
 }  // namespace korvel
 
 namespace korvel::ui {
-
-struct Shades;
 
 /// The tones of a song in time: one column for each chord, as wide as it is long in a song on
 /// beats, pitch upwards, the louder the stronger the shade. The column that a tone begins in is
@@ -35,7 +34,7 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   int zoom() const { return m_zoom; }
   int cursorChord() const { return m_cursor; }
   /// Column of a chord, in coordinates of the viewport.
-  QRect chordRect(int chord) const;
+  QRect chordRect(int chord) const { return m_scale.chordRect(chord); }
 
   QString spokenText() const override { return words(m_cursor); }
   QRect spokenRect() const override { return chordRect(m_cursor); }
@@ -65,6 +64,7 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   bool viewportEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
   void changeEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -73,51 +73,21 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  // Geometry, in coordinates of the viewport.
   void remeasure();
-  /// Width of so many steps of the roll.
-  double width(int steps) const { return steps * (m_step / m_roll.stepsOfColumn()); }
-  /// Left edge of a step, and of a chord.
-  double xOfStep(int step) const;
-  double x(int chord) const { return xOfStep(m_roll.begin(chord)); }
-  double columnWidth(int chord) const;
-  double top(int pitch) const;
-  double laneHeight() const;
-  QRectF lanes() const;
-  int chordAt(double x) const;
-  double stepAt(double x) const;
-  /// Where in the ruler a beat begins, of a song on beats; the nearest within a finger's reach.
-  std::optional<int> beatNear(const QPointF& place) const;
-  QRectF headOf(const ToneRoll::Tone& tone) const;
-  QRectF tailOf(const ToneRoll::Tone& tone) const;
   void updateColumn(int chord);
   void reveal(int chord, double place);
-
-  // Painting of what is in the chords [first, end).
-  void paintLanes(QPainter& painter, const Shades& shades) const;
-  void paintLoop(QPainter& painter, const Shades& shades) const;
-  void paintBracket(QPainter& painter, const Shades& shades, double x, double inner) const;
-  void paintRuler(QPainter& painter, const Shades& shades, int first, int end) const;
-  void paintBeats(QPainter& painter, const Shades& shades, int first, int end) const;
-  void paintTones(QPainter& painter, const Shades& shades, int first, int end) const;
-  void paintHead(QPainter& painter, const QRectF& head, bool outlined, bool active) const;
-  void paintColumn(QPainter& painter, const QColor& ink, Qt::PenStyle style, int chord) const;
-  void paintPitches(QPainter& painter, const Shades& shades) const;
-
   QString words(int chord) const;
   void choose(int chord);
 
   platform::Ref<QBSong> m_song;
   ToneRoll m_roll;
+  RollScale m_scale{m_roll};
   ChordSpan m_loop;
   int m_playing = -1;
   int m_cursor = -1;
   std::optional<int> m_dragged{};  ///< The step of the beat whose line is dragged.
   double m_dragPlace = 0;          ///< Where that is now.
   int m_zoom = 100;
-  double m_step = 16;   ///< Width of a column, on beats of a sixteenth.
-  double m_line = 16;   ///< Height of a line of text.
-  double m_names = 32;  ///< Width of the names of pitches.
 };
 
 }  // namespace korvel::ui
