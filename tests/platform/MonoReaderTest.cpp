@@ -85,6 +85,36 @@ TEST(MonoReader, goesOnWhereRateAndChannelsChange) {
   for (std::size_t i = 60000; i < 80000; ++i) EXPECT_NEAR(samples[i], samples[i + 100], 0.02);
 }
 
+// A sweep sounds different everywhere.
+TEST(MonoReader, goesOnFromAnyPlaceAsIfItHadReadUpToIt) {
+  const test::ScratchFolder folder;
+  for (const std::string name : {"a.wav", "a.flac", "a.mp3", "a.ogg", "a.m4a", "a.opus"}) {
+    const std::string file = folder.file(name);
+    test::ffmpeg({"-f", "lavfi", "-i", "aevalsrc='0.5*sin(2*PI*(200*t+20*t*t))':s=48000:d=20",
+                  "file:" + file});
+    const std::vector<float> whole = decoded(file);
+    const MediaAsset asset(file);
+    MonoReader reader(asset, *asset.firstSound());
+    ASSERT_TRUE(reader.start());
+    for (const std::int64_t place : {700000, 60000, 300001}) {
+      const auto begin = reader.seek(place);
+      ASSERT_TRUE(begin && *begin <= place) << name;
+      std::vector<float> samples;
+      while (std::ssize(samples) < place - *begin + 3000) {
+        const auto more = reader.next();
+        ASSERT_FALSE(more.empty()) << name;
+        samples.insert(samples.end(), more.begin(), more.end());
+      }
+      for (std::int64_t i = place; i < place + 3000; i += 7)
+        ASSERT_NEAR(samples[static_cast<std::size_t>(i - *begin)],
+                    whole[static_cast<std::size_t>(i)], 0.03)
+            << name << " at " << i << " from " << *begin;
+    }
+    EXPECT_FALSE(reader.seek(100)) << "coders begin with what is left out";
+    EXPECT_FALSE(reader.isReading());
+  }
+}
+
 TEST(MonoReader, tellsHowMuchItHasRead) {
   const test::ScratchFolder folder;
   test::encode({.seconds = 30}, folder.file("a.wav"));

@@ -7,7 +7,9 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <cmath>
 #include <new>
+#include <utility>
 
 #include "platform/media/MediaError.h"
 #include "platform/media/MediaFormats.h"
@@ -60,11 +62,38 @@ bool MediaDecoder::start() {
 const AVFrame* MediaDecoder::next() {
   while (m_started) {
     const int result = avcodec_receive_frame(m_decoder.get(), m_frame.get());
-    if (result >= 0) return m_frame.get();
+    if (result >= 0) {
+      noteBeginning();
+      return m_frame.get();
+    }
     if (result == AVERROR_EOF || m_draining) return nullptr;
     feed();
   }
   return nullptr;
+}
+
+/// What the file leaves out at the beginning lies before its first frame.
+void MediaDecoder::noteBeginning() {
+  if (std::exchange(m_hasFirst, true) || m_frame->best_effort_timestamp == AV_NOPTS_VALUE) return;
+  m_beginning = m_frame->best_effort_timestamp;
+}
+
+bool MediaDecoder::seek(double seconds) {
+  if (!m_beginning) return false;
+  const auto place = *m_beginning + std::llround(seconds / av_q2d(m_stream->time_base));
+  if (av_seek_frame(m_file.context(), m_stream->index, place, AVSEEK_FLAG_BACKWARD) < 0)
+    return false;
+  avcodec_flush_buffers(m_decoder.get());
+  av_packet_unref(m_packet.get());
+  m_packetWaits = false;
+  m_draining = false;
+  return true;
+}
+
+std::optional<double> MediaDecoder::secondsOfFrame() const {
+  const std::int64_t place = m_frame->best_effort_timestamp;
+  if (!m_beginning || place == AV_NOPTS_VALUE) return {};
+  return static_cast<double>(place - *m_beginning) * av_q2d(m_stream->time_base);
 }
 
 void MediaDecoder::feed() {

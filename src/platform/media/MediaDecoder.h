@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "platform/media/MediaAsset.h"
 #include "platform/media/MediaFile.h"
@@ -25,6 +27,11 @@ class MediaDecoder {
   bool start();
   /// The next frame of samples, valid until the next call; none at the end, and before start.
   const AVFrame* next();
+  /// Goes on shortly before that time, from the first frame's beginning on; false where the file
+  /// does not let it, and then it is at no certain place. To be called after a first `next`.
+  bool seek(double seconds);
+  /// When the latest frame begins, likewise; none when the file does not tell.
+  std::optional<double> secondsOfFrame() const;
   /// How much of the file has been read, 0..1.
   double progress() const;
   /// Whether the disk refused to be read, as when it is unplugged; what came before is decoded.
@@ -43,13 +50,16 @@ class MediaDecoder {
 
   void feed();
   bool readPacket();
+  void noteBeginning();
 
   MediaFile m_file;
   AVStream* m_stream = nullptr;
   std::unique_ptr<AVCodecContext, FreeDecoder> m_decoder;
   std::unique_ptr<AVPacket, FreePacket> m_packet;
   std::unique_ptr<AVFrame, FreeFrame> m_frame;
+  std::optional<std::int64_t> m_beginning;  ///< Of the first frame, on the track's clock.
   bool m_started = false;
+  bool m_hasFirst = false;
   bool m_packetWaits = false;
   bool m_draining = false;
 };

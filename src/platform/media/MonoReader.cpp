@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/media/MonoReader.h"
 
+#include <cmath>
+#include <utility>
 #include <vector>
 
 #include "platform/media/MediaDecoder.h"
@@ -12,6 +14,10 @@ namespace {
 
 /// Small frames are gathered up to this, so that a caller's cost per chunk does not count.
 constexpr std::size_t kChunk = 16384;
+
+/// Coders need what lies before a place to be in step there.
+constexpr double kSecondsBefore = 0.3;
+constexpr double kFirstSought = 1;
 
 }  // namespace
 
@@ -26,17 +32,24 @@ class MonoReader::Decoding {
   bool start() { return m_reading = m_decoder.start(); }
 
   std::span<const float> next() {
-    m_samples.clear();
-    while (m_reading && m_samples.size() < kChunk) {
-      const AVFrame* frame = m_decoder.next();
-      if (!frame) {
-        m_mixer.finish(m_samples);
-        m_reading = false;
-        break;
-      }
-      m_mixer.append(*frame, m_samples);
-    }
+    if (!std::exchange(m_hasFirst, false)) m_samples.clear();
+    while (m_reading && m_samples.size() < kChunk) readFrame();
     return m_samples;
+  }
+
+  std::optional<std::int64_t> seek(std::int64_t sample) {
+    m_mixer = MonoMixer();
+    m_samples.clear();
+    if (!m_hasRead) readFrame();
+    const double wanted = static_cast<double>(sample) / kRate;
+    m_reading = wanted >= kFirstSought && m_decoder.seek(wanted - kSecondsBefore);
+    m_samples.clear();
+    m_mixer = MonoMixer();
+    if (m_reading) readFrame();
+    const auto begin = m_decoder.secondsOfFrame();
+    m_reading = m_reading && begin.has_value() && *begin <= wanted;
+    m_hasFirst = m_reading;
+    return m_reading ? std::optional(std::llround(*begin * kRate)) : std::nullopt;
   }
 
   bool isReading() const { return m_reading; }
@@ -44,10 +57,23 @@ class MonoReader::Decoding {
   void cancel() { m_reading = false; }
 
  private:
+  void readFrame() {
+    const AVFrame* frame = m_decoder.next();
+    m_hasRead = true;
+    if (frame) {
+      m_mixer.append(*frame, m_samples);
+    } else {
+      m_mixer.finish(m_samples);
+      m_reading = false;
+    }
+  }
+
   MediaDecoder m_decoder;
   MonoMixer m_mixer;
   std::vector<float> m_samples;
   bool m_reading = false;
+  bool m_hasRead = false;
+  bool m_hasFirst = false;  ///< The samples are those behind the place gone to.
 };
 
 MonoReader::MonoReader(const MediaAsset& asset, const MediaTrack& track)
@@ -59,6 +85,9 @@ MonoReader::~MonoReader() = default;
 
 bool MonoReader::start() { return m_decoding->start(); }
 std::span<const float> MonoReader::next() { return m_decoding->next(); }
+std::optional<std::int64_t> MonoReader::seek(std::int64_t sample) {
+  return m_decoding->seek(sample);
+}
 bool MonoReader::isReading() const { return m_decoding->isReading(); }
 double MonoReader::progress() const { return m_decoding->progress(); }
 void MonoReader::cancel() { m_decoding->cancel(); }

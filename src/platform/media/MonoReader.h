@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 
 #include "platform/media/MediaAsset.h"
@@ -29,6 +31,10 @@ class MonoReader {
   /// The next samples, about a third of a second; empty at the end, and before start or after
   /// cancel. Valid until the next call.
   std::span<const float> next();
+  /// Goes to shortly before that sample, later or earlier in the track. Answers the sample that
+  /// `next` goes on with; none where the file does not tell, and within the first second, which is
+  /// right only when it is read from the beginning. There is nothing to read any more then.
+  std::optional<std::int64_t> seek(std::int64_t sample);
   /// From a successful start to the end of the track or cancel.
   bool isReading() const;
   /// How much of the file has been read, 0..1.
