@@ -7,18 +7,17 @@
 
 #include "model/book/QBHarmony.h"
 #include "music/Pitch.h"
+#include "music/Ticks.h"
 #include "ui/desktop/Text.h"
+#include "ui/roll/SoundBackdrop.h"
+#include "ui/roll/TonePainter.h"
 
 namespace korvel::ui {
 namespace {
 
 constexpr int kOctaveOfMidiZero = -1;
 constexpr double kLabelDistance = 3;  ///< In heights of a line of text.
-
-QString nameOf(int pitch) {
-  const auto note = QBHarmony::noteAsString(pitchClass(pitch)).value_or("");
-  return toText(note) + QString::number(pitch / kNotesPerOctave + kOctaveOfMidiZero);
-}
+constexpr double kClosestLines = 5;   ///< In pixels.
 
 bool isNatural(int pitch) {
   const auto note = QBHarmony::noteAsString(pitchClass(pitch));
@@ -34,9 +33,19 @@ int roundStep(double atLeast) {
 
 }  // namespace
 
-RollPainter::RollPainter(const ToneRoll& roll, const RollScale& scale, const QPalette& palette,
-                         const QFont& font)
-    : m_roll(roll), m_scale(scale), m_shades(palette), m_font(font) {}
+QString RollPainter::nameOf(int pitch) {
+  const auto note = QBHarmony::noteAsString(pitchClass(pitch)).value_or("");
+  return toText(note) + QString::number(pitch / kNotesPerOctave + kOctaveOfMidiZero);
+}
+
+RollPainter::RollPainter(const ToneRoll& roll, const RollNotes& notes, const RollScale& scale,
+                         SoundBackdrop& backdrop, const QPalette& palette, const QFont& font)
+    : m_roll(roll),
+      m_notes(notes),
+      m_scale(scale),
+      m_backdrop(backdrop),
+      m_shades(palette),
+      m_font(font) {}
 
 void RollPainter::paint(QPainter& painter, const QRect& part, const Marks& marks) const {
   painter.fillRect(part, m_shades.base);
@@ -44,11 +53,16 @@ void RollPainter::paint(QPainter& painter, const QRect& part, const Marks& marks
   const int first = m_scale.chordAt(part.left());
   const int end = m_scale.chordAt(part.right()) + 1;
   paintLanes(painter);
+  m_backdrop.paint(painter, part, m_scale, m_shades);
   paintLoop(painter, marks.loop);
   paintBeats(painter, first, end);
   paintRuler(painter, first, end);
   painter.setRenderHint(QPainter::Antialiasing);
-  paintTones(painter, first, end);
+  painter.save();
+  painter.setClipRect(m_scale.lanes());
+  TonePainter(m_roll, m_notes, m_scale, m_shades).paint(painter, first, end, marks.chosen);
+  paintGesture(painter, marks);
+  painter.restore();
   paintMarks(painter, marks);
   paintPitches(painter);
 }
@@ -122,10 +136,13 @@ void RollPainter::paintBars(QPainter& painter, int first, int end) const {
   const int margin = static_cast<int>(room / m_scale.step()) + 1;
   const auto& bars = m_roll.bars();
   double free = -room;
+  double line = free;  ///< The latest one.
   for (auto bar = std::ranges::lower_bound(bars, first - margin * 2); bar != bars.end(); ++bar) {
     if (*bar > end) break;
     const int number = static_cast<int>(bar - bars.begin()) + m_roll.numberOfFirstBar();
     const bool hasRoom = m_scale.x(*bar) >= free;
+    if (!hasRoom && m_scale.x(*bar) - line < kClosestLines) continue;
+    line = m_scale.x(*bar);
     paintTick(painter, *bar, hasRoom ? number : 0);
     if (hasRoom) free = m_scale.x(*bar) + room / 2;
   }
@@ -143,6 +160,7 @@ void RollPainter::paintTick(QPainter& painter, int chord, int number) const {
 
 /// Fainter than the bars.
 void RollPainter::paintBeats(QPainter& painter, int first, int end) const {
+  if (m_scale.width(kTicksOfBeat) < kClosestLines) return;
   const auto& beats = m_roll.beats();
   const QRectF lanes = m_scale.lanes();
   const QColor faint = mixed(m_shades.base, m_shades.grid, 0.6);
@@ -150,34 +168,6 @@ void RollPainter::paintBeats(QPainter& painter, int first, int end) const {
        beat != beats.end() && *beat <= m_roll.begin(end); ++beat)
     painter.fillRect(QRectF(std::round(m_scale.xOfStep(*beat)), lanes.top(), 1, lanes.height()),
                      faint);
-}
-
-// ---- tones
-
-void RollPainter::paintTones(QPainter& painter, int first, int end) const {
-  const QPen outline =
-      m_scale.showsOutlines() ? QPen(mixed(m_shades.mark, m_shades.text, 0.5)) : QPen(Qt::NoPen);
-  for (auto tone = m_roll.firstSounding(first); tone != m_roll.endSounding(end); ++tone) {
-    if (m_roll.begin(tone->chord) + tone->steps <= m_roll.begin(first)) continue;
-    painter.setPen(tone->active ? outline : QPen(m_shades.faintText));
-    painter.setBrush(tone->active ? mixed(m_shades.quiet, m_shades.mark, tone->loudness)
-                                  : m_shades.base);
-    if (tone->steps > m_roll.stepsOf(tone->chord) && tone->active)
-      painter.drawRect(m_scale.tailOf(*tone));
-    paintHead(painter, m_scale.headOf(*tone), tone->active);
-  }
-}
-
-/// In narrow lanes an outline would hide the shade.
-void RollPainter::paintHead(QPainter& painter, const QRectF& head, bool active) const {
-  const double round = std::min(3.0, m_scale.laneHeight() / 4);
-  if (m_scale.showsOutlines())
-    painter.drawRoundedRect(head.adjusted(0.5, 0.5, -0.5, -0.5), round, round);
-  else if (active)
-    painter.drawRoundedRect(head, round, round);
-  else  // too narrow for a hollow
-    painter.drawLine(QPointF(head.left(), head.center().y()),
-                     QPointF(head.center().x(), head.center().y()));
 }
 
 // ---- marks
@@ -191,6 +181,19 @@ void RollPainter::paintMarks(QPainter& painter, const Marks& marks) const {
     paintColumn(painter, m_shades.text, QPen(m_shades.text, width, ofCursor), marks.cursor);
   if (marks.dragged)
     painter.fillRect(QRectF(*marks.dragged, 0, 2, m_scale.height()), m_shades.mark);
+}
+
+void RollPainter::paintGesture(QPainter& painter, const Marks& marks) const {
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(m_shades.text, 1.5, Qt::DashLine));
+  painter.drawRects(marks.drawn.data(), static_cast<int>(marks.drawn.size()));
+  if (!marks.spot.isEmpty()) painter.drawRect(marks.spot.adjusted(-3, -3, 3, 3));
+  if (marks.band.isEmpty()) return;
+  QColor shade = m_shades.accent;
+  shade.setAlphaF(0.2F);
+  painter.setPen(m_shades.accent);
+  painter.setBrush(shade);
+  painter.drawRect(marks.band);
 }
 
 /// A frame, with a flag in the ruler that shows over tones of any shade.

@@ -3,16 +3,21 @@
 
 #include <QFont>
 #include <optional>
+#include <vector>
 
 #include "tab/layout/LoopRange.h"
+#include "ui/roll/RollNotes.h"
 #include "ui/roll/RollScale.h"
 #include "ui/views/Shades.h"
+#include "workflow/editing/drawn/TonePlace.h"
 
 class QPainter;
 
 namespace korvel::ui {
 
-/// Paints a roll: lanes, ruler, tones, and what is marked of it.
+class SoundBackdrop;
+
+/// Paints a roll: lanes, the recording behind them, ruler, tones, and what is marked of it.
 class RollPainter {
  public:
   /// What the roll shows beside its tones. Chords are indexes, -1 is none.
@@ -22,11 +27,18 @@ class RollPainter {
     int cursor = -1;
     bool focused = false;
     std::optional<double> dragged{};  ///< Where the line of a beat is dragged to.
+    std::vector<TonePlace> chosen{};
+    std::vector<QRectF> drawn{};  ///< Where tones would be that are drawn or dragged.
+    QRectF band{};                ///< That chooses tones.
+    QRectF spot{};                ///< Of the tone or candidate that keys have gone to.
   };
 
   /// What is handed in has to stay.
-  RollPainter(const ToneRoll& roll, const RollScale& scale, const QPalette& palette,
-              const QFont& font);
+  RollPainter(const ToneRoll& roll, const RollNotes& notes, const RollScale& scale,
+              SoundBackdrop& backdrop, const QPalette& palette, const QFont& font);
+
+  /// Such as "C#4".
+  static QString nameOf(int pitch);
 
   /// All that lies in that part of the viewport.
   void paint(QPainter& painter, const QRect& part, const Marks& marks) const;
@@ -41,15 +53,16 @@ class RollPainter {
   void paintBars(QPainter& painter, int first, int end) const;
   void paintTick(QPainter& painter, int chord, int number) const;
   void paintBeats(QPainter& painter, int first, int end) const;
-  void paintTones(QPainter& painter, int first, int end) const;
-  void paintHead(QPainter& painter, const QRectF& head, bool active) const;
   void paintMarks(QPainter& painter, const Marks& marks) const;
   void paintColumn(QPainter& painter, const QColor& ink, const QPen& frame, int chord) const;
+  void paintGesture(QPainter& painter, const Marks& marks) const;
   void paintPitches(QPainter& painter) const;
   double roomOfLabel() const;
 
   const ToneRoll& m_roll;
+  const RollNotes& m_notes;
   const RollScale& m_scale;
+  SoundBackdrop& m_backdrop;
   const Shades m_shades;
   const QFont m_font;
 };

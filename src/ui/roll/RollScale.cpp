@@ -27,9 +27,14 @@ void RollScale::setFont(const QFont& font) {
   setZoom(m_zoom);
 }
 
-void RollScale::setZoom(int percent) {
+void RollScale::setZoom(double percent) {
   m_zoom = percent;
-  m_step = std::max(2.0, m_line * kStepWidth * m_zoom / 100);
+  m_step = m_line * kStepWidth * m_zoom / 100;
+}
+
+double RollScale::zoomOfWhole() const {
+  const double own = width(m_roll.begin(m_roll.chords())) / m_zoom;
+  return own > 0 ? (m_viewport.width() - m_names - m_line) / own : m_zoom;
 }
 
 int RollScale::wholeWidth() const {
@@ -59,8 +64,12 @@ std::optional<int> RollScale::beatNear(const QPointF& place) const {
 
 double RollScale::rulerHeight() const { return kRulerHeight * m_line; }
 
+QRectF RollScale::wave() const {
+  return {0, rulerHeight(), static_cast<double>(m_viewport.width()), m_wave};
+}
+
 QRectF RollScale::lanes() const {
-  const double top = rulerHeight();
+  const double top = rulerHeight() + m_wave;
   return {0, top, static_cast<double>(m_viewport.width()), std::max(1.0, height() - top)};
 }
 
@@ -73,6 +82,11 @@ double RollScale::laneHeight() const {
 double RollScale::top(int pitch) const {
   const double middle = (m_roll.highestPitch() + m_roll.lowestPitch()) / 2.0;
   return lanes().center().y() + (middle - pitch - 0.5) * laneHeight();
+}
+
+double RollScale::pitchAt(double y) const {
+  const double middle = (m_roll.highestPitch() + m_roll.lowestPitch()) / 2.0;
+  return middle - (y - lanes().center().y()) / laneHeight();
 }
 
 bool RollScale::showsOutlines() const { return laneHeight() >= kOutlinedLane * m_line; }

@@ -9,33 +9,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/instruments/SongTuning.h"
-#include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
-#include "model/songs/SongTime.h"
-#include "music/ChordStep.h"
 #include "ui/roll/RollPainter.h"
-#include "ui/views/ChordWords.h"
 
 namespace korvel::ui {
 namespace {
 
-constexpr int kSmallestZoom = 20;
-constexpr int kLargestZoom = 800;
+constexpr double kSmallestZoom = 20;  ///< But for longer songs.
+constexpr double kLargestZoom = 20000;
 constexpr double kZoomFactor = 1.25;
-
-/// Of the recording, or from the beginning on.
-double secondsOf(QBSong& song, int chord) {
-  if (!song.isOnBeats()) return chord * kSecondsOfChord;
-  const SongTime time(song);
-  const double begin = time.isAsRecorded() ? 0 : time.secondsOf(time.begin());
-  return std::max(time.secondsOf(time.tickOf(static_cast<std::size_t>(chord))) - begin, 0.0);
-}
-
-QString timeOf(QBSong& song, int chord) {
-  const int seconds = static_cast<int>(secondsOf(song, chord));
-  return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
-}
 
 }  // namespace
 
@@ -45,6 +27,8 @@ RollView::RollView(QWidget* parent) : QAbstractScrollArea(parent) {
   setFrameShape(NoFrame);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   viewport()->setBackgroundRole(QPalette::Base);
+  viewport()->setMouseTracking(true);
+  connect(&m_backdrop, &SoundBackdrop::changed, this, &RollView::remeasure);
   remeasure();
 }
 
@@ -62,6 +46,10 @@ void RollView::setSong(QBSong* song) {
 
 void RollView::refresh() {
   m_roll = m_song ? ToneRoll(*m_song) : ToneRoll();
+  m_backdrop.setSong(m_song);
+  m_notes = m_song ? RollNotes::of(*m_song, m_roll, m_backdrop.time()) : RollNotes();
+  m_spot.reset();
+  m_chosen.clear();
   m_loop = m_song ? loopOf(*m_song) : ChordSpan();
   m_playing = std::min(m_playing, m_roll.chords() - 1);
   m_cursor = std::min(m_cursor, m_roll.chords() - 1);
@@ -81,38 +69,45 @@ void RollView::showPlaying(int chord) {
 void RollView::showCursor(int chord) {
   if (chord == m_cursor || chord >= m_roll.chords()) return;
   updateColumn(m_cursor);
+  m_spot.reset();
   m_cursor = chord;
   updateColumn(m_cursor);
   if (chord >= 0) reveal(chord, 0.5);
   announce(*this);
 }
 
-void RollView::setZoom(int percent) {
-  percent = std::clamp(percent, kSmallestZoom, kLargestZoom);
+void RollView::setZoom(double percent) {
+  zoomAround(percent, (m_scale.names() + viewport()->width()) / 2);
+}
+
+/// What is at x stays there.
+void RollView::zoomAround(double percent, double x) {
+  const double least = std::min(kSmallestZoom, m_scale.zoomOfWhole());
+  percent = std::clamp(percent, std::max(least, 1e-3), kLargestZoom);
   if (percent == m_zoom) return;
-  const int middle = m_scale.chordAt(viewport()->width() / 2.0);
+  const double step = m_scale.stepAt(x);
   m_zoom = percent;
   remeasure();
-  const double place = m_scale.width(1) * (m_roll.begin(middle) + m_roll.stepsOf(middle) / 2.0);
   horizontalScrollBar()->setValue(
-      static_cast<int>(place + m_scale.names() - viewport()->width() / 2.0));
+      static_cast<int>(std::lround(step * m_scale.width(1) + m_scale.names() - x)));
   emit zoomChanged(percent);
 }
 
-void RollView::zoomIn() { setZoom(static_cast<int>(std::ceil(m_zoom * kZoomFactor))); }
+void RollView::zoomIn() { setZoom(m_zoom * kZoomFactor); }
 
-void RollView::zoomOut() { setZoom(static_cast<int>(m_zoom / kZoomFactor)); }
+void RollView::zoomOut() { setZoom(m_zoom / kZoomFactor); }
 
 // ---- geometry
 
 void RollView::remeasure() {
   m_scale.setFont(font());
   m_scale.setZoom(m_zoom);
+  m_scale.setWaveHeight(std::ceil(m_backdrop.waveLines() * m_scale.line()));
   m_scale.setViewport(viewport()->size());
   QScrollBar& bar = *horizontalScrollBar();
   bar.setRange(0, std::max(0, m_scale.wholeWidth() - viewport()->width()));
   bar.setPageStep(std::max(1, m_scale.widthBesideNames()));
-  bar.setSingleStep(static_cast<int>(4 * m_scale.step()));
+  bar.setSingleStep(std::clamp(static_cast<int>(4 * m_scale.step()), 1, bar.pageStep()));
   viewport()->update();
 }
 
@@ -147,20 +142,33 @@ QSize RollView::minimumSizeHint() const {
 
 void RollView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
-  RollPainter::Marks marks{
-      .loop = m_loop, .playing = m_playing, .cursor = m_cursor, .focused = hasFocus()};
-  if (m_dragged) marks.dragged = m_dragPlace;
-  RollPainter(m_roll, m_scale, palette(), font()).paint(painter, event->rect(), marks);
+  RollPainter(m_roll, m_notes, m_scale, m_backdrop, palette(), font())
+      .paint(painter, event->rect(), marks());
 }
 
-// ---- words
+RollPainter::Marks RollView::marks() const {
+  RollPainter::Marks marks{.loop = m_loop,
+                           .playing = m_playing,
+                           .cursor = m_cursor,
+                           .focused = hasFocus(),
+                           .chosen = m_chosen,
+                           .drawn = draggedRects()};
+  if (m_gesture.doing == Doing::beat) marks.dragged = m_gesture.now.x();
+  if (m_gesture.doing == Doing::band)
+    marks.band = QRectF(m_gesture.from, m_gesture.now).normalized();
+  if (m_spot) marks.spot = rectOf(*m_spot);
+  return marks;
+}
 
-QString RollView::words(int chord) const {
-  if (!m_song || chord < 0 || chord >= static_cast<int>(m_song->allChords().size())) return {};
-  const QBChord& shown = *m_song->allChords()[static_cast<std::size_t>(chord)];
-  return tr("Chord %1, %2. %3", "number, time, tones")
-      .arg(chord + 1)
-      .arg(timeOf(*m_song, chord), ChordWords(tuningOf(m_song)).grip(shown));
+QRect RollView::toneRect(const TonePlace& place) const {
+  for (const ToneRoll::Tone& tone : m_roll.tones())
+    if (tone.chord == place.chord && tone.string == place.string)
+      return hits().rectOf(tone).toAlignedRect();
+  return {};
+}
+
+QRect RollView::candidateRect(std::size_t candidate) const {
+  return hits().rectOf(m_notes.candidates.at(candidate)).toAlignedRect();
 }
 
 void RollView::resizeEvent(QResizeEvent*) { remeasure(); }

@@ -79,8 +79,8 @@ TEST_F(FretboardViewTest, silencedTonesAndFingersAreDrawnDifferently) {
   EXPECT_NE(drawn(), silenced);
 }
 
-struct RollViewTest : ChordViewTest<RollView> {
-  RollViewTest() {
+struct LongRollTest : ChordViewTest<RollView> {
+  LongRollTest() {
     m_song = m_store.song("Long");
     for (int i = 0; i < 500; ++i) test::addChord(m_song, "x02210");
     m_view.resize(600, 200);
@@ -88,7 +88,7 @@ struct RollViewTest : ChordViewTest<RollView> {
   }
 };
 
-TEST_F(RollViewTest, clicksAndKeysGoToTheChord) {
+TEST_F(LongRollTest, clicksAndKeysGoToTheChord) {
   const QSignalSpy chosen(&m_view, &RollView::chordChosen);
   QTest::mouseClick(m_view.viewport(), Qt::LeftButton, {}, m_view.chordRect(7).center());
   ASSERT_EQ(chosen.count(), 1);
@@ -103,7 +103,7 @@ TEST_F(RollViewTest, clicksAndKeysGoToTheChord) {
   EXPECT_TRUE(m_view.spokenText().startsWith("Chord 500, 3:05. A string open"));
 }
 
-TEST_F(RollViewTest, viewFollowsThePlayingChord) {
+TEST_F(LongRollTest, viewFollowsThePlayingChord) {
   for (int chord = 0; chord < 500; chord += 37) {
     m_view.showPlaying(chord);
     EXPECT_TRUE(m_view.viewport()->rect().contains(m_view.chordRect(chord).center())) << chord;

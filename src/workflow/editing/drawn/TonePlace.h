@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace korvel {
+
+/// A tone of a song as it is: the index of its chord in `allChords`, and its string.
+struct TonePlace {
+  int chord;
+  int string;
+  bool operator==(const TonePlace&) const = default;
+};
+
+}  // namespace korvel

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/roll/RollView.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "model/recorded/SongRecording.h"
+#include "platform/media/WaveFileWriter.h"
+#include "support/Testing.h"
+#include "support/songs/BeatSong.h"
+#include "support/store/ScratchFolder.h"
+#include "support/store/StandardStore.h"
+
+namespace korvel::ui {
+namespace {
+
+/// Two bars, a chord on each beat: A for four beats, then E with G.
+struct RollViewTest : testing::Test {
+  RollViewTest() {
+    test::beatSong(m_song, "4/4 x0xxxx q x0xxxx q x0xxxx q x0xxxx q | 0xxxx3 q ~q ~q ~q |");
+    m_view.resize(900, 400);
+    show();
+    m_view.show();
+  }
+
+  void show() { m_view.setSong(m_song); }
+
+  /// Seconds of A4, and where it was heard: half a second for each beat.
+  void record(const std::string& file, double seconds) {
+    platform::WaveFileWriter writer(file, platform::kSampleRate, 1);
+    std::vector<std::int16_t> samples(static_cast<std::size_t>(seconds * platform::kSampleRate));
+    for (std::size_t i = 0; i < samples.size(); ++i)
+      samples[i] = static_cast<std::int16_t>(
+          9000 * std::sin(2 * std::numbers::pi * 110 * static_cast<double>(i) / 44100));
+    writer.write(samples);
+    writer.finish();
+    SongRecording* recording = m_store.db().createRecording(file);
+    recording->setSeconds(seconds);
+    m_song->setRecording(recording);
+    std::int64_t beat = 0;
+    for (const auto& chord : m_song->allChords()) chord->setBeatTime(22050 * beat++);
+  }
+
+  QPoint middle(int chord, int string) const { return m_view.toneRect({chord, string}).center(); }
+
+  void drag(const QPoint& from, const QPoint& by, Qt::KeyboardModifiers keys = {}) {
+    QWidget* port = m_view.viewport();
+    QTest::mousePress(port, Qt::LeftButton, keys, from);
+    for (const QPoint& to : {from + by / 2, from + by}) {
+      QMouseEvent move(QEvent::MouseMove, to, port->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                       keys);
+      QApplication::sendEvent(port, &move);
+    }
+    QTest::mouseRelease(port, Qt::LeftButton, keys, from + by);
+  }
+
+  test::StandardStore m_store;
+  const test::ScratchFolder m_folder;
+  QBSong* m_song = m_store.song("Waltz");
+  RollView m_view;
+};
+
+TEST_F(RollViewTest, tonesAreDrawnMovedAndMadeLonger) {
+  const QSignalSpy drawn(&m_view, &RollView::toneDrawn);
+  const QSignalSpy moved(&m_view, &RollView::tonesMoved);
+  const QSignalSpy longer(&m_view, &RollView::tonesLengthened);
+  const double beat = m_view.chordRect(1).left() - m_view.chordRect(0).left();
+  const int lane = (middle(0, 1).y() - middle(4, 5).y()) / (67 - 45);
+  drag(middle(1, 1) - QPoint(0, 3 * lane), QPoint(static_cast<int>(beat * 0.6), 0));
+  ASSERT_EQ(drawn.count(), 1);
+  EXPECT_EQ(drawn[0][0].toInt(), 48);
+  EXPECT_NEAR(drawn[0][1].toDouble(), 18, 0.1) << "the middle of the second beat";
+  EXPECT_NEAR(drawn[0][2].toDouble(), 9, 0.1) << "on sixteenths";
+
+  drag(middle(1, 1), QPoint(static_cast<int>(beat * 1.1), -2 * lane));
+  ASSERT_EQ(moved.count(), 1);
+  EXPECT_EQ(moved[0][0].value<std::vector<TonePlace>>(), (std::vector<TonePlace>{{1, 1}}));
+  EXPECT_EQ(moved[0][1].toDouble(), 12);
+  EXPECT_EQ(moved[0][2].toInt(), 2);
+  EXPECT_FALSE(moved[0][3].toBool());
+
+  const QRect tone = m_view.toneRect({2, 1});
+  drag(QPoint(tone.right() - 1, tone.center().y()), QPoint(static_cast<int>(beat / 12 * 2), 0),
+       Qt::AltModifier);
+  ASSERT_EQ(longer.count(), 1);
+  EXPECT_EQ(longer[0][1].toDouble(), 2);
+  EXPECT_TRUE(longer[0][2].toBool());
+}
+
+TEST_F(RollViewTest, aBandChoosesWhatIsDraggedTogether) {
+  const QSignalSpy moved(&m_view, &RollView::tonesMoved);
+  const QRect first = m_view.toneRect({0, 1});
+  const QRect third = m_view.toneRect({2, 1});
+  drag(first.topLeft() - QPoint(0, 12), third.center() - first.topLeft() + QPoint(0, 20),
+       Qt::ControlModifier);
+  EXPECT_EQ(m_view.chosen().size(), 3U);
+  QTest::mouseClick(m_view.viewport(), Qt::LeftButton, Qt::ControlModifier, middle(1, 1));
+  EXPECT_EQ(m_view.chosen(), (std::vector<TonePlace>{{0, 1}, {2, 1}}));
+  drag(middle(2, 1), QPoint(first.width(), 0));
+  ASSERT_EQ(moved.count(), 1);
+  EXPECT_EQ(moved[0][0].value<std::vector<TonePlace>>().size(), 2U);
+}
+
+TEST_F(RollViewTest, aClickHasTheMomentPlayedAndTheToneDropped) {
+  record(m_folder.file("a.wav"), 4);
+  show();
+  const QSignalSpy heard(&m_view, &RollView::listenAt);
+  const QSignalSpy played(&m_view, &RollView::pitchWanted);
+  const QSignalSpy dropped(&m_view, &RollView::dropWanted);
+  QTest::mouseClick(m_view.viewport(), Qt::LeftButton, {}, middle(3, 1));
+  ASSERT_EQ(heard.count(), 1);
+  EXPECT_NEAR(heard[0][0].toDouble(), 1.5, 1e-6);
+  EXPECT_NEAR(heard[0][1].toDouble(), 0.5, 1e-6);
+  ASSERT_EQ(dropped.count(), 1);
+  EXPECT_EQ(dropped[0][0].value<TonePlace>(), (TonePlace{3, 1}));
+  QTest::mouseClick(m_view.viewport(), Qt::LeftButton, Qt::ShiftModifier, middle(3, 1));
+  ASSERT_EQ(played.count(), 1);
+  EXPECT_EQ(played[0][0].toInt(), 45);
+  EXPECT_EQ(heard.count() + dropped.count(), 2);
+}
+
+TEST_F(RollViewTest, keysGoFromToneToToneAndEditIt) {
+  m_view.showCursor(4);
+  for (const int key : {Qt::Key_Up, Qt::Key_Up})
+    QTest::keyClick(&m_view, static_cast<Qt::Key>(key));
+  EXPECT_EQ(m_view.spokenText(), "G4, E string (1), fret 3");
+  const QSignalSpy moved(&m_view, &RollView::tonesMoved);
+  const QSignalSpy longer(&m_view, &RollView::tonesLengthened);
+  const QSignalSpy dropped(&m_view, &RollView::dropWanted);
+  QTest::keyClick(&m_view, Qt::Key_Left, Qt::ControlModifier);
+  QTest::keyClick(&m_view, Qt::Key_Down, Qt::ControlModifier);
+  QTest::keyClick(&m_view, Qt::Key_Left, Qt::ShiftModifier);
+  QTest::keyClick(&m_view, Qt::Key_Delete);
+  ASSERT_EQ(moved.count(), 2);
+  EXPECT_EQ(moved[0][1].toDouble(), -3);
+  EXPECT_EQ(moved[1][2].toInt(), -1);
+  EXPECT_EQ(longer.count() + dropped.count(), 2);
+  QTest::keyClick(&m_view, Qt::Key_Left);
+  EXPECT_EQ(m_view.cursorChord(), 3);
+}
+
+/// The recording's A stands where the song has it, and not beside it.
+TEST_F(RollViewTest, theRecordingIsSeenBehindTheTones) {
+  record(m_folder.file("a.wav"), 4);
+  const auto darkness = [this](int pitchesBeside) {
+    const int lane = (middle(0, 1).y() - middle(4, 5).y()) / (67 - 45);
+    const QImage image = m_view.viewport()->grab().toImage();
+    return 255 - image
+                     .pixelColor(m_view.chordRect(4).center().x(),
+                                 middle(0, 1).y() - pitchesBeside * lane)
+                     .lightness();
+  };
+  const int plain = darkness(0);
+  show();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return darkness(0) > plain + 60; }, 20000));
+  EXPECT_LT(darkness(4), plain + 30);
+  for (const double zoom : {0.001, 20000.0, 100.0}) {
+    m_view.setZoom(zoom);
+    EXPECT_FALSE(m_view.grab().isNull()) << zoom;
+  }
+}
+
+TEST_F(RollViewTest, saysThatTheRecordingIsMissing) {
+  record(m_folder.file("a.wav"), 4);
+  std::filesystem::remove(m_folder.file("a.wav"));
+  SoundBackdrop backdrop;
+  const QSignalSpy changed(&backdrop, &SoundBackdrop::changed);
+  backdrop.setSong(m_song);
+  QImage image(10, 10, QImage::Format_RGB32);
+  QPainter painter(&image);
+  const ToneRoll roll(*m_song);
+  RollScale scale(roll);
+  scale.setViewport({600, 300});
+  backdrop.paint(painter, {0, 0, 600, 300}, scale, Shades(m_view.palette()));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return changed.count() > 0; }, 20000));
+  EXPECT_EQ(backdrop.trouble(),
+            "The recording a.wav is not there any more, so that there is no picture of it");
+}
+
+}  // namespace
+}  // namespace korvel::ui
