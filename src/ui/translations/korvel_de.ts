@@ -994,6 +994,10 @@
         <source>%1: is not the recording that the song was heard in</source>
         <translation>%1: ist nicht die Aufnahme, in der der Song gehört wurde</translation>
     </message>
+    <message>
+        <source>%1: nothing is read in the metre that it was laid into; change the rhythm of the song that it was made from</source>
+        <translation>%1: In der Taktart, in die er gelegt wurde, lässt sich nichts lesen; ändere den Rhythmus des Songs, aus dem er entstand</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
@@ -1071,6 +1075,10 @@
     <message>
         <source>slices of 0.37 s</source>
         <translation>Abschnitte von 0,37 s</translation>
+    </message>
+    <message>
+        <source>%1 (nearly as probable)</source>
+        <translation>%1 (fast so wahrscheinlich)</translation>
     </message>
 </context>
 <context>
@@ -2352,6 +2360,10 @@
     <message>
         <source>%1 is recorded</source>
         <translation>%1 ist aufgenommen</translation>
+    </message>
+    <message>
+        <source>It is in slices, as it is played too freely for bars; Tap Along and Set Tempo in the menu Edit, Rhythm make bars of it</source>
+        <translation>Er steht in Abschnitten, weil er für Takte zu frei gespielt ist; Mitklopfen und Tempo setzen im Menü Bearbeiten, Rhythmus machen Takte daraus</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include "model/songs/QBSong.h"
+#include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "workflow/session/QBSession.h"
 
@@ -13,6 +14,12 @@ namespace {
 
 /// It is about the song that is shown, which must not change then.
 bool isDialogOpen() { return QApplication::activeModalWidget() != nullptr; }
+
+/// In slices although bars are wanted.
+bool isTooFree(const QBSong& song) {
+  const bool wantsBars = Preferences().detectionSettings().grid == Grid::beats;
+  return wantsBars && song.recording() && !song.isOnBeats();
+}
 
 }  // namespace
 
@@ -24,6 +31,10 @@ void Arrivals::showImported(const QString& file, QBSong* song) {
         tr("%1: no tones were heard in it; is it a guitar alone, and loud enough?").arg(name));
   if (m_turnedToASong || isDialogOpen()) return emit said(tr("%1 is imported").arg(name));
   QBSession::session().setActiveSong(song);
+  if (isTooFree(*song))
+    return emit said(
+        tr("It is in slices, as it is played too freely for bars; Tap Along and Set Tempo in the "
+           "menu Edit, Rhythm make bars of it"));
   emit said(tr("Space plays it, digits change the fret at the cursor, the menu Song arranges it"));
 }
 
