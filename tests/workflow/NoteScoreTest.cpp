@@ -75,7 +75,8 @@ TEST_F(NoteScoreTest, writesWhatASongOfTheNotesIsExportedAs) {
     EXPECT_EQ(midiFile(score.midi("Take")), midiFile(midiOf(*song)));
     EXPECT_EQ(score.score("").bars.at(1).events.at(0).harmony, (ScoreHarmony{2, "m7"}));
   }
-  const NoteScore silence({}, {}, kStandardPitches);
+  const rhythm::Reading nothing;
+  const NoteScore silence({}, nothing, kStandardPitches);
   EXPECT_EQ(silence.score("").bars.size(), 1U);
   EXPECT_EQ(silence.midi("").notes.size(), 0U);
 }
