@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/roll/RollView.h"
 
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -34,7 +35,7 @@ struct RollViewTest : testing::Test {
           9000 * std::sin(2 * std::numbers::pi * 110 * static_cast<double>(i) / 44100));
     writer.write(samples);
     writer.finish();
-    SongRecording* recording = m_store.db().createRecording(file);
+    SongRecording* recording = QBTabMgr::db().createRecording(file);
     recording->setSeconds(seconds);
     m_song->setRecording(recording);
     std::int64_t beat = 0;
