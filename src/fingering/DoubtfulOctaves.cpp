@@ -13,6 +13,8 @@ constexpr double kTogether = 0.05;
 /// What is above this is a note, and how much surer the lower one has to be.
 constexpr float kSure = 0.65F;
 constexpr float kSurer = 0.1F;
+/// A note of a melody and its overtone; in a chord, an octave is most often played.
+constexpr std::size_t kOfMelody = 2;
 /// Frets from the first finger to the last one.
 constexpr int kReach = 3;
 
@@ -67,12 +69,12 @@ DoubtfulOctaves::DoubtfulOctaves(std::span<const Note> notes, const Settled& set
     const Note& note = notes[i];
     while (notes[order[from]].onset < note.onset - kTogether) ++from;
     if (note.probability >= kSure || settled.stringOf(i) != Settled::kAnyString) continue;
-    for (std::size_t at = from;
-         at < order.size() && notes[order[at]].onset <= note.onset + kTogether; ++at) {
-      if (!isOvertone(note, notes[order[at]])) continue;
+    std::size_t to = from;
+    while (to < order.size() && notes[order[to]].onset <= note.onset + kTogether) ++to;
+    if (to - from > kOfMelody) continue;
+    const std::span together(order.begin() + static_cast<std::ptrdiff_t>(from), to - from);
+    if (std::ranges::any_of(together, [&](std::size_t at) { return isOvertone(note, notes[at]); }))
       m_notes.push_back(i);
-      break;
-    }
   }
 }
 
