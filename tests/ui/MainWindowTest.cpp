@@ -54,6 +54,7 @@ namespace {
 struct MainWindowTest : testing::Test {
   MainWindowTest() {
     QSettings().clear();
+    QSettings().setValue("keepRecordings", false);  // asked at the first import
     platform::RunLoop::install(&m_loop);
     test::writeWav(m_file, test::fewChords());
     open();

@@ -11,11 +11,11 @@ namespace korvel {
 
 /// What is heard of a song, and how a loop of it is practised.
 struct PlayedSound {
-  double mix = 1;       ///< 0 the recording alone, 1 the guitar alone; in the middle both whole.
-  bool apart = false;   ///< The recording on the left, the guitar on the right.
-  double cents = 0;     ///< By which the recording is transposed.
-  RoundsOfLoop rounds;  ///< What is between the rounds of a loop, and how these get faster.
-  unsigned silent = 0;  ///< Strings that are not heard, a bit each from 1 << 1 on.
+  double mix = 1;         ///< 0 the recording alone, 1 the guitar alone; in the middle both whole.
+  bool apart = false;     ///< The recording on the left, the guitar on the right.
+  double cents = 0;       ///< By which the recording is transposed.
+  RoundsOfLoop rounds{};  ///< What is between the rounds of a loop, and how these get faster.
+  unsigned silent = 0;    ///< Strings that are not heard, a bit each from 1 << 1 on.
 
   bool hasRecording() const { return mix < 1; }
   /// Whether a loop does more than begin again.

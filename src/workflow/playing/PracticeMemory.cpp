@@ -2,6 +2,7 @@
 #include "workflow/playing/PracticeMemory.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <sstream>
 
@@ -50,7 +51,7 @@ void readRounds(const std::string& name, const std::string& value, RoundsOfLoop&
 void readWord(const std::string& name, const std::string& value, PractisedSong& practised) {
   readRounds(name, value, practised.sound.rounds);
   double number = 0;
-  if (std::sscanf(value.c_str(), "%lf", &number) != 1) return;
+  if (std::sscanf(value.c_str(), "%lf", &number) != 1 || !std::isfinite(number)) return;
   if (name == "rate") practised.rate = std::clamp(number, kSlowestPractice, kFastestPractice);
   if (name == "mix") practised.sound.mix = std::clamp(number, 0.0, 1.0);
   if (name == "apart") practised.sound.apart = number != 0;

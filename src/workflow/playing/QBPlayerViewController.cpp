@@ -128,6 +128,7 @@ void QBPlayerViewController::addRecording(const QBSong& song) {
     m_recording = nullptr;
     m_notice = platform::UserText(kNotInStep, song.title());
   }
+  m_isRecorded = m_recording != nullptr;
   const bool hasDeck = m_recording || (m_loops && m_sound.hasRounds());
   if (hasDeck)
     m_midi->addRecording(m_recording, m_loops ? std::optional(m_sound.rounds) : std::nullopt);
@@ -185,6 +186,7 @@ void QBPlayerViewController::lookAtRecording() {
   if (problem.empty() && end && *end > seconds + kMostMissing)
     problem = platform::UserText(kTooShort, m_song->title());
   if (problem.empty()) return;
+  m_notice = problem;
   platform::DeckLevels levels = m_sound.levels();
   levels.guitar = 1;
   m_midi->setLevels(levels);
@@ -244,10 +246,9 @@ void QBPlayerViewController::setSound(const PlayedSound& sound) {
   const bool mutesOthers = sound.silent != m_sound.silent;
   m_sound = sound;
   if (!m_midi) return;
-  if (mutesOthers || (sound.hasRecording() && !m_midi->hasDeck() && m_notice.empty()))
-    return replay();
+  if (mutesOthers || (sound.hasRecording() && !m_isRecorded && m_notice.empty())) return replay();
   m_midi->setPitch(sound.cents);
-  if (m_notice.empty()) m_midi->setLevels(sound.levels());
+  if (m_isRecorded && m_notice.empty()) m_midi->setLevels(sound.levels());
 }
 
 /// What it has to be filled anew for goes on where it was.

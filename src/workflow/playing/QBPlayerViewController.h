@@ -137,8 +137,9 @@ class QBPlayerViewController final : public PlayerView {
   bool m_looping = true;
   double m_clickVolume = 1;
   PlayedSound m_sound;
-  std::shared_ptr<const platform::DecodedSound> m_recording;  ///< Heard beside the guitar.
-  platform::UserText m_notice;                                ///< Why it is not.
+  std::shared_ptr<const platform::DecodedSound> m_recording;  ///< Until all of it is decoded.
+  bool m_isRecorded = false;                                  ///< It plays along.
+  platform::UserText m_notice;                                ///< Why it does not.
   int m_first = 0;   ///< Index in the song of the first chord that is played.
   int m_shown = -1;  ///< Index among those played of the chord that was told last.
   std::unique_ptr<QBMIDIPlayer> m_midi;
