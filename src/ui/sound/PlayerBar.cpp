@@ -312,6 +312,7 @@ QString PlayerBar::timeText() const {
 
 void PlayerBar::showSpeed(const std::string& percent) {
   m_percent->setText(toText(percent) + " % ");
+  emit speedShown(speed());
 }
 
 void PlayerBar::showTempo(double beatsPerMinute) {

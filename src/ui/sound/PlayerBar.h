@@ -39,6 +39,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   /// The song that is shown now: it goes on as it was practised last.
   void setSong(QBSong* song);
   void setSpeed(int percent);
+  QCheckBox& metronome() { return *m_metronome; }
+  QCheckBox& countIn() { return *m_countIn; }
   void skipBars(int bars) { m_player.skipBars(bars); }
   /// The song that plays, or none.
   QBSong* song() const { return m_player.song(); }
@@ -70,6 +72,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
  signals:
   /// Another chord is heard, or playing has begun or ended.
   void moved();
+  /// Of the recording's.
+  void speedShown(int percent);
   void resetLoopWanted();
   void settingsWanted();
   /// One line with what to do.

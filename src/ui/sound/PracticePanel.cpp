@@ -15,6 +15,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "ui/sound/PlayerBar.h"
+#include "ui/sound/PracticeControls.h"
 #include "ui/views/FretboardView.h"
 
 namespace korvel::ui {
@@ -47,11 +48,16 @@ QWidget* titled(const QString& title, QWidget* neck) {
 }  // namespace
 
 PracticePanel::PracticePanel(PlayerBar& player, QWidget* parent)
-    : QWidget(parent), m_player(player), m_now(new FretboardView), m_next(new FretboardView) {
+    : QWidget(parent),
+      m_player(player),
+      m_controls(new PracticeControls(player)),
+      m_now(new FretboardView),
+      m_next(new FretboardView) {
   setFocusPolicy(Qt::StrongFocus);
   m_now->setAccessibleName(tr("Chord"));
   m_next->setAccessibleName(tr("Next chord"));
   auto* row = new QHBoxLayout(this);
+  row->addWidget(m_controls);
   row->addWidget(newControls());
   row->addWidget(titled(tr("Now"), m_now), 1);
   row->addWidget(titled(tr("Next"), m_next), 1);
@@ -60,6 +66,7 @@ PracticePanel::PracticePanel(PlayerBar& player, QWidget* parent)
     neck->installEventFilter(this);
   }
   connect(&m_player.mix(), &SoundMix::changed, this, &PracticePanel::showSound);
+  connect(m_controls, &PracticeControls::loopWanted, this, &PracticePanel::loopWanted);
   showSound();
 }
 
@@ -132,8 +139,15 @@ void PracticePanel::addStrings(QGridLayout& rows) {
 
 void PracticePanel::setSong(QBSong* song) {
   m_song = song;
+  if (isVisible()) m_controls->setSong(song);
   m_now->setSong(song);
   m_next->setSong(song);
+}
+
+/// While it is hidden it takes no time of anybody's.
+void PracticePanel::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  m_controls->setSong(m_song);
 }
 
 void PracticePanel::showChord(int chord) {

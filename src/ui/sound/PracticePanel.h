@@ -21,6 +21,7 @@ namespace korvel::ui {
 
 class FretboardView;
 class PlayerBar;
+class PracticeControls;
 
 /// Where a song is practised: how its loop gets faster and what comes between, what is heard of
 /// recording and guitar, which strings are the player's own, and two necks, with the chord that is
@@ -37,8 +38,13 @@ class PracticePanel final : public QWidget {
   /// Index in the song's `allChords` of the chord that is heard, or at the cursor; -1 for none.
   void showChord(int chord);
 
+ signals:
+  /// From the one chord to the other, indexes in the song's `allChords`.
+  void loopWanted(int first, int last);
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -53,6 +59,7 @@ class PracticePanel final : public QWidget {
 
   PlayerBar& m_player;
   platform::Ref<QBSong> m_song;
+  PracticeControls* m_controls;
   QCheckBox* m_faster = nullptr;
   QSpinBox* m_from = nullptr;
   QSpinBox* m_step = nullptr;

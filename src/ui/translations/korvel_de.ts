@@ -3498,6 +3498,49 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
 </context>
 <context>
+    <name>korvel::ui::PracticeControls</name>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Takte</translation>
+    </message>
+    <message>
+        <source>Recording or guitar</source>
+        <translation>Aufnahme oder Gitarre</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Guitar</source>
+        <translation>Gitarre</translation>
+    </message>
+    <message>
+        <source>Metronome</source>
+        <translation>Metronom</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>Einzählen</translation>
+    </message>
+    <message>
+        <source>First bar of the loop</source>
+        <translation>Erster Takt des Loops</translation>
+    </message>
+    <message>
+        <source>Last bar of the loop</source>
+        <translation>Letzter Takt des Loops</translation>
+    </message>
+    <message>
+        <source>Loop These</source>
+        <translation>Diese im Loop</translation>
+    </message>
+</context>
+<context>
     <name>korvel::ui::PracticePanel</name>
     <message>
         <source>Chord</source>

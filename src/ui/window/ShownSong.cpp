@@ -44,6 +44,9 @@ ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_v
           [this](int chord, bool struck) {
             struck ? m_views.moments.strikeChord(chord) : m_views.moments.listenTo(chord);
           });
+  connect(&m_views.practice, &PracticePanel::loopWanted, this, [this](int first, int last) {
+    changeLoop([first, last](QBSong& song) { setLoop(song, first, last, LoopEnds::atChords); });
+  });
   connect(&m_views.moments, &Moments::refused, this, &ShownSong::refused);
   connect(&tablature, &TablatureView::cursorMoved, this, &ShownSong::showCursor);
   connect(&tablature, &TablatureView::playToggled, &player, &PlayerBar::toggle);
@@ -130,6 +133,7 @@ void ShownSong::refresh() {
   m_views.tablature.refresh();
   m_views.edits.doubts().refresh();
   m_views.roll.refresh();
+  m_views.practice.setSong(m_song);
   showCursor(m_views.tablature.cursorChord());
 }
 

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+
+#include "platform/persistence/Ref.h"
+#include "workflow/playing/ToneRoll.h"
+
+class QCheckBox;
+class QSlider;
+class QSpinBox;
+
+namespace korvel {
+class QBSong;
+}
+
+namespace korvel::ui {
+
+class PlayerBar;
+
+/// What the practice panel has of the player: recording or guitar, the speed, clicks, and which
+/// bars play in a loop. What the player's own controls show follows, and the other way round.
+class PracticeControls final : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// The player outlives this.
+  explicit PracticeControls(PlayerBar& player, QWidget* parent = nullptr);
+
+  void setSong(QBSong* song);
+
+ signals:
+  /// From the one chord to the other, indexes in the song's `allChords`.
+  void loopWanted(int first, int last);
+
+ private:
+  QWidget* newMix();
+  QWidget* newSpeed();
+  QWidget* newLoop();
+  void loopBars();
+
+  PlayerBar& m_player;
+  ToneRoll m_roll;
+  QSpinBox* m_first = nullptr;
+  QSpinBox* m_last = nullptr;
+  QWidget* m_loop = nullptr;
+};
+
+}  // namespace korvel::ui
