@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/menus/DoubtMenu.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <cmath>
 #include <exception>
@@ -10,12 +11,24 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "ui/desktop/Preferences.h"
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/NotesDialog.h"
 #include "ui/views/TablatureView.h"
+#include "workflow/editing/doubts/PartHearing.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 
 namespace korvel::ui {
+namespace {
+
+struct WaitCursor {
+  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+};
+
+}  // namespace
 
 DoubtMenu::DoubtMenu(TablatureView& tablature, QWidget* parent)
     : QMenu(tr("&Heard Notes"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
@@ -54,6 +67,7 @@ void DoubtMenu::addCorrections() {
   addKey(tr("&Take What Else Was Heard"), tr("A"), [this] { takeOther(); });
   addSeparator();
   addAction(tr("&Fewer or More Notes ..."), this, [this] { chooseSensitivity(); });
+  addAction(tr("&Hear Selection Again"), this, [this] { hearSelection(); });
 }
 
 void DoubtMenu::prepare() {
@@ -221,6 +235,10 @@ void DoubtMenu::takeOther() {
   });
 }
 
+QString DoubtMenu::wordsOf(const NoteChanges& changes) {
+  return tr("Notes that come: %1. Notes that go: %2.").arg(changes.come).arg(changes.go);
+}
+
 std::optional<SongCorrections::Part> DoubtMenu::selectedPart() const {
   const ChordSpan selected = m_tablature.selection();
   if (selected.first < 0) return {};
@@ -230,14 +248,26 @@ std::optional<SongCorrections::Part> DoubtMenu::selectedPart() const {
 void DoubtMenu::chooseSensitivity() {
   const auto part = selectedPart();
   correct([&](SongCorrections& song) {
-    const auto preview = [&](double value) {
-      const NoteChanges changes = song.preview(value, part);
-      return tr("Notes that come: %1. Notes that go: %2.").arg(changes.come).arg(changes.go);
-    };
+    const auto preview = [&](double value) { return wordsOf(song.preview(value, part)); };
     NotesDialog dialog(preview, part.has_value(), parentWidget());
     if (dialog.exec() != QDialog::Accepted) return;
     song.decideAnew(dialog.sensitivity(), part);
   });
+}
+
+/// As the preferences have it now.
+void DoubtMenu::hearSelection() {
+  const auto part = selectedPart();
+  if (!part) return emit refused(tr("Select the chords first that are to be heard again"));
+  const HearingSettings settings = Preferences().detectionSettings();
+  QString changed;
+  correct([&](SongCorrections&) {
+    const WaitCursor waiting;
+    PartHearing hearing(*m_song, *part, settings);
+    while (hearing.step()) continue;
+    changed = wordsOf(hearing.finish());
+  });
+  if (!changed.isEmpty()) emit said(changed);
 }
 
 }  // namespace korvel::ui

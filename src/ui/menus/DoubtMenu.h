@@ -59,6 +59,8 @@ class DoubtMenu final : public QMenu {
   void takeOther();
   void dropHere();
   void chooseSensitivity();
+  void hearSelection();
+  static QString wordsOf(const NoteChanges& changes);
   QString refusal() const;
   void correct(const std::function<void(SongCorrections&)>& act);
   void keepCursorAt(double seconds);

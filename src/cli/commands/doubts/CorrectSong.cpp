@@ -1,18 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/doubts/CorrectSong.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "analysis/HearingSettings.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
+#include "cli/support/DetectionFlags.h"
 #include "cli/support/Unlogged.h"
 #include "cli/support/UsageError.h"
+#include "cli/support/choices/ChordRange.h"
 #include "cli/support/choices/SongChoice.h"
+#include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "workflow/editing/doubts/DoubtList.h"
+#include "workflow/editing/doubts/PartHearing.h"
 #include "workflow/editing/doubts/SongCorrections.h"
 
 namespace korvel::cli {
@@ -20,10 +26,13 @@ namespace {
 
 struct CorrectOptions {
   std::string song;
+  ChordRange range;  ///< None for the whole song.
   std::vector<int> accepted;
   std::vector<int> rejected;
   std::vector<int> confirmed;
-  std::optional<double> sensitivity;
+  HearingSettings settings = settingsOfFrontEnds();
+  bool decidesAnew = false;
+  bool hearsAgain = false;
 
   bool namesNotes() const { return !(accepted.empty() && rejected.empty() && confirmed.empty()); }
 };
@@ -40,6 +49,22 @@ std::vector<std::size_t> indexes(const std::vector<int>& numbers, const SongNote
   return found;
 }
 
+std::optional<SongCorrections::Part> partOf(QBSong& song, const ChordRange& range) {
+  if (range.from == 0) return {};
+  const auto [first, last] = std::minmax(range.from, range.to);
+  return SongCorrections::Part{chordAt(song, first)->position() - 1,
+                               chordAt(song, last)->position() - 1};
+}
+
+NoteChanges hearAgain(QBSong& song, const std::optional<SongCorrections::Part>& part,
+                      const HearingSettings& settings) {
+  const int last = static_cast<int>(song.allChords().size()) - 1;
+  PartHearing hearing(song, part.value_or(SongCorrections::Part{0, last}), settings);
+  while (hearing.step()) Console::attached().progress(hearing.progress());
+  Console::attached().progress(1);
+  return hearing.finish();
+}
+
 void correct(QBSong& song, const CorrectOptions& options) {
   const Unlogged quiet;
   SongCorrections corrections(song);
@@ -48,10 +73,13 @@ void correct(QBSong& song, const CorrectOptions& options) {
     corrections.correct(indexes(options.accepted, notes), indexes(options.rejected, notes),
                         indexes(options.confirmed, notes));
   }
-  if (!options.sensitivity) return;
-  const NoteChanges changes = corrections.decideAnew(*options.sensitivity);
-  Console::attached().printLine(std::to_string(changes.come) + " notes come, " +
-                                std::to_string(changes.go) + " go");
+  if (!options.hearsAgain && !options.decidesAnew) return;
+  const auto part = partOf(song, options.range);
+  const NoteChanges changes = options.hearsAgain
+                                  ? hearAgain(song, part, options.settings)
+                                  : corrections.decideAnew(options.settings.sensitivity, part);
+  Console::attached().printLine("notes that come: " + std::to_string(changes.come) +
+                                ", that go: " + std::to_string(changes.go));
 }
 
 void doCorrect(const CorrectOptions& options) {
@@ -61,27 +89,32 @@ void doCorrect(const CorrectOptions& options) {
                                 " doubtful places are left");
 }
 
+void checkCorrect(const Command& command, CorrectOptions& options) {
+  options.decidesAnew = command.isGiven("--sensitivity") && !options.hearsAgain;
+  if (!options.namesNotes() && !options.decidesAnew && !options.hearsAgain)
+    throw UsageError("--accept", "or --reject, --confirm, --sensitivity or --hear-again is needed");
+  for (const char* flag : {"--position", "--frets", "--capo"})
+    if (command.isGiven(flag) && !options.hearsAgain)
+      throw UsageError(flag, "goes with --hear-again");
+}
+
 }  // namespace
 
 void addCorrectSong(Command& tool) {
   Command& command = tool.command("correct", "Correct what was heard wrong in a song");
   auto& options = command.own<CorrectOptions>();
   needStoredSong(command, options.song);
+  addRange(command, options.range);
   command.option("--accept", options.accepted, "Take the candidates of these numbers for notes")
       .shownAs("NUMBER...");
   command.option("--reject", options.rejected, "Drop the notes of these numbers")
       .shownAs("NUMBER...");
   command.option("--confirm", options.confirmed, "The notes of these numbers are as they should be")
       .shownAs("NUMBER...");
-  command
-      .option("--sensitivity", options.sensitivity,
-              "Decide anew what is a note: more notes with a higher number; what was corrected "
-              "stays")
-      .within(0, 1);
-  command.checkLast([&options] {
-    if (!options.namesNotes() && !options.sensitivity)
-      throw UsageError("--accept", "or --reject, --confirm or --sensitivity is needed");
-  });
+  command.flag("--hear-again", options.hearsAgain,
+               "Hear the recording of these chords again, with the following settings");
+  addDetectionFlags(command, options.settings);
+  command.checkLast([&command, &options] { checkCorrect(command, options); });
   command.does([&options] { doCorrect(options); });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/doubts/CorrectedBars.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -59,7 +60,7 @@ void CorrectedBars::remove(const SongNote& note) {
   chord.hold()->deleteTone(tone);
   tonesChanged(chord);
   goOnRinging(index, note.note.string, note.note.fret, ticks);
-  if (!hasTones(chord)) m_bars.joinToBefore(index);
+  if (!hasTones(chord)) m_emptied.emplace_back(&chord);
 }
 
 /// The tone that was cut where the same one was not struck again after all.
@@ -86,7 +87,9 @@ int CorrectedBars::tickOf(const fingering::Note& note) const {
 
 std::optional<std::size_t> CorrectedBars::chordFor(const SongNote& note) {
   QBChord& around = *m_before.at(static_cast<std::size_t>(note.chord));
-  if (hasTones(around) && std::abs(struckAt(around) - note.note.onset) <= SongNotes::kWithChord)
+  const bool isStruck =
+      hasTones(around) || std::ranges::count(m_emptied, &around, &platform::Ref<QBChord>::get) > 0;
+  if (isStruck && std::abs(struckAt(around) - note.note.onset) <= SongNotes::kWithChord)
     return m_bars.indexOf(around);
   return m_bars.beginAt(tickOf(note.note) - m_time.begin());
 }
@@ -116,6 +119,8 @@ std::optional<NeckPlace> CorrectedBars::add(const SongNote& note, const StringCh
 }
 
 void CorrectedBars::finish() {
+  for (const auto& chord : m_emptied)
+    if (!hasTones(*chord)) m_bars.joinToBefore(m_bars.indexOf(*chord));
   m_bars.finish();
   m_song.forgetCaches();
 }

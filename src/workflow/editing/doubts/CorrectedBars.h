@@ -27,6 +27,7 @@ class CorrectedBars final : public CorrectedChords {
   QBSong& m_song;
   const SongTime m_time;  ///< Of the song as it was.
   const std::vector<platform::Ref<QBChord>> m_before;
+  std::vector<platform::Ref<QBChord>> m_emptied;  ///< They stay until it is known what comes.
   BeatBars m_bars;
   bool m_isCompound;
 };

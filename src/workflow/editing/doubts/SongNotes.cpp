@@ -194,7 +194,7 @@ std::vector<Listed> listOf(const rhythm::HeardNotes& heard, const HeardPart& par
 
 }  // namespace
 
-SongNotes::SongNotes(QBSong& song) { find(song); }
+SongNotes::SongNotes(QBSong& song, Arranged arranged) { find(song, arranged); }
 
 std::optional<UserText> SongNotes::refusal(QBSong& song) {
   if (!song.recording())
@@ -216,11 +216,11 @@ std::optional<UserText> SongNotes::refusal(QBSong& song) {
   return {};
 }
 
-void SongNotes::find(QBSong& song) {
+void SongNotes::find(QBSong& song, Arranged arranged) {
   const auto heard = heardOf(song);
   if (!heard) return;
   const HeardPart part(song, rhythm::notesBy(heard->notes, heard->corrections));
-  if (!part.isAsHeard()) return;
+  if (!part.isAsHeard() && arranged == Arranged::hasNone) return;
   StruckChords chords(song);
   for (const Listed& each :
        listOf(rhythm::withHeardAgain(heard->notes, heard->corrections.again), part)) {

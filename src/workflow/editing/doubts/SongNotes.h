@@ -41,7 +41,10 @@ class SongNotes {
  public:
   /// A song without a recording, one that was arranged from what was heard, or one of which what
   /// was heard cannot be read any more has no notes.
-  explicit SongNotes(QBSong& song);
+  explicit SongNotes(QBSong& song) : SongNotes(song, Arranged::hasNone) {}
+  /// What a song that was arranged from what was heard has of it.
+  enum class Arranged { hasNone, hasSome };
+  SongNotes(QBSong& song, Arranged arranged);
 
   /// Why a song has none, in a line for the user; none for one that has.
   static std::optional<platform::UserText> refusal(QBSong& song);
@@ -63,7 +66,7 @@ class SongNotes {
   static constexpr double kWithChord = 0.06;
 
  private:
-  void find(QBSong& song);
+  void find(QBSong& song, Arranged arranged);
 
   std::vector<SongNote> m_notes;
 };

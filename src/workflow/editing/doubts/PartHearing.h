@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "analysis/HearingSettings.h"
+#include "platform/persistence/Ref.h"
+#include "rhythm/stored/NoteCorrections.h"
+#include "workflow/editing/doubts/SongCorrections.h"
+
+namespace korvel {
+
+class QBSong;
+class Transcription;
+
+/// Hears a part of a song's recording again, with other settings, into the same place: what is
+/// heard otherwise comes and goes, and what the user has decided stays. Beats and bars do, too.
+///
+/// Step until it answers false, then finish, on the main thread; to give up, drop it.
+class PartHearing {
+ public:
+  /// By indexes in `allChords`. Throws EditRefused when the recording does not lie where it was, or
+  /// is another one by now, and as SongCorrections does.
+  PartHearing(QBSong& song, const SongCorrections::Part& part, const HearingSettings& settings);
+  ~PartHearing();
+
+  bool step();
+  double progress() const;
+  /// One undoable action, "Hear Part Again", which is saved.
+  NoteChanges finish();
+
+ private:
+  struct Placing;
+
+  void findTimes(const SongCorrections::Part& part);
+  rhythm::HeardAgain heard() const;
+
+  platform::Ref<QBSong> m_song;
+  double m_from = 0;   ///< Seconds of the recording.
+  double m_to = 0;     ///< Likewise.
+  double m_begin = 0;  ///< Where it listens from, so that it knows what sounds before.
+  std::unique_ptr<Transcription> m_listening;
+};
+
+}  // namespace korvel
