@@ -77,8 +77,8 @@ void RollView::beginDrag() {
   if (std::ranges::find(m_chosen, place) == m_chosen.end()) m_chosen = {place};
 }
 
-/// What is clicked is heard; a tone goes by it, and a candidate becomes one. Shift only has it
-/// played, and Ctrl chooses it.
+/// What is clicked is heard in the recording, if there is one; a tone goes by it, and a candidate
+/// becomes one. With Shift the synthesiser plays it, and Ctrl chooses it; nothing changes then.
 void RollView::click() {
   const bool plays = m_gesture.keys & Qt::ShiftModifier;
   const bool chooses = m_gesture.keys & Qt::ControlModifier;
@@ -90,7 +90,7 @@ void RollView::click() {
     if (plays) return emit pitchWanted(tone.pitch, kShortest);
     listenTo(m_roll.begin(tone.chord), tone.steps);
     if (chooses) return toggleChosen(place);
-    emit dropWanted(place, note);
+    if (m_backdrop.time().isKnown()) emit dropWanted(place, note);
   } else if (m_gesture.candidate) {
     const RollNotes::Candidate candidate = m_notes.candidates[*m_gesture.candidate];
     if (plays) return emit pitchWanted(candidate.pitch, kShortest);

@@ -67,7 +67,7 @@ TEST_F(RollViewTest, tonesAreDrawnMovedAndMadeLonger) {
   const QSignalSpy longer(&m_view, &RollView::tonesLengthened);
   const double beat = m_view.chordRect(1).left() - m_view.chordRect(0).left();
   const int lane = (middle(0, 1).y() - middle(4, 5).y()) / (67 - 45);
-  drag(middle(1, 1) - QPoint(0, 3 * lane), QPoint(static_cast<int>(beat * 0.6), 0));
+  drag(middle(1, 1) + QPoint(3, -3 * lane), QPoint(static_cast<int>(beat * 0.6), 0));
   ASSERT_EQ(drawn.count(), 1);
   EXPECT_EQ(drawn[0][0].toInt(), 48);
   EXPECT_NEAR(drawn[0][1].toDouble(), 18, 0.1) << "the middle of the second beat";
