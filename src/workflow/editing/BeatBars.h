@@ -30,6 +30,8 @@ class BeatBars {
   /// Whether a song is on beats and each of its chords is in a bar and has a length.
   static bool areIn(QBSong& song);
 
+  /// How many chords there are now.
+  std::size_t size() const { return m_chords.size(); }
   /// In simple time a sixteenth has three ticks, in compound time two.
   int ticksOfSixteenthAt(std::size_t chord) const;
   /// How long a chord is written: itself, and those without tones through which all of its own
