@@ -323,6 +323,14 @@
 <context>
     <name>Message</name>
     <message>
+        <source>the song does not reach to there</source>
+        <translation>so weit reicht der Song nicht</translation>
+    </message>
+    <message>
+        <source>no sound in it can be decoded</source>
+        <translation>Darin lässt sich kein Ton dekodieren</translation>
+    </message>
+    <message>
         <source>the program&apos;s own store is missing</source>
         <translation>Die Datenbank des Programms fehlt</translation>
     </message>
@@ -1856,6 +1864,14 @@
 </context>
 <context>
     <name>UndoAction</name>
+    <message>
+        <source>Remove Tones</source>
+        <translation>Töne entfernen</translation>
+    </message>
+    <message>
+        <source>Move Tones</source>
+        <translation>Töne verschieben</translation>
+    </message>
     <message>
         <source>Extract 2nd</source>
         <translation>2. Stimme herauslösen</translation>
@@ -3940,6 +3956,13 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
 </context>
 <context>
+    <name>korvel::ui::RollEdits</name>
+    <message>
+        <source>Stop playing first, then edit</source>
+        <translation>Erst die Wiedergabe anhalten, dann bearbeiten</translation>
+    </message>
+</context>
+<context>
     <name>korvel::ui::RollView</name>
     <message>
         <source>Roll</source>
@@ -3949,6 +3972,26 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>Chord %1, %2. %3</source>
         <comment>number, time, tones</comment>
         <translation>Akkord %1, %2. %3</translation>
+    </message>
+    <message>
+        <source>%1, not taken for a note, %2 per cent</source>
+        <comment>pitch, probability</comment>
+        <translation>%1, nicht als Ton übernommen, %2 Prozent</translation>
+    </message>
+    <message>
+        <source>%1, %2, fret %3</source>
+        <comment>pitch, string, fret</comment>
+        <translation>%1, %2, Bund %3</translation>
+    </message>
+    <message>
+        <source>%1, as you decided</source>
+        <comment>a tone</comment>
+        <translation>%1, wie du entschieden hast</translation>
+    </message>
+    <message>
+        <source>%1, %2 per cent</source>
+        <comment>a tone, its probability</comment>
+        <translation>%1, %2 Prozent</translation>
     </message>
 </context>
 <context>
@@ -4226,6 +4269,21 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>&amp;Song</source>
         <translation>&amp;Song</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::SoundBackdrop</name>
+    <message>
+        <source>The recording %1 is not there any more, so that there is no picture of it</source>
+        <translation>Die Aufnahme %1 ist nicht mehr da, darum gibt es kein Bild von ihr</translation>
+    </message>
+    <message>
+        <source>The recording %1 has changed since, so that there is no picture of it</source>
+        <translation>Die Aufnahme %1 hat sich seitdem geändert, darum gibt es kein Bild von ihr</translation>
+    </message>
+    <message>
+        <source>The recording %1 cannot be read, so that there is no picture of it</source>
+        <translation>Die Aufnahme %1 lässt sich nicht lesen, darum gibt es kein Bild von ihr</translation>
     </message>
 </context>
 <context>

@@ -26,7 +26,8 @@ LoopEnds loopEnds() { return Preferences().loopsBars() ? LoopEnds::atBars : Loop
 
 }  // namespace
 
-ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_views(views) {
+ShownSong::ShownSong(const Views& views, QObject* parent)
+    : QObject(parent), m_views(views), m_rollEdits(views.roll) {
   TablatureView& tablature = m_views.tablature;
   RollView& roll = m_views.roll;
   PlayerBar& player = m_views.player;
@@ -54,6 +55,10 @@ ShownSong::ShownSong(const Views& views, QObject* parent) : QObject(parent), m_v
   connect(&roll, &RollView::chordChosen, this,
           [&tablature](int chord) { tablature.moveCursor(chord, tablature.cursorString()); });
   connect(&roll, &RollView::beatDragged, &m_views.edits.rhythm(), &RhythmMenu::dragBeat);
+  connect(&roll, &RollView::listenAt, &m_views.moments, &Moments::listenAt);
+  connect(&roll, &RollView::pitchWanted, &m_views.moments, &Moments::strike);
+  connect(&m_rollEdits, &RollEdits::edited, this, &ShownSong::refresh);
+  connect(&m_rollEdits, &RollEdits::refused, this, &ShownSong::refused);
   connect(&m_views.edits, &EditMenu::edited, this, &ShownSong::refresh);
   connect(&player, &PlayerBar::moved, this, &ShownSong::showPlaying);
   connect(&player, &PlayerBar::resetLoopWanted, this, &ShownSong::resetLoop);
@@ -64,6 +69,7 @@ void ShownSong::set(QBSong* song) {
   m_views.tablature.sayPlace();  // the tree tells of its current row as if it had the focus
   m_views.fretboard.setSong(song);
   m_views.roll.setSong(song);
+  m_rollEdits.setSong(song);
   m_views.edits.setSong(song);
   m_views.player.setSong(song);
   m_views.practice.setSong(song);
@@ -89,6 +95,7 @@ void ShownSong::showPlaying() {
   const int chord = shown ? m_views.tablature.playingChord() : -1;
   emit heardChanged(m_views.player.song());
   m_views.edits.setLocked(shown);
+  m_rollEdits.setLocked(shown);
   m_views.roll.showPlaying(chord);
   showGrip(chord >= 0 ? chordHeldAt(*m_song, chord) : m_views.tablature.cursorChord());
 }

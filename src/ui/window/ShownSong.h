@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "platform/persistence/Ref.h"
+#include "ui/roll/RollEdits.h"
 
 namespace korvel {
 class QBSong;
@@ -66,6 +67,7 @@ class ShownSong final : public QObject {
   bool changeLoop(const std::function<void(QBSong&)>& change);
 
   Views m_views;
+  RollEdits m_rollEdits;
   platform::Ref<QBSong> m_song;
 };
 
