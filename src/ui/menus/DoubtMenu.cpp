@@ -31,7 +31,7 @@ struct WaitCursor {
 }  // namespace
 
 DoubtMenu::DoubtMenu(TablatureView& tablature, QWidget* parent)
-    : QMenu(tr("&Heard Notes"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
+    : QMenu(tr("Heard Notes"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
   m_reason->setEnabled(false);
   m_reason->setVisible(false);
   addPlaces();

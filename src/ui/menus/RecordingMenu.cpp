@@ -21,7 +21,7 @@
 namespace korvel::ui {
 
 RecordingMenu::RecordingMenu(const Parts& parts, QWidget* parent)
-    : QMenu(tr("&Recording"), parent), m_parts(parts) {
+    : QMenu(tr("Re&cording"), parent), m_parts(parts) {
   addSources();
   addSeparator();
   addAction(tr("&What Was This?"), tr("Ctrl+H"), this,

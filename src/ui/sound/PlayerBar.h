@@ -39,8 +39,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   /// The song that is shown now: it goes on as it was practised last.
   void setSong(QBSong* song);
   void setSpeed(int percent);
-  QCheckBox& metronome() { return *m_metronome; }
-  QCheckBox& countIn() { return *m_countIn; }
+  QAction& metronome() { return *m_metronome; }
+  QAction& countIn() { return *m_countIn; }
   void skipBars(int bars) { m_player.skipBars(bars); }
   /// The song that plays, or none.
   QBSong* song() const { return m_player.song(); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sound/PracticeControls.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -27,10 +28,10 @@ QHBoxLayout* rowIn(QWidget* widget) {
 }
 
 /// Two boxes for one thing.
-void keepAlike(QCheckBox& a, QCheckBox& b) {
-  b.setChecked(a.isChecked());
-  QObject::connect(&a, &QCheckBox::toggled, &b, &QCheckBox::setChecked);
-  QObject::connect(&b, &QCheckBox::toggled, &a, &QCheckBox::setChecked);
+void keepAlike(QAction& action, QCheckBox& box) {
+  box.setChecked(action.isChecked());
+  QObject::connect(&action, &QAction::toggled, &box, &QCheckBox::setChecked);
+  QObject::connect(&box, &QCheckBox::toggled, &action, &QAction::setChecked);
 }
 
 }  // namespace

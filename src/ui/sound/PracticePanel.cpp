@@ -53,6 +53,7 @@ PracticePanel::PracticePanel(PlayerBar& player, QWidget* parent)
       m_controls(new PracticeControls(player)),
       m_now(new FretboardView),
       m_next(new FretboardView) {
+  setAccessibleName(tr("Practise"));
   setFocusPolicy(Qt::StrongFocus);
   m_now->setAccessibleName(tr("Chord"));
   m_next->setAccessibleName(tr("Next chord"));

@@ -319,6 +319,10 @@
         <source>Recording found again.</source>
         <translation>Aufnahme wiedergefunden.</translation>
     </message>
+    <message>
+        <source>%1: notes that come: %2, that go: %3.</source>
+        <translation>%1: Töne, die dazukommen: %2, die wegfallen: %3.</translation>
+    </message>
 </context>
 <context>
     <name>Message</name>
@@ -1003,8 +1007,8 @@
         <translation>%1: ist nicht die Aufnahme, in der der Song gehört wurde</translation>
     </message>
     <message>
-        <source>%1: nothing is read in the metre that it was laid into; change the rhythm of the song that it was made from</source>
-        <translation>%1: In der Taktart, in die er gelegt wurde, lässt sich nichts lesen; ändere den Rhythmus des Songs, aus dem er entstand</translation>
+        <source>%1: its recording is not where it was, or was changed</source>
+        <translation>%1: Die Aufnahme liegt nicht mehr da, wo sie war, oder wurde geändert</translation>
     </message>
 </context>
 <context>
@@ -2340,6 +2344,10 @@
         <source>Find Recording</source>
         <translation>Aufnahme suchen</translation>
     </message>
+    <message>
+        <source>Hear Part Again</source>
+        <translation>Teil noch einmal hören</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -2573,10 +2581,6 @@
 <context>
     <name>korvel::ui::DoubtMenu</name>
     <message>
-        <source>&amp;Heard Notes</source>
-        <translation>&amp;Gehörte Töne</translation>
-    </message>
-    <message>
         <source>&amp;Next Doubtful Place</source>
         <translation>&amp;Nächste fragliche Stelle</translation>
     </message>
@@ -2610,7 +2614,7 @@
     </message>
     <message>
         <source>&amp;Fewer or More Notes ...</source>
-        <translation>&amp;Weniger oder mehr Töne ...</translation>
+        <translation>Weniger oder mehr Töne ...</translation>
     </message>
     <message>
         <source>No song is shown</source>
@@ -2644,6 +2648,18 @@
     <message>
         <source>Notes that come: %1. Notes that go: %2.</source>
         <translation>Töne, die kommen: %1. Töne, die gehen: %2.</translation>
+    </message>
+    <message>
+        <source>&amp;Hear Selection Again</source>
+        <translation>Auswahl noch einmal &amp;hören</translation>
+    </message>
+    <message>
+        <source>Select the chords first that are to be heard again</source>
+        <translation>Wähle zuerst die Akkorde, die noch einmal gehört werden sollen</translation>
+    </message>
+    <message>
+        <source>Heard Notes</source>
+        <translation>Gehörte Töne</translation>
     </message>
 </context>
 <context>
@@ -3646,6 +3662,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>The guitar leaves out what is played on these strings</source>
         <translation>Die Gitarre lässt aus, was auf diesen Saiten gespielt wird</translation>
     </message>
+    <message>
+        <source>Practise</source>
+        <translation>Üben</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::PractiseDialog</name>
@@ -3748,10 +3768,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
 <context>
     <name>korvel::ui::RecordingMenu</name>
     <message>
-        <source>&amp;Recording</source>
-        <translation>&amp;Aufnahme</translation>
-    </message>
-    <message>
         <source>&amp;What Was This?</source>
         <translation>&amp;Was war das?</translation>
     </message>
@@ -3769,11 +3785,11 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
     <message>
         <source>&amp;Find Recording ...</source>
-        <translation>Aufnahme &amp;suchen ...</translation>
+        <translation>Aufnahme suchen ...</translation>
     </message>
     <message>
         <source>&amp;Keep with the Song</source>
-        <translation>Beim Song &amp;behalten</translation>
+        <translation>Beim Song behalten</translation>
     </message>
     <message>
         <source>Play the &amp;Recording</source>
@@ -3802,6 +3818,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>A copy of the recording is kept with the songs</source>
         <translation>Eine Kopie der Aufnahme wird bei den Songs behalten</translation>
+    </message>
+    <message>
+        <source>Re&amp;cording</source>
+        <translation>Aufnahme</translation>
     </message>
 </context>
 <context>
@@ -4169,7 +4189,7 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
     <message>
         <source>&amp;Keep copies of recordings with the songs</source>
-        <translation>&amp;Kopien von Aufnahmen bei den Songs behalten</translation>
+        <translation>Kopien von Aufnahmen bei den Songs behalten</translation>
     </message>
 </context>
 <context>

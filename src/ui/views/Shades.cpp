@@ -41,7 +41,7 @@ Shades::Shades(const QPalette& palette)
       ruler(mixed(base, text, 0.06)),
       loop(mixed(base, accent, 0.14)),
       chosen(mixed(base, accent, 0.3)),
-      doubt(mixed(base, palette.color(QPalette::LinkVisited), 0.18)) {}
+      doubt(mixed(base, palette.color(QPalette::LinkVisited), 0.09)) {}
 
 QColor mixed(const QColor& first, const QColor& second, double share) {
   const auto mix = [share](float a, float b) {

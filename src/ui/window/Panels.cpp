@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTimer>
 
 #include "ui/desktop/Preferences.h"
@@ -68,6 +69,16 @@ class KeptWidth final : public QObject {
   int m_settling = 0;       ///< Changes of the window that the panel has yet to follow.
 };
 
+/// A panel that wants more room than it gets does not take it from the others.
+QWidget* scrolled(QWidget* content) {
+  auto* area = new QScrollArea;
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidgetResizable(true);
+  area->setWidget(content);
+  return area;
+}
+
 }  // namespace
 
 Panels::Panels(QMainWindow& window, const Contents& contents) : m_window(window) {
@@ -80,7 +91,8 @@ Panels::Panels(QMainWindow& window, const Contents& contents) : m_window(window)
   m_log = add(tr("Log"), "log", contents.log, Qt::BottomDockWidgetArea);
   m_jobs = add(tr("Jobs"), "jobs", contents.jobs, Qt::BottomDockWidgetArea);
   m_record = add(tr("Record"), "record", contents.record, Qt::BottomDockWidgetArea);
-  m_practice = add(tr("Practise"), "practice", contents.practice, Qt::BottomDockWidgetArea);
+  m_practice =
+      add(tr("Practise"), "practice", scrolled(contents.practice), Qt::BottomDockWidgetArea);
   arrange();
   new KeptWidth(window, *m_library);
 }
