@@ -10,8 +10,10 @@
 #include "support/sound/HandAudio.h"
 #include "support/store/ScratchFolder.h"
 #include "support/store/StandardStore.h"
+#include "workflow/playing/MomentPlayer.h"
 #include "workflow/playing/PracticeMemory.h"
 #include "workflow/playing/QBPlayerViewController.h"
+#include "workflow/playing/RecordedMoment.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
@@ -111,6 +113,25 @@ TEST_F(RecordedPlayingTest, loopsOfTheRecordingKeepTimeAndGetFaster) {
   m_player.skipBars(-9);
   EXPECT_NEAR(*m_player.recordedSeconds(), 4 * kSecondsOfChord, 0.4);
   m_player.stop();
+}
+
+TEST_F(RecordedPlayingTest, aMomentIsHeardAlone) {
+  MomentPlayer moments([this](bool withGuitar) {
+    EXPECT_FALSE(withGuitar);
+    return newPlayer();
+  });
+  const auto moment = momentOf(*m_song, 3);
+  ASSERT_TRUE(moment);
+  EXPECT_NEAR(moment->second, 3 * kSecondsOfChord, 1e-6);
+  EXPECT_TRUE(moments.hear(*m_song, moment->second, kSecondsOfChord + 0.05).empty());
+  for (int i = 0; i < 100; ++i) {
+    m_device->deck()->awaitAhead(std::chrono::seconds(20));
+    m_audio.play(512);
+  }
+  const auto heard = onsets();
+  ASSERT_EQ(heard.size(), 1U) << "of the chord behind it, at its end";
+  EXPECT_NEAR(static_cast<double>(heard[0]), 16384, 100);
+  moments.stop();
 }
 
 TEST_F(RecordedPlayingTest, whatIsGoneIsSaidAndFoundAgainByItsContent) {

@@ -36,6 +36,7 @@ void putInPlace(QBSong& heard, QBSong& song) {
   heard.setTitle(song.title());
   heard.setDescr(song.descr());
   heard.setTempoRate(song.tempoRate());
+  if (!song.practice().empty()) heard.setPractice(song.practice());
   heard.setAlbum(song.album());
   if (renamed || !edited.empty()) redraw(heard);
   song.album()->deleteSong(&song);
