@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kBytesOfFrame = DecodedSound::kChannels * sizeof(std::int16_t);
 constexpr float kFullScale = 32768;
-constexpr std::size_t kFramesOfPiece = 1024;
+constexpr std::size_t kFramesReadAtOnce = 1024;
 
 std::unique_ptr<StereoReader> readerOf(const std::filesystem::path& file) {
   const MediaAsset asset(file);
@@ -68,7 +68,7 @@ bool DecodedSound::keep(std::span<const std::int16_t> samples) {
 }
 
 void DecodedSound::read(std::int64_t frame, std::span<float> samples) const {
-  std::array<std::int16_t, kFramesOfPiece * kChannels> piece{};
+  std::array<std::int16_t, kFramesReadAtOnce * kChannels> piece{};
   while (!samples.empty()) {
     const std::size_t count = std::min(samples.size(), piece.size());
     const auto frames = static_cast<std::int64_t>(count / kChannels);

@@ -27,7 +27,7 @@ constexpr double kMostHalfTones = 12;
 constexpr int kStringsOfGuitar = 6;
 constexpr int kSpeedStep = 5;
 
-QSpinBox* number(int least, int most, int value, const QString& name, const QString& suffix) {
+QSpinBox* numberBox(int least, int most, int value, const QString& name, const QString& suffix) {
   auto* box = new QSpinBox;
   box->setRange(least, most);
   box->setValue(value);
@@ -36,7 +36,7 @@ QSpinBox* number(int least, int most, int value, const QString& name, const QStr
   return box;
 }
 
-QWidget* titled(const QString& title, QWidget* neck) {
+QWidget* withTitle(const QString& title, QWidget* neck) {
   auto* group = new QWidget;
   auto* column = new QVBoxLayout(group);
   column->setContentsMargins(0, 0, 0, 0);
@@ -60,8 +60,8 @@ PracticePanel::PracticePanel(PlayerBar& player, QWidget* parent)
   auto* row = new QHBoxLayout(this);
   row->addWidget(m_controls);
   row->addWidget(newControls());
-  row->addWidget(titled(tr("Now"), m_now), 1);
-  row->addWidget(titled(tr("Next"), m_next), 1);
+  row->addWidget(withTitle(tr("Now"), m_now), 1);
+  row->addWidget(withTitle(tr("Next"), m_next), 1);
   for (FretboardView* neck : {m_now, m_next}) {
     neck->setFocusPolicy(Qt::NoFocus);
     neck->installEventFilter(this);
@@ -85,9 +85,9 @@ QWidget* PracticePanel::newControls() {
 void PracticePanel::addRamp(QGridLayout& rows) {
   m_faster = new QCheckBox(tr("&Faster and faster"));
   m_faster->setToolTip(tr("A loop begins slower and gets faster, up to the speed that is set"));
-  m_from = number(10, 100, 60, tr("Begins at"), " %");
-  m_step = number(1, 50, 5, tr("Faster by"), " %");
-  m_rounds = number(1, 16, 2, tr("After so many rounds"), {});
+  m_from = numberBox(10, 100, 60, tr("Begins at"), " %");
+  m_step = numberBox(1, 50, 5, tr("Faster by"), " %");
+  m_rounds = numberBox(1, 16, 2, tr("After so many rounds"), {});
   rows.addWidget(m_faster, 0, 0);
   rows.addWidget(m_from, 0, 1);
   rows.addWidget(new QLabel(tr("then")), 1, 0, Qt::AlignRight);
