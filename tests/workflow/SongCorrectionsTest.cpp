@@ -30,22 +30,23 @@ Note struck(double onset, int string, int fret, float probability = 1) {
   note.pitch = kStandardPitches[static_cast<std::size_t>(string)] + fret;
   note.string = string;
   note.fret = fret;
-  note.strength = probability < 1 ? 0.2F : 1.2F;
+  note.strength = probability < 1 ? 0.2F : 3;
   note.probability = probability;
   note.amplitude = 0.1F;
   return note;
 }
 
-/// Eight bars of grips on each beat, 100 a minute; between two of them a note that was none, and a
-/// note of one that was not taken.
+/// Eight bars of grips on each beat, 100 a minute, with a bass note after each second one; between
+/// two others a note that was none, and a note of one that was not taken.
 rhythm::HeardNotes heardGrips() {
   rhythm::HeardNotes heard;
   for (int beat = 0; beat < 32; ++beat) {
     for (int string = 2; string < 5; ++string)
       heard.taken.push_back(struck(1 + 0.6 * beat, string, beat / 4 % 2 == 0 ? 0 : 2));
+    if (beat % 2 == 0) heard.taken.push_back(struck(1.3 + 0.6 * beat, 0, 3));
     if (beat == 9) heard.taken.push_back(struck(1.3 + 0.6 * beat, 4, 1, 0.6F));
   }
-  heard.doubtful.push_back(struck(1 + 0.6 * 14, 1, 2, 0.4F));
+  heard.doubtful.push_back(struck(1 + 0.6 * 15, 1, 2, 0.49F));
   heard.doubtful.back().string = heard.doubtful.back().fret = -1;
   return heard;
 }

@@ -111,7 +111,7 @@ void DoubtMenu::mark() {
     DoubtMark& mark = marks[place.chord];
     for (const Doubt& doubt : place.doubts) {
       const int string = (*m_notes)[doubt.note].note.string;
-      if (string >= 0) mark.strings |= 1U << string;
+      if (string >= 0 && doubt.kind != Doubt::Kind::chord) mark.strings |= 1U << string;
       if (!mark.words.isEmpty()) mark.words += tr("; ", "between two things that may be wrong");
       mark.words += translated(doubt.reason);
     }

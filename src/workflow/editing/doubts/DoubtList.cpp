@@ -182,8 +182,10 @@ class Doubts {
     std::vector<std::size_t> open;
     for (const std::size_t i : m_place.struck)
       if (!m_notes[i].isLocked) open.push_back(i);
-    if (const auto least = std::ranges::min_element(open, {}, probability); least != open.end())
-      doubts.push_back(doubtOf(*least));
+    const auto least = std::ranges::min_element(open, {}, probability);
+    if (least == open.end()) return;
+    const bool isChord = m_place.struck.size() > 1;
+    doubts.push_back(isChord ? Doubt{*least, Doubt::Kind::chord} : doubtOf(*least));
   }
 
   Doubt doubtOf(std::size_t note) const {

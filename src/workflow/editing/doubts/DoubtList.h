@@ -21,9 +21,11 @@ struct Doubt {
     octave,    ///< It may be another one, which is a candidate, an octave or more above or below.
     restrike,  ///< The note of its pitch before it may only ring on.
     missing,   ///< A candidate may be a note.
+    chord,     ///< Of what is struck together not all may be there, or something else.
   };
 
-  std::size_t note = 0;  ///< In the song's notes: the one that may be none, or the candidate.
+  /// In the song's notes: the one that may be none, or the candidate; of a chord the least probable.
+  std::size_t note = 0;
   Kind kind = Kind::note;
   /// In the song's notes: the candidate that may be meant, or the note of which it is an overtone.
   std::optional<std::size_t> other{};
@@ -47,7 +49,6 @@ struct DoubtfulPlace {
 /// Computed once, from the song's notes.
 class DoubtList {
  public:
-
   DoubtList() = default;
   DoubtList(QBSong& song, const SongNotes& notes);
 

@@ -37,6 +37,8 @@ UserText reasonOf(const Doubt& doubt, const SongNotes& notes, const OpenPitches&
   const fingering::Note& note = notes[doubt.note].note;
   if (doubt.kind == Doubt::Kind::missing || note.string < 0)
     return {phrase("Doubt", "perhaps %1 is missing"), noteName(note.pitch)};
+  if (doubt.kind == Doubt::Kind::chord)
+    return phrase("Doubt", "perhaps not all notes of this chord are right");
   const UserText place = placeOnNeck(open, note.string, note.fret);
   const std::string other = doubt.other ? noteName(notes[*doubt.other].note.pitch) : "";
   switch (doubt.kind) {
@@ -47,6 +49,7 @@ UserText reasonOf(const Doubt& doubt, const SongNotes& notes, const OpenPitches&
     case Doubt::Kind::restrike:
       return {phrase("Doubt", "%1: perhaps it only rings on"), place};
     case Doubt::Kind::missing:
+    case Doubt::Kind::chord:
     case Doubt::Kind::note:
       break;
   }

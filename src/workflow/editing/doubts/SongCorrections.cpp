@@ -226,7 +226,7 @@ void SongCorrections::eachChange(const SongNotes& notes, double sensitivity,
   const double threshold = precise::thresholdOf(sensitivity);
   for (std::size_t i = 0; i < notes.size(); ++i) {
     const SongNote& note = notes[i];
-    if (note.isLocked || note.chord < 0) continue;
+    if (note.isLocked || note.isLeftOut || note.chord < 0) continue;
     if (part && (note.chord < part->first || note.chord > part->last)) continue;
     if (const bool wanted = isWanted(note, threshold); wanted != note.isIn) change(i, wanted);
   }

@@ -240,6 +240,7 @@ void SongNotes::find(QBSong& song, Arranged arranged) {
       note.note.string = isThere ? place.string : -1;
       note.note.fret = isThere ? place.fret : -1;
       if (isThere != isIn && place.isEdited) note.isLocked = true;
+      if (isIn && !isThere) note.isLeftOut = true;
       note.isIn = isThere;
     }
 }

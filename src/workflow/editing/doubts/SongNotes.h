@@ -30,6 +30,8 @@ struct SongNote {
   /// Index in the song's `allChords` of the chord in which it is struck, or for a candidate of the
   /// one during which it would be; -1 for one that lies outside of the song.
   int chord = -1;
+  /// It is to be in the song, but another one is on its string there, or no hand could play it.
+  bool isLeftOut = false;
 };
 
 /// All notes that were heard in the recording of a song, as the song has them now. Computed once:
