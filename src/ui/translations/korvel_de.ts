@@ -58,6 +58,10 @@
         <source>%1: perhaps no note</source>
         <translation>%1: vielleicht kein Ton</translation>
     </message>
+    <message>
+        <source>perhaps not all notes of this chord are right</source>
+        <translation>vielleicht stimmen nicht alle Töne dieses Akkords</translation>
+    </message>
 </context>
 <context>
     <name>Duration</name>
