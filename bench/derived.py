@@ -46,9 +46,9 @@ def real_set(recordings, folder):
     return write_index(folder, clips)
 
 
-def in_rooms(project, recordings, folder):
+def in_rooms(project, recordings, folder, *options):
     subprocess.run([sys.executable, project / ROOMS, "--set", recordings, "--out", folder,
-                    "--seed", str(FIRST_SEED_TO_MEASURE)], check=True)
+                    "--seed", str(FIRST_SEED_TO_MEASURE), *options], check=True)
     return folder
 
 

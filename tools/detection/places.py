@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Places that a guitar is recorded in: its body, the room around it, the microphone before it.
+"""Places that a guitar is recorded in: its body, the room around it, the microphone before it. They
+ring at frequencies of their own, whatever is played. And an amplifier that all strings share.
 
-What they have in common is that they ring at frequencies of their own, whatever is played. Each
-takes a random generator that answers like numpy's RandomState.
+Each takes a random generator that answers like numpy's RandomState.
 """
 import numpy as np
 from scipy.signal import butter, fftconvolve, iirpeak, lfilter
@@ -70,3 +70,17 @@ def by_microphone(y, r):
 
 def recorded(y, r):
     return by_microphone(in_room(through_body(y, r), r), r)
+
+
+def amplified(y, r):
+    """Driven until it distorts: mildly, or so that a stroke is no louder than what it leaves."""
+    b, a = butter(1, float(r.uniform(80, 700)) / (RATE / 2), 'high')
+    sound = lfilter(b, a, y)
+    sound /= np.sqrt((sound ** 2).mean()) + 1e-9
+    drive, bias = decibels(float(r.uniform(-12, 24))), float(r.uniform(0, .3))
+    sound = np.tanh(drive * sound + bias) - np.tanh(bias)
+    b, a = butter(int(r.randint(1, 5)), float(r.uniform(2500, 6000)) / (RATE / 2))
+    sound = lfilter(b, a, sound)
+    b, a = butter(1, float(r.uniform(50, 120)) / (RATE / 2), 'high')
+    sound = lfilter(b, a, sound)
+    return sound / (np.abs(sound).max() + 1e-9) * decibels(-float(r.uniform(1, 12)))

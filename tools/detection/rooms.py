@@ -2,12 +2,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Plays labelled recordings in rooms and records them again, to measure how the detection hears there.
 
-Usage: rooms.py --set DIR --out DIR [--seed N] [--rooms N]
+Usage: rooms.py --set DIR --out DIR [--seed N] [--rooms N] [--amplifiers]
 
 --set is a set of labelled recordings, as bench/labelled.py describes them, of which the variants are
 left out; --out becomes another one. Every recording goes through --rooms bodies, rooms and
 microphones of its own (1 by default), which follow from the seed. Those of a fit have seeds below
-1000, those that are measured with from 1000 on.
+1000, those that are measured with from 1000 on. With --amplifiers they go through distorting amplifiers
+in place of rooms.
 """
 import argparse
 import json
@@ -35,9 +36,9 @@ def mono(file):
 
 
 def record(clip, options, number):
-    name = '%s_room%d' % (clip['clip'], number)
-    y = places.recorded(mono(os.path.join(options.set, clip['audio'])),
-                        generator(options.seed, name))
+    name = '%s_%s%d' % (clip['clip'], 'amplifier' if options.amplifiers else 'room', number)
+    change = places.amplified if options.amplifiers else places.recorded
+    y = change(mono(os.path.join(options.set, clip['audio'])), generator(options.seed, name))
     soundfile.write(os.path.join(options.out, name + '.wav'), y, places.RATE, subtype='PCM_16')
     with open(os.path.join(options.set, clip['clip'] + '.json')) as file:
         truth = json.load(file)
@@ -54,6 +55,7 @@ def main():
     parser.add_argument('--out', required=True, metavar='DIR')
     parser.add_argument('--seed', type=int, default=1000)
     parser.add_argument('--rooms', type=int, default=1)
+    parser.add_argument('--amplifiers', action='store_true')
     options = parser.parse_args()
     with open(os.path.join(options.set, 'index.json')) as file:
         clips = [clip for clip in json.load(file) if not clip['kind'].startswith('variant')]
