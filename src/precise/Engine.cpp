@@ -21,7 +21,6 @@
 #include "precise/judging/NoteFormula.h"
 #include "precise/judging/Observer.h"
 #include "precise/judging/OnsetIndex.h"
-#include "precise/judging/ReattackFormula.h"
 #include "precise/judging/Tables.h"
 #include "precise/judging/Tracker.h"
 #include "precise/seeing/Flux.h"
@@ -34,6 +33,9 @@
 #include "precise/solving/CoefficientTable.h"
 #include "precise/solving/NonNegativeSolver.h"
 #include "precise/solving/PluckedStrings.h"
+#include "precise/striking/ReattackFormula.h"
+#include "precise/striking/StrikeInputs.h"
+#include "precise/striking/StrikeNet.h"
 
 namespace korvel::precise {
 namespace {
@@ -134,6 +136,7 @@ class Engine::State {
   double m_tuningOffset = 0;
   double m_energy = 0;
   FrameTable m_spectra;
+  FrameTable m_turns;
   std::optional<Flux> m_flux;
   Levels m_levels;
   Dictionary m_dictionary;
@@ -236,12 +239,14 @@ Slices Engine::State::tune() {
 Slices Engine::State::see() {
   FrontEnd frontEnd(m_tuningOffset);
   m_spectra = FrameTable(m_frames, kBins);
+  m_turns = FrameTable(m_frames, kOnsetBins);
   m_flux.emplace(m_frames);
   for (std::size_t t = 0; t < m_frames; t += 2) {
     const auto frame = static_cast<Frame>(t);
     frontEnd.look(m_recording, frame);
     for (std::size_t i = 0; i < std::min<std::size_t>(2, m_frames - t); ++i) {
       std::ranges::copy(frontEnd.spectrum(i), m_spectra.row(t + i).begin());
+      std::ranges::copy(frontEnd.turns(i), m_turns.row(t + i).begin());
       m_flux->add(frontEnd.onsetSpectrum(i));
     }
     m_recording.release(frame * static_cast<Frame>(kHop) - FrontEnd::kReach);
@@ -328,6 +333,7 @@ Slices Engine::State::learn() {
 Slices Engine::State::judgeReattacks() {
   const OnsetIndex onsets(m_candidates);
   const ReattackFormula formula(m_activations, *m_flux, onsets);
+  const StrikeInputs inputs(m_activations, m_turns, *m_flux);
   if (m_observer) m_observer->tracked(m_candidates);
   std::vector<Candidate> kept;
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
@@ -337,9 +343,9 @@ Slices Engine::State::judgeReattacks() {
                            kept.back().end == candidate.onset;
     bool struck = true;
     if (continues) {
-      const auto known = formula.features(candidate, m_candidates[i - 1]);
+      const auto known = inputs.of(candidate, formula.features(candidate, m_candidates[i - 1]));
       if (m_observer) m_observer->reattack(candidate, known);
-      struck = logistic(reattackTerms(), known) > 0.5;
+      struck = strikeOdds(known) > 0;
     }
     if (struck)
       kept.push_back(candidate);
@@ -419,9 +425,11 @@ Slices Engine::State::giveBack() {
   m_flux.reset();
   for (std::size_t end = 0; end < m_frames; end += kFramesGivenBack) {
     m_spectra.release(end);
+    m_turns.release(end);
     co_yield 0.3 + 0.7 * share(end, m_frames);
   }
   m_spectra = {};
+  m_turns = {};
 }
 
 Note Engine::State::noteOf(const Candidate& candidate) const {

@@ -60,6 +60,27 @@ TEST(FrontEnd, seesHighPitchesStartLaterThanLowOnes) {
   EXPECT_GT(levelBefore(45, 2), 1e-3);
 }
 
+// A partial that rings goes on as it did, until its phase jumps: its level need not change.
+TEST(FrontEnd, seesWhereWhatRingsIsStruckAgain) {
+  constexpr std::size_t kPitch = 30;
+  std::vector<float> samples(static_cast<std::size_t>(2 * kRate));
+  const double step = 2 * std::numbers::pi * hertzOfNote(kPitch + Analysis::kLowestPitch) / kRate;
+  for (std::size_t i = 0; i < samples.size(); ++i)
+    samples[i] = static_cast<float>(std::sin(step * static_cast<double>(i) +
+                                             (i < samples.size() / 2 ? 0 : std::numbers::pi / 2)));
+  Recording recording;
+  recording.add(samples);
+  recording.finish();
+  FrontEnd frontEnd(0);
+  for (Frame t = 0; t < 160; t += 2) {
+    frontEnd.look(recording, t);
+    const float turn = frontEnd.turns(0)[kPitch + 1];
+    const Frame away = std::abs(t - 86);
+    EXPECT_TRUE(away > 1 || turn > 0.1F) << t;
+    EXPECT_TRUE(t < 10 || away < 10 || turn < 0.01F) << t;
+  }
+}
+
 TEST(Tuning, isFoundWithinTwoCents) {
   for (const double cents : {-45.0, -20.0, 0.0, 20.0, 45.0}) {
     std::vector<float> sound(static_cast<std::size_t>(kRate));

@@ -19,7 +19,7 @@ constexpr precise::Frame kFrameStep = 7;
 /// Finite, as all numbers of the detection are. As many digits as a float needs.
 void append(std::string& text, double value) {
   std::array<char, 32> digits;
-  constexpr int kDigits = 9;
+  constexpr int kDigits = 5;
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
                                  std::chars_format::general, kDigits);
   text.append(digits.data(), end.ptr);
@@ -50,11 +50,10 @@ void FeatureFile::tracked(std::span<const Candidate> candidates) {
   for (const Candidate& candidate : candidates) appendRow(m_tracked, placeOf(candidate));
 }
 
-void FeatureFile::reattack(const Candidate& candidate,
-                           const precise::Features<precise::ReattackFeature>& known) {
+void FeatureFile::reattack(const Candidate& candidate, const precise::StrikeInputs::Inputs& known) {
   std::vector<double> row = placeOf(candidate);
   row.push_back(candidate.peak);
-  row.insert(row.end(), known.values().begin(), known.values().end());
+  row.insert(row.end(), known.begin(), known.end());
   appendRow(m_reattacks, row);
 }
 

@@ -22,7 +22,7 @@ class FeatureFile final : public precise::Observer {
  public:
   void tracked(std::span<const precise::Candidate> candidates) override;
   void reattack(const precise::Candidate& candidate,
-                const precise::Features<precise::ReattackFeature>& known) override;
+                const precise::StrikeInputs::Inputs& known) override;
   void note(const precise::Candidate& candidate,
             const precise::Features<precise::NoteFeature>& known) override;
   void frame(const precise::Candidate& note, precise::Frame frame,

@@ -9,6 +9,7 @@ import noises
 import numpy as np
 import pieces
 import places
+import restrikes
 import soundfile
 from sounds import RATE, Guitar, decibels, recorded_badly, softened
 
@@ -17,7 +18,7 @@ SOURCES = banks.SOURCES + COMPUTED
 PIECES = dict(make_set.KINDS, **pieces.KINDS)
 PERFORMANCES = ['perf-' + name for name in make_set.GS['dev']]
 # How a piece is played and recorded.
-CLEAN, HARD, ROOM = 'clean', 'hard', 'room'
+CLEAN, HARD, ROOM, AMP = 'clean', 'hard', 'room', 'amp'
 
 
 def bank_of(source):
@@ -83,6 +84,32 @@ def render_piece(folder, source, bank, kind, hard, seed):
     save(folder, places.recorded(y, r), kind, source, ROOM, notes, score.chords)
 
 
+def treated(y, r):
+    """As it sounds where it is not recorded cleanly, and a word for it."""
+    if r.rand() < .6:
+        return places.recorded(y, r), ROOM
+    if r.rand() < .6:
+        return places.amplified(y, r), AMP
+    y = recorded_badly(y, r)
+    return y * decibels(float(r.uniform(-20, -1))) / np.abs(y).max(), HARD
+
+
+def render_restruck(folder, source, bank, kind, seed):
+    """A piece whose strings are struck again while they ring: cleanly, and otherwise."""
+    r = make_set.rng('restruck%d' % seed, source, kind)
+    if kind in PERFORMANCES:
+        score, seconds = score_of(kind, r)
+        for note in score.notes:
+            note['vel'] = float(r.uniform(.3, 1))
+    else:
+        score, seconds = restrikes.KINDS[kind](r)
+    y, notes = restrikes.render(score, seconds, bank, r, detune=float(r.normal(0, 8)))
+    name = 'restruck-' + kind
+    save(folder, y, name, source, CLEAN, notes, score.chords)
+    other, how = treated(y, r)
+    save(folder, other, name, source, how, notes, score.chords)
+
+
 def render_noise(folder, source, kind):
     y = noises.render(kind, make_set.rng('nothing', source, kind))
     save(folder, y, 'nothing-' + kind, source, HARD, [], [])
@@ -96,6 +123,9 @@ def render_source(folder, source, kinds, seed):
         if not kinds or kind in kinds:
             for hard in (False, True):
                 render_piece(folder, source, bank, kind, hard, seed)
+    for kind in list(restrikes.KINDS) + PERFORMANCES:
+        if not kinds or 'restruck-' + kind in kinds:
+            render_restruck(folder, source, bank, kind, seed)
     for kind in noises.KINDS if source in COMPUTED else []:
         if not kinds or 'nothing-' + kind in kinds:
             render_noise(folder, source, kind)

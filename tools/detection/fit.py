@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Fits the formulas of the precise detection and writes their tables.
+"""Fits the formulas and the network of the precise detection and writes their tables.
 
-Usage: fit.py --clips DIR --features DIR [--keep-notes] [--out FILE]
+Usage: fit.py --clips DIR --features DIR [--only strikes|ends] [--without a,b] [--out DIR]
 
 --clips has the notes of the recordings, as render.py writes them, --features what
-korvel-detection-features wrote of them. With --keep-notes only re-attacks and ends are fitted, and
-the formulas of notes stay. Writes Tables.cpp of the source tree by default. Prints how
-well formulas do on guitars that they were not fitted on: the mean loss, and the share of the weight
-that they decide rightly.
+korvel-detection-features wrote of them. --only fits the network for strings that are struck again, or
+the formulas of ends; the rest stays. --without leaves guitars out, to measure with them. Writes
+StrikeWeights.cpp and Tables.cpp of the source tree by default. Prints how well the result does on
+guitars that it was not fitted on: the mean loss, and the share of the weight that is decided rightly.
 """
 import argparse
 import glob
@@ -20,14 +20,18 @@ import numpy as np
 
 sys.dont_write_bytecode = True
 
+import strikes
 import tables
 from company import company
 
-PRECISE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '../../src/precise/judging')
+PRECISE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '../../src/precise')
+TABLES, STRIKES = 'judging/Tables.cpp', 'striking/StrikeWeights.cpp'
 FOLDS = 4
 L2 = 3.0
 STEPS = 12
-WEIGHTS = dict(clean=1, hard=.4, room=.4)
+WEIGHTS = dict(clean=1, hard=.4, room=.4, amp=.4)
+# Of what is not clean, for the network.
+STRIKE_WEIGHT = .7
 SAME_ONSET = .06  # seconds
 # Of what a feature was, in percent; the rest is taken as the nearest of these.
 RANGE = (.2, 99.8)
@@ -44,14 +48,16 @@ class Clip:
             seen = json.load(file)
         self.source, self.hop = labels['source'], seen['hop']
         self.weight = WEIGHTS[labels['how']]
-        reattacks = np.array(seen['reattacks']).reshape(-1, REATTACK_COLUMNS + widths[0])
-        notes = np.array(seen['notes']).reshape(-1, NOTE_COLUMNS + widths[1])
+        reattacks = np.array(seen['reattacks'], np.float32).reshape(
+            len(seen['reattacks']), -1 if seen['reattacks'] else REATTACK_COLUMNS)
+        notes = np.array(seen['notes']).reshape(-1, NOTE_COLUMNS + widths[0])
         self.reattacks, self.notes = reattacks[:, REATTACK_COLUMNS:], notes[:, NOTE_COLUMNS:]
         self.pitch, self.onset, self.end, self.peak = notes[:, :4].T
         self.struck = self.struck_again(seen['tracked'], reattacks, labels['notes'])
         self.true_share = self.shares(labels['notes'])
-        self.reattack_weights = np.full(len(reattacks), self.weight)
-        frames = np.array(seen['frames']).reshape(-1, FRAME_COLUMNS + widths[2])
+        self.reattack_weights = np.full(len(reattacks), max(self.weight, STRIKE_WEIGHT),
+                                        np.float32)
+        frames = np.array(seen['frames']).reshape(-1, FRAME_COLUMNS + widths[1])
         frames = frames[self.are_of_notes(frames, labels['notes'])]
         self.frames = frames[:, FRAME_COLUMNS:].astype(np.float32)
         self.sounding = self.are_sounding(frames, labels['notes'])
@@ -133,13 +139,17 @@ class Samples:
         for fold in np.unique(self.folds):
             chosen = self.folds == fold
             found[chosen] = logistic(self.terms(terms, chosen) @ self.fit(terms, ~chosen))
-        p, y = np.clip(found, 1e-9, 1 - 1e-9), self.targets
-        loss = -(y * np.log(p) + (1 - y) * np.log(1 - p))
-        right = (p > .5) == (y > .5)
-        print('%s: %d candidates, loss %.4f, right %.4f'
-              % (name, len(y), np.average(loss, weights=self.weights),
-                 np.average(right, weights=self.weights)), flush=True)
+        report(name, found, self.targets, self.weights)
         return found
+
+
+def report(name, found, targets, weights):
+    p, y = np.clip(found, 1e-9, 1 - 1e-9), targets
+    loss = -(y * np.log(p) + (1 - y) * np.log(1 - p))
+    right = (p > .5) == (y > .5)
+    print('%s: %d candidates, loss %.4f, right %.4f'
+          % (name, len(y), np.average(loss, weights=weights),
+             np.average(right, weights=weights)), flush=True)
 
 
 def logistic(z):
@@ -171,7 +181,9 @@ def read_clips(options, widths):
     for labels in sorted(glob.glob(os.path.join(options.clips, '*.json'))):
         features = os.path.join(options.features, os.path.basename(labels))
         if os.path.exists(features):
-            clips.append(Clip(labels, features, widths))
+            clip = Clip(labels, features, widths)
+            if clip.source not in options.without.split(','):
+                clips.append(clip)
     return clips
 
 
@@ -183,14 +195,21 @@ def folds_of(clips):
     return [sources.index(clip.source) % FOLDS for clip in clips]
 
 
-def fit_reattacks(clips, folds, names):
-    samples = Samples([clip.reattacks for clip in clips], [clip.struck for clip in clips],
-                      [clip.reattack_weights for clip in clips], folds)
-    terms = tables.terms_of(names)
-    samples.probabilities('re-attacks', terms)
-    enum = 'ReattackFeature'
-    return (tables.terms_text('reattackTerms', enum, names, terms, samples.fit(terms)),
-            tables.ranges_text(enum, names, samples.least, samples.most))
+def fit_strikes(clips, folds):
+    """The text of StrikeWeights.cpp."""
+    chosen = [number for number, clip in enumerate(clips) if len(clip.reattacks)]
+    inputs = np.vstack([clips[number].reattacks for number in chosen])
+    targets = np.concatenate([clips[number].struck for number in chosen])
+    weights = np.concatenate([clips[number].reattack_weights for number in chosen])
+    of_fold = np.concatenate([np.full(len(clips[number].struck), folds[number])
+                              for number in chosen])
+    found = np.zeros(len(targets))
+    for fold in np.unique(of_fold):
+        there = of_fold == fold
+        networks = strikes.Networks(inputs[~there], targets[~there], weights[~there])
+        found[there] = logistic(networks.odds(inputs[there]))
+    report('struck again', found, targets, weights)
+    return strikes.file_text(strikes.Networks(inputs, targets, weights))
 
 
 def fit_notes(clips, folds, names):
@@ -227,31 +246,41 @@ def fit_ends(clips, folds, names):
             tables.ranges_text(enum, names, samples.least, samples.most))
 
 
+def written(options, file):
+    if options.out:
+        return os.path.join(options.out, os.path.basename(file))
+    return os.path.join(PRECISE, file)
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument('--clips', required=True, metavar='DIR')
     parser.add_argument('--features', required=True, metavar='DIR')
-    parser.add_argument('--out', default=os.path.join(PRECISE, 'Tables.cpp'), metavar='FILE')
-    parser.add_argument('--keep-notes', action='store_true')
+    parser.add_argument('--out', metavar='DIR')
+    parser.add_argument('--only', choices=['strikes', 'ends'])
+    parser.add_argument('--without', default='', help='guitars')
     options = parser.parse_args()
-    with open(os.path.join(PRECISE, 'Tables.h')) as file:
+    with open(os.path.join(PRECISE, 'judging/Tables.h')) as file:
         header = file.read()
-    reattack_names = tables.names_of(header, 'ReattackFeature')
     note_names = tables.names_of(header, 'NoteFeature')
     end_names = tables.names_of(header, 'EndFeature')
-    clips = read_clips(options, (len(reattack_names), len(note_names), len(end_names)))
+    clips = read_clips(options, (len(note_names), len(end_names)))
     folds = folds_of(clips)
-    reattack_terms, reattack_ranges = fit_reattacks(clips, folds, reattack_names)
-    if options.keep_notes:
-        with open(os.path.join(PRECISE, 'Tables.cpp')) as file:
+    if options.only != 'ends':
+        with open(written(options, STRIKES), 'w') as file:
+            file.write(fit_strikes(clips, folds))
+    if options.only == 'strikes':
+        return
+    if options.only == 'ends':
+        with open(os.path.join(PRECISE, TABLES)) as file:
             note_terms, company_terms, note_ranges = tables.notes_of(file.read())
     else:
         note_terms, company_terms, note_ranges = fit_notes(clips, folds, note_names)
     end_terms, end_ranges = fit_ends(clips, folds, end_names)
-    with open(options.out, 'w') as file:
-        file.write(tables.file_text([reattack_terms, note_terms, company_terms, end_terms,
-                                     reattack_ranges, note_ranges, end_ranges]))
+    with open(written(options, TABLES), 'w') as file:
+        file.write(tables.file_text([note_terms, company_terms, end_terms, note_ranges,
+                                     end_ranges]))
 
 
 if __name__ == '__main__':

@@ -5,6 +5,7 @@
 
 #include "precise/judging/Candidate.h"
 #include "precise/judging/Logistic.h"
+#include "precise/striking/StrikeInputs.h"
 
 namespace korvel::precise {
 
@@ -17,7 +18,7 @@ class Observer {
   /// All that may be a note, in order of pitch, equal pitches by onset. Once.
   virtual void tracked(std::span<const Candidate> candidates) = 0;
   /// A candidate that starts where the one before it ends, before it may be joined to that.
-  virtual void reattack(const Candidate& candidate, const Features<ReattackFeature>& known) = 0;
+  virtual void reattack(const Candidate& candidate, const StrikeInputs::Inputs& known) = 0;
   /// A candidate that was not joined to another. All is known of it, its company too; its
   /// probability is that which it has by itself.
   virtual void note(const Candidate& candidate, const Features<NoteFeature>& known) = 0;

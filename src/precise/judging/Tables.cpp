@@ -5,72 +5,6 @@
 
 namespace korvel::precise {
 
-std::span<const Term<ReattackFeature>> reattackTerms() {
-  using enum ReattackFeature;
-  static constexpr std::array<Term<ReattackFeature>, 59> kTerms{{
-      {One, One, -4.6574},
-      {One, Level, 1.4640},
-      {One, Ratio, -1.2815},
-      {One, Rise, 3.8963},
-      {One, RatioToBefore, -0.6224},
-      {One, Flux, 0.8818},
-      {One, FluxShare, 0.5510},
-      {One, Gap, 0.0802},
-      {One, Neighbours, -0.8899},
-      {One, NewNeighbours, 0.2348},
-      {One, Overall, -0.2830},
-      {One, Pitch, 0.5398},
-      {One, Soon, 0.0545},
-      {One, Bounce, 7.4319},
-      {One, BounceRatio, -0.5861},
-      {One, Drop, 0.6774},
-      {One, BounceOfOthers, 5.9033},
-      {One, Others, 0.3466},
-      {One, FundamentalFlux, -0.2141},
-      {One, OctaveFlux, 0.0616},
-      {One, FluxToBefore, 0.3758},
-      {One, FluxToAfter, 0.1235},
-      {One, Length, -0.5965},
-      {One, LevelShare, 2.6415},
-      {One, BounceOctaveBelow, 2.6035},
-      {One, BounceOctaveAbove, 3.6158},
-      {One, BounceTwelfth, 2.4204},
-      {One, Covered, -0.6690},
-      {One, StrongestRise, -3.5776},
-      {One, Remainder, 0.7962},
-      {One, BounceBeside, 0.1480},
-      {Level, Level, -0.6912},
-      {Ratio, Ratio, 1.3185},
-      {Rise, Rise, -1.7905},
-      {RatioToBefore, RatioToBefore, -0.1614},
-      {Flux, Flux, 0.5630},
-      {FluxShare, FluxShare, -0.5437},
-      {Gap, Gap, -0.1530},
-      {Neighbours, Neighbours, 0.3763},
-      {NewNeighbours, NewNeighbours, 0.0744},
-      {Overall, Overall, -0.3916},
-      {Pitch, Pitch, -3.6824},
-      {Bounce, Bounce, -1.2966},
-      {BounceRatio, BounceRatio, -0.9610},
-      {Drop, Drop, 0.2315},
-      {BounceOfOthers, BounceOfOthers, -5.5109},
-      {Others, Others, -0.1746},
-      {FundamentalFlux, FundamentalFlux, -0.0548},
-      {OctaveFlux, OctaveFlux, -0.0097},
-      {FluxToBefore, FluxToBefore, 0.0039},
-      {FluxToAfter, FluxToAfter, -0.1121},
-      {Length, Length, -0.1919},
-      {LevelShare, LevelShare, 0.3560},
-      {BounceOctaveBelow, BounceOctaveBelow, -1.8279},
-      {BounceOctaveAbove, BounceOctaveAbove, -5.1709},
-      {BounceTwelfth, BounceTwelfth, -2.9730},
-      {StrongestRise, StrongestRise, -0.5683},
-      {Remainder, Remainder, 0.6324},
-      {BounceBeside, BounceBeside, -5.8165},
-  }};
-  return kTerms;
-}
-
 std::span<const Term<NoteFeature>> noteTerms() {
   using enum NoteFeature;
   static constexpr std::array<Term<NoteFeature>, 72> kTerms{{
@@ -361,43 +295,6 @@ std::span<const Term<EndFeature>> endTerms() {
       {Tracked, EndResonance, -0.2901},
   }};
   return kTerms;
-}
-
-std::span<const Range> rangesOf(ReattackFeature) {
-  static constexpr std::array<Range, 31> kRanges{{
-      {1.0000, 1.0000},    // One
-      {-1.7054, 0.8792},   // Level
-      {-1.7771, 1.3334},   // Ratio
-      {-1.5314, 1.3061},   // Rise
-      {-1.7498, 1.8695},   // RatioToBefore
-      {-4.3437, 1.0083},   // Flux
-      {-4.2331, 1.5693},   // FluxShare
-      {-2.8465, 0.4039},   // Gap
-      {0.6931, 3.3322},    // Neighbours
-      {0.0000, 3.0910},    // NewNeighbours
-      {-3.4653, 2.2778},   // Overall
-      {-1.0000, 1.4500},   // Pitch
-      {0.0000, 1.0000},    // Soon
-      {0.0016, 1.5011},    // Bounce
-      {-0.1372, 1.7003},   // BounceRatio
-      {0.0000, 1.7149},    // Drop
-      {0.0000, 0.9670},    // BounceOfOthers
-      {0.0000, 6.6667},    // Others
-      {-4.6052, -0.3585},  // FundamentalFlux
-      {-4.6052, -0.4025},  // OctaveFlux
-      {-4.6971, 3.1406},   // FluxToBefore
-      {-4.0649, 3.0789},   // FluxToAfter
-      {-2.8465, 0.6916},   // Length
-      {-1.9721, 0.3109},   // LevelShare
-      {0.0000, 1.3266},    // BounceOctaveBelow
-      {0.0000, 1.0790},    // BounceOctaveAbove
-      {0.0000, 1.3093},    // BounceTwelfth
-      {0.0000, 1.0000},    // Covered
-      {-3.6125, -0.1438},  // StrongestRise
-      {-1.6373, 0.2104},   // Remainder
-      {0.0000, 1.5152},    // BounceBeside
-  }};
-  return kRanges;
 }
 
 std::span<const Range> rangesOf(NoteFeature) {

@@ -191,22 +191,20 @@ struct Range {
   double least;
   double most;
 };
-std::span<const Range> rangesOf(ReattackFeature);
 std::span<const Range> rangesOf(NoteFeature);
 std::span<const Range> rangesOf(EndFeature);
 
-/// The terms whose sum is the logarithm of the odds that a candidate is a note: of a re-attack, of
-/// any candidate by itself, of any candidate in its company. Fitted by logistic regression (L2 3.0)
+/// The terms whose sum is the logarithm of the odds that a candidate is a note: of any candidate by
+/// itself, of any candidate in its company. Fitted by logistic regression (L2 3.0)
 /// on rendered notes of seven sampled and six computed guitars: as they are, and, counting
 /// 0.4-fold, in rooms, with bodies, strings that ring along, noise and strokes of all strengths,
 /// and on clicks, drums, noise and speech without a note. A candidate counts 0.6 + its seconds, at
-/// most 2, and its target is the share of it that overlaps true notes of its pitch; that of a
-/// re-attack is whether a note starts within 60 ms. docs/detection.md has the figures.
-std::span<const Term<ReattackFeature>> reattackTerms();
+/// most 2, and its target is the share of it that overlaps true notes of its pitch.
+/// docs/detection.md has the figures.
 std::span<const Term<NoteFeature>> noteTerms();
 std::span<const Term<NoteFeature>> companyTerms();
-/// The same that a note still sounds in a frame. These and those of re-attacks were fitted on fast
-/// lines and on clips through a microphone in a room as well.
+/// The same that a note still sounds in a frame. These were fitted on fast lines and on clips
+/// through a microphone in a room as well.
 std::span<const Term<EndFeature>> endTerms();
 
 }  // namespace korvel::precise

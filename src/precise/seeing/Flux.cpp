@@ -13,6 +13,8 @@ namespace {
 
 constexpr double kLevelShare = 0.98;
 constexpr double kStrongShare = 0.95;
+/// The first bin above 2 kHz.
+constexpr std::size_t kHighBins = 59;
 /// Silence is divided by this.
 constexpr float kLeast = 1e-9F;
 
@@ -91,6 +93,12 @@ float Flux::at(std::size_t bin, Frame frame) const {
 float Flux::strongest(Frame frame) const {
   if (!contains(frame)) return 0;
   return std::ranges::max(m_rises.row(static_cast<std::size_t>(frame))) / m_level;
+}
+
+float Flux::high(Frame frame) const {
+  if (!contains(frame)) return 0;
+  const auto rises = m_rises.row(static_cast<std::size_t>(frame)).subspan(kHighBins);
+  return std::accumulate(rises.begin(), rises.end(), 0.0F) / m_level;
 }
 
 float Flux::overall(Frame frame) const {

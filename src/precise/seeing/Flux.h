@@ -39,6 +39,8 @@ class Flux {
   /// recording and the scale.
   float at(std::size_t bin, Frame frame) const;
   float strongest(Frame frame) const;
+  /// How much all above 2 kHz rises, where a stroke makes noise; 0 outside the recording.
+  float high(Frame frame) const;
   /// How much everything rises, compared with the strong rises of the recording.
   float overall(Frame frame) const;
 

@@ -61,8 +61,10 @@ FrontEnd::FrontEnd(std::span<const double> centres, std::span<const double> onse
     : m_longBins(triangles(centres.first(countBelow(centres, kCrossfadeEnd)), kLong)),
       m_middleBins(triangles(centres.subspan(countBelow(centres, kCrossfadeBegin)), kMiddle)),
       m_shortBins(triangles(onsetCentres, kShort)),
+      m_steadiness(triangles(onsetCentres, kMiddle)),
       m_longSpectrum(kLong.window, kLong.transform, m_longBins.reach()),
-      m_middleSpectrum(kMiddle.window, kMiddle.transform, m_middleBins.reach()),
+      m_middleSpectrum(kMiddle.window, kMiddle.transform,
+                       std::max(m_middleBins.reach(), m_steadiness.reach())),
       m_shortSpectrum(kShort.window, kShort.transform, m_shortBins.reach()) {
   std::ranges::transform(centres, m_middleShare.begin(), middleShare);
 }
@@ -78,6 +80,7 @@ void FrontEnd::look(const Recording& recording, Frame frame) {
   for (std::size_t i = 0; i < m_views.size(); ++i) {
     mix(longLines[i], middleLines[i], m_views[i].bins);
     m_shortBins.apply(shortLines[i], m_views[i].onsets);
+    m_steadiness.look(m_middleSpectrum.parts()[i], middleLines[i], m_views[i].turns);
   }
 }
 

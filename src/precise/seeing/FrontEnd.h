@@ -9,6 +9,7 @@
 #include "precise/seeing/Recording.h"
 #include "precise/seeing/Spectrum.h"
 #include "precise/seeing/Triangles.h"
+#include "precise/striking/Steadiness.h"
 
 namespace korvel::precise {
 
@@ -26,6 +27,9 @@ class FrontEnd {
   const BinRow& spectrum(std::size_t which) const { return m_views[which].bins; }
   /// Those of the short window, one bin a semitone.
   const OnsetRow& onsetSpectrum(std::size_t which) const { return m_views[which].onsets; }
+  /// How little the bins of onsets go on as they did, in the middle window; see Steadiness. Expects
+  /// to have looked at all frames before.
+  const OnsetRow& turns(std::size_t which) const { return m_views[which].turns; }
 
   /// Samples at kRate before a frame's centre that it still needs.
   static constexpr std::ptrdiff_t kReach = 2048;
@@ -34,6 +38,7 @@ class FrontEnd {
   struct View {
     BinRow bins{};
     OnsetRow onsets{};
+    OnsetRow turns{};
   };
 
   FrontEnd(std::span<const double> centres, std::span<const double> onsetCentres);
@@ -43,6 +48,7 @@ class FrontEnd {
   Triangles m_longBins;
   Triangles m_middleBins;
   Triangles m_shortBins;
+  Steadiness m_steadiness;
   Spectrum m_longSpectrum;
   Spectrum m_middleSpectrum;
   Spectrum m_shortSpectrum;

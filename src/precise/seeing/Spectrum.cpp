@@ -26,16 +26,20 @@ void join(const float* window, const float* real, const float* imaginary, float*
 /// second. parts: real and imaginary part in turn; mirrored: the same from the end, so that line
 /// k meets the line that mirrors it.
 KORVEL_VECTOR_CLONES
-void takeMagnitudes(const float* parts, const float* mirrored, float* __restrict first,
-                    float* __restrict second, std::size_t count) {
+void separate(const float* parts, const float* mirrored, float* __restrict first,
+              float* __restrict second, std::size_t count) {
   for (std::size_t k = 0; k < count; ++k) {
-    const float re1 = parts[2 * k] + mirrored[2 * k];
-    const float im1 = parts[2 * k + 1] - mirrored[2 * k + 1];
-    const float re2 = parts[2 * k + 1] + mirrored[2 * k + 1];
-    const float im2 = mirrored[2 * k] - parts[2 * k];
-    first[k] = std::sqrt(re1 * re1 + im1 * im1);
-    second[k] = std::sqrt(re2 * re2 + im2 * im2);
+    first[k] = parts[2 * k] + mirrored[2 * k];
+    first[count + k] = parts[2 * k + 1] - mirrored[2 * k + 1];
+    second[k] = parts[2 * k + 1] + mirrored[2 * k + 1];
+    second[count + k] = mirrored[2 * k] - parts[2 * k];
   }
+}
+
+KORVEL_VECTOR_CLONES
+void takeMagnitudes(const float* parts, float* __restrict magnitudes, std::size_t count) {
+  for (std::size_t k = 0; k < count; ++k)
+    magnitudes[k] = std::sqrt(parts[k] * parts[k] + parts[count + k] * parts[count + k]);
 }
 
 /// A Hann window whose values add up to 1, as both lines that a sine has are added up.
@@ -55,6 +59,7 @@ Spectrum::Spectrum(std::size_t window, std::size_t transform, std::size_t lines)
     : m_window(scaledWindow(window)), m_transform(transform), m_mirrored(lines) {
   assert(lines <= transform / 2);
   m_pieces.fill(std::vector<float>(window));
+  m_parts.fill(std::vector<float>(2 * lines));
   m_magnitudes.fill(std::vector<float>(lines));
 }
 
@@ -71,9 +76,11 @@ Spectrum::Pair Spectrum::around(const SampleStore& samples, std::ptrdiff_t first
   const auto output = m_transform.output();
   m_mirrored[0] = output[0];
   std::ranges::reverse_copy(output.last(m_mirrored.size() - 1), m_mirrored.begin() + 1);
-  takeMagnitudes(reinterpret_cast<const float*>(output.data()),
-                 reinterpret_cast<const float*>(m_mirrored.data()), m_magnitudes[0].data(),
-                 m_magnitudes[1].data(), m_mirrored.size());
+  separate(reinterpret_cast<const float*>(output.data()),
+           reinterpret_cast<const float*>(m_mirrored.data()), m_parts[0].data(), m_parts[1].data(),
+           m_mirrored.size());
+  for (std::size_t i = 0; i < m_parts.size(); ++i)
+    takeMagnitudes(m_parts[i].data(), m_magnitudes[i].data(), m_mirrored.size());
   return {m_magnitudes[0], m_magnitudes[1]};
 }
 

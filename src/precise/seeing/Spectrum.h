@@ -26,11 +26,16 @@ class Spectrum {
   /// k * rate / transform Hz, for k in [0, lines). Valid until the next call.
   Pair around(const SampleStore& samples, std::ptrdiff_t first, std::ptrdiff_t second);
 
+  /// The complex values whose magnitudes the last call answered, in an arbitrary scale: real parts
+  /// of all lines, then imaginary ones.
+  std::array<std::span<const float>, 2> parts() const { return {m_parts[0], m_parts[1]}; }
+
  private:
   std::vector<float> m_window;
   std::array<std::vector<float>, 2> m_pieces;
   platform::SingleComplexTransform m_transform;
   std::vector<std::complex<float>> m_mirrored;
+  std::array<std::vector<float>, 2> m_parts;
   std::array<std::vector<float>, 2> m_magnitudes;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "precise/judging/ReattackFormula.h"
+#include "precise/striking/ReattackFormula.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "precise/judging/Candidate.h"
+#include "precise/judging/Logistic.h"
+#include "precise/seeing/Flux.h"
+#include "precise/seeing/FrameTable.h"
+
+namespace korvel::precise {
+
+/// What the network is shown of a string that may have been struck again while it rang: features of
+/// the candidate, then, frame by frame around its onset, its activation, the noise of the stroke,
+/// how much everything rises, and how far its partials go on as they did.
+class StrikeInputs {
+ public:
+  static constexpr std::size_t kPartialCount = 8;
+  static constexpr std::size_t kLevelFrames = 17;
+  static constexpr std::size_t kNoiseFrames = 11;
+  static constexpr std::size_t kTurnFrames = 9;
+  /// The low partials, which are stronger, and the others.
+  static constexpr std::size_t kTurnGroups = 2;
+  /// All but the constant.
+  static constexpr std::size_t kFeatures = static_cast<std::size_t>(ReattackFeature::Count) - 1;
+  static constexpr std::size_t kCount =
+      kFeatures + kLevelFrames + 2 * kNoiseFrames + kTurnGroups * kTurnFrames;
+  using Inputs = std::array<float, kCount>;
+
+  /// What is seen of the recording; all must outlive this. turns: see Steadiness.
+  StrikeInputs(const FrameTable& activations, const FrameTable& turns, const Flux& flux)
+      : m_activations(activations), m_turns(turns), m_flux(flux) {}
+
+  Inputs of(const Candidate& candidate, const Features<ReattackFeature>& known) const;
+
+ private:
+  /// A weight for each partial of a pitch.
+  using Shares = std::array<float, kPartialCount>;
+  /// Partials [begin, end).
+  struct Group {
+    std::size_t begin;
+    std::size_t end;
+  };
+  static constexpr std::array<Group, kTurnGroups> kGroups{{{0, 3}, {3, kPartialCount}}};
+
+  float activation(std::size_t pitch, Frame frame) const;
+  float shareOf(std::size_t pitch, std::size_t partial, Frame frame) const;
+  Shares sharesOf(const Candidate& candidate) const;
+  float turn(std::size_t pitch, const Shares& shares, const Group& group, Frame frame) const;
+
+  float* addLevels(const Candidate& candidate, float* next) const;
+  float* addNoise(Frame frame, float* next) const;
+  float* addTurns(const Candidate& candidate, float* next) const;
+
+  const FrameTable& m_activations;
+  const FrameTable& m_turns;
+  const Flux& m_flux;
+};
+
+}  // namespace korvel::precise
