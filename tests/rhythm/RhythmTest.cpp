@@ -102,6 +102,23 @@ TEST(RhythmReader, readsPieces) {
   }
 }
 
+TEST(RhythmReader, readsATempoThatJumps) {
+  Piece piece = kPieces[3];
+  piece.pickUp = 0;
+  std::vector<Note> notes = played(piece);
+  piece.tempo = 125;
+  for (Note note : played(piece)) {
+    note.onset += kSeconds;
+    note.end += kSeconds;
+    notes.push_back(note);
+  }
+  const std::vector<double> beats = rhythmOf(notes).reading.beats;
+  for (std::size_t i = 0; i + 1 < beats.size(); ++i) {
+    const double tempo = beats[i + 1] < kSeconds + 0.6 ? 100 : 125;
+    EXPECT_NEAR(60 / (beats[i + 1] - beats[i]), tempo, 0.03 * tempo) << beats[i];
+  }
+}
+
 /// What every reading promises.
 void expectOrder(const Reading& reading, std::span<const Note> notes) {
   ASSERT_GE(reading.beats.size(), 2U);

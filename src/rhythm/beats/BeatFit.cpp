@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <vector>
 
 #include "rhythm/beats/BandedSystem.h"
 
@@ -17,6 +19,11 @@ constexpr double kWeightOfFar = 0.05;
 constexpr double kWeightOfFixed = 1e5;
 /// Keeps beats where they are that nothing else holds.
 constexpr double kHold = 1e-5;
+/// A tempo that jumps is one for some beats and clearly another one for as many after them.
+constexpr std::size_t kBeatsOfTempo = 4;
+constexpr double kLeastJump = 0.09;  // logarithms of lengths
+constexpr double kSameTempo = 0.045;
+constexpr double kSmoothAtJump = 0.002;
 /// No beat gets shorter, in seconds.
 constexpr double kLeastBeat = 0.08;
 
@@ -40,9 +47,11 @@ class Round {
     }
   }
 
-  void addSmoothness() {
+  /// jumps: the beats at which the tempo may change at once, ascending.
+  void addSmoothness(std::span<const std::size_t> jumps) {
     for (std::size_t i = 0; i + 2 < m_track.size(); ++i) {
-      m_system.add(i, {1, -2, 1}, 0, m_settings.smoothness);
+      const bool isJump = std::ranges::binary_search(jumps, i + 1);
+      m_system.add(i, {1, -2, 1}, 0, (isJump ? kSmoothAtJump : 1) * m_settings.smoothness);
     }
     for (std::size_t i = 0; i < m_track.size(); ++i) m_system.add(i, {1, 0, 0}, m_track[i], kHold);
   }
@@ -76,6 +85,24 @@ class Round {
   BandedSystem m_system;
 };
 
+/// The logarithm of the mean length of some beats, if they are alike.
+std::optional<double> tempoOf(const BeatTrack& track, std::size_t first) {
+  const double mean = (track[first + kBeatsOfTempo] - track[first]) / kBeatsOfTempo;
+  for (std::size_t i = first; i < first + kBeatsOfTempo; ++i) {
+    if (std::abs(std::log((track[i + 1] - track[i]) / mean)) > kSameTempo) return std::nullopt;
+  }
+  return std::log(mean);
+}
+
+std::vector<std::size_t> jumpsOf(const BeatTrack& track) {
+  std::vector<std::size_t> jumps;
+  for (std::size_t i = kBeatsOfTempo; i + kBeatsOfTempo < track.size(); ++i) {
+    const auto before = tempoOf(track, i - kBeatsOfTempo), after = tempoOf(track, i);
+    if (before && after && std::abs(*before - *after) > kLeastJump) jumps.push_back(i);
+  }
+  return jumps;
+}
+
 bool ascends(const BeatTrack& track) {
   return std::ranges::adjacent_find(
              track, [](double a, double b) { return !(b - a >= kLeastBeat); }) == track.end();
@@ -84,10 +111,11 @@ bool ascends(const BeatTrack& track) {
 }  // namespace
 
 void fitBeats(BeatTrack& track, std::span<const Onset> onsets, const BeatFitSettings& settings) {
+  const std::vector<std::size_t> jumps = jumpsOf(track);
   for (int i = 0; i < kFitRounds; ++i) {
     Round round(track, settings);
     round.addOnsets(onsets);
-    round.addSmoothness();
+    round.addSmoothness(jumps);
     round.addFixed();
     BeatTrack moved = round.solved();
     if (!ascends(moved)) return;
