@@ -119,6 +119,22 @@ TEST(RhythmReader, readsATempoThatJumps) {
   }
 }
 
+/// Strings one after the other, or the lowest one heard late.
+TEST(RhythmReader, joinsWhatOneStrokeStrikes) {
+  static constexpr int kPitches[]{40, 47, 52, 56, 59, 64};
+  for (const double step : {0.06, 0.008}) {
+    std::vector<Note> notes;
+    for (int i = 0; i < 16 * 6; ++i) {
+      const int string = i % 6;
+      const bool isLate = step < 0.01 && string == 0;
+      const double onset = 0.6 * (i / 6) + (isLate ? 0.1 : step * string);
+      notes.push_back({onset, onset + 0.5, kPitches[string], string, 0, 1, 0.9F});
+    }
+    std::ranges::sort(notes, {}, &Note::onset);
+    EXPECT_EQ(rhythmOf(notes).reading.events.size(), 16U) << step;
+  }
+}
+
 /// What every reading promises.
 void expectOrder(const Reading& reading, std::span<const Note> notes) {
   ASSERT_GE(reading.beats.size(), 2U);

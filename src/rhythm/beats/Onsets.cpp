@@ -5,6 +5,8 @@
 #include <bit>
 #include <cmath>
 
+#include "rhythm/beats/SlowStrums.h"
+
 namespace korvel::rhythm {
 namespace {
 
@@ -15,6 +17,8 @@ constexpr double kStepOfStrum = 0.042;
 constexpr double kLongestStrum = 0.115;
 /// The same pitch again within this time is one note heard twice.
 constexpr double kTwice = 0.03;
+/// A string that is heard late comes at most so long after the first one.
+constexpr double kLatestString = 0.12;
 /// The beat lies inside a strum.
 constexpr double kBeatOfStrum = 0.35;
 /// Each onset is compared with those within these seconds, and not with more than so many.
@@ -44,10 +48,24 @@ class Joiner {
     });
   }
 
+  /// A single string of a strum that is heard late, as low ones are: alone, and on none of the
+  /// strings that were struck.
+  bool isLate(const Onset& onset, std::size_t note) const {
+    constexpr std::size_t kFewest = 3;
+    const fingering::Note& late = m_notes[note];
+    if (late.string < 0 || onset.notes.size() < kFewest) return false;
+    if (late.onset > m_notes[onset.notes.front()].onset + kLatestString) return false;
+    const bool isAlone =
+        note + 1 == m_notes.size() || m_notes[note + 1].onset > late.onset + kStepOfStrum;
+    return isAlone && std::ranges::all_of(onset.notes, [&](std::size_t i) {
+             return m_notes[i].string >= 0 && m_notes[i].string != late.string &&
+                    m_notes[i].pitch != late.pitch;
+           });
+  }
+
   void finish(Onset& onset) const {
     onset.first = m_notes[onset.notes.front()].onset;
-    const double spread = m_notes[onset.notes.back()].onset - onset.first;
-    onset.time = onset.first + kBeatOfStrum * spread;
+    onset.time = onset.first + kBeatOfStrum * spreadOf(onset);
     onset.lowest = onset.highest = m_notes[onset.notes.front()].pitch;
     double doubt = 1;
     for (const std::size_t i : onset.notes) {
@@ -64,6 +82,15 @@ class Joiner {
   }
 
  private:
+  /// Seconds from the first note to the last one that is not late.
+  double spreadOf(const Onset& onset) const {
+    const double last = m_notes[onset.notes.back()].onset;
+    if (onset.notes.size() < 2) return 0;
+    const double before = m_notes[onset.notes[onset.notes.size() - 2]].onset;
+    const bool isLate = last > before + kStepOfStrum && last - onset.first <= kLatestString;
+    return (isLate ? before : last) - onset.first;
+  }
+
   /// The correlation of pitch and time.
   double stroke(const Onset& onset) const {
     constexpr double kLeastSpread = 0.015;
@@ -91,9 +118,16 @@ class Joiner {
 
 std::vector<Onset> joined(std::span<const fingering::Note> notes) {
   const Joiner joiner(notes);
+  const SlowStrums slow(notes);
   std::vector<Onset> onsets;
+  std::size_t endOfStroke = 0;
   for (std::size_t i = 0; i < notes.size(); ++i) {
-    if (onsets.empty() || !joiner.belongs(onsets.back(), notes[i])) onsets.emplace_back();
+    const bool isStroked = i < endOfStroke;
+    if (!isStroked) endOfStroke = slow.endOf(i);
+    const bool joins =
+        isStroked || (!onsets.empty() && endOfStroke == i &&
+                      (joiner.belongs(onsets.back(), notes[i]) || joiner.isLate(onsets.back(), i)));
+    if (!joins) onsets.emplace_back();
     onsets.back().notes.push_back(i);
   }
   for (Onset& onset : onsets) joiner.finish(onset);
