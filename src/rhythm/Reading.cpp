@@ -38,4 +38,11 @@ double Rhythm::probabilityOf(double behind) const {
   return std::exp(-behind) / all;
 }
 
+bool hasWishedTempo(const Reading& reading, const Wishes& wishes) {
+  constexpr double kNear = 1.1;  // a little more than wishes are taken for
+  if (!wishes.tempo || wishes.taps.size() >= 4 || reading.beats.size() < 2) return true;
+  const double factor = reading.tempo() / *wishes.tempo;
+  return factor < kNear && factor * kNear > 1;
+}
+
 }  // namespace korvel::rhythm

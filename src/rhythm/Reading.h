@@ -100,7 +100,8 @@ struct Alternative {
 
 /// What the user has said about how a recording is to be read; the rest is found.
 struct Wishes {
-  std::optional<double> tempo{};  ///< Beats a minute, within 8 %.
+  /// Beats a minute, within 8 % where such beats fit the notes; see hasWishedTempo.
+  std::optional<double> tempo{};
   std::optional<Metre> metre{};
   std::optional<Feel> feel{};
   int finest = 16;                  ///< The shortest value that is written: 8 or 16.
@@ -110,6 +111,10 @@ struct Wishes {
 
   bool operator==(const Wishes&) const = default;
 };
+
+/// Whether a reading has the tempo that was wished; true without such a wish. It has not where no
+/// beats near that tempo fit the notes: then the next tempo that does is read.
+bool hasWishedTempo(const Reading& reading, const Wishes& wishes);
 
 /// The best reading, and what else it may be.
 struct Rhythm {

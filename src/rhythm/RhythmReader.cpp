@@ -5,12 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "rhythm/TrackSearch.h"
-#include "rhythm/WishedLimits.h"
+#include "rhythm/ReadingAttempt.h"
 #include "rhythm/beats/Onsets.h"
 #include "rhythm/harmony/ChordChanges.h"
-#include "rhythm/judging/PlaceFit.h"
-#include "rhythm/judging/ReadingSearch.h"
 #include "rhythm/writing/ReadingWriter.h"
 
 namespace korvel::rhythm {
@@ -23,13 +20,18 @@ struct RhythmReader::Desk {
 
 namespace {
 
-constexpr double kShareOfSearches = 0.4;
+/// How much of the work the tempo is that the user wishes, when it has to be compared with others.
+constexpr double kShareOfWish = 0.3;
+/// A reading that explains the notes so well needs no comparison, and one with this share of what
+/// the best one explains is as good.
+constexpr double kSurelyFits = 0.9;
+constexpr double kFitsAsWell = 0.6;
 /// Notes at random times reach 0.25 with their best reading, those of loose players 0.4 and more.
 constexpr double kFreeBelow = 0.3;
 constexpr std::size_t kFewestToTell = 12;
 
-bool isFree(const Candidate& best, std::size_t onsets) {
-  return onsets >= kFewestToTell && best.features[Feature::barFit] / kWitnesses < kFreeBelow;
+bool isFree(const ReadingAttempt& attempt, std::size_t onsets) {
+  return onsets >= kFewestToTell && attempt.fit() < kFreeBelow;
 }
 
 /// Beats that were fixed are where they were put to the last digit.
@@ -93,22 +95,40 @@ platform::Slices RhythmReader::reading(Desk& desk) {
   if (desk.notes.empty()) co_return;
   const std::vector<Onset> onsets = onsetsOf(desk.notes);
   co_yield 0;
-  const WishedLimits wished(desk.wishes, onsets.front().time, desk.notes.back().end);
-  TrackSearch tracks(onsets, wished);
-  platform::Slices tracking = tracks.run();
-  while (tracking.next()) co_yield kShareOfSearches* tracking.done();
   const ChordChanges changes(onsets, desk.notes);
-  co_yield kShareOfSearches;
-  ReadingSearch search(onsets, changes, wished.limits());
-  platform::Slices judging = search.run(tracks.take());
-  while (judging.next()) co_yield kShareOfSearches + (1 - kShareOfSearches) * judging.done();
+  const HeardOnsets heard{onsets, changes, desk.notes.back().end};
+  const bool isTempoWished = desk.wishes.tempo && desk.wishes.taps.empty();
+  const double share = isTempoWished ? kShareOfWish : 1;
+  auto attempt = std::make_unique<ReadingAttempt>(heard, desk.wishes);
+  platform::Slices trying = attempt->run();
+  while (trying.next()) co_yield share* trying.done();
+  if (isTempoWished && attempt->fit() < kSurelyFits) {
+    Wishes wishes = desk.wishes;
+    wishes.tempo.reset();
+    ReadingAttempt any(heard, wishes);
+    trying = any.run();
+    while (trying.next()) co_yield share + (1 - share) / 2 * trying.done();
+    if (attempt->fit() < kFitsAsWell * any.fit()) {
+      wishes.tempo = tempoNextTo(*desk.wishes.tempo, any.best().tempo);
+      attempt = std::make_unique<ReadingAttempt>(heard, wishes);
+      attempt->addTrack(any.track());
+      trying = attempt->run();
+      while (trying.next()) co_yield (1 + share) / 2 + (1 - share) / 2 * trying.done();
+    }
+  }
   co_yield 1;
-  const Candidate& best = search.candidates().front();
-  ReadingWriter writer(desk.notes, onsets, withBeatsAt(search.track(best), wished.limits()));
+  write(desk, *attempt, onsets);
+}
+
+/// Writes the best reading down.
+void RhythmReader::write(Desk& desk, const ReadingAttempt& attempt, std::span<const Onset> onsets) {
+  const Candidate& best = attempt.best();
+  ReadingWriter writer(desk.notes, onsets, withBeatsAt(attempt.track(), attempt.limits()));
   desk.result.reading = writer.write(best, desk.wishes.finest);
   endWithLastBar(desk.result.reading);
-  desk.result.isFree = isFree(best, onsets.size());
-  desk.result.others = alternatives(search.candidates());
+  const bool isTold = desk.wishes.tempo || !desk.wishes.taps.empty();
+  desk.result.isFree = !isTold && isFree(attempt, onsets.size());
+  desk.result.others = alternatives(attempt.candidates());
 }
 
 Rhythm rhythmOf(std::span<const fingering::Note> notes, const Wishes& wishes) {

@@ -10,6 +10,9 @@
 
 namespace korvel::rhythm {
 
+class ReadingAttempt;
+struct Onset;
+
 /// Reads the rhythm of a recording from its notes. The same notes give the same reading on every
 /// machine; time and memory grow with the length of the recording.
 ///
@@ -33,6 +36,7 @@ class RhythmReader {
   struct Desk;
 
   static platform::Slices reading(Desk& desk);
+  static void write(Desk& desk, const ReadingAttempt& attempt, std::span<const Onset> onsets);
 
   std::unique_ptr<Desk> m_desk;
   platform::Slices m_work;  ///< Reads what lies on the desk, so that it ends first.

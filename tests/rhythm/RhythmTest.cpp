@@ -194,6 +194,9 @@ TEST(RhythmReader, followsWishes) {
   const std::vector<Note> notes = played(kPieces[4]);
   const auto with = [&](const Wishes& wishes) { return rhythmOf(notes, wishes).reading; };
   EXPECT_NEAR(with({.tempo = 58}).tempo(), 56, 1);
+  EXPECT_NEAR(with({.tempo = 130}).tempo(), 112, 1);
+  EXPECT_TRUE(hasWishedTempo(with({.tempo = 58}), {.tempo = 58}));
+  EXPECT_FALSE(hasWishedTempo(with({.tempo = 130}), {.tempo = 130}));
   EXPECT_EQ(with({.metre = Metre{4, true}}).metre, (Metre{4, true}));
   EXPECT_EQ(with({.feel = Feel::swing}).feel, Feel::swing);
   for (const Event& event : with({.tempo = 56, .finest = 8}).events) {

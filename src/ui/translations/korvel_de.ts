@@ -1096,6 +1096,10 @@
         <source>%1 (nearly as probable)</source>
         <translation>%1 (fast so wahrscheinlich)</translation>
     </message>
+    <message>
+        <source>no beats near %1 a minute fit its notes, so it is read at %2</source>
+        <translation>zu seinen Noten passen keine Schläge nahe %1 in der Minute, daher wird es mit %2 gelesen</translation>
+    </message>
 </context>
 <context>
     <name>SaveFilePanel</name>

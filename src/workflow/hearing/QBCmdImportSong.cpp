@@ -17,6 +17,7 @@
 #include "platform/sqlite/StoreError.h"
 #include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
+#include "workflow/editing/rhythm/RhythmWords.h"
 #include "workflow/hearing/KeptRecording.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/WholeSong.h"
@@ -261,6 +262,9 @@ platform::Slices QBCmdImportSong::finish() {
       printOut(phrase("Log",
                       "its rhythm is too free to be read in bars, so the song is in slices of "
                       "0.37 s; with its tempo or taps it can be laid into bars"));
+    if (const auto missed = missedTempoText(heard->rhythm.reading, heard->wishes);
+        missed && m_newSong->isOnBeats())
+      printOut(*missed);
   }
   // A user who edits the song between two steps has it drawn, and then this drawing is outdated.
   while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;

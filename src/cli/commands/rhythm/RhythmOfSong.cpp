@@ -79,6 +79,8 @@ std::string linesOf(QBSong& song) {
                                : "slices of 0.37 s; in bars:\n";
   const rhythm::Reading& reading = recorded.reading();
   lines += (song.isOnBeats() ? rhythmText(song, reading) : rhythmText(reading)).english() + '\n';
+  if (const auto missed = missedTempoText(reading, recorded.wishes()); missed && song.isOnBeats())
+    lines += missed->english() + '\n';
   if (const auto key = keyOf(song, reading)) lines += "key " + keyText(*key).english() + '\n';
   for (const rhythm::Alternative& other : recorded.others())
     lines += "or " + offerText(other).english() + '\n';

@@ -22,6 +22,7 @@
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
 #include "platform/text/UserError.h"
+#include "workflow/editing/rhythm/RhythmWords.h"
 #include "workflow/exporting/NoteScore.h"
 #include "workflow/exporting/ScoreFile.h"
 #include "workflow/hearing/ListeningAhead.h"
@@ -59,6 +60,8 @@ HeardFile heardIn(const std::string& file, Listening& listening) {
     Console::attached().progress(listening.progress());
   Console::attached().progress(1);
   Listening::Heard all = listening.take();
+  if (const auto missed = missedTempoText(all.sound.rhythm.reading, all.sound.wishes))
+    Console::attached().note(file + ": " + missed->english());
   return {{file, std::move(all.sound.notes), std::move(all.sound.rhythm)}, all.grid};
 }
 

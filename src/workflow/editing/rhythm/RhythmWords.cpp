@@ -61,6 +61,13 @@ UserText offerText(const rhythm::Alternative& other) {
   return {phrase("Rhythm", "%1 (nearly as probable)"), rhythmText(other)};
 }
 
+std::optional<UserText> missedTempoText(const rhythm::Reading& reading,
+                                        const rhythm::Wishes& wishes) {
+  if (rhythm::hasWishedTempo(reading, wishes)) return {};
+  return UserText(phrase("Rhythm", "no beats near %1 a minute fit its notes, so it is read at %2"),
+                  std::lround(*wishes.tempo), std::lround(reading.tempo()));
+}
+
 UserText keyText(const rhythm::Key& key) {
   const std::string tonic(nameInKey(key.tonic, key.tonic + (key.minor ? kNotesPerOctave : 0)));
   return {key.minor ? phrase("Rhythm", "%1 minor") : phrase("Rhythm", "%1 major"), tonic};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/text/UserText.h"
@@ -23,6 +24,9 @@ platform::UserText rhythmText(const QBSong& song, const rhythm::Reading& reading
 platform::UserText rhythmText(const rhythm::Alternative& other);
 /// The same, and whether that is nearly as probable as what was read.
 platform::UserText offerText(const rhythm::Alternative& other);
+/// What is to be said when no beats near the wished tempo fit the notes; nothing otherwise.
+std::optional<platform::UserText> missedTempoText(const rhythm::Reading& reading,
+                                                  const rhythm::Wishes& wishes);
 /// "A minor".
 platform::UserText keyText(const rhythm::Key& key);
 

@@ -83,7 +83,8 @@ void SongRhythm::readBy(const platform::Phrase& title, const rhythm::Wishes& wis
     throw EditRefused(phrase("Message", "%1: too little was heard in it to read a rhythm"),
                       m_song->title());
   ChordsOnBeats supply(written);
-  relay(title, supply, &heard, rhythmText(heard.rhythm.reading));
+  const rhythm::Reading& reading = heard.rhythm.reading;
+  relay(title, supply, &heard, missedTempoText(reading, wishes).value_or(rhythmText(reading)));
 }
 
 void SongRhythm::layIntoSlices() {
