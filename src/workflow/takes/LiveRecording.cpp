@@ -11,6 +11,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/files/FileError.h"
+#include "platform/loop/Deadline.h"
 #include "platform/persistence/UndoManager.h"
 #include "platform/text/LocalTime.h"
 #include "platform/text/UserError.h"
@@ -167,8 +168,13 @@ void LiveRecording::hearWhole() {
     if (m_listeners.progress) m_listeners.progress(m_second->progress());
     if (m_state != State::hearing || !m_second->atEnd()) return;
     m_second->takePlace(*m_made, m_sound->take().file());
-    if (isHeardWhole()) m_db.context().save();
-    finishHeard();
+    if (!isHeardWhole()) return finishHeard();
+    m_db.context().save();
+    const SongRecording* recording = m_second->songInPlace()->recording();
+    if (!recording) return finishHeard();
+    m_keeping = keepingSound(*recording, m_sound->take().file());
+    every(kWholeStepSeconds, &LiveRecording::keepMore);
+    keepMore();
   } catch (const std::exception& error) {
     fail(error);
   }
@@ -181,7 +187,7 @@ void LiveRecording::cancel() {
 void LiveRecording::endNow() {
   stop();
   while (m_state == State::recording) hearLive();
-  m_isLeft = m_state == State::hearing;
+  m_isLeft = m_state == State::hearing && !isHeardWhole();
   cancel();
 }
 
@@ -206,8 +212,20 @@ void LiveRecording::finish() {
   enter(State::over);
 }
 
-/// What was played into the program is nowhere else. Where it cannot be kept the take stays.
+void LiveRecording::keepMore() {
+  try {
+    for (const platform::Deadline deadline; m_keeping.next();)
+      if (deadline.isOver()) return;
+  } catch (const std::exception& error) {
+    return fail(error);
+  }
+  finishHeard();
+}
+
+/// What was played into the program is nowhere else. Where it cannot be kept the take stays; what
+/// is not kept yet of one that is cut off is kept at once.
 void LiveRecording::keepSound() {
+  m_keeping = {};
   if (!m_song || !m_song->recording() || m_problem || m_isLeft) return;
   try {
     keepingSound(*m_song->recording(), m_sound->take().file()).finish();

@@ -11,6 +11,7 @@
 
 #include "analysis/HearingSettings.h"
 #include "platform/loop/RunLoop.h"
+#include "platform/loop/Slices.h"
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
 #include "workflow/hearing/Detection.h"
@@ -123,6 +124,7 @@ class LiveRecording {
   void requireSongs() const;
   void storeLive();
   bool hearsTake() const;
+  void keepMore();
   void keepSound();
   void markWhole();
   void beginWhole();
@@ -143,6 +145,7 @@ class LiveRecording {
   std::unique_ptr<MicrophoneTake> m_sound;
   std::unique_ptr<Hearing> m_live;
   std::unique_ptr<TakeHearing> m_second;  ///< When the take is heard once more.
+  platform::Slices m_keeping;             ///< The copy of the take.
   std::unique_ptr<platform::RunLoop::Timer> m_timer;
 
   platform::Ref<QBSong> m_song;
