@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/doubts/SongCorrections.h"
 
-#include "analysis/beats/ChordsOnBeats.h"
-#include "model/recorded/SongRecording.h"
 #include "model/songs/QBHold.h"
-#include "music/Neck.h"
 #include "music/Ticks.h"
-#include "rhythm/RhythmReader.h"
 #include "support/Testing.h"
+#include "support/songs/DoubtedSong.h"
 #include "support/songs/SongDesk.h"
 #include "support/store/StandardStore.h"
-#include "tab/text/SongDrawing.h"
 #include "workflow/editing/SongEditor.h"
 #include "workflow/editing/doubts/DoubtList.h"
 #include "workflow/editing/rhythm/SongRhythm.h"
@@ -20,36 +16,8 @@
 namespace korvel {
 namespace {
 
-using fingering::Note;
-
-constexpr int kFalseNote = 60;  ///< Of its pitch is nothing else.
-constexpr int kMissingNote = 47;
-
-Note struck(double onset, int string, int fret, float probability = 1) {
-  Note note{onset, onset + (probability < 1 ? 0.25 : 0.5)};
-  note.pitch = kStandardPitches[static_cast<std::size_t>(string)] + fret;
-  note.string = string;
-  note.fret = fret;
-  note.strength = probability < 1 ? 0.2F : 3;
-  note.probability = probability;
-  note.amplitude = 0.1F;
-  return note;
-}
-
-/// Eight bars of grips on each beat, 100 a minute, with a bass note after each second one; between
-/// two others a note that was none, and a note of one that was not taken.
-rhythm::HeardNotes heardGrips() {
-  rhythm::HeardNotes heard;
-  for (int beat = 0; beat < 32; ++beat) {
-    for (int string = 2; string < 5; ++string)
-      heard.taken.push_back(struck(1 + 0.6 * beat, string, beat / 4 % 2 == 0 ? 0 : 2));
-    if (beat % 2 == 0) heard.taken.push_back(struck(1.3 + 0.6 * beat, 0, 3));
-    if (beat == 9) heard.taken.push_back(struck(1.3 + 0.6 * beat, 4, 1, 0.6F));
-  }
-  heard.doubtful.push_back(struck(1 + 0.6 * 15, 1, 2, 0.49F));
-  heard.doubtful.back().string = heard.doubtful.back().fret = -1;
-  return heard;
-}
+using test::kFalseNote;
+using test::kMissingNote;
 
 void expectFullBars(QBSong& song) {
   std::map<const QBMeasure*, int> sums;
@@ -61,22 +29,6 @@ void expectFullBars(QBSong& song) {
 }
 
 struct SongCorrectionsTest : testing::Test {
-  SongCorrectionsTest() : song(*m_desk.album()->createSong("Song")) {
-    HeardSound heard;
-    const rhythm::HeardNotes notes = heardGrips();
-    heard.notes = notes.taken;
-    heard.rhythm = rhythm::rhythmOf(notes.taken);
-    SongRecording* recording = QBTabMgr::db().createRecording("/Song.wav");
-    recording->setNotes(rhythm::bytesOf(notes));
-    recording->setRhythm(rhythm::bytesOf(heard.rhythm, {}));
-    recording->setSeconds(22);
-    song.setRecording(recording);
-    ChordsOnBeats chords(heard);
-    for (std::size_t i = 0; i < chords.size(); ++i) chords.make(&song);
-    buildTab(song);
-    QBTabMgr::db().save();
-  }
-
   std::size_t find(int pitch) const {
     const SongNotes notes(song);
     const auto found =
@@ -98,7 +50,7 @@ struct SongCorrectionsTest : testing::Test {
   }
 
   test::SongDesk m_desk;
-  QBSong& song;
+  QBSong& song = test::doubtedSong(*m_desk.album());
 };
 
 TEST_F(SongCorrectionsTest, notesComeAndGoAndAreUndone) {

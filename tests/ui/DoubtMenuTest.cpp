@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/menus/DoubtMenu.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "support/Testing.h"
+#include "support/songs/DoubtedSong.h"
+#include "support/songs/SongDesk.h"
+#include "ui/views/TablatureView.h"
+
+namespace korvel::ui {
+namespace {
+
+struct DoubtMenuTest : testing::Test {
+  DoubtMenuTest() {
+    QObject::connect(&m_menu, &DoubtMenu::edited, [this] {
+      m_tablature.refresh();
+      m_menu.refresh();
+    });
+    QObject::connect(&m_tablature, &TablatureView::removalWanted,
+                     [this](int chord, int string) { m_menu.drop(chord, string); });
+    m_tablature.resize(900, 500);
+    m_tablature.show();
+    m_tablature.setActiveSong(&m_song);
+    m_menu.setSong(&m_song);
+  }
+  void choose(const QString& text) {
+    for (QAction* action : m_menu.actions())
+      if (action->text().remove('&') == text) return action->trigger();
+    FAIL() << text.toStdString();
+  }
+  std::size_t left() const { return m_tablature.doubts().size(); }
+
+  test::SongDesk m_desk;
+  QBSong& m_song = test::doubtedSong(*m_desk.album());
+  TablatureView m_tablature;
+  DoubtMenu m_menu{m_tablature};
+};
+
+TEST_F(DoubtMenuTest, goesFromDoubtToDoubtAndCorrectsThem) {
+  const QSignalSpy said(&m_menu, &DoubtMenu::said);
+  const QSignalSpy heard(&m_menu, &DoubtMenu::listenAt);
+  const QSignalSpy refused(&m_menu, &DoubtMenu::refused);
+  const QSignalSpy lefts(&m_menu, &DoubtMenu::leftChanged);
+  EXPECT_EQ(left(), 2U);
+  choose("Next Doubtful Place");
+  ASSERT_EQ(said.size(), 1);
+  EXPECT_EQ(said[0][0].toString(), "B string, fret 1: perhaps no note");
+  EXPECT_NEAR(heard.at(0).at(0).toDouble(), 6.7, 0.01);
+  EXPECT_EQ(m_tablature.cursorString(), 4);
+  EXPECT_TRUE(m_tablature.placeText().endsWith(", doubtful: " + said[0][0].toString()));
+  const int first = m_tablature.cursorChord();
+  choose("Next Doubtful Place");
+  const int second = m_tablature.cursorChord();
+  EXPECT_GT(second, first);
+  choose("Take What Else Was Heard");
+  EXPECT_EQ(m_tablature.cursorChord(), second);
+  EXPECT_EQ(left(), 1U);
+  choose("Next Doubtful Place");
+  EXPECT_EQ(m_tablature.cursorChord(), first) << "from the beginning again";
+  QTest::keyClick(&m_tablature, Qt::Key_Delete);
+  EXPECT_EQ(left(), 0U);
+  EXPECT_EQ(lefts.last()[0].toInt(), 0);
+  choose("Previous Doubtful Place");
+  EXPECT_EQ(refused.last()[0].toString(), "Nothing is doubted in this song any more");
+}
+
+TEST_F(DoubtMenuTest, enterConfirmsWhatIsDoubtedAndPlaysNoPartInALock) {
+  const QSignalSpy clicked(&m_tablature, &TablatureView::clicked);
+  const QSignalSpy refused(&m_menu, &DoubtMenu::refused);
+  choose("Next Doubtful Place");
+  m_menu.setLocked(true);
+  choose("Drop Note");
+  EXPECT_EQ(refused.size(), 1);
+  m_menu.setLocked(false);
+  EXPECT_EQ(left(), 2U);
+  QTest::keyClick(&m_tablature, Qt::Key_Return);
+  EXPECT_EQ(left(), 1U);
+  EXPECT_EQ(clicked.size(), 0);
+  QTest::keyClick(&m_tablature, Qt::Key_Return);
+  EXPECT_EQ(clicked.size(), 1) << "nothing is doubted there any more";
+}
+
+}  // namespace
+}  // namespace korvel::ui
