@@ -121,5 +121,16 @@ TEST_F(SoundPictureTest, saysWhatIsWrongWithTheFile) {
   EXPECT_EQ(troubleOf(picture()), Trouble::missing);
 }
 
+TEST_F(SoundPictureTest, readsACopyWhereTheFileIsAnotherOne) {
+  const std::string copy = m_folder.file("copy.wav");
+  std::filesystem::copy_file(m_file, copy);
+  test::writeFile(m_file, "no sound");
+  SoundPicture picture({.path = m_file, .seconds = kSeconds, .size = 12, .copy = copy},
+                       [this] { m_changed.release(); });
+  const auto columns = made(picture, {0, 800, 810});
+  EXPECT_EQ(picture.trouble(), Trouble::none);
+  EXPECT_NE(loudest(columns.shades[0]), -1) << "within the tenth second";
+}
+
 }  // namespace
 }  // namespace korvel

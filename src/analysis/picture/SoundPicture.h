@@ -31,6 +31,8 @@ class SoundPicture {
     double tuningOffset = 0;  ///< In cents above 440 Hz.
     std::int64_t size = -1;   ///< In bytes; none when it is not known.
     std::string hash{};       ///< Likewise, when empty.
+    /// A copy of its sound, which is read where the file is missing or another one; may be none.
+    std::filesystem::path copy{};
   };
 
   /// Why there is no picture.
@@ -84,6 +86,7 @@ class SoundPicture {
   bool rest();
   bool checkFile();
   bool checkContentOn();
+  void leaveFile(Trouble trouble);
   bool isWanted(const Place& place) const;
   /// Null for what is not wanted any more. root: the wanted tile that it is needed for.
   Tile make(const Place& place, const Place& root, const std::stop_token& stop);
@@ -106,6 +109,7 @@ class SoundPicture {
   std::vector<float> m_samples;
   std::optional<platform::ContentHash> m_content{};  ///< As far as it is checked.
   bool m_contentChecked = false;
+  bool m_readsCopy = false;
 
   mutable std::mutex m_lock;  ///< Guards what follows.
   TileShelf m_shelf;

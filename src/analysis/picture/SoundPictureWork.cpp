@@ -42,23 +42,37 @@ bool SoundPicture::rest() {
 bool SoundPicture::checkFile() {
   std::error_code unknown;
   const auto size = std::filesystem::file_size(m_file.path, unknown);
+  if (m_readsCopy) return true;
   if (unknown)
-    give(Trouble::missing);
+    leaveFile(Trouble::missing);
   else if (m_file.size >= 0 && std::cmp_not_equal(size, m_file.size))
-    give(Trouble::changed);
+    leaveFile(Trouble::changed);
   return trouble() == Trouble::none;
 }
 
 /// The content of a long file takes a while, so that what is wanted comes first. False when there
 /// is nothing left to check.
 bool SoundPicture::checkContentOn() {
-  if (m_file.hash.empty()) return false;
+  if (m_file.hash.empty() || m_contentChecked || m_readsCopy) return false;
   if (!m_content) m_content.emplace(m_file.path);
-  if (m_contentChecked) return false;
   if (m_content->step()) return true;
   m_contentChecked = true;
-  if (m_content->digits() != m_file.hash) give(Trouble::changed);
+  if (m_content->digits() != m_file.hash) leaveFile(Trouble::changed);
   return false;
+}
+
+/// For the copy, if there is one.
+void SoundPicture::leaveFile(Trouble trouble) {
+  std::error_code unknown;
+  if (m_file.copy.empty() || !std::filesystem::is_regular_file(m_file.copy, unknown))
+    return give(trouble);
+  m_readsCopy = true;
+  m_reader = StretchReader(m_file.copy);
+  {
+    const std::lock_guard lock(m_lock);
+    m_shelf.clear();
+  }
+  m_changed();
 }
 
 bool SoundPicture::isWanted(const Place& place) const {

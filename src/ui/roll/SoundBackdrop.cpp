@@ -11,6 +11,7 @@
 #include "ui/roll/SpectrumImage.h"
 #include "ui/roll/WaveShape.h"
 #include "ui/views/Shades.h"
+#include "workflow/recordings/KeptSounds.h"
 
 namespace korvel::ui {
 namespace {
@@ -55,8 +56,10 @@ void SoundBackdrop::setSong(QBSong* song) {
 }
 
 void SoundBackdrop::setRecording(const SongRecording* recording) {
-  if (recording == m_recording && (m_picture == nullptr) == (recording == nullptr)) return;
+  const std::string path = recording ? recording->path() : std::string();
+  if (recording == m_recording && path == m_path) return;
   m_recording = recording;
+  m_path = path;
   m_picture.reset();
   if (!recording) return;
   m_picture = std::make_unique<Picture>(
@@ -64,7 +67,8 @@ void SoundBackdrop::setRecording(const SongRecording* recording) {
                     .seconds = recording->seconds(),
                     .tuningOffset = recording->tuningOffset(),
                     .size = recording->hash().empty() ? -1 : recording->size(),
-                    .hash = recording->hash()},
+                    .hash = recording->hash(),
+                    .copy = keptSoundOf(*recording)},
       [this] {
         if (!m_told.exchange(true)) QMetaObject::invokeMethod(&m_soon, qOverload<>(&QTimer::start));
       });

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <atomic>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "analysis/picture/SoundPicture.h"
@@ -66,6 +67,7 @@ class SoundBackdrop final : public QObject {
   void paintTrouble(QPainter& painter, const RollScale& scale, const Shades& shades) const;
 
   platform::Ref<const SongRecording> m_recording;
+  std::string m_path;  ///< Of its file, which may be found elsewhere.
   RecordedTime m_time;
   QTimer m_soon;  ///< Tells of what has come since the last time.
   std::atomic<bool> m_told = false;
