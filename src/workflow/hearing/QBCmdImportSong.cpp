@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "analysis/beats/HeardSound.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/instruments/SongTuning.h"

@@ -45,10 +45,7 @@ struct RecordedPlayingTest : testing::Test {
         samples[chord * 16384 + i] = static_cast<std::int16_t>(i % 100 < 50 ? 9000 : -9000);
     test::writeWav(m_file, samples);
     m_song = m_store.song("Song");
-    for (int i = 0; i < 8; ++i) {
-      test::addChord(m_song, "022100");
-      m_song->allChords().back()->setTimestamp(i * 16384);
-    }
+    for (int i = 0; i < 8; ++i) test::addChord(m_song, "022100")->setTimestamp(i * 16384);
     platform::ContentHash hash(m_file);
     while (hash.step()) continue;
     SongRecording* recording = QBTabMgr::db().createRecording(m_file);
