@@ -9,14 +9,13 @@ namespace korvel::fingering {
 namespace {
 
 /// Seconds within which a note and its overtone start.
-constexpr double kTogether = 0.05;
-/// What is above this is a note, and how much surer the lower one has to be.
-constexpr float kSure = 0.65F;
+constexpr double kWithOvertone = 0.05;
+/// How much surer the lower one has to be.
 constexpr float kSurer = 0.1F;
 /// A note of a melody and its overtone; in a chord, an octave is most often played.
 constexpr std::size_t kOfMelody = 2;
 /// Frets from the first finger to the last one.
-constexpr int kReach = 3;
+constexpr int kReachOfHand = 3;
 
 bool isOvertone(const Note& note, const Note& below) {
   const int above = note.pitch - below.pitch;
@@ -33,7 +32,7 @@ std::vector<std::size_t> byOnset(std::span<const Note> notes) {
 
 /// The first of a string's notes that starts after the notes that start with this one.
 auto nextOf(std::vector<Note*>& played, const Note& note) {
-  return std::ranges::upper_bound(played, note.onset + kTogether, {}, &Note::onset);
+  return std::ranges::upper_bound(played, note.onset + kWithOvertone, {}, &Note::onset);
 }
 
 bool isSilent(std::vector<Note*>& played, const Note& note) {
@@ -67,10 +66,10 @@ DoubtfulOctaves::DoubtfulOctaves(std::span<const Note> notes, const Settled& set
   std::size_t from = 0;
   for (const std::size_t i : order) {
     const Note& note = notes[i];
-    while (notes[order[from]].onset < note.onset - kTogether) ++from;
-    if (note.probability >= kSure || settled.stringOf(i) != Settled::kAnyString) continue;
+    while (notes[order[from]].onset < note.onset - kWithOvertone) ++from;
+    if (note.probability >= kSureNote || settled.stringOf(i) != Settled::kAnyString) continue;
     std::size_t to = from;
-    while (to < order.size() && notes[order[to]].onset <= note.onset + kTogether) ++to;
+    while (to < order.size() && notes[order[to]].onset <= note.onset + kWithOvertone) ++to;
     if (to - from > kOfMelody) continue;
     const std::span together(order.begin() + static_cast<std::ptrdiff_t>(from), to - from);
     if (std::ranges::any_of(together, [&](std::size_t at) { return isOvertone(note, notes[at]); }))
@@ -95,10 +94,10 @@ void DoubtfulOctaves::place(Note& note, Strings& strings, const OpenPitches& ope
   Pressed pressed;
   for (auto& played : strings) {
     const auto next = nextOf(played, note);
-    if (next != played.begin() && (*std::prev(next))->onset >= note.onset - kTogether)
+    if (next != played.begin() && (*std::prev(next))->onset >= note.onset - kWithOvertone)
       pressed.add((*std::prev(next))->fret);
   }
-  int narrowest = kReach + 1;
+  int narrowest = kReachOfHand + 1;
   for (std::size_t s = 0; s < strings.size(); ++s) {
     const int fret = note.pitch - open[s];
     if (fret < 0 || fret > frets || !isSilent(strings[s], note)) continue;

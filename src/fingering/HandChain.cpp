@@ -7,13 +7,12 @@
 #include <functional>
 #include <iterator>
 
+#include "fingering/DoubtfulOctaves.h"
 #include "fingering/OpenStringFit.h"
 
 namespace korvel::fingering {
 namespace {
 
-/// What a note must be at least to be played for certain.
-constexpr float kSure = 0.65F;
 /// For a note that is left out, times its probability.
 constexpr double kLeft = -6;
 
@@ -86,7 +85,8 @@ void HandChain::listChoices(std::size_t event) {
   const auto indices = m_events.notes(event);
   for (std::size_t i = 0; i < indices.size(); ++i) {
     const int string = m_settled.stringOf(indices[i]);
-    const bool doubtful = m_notes[indices[i]].probability < kSure && string == Settled::kAnyString;
+    const bool doubtful =
+        m_notes[indices[i]].probability < kSureNote && string == Settled::kAnyString;
     notes[i] = {m_notes[indices[i]].pitch, doubtful, string};
   }
   const Passage passage{m_events.isOfLine(event), m_openFit[event]};
