@@ -10,10 +10,15 @@ namespace korvel {
 /// together, as it is written in bars.
 enum class Grid { slices, beats };
 
+/// What plays in a recording: one guitar, of which notes are heard, or a band, of which chords are.
+enum class Players { guitar, band, automatic };
+
 /// What the user may say to a detection that hears a recording as a whole.
 struct HearingSettings : precise::Settings {
   Grid grid = Grid::slices;
   rhythm::Wishes rhythm{};
+  Players players = Players::guitar;
+  bool tellsCertainty = false;  ///< Of chords, of a guitar's too.
 };
 
 /// What front ends choose unless told otherwise: a song on beats.

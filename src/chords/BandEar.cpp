@@ -13,8 +13,6 @@ constexpr std::size_t kMostWaiting = 640;
 /// Below 77 Hz.
 constexpr std::size_t kBinsOfLow = 36;
 constexpr float kCompression = 0.3F;
-/// Of the loudest tone's strength.
-constexpr float kSounds = 0.12F;
 
 /// How much a tone belongs to the treble and to the bass, by its MIDI number.
 float trebleOf(int tone) {
@@ -79,14 +77,12 @@ SoundFrame BandEar::heardIn(DrumFilter::Row& row) const {
   m_whitening.apply(row.tones);
   Tones tones;
   m_solver.solve(row.tones, tones);
-  const float loudest = *std::ranges::max_element(tones);
   for (std::size_t i = 0; i < kTones; ++i) {
     const int tone = kLowestTone + static_cast<int>(i);
     const float strength = std::pow(tones[i], kCompression);
     const auto at = static_cast<std::size_t>(tone) % kClasses;
     frame.treble[at] += trebleOf(tone) * strength;
     frame.bass[at] += bassOf(tone) * strength;
-    if (loudest > 0 && tones[i] > kSounds * loudest) frame.tones += 1;
   }
   return frame;
 }

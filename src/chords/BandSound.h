@@ -20,7 +20,6 @@ struct SoundFrame {
   float level = 0;       ///< The power of what sounds, drums too.
   float percussive = 0;  ///< Which share of it is drums, 0..1.
   float low = 0;         ///< Which share of it lies below 77 Hz, 0..1.
-  float tones = 0;       ///< How many tones sound that are not much softer than the loudest.
 };
 
 /// Something is struck: a drum, or any sound that begins suddenly.

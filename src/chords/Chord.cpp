@@ -46,8 +46,7 @@ unsigned Chord::pitchClasses() const {
   if (isNone()) return 0;
   const unsigned all = (1U << kNotes) - 1;
   const unsigned tones = of(kind).tones;
-  const unsigned classes = (tones << root | tones >> (kNotes - root)) & all;
-  return bass < 0 ? classes : classes | 1U << bass;
+  return (tones << root | tones >> (kNotes - root)) & all;
 }
 
 }  // namespace korvel::chords

@@ -53,7 +53,7 @@ struct Chord {
   int bass = -1;  ///< Pitch class of the bass where that is another than the root, else -1.
 
   bool isNone() const { return root < 0; }
-  /// Pitch classes as bits, the bass among them.
+  /// Pitch classes as bits, without another bass.
   unsigned pitchClasses() const;
   bool operator==(const Chord&) const = default;
 };

@@ -59,7 +59,7 @@ void tellKey(std::span<const InItsKey> path, std::span<const BeatEvidence> beats
 /// Power chords come in numbers: a single chord whose third is faint is a chord with a faint third.
 /// A partial of the root sounds as a major third, so that minor ones have to lack theirs, too.
 bool hasFewThirds(std::span<const FoundSpan> spans, std::span<const AboveRoot> heard) {
-  constexpr double kFewThirds = 0.25, kFewOfNotes = 0.035, kFewMinorThirds = 0.045;
+  constexpr double kFewThirds = 0.12, kFewOfNotes = 0.035, kFewMinorThirds = 0.045;
   double all = 0, thirds = 0, ofNotes = 0, minor = 0, minorThirds = 0;
   for (std::size_t i = 0; i < spans.size(); ++i) {
     const auto beats = static_cast<double>(spans[i].to - spans[i].from);
@@ -109,15 +109,15 @@ FoundChords findChords(std::span<const BeatEvidence> beats, const SearchWeights&
     scored.push_back({judge.of(beat), beat.onBarLine ? weights.changeOnBarLine : weights.change});
   const KeyChordPrices prices(weights);
   const std::vector<InItsKey> path = bestPath(scored, prices, weights.keyChange);
-  const std::vector<Scores> sure = probabilities(scored, prices, weights.keyChange, weights.trust);
   FoundChords found;
+  found.beats = probabilities(scored, prices, weights.keyChange, weights.trust);
   for (std::size_t i = 0; i < path.size(); ++i) {
     if (i == 0 || path[i].chord != path[i - 1].chord)
       found.spans.push_back({i, i, chordAt(path[i].chord)});
     FoundSpan& span = found.spans.back();
     const double before = span.probability * static_cast<double>(span.to - span.from);
     span.to = i + 1;
-    span.probability = (before + static_cast<double>(sure[i][path[i].chord])) /
+    span.probability = (before + static_cast<double>(found.beats[i][path[i].chord])) /
                        static_cast<double>(span.to - span.from);
   }
   tellKey(path, beats, weights, found);

@@ -7,6 +7,7 @@
 
 #include "chords/Chord.h"
 #include "chords/judging/BeatEvidence.h"
+#include "chords/judging/ChordScores.h"
 #include "chords/judging/KeyTables.h"
 #include "chords/judging/SearchWeights.h"
 
@@ -23,6 +24,8 @@ struct FoundSpan {
 /// The chords of a recording.
 struct FoundChords {
   std::vector<FoundSpan> spans;  ///< Without gaps, neighbours differ.
+  /// Of each beat, how probable each chord is that was searched for.
+  std::vector<Scores> beats;
   int tonic = -1;  ///< Of the key that most of it is in; -1 where there are no chords.
   Mode mode = Mode::major;
 };

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "export/ChordsJson.h"
 #include "export/score/SongScore.h"
 #include "export/score/Spelling.h"
 #include "fingering/Note.h"
@@ -216,6 +217,11 @@ std::string dump(const Json& json) {
   return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
+Json asJson(const ChordOfRecording& chord) {
+  return Json::array({rounded(chord.from, kPerSecond), rounded(chord.to, kPerSecond), chord.label,
+                      rounded(chord.probability, kPerUnit), chord.name});
+}
+
 }  // namespace
 
 std::string songAsJson(QBSong& song) { return dump(asJson(song)); }
@@ -239,6 +245,15 @@ std::string notesAsJson(const std::vector<NotesOfFile>& files) {
     addRhythm(all.back(), each.rhythm);
   }
   return all.dump(1, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+std::string chordsAsJson(const rhythm::Reading& reading,
+                         const std::vector<ChordOfRecording>& chords, bool isBand) {
+  Json json{{"what", isBand ? "band" : "guitar"}};
+  addReading(json, reading);
+  json["chords"] = Json::array();
+  for (const ChordOfRecording& chord : chords) json["chords"].push_back(asJson(chord));
+  return json.dump(1) + '\n';
 }
 
 }  // namespace korvel

@@ -44,6 +44,7 @@ struct ChordSpan {
   unsigned pitchClasses = 0;
   /// Of root and third, against all other chords; 1 as long as nobody has asked.
   double probability = 1;
+  int bass = -1;  ///< Pitch class of the bass, where it was heard to be another than the root.
 
   bool operator==(const ChordSpan&) const = default;
 };

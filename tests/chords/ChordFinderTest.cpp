@@ -99,7 +99,7 @@ TEST(ChordFinder, namesProgressions) {
   } cases[] = {
       {"0: 7: 9:m 5: 0: 7: 9:m 5: 0:", 0, Mode::major},
       {"9:m 2:m 4:7 9:m 5: 2:m 4:7 9:m", 9, Mode::minor},
-      {"2:m7 7:7 0: 9:m7 2:m7 7:7 0:", 0, Mode::major},
+      {"2:m 7:7 0: 9:m 2:m 7:7 0:", 0, Mode::major},
       {"2: 7: 9:sus4 9: 2: 7: 9:sus4 9: 2:", 2, Mode::major},
       {"0: 7:/11 9:m 5: 0: 7:/11 9:m 5: 0:", 0, Mode::major},
       {"4:m 6:dim 11:7 4:m 6:dim 11:7 4:m", 4, Mode::minor},

@@ -55,7 +55,8 @@ std::string barText(const Reading& reading, int from, int to) {
 std::string nameOf(const ChordSpan& span, const std::optional<rhythm::Key>& key) {
   if (isNone(span)) return "-";
   const int number = key ? key->tonic + (key->minor ? kNotesPerOctave : 0) : -1;
-  return std::string(nameInKey(span.root, number)) + std::string(typeOf(span));
+  const std::string name = std::string(nameInKey(span.root, number)) + std::string(typeOf(span));
+  return span.bass < 0 ? name : name + '/' + std::string(nameInKey(span.bass, number));
 }
 
 std::string chordChart(const Reading& reading) {

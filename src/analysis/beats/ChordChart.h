@@ -8,7 +8,7 @@
 
 namespace korvel {
 
-/// "Bbm7", spelt as in the key; "-" for no chord.
+/// "Bbm7" or "C/E", spelt as in the key; "-" for no chord.
 std::string nameOf(const rhythm::ChordSpan& span, const std::optional<rhythm::Key>& key);
 
 /// The chords of a reading by bars, four a line: "| Am . F . | C . G . |". A dot is a beat on which

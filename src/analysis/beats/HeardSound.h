@@ -17,6 +17,10 @@ struct HeardSound {
   double seconds = 0;                     ///< Length of the recording, as far as it was read.
   double tuningOffset = 0;                ///< How far its A lies above 440 Hz, in cents.
   int capo = 0;
+  /// A band plays: its notes are those of grips for its chords.
+  bool isBand = false;
+  /// How probable each of the reading's chords is, 0..1; empty where nobody asked.
+  std::vector<double> certainty{};
 };
 
 }  // namespace korvel

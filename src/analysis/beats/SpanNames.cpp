@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "chords/Chord.h"
 #include "model/book/QBHarmony.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Pitch.h"
@@ -43,16 +44,26 @@ constexpr unsigned setOf(std::initializer_list<int> steps) {
   return tones;
 }
 
-constexpr TypeOfTones kTypes[] = {
-    {setOf({0, 5, 7}), "sus4"},        {setOf({0, 2, 7}), "sus2"},
-    {setOf({0, 3, 6}), "dim"},         {setOf({0, 4, 8}), "aug"},
-    {setOf({0, 5, 7, 10}), "7sus4"},   {setOf({0, 2, 4, 7}), "add9"},
-    {setOf({0, 3, 6, 10}), "m7b5"},    {setOf({0, 3, 6, 9}), "dim7"},
-    {setOf({0, 4, 7, 9}), "6"},        {setOf({0, 3, 7, 9}), "m6"},
-    {setOf({0, 2, 4, 7, 10}), "9"},    {setOf({0, 4, 7}), ""},
-    {setOf({0, 3, 7}), "m"},           {setOf({0, 4, 7, 10}), "7"},
-    {setOf({0, 3, 7, 10}), "m7"},      {setOf({0, 4, 7, 11}), "maj7"},
-    {setOf({0, 2, 4, 7, 11}), "maj9"}, {setOf({0, 2, 3, 7, 10}), "m9"}};
+constexpr TypeOfTones kTypes[] = {{setOf({0, 5, 7}), "sus4"},
+                                  {setOf({0, 2, 7}), "sus2"},
+                                  {setOf({0, 3, 6}), "dim"},
+                                  {setOf({0, 4, 8}), "aug"},
+                                  {setOf({0, 5, 7, 10}), "7sus4"},
+                                  {setOf({0, 2, 4, 7}), "add9"},
+                                  {setOf({0, 3, 6, 10}), "m7b5"},
+                                  {setOf({0, 3, 6, 9}), "dim7"},
+                                  {setOf({0, 4, 7, 9}), "6"},
+                                  {setOf({0, 3, 7, 9}), "m6"},
+                                  {setOf({0, 2, 4, 5, 7, 10}), "11"},
+                                  {setOf({0, 2, 4, 7, 9, 10}), "13"},
+                                  {setOf({0, 2, 4, 7, 10}), "9"},
+                                  {setOf({0, 4, 7}), ""},
+                                  {setOf({0, 3, 7}), "m"},
+                                  {setOf({0, 4, 7, 10}), "7"},
+                                  {setOf({0, 3, 7, 10}), "m7"},
+                                  {setOf({0, 4, 7, 11}), "maj7"},
+                                  {setOf({0, 2, 4, 7, 11}), "maj9"},
+                                  {setOf({0, 2, 3, 7, 10}), "m9"}};
 
 /// A fifth alone; where a third was heard, however faint, the quality tells it.
 constexpr TypeOfTones kPower{setOf({0, 7}), "5"};
@@ -85,6 +96,18 @@ std::string_view typeOf(const rhythm::ChordSpan& span) {
   if (tones == kPower.tones && span.quality == Quality::major) return kPower.type;
   const auto* found = std::ranges::find(kTypes, tones, &TypeOfTones::tones);
   return found == std::end(kTypes) ? typeOf(span.quality) : found->type;
+}
+
+std::string labelOf(const rhythm::ChordSpan& span) {
+  constexpr std::string_view kRoots[] = {"C",  "Db", "D",  "Eb", "E",  "F",
+                                         "Gb", "G",  "Ab", "A",  "Bb", "B"};
+  if (span.root < 0) return "N";
+  const std::string root = std::string(kRoots[span.root]) + ':';
+  for (std::size_t i = 0; i < chords::kKinds; ++i) {
+    const chords::KindOfChord& kind = chords::of(static_cast<chords::Kind>(i));
+    if (kind.type == typeOf(span)) return root + std::string(kind.plain);
+  }
+  return root + std::string(chords::of(static_cast<chords::Kind>(span.quality)).plain);
 }
 
 void tellPitchClasses(std::span<const fingering::Note> notes, rhythm::Reading& reading) {

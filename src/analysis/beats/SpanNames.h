@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "fingering/Note.h"
@@ -19,6 +20,10 @@ void tellPitchClasses(std::span<const fingering::Note> notes, rhythm::Reading& r
 /// As the chord book calls it: "m7", and by the pitch classes what the quality does not tell, such
 /// as "sus4".
 std::string_view typeOf(const rhythm::ChordSpan& span);
+
+/// As annotations of chords call it: root, and what it is by third, fifth and seventh, such as
+/// "A:min7"; "N" for no chord.
+std::string labelOf(const rhythm::ChordSpan& span);
 
 /// The harmony of the chord book of that type; none when the book lacks it.
 QBHarmony* harmonyOf(const QBTabMgr& db, const rhythm::ChordSpan& span);

@@ -4,6 +4,8 @@
 #include <atomic>
 #include <utility>
 
+#include "analysis/bands/BandChords.h"
+#include "analysis/bands/GrippedChords.h"
 #include "analysis/beats/SpanNames.h"
 #include "analysis/beats/SpanProbabilities.h"
 #include "analysis/chords/Transcription.h"
@@ -19,6 +21,7 @@ struct Listening::Work {
       : source(std::move(from)), open(strings), settings(chosen) {}
   void listen(const std::stop_token& ending);
   void keep(Transcription& listened);
+  void keepBand(const Transcription& listened);
   bool gather(const Transcription& listened, const std::stop_token& ending);
 
   std::shared_ptr<QBSampleSource> source;
@@ -50,8 +53,24 @@ void Listening::Work::keep(Transcription& listened) {
                  static_cast<double>(listened.samples()) / platform::kSampleRate,
                  found.tuningOffset,
                  settings.fingering.capo};
-  tellPitchClasses(heard.sound.notes, heard.sound.rhythm.reading);
-  tellProbabilities(heard.sound.notes, heard.sound.rhythm.reading);
+  if (listened.isBand()) return keepBand(listened);
+  rhythm::Reading& reading = heard.sound.rhythm.reading;
+  if (settings.tellsCertainty)
+    heard.sound.certainty = certaintyOf(listened.sound(), found.notes, reading);
+  tellPitchClasses(heard.sound.notes, reading);
+  tellProbabilities(heard.sound.notes, reading);
+}
+
+/// In bars, however free its rhythm: nothing else can be told of it.
+void Listening::Work::keepBand(const Transcription& listened) {
+  HeardSound& sound = heard.sound;
+  sound.isBand = true;
+  sound.rhythm.isFree = false;
+  sound.doubtful.clear();
+  sound.certainty = tellBandChords(listened.sound(), sound.notes, sound.rhythm.reading);
+  for (std::size_t i = 0; i < sound.certainty.size(); ++i)
+    sound.rhythm.reading.chords[i].probability = sound.certainty[i];
+  gripChords(open, settings.fingering, sound);
 }
 
 /// Whether it came to its end.

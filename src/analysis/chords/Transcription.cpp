@@ -3,7 +3,9 @@
 
 #include <utility>
 
+#include "analysis/bands/BandChords.h"
 #include "audio/QBSampleSource.h"
+#include "chords/SoloOrBand.h"
 #include "platform/loop/Deadline.h"
 
 namespace korvel {
@@ -26,7 +28,10 @@ Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenP
     : m_source(std::move(source)),
       m_engine(settings.sensitivity),
       m_fingering(open, settings.fingering),
-      m_wishes(settings.rhythm) {}
+      m_players(settings.grid == Grid::beats ? settings.players : Players::guitar),
+      m_wishes(settings.rhythm) {
+  if (m_players != Players::guitar || settings.tellsCertainty) m_ear.emplace();
+}
 
 bool Transcription::step() {
   const platform::Deadline deadline;
@@ -52,6 +57,7 @@ void Transcription::work() {
 void Transcription::read() {
   const auto samples = m_source->readSamples();
   m_isRead = samples.empty();
+  if (m_ear) m_ear->add(samples);
   m_isRead ? m_engine.finish() : m_engine.add(samples);
   m_samples += samples.size();
   if (m_isRead || m_engine.isFull()) m_phase = Phase::hearing;
@@ -67,14 +73,26 @@ void Transcription::hear() {
     return;
   }
   m_result = m_engine.take();
+  if (m_ear) decide();
   m_placing = m_fingering.placing(m_result.notes);
   m_phase = Phase::fingering;
+}
+
+void Transcription::decide() {
+  m_sound = m_ear->take();
+  m_ear.reset();
+  m_isBand = m_players == Players::band ||
+             (m_players == Players::automatic &&
+              chords::isBand(chords::measuresOf(m_sound), surenessOf(m_result.notes)));
 }
 
 void Transcription::finger() {
   for (int i = 0; i < kEventsOfPart; ++i) {
     if (m_placing.next()) continue;
-    m_reader.emplace(m_result.notes, m_wishes);
+    if (m_isBand)
+      m_reader.emplace(withStrokes(m_result.notes, m_sound.strokes), m_wishes);
+    else
+      m_reader.emplace(m_result.notes, m_wishes);
     m_phase = Phase::rhythm;
     return;
   }

@@ -7,6 +7,8 @@
 #include <utility>
 
 #include "analysis/HearingSettings.h"
+#include "chords/BandEar.h"
+#include "chords/BandSound.h"
 #include "fingering/Fingering.h"
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
@@ -37,6 +39,10 @@ class Transcription {
   const precise::Findings& result() const { return m_result; }
   /// Likewise; to be taken once.
   rhythm::Rhythm takeRhythm() { return std::move(m_rhythm); }
+  /// Likewise: whether a band plays, and what its chords are heard from, which nobody listened to
+  /// unless the settings ask for it.
+  bool isBand() const { return m_isBand; }
+  const chords::BandSound& sound() const { return m_sound; }
 
  private:
   enum class Phase { reading, hearing, fingering, rhythm, done };
@@ -44,6 +50,7 @@ class Transcription {
   void work();
   void read();
   void hear();
+  void decide();
   void finger();
   void readRhythm();
 
@@ -51,6 +58,10 @@ class Transcription {
   precise::WindowedEngine m_engine;
   fingering::Fingering m_fingering;
   precise::Findings m_result;
+  Players m_players;
+  std::optional<chords::BandEar> m_ear;  ///< While it listens.
+  chords::BandSound m_sound;
+  bool m_isBand = false;
   std::size_t m_samples = 0;
   Phase m_phase = Phase::reading;
   double m_heard = 0;  ///< Share of the source that the windows before had.

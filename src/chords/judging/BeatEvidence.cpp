@@ -21,6 +21,16 @@ float loudLevel(const std::vector<SoundFrame>& frames) {
   return *at;
 }
 
+/// Of the power of some frames.
+float percussiveShare(std::span<const SoundFrame> frames) {
+  float power = 0, drums = 0;
+  for (const SoundFrame& frame : frames) {
+    power += frame.level;
+    drums += frame.level * frame.percussive;
+  }
+  return power > 0 ? drums / power : 0;
+}
+
 void addTo(Chroma& sum, const Chroma& part) {
   for (std::size_t i = 0; i < kClasses; ++i) sum[i] += part[i];
 }
@@ -30,6 +40,7 @@ void addTo(Chroma& sum, const Chroma& part) {
 std::vector<BeatEvidence> evidenceOf(const BandSound& sound, std::span<const double> times) {
   std::vector<BeatEvidence> beats(times.empty() ? 0 : times.size() - 1);
   const float silence = kSilence * loudLevel(sound.frames);
+  const float usual = percussiveShare(sound.frames);
   for (std::size_t i = 0; i < beats.size(); ++i) {
     BeatEvidence& beat = beats[i];
     beat.seconds = times[i + 1] - times[i];
@@ -46,6 +57,9 @@ std::vector<BeatEvidence> evidenceOf(const BandSound& sound, std::span<const dou
       loudest = std::max(loudest, sound.frames[t].level);
     }
     beat.isSilent = loudest <= silence;
+    const std::span<const SoundFrame> frames(sound.frames);
+    beat.percussive =
+        (usual + percussiveShare(frames.subspan(from, std::max(from, to) - from))) / 2;
     const float count = static_cast<float>(std::max<std::size_t>(to - from, 1));
     for (std::size_t k = 0; k < kClasses; ++k) {
       beat.treble[k] /= count;

@@ -22,6 +22,8 @@ struct BeatEvidence {
   double seconds = 0;
   bool onBarLine = false;
   bool isSilent = false;
+  /// Which share of the power is drums, in this beat and in the whole recording alike, 0..1.
+  float percussive = 0;
 };
 
 /// What sounds from each of these times to the next one; `times` ascend.

@@ -104,7 +104,11 @@ Scores ChordScores::of(const BeatEvidence& beat) const {
     scores[chord] =
         length * (m_weights.perFit * fit + m_weights.notes * byNotes(beat.notes, root, kind, all));
   }
-  scores[kNone] = length * (m_weights.perFit * m_weights.none - m_weights.notes * all);
+  const float drums = std::clamp(
+      (beat.percussive - m_weights.someDrums) / (m_weights.mostlyDrums - m_weights.someDrums), 0.0F,
+      1.0F);
+  const float none = m_weights.none + drums * m_weights.noneOfDrums;
+  scores[kNone] = length * (m_weights.perFit * none - m_weights.notes * all);
   return scores;
 }
 

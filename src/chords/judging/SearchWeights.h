@@ -11,21 +11,23 @@ namespace korvel::chords {
 struct SearchWeights {
   // What sounds.
   float perFit = 10;            ///< Of a whole agreement of a beat with a chord.
-  float bass = 1;               ///< Of the bass in comparison with the treble.
-  float bassOnBarLine = 1.4F;   ///< Likewise on the first beat of a bar.
+  float bass = 0.9F;            ///< Of the bass in comparison with the treble.
+  float bassOnBarLine = 1.7F;   ///< Likewise on the first beat of a bar.
   float thirdPartials = 0.15F;  ///< Of a tone in the treble, what passes for its fifth
   float fifthPartials = 0.3F;   ///< and for its major third.
-  float third = 0.7F, fifth = 0.75F, seventh = 1.05F;  ///< In the treble; the root is 1.
-  float bassThird = 0.3F, bassFifth = 0.5F;
+  float third = 0.7F, fifth = 0.75F, seventh = 1.1F;  ///< In the treble; the root is 1.
+  float bassThird = 0.4F, bassFifth = 0.5F;
   /// By kind, in agreement.
   std::array<float, kSearchedKinds> costs{0, 0, 0, 0, 0, 0.09F, 0.12F, 0.144F};
   // The notes that were heard.
   float notes = 1.1F;
   std::array<float, kSearchedKinds> noteCosts{0, 0, 0.25F, 0.25F, 0.3F, 0.6F, 0.5F, 0.6F};
   // No chord.
-  float none = 0.85F;  ///< As an agreement.
+  float none = 0.6F;         ///< As an agreement; more where
+  float noneOfDrums = 0.4F;  ///< hardly anything but drums sounds: when their share of the power
+  float someDrums = 0.45F, mostlyDrums = 0.6F;  ///< goes from the one to the other.
   // What follows what.
-  float change = 11;
+  float change = 13;
   float changeOnBarLine = 5;
   float foreign = 2.2F;   ///< A chord that the key lacks, each beat,
   float entry = 3;        ///< and where it begins.

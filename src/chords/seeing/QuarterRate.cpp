@@ -51,8 +51,8 @@ void QuarterRate::add(std::span<const float> samples, std::vector<float>& answer
 }
 
 void QuarterRate::finish(std::vector<float>& answer) {
-  static constexpr std::array<float, kSide> kSilence{};
-  add(kSilence, answer);
+  static constexpr std::array<float, kSide> kNothing{};
+  add(kNothing, answer);
 }
 
 }  // namespace korvel::chords

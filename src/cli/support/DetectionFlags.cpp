@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/support/DetectionFlags.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <functional>
 #include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "analysis/HearingSettings.h"
 #include "cli/support/CliError.h"
@@ -20,6 +23,14 @@ namespace {
 
 using precise::FingeringOptions;
 using precise::Position;
+
+struct NamedPlayers {
+  std::string_view name;
+  Players players;
+};
+
+constexpr std::array<NamedPlayers, 3> kPlayers{
+    {{"guitar", Players::guitar}, {"band", Players::band}, {"auto", Players::automatic}}};
 
 Position positionNamed(const std::string& word) {
   if (word == "anywhere") return {};
@@ -113,6 +124,24 @@ void addDetectionFlags(Command& command, HearingSettings& settings) {
       .wholeWithin(0, FingeringOptions::kHighestCapo)
       .shownAs("FRET");
   command.checkAtOnce([&fingering] { requireOnTheNeck(fingering); });
+}
+
+void addPlayersFlag(Command& command, HearingSettings& settings) {
+  const auto read = [&settings](const std::string& word) {
+    for (const NamedPlayers& each : kPlayers)
+      if (each.name == word) {
+        settings.players = each.players;
+        return;
+      }
+    throw UsageError("--what", "is guitar, band or auto");
+  };
+  const auto* usual = std::ranges::find(kPlayers, settings.players, &NamedPlayers::players);
+  command
+      .option("--what", read,
+              "What plays: one guitar, heard note by note (guitar), several instruments, of which "
+              "the chords are heard (band), or whichever it sounds like (auto); default: " +
+                  std::string(usual->name))
+      .shownAs("guitar|band|auto");
 }
 
 void requireInstrumentFor(const Detection& detection) {

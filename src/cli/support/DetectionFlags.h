@@ -16,6 +16,8 @@ void addDetectionFlags(Command& command, HearingSettings& settings);
 /// The same and --detection, with which they have no meaning when that uses no settings. What is
 /// chosen so far is the default.
 void addDetectionFlags(Command& command, const Detection*& detection, HearingSettings& settings);
+/// Offers --what; what is chosen so far is the default.
+void addPlayersFlag(Command& command, HearingSettings& settings);
 /// Throws CliError when the detection needs an instrument and none is active.
 void requireInstrumentFor(const Detection& detection);
 

@@ -327,6 +327,14 @@
         <source>%1: notes that come: %2, that go: %3.</source>
         <translation>%1: Töne, die dazukommen: %2, die wegfallen: %3.</translation>
     </message>
+    <message>
+        <source>it sounds like a band: its chords were heard</source>
+        <translation>es klingt nach einer Band: ihre Akkorde wurden gehört</translation>
+    </message>
+    <message>
+        <source>it sounds like one guitar: its notes were heard</source>
+        <translation>es klingt nach einer einzelnen Gitarre: ihre Töne wurden gehört</translation>
+    </message>
 </context>
 <context>
     <name>Message</name>

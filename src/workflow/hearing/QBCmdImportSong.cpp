@@ -255,6 +255,9 @@ platform::Slices QBCmdImportSong::finish() {
   m_newSong->clearTabulature();
   platform::Slices building = buildingTab(*m_newSong);
   if (const HeardSound* heard = m_hearing->heard()) {
+    if (m_settings.players == Players::automatic)
+      printOut(heard->isBand ? phrase("Log", "it sounds like a band: its chords were heard")
+                             : phrase("Log", "it sounds like one guitar: its notes were heard"));
     platform::Slices keeping = keepingRecording(QBTabMgr::db(), *m_newSong, m_file, *heard);
     while (keeping.next()) co_yield 0;
     platform::Slices copying = keepingCopy();

@@ -4,9 +4,12 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "analysis/HearingSettings.h"
 #include "analysis/beats/ChordChart.h"
+#include "analysis/beats/HeardSound.h"
+#include "analysis/beats/SpanNames.h"
 #include "analysis/chords/Listening.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
@@ -14,6 +17,7 @@
 #include "cli/support/DetectionFlags.h"
 #include "cli/support/RhythmFlags.h"
 #include "cli/support/choices/TuningChoice.h"
+#include "export/ChordsJson.h"
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
 #include "workflow/editing/rhythm/RhythmWords.h"
@@ -30,16 +34,28 @@ struct ChordsOptions {
   std::string file;
   std::optional<std::string> tuning;  ///< Of the store; standard tuning when not given.
   HearingSettings settings = settingsOfFrontEnds();
+  bool json = false;
 };
 
-rhythm::Rhythm rhythmOfFile(const ChordsOptions& options) {
+HeardSound heardIn(const ChordsOptions& options) {
   const OpenPitches open =
       options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
   const auto listening = ListeningAhead({options.file}, open, options.settings).next();
   for (; !listening->isOver(); listening->waitFor(kPatienceOfChords))
     Console::attached().progress(listening->progress());
   Console::attached().progress(1);
-  return listening->take().sound.rhythm;
+  return listening->take().sound;
+}
+
+std::string json(const HeardSound& heard) {
+  const rhythm::Reading& reading = heard.rhythm.reading;
+  std::vector<ChordOfRecording> chords;
+  for (std::size_t i = 0; i < reading.chords.size(); ++i) {
+    const rhythm::ChordSpan& span = reading.chords[i];
+    chords.push_back({reading.secondsOf(span.from), reading.secondsOf(span.to), labelOf(span),
+                      heard.certainty.at(i), nameOf(span, reading.key)});
+  }
+  return chordsAsJson(reading, chords, heard.isBand);
 }
 
 void tellDoubts(const rhythm::Rhythm& heard) {
@@ -52,11 +68,11 @@ void tellDoubts(const rhythm::Rhythm& heard) {
 
 void printChords(const ChordsOptions& options) {
   requireSound(options.file);
-  const rhythm::Rhythm heard = rhythmOfFile(options);
-  const std::string chart = chordChart(heard.reading);
+  const HeardSound heard = heardIn(options);
+  const std::string chart = chordChart(heard.rhythm.reading);
   if (chart.empty()) throw CliError(options.file + ": no chords were heard in it");
-  Console::attached().print(chart);
-  tellDoubts(heard);
+  Console::attached().print(options.json ? json(heard) : chart);
+  if (!options.json) tellDoubts(heard.rhythm);
 }
 
 }  // namespace
@@ -69,8 +85,14 @@ void addChordsOfFile(Command& tool) {
                  "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
   addDetectionFlags(command, options.settings);
   addRhythmFlags(command, options.settings);
+  options.settings.players = Players::automatic;
+  addPlayersFlag(command, options.settings);
+  command.flag("--json", options.json, "Print beats, key and chords, each with its probability");
   command.checkLast([&] { command.uses(options.tuning ? Store::filled : Store::none); });
-  command.does([&options] { printChords(options); });
+  command.does([&options] {
+    options.settings.tellsCertainty = options.json;
+    printChords(options);
+  });
 }
 
 }  // namespace korvel::cli

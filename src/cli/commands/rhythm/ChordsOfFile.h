@@ -5,7 +5,8 @@ namespace korvel::cli {
 
 class Command;
 
-/// `chords`: hears a recording and prints its chords in bars (`ChordChart.h`). Stores nothing.
+/// `chords`: hears a recording, of a guitar or a band, and prints its chords in bars
+/// (`ChordChart.h`) or as JSON (`ChordsJson.h`). Stores nothing.
 void addChordsOfFile(Command& tool);
 
 }  // namespace korvel::cli

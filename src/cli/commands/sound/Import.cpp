@@ -133,6 +133,16 @@ int importFiles(const ImportOptions& options) {
   return status;
 }
 
+/// A band's chords are laid into bars, and the classic detection knows neither.
+void requireWholeFor(const Command& command, const ImportOptions& options) {
+  if (!command.isGiven("--what")) return;
+  if (!options.detection->usesSettings)
+    throw UsageError("--what",
+                     "has no meaning with --detection " + std::string(options.detection->name));
+  if (options.settings.players == Players::band && options.settings.grid == Grid::slices)
+    throw UsageError("--what band", "is written in bars; leave --grid slices out");
+}
+
 }  // namespace
 
 void addImport(Command& tool) {
@@ -144,11 +154,13 @@ void addImport(Command& tool) {
   command.option("--title", options.title, "Title of the song (default: after the file)");
   command.option("--tuning", options.tuning, "Tuning of the guitar, such as \"Drop D\"");
   addDetectionFlags(command, options.detection, options.settings);
+  addPlayersFlag(command, options.settings);
   command.flag("--json", options.json, "Print the song as JSON");
   command.flag("--keep-recording", options.keepRecording,
                "Keep a copy of the recording beside the store, as FLAC");
   command.flag("--stepped", options.stepped, "Import step by step on a timer");
-  command.checkLast([&options] {
+  command.checkLast([&] {
+    requireWholeFor(command, options);
     if (options.title && options.files.size() > 1)
       throw UsageError("--title", "goes with a single file");
     if (options.title == "" || options.album == "")
