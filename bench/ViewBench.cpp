@@ -5,9 +5,15 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cstdint>
 #include <ctime>
 
+#include "PluckedRecording.h"
 #include "StoredSong.h"
+#include "model/recorded/SongRecording.h"
+#include "model/songs/QBChord.h"
+#include "model/songs/QBSong.h"
+#include "music/ChordStep.h"
 #include "ui/roll/RollView.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
@@ -119,11 +125,50 @@ void scrolling(benchmark::State& state) {
   steps(state, [](Desk& desk, int chord) { desk.scroll(chord * 97 % desk.rows()); });
 }
 
+double millisecondsOfThread() {
+  std::timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return 1e3 * static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_nsec);
+}
+
+/// The roll with the picture of a recording behind it, from the whole song in the view to single
+/// periods of a string: the longest step in the time of the window's thread, as tiles are made on
+/// another.
+void zoomingTheRecording(benchmark::State& state) {
+  const StoredSong stored(state.range(0));
+  const test::ScratchFolder folder;
+  const double seconds = static_cast<double>(state.range(0)) * kSecondsOfChord;
+  bench::writePluckedRecording(folder.file("a.wav"), seconds);
+  QBSong* song = StoredSong::song();
+  SongRecording* recording = StoredSong::db().createRecording(folder.file("a.wav"));
+  recording->setSeconds(seconds);
+  song->setRecording(recording);
+  std::int64_t place = 0;
+  for (const auto& chord : song->allChords())
+    chord->setTimestamp(static_cast<std::int64_t>(kSamplesOfChord) * ++place);
+  ui::RollView roll;
+  roll.resize(2560, 480);
+  roll.setSong(song);
+  roll.show();
+  double longest = 0;
+  double zoom = 0.1;
+  for (auto _ : state) {
+    const double start = millisecondsOfThread();
+    roll.setZoom(zoom);
+    roll.horizontalScrollBar()->setValue(roll.horizontalScrollBar()->maximum() / 3);
+    QApplication::processEvents();
+    longest = std::max(longest, millisecondsOfThread() - start);
+    zoom = zoom > 20000 ? 0.1 : zoom * 1.1;
+  }
+  state.counters["longest"] = longest;
+}
+
 BENCHMARK(openingSong)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(refreshing)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(playing)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(movingTheCursor)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 BENCHMARK(scrolling)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
+BENCHMARK(zoomingTheRecording)->Arg(650)->Arg(6500)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace korvel

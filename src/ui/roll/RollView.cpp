@@ -18,6 +18,7 @@ namespace {
 constexpr double kSmallestZoom = 20;  ///< But for longer songs.
 constexpr double kLargestZoom = 20000;
 constexpr double kZoomFactor = 1.25;
+constexpr double kMostOfWave = 0.2;  ///< Of the view's height.
 
 }  // namespace
 
@@ -102,7 +103,8 @@ void RollView::zoomOut() { setZoom(m_zoom / kZoomFactor); }
 void RollView::remeasure() {
   m_scale.setFont(font());
   m_scale.setZoom(m_zoom);
-  m_scale.setWaveHeight(std::ceil(m_backdrop.waveLines() * m_scale.line()));
+  m_scale.setWaveHeight(std::ceil(
+      std::min(m_backdrop.waveLines() * m_scale.line(), viewport()->height() * kMostOfWave)));
   m_scale.setViewport(viewport()->size());
   QScrollBar& bar = *horizontalScrollBar();
   bar.setRange(0, std::max(0, m_scale.wholeWidth() - viewport()->width()));
