@@ -11,6 +11,7 @@ namespace {
 
 constexpr float kLeastOpacity = 0.45F;  ///< Of a tone that is hardly one.
 constexpr float kFaintest = 0.35F;      ///< Of a candidate.
+constexpr double kLowestDashed = 5;     ///< Lanes in which dashes can be told, in pixels.
 
 }  // namespace
 
@@ -47,7 +48,8 @@ void TonePainter::paintTone(QPainter& painter, const ToneRoll::Tone& tone,
                             const RollNotes::Sign& sign, bool isChosen) const {
   QPen outline =
       m_scale.showsOutlines() ? QPen(mixed(m_shades.mark, m_shades.text, 0.5)) : QPen(Qt::NoPen);
-  if (m_scale.showsOutlines() && sign.probability < kDoubtful && !sign.isLocked)
+  const bool isDoubtful = sign.probability < kDoubtful && !sign.isLocked;
+  if (isDoubtful && m_scale.laneHeight() >= kLowestDashed)
     outline = QPen(m_shades.text, 1.2, Qt::DashLine);
   if (isChosen) outline = QPen(m_shades.text, 2);
   painter.setOpacity(kLeastOpacity + (1 - kLeastOpacity) * sign.probability);

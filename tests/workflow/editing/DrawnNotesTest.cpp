@@ -58,11 +58,11 @@ TEST_F(DrawnNotesTest, comeOntoTheGridOfTheBar) {
   notes().add(52, 13.2, 5.4);
   EXPECT_EQ(title(), "Add Tone");
   EXPECT_FALSE(QBTabMgr::db().context().hasChanges()) << "not saved";
-  EXPECT_EQ(drawn(), "45@0*12 52@12*6 | 12 6 30") << "in a rest, which goes on behind it";
+  EXPECT_EQ(drawn(), "45@0*12 52@12*6 | 12 6 6 24") << "in a rest, which goes on behind it";
   notes().add(57, 0.4, 12);
-  EXPECT_EQ(drawn(), "45@0*12 57@0*12 52@12*6 | 12 6 30") << "a chord";
+  EXPECT_EQ(drawn(), "45@0*12 57@0*12 52@12*6 | 12 6 6 24") << "a chord";
   notes().add(64, 25, 4, Grid::free);
-  EXPECT_EQ(drawn(), "45@0*12 57@0*12 52@12*6 64@25*4 | 12 6 7 4 19");
+  EXPECT_EQ(drawn(), "45@0*12 57@0*12 52@12*6 64@25*4 | 12 6 6 1 4 19");
   EXPECT_TRUE(m_song->allChords()[0]->isEdited());
   QBSession::session().undo();
   QBSession::session().undo();
@@ -71,6 +71,14 @@ TEST_F(DrawnNotesTest, comeOntoTheGridOfTheBar) {
   EXPECT_THROW(notes().add(20, 0, 12), EditRefused) << "no string has it";
   EXPECT_THROW(notes().add(52, 60, 12), EditRefused) << "behind the end";
   EXPECT_EQ(drawn(), "45@0*12 | 12 12 24");
+}
+
+TEST_F(DrawnNotesTest, leaveWhatSoundsAroundThem) {
+  onBeats("4/4 x0xxxx h rh |");
+  notes().add(64, 12, 6);
+  EXPECT_EQ(drawn(), "45@0*24 64@12*6 | 12 6 6 24");
+  notes().add(47, 6, 6);
+  EXPECT_EQ(drawn(), "45@0*6 47@6*6 64@12*6 | 6 6 6 6 24") << "its string is struck again";
 }
 
 TEST_F(DrawnNotesTest, severalMoveTogetherInTimeAndPitch) {
@@ -93,9 +101,9 @@ TEST_F(DrawnNotesTest, lastUntilTheirStringSoundsAgain) {
   notes().lengthen(std::vector<TonePlace>{{0, 1}, {0, 2}}, 36);
   EXPECT_EQ(drawn(), "45@0*24 50@0*48 47@24*24 | 12 12 24");
   notes().lengthen(std::vector<TonePlace>{{0, 1}, {0, 2}}, -46);
-  EXPECT_EQ(drawn(), "45@0*3 50@0*3 47@24*24 | 3 21 24") << "a sixteenth is left, then a rest";
-  notes().remove(std::vector<TonePlace>{{2, 1}, {0, 1}});
-  EXPECT_EQ(drawn(), "50@0*3 | 3 45");
+  EXPECT_EQ(drawn(), "45@0*3 50@0*3 47@24*24 | 3 9 12 24") << "a sixteenth is left, then a rest";
+  notes().remove(std::vector<TonePlace>{{3, 1}, {0, 1}});
+  EXPECT_EQ(drawn(), "50@0*3 | 3 9 36");
 }
 
 TEST_F(DrawnNotesTest, inSlicesBeginWithOne) {

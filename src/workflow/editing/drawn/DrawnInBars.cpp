@@ -60,12 +60,30 @@ void DrawnInBars::join() {
     if (!chord->isDeleted() && isToneless(*chord)) m_bars.joinToBefore(m_bars.indexOf(*chord));
 }
 
+/// What sounds in a chord that is divided goes on through the new one.
 QBChord* DrawnInBars::chordAt(int begin) {
+  const std::vector<Ringing> ringing = ringingAt(begin);
   const auto index = m_bars.beginAt(begin);
   if (!index) return nullptr;
+  for (const auto& [tone, ticks] : ringing) tone->setTicks(ticks);
   QBChord* chord = &m_bars.chord(*index);
   m_begins[chord] = begin;
   return chord;
+}
+
+/// The tones of the chord that lasts through there.
+std::vector<DrawnInBars::Ringing> DrawnInBars::ringingAt(int begin) const {
+  std::vector<Ringing> ringing;
+  int at = 0;
+  for (std::size_t i = 0; i < m_bars.size() && at < begin; ++i) {
+    const QBChord& chord = m_bars.chord(i);
+    const int end = at + chord.ticks();
+    if (end > begin && !isToneless(chord))
+      for (QBTone* tone : chord.hold()->tones())
+        ringing.push_back({tone, ticksOfTone(*tone, chord)});
+    at = end;
+  }
+  return ringing;
 }
 
 /// Until the string sounds again, or the song ends.
@@ -87,12 +105,13 @@ void DrawnInBars::came(QBChord& chord, int string, int steps) {
   endWithTones(chord);
 }
 
-/// A chord of which all tones end before it does is followed by a rest.
+/// A chord of which all tones end before it does is followed by a rest, of its own in case that
+/// what was struck earlier rings on through it.
 void DrawnInBars::endWithTones(QBChord& chord) {
   int longest = 0;
   for (const QBTone* tone : chord.hold()->tones())
     longest = std::max(longest, ticksOfTone(*tone, chord));
-  if (longest < chord.ticks()) m_bars.setTicks(m_bars.indexOf(chord), longest);
+  if (longest < chord.ticks()) m_bars.beginAt(m_begins.at(&chord) + longest);
 }
 
 void DrawnInBars::lengthen(const TonePlace& place, int steps, int unit) {

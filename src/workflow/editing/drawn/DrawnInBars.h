@@ -8,6 +8,8 @@
 
 namespace korvel {
 
+class QBTone;
+
 /// Of a song on beats: a step is a tick. Where no chord begins, one is divided; chords that changed
 /// are marked as the user's.
 class DrawnInBars final : public DrawnChords {
@@ -28,6 +30,12 @@ class DrawnInBars final : public DrawnChords {
   void changed(QBChord& chord) override;
 
  private:
+  struct Ringing {
+    platform::Ref<QBTone> tone;
+    int ticks;
+  };
+
+  std::vector<Ringing> ringingAt(int begin) const;
   int roomOf(std::size_t chord, int string) const;
   void endWithTones(QBChord& chord);
 
