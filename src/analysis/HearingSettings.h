@@ -18,7 +18,6 @@ struct HearingSettings : precise::Settings {
   Grid grid = Grid::slices;
   rhythm::Wishes rhythm{};
   Players players = Players::guitar;
-  bool tellsCertainty = false;  ///< Of chords, of a guitar's too.
 };
 
 /// What front ends choose unless told otherwise: a song on beats.

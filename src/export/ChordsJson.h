@@ -21,7 +21,7 @@ struct ChordOfRecording {
 /// "beatsPerBar", "compound", "swing", "key", "chords": [[start, end, "A:min7", probability,
 /// "Am7/G"]]}: times in seconds; the third of a chord's values is its root and what it is by third,
 /// fifth and seventh, "N" for none, the last one its whole name.
-std::string chordsAsJson(const rhythm::Reading& reading,
-                         const std::vector<ChordOfRecording>& chords, bool isBand);
+std::string chordsAsJson(const rhythm::Rhythm& rhythm, const std::vector<ChordOfRecording>& chords,
+                         bool isBand);
 
 }  // namespace korvel

@@ -247,10 +247,10 @@ std::string notesAsJson(const std::vector<NotesOfFile>& files) {
   return all.dump(1, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
-std::string chordsAsJson(const rhythm::Reading& reading,
-                         const std::vector<ChordOfRecording>& chords, bool isBand) {
+std::string chordsAsJson(const rhythm::Rhythm& rhythm, const std::vector<ChordOfRecording>& chords,
+                         bool isBand) {
   Json json{{"what", isBand ? "band" : "guitar"}};
-  addReading(json, reading);
+  addRhythm(json, rhythm);
   json["chords"] = Json::array();
   for (const ChordOfRecording& chord : chords) json["chords"].push_back(asJson(chord));
   return json.dump(1) + '\n';

@@ -61,15 +61,6 @@ int tickOfBeat(const Reading& reading, std::size_t beat) {
   return (static_cast<int>(beat) - static_cast<int>(reading.firstBar)) * kTicksOfBeat;
 }
 
-/// Among the chords that the search knows.
-std::size_t searchedChord(const ChordSpan& span) {
-  if (span.root < 0) return chords::kNone;
-  return static_cast<std::size_t>(span.root) * chords::kSearchedKinds +
-         static_cast<std::size_t>(span.quality);
-}
-static_assert(static_cast<int>(chords::Kind::majorSeventh) ==
-              static_cast<int>(Quality::majorSeventh));
-
 }  // namespace
 
 double surenessOf(std::span<const Note> notes) {
@@ -88,38 +79,16 @@ std::vector<Note> withStrokes(std::span<const Note> notes,
   return all;
 }
 
-std::vector<double> tellBandChords(const chords::BandSound& sound, std::span<const Note> notes,
-                                   Reading& reading) {
+void tellBandChords(const chords::BandSound& sound, std::span<const Note> notes, Reading& reading) {
   const chords::FoundChords found = chords::findChords(evidence(sound, notes, reading));
-  std::vector<double> certainty;
   reading.chords.clear();
   for (const chords::FoundSpan& span : found.spans) {
     reading.chords.push_back({tickOfBeat(reading, span.from), tickOfBeat(reading, span.to),
                               span.chord.root, qualityOf(span.chord.kind),
-                              span.chord.pitchClasses(), span.chord.bass});
-    certainty.push_back(span.probability);
+                              span.chord.pitchClasses(), span.probability, span.chord.bass});
   }
   reading.key.reset();
   if (found.tonic >= 0) reading.key = {found.tonic, found.mode == chords::Mode::minor};
-  return certainty;
-}
-
-std::vector<double> certaintyOf(const chords::BandSound& sound, std::span<const Note> notes,
-                                const Reading& reading) {
-  const chords::FoundChords found = chords::findChords(evidence(sound, notes, reading));
-  std::vector<double> certainty;
-  for (const ChordSpan& span : reading.chords) {
-    double sum = 0;
-    int beats = 0;
-    for (std::size_t i = 0; i < found.beats.size(); ++i) {
-      const int tick = tickOfBeat(reading, i);
-      if (tick < span.from || tick >= span.to) continue;
-      sum += static_cast<double>(found.beats[i][searchedChord(span)]);
-      ++beats;
-    }
-    certainty.push_back(beats > 0 ? sum / beats : 0);
-  }
-  return certainty;
 }
 
 }  // namespace korvel

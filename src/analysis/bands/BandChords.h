@@ -19,14 +19,8 @@ std::vector<fingering::Note> withStrokes(std::span<const fingering::Note> notes,
                                          std::span<const chords::Stroke> strokes);
 
 /// Gives a reading the chords and the key that are heard in the sound, with the notes as further
-/// evidence. Answers how probable each of the chords is, 0..1.
-std::vector<double> tellBandChords(const chords::BandSound& sound,
-                                   std::span<const fingering::Note> notes,
-                                   rhythm::Reading& reading);
-
-/// How probable the chords are that a reading has already.
-std::vector<double> certaintyOf(const chords::BandSound& sound,
-                                std::span<const fingering::Note> notes,
-                                const rhythm::Reading& reading);
+/// evidence.
+void tellBandChords(const chords::BandSound& sound, std::span<const fingering::Note> notes,
+                    rhythm::Reading& reading);
 
 }  // namespace korvel

@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <limits>
 
-#include "fingering/ChordShapes.h"
-#include "fingering/Grip.h"
+#include "fingering/grips/ChordShapes.h"
+#include "fingering/grips/Grip.h"
 #include "music/Pitch.h"
 
 namespace korvel {

@@ -75,7 +75,7 @@ void gripChords(const OpenPitches& open, const fingering::FingeringOptions& opti
   const std::vector<BandGrips::Frets> grips = BandGrips(open, options).of(chords);
   Strummer strummer(open, heard);
   for (std::size_t i = 0; i < chords.size(); ++i)
-    strummer.play(chords[i], grips[i], heard.certainty.at(i));
+    strummer.play(chords[i], grips[i], chords[i].probability);
 }
 
 }  // namespace korvel

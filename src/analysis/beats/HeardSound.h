@@ -19,8 +19,6 @@ struct HeardSound {
   int capo = 0;
   /// A band plays: its notes are those of grips for its chords.
   bool isBand = false;
-  /// How probable each of the reading's chords is, 0..1; empty where nobody asked.
-  std::vector<double> certainty{};
 };
 
 }  // namespace korvel

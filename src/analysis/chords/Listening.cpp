@@ -55,8 +55,6 @@ void Listening::Work::keep(Transcription& listened) {
                  settings.fingering.capo};
   if (listened.isBand()) return keepBand(listened);
   rhythm::Reading& reading = heard.sound.rhythm.reading;
-  if (settings.tellsCertainty)
-    heard.sound.certainty = certaintyOf(listened.sound(), found.notes, reading);
   tellPitchClasses(heard.sound.notes, reading);
   tellProbabilities(heard.sound.notes, reading);
 }
@@ -67,9 +65,7 @@ void Listening::Work::keepBand(const Transcription& listened) {
   sound.isBand = true;
   sound.rhythm.isFree = false;
   sound.doubtful.clear();
-  sound.certainty = tellBandChords(listened.sound(), sound.notes, sound.rhythm.reading);
-  for (std::size_t i = 0; i < sound.certainty.size(); ++i)
-    sound.rhythm.reading.chords[i].probability = sound.certainty[i];
+  tellBandChords(listened.sound(), sound.notes, sound.rhythm.reading);
   gripChords(open, settings.fingering, sound);
 }
 

@@ -53,9 +53,9 @@ std::string json(const HeardSound& heard) {
   for (std::size_t i = 0; i < reading.chords.size(); ++i) {
     const rhythm::ChordSpan& span = reading.chords[i];
     chords.push_back({reading.secondsOf(span.from), reading.secondsOf(span.to), labelOf(span),
-                      heard.certainty.at(i), nameOf(span, reading.key)});
+                      span.probability, nameOf(span, reading.key)});
   }
-  return chordsAsJson(reading, chords, heard.isBand);
+  return chordsAsJson(heard.rhythm, chords, heard.isBand);
 }
 
 void tellDoubts(const rhythm::Rhythm& heard) {
@@ -89,10 +89,7 @@ void addChordsOfFile(Command& tool) {
   addPlayersFlag(command, options.settings);
   command.flag("--json", options.json, "Print beats, key and chords, each with its probability");
   command.checkLast([&] { command.uses(options.tuning ? Store::filled : Store::none); });
-  command.does([&options] {
-    options.settings.tellsCertainty = options.json;
-    printChords(options);
-  });
+  command.does([&options] { printChords(options); });
 }
 
 }  // namespace korvel::cli

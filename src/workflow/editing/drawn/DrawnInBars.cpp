@@ -14,17 +14,9 @@
 #include "model/songs/QBTone.h"
 #include "model/songs/SongTime.h"
 #include "music/Ticks.h"
+#include "workflow/editing/ChordTicks.h"
 
 namespace korvel {
-namespace {
-
-bool isToneless(const QBChord& chord) { return !chord.hold() || chord.hold()->tones().empty(); }
-
-int ticksOfTone(const QBTone& tone, const QBChord& chord) {
-  return tone.hasTicks() ? tone.ticks() : chord.ticks();
-}
-
-}  // namespace
 
 DrawnInBars::DrawnInBars(QBTabMgr& db, QBSong& song) : DrawnChords(db, song), m_bars(db, song) {
   const SongTime time(song);

@@ -14,12 +14,11 @@ namespace korvel {
 namespace {
 
 using platform::phrase;
-using Grid = DrawnNotes::Grid;
 
 int rounded(double steps, int unit) { return static_cast<int>(std::lround(steps / unit)) * unit; }
 
-int unitOf(const DrawnChords& chords, Grid grid) {
-  return grid == Grid::free ? 1 : chords.gridUnit();
+int unitOf(const DrawnChords& chords, DrawnNotes::Grid grid) {
+  return grid == DrawnNotes::Grid::free ? 1 : chords.gridUnit();
 }
 
 }  // namespace
