@@ -1003,24 +1003,28 @@
         <translation>%1; die Gitarre spielt allein weiter</translation>
     </message>
     <message>
-        <source>%1: no recording is stored with the song, so the guitar plays alone</source>
-        <translation>%1: zu dem Song ist keine Aufnahme gespeichert, darum spielt die Gitarre allein</translation>
-    </message>
-    <message>
-        <source>%1: the recording is not there any more; say where it is now. The guitar plays alone</source>
-        <translation>%1: die Aufnahme ist nicht mehr da; sag, wo sie jetzt ist. Die Gitarre spielt allein</translation>
-    </message>
-    <message>
-        <source>%1: the recording has changed since it was heard; say where the old one is. The guitar plays alone</source>
-        <translation>%1: die Aufnahme hat sich geändert, seit sie gehört wurde; sag, wo die alte ist. Die Gitarre spielt allein</translation>
-    </message>
-    <message>
         <source>%1: is not the recording that the song was heard in</source>
         <translation>%1: ist nicht die Aufnahme, in der der Song gehört wurde</translation>
     </message>
     <message>
         <source>%1: its recording is not where it was, or was changed</source>
         <translation>%1: Die Aufnahme liegt nicht mehr da, wo sie war, oder wurde geändert</translation>
+    </message>
+    <message>
+        <source>%1. The guitar plays alone</source>
+        <translation>%1. Die Gitarre spielt allein</translation>
+    </message>
+    <message>
+        <source>%1: no recording is stored with the song</source>
+        <translation>%1: zu dem Song ist keine Aufnahme gespeichert</translation>
+    </message>
+    <message>
+        <source>%1: the recording is not there any more; say where it is now</source>
+        <translation>%1: die Aufnahme ist nicht mehr da; sag, wo sie jetzt ist</translation>
+    </message>
+    <message>
+        <source>%1: the recording has changed since it was heard; say where the old one is</source>
+        <translation>%1: die Aufnahme hat sich geändert, seit sie gehört wurde; sag, wo die alte ist</translation>
     </message>
 </context>
 <context>

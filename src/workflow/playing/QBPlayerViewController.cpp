@@ -31,6 +31,7 @@ constexpr platform::Phrase kNotInStep = platform::phrase(
     "Message", "%1: its chords do not follow the recording, so the guitar plays alone");
 constexpr platform::Phrase kTooShort = platform::phrase(
     "Message", "%1: the recording ends before the song; from there on the guitar plays alone");
+constexpr platform::Phrase kGuitarAlone = platform::phrase("Message", "%1. The guitar plays alone");
 constexpr platform::Phrase kGuitarGoesOn =
     platform::phrase("Message", "%1; the guitar goes on alone");
 
@@ -94,7 +95,7 @@ void QBPlayerViewController::begin(QBSong& song) {
   if (m_sound.hasRecording()) {
     const RecordingSound found = openRecording(song);
     m_recording = found.sound;
-    m_notice = found.problem;
+    if (!found.sound) m_notice = platform::UserText(kGuitarAlone, found.problem);
   }
   fill(song);
   m_first = static_cast<int>(std::ranges::count_if(

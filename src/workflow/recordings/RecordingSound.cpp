@@ -20,15 +20,11 @@ namespace fs = std::filesystem;
 using platform::phrase;
 using platform::UserText;
 
-constexpr platform::Phrase kNone =
-    phrase("Message", "%1: no recording is stored with the song, so the guitar plays alone");
+constexpr platform::Phrase kNone = phrase("Message", "%1: no recording is stored with the song");
 constexpr platform::Phrase kGone =
-    phrase("Message",
-           "%1: the recording is not there any more; say where it is now. The guitar plays alone");
-constexpr platform::Phrase kOther = phrase(
-    "Message",
-    "%1: the recording has changed since it was heard; say where the old one is. The guitar plays "
-    "alone");
+    phrase("Message", "%1: the recording is not there any more; say where it is now");
+constexpr platform::Phrase kOther =
+    phrase("Message", "%1: the recording has changed since it was heard; say where the old one is");
 
 /// The content of a file as it is now.
 std::string contentNow(const fs::path& file) {
