@@ -6,6 +6,7 @@
 
 #include "fuzz/Fuzzing.h"
 #include "rhythm/stored/HeardBytes.h"
+#include "rhythm/stored/NoteCorrections.h"
 
 namespace korvel {
 namespace {
@@ -23,6 +24,12 @@ void readRhythm(Input input) {
                   "a rhythm is kept as it is");
 }
 
+void readCorrections(Input input) {
+  if (const auto read = rhythm::noteCorrections(input))
+    fuzz::require(std::ranges::equal(rhythm::bytesOf(*read), input),
+                  "corrections are kept as they are");
+}
+
 }  // namespace
 }  // namespace korvel
 
@@ -32,5 +39,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const auto input = std::as_bytes(std::span(bytes, size));
   korvel::readNotes(input);
   korvel::readRhythm(input);
+  korvel::readCorrections(input);
   return 0;
 }

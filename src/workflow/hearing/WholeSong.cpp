@@ -10,6 +10,7 @@
 #include "model/store/QBTabMgr.h"
 #include "platform/persistence/UndoManager.h"
 #include "tab/text/SongDrawing.h"
+#include "workflow/editing/doubts/SongCorrections.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/recordings/KeptSounds.h"
@@ -33,12 +34,13 @@ void putInPlace(QBSong& heard, QBSong& song) {
   const bool renamed = heard.title() != song.title();
   EditedChords edited(song);
   edited.putInto(heard);
+  const bool carried = SongCorrections::carry(song, heard);
   heard.setTitle(song.title());
   heard.setDescr(song.descr());
   heard.setTempoRate(song.tempoRate());
   if (!song.practice().empty()) heard.setPractice(song.practice());
   heard.setAlbum(song.album());
-  if (renamed || !edited.empty()) redraw(heard);
+  if (renamed || carried || !edited.empty()) redraw(heard);
   song.album()->deleteSong(&song);
 }
 

@@ -12,10 +12,10 @@ class QBSong;
 // end, and others because their user wants it.
 
 /// Puts what was heard of a song's recording, a drawn song in no album, into its place: an
-/// action of its own, which can be undone. What the user changed of the song's chords stays. When
-/// the recording was cut short again and has no more chords than before, or when nothing was heard
-/// in it, the song stays. Answers the one that is there now; the other one is gone. Not saved. The
-/// session shows it.
+/// action of its own, which can be undone. What the user changed of the song's chords stays, and so
+/// does what was decided of its notes. When the recording was cut short again and has no more
+/// chords than before, or when nothing was heard in it, the song stays. Answers the one that is
+/// there now; the other one is gone. Not saved. The session shows it.
 QBSong* takePlace(QBSong* heard, QBSong* song, QBSession& session);
 
 /// The user takes the song as it is: an edit.

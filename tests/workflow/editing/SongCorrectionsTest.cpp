@@ -107,6 +107,14 @@ TEST_F(SongCorrectionsTest, allIsDecidedAnewButWhatIsLocked) {
   EXPECT_EQ(changes(0), Pair(0, 0));
   EXPECT_EQ(doubted(), "perhaps B2 is missing\n");
 
+  // Heard again, it is decided already.
+  QBSong& again = test::doubtedSong(*m_desk.album());
+  SongCorrections(song).drop(find(kMissingNote));
+  EXPECT_TRUE(SongCorrections::carry(song, again));
+  EXPECT_EQ(SongNotes(again)[find(kFalseNote)].isLocked, true);
+  EXPECT_EQ(SongNotes(again)[find(kMissingNote)].isLocked, true);
+  EXPECT_TRUE(QBSession::session().undo());
+
   // What is typed by hand is decided, too.
   const int chord = SongNotes(song)[find(kMissingNote)].chord;
   SongEditor(QBTabMgr::db(), song).setFret(chord, 1, 2);

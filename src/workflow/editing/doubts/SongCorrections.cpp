@@ -2,6 +2,7 @@
 #include "workflow/editing/doubts/SongCorrections.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <tuple>
 
@@ -72,6 +73,9 @@ class SongCorrections::Work {
     m_wishes.push_back(
         {note, isIn, isLocked, {m_notes[note].note.string, m_notes[note].note.fret}});
   }
+  bool empty() const { return m_wishes.empty(); }
+  /// Notes for which there is no string are left out whoever wants them.
+  void leaveOut() { m_mayRefuse = false; }
   void lock(std::size_t note) { let(note, m_notes[note].isIn, true); }
 
   /// Within an edit. Notes for which there is no string are left out, or refused where they were
@@ -126,7 +130,7 @@ class SongCorrections::Work {
     std::erase_if(m_wishes, [&](Wish& wish) {
       if (!comes(wish)) return false;
       const auto place = chords.add(m_notes[wish.note], *choice++);
-      if (!place && wish.isLocked)
+      if (!place && wish.isLocked && m_mayRefuse)
         throw EditRefused(phrase("Message", "no string is free for that note there"));
       if (!place) return true;
       wish.place = *place;
@@ -157,6 +161,7 @@ class SongCorrections::Work {
   QBSong& m_song;
   const SongNotes m_notes;
   std::vector<Wish> m_wishes;
+  bool m_mayRefuse = true;
 };
 
 SongCorrections::SongCorrections(QBSong& song) : m_song(&song) {
@@ -218,6 +223,22 @@ void SongCorrections::correct(std::span<const std::size_t> accepted,
   for (const std::size_t note : dropped) work.let(note, false, true);
   for (const std::size_t note : confirmed) work.lock(note);
   done(phrase("UndoAction", "Correct Notes"), work);
+}
+
+bool SongCorrections::carry(QBSong& from, QBSong& to) {
+  Work work(to);
+  work.leaveOut();
+  for (const SongNote& known : SongNotes(from).all()) {
+    if (!known.isLocked) continue;
+    const auto same = std::ranges::find_if(work.notes().all(), [&known](const SongNote& note) {
+      return note.note.pitch == known.note.pitch &&
+             std::abs(note.note.onset - known.note.onset) <= SongNotes::kWithChord;
+    });
+    if (same != work.notes().all().end())
+      work.let(static_cast<std::size_t>(same - work.notes().all().begin()), known.isIn, true);
+  }
+  if (!work.empty()) work.apply();
+  return !work.empty();
 }
 
 template <class Change>

@@ -48,6 +48,11 @@ class SongCorrections {
   void correct(std::span<const std::size_t> accepted, std::span<const std::size_t> dropped,
                std::span<const std::size_t> confirmed);
 
+  /// What the user has decided of one song's notes holds for another one that was heard in the same
+  /// recording, as far as the same notes were heard. Whether anything was. A part of the caller's
+  /// action; draws and saves nothing.
+  static bool carry(QBSong& from, QBSong& to);
+
   /// A part of the song, by indexes in `allChords`; the whole song if there is none.
   struct Part {
     int first = 0;
