@@ -56,7 +56,7 @@ std::optional<SongCorrections::Part> partOf(QBSong& song, const ChordRange& rang
                                chordAt(song, last)->position() - 1};
 }
 
-NoteChanges hearAgain(QBSong& song, const std::optional<SongCorrections::Part>& part,
+NoteChanges hearPart(QBSong& song, const std::optional<SongCorrections::Part>& part,
                       const HearingSettings& settings) {
   const int last = static_cast<int>(song.allChords().size()) - 1;
   PartHearing hearing(song, part.value_or(SongCorrections::Part{0, last}), settings);
@@ -76,7 +76,7 @@ void correct(QBSong& song, const CorrectOptions& options) {
   if (!options.hearsAgain && !options.decidesAnew) return;
   const auto part = partOf(song, options.range);
   const NoteChanges changes = options.hearsAgain
-                                  ? hearAgain(song, part, options.settings)
+                                  ? hearPart(song, part, options.settings)
                                   : corrections.decideAnew(options.settings.sensitivity, part);
   Console::attached().printLine("notes that come: " + std::to_string(changes.come) +
                                 ", that go: " + std::to_string(changes.go));
