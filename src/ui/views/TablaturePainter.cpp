@@ -89,17 +89,16 @@ void TablaturePainter::paintMarks(QPainter& painter, const TabLayout::System& sy
   const auto playing = m_shown.layout.nearPlace(m_shown.playing);
   for (auto place = m_shown.layout.begin(system); place != m_shown.layout.end(system); ++place)
     if (const auto mark = m_shown.doubts.find(place->chord); mark != m_shown.doubts.end())
-      paintDoubt(painter, *place, mark->second);
+      paintDoubt(painter, system, *place, mark->second);
   if (isHere(from)) paintBracket(painter, *from, true);
   if (isHere(to)) paintBracket(painter, *to, false);
   if (isHere(playing)) paintPlaying(painter, *playing);
 }
 
-/// A dotted line under each fret, and a question mark where the chord's name is.
-void TablaturePainter::paintDoubt(QPainter& painter, const TabLayout::Place& place,
-                                  const DoubtMark& mark) const {
-  const QSizeF cell = m_canvas.cell();
-  const double pen = std::max(1.0, cell.width() / 7);
+/// A dotted line under each fret, and a question mark in the row of names, behind the chord's own.
+void TablaturePainter::paintDoubt(QPainter& painter, const TabLayout::System& system,
+                                  const TabLayout::Place& place, const DoubtMark& mark) const {
+  const double pen = std::max(1.0, m_canvas.cell().width() / 7);
   painter.setPen(QPen(m_shades.text, pen, Qt::DotLine));
   for (int string = 0; string < kStrings; ++string) {
     if (!(mark.strings & 1U << string)) continue;
@@ -108,9 +107,11 @@ void TablaturePainter::paintDoubt(QPainter& painter, const TabLayout::Place& pla
     painter.drawLine(cells.bottomLeft(), cells.bottomRight());
   }
   if (mark.words.isEmpty()) return;
-  const QRectF cells = m_canvas.chordCells(place);
-  painter.drawText(QRectF(cells.right() - cell.width(), cells.top(), cell.width(), cell.height()),
-                   Qt::AlignCenter, QStringLiteral("?"));
+  const QString names = toText(m_shown.layout.rows()[static_cast<std::size_t>(system.first)]);
+  int column = place.x;
+  while (column < names.size() && !names[column].isSpace()) ++column;
+  painter.drawText(m_canvas.cells(column, system.first, 1, 1), Qt::AlignCenter,
+                   QStringLiteral("?"));
 }
 
 void TablaturePainter::paintPlaying(QPainter& painter, const TabLayout::Place& place) const {

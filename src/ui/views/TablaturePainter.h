@@ -49,7 +49,8 @@ class TablaturePainter {
   void paintRuler(QPainter& painter, const TabLayout::System& system) const;
   void paintGround(QPainter& painter, const TabLayout::System& system) const;
   void paintMarks(QPainter& painter, const TabLayout::System& system) const;
-  void paintDoubt(QPainter& painter, const TabLayout::Place& place, const DoubtMark& mark) const;
+  void paintDoubt(QPainter& painter, const TabLayout::System& system, const TabLayout::Place& place,
+                  const DoubtMark& mark) const;
   void paintPlaying(QPainter& painter, const TabLayout::Place& place) const;
   void paintBracket(QPainter& painter, const TabLayout::Place& place, bool opening) const;
 
