@@ -113,8 +113,8 @@ std::vector<BandGrips::Held> BandGrips::found(const ChordSpan& chord) const {
     return a.worth != b.worth ? a.worth > b.worth : a.frets < b.frets;
   };
   std::ranges::sort(grips, better);
-  const auto same = std::ranges::unique(grips, {}, &Held::frets);
-  grips.erase(same.begin(), same.end());
+  const auto same = [](const Held& a, const Held& b) { return a.frets == b.frets; };
+  grips.erase(std::unique(grips.begin(), grips.end(), same), grips.end());
   if (grips.size() > kMostGrips) grips.resize(kMostGrips);
   return grips;
 }
