@@ -12,8 +12,6 @@ namespace {
 constexpr double kWithOvertone = 0.05;
 /// How much surer the lower one has to be.
 constexpr float kSurer = 0.1F;
-/// A note of a melody and its overtone; in a chord, an octave is most often played.
-constexpr std::size_t kOfMelody = 2;
 /// Frets from the first finger to the last one.
 constexpr int kReachOfHand = 3;
 
@@ -64,16 +62,14 @@ struct Pressed {
 DoubtfulOctaves::DoubtfulOctaves(std::span<const Note> notes, const Settled& settled) {
   const std::vector<std::size_t> order = byOnset(notes);
   std::size_t from = 0;
+  std::size_t to = 0;
   for (const std::size_t i : order) {
     const Note& note = notes[i];
     while (notes[order[from]].onset < note.onset - kWithOvertone) ++from;
-    if (note.probability >= kSureNote || settled.stringOf(i) != Settled::kAnyString) continue;
-    std::size_t to = from;
     while (to < order.size() && notes[order[to]].onset <= note.onset + kWithOvertone) ++to;
-    if (to - from > kOfMelody) continue;
-    const std::span together(order.begin() + static_cast<std::ptrdiff_t>(from), to - from);
-    if (std::ranges::any_of(together, [&](std::size_t at) { return isOvertone(note, notes[at]); }))
-      m_notes.push_back(i);
+    if (note.probability >= kSureNote || settled.stringOf(i) != Settled::kAnyString) continue;
+    if (to - from != 2) continue;
+    if (isOvertone(note, notes[order[order[from] == i ? from + 1 : from]])) m_notes.push_back(i);
   }
 }
 

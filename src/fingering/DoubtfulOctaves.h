@@ -16,9 +16,10 @@ namespace korvel::fingering {
 /// What a note must be at least to be played for certain.
 inline constexpr float kSureNote = 0.65F;
 
-/// Notes that are hardly more than an overtone of a surer one which starts with them: an octave, a
-/// twelfth or two octaves above it. One of them makes a chord of a note of a melody, so hands are
-/// chosen without them; they are placed afterwards where they are in nobody's way.
+/// Notes that are hardly more than an overtone of a surer one which starts with them, and with
+/// nothing else: an octave, a twelfth or two octaves above it. One of them makes a chord of a note
+/// of a melody, so hands are chosen without them; they are placed afterwards where they are in
+/// nobody's way. In a chord a grip tells better whether they belong there.
 class DoubtfulOctaves {
  public:
   /// Those of the notes that no one has settled.
