@@ -14,6 +14,7 @@
 #include "precise/Blocks.h"
 #include "precise/Findings.h"
 #include "workflow/editing/rhythm/HeardPart.h"
+#include "workflow/editing/rhythm/LaidBars.h"
 #include "workflow/editing/rhythm/RelaidSong.h"
 #include "workflow/editing/rhythm/RhythmWords.h"
 #include "workflow/session/Edit.h"
@@ -64,13 +65,19 @@ double SongRhythm::tempo() const {
 
 void SongRhythm::change(const platform::Phrase& title,
                         const std::function<void(WishedRhythm&)>& wish) {
-  WishedRhythm wished(m_recorded.reading(), m_recorded.wishes(), tempo());
+  rhythm::Reading reading = m_recorded.reading();
+  rhythm::Wishes wishes = m_recorded.wishes();
+  if (isLaidOtherwise(*m_song, reading)) {
+    readAsLaid(*m_song, reading);
+    wishAsLaid(reading, m_recorded.reading(), wishes);
+  }
+  WishedRhythm wished(reading, wishes, tempo());
   wish(wished);
   readBy(title, wished.wishes());
 }
 
 void SongRhythm::layIntoBars() {
-  readBy(phrase("UndoAction", "Lay Into Bars"), m_recorded.wishes());
+  change(phrase("UndoAction", "Lay Into Bars"), [](WishedRhythm&) {});
 }
 
 void SongRhythm::readBy(const platform::Phrase& title, const rhythm::Wishes& wishes) {

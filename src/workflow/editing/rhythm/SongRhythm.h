@@ -21,7 +21,8 @@ class QBSong;
 ///     SongRhythm(song).change(phrase("UndoAction", "Double Tempo"),
 ///                             [](WishedRhythm& wished) { wished.multiplyTempo(2); });
 ///
-/// A part of a recording stays that part. A song that was arranged from what was heard is refused,
+/// A part of a recording stays that part, and a song that was laid into another metre stays in it
+/// unless that is what is to be changed. A song that was arranged from what was heard is refused,
 /// as its arrangement would be lost.
 class SongRhythm {
  public:
