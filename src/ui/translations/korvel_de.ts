@@ -1105,8 +1105,8 @@
         <translation>Abschnitte von 0,37 s</translation>
     </message>
     <message>
-        <source>%1 (nearly as probable)</source>
-        <translation>%1 (fast so wahrscheinlich)</translation>
+        <source>%1 (probable, too)</source>
+        <translation>%1 (auch wahrscheinlich)</translation>
     </message>
     <message>
         <source>no beats near %1 a minute fit its notes, so it is read at %2</source>

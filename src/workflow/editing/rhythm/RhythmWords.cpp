@@ -58,7 +58,7 @@ UserText rhythmText(const rhythm::Alternative& other) {
 
 UserText offerText(const rhythm::Alternative& other) {
   if (!other.isNear()) return rhythmText(other);
-  return {phrase("Rhythm", "%1 (nearly as probable)"), rhythmText(other)};
+  return {phrase("Rhythm", "%1 (probable, too)"), rhythmText(other)};
 }
 
 std::optional<UserText> missedTempoText(const rhythm::Reading& reading,

@@ -22,7 +22,7 @@ platform::UserText rhythmText(const rhythm::Reading& reading);
 platform::UserText rhythmText(const QBSong& song, const rhythm::Reading& reading);
 /// "184 in 4/4", "92 in 6/8" or "92 in 4/4, swing".
 platform::UserText rhythmText(const rhythm::Alternative& other);
-/// The same, and whether that is nearly as probable as what was read.
+/// The same, and whether that is not much less probable than what was read.
 platform::UserText offerText(const rhythm::Alternative& other);
 /// What is to be said when no beats near the wished tempo fit the notes; nothing otherwise.
 std::optional<platform::UserText> missedTempoText(const rhythm::Reading& reading,
