@@ -41,8 +41,8 @@ class QBChord final : public platform::ManagedObject {
   void setDuration(int value) { assign(m_duration, value); }
   bool hasDuration() const { return has(m_duration); }
   /// In a song on beats its exact length, in ticks of a twelfth of a beat (`SongTime.h`), which the
-  /// duration is rounded from. A chord without tones is a rest, unless a tone before it lasts
-  /// longer.
+  /// duration is rounded from, to 0 for some that are shorter than a sixteenth. A chord without
+  /// tones is a rest, unless a tone before it lasts longer.
   int ticks() const { return read(m_ticks); }
   void setTicks(int value) { assign(m_ticks, value); }
   bool hasTicks() const { return has(m_ticks); }
