@@ -119,6 +119,9 @@ TEST_F(SongCorrectionsTest, allIsDecidedAnewButWhatIsLocked) {
   const int chord = SongNotes(song)[find(kMissingNote)].chord;
   SongEditor(QBTabMgr::db(), song).setFret(chord, 1, 2);
   EXPECT_EQ(stateOf(kMissingNote), "in*");
+  EXPECT_EQ(stateOf(kFalseNote), "in*");
+  song.setCorrections(platform::Bytes(3));
+  EXPECT_EQ(stateOf(kFalseNote), "in") << "damaged bytes say nothing";
   song.setRecording(nullptr);
   EXPECT_THROW(SongCorrections{song}, EditRefused);
 }

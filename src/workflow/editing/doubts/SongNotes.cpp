@@ -39,10 +39,10 @@ struct Heard {
 std::optional<Heard> heardOf(const QBSong& song) {
   if (!song.recording()) return {};
   auto notes = rhythm::heardNotes(song.recording()->notes());
-  auto corrections = song.hasCorrections() ? rhythm::noteCorrections(song.corrections())
-                                           : rhythm::NoteCorrections();
-  if (!notes || !corrections) return {};
-  return Heard{std::move(*notes), std::move(*corrections)};
+  if (!notes) return {};
+  auto corrections =
+      song.hasCorrections() ? rhythm::noteCorrections(song.corrections()) : std::nullopt;
+  return Heard{std::move(*notes), std::move(corrections).value_or(rhythm::NoteCorrections())};
 }
 
 /// The chords of a song by the time at which they are struck, and which of their tones are notes
