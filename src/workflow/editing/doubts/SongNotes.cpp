@@ -122,24 +122,21 @@ class StruckChords {
                                     m_all.begin());
   }
 
-  int pitchOf(const QBTone& tone) const {
-    const auto string = static_cast<std::size_t>(std::clamp(tone.string(), 0, kStrings - 1));
-    return m_open[string] + tone.fret();
-  }
-
   /// The tone of that pitch, on the string of the note if there are several.
   const QBTone* toneIn(const Struck& struck, const Note& note, bool onlyFree) const {
     const QBTone* found = nullptr;
     for (const QBTone* tone : struck.chord->hold()->tones()) {
-      const auto string = static_cast<std::size_t>(std::clamp(tone->string(), 0, kStrings - 1));
-      if (pitchOf(*tone) != note.pitch || (onlyFree && struck.isTaken[string])) continue;
+      if (tone->string() < 0 || tone->string() >= kStrings) continue;  // an odd store
+      const auto string = static_cast<std::size_t>(tone->string());
+      const bool isIt = m_open[string] + tone->fret() == note.pitch;
+      if (!isIt || (onlyFree && struck.isTaken[string])) continue;
       if (!found || tone->string() == note.string) found = tone;
     }
     return found;
   }
 
   Place placeOf(Struck& struck, const QBTone& tone) {
-    struck.isTaken[static_cast<std::size_t>(std::clamp(tone.string(), 0, kStrings - 1))] = true;
+    struck.isTaken[static_cast<std::size_t>(tone.string())] = true;
     return {struck.index, tone.string(), tone.fret(), struck.chord->isEdited()};
   }
 
