@@ -6,11 +6,14 @@
 #include <QTest>
 
 #include "model/recorded/SongRecording.h"
+#include "music/Neck.h"
 #include "platform/media/WaveFileWriter.h"
+#include "rhythm/stored/HeardBytes.h"
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
 #include "support/store/ScratchFolder.h"
 #include "support/store/StandardStore.h"
+#include "ui/roll/RollEdits.h"
 
 namespace korvel::ui {
 namespace {
@@ -138,6 +141,56 @@ TEST_F(RollViewTest, keysGoFromToneToToneAndEditIt) {
   EXPECT_EQ(longer.count() + dropped.count(), 2);
   QTest::keyClick(&m_view, Qt::Key_Left);
   EXPECT_EQ(m_view.cursorChord(), 3);
+}
+
+/// A note on each beat, and an E that was not taken on the second one.
+rhythm::HeardNotes heardOnBeats() {
+  const auto note = [](double onset, int string, int fret, float probability) {
+    return fingering::Note{.onset = onset,
+                           .end = onset + 0.5,
+                           .pitch = kStandardPitches[static_cast<std::size_t>(string)] + fret,
+                           .string = string,
+                           .fret = fret,
+                           .strength = 1,
+                           .probability = probability,
+                           .amplitude = 0.1F};
+  };
+  rhythm::HeardNotes heard;
+  for (int beat = 0; beat < 4; ++beat) heard.taken.push_back(note(0.5 * beat, 1, 0, 0.9F));
+  heard.taken.push_back(note(2, 0, 0, 0.9F));
+  heard.taken.push_back(note(2, 5, 3, 0.6F));
+  heard.doubtful.push_back(note(0.5, 2, 2, 0.4F));
+  return heard;
+}
+
+TEST_F(RollViewTest, clicksTakeCandidatesAndDropNotes) {
+  record(m_folder.file("a.wav"), 4);
+  m_song->recording()->setNotes(rhythm::bytesOf(heardOnBeats()));
+  for (const auto& chord : m_song->allChords()) chord->setTimestamp(chord->beatTime());
+  QBTabMgr::db().save();
+  RollEdits edits(m_view);
+  edits.setSong(m_song);
+  const QSignalSpy refused(&edits, &RollEdits::refused);
+  QObject::connect(&edits, &RollEdits::edited, &m_view, &RollView::refresh);
+  show();
+  ASSERT_EQ(m_view.notes().candidates.size(), 1U);
+  EXPECT_NEAR(m_view.notes().signs.back().probability, 0.6, 0.01);
+  const auto click = [this](const QRect& rect) {
+    QTest::mouseClick(m_view.viewport(), Qt::LeftButton, {}, rect.center());
+  };
+  click(m_view.candidateRect(0));
+  EXPECT_TRUE(m_view.notes().candidates.empty());
+  const QRect taken = m_view.toneRect({1, 2});
+  ASSERT_FALSE(taken.isEmpty()) << "the tablature has it: " << m_song->tabulature();
+  EXPECT_EQ(m_view.toneRect({1, 1}).left(), taken.left()) << "beside the note of its beat";
+  click(taken);
+  ASSERT_EQ(m_view.notes().candidates.size(), 1U);
+  EXPECT_TRUE(m_view.notes().candidates[0].isLocked);
+  edits.setLocked(true);
+  click(m_view.candidateRect(0));
+  EXPECT_EQ(m_view.notes().candidates.size(), 1U);
+  ASSERT_EQ(refused.count(), 1);
+  EXPECT_EQ(refused[0][0].toString(), "Stop playing first, then edit");
 }
 
 /// The recording's A stands where the song has it, and not beside it.
