@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <system_error>
 
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
@@ -57,7 +59,7 @@ void SoundBackdrop::setSong(QBSong* song) {
 
 void SoundBackdrop::setRecording(const SongRecording* recording) {
   const std::string path = recording ? recording->path() : std::string();
-  if (recording == m_recording && path == m_path) return;
+  if (recording == m_recording && path == m_path && !hasComeBack()) return;
   m_recording = recording;
   m_path = path;
   m_picture.reset();
@@ -72,6 +74,14 @@ void SoundBackdrop::setRecording(const SongRecording* recording) {
       [this] {
         if (!m_told.exchange(true)) QMetaObject::invokeMethod(&m_soon, qOverload<>(&QTimer::start));
       });
+}
+
+/// As a disk that was unplugged.
+bool SoundBackdrop::hasComeBack() const {
+  if (!m_picture || m_picture->trouble() != Picture::Trouble::missing) return false;
+  std::error_code unknown;
+  return std::filesystem::exists(m_path, unknown) ||
+         std::filesystem::exists(keptSoundOf(*m_recording), unknown);
 }
 
 double SoundBackdrop::waveLines() const {

@@ -53,6 +53,7 @@ class SoundBackdrop final : public QObject {
   using Picture = SoundPicture;
 
   void setRecording(const SongRecording* recording);
+  bool hasComeBack() const;
   void want(const RollScale& scale);
   int levelFor(const RollScale& scale) const;
   double secondsAt(const RollScale& scale, double x) const;

@@ -29,8 +29,8 @@ struct RollViewTest : testing::Test {
 
   void show() { m_view.setSong(m_song); }
 
-  /// Seconds of A4, and where it was heard: half a second for each beat.
-  void record(const std::string& file, double seconds) {
+  /// Seconds of the A that is struck.
+  static void writeSound(const std::string& file, double seconds) {
     platform::WaveFileWriter writer(file, platform::kSampleRate, 1);
     std::vector<std::int16_t> samples(static_cast<std::size_t>(seconds * platform::kSampleRate));
     for (std::size_t i = 0; i < samples.size(); ++i)
@@ -38,6 +38,11 @@ struct RollViewTest : testing::Test {
           9000 * std::sin(2 * std::numbers::pi * 110 * static_cast<double>(i) / 44100));
     writer.write(samples);
     writer.finish();
+  }
+
+  /// The song was heard in that, half a second for each beat.
+  void record(const std::string& file, double seconds) {
+    writeSound(file, seconds);
     SongRecording* recording = QBTabMgr::db().createRecording(file);
     recording->setSeconds(seconds);
     m_song->setRecording(recording);
@@ -229,6 +234,9 @@ TEST_F(RollViewTest, saysThatTheRecordingIsMissing) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return changed.count() > 0; }, 20000));
   EXPECT_EQ(backdrop.trouble(),
             "The recording a.wav is not there any more, so that there is no picture of it");
+  writeSound(m_folder.file("a.wav"), 4);
+  backdrop.setSong(m_song);
+  EXPECT_EQ(backdrop.trouble(), "") << "it has come back";
 }
 
 }  // namespace
