@@ -21,9 +21,17 @@ std::int64_t tileOf(int level, std::int64_t column) {
   return column >= 0 ? column / size : -1;
 }
 
+// What a store says of a recording may be anything.
+
 std::int64_t columnsOf(double seconds) {
-  const double samples = std::clamp(seconds, 0.0, 1e6) * platform::kSampleRate;
+  constexpr double kLongest = 1e6;
+  const double samples = seconds > 0 ? std::min(seconds, kLongest) * platform::kSampleRate : 0;
   return static_cast<std::int64_t>(std::ceil(samples / SoundTile::kSamplesOfColumn));
+}
+
+double offsetOf(double cents) {
+  constexpr double kMost = 1200;
+  return std::abs(cents) <= kMost ? cents : 0;
 }
 
 }  // namespace
@@ -33,7 +41,7 @@ SoundPicture::SoundPicture(File file, std::function<void()> changed, std::size_t
       m_changed(std::move(changed)),
       m_frames(columnsOf(m_file.seconds)),
       m_reader(m_file.path),
-      m_maker(m_file.tuningOffset),
+      m_maker(offsetOf(m_file.tuningOffset)),
       m_samples(SoundTile::kSamples + 2 * TileMaker::kMargin),
       m_shelf(mostBytes) {
   while (columns(m_topLevel) > static_cast<std::int64_t>(SoundTile::kColumns)) ++m_topLevel;

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kLanesBeside = 1;  ///< Free ones above and below the tones.
 constexpr int kFewestLanes = 14;
+constexpr double kMostPixels = 1e9;  ///< Of a song, by which scroll bars can still count.
 
 // In heights of a line of text.
 constexpr double kStepWidth = 1.1;
@@ -38,7 +39,12 @@ double RollScale::zoomOfWhole() const {
 }
 
 int RollScale::wholeWidth() const {
-  return static_cast<int>(std::ceil(width(m_roll.begin(m_roll.chords())) + m_names + m_line));
+  const double pixels = std::ceil(width(m_roll.begin(m_roll.chords())) + m_names + m_line);
+  return static_cast<int>(std::min(pixels, 2 * kMostPixels));
+}
+
+double RollScale::zoomOfPixels() const {
+  return kMostPixels * m_zoom / std::max(width(m_roll.begin(m_roll.chords())), 1.0);
 }
 
 // ---- time

@@ -37,6 +37,8 @@ class RollScale {
   int wholeWidth() const;
   /// The zoom at which it is as wide as the viewport.
   double zoomOfWhole() const;
+  /// The zoom at which it can just be counted in pixels.
+  double zoomOfPixels() const;
   int widthBesideNames() const { return m_viewport.width() - static_cast<int>(m_names); }
 
   // Time.

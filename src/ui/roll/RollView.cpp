@@ -84,7 +84,8 @@ void RollView::setZoom(double percent) {
 /// What is at x stays there.
 void RollView::zoomAround(double percent, double x) {
   const double least = std::min(kSmallestZoom, m_scale.zoomOfWhole());
-  percent = std::clamp(percent, std::max(least, 1e-3), kLargestZoom);
+  const double most = std::min(kLargestZoom, m_scale.zoomOfPixels());
+  percent = std::clamp(percent, std::clamp(least, 1e-3, most), most);
   if (percent == m_zoom) return;
   const double step = m_scale.stepAt(x);
   m_zoom = percent;

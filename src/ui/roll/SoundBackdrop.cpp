@@ -125,12 +125,15 @@ int SoundBackdrop::levelFor(const RollScale& scale) const {
   return std::min(level, m_picture->topLevel());
 }
 
+/// As far as the recording reaches.
 SoundPicture::Stretch SoundBackdrop::stretchOf(const RollScale& scale, int level, double left,
                                                double right) const {
-  const auto column = [&](double x) {
-    return static_cast<std::int64_t>(std::floor(columnOf(secondsAt(scale, x), level)));
+  const auto column = [&](double x, double beside) {
+    const double last = static_cast<double>(m_picture->columns(level));
+    return static_cast<std::int64_t>(
+        std::clamp(std::floor(columnOf(secondsAt(scale, x), level)) + beside, -2.0, last + 2));
   };
-  return {level, column(left) - 1, column(right) + 3};
+  return {level, column(left, -1), column(right, 3)};
 }
 
 /// What shows first, then what is next to it.
