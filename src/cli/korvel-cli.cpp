@@ -7,6 +7,8 @@
 #include "cli/commands/arranging/EasySong.h"
 #include "cli/commands/doubts/CorrectSong.h"
 #include "cli/commands/doubts/DoubtsOfSong.h"
+#include "cli/commands/editing/FingerSong.h"
+#include "cli/commands/editing/NameChords.h"
 #include "cli/commands/instruments/ListInstruments.h"
 #include "cli/commands/rhythm/ChordsOfFile.h"
 #include "cli/commands/rhythm/RhythmOfSong.h"
@@ -68,6 +70,8 @@ void describe(cli::Command& tool) {
   cli::addRhythmOfSong(tool);
   cli::addDoubtsOfSong(tool);
   cli::addCorrectSong(tool);
+  cli::addNameChords(tool);
+  cli::addFingerSong(tool);
   cli::addLoopSong(tool);
   cli::addCloneSong(tool);
   cli::addRenameSong(tool);

@@ -25,6 +25,7 @@ platform::EntityDescription QBChord::describe() {
       .attribute<&QBChord::m_ticks>("ticks")
       .attribute<&QBChord::m_beatTime>("beatTime")
       .attribute<&QBChord::m_edited>("edited")
+      .attribute<&QBChord::m_handFret>("handFret")
       .attribute<&QBChord::m_baseTone>("baseTone")
       .attribute<&QBChord::m_groupNumber>("groupNumber")
       .toOne<&QBChord::m_song>("song", "QBSong", "chords")
@@ -107,6 +108,7 @@ QBChord* QBChord::clone(QBSong* owner) {
   if (hasTicks()) copy->setTicks(ticks());
   if (hasBeatTime()) copy->setBeatTime(beatTime());
   if (isEdited()) copy->setEdited(true);
+  if (hasHandFret()) copy->setHandFret(handFret());
   copy->setBlock(block());
   if (QBHold* held = hold()) held->clone(copy);
   return copy;

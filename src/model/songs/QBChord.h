@@ -52,9 +52,16 @@ class QBChord final : public platform::ManagedObject {
   void setBeatTime(std::int64_t value) { assign(m_beatTime, value); }
   void clearBeatTime() { unset(m_beatTime); }
   bool hasBeatTime() const { return has(m_beatTime); }
-  /// The user changed it, so that it stays as it is when the rhythm is read anew.
+  /// The user changed it, so that it stays as it is when the rhythm is read anew, and its tones
+  /// where they are when those around it are fingered anew.
   bool isEdited() const { return read(m_edited); }
   void setEdited(bool value) { assign(m_edited, value); }
+  /// From this chord on the first finger of the hand is about that fret, or wherever notes are
+  /// easiest when it is 0, until another chord says otherwise. Unset for most.
+  int handFret() const { return read(m_handFret); }
+  void setHandFret(int value) { assign(m_handFret, value); }
+  void clearHandFret() { unset(m_handFret); }
+  bool hasHandFret() const { return has(m_handFret); }
   /// Time stamp of the recording.
   std::int64_t timestamp() const { return read(m_timestamp); }
   void setTimestamp(std::int64_t value) { assign(m_timestamp, value); }
@@ -124,6 +131,7 @@ class QBChord final : public platform::ManagedObject {
   platform::Attribute<int> m_ticks;
   platform::Attribute<std::int64_t> m_beatTime;
   platform::Attribute<bool> m_edited;
+  platform::Attribute<int> m_handFret;
   platform::Attribute<int> m_baseTone;
   platform::Attribute<int> m_groupNumber;
   platform::ToOne<QBSong> m_song;

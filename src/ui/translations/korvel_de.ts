@@ -1026,6 +1026,30 @@
         <source>%1: the recording has changed since it was heard; say where the old one is</source>
         <translation>%1: die Aufnahme hat sich geändert, seit sie gehört wurde; sag, wo die alte ist</translation>
     </message>
+    <message>
+        <source>a hand is at a fret from 1 to %1</source>
+        <translation>Eine Hand liegt an einem Bund von 1 bis %1</translation>
+    </message>
+    <message>
+        <source>there is no other way to hold these notes</source>
+        <translation>Diese Töne lassen sich nicht anders greifen</translation>
+    </message>
+    <message>
+        <source>that string sounds already, and the others cannot make room</source>
+        <translation>Diese Saite klingt schon, und die anderen können nicht ausweichen</translation>
+    </message>
+    <message>
+        <source>these notes have no place on higher strings</source>
+        <translation>Diese Töne haben auf höheren Saiten keinen Platz</translation>
+    </message>
+    <message>
+        <source>these notes have no place on lower strings</source>
+        <translation>Diese Töne haben auf tieferen Saiten keinen Platz</translation>
+    </message>
+    <message>
+        <source>no tone sounds on that string</source>
+        <translation>Auf dieser Saite klingt kein Ton</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
@@ -2368,6 +2392,22 @@
         <source>Hear Part Again</source>
         <translation>Teil noch einmal hören</translation>
     </message>
+    <message>
+        <source>Set Hand Position</source>
+        <translation>Handlage festlegen</translation>
+    </message>
+    <message>
+        <source>Change Shape</source>
+        <translation>Griff wechseln</translation>
+    </message>
+    <message>
+        <source>Move Phrase</source>
+        <translation>Phrase verschieben</translation>
+    </message>
+    <message>
+        <source>Finger Anew</source>
+        <translation>Fingersatz neu wählen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -2597,6 +2637,14 @@
         <source> and </source>
         <translation> und </translation>
     </message>
+    <message>
+        <source>hand anywhere from here</source>
+        <translation>ab hier Hand beliebig</translation>
+    </message>
+    <message>
+        <source>hand near fret %1 from here</source>
+        <translation>ab hier Hand am Bund %1</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::DoubtMenu</name>
@@ -2816,14 +2864,6 @@
         <translation>Erst die Wiedergabe anhalten, dann bearbeiten</translation>
     </message>
     <message>
-        <source>Set Chord Name</source>
-        <translation>Akkord benennen</translation>
-    </message>
-    <message>
-        <source>Name, such as F#m7; none takes the name away:</source>
-        <translation>Name, zum Beispiel F#m7; ohne Eingabe entfällt der Name:</translation>
-    </message>
-    <message>
         <source>&amp;Undo %1</source>
         <translation>&amp;Rückgängig: %1</translation>
     </message>
@@ -2988,6 +3028,101 @@
     <message>
         <source>Chord to find</source>
         <translation>Gesuchter Akkord</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::FingerMenu</name>
+    <message>
+        <source>&amp;Hand Position From Here ...</source>
+        <translation>&amp;Handlage ab hier ...</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+F</source>
+        <translation>Ctrl+Shift+F</translation>
+    </message>
+    <message>
+        <source>The hand is near a fret from this chord on, up to the next one that says so</source>
+        <translation>Ab diesem Akkord liegt die Hand an einem Bund, bis zum nächsten, der etwas anderes sagt</translation>
+    </message>
+    <message>
+        <source>Hand &amp;Anywhere From Here</source>
+        <translation>Hand ab hier &amp;beliebig</translation>
+    </message>
+    <message>
+        <source>From this chord on the hand is where it is easiest</source>
+        <translation>Ab diesem Akkord liegt die Hand, wo es am leichtesten ist</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Hand Position Here</source>
+        <translation>Handlage hier &amp;vergessen</translation>
+    </message>
+    <message>
+        <source>What was said of the hand before this chord goes on</source>
+        <translation>Es gilt weiter, was vor diesem Akkord von der Hand gesagt war</translation>
+    </message>
+    <message>
+        <source>Another way to hold the notes of this chord; Tab, while chords are selected</source>
+        <translation>Die Töne dieses Akkords anders greifen; Tab, solange Akkorde ausgewählt sind</translation>
+    </message>
+    <message>
+        <source>&amp;Next Shape</source>
+        <translation>&amp;Nächster Griff</translation>
+    </message>
+    <message>
+        <source>Ctrl+J</source>
+        <translation>Ctrl+J</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Shape</source>
+        <translation>V&amp;origer Griff</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+J</source>
+        <translation>Ctrl+Shift+J</translation>
+    </message>
+    <message>
+        <source>What is selected, or the tone at the cursor; around it the rest is fingered anew</source>
+        <translation>Was ausgewählt ist, oder der Ton am Cursor; ringsum wird der Fingersatz neu gewählt</translation>
+    </message>
+    <message>
+        <source>To Hi&amp;gher Strings</source>
+        <translation>Auf höhere &amp;Saiten</translation>
+    </message>
+    <message>
+        <source>Alt+Shift+Up</source>
+        <translation>Alt+Shift+Up</translation>
+    </message>
+    <message>
+        <source>To Lo&amp;wer Strings</source>
+        <translation>Auf &amp;tiefere Saiten</translation>
+    </message>
+    <message>
+        <source>Alt+Shift+Down</source>
+        <translation>Alt+Shift+Down</translation>
+    </message>
+    <message>
+        <source>Chooses strings for what is selected, or the whole song; what you changed stays</source>
+        <translation>Wählt Saiten für das Ausgewählte oder den ganzen Song; was du geändert hast, bleibt</translation>
+    </message>
+    <message>
+        <source>Hand Position</source>
+        <translation>Handlage</translation>
+    </message>
+    <message>
+        <source>Fret of the first finger, from this chord on:</source>
+        <translation>Bund des Zeigefingers, ab diesem Akkord:</translation>
+    </message>
+    <message>
+        <source>Stop playing first, then edit</source>
+        <translation>Erst die Wiedergabe anhalten, dann bearbeiten</translation>
+    </message>
+    <message>
+        <source>Fing&amp;ering</source>
+        <translation>F&amp;ingersatz</translation>
+    </message>
+    <message>
+        <source>Finge&amp;r Anew</source>
+        <translation>&amp;Fingersatz neu wählen</translation>
     </message>
 </context>
 <context>
@@ -3378,6 +3513,53 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Keep copies of the recordings with the songs, for when their files are moved or deleted? This one takes about %1.</source>
         <translation>Kopien der Aufnahmen bei den Songs behalten, falls ihre Dateien verschoben oder gelöscht werden? Diese braucht etwa %1.</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::NameDialog</name>
+    <message>
+        <source>Set Chord Name</source>
+        <translation>Akkord benennen</translation>
+    </message>
+    <message>
+        <source>What explains best the notes that sound, and how probable it is</source>
+        <translation>Was die klingenden Töne am besten erklärt, und wie wahrscheinlich es ist</translation>
+    </message>
+    <message>
+        <source>&amp;Name, such as F#m7; none takes the name away:</source>
+        <translation>&amp;Name, etwa F#m7; keiner nimmt den Namen weg:</translation>
+    </message>
+    <message>
+        <source>&amp;It may be:</source>
+        <translation>&amp;Möglich ist:</translation>
+    </message>
+    <message>
+        <source>&amp;Applies to:</source>
+        <translation>&amp;Gilt für:</translation>
+    </message>
+    <message>
+        <source>Selected chords</source>
+        <translation>Ausgewählte Akkorde</translation>
+    </message>
+    <message>
+        <source>This chord</source>
+        <translation>Diesen Akkord</translation>
+    </message>
+    <message>
+        <source>All chords around it with its name</source>
+        <translation>Alle Akkorde ringsum mit seinem Namen</translation>
+    </message>
+    <message>
+        <source>All passages with the same notes</source>
+        <translation>Alle Stellen mit denselben Tönen</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1  (%2 %)</source>
+        <translation>%1  (%2 %)</translation>
     </message>
 </context>
 <context>

@@ -20,6 +20,7 @@
 #include "music/OpenStrings.h"
 #include "music/Pitch.h"
 #include "workflow/arranging/ArrangedSong.h"
+#include "workflow/editing/fingers/PlayedNotes.h"
 
 namespace korvel {
 namespace {
@@ -50,13 +51,16 @@ class Fingerer {
                                               fingering::FingeringOptions::kMostFrets));
     if (song.isOnBeats()) m_time.emplace(song, SongTime::Tempo::strict);
     for (const auto& chord : song.allChords()) read(*chord);
-    fingering::Fingering(m_open, {.frets = m_frets}).place(m_notes);
+    fingering::Fingering(m_open, {.frets = m_frets}).place(m_notes, m_settled);
   }
 
   /// Gives the tones of the song's copy their places.
   void place(QBSong& copy) const {
     const auto& chords = copy.allChords();
-    for (std::size_t i = 0; i < chords.size(); ++i) moveTones(*chords[i], placesOf(m_chords[i]));
+    for (std::size_t i = 0; i < chords.size(); ++i) {
+      moveTones(*chords[i], placesOf(m_chords[i]));
+      if (!mayStay()) chords[i]->clearHandFret();  // it was of other notes
+    }
   }
 
  private:
@@ -69,6 +73,8 @@ class Fingerer {
 
   void read(const QBChord& source) {
     Chord chord{tonesOf(source), {}, m_notes.size()};
+    if (mayStay() && source.hasHandFret())
+      m_settled.positions.push_back({onsetOfNext(), handOf(source)});
     for (std::size_t i = 0; i < chord.tones.size(); ++i)
       if (chord.tones[i]->isActive() && !isDoubledByFolding(chord.tones, i))
         chord.played.push_back(i);
@@ -195,6 +201,7 @@ class Fingerer {
   const OpenPitches m_open;
   std::optional<SongTime> m_time;  ///< Of a song on beats.
   int m_frets = fingering::FingeringOptions::kUsualFrets;
+  fingering::Settled m_settled;
   std::vector<fingering::Note> m_notes;
   std::vector<Chord> m_chords;
 };

@@ -11,8 +11,9 @@ class QBSong;
 // same album under the title that is given, with its tablature drawn. Silenced tones are left out.
 // std::out_of_range when there are no chords to draw, and the new song stays then.
 
-/// Each chord in the grip that is easiest where it stands. A grip that a hand can play is not made
-/// wider, and a chord of which a tone would be lost stays as it is, unless a string has two tones.
+/// Each chord in the grip that is easiest where it stands, the hand near the frets that chords are
+/// marked with. A grip that a hand can play is not made wider, and a chord of which a tone would be
+/// lost stays as it is, unless a string has two tones.
 QBSong* fingeredForHand(QBSong& song, const std::string& title);
 
 /// By so many half tones, down when they are negative. Every pitch that the neck has within its 19

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/SongEditor.h"
 
+#include <algorithm>
+#include <array>
+#include <span>
+
 #include "model/book/QBHarmony.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
@@ -71,19 +75,33 @@ void SongEditor::setChordName(int chord, const ChordName& name) {
 
 void SongEditor::setChordNames(int first, int last, const ChordName& name) {
   if (first == last) return setChordName(first, name);
-  nameAll(first, last, &name);
+  nameAll(std::array{ChordSpan{first, last}}, &name);
 }
 
 void SongEditor::clearChordNames(int first, int last) {
   if (first == last && !chordAt(first).harmony()) return;
-  nameAll(first, last, nullptr);
+  nameAll(std::array{ChordSpan{first, last}}, nullptr);
 }
 
-void SongEditor::nameAll(int first, int last, const ChordName* name) {
-  chordAt(last);
-  chordAt(first);
+void SongEditor::nameAll(std::span<const ChordSpan> passages, const ChordName* name) {
+  for (const ChordSpan& passage : passages) {
+    chordAt(passage.last);
+    chordAt(passage.first);
+  }
+  const auto isCalledSo = [name](const QBChord& chord) {
+    if (!name) return !chord.harmony();
+    return chord.harmony() == name->harmony && chord.baseTone() == name->baseTone;
+  };
+  if (std::ranges::all_of(passages, [&](const ChordSpan& passage) {
+        for (int chord = passage.first; chord <= passage.last; ++chord)
+          if (!isCalledSo(chordAt(chord))) return false;
+        return true;
+      }))
+    return;
   edit(phrase("UndoAction", "Set Chord Name"), [&] {
-    for (int chord = first; chord <= last; ++chord) this->name(chordAt(chord), name);
+    for (const ChordSpan& passage : passages)
+      for (int chord = passage.first; chord <= passage.last; ++chord)
+        this->name(chordAt(chord), name);
   });
 }
 

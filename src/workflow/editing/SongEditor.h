@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "arrange/harmony/ChordName.h"
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
+#include "tab/layout/LoopRange.h"
 #include "workflow/editing/CopiedChord.h"
 
 namespace korvel {
@@ -71,6 +73,8 @@ class SongEditor {
   /// Of all chords from first to last.
   void setChordNames(int first, int last, const ChordName& name);
   void clearChordNames(int first, int last);
+  /// The chords of all of these passages at once; without a name theirs go.
+  void nameAll(std::span<const ChordSpan> passages, const ChordName* name);
 
   /// Chords like those, which may be of another song, behind that one: "Paste Chords". Answers the
   /// index of the first of them. A song without chords takes them at 0.
@@ -113,7 +117,6 @@ class SongEditor {
   void addVoice(int index, int string, int fret);
   void tonesChanged(int index);
   void name(QBChord& chord, const ChordName* name);
-  void nameAll(int first, int last, const ChordName* name);
   bool isOnBeats() const;
   QBChord& newChordAt(int index);
   int insertAt(int index);

@@ -9,6 +9,7 @@
 #include "support/store/StoreContents.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/MetreArrangements.h"
+#include "workflow/editing/fingers/SongFingers.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
@@ -34,6 +35,8 @@ std::string drawn(const QBChord& chord) {
     if (tone->amp() != 1e6) text += '!';
   return text + ' ';
 }
+
+SongFingers fingersOf(SongEditor& editor) { return {QBTabMgr::db(), editor.song()}; }
 
 struct SongEditorTest : testing::Test {
   void make(const std::vector<std::string>& chords, int duration = 1) {
@@ -77,6 +80,30 @@ struct SongEditorTest : testing::Test {
   QBSong* m_song = nullptr;
   std::string m_before;
 };
+
+TEST_F(SongEditorTest, fingersAsWritten) {
+  using Editor = SongEditor&;
+  test::expectScript(
+      "editing/fingers.txt",
+      {{"song", [&](const Words& words) { return make(words.from(0)), state(); }},
+       {"hand", edit([](Editor editor, const Words& words) {
+          fingersOf(editor).setHand(
+              words.number(0), words.size() > 1 ? std::optional(words.number(1)) : std::nullopt);
+        })},
+       {"shape", edit([](Editor editor, const Words& words) {
+          fingersOf(editor).changeShape(words.number(0), words.number(1));
+        })},
+       {"tone", edit([](Editor editor, const Words& words) {
+          fingersOf(editor).moveTone(words.number(0), words.number(1), words.number(2));
+        })},
+       {"phrase", edit([](Editor editor, const Words& words) {
+          fingersOf(editor).movePhrase(words.number(0), words.number(1), words.number(2));
+        })},
+       {"anew", edit([](Editor editor, const Words& words) {
+          fingersOf(editor).fingerAnew(words.number(0), words.number(1));
+        })},
+       {"undo", [&](const Words&) { return QBSession::session().undo(), state(); }}});
+}
 
 TEST_F(SongEditorTest, editsAsWritten) {
   using Editor = SongEditor&;

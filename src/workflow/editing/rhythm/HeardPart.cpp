@@ -7,7 +7,10 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "music/ChordStep.h"
+#include "music/OpenStrings.h"
+#include "music/Pitch.h"
 #include "platform/sound/SampleRate.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 
@@ -33,14 +36,17 @@ double secondsOfStrike(const QBChord& chord) {
   return static_cast<double>(chord.timestamp()) / platform::kSampleRate;
 }
 
-/// Marks the notes that a tone may be, and answers whether there is one.
+/// Marks the notes that a tone may be, on whatever string it is played by now, and answers whether
+/// there is one.
 bool markHeard(const QBTone& tone, double seconds, std::span<const Note> notes, double longest,
                std::vector<bool>& marks) {
+  const int pitch = addNotes(largeToneOf(tone), kMidiOfLargeTone0);
   const auto first = std::ranges::lower_bound(notes, seconds - longest - kAround, {}, &Note::onset);
   bool any = false;
   for (auto note = first; note != notes.end(); ++note) {
     if (note->onset > seconds + kSecondsOfChord + kAround) break;
-    if (note->string != tone.string() || note->fret != tone.fret()) continue;
+    const bool isThere = note->string == tone.string() && note->fret == tone.fret();
+    if (!isThere && note->pitch != pitch) continue;
     if (note->end + kAround < seconds) continue;
     marks[static_cast<std::size_t>(note - notes.begin())] = any = true;
   }

@@ -13,7 +13,8 @@
 #include "model/store/QBTabMgr.h"
 
 namespace korvel {
-RelaidSong::RelaidSong(QBSong& song) : m_db(QBTabMgr::of(song)), m_song(song), m_edited(song) {
+RelaidSong::RelaidSong(QBSong& song)
+    : m_db(QBTabMgr::of(song)), m_song(song), m_edited(song), m_fingers(song) {
   if (song.fromChord()) m_loopBegin = recordedSecondsOf(*song.fromChord());
   if (song.toChord()) m_loopEnd = recordedSecondsOf(*song.toChord());
 }
@@ -24,6 +25,7 @@ void RelaidSong::fillFrom(ChordSupply& supply) {
   clear();
   take(supply);
   m_edited.putInto(m_song);
+  m_fingers.putInto(m_song);
   setLoop();
 }
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "workflow/editing/fingers/KeptFingers.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 
 namespace korvel {
@@ -13,7 +14,8 @@ class QBSong;
 class QBTabMgr;
 
 /// A song that gets other chords and bars of the same recording. What the user changed of its
-/// chords stays (`EditedChords`), and so does the playback loop, by its time.
+/// chords stays (`EditedChords`), on which strings tones are played (`KeptFingers`), and the
+/// playback loop, by its time.
 class RelaidSong {
  public:
   /// Of the song as it is.
@@ -33,6 +35,7 @@ class RelaidSong {
   QBTabMgr& m_db;
   QBSong& m_song;
   EditedChords m_edited;
+  KeptFingers m_fingers;
   std::optional<double> m_loopBegin;  ///< Seconds of the recording.
   std::optional<double> m_loopEnd;
 };
