@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QFileDialog>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -31,6 +30,7 @@
 #include "ui/desktop/QtRunLoop.h"
 #include "ui/dialogs/AlertBox.h"
 #include "ui/dialogs/ShapeDialog.h"
+#include "ui/dialogs/chords/NameDialog.h"
 #include "ui/dialogs/guides/EasyDialog.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
@@ -274,9 +274,10 @@ TEST_F(MainWindowTest, chordsAreCorrectedTogetherEachWithOneStepOfUndo) {
 
   tablature.selectChords(1, 2);
   QTimer::singleShot(0, [] {
-    auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+    auto* dialog = qobject_cast<NameDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(dialog, nullptr);
-    dialog->setTextValue("Bm7");
+    EXPECT_EQ(dialog->findChild<QListWidget*>()->count(), 5);
+    dialog->findChild<QLineEdit*>()->setText("Bm7");
     dialog->accept();
   });
   action("Set Chord Name ...")->trigger();

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCoreApplication>
-#include <QInputDialog>
 #include <array>
 #include <utility>
 
@@ -20,12 +19,15 @@
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/ShapeDialog.h"
+#include "ui/dialogs/chords/NameDialog.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/DoubtMenu.h"
+#include "ui/menus/FingerMenu.h"
 #include "ui/menus/RhythmMenu.h"
 #include "ui/views/FretboardView.h"
 #include "ui/views/TablatureView.h"
 #include "ui/window/FindBar.h"
+#include "workflow/editing/NamedPassages.h"
 #include "workflow/editing/SongEditor.h"
 #include "workflow/editing/ToneToggles.h"
 #include "workflow/library/LibraryEdits.h"
@@ -64,6 +66,7 @@ EditMenu::EditMenu(const Views& views, QWidget* parent)
   addClipboard();
   addToneEdits();
   addChordEdits();
+  addFingers();
   addRhythm();
   addDoubts();
   addSearches(views);
@@ -137,6 +140,13 @@ void EditMenu::addChordEdits() {
     attemptInsertion([](SongEditor& editor, int chord) { editor.insertChordAfter(chord); });
   });
   addEdit(tr("Delete C&hord"), tr("Ctrl+Del"), [this] { deleteChosen(); });
+}
+
+void EditMenu::addFingers() {
+  m_fingers = new FingerMenu(m_tablature, this);
+  addMenu(m_fingers);
+  connect(m_fingers, &FingerMenu::edited, this, &EditMenu::edited);
+  connect(m_fingers, &FingerMenu::refused, this, &EditMenu::refused);
 }
 
 void EditMenu::addRhythm() {
@@ -308,18 +318,12 @@ void EditMenu::undo() {
 void EditMenu::nameChord() {
   const ChordSpan span = chosen();
   if (!m_song || span.first < 0) return;
-  const auto& chord = *m_song->allChords().at(static_cast<std::size_t>(span.first));
-  bool chosen = false;
-  const QString name = QInputDialog::getText(parentWidget(), tr("Set Chord Name"),
-                                             tr("Name, such as F#m7; none takes the name away:"),
-                                             QLineEdit::Normal, toText(shownName(chord)), &chosen);
-  if (!chosen) return;
+  const NamedPassages passages(QBTabMgr::db(), *m_song);
+  NameDialog dialog(*m_song, passages, span, m_tablature.selection().first >= 0, parentWidget());
+  if (dialog.exec() != QDialog::Accepted) return;
   attempt([&](SongEditor& editor) {
-    if (name.trimmed().isEmpty())
-      editor.clearChordNames(span.first, span.last);
-    else
-      editor.setChordNames(span.first, span.last,
-                           parseChordName(QBTabMgr::db(), name.toStdString()));
+    const auto name = dialog.name();
+    editor.nameAll(dialog.passages(), name ? &*name : nullptr);
   });
 }
 
@@ -336,12 +340,14 @@ void EditMenu::chooseShape() {
 
 void EditMenu::setSong(QBSong* song) {
   m_song = song;
+  m_fingers->setSong(song);
   m_rhythm->setSong(song);
   m_doubts->setSong(song);
   update();
 }
 
 void EditMenu::setLocked(bool locked) {
+  m_fingers->setLocked(locked);
   m_rhythm->setLocked(locked);
   m_doubts->setLocked(locked);
   if (std::exchange(m_locked, locked) != locked) update();

@@ -18,6 +18,7 @@ namespace korvel::ui {
 
 class DoubtMenu;
 class FindBar;
+class FingerMenu;
 class FretboardView;
 class RhythmMenu;
 class TablatureView;
@@ -60,6 +61,7 @@ class EditMenu final : public QMenu {
   void addMoves();
   void addToneEdits();
   void addChordEdits();
+  void addFingers();
   void addRhythm();
   void addDoubts();
   void addSearches(const Views& views);
@@ -94,6 +96,7 @@ class EditMenu final : public QMenu {
   QAction* m_undo = nullptr;
   QAction* m_redo = nullptr;
   QMenu* m_duration = nullptr;
+  FingerMenu* m_fingers = nullptr;
   RhythmMenu* m_rhythm = nullptr;
   DoubtMenu* m_doubts = nullptr;
   QList<QAction*> m_edits;

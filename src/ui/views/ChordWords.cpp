@@ -46,6 +46,9 @@ QString ChordWords::place(QBSong& song, int chord, int string) const {
   if (const std::string name = shownName(here); !name.empty()) words << toText(name);
   const QString played = tones(here, string);
   words << this->string(string) << (played.isEmpty() ? tr("silent") : played);
+  if (here.hasHandFret())
+    words << (here.handFret() == 0 ? tr("hand anywhere from here")
+                                   : tr("hand near fret %1 from here").arg(here.handFret()));
   QString text = words.join(tr(", "));
   text[0] = text[0].toUpper();
   return text;

@@ -181,6 +181,14 @@ void TablatureView::mouseReleaseEvent(QMouseEvent* event) {
     emit clicked(cell.x(), cell.y());
 }
 
+/// Selects the chord, to which the first click has moved the cursor.
+void TablatureView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const auto chord = chordUnder(event->pos());
+  const bool isOfText = event->button() == Qt::LeftButton && !isOnRuler(event->pos());
+  if (!chord || !isOfText) return QAbstractScrollArea::mouseDoubleClickEvent(event);
+  selectChords(*chord, *chord);
+}
+
 /// What was dragged over is selected, and it is what plays; along the ruler it only plays.
 void TablatureView::endDrag(const QPoint& began) {
   const ChordSpan dragged = m_selection;
@@ -213,7 +221,19 @@ bool TablatureView::event(QEvent* event) {
         (key->key() == Qt::Key_Delete || (key->key() >= Qt::Key_0 && key->key() <= Qt::Key_9)))
       event->accept();
   }
+  if (event->type() == QEvent::KeyPress && changeShapeByKey(*static_cast<QKeyEvent*>(event)))
+    return true;
   return QAbstractScrollArea::event(event);
+}
+
+/// Only while chords are selected, so that Tab leads out of the tablature at all other times.
+bool TablatureView::changeShapeByKey(const QKeyEvent& event) {
+  const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+  if (!isTab || event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return false;
+  if (m_locked || !m_selection.contains(m_chord)) return false;
+  const bool back = event.key() == Qt::Key_Backtab || event.modifiers() & Qt::ShiftModifier;
+  emit shapeWanted(back ? -1 : 1);
+  return true;
 }
 
 void TablatureView::keyPressEvent(QKeyEvent* event) {

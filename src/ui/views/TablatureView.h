@@ -114,6 +114,9 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   void removalWanted(int chord, int string);
   /// Enter was pressed on a doubtful chord.
   void confirmWanted();
+  /// The next way to hold the chord at the cursor, or for -1 the one before: Tab was pressed while
+  /// chords are selected.
+  void shapeWanted(int by);
   void playToggled();
   /// A menu of what can be done at the cursor, or with what is selected, is to be shown there.
   void menuWanted(const QPoint& globalPlace);
@@ -135,6 +138,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -183,6 +187,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   bool copyByKey(QKeyEvent& event);
   bool moveByKey(QKeyEvent& event);
   bool editByKey(QKeyEvent& event);
+  bool changeShapeByKey(const QKeyEvent& event);
   void moveTo(std::optional<int> chord, int string, bool selecting);
   int chordOnPage(int pages) const;
   void typeDigit(int digit);

@@ -116,6 +116,23 @@ TEST_F(TablatureViewTest, keysMoveTheCursorAndEdit) {
   EXPECT_EQ(m_view.cursorChord(), 199);
 }
 
+TEST_F(TablatureViewTest, tabAsksForShapesOnlyWhileChordsAreSelected) {
+  const QSignalSpy shapes(&m_view, &TablatureView::shapeWanted);
+  m_view.moveCursor(3, 3);
+  press(Qt::Key_Tab);
+  EXPECT_EQ(shapes.count(), 0) << "it leads to the next part of the window";
+  QTest::mouseDClick(m_view.viewport(), Qt::LeftButton, {}, m_view.chordRect(2).center());
+  EXPECT_EQ(m_view.selection().first, 2);
+  EXPECT_EQ(m_view.selection().last, 2);
+  press(Qt::Key_Tab);
+  press(Qt::Key_Backtab, Qt::ShiftModifier);
+  m_view.lock(true);
+  press(Qt::Key_Tab);
+  ASSERT_EQ(shapes.count(), 2);
+  EXPECT_EQ(shapes[0][0].toInt(), 1);
+  EXPECT_EQ(shapes[1][0].toInt(), -1);
+}
+
 TEST_F(TablatureViewTest, viewFollowsThePlayingChord) {
   m_view.drawPlayMode(0.9F);
   EXPECT_EQ(m_view.playingChord(), 179) << "a silent one";
