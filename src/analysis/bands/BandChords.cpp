@@ -5,6 +5,7 @@
 #include <string_view>
 #include <tuple>
 
+#include "chords/BarLines.h"
 #include "chords/ChordFinder.h"
 #include "rhythm/harmony/ChordTones.h"
 
@@ -77,6 +78,14 @@ std::vector<Note> withStrokes(std::span<const Note> notes,
   std::ranges::stable_sort(all, {},
                            [](const Note& note) { return std::tuple(note.onset, note.pitch); });
   return all;
+}
+
+void tellBandBars(const chords::BandSound& sound, std::span<const Note> notes, Reading& reading) {
+  const chords::BarGrid read{static_cast<std::size_t>(std::max(reading.metre.beats, 1)),
+                             reading.firstBar};
+  const chords::BarGrid bars = chords::barsByChords(evidence(sound, notes, reading), read);
+  reading.metre.beats = static_cast<int>(bars.beats);
+  if (bars.first < reading.beats.size()) reading.firstBar = bars.first;
 }
 
 void tellBandChords(const chords::BandSound& sound, std::span<const Note> notes, Reading& reading) {

@@ -18,6 +18,11 @@ double surenessOf(std::span<const fingering::Note> notes);
 std::vector<fingering::Note> withStrokes(std::span<const fingering::Note> notes,
                                          std::span<const chords::Stroke> strokes);
 
+/// Moves the bar lines of a reading to where the chords of the sound change, where that is clearly
+/// elsewhere; bars of three beats and of four may become each other.
+void tellBandBars(const chords::BandSound& sound, std::span<const fingering::Note> notes,
+                  rhythm::Reading& reading);
+
 /// Gives a reading the chords and the key that are heard in the sound, with the notes as further
 /// evidence.
 void tellBandChords(const chords::BandSound& sound, std::span<const fingering::Note> notes,

@@ -65,6 +65,8 @@ void Listening::Work::keepBand(const Transcription& listened) {
   sound.isBand = true;
   sound.rhythm.isFree = false;
   sound.doubtful.clear();
+  if (!settings.rhythm.metre && !settings.rhythm.barLine)
+    tellBandBars(listened.sound(), sound.notes, sound.rhythm.reading);
   tellBandChords(listened.sound(), sound.notes, sound.rhythm.reading);
   gripChords(open, settings.fingering, sound);
 }

@@ -70,11 +70,13 @@ class Finer {
   bool m_fewThirds;
 };
 
-/// A tone of the chord, or its seventh, that is lower than the root for most of the time.
+/// A tone of the chord, or its seventh, that is lower than the root for most of the time and with
+/// which it begins: a walking bass passes many.
 int bassOf(const Chord& chord, const AboveRoot& heard) {
   const auto step = std::ranges::max_element(heard.bass) - heard.bass.begin();
   const unsigned sevenths = 1U << 10 | 1U << 11;
   const bool belongs = ((chords::of(chord.kind).tones | sevenths) >> step & 1U) != 0;
+  if (static_cast<std::size_t>(step) != heard.firstBass) return -1;
   if (step == 0 || !belongs || heard.bass[0] > kRootUnderBass) return -1;
   return static_cast<int>((static_cast<std::size_t>(chord.root) + static_cast<std::size_t>(step)) %
                           kClasses);
@@ -99,11 +101,16 @@ AboveRoot aboveRoot(int root, std::span<const BeatEvidence> beats, const SearchW
       heard.notes[step] += length * beat.notes.weights[at];
     }
   }
+  if (!beats.empty()) {
+    const Chroma& first = beats.front().bass;
+    const auto deepest = static_cast<std::size_t>(std::ranges::max_element(first) - first.begin());
+    heard.firstBass = (deepest + kClasses - static_cast<std::size_t>(root)) % kClasses;
+  }
   const float strongest = std::max({heard.treble[0], heard.treble[kFifth], 1e-6F});
-  const float deepest = std::max(*std::ranges::max_element(heard.bass), 1e-6F);
+  const float loudest = std::max(*std::ranges::max_element(heard.bass), 1e-6F);
   for (std::size_t step = 0; step < kClasses; ++step) {
     heard.treble[step] /= strongest;
-    heard.bass[step] /= deepest;
+    heard.bass[step] /= loudest;
     heard.notes[step] /= static_cast<float>(std::max(seconds, 1e-6));
   }
   return heard;

@@ -15,6 +15,7 @@ struct AboveRoot {
   Chroma treble{};
   Chroma bass{};
   Chroma notes{};
+  std::size_t firstBass = 0;  ///< The strongest in the bass on its first beat.
 
   /// In the treble and in the notes, the more of both thirds.
   float thirds() const;
