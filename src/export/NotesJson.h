@@ -22,8 +22,8 @@ struct JudgedNote {
 
 /// {"notes": [...], "candidates": [...]}: those that the song has and those that it has not, each
 /// {"number", "chord", "bar", "beat", "onset", "offset", "midi", "string", "fret", "probability",
-/// "locked", "doubt"} with times in seconds, strings from 0 for the lowest, and null for what it has
-/// not; locked tells whether the user has decided about it.
+/// "locked", "doubt"} with times in seconds, strings from 0 for the lowest, and null for what it
+/// has not; locked tells whether the user has decided about it.
 std::string notesAsJson(std::span<const JudgedNote> notes);
 
 }  // namespace korvel

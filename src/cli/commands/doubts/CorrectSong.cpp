@@ -57,7 +57,7 @@ std::optional<SongCorrections::Part> partOf(QBSong& song, const ChordRange& rang
 }
 
 NoteChanges hearPart(QBSong& song, const std::optional<SongCorrections::Part>& part,
-                      const HearingSettings& settings) {
+                     const HearingSettings& settings) {
   const int last = static_cast<int>(song.allChords().size()) - 1;
   PartHearing hearing(song, part.value_or(SongCorrections::Part{0, last}), settings);
   while (hearing.step()) Console::attached().progress(hearing.progress());

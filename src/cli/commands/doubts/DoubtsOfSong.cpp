@@ -59,7 +59,8 @@ std::vector<JudgedNote> judgedNotes(QBSong& song) {
   const BarPlaces places(song);
   std::vector<JudgedNote> judged(notes.size());
   for (std::size_t i = 0; i < notes.size(); ++i) {
-    judged[i] = {i + 1, notes[i].note, notes[i].chord + 1, 0, 0, notes[i].isIn, notes[i].isLocked, {}};
+    judged[i] = {i + 1, notes[i].note, notes[i].chord + 1, 0,
+                 0,     notes[i].isIn, notes[i].isLocked,  {}};
     places.tell(notes[i].chord, judged[i]);
   }
   for (const DoubtfulPlace& place : doubts.places())

@@ -24,7 +24,8 @@ struct Doubt {
     chord,     ///< Of what is struck together not all may be there, or something else.
   };
 
-  /// In the song's notes: the one that may be none, or the candidate; of a chord the least probable.
+  /// In the song's notes: the one that may be none, or the candidate; of a chord the least
+  /// probable.
   std::size_t note = 0;
   Kind kind = Kind::note;
   /// In the song's notes: the candidate that may be meant, or the note of which it is an overtone.
