@@ -83,7 +83,7 @@ QWidget* PracticePanel::newControls() {
 }
 
 void PracticePanel::addRamp(QGridLayout& rows) {
-  m_faster = new QCheckBox(tr("&Faster and faster"));
+  m_faster = new QCheckBox(tr("Faster and faster"));
   m_faster->setToolTip(tr("A loop begins slower and gets faster, up to the speed that is set"));
   m_from = numberBox(10, 100, 60, tr("Begins at"), " %");
   m_step = numberBox(1, 50, 5, tr("Faster by"), " %");
@@ -106,7 +106,7 @@ void PracticePanel::addRamp(QGridLayout& rows) {
 }
 
 void PracticePanel::addSound(QGridLayout& rows) {
-  m_apart = new QCheckBox(tr("&Recording left, guitar right"));
+  m_apart = new QCheckBox(tr("Recording left, guitar right"));
   m_transpose = new QDoubleSpinBox;
   m_transpose->setRange(-kMostHalfTones, kMostHalfTones);
   m_transpose->setDecimals(2);

@@ -3793,10 +3793,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>Danach</translation>
     </message>
     <message>
-        <source>&amp;Faster and faster</source>
-        <translation>Immer &amp;schneller</translation>
-    </message>
-    <message>
         <source>A loop begins slower and gets faster, up to the speed that is set</source>
         <translation>Ein Loop beginnt langsamer und wird schneller, bis zum eingestellten Tempo</translation>
     </message>
@@ -3837,10 +3833,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>Zwischen den Runden</translation>
     </message>
     <message>
-        <source>&amp;Recording left, guitar right</source>
-        <translation>&amp;Aufnahme links, Gitarre rechts</translation>
-    </message>
-    <message>
         <source>Half tones that the recording is transposed by</source>
         <translation>Halbtöne, um die die Aufnahme transponiert wird</translation>
     </message>
@@ -3867,6 +3859,14 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Practise</source>
         <translation>Üben</translation>
+    </message>
+    <message>
+        <source>Faster and faster</source>
+        <translation>Immer schneller</translation>
+    </message>
+    <message>
+        <source>Recording left, guitar right</source>
+        <translation>Aufnahme links, Gitarre rechts</translation>
     </message>
 </context>
 <context>
