@@ -55,6 +55,7 @@ PracticePanel::PracticePanel(PlayerBar& player, QWidget* parent)
       m_next(new FretboardView) {
   setAccessibleName(tr("Practise"));
   setFocusPolicy(Qt::StrongFocus);
+  setAccessibleName(tr("Practise"));
   m_now->setAccessibleName(tr("Chord"));
   m_next->setAccessibleName(tr("Next chord"));
   auto* row = new QHBoxLayout(this);

@@ -3868,6 +3868,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>Recording left, guitar right</source>
         <translation>Aufnahme links, Gitarre rechts</translation>
     </message>
+    <message>
+        <source>Practise</source>
+        <translation>Üben</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::PractiseDialog</name>
