@@ -1050,6 +1050,10 @@
         <source>no tone sounds on that string</source>
         <translation>Auf dieser Saite klingt kein Ton</translation>
     </message>
+    <message>
+        <source>%1: nothing is read in the metre that it was laid into; change the rhythm of the song that it was made from</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
@@ -3867,10 +3871,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Recording left, guitar right</source>
         <translation>Aufnahme links, Gitarre rechts</translation>
-    </message>
-    <message>
-        <source>Practise</source>
-        <translation>Üben</translation>
     </message>
 </context>
 <context>
