@@ -1052,7 +1052,7 @@
     </message>
     <message>
         <source>%1: nothing is read in the metre that it was laid into; change the rhythm of the song that it was made from</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: In der Taktart, in die er gelegt wurde, lässt sich nichts lesen; ändere den Rhythmus des Songs, aus dem er entstand</translation>
     </message>
 </context>
 <context>
