@@ -3,6 +3,8 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 #include "ui/roll/RollHits.h"
 
@@ -11,12 +13,15 @@ namespace {
 
 constexpr float kLeastOpacity = 0.45F;  ///< Of a tone that is hardly one.
 constexpr float kFaintest = 0.35F;      ///< Of a candidate.
-constexpr double kLowestDashed = 5;     ///< Lanes in which dashes can be told, in pixels.
+// In pixels.
+constexpr double kNarrowest = 3;     ///< Columns that show more than where a tone is.
+constexpr double kLowestDashed = 5;  ///< Lanes in which dashes can be told.
 
 }  // namespace
 
 void TonePainter::paint(QPainter& painter, int first, int end,
                         std::span<const TonePlace> chosen) const {
+  if (m_scale.step() < kNarrowest) return paintNarrow(painter, first, end);
   paintCandidates(painter, first, end);
   for (auto tone = m_roll.firstSounding(first); tone != m_roll.endSounding(end); ++tone) {
     if (m_roll.begin(tone->chord) + tone->steps <= m_roll.begin(first)) continue;
@@ -27,6 +32,26 @@ void TonePainter::paint(QPainter& painter, int first, int end,
     paintTone(painter, *tone, isKnown ? m_notes.signs[index] : RollNotes::Sign(), isChosen);
   }
   painter.setOpacity(1);
+}
+
+/// Thousands of tones side by side, of which no more than the place can be told.
+void TonePainter::paintNarrow(QPainter& painter, int first, int end) const {
+  constexpr int kInks = 32;
+  std::array<QColor, kInks> inks;
+  for (int ink = 0; ink < kInks; ++ink)
+    inks[static_cast<std::size_t>(ink)] =
+        mixed(m_shades.quiet, m_shades.mark, static_cast<double>(ink) / (kInks - 1));
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  for (auto tone = m_roll.firstSounding(first); tone != m_roll.endSounding(end); ++tone) {
+    if (!tone->active) continue;
+    const QRectF head = m_scale.headOf(*tone);
+    const QRect cells(static_cast<int>(head.left()), static_cast<int>(head.top()),
+                      std::max(1, static_cast<int>(std::ceil(head.width()))),
+                      static_cast<int>(std::ceil(head.height())));
+    const auto ink = static_cast<std::size_t>(tone->loudness * (kInks - 1));
+    painter.fillRect(cells, inks[std::min<std::size_t>(ink, kInks - 1)]);
+  }
+  painter.setRenderHint(QPainter::Antialiasing);
 }
 
 void TonePainter::paintCandidates(QPainter& painter, int first, int end) const {

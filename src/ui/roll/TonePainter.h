@@ -27,6 +27,7 @@ class TonePainter {
 
  private:
   void paintCandidates(QPainter& painter, int first, int end) const;
+  void paintNarrow(QPainter& painter, int first, int end) const;
   void paintTone(QPainter& painter, const ToneRoll::Tone& tone, const RollNotes::Sign& sign,
                  bool isChosen) const;
   void paintHead(QPainter& painter, const QRectF& head, bool active) const;
