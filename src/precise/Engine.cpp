@@ -345,7 +345,7 @@ Slices Engine::State::judgeReattacks() {
     if (continues) {
       const auto known = inputs.of(candidate, formula.features(candidate, m_candidates[i - 1]));
       if (m_observer) m_observer->reattack(candidate, known);
-      struck = strikeOdds(known) > 0;
+      struck = isStruckAgain(known);
     }
     if (struck)
       kept.push_back(candidate);

@@ -14,8 +14,8 @@ struct Experience;
 /// The precise detection: from the samples of a recording to its notes. Add all samples, then step
 /// until it is done, then take the result; to cancel, destroy the engine. The result is the same
 /// for any division into calls. Uses no other threads; one thread at a time.
-/// Ten minutes of sound take about two seconds and, while they are worked on, 95 megabytes. What is
-/// longer is for WindowedEngine.
+/// Ten minutes of sound take about two seconds and, while they are worked on, 110 megabytes. What
+/// is longer is for WindowedEngine.
 class Engine {
  public:
   /// sensitivity, 0..1: how faint or doubtful a note may be. 0.5 is the most probable reading.

@@ -147,7 +147,7 @@ TEST(PreciseEngine, answersTheSameForAnySlices) {
 struct Counts final : Observer {
   void tracked(std::span<const Candidate> candidates) override { all = candidates.size(); }
   void reattack(const Candidate&, const StrikeInputs::Inputs& known) override {
-    ++(strikeOdds(known) > 0 ? struckAgain : joined);
+    ++(isStruckAgain(known) ? struckAgain : joined);
   }
   void note(const Candidate& candidate, const Features<NoteFeature>& known) override {
     ++judged;

@@ -11,6 +11,9 @@
 namespace korvel::precise {
 namespace {
 
+/// The logarithm of the odds that are asked for, two to one: in the pieces of the fit strings are
+/// struck again more often than elsewhere.
+constexpr float kLeastOdds = 0.7F;
 /// Of what is below 0, so much goes on.
 constexpr float kLeak = 0.1F;
 
@@ -45,14 +48,14 @@ float oddsOf(const StrikeNetwork& network, const StrikeInputs::Inputs& inputs) {
 
 }  // namespace
 
-float strikeOdds(const StrikeInputs::Inputs& inputs) {
+bool isStruckAgain(const StrikeInputs::Inputs& inputs) {
   const StrikeWeights& weights = strikeWeights();
   StrikeInputs::Inputs limited;
   for (std::size_t i = 0; i < inputs.size(); ++i)
     limited[i] = std::clamp(inputs[i], weights.least[i], weights.most[i]);
   float sum = 0;
   for (const StrikeNetwork& network : weights.networks) sum += oddsOf(network, limited);
-  return sum / StrikeWeights::kNetworks;
+  return sum / StrikeWeights::kNetworks > kLeastOdds;
 }
 
 }  // namespace korvel::precise

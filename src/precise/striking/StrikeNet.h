@@ -5,8 +5,7 @@
 
 namespace korvel::precise {
 
-/// The logarithm of the odds that a string which rings was struck again; see StrikeWeights. The
-/// same bits on every machine.
-float strikeOdds(const StrikeInputs::Inputs& inputs);
+/// Whether a string which rings was struck again; see StrikeWeights.
+bool isStruckAgain(const StrikeInputs::Inputs& inputs);
 
 }  // namespace korvel::precise
