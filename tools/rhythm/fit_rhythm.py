@@ -7,7 +7,8 @@ Usage: fit_rhythm.py --bench DIR --readings PROGRAM [--performances FILE] [--pie
   --readings      the built korvel-rhythm-readings, which lists the readings of pieces
   --performances  real performances with their beats, of which parts are used, too
   --without       folder of a labelled set whose performances are left out
-  --pieces        how many pieces are made in each of two ways (default: 600)
+  --pieces        how many pieces are made in each of two ways (default: 600), and an eighth as many jigs
+  --free          the weights that are fitted, with commas; the others stay (default: all)
   --out           writes the table of weights there
 
 A conditional logit: the probability of a reading is exp(score) among all readings of its piece, and the
@@ -29,6 +30,7 @@ import rhythm_pieces
 
 NEAR = 0.07         # seconds: a beat is right
 SHRINK = 0.004      # of squares of weights in units of their features' deviations
+HOLD = 5.0          # the same, of weights that are to stay
 CROPS = 10          # parts of each performance
 PERFORMED = 3.0     # how much one of them counts
 # Weights that pieces which are cut anywhere would make too small: most recordings start on a bar line.
@@ -45,6 +47,7 @@ def arguments():
     parser.add_argument("--without", type=pathlib.Path)
     parser.add_argument("--pieces", type=int, default=600)
     parser.add_argument("--first", type=int, default=100000, help="the first seed")
+    parser.add_argument("--free", type=lambda names: names.split(","))
     parser.add_argument("--out", type=pathlib.Path)
     return parser.parse_args()
 
@@ -56,6 +59,7 @@ def make_pieces(options):
     import train_set
     seeds = range(options.first, options.first + options.pieces)
     pieces = [("own", *rhythm_pieces.own_piece(compose, seed)) for seed in seeds]
+    pieces += [("jig", *rhythm_pieces.own_piece(compose, seed, "jig")) for seed in seeds[::8]]
     pieces += [("listed", *rhythm_pieces.listed_piece(train_set, seed)) for seed in seeds]
     if options.performances:
         known = {clip["clip"] for clip in json.loads((options.without / "index.json").read_text())} \
@@ -73,7 +77,7 @@ def list_readings(program, pieces):
     text = []
     for _, notes, _ in pieces:
         text.append(str(len(notes)))
-        text += ["{onset:.4f} {end:.4f} {pitch} {strength:.4f} {probability:.4f}".format(**note)
+        text += ["{onset:.4f} {end:.4f} {pitch} {string} {strength:.4f} {probability:.4f}".format(**note)
                  for note in notes]
     found = subprocess.run([program], input="\n".join(text) + "\n", text=True, check=True,
                            stdout=subprocess.PIPE).stdout
@@ -144,7 +148,9 @@ def feature_names():
     return re.findall(r"^  (\w+),", header, re.MULTILINE)
 
 
-def fit(samples, start, scale):
+def fit(samples, start, scale, free):
+    shrink = np.array([SHRINK if free is None or name in free else HOLD for name in feature_names()])
+
     def objective(scaled):
         loss, gradient = 0.0, np.zeros_like(scaled)
         for sample in samples:
@@ -154,8 +160,7 @@ def fit(samples, start, scale):
             gradient += weight * slope / scale
         change = scaled - start * scale
         count = len(samples)
-        return (loss / count + SHRINK * change @ change,
-                gradient / count + 2 * SHRINK * change)
+        return loss / count + (shrink * change) @ change, gradient / count + 2 * shrink * change
     bounds = [(LEAST[name] * scale[i] if name in LEAST else None, None)
               for i, name in enumerate(feature_names())]
     best = minimize(objective, np.maximum(start, [LEAST.get(n, -1e9) for n in feature_names()]) * scale,
@@ -191,7 +196,7 @@ def main():
     start = current_weights(samples, readings)
     scale = np.maximum(1e-3, np.mean([sample.features.std(axis=0) for sample in samples], axis=0))
     report("held out, before", held, start)
-    weights = fit(tried, start, scale)
+    weights = fit(tried, start, scale, options.free)
     report("tried", tried, weights)
     report("held out", held, weights)
     lines = [f"    {weight:.3g},  // {name}" for weight, name in zip(weights, feature_names())]

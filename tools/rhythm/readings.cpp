@@ -2,9 +2,9 @@
 // Lists all readings of pieces, with what speaks for each: see fit_rhythm.py.
 //
 // Reads pieces from the standard input: the number of notes, and for each its onset and end in
-// seconds, pitch, strength and probability. Writes for each piece the number of tracks, and for
-// each the number of beats and their times; then the number of readings, and for each its track,
-// beats of a bar, first bar line, whether it is compound, its score and its features.
+// seconds, pitch, string, strength and probability. Writes for each piece the number of tracks, and
+// for each the number of beats and their times; then the number of readings, and for each its
+// track, beats of a bar, first bar line, whether it is compound, its score and its features.
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
@@ -25,7 +25,8 @@ using namespace korvel::rhythm;
 std::vector<fingering::Note> readPiece(std::size_t count) {
   std::vector<fingering::Note> notes(count);
   for (fingering::Note& note : notes) {
-    std::cin >> note.onset >> note.end >> note.pitch >> note.strength >> note.probability;
+    std::cin >> note.onset >> note.end >> note.pitch >> note.string >> note.strength >>
+        note.probability;
   }
   return notes;
 }

@@ -37,6 +37,9 @@ PICKED_SIXTEENTHS = {4: ["b3213b235321b321", "b.32b.32b.32b.32", "p.23b.23p.23b.
                      3: ["b321b321b321"]}
 PICKED_TRIPLETS = ["b32132b32132", "b32b32b32b32", "p.2132p.2132", "b12312512312"]
 PICKED_SIX = ["b32532", "b32123", "p32b23"]
+JIGS = ["b.ttb.tt", "b.t5.t", "D.d.d.D.d.d.", "D.dD.d", "D...d.D...d.", "bttbtt", "D.....D.....", "D.d.duD.d.du"]
+JIG_CELLS = [([(0, "n"), (4, "n"), (8, "n")], 7), ([(0, "n"), (8, "n")], 3), ([(0, "n")], 1.2),
+             ([(0, "n"), (2, "n"), (4, "n"), (8, "n")], .3), ([(0, "n"), (4, "n")], .4)]
 
 
 def pick(r, choices, weights=None):
@@ -64,8 +67,12 @@ class Maker:
     def start(self, tempo, swing=None):
         loose = self.r.uniform(.006, .034)
         self.piece = self.compose.Piece(self.r, self.metre, tempo, self.key, swing=swing,
-                                        jitter=float(loose), strum_ms=float(self.r.uniform(4, 16)))
+                                        jitter=float(loose), strum_ms=self.slowness())
         self.bars = max(5, int(self.r.uniform(18, 32) / (60 / tempo * self.piece.bpb)))
+
+    def slowness(self):
+        """Milliseconds from string to string: quick, now and then stroked slowly."""
+        return float(self.r.uniform(4, 16) if self.r.rand() < .92 else self.r.uniform(20, 50))
 
     def strum(self):
         if self.metre == "6/8":
@@ -134,10 +141,56 @@ class Maker:
             accent = 1 if tick % 48 == 0 else .9 if tick % 12 == 0 else .8
             self.piece.note(tick, step, 60, vel=accent)
 
-    def make(self):
+    def jig(self):
+        """Six eighths in two quick beats, mostly a tune, with or without a bass or chords."""
+        self.metre = "6/8"
+        self.start(between(self.r, 66, 132))
+        way = pick(self.r, ["tune", "bass", "strum", "picked"], [.4, .3, .2, .1])
+        if way == "strum":
+            self.piece.strummed(0, self.bars, self.chords, [pick(self.r, JIGS) for _ in range(2)],
+                                drop=.05)
+        elif way == "picked":
+            self.piece.picked(0, self.bars, self.chords, [pick(self.r, PICKED_SIX)])
+        else:
+            self.piece.melody(0, self.bars, self.chords, JIG_CELLS, bass=way == "bass",
+                              lo=int(self.r.randint(52, 62)), hi=int(self.r.randint(74, 84)))
+        if self.r.rand() < .6:
+            ticks = pick(self.r, [[-4], [-8, -4], [-12, -8, -4]], [.6, .25, .15])
+            self.piece.pickup(ticks, [60, 62, 64])
+
+    def wide(self):
+        """A tempo at the end of what is played: slow ballads, fast strums and tunes."""
+        c = self.compose
+        self.metre = pick(self.r, ["4/4", "3/4"], [.75, .25])
+        four = self.metre == "4/4"
+        if self.r.rand() < .5:
+            self.start(between(self.r, 38, 58))
+            if self.r.rand() < .5:
+                ways = STRUMMED["sixteenths"][2] if self.r.rand() < .5 else STRUMMED["eighths"][2]
+                return self.piece.strummed(0, self.bars, self.chords,
+                                           [pick(self.r, ways[4 if four else 3])], drop=.05)
+            if self.r.rand() < .5:
+                way = pick(self.r, [PICKED, PICKED_SIXTEENTHS])[4 if four else 3]
+                return self.piece.picked(0, self.bars, self.chords, [pick(self.r, way)])
+            return self.piece.melody(0, self.bars, self.chords, pick(self.r, [c.C_SYNC, c.C_RUN]),
+                                     bass=bool(self.r.rand() < .6))
+        self.start(between(self.r, 170, 230))
+        if self.r.rand() < .6:
+            ways = STRUMMED[pick(self.r, ["quarters", "downstrokes", "held"])][2]
+            return self.piece.strummed(0, self.bars, self.chords,
+                                       [pick(self.r, ways[4 if four else 3])], drop=.05)
+        return self.piece.melody(0, self.bars, self.chords,
+                                 pick(self.r, [c.C_SIMPLE, self.slow_cells()]),
+                                 bass=bool(self.r.rand() < .6))
+
+    def mixed(self):
         pick(self.r, [self.strum, self.pick_strings, self.sing, self.click],
              [.38, .22, .35, .05])()
-        if self.r.rand() < .2 and not self.piece.swing:
+
+    def make(self, way):
+        """All ways of playing are mixed, or one of "jig" and "wide"."""
+        getattr(self, way)()
+        if way != "jig" and self.r.rand() < .2 and not self.piece.swing:
             whole = self.piece.compound or self.r.rand() < .5
             self.piece.pickup([-12] if whole else [-12, -6], [60, 62])
         if self.r.rand() < .45:
@@ -145,6 +198,12 @@ class Maker:
             self.piece.curve = lambda beat: 1 + depth * np.sin(2 * np.pi * beat / length + phase)
         notes, truth, _ = self.piece.perform()
         return notes, truth
+
+
+def cut_at_bar(r, truth, latest):
+    """Where someone who plays to a click cuts a take: at a bar line, nearly."""
+    bars = [time for time, place in truth["beats"] if place == 1 and 0 <= time < latest]
+    return max(0.0, pick(r, bars) + float(r.normal(0, .015))) if bars else 0.0
 
 
 def cropped(notes, truth, start, end):
@@ -167,21 +226,22 @@ def heard(r, notes, single):
         onset = max(0.0, round((note["onset"] + r.normal(0, .005)) / FRAME) * FRAME)
         end = max(onset + .06, min([note["end"]] + later))
         strength = note["strength"] * np.exp(r.normal(0, spread))
-        found.append(dict(onset=onset, end=end, pitch=note["pitch"], strength=float(strength),
-                          probability=float(r.uniform(.75, 1))))
+        found.append(dict(onset=onset, end=end, pitch=note["pitch"], string=note["string"],
+                          strength=float(strength), probability=float(r.uniform(.75, 1))))
         if r.rand() < .03:
             found.append(dict(found[-1], onset=max(0.0, onset + r.uniform(-.05, .25)), strength=.25,
                               pitch=note["pitch"] + pick(r, [12, -12, 7]), probability=.6))
     return sorted(found, key=lambda note: (note["onset"], note["pitch"]))
 
 
-def own_piece(compose, seed):
+def own_piece(compose, seed, way="mixed"):
     r = np.random.RandomState(seed)
-    notes, truth = Maker(compose, r).make()
+    notes, truth = Maker(compose, r).make(way)
     notes = [dict(onset=n["onset"], end=n["off"], pitch=n["midi"], string=n["string"],
                   strength=n["vel"]) for n in notes]
     last = max(note["onset"] for note in notes)
-    start = float(r.uniform(0, 6)) if r.rand() < .5 else 0.0
+    way = r.rand()
+    start = float(r.uniform(0, 6)) if way < .4 else cut_at_bar(r, truth, 6) if way < .6 else 0.0
     end = float(r.uniform(.6, 1)) * last if r.rand() < .4 else last + 1
     notes, truth = cropped(notes, truth, start, end)
     return heard(r, notes, False), truth
@@ -189,12 +249,17 @@ def own_piece(compose, seed):
 
 def listed_piece(train_set, seed):
     notes, truth = train_set.piece(seed)
-    return [dict(onset=n["onset"], end=max(n["offset"], n["onset"] + .03), pitch=n["midi"],
-                 strength=n["strength"], probability=n["probability"]) for n in notes], truth
+    notes = [dict(onset=n["onset"], end=max(n["offset"], n["onset"] + .03), pitch=n["midi"],
+                  string=n["string"], strength=n["strength"], probability=n["probability"])
+             for n in notes]
+    r = np.random.RandomState(seed)
+    if r.rand() < .2:
+        return cropped(notes, truth, cut_at_bar(r, truth, 6), notes[-1]["onset"] + 1)
+    return notes, truth
 
 
 def performed_piece(performance, seed):
-    """A part of a real performance; its player's loudness is not known."""
+    """A part of a real performance, or all of it; its player's loudness is not known."""
     r = np.random.RandomState(seed)
     notes = [dict(onset=onset, end=onset + length, pitch=int(round(pitch)), string=string,
                   strength=float(r.uniform(.6, 1)))
@@ -203,5 +268,7 @@ def performed_piece(performance, seed):
                  beats_per_bar=max(place for _, place in performance["beats"]))
     length = float(r.uniform(14, 30))
     start = float(r.uniform(0, max(.1, performance["duration"] - length)))
+    if r.rand() < .4:
+        start = 0.0
     notes, truth = cropped(notes, truth, start, start + length)
     return heard(r, notes, False), truth

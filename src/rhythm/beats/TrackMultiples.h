@@ -10,8 +10,8 @@ namespace korvel::rhythm {
 
 /// Lengths of a beat that are tried, in seconds.
 struct BeatLengths {
-  double shortest = 0.28;
-  double longest = 1.35;
+  double shortest = 0.26;
+  double longest = 1.6;
 
   bool has(double length) const { return length >= shortest && length <= longest; }
 };

@@ -36,6 +36,10 @@ enum class Feature : std::size_t {
   changesOfBar,         ///< Octaves of the number of chord changes in a bar above 0.7,
   changesOfBarSquared,  ///< and the square of that.
   beatFit,              ///< How well onsets stand on the places of its beats.
+  halfInTernary,        ///< The share of onsets on the halves of beats divided by three,
+  thirdsOfSix,          ///< of those on the first third, of two beats,
+  thirdsOfTriplets,     ///< and of more.
+  takeOnBar,            ///< How near the beginning of the recording is to a bar line, 0..1.
   // How much the cues of onsets on beats are above those of others,
   beatLoud,
   beatLong,

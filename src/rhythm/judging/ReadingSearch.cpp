@@ -27,39 +27,6 @@ double priorOfTempo(double tempo) {
   return -4.5 * far * far;
 }
 
-DivisionUse useOf(std::span<const Onset> onsets, std::span<const Phase> phases) {
-  DivisionUse use;
-  double all = 0;
-  std::size_t struck = 0, last = phases.front().beat - 1;
-  for (std::size_t i = 0; i < onsets.size(); ++i) {
-    const double tick = static_cast<double>(phases[i].share) * kTicksOfBeat;
-    const double weight = onsets[i].weight;
-    all += weight;
-    if (std::abs(tick - 4) <= 1) use.firstThird += weight;
-    if (std::abs(tick - 6) < 1) use.half += weight;
-    if (std::abs(tick - 8) <= 1) use.secondThird += weight;
-    if (std::abs(tick - 2.5) <= 1 || std::abs(tick - 9.5) <= 1) use.fine += weight;
-    const std::size_t beat = phases[i].beat + (tick > 11);
-    if ((tick >= 1 && tick <= 11) || beat == last) continue;
-    ++struck;
-    last = beat;
-  }
-  for (double* part : {&use.firstThird, &use.half, &use.secondThird, &use.fine}) *part /= all;
-  const std::size_t beats = phases.back().beat - phases.front().beat + 1;
-  use.emptyBeats = 1 - std::min(1.0, static_cast<double>(struck) / static_cast<double>(beats));
-  return use;
-}
-
-bool isSixEight(const DivisionUse& use) {
-  return use.firstThird > 0.10 && use.firstThird >= 0.35 * use.secondThird;
-}
-
-Feel feelOf(const DivisionUse& use) {
-  if (use.firstThird + use.secondThird < 0.02) return Feel::straight;
-  const bool swings = use.secondThird > 0.08 && use.firstThird < 0.5 * use.secondThird;
-  return swings ? Feel::swing : Feel::triplets;
-}
-
 double bendOf(const BeatTrack& track) {
   double sum = 0;
   for (std::size_t i = 0; i + 2 < track.size(); ++i) {
@@ -73,6 +40,17 @@ bool isOnBar(const Phase& phase, const Bars& bars) {
   constexpr float kNear = 0.2F;
   if (phase.share <= kNear) return bars.of(phase.beat) == 0;
   return phase.share >= 1 - kNear && bars.of(phase.beat + 1) == 0;
+}
+
+/// Who plays to a click often cuts the take at a bar line: how near one is to its beginning, 0..1.
+double nearnessOfStart(const BeatTrack& track, const Bars& bars) {
+  constexpr double kWidth = 0.04;  // seconds
+  constexpr double kMostBars = 3;
+  const double bar = (track[1] - track[0]) * static_cast<double>(bars.beats);
+  const double line = track[bars.first];
+  if (line > kMostBars * bar) return 0;
+  const double off = std::remainder(line, bar) / kWidth;
+  return std::exp(-off * off / 2);
 }
 
 Feature featureOfMetre(Division division, std::size_t beats) {
@@ -108,11 +86,33 @@ void ReadingSearch::setTextures(ReadingFeatures& features, const Candidate& cand
   features[Feature::onsetsOfBeat] = onsets;
   features[Feature::onsetsOfBeatSquared] = onsets * onsets;
   features[Feature::emptyBeats] = use.emptyBeats;
-  features[Feature::fine] = use.fine;
-  features[Feature::idleTernary] = ternary && use.firstThird + use.secondThird < 0.05;
   features[Feature::changesOfBar] = changing;
   features[Feature::changesOfBarSquared] = changing * changing;
   features[Feature::beatFit] = fit.score;
+}
+
+/// What says how beats are divided, which tells 6/8 from triplets and from swing.
+void ReadingSearch::setDivisions(ReadingFeatures& features, const Candidate& candidate,
+                                 const DivisionUse& use) const {
+  features[Feature::fine] = use.fine;
+  if (candidate.division != Division::ternary) return;
+  features[Feature::idleTernary] = use.firstThird + use.secondThird < 0.05;
+  features[Feature::halfInTernary] = use.half;
+  if (candidate.bars.beats == 2) {
+    features[Feature::notSix] = !use.hasBothThirds() || use.half > 0.05;
+    features[Feature::thirdsOfSix] = use.firstThird;
+  } else {
+    features[Feature::thirdsOfTriplets] = use.firstThird;
+  }
+}
+
+/// What says whether the recording begins and ends with whole bars.
+void ReadingSearch::setEdges(ReadingFeatures& features, const Candidate& candidate,
+                             const OnsetPhases& phases) const {
+  const Bars& bars = candidate.bars;
+  features[Feature::startsOnBar] = isOnBar(phases.all().front(), bars);
+  features[Feature::endsOnBar] = isOnBar(phases.all().back(), bars);
+  features[Feature::takeOnBar] = nearnessOfStart(m_tracks[candidate.track], bars);
 }
 
 /// What says which onsets are on beats, and which beats are bar lines.
@@ -266,9 +266,9 @@ void ReadingSearch::scoreBars(Candidate candidate, const OnsetPhases& phases, co
   const BeatTrack& track = m_tracks[candidate.track];
   const Bars& bars = candidate.bars;
   const bool ternary = candidate.division == Division::ternary;
-  const bool six = ternary && bars.beats == 2 && isSixEight(use) && !m_limits.feel;
+  const bool six = ternary && bars.beats == 2 && use.isSixEight() && !m_limits.feel;
   candidate.compound = m_limits.metre ? m_limits.metre->compound : six;
-  if (ternary && !candidate.compound) candidate.feel = m_limits.feel.value_or(feelOf(use));
+  if (ternary && !candidate.compound) candidate.feel = m_limits.feel.value_or(use.ternaryFeel());
   ReadingFeatures& features = candidate.features;
   const double tempo = octavesFromUsual(candidate.tempo);
   const double bar = std::log2(60 / candidate.tempo * static_cast<double>(bars.beats) / kUsualBar);
@@ -280,11 +280,9 @@ void ReadingSearch::scoreBars(Candidate candidate, const OnsetPhases& phases, co
   features[Feature::barLengthSquared] = bar * bar;
   features[Feature::bend] = bendOf(track);
   features[featureOfMetre(candidate.division, bars.beats)] = 1;
-  features[Feature::startsOnBar] = isOnBar(phases.all().front(), bars);
-  features[Feature::endsOnBar] = isOnBar(phases.all().back(), bars);
-  features[Feature::notSix] =
-      ternary && bars.beats == 2 && (use.firstThird < 0.35 * use.secondThird || use.half > 0.05);
   setTextures(features, candidate, use, fit);
+  setDivisions(features, candidate, use);
+  setEdges(features, candidate, phases);
   setContrasts(features, phases, bars);
   candidate.score = scoreOf(features);
   m_candidates.push_back(candidate);

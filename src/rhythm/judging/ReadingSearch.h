@@ -11,18 +11,10 @@
 #include "rhythm/beats/TrackMultiples.h"
 #include "rhythm/harmony/ChordChanges.h"
 #include "rhythm/judging/BarFit.h"
+#include "rhythm/judging/DivisionUse.h"
 #include "rhythm/judging/ReadingFeatures.h"
 
 namespace korvel::rhythm {
-
-/// How beats are divided in a reading: which share of the onsets is near each part of a beat.
-struct DivisionUse {
-  double firstThird = 0;
-  double secondThird = 0;
-  double half = 0;
-  double fine = 0;        ///< Near quarters and sixths.
-  double emptyBeats = 0;  ///< The share of the beats that have no onset near them.
-};
 
 /// One way to read the onsets: a track whose beats are divided and make bars in some way.
 struct Candidate {
@@ -82,6 +74,10 @@ class ReadingSearch {
                  const DivisionUse& use);
   void setTextures(ReadingFeatures& features, const Candidate& candidate, const DivisionUse& use,
                    const PlaceFit& fit) const;
+  void setDivisions(ReadingFeatures& features, const Candidate& candidate,
+                    const DivisionUse& use) const;
+  void setEdges(ReadingFeatures& features, const Candidate& candidate,
+                const OnsetPhases& phases) const;
   void setContrasts(ReadingFeatures& features, const OnsetPhases& phases, const Bars& bars) const;
   bool allows(const Candidate& candidate) const;
   void rank();

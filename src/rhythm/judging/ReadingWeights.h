@@ -15,41 +15,45 @@ inline constexpr std::array<double, kFeatures> kReadingWeights{
     2.99,     // tempo
     -2,       // tempoSquared
     -1.24,    // barLength
-    0.325,    // barLengthSquared
-    -2.78,    // bend
+    0.322,    // barLengthSquared
+    -2.77,    // bend
     -0.195,   // binaryFour
     -2.07,    // binaryThree
-    -3.28,    // binaryTwo
-    -1.3,     // ternaryFour
+    -3.29,    // binaryTwo
+    -0.0797,  // ternaryFour
     -4.87,    // ternaryThree
-    -3.44,    // ternaryTwo
+    -3.29,    // ternaryTwo
     0.8,      // startsOnBar
-    0.875,    // endsOnBar
-    -0.329,   // notSix
-    0.796,    // ternaryTempo
-    -5.01,    // sixTempo
+    0.478,    // endsOnBar
+    -0.0539,  // notSix
+    -0.379,   // ternaryTempo
+    -2.94,    // sixTempo
     2.12,     // onsetsOfBeat
-    0.778,    // onsetsOfBeatSquared
-    -3.12,    // emptyBeats
+    0.782,    // onsetsOfBeatSquared
+    -3.09,    // emptyBeats
     -1.84,    // fine
-    -4.11,    // idleTernary
-    0.0959,   // changesOfBar
-    -0.589,   // changesOfBarSquared
-    -0.0893,  // beatFit
-    1.71,     // beatLoud
-    -1.39,    // beatLong
-    3.33,     // beatLow
-    -0.898,   // beatStroke
-    4.77,     // beatHeld
-    -2.82,    // beatFresh
-    2.22,     // beatAgain
-    1.75,     // barLoud
-    -1.91,    // barLong
-    2.51,     // barLow
-    -3.32,    // barStroke
-    3.18,     // barHeld
-    2.11,     // barFresh
-    -0.358,   // barAgain
+    -4.12,    // idleTernary
+    0.0971,   // changesOfBar
+    -0.591,   // changesOfBarSquared
+    -0.0894,  // beatFit
+    1.02,     // halfInTernary
+    1.44,     // thirdsOfSix
+    -8.97,    // thirdsOfTriplets
+    2.18,     // takeOnBar
+    1.7,      // beatLoud
+    -1.41,    // beatLong
+    3.3,      // beatLow
+    -0.905,   // beatStroke
+    4.76,     // beatHeld
+    -2.8,     // beatFresh
+    2.2,      // beatAgain
+    1.76,     // barLoud
+    -1.9,     // barLong
+    2.52,     // barLow
+    -3.33,    // barStroke
+    3.19,     // barHeld
+    2.1,      // barFresh
+    -0.321,   // barAgain
 };
 
 }  // namespace korvel::rhythm
