@@ -42,6 +42,7 @@ _korvel_cli() {
       ;;
     --detection) _korvel_cli_offer < <(printf 'precise\nclassic\n') && return ;;
     --grid) _korvel_cli_offer < <(printf 'beats\nslices\n') && return ;;
+    --what) _korvel_cli_offer < <(printf 'guitar\nband\nauto\n') && return ;;
     --metre) _korvel_cli_offer < <(printf '2/4\n3/4\n4/4\n6/8\n12/8\n') && return ;;
     --finest) _korvel_cli_offer < <(printf '8\n16\n') && return ;;
     --between) _korvel_cli_offer < <(printf 'silence\nclicks\n') && return ;;
