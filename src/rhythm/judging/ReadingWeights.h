@@ -20,7 +20,7 @@ inline constexpr std::array<double, kFeatures> kReadingWeights{
     -0.195,   // binaryFour
     -2.07,    // binaryThree
     -3.29,    // binaryTwo
-    -0.0797,  // ternaryFour
+    0.4,      // ternaryFour
     -4.87,    // ternaryThree
     -3.29,    // ternaryTwo
     0.8,      // startsOnBar
