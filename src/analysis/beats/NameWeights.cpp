@@ -32,7 +32,7 @@ constexpr double kPerOption = .25;
 constexpr double kRareTriad = .25;
 constexpr int kTonesOfTriad = 3;
 /// Of the logarithm of what is made of a score.
-constexpr double kSteepness = 3;
+constexpr double kSteepnessOfNames = 3;
 
 /// Bit n for n half tones above the root.
 unsigned intervalsOf(QBHarmony& harmony) {
@@ -94,7 +94,8 @@ std::vector<WeighedName> bestNames(const QBTabMgr& db, const rhythm::Sounding& s
   std::ranges::stable_sort(names, std::ranges::greater(), &WeighedName::weight);
   const double best = names.empty() ? 0 : names.front().weight;
   double all = 0;
-  for (WeighedName& name : names) all += name.weight = std::exp(kSteepness * (name.weight - best));
+  for (WeighedName& name : names)
+    all += name.weight = std::exp(kSteepnessOfNames * (name.weight - best));
   for (WeighedName& name : names) name.weight /= all;
   names.resize(std::min(names.size(), most));
   return names;

@@ -21,7 +21,7 @@ DrawnNotes::Grid gridOf(bool isFree) {
 }  // namespace
 
 RollEdits::RollEdits(RollView& roll, QObject* parent) : QObject(parent) {
-  using Places = std::vector<TonePlace>;
+  using Places = std::vector<ToneIndex>;
   connect(&roll, &RollView::dropWanted, this, &RollEdits::drop);
   connect(&roll, &RollView::takeWanted, this, [this](int note) {
     correct([note](SongCorrections& song) { song.accept(static_cast<std::size_t>(note)); });
@@ -48,7 +48,7 @@ RollEdits::~RollEdits() = default;
 void RollEdits::setSong(QBSong* song) { m_song = song; }
 
 /// A tone that was heard stays a candidate.
-void RollEdits::drop(const TonePlace& place, int note) {
+void RollEdits::drop(const ToneIndex& place, int note) {
   if (note == RollNotes::kNone)
     draw([&](DrawnNotes& notes) { notes.remove(std::span(&place, 1)); });
   else

@@ -10,7 +10,7 @@ namespace korvel {
 class DrawnNotes;
 class QBSong;
 class SongCorrections;
-struct TonePlace;
+struct ToneIndex;
 }  // namespace korvel
 
 namespace korvel::ui {
@@ -37,7 +37,7 @@ class RollEdits final : public QObject {
   void refused(const QString& text);
 
  private:
-  void drop(const TonePlace& place, int note);
+  void drop(const ToneIndex& place, int note);
   void perform(const std::function<void()>& edit);
   void draw(const std::function<void(DrawnNotes&)>& edit);
   void correct(const std::function<void(SongCorrections&)>& edit);

@@ -59,8 +59,8 @@ std::optional<std::size_t> RollHits::candidateAt(const QPointF& place) const {
   return found;
 }
 
-std::vector<TonePlace> RollHits::tonesIn(const QRectF& area) const {
-  std::vector<TonePlace> found;
+std::vector<ToneIndex> RollHits::tonesIn(const QRectF& area) const {
+  std::vector<ToneIndex> found;
   for (const ToneRoll::Tone& tone : m_roll.tones())
     if (rectOf(tone).intersects(area)) found.push_back({tone.chord, tone.string});
   return found;

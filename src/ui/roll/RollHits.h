@@ -8,7 +8,7 @@
 
 #include "ui/roll/RollNotes.h"
 #include "ui/roll/RollScale.h"
-#include "workflow/editing/drawn/TonePlace.h"
+#include "workflow/editing/drawn/ToneIndex.h"
 
 namespace korvel::ui {
 
@@ -29,7 +29,7 @@ class RollHits {
   std::optional<Tone> toneAt(const QPointF& place) const;
   /// Index of the candidates.
   std::optional<std::size_t> candidateAt(const QPointF& place) const;
-  std::vector<TonePlace> tonesIn(const QRectF& area) const;
+  std::vector<ToneIndex> tonesIn(const QRectF& area) const;
   /// The pitch of a lane.
   int pitchAt(double y) const;
 

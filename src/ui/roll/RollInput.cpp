@@ -113,7 +113,7 @@ bool RollView::dragByKey(int key, Qt::KeyboardModifiers keys) {
   const bool isInTime = key == Qt::Key_Right || key == Qt::Key_Left;
   if (!isInTime && (keys == Qt::ShiftModifier || (key != Qt::Key_Up && key != Qt::Key_Down)))
     return false;
-  const std::vector<TonePlace> tones{placeOf(m_spot->index)};
+  const std::vector<ToneIndex> tones{placeOf(m_spot->index)};
   const double steps = isUpwards ? m_roll.stepsOfColumn() : -m_roll.stepsOfColumn();
   if (keys == Qt::ShiftModifier)
     emit tonesLengthened(tones, steps, false);

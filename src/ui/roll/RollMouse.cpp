@@ -73,7 +73,7 @@ void RollView::beginDrag() {
     return;
   }
   m_gesture.doing = m_gesture.tone->atEnd ? Doing::lengthening : Doing::moving;
-  const TonePlace place = placeOf(m_gesture.tone->index);
+  const ToneIndex place = placeOf(m_gesture.tone->index);
   if (std::ranges::find(m_chosen, place) == m_chosen.end()) m_chosen = {place};
 }
 
@@ -84,7 +84,7 @@ void RollView::click() {
   const bool chooses = m_gesture.keys & Qt::ControlModifier;
   if (m_gesture.tone) {
     const ToneRoll::Tone tone = m_roll.tones()[m_gesture.tone->index];
-    const TonePlace place = placeOf(m_gesture.tone->index);
+    const ToneIndex place = placeOf(m_gesture.tone->index);
     const bool isKnown = m_gesture.tone->index < m_notes.signs.size();
     const int note = isKnown ? m_notes.signs[m_gesture.tone->index].note : RollNotes::kNone;
     if (plays) return emit pitchWanted(tone.pitch, kShortest);
@@ -109,12 +109,12 @@ void RollView::listenTo(double from, double steps) {
                 std::clamp(time.secondsOf(from + steps) - begin, kShortest, kLongest));
 }
 
-void RollView::toggleChosen(const TonePlace& place) {
+void RollView::toggleChosen(const ToneIndex& place) {
   if (std::erase(m_chosen, place) == 0) m_chosen.push_back(place);
   viewport()->update();
 }
 
-TonePlace RollView::placeOf(std::size_t tone) const {
+ToneIndex RollView::placeOf(std::size_t tone) const {
   return {m_roll.tones()[tone].chord, m_roll.tones()[tone].string};
 }
 
@@ -176,7 +176,7 @@ std::vector<QRectF> RollView::draggedRects() const {
   if (m_gesture.doing != Doing::moving && m_gesture.doing != Doing::lengthening) return rects;
   const double by = draggedSteps() * m_scale.width(1);
   const double up = draggedHalfTones() * m_scale.laneHeight();
-  for (const TonePlace& place : m_chosen) {
+  for (const ToneIndex& place : m_chosen) {
     const QRectF rect = toneRect(place);
     if (m_gesture.doing == Doing::moving)
       rects.push_back(rect.translated(by, -up));

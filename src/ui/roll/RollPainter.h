@@ -9,7 +9,7 @@
 #include "ui/roll/RollNotes.h"
 #include "ui/roll/RollScale.h"
 #include "ui/views/Shades.h"
-#include "workflow/editing/drawn/TonePlace.h"
+#include "workflow/editing/drawn/ToneIndex.h"
 
 class QPainter;
 
@@ -27,7 +27,7 @@ class RollPainter {
     int cursor = -1;
     bool focused = false;
     std::optional<double> dragged{};  ///< Where the line of a beat is dragged to.
-    std::vector<TonePlace> chosen{};
+    std::vector<ToneIndex> chosen{};
     std::vector<QRectF> drawn{};  ///< Where tones would be that are drawn or dragged.
     QRectF band{};                ///< That chooses tones.
     QRectF spot{};                ///< Of the tone or candidate that keys have gone to.

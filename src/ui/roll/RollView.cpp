@@ -163,7 +163,7 @@ RollPainter::Marks RollView::marks() const {
   return marks;
 }
 
-QRect RollView::toneRect(const TonePlace& place) const {
+QRect RollView::toneRect(const ToneIndex& place) const {
   for (const ToneRoll::Tone& tone : m_roll.tones())
     if (tone.chord == place.chord && tone.string == place.string)
       return hits().rectOf(tone).toAlignedRect();

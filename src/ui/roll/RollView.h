@@ -13,7 +13,7 @@
 #include "ui/roll/RollScale.h"
 #include "ui/roll/SoundBackdrop.h"
 #include "ui/views/SpokenView.h"
-#include "workflow/editing/drawn/TonePlace.h"
+#include "workflow/editing/drawn/ToneIndex.h"
 #include "workflow/playing/ToneRoll.h"
 
 namespace korvel {
@@ -44,11 +44,11 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   /// Column of a chord, in coordinates of the viewport.
   QRect chordRect(int chord) const { return m_scale.chordRect(chord); }
   /// Room of a tone likewise, and of a candidate by its index.
-  QRect toneRect(const TonePlace& place) const;
+  QRect toneRect(const ToneIndex& place) const;
   QRect candidateRect(std::size_t candidate) const;
   const RollNotes& notes() const { return m_notes; }
   /// Tones that are dragged together.
-  const std::vector<TonePlace>& chosen() const { return m_chosen; }
+  const std::vector<ToneIndex>& chosen() const { return m_chosen; }
 
   QString spokenText() const override;
   QRect spokenRect() const override { return chordRect(m_cursor); }
@@ -83,13 +83,13 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
 
   // Edits. Notes are those of the song, as in `RollNotes`.
   /// A tone is to go; note: which it was heard as, or `RollNotes::kNone`.
-  void dropWanted(const korvel::TonePlace& place, int note);
+  void dropWanted(const korvel::ToneIndex& place, int note);
   void takeWanted(int note);
   void confirmWanted(int note);
   void toneDrawn(int pitch, double begin, double steps, bool isFree);
-  void tonesMoved(const std::vector<korvel::TonePlace>& tones, double steps, int halfTones,
+  void tonesMoved(const std::vector<korvel::ToneIndex>& tones, double steps, int halfTones,
                   bool isFree);
-  void tonesLengthened(const std::vector<korvel::TonePlace>& tones, double steps, bool isFree);
+  void tonesLengthened(const std::vector<korvel::ToneIndex>& tones, double steps, bool isFree);
 
  protected:
   bool viewportEvent(QEvent* event) override;
@@ -136,8 +136,8 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   void click();
   void finishDrag();
   void cancelGesture();
-  void toggleChosen(const TonePlace& place);
-  TonePlace placeOf(std::size_t tone) const;
+  void toggleChosen(const ToneIndex& place);
+  ToneIndex placeOf(std::size_t tone) const;
   bool isFree() const { return m_gesture.keys.testFlag(Qt::AltModifier); }
   double draggedSteps() const;
   int draggedHalfTones() const;
@@ -165,7 +165,7 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   int m_playing = -1;
   int m_cursor = -1;
   std::optional<Spot> m_spot{};  ///< In the column of the cursor.
-  std::vector<TonePlace> m_chosen;
+  std::vector<ToneIndex> m_chosen;
   Gesture m_gesture;
   double m_zoom = 100;
 };

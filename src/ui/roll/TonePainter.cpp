@@ -20,7 +20,7 @@ constexpr double kLowestDashed = 5;  ///< Lanes in which dashes can be told.
 }  // namespace
 
 void TonePainter::paint(QPainter& painter, int first, int end,
-                        std::span<const TonePlace> chosen) const {
+                        std::span<const ToneIndex> chosen) const {
   if (m_scale.step() < kNarrowest) return paintNarrow(painter, first, end);
   paintCandidates(painter, first, end);
   for (auto tone = m_roll.firstSounding(first); tone != m_roll.endSounding(end); ++tone) {
@@ -28,7 +28,7 @@ void TonePainter::paint(QPainter& painter, int first, int end,
     const auto index = static_cast<std::size_t>(tone - m_roll.tones().begin());
     const bool isKnown = index < m_notes.signs.size();
     const bool isChosen =
-        std::ranges::find(chosen, TonePlace{tone->chord, tone->string}) != chosen.end();
+        std::ranges::find(chosen, ToneIndex{tone->chord, tone->string}) != chosen.end();
     paintTone(painter, *tone, isKnown ? m_notes.signs[index] : RollNotes::Sign(), isChosen);
   }
   painter.setOpacity(1);

@@ -6,7 +6,7 @@
 #include "ui/roll/RollNotes.h"
 #include "ui/roll/RollScale.h"
 #include "ui/views/Shades.h"
-#include "workflow/editing/drawn/TonePlace.h"
+#include "workflow/editing/drawn/ToneIndex.h"
 
 class QPainter;
 
@@ -23,7 +23,7 @@ class TonePainter {
       : m_roll(roll), m_notes(notes), m_scale(scale), m_shades(shades) {}
 
   /// Of what is in the chords [first, end).
-  void paint(QPainter& painter, int first, int end, std::span<const TonePlace> chosen) const;
+  void paint(QPainter& painter, int first, int end, std::span<const ToneIndex> chosen) const;
 
  private:
   void paintCandidates(QPainter& painter, int first, int end) const;

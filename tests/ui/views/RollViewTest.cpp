@@ -83,7 +83,7 @@ TEST_F(RollViewTest, tonesAreDrawnMovedAndMadeLonger) {
 
   drag(middle(1, 1), QPoint(static_cast<int>(beat * 1.1), -2 * lane));
   ASSERT_EQ(moved.count(), 1);
-  EXPECT_EQ(moved[0][0].value<std::vector<TonePlace>>(), (std::vector<TonePlace>{{1, 1}}));
+  EXPECT_EQ(moved[0][0].value<std::vector<ToneIndex>>(), (std::vector<ToneIndex>{{1, 1}}));
   EXPECT_EQ(moved[0][1].toDouble(), 12);
   EXPECT_EQ(moved[0][2].toInt(), 2);
   EXPECT_FALSE(moved[0][3].toBool());
@@ -104,10 +104,10 @@ TEST_F(RollViewTest, aBandChoosesWhatIsDraggedTogether) {
        Qt::ControlModifier);
   EXPECT_EQ(m_view.chosen().size(), 3U);
   QTest::mouseClick(m_view.viewport(), Qt::LeftButton, Qt::ControlModifier, middle(1, 1));
-  EXPECT_EQ(m_view.chosen(), (std::vector<TonePlace>{{0, 1}, {2, 1}}));
+  EXPECT_EQ(m_view.chosen(), (std::vector<ToneIndex>{{0, 1}, {2, 1}}));
   drag(middle(2, 1), QPoint(first.width(), 0));
   ASSERT_EQ(moved.count(), 1);
-  EXPECT_EQ(moved[0][0].value<std::vector<TonePlace>>().size(), 2U);
+  EXPECT_EQ(moved[0][0].value<std::vector<ToneIndex>>().size(), 2U);
 }
 
 TEST_F(RollViewTest, aClickHasTheMomentPlayedAndTheToneDropped) {
@@ -121,7 +121,7 @@ TEST_F(RollViewTest, aClickHasTheMomentPlayedAndTheToneDropped) {
   EXPECT_NEAR(heard[0][0].toDouble(), 1.5, 1e-6);
   EXPECT_NEAR(heard[0][1].toDouble(), 0.5, 1e-6);
   ASSERT_EQ(dropped.count(), 1);
-  EXPECT_EQ(dropped[0][0].value<TonePlace>(), (TonePlace{3, 1}));
+  EXPECT_EQ(dropped[0][0].value<ToneIndex>(), (ToneIndex{3, 1}));
   QTest::mouseClick(m_view.viewport(), Qt::LeftButton, Qt::ShiftModifier, middle(3, 1));
   ASSERT_EQ(played.count(), 1);
   EXPECT_EQ(played[0][0].toInt(), 45);

@@ -38,8 +38,8 @@ struct DrawnNotesTest : testing::Test {
   }
 
   /// All tones.
-  std::vector<TonePlace> places() const {
-    std::vector<TonePlace> all;
+  std::vector<ToneIndex> places() const {
+    std::vector<ToneIndex> all;
     const ToneRoll roll(*m_song);
     for (const auto& tone : roll.tones()) all.push_back({tone.chord, tone.string});
     return all;
@@ -83,7 +83,7 @@ TEST_F(DrawnNotesTest, leaveWhatSoundsAroundThem) {
 
 TEST_F(DrawnNotesTest, severalMoveTogetherInTimeAndPitch) {
   onBeats("4/4 x0xxxx q xx0xxx q x2xxxx h |");
-  const std::vector<TonePlace> both{{0, 1}, {1, 2}};
+  const std::vector<ToneIndex> both{{0, 1}, {1, 2}};
   notes().move(both, 3.4, 2);
   EXPECT_EQ(title(), "Move Tones");
   EXPECT_EQ(drawn(), "47@3*12 52@15*12 47@24*24 | 3 12 9 24") << "one rings on";
@@ -98,11 +98,11 @@ TEST_F(DrawnNotesTest, severalMoveTogetherInTimeAndPitch) {
 
 TEST_F(DrawnNotesTest, lastUntilTheirStringSoundsAgain) {
   onBeats("4/4 x00xxx q rq x2xxxx h |");
-  notes().lengthen(std::vector<TonePlace>{{0, 1}, {0, 2}}, 36);
+  notes().lengthen(std::vector<ToneIndex>{{0, 1}, {0, 2}}, 36);
   EXPECT_EQ(drawn(), "45@0*24 50@0*48 47@24*24 | 12 12 24");
-  notes().lengthen(std::vector<TonePlace>{{0, 1}, {0, 2}}, -46);
+  notes().lengthen(std::vector<ToneIndex>{{0, 1}, {0, 2}}, -46);
   EXPECT_EQ(drawn(), "45@0*3 50@0*3 47@24*24 | 3 9 12 24") << "a sixteenth is left, then a rest";
-  notes().remove(std::vector<TonePlace>{{3, 1}, {0, 1}});
+  notes().remove(std::vector<ToneIndex>{{3, 1}, {0, 1}});
   EXPECT_EQ(drawn(), "50@0*3 | 3 9 36");
 }
 

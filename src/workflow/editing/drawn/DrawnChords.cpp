@@ -48,11 +48,11 @@ DrawnChords::DrawnChords(QBTabMgr& db, QBSong& song)
 
 DrawnChords::~DrawnChords() = default;
 
-QBChord& DrawnChords::chordOf(const TonePlace& place) const {
+QBChord& DrawnChords::chordOf(const ToneIndex& place) const {
   return *m_before.at(static_cast<std::size_t>(place.chord));
 }
 
-DrawnNote DrawnChords::take(const TonePlace& place) {
+DrawnNote DrawnChords::take(const ToneIndex& place) {
   QBChord& chord = chordOf(place);
   QBTone& tone = toneAt(chord, place.string);
   const auto open = openStringsOf(&m_song).pitches();

@@ -6,7 +6,7 @@
 
 #include "platform/persistence/Ref.h"
 #include "workflow/editing/doubts/StringChoice.h"
-#include "workflow/editing/drawn/TonePlace.h"
+#include "workflow/editing/drawn/ToneIndex.h"
 
 namespace korvel {
 
@@ -37,13 +37,13 @@ class DrawnChords {
   virtual int nearestBegin(double step, int unit) const = 0;
 
   /// Takes a tone out. std::out_of_range where there is none.
-  DrawnNote take(const TonePlace& place);
+  DrawnNote take(const ToneIndex& place);
   /// Chords that have lost all of their tones become a part of what is before them.
   virtual void join() = 0;
   /// Throws EditRefused where the song does not reach to, or where no string is free for it.
   void put(const DrawnNote& note);
   /// At least one unit is left.
-  virtual void lengthen(const TonePlace& place, int steps, int unit) = 0;
+  virtual void lengthen(const ToneIndex& place, int steps, int unit) = 0;
   /// To be called once, at the end.
   virtual void finish() = 0;
 
@@ -53,11 +53,11 @@ class DrawnChords {
   QBTabMgr& db() const { return m_db; }
   QBSong& song() const { return m_song; }
   /// As it was before.
-  QBChord& chordOf(const TonePlace& place) const;
+  QBChord& chordOf(const ToneIndex& place) const;
 
   /// Where the tones of a chord begin, before the edit, and how long one lasts.
   virtual int beginOf(const QBChord& chord) const = 0;
-  virtual int stepsOf(const TonePlace& place) const = 0;
+  virtual int stepsOf(const ToneIndex& place) const = 0;
   /// The chord in which a note is to begin, which may be made; null outside of the song.
   virtual QBChord* chordAt(int begin) = 0;
   /// A tone has come, which is to last so long.

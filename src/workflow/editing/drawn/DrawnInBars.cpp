@@ -41,7 +41,7 @@ int DrawnInBars::nearestBegin(double step, int unit) const {
 
 int DrawnInBars::beginOf(const QBChord& chord) const { return m_begins.at(&chord); }
 
-int DrawnInBars::stepsOf(const TonePlace& place) const {
+int DrawnInBars::stepsOf(const ToneIndex& place) const {
   const QBChord& chord = chordOf(place);
   return ticksOfTone(*chord.hold()->findToneByString(place.string), chord);
 }
@@ -106,7 +106,7 @@ void DrawnInBars::endWithTones(QBChord& chord) {
   if (longest < chord.ticks()) m_bars.beginAt(m_begins.at(&chord) + longest);
 }
 
-void DrawnInBars::lengthen(const TonePlace& place, int steps, int unit) {
+void DrawnInBars::lengthen(const ToneIndex& place, int steps, int unit) {
   QBChord& chord = chordOf(place);
   QBTone& tone = *chord.hold()->findToneByString(place.string);
   const int room = roomOf(m_bars.indexOf(chord), place.string);

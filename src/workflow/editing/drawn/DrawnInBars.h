@@ -19,12 +19,12 @@ class DrawnInBars final : public DrawnChords {
   int gridUnit() const override;
   int nearestBegin(double step, int unit) const override;
   void join() override;
-  void lengthen(const TonePlace& place, int steps, int unit) override;
+  void lengthen(const ToneIndex& place, int steps, int unit) override;
   void finish() override;
 
  protected:
   int beginOf(const QBChord& chord) const override;
-  int stepsOf(const TonePlace& place) const override;
+  int stepsOf(const ToneIndex& place) const override;
   QBChord* chordAt(int begin) override;
   void came(QBChord& chord, int string, int steps) override;
   void changed(QBChord& chord) override;

@@ -29,7 +29,7 @@ int DrawnInSlices::nearestBegin(double step, int) const {
   return static_cast<int>(std::floor(step));
 }
 
-int DrawnInSlices::stepsOf(const TonePlace& place) const {
+int DrawnInSlices::stepsOf(const ToneIndex& place) const {
   return chordOf(place).hold()->findToneByString(place.string)->soundingSteps();
 }
 
@@ -43,7 +43,7 @@ void DrawnInSlices::came(QBChord& chord, int string, int steps) {
   chord.hold()->findToneByString(string)->setDuration(std::clamp(steps, 1, kLongestDuration));
 }
 
-void DrawnInSlices::lengthen(const TonePlace& place, int steps, int) {
+void DrawnInSlices::lengthen(const ToneIndex& place, int steps, int) {
   QBChord& chord = chordOf(place);
   came(chord, place.string, stepsOf(place) + steps);
   changed(chord);

@@ -15,12 +15,12 @@ class DrawnInSlices final : public DrawnChords {
   int gridUnit() const override { return 1; }
   int nearestBegin(double step, int unit) const override;
   void join() override {}
-  void lengthen(const TonePlace& place, int steps, int unit) override;
+  void lengthen(const ToneIndex& place, int steps, int unit) override;
   void finish() override;
 
  protected:
   int beginOf(const QBChord& chord) const override { return m_indexes.at(&chord); }
-  int stepsOf(const TonePlace& place) const override;
+  int stepsOf(const ToneIndex& place) const override;
   QBChord* chordAt(int begin) override;
   void came(QBChord& chord, int string, int steps) override;
   void changed(QBChord& chord) override;

@@ -53,14 +53,14 @@ void DrawnNotes::add(int pitch, double begin, double steps, Grid grid) {
 }
 
 /// All go before the first one comes, so that none is in the way of another.
-void DrawnNotes::move(std::span<const TonePlace> tones, double steps, int halfTones, Grid grid) {
+void DrawnNotes::move(std::span<const ToneIndex> tones, double steps, int halfTones, Grid grid) {
   const int by = rounded(steps, unitOf(*DrawnChords::of(m_db, *m_song), grid));
   if (tones.empty() || (by == 0 && halfTones == 0)) return;
   const auto title =
       tones.size() == 1 ? phrase("UndoAction", "Move Tone") : phrase("UndoAction", "Move Tones");
   edit(title, [&](DrawnChords& chords) {
     std::vector<DrawnNote> moved;
-    for (const TonePlace& tone : tones) moved.push_back(chords.take(tone));
+    for (const ToneIndex& tone : tones) moved.push_back(chords.take(tone));
     chords.join();
     std::ranges::stable_sort(moved, {}, &DrawnNote::begin);
     for (DrawnNote& note : moved) {
@@ -71,21 +71,21 @@ void DrawnNotes::move(std::span<const TonePlace> tones, double steps, int halfTo
   });
 }
 
-void DrawnNotes::lengthen(std::span<const TonePlace> tones, double steps, Grid grid) {
+void DrawnNotes::lengthen(std::span<const ToneIndex> tones, double steps, Grid grid) {
   const int unit = unitOf(*DrawnChords::of(m_db, *m_song), grid);
   const int by = rounded(steps, unit);
   if (tones.empty() || by == 0) return;
   edit(phrase("UndoAction", "Change Duration"), [&](DrawnChords& chords) {
-    for (const TonePlace& tone : tones) chords.lengthen(tone, by, unit);
+    for (const ToneIndex& tone : tones) chords.lengthen(tone, by, unit);
   });
 }
 
-void DrawnNotes::remove(std::span<const TonePlace> tones) {
+void DrawnNotes::remove(std::span<const ToneIndex> tones) {
   if (tones.empty()) return;
   const auto title = tones.size() == 1 ? phrase("UndoAction", "Remove Tone")
                                        : phrase("UndoAction", "Remove Tones");
   edit(title, [&](DrawnChords& chords) {
-    for (const TonePlace& tone : tones) chords.take(tone);
+    for (const ToneIndex& tone : tones) chords.take(tone);
   });
 }
 

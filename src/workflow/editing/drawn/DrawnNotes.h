@@ -32,13 +32,13 @@ class DrawnNotes {
   void add(int pitch, double begin, double steps, Grid grid = Grid::sixteenths);
   /// "Move Tone", of several "Move Tones", by so many steps and half tones; on its string, where
   /// that is free and has the fret.
-  void move(std::span<const TonePlace> tones, double steps, int halfTones,
+  void move(std::span<const ToneIndex> tones, double steps, int halfTones,
             Grid grid = Grid::sixteenths);
   /// "Change Duration". Each lasts so much longer, or shorter when negative, until its string
   /// sounds again at most.
-  void lengthen(std::span<const TonePlace> tones, double steps, Grid grid = Grid::sixteenths);
+  void lengthen(std::span<const ToneIndex> tones, double steps, Grid grid = Grid::sixteenths);
   /// "Remove Tone", of several "Remove Tones".
-  void remove(std::span<const TonePlace> tones);
+  void remove(std::span<const ToneIndex> tones);
 
  private:
   void edit(const platform::Phrase& title, const std::function<void(DrawnChords&)>& work);

@@ -4,10 +4,10 @@
 namespace korvel {
 
 /// A tone of a song as it is: the index of its chord in `allChords`, and its string.
-struct TonePlace {
+struct ToneIndex {
   int chord;
   int string;
-  bool operator==(const TonePlace&) const = default;
+  bool operator==(const ToneIndex&) const = default;
 };
 
 }  // namespace korvel
