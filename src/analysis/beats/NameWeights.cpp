@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <ranges>
 
 #include "model/book/QBHarmony.h"
 #include "model/store/QBTabMgr.h"
@@ -86,10 +85,11 @@ std::vector<WeighedName> bestNames(const QBTabMgr& db, const rhythm::Sounding& s
   if (std::ranges::none_of(sounding.weights, [](float weight) { return weight > 0; })) return {};
   std::vector<WeighedName> names;
   // They stand by falling order: of equals the more common one is to come first.
-  for (const auto& harmony : std::views::reverse(db.harmonies())) {
-    const unsigned intervals = intervalsOf(*harmony);
+  const auto& harmonies = db.harmonies();
+  for (auto harmony = harmonies.rbegin(); harmony != harmonies.rend(); ++harmony) {
+    const unsigned intervals = intervalsOf(**harmony);
     for (int root = 0; root < kNotesPerOctave; ++root)
-      names.push_back({{root, harmony}, scoreOf(intervals, root, sounding)});
+      names.push_back({{root, *harmony}, scoreOf(intervals, root, sounding)});
   }
   std::ranges::stable_sort(names, std::ranges::greater(), &WeighedName::weight);
   const double best = names.empty() ? 0 : names.front().weight;

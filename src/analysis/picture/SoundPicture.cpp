@@ -10,8 +10,6 @@
 namespace korvel {
 namespace {
 
-/// Columns that are fainter are not counted among the loud ones.
-constexpr int kFaintestLoud = 60;
 /// Of 100 loud columns so many reach less.
 constexpr std::int64_t kPercentBelow = 95;
 
