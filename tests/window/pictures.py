@@ -30,7 +30,7 @@ class Pictures:
 
     def start(self, theme, *files):
         """theme: 1 is light, 2 is dark."""
-        self.settings.write_text(f"[General]\naskedForFolder=true\ntheme={theme}\n"
+        self.settings.write_text(f"[General]\naskedForFolder=true\nkeepRecordings=false\ntheme={theme}\n"
                                  f"lastSong={TITLE}/{TITLE}\n")
         self.window = Window(self.program, *files, environment=self.environment)
         self.window.find("frame", "Workbench")
@@ -43,6 +43,12 @@ class Pictures:
     def first_song(self):
         self.start(1, self.recording)
         wait_for("the song", lambda: "chord 1 of" in self.window.text("Tablature").lower())
+
+    def practising(self):
+        self.window.click("page tab", "Practise")
+        self.window.find("check box", "Faster and faster")
+        self.take("practice")
+        self.window.click("page tab", "Fretboard")
 
     def importing(self):
         """Another recording, long enough to be seen while it is heard."""
@@ -89,6 +95,7 @@ def main():
     try:
         pictures.first_song()
         pictures.song("song")
+        pictures.practising()
         pictures.importing()
         pictures.end()
         pictures.start(2)

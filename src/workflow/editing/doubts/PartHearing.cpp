@@ -144,8 +144,9 @@ struct PartHearing::Placing {
       return std::pair(each.onset, each.pitch);
     };
     std::ranges::sort(corrections.verdicts, {}, place);
-    const auto same = std::ranges::unique(corrections.verdicts, {}, place);
-    corrections.verdicts.erase(same.begin(), same.end());
+    auto& verdicts = corrections.verdicts;
+    const auto isSame = [&](const auto& a, const auto& b) { return place(a) == place(b); };
+    verdicts.erase(std::unique(verdicts.begin(), verdicts.end(), isSame), verdicts.end());
   }
 
   NoteChanges place() const {
