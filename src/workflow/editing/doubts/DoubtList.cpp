@@ -257,7 +257,7 @@ DoubtList::DoubtList(QBSong& song, const SongNotes& notes) {
     m_places.resize(most);
     std::ranges::stable_sort(m_places, {}, &DoubtfulPlace::seconds);
   }
-  const auto& open = openStringsOf(&song).pitches();
+  const OpenPitches open = openStringsOf(&song).pitches();
   for (DoubtfulPlace& place : m_places)
     for (Doubt& doubt : place.doubts) doubt.reason = reasonOf(doubt, notes, open);
 }
