@@ -83,6 +83,7 @@ QString DoubtMenu::refusal() const {
   if (!m_song) return tr("No song is shown");
   if (m_locked) return tr("Stop playing first, then edit");
   if (QBTabMgr::db().context().isReadOnly()) return tr("The store cannot be written");
+  if (m_notes && !m_notes->empty()) return {};  // asking takes as long as finding them did
   const auto why = SongNotes::refusal(*m_song);
   return why ? translated(*why) : QString();
 }

@@ -240,20 +240,14 @@ void SongNotes::find(QBSong& song, Arranged arranged) {
       if (isIn && !isThere) note.isLeftOut = true;
       note.isIn = isThere;
     }
+  for (std::size_t i = 0; i < m_notes.size(); ++i)
+    if (m_notes[i].isIn) m_tones.emplace(std::pair(m_notes[i].chord, m_notes[i].note.string), i);
 }
 
 std::optional<std::size_t> SongNotes::noteOf(int chord, int string) const {
-  const auto found = std::ranges::find_if(m_notes, [&](const SongNote& note) {
-    return note.isIn && note.chord == chord && note.note.string == string;
-  });
-  if (found == m_notes.end()) return {};
-  return static_cast<std::size_t>(found - m_notes.begin());
-}
-
-bool SongNotes::isDoubtful(int chord) const {
-  return std::ranges::any_of(m_notes, [chord](const SongNote& note) {
-    return note.isIn && note.chord == chord && !note.isLocked && note.note.probability < kDoubtful;
-  });
+  const auto found = m_tones.find({chord, string});
+  if (found == m_tones.end()) return {};
+  return found->second;
 }
 
 }  // namespace korvel

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "fingering/Note.h"
@@ -59,9 +61,6 @@ class SongNotes {
   /// The note that a tone of a chord is, by the index of the chord; none for a tone that was not
   /// heard there.
   std::optional<std::size_t> noteOf(int chord, int string) const;
-  /// Whether a chord has a note that is in the song and not locked, and less probable than
-  /// kDoubtful.
-  bool isDoubtful(int chord) const;
 
   static constexpr float kDoubtful = 0.75F;
   /// What is struck so near to a chord comes with it, in seconds.
@@ -71,6 +70,8 @@ class SongNotes {
   void find(QBSong& song, Arranged arranged);
 
   std::vector<SongNote> m_notes;
+  /// Of the notes that are in the song, by the index of their chord and by string.
+  std::map<std::pair<int, int>, std::size_t> m_tones;
 };
 
 }  // namespace korvel
