@@ -88,8 +88,10 @@ SoundPicture::Columns SoundPicture::look(const Stretch& stretch) {
       if (tile) found.tiles.push_back(tile);
     }
     const auto at = static_cast<std::size_t>(columnAt(column)) % SoundTile::kColumns;
-    found.shades.push_back(tile ? &tile->shades[at * SoundTile::kBins] : nullptr);
-    found.peaks.push_back(tile ? &tile->peaks[at] : nullptr);
+    // Tiles of single samples have none of these.
+    const bool hasShades = tile && at * SoundTile::kBins < tile->shades.size();
+    found.shades.push_back(hasShades ? &tile->shades[at * SoundTile::kBins] : nullptr);
+    found.peaks.push_back(tile && at < tile->peaks.size() ? &tile->peaks[at] : nullptr);
   }
   return found;
 }

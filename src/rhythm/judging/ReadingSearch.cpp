@@ -46,6 +46,7 @@ bool isOnBar(const Phase& phase, const Bars& bars) {
 double nearnessOfStart(const BeatTrack& track, const Bars& bars) {
   constexpr double kWidth = 0.04;  // seconds
   constexpr double kMostBars = 3;
+  if (track.size() < 2 || bars.first >= track.size()) return 0;
   const double bar = (track[1] - track[0]) * static_cast<double>(bars.beats);
   const double line = track[bars.first];
   if (line > kMostBars * bar) return 0;
