@@ -228,7 +228,8 @@ void SongCorrections::correct(std::span<const std::size_t> accepted,
 bool SongCorrections::carry(QBSong& from, QBSong& to) {
   Work work(to);
   work.leaveOut();
-  for (const SongNote& known : SongNotes(from).all()) {
+  const SongNotes before(from);
+  for (const SongNote& known : before.all()) {
     if (!known.isLocked) continue;
     const auto same = std::ranges::find_if(work.notes().all(), [&known](const SongNote& note) {
       return note.note.pitch == known.note.pitch &&
