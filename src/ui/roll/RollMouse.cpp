@@ -163,7 +163,8 @@ QRectF RollView::drawnRect() const {
   const auto onGrid = [&](double x, auto round) {
     return m_scale.xOfStep(round(m_scale.stepAt(x) / unit) * unit);
   };
-  const auto [left, right] = std::minmax(m_gesture.from.x(), m_gesture.now.x());
+  const double left = std::min(m_gesture.from.x(), m_gesture.now.x());
+  const double right = std::max(m_gesture.from.x(), m_gesture.now.x());
   const double begin = onGrid(left, [](double steps) { return std::floor(steps); });
   const double end = onGrid(right, [](double steps) { return std::ceil(steps); });
   return {begin, m_scale.top(hits().pitchAt(m_gesture.from.y())),
