@@ -115,7 +115,7 @@ void PracticeControls::setSong(QBSong* song) {
 
 void PracticeControls::loopBars() {
   const auto& bars = m_roll.bars();
-  const auto [from, to] = std::minmax(m_first->value(), m_last->value());
+  const auto [from, to] = std::minmax({m_first->value(), m_last->value()});
   const auto first = static_cast<std::size_t>(from - m_roll.numberOfFirstBar());
   const auto next = static_cast<std::size_t>(to - m_roll.numberOfFirstBar()) + 1;
   if (first >= bars.size()) return;
