@@ -2,8 +2,6 @@
 #include <algorithm>
 
 #include "arrange/harmony/HarmonyOfChord.h"
-#include "model/book/QBLeftHandPattern.h"
-#include "model/book/QBRightHandPattern.h"
 #include "model/instruments/QBTuning.h"
 #include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
@@ -15,6 +13,7 @@
 #include "music/Neck.h"
 #include "platform/persistence/UndoManager.h"
 #include "workflow/editing/BeatBars.h"
+#include "workflow/editing/ChangedTones.h"
 #include "workflow/editing/MeasureLayout.h"
 #include "workflow/editing/NotWithin.h"
 #include "workflow/editing/SongEditor.h"
@@ -157,12 +156,10 @@ void SongEditor::setActive(int chord, int string, bool active) {
   });
 }
 
-/// A silent chord may sound now, which brings it into a measure; patterns were chosen for the tones
-/// that the chord had.
+/// A silent chord may sound now, which brings it into a measure.
 void SongEditor::tonesChanged(int index) {
   QBChord& chord = chordAt(index);
-  if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
-  chord.setLeftpattern(nullptr);
+  dropPatterns(chord);
   if (isOnBeats()) {
     chord.setEdited(true);
     chord.forgetCaches();

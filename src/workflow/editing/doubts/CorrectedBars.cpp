@@ -5,9 +5,6 @@
 #include <array>
 #include <cmath>
 
-#include "arrange/chords/QBToneGroupBuilder.h"
-#include "model/book/QBLeftHandPattern.h"
-#include "model/book/QBRightHandPattern.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
@@ -18,6 +15,8 @@
 #include "music/Neck.h"
 #include "music/Ticks.h"
 #include "platform/sound/SampleRate.h"
+#include "workflow/editing/ChangedTones.h"
+#include "workflow/editing/ChordTicks.h"
 #include "workflow/editing/doubts/StringChoice.h"
 
 namespace korvel {
@@ -29,16 +28,6 @@ constexpr int kTicksOfThird = kTicksOfBeat / 3;
 
 double struckAt(const QBChord& chord) {
   return static_cast<double>(chord.timestamp()) / platform::kSampleRate;
-}
-
-bool hasTones(const QBChord& chord) { return chord.hold() && !chord.hold()->tones().empty(); }
-
-/// Patterns were chosen for the tones that the chord had.
-void tonesChanged(QBChord& chord) {
-  if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
-  chord.setLeftpattern(nullptr);
-  chord.forgetCaches();
-  if (hasTones(chord)) QBToneGroupBuilder(&chord).build();
 }
 
 int roundedTo(double tick, int unit) { return static_cast<int>(std::lround(tick / unit)) * unit; }
@@ -55,12 +44,12 @@ void CorrectedBars::remove(const SongNote& note) {
   QBChord& chord = *m_before.at(static_cast<std::size_t>(note.chord));
   QBTone* tone = chord.hold() ? chord.hold()->findToneByString(note.note.string) : nullptr;
   if (!tone) return;
-  const int ticks = tone->hasTicks() ? tone->ticks() : chord.ticks();
+  const int ticks = ticksOfTone(*tone, chord);
   const std::size_t index = m_bars.indexOf(chord);
   chord.hold()->deleteTone(tone);
-  tonesChanged(chord);
+  regroup(chord);
   goOnRinging(index, note.note.string, note.note.fret, ticks);
-  if (!hasTones(chord)) m_emptied.emplace_back(&chord);
+  if (isToneless(chord)) m_emptied.emplace_back(&chord);
 }
 
 /// The tone that was cut where the same one was not struck again after all.
@@ -87,8 +76,8 @@ int CorrectedBars::tickOf(const fingering::Note& note) const {
 
 std::optional<std::size_t> CorrectedBars::chordFor(const SongNote& note) {
   QBChord& around = *m_before.at(static_cast<std::size_t>(note.chord));
-  const bool isStruck =
-      hasTones(around) || std::ranges::count(m_emptied, &around, &platform::Ref<QBChord>::get) > 0;
+  const bool isStruck = !isToneless(around) ||
+                        std::ranges::count(m_emptied, &around, &platform::Ref<QBChord>::get) > 0;
   if (isStruck && std::abs(struckAt(around) - note.note.onset) <= SongNotes::kWithChord)
     return m_bars.indexOf(around);
   return m_bars.beginAt(tickOf(note.note) - m_time.begin());
@@ -113,14 +102,14 @@ std::optional<NeckPlace> CorrectedBars::add(const SongNote& note, const StringCh
   tone->setActive(true);
   tone->setTicks(beside.empty() || !beside.front()->hasTicks() ? chord.ticks()
                                                                : beside.front()->ticks());
-  tonesChanged(chord);
+  regroup(chord);
   m_bars.endRinging(*index);
   return NeckPlace{*string, fret};
 }
 
 void CorrectedBars::finish() {
   for (const auto& chord : m_emptied)
-    if (!hasTones(*chord)) m_bars.joinToBefore(m_bars.indexOf(*chord));
+    if (isToneless(*chord)) m_bars.joinToBefore(m_bars.indexOf(*chord));
   m_bars.finish();
   m_song.forgetCaches();
 }

@@ -4,11 +4,6 @@
 #include <algorithm>
 #include <array>
 
-#include "arrange/chords/QBToneGroupBuilder.h"
-#include "arrange/harmony/HarmonyOfChord.h"
-#include "model/book/QBHarmony.h"
-#include "model/book/QBLeftHandPattern.h"
-#include "model/book/QBRightHandPattern.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
@@ -16,6 +11,7 @@
 #include "model/store/QBTabMgr.h"
 #include "music/ChordStep.h"
 #include "music/Neck.h"
+#include "workflow/editing/ChangedTones.h"
 #include "workflow/editing/MeasureLayout.h"
 #include "workflow/editing/doubts/StringChoice.h"
 #include "workflow/editing/rhythm/EditedChords.h"
@@ -76,15 +72,7 @@ std::optional<NeckPlace> CorrectedSlices::add(const SongNote& note, const String
 }
 
 void CorrectedSlices::tonesChanged(std::size_t slice) {
-  QBChord& chord = *m_chords[slice];
-  if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
-  chord.setLeftpattern(nullptr);
-  chord.setHarmony(nullptr);
-  chord.clearBaseTone();
-  chord.forgetCaches();
-  readHarmony(chord);
-  QBToneGroupBuilder(&chord).build();
-  chord.forgetCaches();
+  readAnew(*m_chords[slice]);
   m_firstChanged = std::min(m_firstChanged, slice);
 }
 

@@ -5,15 +5,13 @@
 #include <cmath>
 #include <utility>
 
-#include "arrange/chords/QBToneGroupBuilder.h"
-#include "model/book/QBLeftHandPattern.h"
-#include "model/book/QBRightHandPattern.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/songs/SongTime.h"
 #include "music/Ticks.h"
+#include "workflow/editing/ChangedTones.h"
 #include "workflow/editing/ChordTicks.h"
 
 namespace korvel {
@@ -115,14 +113,10 @@ void DrawnInBars::lengthen(const ToneIndex& place, int steps, int unit) {
   changed(chord);
 }
 
-/// Patterns were chosen for the tones that the chord had.
 void DrawnInBars::changed(QBChord& chord) {
   m_left.emplace_back(&chord);
-  if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
-  chord.setLeftpattern(nullptr);
   chord.setEdited(true);
-  chord.forgetCaches();
-  if (!isToneless(chord)) QBToneGroupBuilder(&chord).build();
+  regroup(chord);
 }
 
 void DrawnInBars::finish() {

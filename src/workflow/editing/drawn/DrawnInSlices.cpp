@@ -4,16 +4,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "arrange/chords/QBToneGroupBuilder.h"
-#include "arrange/harmony/HarmonyOfChord.h"
-#include "model/book/QBHarmony.h"
-#include "model/book/QBLeftHandPattern.h"
-#include "model/book/QBRightHandPattern.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "music/ChordStep.h"
+#include "workflow/editing/ChangedTones.h"
 #include "workflow/editing/MeasureLayout.h"
 
 namespace korvel {
@@ -50,14 +46,7 @@ void DrawnInSlices::lengthen(const ToneIndex& place, int steps, int) {
 }
 
 void DrawnInSlices::changed(QBChord& chord) {
-  if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
-  chord.setLeftpattern(nullptr);
-  chord.setHarmony(nullptr);
-  chord.clearBaseTone();
-  chord.forgetCaches();
-  readHarmony(chord);
-  QBToneGroupBuilder(&chord).build();
-  chord.forgetCaches();
+  readAnew(chord);
   m_firstChanged = std::min(m_firstChanged, m_indexes.at(&chord));
 }
 

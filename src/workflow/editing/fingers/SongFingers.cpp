@@ -8,11 +8,10 @@
 #include "arrange/hands/HandGrip.h"
 #include "fingering/Alternatives.h"
 #include "fingering/Fingering.h"
-#include "model/book/QBLeftHandPattern.h"
-#include "model/book/QBRightHandPattern.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "workflow/editing/BeatBars.h"
+#include "workflow/editing/ChangedTones.h"
 #include "workflow/editing/fingers/PlayedNotes.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
@@ -200,14 +199,9 @@ void SongFingers::settleAndFinger(const platform::Phrase& title, const PlayedNot
   });
 }
 
-/// Patterns were chosen for the strings that the chords had, and what rings on a string ends where
-/// another tone is struck there now, behind the range too.
+/// What rings on a string ends where another tone is struck there now, behind the range too.
 void SongFingers::tonesMoved(Range range) {
-  for (std::size_t i = range.first; i <= range.last; ++i) {
-    QBChord& chord = chordIn(*m_song, i);
-    if (chord.pattern() && !chord.pattern()->matches(chord)) chord.setPattern(nullptr);
-    chord.setLeftpattern(nullptr);
-  }
+  for (std::size_t i = range.first; i <= range.last; ++i) dropPatterns(chordIn(*m_song, i));
   if (!BeatBars::areIn(*m_song)) return;
   BeatBars bars(m_db, *m_song);
   const std::size_t chords = m_song->allChords().size();
