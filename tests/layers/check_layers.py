@@ -16,7 +16,7 @@ RANK = {
     "music": 1, "matrix": 1,
     "fingering": 2,
     "model": 2,
-    "audio": 3, "precise": 3, "rhythm": 3, "chords": 3, "analysis": 4, "arrange": 3, "tab": 5, "export": 4, "playback": 5, "recording": 6,
+    "audio": 3, "precise": 3, "rhythm": 3, "chords": 3, "analysis": 4, "arrange": 3, "tab": 5, "export": 4, "exchange": 5, "playback": 5, "recording": 6,
     "workflow": 7,
     "cli": 8, "ui": 8,
 }
