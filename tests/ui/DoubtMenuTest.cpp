@@ -30,7 +30,10 @@ struct DoubtMenuTest : testing::Test {
       if (action->text().remove('&') == text) return action->trigger();
     FAIL() << text.toStdString();
   }
-  std::size_t left() const { return m_tablature.doubts().size(); }
+  std::size_t left() {
+    m_menu.find();
+    return m_tablature.doubts().size();
+  }
 
   test::SongDesk m_desk;
   QBSong& m_song = test::doubtedSong(*m_desk.album());

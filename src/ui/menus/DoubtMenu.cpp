@@ -38,6 +38,8 @@ DoubtMenu::DoubtMenu(TablatureView& tablature, QWidget* parent)
   addCorrections();
   connect(&m_tablature, &TablatureView::confirmWanted, this, &DoubtMenu::confirm);
   connect(this, &QMenu::aboutToShow, this, &DoubtMenu::prepare);
+  m_turn.setSingleShot(true);
+  connect(&m_turn, &QTimer::timeout, this, &DoubtMenu::find);
   // Their keys tell why they do nothing.
   connect(this, &QMenu::aboutToHide, this, [this] {
     for (QAction* action : actions()) action->setEnabled(action != m_reason);
@@ -96,11 +98,21 @@ void DoubtMenu::setSong(QBSong* song) {
 }
 
 void DoubtMenu::refresh() {
+  m_isFound = false;
   m_notes.reset();
   m_doubts = {};
+  m_tablature.setDoubts({});
+  m_turn.start(0);
+}
+
+void DoubtMenu::find() {
+  if (m_isFound) return;
+  m_isFound = true;
+  m_turn.stop();
   if (m_song && !m_song->isDeleted()) {
     m_notes.emplace(*m_song);
     m_doubts = DoubtList(*m_song, *m_notes);
+    emit found(*m_notes);
   }
   mark();
   emit leftChanged(static_cast<int>(m_doubts.size()));
@@ -128,12 +140,14 @@ void DoubtMenu::mark() {
 
 void DoubtMenu::goToNext() {
   if (!m_song) return;
+  find();
   const DoubtfulPlace* next = m_doubts.next(m_tablature.cursorChord());
   goTo(next || m_doubts.empty() ? next : &m_doubts.places().front());
 }
 
 void DoubtMenu::goToPrevious() {
   if (!m_song) return;
+  find();
   const DoubtfulPlace* previous = m_doubts.previous(m_tablature.cursorChord());
   goTo(previous || m_doubts.empty() ? previous : &m_doubts.places().back());
 }
@@ -190,6 +204,7 @@ void DoubtMenu::keepCursorAt(double seconds) {
 
 /// All notes of the chord.
 void DoubtMenu::confirm() {
+  find();
   if (!m_notes) return;
   const int chord = m_tablature.cursorChord();
   std::vector<std::size_t> notes;
@@ -201,6 +216,7 @@ void DoubtMenu::confirm() {
 }
 
 bool DoubtMenu::drop(int chord, int string) {
+  find();
   if (!m_notes || !m_doubts.at(chord)) return false;
   const auto note = m_notes->noteOf(chord, string);
   if (!note) return false;
@@ -209,6 +225,7 @@ bool DoubtMenu::drop(int chord, int string) {
 }
 
 void DoubtMenu::dropHere() {
+  find();
   if (!m_notes) return;
   const auto note = m_notes->noteOf(m_tablature.cursorChord(), m_tablature.cursorString());
   if (!note) return emit refused(tr("No note of the recording is at the cursor"));
@@ -218,6 +235,7 @@ void DoubtMenu::dropHere() {
 /// What is missing comes, and what may be another note becomes that; first of all on the string at
 /// the cursor.
 void DoubtMenu::takeOther() {
+  find();
   const DoubtfulPlace* place = m_doubts.at(m_tablature.cursorChord());
   const Doubt* chosen = nullptr;
   if (place)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMenu>
+#include <QTimer>
 #include <functional>
 #include <optional>
 
@@ -29,12 +30,17 @@ class DoubtMenu final : public QMenu {
   void setSong(QBSong* song);
   /// While a song is locked, as while it plays, doubts are shown but nothing is corrected.
   void setLocked(bool locked) { m_locked = locked; }
-  /// After every change of the song.
+  /// After every change of the song. What is doubted is found in a turn of the event loop of its
+  /// own, as a long song keeps its user waiting for the rest already.
   void refresh();
+  /// At once, if it is not known yet.
+  void find();
   /// Drops the note on a string of a doubtful chord, as a key does; false where none is doubted.
   bool drop(int chord, int string);
 
  signals:
+  /// What was heard in the song, as it is now.
+  void found(const SongNotes& notes);
   /// The song has changed, so that the views show an old state of it.
   void edited();
   /// One line with what to do.
@@ -70,6 +76,8 @@ class DoubtMenu final : public QMenu {
   platform::Ref<QBSong> m_song;
   std::optional<SongNotes> m_notes;  ///< Of the song as it is.
   DoubtList m_doubts;
+  bool m_isFound = false;  ///< What is doubted.
+  QTimer m_turn;           ///< In which it is.
   bool m_locked = false;
   QAction* m_reason;  ///< Why nothing can be done.
 };

@@ -33,9 +33,9 @@ void addCandidates(const SongNotes& notes, const RecordedTime& time,
 
 }  // namespace
 
-RollNotes RollNotes::of(QBSong& song, const ToneRoll& roll, const RecordedTime& time) {
+RollNotes RollNotes::of(QBSong& song, const SongNotes& notes, const ToneRoll& roll,
+                        const RecordedTime& time) {
   RollNotes found;
-  const SongNotes notes(song);
   const auto& chords = song.allChords();
   for (const ToneRoll::Tone& tone : roll.tones())
     found.signs.push_back(

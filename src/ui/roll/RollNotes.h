@@ -8,6 +8,7 @@
 
 namespace korvel {
 class QBSong;
+class SongNotes;
 }  // namespace korvel
 
 namespace korvel::ui {
@@ -34,8 +35,9 @@ struct RollNotes {
     bool isLocked;  ///< The user dropped it.
   };
 
-  /// As the song is now.
-  static RollNotes of(QBSong& song, const ToneRoll& roll, const RecordedTime& time);
+  /// As the song is now. notes: the song's.
+  static RollNotes of(QBSong& song, const SongNotes& notes, const ToneRoll& roll,
+                      const RecordedTime& time);
 
   std::vector<Sign> signs{};            ///< By the indexes of the roll's tones.
   std::vector<Candidate> candidates{};  ///< By time.

@@ -48,7 +48,7 @@ void RollView::setSong(QBSong* song) {
 void RollView::refresh() {
   m_roll = m_song ? ToneRoll(*m_song) : ToneRoll();
   m_backdrop.setSong(m_song);
-  m_notes = m_song ? RollNotes::of(*m_song, m_roll, m_backdrop.time()) : RollNotes();
+  m_notes = {};
   m_spot.reset();
   m_chosen.clear();
   m_loop = m_song ? loopOf(*m_song) : ChordSpan();
@@ -56,6 +56,12 @@ void RollView::refresh() {
   m_cursor = std::min(m_cursor, m_roll.chords() - 1);
   remeasure();
   announce(*this);
+}
+
+void RollView::setNotes(const SongNotes& notes) {
+  if (!m_song) return;
+  m_notes = RollNotes::of(*m_song, notes, m_roll, m_backdrop.time());
+  viewport()->update();
 }
 
 void RollView::showPlaying(int chord) {

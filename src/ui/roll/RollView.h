@@ -18,6 +18,7 @@
 
 namespace korvel {
 class QBSong;
+class SongNotes;
 }  // namespace korvel
 
 namespace korvel::ui {
@@ -56,7 +57,10 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   QSize minimumSizeHint() const override;
 
  public slots:
+  /// What was heard in the song is not known any more.
   void refresh();
+  /// What was heard in the song as it is shown.
+  void setNotes(const SongNotes& notes);
   void showPlaying(int chord);
   /// Marks the chord that is worked on, and shows it.
   void showCursor(int chord);

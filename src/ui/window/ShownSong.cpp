@@ -56,6 +56,7 @@ ShownSong::ShownSong(const Views& views, QObject* parent)
           [&tablature](int chord) { tablature.moveCursor(chord, tablature.cursorString()); });
   connect(&roll, &RollView::beatDragged, &m_views.edits.rhythm(), &RhythmMenu::dragBeat);
   connect(&roll, &RollView::listenAt, &m_views.moments, &Moments::listenAt);
+  connect(&m_views.edits.doubts(), &DoubtMenu::found, &roll, &RollView::setNotes);
   connect(&m_views.edits.doubts(), &DoubtMenu::listenAt, &m_views.moments, &Moments::listenAt);
   connect(&roll, &RollView::pitchWanted, &m_views.moments, &Moments::strike);
   connect(&m_rollEdits, &RollEdits::edited, this, &ShownSong::refresh);

@@ -14,6 +14,7 @@
 #include "support/store/ScratchFolder.h"
 #include "support/store/StandardStore.h"
 #include "ui/roll/RollEdits.h"
+#include "workflow/editing/doubts/SongNotes.h"
 
 namespace korvel::ui {
 namespace {
@@ -27,7 +28,10 @@ struct RollViewTest : testing::Test {
     m_view.show();
   }
 
-  void show() { m_view.setSong(m_song); }
+  void show() {
+    m_view.setSong(m_song);
+    m_view.setNotes(SongNotes(*m_song));
+  }
 
   /// Seconds of the A that is struck.
   static void writeSound(const std::string& file, double seconds) {
@@ -176,7 +180,7 @@ TEST_F(RollViewTest, clicksTakeCandidatesAndDropNotes) {
   RollEdits edits(m_view);
   edits.setSong(m_song);
   const QSignalSpy refused(&edits, &RollEdits::refused);
-  QObject::connect(&edits, &RollEdits::edited, &m_view, &RollView::refresh);
+  QObject::connect(&edits, &RollEdits::edited, &m_view, [this] { show(); });
   show();
   ASSERT_EQ(m_view.notes().candidates.size(), 1U);
   EXPECT_NEAR(m_view.notes().signs.back().probability, 0.6, 0.01);
