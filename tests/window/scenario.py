@@ -6,98 +6,14 @@ Usage: scenario.py PREFIX DRAG_SOURCE RECORDING PICTURES
 PREFIX is where Korvel is installed, PICTURES the folder for a screenshot of every state. To be run
 on a screen and a session bus of its own; tests/window/run makes both.
 """
-import json
-import os
-import pathlib
-import re
 import subprocess
 import sys
-import tempfile
 
-from desk import (ENABLED, SCREEN, Window, centre, drag, screenshot, wait_for, window_named,
-                  xdotool)
-
-TITLE = "First Steps"
+from desk import SCREEN, centre, wait_for, xdotool
+from guitarist import TITLE, Guitarist
 
 
-class Session:
-    def __init__(self, prefix, drag_source, recording, pictures):
-        self.program = f"{prefix}/bin/korvel"
-        self.tool = f"{prefix}/bin/korvel-cli"
-        self.drag_source = drag_source
-        self.recording = recording
-        self.pictures = pathlib.Path(pictures)
-        self.home = pathlib.Path(tempfile.mkdtemp(prefix="korvel-home-"))
-        self.environment = dict(os.environ, HOME=str(self.home), LANGUAGE="en",
-                                XDG_DATA_HOME=str(self.home / "data"),
-                                XDG_CONFIG_HOME=str(self.home / "config"),
-                                QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-        self.window = None
-
-    # What the window is made to do.
-
-    def start(self):
-        self.window = Window(self.program, environment=self.environment)
-        self.window.find("frame", "Workbench")
-
-    def picture(self, name):
-        screenshot(self.pictures, name)
-
-    def log(self):
-        return self.window.text("Log")
-
-    def expect_log(self, line):
-        wait_for(f"{line!r} in the log", lambda: line in self.log())
-
-    def song_cell(self, title):
-        """The tree has an album of the song's name, too, which stands above it."""
-        def cells():
-            return [cell for cell in self.window.all("table cell", title)
-                    if cell.get_name() == title]
-
-        return wait_for(f"{title!r} in the tree", cells)[-1]
-
-    def select(self, title):
-        xdotool("mousemove", *centre(self.song_cell(title)), "click", 1)
-
-    def command(self, title, menu, entry):
-        """A command of the song's context menu, by the keyboard, since screen readers do not get at
-        an open menu either but by its focus. The menu bar has the same entries."""
-        xdotool("mousemove", *centre(self.song_cell(title)), "click", 1, "click", 3)
-        down = self.window.entries("Song").index(menu) + 1
-        right = self.window.entries("Song", menu).index(entry)
-        self.window.keys(*["Down"] * down, "Right", *["Down"] * right, "Return")
-
-    # What the store has.
-
-    def songs(self):
-        listed = subprocess.run([self.tool, "list"], env=self.environment, check=True, text=True,
-                                capture_output=True)
-        return listed.stdout.splitlines()
-
-    def dump(self, song):
-        dumped = subprocess.run([self.tool, "dump", song], env=self.environment, check=True,
-                                text=True, capture_output=True)
-        return json.loads(dumped.stdout)
-
-    # The session.
-
-    def import_by_drag_and_drop(self):
-        files = subprocess.Popen([self.drag_source, self.recording], env=self.environment)
-        try:
-            source = wait_for("the file manager", lambda: place_of_window("Files"))
-            target = centre(self.window.find("text", "Tablature"))
-            drag(source, target)
-            self.expect_log("(2/3) scanning chords .....")
-            self.picture("1-importing")
-            self.expect_log("Song successfully imported.")
-        finally:
-            files.kill()
-            files.wait()
-        self.song_cell(TITLE)
-        wait_for("the tablature", lambda: "Am" in self.window.text("Tablature"))
-        self.picture("2-imported")
-
+class Session(Guitarist):
     def arrange(self):
         self.command(TITLE, "Extract Voices", "Melody")
         self.expect_log("Melody extracted.")
@@ -155,12 +71,6 @@ class Session:
         self.window.press("push button", "Reset Loop")
         self.window.find("label", "No loop")
 
-    def position(self):
-        return int(self.window.find("label", "Position").get_description().split()[0])
-
-    def can_be_pressed(self, button):
-        return self.window.find("push button", button).get_state_set().contains(ENABLED)
-
     def click_tablature(self, row, share, *held):
         """Clicks into a row of the text, with keys held; which chord stands there."""
         box = self.window.find("text", "Tablature").get_extents(SCREEN)
@@ -169,17 +79,6 @@ class Session:
         xdotool("mousemove", box.x + int(box.width * share), box.y + row * 14, *keys, "click", 1,
                 *free)
         return wait_for("a chord under the click", self.chord_at_cursor)
-
-    def chord_at_cursor(self):
-        return int(re.search(r"chord (\d+)", self.place(), re.IGNORECASE).group(1))
-
-    def place(self):
-        return self.window.text("Tablature")
-
-    def spoken(self):
-        """Chords in bars begin with the number of theirs."""
-        names = [item.get_name() for item in self.window.all("list item", "")]
-        return next((name for name in names if re.search(r"chord \d", name, re.IGNORECASE)), "")
 
     def edit(self):
         """A fret is put into the first chord, taken back, and put again."""
@@ -207,10 +106,6 @@ class Session:
                 raise AssertionError(f"{file.name} is something else")
         self.picture("6-exported")
 
-
-    def end(self):
-        if self.window.close() != 0:
-            raise AssertionError("the window did not end well")
 
     def expect_stored(self):
         expected = [f"{TITLE}/{TITLE}{tags}" for tags in ("", "(Mld)", "(4_4)", "(Psh)")]
@@ -338,47 +233,29 @@ class Session:
         self.song_cell(TITLE)
 
 
-def place_of_window(title):
-    window = window_named(title)
-    if not window:
-        return None
-    shape = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], text=True,
-                           capture_output=True, check=True)
-    values = dict(line.split("=") for line in shape.stdout.split())
-    return (int(values["X"]) + int(values["WIDTH"]) // 2,
-            int(values["Y"]) + int(values["HEIGHT"]) // 2)
-
-
 def main():
     session = Session(*sys.argv[1:])
-    session.pictures.mkdir(parents=True, exist_ok=True)
-    try:
-        session.start()
-        session.import_by_drag_and_drop()
-        session.arrange()
-        session.make_easy()
-        session.practise()
-        session.play()
-        session.edit()
-        session.export()
-        session.end()
-        session.expect_stored()
-        session.start()
-        session.expect_as_left()
-        session.speak("Deutsch", "Language", "Datei")
-        session.speak("English", "Sprache", "File")
-        session.expect_as_left()
-        session.survive_being_killed()
-        session.edit_beside_an_import()
-        session.quit_in_an_import()
-        session.delete_by_menu()
-        session.quit_in_a_recording()
-    except AssertionError:
-        session.picture("failed")
-        raise
-    finally:
-        if session.window:
-            session.window.kill()
+    session.play_through(
+        session.start,
+        session.import_by_drag_and_drop,
+        session.arrange,
+        session.make_easy,
+        session.practise,
+        session.play,
+        session.edit,
+        session.export,
+        session.end,
+        session.expect_stored,
+        session.start,
+        session.expect_as_left,
+        lambda: session.speak("Deutsch", "Language", "Datei"),
+        lambda: session.speak("English", "Sprache", "File"),
+        session.expect_as_left,
+        session.survive_being_killed,
+        session.edit_beside_an_import,
+        session.quit_in_an_import,
+        session.delete_by_menu,
+        session.quit_in_a_recording)
 
 
 main()
