@@ -95,6 +95,12 @@ std::vector<BandGrips::Frets> BandGrips::of(std::span<const ChordSpan> chords) {
   return result;
 }
 
+std::vector<BandGrips::Frets> BandGrips::waysToHold(const ChordSpan& chord) {
+  std::vector<Frets> ways;
+  for (const Held& held : gripsOf(chord)) ways.push_back(held.frets);
+  return ways;
+}
+
 const std::vector<BandGrips::Held>& BandGrips::gripsOf(const ChordSpan& chord) {
   const auto [known, isNew] =
       m_known.try_emplace({static_cast<unsigned>(chord.root + 1), chord.pitchClasses,

@@ -26,6 +26,9 @@ class BandGrips {
   /// One for each chord; all strings left alone where there is none, or no hand plays it.
   std::vector<Frets> of(std::span<const rhythm::ChordSpan> chords);
 
+  /// All good ways to hold one chord, the best first, counted from the capo. None for no chord.
+  std::vector<Frets> waysToHold(const rhythm::ChordSpan& chord);
+
  private:
   struct Held {
     Frets frets{};   ///< From the capo.

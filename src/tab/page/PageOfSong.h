@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tab/page/PageSource.h"
+
+namespace korvel {
+
+class QBSong;
+
+/// The chords of a song, with its words. A chord without a name goes on with the one before, unless
+/// nothing sounds for a whole bar.
+PageSource pageSourceOf(QBSong& song);
+
+}  // namespace korvel
