@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <QTreeView>
 
+#include "model/recorded/SongRecording.h"
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
 #include "support/sound/Guitar.h"
@@ -32,6 +33,7 @@
 #include "ui/dialogs/ShapeDialog.h"
 #include "ui/dialogs/chords/NameDialog.h"
 #include "ui/dialogs/guides/EasyDialog.h"
+#include "ui/library/LibraryActions.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/sound/PlayerBar.h"
@@ -403,6 +405,30 @@ TEST_F(MainWindowTest, severalSongsAreDeletedAtOnce) {
   EXPECT_EQ(titles(), "Practice/Tango ");
   m_window->findChild<EditMenu*>()->actions().front()->trigger();
   EXPECT_EQ(titles(), "Practice/Blues Practice/Tango Practice/Waltz ");
+}
+
+TEST_F(MainWindowTest, songIsHeardAgainAsWhatItWasHeardAs) {
+  QSettings().setValue("detection/players", static_cast<int>(Players::automatic));
+  close();
+  open();
+  import();
+  EXPECT_TRUE(m_window->statusMessage().startsWith("It sounds like one guitar"))
+      << m_window->statusMessage().toStdString();
+  const auto hear = [&](const QString& title) {
+    QMenu menu;
+    m_window->findChild<LibraryActions*>()->fillMenu(menu, *QBSession::session().activeTreeNode());
+    ASSERT_NE(action(title, &menu), nullptr) << title.toStdString();
+    action(title, &menu)->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }, 20000));
+  };
+  const auto isBand = [&] { return QBSession::session().activeSong()->recording()->isBand(); };
+  EXPECT_FALSE(isBand());
+  hear("Hear Again as a Band");
+  EXPECT_TRUE(isBand());
+  hear("Hear Again");
+  EXPECT_TRUE(isBand());
+  hear("Hear Again as One Guitar");
+  EXPECT_FALSE(isBand());
 }
 
 TEST_F(MainWindowTest, recentFilesNameEachFileOnce) {

@@ -16,6 +16,7 @@ platform::EntityDescription SongRecording::describe() {
       .attribute<&SongRecording::m_seconds>("seconds")
       .attribute<&SongRecording::m_tuningOffset>("tuningOffset")
       .attribute<&SongRecording::m_capo>("capo")
+      .attribute<&SongRecording::m_band>("band")
       .attribute<&SongRecording::m_notes>("notes", platform::Fetch::onDemand)
       .attribute<&SongRecording::m_rhythm>("rhythm", platform::Fetch::onDemand)
       .toMany<&SongRecording::m_songs>("songs", "QBSong", "recording")

@@ -43,6 +43,9 @@ class SongRecording final : public platform::ManagedObject {
   /// The fret that it was heard with a capo at; 0 without one.
   int capo() const { return read(m_capo); }
   void setCapo(int value) { assign(m_capo, value); }
+  /// Its chords were heard, as those of several instruments, in place of notes.
+  bool isBand() const { return read(m_band); }
+  void setBand(bool value) { assign(m_band, value); }
   /// All notes, those that are doubtful too.
   const platform::Bytes& notes() const { return readOnDemand(m_notes); }
   void setNotes(platform::Bytes value) { assign(m_notes, std::move(value)); }
@@ -61,6 +64,7 @@ class SongRecording final : public platform::ManagedObject {
   platform::Attribute<double> m_seconds;
   platform::Attribute<double> m_tuningOffset;
   platform::Attribute<int> m_capo;
+  platform::Attribute<bool> m_band;
   platform::Attribute<platform::Bytes> m_notes;
   platform::Attribute<platform::Bytes> m_rhythm;
   platform::ToMany<QBSong> m_songs;

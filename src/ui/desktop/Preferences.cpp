@@ -47,6 +47,8 @@ const Detection& Preferences::detection() const {
 HearingSettings Preferences::detectionSettings() const {
   HearingSettings settings = settingsOfFrontEnds();
   if (m_store.value("detection/slices").toBool()) settings.grid = Grid::slices;
+  settings.players = static_cast<Players>(m_store.value("detection/players").toInt());
+  if (settings.players == Players::band) settings.grid = Grid::beats;
   settings.sensitivity = m_store.value("detection/sensitivity", settings.sensitivity).toDouble();
   auto& fingering = settings.fingering;
   fingering.frets = m_store.value("detection/frets", fingering.frets).toInt();
@@ -61,6 +63,7 @@ void Preferences::setDetection(const Detection& detection, const HearingSettings
   for (const Detection* each : detections())
     if (each != &preciseDetection()) m_store.setValue(keyOf(*each), each == &detection);
   m_store.setValue("detection/slices", settings.grid == Grid::slices);
+  m_store.setValue("detection/players", static_cast<int>(settings.players));
   m_store.setValue("detection/sensitivity", settings.sensitivity);
   m_store.setValue("detection/frets", settings.fingering.frets);
   m_store.setValue("detection/capo", settings.fingering.capo);

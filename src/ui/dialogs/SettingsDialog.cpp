@@ -193,6 +193,11 @@ QWidget* SettingsDialog::detectionPage() {
   m_grid = choiceOf({{tr("Bars, at the tempo of the recording"), static_cast<int>(Grid::beats)},
                      {tr("Slices of 0.37 seconds"), static_cast<int>(Grid::slices)}},
                     static_cast<int>(settings.grid));
+  m_players = choiceOf({{tr("One guitar: its notes"), static_cast<int>(Players::guitar)},
+                        {tr("A band: its chords"), static_cast<int>(Players::band)},
+                        {tr("Decide for each recording"), static_cast<int>(Players::automatic)}},
+                       static_cast<int>(settings.players));
+  m_players->setToolTip(tr("Chords are written in bars, and heard by the precise detection only"));
   auto* place = new QHBoxLayout;
   place->addWidget(m_position);
   place->addWidget(m_positionFret);
@@ -200,6 +205,7 @@ QWidget* SettingsDialog::detectionPage() {
   page->setObjectName("detection");
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Detection"), m_detection);
+  form->addRow(tr("What plays"), m_players);
   form->addRow(tr("&Written in"), m_grid);
   form->addRow(tr("Se&nsitivity"), m_sensitivity);
   form->addRow(tr("&Played at"), place);
@@ -232,6 +238,7 @@ QWidget* SettingsDialog::soundPage() {
 
 void SettingsDialog::keepDetection() const {
   HearingSettings settings;
+  settings.players = static_cast<Players>(m_players->currentData().toInt());
   settings.grid = static_cast<Grid>(m_grid->currentData().toInt());
   settings.sensitivity = m_sensitivity->value() / kSensitivitySteps;
   settings.fingering.frets = m_frets->value();

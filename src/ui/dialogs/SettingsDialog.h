@@ -38,6 +38,7 @@ class SettingsDialog final : public QDialog {
   QFontComboBox* m_font;
   QComboBox* m_detection;
   QSlider* m_sensitivity;
+  QComboBox* m_players = nullptr;
   QComboBox* m_grid = nullptr;
   QComboBox* m_position;
   QSpinBox* m_positionFret;

@@ -3,6 +3,7 @@
 
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "platform/text/UserError.h"
@@ -93,14 +94,23 @@ void LibraryActions::fillUnheardMenu(QMenu& menu, QBSong& song) {
   menu.addSeparator();
 }
 
-/// By the settings that there are now.
+/// By the settings that there are now, but for what plays.
 void LibraryActions::addHearAgain(QMenu& menu, QBSong& song) {
   if (!song.recording()) return;
   const platform::Ref<QBSong> kept(&song);
   menu.addSeparator();
-  menu.addAction(tr("Hear Again"), this,
-                 [this, kept] { follow(m_desk.hearAgain(*kept), toText(recordingFileOf(*kept))); })
-      ->setEnabled(canHearAnew(song));
+  const auto add = [&](const QString& title, std::optional<Players> players) {
+    menu.addAction(title, this, [this, kept, players] { hearAgain(*kept, players); })
+        ->setEnabled(canHearAnew(song));
+  };
+  add(tr("Hear Again"), std::nullopt);
+  song.recording()->isBand() ? add(tr("Hear Again as One Guitar"), Players::guitar)
+                             : add(tr("Hear Again as a Band"), Players::band);
+}
+
+void LibraryActions::hearAgain(QBSong& song, std::optional<Players> players) {
+  const QString file = toText(recordingFileOf(song));
+  follow(m_desk.hearAgain(song, players), file);
 }
 
 void LibraryActions::fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album) {

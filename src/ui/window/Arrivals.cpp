@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFileInfo>
 
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
@@ -21,6 +22,12 @@ bool isTooFree(const QBSong& song) {
   return wantsBars && song.recording() && !song.isOnBeats();
 }
 
+/// What plays in it was not told but found out.
+bool wasDecided(const QBSong& song) {
+  return song.isOnBeats() && song.recording() && Preferences().detection().usesSettings &&
+         Preferences().detectionSettings().players == Players::automatic;
+}
+
 }  // namespace
 
 void Arrivals::showImported(const QString& file, QBSong* song) {
@@ -31,6 +38,13 @@ void Arrivals::showImported(const QString& file, QBSong* song) {
         tr("%1: no tones were heard in it; is it a guitar alone, and loud enough?").arg(name));
   if (m_turnedToASong || isDialogOpen()) return emit said(tr("%1 is imported").arg(name));
   QBSession::session().setActiveSong(song);
+  if (wasDecided(*song))
+    return emit said(
+        song->recording()->isBand()
+            ? tr("It sounds like a band: the song has its chords; Hear Again as One Guitar, in the "
+                 "menu of the song, makes notes of it")
+            : tr("It sounds like one guitar: the song has its notes; Hear Again as a Band, in the "
+                 "menu of the song, makes chords of it"));
   if (isTooFree(*song))
     return emit said(
         tr("It is in slices, as it is played too freely for bars; Tap Along and Set Tempo in the "

@@ -112,9 +112,10 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
   }
 }
 
-std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song) {
+std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song,
+                                                       std::optional<Players> players) {
   try {
-    return startAgain(song);
+    return startAgain(song, players);
   } catch (const std::exception& exception) {
     m_tree.session().handleException("importSong", exception);
     return nullptr;
@@ -126,7 +127,8 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::goOn(const ImportUnderWay& left) {
   return song && (!song->isWhole() || canHearAnew(*song)) ? hearAgain(*song) : nullptr;
 }
 
-std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
+std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song,
+                                                        std::optional<Players> players) {
   QBTabMgr& db = m_tree.db();
   Edit::requireWritable(db);
   if (SongInWork::is(song))
@@ -139,16 +141,19 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song) {
       command(file, db.createSong(song.title(), song.tuning(), db.selectedInstrument(), nullptr),
               song.album());
   made->setReplaced(&song);
-  made->setDetection(*m_detection, settingsFor(song));
+  made->setDetection(*m_detection, settingsFor(song, players));
   run(made);
   return made;
 }
 
-HearingSettings ImportDesk::settingsFor(const QBSong& song) const {
+HearingSettings ImportDesk::settingsFor(const QBSong& song, std::optional<Players> players) const {
   HearingSettings settings = m_settings;
   const SongRecording* recording = song.recording();
   if (const auto read = recording ? rhythm::storedRhythm(recording->rhythm()) : std::nullopt)
     settings.rhythm = read->wishes;
+  if (recording) settings.players = recording->isBand() ? Players::band : Players::guitar;
+  if (players) settings.players = *players;
+  if (settings.players == Players::band) settings.grid = Grid::beats;
   return settings;
 }
 

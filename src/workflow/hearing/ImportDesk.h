@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,8 +39,9 @@ class ImportDesk {
   /// reported through the session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
   /// Hears the recording of a song again, from its beginning; in the end what was heard takes the
-  /// song's place. What its user said of its rhythm holds. Problems as above.
-  std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song);
+  /// song's place. What its user said of its rhythm holds, and what plays in it is what it was
+  /// heard as, unless other players are named. Problems as above.
+  std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song, std::optional<Players> players = {});
   /// The same for a song that was left to this start; none when it is not there any more.
   std::shared_ptr<QBCmdImportSong> goOn(const ImportUnderWay& left);
   /// Has all imports that run end some steps later, with what they have heard.
@@ -56,8 +58,8 @@ class ImportDesk {
 
  private:
   std::shared_ptr<QBCmdImportSong> start(const std::string& file, QBAlbum* into);
-  std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song);
-  HearingSettings settingsFor(const QBSong& song) const;
+  std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song, std::optional<Players> players);
+  HearingSettings settingsFor(const QBSong& song, std::optional<Players> players) const;
   std::shared_ptr<QBCmdImportSong> command(const std::string& file, QBSong* song, QBAlbum* album);
   void run(const std::shared_ptr<QBCmdImportSong>& command);
 

@@ -18,6 +18,7 @@ void keepHeard(SongRecording& recording, const HeardSound& heard) {
   recording.setSeconds(heard.seconds);
   recording.setTuningOffset(heard.tuningOffset);
   recording.setCapo(heard.capo);
+  recording.setBand(heard.isBand);
   recording.setNotes(rhythm::bytesOf({heard.notes, heard.doubtful}));
   recording.setRhythm(rhythm::bytesOf(heard.rhythm, heard.wishes));
 }
