@@ -39,6 +39,11 @@ class Rehearsal(Guitarist):
         box = self.window.find("spin button", name)
         box.set_current_value(value)
 
+    def keep_the_recording(self):
+        """It has been heard by the time that its user agrees."""
+        self.window.press("push button", "Yes")
+        wait_for("a copy of it", lambda: list(self.home.glob("data/**/*.flac")))
+
     def hear_the_recording(self):
         """At half its speed, bars 2 and 3 again and again; the marker goes as slowly."""
         self.window.click("page tab", "Practise")
@@ -128,6 +133,7 @@ def main():
     rehearsal.play_through(
         rehearsal.start,
         rehearsal.import_by_drag_and_drop,
+        rehearsal.keep_the_recording,
         rehearsal.hear_the_recording,
         rehearsal.visit_doubts,
         rehearsal.take_in_the_roll,

@@ -9,12 +9,9 @@
 #include <QFontComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSlider>
-#include <QSpinBox>
 #include <QStandardPaths>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -27,17 +24,14 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
+#include "ui/dialogs/hearing/HearingChoice.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/library/LibraryEdits.h"
 
 namespace korvel::ui {
 namespace {
 
-using precise::FingeringOptions;
-using precise::Position;
-
 constexpr int kLettersOfPath = 36;
-constexpr double kSensitivitySteps = 100;
 
 /// A line with a button behind it that chooses what goes there.
 QWidget* withButton(QLineEdit* line, const QString& name, const std::function<QString()>& choose) {
@@ -101,13 +95,6 @@ QString inHome(const QString& path) {
   return path.isEmpty() ? path : QDir::home().absoluteFilePath(path);
 }
 
-QSpinBox* number(int least, int most, int value) {
-  auto* box = new QSpinBox;
-  box->setRange(least, most);
-  box->setValue(value);
-  return box;
-}
-
 }  // namespace
 
 QString offeredWorkFolder() {
@@ -168,28 +155,7 @@ QWidget* SettingsDialog::generalPage() {
 QWidget* SettingsDialog::detectionPage() {
   const Preferences preferences;
   const HearingSettings settings = preferences.detectionSettings();
-  const FingeringOptions& fingering = settings.fingering;
   m_detection = choiceOfDetections(preferences.detection());
-  m_sensitivity = new QSlider(Qt::Horizontal);
-  m_sensitivity->setRange(0, static_cast<int>(kSensitivitySteps));
-  m_sensitivity->setValue(static_cast<int>(settings.sensitivity * kSensitivitySteps));
-  m_sensitivity->setToolTip(tr("How faint or doubtful a note may be"));
-  m_position = choiceOf({{tr("Anywhere"), static_cast<int>(Position::Kind::anywhere)},
-                         {tr("First frets"), static_cast<int>(Position::Kind::open)},
-                         {tr("About fret"), static_cast<int>(Position::Kind::around)}},
-                        static_cast<int>(fingering.position.kind));
-  m_position->setAccessibleName(tr("Played at"));
-  m_positionFret = number(1, FingeringOptions::kMostFrets, fingering.position.fret);
-  m_positionFret->setAccessibleName(tr("Fret that the hand stays about"));
-  const auto ask = [this] {
-    const int kind = m_position->currentData().toInt();
-    m_positionFret->setEnabled(kind == static_cast<int>(Position::Kind::around));
-  };
-  connect(m_position, &QComboBox::currentIndexChanged, this, ask);
-  ask();
-  m_frets = number(FingeringOptions::kFewestFrets, FingeringOptions::kMostFrets, fingering.frets);
-  m_capo = number(0, FingeringOptions::kHighestCapo, fingering.capo);
-  m_capo->setSpecialValueText(tr("None"));
   m_grid = choiceOf({{tr("Bars, at the tempo of the recording"), static_cast<int>(Grid::beats)},
                      {tr("Slices of 0.37 seconds"), static_cast<int>(Grid::slices)}},
                     static_cast<int>(settings.grid));
@@ -198,23 +164,16 @@ QWidget* SettingsDialog::detectionPage() {
                         {tr("Decide for each recording"), static_cast<int>(Players::automatic)}},
                        static_cast<int>(settings.players));
   m_players->setToolTip(tr("Chords are written in bars, and heard by the precise detection only"));
-  auto* place = new QHBoxLayout;
-  place->addWidget(m_position);
-  place->addWidget(m_positionFret);
   auto* page = new QWidget;
   page->setObjectName("detection");
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Detection"), m_detection);
   form->addRow(tr("What plays"), m_players);
   form->addRow(tr("&Written in"), m_grid);
-  form->addRow(tr("Se&nsitivity"), m_sensitivity);
-  form->addRow(tr("&Played at"), place);
-  form->addRow(tr("&Frets of the guitar"), m_frets);
-  form->addRow(tr("&Capo at fret"), m_capo);
+  m_hearing = new HearingChoice(*form, settings);
   m_keep = new QCheckBox(tr("&Keep copies of recordings with the songs"));
   m_keep->setChecked(preferences.keepsRecordings());
   form->addRow(m_keep);
-  static_cast<QLabel*>(form->labelForField(place))->setBuddy(m_position);
   return page;
 }
 
@@ -237,14 +196,9 @@ QWidget* SettingsDialog::soundPage() {
 }
 
 void SettingsDialog::keepDetection() const {
-  HearingSettings settings;
+  HearingSettings settings{m_hearing->settings()};
   settings.players = static_cast<Players>(m_players->currentData().toInt());
   settings.grid = static_cast<Grid>(m_grid->currentData().toInt());
-  settings.sensitivity = m_sensitivity->value() / kSensitivitySteps;
-  settings.fingering.frets = m_frets->value();
-  settings.fingering.capo = m_capo->value();
-  settings.fingering.position = {static_cast<Position::Kind>(m_position->currentData().toInt()),
-                                 std::min(m_positionFret->value(), m_frets->value())};
   const std::string detection = m_detection->currentData().toString().toStdString();
   Preferences().setDetection(*detectionNamed(detection), settings);
   if (Preferences().keepsRecordings() != m_keep->isChecked())

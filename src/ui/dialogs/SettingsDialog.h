@@ -7,11 +7,11 @@ class QCheckBox;
 class QComboBox;
 class QFontComboBox;
 class QLineEdit;
-class QSlider;
-class QSpinBox;
 class QTabWidget;
 
 namespace korvel::ui {
+
+class HearingChoice;
 
 /// What a user may choose once and for all. Nothing changes before the dialog is accepted.
 class SettingsDialog final : public QDialog {
@@ -37,13 +37,9 @@ class SettingsDialog final : public QDialog {
   QCheckBox* m_ownFont;
   QFontComboBox* m_font;
   QComboBox* m_detection;
-  QSlider* m_sensitivity;
   QComboBox* m_players = nullptr;
   QComboBox* m_grid = nullptr;
-  QComboBox* m_position;
-  QSpinBox* m_positionFret;
-  QSpinBox* m_frets;
-  QSpinBox* m_capo;
+  HearingChoice* m_hearing = nullptr;
   QCheckBox* m_keep = nullptr;
   QComboBox* m_output;
   QComboBox* m_input;

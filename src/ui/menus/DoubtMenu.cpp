@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/menus/DoubtMenu.h"
 
-#include <QApplication>
+#include <QProgressDialog>
 #include <algorithm>
 #include <cmath>
 #include <exception>
@@ -13,23 +13,13 @@
 #include "model/store/QBTabMgr.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Translated.h"
-#include "ui/dialogs/NotesDialog.h"
+#include "ui/dialogs/hearing/HearAgainDialog.h"
+#include "ui/dialogs/hearing/NotesDialog.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/editing/doubts/PartHearing.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 
 namespace korvel::ui {
-namespace {
-
-struct WaitCursor {
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
-
-}  // namespace
-
 DoubtMenu::DoubtMenu(TablatureView& tablature, QWidget* parent)
     : QMenu(tr("Heard Notes"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
   m_reason->setEnabled(false);
@@ -69,7 +59,7 @@ void DoubtMenu::addCorrections() {
   addKey(tr("&Take What Else Was Heard"), tr("A"), [this] { takeOther(); });
   addSeparator();
   addAction(tr("&Fewer or More Notes ..."), this, [this] { chooseSensitivity(); });
-  addAction(tr("&Hear Selection Again"), this, [this] { hearSelection(); });
+  addAction(tr("&Hear Selection Again ..."), this, [this] { hearSelection(); });
 }
 
 void DoubtMenu::prepare() {
@@ -274,19 +264,32 @@ void DoubtMenu::chooseSensitivity() {
   });
 }
 
-/// As the preferences have it now.
 void DoubtMenu::hearSelection() {
   const auto part = selectedPart();
   if (!part) return emit refused(tr("Select the chords first that are to be heard again"));
-  const HearingSettings settings = Preferences().detectionSettings();
+  HearingSettings settings = Preferences().detectionSettings();
   QString changed;
   correct([&](SongCorrections&) {
-    const WaitCursor waiting;
+    HearAgainDialog dialog(settings, parentWidget());
+    if (dialog.exec() != QDialog::Accepted) return;
+    static_cast<precise::Settings&>(settings) = dialog.settings();
     PartHearing hearing(*m_song, *part, settings);
-    while (hearing.step()) continue;
-    changed = wordsOf(hearing.finish());
+    if (hears(hearing)) changed = wordsOf(hearing.finish());
   });
   if (!changed.isEmpty()) emit said(changed);
+}
+
+/// Answers whether all was heard; its user may end it before.
+bool DoubtMenu::hears(PartHearing& hearing) const {
+  constexpr int kSteps = 100;
+  QProgressDialog progress(tr("Hearing the selection again ..."), tr("Cancel"), 0, kSteps,
+                           parentWidget());
+  progress.setWindowModality(Qt::WindowModal);
+  while (hearing.step()) {
+    progress.setValue(static_cast<int>(hearing.progress() * (kSteps - 1)));
+    if (progress.wasCanceled()) return false;
+  }
+  return true;
 }
 
 }  // namespace korvel::ui

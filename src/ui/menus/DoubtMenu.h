@@ -11,8 +11,9 @@
 #include "workflow/editing/doubts/SongCorrections.h"
 
 namespace korvel {
+class PartHearing;
 class QBSong;
-}
+}  // namespace korvel
 
 namespace korvel::ui {
 
@@ -66,6 +67,7 @@ class DoubtMenu final : public QMenu {
   void dropHere();
   void chooseSensitivity();
   void hearSelection();
+  bool hears(PartHearing& hearing) const;
   static QString wordsOf(const NoteChanges& changes);
   QString refusal() const;
   void correct(const std::function<void(SongCorrections&)>& act);

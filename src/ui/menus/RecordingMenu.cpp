@@ -83,6 +83,11 @@ void RecordingMenu::find() {
                 : refusal);
 }
 
+void RecordingMenu::keepFrom(const QString& file) {
+  const SongRecording* recording = m_song ? m_song->recording() : nullptr;
+  if (recording && std::filesystem::path(recording->path()) == file.toStdString()) keep();
+}
+
 void RecordingMenu::keep() {
   const SongRecording* recording = m_song ? m_song->recording() : nullptr;
   if (!recording) return;

@@ -30,6 +30,8 @@ class RecordingMenu final : public QMenu {
   explicit RecordingMenu(const Parts& parts, QWidget* parent = nullptr);
 
   void setSong(QBSong* song);
+  /// Has a copy kept of the song's recording, if that lies in the file.
+  void keepFrom(const QString& file);
 
  signals:
   /// One line: with what to do, or that it is done.

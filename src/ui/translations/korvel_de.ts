@@ -99,6 +99,60 @@
     </message>
 </context>
 <context>
+    <name>Exchange</name>
+    <message>
+        <source>%1: is larger than %2 MiB; save it with fewer tracks in the program that it is from, and import that</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: is of no format that can be read; save it as MIDI or MusicXML in the program that it is from, and import that</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation type="unfinished">%1: %2</translation>
+    </message>
+    <message>
+        <source>its repeats make more than %1 bars; nothing was read</source>
+        <translation>ihre Wiederholungen ergeben mehr als %1 Takte; nichts wurde gelesen</translation>
+    </message>
+    <message>
+        <source>line %1 declares an entity, which is not read for safety&apos;s sake</source>
+        <translation>Zeile %1 vereinbart eine Entität; das wird der Sicherheit halber nicht gelesen</translation>
+    </message>
+    <message>
+        <source>its XML is broken in line %1: %2</source>
+        <translation>ihr XML ist in Zeile %1 fehlerhaft: %2</translation>
+    </message>
+    <message>
+        <source>it is empty</source>
+        <translation>sie ist leer</translation>
+    </message>
+    <message>
+        <source>it has more than %1 MB of XML</source>
+        <translation>sie hat mehr als %1 MB XML</translation>
+    </message>
+</context>
+<context>
+    <name>Files</name>
+    <message>
+        <source>it is no zip archive, or a damaged one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its archive holds more than it may</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its archive is encrypted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its archive is packed in a way that is not read</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Job</name>
     <message>
         <source>Album Export</source>
@@ -2453,6 +2507,14 @@
         <source>It is in slices, as it is played too freely for bars; Tap Along and Set Tempo in the menu Edit, Rhythm make bars of it</source>
         <translation>Er steht in Abschnitten, weil er für Takte zu frei gespielt ist; Mitklopfen und Tempo setzen im Menü Bearbeiten, Rhythmus machen Takte daraus</translation>
     </message>
+    <message>
+        <source>It sounds like a band: the song has its chords; Hear Again as One Guitar, in the menu of the song, makes notes of it</source>
+        <translation>Es klingt nach einer Band: Der Song hat ihre Akkorde; „Noch einmal als eine Gitarre hören“ im Menü des Songs macht Töne daraus</translation>
+    </message>
+    <message>
+        <source>It sounds like one guitar: the song has its notes; Hear Again as a Band, in the menu of the song, makes chords of it</source>
+        <translation>Es klingt nach einer Gitarre: Der Song hat ihre Töne; „Noch einmal als Band hören“ im Menü des Songs macht Akkorde daraus</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::CalibrationDialog</name>
@@ -2722,16 +2784,24 @@
         <translation>Töne, die kommen: %1. Töne, die gehen: %2.</translation>
     </message>
     <message>
-        <source>&amp;Hear Selection Again</source>
-        <translation>Auswahl noch einmal &amp;hören</translation>
-    </message>
-    <message>
         <source>Select the chords first that are to be heard again</source>
         <translation>Wähle zuerst die Akkorde, die noch einmal gehört werden sollen</translation>
     </message>
     <message>
         <source>Heard Notes</source>
         <translation>Gehörte Töne</translation>
+    </message>
+    <message>
+        <source>&amp;Hear Selection Again ...</source>
+        <translation>Auswahl noch einmal &amp;hören …</translation>
+    </message>
+    <message>
+        <source>Hearing the selection again ...</source>
+        <translation>Die Auswahl wird noch einmal gehört …</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -3192,6 +3262,64 @@
     </message>
 </context>
 <context>
+    <name>korvel::ui::HearAgainDialog</name>
+    <message>
+        <source>Hear Selection Again</source>
+        <translation>Auswahl noch einmal hören</translation>
+    </message>
+    <message>
+        <source>&amp;Hear Again</source>
+        <translation>&amp;Noch einmal hören</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::HearingChoice</name>
+    <message>
+        <source>How faint or doubtful a note may be</source>
+        <translation>Wie leise oder zweifelhaft ein Ton sein darf</translation>
+    </message>
+    <message>
+        <source>Anywhere</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>First frets</source>
+        <translation>In den ersten Bünden</translation>
+    </message>
+    <message>
+        <source>About fret</source>
+        <translation>Um den Bund</translation>
+    </message>
+    <message>
+        <source>Played at</source>
+        <translation>Gespielt wird</translation>
+    </message>
+    <message>
+        <source>Fret that the hand stays about</source>
+        <translation>Bund, um den die Hand bleibt</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Se&amp;nsitivity</source>
+        <translation>E&amp;mpfindlichkeit</translation>
+    </message>
+    <message>
+        <source>&amp;Played at</source>
+        <translation>&amp;Gespielt wird</translation>
+    </message>
+    <message>
+        <source>&amp;Frets of the guitar</source>
+        <translation>&amp;Bünde der Gitarre</translation>
+    </message>
+    <message>
+        <source>&amp;Capo at fret</source>
+        <translation>Ka&amp;podaster im Bund</translation>
+    </message>
+</context>
+<context>
     <name>korvel::ui::HelpWindow</name>
     <message>
         <source>Help</source>
@@ -3380,6 +3508,14 @@
     <message>
         <source>Hear Again</source>
         <translation>Noch einmal hören</translation>
+    </message>
+    <message>
+        <source>Hear Again as One Guitar</source>
+        <translation>Noch einmal als eine Gitarre hören</translation>
+    </message>
+    <message>
+        <source>Hear Again as a Band</source>
+        <translation>Noch einmal als Band hören</translation>
     </message>
 </context>
 <context>
@@ -4302,48 +4438,8 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>&amp;Farbschema</translation>
     </message>
     <message>
-        <source>How faint or doubtful a note may be</source>
-        <translation>Wie leise oder zweifelhaft ein Ton sein darf</translation>
-    </message>
-    <message>
-        <source>Anywhere</source>
-        <translation>Überall</translation>
-    </message>
-    <message>
-        <source>First frets</source>
-        <translation>In den ersten Bünden</translation>
-    </message>
-    <message>
-        <source>About fret</source>
-        <translation>Um den Bund</translation>
-    </message>
-    <message>
-        <source>Fret that the hand stays about</source>
-        <translation>Bund, um den die Hand bleibt</translation>
-    </message>
-    <message>
-        <source>None</source>
-        <translation>Keiner</translation>
-    </message>
-    <message>
         <source>&amp;Detection</source>
         <translation>&amp;Erkennung</translation>
-    </message>
-    <message>
-        <source>Se&amp;nsitivity</source>
-        <translation>E&amp;mpfindlichkeit</translation>
-    </message>
-    <message>
-        <source>&amp;Played at</source>
-        <translation>&amp;Gespielt wird</translation>
-    </message>
-    <message>
-        <source>&amp;Frets of the guitar</source>
-        <translation>&amp;Bünde der Gitarre</translation>
-    </message>
-    <message>
-        <source>&amp;Capo at fret</source>
-        <translation>Ka&amp;podaster im Bund</translation>
     </message>
     <message>
         <source>One that the system has</source>
@@ -4374,10 +4470,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>Wählen: %1</translation>
     </message>
     <message>
-        <source>Played at</source>
-        <translation>Gespielt wird</translation>
-    </message>
-    <message>
         <source>&amp;Language</source>
         <translation>&amp;Sprache</translation>
     </message>
@@ -4396,6 +4488,26 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>&amp;Keep copies of recordings with the songs</source>
         <translation>Kopien von Aufnahmen bei den Songs behalten</translation>
+    </message>
+    <message>
+        <source>One guitar: its notes</source>
+        <translation>Eine Gitarre: ihre Töne</translation>
+    </message>
+    <message>
+        <source>A band: its chords</source>
+        <translation>Eine Band: ihre Akkorde</translation>
+    </message>
+    <message>
+        <source>Decide for each recording</source>
+        <translation>Für jede Aufnahme entscheiden</translation>
+    </message>
+    <message>
+        <source>Chords are written in bars, and heard by the precise detection only</source>
+        <translation>Akkorde werden in Takten geschrieben und nur von der genauen Erkennung gehört</translation>
+    </message>
+    <message>
+        <source>What plays</source>
+        <translation>Was spielt</translation>
     </message>
 </context>
 <context>

@@ -402,9 +402,10 @@ void MainWindow::offerToKeep(const QString& file) {
       0, new OfferBar(tr("Keep copies of the recordings with the songs, for when their files are "
                          "moved or deleted? This one takes about %1.")
                           .arg(locale().formattedDataSize(bytes)),
-                      [this] {
+                      [this, file] {
                         Preferences().setKeepsRecordings(true);
                         m_desk.setKeepsSounds(true);
+                        m_recordingMenu->keepFrom(file);  // it may have been heard already
                       }));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/dialogs/NotesDialog.h"
+#include "ui/dialogs/hearing/NotesDialog.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
