@@ -35,6 +35,8 @@ platform::EntityDescription QBSong::describe() {
       .attribute<&QBSong::m_key>("key")
       .attribute<&QBSong::m_corrections>("corrections", platform::Fetch::onDemand)
       .attribute<&QBSong::m_practice>("practice")
+      .attribute<&QBSong::m_artist>("artist")
+      .attribute<&QBSong::m_lyrics>("lyrics", platform::Fetch::onDemand)
       .toOne<&QBSong::m_recording>("recording", "SongRecording", "songs")
       .toOne<&QBSong::m_album>("album", "QBAlbum", "songs")
       .toOne<&QBSong::m_tuning>("tuning", "QBTuning", "songs")
@@ -59,6 +61,11 @@ void QBSong::takeRhythmOf(const QBSong& other) {
   if (other.hasKey()) setKey(other.key());
   setRecording(other.recording());
   if (other.hasCorrections()) setCorrections(other.corrections());
+}
+
+void QBSong::takeWordsOf(const QBSong& other) {
+  if (!other.artist().empty()) setArtist(other.artist());
+  if (!other.lyrics().empty()) setLyrics(other.lyrics());
 }
 
 void QBSong::clearRhythm() {
@@ -170,6 +177,7 @@ QBSong* QBSong::cloneToAlbum(QBAlbum* target) {
   QBTabMgr& db = QBTabMgr::of(*this);
   QBSong* copy = db.createSong(title(), tuning(), db.selectedInstrument(), target);
   copy->takeRhythmOf(*this);
+  copy->takeWordsOf(*this);
   for (const auto& chord : allChords()) chord->clone(copy);
   return copy;
 }

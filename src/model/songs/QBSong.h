@@ -76,6 +76,13 @@ class QBSong final : public platform::ManagedObject {
   /// How it was practised last, in words of `workflow/playing/PracticeMemory.h`; may be empty.
   const std::string& practice() const { return read(m_practice); }
   void setPractice(std::string value) { assign(m_practice, std::move(value)); }
+  /// Who it is by, of a song that was not heard in a recording; may be empty.
+  const std::string& artist() const { return read(m_artist); }
+  void setArtist(std::string value) { assign(m_artist, std::move(value)); }
+  /// The words that are sung to it, in lines of their own kind (`model/songs/SongLyrics.h`); may be
+  /// empty.
+  const std::string& lyrics() const { return readOnDemand(m_lyrics); }
+  void setLyrics(std::string value) { assign(m_lyrics, std::move(value)); }
   /// What the song has otherwise than its recording was heard, as bytes of a version of their own
   /// (`rhythm/stored/NoteCorrections.h`); unset when it has all as it was heard.
   const platform::Bytes& corrections() const { return readOnDemand(m_corrections); }
@@ -84,6 +91,8 @@ class QBSong final : public platform::ManagedObject {
   bool hasCorrections() const { return hasOnDemand(m_corrections); }
   /// Takes tempo, swing, key, recording and corrections from another song.
   void takeRhythmOf(const QBSong& other);
+  /// Takes artist and lyrics from another song with the same bars, or chords.
+  void takeWordsOf(const QBSong& other);
   /// Is not on beats any more: without tempo, swing and key. The chords keep what they have.
   void clearRhythm();
   QBAlbum* album() const;
@@ -139,6 +148,8 @@ class QBSong final : public platform::ManagedObject {
   platform::Attribute<int> m_key;
   platform::Attribute<platform::Bytes> m_corrections;
   platform::Attribute<std::string> m_practice;
+  platform::Attribute<std::string> m_artist;
+  platform::Attribute<std::string> m_lyrics;
   platform::ToOne<SongRecording> m_recording;
   platform::ToOne<QBAlbum> m_album;
   platform::ToOne<QBTuning> m_tuning;

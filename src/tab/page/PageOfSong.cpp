@@ -12,6 +12,7 @@
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/SongLyrics.h"
 #include "model/songs/ToneOrder.h"
 #include "music/Pitch.h"
 #include "music/Ticks.h"
@@ -150,15 +151,22 @@ class Gathering {
   int m_rest = 0;  ///< Ticks.
 };
 
+bool isInBars(const QBSong& song) { return song.isOnBeats() || !song.measures().empty(); }
+
 int ticksWritten(const SongBars::Bar& bar) {
   return bar.events.back().from + bar.events.back().ticks - bar.events.front().from;
+}
+
+/// Where it lies from the beginning of the song.
+int firstBarLine(const SongBars& written) {
+  const SongBars::Bar& first = written.bars().front();
+  return first.number == 0 ? ticksWritten(first) : 0;
 }
 
 void gatherBars(QBSong& song, PageSource& source) {
   const SongBars written(song);
   Gathering gathering(song, source);
-  const bool hasPickUp = written.bars().front().number == 0;
-  const int zero = hasPickUp ? ticksWritten(written.bars().front()) : 0;
+  const int zero = firstBarLine(written);
   for (const SongBars::Bar& bar : written.bars()) {
     const int tick = bar.events.front().from - zero;
     source.bars.push_back({tick, ticksWritten(bar), bar.beat, bar.beattype, bar.number});
@@ -202,18 +210,37 @@ int capoOfSong(QBSong& song) {
 PageSource pageSourceOf(QBSong& song) {
   PageSource source;
   source.title = song.title();
-  if (song.recording()) source.artist = song.recording()->artist();
+  source.artist = song.artist();
+  if (source.artist.empty() && song.recording()) source.artist = song.recording()->artist();
   if (song.hasKey()) source.key = song.key();
   source.capo = capoOfSong(song);
   source.tempo = song.isOnBeats() ? song.tempo() : 0;
   source.open = openStringsOf(&song).pitches();
-  source.isInBars = song.isOnBeats() || !song.measures().empty();
+  source.isInBars = isInBars(song);
+  for (SungWords& words : lyricsOf(song))
+    source.words.push_back({words.tick, std::move(words.text)});
   if (song.allChords().empty()) return source;
   if (source.isInBars)
     gatherBars(song, source);
   else
     gatherChanges(song, source);
   return source;
+}
+
+std::vector<int> ticksOfChords(QBSong& song) {
+  const std::size_t count = song.allChords().size();
+  std::vector<int> ticks;
+  if (count == 0 || !isInBars(song)) {
+    for (std::size_t i = 0; i <= count; ++i) ticks.push_back(static_cast<int>(i));
+    return ticks;
+  }
+  const SongBars written(song);
+  const int zero = firstBarLine(written);
+  for (const SongBars::Bar& bar : written.bars())
+    for (const SongBars::Event& event : bar.events) ticks.push_back(event.from - zero);
+  const SongBars::Event& last = written.bars().back().events.back();
+  ticks.push_back(last.from + last.ticks - zero);
+  return ticks;
 }
 
 }  // namespace korvel

@@ -109,7 +109,8 @@ class PageMaking {
   }
 
   PageBar barOf(const PageSource::Bar& bar) const {
-    PageBar made{bar.number, bar.beat, bar.beattype, beatsOf(bar.ticks), false, {}, {}};
+    PageBar made{bar.number, bar.beat, bar.beattype, beatsOf(bar.ticks), false,
+                 {},         {},       {},           bar.ticks};
     const int end = bar.tick + bar.ticks;
     for (const Chord& chord : m_source.chords) {
       const int from = std::max(chord.tick, bar.tick);
@@ -173,6 +174,7 @@ class PageMaking {
       for (int time = 0; time < folded.times; ++time) {
         const std::size_t at = folded.first + i + static_cast<std::size_t>(time) * folded.count;
         bar.words.push_back(wordsOf(m_bars[at]));
+        bar.ticks.push_back(m_bars[at].tick);
         // A name that is sure one time is sure.
         for (std::size_t c = 0; c < bar.chords.size(); ++c)
           bar.chords[c].isDoubtful = bar.chords[c].isDoubtful && bars[at].chords[c].isDoubtful;

@@ -57,6 +57,8 @@ struct PageBar {
   bool showsTime = false;  ///< Its time signature is not that of the bar before.
   std::vector<PageChord> chords;
   std::vector<std::vector<PageWords>> words;  ///< For each time that it is played.
+  std::vector<int> ticks;  ///< Where it begins each time, as words are placed by.
+  int length = 0;          ///< In ticks.
 
   /// "Am . F ." with a point for each beat on which the chord goes on; "-" for no chord, a question
   /// mark behind a doubtful name, "~" between chords that begin on one beat.

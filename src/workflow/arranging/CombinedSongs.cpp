@@ -3,13 +3,17 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "arrange/chords/QBChordExtractor.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "model/songs/SongLyrics.h"
 #include "model/songs/SongTime.h"
 #include "model/songs/ToneOrder.h"
+#include "tab/page/PageOfSong.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 #include "workflow/arranging/bars/FilledBars.h"
@@ -76,6 +80,36 @@ void extractBeats(QBSong& song, int from, int to, QBSong& part) {
   endTonesAtNextStrike(part);
 }
 
+/// Those that are sung to the part. Ticks and chords of both are counted as their pages do.
+void takeWordsOfPart(QBSong& song, int from, int to, QBSong& part) {
+  if (!song.artist().empty()) part.setArtist(song.artist());
+  if (song.lyrics().empty() || part.chords().empty()) return;
+  part.forgetCaches();
+  const std::vector<int> ticks = ticksOfChords(song);
+  const auto& chords = song.allChords();
+  std::optional<int> begin;
+  int end = 0;
+  for (std::size_t i = 0; i < chords.size(); ++i) {
+    if (chords[i]->position() < from || chords[i]->position() > to) continue;
+    if (!begin) begin = ticks[i];
+    end = ticks[i + 1];
+  }
+  if (!begin) return;
+  const int moved = ticksOfChords(part).front() - *begin;
+  std::vector<SungWords> words;
+  for (const SungWords& each : lyricsOf(song))
+    if (each.tick >= *begin && each.tick < end) words.push_back({each.tick + moved, each.text});
+  setLyrics(part, std::move(words));
+}
+
+QBSong* partOf(QBSong& song, int from, int to) {
+  QBSong* part = emptyBeside(song, nameOf(song).extractPartChords(from, to));
+  if (!song.isOnBeats()) return filled(part, song, QBChordExtractor(from, to, part));
+  extractBeats(song, from, to, *part);
+  buildTab(*part);
+  return part;
+}
+
 }  // namespace
 
 QBSong* mergeWithSong(QBSong& song, QBSong& other) {
@@ -98,10 +132,8 @@ QBSong* mergeWithSong(QBSong& song, QBSong& other) {
 }
 
 QBSong* extractPartOfSong(QBSong& song, int from, int to) {
-  QBSong* part = emptyBeside(song, nameOf(song).extractPartChords(from, to));
-  if (!song.isOnBeats()) return filled(part, song, QBChordExtractor(from, to, part));
-  extractBeats(song, from, to, *part);
-  buildTab(*part);
+  QBSong* part = partOf(song, from, to);
+  takeWordsOfPart(song, from, to, *part);
   return part;
 }
 

@@ -73,6 +73,12 @@ void keepBars(QBSong& source, QBSong& made) {
   }
 }
 
+/// A song of slices is in step with its source only with as many chords.
+void keepWords(QBSong& source, QBSong& made) {
+  if (source.isOnBeats() || source.chords().size() == made.chords().size())
+    made.takeWordsOf(source);
+}
+
 }  // namespace
 
 QBSong* derived(QBSong& song, const SongCommand& command, Manner manner) {
@@ -93,6 +99,7 @@ void requireSound(const QBSong& song, const SongCommand& command) {
 }
 
 void keepTimes(QBSong& source, QBSong& made) {
+  keepWords(source, made);
   if (!made.measures().empty()) return;
   if (source.isOnBeats()) {
     keepBeats(source, made);

@@ -13,6 +13,7 @@
 #include "platform/persistence/UndoManager.h"
 #include "workflow/editing/BeatBars.h"
 #include "workflow/editing/NotWithin.h"
+#include "workflow/editing/words/AnchoredWords.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/SongInWork.h"
@@ -35,8 +36,10 @@ void SongEditor::edit(const platform::Phrase& title, const std::function<void()>
                       m_song->title());
   Edit edit(*m_song, title);
   if (kind) edit.setKind(*kind);
+  const AnchoredWords words(*m_song);
   work();
   m_song->forgetCaches();
+  words.putBack();
   if (m_song->chords().empty()) m_song->clearTabulature();
   edit.redraw();
   edit.save();

@@ -39,6 +39,7 @@ void putInPlace(QBSong& heard, QBSong& song) {
   heard.setDescr(song.descr());
   heard.setTempoRate(song.tempoRate());
   if (!song.practice().empty()) heard.setPractice(song.practice());
+  heard.takeWordsOf(song);
   heard.setAlbum(song.album());
   if (renamed || carried || !edited.empty()) redraw(heard);
   song.album()->deleteSong(&song);

@@ -14,7 +14,7 @@
 
 namespace korvel {
 RelaidSong::RelaidSong(QBSong& song)
-    : m_db(QBTabMgr::of(song)), m_song(song), m_edited(song), m_fingers(song) {
+    : m_db(QBTabMgr::of(song)), m_song(song), m_edited(song), m_fingers(song), m_words(song) {
   if (song.fromChord()) m_loopBegin = recordedSecondsOf(*song.fromChord());
   if (song.toChord()) m_loopEnd = recordedSecondsOf(*song.toChord());
 }
@@ -26,6 +26,7 @@ void RelaidSong::fillFrom(ChordSupply& supply) {
   take(supply);
   m_edited.putInto(m_song);
   m_fingers.putInto(m_song);
+  m_words.putBack();
   setLoop();
 }
 

@@ -5,6 +5,7 @@
 
 #include "workflow/editing/fingers/KeptFingers.h"
 #include "workflow/editing/rhythm/EditedChords.h"
+#include "workflow/editing/words/AnchoredWords.h"
 
 namespace korvel {
 
@@ -36,6 +37,7 @@ class RelaidSong {
   QBSong& m_song;
   EditedChords m_edited;
   KeptFingers m_fingers;
+  TimedWords m_words;
   std::optional<double> m_loopBegin;  ///< Seconds of the recording.
   std::optional<double> m_loopEnd;
 };
