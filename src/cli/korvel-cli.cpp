@@ -12,6 +12,9 @@
 #include "cli/commands/instruments/ListInstruments.h"
 #include "cli/commands/rhythm/ChordsOfFile.h"
 #include "cli/commands/rhythm/RhythmOfSong.h"
+#include "cli/commands/sheet/CapoOfSong.h"
+#include "cli/commands/sheet/LyricsOfSong.h"
+#include "cli/commands/sheet/SheetOfSong.h"
 #include "cli/commands/songs/Apply.h"
 #include "cli/commands/songs/CloneSong.h"
 #include "cli/commands/songs/DeleteSong.h"
@@ -59,6 +62,8 @@ void describe(cli::Command& tool) {
   cli::addTranscribe(tool);
   cli::addChordsOfFile(tool);
   cli::addShowSong(tool);
+  cli::addSheetOfSong(tool);
+  cli::addCapoOfSong(tool);
   cli::addDumpSong(tool);
   cli::addDeleteSong(tool);
   cli::addExport(tool);
@@ -72,6 +77,7 @@ void describe(cli::Command& tool) {
   cli::addCorrectSong(tool);
   cli::addNameChords(tool);
   cli::addFingerSong(tool);
+  cli::addLyricsOfSong(tool);
   cli::addLoopSong(tool);
   cli::addCloneSong(tool);
   cli::addRenameSong(tool);
