@@ -34,6 +34,7 @@
 #include "ui/dialogs/chords/NameDialog.h"
 #include "ui/dialogs/guides/EasyDialog.h"
 #include "ui/library/LibraryActions.h"
+#include "ui/library/TreeModel.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/sound/PlayerBar.h"
@@ -416,7 +417,8 @@ TEST_F(MainWindowTest, songIsHeardAgainAsWhatItWasHeardAs) {
       << m_window->statusMessage().toStdString();
   const auto hear = [&](const QString& title) {
     QMenu menu;
-    m_window->findChild<LibraryActions*>()->fillMenu(menu, *QBSession::session().activeSongNode());
+    const auto song = m_window->tree().model().nodeOf(m_window->tree().view().currentIndex());
+    m_window->findChild<LibraryActions*>()->fillMenu(menu, *song);
     ASSERT_NE(action(title, &menu), nullptr) << title.toStdString();
     action(title, &menu)->trigger();
     ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }, 20000));
