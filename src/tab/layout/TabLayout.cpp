@@ -126,6 +126,27 @@ void TabLayout::divide(const std::vector<int>& tops) {
   }
 }
 
+void TabLayout::makeRoom(int rows) {
+  const auto moved = [&](int row) {
+    const auto systems = std::ranges::upper_bound(m_systems, row, {}, &System::first);
+    return row + rows * static_cast<int>(systems - m_systems.begin());
+  };
+  for (Place& place : m_places) place.y = moved(place.y);
+  if (m_signs.tempo) m_signs.tempo->row = moved(m_signs.tempo->row);
+  for (auto system = m_systems.rbegin(); system != m_systems.rend(); ++system)
+    m_rows.insert(m_rows.begin() + system->first, static_cast<std::size_t>(rows), std::string());
+  for (int above = rows; System & system : m_systems) {
+    system = {system.first + above, system.top + above, system.end + above};
+    above += rows;
+  }
+  m_room = rows;
+}
+
+bool TabLayout::isRoom(int row) const {
+  const auto next = std::ranges::upper_bound(m_systems, row, {}, &System::first);
+  return next != m_systems.end() && row >= next->first - m_room;
+}
+
 const TabLayout::System* TabLayout::systemAt(int row) const {
   const auto after = std::ranges::upper_bound(m_systems, row, {}, &System::first);
   return after == m_systems.begin() ? nullptr : &*std::prev(after);

@@ -45,6 +45,12 @@ class TabLayout {
   /// The layout of any text; no chords are in it.
   explicit TabLayout(const std::string& text) { readText(text); }
 
+  /// Puts blank rows before each system, for what a view draws there. Once.
+  void makeRoom(int rows);
+  int room() const { return m_room; }
+  /// Whether a row is one of those.
+  bool isRoom(int row) const;
+
   /// The stored tablature, in rows of characters; drawn anew where it is older than the chords that
   /// it should show. All blanks at the ends of rows are left out.
   const std::vector<std::string>& rows() const { return m_rows; }
@@ -82,6 +88,7 @@ class TabLayout {
 
   std::vector<std::string> m_rows;
   int m_columns = 0;
+  int m_room = 0;
   std::vector<System> m_systems;
   std::vector<Place> m_places;
   std::vector<int> m_placeOfChord;  ///< Index of its place, -1 without one.

@@ -46,7 +46,8 @@ void appendRow(std::string& text, const std::string& row, const Columns& columns
 
 std::string textOf(const TabLayout& layout) {
   std::string text;
-  for (const std::string& row : layout.rows()) text += row + '\n';
+  for (std::size_t row = 0; row < layout.rows().size(); ++row)
+    if (!layout.isRoom(static_cast<int>(row))) text += layout.rows()[row] + '\n';
   return text;
 }
 

@@ -53,6 +53,12 @@ class Preferences {
   /// Family of the tablature's font; empty for the desktop's monospaced one.
   QString tabFont() const { return m_store.value("tab/font").toString(); }
   void setTabFont(const QString& family) { m_store.setValue("tab/font", family); }
+  /// Shapes of chords are drawn above the tablature.
+  bool showsDiagrams() const { return m_store.value("tab/diagrams").toBool(); }
+  void setShowsDiagrams(bool on) { m_store.setValue("tab/diagrams", on); }
+  /// Diagrams and the fretboard are those of a left hand's guitar.
+  bool leftHanded() const { return m_store.value("leftHanded").toBool(); }
+  void setLeftHanded(bool on) { m_store.setValue("leftHanded", on); }
   // Names of sound devices; empty for the system's default.
   QString output() const { return m_store.value("sound/output").toString(); }
   void setOutput(const QString& device) { m_store.setValue("sound/output", device); }

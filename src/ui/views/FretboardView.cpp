@@ -55,7 +55,8 @@ QFont bold(QFont font) {
 
 }  // namespace
 
-/// Where everything is. Fret 0 stands for the marks left of the nut.
+/// Where everything is. Fret 0 stands for the marks beyond the nut. Of a left-handed neck it is the
+/// mirror image.
 struct FretboardView::Neck {
   double line;  ///< Height of a line of text.
   double heading;
@@ -63,6 +64,7 @@ struct FretboardView::Neck {
   double marks;  ///< Middle of the marks of open and silent strings.
   QRectF board;
   int frets;
+  double mirror = 0;  ///< The width of the widget when its left is right.
 
   double spacing() const { return board.height() / kStrings; }
   double radius() const {
@@ -71,11 +73,17 @@ struct FretboardView::Neck {
   }
   double y(int string) const { return board.top() + (kStrings - 0.5 - string) * spacing(); }
   double wire(int fret) const { return board.left() + board.width() * shareOfFret(fret, frets); }
-  double x(int fret) const { return fret == 0 ? marks : (wire(fret - 1) + wire(fret)) / 2; }
+  double x(int fret) const { return seen(fret == 0 ? marks : (wire(fret - 1) + wire(fret)) / 2); }
   QRectF cell(int string, int fret) const {
     const double left = fret == 0 ? marks - line * 0.8 : wire(fret - 1);
     const double right = fret == 0 ? marks + line * 0.8 : wire(fret);
-    return {left, y(string) - spacing() / 2, right - left, spacing()};
+    return seen(QRectF(left, y(string) - spacing() / 2, right - left, spacing()));
+  }
+  /// What is there on the neck of a right hand, or the other way round.
+  double seen(double place) const { return mirror > 0 ? mirror - place : place; }
+  QRectF seen(const QRectF& rect) const {
+    return mirror > 0 ? QRectF(mirror - rect.right(), rect.top(), rect.width(), rect.height())
+                      : rect;
   }
 };
 
@@ -97,6 +105,11 @@ void FretboardView::setSong(QBSong* song) {
 
 void FretboardView::setFrets(int frets) {
   m_frets = frets > kFretsOfShortNeck ? kFretsOfLongNeck : kFretsOfShortNeck;
+  update();
+}
+
+void FretboardView::setLeftHanded(bool leftHanded) {
+  m_leftHanded = leftHanded;
   update();
 }
 
@@ -134,6 +147,7 @@ FretboardView::Neck FretboardView::neck() const {
   const double tall =
       std::clamp(room, kLowestSpacing * kStrings * line, kHighestSpacing * kStrings * line);
   neck.board = QRectF(left, top, std::max(1.0, width() - left - 2 * kMargin * line), tall);
+  if (m_leftHanded) neck.mirror = width();
   return neck;
 }
 
@@ -160,8 +174,9 @@ std::optional<FretboardView::Cell> FretboardView::cellAt(const QPointF& position
   if (position.y() < neck.board.top() || position.y() >= neck.board.bottom()) return std::nullopt;
   const int below = static_cast<int>((position.y() - neck.board.top()) / neck.spacing());
   const int string = std::clamp(kStrings - 1 - below, 0, kStrings - 1);
+  const double x = neck.seen(position.x());
   for (int fret = 0; fret <= neck.frets; ++fret)
-    if (position.x() < neck.wire(fret)) return Cell{string, fret};
+    if (x < neck.wire(fret)) return Cell{string, fret};
   return std::nullopt;
 }
 
@@ -200,11 +215,11 @@ void FretboardView::paintHeading(QPainter& painter, const Neck& neck) const {
 
 void FretboardView::paintFrets(QPainter& painter, const Neck& neck) const {
   const Shades shades(palette());
-  painter.fillRect(neck.board, mixed(shades.base, shades.text, 0.06));
+  painter.fillRect(neck.seen(neck.board), mixed(shades.base, shades.text, 0.06));
   for (int fret = 0; fret <= neck.frets; ++fret) {
     const double pen = fret == 0 ? std::max(4.0, neck.line / 4) : std::max(1.0, neck.line / 14);
     const double x = fret == 0 ? neck.wire(0) - pen : std::round(neck.wire(fret) - pen / 2);
-    painter.fillRect(QRectF(x, neck.board.top(), pen, neck.board.height()),
+    painter.fillRect(neck.seen(QRectF(x, neck.board.top(), pen, neck.board.height())),
                      fret == 0 ? shades.faintText : mixed(shades.base, shades.text, 0.35));
   }
 }
@@ -231,13 +246,15 @@ void FretboardView::paintInlays(QPainter& painter, const Neck& neck) const {
 void FretboardView::paintStrings(QPainter& painter, const Neck& neck) const {
   const Shades shades(palette());
   painter.setFont(bold(font()));
+  const auto outside = m_leftHanded ? Qt::AlignRight : Qt::AlignLeft;
   for (int string = 0; string < kStrings; ++string) {
     const double pen = std::max(1.0, neck.line / 16 * (1 + (kStrings - 1 - string) * 0.3));
-    painter.fillRect(QRectF(neck.board.left(), neck.y(string) - pen / 2, neck.board.width(), pen),
-                     shades.line);
+    const QRectF wound(neck.board.left(), neck.y(string) - pen / 2, neck.board.width(), pen);
+    painter.fillRect(neck.seen(wound), shades.line);
     painter.setPen(shades.text);
-    painter.drawText(QRectF(neck.names, neck.y(string) - neck.line, neck.line * 2, neck.line * 2),
-                     Qt::AlignLeft | Qt::AlignVCenter, m_words.note(string));
+    const QRectF name(neck.names, neck.y(string) - neck.line, neck.line * 2, neck.line * 2);
+    painter.drawText(neck.seen(name), static_cast<int>(outside | Qt::AlignVCenter),
+                     m_words.note(string));
   }
 }
 
@@ -249,7 +266,7 @@ void FretboardView::paintMarks(QPainter& painter, const Neck& neck) const {
   for (int string = 0; string < kStrings; ++string) {
     const auto isOpen = [&](const auto& tone) { return tone.string == string && tone.fret == 0; };
     if (m_grip.isPlayed(string) || std::ranges::any_of(m_grip.tones, isOpen)) continue;
-    const QPointF middle(neck.marks, neck.y(string));
+    const QPointF middle(neck.x(0), neck.y(string));
     painter.drawLine(middle + QPointF(-arm, -arm), middle + QPointF(arm, arm));
     painter.drawLine(middle + QPointF(-arm, arm), middle + QPointF(arm, -arm));
   }
@@ -318,15 +335,16 @@ void FretboardView::mousePressEvent(QMouseEvent* event) {
 }
 
 void FretboardView::keyPressEvent(QKeyEvent* event) {
+  const int towardsBridge = m_leftHanded ? -1 : 1;
   switch (event->key()) {
     case Qt::Key_Up:
       return moveCursor(m_string + 1, m_fret);
     case Qt::Key_Down:
       return moveCursor(m_string - 1, m_fret);
     case Qt::Key_Left:
-      return moveCursor(m_string, m_fret - 1);
+      return moveCursor(m_string, m_fret - towardsBridge);
     case Qt::Key_Right:
-      return moveCursor(m_string, m_fret + 1);
+      return moveCursor(m_string, m_fret + towardsBridge);
     case Qt::Key_Home:
       return moveCursor(m_string, 0);
     case Qt::Key_End:

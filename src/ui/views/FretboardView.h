@@ -16,8 +16,9 @@ class QBSong;
 namespace korvel::ui {
 
 /// The neck of a guitar with the grip of one chord on it: the highest string on top, the nut at the
-/// left. Dots carry the finger where the chord's left-hand pattern has one, else the note. Silenced
-/// tones are hollow. Has a cursor on one fret of one string; 0 is the open string.
+/// left unless it is a left hand's. Dots carry the finger where the chord's left-hand pattern has
+/// one, else the note. Silenced tones are hollow. Has a cursor on one fret of one string; 0 is the
+/// open string.
 class FretboardView final : public QWidget, public SpokenView {
   Q_OBJECT
 
@@ -30,6 +31,8 @@ class FretboardView final : public QWidget, public SpokenView {
   /// The frets that the neck has, 12 or 24; a grip further up shows more.
   void setFrets(int frets);
   int frets() const;
+  /// The nut at the right, as on the guitar of a left hand.
+  void setLeftHanded(bool leftHanded);
   int cursorString() const { return m_string; }
   int cursorFret() const { return m_fret; }
   /// Middle of a fret, or of the place of the open string's mark.
@@ -80,6 +83,7 @@ class FretboardView final : public QWidget, public SpokenView {
   ChordGrip m_grip;
   int m_chord = -1;
   int m_frets = 12;
+  bool m_leftHanded = false;
   int m_string = 5;
   int m_fret = 0;
 };

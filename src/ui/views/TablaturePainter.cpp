@@ -11,6 +11,7 @@
 #include "music/Neck.h"
 #include "tab/text/TabText.h"
 #include "ui/desktop/Text.h"
+#include "ui/views/grips/GripPicture.h"
 
 namespace korvel::ui {
 
@@ -23,7 +24,7 @@ void TablaturePainter::paint(QPainter& painter, const QRectF& wanted) const {
   const int first = std::clamp(m_canvas.rowAt(wanted.top()), 0, rows);
   const int end = std::clamp(m_canvas.rowAt(wanted.bottom()) + 1, 0, rows);
   const auto isVisible = [&](const TabLayout::System& system) {
-    return system.first < end && system.end >= first;
+    return system.first - m_shown.layout.room() < end && system.end >= first;
   };
   for (const auto& system : m_shown.layout.systems())
     if (isVisible(system)) paintGround(painter, system);
@@ -33,6 +34,29 @@ void TablaturePainter::paint(QPainter& painter, const QRectF& wanted) const {
   painter.setRenderHint(QPainter::Antialiasing);
   for (const auto& system : m_shown.layout.systems())
     if (isVisible(system)) paintMarks(painter, system);
+  for (const auto& system : m_shown.layout.systems())
+    if (isVisible(system)) paintGrips(painter, system);
+}
+
+/// Each above its chord, as large as the next one leaves it.
+void TablaturePainter::paintGrips(QPainter& painter, const TabLayout::System& system) const {
+  const int rows = m_shown.layout.room();
+  if (rows == 0) return;
+  constexpr double kShape = double(GripPicture::kSize.width()) / GripPicture::kSize.height();
+  double right = m_canvas.cells(m_shown.layout.columns(), 0, 0, 0).left();
+  painter.setPen(m_shades.text);
+  for (auto grip = m_shown.grips.rbegin(); grip != m_shown.grips.rend(); ++grip) {
+    const TabLayout::Place* place = m_shown.layout.placeOf(grip->chord);
+    if (!place || place->y != system.top) continue;
+    const QRectF cells = m_canvas.cells(place->x, system.first - rows, 1, rows);
+    const double width = std::min(cells.height() * kShape, right - cells.left());
+    right = cells.left();
+    // A smaller one could not be read.
+    if (width < cells.height() * kShape / 2) continue;
+    const double height = width / kShape;
+    GripPicture(grip->shape, m_shown.leftHanded)
+        .paint(painter, QRectF(cells.left(), cells.bottom() - height, width, height));
+  }
 }
 
 QString TablaturePainter::words(int row) const {

@@ -10,6 +10,7 @@
 #include "ui/views/DoubtMarks.h"
 #include "ui/views/Shades.h"
 #include "ui/views/TabCanvas.h"
+#include "ui/views/grips/StaffGrips.h"
 
 class QPainter;
 
@@ -32,6 +33,8 @@ class TablaturePainter {
     ChordSpan selection;
     int playing;
     const DoubtMarks& doubts;
+    const std::vector<StaffGrip>& grips;  ///< Drawn in the room that the layout has.
+    bool leftHanded;
   };
 
   TablaturePainter(const TabCanvas& canvas, const Shades& shades, const Shown& shown);
@@ -46,6 +49,7 @@ class TablaturePainter {
  private:
   QString words(int row) const;
   void addInactiveTones(QString& words, const TabLayout::System& system, int row) const;
+  void paintGrips(QPainter& painter, const TabLayout::System& system) const;
   void paintRuler(QPainter& painter, const TabLayout::System& system) const;
   void paintGround(QPainter& painter, const TabLayout::System& system) const;
   void paintMarks(QPainter& painter, const TabLayout::System& system) const;

@@ -32,6 +32,7 @@ constexpr double kMarginColumns = 1;
 constexpr double kMarginRows = 0.5;
 constexpr int kFewestColumns = 40;
 constexpr int kMostColumns = 400;
+constexpr int kRowsOfDiagrams = 4;
 /// Strings are drawn so far beyond the width of a system.
 constexpr int kColumnsBeyondWidth = 4;
 constexpr qsizetype kColumnsOfWords = 72;
@@ -85,8 +86,8 @@ void TablatureView::setActiveSong(QBSong* song) {
 }
 
 void TablatureView::refresh() {
-  m_width = columnsOfView();
-  m_layout = m_song ? TabLayout(*m_song, m_width) : TabLayout();
+  m_grips = m_song && m_showsDiagrams ? staffGripsOf(*m_song) : std::vector<StaffGrip>();
+  layOut();
   const int last = m_layout.chords() - 1;
   m_chord = std::min(m_chord, last);
   if (m_chord < 0) m_chord = m_layout.nextDrawn(-1).value_or(-1);
@@ -183,8 +184,13 @@ int TablatureView::columnsOfView() const {
 
 void TablatureView::fillWidth() {
   if (!m_song || columnsOfView() == m_width) return;
+  layOut();
+}
+
+void TablatureView::layOut() {
   m_width = columnsOfView();
-  m_layout = TabLayout(*m_song, m_width);
+  m_layout = m_song ? TabLayout(*m_song, m_width) : TabLayout();
+  if (!m_grips.empty()) m_layout.makeRoom(kRowsOfDiagrams);
 }
 
 TablatureView::Top TablatureView::top() const {
@@ -306,8 +312,9 @@ void TablatureView::paintEvent(QPaintEvent* event) {
   painter.fillRect(event->rect(), shades.base);
   if (m_layout.rows().empty()) return paintPlaceholder(painter);
   painter.translate(origin());
-  const TablaturePainter tab(m_canvas, shades,
-                             {m_layout, m_song, m_loop, m_selection, m_playing, m_doubts});
+  const TablaturePainter tab(
+      m_canvas, shades,
+      {m_layout, m_song, m_loop, m_selection, m_playing, m_doubts, m_grips, m_leftHanded});
   tab.paint(painter, QRectF(event->rect()).translated(-origin()));
   const QRectF cursor = cursorCells();
   if (cursor.isEmpty()) return;
@@ -342,6 +349,19 @@ void TablatureView::setPlaceholderText(const QString& text) {
 void TablatureView::setTabFamily(const QString& family) {
   m_family = family;
   remeasure();
+}
+
+void TablatureView::showDiagrams(bool shown) {
+  if (shown == m_showsDiagrams) return;
+  m_showsDiagrams = shown;
+  const Top before = top();
+  refresh();
+  showTop(before);
+}
+
+void TablatureView::setLeftHanded(bool leftHanded) {
+  m_leftHanded = leftHanded;
+  viewport()->update();
 }
 
 /// A scroll bar that comes or goes with it resizes the view in the middle.

@@ -12,6 +12,7 @@
 #include "ui/views/DoubtMarks.h"
 #include "ui/views/SpokenView.h"
 #include "ui/views/TabCanvas.h"
+#include "ui/views/grips/StaffGrips.h"
 #include "workflow/session/SessionViews.h"
 
 namespace korvel {
@@ -73,6 +74,9 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   /// The monospaced font to show and print in; its size at 100 % is the widget's own.
   void setTabFamily(const QString& family);
   QFont tabFont() const;
+  /// Whether shapes of the chords are drawn above the strings, and how.
+  void showDiagrams(bool shown);
+  void setLeftHanded(bool leftHanded);
   /// Where a chord is drawn, in coordinates of the viewport.
   QRect chordRect(int chord) const;
 
@@ -163,6 +167,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   // Geometry.
   void remeasure();
   int columnsOfView() const;
+  void layOut();
   void fillWidth();
   Top top() const;
   void showTop(const Top& top);
@@ -211,7 +216,10 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   ChordSpan m_loop;
   ChordSpan m_selection;
   DoubtMarks m_doubts;
-  int m_anchor = -1;  ///< Where the selection began.
+  bool m_showsDiagrams = false;
+  bool m_leftHanded = false;
+  std::vector<StaffGrip> m_grips;  ///< Of what the diagrams are; none while they are not shown.
+  int m_anchor = -1;               ///< Where the selection began.
   std::optional<QPoint> m_pressed;
   bool m_dragging = false;
   Typed m_typed;

@@ -29,6 +29,7 @@
 #include "ui/library/SongGuides.h"
 #include "ui/library/SongMenu.h"
 #include "ui/library/TreePanel.h"
+#include "ui/menus/DiagramSwitches.h"
 #include "ui/menus/DoubtMenu.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/menus/FileMenu.h"
@@ -80,6 +81,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_songMenu(new SongMenu(*m_guides, this)),
       m_albumMenu(new AlbumMenu(*m_actions, this)),
       m_recordingMenu(new RecordingMenu({m_player->mix(), *m_moments, *m_tablature}, this)),
+      m_diagrams(new DiagramSwitches(*m_tablature, *m_fretboard, this)),
       m_shown(new ShownSong(
           {*m_tablature, *m_fretboard, *m_roll, *m_editMenu, *m_player, *m_practice, *m_moments},
           this)),
@@ -238,6 +240,8 @@ void MainWindow::addViewMenu() {
   menu->addAction(tr("Zoom &In"), QKeySequence::ZoomIn, m_tablature, &TablatureView::zoomIn);
   menu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, m_tablature, &TablatureView::zoomOut);
   menu->addAction(tr("&Actual Size"), tr("Ctrl+0"), m_tablature, &TablatureView::resetZoom);
+  menu->addSeparator();
+  m_diagrams->addTo(*menu);
   menu->addSeparator();
   m_panels->addPlaces(*menu->addMenu(tr("&Go To")), *m_tablature);
   m_tree->addOrders(*menu->addMenu(tr("&Sort Library")));

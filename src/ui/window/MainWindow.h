@@ -21,6 +21,7 @@ namespace korvel::ui {
 
 class AlbumMenu;
 class Arrivals;
+class DiagramSwitches;
 class EditMenu;
 class FileMenu;
 class FindBar;
@@ -136,14 +137,15 @@ class MainWindow final : public QMainWindow, public SongView {
   SongMenu* m_songMenu;
   AlbumMenu* m_albumMenu;
   RecordingMenu* m_recordingMenu;
+  DiagramSwitches* m_diagrams;
   ShownSong* m_shown;
   Arrivals* m_arrivals;
   QVBoxLayout* m_centre = nullptr;
   std::optional<Panels> m_panels;
   DesktopScheme m_scheme;
   bool m_isOver = false;  ///< What the next start goes on with is told already.
-  QLabel* m_heard;   ///< Which song plays.
-  QLabel* m_doubts;  ///< How much of the song that is shown is left to be looked at.
+  QLabel* m_heard;        ///< Which song plays.
+  QLabel* m_doubts;       ///< How much of the song that is shown is left to be looked at.
   QLabel* m_place;
 };
 

@@ -42,6 +42,14 @@ TEST_F(FretboardViewTest, everyFretIsReachedByMouseAndByKeys) {
         QTest::mouseClick(&m_view, Qt::LeftButton, {}, m_view.placeOf(string, fret));
         ASSERT_EQ(clicked.last(), (QVariantList{string, fret}));
       }
+  m_view.setLeftHanded(true);
+  const QPoint openString = m_view.placeOf(0, 0);
+  EXPECT_GT(openString.x(), m_view.placeOf(0, 1).x()) << "the nut at the right";
+  QTest::mouseClick(&m_view, Qt::LeftButton, {}, m_view.placeOf(2, 3));
+  EXPECT_EQ(clicked.last(), (QVariantList{2, 3}));
+  press(Qt::Key_Left);
+  EXPECT_EQ(m_view.cursorFret(), 4);
+  m_view.setLeftHanded(false);
   m_view.moveCursor(3, 1);
   for (const int key : {Qt::Key_Right, Qt::Key_Up, Qt::Key_Space}) press(key);
   EXPECT_EQ(clicked.last(), (QVariantList{4, 2}));

@@ -221,6 +221,30 @@ TEST_F(TablatureViewTest, rowsFillTheWidthAndTheTopStays) {
   EXPECT_EQ(rowsOf(500), narrow);
 }
 
+TEST_F(TablatureViewTest, diagramsStandAboveTheStaffAndNotInItsText) {
+  m_view.setActiveSong(test::beatSong(
+      m_store.song("Shapes"), "Am:x02210 w | w | C:x3xxxx q xx2xxx q xxx0xx h | G:320003 w |"));
+  const QString text = m_view.selectedText();
+  m_view.moveCursor(5, 0);
+  const QRect plain = m_view.chordRect(5);
+  m_view.showDiagrams(true);
+  const QRect moved = m_view.chordRect(5);
+  EXPECT_GT(moved.top(), plain.top()) << "to make room";
+  EXPECT_EQ(m_view.selectedText(), text);
+  click(5);
+  EXPECT_EQ(m_view.cursorChord(), 5);
+  const auto grips = staffGripsOf(*m_view.song());
+  ASSERT_EQ(grips.size(), 3U) << "where the name changes";
+  EXPECT_EQ(shorthandOf(grips[0].shape), "x02210");
+  EXPECT_EQ(shorthandOf(grips[1].shape), "x32010") << "broken chords in their easiest shape";
+  EXPECT_EQ(grips[2].chord, 5);
+  const QImage right = m_view.grab().toImage();
+  m_view.setLeftHanded(true);
+  EXPECT_NE(m_view.grab().toImage(), right);
+  m_view.showDiagrams(false);
+  EXPECT_EQ(m_view.chordRect(5), plain);
+}
+
 TEST_F(TablatureViewTest, pdfAppearsWholeOrNotAtAll) {
   const std::string file = m_store.folder().file("waltz.pdf");
   savePdf(*m_song, m_view.tabFont(), file);
