@@ -389,6 +389,10 @@
         <source>it sounds like one guitar: its notes were heard</source>
         <translation>es klingt nach einer einzelnen Gitarre: ihre Töne wurden gehört</translation>
     </message>
+    <message>
+        <source>Lyrics changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Message</name>
@@ -1107,6 +1111,10 @@
     <message>
         <source>%1: nothing is read in the metre that it was laid into; change the rhythm of the song that it was made from</source>
         <translation>%1: In der Taktart, in die er gelegt wurde, lässt sich nichts lesen; ändere den Rhythmus des Songs, aus dem er entstand</translation>
+    </message>
+    <message>
+        <source>line %1 of the words is for a bar that there is not: the last one is %2. Put the number of a bar and a colon in front of a line to say where it belongs</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2466,6 +2474,10 @@
         <source>Finger Anew</source>
         <translation>Fingersatz neu wählen</translation>
     </message>
+    <message>
+        <source>Change Lyrics</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -2710,6 +2722,17 @@
     <message>
         <source>hand near fret %1 from here</source>
         <translation>ab hier Hand am Bund %1</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::DiagramSwitches</name>
+    <message>
+        <source>Chord Diagrams</source>
+        <translation>Akkorddiagramme</translation>
+    </message>
+    <message>
+        <source>Left-Handed Diagrams and Fretboard</source>
+        <translation>Diagramme und Griffbrett für Linkshänder</translation>
     </message>
 </context>
 <context>
