@@ -417,8 +417,7 @@ TEST_F(MainWindowTest, songIsHeardAgainAsWhatItWasHeardAs) {
       << m_window->statusMessage().toStdString();
   const auto hear = [&](const QString& title) {
     QMenu menu;
-    const auto song = m_window->tree().model().nodeOf(m_window->tree().view().currentIndex());
-    m_window->findChild<LibraryActions*>()->fillMenu(menu, *song);
+    m_window->findChild<LibraryActions*>()->fillMenu(menu, *QBSession::session().activeSongNode());
     ASSERT_NE(action(title, &menu), nullptr) << title.toStdString();
     action(title, &menu)->trigger();
     ASSERT_TRUE(QTest::qWaitFor([] { return ImportDesk::running().empty(); }, 20000));

@@ -70,8 +70,18 @@ class BeatWriter {
     if (setting == "swing") m_song->setSwing(value);
   }
 
+  /// With the tones of those that are triads, too.
+  static QBHarmony* harmonyOf(const std::string& type) {
+    QBHarmony* harmony = QBTabMgr::db().createHarmony(type, 1);
+    if (!type.empty() && type != "m") return harmony;
+    int order = 0;
+    for (const int step : {0, type.empty() ? 4 : 3, type.empty() ? 3 : 4})
+      harmony->addStep(order++, step);
+    return harmony;
+  }
+
   void name(const std::string& root, const std::string& type) {
-    m_harmony = root.empty() ? nullptr : QBTabMgr::db().createHarmony(type, 1);
+    m_harmony = root.empty() ? nullptr : harmonyOf(type);
     if (root.empty()) return;
     static constexpr int kNotes[] = {9, 11, 0, 2, 4, 5, 7};
     const int shift = root.size() == 1 ? 0 : root[1] == '#' ? 1 : -1;
