@@ -14,6 +14,7 @@
 #include "cli/commands/rhythm/RhythmOfSong.h"
 #include "cli/commands/sheet/CapoOfSong.h"
 #include "cli/commands/sheet/LyricsOfSong.h"
+#include "cli/commands/sheet/ReadSheet.h"
 #include "cli/commands/sheet/SheetOfSong.h"
 #include "cli/commands/songs/Apply.h"
 #include "cli/commands/songs/CloneSong.h"
@@ -64,6 +65,7 @@ void describe(cli::Command& tool) {
   cli::addShowSong(tool);
   cli::addSheetOfSong(tool);
   cli::addCapoOfSong(tool);
+  cli::addReadSheet(tool);
   cli::addDumpSong(tool);
   cli::addDeleteSong(tool);
   cli::addExport(tool);

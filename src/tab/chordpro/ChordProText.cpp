@@ -6,6 +6,9 @@
 #include <charconv>
 #include <cmath>
 #include <string_view>
+#include <utility>
+
+#include "music/Ticks.h"
 
 namespace korvel {
 namespace {
@@ -137,10 +140,14 @@ int cellsOfBeat(const PageSection& section) {
 }
 
 std::string cellsOf(const PageBar& bar, int ofBeat) {
-  std::vector<std::string> cells(
-      static_cast<std::size_t>(std::max(1L, std::lround(bar.beats * ofBeat))), ".");
-  for (const PageChord& chord : bar.chords)
-    cells.at(static_cast<std::size_t>(std::lround(chord.beat * ofBeat))) = nameIn(chord);
+  // Nothing sounds before a pick-up.
+  const double whole = static_cast<double>(ticksOfBar(bar.beat, bar.beattype)) / kTicksOfBeat;
+  const double before = bar.number == 0 ? std::max(0.0, whole - bar.beats) : 0;
+  const auto at = [&](double beat) {
+    return static_cast<std::size_t>(std::max(0L, std::lround((before + beat) * ofBeat)));
+  };
+  std::vector<std::string> cells(std::max<std::size_t>(1, at(bar.beats)), ".");
+  for (const PageChord& chord : bar.chords) cells.at(at(chord.beat)) = nameIn(chord);
   std::string text;
   for (const std::string& cell : cells) text += ' ' + cell;
   return text;

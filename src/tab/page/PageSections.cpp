@@ -123,7 +123,8 @@ class Folding {
     for (std::size_t a = 0; a < m_parts.size(); ++a)
       for (std::size_t b = a; b < m_parts.size(); ++b)
         if (m_parts[a].times == 1 && m_parts[b].times == 1) findCommon(a, b, best);
-    if (best.count < kBarsOfLine) return false;
+    best.count -= best.count % kBarsOfLine;  // sections are whole lines
+    if (best.count == 0) return false;
     cutAt(best.second, best.count);
     cutAt(best.first, best.count);
     return true;

@@ -20,7 +20,7 @@ std::string rightAligned(const std::string& text, std::size_t width) {
   return std::string(text.size() < width ? width - text.size() : 0, ' ') + text;
 }
 
-std::string lineOf(const CapoChoice& choice, bool isBest) {
+std::string capoLine(const CapoChoice& choice, bool isBest) {
   std::string line = isBest ? "* " : "  ";
   line += choice.fret == 0 ? "no capo" : "fret " + std::to_string(choice.fret) + ' ';
   line += rightAligned(std::to_string(std::lround(100 * choice.open)), 5) + " % open";
@@ -37,7 +37,7 @@ void printCapos(const std::string& name) {
     throw CliError(fullTitle(song) + ": no chord of it has a name; name its chords first");
   const int best = bestCapo(table);
   for (const CapoChoice& choice : table)
-    Console::attached().printLine(lineOf(choice, choice.fret == best));
+    Console::attached().printLine(capoLine(choice, choice.fret == best));
 }
 
 }  // namespace

@@ -85,7 +85,7 @@ std::string gripLines(const SongPage& page) {
   return text;
 }
 
-void write(const SheetOptions& options, const SongPage& page) {
+void writeSheet(const SheetOptions& options, const SongPage& page) {
   OutputFile::requireDifferent({options.chordPro, options.text});
   std::vector<std::pair<OutputFile, std::string>> files;
   if (options.chordPro)
@@ -103,7 +103,7 @@ void makeSheet(const SheetOptions& options) {
   if (page.isEmpty())
     throw CliError(fullTitle(song) + ": no chord of it has a name; name its chords first");
   if (options.grips) return Console::attached().printText(gripLines(page));
-  if (options.chordPro || options.text) return write(options, page);
+  if (options.chordPro || options.text) return writeSheet(options, page);
   Console::attached().printText(pageText(page));
 }
 
