@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/exchange/TrackNotes.h"
+
+#include <algorithm>
+
+#include "exchange/Piece.h"
+#include "fingering/Fingering.h"
+#include "music/Pitch.h"
+
+namespace korvel {
+namespace {
+
+using fingering::FingeringOptions;
+using fingering::Settled;
+
+constexpr int kUsualVelocity = 80;
+/// A note of that velocity, which is as loud as most of a recording are.
+constexpr float kUsualAmplitude = 0.1F;
+constexpr double kShortest = 0.001;  // seconds
+/// Thirty-seconds are just not taken for one strum then.
+constexpr double kFastestWritten = 140;
+
+OpenPitches pitchesOf(const std::vector<int>& open) {
+  OpenPitches pitches{};
+  std::ranges::copy_n(open.begin(), kStrings, pitches.begin());
+  return pitches;
+}
+
+bool isOfSix(const exchange::Track& track) { return track.open.size() == kStrings; }
+
+float strengthOf(int velocity) {
+  return static_cast<float>(velocity > 0 ? velocity : kUsualVelocity) / kUsualVelocity;
+}
+
+}  // namespace
+
+TrackNotes::TrackNotes(const exchange::Piece& piece, const exchange::Track& track, Times times,
+                       const Guitar& guitar)
+    : m_track(track),
+      m_time(piece, times == Times::written ? kFastestWritten : PieceTime::kFastest),
+      m_open(guitar.open.value_or(isOfSix(track) ? pitchesOf(track.open) : guitar.usual)),
+      m_keepsPlaces(track.open.empty() || (isOfSix(track) && pitchesOf(track.open) == m_open)),
+      m_options(guitar.fingering) {
+  if (isOfSix(track) || track.capo > 0) m_options.capo = track.capo;
+  m_options.capo = std::clamp(m_options.capo, 0, FingeringOptions::kHighestCapo);
+  readNotes();
+}
+
+void TrackNotes::readNotes() {
+  m_notes.reserve(m_track.notes.size());
+  for (const exchange::Note& played : m_track.notes) {
+    fingering::Note note;
+    note.onset = m_time.secondsOf(static_cast<double>(played.at));
+    note.end = std::max(m_time.secondsOf(static_cast<double>(played.at + played.length)),
+                        note.onset + kShortest);
+    note.pitch = played.pitch;
+    note.strength = strengthOf(played.velocity);
+    note.amplitude = kUsualAmplitude * note.strength;
+    bringOntoNeck(note);
+    m_notes.push_back(note);
+  }
+}
+
+void TrackNotes::bringOntoNeck(fingering::Note& note) {
+  const int lowest = std::ranges::min(m_open) + m_options.capo;
+  const int highest = std::ranges::max(m_open) + FingeringOptions::kMostFrets;
+  const int pitch = note.pitch;
+  while (note.pitch < lowest) note.pitch += kNotesPerOctave;
+  while (note.pitch > highest) note.pitch -= kNotesPerOctave;
+  if (note.pitch != pitch) ++m_left["notes moved by octaves"];
+}
+
+/// The pitch is what is heard; a string that cannot sound it is not the one that was meant. Of
+/// strings that the file does not tune the fret has to be right, too.
+std::optional<int> TrackNotes::stringOf(std::size_t note) const {
+  const int string = m_track.notes[note].string;
+  if (!m_keepsPlaces || string < 0 || string >= kStrings) return std::nullopt;
+  const int fret = m_notes[note].pitch - m_open[static_cast<std::size_t>(string)];
+  if (fret < m_options.capo || fret > FingeringOptions::kMostFrets) return std::nullopt;
+  if (m_track.open.empty() && fret != m_track.notes[note].fret + m_options.capo)
+    return std::nullopt;
+  return string;
+}
+
+platform::Slices TrackNotes::placing() {
+  Settled settled;
+  bool areAllTold = true;
+  for (std::size_t i = 0; i < m_notes.size(); ++i) {
+    const std::optional<int> string = stringOf(i);
+    areAllTold = areAllTold && string;
+    settled.strings.push_back(string.value_or(Settled::kAnyString));
+    takeString(m_notes[i], settled.strings.back());
+    m_options.frets =
+        std::max({m_options.frets, m_notes[i].fret, m_notes[i].pitch - std::ranges::max(m_open)});
+  }
+  if (areAllTold) co_return;
+  const fingering::Fingering fingering(m_open, m_options);
+  platform::Slices placing = fingering.placing(m_notes, settled);
+  while (placing.next()) co_yield placing.done();
+  for (std::size_t i = 0; i < m_notes.size(); ++i) {
+    takeString(m_notes[i], settled.strings[i]);
+    if (m_notes[i].string < 0) ++m_left["notes that no hand could play with the others"];
+  }
+}
+
+void TrackNotes::takeString(fingering::Note& note, int string) const {
+  if (string == Settled::kAnyString) return;
+  note.string = string;
+  note.fret = note.pitch - m_open[static_cast<std::size_t>(string)];
+}
+
+}  // namespace korvel

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/exchange/PieceImport.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <regex>
+#include <sstream>
+
+#include "model/songs/SongTime.h"
+#include "platform/text/UserError.h"
+#include "support/RecordingViews.h"
+#include "support/store/StandardStore.h"
+
+namespace korvel::test {
+namespace {
+
+using exchange::Piece;
+using exchange::Track;
+
+std::int64_t grains(double quarters) {
+  return std::llround(quarters * static_cast<double>(exchange::kGrainsOfQuarter));
+}
+
+/// Words such as "1+.5:64@5.0": at the second quarter, an eighth long, pitch 64 on string 5, fret
+/// 0.
+Track track(const std::string& name, const std::string& notes, std::vector<int> open = {}) {
+  Track made;
+  made.name = name;
+  made.open = std::move(open);
+  std::istringstream words(notes);
+  for (std::string word; words >> word;) {
+    double at = 0, length = 0;
+    exchange::Note note;
+    std::sscanf(word.c_str(), "%lf+%lf:%d@%d.%d", &at, &length, &note.pitch, &note.string,
+                &note.fret);
+    note.at = grains(at);
+    note.length = grains(length);
+    made.notes.push_back(note);
+  }
+  return made;
+}
+
+/// Time signatures from 0 on; the first bar as long as that says, or as so many quarters.
+std::vector<exchange::Bar> bars(const std::vector<std::pair<int, int>>& signatures,
+                                double pickUp = 0) {
+  std::vector<exchange::Bar> all;
+  std::int64_t at = 0;
+  for (const auto& [beats, type] : signatures) {
+    const double length = all.empty() && pickUp > 0 ? pickUp : beats * 4.0 / type;
+    all.push_back({at, grains(length), beats, type});
+    at += grains(length);
+  }
+  return all;
+}
+
+class PieceImportTest : public testing::Test {
+ protected:
+  /// The tablature, and what the log said before the last line.
+  std::string imported(const Piece& piece, const PieceChoices& choices = {}) {
+    m_views.log.clear();
+    PieceImport command("Song.mid", piece, choices);
+    command.run();
+    m_song = command.song();
+    std::string log;
+    for (std::size_t i = 0; i + 1 < m_views.log.size(); ++i) log += m_views.log[i] + '\n';
+    static const std::regex ends(" +\n");
+    return '\n' + std::regex_replace(m_song->tabulature(), ends, "\n") + log;
+  }
+  static std::string refusal(const Piece& piece, const PieceChoices& choices = {}) {
+    try {
+      PieceImport("Song.mid", piece, choices).run();
+    } catch (const platform::UserError& error) {
+      return error.what();
+    }
+    return "";
+  }
+
+  StandardStore m_store;
+  RecordingViews m_views;
+  platform::Ref<QBSong> m_song;
+};
+
+TEST_F(PieceImportTest, barsPlacesAndNamesAreThoseOfTheFile) {
+  for (const char* type : {"", "m", "7"}) QBTabMgr::db().createHarmony(type, 0);
+  QBTabMgr::db().loadHarmonies();
+  Piece piece;
+  piece.artist = "Anybody";
+  piece.key = exchange::Key{7, false};
+  piece.bars = bars({{3, 4}, {3, 4}, {6, 8}, {7, 8}}, 1);
+  piece.tracks = {track("Guitar",
+                        "0+.5:62@4.3 .5+.5:64@5.0 1+3:43@0.3 2+1:55@3.0 3+1:59@4.0 "
+                        "4+1.5:64@5.0 5.5+.5:62@4.3 6+.5:60@4.1 7+.5:43@0.3 9.5+1:67@5.3")};
+  piece.tracks[0].names = {{grains(1), "G"}, {grains(4.5), "Em/B"}, {grains(7), "D7x"}};
+  EXPECT_EQ(imported(piece), R"(
+    Recorded by Korvel
+
+
+ |E---- ------0--------|
+ |B---- -3-------------|
+ |G---- ---------------|
+ |D---- ---------------|
+ |A---- ---------------|
+ |E---- ---------------|
+         |    |
+         -    -
+
+         3 .  + .
+
+        G
+ |E---- ----------------------------------------|
+ |B---- ---------------------------0------------|
+ |G---- --------------0-------------------------|
+ |D---- ----------------------------------------|
+ |A---- ----------------------------------------|
+ |E---- -3--------------------------------------|
+         |            |            |
+
+
+         1 . + .      2 . + .      3 . + .
+
+             Em
+ |E---- -0------------------------------------|
+ |B---- -------------------3----1-------------|
+ |G---- --------------------------------------|
+ |D---- --------------------------------------|
+ |A---- --------------------------------------|
+ |E---- --------------------------------------|
+         |    |            |    |    r
+         -                 -    -    -
+
+         1 .  2 . 3 .      4 .  5 .  6 .
+
+
+ |E---- -----------------------3--------|
+ |B---- --------------------------------|
+ |G---- --------------------------------|
+ |D---- --------------------------------|
+ |A---- --------------------------------|
+ |E---- -3------------------------------|
+         |    r   r       r    |
+         -    -           -
+not kept as it was: basses of chords (1), names of chords that the chord book does not have (1)
+)");
+  EXPECT_EQ(m_song->album()->name(), "Anybody");
+  EXPECT_EQ(m_song->key(), 7);
+  EXPECT_EQ(m_song->tuning(), m_store.standard());
+}
+
+/// What no string has comes onto the neck, two notes of a string do not meet at a tick, and tempi
+/// that change become the times of chords.
+TEST_F(PieceImportTest, whatASongCannotHaveIsCountedNotLost) {
+  Piece piece;
+  piece.title = " Fast\nand loose ";
+  piece.left = {{"slides", 2}};
+  piece.bars = bars({{4, 4}, {4, 4}});
+  piece.tempos = {{0, 60}, {grains(4), 120}};
+  piece.tracks = {track("Drums", "0+1:36"), track("Low", "0+1:28"),
+                  track("Open G", "0+.95:38@0.0 1+.05:55@3.0 1.05+.45:57@3.2 2+.5:20 4+4:62@5.0",
+                        {38, 43, 50, 55, 59, 62})};
+  piece.tracks[0].isDrums = true;
+  EXPECT_EQ(imported(piece), R"(
+    Recorded by Korvel
+
+
+ |D---- -----------------------------------------------------|
+ |B---- -----------------------------------------------------|
+ |G---- --------------0--2-----------------------------------|
+ |D---- -----------------------------------------------------|
+ |G---- -------------------------------1---------------------|
+ |D---- -0---------------------------------------------------|
+         |            |  |   |r        |    r   r
+                      -  -   --.       -    -
+                      -3  3  -33
+         1 . + .      2  2 .  + .      3 .  + . 4 . + .
+
+
+ |D---- -0------------------------------------|
+ |B---- --------------------------------------|
+ |G---- --------------------------------------|
+ |D---- --------------------------------------|
+ |G---- --------------------------------------|
+ |D---- --------------------------------------|
+         o
+
+
+         1 . + . 2 . + . 3 . + . 4 . + .
+track 3 Open G is imported; there are also 1 Drums, 2 Low
+not kept as it was: notes moved by octaves (1), notes moved to the nearest twelfth of a beat (1), slides (2)
+)");
+  EXPECT_EQ(m_song->title() + ',' + m_song->tuning()->descr(), "Fast and loose,D2 G2 D3 G3 B3 D4");
+  EXPECT_EQ(SongTime(*m_song).secondsOf(72), 5);
+
+  const PieceChoices standard{.track = "3", .tuning = m_store.standard()};
+  imported(piece, standard);
+  EXPECT_EQ(fretsOf(*m_song), "xx0xxx xx5xxx xxx2xx xxxxxx 4xxxxx xxxxxx xxxx3x ");
+}
+
+TEST_F(PieceImportTest, notesThatWerePlayedFreelyAreReadAsARecordingIs) {
+  std::string notes;
+  for (int i = 0; i < 32; ++i)  // eighths at 75, in a file that knows 120
+    notes += std::to_string(.13 + i * .8 + .02 * (i % 3)) +
+             "+.7:" + std::to_string(52 + i % 4 * 3) + ' ';
+  Piece piece;
+  piece.tracks = {track("Guitar", notes)};
+  imported(piece, {.manner = PieceManner::asPlayed});
+  EXPECT_NEAR(m_song->tempo(), 75, 1);
+  imported(piece, {.manner = PieceManner::asWritten});
+  EXPECT_EQ(m_song->tempo(), 120);
+}
+
+TEST_F(PieceImportTest, aTrackThatIsNoneOfAGuitarIsRefusedAndNothingStays) {
+  Piece piece;
+  piece.tracks = {track("Bass", "0+1:28@0.0", {28, 33, 38, 43}), track("Kit", "0+1:36")};
+  piece.tracks[1].isDrums = true;
+  EXPECT_EQ(refusal(piece),
+            "Song.mid: track 1 Bass is for 4 strings, and songs are for six; choose another one, "
+            "or have it fitted to six strings");
+  EXPECT_EQ(refusal(piece, {.track = "Lead"}),
+            "Song.mid: has no track \"Lead\"; it has 1 Bass, 2 Kit");
+  EXPECT_EQ(refusal(piece, {.track = "2"}),
+            "Song.mid: track 2 Kit is played by drums; choose another one");
+  EXPECT_TRUE(QBTabMgr::db().albums().empty());
+  imported(piece, {.fitsStrings = true});
+  EXPECT_EQ(fretsOf(*m_song), "0xxxxx xxxxxx ");
+  QBSession::session().undo();
+  EXPECT_TRUE(QBTabMgr::db().albums().empty());
+}
+
+}  // namespace
+}  // namespace korvel::test
