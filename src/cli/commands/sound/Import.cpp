@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/sound/Import.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,6 +12,7 @@
 
 #include "analysis/HearingSettings.h"
 #include "analysis/chords/Listening.h"
+#include "cli/commands/sound/ImportPiece.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
@@ -17,6 +20,7 @@
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/SongChoice.h"
 #include "cli/support/choices/TuningChoice.h"
+#include "exchange/Formats.h"
 #include "export/SongJson.h"
 #include "model/instruments/QBTuning.h"
 #include "model/songs/QBAlbum.h"
@@ -49,7 +53,10 @@ struct ImportOptions {
   bool json = false;
   bool keepRecording = false;
   bool stepped = false;  ///< Through the run loop's timer, as a window does it.
+  PieceChoices piece;    ///< For files of other programs.
 };
+
+bool isPiece(const std::string& file) { return exchange::formatOfFile(file).has_value(); }
 
 void run(QBCmdImportSong& command, bool stepped) {
   command.onProgress([](double share) { Console::attached().progress(share); });
@@ -90,11 +97,31 @@ platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string
   return made.song();
 }
 
+/// A file of another program has strings of its own, unless the user wants others.
+platform::Ref<QBSong> songOfPiece(const ImportOptions& options, const std::string& file,
+                                  QBTuning* tuning) {
+  PieceChoices choices = options.piece;
+  if (options.tuning) choices.tuning = tuning;
+  choices.fingering = options.settings.fingering;
+  choices.rhythm = options.settings.rhythm;
+  choices.album = options.album;
+  choices.title = options.title;
+  return importPiece(file, choices, options.stepped);
+}
+
 /// Only what is heard as a whole can be heard before it is its turn. A single file needs nothing.
-std::optional<ListeningAhead> aheadOf(const ImportOptions& options, QBTuning* tuning) {
-  if (!options.detection->canBeAhead || options.files.size() < 2) return {};
+std::optional<ListeningAhead> aheadOf(const ImportOptions& options,
+                                      const std::vector<std::string>& recordings,
+                                      QBTuning* tuning) {
+  if (!options.detection->canBeAhead || recordings.size() < 2) return {};
   const OpenPitches open = tuning ? tuning->openStrings().pitches() : kStandardPitches;
-  return std::make_optional<ListeningAhead>(options.files, open, options.settings);
+  return std::make_optional<ListeningAhead>(recordings, open, options.settings);
+}
+
+std::vector<std::string> recordingsOf(const ImportOptions& options) {
+  std::vector<std::string> recordings;
+  std::ranges::remove_copy_if(options.files, std::back_inserter(recordings), isPiece);
+  return recordings;
 }
 
 /// The line for a file that could not be imported names it, whatever went wrong.
@@ -113,15 +140,18 @@ void printSongs(const ImportOptions& options, const std::vector<QBSong*>& songs)
 /// A file that cannot be imported is reported and leaves nothing behind; the others go on. Answers
 /// the exit status.
 int importFiles(const ImportOptions& options) {
-  requireInstrumentFor(*options.detection);
+  const std::vector<std::string> recordings = recordingsOf(options);
+  if (!recordings.empty()) requireInstrumentFor(*options.detection);
   QBTuning* tuning =
       options.tuning ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
-  std::optional<ListeningAhead> ahead = aheadOf(options, tuning);
+  std::optional<ListeningAhead> ahead = aheadOf(options, recordings, tuning);
   std::vector<platform::Ref<QBSong>> songs;
   int status = EXIT_SUCCESS;
   for (const std::string& file : options.files) {
     try {
-      songs.push_back(importFile(options, file, tuning, ahead ? ahead->next() : nullptr));
+      songs.push_back(isPiece(file)
+                          ? songOfPiece(options, file, tuning)
+                          : importFile(options, file, tuning, ahead ? ahead->next() : nullptr));
     } catch (const std::exception& error) {
       Console::attached().error(problemOf(file, error));
       status = EXIT_FAILURE;
@@ -130,6 +160,21 @@ int importFiles(const ImportOptions& options) {
     if (!options.json) Console::attached().printText(songs.back()->tabulature());
   }
   if (options.json) printSongs(options, {songs.begin(), songs.end()});
+  return status;
+}
+
+/// Of recordings there is nothing to say.
+int listTracks(const ImportOptions& options) {
+  int status = EXIT_SUCCESS;
+  for (const std::string& file : options.files) {
+    try {
+      if (options.files.size() > 1) Console::attached().printLine(file + ':');
+      printTracks(file);
+    } catch (const std::exception& error) {
+      Console::attached().error(problemOf(file, error));
+      status = EXIT_FAILURE;
+    }
+  }
   return status;
 }
 
@@ -147,14 +192,20 @@ void requireWholeFor(const Command& command, const ImportOptions& options) {
 
 void addImport(Command& tool) {
   Command& command =
-      tool.command("import", "Import recordings, store them and print their tablature");
+      tool.command("import",
+                   "Import recordings and files of other programs, store them and print "
+                   "their tablature");
   auto& options = command.own<ImportOptions>();
-  command.option("FILE", options.files, "Sound files").required().shownAs("");
+  command
+      .option("FILE", options.files, "Sound files, tablature as text, MIDI, MusicXML, Guitar Pro")
+      .required()
+      .shownAs("");
   command.option("--album", options.album, "Album for the songs (default: one for each file)");
   command.option("--title", options.title, "Title of the song (default: after the file)");
   command.option("--tuning", options.tuning, "Tuning of the guitar, such as \"Drop D\"");
   addDetectionFlags(command, options.detection, options.settings);
   addPlayersFlag(command, options.settings);
+  addPieceFlags(command, options.piece);
   command.flag("--json", options.json, "Print the song as JSON");
   command.flag("--keep-recording", options.keepRecording,
                "Keep a copy of the recording beside the store, as FLAC");
@@ -166,7 +217,9 @@ void addImport(Command& tool) {
     if (options.title == "" || options.album == "")
       throw UsageError("--title and --album", "take a name");
   });
-  command.does([&options] { return importFiles(options); });
+  command.does([&options] {
+    return listsTracks(options.piece) ? listTracks(options) : importFiles(options);
+  });
 }
 
 }  // namespace korvel::cli
