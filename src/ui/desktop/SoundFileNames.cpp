@@ -3,6 +3,9 @@
 
 #include <QCoreApplication>
 
+#include "exchange/Formats.h"
+#include "ui/desktop/Text.h"
+
 namespace korvel::ui {
 
 QStringList soundFilePatterns() {
@@ -10,10 +13,26 @@ QStringList soundFilePatterns() {
           "*.aif", "*.aiff", "*.wma", "*.mp4", "*.mkv", "*.mov", "*.webm"};
 }
 
+QStringList pieceFilePatterns(bool withTexts) {
+  QStringList patterns;
+  for (const std::string_view ending : exchange::endingsOfPieces())
+    if (withTexts || (ending != "txt" && ending != "xml")) patterns.append("*." + toText(ending));
+  return patterns;
+}
+
 QString soundFileFilter() {
   return QCoreApplication::translate("SoundFiles", "Sound and video files (%1)")
              .arg(soundFilePatterns().join(' ')) +
          ";;" + QCoreApplication::translate("SoundFiles", "All files (*)");
+}
+
+QString importFilter() {
+  const QStringList pieces = pieceFilePatterns(true);
+  return QCoreApplication::translate("SoundFiles", "Recordings, tabs and scores (%1)")
+             .arg((soundFilePatterns() + pieces).join(' ')) +
+         ";;" +
+         QCoreApplication::translate("SoundFiles", "Tabs and scores (%1)").arg(pieces.join(' ')) +
+         ";;" + soundFileFilter();
 }
 
 }  // namespace korvel::ui

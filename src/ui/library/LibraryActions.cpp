@@ -19,6 +19,7 @@
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/CalibrationDialog.h"
 #include "ui/dialogs/TuningDialog.h"
+#include "ui/library/PieceImports.h"
 #include "workflow/hearing/KnownRecordings.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/LibraryEdits.h"
@@ -51,7 +52,15 @@ QString adviceFor(const QString& file) {
 }  // namespace
 
 LibraryActions::LibraryActions(ImportDesk& desk, SongGuides& guides, QWidget* window)
-    : QObject(window), m_desk(desk), m_guides(guides), m_window(window) {}
+    : QObject(window),
+      m_desk(desk),
+      m_guides(guides),
+      m_window(window),
+      m_pieces(new PieceImports(window)) {
+  connect(m_pieces, &PieceImports::started, this, &LibraryActions::pieceStarted);
+  connect(m_pieces, &PieceImports::imported, this, &LibraryActions::imported);
+  connect(m_pieces, &PieceImports::refused, this, &LibraryActions::refused);
+}
 
 void LibraryActions::attempt(const std::function<void()>& edit) {
   try {
@@ -69,7 +78,7 @@ void LibraryActions::chooseAndImport(QBAlbum* into) {
   const platform::Ref<QBAlbum> album = into;
   Preferences preferences;
   const QStringList files = QFileDialog::getOpenFileNames(
-      m_window, tr("Import Recordings"), preferences.importFolder(), soundFileFilter());
+      m_window, tr("Import Recordings"), preferences.importFolder(), importFilter());
   if (files.isEmpty()) return;
   preferences.setImportFolder(QFileInfo(files.first()).absolutePath());
   importFiles(files, album);
@@ -93,10 +102,11 @@ void LibraryActions::importFiles(const QStringList& files, QBAlbum* into) {
   });
 }
 
-/// Its recordings become songs of an album of its name.
+/// What is in it becomes songs of an album of its name.
 void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
   const QDir dir(folder);
-  const QStringList names = dir.entryList(soundFilePatterns(), QDir::Files, QDir::LocaleAware);
+  const QStringList names =
+      dir.entryList(soundFilePatterns() + pieceFilePatterns(false), QDir::Files, QDir::LocaleAware);
   if (names.isEmpty()) {
     emit refused(tr("%1 has no sound files; choose another folder").arg(dir.dirName()));
     return;
@@ -110,6 +120,7 @@ void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
 }
 
 void LibraryActions::importFile(const QString& file, QBAlbum* into) {
+  if (PieceImports::takes(file)) return m_pieces->begin(file, into);
   const platform::Ref<QBSong> known = songHeardIn(QBTabMgr::db(), file.toStdString());
   const auto job = m_desk.importFile(file.toStdString(), into);
   follow(job, file);

@@ -27,6 +27,7 @@ class TreeNode;
 
 namespace korvel::ui {
 
+class PieceImports;
 class SongGuides;
 
 /// What the menus offer for the nodes of the tree: asks what has to be asked, has the workflow do
@@ -53,7 +54,7 @@ class LibraryActions final : public QObject {
 
   /// Asks for files; into a new album each unless one is named.
   void chooseAndImport(QBAlbum* into = nullptr);
-  /// Imports the files, and of folders the sound files in them.
+  /// Imports the files, and of folders the sound files, tabs and scores in them.
   void importFiles(const QStringList& files, QBAlbum* into = nullptr);
   /// Hears a song again that was left to this start.
   void goOn(const ImportUnderWay& left);
@@ -72,6 +73,8 @@ class LibraryActions final : public QObject {
   /// A file was not imported, and a text in the song's place says why; advice: what to try.
   void importRefused(const QString& advice);
   void importStarted(const QString& file);
+  /// The same of a file that is no recording.
+  void pieceStarted(const QString& file);
   void imported(const QString& file, QBSong* song);
   /// The title of that node is to be edited in place.
   void renameWanted(const TreeNode* node);
@@ -115,6 +118,7 @@ class LibraryActions final : public QObject {
   ImportDesk& m_desk;
   SongGuides& m_guides;
   QWidget* m_window;
+  PieceImports* m_pieces;
 };
 
 }  // namespace korvel::ui

@@ -161,6 +161,10 @@ void MainWindow::connectLibrary() {
     m_arrivals->importStarted();
     offerToKeep(file);
   });
+  connect(m_actions, &LibraryActions::pieceStarted, this, [this](const QString& file) {
+    Preferences().addRecentFile(file);
+    m_arrivals->importStarted();
+  });
   connect(m_actions, &LibraryActions::alreadyThere, this, &MainWindow::offerKnown);
   connect(m_actions, &LibraryActions::imported, this, &MainWindow::rememberRunning);
   connect(m_actions, &LibraryActions::imported, m_arrivals, &Arrivals::showImported);

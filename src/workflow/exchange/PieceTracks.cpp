@@ -45,8 +45,8 @@ std::string namesOfTracks(const Piece& piece) {
 }
 
 std::size_t wishedTrack(const Piece& piece, const std::string& wish) {
-  std::optional<std::size_t> track = ofName(piece, wish);
-  if (!track) track = ofNumber(piece, wish);
+  std::optional<std::size_t> track = ofNumber(piece, wish);
+  if (!track) track = ofName(piece, wish);
   if (!track)
     throw UserError(phrase("Exchange", "has no track \"%1\"; it has %2"), wish,
                     namesOfTracks(piece));
