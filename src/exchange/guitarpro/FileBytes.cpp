@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "exchange/guitarpro/FileBytes.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/text/UserError.h"
+#include "platform/text/Utf8.h"
+
+namespace korvel::exchange::guitarpro {
+namespace {
+
+using platform::phrase;
+
+/// What stands for the bytes from 0x80 on that Latin 1 has control characters for; 0 for none.
+constexpr std::array<char16_t, 32> kWindowsLetters{
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
+
+/// Of a character below U+10000.
+void append(std::string& text, unsigned letter) {
+  const auto add = [&](unsigned byte) { text += static_cast<char>(byte); };
+  if (letter < 0x80U) {
+    add(letter);
+  } else if (letter < 0x800U) {
+    add(0xC0U | letter >> 6U);
+    add(0x80U | (letter & 0x3FU));
+  } else {
+    add(0xE0U | letter >> 12U);
+    add(0x80U | (letter >> 6U & 0x3FU));
+    add(0x80U | (letter & 0x3FU));
+  }
+}
+
+std::string ofWindows(std::string_view bytes) {
+  std::string text;
+  for (const char c : bytes) {
+    const unsigned byte = static_cast<unsigned char>(c);
+    const bool isMoved = byte >= 0x80U && byte < 0xA0U;
+    const unsigned letter = isMoved ? kWindowsLetters[byte - 0x80U] : byte;
+    if (letter != 0) append(text, letter);
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string_view FileBytes::take(std::size_t count) {
+  if (count > m_bytes.size() - m_at)
+    throw platform::UserError(phrase("Exchange", "the file ends too early"));
+  const std::string_view taken = m_bytes.substr(m_at, count);
+  m_at += count;
+  return taken;
+}
+
+int FileBytes::byte() { return static_cast<unsigned char>(take(1).front()); }
+
+int FileBytes::signedByte() { return static_cast<signed char>(take(1).front()); }
+
+int FileBytes::shortNumber() {
+  const auto low = static_cast<unsigned>(byte());
+  return static_cast<std::int16_t>(low | static_cast<unsigned>(byte()) << 8U);
+}
+
+int FileBytes::number() {
+  std::uint32_t number = 0;
+  for (unsigned shift = 0; shift < 32; shift += 8)
+    number |= static_cast<std::uint32_t>(byte()) << shift;
+  return static_cast<std::int32_t>(number);
+}
+
+int FileBytes::count(int least, int most) {
+  const int count = number();
+  if (count < least || count > most) damaged();
+  return count;
+}
+
+std::string FileBytes::text(std::size_t room) {
+  const auto length = static_cast<std::size_t>(byte());
+  const std::string_view field = take(room > 0 ? room : length);
+  return readable(field.substr(0, length));
+}
+
+// The size counts the byte of the length too. Some programs write 0 for an empty text and its byte.
+std::string FileBytes::sizedText() {
+  const int size = number();
+  if (size < 0) damaged();
+  return text(static_cast<std::size_t>(std::max(size, 1)) - 1);
+}
+
+std::string FileBytes::longText() {
+  const int length = number();
+  if (length < 0) damaged();
+  return readable(take(static_cast<std::size_t>(length)));
+}
+
+void FileBytes::damaged() const {
+  throw platform::UserError(phrase("Exchange", "the file is damaged: byte %1 makes no sense"),
+                            m_at);
+}
+
+std::string readable(std::string_view bytes) {
+  std::string text(bytes);
+  std::erase_if(text, isControl);
+  return platform::printable(text) == text ? text : ofWindows(text);
+}
+
+}  // namespace korvel::exchange::guitarpro

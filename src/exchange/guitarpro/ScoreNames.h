@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "export/score/Score.h"
+
+namespace korvel::exchange::guitarpro {
+
+/// The names of a score's chords where they change, as a player writes them.
+class ScoreNames {
+ public:
+  /// The score must outlive this.
+  explicit ScoreNames(const Score& score) : m_score(score) {}
+
+  /// What is written above an event of the first voice; to be asked of one after the other.
+  std::optional<std::string> above(const ScoreEvent& event);
+
+ private:
+  const Score& m_score;
+  std::optional<ScoreHarmony> m_harmony;  ///< The one that counts.
+};
+
+}  // namespace korvel::exchange::guitarpro
