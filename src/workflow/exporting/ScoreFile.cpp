@@ -1,15 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/exporting/ScoreFile.h"
 
+#include <utility>
+
+#include "exchange/guitarpro/GuitarPro.h"
 #include "export/score/ScoreWriter.h"
 #include "platform/text/LocalTime.h"
 
 namespace korvel {
 
-std::string musicXmlOf(Score score) {
+namespace {
+
+Score signedScore(Score score) {
   score.program = "Korvel " KORVEL_VERSION;
   score.date = platform::localTime("%Y-%m-%d");
-  return ScoreWriter(score).write();
+  return score;
+}
+
+}  // namespace
+
+std::string musicXmlOf(Score score) { return ScoreWriter(signedScore(std::move(score))).write(); }
+
+std::string guitarPro5Of(Score score) {
+  return exchange::guitarPro5(signedScore(std::move(score)));
 }
 
 }  // namespace korvel

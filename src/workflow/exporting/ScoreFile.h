@@ -10,4 +10,7 @@ namespace korvel {
 /// A score as a MusicXML document that names this program and today's date.
 std::string musicXmlOf(Score score);
 
+/// A score as a file of Guitar Pro 5 that names this program.
+std::string guitarPro5Of(Score score);
+
 }  // namespace korvel
