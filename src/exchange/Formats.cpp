@@ -8,6 +8,8 @@
 #include <fstream>
 #include <span>
 
+#include "exchange/guitarpro/GuitarPro.h"
+#include "exchange/musicxml/MusicXmlReader.h"
 #include "platform/files/Files.h"
 #include "platform/text/UserError.h"
 
@@ -28,7 +30,13 @@ struct FormatReader {
   Piece (*read)(std::string_view bytes);
 };
 
-constexpr std::array<FormatReader, 0> kFormatReaders{};
+constexpr std::array<std::string_view, 2> kMusicXmlEndings{"musicxml", "xml"};
+constexpr std::array<std::string_view, 3> kGuitarProEndings{"gp3", "gp4", "gp5"};
+
+constexpr std::array kFormatReaders{
+    FormatReader{Format::musicXml, kMusicXmlEndings, &readMusicXml},
+    FormatReader{Format::guitarPro, kGuitarProEndings, &readGuitarPro},
+};
 
 std::string inSmallLetters(std::string text) {
   std::ranges::transform(text, text.begin(),
