@@ -12,7 +12,7 @@ namespace {
 constexpr double kUsualTempo = 120;
 /// Below it, as above the fastest, a song would not be played by its beats any more.
 constexpr double kSlowestTempo = 16;
-constexpr double kSameTempo = 0.001;
+constexpr double kSteadyTempo = 0.001;
 constexpr double kMinuteOfGrain = 60.0 / exchange::kGrainsOfQuarter;
 
 double playable(double tempo, double fastest) {
@@ -46,7 +46,7 @@ double PieceTime::secondsOf(double grains) const {
 
 bool PieceTime::isSteady() const {
   return std::ranges::all_of(m_parts, [this](const Part& part) {
-    return std::abs(part.tempo / m_parts.front().tempo - 1) < kSameTempo;
+    return std::abs(part.tempo / m_parts.front().tempo - 1) < kSteadyTempo;
   });
 }
 

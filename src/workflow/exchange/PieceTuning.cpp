@@ -14,7 +14,7 @@
 namespace korvel {
 namespace {
 
-bool sounds(QBTuning& tuning, const OpenPitches& open) {
+bool isTunedTo(QBTuning& tuning, const OpenPitches& open) {
   return tuning.openStrings().pitches() == open;
 }
 
@@ -32,7 +32,7 @@ float roundedHertzOf(int pitch) {
   return static_cast<float>(std::round(hertzOfNote(pitch) * kHundredths) / kHundredths);
 }
 
-QBTuning* made(QBTabMgr& db, const OpenPitches& open) {
+QBTuning* madeTuning(QBTabMgr& db, const OpenPitches& open) {
   int last = 0;
   for (const auto& tuning : db.tunings()) last = std::max(last, tuning->order());
   QBTuning* tuning = db.createTuning(nameOfNotes(db, open), last + 1);
@@ -47,11 +47,11 @@ QBTuning* made(QBTabMgr& db, const OpenPitches& open) {
 
 QBTuning* tuningFor(QBTabMgr& db, const OpenPitches& open) {
   QBTuning* selected = db.selectedTuning();
-  if (selected && sounds(*selected, open)) return selected;
+  if (selected && isTunedTo(*selected, open)) return selected;
   const auto& all = db.tunings();
   const auto found =
-      std::ranges::find_if(all, [&](const auto& each) { return sounds(*each, open); });
-  return found == all.end() ? made(db, open) : found->get();
+      std::ranges::find_if(all, [&](const auto& each) { return isTunedTo(*each, open); });
+  return found == all.end() ? madeTuning(db, open) : found->get();
 }
 
 }  // namespace korvel

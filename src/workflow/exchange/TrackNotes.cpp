@@ -16,7 +16,7 @@ using fingering::Settled;
 constexpr int kUsualVelocity = 80;
 /// A note of that velocity, which is as loud as most of a recording are.
 constexpr float kUsualAmplitude = 0.1F;
-constexpr double kShortest = 0.001;  // seconds
+constexpr double kShortestSounded = 0.001;  // seconds
 /// Thirty-seconds are just not taken for one strum then.
 constexpr double kFastestWritten = 140;
 
@@ -52,7 +52,7 @@ void TrackNotes::readNotes() {
     fingering::Note note;
     note.onset = m_time.secondsOf(static_cast<double>(played.at));
     note.end = std::max(m_time.secondsOf(static_cast<double>(played.at + played.length)),
-                        note.onset + kShortest);
+                        note.onset + kShortestSounded);
     note.pitch = played.pitch;
     note.strength = strengthOf(played.velocity);
     note.amplitude = kUsualAmplitude * note.strength;
