@@ -44,6 +44,7 @@ _korvel_cli() {
     --grid) _korvel_cli_offer < <(printf 'beats\nslices\n') && return ;;
     --what) _korvel_cli_offer < <(printf 'guitar\nband\nauto\n') && return ;;
     --metre) _korvel_cli_offer < <(printf '2/4\n3/4\n4/4\n6/8\n12/8\n') && return ;;
+    --track) _korvel_cli_offer < <(printf 'list\n') && return ;;
     --finest) _korvel_cli_offer < <(printf '8\n16\n') && return ;;
     --between) _korvel_cli_offer < <(printf 'silence\nclicks\n') && return ;;
     --position) _korvel_cli_offer < <(printf 'open\nanywhere\n') && return ;;
