@@ -6,16 +6,13 @@
 #include <tuple>
 #include <utility>
 
+#include "exchange/BarLength.h"
 #include "platform/text/UserError.h"
 
 namespace korvel::exchange {
 
 namespace {
 
-constexpr std::int64_t kGrainsOfWhole = 4 * kGrainsOfQuarter;
-constexpr int kShortestBeat = 64;
-/// Lengths in another program's divisions may be that much off.
-constexpr std::int64_t kRounding = 64;
 constexpr std::size_t kMostPlayedNotes = 1'000'000;
 
 bool areClose(std::int64_t a, std::int64_t b) { return std::abs(a - b) <= kRounding; }
@@ -34,9 +31,7 @@ class BarLine {
 
  private:
   const ScoreBar& written(std::size_t i) const { return m_bars[m_order[i]]; }
-  static std::int64_t whole(const ScoreBar& bar) {
-    return bar.beats * (kGrainsOfWhole / bar.beatType);
-  }
+  static std::int64_t whole(const ScoreBar& bar) { return lengthOf(bar.beats, bar.beatType); }
   static bool isShort(const ScoreBar& bar) {
     return bar.length > 0 && bar.length < whole(bar) - kRounding;
   }
@@ -51,12 +46,12 @@ class BarLine {
     m_isHalf = i + 1 < m_order.size() && completes(bar, written(i + 1));
     Bar played{m_at, whole(bar), bar.beats, bar.beatType};
     if (bar.length > played.length + kRounding) {
-      fit(played, bar.length);
+      fitBar(played, bar.length);
     } else if (isShort(bar)) {
       if (m_isHalf || isPickUp(i))
         played.length = bar.length;
       else if (bar.isImplicit)
-        fit(played, bar.length);
+        fitBar(played, bar.length);
     }
     m_played.push_back(played);
     m_at += played.length;
@@ -73,21 +68,9 @@ class BarLine {
 
   void completeLast() {
     Bar& last = m_played.back();
-    last.length = last.beats * (kGrainsOfWhole / last.beatType);
+    last.length = lengthOf(last.beats, last.beatType);
     m_at = last.at + last.length;
     m_isHalf = false;
-  }
-
-  /// A time signature that says the length, with beats as long as they may be.
-  static void fit(Bar& bar, std::int64_t length) {
-    const auto hasWhole = [&] {
-      const std::int64_t beat = kGrainsOfWhole / bar.beatType;
-      return areClose((length + kRounding) / beat * beat, length);
-    };
-    while (bar.beatType < kShortestBeat && !hasWhole()) bar.beatType *= 2;
-    const std::int64_t beat = kGrainsOfWhole / bar.beatType;
-    bar.beats = static_cast<int>(std::max<std::int64_t>((length - kRounding + beat - 1) / beat, 1));
-    bar.length = bar.beats * beat;
   }
 
   std::span<const ScoreBar> m_bars;
