@@ -25,6 +25,7 @@ BeatSheet sheetOf(QBSong& song, const std::vector<int>& open) {
   if (song.hasKey()) sheet.key = keyOf(song);
   for (const auto& measure : song.allMeasures()) sheet.meters.push_back(meterOf(*measure));
   for (const auto& chord : song.allChords()) sheet.chords.push_back(sheetChordOf(*chord, open));
+  sheet.words = lyricsOf(song);
   return sheet;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "export/score/BeatMusic.h"
+#include "model/songs/SongLyrics.h"
 #include "model/songs/SongTime.h"
 
 namespace korvel {
@@ -30,6 +31,7 @@ struct BeatSheet {
   std::optional<ScoreKey> key{};
   std::vector<Meter> meters{};  ///< Of its bars; the first one is that of a pick-up, too.
   std::vector<Chord> chords{};  ///< As many as have their time.
+  std::vector<SungWords> words{};
 };
 
 /// open: what the strings sound.

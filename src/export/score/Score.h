@@ -43,6 +43,12 @@ struct ScoreEvent {
   std::optional<ScoreHarmony> harmony;
 };
 
+/// Words that are sung from a place on, in units from the first bar line.
+struct ScoreWords {
+  int unit = 0;
+  std::string text;
+};
+
 /// The time signature of a score.
 struct Meter {
   int beats = 4;
@@ -89,6 +95,7 @@ struct Score {
   std::string program;  ///< What wrote it, with its version.
   std::string date;     ///< When, as "2026-11-21".
   std::vector<ScoreBar> bars;
+  std::vector<ScoreWords> words{};  ///< By place.
 };
 
 }  // namespace korvel

@@ -128,7 +128,13 @@ void ScoreWriter::writeBar(const WrittenBar& bar) {
   else if (bar.tempo)
     writeSound(*bar.tempo);
   if (start && m_score.swing) writeSwing();
-  for (const ScoreNote& note : bar.notes) writeSign(note);
+  if (start && bar.pickUp) m_beginOfBar = -bar.pickUp;
+  m_unit = m_beginOfBar;
+  m_beginOfBar += bar.pickUp ? bar.pickUp : bar.meter.units();
+  for (const ScoreNote& note : bar.notes) {
+    writeSign(note);
+    m_unit += note.value->units;
+  }
   if (!bar.lower.empty()) writeLower(bar);
 }
 
@@ -259,6 +265,7 @@ void ScoreWriter::writeNote(const ScoreNote& note, const ScoreTone* tone, bool f
   if (tone) writeTies("tie", note, *tone);
   writeValue(note);
   writeNotations(note, tone, first);
+  if (tone && first && m_voice == Voice::upper) writeWords(note, *tone);
 }
 
 void ScoreWriter::writeTies(const char* name, const ScoreNote& note, const ScoreTone& tone) {
@@ -300,6 +307,18 @@ void ScoreWriter::writeNotations(const ScoreNote& note, const ScoreTone* tone, b
   const int strings = static_cast<int>(m_score.openStrings.size());
   m_xml->add("string", strings - tone->string);  // from the top
   m_xml->add("fret", tone->fret);
+}
+
+void ScoreWriter::writeWords(const ScoreNote& note, const ScoreTone& tone) {
+  if (!note.first || tone.tiedBefore) return;
+  std::string text;
+  const int end = m_unit + note.event->duration;
+  for (; m_words < m_score.words.size() && m_score.words[m_words].unit < end; ++m_words)
+    text += (text.empty() ? "" : " ") + m_score.words[m_words].text;
+  if (text.empty()) return;
+  const auto lyric = m_xml->open("lyric");
+  m_xml->add("syllabic", "single");
+  m_xml->add("text", text);
 }
 
 void ScoreWriter::writeTriplet(const char* type) {

@@ -57,12 +57,17 @@ class ScoreWriter {
   void writeValue(const ScoreNote& note);
   void writeNotations(const ScoreNote& note, const ScoreTone* tone, bool first);
   void writeTriplet(const char* type);
+  /// The words that begin before an event ends that is struck, and those of rests before it.
+  void writeWords(const ScoreNote& note, const ScoreTone& tone);
   SpelledNote spelledIn(int pitch, const std::optional<ScoreHarmony>& harmony) const;
 
   const Score& m_score;
   std::unique_ptr<platform::XmlWriter> m_xml;
   int m_unitsOfDivision = 1;
   int m_bar = 0;
+  int m_beginOfBar = 0;     ///< In units from the first bar line.
+  int m_unit = 0;           ///< Where the sign begins that is written.
+  std::size_t m_words = 0;  ///< Of the score's, which were written.
   Voice m_voice = Voice::upper;
   std::optional<Meter> m_meter;           ///< The one that was written last.
   std::optional<ScoreHarmony> m_harmony;  ///< Likewise.

@@ -108,6 +108,8 @@ Score scoreOf(Score head, const BeatSheet& sheet, const std::optional<Meter>& me
   head.tempo = beats.tempo() * sheet.rate;
   head.key = sheet.key;
   head.swing = sheet.time.swing;
+  for (const SungWords& each : sheet.words)
+    head.words.push_back({beats.unitsOf(each.tick), each.text});
   head.bars = scoreBarsOf(beats.music(meter));
   for (ScoreBar& bar : head.bars)
     if (bar.tempo) *bar.tempo *= sheet.rate;
