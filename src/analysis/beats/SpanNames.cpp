@@ -98,6 +98,14 @@ std::string_view typeOf(const rhythm::ChordSpan& span) {
   return found == std::end(kTypes) ? typeOf(span.quality) : found->type;
 }
 
+unsigned tonesOfName(const rhythm::ChordSpan& span) {
+  if (span.root < 0) return 0;
+  const std::string_view type = typeOf(span);
+  const auto* found = std::ranges::find(kTypes, type, &TypeOfTones::type);
+  const unsigned tones = found == std::end(kTypes) ? kPower.tones : found->tones;
+  return above(kNotesPerOctave - span.root, tones);
+}
+
 std::string labelOf(const rhythm::ChordSpan& span) {
   constexpr std::string_view kRoots[] = {"C",  "Db", "D",  "Eb", "E",  "F",
                                          "Gb", "G",  "Ab", "A",  "Bb", "B"};

@@ -21,6 +21,10 @@ void tellPitchClasses(std::span<const fingering::Note> notes, rhythm::Reading& r
 /// as "sus4".
 std::string_view typeOf(const rhythm::ChordSpan& span);
 
+/// The pitch classes that a chord of that name has, whatever of them sounds; bit n for pitch class
+/// n. 0 for no chord.
+unsigned tonesOfName(const rhythm::ChordSpan& span);
+
 /// As annotations of chords call it: root, and what it is by third, fifth and seventh, such as
 /// "A:min7"; "N" for no chord.
 std::string labelOf(const rhythm::ChordSpan& span);

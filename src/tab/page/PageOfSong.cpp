@@ -29,7 +29,7 @@ bool hasItsName(const QBChord& chord) {
   return chord.harmony() && chord.hasBaseTone() && chord.baseTone() == pitchClass(chord.baseTone());
 }
 
-unsigned tonesOfName(const QBChord& chord) {
+unsigned tonesOfHarmony(const QBChord& chord) {
   unsigned tones = 0;
   for (int note = 0; note < kNotesPerOctave; ++note)
     if (chord.harmony()->includesNote(chord.baseTone(), note)) tones |= 1U << note;
@@ -123,7 +123,7 @@ class Gathering {
 
   void begin(const QBChord& chord, int index, int tick) {
     m_harmony = chord.harmony();
-    PageSource::Chord named{tick, 0, chord.baseTone(), m_harmony->type(), tonesOfName(chord)};
+    PageSource::Chord named{tick, 0, chord.baseTone(), m_harmony->type(), tonesOfHarmony(chord)};
     named.index = index;
     m_heard.tell(chord, named);
     m_source.chords.push_back(std::move(named));

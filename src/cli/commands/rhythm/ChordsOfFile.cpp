@@ -2,6 +2,7 @@
 #include "cli/commands/rhythm/ChordsOfFile.h"
 
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,8 +21,12 @@
 #include "export/ChordsJson.h"
 #include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
+#include "tab/chordpro/ChordProText.h"
+#include "tab/page/PageOfReading.h"
+#include "tab/page/SongPage.h"
 #include "workflow/editing/rhythm/RhythmWords.h"
 #include "workflow/hearing/ListeningAhead.h"
+#include "workflow/hearing/RecordingTags.h"
 #include "workflow/hearing/SoundCheck.h"
 
 namespace korvel::cli {
@@ -35,11 +40,15 @@ struct ChordsOptions {
   std::optional<std::string> tuning;  ///< Of the store; standard tuning when not given.
   HearingSettings settings = settingsOfFrontEnds();
   bool json = false;
+  bool chordPro = false;
 };
 
+OpenPitches stringsOf(const ChordsOptions& options) {
+  return options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
+}
+
 HeardSound heardIn(const ChordsOptions& options) {
-  const OpenPitches open =
-      options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
+  const OpenPitches open = stringsOf(options);
   const auto listening = ListeningAhead({options.file}, open, options.settings).next();
   for (; !listening->isOver(); listening->waitFor(kPatienceOfChords))
     Console::attached().progress(listening->progress());
@@ -58,6 +67,17 @@ std::string json(const HeardSound& heard) {
   return chordsAsJson(heard.rhythm, chords, heard.isBand);
 }
 
+/// Named after its tags, or its file.
+std::string chordPro(const std::string& file, const HeardSound& heard, const OpenPitches& open) {
+  PageSource source = pageSourceOf(heard.rhythm.reading);
+  const RecordingTags tags(file);
+  source.title = tags.title.value_or(std::filesystem::path(file).stem().string());
+  source.artist = tags.artist.value_or("");
+  source.capo = heard.capo;
+  source.open = open;
+  return chordProOf(pageOf(source));
+}
+
 void tellDoubts(const rhythm::Rhythm& heard) {
   Console& console = Console::attached();
   if (heard.isFree) console.note("its rhythm is too free to be read in bars, so they are a guess");
@@ -71,7 +91,9 @@ void printChords(const ChordsOptions& options) {
   const HeardSound heard = heardIn(options);
   const std::string chart = chordChart(heard.rhythm.reading);
   if (chart.empty()) throw CliError(options.file + ": no chords were heard in it");
-  Console::attached().print(options.json ? json(heard) : chart);
+  Console::attached().print(options.json       ? json(heard)
+                            : options.chordPro ? chordPro(options.file, heard, stringsOf(options))
+                                               : chart);
   if (!options.json) tellDoubts(heard.rhythm);
 }
 
@@ -87,7 +109,9 @@ void addChordsOfFile(Command& tool) {
   addRhythmFlags(command, options.settings);
   options.settings.players = Players::automatic;
   addPlayersFlag(command, options.settings);
-  command.flag("--json", options.json, "Print beats, key and chords, each with its probability");
+  Option json = command.flag("--json", options.json,
+                             "Print beats, key and chords, each with its probability");
+  command.flag("--chordpro", options.chordPro, "Print a ChordPro file, with grips").excludes(json);
   command.checkLast([&] { command.uses(options.tuning ? Store::filled : Store::none); });
   command.does([&options] { printChords(options); });
 }
