@@ -7,6 +7,7 @@
 #include "chords/judging/ChordScores.h"
 #include "chords/judging/FinerKinds.h"
 #include "chords/judging/KeyChordSearch.h"
+#include "chords/judging/Repeats.h"
 
 namespace korvel::chords {
 namespace {
@@ -108,6 +109,8 @@ FoundChords findChords(std::span<const BeatEvidence> beats, const SearchWeights&
   for (const BeatEvidence& beat : beats)
     scored.push_back({judge.of(beat), beat.onBarLine ? weights.changeOnBarLine : weights.change});
   const KeyChordPrices prices(weights);
+  scored = withRepeats(beats, scored,
+                       probabilities(scored, prices, weights.keyChange, weights.trust), weights);
   const std::vector<InItsKey> path = bestPath(scored, prices, weights.keyChange);
   FoundChords found;
   found.beats = probabilities(scored, prices, weights.keyChange, weights.trust);

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "chords/BandEar.h"
+#include "chords/judging/Repeats.h"
 #include "support/Testing.h"
 
 namespace korvel::chords {
@@ -122,6 +123,27 @@ TEST(ChordFinder, namesPowerChordsAndOneChordThroughout) {
   std::string bars;
   for (int bar = 0; bar < 15; ++bar) bars += "4:m ";
   EXPECT_EQ(namesOf(heard(played(bars))), "4:m");
+}
+
+TEST(ChordFinder, passagesThatComeAgainWitnessForEachOther) {
+  constexpr std::size_t kRound = 16, kFaint = 22, kOther = 40;
+  std::vector<BeatEvidence> evidence(3 * kRound);
+  std::vector<ScoredBeat> beats(evidence.size());
+  std::vector<Scores> probable(evidence.size());
+  const auto bestOf = [](const ScoredBeat& beat) {
+    return static_cast<std::size_t>(std::ranges::max_element(beat.scores) - beat.scores.begin());
+  };
+  for (std::size_t i = 0; i < beats.size(); ++i) {
+    evidence[i].onBarLine = i % kBeatsOfChord == 0;
+    // Faintly heard in one round, and clearly another chord in the next one.
+    const std::size_t chord = i == kOther ? 3 : i % kRound / kBeatsOfChord * kSearchedKinds * 2;
+    beats[i].scores[chord] = i == kFaint ? 0 : 9;
+    if (i == kFaint) beats[i].scores[5] = 0.1F;
+    probable[i][chord] = 1;
+  }
+  const std::vector<ScoredBeat> shared = withRepeats(evidence, beats, probable, {});
+  EXPECT_EQ(bestOf(shared[kFaint]), bestOf(beats[kFaint - kRound]));
+  EXPECT_EQ(bestOf(shared[kOther]), 3U);
 }
 
 TEST(ChordFinder, namesNoChordWhereThereIsNone) {

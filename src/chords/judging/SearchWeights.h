@@ -22,6 +22,11 @@ struct SearchWeights {
   // The notes that were heard.
   float notes = 1.1F;
   std::array<float, kSearchedKinds> noteCosts{0, 0, 0.25F, 0.25F, 0.3F, 0.6F, 0.5F, 0.6F};
+  // Passages that come again.
+  float repeatFrom = 0.55F;   ///< So alike they may be the same,
+  float repeatSurely = 0.9F;  ///< and so alike they are.
+  float repeatGap = 1.2F;     ///< By which beats contradict each other.
+  float repeatMean = 0.8F;    ///< 1 for a mean of them, 0 for a sum.
   // No chord.
   float none = 0.6F;         ///< As an agreement; more where
   float noneOfDrums = 0.4F;  ///< hardly anything but drums sounds: when their share of the power
