@@ -178,6 +178,7 @@ platform::Slices PieceImport::work() {
       db().createSong("", tuningFor(db(), m_notes->open()), db().selectedInstrument(), nullptr);
   part = filling();
   while (part.next()) co_yield kShareOfSupply + (kShareOfChords - kShareOfSupply) * part.done();
+  nameSong();  // which is drawn, too
   part = buildingTab(*m_song);
   while (part.next()) co_yield kShareOfChords + (kAllOfPiece - kShareOfChords) * part.done();
   co_yield kAllOfPiece;  // saving takes its time, too
@@ -252,18 +253,21 @@ platform::Slices PieceImport::filling() {
 }
 
 /// As imports of recordings do it: what tags are to those, title and artist are here.
-void PieceImport::putIntoAlbum() {
+void PieceImport::nameSong() {
   const std::string artist = lineOf(m_piece.artist);
   std::string name = lineOf(m_piece.title);
   if (name.empty()) name = lineOf(fs::path(m_file).stem().string());
   std::optional<std::string> wanted = m_choices.album;
   if (!wanted && !artist.empty()) wanted = artist;
-  const std::string ownName = wanted ? *wanted : QBNameMgr(nullptr, name).newAlbumName(db());
-  QBAlbum* album = db().findAlbumByName(ownName);
-  if (!album) album = db().createAlbum(ownName, false);
-  const std::string title = m_choices.title.value_or(wanted ? name : ownName);
-  m_song->setTitle(QBNameMgr(album, title).newName());
-  m_song->setAlbum(album);
+  m_album = wanted ? *wanted : QBNameMgr(nullptr, name).newAlbumName(db());
+  const std::string title = m_choices.title.value_or(wanted ? name : m_album);
+  QBAlbum* album = db().findAlbumByName(m_album);
+  m_song->setTitle(album ? QBNameMgr(album, title).newName() : title);
+}
+
+void PieceImport::putIntoAlbum() {
+  QBAlbum* album = db().findAlbumByName(m_album);
+  m_song->setAlbum(album ? album : db().createAlbum(m_album, false));
 }
 
 // ---- what the user is told

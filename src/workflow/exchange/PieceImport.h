@@ -82,6 +82,7 @@ class PieceImport final : public QBCommand {
   platform::Slices supplying();
   platform::Slices readingRhythm();
   platform::Slices filling();
+  void nameSong();
   void putIntoAlbum();
   bool step();
   void dropSong();
@@ -96,6 +97,7 @@ class PieceImport final : public QBCommand {
   std::unique_ptr<ChordSupply> m_chords;
   LeftOut m_left;
   platform::Ref<QBSong> m_song;
+  std::string m_album;      ///< Its name; it may have to be made.
   platform::Slices m_work;  ///< Ends before what it works on.
   std::shared_ptr<platform::UndoGroup> m_undo;
   std::function<void(double)> m_onProgress;

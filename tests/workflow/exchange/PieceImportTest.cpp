@@ -95,7 +95,7 @@ TEST_F(PieceImportTest, barsPlacesAndNamesAreThoseOfTheFile) {
   piece.tracks[0].names = {{grains(1), "G"}, {grains(4.5), "Em/B"}, {grains(7), "D7x"}};
   EXPECT_EQ(imported(piece), R"(
     Recorded by Korvel
-
+        Song
 
  |E---- ------0--------|
  |B---- -3-------------|
@@ -162,7 +162,7 @@ TEST_F(PieceImportTest, whatASongCannotHaveIsCountedNotLost) {
   piece.tracks[0].isDrums = true;
   EXPECT_EQ(imported(piece), R"(
     Recorded by Korvel
-
+        Fast and loose
 
  |D---- -----------------------------------------------------|
  |B---- -----------------------------------------------------|
