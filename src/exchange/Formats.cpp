@@ -2,7 +2,6 @@
 #include "exchange/Formats.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <filesystem>
 #include <fstream>
@@ -30,13 +29,11 @@ struct FormatReader {
   Piece (*read)(std::string_view bytes);
 };
 
-constexpr std::array<std::string_view, 2> kMusicXmlEndings{"musicxml", "xml"};
-constexpr std::array<std::string_view, 3> kGuitarProEndings{"gp3", "gp4", "gp5"};
+constexpr std::string_view kGuitarPro[] = {"gp5", "gp4", "gp3"};
+constexpr std::string_view kMusicXml[] = {"musicxml", "xml"};
 
-constexpr std::array kFormatReaders{
-    FormatReader{Format::musicXml, kMusicXmlEndings, &readMusicXml},
-    FormatReader{Format::guitarPro, kGuitarProEndings, &readGuitarPro},
-};
+constexpr FormatReader kFormatReaders[] = {{Format::guitarPro, kGuitarPro, readGuitarPro},
+                                           {Format::musicXml, kMusicXml, readMusicXml}};
 
 std::string inSmallLetters(std::string text) {
   std::ranges::transform(text, text.begin(),
