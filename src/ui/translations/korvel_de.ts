@@ -132,6 +132,122 @@
         <source>it has more than %1 MB of XML</source>
         <translation>sie hat mehr als %1 MB XML</translation>
     </message>
+    <message>
+        <source>the file ends too early</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is damaged: byte %1 makes no sense</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is of a version of Guitar Pro that is not read: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is larger than any music; nothing was read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is no file of Guitar Pro</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has more notes than any music; nothing was read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its tracks are pieces of their own, which is not read; save it in another format of MIDI</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it does not say how long a beat is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is no MIDI file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has more than %1 bars</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it makes more than %1 notes; nothing was read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>one of its tracks is longer than any music</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>one of its tracks is broken</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is no MusicXML score</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has more than %1 parts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its divisions in line %1 cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its duration in line %1 cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>one of its bars is longer than any music</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its time signature in line %1 cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has more than %1 bars; import a part of it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>track %1 is for %2 strings, and songs are for six; choose another one, or have it fitted to six strings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: has no notes that a guitar could play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has no track &quot;%1&quot;; it has %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>track %1 is played by drums; choose another one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>track %1 has no notes; choose another one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has no notes that a guitar could play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: drums</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 strings, %3 notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 notes</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Files</name>
@@ -173,6 +289,41 @@
     <message>
         <source>Song Export</source>
         <translation>Song-Export</translation>
+    </message>
+</context>
+<context>
+    <name>LeftOut</name>
+    <message>
+        <source>basses of chords</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>names of chords that the chord book does not have</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>notes moved by octaves</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>notes moved to the nearest twelfth of a beat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>notes on a string that sounds another one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>notes that no hand could play with the others</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation type="unfinished">%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation type="unfinished">%1, %2</translation>
     </message>
 </context>
 <context>
@@ -391,7 +542,27 @@
     </message>
     <message>
         <source>Lyrics changed.</source>
+        <translation>Liedtext geändert.</translation>
+    </message>
+    <message>
+        <source>its rhythm is too free to be read in bars; it is taken as written</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its rhythm was read from how it was played, not as it is written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>track %1 is imported; there are also %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not kept as it was: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not in the chord book, and made plainer or left out: %1.</source>
+        <translation>Nicht im Akkordbuch und daher vereinfacht oder weggelassen: %1.</translation>
     </message>
 </context>
 <context>
@@ -1114,7 +1285,11 @@
     </message>
     <message>
         <source>line %1 of the words is for a bar that there is not: the last one is %2. Put the number of a bar and a colon in front of a line to say where it belongs</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeile %1 des Textes ist für einen Takt, den es nicht gibt: Der letzte ist %2. Die Nummer eines Taktes und ein Doppelpunkt vor einer Zeile sagen, wohin sie gehört</translation>
+    </message>
+    <message>
+        <source>%1: there are no chords in brackets or grids in it</source>
+        <translation>%1: darin stehen keine Akkorde in Klammern oder Rastern</translation>
     </message>
 </context>
 <context>
@@ -1246,6 +1421,10 @@
     <message>
         <source>MIDI file</source>
         <translation>MIDI-Datei</translation>
+    </message>
+    <message>
+        <source>Guitar Pro 5</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1975,6 +2154,14 @@
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>Recordings, tabs and scores (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tabs and scores (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>UndoAction</name>
@@ -2476,7 +2663,15 @@
     </message>
     <message>
         <source>Change Lyrics</source>
+        <translation>Liedtext ändern</translation>
+    </message>
+    <message>
+        <source>Import File</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import Chords</source>
+        <translation>Akkorde importieren</translation>
     </message>
 </context>
 <context>
@@ -4706,6 +4901,37 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Beats: %1</source>
         <translation>Schläge: %1</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::TrackDialog</name>
+    <message>
+        <source>Import %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Track</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As it fits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As played</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Rhythm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A track for more or fewer strings is fingered for six.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -179,10 +179,10 @@ platform::Slices PieceImport::work() {
   part = filling();
   while (part.next()) co_yield kShareOfSupply + (kShareOfChords - kShareOfSupply) * part.done();
   nameSong();  // which is drawn, too
+  putIntoAlbum();  // the tablature begins with its title
   part = buildingTab(*m_song);
   while (part.next()) co_yield kShareOfChords + (kAllOfPiece - kShareOfChords) * part.done();
   co_yield kAllOfPiece;  // saving takes its time, too
-  putIntoAlbum();
   db().save();
   session().refreshTree();
 }
