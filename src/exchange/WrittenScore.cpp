@@ -20,7 +20,7 @@ bool areClose(std::int64_t a, std::int64_t b) { return std::abs(a - b) <= kRound
 /// The written bars one after the other as they are played.
 class BarLine {
  public:
-  BarLine(std::span<const ScoreBar> bars, std::span<const std::size_t> order)
+  BarLine(std::span<const CommonBar> bars, std::span<const std::size_t> order)
       : m_bars(bars), m_order(order) {
     for (std::size_t i = 0; i < order.size(); ++i) add(i);
   }
@@ -30,14 +30,14 @@ class BarLine {
   std::vector<Bar> take() { return std::move(m_played); }
 
  private:
-  const ScoreBar& written(std::size_t i) const { return m_bars[m_order[i]]; }
-  static std::int64_t whole(const ScoreBar& bar) { return lengthOf(bar.beats, bar.beatType); }
-  static bool isShort(const ScoreBar& bar) {
+  const CommonBar& written(std::size_t i) const { return m_bars[m_order[i]]; }
+  static std::int64_t whole(const CommonBar& bar) { return lengthOf(bar.beats, bar.beatType); }
+  static bool isShort(const CommonBar& bar) {
     return bar.length > 0 && bar.length < whole(bar) - kRounding;
   }
 
   void add(std::size_t i) {
-    const ScoreBar& bar = written(i);
+    const CommonBar& bar = written(i);
     m_starts.push_back(m_at);
     if (m_isHalf) {
       completeLast();
@@ -61,7 +61,7 @@ class BarLine {
     return i == 0 && (written(i).isImplicit || m_order.size() > 1);
   }
 
-  static bool completes(const ScoreBar& first, const ScoreBar& second) {
+  static bool completes(const CommonBar& first, const CommonBar& second) {
     return isShort(first) && isShort(second) && whole(first) == whole(second) &&
            areClose(first.length + second.length, whole(first));
   }
@@ -73,7 +73,7 @@ class BarLine {
     m_isHalf = false;
   }
 
-  std::span<const ScoreBar> m_bars;
+  std::span<const CommonBar> m_bars;
   std::span<const std::size_t> m_order;
   std::vector<Bar> m_played{};
   std::vector<std::int64_t> m_starts{};
@@ -82,10 +82,10 @@ class BarLine {
 };
 
 /// Time signatures hold until the next one.
-void spreadTimeSignatures(std::vector<ScoreBar>& bars) {
+void spreadTimeSignatures(std::vector<CommonBar>& bars) {
   int beats = 4;
   int beatType = 4;
-  for (ScoreBar& bar : bars) {
+  for (CommonBar& bar : bars) {
     if (bar.beats > 0)
       std::tie(beats, beatType) = std::pair(bar.beats, bar.beatType);
     else
@@ -94,11 +94,11 @@ void spreadTimeSignatures(std::vector<ScoreBar>& bars) {
 }
 
 /// A bar that is repeated has the tempo that is written there, whatever was played before it.
-std::vector<Tempo> playedTempos(std::span<const ScoreBar> bars, std::span<const std::size_t> order,
+std::vector<Tempo> playedTempos(std::span<const CommonBar> bars, std::span<const std::size_t> order,
                                 std::span<const std::int64_t> starts) {
   std::vector<double> atStart;
   double tempo = Tempo{}.quartersAMinute;
-  for (const ScoreBar& bar : bars) {
+  for (const CommonBar& bar : bars) {
     atStart.push_back(tempo);
     if (!bar.tempos.empty()) tempo = bar.tempos.back().quartersAMinute;
   }
@@ -177,7 +177,7 @@ class PlayedTrack {
 Piece playedPiece(WrittenScore score) {
   spreadTimeSignatures(score.bars);
   std::vector<BarSigns> signs;
-  for (const ScoreBar& bar : score.bars) signs.push_back(bar.signs);
+  for (const CommonBar& bar : score.bars) signs.push_back(bar.signs);
   const std::vector<std::size_t> order = playedOrder(signs);
   BarLine line(score.bars, order);
   Piece piece = std::move(score.head);

@@ -28,7 +28,7 @@ struct WrittenPart {
 };
 
 /// A written bar, of which all parts have the same.
-struct ScoreBar {
+struct CommonBar {
   BarSigns signs;
   std::int64_t length = 0;    ///< As far as anything is written in it.
   int beats = 0;              ///< 0 where the time signature of the bar before goes on.
@@ -40,7 +40,7 @@ struct ScoreBar {
 /// Music as it is written, with signs of repeats and ties.
 struct WrittenScore {
   Piece head;  ///< What does not depend on the order: all but bars, tempos and tracks.
-  std::vector<ScoreBar> bars;
+  std::vector<CommonBar> bars;
   std::vector<WrittenPart> parts;
 };
 

@@ -239,7 +239,7 @@ void ScoreSigns::readEnding(const Element& ending) {
 void settleSigns(WrittenScore& score) {
   auto& bars = score.bars;
   const auto has = [&](bool BarSigns::*sign) {
-    return std::ranges::any_of(bars, [&](const ScoreBar& bar) { return bar.signs.*sign; });
+    return std::ranges::any_of(bars, [&](const CommonBar& bar) { return bar.signs.*sign; });
   };
   const bool hasCoda = has(&BarSigns::isToCoda) && has(&BarSigns::isCoda);
   const bool hasFine = has(&BarSigns::isFine);

@@ -41,7 +41,7 @@ class ScoreSigns {
   void readMetronome(const Element& metronome, std::int64_t at);
   void readSwing(const Element& swing);
   void addTempo(std::int64_t at, double quartersAMinute);
-  ScoreBar& bar() { return m_score.bars[m_next - 1]; }
+  CommonBar& bar() { return m_score.bars[m_next - 1]; }
 
   WrittenScore& m_score;
   std::size_t m_next = 0;  ///< The bar after the one that is read.
