@@ -8,6 +8,8 @@
 #include <span>
 
 #include "exchange/guitarpro/GuitarPro.h"
+#include "exchange/midi/MidiReader.h"
+#include "exchange/musicxml/CompressedMusicXml.h"
 #include "exchange/musicxml/MusicXmlReader.h"
 #include "platform/files/Files.h"
 #include "platform/text/UserError.h"
@@ -31,9 +33,14 @@ struct FormatReader {
 
 constexpr std::string_view kGuitarPro[] = {"gp5", "gp4", "gp3"};
 constexpr std::string_view kMusicXml[] = {"musicxml", "xml"};
+constexpr std::string_view kCompressed[] = {"mxl"};
+constexpr std::string_view kMidi[] = {"mid", "midi", "kar", "rmi"};
 
-constexpr FormatReader kFormatReaders[] = {{Format::guitarPro, kGuitarPro, readGuitarPro},
-                                           {Format::musicXml, kMusicXml, readMusicXml}};
+constexpr FormatReader kFormatReaders[] = {
+    {Format::guitarPro, kGuitarPro, readGuitarPro},
+    {Format::musicXml, kMusicXml, readMusicXml},
+    {Format::compressedMusicXml, kCompressed, readCompressedMusicXml},
+    {Format::midi, kMidi, readMidi}};
 
 std::string inSmallLetters(std::string text) {
   std::ranges::transform(text, text.begin(),

@@ -6,7 +6,9 @@
 #include <random>
 
 #include "exchange/PieceText.h"
+#include "exchange/musicxml/CompressedMusicXml.h"
 #include "export/score/ScoreWriter.h"
+#include "platform/files/ZipArchive.h"
 #include "platform/text/UserError.h"
 
 namespace korvel::exchange {
@@ -175,6 +177,24 @@ TEST(MusicXmlReaderTest, namesChordsAsPlayersDo) {
   EXPECT_EQ(nameOf(root + "<kind text='6/9'>other</kind>"), "F#6/9");
   EXPECT_EQ(nameOf("<kind>none</kind>"), "");
   EXPECT_EQ(nameOf("<function>V</function><kind>dominant</kind>"), "none");
+}
+
+TEST(MusicXmlReaderTest, readsTheScoreThatAnArchiveNames) {
+  const std::string score = document(measures({attributes() + notes("C4 4")}));
+  EXPECT_EQ(test::textOf(readCompressedMusicXml(compressedMusicXml(score))), read(score));
+  const auto readArchive = [](const std::vector<platform::ZipEntry>& entries) {
+    try {
+      return test::textOf(readCompressedMusicXml(platform::zipped(entries)));
+    } catch (const platform::UserError& error) {
+      return std::string(error.what());
+    }
+  };
+  EXPECT_EQ(readArchive({{"a.png", "picture"}, {"b.xml", score}}), read(score));
+  EXPECT_EQ(
+      readArchive({{"META-INF/container.xml",
+                    "<container><rootfiles><rootfile full-path='c'/></rootfiles></container>"},
+                   {"b.xml", score}}),
+      "there is no score in its archive");
 }
 
 TEST(MusicXmlReaderTest, refusesWhatIsNoMusic) {

@@ -20,6 +20,8 @@ struct FormatName {
 inline constexpr std::array kFormats{
     FormatName{SongFormat::text, QT_TRANSLATE_NOOP("SongFormat", "Text tablature"), ".tab"},
     FormatName{SongFormat::musicXml, QT_TRANSLATE_NOOP("SongFormat", "MusicXML score"), ".xml"},
+    FormatName{SongFormat::compressedMusicXml,
+               QT_TRANSLATE_NOOP("SongFormat", "Compressed MusicXML score"), ".mxl"},
     FormatName{SongFormat::guitarPro5, QT_TRANSLATE_NOOP("SongFormat", "Guitar Pro 5"), ".gp5"},
     FormatName{SongFormat::midi, QT_TRANSLATE_NOOP("SongFormat", "MIDI file"), ".midi"},
 };

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "exchange/guitarpro/GuitarPro.h"
+#include "exchange/musicxml/CompressedMusicXml.h"
 #include "export/score/ScoreWriter.h"
 #include "platform/text/LocalTime.h"
 
@@ -20,6 +21,10 @@ Score signedScore(Score score) {
 }  // namespace
 
 std::string musicXmlOf(Score score) { return ScoreWriter(signedScore(std::move(score))).write(); }
+
+std::string compressedMusicXmlOf(Score score) {
+  return exchange::compressedMusicXml(musicXmlOf(std::move(score)));
+}
 
 std::string guitarPro5Of(Score score) {
   return exchange::guitarPro5(signedScore(std::move(score)));

@@ -10,6 +10,9 @@ namespace korvel {
 /// A score as a MusicXML document that names this program and today's date.
 std::string musicXmlOf(Score score);
 
+/// The same in an archive, as .mxl files are.
+std::string compressedMusicXmlOf(Score score);
+
 /// A score as a file of Guitar Pro 5 that names this program.
 std::string guitarPro5Of(Score score);
 

@@ -37,6 +37,7 @@ std::string shortened(std::string name) {
 
 std::string_view extensionOf(SongFormat format) {
   if (format == SongFormat::musicXml) return ".musicxml";
+  if (format == SongFormat::compressedMusicXml) return ".mxl";
   if (format == SongFormat::guitarPro5) return ".gp5";
   return format == SongFormat::midi ? ".mid" : ".txt";
 }
@@ -56,6 +57,7 @@ std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>
         platform::phrase("Message", "%1: the song has no chords, so there is nothing to export"),
         song.title());
   if (format == SongFormat::musicXml) return musicXmlOf(scoreOf(song, meter));
+  if (format == SongFormat::compressedMusicXml) return compressedMusicXmlOf(scoreOf(song, meter));
   if (format == SongFormat::guitarPro5) return guitarPro5Of(scoreOf(song, meter));
   if (format == SongFormat::midi) return midiFile(midiOf(song, meter));
   return toStringForExport(song);

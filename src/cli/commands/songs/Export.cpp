@@ -22,6 +22,7 @@ struct ExportOptions {
   std::string song;
   std::optional<std::string> txt;       ///< File for the text tablature.
   std::optional<std::string> musicxml;  ///< File for the score.
+  std::optional<std::string> mxl;       ///< The same in an archive.
   std::optional<std::string> gp5;       ///< File of Guitar Pro 5.
   std::optional<std::string> midi;      ///< File for sequencers.
   std::optional<std::string> wav;       ///< File that the song sounds from.
@@ -54,6 +55,7 @@ std::vector<Output> outputsOf(const ExportOptions& options, QBSong& song) {
   };
   add(options.txt, as(SongFormat::text));
   add(options.musicxml, as(SongFormat::musicXml));
+  add(options.mxl, as(SongFormat::compressedMusicXml));
   add(options.gp5, as(SongFormat::guitarPro5));
   add(options.midi, as(SongFormat::midi));
   return outputs;
@@ -69,7 +71,7 @@ void exportSong(const ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
   OutputFile::requireDifferent(
-      {options.txt, options.musicxml, options.gp5, options.midi, options.wav});
+      {options.txt, options.musicxml, options.mxl, options.gp5, options.midi, options.wav});
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();
   const std::optional<OutputFile> wave = waveOf(options);
@@ -90,6 +92,7 @@ void addExport(Command& tool) {
   addSong(command, options.song);
   command.option("--txt", options.txt, "Text tablature").shownAs("FILE");
   command.option("--musicxml", options.musicxml, "Score for notation programs").shownAs("FILE");
+  command.option("--mxl", options.mxl, "The score, compressed").shownAs("FILE");
   command.option("--gp5", options.gp5, "Tablature for Guitar Pro 5").shownAs("FILE");
   command.option("--midi", options.midi, "What is played, for sequencers").shownAs("FILE");
   command.option("--wav", options.wav, "The sound of it, as render writes it").shownAs("FILE");
@@ -99,8 +102,10 @@ void addExport(Command& tool) {
       .oneOf({"4/4", "3/4", "6/8", "12/8"});
   command.flag("--force", options.force, "Replace files that are there already");
   command.checkLast([&options] {
-    if (!options.txt && !options.musicxml && !options.gp5 && !options.midi && !options.wav)
-      throw UsageError("export", "takes one or more of --txt, --musicxml, --gp5, --midi and --wav");
+    if (!options.txt && !options.musicxml && !options.mxl && !options.gp5 && !options.midi &&
+        !options.wav)
+      throw UsageError("export",
+                       "takes one or more of --txt, --musicxml, --mxl, --gp5, --midi and --wav");
   });
   command.uses(Store::existing);
   command.does([&options] { exportSong(options); });
