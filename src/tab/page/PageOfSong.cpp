@@ -64,6 +64,17 @@ class HeardSpans {
   rhythm::Reading m_reading;
 };
 
+/// The pitch class of the lowest tone of a chord; none where nothing sounds.
+std::optional<int> bassOf(const QBChord& chord, const OpenPitches& open) {
+  std::optional<int> lowest;
+  for (const auto& tone : tonesOf(chord)) {
+    if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
+    const int pitch = open[static_cast<std::size_t>(tone->string())] + tone->fret();
+    lowest = std::min(lowest.value_or(pitch), pitch);
+  }
+  return lowest ? std::optional(pitchClass(*lowest)) : std::nullopt;
+}
+
 /// What a chord is played with when that is a grip of all that is wanted.
 std::optional<ChordShape> shapeOf(const QBChord& chord, const PageSource::Chord& named,
                                   const OpenPitches& open) {
@@ -137,9 +148,16 @@ class Gathering {
     m_source.chords.push_back(none);
   }
 
+  /// Of what was typed or read from a file, the grip tells the bass, which no name has.
   void tellShape(const QBChord& chord) {
     PageSource::Chord& named = m_source.chords.back();
-    if (!named.shape) named.shape = shapeOf(chord, named, m_source.open);
+    if (named.shape) return;
+    const bool isHeard = m_song.recording() != nullptr;
+    const int heardBass = named.bass;
+    if (!isHeard) named.bass = bassOf(chord, m_source.open).value_or(named.root);
+    if (named.bass == named.root) named.bass = -1;
+    named.shape = shapeOf(chord, named, m_source.open);
+    if (!named.shape) named.bass = heardBass;
   }
 
   QBSong& m_song;
