@@ -36,7 +36,7 @@ _korvel_cli() {
     return
   fi
   case $prev in
-    --txt | --musicxml | --midi | --wav | --json | --file | --soundfont | --store)
+    --txt | --text | --chordpro | --set | --musicxml | --midi | --wav | --json | --file | --soundfont | --store)
       _filedir
       return
       ;;
@@ -48,10 +48,11 @@ _korvel_cli() {
     --finest) _korvel_cli_offer < <(printf '8\n16\n') && return ;;
     --between) _korvel_cli_offer < <(printf 'silence\nclicks\n') && return ;;
     --position) _korvel_cli_offer < <(printf 'open\nanywhere\n') && return ;;
+    --numbers) _korvel_cli_offer < <(printf 'roman\nnashville\n') && return ;;
     --metric) _korvel_cli_offer < <(printf '4/4\n3/4\n6/8\n12/8\n') && return ;;
   esac
   case $command in
-    import | transcribe | chords | backup | restore) _filedir ;;
+    import | transcribe | chords | chordpro | backup | restore) _filedir ;;
     takes)
       ((cword == i + 1)) && _korvel_cli_offer < <("${words[0]}" takes --help 2>/dev/null |
         sed -n '/^Subcommands:/,$s/^  \([a-z]\{1,\}\) .*/\1/p')
@@ -73,7 +74,7 @@ _korvel_cli() {
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       _korvel_cli_offer < <("${words[0]}" apply --list 2>/dev/null | sed -n 's/.*\[\([A-Za-z0-9_]*\)\]$/\1/p')
       ;;
-    show | dump | delete | export | easy | rhythm | doubts | correct | name | finger | loop | clone | rename | move | merge | extract | play | render | recording)
+    show | sheet | capo | lyrics | dump | delete | export | easy | rhythm | doubts | correct | name | finger | loop | clone | rename | move | merge | extract | play | render | recording)
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       ;;
   esac
