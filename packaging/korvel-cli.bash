@@ -43,6 +43,7 @@ _korvel_cli() {
     --detection) _korvel_cli_offer < <(printf 'precise\nclassic\n') && return ;;
     --grid) _korvel_cli_offer < <(printf 'beats\nslices\n') && return ;;
     --what) _korvel_cli_offer < <(printf 'guitar\nband\nauto\n') && return ;;
+    --strum | --pattern) _korvel_cli_offer < <("${words[0]}" strum --list 2>/dev/null | sed 's/ .*//') && return ;;
     --metre) _korvel_cli_offer < <(printf '2/4\n3/4\n4/4\n6/8\n12/8\n') && return ;;
     --track) _korvel_cli_offer < <(printf 'list\n') && return ;;
     --finest) _korvel_cli_offer < <(printf '8\n16\n') && return ;;
@@ -74,7 +75,7 @@ _korvel_cli() {
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       _korvel_cli_offer < <("${words[0]}" apply --list 2>/dev/null | sed -n 's/.*\[\([A-Za-z0-9_]*\)\]$/\1/p')
       ;;
-    show | sheet | capo | lyrics | dump | delete | export | easy | rhythm | doubts | correct | name | finger | loop | clone | rename | move | merge | extract | play | render | recording)
+    show | sheet | capo | lyrics | dump | delete | export | easy | strum | rhythm | doubts | correct | name | finger | loop | clone | rename | move | merge | extract | play | render | recording)
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       ;;
   esac

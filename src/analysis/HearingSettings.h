@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "arrange/strumming/StrumPatterns.h"
 #include "precise/Settings.h"
 #include "rhythm/Reading.h"
 
@@ -18,6 +19,7 @@ struct HearingSettings : precise::Settings {
   Grid grid = Grid::slices;
   rhythm::Wishes rhythm{};
   Players players = Players::guitar;
+  const StrumPattern* strum = &strumOnBeats();  ///< How a band's chords are struck.
 };
 
 /// What front ends choose unless told otherwise: a song on beats.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/commands/arranging/EasySong.h"
+#include "cli/commands/arranging/StrumSong.h"
 #include "cli/commands/doubts/CorrectSong.h"
 #include "cli/commands/doubts/DoubtsOfSong.h"
 #include "cli/commands/editing/FingerSong.h"
@@ -74,6 +75,7 @@ void describe(cli::Command& tool) {
   cli::addRecordingOfSong(tool);
   cli::addApply(tool);
   cli::addEasySong(tool);
+  cli::addStrumSong(tool);
   cli::addRhythmOfSong(tool);
   cli::addDoubtsOfSong(tool);
   cli::addCorrectSong(tool);

@@ -35,6 +35,7 @@
 #include "ui/dialogs/guides/EasyDialog.h"
 #include "ui/dialogs/guides/PractiseDialog.h"
 #include "ui/dialogs/guides/SingAlongDialog.h"
+#include "ui/dialogs/guides/StrumDialog.h"
 #include "ui/library/SongMenu.h"
 #include "ui/library/TreeModel.h"
 #include "ui/sound/PlayerBar.h"
@@ -164,9 +165,10 @@ TEST_P(WindowWordsTest, guidesAreReachedByLettersAndHeard) {
   QBSong& song = *QBTabMgr::db().createAlbum("Practice", false)->createSong("Blues");
   const EasyDialog easy(song);
   const SingAlongDialog sing(song);
+  const StrumDialog strum(song);
   const PractiseDialog practise(song, {}, PlayerBar::kSlowest, PlayerBar::kFastest);
   for (const GuideDialog* each :
-       std::initializer_list<const GuideDialog*>{&easy, &sing, &practise}) {
+       std::initializer_list<const GuideDialog*>{&easy, &sing, &strum, &practise}) {
     EXPECT_EQ(nameless(*each), "");
     EXPECT_EQ(clashes(textsOf(*each)), "");
   }

@@ -68,7 +68,7 @@ void Listening::Work::keepBand(const Transcription& listened) {
   if (!settings.rhythm.metre && !settings.rhythm.barLine)
     tellBandBars(listened.sound(), sound.notes, sound.rhythm.reading);
   tellBandChords(listened.sound(), sound.notes, sound.rhythm.reading);
-  gripChords(open, settings.fingering, sound);
+  gripChords(open, settings.fingering, *settings.strum, sound);
 }
 
 /// Whether it came to its end.

@@ -144,6 +144,25 @@ void addPlayersFlag(Command& command, HearingSettings& settings) {
       .shownAs("guitar|band|auto");
 }
 
+const StrumPattern& strumPatternOf(const std::string& flag, const std::string& name) {
+  if (const StrumPattern* named = strumPatternNamed(name)) return *named;
+  std::string all;
+  for (const StrumPattern& each : strumPatterns())
+    all.append(all.empty() ? "" : ", ").append(each.name);
+  throw UsageError(flag, "is one of " + all);
+}
+
+void addStrumFlag(Command& command, HearingSettings& settings) {
+  const auto read = [&settings](const std::string& name) {
+    settings.strum = &strumPatternOf("--strum", name);
+  };
+  command
+      .option("--strum", read,
+              "How a band's chords are strummed: a pattern, see strum --list, or none; default: " +
+                  std::string(settings.strum->name))
+      .shownAs("NAME|none");
+}
+
 void requireInstrumentFor(const Detection& detection) {
   if (detection.needsInstrument && !QBTabMgr::db().selectedInstrument())
     throw CliError(QBTabMgr::storePath() +

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+
 #include "analysis/HearingSettings.h"
 
 namespace korvel {
@@ -18,6 +20,10 @@ void addDetectionFlags(Command& command, HearingSettings& settings);
 void addDetectionFlags(Command& command, const Detection*& detection, HearingSettings& settings);
 /// Offers --what; what is chosen so far is the default.
 void addPlayersFlag(Command& command, HearingSettings& settings);
+/// Offers --strum, for a band.
+void addStrumFlag(Command& command, HearingSettings& settings);
+/// The pattern of that name; UsageError, which lists all of them, when there is none.
+const StrumPattern& strumPatternOf(const std::string& flag, const std::string& name);
 /// Throws CliError when the detection needs an instrument and none is active.
 void requireInstrumentFor(const Detection& detection);
 

@@ -8,6 +8,8 @@
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/guides/EasyDialog.h"
 #include "ui/dialogs/guides/SingAlongDialog.h"
+#include "ui/dialogs/guides/StrumDialog.h"
+#include "workflow/arranging/guided/PatternStrummed.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
@@ -31,6 +33,8 @@ void SongGuides::addTo(QMenu& menu, const std::function<QBSong*()>& song) {
   add(tr("Sing &Along ..."),
       tr("Names of chords and strums, one grip for each chord, in the key of who sings"),
       [this](QBSong& chosen) { makeToSing(chosen); });
+  add(tr("Strum ..."), tr("The chords of a song in bars, struck in one of ten patterns"),
+      [this](QBSong& chosen) { strum(chosen); });
   add(tr("&Practise ..."), tr("Plays the song or a passage, slower and with clicks if you like"),
       [this](QBSong& chosen) { emit practiceWanted(&chosen); });
   menu.setToolTipsVisible(true);
@@ -45,6 +49,11 @@ void SongGuides::makeEasy(QBSong& song) {
 void SongGuides::makeToSing(QBSong& song) {
   SingAlongDialog dialog(song, m_window);
   if (dialog.exec() == QDialog::Accepted) make(song, dialog, singAlong(dialog.choices()));
+}
+
+void SongGuides::strum(QBSong& song) {
+  StrumDialog dialog(song, m_window);
+  if (dialog.exec() == QDialog::Accepted) make(song, dialog, strummedBy(dialog.pattern()));
 }
 
 void SongGuides::make(QBSong& song, const GuideDialog& dialog, const SongGuide& guide) {

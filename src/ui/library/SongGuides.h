@@ -35,6 +35,7 @@ class SongGuides final : public QObject {
  private:
   void makeEasy(QBSong& song);
   void makeToSing(QBSong& song);
+  void strum(QBSong& song);
   void make(QBSong& song, const GuideDialog& dialog, const SongGuide& guide);
 
   QWidget* m_window;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arrange/harmony/HarmonyOfChord.h"
+#include "arrange/strumming/StrumPatterns.h"
 #include "model/songs/SongTime.h"
 #include "model/songs/ToneOrder.h"
 #include "music/Ticks.h"
@@ -11,6 +12,7 @@
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/CombinedSongs.h"
 #include "workflow/arranging/guided/EasyVersion.h"
+#include "workflow/arranging/guided/PatternStrummed.h"
 #include "workflow/arranging/guided/SingAlong.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/QBSongNode.h"
@@ -123,6 +125,18 @@ TEST_F(CommandsOnBeatsTest, everyCommandKeepsBarsAndPlaces) {
       expectKept(*source, guide.accept(*source), "guide");
     m_desk.deleteSongs(m_desk.album()->songs().snapshot());
   }
+}
+
+TEST_F(CommandsOnBeatsTest, chordsAreStrummedInPatterns) {
+  std::string text;
+  for (const auto& [source, pattern] : {std::pair(kWaltz, "bass"), {kJig, "offbeat"}}) {
+    QBSong& made = strummedBy(*strumPatternNamed(pattern)).accept(*song(source));
+    text += std::string("# ") + pattern + ' ' + made.title() + '\n' + written(made);
+    EXPECT_TRUE(SongTime(made).isAsRecorded());
+    // Strummed again it has the same grips.
+    EXPECT_EQ(written(strummedBy(*strumPatternNamed(pattern)).accept(made)), written(made));
+  }
+  test::expectApproved(text, "commands/InPatterns.txt");
 }
 
 TEST_F(CommandsOnBeatsTest, songsAreArrangedAsApproved) {

@@ -180,6 +180,8 @@ int listTracks(const ImportOptions& options) {
 
 /// A band's chords are laid into bars, and the classic detection knows neither.
 void requireWholeFor(const Command& command, const ImportOptions& options) {
+  if (command.isGiven("--strum") && options.settings.players == Players::guitar)
+    throw UsageError("--strum", "goes with --what band or auto");
   if (!command.isGiven("--what")) return;
   if (!options.detection->usesSettings)
     throw UsageError("--what",
@@ -206,6 +208,7 @@ void addImport(Command& tool) {
   addDetectionFlags(command, options.detection, options.settings);
   addPlayersFlag(command, options.settings);
   addPieceFlags(command, options.piece);
+  addStrumFlag(command, options.settings);
   command.flag("--json", options.json, "Print the song as JSON");
   command.flag("--keep-recording", options.keepRecording,
                "Keep a copy of the recording beside the store, as FLAC");

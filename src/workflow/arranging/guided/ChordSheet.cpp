@@ -9,6 +9,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Pitch.h"
+#include "workflow/session/EditRefused.h"
 
 namespace korvel {
 namespace {
@@ -45,6 +46,15 @@ ChordSheet::ChordSheet(QBSong& song, bool plain)
   countThirds(song);
   for (const auto& chord : song.allChords()) addStep(*chord);
   nameBeginning();
+}
+
+void ChordSheet::requireNames(const QBSong& song) const {
+  if (m_isEmpty)
+    throw EditRefused(
+        platform::phrase("Message",
+                         "%1: no chord of it has a name, so there is nothing to strum; name "
+                         "its chords first"),
+        song.title());
 }
 
 void ChordSheet::countThirds(QBSong& song) {

@@ -30,6 +30,8 @@ class ChordSheet {
   const std::vector<Step>& steps() const { return m_steps; }
   /// No chord of the song has a name.
   bool isEmpty() const { return m_isEmpty; }
+  /// Throws EditRefused then.
+  void requireNames(const QBSong& song) const;
 
  private:
   void countThirds(QBSong& song);

@@ -64,11 +64,7 @@ class Strummer {
         m_asNamed(song, how.plain),
         m_plain(song, true),
         m_grips(openStringsOf(&song), how.highestFret) {
-    if (m_asNamed.isEmpty())
-      throw EditRefused(phrase("Message",
-                               "%1: no chord of it has a name, so there is nothing to strum; name "
-                               "its chords first"),
-                        song.title());
+    m_asNamed.requireNames(song);
   }
 
   void strumAll(QBSong& copy) {
