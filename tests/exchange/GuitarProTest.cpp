@@ -6,6 +6,7 @@
 #include <random>
 
 #include "export/score/Score.h"
+#include "platform/files/ZipArchive.h"
 #include "platform/text/UserError.h"
 
 namespace korvel::exchange {
@@ -122,11 +123,53 @@ void expectRead(const std::string& bytes, const RandomScore& made) {
   EXPECT_TRUE(piece.left.empty());
 }
 
+/// The same music in the packed container of version 6.
+std::string gpxOf(const std::string& archive) {
+  std::string xml = *platform::ZipArchive(archive).read("Content/score.gpif");
+  constexpr std::size_t kSector = 0x1000;
+  const std::size_t sectors = xml.size() / kSector + 1;
+  const auto numberOf = [](std::size_t value) {
+    std::string bytes;
+    for (int i = 0; i < 4; ++i) bytes += static_cast<char>(value >> 8 * i & 0xFF);
+    return bytes;
+  };
+  std::string head = numberOf(2) + "score.gpif";
+  head.resize(0x8C, '\0');
+  head += numberOf(xml.size()) + numberOf(0);
+  for (std::size_t i = 0; i < sectors; ++i) head += numberOf(2 + i);
+  head.resize(kSector, '\0');
+  xml.resize(sectors * kSector, '\0');
+  const std::string plain = "BCFS" + std::string(kSector, '\0') + head + xml;
+
+  std::string bits;
+  const auto push = [&](std::size_t value, unsigned count, bool isReversed) {
+    for (unsigned i = 0; i < count; ++i)
+      bits += value >> (isReversed ? i : count - 1 - i) & 1 ? '1' : '0';
+  };
+  for (std::size_t at = 0; at < plain.size();) {
+    const bool isRun = at > 9 && plain.compare(at, 9, plain, at - 9, 9) == 0;
+    const std::size_t size = isRun ? 9 : std::min<std::size_t>(3, plain.size() - at);
+    push(isRun, 1, false);
+    push(isRun ? 4 : size, isRun ? 4 : 2, !isRun);
+    if (isRun) push(9, 4, true), push(9, 4, true);
+    for (std::size_t i = 0; !isRun && i < size; ++i)
+      push(static_cast<unsigned char>(plain[at + i]), 8, false);
+    at += size;
+  }
+  std::string packed = "BCFZ" + numberOf(plain.size());
+  for (std::size_t i = 0; i < bits.size(); i += 8)
+    packed +=
+        static_cast<char>(std::stoi((bits.substr(i, 8) + "0000000").substr(0, 8), nullptr, 2));
+  return packed;
+}
+
 TEST(GuitarPro, readsWhatItWrites) {
   for (unsigned seed = 0; seed < 100; ++seed) {
     const RandomScore made(seed);
     SCOPED_TRACE(seed);
     expectRead(guitarPro5(made.score), made);
+    expectRead(guitarPro7(made.score), made);
+    if (seed < 3) expectRead(gpxOf(guitarPro7(made.score)), made);
     if (HasFailure()) return;
   }
 }
@@ -282,11 +325,12 @@ TEST(GuitarPro, readsOlderVersionsAndPlaysRepeatsOut) {
 }
 
 TEST(GuitarPro, saysWhatIsWrongWithDamagedFiles) {
-  const std::string whole = guitarPro5(RandomScore(1).score);
-  for (std::size_t size = 0; size + 1 < whole.size(); size += 7)
-    EXPECT_THROW(readGuitarPro(whole.substr(0, size)), platform::UserError) << size;
-  std::string older = whole;
-  older[older.find("v5")] = 'v', older[older.find("v5") + 1] = '2';
+  const Score score = RandomScore(1).score;
+  for (const std::string& whole : {guitarPro5(score), guitarPro7(score), gpxOf(guitarPro7(score))})
+    for (std::size_t size = 0; 10 * size < 9 * whole.size(); size += 1 + whole.size() / 200)
+      EXPECT_THROW(readGuitarPro(whole.substr(0, size)), platform::UserError) << size;
+  std::string older = guitarPro5(score);
+  older[older.find("v5") + 1] = '2';
   EXPECT_THROW(readGuitarPro(older), platform::UserError);
 }
 

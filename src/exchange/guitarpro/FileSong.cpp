@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "exchange/guitarpro/FileBeats.h"
+#include "exchange/guitarpro/Tonic.h"
 #include "platform/text/UserError.h"
 
 namespace korvel::exchange::guitarpro {
@@ -22,11 +23,6 @@ constexpr int kMostStringsOfFile = 7;
 constexpr int kHighestCapo = 60;
 
 bool isPowerOfTwo(int number) { return number > 0 && (number & (number - 1)) == 0; }
-
-int tonicOf(int sharps, bool minor) {
-  const int major = ((sharps * 7) % 12 + 12) % 12;
-  return minor ? (major + 9) % 12 : major;
-}
 
 // Where each of the directions stands in the file.
 enum Direction : std::size_t {
@@ -179,7 +175,7 @@ void FileSong::readBar(std::size_t index) {
   if (flags & 0x40U) {
     const int sharps = m_bytes.signedByte();
     const bool minor = m_bytes.byte() == 1;
-    if (index == 0) setKey(sharps, minor);
+    if (index == 0) m_sheet.head.key = keyOf(sharps, minor);
   }
   if (m_version >= 500) {
     if (flags & 0x03U) m_bytes.skip(4);  // how beams are parted
@@ -280,10 +276,6 @@ void FileSong::placeDirections() {
   }
   for (const int bar : m_directions)
     if (bar >= 1) ++m_sheet.head.left[kDirections];
-}
-
-void FileSong::setKey(int sharps, bool minor) {
-  if (sharps >= -8 && sharps <= 8) m_sheet.head.key = {tonicOf(sharps, minor), minor};
 }
 
 void FileSong::setFeel(int feel) {

@@ -43,7 +43,6 @@ class FileSong {
   void readSound();
   void readMusic();
   void placeDirections();
-  void setKey(int sharps, bool minor);
   void setFeel(int feel);
 
   FileBytes m_bytes;

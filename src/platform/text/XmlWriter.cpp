@@ -33,6 +33,8 @@ struct XmlWriter::Document {
                                                            : nullptr};
 };
 
+XmlWriter::XmlWriter(const char* root) : XmlWriter(root, nullptr, nullptr) {}
+
 XmlWriter::XmlWriter(const char* root, const char* publicId, const char* systemId)
     : m_document(std::make_unique<Document>()) {
   xmlTextWriter* writer = m_document->writer.get();
@@ -43,7 +45,8 @@ XmlWriter::XmlWriter(const char* root, const char* publicId, const char* systemI
   // A line for each tag, but no blanks: of a long document they would be half the work.
   require(xmlTextWriterSetIndentString(writer, asXml("")));
   require(xmlTextWriterStartDocument(writer, "1.0", "UTF-8", nullptr));
-  require(xmlTextWriterWriteDTD(writer, asXml(root), asXml(publicId), asXml(systemId), nullptr));
+  if (publicId)
+    require(xmlTextWriterWriteDTD(writer, asXml(root), asXml(publicId), asXml(systemId), nullptr));
   require(xmlTextWriterStartElement(writer, asXml(root)));
 }
 

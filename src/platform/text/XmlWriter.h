@@ -12,7 +12,9 @@ namespace korvel::platform {
 /// as control characters and malformed bytes, is left out. Throws std::bad_alloc when memory ends.
 class XmlWriter {
  public:
-  /// The element that everything is in, and where its definition is published.
+  /// The element that everything is in.
+  explicit XmlWriter(const char* root);
+  /// The same with where its definition is published.
   XmlWriter(const char* root, const char* publicId, const char* systemId);
   XmlWriter(const XmlWriter&) = delete;
   XmlWriter& operator=(const XmlWriter&) = delete;
