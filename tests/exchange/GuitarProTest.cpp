@@ -174,6 +174,20 @@ TEST(GuitarPro, readsWhatItWrites) {
   }
 }
 
+TEST(GuitarPro, keepsPickUps) {
+  RandomScore made(1);
+  const Meter meter = made.score.bars.front().meter;
+  const ScoreEvent note{kUnitsOfEighth, {{5, 3, 67}}, {}};
+  made.score.bars.insert(made.score.bars.begin(),
+                         ScoreBar{.meter = meter, .events = {note}, .pickUp = kUnitsOfEighth});
+  const Piece whole = readGuitarPro(guitarPro5(made.score));
+  EXPECT_EQ(whole.bars[0].length, meter.units() * kGrainsOfUnit);
+  EXPECT_EQ(whole.tracks[0].notes[0].at, (meter.units() - kUnitsOfEighth) * kGrainsOfUnit);
+  const Piece piece = readGuitarPro(guitarPro7(made.score));
+  EXPECT_EQ(piece.bars[0].length, kUnitsOfEighth * kGrainsOfUnit);
+  EXPECT_EQ(piece.tracks[0].notes[0].at, 0);
+}
+
 /// A file of version 3 or 4 as its fields follow each other: one track, bars of two quarters.
 class OldFile {
  public:

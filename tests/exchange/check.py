@@ -92,6 +92,17 @@ def check_schema(files):
     return result.returncode
 
 
+def compare_tablature(file, tablatures, tempo, nearness):
+    """What alphaTab reads of a file of Guitar Pro, which carries the names of chords as they are."""
+    got = tablatures[file]
+    music = expected.Music(got["title"], got["tuning"], got["bars"],
+                           sorted(map(tuple, got["notes"])), list(map(tuple, got["names"])))
+    faults = compare_music(file, music, lambda name: name)
+    faults += "wrong" in got and compare(file, "bars", got["wrong"], None)
+    return faults + (abs(got["tempo"] - tempo) > nearness and
+                     compare(file, "tempi", got["tempo"], tempo))
+
+
 def check_alphatab(files):
     library = pathlib.Path(os.environ.get("KORVEL_ALPHATAB", PROJECT / "build/peers"))
     library /= "node_modules/@coderline/alphatab/dist/alphaTab.mjs"
@@ -101,6 +112,9 @@ def check_alphatab(files):
     take = files[0].parent / "take/take.musicxml"
     out = subprocess.run(["node", script, library, *files, take], check=True, capture_output=True)
     *songs, transcribed = json.loads(out.stdout)
+    again = [file.with_suffix(ending) for file in files for ending in (".gp5", ".gp")]
+    out = subprocess.run(["node", script, library, *again], check=True, capture_output=True)
+    tablatures = dict(zip(again, json.loads(out.stdout)))
     faults = compare(take, "notes", sorted(note[2:] for note in transcribed["notes"]),
                      sorted([*note[2:]] for note in heard(files)))
     for file, got in zip(files, songs):
@@ -116,6 +130,8 @@ def check_alphatab(files):
         rate = json.loads(file.with_suffix(".json").read_text())["song"]["tempoRate"]
         tempo = 15 / expected.STEP_SECONDS * rate
         faults += abs(got["tempo"] - tempo) > 0.01 and compare(file, "tempi", got["tempo"], tempo)
+        for ending, nearness in (".gp5", 0.5), (".gp", 0.01):
+            faults += compare_tablature(file.with_suffix(ending), tablatures, tempo, nearness)
     return faults
 
 
@@ -189,10 +205,16 @@ def check_beats(files):
     if not musescore.PROGRAM:
         leave_out("MuseScore is not installed")
     faults = 0
-    with musescore.converted(files, ".mid") as played:
+    tablatures = [file.with_suffix(".gp5") for file in files]
+    with musescore.converted([*files, *tablatures], ".mid") as played:
         lines = midi_of([*played, *(file.with_suffix(".mid") for file in files)])
-    for file, score, midi in zip(files, lines, lines[len(files):]):
+    for file, score, tablature, midi in zip(files, lines, lines[len(files):],
+                                            lines[2 * len(files):]):
         notes = expected.on_beats(file.with_suffix(".json"))
+        first_bar = expected.ticks_of_bar(file.with_suffix(".json"))
+        got = sorted((start - first_bar, pitch) for start, _, pitch in json.loads(tablature)[2])
+        faults += compare(file.with_suffix(".gp5"), "onsets", got,
+                          sorted((start, pitch) for start, _, pitch in notes))
         first_bar = ticks_of_pick_up(file)
         got = sorted((start - first_bar, pitch) for start, _, pitch in json.loads(score)[2])
         faults += compare(file, "onsets", got, sorted((start, pitch) for start, _, pitch in notes))

@@ -100,6 +100,11 @@ def is_on_beats(file):
     return "tempo" in json.loads(file.with_suffix(".json").read_text())["song"]
 
 
+def ticks_of_bar(file):
+    first = json.loads(file.read_text())["song"]["measures"][0]
+    return 1920 * first["beat"] // first["beattype"]
+
+
 def on_beats(file):
     """(tick, ticks, pitch) of every note of a song on beats, from the first bar line, sorted. A
     quarter has 480."""

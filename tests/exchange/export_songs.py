@@ -25,7 +25,7 @@ def main(cli, maker, folder):
         name = folder / f"{number:02}"
         tool = [cli, "--store", store]
         subprocess.run([*tool, "export", title, "--musicxml", f"{name}.musicxml",
-                        "--midi", f"{name}.mid", *(["--metric", metric] if metric else [])],
+                        "--gp5", f"{name}.gp5", "--gp", f"{name}.gp", "--midi", f"{name}.mid", *(["--metric", metric] if metric else [])],
                        check=True)
         song = json.loads(subprocess.run([*tool, "dump", title], check=True,
                                          capture_output=True).stdout)

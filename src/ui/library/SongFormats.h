@@ -23,6 +23,8 @@ inline constexpr std::array kFormats{
     FormatName{SongFormat::compressedMusicXml,
                QT_TRANSLATE_NOOP("SongFormat", "Compressed MusicXML score"), ".mxl"},
     FormatName{SongFormat::guitarPro5, QT_TRANSLATE_NOOP("SongFormat", "Guitar Pro 5"), ".gp5"},
+    FormatName{SongFormat::guitarPro7, QT_TRANSLATE_NOOP("SongFormat", "Guitar Pro 7 and 8"),
+               ".gp"},
     FormatName{SongFormat::midi, QT_TRANSLATE_NOOP("SongFormat", "MIDI file"), ".midi"},
 };
 

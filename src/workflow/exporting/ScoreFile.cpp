@@ -30,4 +30,8 @@ std::string guitarPro5Of(Score score) {
   return exchange::guitarPro5(signedScore(std::move(score)));
 }
 
+std::string guitarPro7Of(Score score) {
+  return exchange::guitarPro7(signedScore(std::move(score)));
+}
+
 }  // namespace korvel

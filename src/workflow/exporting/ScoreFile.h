@@ -16,4 +16,7 @@ std::string compressedMusicXmlOf(Score score);
 /// A score as a file of Guitar Pro 5 that names this program.
 std::string guitarPro5Of(Score score);
 
+/// The same of Guitar Pro 7 and 8.
+std::string guitarPro7Of(Score score);
+
 }  // namespace korvel

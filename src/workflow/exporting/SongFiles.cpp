@@ -39,6 +39,7 @@ std::string_view extensionOf(SongFormat format) {
   if (format == SongFormat::musicXml) return ".musicxml";
   if (format == SongFormat::compressedMusicXml) return ".mxl";
   if (format == SongFormat::guitarPro5) return ".gp5";
+  if (format == SongFormat::guitarPro7) return ".gp";
   return format == SongFormat::midi ? ".mid" : ".txt";
 }
 
@@ -59,6 +60,7 @@ std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>
   if (format == SongFormat::musicXml) return musicXmlOf(scoreOf(song, meter));
   if (format == SongFormat::compressedMusicXml) return compressedMusicXmlOf(scoreOf(song, meter));
   if (format == SongFormat::guitarPro5) return guitarPro5Of(scoreOf(song, meter));
+  if (format == SongFormat::guitarPro7) return guitarPro7Of(scoreOf(song, meter));
   if (format == SongFormat::midi) return midiFile(midiOf(song, meter));
   return toStringForExport(song);
 }

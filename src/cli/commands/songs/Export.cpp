@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/songs/Export.h"
 
+#include <algorithm>
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -24,6 +26,7 @@ struct ExportOptions {
   std::optional<std::string> musicxml;  ///< File for the score.
   std::optional<std::string> mxl;       ///< The same in an archive.
   std::optional<std::string> gp5;       ///< File of Guitar Pro 5.
+  std::optional<std::string> gp;        ///< File of Guitar Pro 7 and 8.
   std::optional<std::string> midi;      ///< File for sequencers.
   std::optional<std::string> wav;       ///< File that the song sounds from.
   std::optional<std::string> metric;    ///< Such as "3/4"; the song's own when not given.
@@ -57,6 +60,7 @@ std::vector<Output> outputsOf(const ExportOptions& options, QBSong& song) {
   add(options.musicxml, as(SongFormat::musicXml));
   add(options.mxl, as(SongFormat::compressedMusicXml));
   add(options.gp5, as(SongFormat::guitarPro5));
+  add(options.gp, as(SongFormat::guitarPro7));
   add(options.midi, as(SongFormat::midi));
   return outputs;
 }
@@ -70,8 +74,8 @@ std::optional<OutputFile> waveOf(const ExportOptions& options) {
 void exportSong(const ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
-  OutputFile::requireDifferent(
-      {options.txt, options.musicxml, options.mxl, options.gp5, options.midi, options.wav});
+  OutputFile::requireDifferent({options.txt, options.musicxml, options.mxl, options.gp5, options.gp,
+                                options.midi, options.wav});
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();
   const std::optional<OutputFile> wave = waveOf(options);
@@ -94,6 +98,7 @@ void addExport(Command& tool) {
   command.option("--musicxml", options.musicxml, "Score for notation programs").shownAs("FILE");
   command.option("--mxl", options.mxl, "The score, compressed").shownAs("FILE");
   command.option("--gp5", options.gp5, "Tablature for Guitar Pro 5").shownAs("FILE");
+  command.option("--gp", options.gp, "Tablature for Guitar Pro 7 and 8").shownAs("FILE");
   command.option("--midi", options.midi, "What is played, for sequencers").shownAs("FILE");
   command.option("--wav", options.wav, "The sound of it, as render writes it").shownAs("FILE");
   command
@@ -102,10 +107,12 @@ void addExport(Command& tool) {
       .oneOf({"4/4", "3/4", "6/8", "12/8"});
   command.flag("--force", options.force, "Replace files that are there already");
   command.checkLast([&options] {
-    if (!options.txt && !options.musicxml && !options.mxl && !options.gp5 && !options.midi &&
-        !options.wav)
-      throw UsageError("export",
-                       "takes one or more of --txt, --musicxml, --mxl, --gp5, --midi and --wav");
+    const auto isGiven = [](const auto* file) { return file->has_value(); };
+    if (std::ranges::none_of(std::array{&options.txt, &options.musicxml, &options.mxl, &options.gp5,
+                                        &options.gp, &options.midi, &options.wav},
+                             isGiven))
+      throw UsageError(
+          "export", "takes one or more of --txt, --musicxml, --mxl, --gp5, --gp, --midi and --wav");
   });
   command.uses(Store::existing);
   command.does([&options] { exportSong(options); });
