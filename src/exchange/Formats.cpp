@@ -31,7 +31,7 @@ struct FormatReader {
   Piece (*read)(std::string_view bytes);
 };
 
-constexpr std::string_view kGuitarPro[] = {"gp5", "gp4", "gp3"};
+constexpr std::string_view kGuitarPro[] = {"gp5", "gp4", "gp3", "gp", "gpx"};
 constexpr std::string_view kMusicXml[] = {"musicxml", "xml"};
 constexpr std::string_view kCompressed[] = {"mxl"};
 constexpr std::string_view kMidi[] = {"mid", "midi", "kar", "rmi"};

@@ -13,9 +13,9 @@ DEMO="$DATA/../../resources/demo/First Steps.ogg"
 korvel() { "$KORVEL" --store "${STORE:-Korvel.sqlite}" "$@"; }
 has() { grep -F -e "$1" > /dev/null; }
 longer() { test "$(wc -c < "$1")" -gt $(($2 * 65536)); }
-shapes() { python3 "$DATA/sessions/shapes.py"; }
-sql() { python3 "$DATA/sessions/sql.py" "$@"; }
-signalled() { python3 "$DATA/sessions/signalled.py" "$@"; }
+shapes() { python3 "$DATA/shell/shapes.py"; }
+sql() { python3 "$DATA/shell/sql.py" "$@"; }
+signalled() { python3 "$DATA/shell/signalled.py" "$@"; }
 )sh";
 
 /// A shell session of `data/sessions`; what was printed in it must be printed again.

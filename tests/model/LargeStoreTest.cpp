@@ -51,7 +51,7 @@ TEST_F(LargeStoreTest, isNotWrittenIntoWhenDamaged) {
 
 TEST_F(LargeStoreTest, getsItsSumsAgainWhenAnotherProgramHasWritten) {
   using State = platform::SummedFiles::State;
-  const std::string sql = KORVEL_TEST_DATA "/sessions/sql.py";
+  const std::string sql = KORVEL_TEST_DATA "/shell/sql.py";
   ASSERT_EQ(test::runProgram({"python3", sql, m_path, "UPDATE QBTone SET fret = 1"}).status, 0);
   platform::ManagedContext context(storeFile(m_path).open(), korvelModel());
   EXPECT_EQ(context.store().sums(), State::outdated);
