@@ -12,7 +12,7 @@ using platform::Phrase;
 using platform::phrase;
 using platform::UserText;
 
-/// What readers and imports count.
+/// What imports count, then what readers do.
 constexpr Phrase kWords[] = {
     phrase("LeftOut", "basses of chords"),
     phrase("LeftOut", "names of chords that the chord book does not have"),
@@ -20,6 +20,43 @@ constexpr Phrase kWords[] = {
     phrase("LeftOut", "notes moved to the nearest twelfth of a beat"),
     phrase("LeftOut", "notes on a string that sounds another one"),
     phrase("LeftOut", "notes that no hand could play with the others"),
+    phrase("LeftOut", "arpeggios"),
+    phrase("LeftOut", "bends"),
+    phrase("LeftOut", "changes of key"),
+    phrase("LeftOut", "changes of sound"),
+    phrase("LeftOut", "changes of swing"),
+    phrase("LeftOut", "chord names"),
+    phrase("LeftOut", "cue notes"),
+    phrase("LeftOut", "dead notes"),
+    phrase("LeftOut", "directions"),
+    phrase("LeftOut", "fades"),
+    phrase("LeftOut", "grace notes"),
+    phrase("LeftOut", "hammer-ons and pull-offs"),
+    phrase("LeftOut", "harmonics"),
+    phrase("LeftOut", "let ring"),
+    phrase("LeftOut", "lyrics"),
+    phrase("LeftOut", "markers"),
+    phrase("LeftOut", "notes beyond their bars"),
+    phrase("LeftOut", "notes out of range"),
+    phrase("LeftOut", "notes without strings"),
+    phrase("LeftOut", "ornaments"),
+    phrase("LeftOut", "palm mutes"),
+    phrase("LeftOut", "palm muting"),
+    phrase("LeftOut", "pedals"),
+    phrase("LeftOut", "places on the neck"),
+    phrase("LeftOut", "slides"),
+    phrase("LeftOut", "staccatos"),
+    phrase("LeftOut", "strokes"),
+    phrase("LeftOut", "tapped notes"),
+    phrase("LeftOut", "taps, slaps and pops"),
+    phrase("LeftOut", "texts"),
+    phrase("LeftOut", "ties to nothing"),
+    phrase("LeftOut", "tracks that break off"),
+    phrase("LeftOut", "tremolo bars"),
+    phrase("LeftOut", "tremolo picking"),
+    phrase("LeftOut", "trills"),
+    phrase("LeftOut", "vibrato"),
+    phrase("LeftOut", "vibratos"),
 };
 
 UserText wordsOf(const std::string& what) {
