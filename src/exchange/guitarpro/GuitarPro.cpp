@@ -12,7 +12,7 @@
 
 namespace korvel::exchange {
 
-using namespace guitarpro;
+namespace guitarpro {
 
 namespace {
 
@@ -41,13 +41,17 @@ TabSheet readSheet(std::string_view bytes) {
 
 }  // namespace
 
-Piece readGuitarPro(std::string_view bytes) { return playedOut(readSheet(bytes)); }
+}  // namespace guitarpro
 
-std::string guitarPro5(const Score& score) { return Gp5Writer(score).write(); }
+Piece readGuitarPro(std::string_view bytes) {
+  return guitarpro::playedOut(guitarpro::readSheet(bytes));
+}
+
+std::string guitarPro5(const Score& score) { return guitarpro::Gp5Writer(score).write(); }
 
 std::string guitarPro7(const Score& score) {
-  const platform::ZipEntry entries[] = {{"VERSION", "7.0", true},
-                                        {kScoreInArchive, GpifWriter(score).write()}};
+  const platform::ZipEntry entries[] = {
+      {"VERSION", "7.0", true}, {guitarpro::kScoreInArchive, guitarpro::GpifWriter(score).write()}};
   return platform::zipped(entries);
 }
 

@@ -67,8 +67,11 @@ class TrackPlayer {
       return std::pair(one.at, one.pitch) < std::pair(other.at, other.pitch);
     });
     std::ranges::stable_sort(m_played.names, {}, &ChordName::at);
-    const auto repeated = std::ranges::unique(m_played.names, {}, &ChordName::text);
-    m_played.names.erase(repeated.begin(), repeated.end());
+    const auto isRepeated = [](const ChordName& one, const ChordName& next) {
+      return one.text == next.text;
+    };
+    auto& names = m_played.names;
+    names.erase(std::unique(names.begin(), names.end(), isRepeated), names.end());
     return std::move(m_played);
   }
 
