@@ -127,8 +127,9 @@ std::string placeText(const PageSource::Bar& bar, int tick) {
   const int hundredths = static_cast<int>(std::lround((tick - bar.tick) * 100.0 / kTicksOfBeat));
   text += '+' + std::to_string(hundredths / 100);
   if (hundredths % 100 == 0) return text;
-  const std::string digits = std::to_string(hundredths % 100);
-  return text + '.' + (digits.size() < 2 ? "0" : "") + digits;
+  std::string digits = std::to_string(100 + hundredths % 100).substr(1);
+  if (digits.ends_with('0')) digits.pop_back();
+  return text + '.' + digits;
 }
 
 /// The words of up to four bars: what begins with a bar in one line, all else in lines of its own.

@@ -15,6 +15,7 @@ constexpr int kFingers = 4;
 constexpr int kFingersOfOpen = 3;
 constexpr int kHighestOfOpen = 3;
 constexpr int kFretsOfDiagram = 4;
+constexpr int kHighestOfFirst = 4;
 
 bool isPressed(int fret) { return fret > 0; }
 
@@ -74,7 +75,11 @@ std::vector<ChordShape> PageGrips::waysToHold(const PageSource::Chord& sounding)
   span.root = sounding.root;
   span.pitchClasses = sounding.pitchClasses | 1U << sounding.root;
   span.bass = sounding.bass;
-  return m_grips.waysToHold(span);
+  std::vector<ChordShape> ways = m_grips.waysToHold(span);
+  // Pages show the shapes of the first frets where there are some.
+  std::ranges::stable_partition(
+      ways, [](const ChordShape& way) { return lowestPressed(way) <= kHighestOfFirst; });
+  return ways;
 }
 
 bool PageGrips::hold(const PageSource::Chord& sounding, const std::optional<ChordShape>& played,

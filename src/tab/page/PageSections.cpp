@@ -54,19 +54,29 @@ class Folding {
   bool isLoop(std::size_t first, std::size_t count) const {
     const auto unit = m_bars.subspan(first, count);
     const bool isOne = std::ranges::all_of(unit, [&unit](int bar) { return bar == unit.front(); });
-    return !isOne || count == kBarsOfLine;
+    return !isOne || count == kBarsOfLine || (count == 1 && unit.front() >= 0);
   }
 
-  /// The shortest loop that begins there.
-  std::optional<Stretch> repeatAt(std::size_t first) const {
-    for (std::size_t count = 2; count <= kLongestRepeat; ++count) {
+  /// The shortest loop of some length that begins there and fills a line at least.
+  std::optional<Stretch> repeatAt(std::size_t first, std::size_t shortest, std::size_t longest,
+                                  int fewest) const {
+    for (std::size_t count = shortest; count <= longest; ++count) {
       if (first + 2 * count > m_bars.size()) break;
       const int times = timesOf(first, count);
       const std::size_t all = count * static_cast<std::size_t>(times);
-      if (times > 1 && all >= 2 * kBarsOfLine && isLoop(first, count))
+      if (times >= fewest && all >= kBarsOfLine && isLoop(first, count))
         return Stretch{first, count, times};
     }
     return std::nullopt;
+  }
+
+  /// A loop of less than a line, unless one of whole lines goes on for longer.
+  std::optional<Stretch> repeatAt(std::size_t first) const {
+    constexpr int kFewestOfShort = 3;
+    const auto within = repeatAt(first, 1, kBarsOfLine - 1, kFewestOfShort);
+    const auto lines = repeatAt(first, kBarsOfLine, kLongestRepeat, 2);
+    if (within && lines) return lines->end() > within->end() ? lines : within;
+    return within ? within : lines;
   }
 
   void foldRepeats() {

@@ -131,7 +131,7 @@ class PageMaking {
     return words;
   }
 
-  /// Equal for bars with the same chords; a pick-up is like no other bar.
+  /// Equal for bars with the same chords, negative for those with one.
   std::vector<int> contents(const std::vector<PageBar>& bars) const {
     std::map<std::string, int> known;
     std::vector<int> contents;
@@ -140,7 +140,8 @@ class PageMaking {
       if (m_source.isInBars) text += ' ' + std::to_string(bar.beats);
       for (const PageChord& chord : bar.chords)
         text += ' ' + (m_source.isInBars ? std::to_string(chord.beat) + ':' : "") + chord.name;
-      contents.push_back(known.try_emplace(text, static_cast<int>(known.size())).first->second);
+      const int number = known.try_emplace(text, static_cast<int>(known.size()) + 1).first->second;
+      contents.push_back(bar.chords.size() > 1 ? number : -number);
     }
     return contents;
   }
