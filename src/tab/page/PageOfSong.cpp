@@ -94,7 +94,13 @@ std::optional<ChordShape> shapeOf(const QBChord& chord, const PageSource::Chord&
   const bool hasRoot = (sounding >> named.root & 1U) != 0;
   const int enough = std::min(kFewestOfShape, std::popcount(wanted));
   if (!hasRoot || (sounding & ~wanted) != 0 || played < enough) return std::nullopt;
-  return std::popcount(sounding) < enough ? std::nullopt : std::optional(shape);
+  if (std::popcount(sounding) < enough) return std::nullopt;
+  // Two tones alone are a grip on neighbouring strings only.
+  const auto isPlayed = [](int fret) { return fret != kNotPlayed; };
+  const auto first = std::ranges::find_if(shape, isPlayed);
+  const auto end = std::find_if_not(first, shape.end(), isPlayed);
+  const bool isWhole = played >= kFewestOfShape || end - first == played;
+  return isWhole ? std::optional(shape) : std::nullopt;
 }
 
 /// Gathers the chords of a song along its time.
