@@ -14,10 +14,10 @@
 #include "precise/Experience.h"
 #include "precise/Intake.h"
 #include "precise/Settings.h"
+#include "precise/ending/NoteEnds.h"
 #include "precise/judging/Candidate.h"
 #include "precise/judging/Choice.h"
 #include "precise/judging/Company.h"
-#include "precise/judging/EndFormula.h"
 #include "precise/judging/NoteFormula.h"
 #include "precise/judging/Observer.h"
 #include "precise/judging/OnsetIndex.h"
@@ -165,7 +165,7 @@ std::span<const Engine::State::Pass> Engine::State::passes() {
       Pass{&State::trackCandidates, 0.05},
       Pass{&State::judgeReattacks, 0.05},
       Pass{&State::judgeNotes, 0.1},
-      Pass{&State::findEnds, 0.02},
+      Pass{&State::findEnds, 0.1},
       Pass{&State::giveBack, 0.02},
   };
   return kPasses;
@@ -405,10 +405,15 @@ Slices Engine::State::judgeInCompany() {
 }
 
 Slices Engine::State::findEnds() {
-  const EndFormula formula(m_activations, m_loudest, m_candidates, m_levels.gains(), m_observer);
+  const NoteEnds noteEnds({.activations = m_activations,
+                           .loudest = m_loudest,
+                           .spectra = m_spectra,
+                           .flux = *m_flux,
+                           .gains = m_levels.gains()},
+                          m_candidates, m_observer);
   std::vector<Frame> ends(m_candidates.size());
   for (std::size_t i = 0; i < ends.size(); ++i) {
-    ends[i] = formula.endOf(i);
+    ends[i] = noteEnds.endOf(i);
     co_yield share(i, ends.size());
   }
   for (std::size_t i = 0; i < ends.size(); ++i) m_candidates[i].end = ends[i];

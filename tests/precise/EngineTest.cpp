@@ -154,7 +154,7 @@ struct Counts final : Observer {
     if (candidate.probability == logistic(noteTerms(), known)) ++explained;
     if (logistic(companyTerms(), known) > 0.5) probable.insert(pitchOf(candidate));
   }
-  void frame(const Candidate&, Frame, const Features<EndFeature>&) override { ++frames; }
+  void frame(const Candidate&, Frame, const EndInputs::Inputs&) override { ++frames; }
 
   static int pitchOf(const Candidate& candidate) {
     return static_cast<int>(candidate.pitch) + Analysis::kLowestPitch;

@@ -14,7 +14,7 @@ using precise::Analysis;
 using precise::Candidate;
 
 /// Frames are written so far apart: neighbours say much the same.
-constexpr precise::Frame kFrameStep = 7;
+constexpr precise::Frame kFrameStep = 5;
 
 /// Finite, as all numbers of the detection are. As many digits as a float needs.
 void append(std::string& text, double value) {
@@ -67,11 +67,11 @@ void FeatureFile::note(const Candidate& candidate,
 }
 
 void FeatureFile::frame(const Candidate& note, precise::Frame frame,
-                        const precise::Features<precise::EndFeature>& known) {
+                        const precise::EndInputs::Inputs& known) {
   if (frame % kFrameStep != 0) return;
   std::vector<double> row = placeOf(note);
   row.back() = static_cast<double>(frame);
-  row.insert(row.end(), known.values().begin(), known.values().end());
+  row.insert(row.end(), known.begin(), known.end());
   appendRow(m_frames, row);
 }
 

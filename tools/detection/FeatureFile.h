@@ -26,7 +26,7 @@ class FeatureFile final : public precise::Observer {
   void note(const precise::Candidate& candidate,
             const precise::Features<precise::NoteFeature>& known) override;
   void frame(const precise::Candidate& note, precise::Frame frame,
-             const precise::Features<precise::EndFeature>& known) override;
+             const precise::EndInputs::Inputs& known) override;
 
   /// Complete once the engine has answered that all is done.
   std::string text() const;

@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Fits the formulas and the network of the precise detection and writes their tables.
+"""Fits the formulas and the networks of the precise detection and writes their tables.
 
 Usage: fit.py --clips DIR --features DIR [--only strikes|ends] [--without a,b] [--out DIR]
 
 --clips has the notes of the recordings, as render.py writes them, --features what
-korvel-detection-features wrote of them. --only fits the network for strings that are struck again, or
-the formulas of ends; the rest stays. --without leaves guitars out, to measure with them. Writes
-StrikeWeights.cpp and Tables.cpp of the source tree by default. Prints how well the result does on
+korvel-detection-features wrote of them. --only fits the networks for strings that are struck again, or
+those for ends; the rest stays. --without leaves guitars out, to measure with them. Writes
+StrikeWeights.cpp, EndWeights.cpp and Tables.cpp of the source tree by default. Prints how well the result does on
 guitars that it was not fitted on: the mean loss, and the share of the weight that is decided rightly.
 """
 import argparse
@@ -20,18 +20,24 @@ import numpy as np
 
 sys.dont_write_bytecode = True
 
-import strikes
+import networks
 import tables
 from company import company
 
 PRECISE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '../../src/precise')
-TABLES, STRIKES = 'judging/Tables.cpp', 'striking/StrikeWeights.cpp'
+TABLES = 'judging/Tables.cpp'
+STRIKES, ENDS = 'striking/StrikeWeights', 'ending/EndWeights'
 FOLDS = 4
 L2 = 3.0
 STEPS = 12
 WEIGHTS = dict(clean=1, hard=.4, room=.4, amp=.4)
-# Of what is not clean, for the network.
+# Of what is not clean, for the networks.
 STRIKE_WEIGHT = .7
+END_WEIGHTS = dict(clean=1, hard=.6, room=.8, amp=.6)
+# Where strings are struck again few notes end, and notes that ring until they are gone are rare.
+RESTRUCK_WEIGHT, RINGING_WEIGHT, RINGING = .4, 1.5, ('chords', 'ring')
+# How often a network is shown all.
+STRIKE_EPOCHS, END_EPOCHS = 8, 5
 SAME_ONSET = .06  # seconds
 # Of what a feature was, in percent; the rest is taken as the nearest of these.
 RANGE = (.2, 99.8)
@@ -41,7 +47,7 @@ REATTACK_COLUMNS, NOTE_COLUMNS, FRAME_COLUMNS = 4, 5, 3
 class Clip:
     """The candidates in one recording and what they truly are."""
 
-    def __init__(self, labels_file, features_file, widths):
+    def __init__(self, labels_file, features_file, width):
         with open(labels_file) as file:
             labels = json.load(file)
         with open(features_file) as file:
@@ -50,18 +56,19 @@ class Clip:
         self.weight = WEIGHTS[labels['how']]
         reattacks = np.array(seen['reattacks'], np.float32).reshape(
             len(seen['reattacks']), -1 if seen['reattacks'] else REATTACK_COLUMNS)
-        notes = np.array(seen['notes']).reshape(-1, NOTE_COLUMNS + widths[0])
+        notes = np.array(seen['notes']).reshape(-1, NOTE_COLUMNS + width)
         self.reattacks, self.notes = reattacks[:, REATTACK_COLUMNS:], notes[:, NOTE_COLUMNS:]
         self.pitch, self.onset, self.end, self.peak = notes[:, :4].T
         self.struck = self.struck_again(seen['tracked'], reattacks, labels['notes'])
         self.true_share = self.shares(labels['notes'])
         self.reattack_weights = np.full(len(reattacks), max(self.weight, STRIKE_WEIGHT),
                                         np.float32)
-        frames = np.array(seen['frames']).reshape(-1, FRAME_COLUMNS + widths[1])
+        frames = np.array(seen['frames'], np.float32).reshape(
+            len(seen['frames']), -1 if seen['frames'] else FRAME_COLUMNS)
         frames = frames[self.are_of_notes(frames, labels['notes'])]
-        self.frames = frames[:, FRAME_COLUMNS:].astype(np.float32)
+        self.frames = frames[:, FRAME_COLUMNS:]
         self.sounding = self.are_sounding(frames, labels['notes'])
-        self.frame_weights = np.full(len(frames), self.weight)
+        self.frame_weights = np.full(len(frames), frame_weight(labels), np.float32)
         self.note_weights = self.weight * (.6 + np.minimum((self.end - self.onset) * self.hop, 2))
 
     def struck_again(self, tracked, reattacks, notes):
@@ -112,6 +119,14 @@ class Clip:
         found = company(self.pitch, self.onset, self.end, self.peak, probability, self.hop)
         for name, values in found.items():
             self.notes[:, names.index(name)] = values
+
+
+def frame_weight(labels):
+    kind = labels['kind']
+    weight = END_WEIGHTS[labels['how']]
+    if kind in RINGING:
+        return weight * RINGING_WEIGHT
+    return weight * (RESTRUCK_WEIGHT if kind.startswith('restruck') else 1)
 
 
 class Samples:
@@ -176,12 +191,12 @@ def fit_logistic(terms, targets, weights):
     return found / spread
 
 
-def read_clips(options, widths):
+def read_clips(options, width):
     clips = []
     for labels in sorted(glob.glob(os.path.join(options.clips, '*.json'))):
         features = os.path.join(options.features, os.path.basename(labels))
         if os.path.exists(features):
-            clip = Clip(labels, features, widths)
+            clip = Clip(labels, features, width)
             if clip.source not in options.without.split(','):
                 clips.append(clip)
     return clips
@@ -195,21 +210,30 @@ def folds_of(clips):
     return [sources.index(clip.source) % FOLDS for clip in clips]
 
 
-def fit_strikes(clips, folds):
-    """The text of StrikeWeights.cpp."""
-    chosen = [number for number, clip in enumerate(clips) if len(clip.reattacks)]
-    inputs = np.vstack([clips[number].reattacks for number in chosen])
-    targets = np.concatenate([clips[number].struck for number in chosen])
-    weights = np.concatenate([clips[number].reattack_weights for number in chosen])
-    of_fold = np.concatenate([np.full(len(clips[number].struck), folds[number])
-                              for number in chosen])
+def fit_networks(file, title, samples, folds, epochs):
+    """The text of that source. samples: of each clip the inputs, targets and weights."""
+    chosen = [number for number, (inputs, _, _) in enumerate(samples) if len(inputs)]
+    inputs, targets, weights = (np.concatenate(parts)
+                                for parts in zip(*(samples[number] for number in chosen)))
+    of_fold = np.repeat([folds[number] for number in chosen],
+                        [len(samples[number][1]) for number in chosen])
     found = np.zeros(len(targets))
     for fold in np.unique(of_fold):
         there = of_fold == fold
-        networks = strikes.Networks(inputs[~there], targets[~there], weights[~there])
-        found[there] = logistic(networks.odds(inputs[there]))
-    report('struck again', found, targets, weights)
-    return strikes.file_text(strikes.Networks(inputs, targets, weights))
+        fitted = networks.Networks(inputs[~there], targets[~there], weights[~there], epochs)
+        found[there] = logistic(fitted.odds(inputs[there]))
+    report(title, found, targets, weights)
+    return networks.file_text(file, networks.Networks(inputs, targets, weights, epochs))
+
+
+def fit_strikes(clips, folds):
+    samples = [(clip.reattacks, clip.struck, clip.reattack_weights) for clip in clips]
+    return fit_networks(STRIKES, 'struck again', samples, folds, STRIKE_EPOCHS)
+
+
+def fit_ends(clips, folds):
+    samples = [(clip.frames, clip.sounding, clip.frame_weights) for clip in clips]
+    return fit_networks(ENDS, 'ends', samples, folds, END_EPOCHS)
 
 
 def fit_notes(clips, folds, names):
@@ -236,20 +260,12 @@ def fit_notes(clips, folds, names):
             tables.ranges_text(enum, names, samples.least, samples.most))
 
 
-def fit_ends(clips, folds, names):
-    samples = Samples([clip.frames for clip in clips], [clip.sounding for clip in clips],
-                      [clip.frame_weights for clip in clips], folds)
-    terms = tables.terms_of(names, tables.END_PRODUCTS)
-    samples.probabilities('ends', terms)
-    enum = 'EndFeature'
-    return (tables.terms_text('endTerms', enum, names, terms, samples.fit(terms)),
-            tables.ranges_text(enum, names, samples.least, samples.most))
-
-
-def written(options, file):
+def write(options, file, text):
+    path = os.path.join(PRECISE, file)
     if options.out:
-        return os.path.join(options.out, os.path.basename(file))
-    return os.path.join(PRECISE, file)
+        path = os.path.join(options.out, os.path.basename(file))
+    with open(path, 'w') as written:
+        written.write(text)
 
 
 def main():
@@ -264,23 +280,14 @@ def main():
     with open(os.path.join(PRECISE, 'judging/Tables.h')) as file:
         header = file.read()
     note_names = tables.names_of(header, 'NoteFeature')
-    end_names = tables.names_of(header, 'EndFeature')
-    clips = read_clips(options, (len(note_names), len(end_names)))
+    clips = read_clips(options, len(note_names))
     folds = folds_of(clips)
     if options.only != 'ends':
-        with open(written(options, STRIKES), 'w') as file:
-            file.write(fit_strikes(clips, folds))
-    if options.only == 'strikes':
-        return
-    if options.only == 'ends':
-        with open(os.path.join(PRECISE, TABLES)) as file:
-            note_terms, company_terms, note_ranges = tables.notes_of(file.read())
-    else:
-        note_terms, company_terms, note_ranges = fit_notes(clips, folds, note_names)
-    end_terms, end_ranges = fit_ends(clips, folds, end_names)
-    with open(written(options, TABLES), 'w') as file:
-        file.write(tables.file_text([note_terms, company_terms, end_terms, note_ranges,
-                                     end_ranges]))
+        write(options, STRIKES + '.cpp', fit_strikes(clips, folds))
+    if options.only != 'strikes':
+        write(options, ENDS + '.cpp', fit_ends(clips, folds))
+    if not options.only:
+        write(options, TABLES, tables.file_text(fit_notes(clips, folds, note_names)))
 
 
 if __name__ == '__main__':

@@ -3,18 +3,12 @@
 import re
 
 # A square of 0 or 1 is itself, and that of the odds says no more than they do.
-WITHOUT_SQUARE = {'One', 'Soon', 'Covered', 'Reattack', 'Odds', 'NearStrokes', 'Tracked'}
+WITHOUT_SQUARE = {'One', 'Soon', 'Covered', 'Reattack', 'Odds'}
 # Products of two features that were found to help.
 NOTE_PRODUCTS = [('Mean', 'MeanShare'), ('Mean', 'Flux'), ('Mean', 'Covered'), ('Mean', 'Pitch'),
                  ('Mean', 'Duration'), ('Mean', 'Fundamental'), ('MeanShare', 'OctaveBelow'),
                  ('MeanShare', 'TwelfthBelow'), ('MeanShare', 'FarBelow'), ('Flux', 'Covered'),
                  ('OctaveBelow', 'Pitch')]
-END_CONDITIONS = ['Age', 'Steepest', 'Strokes', 'NearStrokes', 'EndTexture', 'Tracked']
-# What an end looks like depends on how long the note has sounded, how far it fell, and on what was
-# struck meanwhile in what kind of music.
-END_PRODUCTS = [(a, b) for number, a in enumerate(END_CONDITIONS) for b in
-                ['Level', 'ToHighest', 'ToLoudest', 'LongFall', 'LongNext', 'ToSteepest', 'EndPitch',
-                 'EndResonance'] + END_CONDITIONS[number + 1:] if a != b]
 
 FILE = '''// SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/judging/Tables.h"
@@ -72,11 +66,3 @@ def ranges_text(enum, names, least, most):
 
 def file_text(parts):
     return FILE % '\n'.join(parts)
-
-
-def notes_of(text):
-    """What a written file has of the formulas of notes: by themselves, in company, ranges."""
-    heads = [r'std::span<const Term<NoteFeature>> noteTerms\(\)',
-             r'std::span<const Term<NoteFeature>> companyTerms\(\)',
-             r'std::span<const Range> rangesOf\(NoteFeature\)']
-    return [re.search(head + r' {.*?\n}\n', text, re.S)[0] for head in heads]

@@ -3,6 +3,7 @@
 
 #include <span>
 
+#include "precise/ending/EndInputs.h"
 #include "precise/judging/Candidate.h"
 #include "precise/judging/Logistic.h"
 #include "precise/striking/StrikeInputs.h"
@@ -24,7 +25,7 @@ class Observer {
   virtual void note(const Candidate& candidate, const Features<NoteFeature>& known) = 0;
   /// A frame in which a candidate that was taken for a note may still sound; by notes, their frames
   /// in order.
-  virtual void frame(const Candidate& note, Frame frame, const Features<EndFeature>& known) = 0;
+  virtual void frame(const Candidate& note, Frame frame, const EndInputs::Inputs& known) = 0;
 };
 
 }  // namespace korvel::precise

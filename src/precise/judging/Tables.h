@@ -152,31 +152,6 @@ enum class NoteFeature : std::uint8_t {
   Count
 };
 
-/// What is known of a frame, in which a note may still sound.
-enum class EndFeature : std::uint8_t {
-  One,
-  Level,
-  ToHighest,
-  ToLoudest,
-  Fall,
-  LongFall,
-  Next,
-  LongNext,
-  Steepest,
-  ToSteepest,
-  Age,
-  Strokes,
-  NearStrokes,
-  StrongestStroke,
-  SinceStroke,
-  EndTexture,
-  EndPitch,
-  OctaveUnder,
-  EndResonance,
-  Tracked,
-  Count
-};
-
 /// A weight of the product of two features.
 template <class Feature>
 struct Term {
@@ -192,7 +167,6 @@ struct Range {
   double most;
 };
 std::span<const Range> rangesOf(NoteFeature);
-std::span<const Range> rangesOf(EndFeature);
 
 /// The terms whose sum is the logarithm of the odds that a candidate is a note: of any candidate by
 /// itself, of any candidate in its company. Fitted by logistic regression (L2 3.0)
@@ -203,8 +177,5 @@ std::span<const Range> rangesOf(EndFeature);
 /// docs/detection.md has the figures.
 std::span<const Term<NoteFeature>> noteTerms();
 std::span<const Term<NoteFeature>> companyTerms();
-/// The same that a note still sounds in a frame. These were fitted on fast lines and on clips
-/// through a microphone in a room as well.
-std::span<const Term<EndFeature>> endTerms();
 
 }  // namespace korvel::precise

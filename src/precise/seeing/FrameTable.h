@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <cassert>
 #include <cstddef>
 #include <span>
@@ -28,6 +29,11 @@ class FrameTable {
   std::span<const float> row(std::size_t frame) const {
     assert(frame < m_frames);
     return {begin() + frame * m_columns, m_columns};
+  }
+  /// The row of the frame that lies nearest; a table without frames has none.
+  std::span<const float> rowNear(std::ptrdiff_t frame) const {
+    return row(static_cast<std::size_t>(
+        std::clamp<std::ptrdiff_t>(frame, 0, static_cast<std::ptrdiff_t>(m_frames) - 1)));
   }
   /// All rows, one after the other.
   std::span<const float> values() const { return {begin(), m_frames * m_columns}; }

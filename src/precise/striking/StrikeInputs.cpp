@@ -21,57 +21,28 @@ constexpr float kSmallNoise = 0.02F;
 /// Frames from a stroke to where it is asked who sounds.
 constexpr Frame kAround = 4;
 
-/// A partial in semitones above the fundamental, and about how strong it is.
-struct Partial {
-  std::size_t distance;
-  float strength;
-};
-constexpr std::array<Partial, StrikeInputs::kPartialCount> kPartials{{{0, 1.0F},
-                                                                      {12, 0.9F},
-                                                                      {19, 0.8F},
-                                                                      {24, 0.7F},
-                                                                      {28, 0.5F},
-                                                                      {31, 0.5F},
-                                                                      {34, 0.4F},
-                                                                      {36, 0.4F}}};
-
-/// The row of the frame of the table that lies nearest.
-std::span<const float> rowOf(const FrameTable& table, Frame frame) {
-  const auto last = static_cast<Frame>(table.frames()) - 1;
-  return table.row(static_cast<std::size_t>(std::clamp<Frame>(frame, 0, last)));
-}
-
 }  // namespace
 
 float StrikeInputs::activation(std::size_t pitch, Frame frame) const {
-  return rowOf(m_activations, frame)[pitch];
+  return m_activations.rowNear(frame)[pitch];
 }
 
-/// How much of a partial is likely to be the pitch's own, by what else sounds.
-float StrikeInputs::shareOf(std::size_t pitch, std::size_t partial, Frame frame) const {
-  const std::size_t place = pitch + kPartials[partial].distance;
-  const auto row = rowOf(m_activations, frame);
-  float all = kSmallNoise;
-  for (const Partial& other : kPartials)
-    if (place >= other.distance && place - other.distance < kPitches)
-      all += other.strength * row[place - other.distance];
-  return kPartials[partial].strength * row[pitch] / all;
-}
-
-StrikeInputs::Shares StrikeInputs::sharesOf(const Candidate& candidate) const {
-  Shares shares;
-  for (std::size_t i = 0; i < shares.size(); ++i) {
-    const float before = shareOf(candidate.pitch, i, candidate.onset - kAround);
-    const float after = shareOf(candidate.pitch, i, candidate.onset + kAround);
-    shares[i] = (before + after) / 2 + kSmallNoise;
-  }
+/// As they are before and after the stroke.
+PartialShares StrikeInputs::sharesOf(const Candidate& candidate) const {
+  const auto sharesAt = [&](Frame frame) {
+    return sharesOfPartials(m_activations.rowNear(frame), candidate.pitch);
+  };
+  PartialShares shares = sharesAt(candidate.onset - kAround);
+  const PartialShares after = sharesAt(candidate.onset + kAround);
+  for (std::size_t i = 0; i < shares.size(); ++i)
+    shares[i] = (shares[i] + after[i]) / 2 + kSmallNoise;
   return shares;
 }
 
 /// The mean of the group's partials, each by its share.
-float StrikeInputs::turn(std::size_t pitch, const Shares& shares, const Group& group,
+float StrikeInputs::turn(std::size_t pitch, const PartialShares& shares, const PartialGroup& group,
                          Frame frame) const {
-  const auto row = rowOf(m_turns, frame);
+  const auto row = m_turns.rowNear(frame);
   float sum = 0;
   float all = 0;
   for (std::size_t i = group.begin; i < group.end; ++i) {
@@ -101,8 +72,8 @@ float* StrikeInputs::addNoise(Frame frame, float* next) const {
 }
 
 float* StrikeInputs::addTurns(const Candidate& candidate, float* next) const {
-  const Shares shares = sharesOf(candidate);
-  for (const Group& group : kGroups)
+  const PartialShares shares = sharesOf(candidate);
+  for (const PartialGroup& group : kPartialGroups)
     for (Frame offset = -kTurnReach; offset <= kTurnReach; ++offset)
       *next++ = turn(candidate.pitch, shares, group, candidate.onset + offset);
   return next;

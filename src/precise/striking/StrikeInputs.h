@@ -8,6 +8,7 @@
 #include "precise/judging/Logistic.h"
 #include "precise/seeing/Flux.h"
 #include "precise/seeing/FrameTable.h"
+#include "precise/solving/PartialShares.h"
 
 namespace korvel::precise {
 
@@ -16,12 +17,10 @@ namespace korvel::precise {
 /// how much everything rises, and how far its partials go on as they did.
 class StrikeInputs {
  public:
-  static constexpr std::size_t kPartialCount = 8;
   static constexpr std::size_t kLevelFrames = 17;
   static constexpr std::size_t kNoiseFrames = 11;
   static constexpr std::size_t kTurnFrames = 9;
-  /// The low partials, which are stronger, and the others.
-  static constexpr std::size_t kTurnGroups = 2;
+  static constexpr std::size_t kTurnGroups = kPartialGroups.size();
   /// All but the constant.
   static constexpr std::size_t kFeatures = static_cast<std::size_t>(ReattackFeature::Count) - 1;
   static constexpr std::size_t kCount =
@@ -35,19 +34,10 @@ class StrikeInputs {
   Inputs of(const Candidate& candidate, const Features<ReattackFeature>& known) const;
 
  private:
-  /// A weight for each partial of a pitch.
-  using Shares = std::array<float, kPartialCount>;
-  /// Partials [begin, end).
-  struct Group {
-    std::size_t begin;
-    std::size_t end;
-  };
-  static constexpr std::array<Group, kTurnGroups> kGroups{{{0, 3}, {3, kPartialCount}}};
-
   float activation(std::size_t pitch, Frame frame) const;
-  float shareOf(std::size_t pitch, std::size_t partial, Frame frame) const;
-  Shares sharesOf(const Candidate& candidate) const;
-  float turn(std::size_t pitch, const Shares& shares, const Group& group, Frame frame) const;
+  PartialShares sharesOf(const Candidate& candidate) const;
+  float turn(std::size_t pitch, const PartialShares& shares, const PartialGroup& group,
+             Frame frame) const;
 
   float* addLevels(const Candidate& candidate, float* next) const;
   float* addNoise(Frame frame, float* next) const;

@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The network that tells whether a string was struck again while it rang, and StrikeWeights.cpp."""
+"""The small networks of the precise detection, and the sources that have their weights."""
 import numpy as np
 
 HIDDEN = (24, 8)
 NETWORKS = 3
 LEAK = .1
-RATE, DECAY, EPOCHS, BATCH = .003, 1e-3, 8, 512
+RATE, DECAY, BATCH = .003, 1e-3, 512
 # Adam's memories.
 SLOPES, SQUARES = .9, .999
 # Of what an input was, in percent; the rest is taken as the nearest of these.
@@ -13,14 +13,14 @@ RANGE = (.2, 99.8)
 A_ROW = 8  # numbers of a line
 
 FILE = '''// SPDX-License-Identifier: GPL-3.0-or-later
-#include "precise/striking/StrikeWeights.h"
+#include "precise/%s.h"
 
 namespace korvel::precise {
 
 // Written by tools/detection/fit.py.
-const StrikeWeights& strikeWeights() {
+const %s& %s() {
   // clang-format off
-  static constexpr StrikeWeights kWeights{
+  static constexpr %s kWeights{
 %s  };
   // clang-format on
   return kWeights;
@@ -81,22 +81,22 @@ class Network:
 class Networks:
     """Several that differ in how they began. What they say together is the mean."""
 
-    def __init__(self, inputs, targets, weights):
-        self.all = [fit(inputs, targets, weights, seed) for seed in range(NETWORKS)]
+    def __init__(self, inputs, targets, weights, epochs):
+        self.all = [fit(inputs, targets, weights, epochs, seed) for seed in range(NETWORKS)]
 
     def odds(self, inputs):
         return np.mean([network.odds(inputs) for network in self.all], axis=0)
 
 
-def fit(inputs, targets, weights, seed):
+def fit(inputs, targets, weights, epochs, seed):
     """A network that was shown all of it, by Adam, in steps that get shorter."""
     r = np.random.RandomState(seed)
     network = Network(inputs, r)
     scaled = network.scaled(inputs)
     means = [np.zeros_like(layer) for layer in network.layers]
     squares = [np.zeros_like(layer) for layer in network.layers]
-    steps, step = EPOCHS * -(-len(scaled) // BATCH), 0
-    for _ in range(EPOCHS):
+    steps, step = epochs * -(-len(scaled) // BATCH), 0
+    for _ in range(epochs):
         order = r.permutation(len(scaled))
         for start in range(0, len(order), BATCH):
             chosen = order[start:start + BATCH]
@@ -128,7 +128,10 @@ def network_text(network):
         for layer_weights, layer_biases in layers)
 
 
-def file_text(networks):
+def file_text(file, networks):
+    """Of the source of that name, without ending, below src/precise."""
+    name = file.split('/')[-1]
     ranges = ''.join('    {\n%s    },\n' % numbers(values)
                      for values in (networks.all[0].least, networks.all[0].most))
-    return FILE % (ranges + '    {{\n%s    }},\n' % ''.join(map(network_text, networks.all)))
+    return FILE % (file, name, name[0].lower() + name[1:], name,
+                   ranges + '    {{\n%s    }},\n' % ''.join(map(network_text, networks.all)))
