@@ -102,15 +102,15 @@
     <name>Exchange</name>
     <message>
         <source>%1: is larger than %2 MiB; save it with fewer tracks in the program that it is from, and import that</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: ist größer als %2 MiB; speichere sie in dem Programm, aus dem sie stammt, mit weniger Spuren und importiere das</translation>
     </message>
     <message>
         <source>%1: is of no format that can be read; save it as MIDI or MusicXML in the program that it is from, and import that</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: hat kein Format, das gelesen werden kann; speichere sie in dem Programm, aus dem sie stammt, als MIDI oder MusicXML und importiere das</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished">%1: %2</translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>its repeats make more than %1 bars; nothing was read</source>
@@ -134,27 +134,27 @@
     </message>
     <message>
         <source>the file ends too early</source>
-        <translation type="unfinished"></translation>
+        <translation>die Datei endet zu früh</translation>
     </message>
     <message>
         <source>the file is damaged: byte %1 makes no sense</source>
-        <translation type="unfinished"></translation>
+        <translation>die Datei ist beschädigt: Byte %1 ergibt keinen Sinn</translation>
     </message>
     <message>
         <source>it is of a version of Guitar Pro that is not read: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>sie ist von einer Version von Guitar Pro, die nicht gelesen wird: %1</translation>
     </message>
     <message>
         <source>it is larger than any music; nothing was read</source>
-        <translation type="unfinished"></translation>
+        <translation>sie ist größer als jede Musik; nichts wurde gelesen</translation>
     </message>
     <message>
         <source>it is no file of Guitar Pro</source>
-        <translation type="unfinished"></translation>
+        <translation>es ist keine Datei von Guitar Pro</translation>
     </message>
     <message>
         <source>it has more notes than any music; nothing was read</source>
-        <translation type="unfinished"></translation>
+        <translation>sie hat mehr Noten als jede Musik; nichts wurde gelesen</translation>
     </message>
     <message>
         <source>its tracks are pieces of their own, which is not read; save it in another format of MIDI</source>
@@ -210,42 +210,74 @@
     </message>
     <message>
         <source>has more than %1 bars; import a part of it</source>
-        <translation type="unfinished"></translation>
+        <translation>hat mehr als %1 Takte; importiere einen Teil davon</translation>
     </message>
     <message>
         <source>track %1 is for %2 strings, and songs are for six; choose another one, or have it fitted to six strings</source>
-        <translation type="unfinished"></translation>
+        <translation>Spur %1 ist für %2 Saiten, Songs sind für sechs; wähle eine andere, oder lass sie für sechs Saiten setzen</translation>
     </message>
     <message>
         <source>%1: has no notes that a guitar could play</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: hat keine Noten, die eine Gitarre spielen könnte</translation>
     </message>
     <message>
         <source>has no track &quot;%1&quot;; it has %2</source>
-        <translation type="unfinished"></translation>
+        <translation>hat keine Spur „%1“, sondern %2</translation>
     </message>
     <message>
         <source>track %1 is played by drums; choose another one</source>
-        <translation type="unfinished"></translation>
+        <translation>Spur %1 ist Schlagzeug; wähle eine andere</translation>
     </message>
     <message>
         <source>track %1 has no notes; choose another one</source>
-        <translation type="unfinished"></translation>
+        <translation>Spur %1 hat keine Noten; wähle eine andere</translation>
     </message>
     <message>
         <source>has no notes that a guitar could play</source>
-        <translation type="unfinished"></translation>
+        <translation>hat keine Noten, die eine Gitarre spielen könnte</translation>
     </message>
     <message>
         <source>%1: drums</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Schlagzeug</translation>
     </message>
     <message>
         <source>%1: %2 strings, %3 notes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 Saiten, %3 Noten</translation>
     </message>
     <message>
         <source>%1: %2 notes</source>
+        <translation>%1: %2 Noten</translation>
+    </message>
+    <message>
+        <source>it has no tracks</source>
+        <translation>sie hat keine Spuren</translation>
+    </message>
+    <message>
+        <source>it has more tracks than any music</source>
+        <translation>sie hat mehr Spuren als jede Musik</translation>
+    </message>
+    <message>
+        <source>it has no bars</source>
+        <translation>sie hat keine Takte</translation>
+    </message>
+    <message>
+        <source>it is damaged: line %1 makes no sense</source>
+        <translation>sie ist beschädigt: Zeile %1 ergibt keinen Sinn</translation>
+    </message>
+    <message>
+        <source>it is damaged: a note has no length</source>
+        <translation>sie ist beschädigt: eine Note hat keine Länge</translation>
+    </message>
+    <message>
+        <source>its container is damaged</source>
+        <translation>ihr Behälter ist beschädigt</translation>
+    </message>
+    <message>
+        <source>its container holds no music</source>
+        <translation>ihr Behälter enthält keine Musik</translation>
+    </message>
+    <message>
+        <source>there is no score in its archive</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -253,19 +285,19 @@
     <name>Files</name>
     <message>
         <source>it is no zip archive, or a damaged one</source>
-        <translation type="unfinished"></translation>
+        <translation>es ist kein Zip-Archiv oder ein beschädigtes</translation>
     </message>
     <message>
         <source>its archive holds more than it may</source>
-        <translation type="unfinished"></translation>
+        <translation>ihr Archiv enthält mehr, als es darf</translation>
     </message>
     <message>
         <source>its archive is encrypted</source>
-        <translation type="unfinished"></translation>
+        <translation>ihr Archiv ist verschlüsselt</translation>
     </message>
     <message>
         <source>its archive is packed in a way that is not read</source>
-        <translation type="unfinished"></translation>
+        <translation>ihr Archiv ist auf eine Art gepackt, die nicht gelesen wird</translation>
     </message>
 </context>
 <context>
@@ -295,35 +327,183 @@
     <name>LeftOut</name>
     <message>
         <source>basses of chords</source>
-        <translation type="unfinished"></translation>
+        <translation>Basstöne von Akkorden</translation>
     </message>
     <message>
         <source>names of chords that the chord book does not have</source>
-        <translation type="unfinished"></translation>
+        <translation>Akkordnamen, die das Akkordbuch nicht hat</translation>
     </message>
     <message>
         <source>notes moved by octaves</source>
-        <translation type="unfinished"></translation>
+        <translation>um Oktaven versetzte Noten</translation>
     </message>
     <message>
         <source>notes moved to the nearest twelfth of a beat</source>
-        <translation type="unfinished"></translation>
+        <translation>auf das nächste Zwölftel eines Schlags gerückte Noten</translation>
     </message>
     <message>
         <source>notes on a string that sounds another one</source>
-        <translation type="unfinished"></translation>
+        <translation>Noten auf einer Saite, auf der schon eine klingt</translation>
     </message>
     <message>
         <source>notes that no hand could play with the others</source>
-        <translation type="unfinished"></translation>
+        <translation>Noten, die keine Hand mit den anderen spielen könnte</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished">%1 (%2)</translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished">%1, %2</translation>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>arpeggios</source>
+        <translation>Arpeggien</translation>
+    </message>
+    <message>
+        <source>bends</source>
+        <translation>gezogene Töne</translation>
+    </message>
+    <message>
+        <source>changes of key</source>
+        <translation>Tonartwechsel</translation>
+    </message>
+    <message>
+        <source>changes of sound</source>
+        <translation>Klangwechsel</translation>
+    </message>
+    <message>
+        <source>changes of swing</source>
+        <translation>Wechsel des Swings</translation>
+    </message>
+    <message>
+        <source>chord names</source>
+        <translation>Akkordnamen</translation>
+    </message>
+    <message>
+        <source>cue notes</source>
+        <translation>Stichnoten</translation>
+    </message>
+    <message>
+        <source>dead notes</source>
+        <translation>abgedämpfte Noten</translation>
+    </message>
+    <message>
+        <source>directions</source>
+        <translation>Anweisungen</translation>
+    </message>
+    <message>
+        <source>fades</source>
+        <translation>Einblendungen</translation>
+    </message>
+    <message>
+        <source>grace notes</source>
+        <translation>Vorschläge</translation>
+    </message>
+    <message>
+        <source>hammer-ons and pull-offs</source>
+        <translation>Hammer-ons und Pull-offs</translation>
+    </message>
+    <message>
+        <source>harmonics</source>
+        <translation>Flageoletts</translation>
+    </message>
+    <message>
+        <source>let ring</source>
+        <translation>Klingenlassen</translation>
+    </message>
+    <message>
+        <source>lyrics</source>
+        <translation>Liedtexte</translation>
+    </message>
+    <message>
+        <source>markers</source>
+        <translation>Marken</translation>
+    </message>
+    <message>
+        <source>notes beyond their bars</source>
+        <translation>Noten jenseits ihrer Takte</translation>
+    </message>
+    <message>
+        <source>notes out of range</source>
+        <translation>Noten außerhalb des Tonumfangs</translation>
+    </message>
+    <message>
+        <source>notes without strings</source>
+        <translation>Noten ohne Saite</translation>
+    </message>
+    <message>
+        <source>ornaments</source>
+        <translation>Verzierungen</translation>
+    </message>
+    <message>
+        <source>palm mutes</source>
+        <translation>Palm Mutes</translation>
+    </message>
+    <message>
+        <source>palm muting</source>
+        <translation>Palm Muting</translation>
+    </message>
+    <message>
+        <source>pedals</source>
+        <translation>Pedale</translation>
+    </message>
+    <message>
+        <source>places on the neck</source>
+        <translation>Stellen auf dem Griffbrett</translation>
+    </message>
+    <message>
+        <source>slides</source>
+        <translation>Slides</translation>
+    </message>
+    <message>
+        <source>staccatos</source>
+        <translation>Staccati</translation>
+    </message>
+    <message>
+        <source>strokes</source>
+        <translation>Anschläge</translation>
+    </message>
+    <message>
+        <source>tapped notes</source>
+        <translation>getappte Noten</translation>
+    </message>
+    <message>
+        <source>taps, slaps and pops</source>
+        <translation>Tapping, Slaps und Pops</translation>
+    </message>
+    <message>
+        <source>texts</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>ties to nothing</source>
+        <translation>Bögen ins Leere</translation>
+    </message>
+    <message>
+        <source>tracks that break off</source>
+        <translation>Spuren, die abbrechen</translation>
+    </message>
+    <message>
+        <source>tremolo bars</source>
+        <translation>Tremolohebel</translation>
+    </message>
+    <message>
+        <source>tremolo picking</source>
+        <translation>Tremolo-Anschläge</translation>
+    </message>
+    <message>
+        <source>trills</source>
+        <translation>Triller</translation>
+    </message>
+    <message>
+        <source>vibrato</source>
+        <translation>Vibrato</translation>
+    </message>
+    <message>
+        <source>vibratos</source>
+        <translation>Vibratos</translation>
     </message>
 </context>
 <context>
@@ -546,23 +726,27 @@
     </message>
     <message>
         <source>its rhythm is too free to be read in bars; it is taken as written</source>
-        <translation type="unfinished"></translation>
+        <translation>ihr Rhythmus ist zu frei, um in Takten gelesen zu werden; sie wird genommen, wie sie geschrieben ist</translation>
     </message>
     <message>
         <source>its rhythm was read from how it was played, not as it is written</source>
-        <translation type="unfinished"></translation>
+        <translation>ihr Rhythmus wurde daraus gelesen, wie sie gespielt wurde, nicht, wie sie geschrieben ist</translation>
     </message>
     <message>
         <source>track %1 is imported; there are also %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Spur %1 wird importiert; es gibt außerdem %2</translation>
     </message>
     <message>
         <source>not kept as it was: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht behalten, wie es war: %1</translation>
     </message>
     <message>
         <source>Not in the chord book, and made plainer or left out: %1.</source>
         <translation>Nicht im Akkordbuch und daher vereinfacht oder weggelassen: %1.</translation>
+    </message>
+    <message>
+        <source>Song strummed.</source>
+        <translation>Song in ein Schlagmuster gebracht.</translation>
     </message>
 </context>
 <context>
@@ -1291,6 +1475,10 @@
         <source>%1: there are no chords in brackets or grids in it</source>
         <translation>%1: darin stehen keine Akkorde in Klammern oder Rastern</translation>
     </message>
+    <message>
+        <source>%1: it is not written in beats, so no pattern of strokes fits it</source>
+        <translation>%1: er ist nicht in Zählzeiten geschrieben, darum passt kein Schlagmuster zu ihm</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
@@ -1424,7 +1612,15 @@
     </message>
     <message>
         <source>Guitar Pro 5</source>
+        <translation>Guitar Pro 5</translation>
+    </message>
+    <message>
+        <source>Compressed MusicXML score</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Guitar Pro 7 and 8</source>
+        <translation>Guitar Pro 7 und 8</translation>
     </message>
 </context>
 <context>
@@ -2156,11 +2352,62 @@
     </message>
     <message>
         <source>Recordings, tabs and scores (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmen, Tabs und Noten (%1)</translation>
     </message>
     <message>
         <source>Tabs and scores (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tabs und Noten (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>Strumming</name>
+    <message>
+        <source>On the beats</source>
+        <translation>Auf die Zählzeiten</translation>
+    </message>
+    <message>
+        <source>Held through the bar</source>
+        <translation>Den Takt über gehalten</translation>
+    </message>
+    <message>
+        <source>Down and up in eighths</source>
+        <translation>Ab und auf in Achteln</translation>
+    </message>
+    <message>
+        <source>Eighths, all downwards</source>
+        <translation>Achtel, alle abwärts</translation>
+    </message>
+    <message>
+        <source>Folk song</source>
+        <translation>Volkslied</translation>
+    </message>
+    <message>
+        <source>Ballad</source>
+        <translation>Ballade</translation>
+    </message>
+    <message>
+        <source>Bass and chord</source>
+        <translation>Bass und Akkord</translation>
+    </message>
+    <message>
+        <source>Bass, then down and up</source>
+        <translation>Bass, dann ab und auf</translation>
+    </message>
+    <message>
+        <source>Short, between the beats</source>
+        <translation>Kurz, zwischen den Zählzeiten</translation>
+    </message>
+    <message>
+        <source>Sixteenths</source>
+        <translation>Sechzehntel</translation>
+    </message>
+    <message>
+        <source>Across the beats</source>
+        <translation>Über die Zählzeiten hinweg</translation>
+    </message>
+    <message>
+        <source>Twice, then a rest</source>
+        <translation>Zweimal, dann Pause</translation>
     </message>
 </context>
 <context>
@@ -2667,11 +2914,15 @@
     </message>
     <message>
         <source>Import File</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei importieren</translation>
     </message>
     <message>
         <source>Import Chords</source>
         <translation>Akkorde importieren</translation>
+    </message>
+    <message>
+        <source>Strum</source>
+        <translation>Schlagmuster</translation>
     </message>
 </context>
 <context>
@@ -4819,6 +5070,14 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>Plays the song or a passage, slower and with clicks if you like</source>
         <translation>Spielt den Song oder eine Stelle, auf Wunsch langsamer und mit Klicks</translation>
     </message>
+    <message>
+        <source>Strum ...</source>
+        <translation>Schlagmuster ...</translation>
+    </message>
+    <message>
+        <source>The chords of a song in bars, struck in one of ten patterns</source>
+        <translation>Die Akkorde eines Songs in Takten, in einem von zehn Mustern geschlagen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::SongMenu</name>
@@ -4840,6 +5099,21 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>The recording %1 cannot be read, so that there is no picture of it</source>
         <translation>Die Aufnahme %1 lässt sich nicht lesen, darum gibt es kein Bild von ihr</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::StrumDialog</name>
+    <message>
+        <source>Strum</source>
+        <translation>Schlagmuster</translation>
+    </message>
+    <message>
+        <source>&amp;Make It</source>
+        <translation type="unfinished">&amp;Erstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Pattern</source>
+        <translation>&amp;Muster</translation>
     </message>
 </context>
 <context>
@@ -4907,31 +5181,31 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <name>korvel::ui::TrackDialog</name>
     <message>
         <source>Import %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 importieren</translation>
     </message>
     <message>
         <source>&amp;Track</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Spur</translation>
     </message>
     <message>
         <source>As it fits</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie es passt</translation>
     </message>
     <message>
         <source>As written</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie geschrieben</translation>
     </message>
     <message>
         <source>As played</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie gespielt</translation>
     </message>
     <message>
         <source>&amp;Rhythm</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rhythmus</translation>
     </message>
     <message>
         <source>A track for more or fewer strings is fingered for six.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Spur für mehr oder weniger Saiten wird für sechs gesetzt.</translation>
     </message>
 </context>
 <context>
