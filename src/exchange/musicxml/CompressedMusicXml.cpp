@@ -15,7 +15,7 @@ namespace korvel::exchange {
 namespace {
 
 constexpr std::string_view kContainer = "META-INF/container.xml";
-constexpr std::string_view kScore = "score.musicxml";
+constexpr std::string_view kScoreName = "score.musicxml";
 
 /// The first file that the container names is the score, others may be pictures of it.
 std::string scoreNamedIn(std::string_view container) {
@@ -48,13 +48,13 @@ std::string compressedMusicXml(std::string document) {
   const std::string container =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<container>\n<rootfiles>\n<rootfile "
       "full-path=\"" +
-      std::string(kScore) +
+      std::string(kScoreName) +
       "\" media-type=\"application/vnd.recordare.musicxml+xml\"/>\n</rootfiles>\n</container>\n";
   // The type of the file comes first, for those who look at its first bytes only.
   const std::array<platform::ZipEntry, 3> entries{{
       {"mimetype", "application/vnd.recordare.musicxml", true},
       {std::string(kContainer), container},
-      {std::string(kScore), std::move(document)},
+      {std::string(kScoreName), std::move(document)},
   }};
   return platform::zipped(entries);
 }

@@ -17,7 +17,7 @@ namespace {
 
 using Element = platform::XmlDocument::Element;
 
-constexpr int kMostBeats = 64;
+constexpr int kMostBeatsOfBar = 64;
 constexpr int kShortestBeatType = 64;
 constexpr unsigned kMostEndings = 32;
 constexpr double kSlowest = 1;
@@ -29,7 +29,7 @@ bool isYes(std::string_view value) { return !value.empty() && value != "no"; }
 int sumOf(std::string_view text) {
   int sum = 0;
   while (!text.empty()) {
-    sum += std::clamp(platform::intValue(text), 0, kMostBeats);
+    sum += std::clamp(platform::intValue(text), 0, kMostBeatsOfBar);
     const std::size_t plus = text.find('+');
     text = plus == std::string_view::npos ? "" : text.substr(plus + 1);
   }
@@ -109,7 +109,7 @@ void ScoreSigns::readTime(const Element& time) {
     if (!each.is("beat-type")) continue;
     const int type = each.integer().value_or(0);
     if (type < 1 || type > kShortestBeatType || !std::has_single_bit(static_cast<unsigned>(type)) ||
-        group < 1 || beats + group > kMostBeats)
+        group < 1 || beats + group > kMostBeatsOfBar)
       throw platform::UserError(
           platform::phrase("Exchange", "its time signature in line %1 cannot be read"),
           time.line());
