@@ -204,9 +204,8 @@ void Gp5Writer::writeBeat(const ScoreNote& note, std::optional<double> tempo, bo
   bytes(2, 0);
 }
 
-/// A diagram with the tones of the chord, where there are enough to be one.
+/// A diagram with the tones that are struck below the name: some programs drop a name without one.
 void Gp5Writer::writeChord(const std::string& name, const ScoreEvent& event) {
-  constexpr std::size_t kFewestTones = 3;
   byte(1);  // of the newer kind
   byte(1);  // with sharps
   bytes(3, 0);
@@ -220,9 +219,8 @@ void Gp5Writer::writeChord(const std::string& name, const ScoreEvent& event) {
   number(1);  // the fret at the top
   std::array<int, kFileStrings> frets;
   frets.fill(-1);
-  if (event.tones.size() >= kFewestTones)
-    for (const ScoreTone& tone : event.tones)
-      frets[m_score.openStrings.size() - 1 - static_cast<std::size_t>(tone.string)] = tone.fret;
+  for (const ScoreTone& tone : event.tones)
+    frets[m_score.openStrings.size() - 1 - static_cast<std::size_t>(tone.string)] = tone.fret;
   for (const int fret : frets) number(fret);
   bytes(16, 0);  // nothing lies across
   bytes(7, 1);   // no tone is left out
