@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/editing/words/LyricsEdits.h"
+
+#include "model/store/QBTabMgr.h"
+#include "support/Testing.h"
+#include "support/songs/BeatSong.h"
+#include "support/songs/SongDesk.h"
+#include "tab/page/LyricsText.h"
+#include "tab/page/PageOfSong.h"
+#include "workflow/editing/SongEditor.h"
+#include "workflow/library/SongCopies.h"
+#include "workflow/session/QBSession.h"
+
+namespace korvel {
+namespace {
+
+std::string wordsOf(QBSong& song) { return lyricsText(pageSourceOf(song)); }
+
+TEST(LyricsEditsTest, wordsStayInTheirBars) {
+  test::SongDesk desk;
+  QBSong& song = *test::beatSong(
+      desk.album()->createSong("Song"),
+      "x02210 q | Am:x02210 h h | C:x32010 h G:320003 h | F:133211 w | Am:x02210 w |");
+  QBTabMgr::db().save();
+  typeLyrics(song, "0: oh\n1: one | two | | four\n2+2: late");
+  const std::string typed = "0: oh\n1: one | two | | four\n2+2: late\n";
+  EXPECT_EQ(wordsOf(song), typed);
+  SongEditor editor(QBTabMgr::db(), song);
+  editor.setChordName(3, "Dm");
+  editor.insertChordAfter(5);
+  EXPECT_EQ(wordsOf(song), typed) << "chords changed";
+  EXPECT_EQ(wordsOf(cloneSong(song)), typed);
+  EXPECT_EQ(wordsOf(extractPart(song, 4, 5)), "1: two\n1+2: late\n");
+  editor.deleteChords(3, 4);
+  EXPECT_EQ(wordsOf(song), "0: oh\n1: one | | four\n") << "with the bar its words";
+  changeWords(song, 0, 48, "");
+  changeWords(song, 48, 96, "new");
+  EXPECT_EQ(wordsOf(song), "0: oh\n2: new | four\n");
+  QBSession::session().undo();
+  QBSession::session().undo();
+  EXPECT_EQ(wordsOf(song), typed);
+  EXPECT_THROW(typeLyrics(song, "9: far"), NoPlaceForWords);
+  EXPECT_EQ(wordsOf(song), typed);
+}
+
+}  // namespace
+}  // namespace korvel
