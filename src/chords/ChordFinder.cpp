@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "chords/judging/ChordScores.h"
 #include "chords/judging/FinerKinds.h"
@@ -101,19 +102,49 @@ void nameFiner(std::span<const BeatEvidence> beats, const SearchWeights& weights
   spans = std::move(result);
 }
 
-}  // namespace
-
-FoundChords findChords(std::span<const BeatEvidence> beats, const SearchWeights& weights) {
+std::vector<ScoredBeat> scoresOf(std::span<const BeatEvidence> beats,
+                                 const SearchWeights& weights) {
   const ChordScores judge(weights);
   std::vector<ScoredBeat> scored;
   for (const BeatEvidence& beat : beats)
     scored.push_back({judge.of(beat), beat.onBarLine ? weights.changeOnBarLine : weights.change});
+  return scored;
+}
+
+/// How probable the most probable chords are, on average, none counting nothing.
+float surenessOf(std::span<const Scores> probable, std::span<const BeatEvidence> beats) {
+  double sum = 0, seconds = 0;
+  for (std::size_t i = 0; i < beats.size(); ++i) {
+    const auto best = std::ranges::max_element(probable[i]);
+    seconds += beats[i].seconds;
+    if (best != probable[i].begin() + kNone) sum += beats[i].seconds * static_cast<double>(*best);
+  }
+  return seconds > 0 ? static_cast<float>(sum / seconds) : 0;
+}
+
+/// In music what agrees with no chord is rather a chord that is hard to hear than none.
+SearchWeights ofMusic(const SearchWeights& weights, float sureness) {
+  const float music =
+      std::clamp((sureness - weights.noMusic) / (weights.music - weights.noMusic), 0.0F, 1.0F);
+  SearchWeights result = weights;
+  result.none = std::lerp(weights.none, weights.noneOfMusic, music);
+  result.noneOfDrums = weights.noneOfDrums + weights.none - result.none;
+  return result;
+}
+
+}  // namespace
+
+FoundChords findChords(std::span<const BeatEvidence> beats, const SearchWeights& weights) {
   const KeyChordPrices prices(weights);
-  scored = withRepeats(beats, scored,
-                       probabilities(scored, prices, weights.keyChange, weights.trust), weights);
+  const auto probable = [&](std::span<const ScoredBeat> scored) {
+    return probabilities(scored, prices, weights.keyChange, weights.trust);
+  };
+  const float sureness = surenessOf(probable(scoresOf(beats, weights)), beats);
+  std::vector<ScoredBeat> scored = scoresOf(beats, ofMusic(weights, sureness));
+  scored = withRepeats(beats, scored, probable(scored), weights);
   const std::vector<InItsKey> path = bestPath(scored, prices, weights.keyChange);
   FoundChords found;
-  found.beats = probabilities(scored, prices, weights.keyChange, weights.trust);
+  found.beats = probable(scored);
   for (std::size_t i = 0; i < path.size(); ++i) {
     if (i == 0 || path[i].chord != path[i - 1].chord)
       found.spans.push_back({i, i, chordAt(path[i].chord)});

@@ -31,6 +31,8 @@ struct SearchWeights {
   float none = 0.6F;         ///< As an agreement; more where
   float noneOfDrums = 0.4F;  ///< hardly anything but drums sounds: when their share of the power
   float someDrums = 0.45F, mostlyDrums = 0.6F;  ///< goes from the one to the other.
+  float noneOfMusic = 0.4F;              ///< In place of `none` in a recording whose chords are as
+  float noMusic = 0.14F, music = 0.18F;  ///< probable as music's.
   // What follows what.
   float change = 13;
   float changeOnBarLine = 5;
