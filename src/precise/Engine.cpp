@@ -165,7 +165,7 @@ std::span<const Engine::State::Pass> Engine::State::passes() {
       Pass{&State::trackCandidates, 0.05},
       Pass{&State::judgeReattacks, 0.05},
       Pass{&State::judgeNotes, 0.1},
-      Pass{&State::findEnds, 0.1},
+      Pass{&State::findEnds, 0.5},
       Pass{&State::giveBack, 0.02},
   };
   return kPasses;
