@@ -64,9 +64,9 @@ _korvel_cli() {
           _korvel_cli_offer < <("${words[0]}" "$command" --help 2>/dev/null |
             sed -n '/^Subcommands:/,$s/^  \([a-z]\{1,\}\) .*/\1/p')
           ;;
-        2:add) _korvel_cli_offer < <(printf 'Standard\nDrop D\nOpen G\n') ;;
+        2:add) _korvel_cli_offer < <(printf '%s\n' Standard 'Drop D' 'Open G' 'Open D' DADGAD Eb 'D standard' 'Open E' 'Drop C') ;;
         2:select | 2:export | 2:edit | 2:rename | 2:delete)
-          _korvel_cli_offer < <("${words[0]}" "$command" 2>/dev/null | sed 's/^[* ] //; s/ ([A-Gb#]*)$//')
+          _korvel_cli_offer < <("${words[0]}" "$command" 2>/dev/null | sed 's/^[* ] //; s/ ([A-Gb#0-9 -]*)$//')
           ;;
         *:import | *:export | *:calibrate) _filedir ;;
       esac

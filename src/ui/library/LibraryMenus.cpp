@@ -32,12 +32,9 @@ void LibraryActions::fillRootMenu(QMenu& menu) {
 }
 
 void LibraryActions::fillTuningsMenu(QMenu& menu) {
-  const auto add = [&](const QString& title, KnownTuning from) {
-    menu.addAction(title, this, [this, from] { attempt([from] { newTuning(from); }); });
-  };
-  add(tr("New from Standard"), KnownTuning::standard);
-  add(tr("New from Drop D"), KnownTuning::dropD);
-  add(tr("New from Open G"), KnownTuning::openG);
+  for (const KnownTuning from : knownTunings())
+    menu.addAction(tr("New from %1").arg(nameOf(from)), this,
+                   [this, from] { attempt([from] { newTuning(from); }); });
 }
 
 void LibraryActions::fillInstrumentsMenu(QMenu& menu) {

@@ -2,6 +2,7 @@
 #include "workflow/library/TuningEdits.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "model/instruments/QBInstrument.h"
@@ -10,6 +11,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "music/ConcertPitch.h"
+#include "music/NoteName.h"
 #include "music/Pitch.h"
 #include "workflow/library/NameRules.h"
 #include "workflow/session/Edit.h"
@@ -22,6 +24,30 @@ using platform::phrase;
 
 constexpr int kWay = 5;  // half tones that a string can be tuned off its usual pitch
 constexpr PitchRange kLowestString{31, 47};
+
+struct Preset {
+  KnownTuning tuning;
+  const char* name;
+  /// Of those with frequencies of their own; null for those that have pitches.
+  void (QBTuning::*strings)();
+  OpenPitches pitches;
+};
+
+constexpr std::array kPresets{
+    Preset{KnownTuning::standard, "Standard", &QBTuning::createStandardStrings, {}},
+    Preset{KnownTuning::dropD, "Drop D", &QBTuning::createDropDStrings, {}},
+    Preset{KnownTuning::openG, "Open G", nullptr, {38, 43, 50, 55, 59, 62}},
+    Preset{KnownTuning::openD, "Open D", nullptr, {38, 45, 50, 54, 57, 62}},
+    Preset{KnownTuning::dadgad, "DADGAD", nullptr, {38, 45, 50, 55, 57, 62}},
+    Preset{KnownTuning::eFlat, "Eb", nullptr, {39, 44, 49, 54, 58, 63}},
+    Preset{KnownTuning::dStandard, "D standard", nullptr, {38, 43, 48, 53, 57, 62}},
+    Preset{KnownTuning::openE, "Open E", nullptr, {40, 47, 52, 56, 59, 64}},
+    Preset{KnownTuning::dropC, "Drop C", nullptr, {36, 43, 48, 53, 57, 62}},
+};
+
+const Preset& presetOf(KnownTuning tuning) {
+  return *std::ranges::find(kPresets, tuning, &Preset::tuning);
+}
 
 bool isTaken(const QBTabMgr& db, const std::string& name) {
   return std::ranges::any_of(db.tunings(), [&](const auto& each) { return each->descr() == name; });
@@ -90,7 +116,35 @@ void remove(QBTabMgr& db, QBTuning& tuning) {
   db.deleteInstance(&tuning);
 }
 
+/// The last of all. Strings as in standard tuning have its frequencies.
+QBTuning* createWith(QBTabMgr& db, const std::string& name, const OpenPitches& pitches) {
+  QBTuning* standard = createTuning(db, name);
+  standard->createStandardStrings();
+  QBTuning* tuning = db.createTuning(name, standard->order());
+  createStrings(db, *tuning, *standard, pitches);
+  remove(db, *standard);
+  return tuning;
+}
+
 }  // namespace
+
+const char* nameOf(KnownTuning tuning) { return presetOf(tuning).name; }
+
+std::span<const KnownTuning> knownTunings() {
+  static constexpr auto kTunings = [] {
+    std::array<KnownTuning, kPresets.size()> tunings{};
+    std::ranges::transform(kPresets, tunings.begin(), &Preset::tuning);
+    return tunings;
+  }();
+  return kTunings;
+}
+
+std::string notesOf(QBTuning& tuning) {
+  std::string notes;
+  for (const int pitch : tuning.openStrings().pitches())
+    notes += (notes.empty() ? "" : " ") + noteName(pitch);
+  return notes;
+}
 
 void selectTuning(QBTuning& tuning) {
   Edit edit(phrase("UndoAction", "Select Tuning"));
@@ -109,26 +163,24 @@ void renameTuning(QBTuning& tuning, const std::string& name) {
 QBTuning* newTuning(KnownTuning from, const std::optional<std::string>& name) {
   Edit edit(phrase("UndoAction", "New Tuning"));
   if (name) requireFree(edit.db(), *name);
-  const auto make = [&](const char* kind, void (QBTuning::*strings)()) {
-    QBTuning* tuning = createTuning(edit.db(), name ? *name : freeName(edit.db(), kind));
-    (tuning->*strings)();
-    edit.done(phrase("Log", "Tuning created."));
-    return tuning;
-  };
-  if (from == KnownTuning::dropD) return make("Drop D", &QBTuning::createDropDStrings);
-  if (from == KnownTuning::openG) return make("Open G", &QBTuning::createOpenGStrings);
-  return make("Standard", &QBTuning::createStandardStrings);
+  const Preset& preset = presetOf(from);
+  const std::string free = name ? *name : freeName(edit.db(), preset.name);
+  QBTuning* tuning = nullptr;
+  if (preset.strings) {
+    tuning = createTuning(edit.db(), free);
+    (tuning->*preset.strings)();
+  } else {
+    tuning = createWith(edit.db(), free, preset.pitches);
+  }
+  edit.done(phrase("Log", "Tuning created."));
+  return tuning;
 }
 
 QBTuning* newTuning(const std::string& name, const OpenPitches& pitches) {
   Edit edit(phrase("UndoAction", "New Tuning"));
   requireFree(edit.db(), name);
   requirePlayable(pitches);
-  QBTuning* standard = createTuning(edit.db(), name);
-  standard->createStandardStrings();
-  QBTuning* tuning = edit.db().createTuning(name, standard->order());
-  createStrings(edit.db(), *tuning, *standard, pitches);
-  remove(edit.db(), *standard);
+  QBTuning* tuning = createWith(edit.db(), name, pitches);
   edit.done(phrase("Log", "Tuning created."));
   return tuning;
 }

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "music/Neck.h"
@@ -12,7 +13,15 @@ namespace korvel {
 class QBTuning;
 
 /// The tunings that a new one can begin as.
-enum class KnownTuning { standard, dropD, openG };
+enum class KnownTuning { standard, dropD, openG, openD, dadgad, eFlat, dStandard, openE, dropC };
+
+/// Its name, such as "Drop D".
+const char* nameOf(KnownTuning tuning);
+/// All of them, in the order in which users choose.
+std::span<const KnownTuning> knownTunings();
+
+/// The notes of the open strings with octaves, the lowest string first: "E2 A2 D3 G3 B3 E4".
+std::string notesOf(QBTuning& tuning);
 
 // What a user does to tunings. As LibraryEdits.h has it: saved, logged, and EditRefused when it is
 // not possible.

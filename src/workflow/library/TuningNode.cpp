@@ -7,7 +7,7 @@
 
 namespace korvel {
 
-std::string TuningNode::description() const { return title() + " (" + m_tuning->toString() + ')'; }
+std::string TuningNode::description() const { return title() + " (" + notesOf(*m_tuning) + ')'; }
 
 void TuningNode::accept(NodeVisitor& visitor) { visitor.visit(*this); }
 

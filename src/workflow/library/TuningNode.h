@@ -8,7 +8,7 @@ namespace korvel {
 
 class QBSession;
 
-/// The node of a tuning; its description names the strings.
+/// The node of a tuning; its description names the notes of the strings.
 class TuningNode final : public TreeNode {
  public:
   TuningNode(QBTuning* tuning, QBSession& session) : m_tuning(tuning), m_session(session) {}

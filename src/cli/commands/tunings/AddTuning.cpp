@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/tunings/AddTuning.h"
 
-#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,21 +23,21 @@ struct NewTuning {
   std::optional<std::string> name{};
 };
 
-struct Known {
-  const char* name;
-  KnownTuning tuning;
-};
-
-constexpr std::array kKnown{Known{"Standard", KnownTuning::standard},
-                            Known{"Drop D", KnownTuning::dropD},
-                            Known{"Open G", KnownTuning::openG}};
+/// Those that are known, as words for users.
+std::string knownNames() {
+  std::string names;
+  for (const KnownTuning each : knownTunings()) {
+    if (!names.empty()) names += each == knownTunings().back() ? " and " : ", ";
+    names += '"' + std::string(nameOf(each)) + '"';
+  }
+  return names;
+}
 
 KnownTuning knownTuning(const std::string& name) {
-  for (const Known& each : kKnown)
-    if (each.name == name) return each.tuning;
-  throw CliError(
-      "no tuning begins as \"" + name +
-      "\"; there is \"Standard\", \"Drop D\" and \"Open G\", or --strings with six notes");
+  for (const KnownTuning each : knownTunings())
+    if (nameOf(each) == name) return each;
+  throw CliError("no tuning begins as \"" + name + "\"; there is " + knownNames() +
+                 ", or --strings with six notes");
 }
 
 QBTuning* made(const NewTuning& wanted) {
@@ -53,7 +52,7 @@ void addTuning(const NewTuning& tuning) { Console::attached().print(made(tuning)
 void addAddTuning(Command& tunings) {
   Command& command = tunings.command("add", "Add a tuning");
   auto& tuning = command.own<NewTuning>();
-  Option like = command.option("TUNING", tuning.like, "\"Standard\", \"Drop D\" or \"Open G\"");
+  Option like = command.option("TUNING", tuning.like, "A known one, such as \"Drop D\"");
   like.shownAs("");
   const Option name = command.option("--name", tuning.name, "Its name (default: a free one)");
   Option strings =

@@ -10,6 +10,7 @@
 #include "cli/support/Console.h"
 #include "model/instruments/QBTuning.h"
 #include "model/store/QBTabMgr.h"
+#include "workflow/library/TuningEdits.h"
 
 namespace korvel::cli {
 namespace {
@@ -18,7 +19,7 @@ void listTunings() {
   const QBTuning* active = QBTabMgr::db().selectedTuning();
   for (const auto& tuning : QBTabMgr::db().tunings())
     Console::attached().printLine((tuning == active ? "* " : "  ") + tuning->descr() + " (" +
-                                  tuning->toString() + ")");
+                                  notesOf(*tuning) + ")");
 }
 
 }  // namespace
