@@ -11,6 +11,7 @@
 #include "exchange/midi/MidiReader.h"
 #include "exchange/musicxml/CompressedMusicXml.h"
 #include "exchange/musicxml/MusicXmlReader.h"
+#include "exchange/text/TabTextReader.h"
 #include "platform/files/Files.h"
 #include "platform/text/UserError.h"
 
@@ -35,12 +36,14 @@ constexpr std::string_view kGuitarPro[] = {"gp5", "gp4", "gp3", "gp", "gpx"};
 constexpr std::string_view kMusicXml[] = {"musicxml", "xml"};
 constexpr std::string_view kCompressed[] = {"mxl"};
 constexpr std::string_view kMidi[] = {"mid", "midi", "kar", "rmi"};
+constexpr std::string_view kTabText[] = {"tab", "txt"};
 
 constexpr FormatReader kFormatReaders[] = {
     {Format::guitarPro, kGuitarPro, readGuitarPro},
     {Format::musicXml, kMusicXml, readMusicXml},
     {Format::compressedMusicXml, kCompressed, readCompressedMusicXml},
-    {Format::midi, kMidi, readMidi}};
+    {Format::midi, kMidi, readMidi},
+    {Format::tabText, kTabText, readTabText}};
 
 std::string inSmallLetters(std::string text) {
   std::ranges::transform(text, text.begin(),
@@ -91,28 +94,6 @@ bool isMusicXml(std::string_view head) {
 bool isText(std::string_view head) {
   const auto isOdd = [](unsigned char c) { return c < ' ' && !std::isspace(c); };
   return !head.empty() && std::ranges::none_of(head, isOdd);
-}
-
-/// Mostly dashes, and what is written on a string.
-bool isStringOfTab(std::string_view line) {
-  constexpr std::ptrdiff_t kFewestDashes = 6;
-  const auto dashes = std::ranges::count(line, '-');
-  const auto isOfString = [](unsigned char c) { return std::isdigit(c) || c == '|'; };
-  return dashes >= kFewestDashes && 2 * dashes > std::ssize(line) &&
-         std::ranges::any_of(line, isOfString);
-}
-
-/// Some lines that follow each other look like strings.
-bool looksLikeTab(std::string_view head) {
-  constexpr int kFewestStrings = 4;
-  int strings = 0;
-  while (!head.empty()) {
-    const std::size_t end = std::min(head.find_first_of("\r\n"), head.size());
-    if (end > 0) strings = isStringOfTab(head.substr(0, end)) ? strings + 1 : 0;
-    if (strings >= kFewestStrings) return true;
-    head.remove_prefix(std::min(end + 1, head.size()));
-  }
-  return false;
 }
 
 bool isTabText(std::string_view head, const std::string& ending) {
