@@ -25,6 +25,8 @@ inline constexpr std::array kFormats{
     FormatName{SongFormat::guitarPro5, QT_TRANSLATE_NOOP("SongFormat", "Guitar Pro 5"), ".gp5"},
     FormatName{SongFormat::guitarPro7, QT_TRANSLATE_NOOP("SongFormat", "Guitar Pro 7 and 8"),
                ".gp"},
+    FormatName{SongFormat::alphaTex, QT_TRANSLATE_NOOP("SongFormat", "alphaTex"), ".atex"},
+    FormatName{SongFormat::abc, QT_TRANSLATE_NOOP("SongFormat", "ABC notation"), ".abc"},
     FormatName{SongFormat::midi, QT_TRANSLATE_NOOP("SongFormat", "MIDI file"), ".midi"},
 };
 

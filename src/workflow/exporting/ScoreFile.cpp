@@ -5,6 +5,8 @@
 
 #include "exchange/guitarpro/GuitarPro.h"
 #include "exchange/musicxml/CompressedMusicXml.h"
+#include "exchange/plain/AbcWriter.h"
+#include "exchange/plain/AlphaTexWriter.h"
 #include "export/score/ScoreWriter.h"
 #include "platform/text/LocalTime.h"
 
@@ -33,5 +35,9 @@ std::string guitarPro5Of(Score score) {
 std::string guitarPro7Of(Score score) {
   return exchange::guitarPro7(signedScore(std::move(score)));
 }
+
+std::string alphaTexOf(const Score& score) { return exchange::alphaTex(score); }
+
+std::string abcOf(const Score& score) { return exchange::abcNotation(score); }
 
 }  // namespace korvel

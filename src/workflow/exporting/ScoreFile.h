@@ -19,4 +19,8 @@ std::string guitarPro5Of(Score score);
 /// The same of Guitar Pro 7 and 8.
 std::string guitarPro7Of(Score score);
 
+/// A score in alphaTex, and in ABC notation.
+std::string alphaTexOf(const Score& score);
+std::string abcOf(const Score& score);
+
 }  // namespace korvel

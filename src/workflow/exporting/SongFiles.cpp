@@ -40,6 +40,8 @@ std::string_view extensionOf(SongFormat format) {
   if (format == SongFormat::compressedMusicXml) return ".mxl";
   if (format == SongFormat::guitarPro5) return ".gp5";
   if (format == SongFormat::guitarPro7) return ".gp";
+  if (format == SongFormat::alphaTex) return ".alphatex";
+  if (format == SongFormat::abc) return ".abc";
   return format == SongFormat::midi ? ".mid" : ".txt";
 }
 
@@ -61,6 +63,8 @@ std::string songFile(QBSong& song, SongFormat format, const std::optional<Meter>
   if (format == SongFormat::compressedMusicXml) return compressedMusicXmlOf(scoreOf(song, meter));
   if (format == SongFormat::guitarPro5) return guitarPro5Of(scoreOf(song, meter));
   if (format == SongFormat::guitarPro7) return guitarPro7Of(scoreOf(song, meter));
+  if (format == SongFormat::alphaTex) return alphaTexOf(scoreOf(song, meter));
+  if (format == SongFormat::abc) return abcOf(scoreOf(song, meter));
   if (format == SongFormat::midi) return midiFile(midiOf(song, meter));
   return toStringForExport(song);
 }

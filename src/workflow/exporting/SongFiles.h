@@ -14,7 +14,16 @@ namespace korvel {
 class QBSong;
 
 /// What a song can be written as for other programs.
-enum class SongFormat { text, musicXml, compressedMusicXml, guitarPro5, guitarPro7, midi };
+enum class SongFormat {
+  text,
+  musicXml,
+  compressedMusicXml,
+  guitarPro5,
+  guitarPro7,
+  alphaTex,
+  abc,
+  midi
+};
 
 /// ".txt" and so on.
 std::string_view extensionOf(SongFormat format);

@@ -27,6 +27,8 @@ struct ExportOptions {
   std::optional<std::string> mxl;       ///< The same in an archive.
   std::optional<std::string> gp5;       ///< File of Guitar Pro 5.
   std::optional<std::string> gp;        ///< File of Guitar Pro 7 and 8.
+  std::optional<std::string> alphatex;  ///< File in alphaTex.
+  std::optional<std::string> abc;       ///< File in ABC notation.
   std::optional<std::string> midi;      ///< File for sequencers.
   std::optional<std::string> wav;       ///< File that the song sounds from.
   std::optional<std::string> metric;    ///< Such as "3/4"; the song's own when not given.
@@ -61,6 +63,8 @@ std::vector<Output> outputsOf(const ExportOptions& options, QBSong& song) {
   add(options.mxl, as(SongFormat::compressedMusicXml));
   add(options.gp5, as(SongFormat::guitarPro5));
   add(options.gp, as(SongFormat::guitarPro7));
+  add(options.alphatex, as(SongFormat::alphaTex));
+  add(options.abc, as(SongFormat::abc));
   add(options.midi, as(SongFormat::midi));
   return outputs;
 }
@@ -75,7 +79,7 @@ void exportSong(const ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
   OutputFile::requireDifferent({options.txt, options.musicxml, options.mxl, options.gp5, options.gp,
-                                options.midi, options.wav});
+                                options.alphatex, options.abc, options.midi, options.wav});
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();
   const std::optional<OutputFile> wave = waveOf(options);
@@ -99,6 +103,8 @@ void addExport(Command& tool) {
   command.option("--mxl", options.mxl, "The score, compressed").shownAs("FILE");
   command.option("--gp5", options.gp5, "Tablature for Guitar Pro 5").shownAs("FILE");
   command.option("--gp", options.gp, "Tablature for Guitar Pro 7 and 8").shownAs("FILE");
+  command.option("--alphatex", options.alphatex, "Tablature in alphaTex").shownAs("FILE");
+  command.option("--abc", options.abc, "Notes in ABC notation").shownAs("FILE");
   command.option("--midi", options.midi, "What is played, for sequencers").shownAs("FILE");
   command.option("--wav", options.wav, "The sound of it, as render writes it").shownAs("FILE");
   command
@@ -108,11 +114,14 @@ void addExport(Command& tool) {
   command.flag("--force", options.force, "Replace files that are there already");
   command.checkLast([&options] {
     const auto isGiven = [](const auto* file) { return file->has_value(); };
-    if (std::ranges::none_of(std::array{&options.txt, &options.musicxml, &options.mxl, &options.gp5,
-                                        &options.gp, &options.midi, &options.wav},
-                             isGiven))
-      throw UsageError(
-          "export", "takes one or more of --txt, --musicxml, --mxl, --gp5, --gp, --midi and --wav");
+    if (std::ranges::none_of(
+            std::array{&options.txt, &options.musicxml, &options.mxl, &options.gp5, &options.gp,
+                       &options.alphatex, &options.abc, &options.midi, &options.wav},
+            isGiven))
+      throw UsageError("export",
+                       "takes one or more of --txt, --musicxml, --mxl, --gp5, --gp, --alphatex, "
+                       "--abc, --midi and "
+                       "--wav");
   });
   command.uses(Store::existing);
   command.does([&options] { exportSong(options); });
