@@ -19,7 +19,7 @@ using Element = platform::XmlDocument::Element;
 constexpr double kMostDivisions = 1'000'000;
 constexpr double kLongestInQuarters = 4096;
 constexpr int kMostStaves = 16;
-constexpr int kMostLines = 12;
+constexpr int kMostStaffLines = 12;
 constexpr int kMostFrets = 48;
 
 /// A MIDI number; none where it says no note. prefix: such as "display-".
@@ -120,10 +120,11 @@ void PartReader::readStaffDetails(const Element& details) {
   constexpr int kHighestCapo = 24;
   TabStaff& staff = m_staves[numberOf(details, kMostStaves)];
   for (const Element& each : details.children()) {
-    if (each.is("staff-lines")) staff.lines = std::clamp(each.integer().value_or(0), 0, kMostLines);
+    if (each.is("staff-lines"))
+      staff.lines = std::clamp(each.integer().value_or(0), 0, kMostStaffLines);
     if (each.is("capo")) staff.capo = std::clamp(each.integer().value_or(0), 0, kHighestCapo);
     const int line = each.integerAttribute("line").value_or(0);
-    if (!each.is("staff-tuning") || line < 1 || line > kMostLines) continue;
+    if (!each.is("staff-tuning") || line < 1 || line > kMostStaffLines) continue;
     if (const auto pitch = pitchOf(each, "tuning-")) staff.tuning[line] = *pitch;
   }
 }
@@ -251,7 +252,7 @@ void PartReader::readNotations(const Element& notations, StaffNote& note) {
 void PartReader::readTechnical(const Element& technical, StaffNote& note) {
   for (const Element& each : technical.children()) {
     if (each.is("string")) {
-      note.string = std::clamp(each.integer().value_or(0), 0, kMostLines + 1);
+      note.string = std::clamp(each.integer().value_or(0), 0, kMostStaffLines + 1);
     } else if (each.is("fret")) {
       note.fret = std::clamp(each.integer().value_or(-1), -1, kMostFrets);
     } else if (const char* what = leftOf(each.name())) {

@@ -20,8 +20,8 @@ using Element = platform::XmlDocument::Element;
 constexpr int kMostBeatsOfBar = 64;
 constexpr int kShortestBeatType = 64;
 constexpr unsigned kMostEndings = 32;
-constexpr double kSlowest = 1;
-constexpr double kFastest = 2000;
+constexpr double kSlowestTempo = 1;
+constexpr double kFastestTempo = 2000;
 
 bool isYes(std::string_view value) { return !value.empty() && value != "no"; }
 
@@ -82,7 +82,7 @@ bool hasWord(const std::string& words, std::string_view word) {
   const auto isSame = [](char a, char b) {
     return std::tolower(static_cast<unsigned char>(a)) == b;
   };
-  return !std::ranges::search(words, word, isSame).empty();
+  return std::search(words.begin(), words.end(), word.begin(), word.end(), isSame) != words.end();
 }
 
 }  // namespace
@@ -204,7 +204,7 @@ void ScoreSigns::readSwing(const Element& swing) {
 }
 
 void ScoreSigns::addTempo(std::int64_t at, double quartersAMinute) {
-  if (!(quartersAMinute >= kSlowest && quartersAMinute <= kFastest)) return;
+  if (!(quartersAMinute >= kSlowestTempo && quartersAMinute <= kFastestTempo)) return;
   auto& tempos = bar().tempos;
   const auto place = std::ranges::upper_bound(tempos, at, {}, &Tempo::at);
   if (place != tempos.begin() && std::prev(place)->at == at)
