@@ -291,7 +291,7 @@ class Reader {
 
   /// What stands in brackets: an annotation is none.
   void addChord(std::string_view name) {
-    if (name.starts_with('*')) return;
+    if (name.starts_with('*') || m_bars.size() > kMostBarsRead) return;
     auto chord = m_names.chordOf(name);
     if (!chord) return;
     if (m_lengths.empty()) {
@@ -350,7 +350,7 @@ class Reader {
   }
 
   void gridBar(const std::vector<std::string>& cells) {
-    if (cells.empty()) return;
+    if (cells.empty() || m_bars.size() > kMostBarsRead) return;
     if (cells.front() == "%" || cells.front() == "%%") return repeatBars(cells.front().size());
     openBar();
     const int count = static_cast<int>(cells.size());

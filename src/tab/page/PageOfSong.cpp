@@ -19,6 +19,7 @@
 #include "platform/sound/SampleRate.h"
 #include "rhythm/stored/HeardBytes.h"
 #include "tab/layout/SongBars.h"
+#include "tab/page/SongPage.h"
 
 namespace korvel {
 namespace {
@@ -219,14 +220,29 @@ void gatherChanges(QBSong& song, PageSource& source) {
     source.bars.push_back({chord.tick, chord.ticks, 0, 0, ++number});
 }
 
-/// The capo that the recording was heard with, unless a tone lies below it.
+/// The lowest fret of a chord that sounds; none where nothing does.
+std::optional<int> lowestFret(const QBChord& chord) {
+  std::optional<int> lowest;
+  for (const auto& tone : tonesOf(chord))
+    if (tone->isActive()) lowest = std::min(lowest.value_or(tone->fret()), tone->fret());
+  return lowest;
+}
+
+/// The capo that the recording was heard with, unless a tone lies below it. Without a recording,
+/// the fret that all chords have as their lowest one, as open strings are behind a capo.
 int capoOfSong(QBSong& song) {
-  const int capo = song.recording() ? song.recording()->capo() : 0;
-  if (capo <= 0) return 0;
-  for (const auto& chord : song.allChords())
-    for (const auto& tone : tonesOf(*chord))
-      if (tone->isActive() && tone->fret() < capo) return 0;
-  return capo;
+  std::optional<int> lowest;
+  bool isOfAll = true;
+  for (const auto& chord : song.allChords()) {
+    const auto fret = lowestFret(*chord);
+    if (!fret) continue;
+    isOfAll = isOfAll && *fret == lowest.value_or(*fret);
+    lowest = std::min(lowest.value_or(*fret), *fret);
+  }
+  if (!lowest || *lowest <= 0 || *lowest > PageOptions::kHighestCapo) return 0;
+  if (!song.recording()) return isOfAll ? *lowest : 0;
+  const int capo = song.recording()->capo();
+  return capo > 0 && capo <= *lowest ? capo : 0;
 }
 
 }  // namespace
