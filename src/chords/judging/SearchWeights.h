@@ -18,7 +18,7 @@ struct SearchWeights {
   float third = 0.7F, fifth = 0.75F, seventh = 1.1F;  ///< In the treble; the root is 1.
   float bassThird = 0.4F, bassFifth = 0.5F;
   /// By kind, in agreement.
-  std::array<float, kSearchedKinds> costs{0, 0, 0, 0, 0, 0.09F, 0.12F, 0.144F};
+  std::array<float, kSearchedKinds> costs{0, 0, -0.02F, -0.02F, -0.03F, 0.09F, 0.12F, 0.144F};
   // The notes that were heard.
   float notes = 1.1F;
   std::array<float, kSearchedKinds> noteCosts{0, 0, 0.25F, 0.25F, 0.3F, 0.6F, 0.5F, 0.6F};
