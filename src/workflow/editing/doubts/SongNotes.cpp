@@ -199,6 +199,11 @@ std::optional<UserText> SongNotes::refusal(QBSong& song) {
                            "%1: it is not known what was heard in a recording of it; import the "
                            "recording again"),
                     song.title());
+  if (song.recording()->isBand())
+    return UserText(phrase("Message",
+                           "%1: a band plays in its recording, of which chords were heard; change "
+                           "or name its chords instead"),
+                    song.title());
   const auto heard = heardOf(song);
   if (!heard)
     return UserText(phrase("Message",
@@ -214,6 +219,8 @@ std::optional<UserText> SongNotes::refusal(QBSong& song) {
 }
 
 void SongNotes::find(QBSong& song, Arranged arranged) {
+  // The notes of a band's song are those of its grips, which nobody heard.
+  if (arranged == Arranged::hasNone && song.recording() && song.recording()->isBand()) return;
   const auto heard = heardOf(song);
   if (!heard) return;
   const HeardPart part(song, rhythm::notesBy(heard->notes, heard->corrections));

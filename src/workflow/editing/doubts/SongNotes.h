@@ -43,8 +43,8 @@ struct SongNote {
 /// heard again.
 class SongNotes {
  public:
-  /// A song without a recording, one that was arranged from what was heard, or one of which what
-  /// was heard cannot be read any more has no notes.
+  /// A song without a recording, one of a band, one that was arranged from what was heard, or one
+  /// of which what was heard cannot be read any more has no notes.
   explicit SongNotes(QBSong& song) : SongNotes(song, Arranged::hasNone) {}
   /// What a song that was arranged from what was heard has of it.
   enum class Arranged { hasNone, hasSome };
