@@ -10,6 +10,7 @@
 #include "cli/commands/doubts/DoubtsOfSong.h"
 #include "cli/commands/editing/FingerSong.h"
 #include "cli/commands/editing/NameChords.h"
+#include "cli/commands/editing/RetuneSong.h"
 #include "cli/commands/instruments/ListInstruments.h"
 #include "cli/commands/rhythm/ChordsOfFile.h"
 #include "cli/commands/rhythm/RhythmOfSong.h"
@@ -82,6 +83,7 @@ void describe(cli::Command& tool) {
   cli::addNameChords(tool);
   cli::addFingerSong(tool);
   cli::addLyricsOfSong(tool);
+  cli::addRetuneSong(tool);
   cli::addLoopSong(tool);
   cli::addCloneSong(tool);
   cli::addRenameSong(tool);

@@ -102,6 +102,13 @@ TEST_F(SongEditorTest, fingersAsWritten) {
        {"anew", edit([](Editor editor, const Words& words) {
           fingersOf(editor).fingerAnew(words.number(0), words.number(1));
         })},
+       {"retune", edit([](Editor editor, const Words& words) {
+          OpenPitches pitches{};
+          for (std::size_t i = 0; i < pitches.size(); ++i) pitches[i] = words.number(i + 1);
+          const bool frets = words[0] == "frets";
+          fingersOf(editor).retune(*test::addTuning("Other", pitches),
+                                   frets ? SongFingers::Kept::frets : SongFingers::Kept::sound);
+        })},
        {"undo", [&](const Words&) { return QBSession::session().undo(), state(); }}});
 }
 

@@ -127,4 +127,30 @@ bool PlayedNotes::move(std::size_t index, std::span<const Note> placed) const {
   return true;
 }
 
+int PlayedNotes::moveOrDrop(std::size_t index, std::span<const Note> placed,
+                            const OpenPitches& open) const {
+  const Chord& chord = m_chords[index];
+  int dropped = 0;
+  std::array<bool, kStrings> taken{};
+  const auto take = [&taken](int string) {
+    return isOnString(string) && !std::exchange(taken[static_cast<std::size_t>(string)], true);
+  };
+  TonePlaces places(chord.tones.size());
+  for (std::size_t i = 0; i < placed.size(); ++i) {
+    if (take(placed[i].string))
+      places[chord.played[i]] = TonePlace{placed[i].string, placed[i].fret};
+    else
+      ++dropped;
+  }
+  for (std::size_t i = 0; i < chord.tones.size(); ++i) {
+    const QBTone& tone = *chord.tones[i];
+    if (tone.isActive() || !isOnString(tone.string())) continue;
+    const auto string = static_cast<std::size_t>(tone.string());
+    const int fret = addNotes(tone.fret(), m_open[string] - open[string]);
+    if (fret >= 0 && take(tone.string())) places[i] = TonePlace{tone.string(), fret};
+  }
+  if (!chord.tones.empty()) moveTones(*chord.chord, places);
+  return dropped;
+}
+
 }  // namespace korvel

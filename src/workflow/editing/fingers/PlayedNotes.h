@@ -43,6 +43,11 @@ class PlayedNotes {
   /// changed. Nothing does when one of them has no place, or two have one string. A silent tone
   /// goes when its string is taken.
   bool move(std::size_t chord, std::span<const fingering::Note> placed) const;
+  /// The same for other open strings: a tone that has no place goes, or one of two that have one
+  /// string. Silent tones stay on their strings where these have them and are free. Answers how
+  /// many that sounded went.
+  int moveOrDrop(std::size_t chord, std::span<const fingering::Note> placed,
+                 const OpenPitches& open) const;
 
  private:
   struct Chord {

@@ -8,8 +8,11 @@
 #include "arrange/hands/HandGrip.h"
 #include "fingering/Alternatives.h"
 #include "fingering/Fingering.h"
+#include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
+#include "music/Pitch.h"
 #include "workflow/editing/BeatBars.h"
 #include "workflow/editing/ChangedTones.h"
 #include "workflow/editing/fingers/PlayedNotes.h"
@@ -294,6 +297,66 @@ void SongFingers::fingerAnew(int first, int last) {
   edit(phrase("UndoAction", "Finger Anew"), [&] {
     finger({static_cast<std::size_t>(first), static_cast<std::size_t>(last)});
   });
+}
+
+// ---- another tuning
+
+int SongFingers::keepSound(QBTuning& tuning) {
+  const PlayedNotes notes(*m_song);
+  const OpenPitches open = tuning.openStrings().pitches();
+  const fingering::FingeringOptions& options = notes.options();
+  Placed placed(notes.all().begin(), notes.all().end());
+  Settled settled;
+  settled.positions = marks(notes);
+  for (std::size_t i = 0; i < notes.chords(); ++i) {
+    for (const Note& note : notes.ofChord(i)) {
+      const int fret = note.pitch - open[static_cast<std::size_t>(note.string)];
+      const bool stays = isEdited(i) && fret >= options.capo && fret <= options.frets;
+      settled.strings.push_back(stays ? note.string : Settled::kAnyString);
+    }
+  }
+  // All of them are meant, however softly they were played.
+  for (Note& note : placed) note.strength = 1;
+  m_song->setTuning(&tuning);
+  fingering::Fingering(open, options).place(placed, settled);
+  int dropped = 0;
+  for (std::size_t i = 0; i < notes.chords(); ++i)
+    dropped += notes.moveOrDrop(
+        i, std::span(placed).subspan(notes.firstOf(i), notes.ofChord(i).size()), open);
+  return dropped;
+}
+
+void SongFingers::keepFrets(QBTuning& tuning) {
+  const OpenPitches before = openStringsOf(&*m_song).pitches();
+  const OpenPitches open = tuning.openStrings().pitches();
+  const int by = open.front() - before.front();
+  const bool isEven =
+      std::ranges::equal(open, before, [by](int pitch, int other) { return pitch - other == by; });
+  m_song->setTuning(&tuning);
+  m_song->forgetCaches();
+  for (const auto& chord : m_song->allChords()) {
+    if (isEven && chord->hasBaseTone())
+      chord->setBaseTone(pitchClass(chord->baseTone() + by));
+    else if (!isEven && chord->harmony())
+      readAnew(*chord);
+  }
+  if (!isEven || !m_song->hasKey()) return;
+  const int key = m_song->key();
+  m_song->setKey(pitchClass(key + by) + (key < kNotesPerOctave ? 0 : kNotesPerOctave));
+}
+
+int SongFingers::retune(QBTuning& tuning, Kept kept) {
+  int dropped = 0;
+  edit(phrase("UndoAction", "Retune Song"), [&] {
+    if (kept == Kept::sound)
+      dropped = keepSound(tuning);
+    else
+      keepFrets(tuning);
+    m_song->forgetCaches();
+    if (const std::size_t chords = m_song->allChords().size(); chords > 0)
+      tonesMoved({0, chords - 1});
+  });
+  return dropped;
 }
 
 }  // namespace korvel

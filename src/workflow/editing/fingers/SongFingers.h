@@ -17,8 +17,10 @@ namespace korvel {
 class PlayedNotes;
 class QBSong;
 class QBTabMgr;
+class QBTuning;
 
-/// Edits of where the tones of a song are played; what sounds stays the same.
+/// Edits of where the tones of a song are played; what sounds stays the same, but where a song is
+/// given another tuning and keeps its frets.
 ///
 /// Each is one undoable action, saved and with its tablature drawn when it returns. What it is told
 /// of becomes `edited`, and the rest of the phrase is fingered anew around it, but for chords that
@@ -56,6 +58,14 @@ class SongFingers {
   /// What is not edited from first to last is fingered anew: "Finger Anew".
   void fingerAnew(int first, int last);
 
+  /// What stays of a song in another tuning.
+  enum class Kept { sound, frets };
+
+  /// Another tuning for the song: "Retune Song". To keep the sound all is fingered anew, but for
+  /// chords that are edited where their strings still have it; notes that the tuning has not go,
+  /// and it answers how many. To keep the frets names and key follow what sounds then.
+  int retune(QBTuning& tuning, Kept kept);
+
  private:
   using Placed = std::vector<fingering::Note>;
   /// From first to last.
@@ -74,6 +84,8 @@ class SongFingers {
   void settle(const PlayedNotes& notes, std::size_t chord, std::span<const fingering::Note> placed);
   void settleAndFinger(const platform::Phrase& title, const PlayedNotes& notes, Range range,
                        std::span<const fingering::Note> placed);
+  int keepSound(QBTuning& tuning);
+  void keepFrets(QBTuning& tuning);
   void tonesMoved(Range range);
 
   QBTabMgr& m_db;
