@@ -5,14 +5,18 @@
 #include <algorithm>
 #include <optional>
 
+#include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
 #include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
+#include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/editing/fingers/SongFingers.h"
+#include "workflow/library/TuningEdits.h"
 
 namespace korvel::ui {
 namespace {
@@ -43,6 +47,7 @@ FingerMenu::FingerMenu(TablatureView& tablature, QWidget* parent)
   addHands();
   addShapes();
   addMoves();
+  addTunings();
   connect(&m_tablature, &TablatureView::shapeWanted, this, &FingerMenu::changeShape);
   connect(this, &QMenu::aboutToShow, this, &FingerMenu::prepare);
   // Their keys tell why they do nothing.
@@ -105,7 +110,37 @@ void FingerMenu::addMoves() {
           });
 }
 
+void FingerMenu::addTunings() {
+  addSeparator();
+  m_sameSound = addMenu(tr("Other Tuning, Same Sound"));
+  m_sameFrets = addMenu(tr("Other Tuning, Same Frets"));
+}
+
+void FingerMenu::fillTunings() {
+  const auto retune = [this](QBTuning& tuning, SongFingers::Kept kept) {
+    attempt([&](SongFingers& fingers) {
+      const int dropped = fingers.retune(tuning, kept);
+      if (dropped > 0)
+        emit refused(
+            tr("Notes that have no place in this tuning and were left out: %1").arg(dropped));
+    });
+  };
+  const auto fill = [&](QMenu& menu, SongFingers::Kept kept) {
+    menu.clear();
+    for (const auto& tuning : QBTabMgr::db().tunings()) {
+      const QString name = toText(tuning->descr() + " (" + notesOf(*tuning) + ')');
+      menu.addAction(
+              QString(name).replace('&', "&&"), this,
+              [retune, kept, chosen = platform::Ref<QBTuning>(tuning)] { retune(*chosen, kept); })
+          ->setEnabled(tuningOf(m_song.get()) != tuning.get());
+    }
+  };
+  fill(*m_sameSound, SongFingers::Kept::sound);
+  fill(*m_sameFrets, SongFingers::Kept::frets);
+}
+
 void FingerMenu::prepare() {
+  fillTunings();
   const int cursor = m_tablature.cursorChord();
   const bool editable =
       m_song && !m_locked && cursor >= 0 && !QBTabMgr::db().context().isReadOnly();

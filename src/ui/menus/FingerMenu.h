@@ -40,6 +40,9 @@ class FingerMenu final : public QMenu {
   void addHands();
   void addShapes();
   void addMoves();
+  void addTunings();
+  /// With the tunings that there are now.
+  void fillTunings();
   void prepare();
   void askForHand();
   void changeShape(int by);
@@ -50,6 +53,8 @@ class FingerMenu final : public QMenu {
   platform::Ref<QBSong> m_song;
   bool m_locked = false;
   QAction* m_forget = nullptr;
+  QMenu* m_sameSound = nullptr;
+  QMenu* m_sameFrets = nullptr;
 };
 
 }  // namespace korvel::ui
