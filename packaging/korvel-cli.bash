@@ -36,7 +36,7 @@ _korvel_cli() {
     return
   fi
   case $prev in
-    --txt | --text | --chordpro | --set | --musicxml | --mxl | --gp5 | --gp | --midi | --wav | --json | --file | --soundfont | --store)
+    --txt | --text | --chordpro | --set | --musicxml | --mxl | --gp5 | --gp | --alphatex | --abc | --midi | --wav | --json | --file | --soundfont | --store)
       _filedir
       return
       ;;
