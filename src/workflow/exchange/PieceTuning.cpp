@@ -10,6 +10,7 @@
 #include "music/ConcertPitch.h"
 #include "music/NoteName.h"
 #include "music/Pitch.h"
+#include "workflow/library/TuningEdits.h"
 
 namespace korvel {
 namespace {
@@ -18,9 +19,12 @@ bool isTunedTo(QBTuning& tuning, const OpenPitches& open) {
   return tuning.openStrings().pitches() == open;
 }
 
-std::string nameOfNotes(const QBTabMgr& db, const OpenPitches& open) {
+std::string nameOfStrings(const QBTabMgr& db, const OpenPitches& open) {
   std::string name;
-  for (const int pitch : open) name += (name.empty() ? "" : " ") + noteName(pitch);
+  if (const auto known = knownTuningOf(open))
+    name = nameOf(*known);
+  else
+    for (const int pitch : open) name += (name.empty() ? "" : " ") + noteName(pitch);
   const auto isTaken = [&](const auto& each) { return each->descr() == name; };
   while (std::ranges::any_of(db.tunings(), isTaken)) name += "_2";
   return name;
@@ -35,7 +39,7 @@ float roundedHertzOf(int pitch) {
 QBTuning* madeTuning(QBTabMgr& db, const OpenPitches& open) {
   int last = 0;
   for (const auto& tuning : db.tunings()) last = std::max(last, tuning->order());
-  QBTuning* tuning = db.createTuning(nameOfNotes(db, open), last + 1);
+  QBTuning* tuning = db.createTuning(nameOfStrings(db, open), last + 1);
   for (int string = 0; string < kStrings; ++string) {
     const int pitch = open[static_cast<std::size_t>(string)];
     db.createString(tuning, pitchClass(pitch), string, roundedHertzOf(pitch));

@@ -130,6 +130,13 @@ QBTuning* createWith(QBTabMgr& db, const std::string& name, const OpenPitches& p
 
 const char* nameOf(KnownTuning tuning) { return presetOf(tuning).name; }
 
+std::optional<KnownTuning> knownTuningOf(const OpenPitches& pitches) {
+  if (pitches == kStandardPitches) return KnownTuning::standard;
+  if (pitches == kDropDPitches) return KnownTuning::dropD;
+  const auto* found = std::ranges::find(kPresets, pitches, &Preset::pitches);
+  return found == kPresets.end() ? std::nullopt : std::optional(found->tuning);
+}
+
 std::span<const KnownTuning> knownTunings() {
   static constexpr auto kTunings = [] {
     std::array<KnownTuning, kPresets.size()> tunings{};

@@ -20,6 +20,9 @@ const char* nameOf(KnownTuning tuning);
 /// All of them, in the order in which users choose.
 std::span<const KnownTuning> knownTunings();
 
+/// The one of these open strings; none when guitarists have no name for them.
+std::optional<KnownTuning> knownTuningOf(const OpenPitches& pitches);
+
 /// The notes of the open strings with octaves, the lowest string first: "E2 A2 D3 G3 B3 E4".
 std::string notesOf(QBTuning& tuning);
 
