@@ -2,6 +2,7 @@
 #include "model/instruments/SongTuning.h"
 
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
@@ -30,6 +31,12 @@ OpenStrings openStringsOf(const QBHold& hold) {
 OpenStrings openStringsOf(const QBTone& tone) {
   const QBHold* hold = tone.hold();
   return hold ? openStringsOf(*hold) : openStringsOf(static_cast<const QBSong*>(nullptr));
+}
+
+int capoOf(const QBSong& song) {
+  if (song.capo() > 0) return song.capo();
+  const SongRecording* recording = song.recording();
+  return recording ? recording->capo() : 0;
 }
 
 }  // namespace korvel

@@ -23,4 +23,8 @@ OpenStrings openStringsOf(const QBChord& chord);
 OpenStrings openStringsOf(const QBHold& hold);
 OpenStrings openStringsOf(const QBTone& tone);
 
+/// The fret that its capo is at, or was when its recording was heard; 0 without one. The strings
+/// above are those without it.
+int capoOf(const QBSong& song);
+
 }  // namespace korvel

@@ -36,6 +36,7 @@ platform::EntityDescription QBSong::describe() {
       .attribute<&QBSong::m_corrections>("corrections", platform::Fetch::onDemand)
       .attribute<&QBSong::m_practice>("practice")
       .attribute<&QBSong::m_artist>("artist")
+      .attribute<&QBSong::m_capo>("capo")
       .attribute<&QBSong::m_lyrics>("lyrics", platform::Fetch::onDemand)
       .toOne<&QBSong::m_recording>("recording", "SongRecording", "songs")
       .toOne<&QBSong::m_album>("album", "QBAlbum", "songs")
@@ -59,6 +60,7 @@ void QBSong::takeRhythmOf(const QBSong& other) {
   if (other.isOnBeats()) setTempo(other.tempo());
   if (other.isSwung()) setSwing(other.swing());
   if (other.hasKey()) setKey(other.key());
+  if (other.capo() > 0) setCapo(other.capo());
   setRecording(other.recording());
   if (other.hasCorrections()) setCorrections(other.corrections());
 }

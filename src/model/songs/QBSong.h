@@ -79,6 +79,10 @@ class QBSong final : public platform::ManagedObject {
   /// Who it is by, of a song that was not heard in a recording; may be empty.
   const std::string& artist() const { return read(m_artist); }
   void setArtist(std::string value) { assign(m_artist, std::move(value)); }
+  /// The fret of the capo of a song that was not heard in a recording; 0 without one. Frets count
+  /// from the nut all the same. `capoOf` knows that of any song.
+  int capo() const { return has(m_capo) ? read(m_capo) : 0; }
+  void setCapo(int value) { assign(m_capo, value); }
   /// The words that are sung to it, in lines of their own kind (`model/songs/SongLyrics.h`); may be
   /// empty.
   const std::string& lyrics() const { return readOnDemand(m_lyrics); }
@@ -89,7 +93,7 @@ class QBSong final : public platform::ManagedObject {
   void setCorrections(platform::Bytes value) { assign(m_corrections, std::move(value)); }
   void clearCorrections() { unset(m_corrections); }
   bool hasCorrections() const { return hasOnDemand(m_corrections); }
-  /// Takes tempo, swing, key, recording and corrections from another song.
+  /// Takes tempo, swing, key, capo, recording and corrections from another song.
   void takeRhythmOf(const QBSong& other);
   /// Takes artist and lyrics from another song with the same bars, or chords.
   void takeWordsOf(const QBSong& other);
@@ -150,6 +154,7 @@ class QBSong final : public platform::ManagedObject {
   platform::Attribute<std::string> m_practice;
   platform::Attribute<std::string> m_artist;
   platform::Attribute<std::string> m_lyrics;
+  platform::Attribute<int> m_capo;
   platform::ToOne<SongRecording> m_recording;
   platform::ToOne<QBAlbum> m_album;
   platform::ToOne<QBTuning> m_tuning;

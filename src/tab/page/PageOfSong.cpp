@@ -228,7 +228,7 @@ std::optional<int> lowestFret(const QBChord& chord) {
   return lowest;
 }
 
-/// The capo that the recording was heard with, unless a tone lies below it. Without a recording,
+/// The capo that the song is played with, unless a tone lies below it. Where nobody has said it,
 /// the fret that all chords have as their lowest one, as open strings are behind a capo.
 int capoOfSong(QBSong& song) {
   std::optional<int> lowest;
@@ -240,9 +240,8 @@ int capoOfSong(QBSong& song) {
     lowest = std::min(lowest.value_or(*fret), *fret);
   }
   if (!lowest || *lowest <= 0 || *lowest > PageOptions::kHighestCapo) return 0;
-  if (!song.recording()) return isOfAll ? *lowest : 0;
-  const int capo = song.recording()->capo();
-  return capo > 0 && capo <= *lowest ? capo : 0;
+  if (const int capo = capoOf(song); capo > 0) return capo <= *lowest ? capo : 0;
+  return song.recording() || !isOfAll ? 0 : *lowest;
 }
 
 }  // namespace

@@ -176,6 +176,7 @@ platform::Slices PieceImport::work() {
   while (part.next()) co_yield kShareOfSupply* part.done();
   m_song =
       db().createSong("", tuningFor(db(), m_notes->open()), db().selectedInstrument(), nullptr);
+  if (m_notes->capo() > 0) m_song->setCapo(m_notes->capo());
   part = filling();
   while (part.next()) co_yield kShareOfSupply + (kShareOfChords - kShareOfSupply) * part.done();
   nameSong();  // which is drawn, too
@@ -255,6 +256,7 @@ platform::Slices PieceImport::filling() {
 /// As imports of recordings do it: what tags are to those, title and artist are here.
 void PieceImport::nameSong() {
   const std::string artist = lineOf(m_piece.artist);
+  if (!artist.empty()) m_song->setArtist(artist);
   std::string name = lineOf(m_piece.title);
   if (name.empty()) name = lineOf(fs::path(m_file).stem().string());
   std::optional<std::string> wanted = m_choices.album;

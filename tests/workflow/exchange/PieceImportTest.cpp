@@ -143,9 +143,15 @@ TEST_F(PieceImportTest, barsPlacesAndNamesAreThoseOfTheFile) {
          -    -           -
 not kept as it was: basses of chords (1), names of chords that the chord book does not have (1)
 )");
-  EXPECT_EQ(m_song->album()->name(), "Anybody");
+  EXPECT_EQ(m_song->album()->name() + ',' + m_song->artist(), "Anybody,Anybody");
   EXPECT_EQ(m_song->key(), 7);
   EXPECT_EQ(m_song->tuning(), m_store.standard());
+
+  piece.tracks = {track("Guitar", "0+1:66@5.0", {40, 45, 50, 55, 59, 64})};
+  piece.tracks[0].capo = 2;
+  imported(piece);
+  EXPECT_EQ(fretsOf(*m_song->allChords().front()), "xxxxx2");
+  EXPECT_EQ(m_song->capo(), 2);
 }
 
 /// What no string has comes onto the neck, two notes of a string do not meet at a tick, and tempi

@@ -6,7 +6,6 @@
 #include <stdexcept>
 
 #include "model/instruments/SongTuning.h"
-#include "model/recorded/SongRecording.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBSong.h"
@@ -109,7 +108,7 @@ StringChoice DrawnChords::choiceFor(const DrawnNote& note) const {
     at += 2.0 / kChordsOfHand;
   }
   const fingering::Note added{.onset = onset, .end = onset + 1, .pitch = note.pitch};
-  const int capo = m_song.recording() ? m_song.recording()->capo() : 0;
+  const int capo = capoOf(m_song);
   StringChoice choice = stringChoices(fixed, std::span(&added, 1), open, capo).front();
   if (note.string >= 0) choice.wished = note.string;
   return choice;

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "model/instruments/SongTuning.h"
-#include "model/recorded/SongRecording.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
@@ -100,7 +99,7 @@ void PlayedNotes::findOptions(QBSong& song) {
   }
   m_options.frets =
       std::clamp(highest, FingeringOptions::kUsualFrets, FingeringOptions::kMostFrets);
-  const int capo = song.recording() ? song.recording()->capo() : 0;
+  const int capo = capoOf(song);
   if (capo > 0 && capo <= lowest) m_options.capo = capo;
 }
 
