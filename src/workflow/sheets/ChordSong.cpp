@@ -2,6 +2,7 @@
 #include "workflow/sheets/ChordSong.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <utility>
 #include <vector>
@@ -19,6 +20,7 @@
 #include "model/songs/SongLyrics.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Ticks.h"
+#include "platform/files/Files.h"
 #include "platform/text/UserError.h"
 #include "platform/text/Utf8.h"
 #include "tab/chordpro/ChordProReader.h"
@@ -138,6 +140,16 @@ void fillWithChords(QBSong& song, const PageSource& chords) {
   std::vector<SungWords> words;
   for (const PageSource::Words& each : chords.words) words.push_back({each.tick, each.text});
   setLyrics(song, std::move(words));
+}
+
+bool isChordProFile(const std::string& file) {
+  static constexpr std::array kEndings{".cho", ".chopro", ".chordpro", ".crd", ".pro"};
+  std::string ending = std::filesystem::path(file).extension().string();
+  std::ranges::transform(ending, ending.begin(), [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  });
+  if (std::ranges::find(kEndings, ending) == kEndings.end()) return false;
+  return isChordPro(platform::bytesOrNone(file));
 }
 
 QBSong& songOfChordPro(QBTabMgr& db, std::string_view text, const std::string& fileName,

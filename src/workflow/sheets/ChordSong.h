@@ -23,6 +23,10 @@ struct ChordSongChoices {
 /// one before. The song gets tempo, key, artist and words, too.
 void fillWithChords(QBSong& song, const PageSource& chords);
 
+/// Whether a file is a ChordPro one, by the end of its name and by its text. False for what cannot
+/// be read.
+bool isChordProFile(const std::string& file);
+
 /// Makes a song of a ChordPro file, as an undoable action, saves and logs it; in the album that is
 /// named, or in that of its artist, or else in one of its own. fileName: names a song without a
 /// title. Throws a UserError that names the file when it holds no chords.

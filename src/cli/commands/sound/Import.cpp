@@ -28,6 +28,7 @@
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Neck.h"
+#include "platform/files/Files.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/text/UserError.h"
 #include "workflow/hearing/Detection.h"
@@ -39,6 +40,7 @@
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/AlbumNode.h"
 #include "workflow/session/QBSession.h"
+#include "workflow/sheets/ChordSong.h"
 
 namespace korvel::cli {
 namespace {
@@ -57,6 +59,9 @@ struct ImportOptions {
 };
 
 bool isPiece(const std::string& file) { return exchange::formatOfFile(file).has_value(); }
+
+/// Nothing of it is to be heard.
+bool isWritten(const std::string& file) { return isChordProFile(file) || isPiece(file); }
 
 void run(QBCmdImportSong& command, bool stepped) {
   command.onProgress([](double share) { Console::attached().progress(share); });
@@ -109,6 +114,11 @@ platform::Ref<QBSong> songOfPiece(const ImportOptions& options, const std::strin
   return importPiece(file, choices, options.stepped);
 }
 
+platform::Ref<QBSong> songOfSheet(const ImportOptions& options, const std::string& file) {
+  return platform::Ref<QBSong>(&songOfChordPro(QBTabMgr::db(), platform::readWholeFile(file), file,
+                                               {options.album, options.title}));
+}
+
 /// Only what is heard as a whole can be heard before it is its turn. A single file needs nothing.
 std::optional<ListeningAhead> aheadOf(const ImportOptions& options,
                                       const std::vector<std::string>& recordings,
@@ -120,7 +130,7 @@ std::optional<ListeningAhead> aheadOf(const ImportOptions& options,
 
 std::vector<std::string> recordingsOf(const ImportOptions& options) {
   std::vector<std::string> recordings;
-  std::ranges::remove_copy_if(options.files, std::back_inserter(recordings), isPiece);
+  std::ranges::remove_copy_if(options.files, std::back_inserter(recordings), isWritten);
   return recordings;
 }
 
@@ -149,7 +159,8 @@ int importFiles(const ImportOptions& options) {
   int status = EXIT_SUCCESS;
   for (const std::string& file : options.files) {
     try {
-      songs.push_back(isPiece(file)
+      songs.push_back(isChordProFile(file) ? songOfSheet(options, file)
+                      : isPiece(file)
                           ? songOfPiece(options, file, tuning)
                           : importFile(options, file, tuning, ahead ? ahead->next() : nullptr));
     } catch (const std::exception& error) {
