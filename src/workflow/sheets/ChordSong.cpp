@@ -135,6 +135,7 @@ void logUnknown(QBSession& session, const std::vector<std::string>& unknown) {
 void fillWithChords(QBSong& song, const PageSource& chords) {
   song.setTempo(chords.tempo > 0 ? chords.tempo : kTempoOfUntold);
   if (chords.key) song.setKey(*chords.key);
+  if (chords.capo > 0) song.setCapo(chords.capo);
   if (!chords.artist.empty()) song.setArtist(platform::printable(chords.artist));
   Filling(song, chords).fill();
   std::vector<SungWords> words;

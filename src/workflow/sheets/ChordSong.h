@@ -20,7 +20,7 @@ struct ChordSongChoices {
 
 /// Fills an empty song with chords in bars: each is struck where it begins and on each bar line
 /// that it lasts beyond, in the grip that the file defines, or one that guitarists know near the
-/// one before. The song gets tempo, key, artist and words, too.
+/// one before. The song gets tempo, key, capo, artist and words, too.
 void fillWithChords(QBSong& song, const PageSource& chords);
 
 /// Whether a file is a ChordPro one, by the end of its name and by its text. False for what cannot
