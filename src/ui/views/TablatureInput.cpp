@@ -2,14 +2,18 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QImage>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "export/score/SongScore.h"
 #include "model/instruments/SongTuning.h"
 #include "model/songs/QBSong.h"
 #include "music/Neck.h"
@@ -18,6 +22,7 @@
 #include "ui/desktop/Text.h"
 #include "ui/views/ChordWords.h"
 #include "ui/views/TablatureView.h"
+#include "workflow/exporting/ScoreFile.h"
 
 namespace korvel::ui {
 namespace {
@@ -30,6 +35,38 @@ constexpr int kMillisecondsToSecondDigit = 1000;
 
 int wheelSteps(const QWheelEvent& event) {
   return event.angleDelta().y() / QWheelEvent::DefaultDeltasPerStep;
+}
+
+/// What programs of notation know it by.
+constexpr auto kMusicXml = "application/vnd.recordare.musicxml+xml";
+
+/// The lines of a text in black on white, twice as fine as on the screen. None of a text that is
+/// larger than a picture should be.
+QImage pictureOf(const QString& text, const QFont& font) {
+  constexpr int kFineness = 2;
+  constexpr int kMargin = 8;
+  constexpr int kLargestSide = 8000;
+  constexpr int kLargestArea = 4000000;
+  const QFontMetrics metrics(font);
+  const QStringList lines = text.split('\n');
+  int width = 0;
+  for (const QString& line : lines) width = std::max(width, metrics.horizontalAdvance(line));
+  const QSize size(width + 2 * kMargin,
+                   metrics.height() * static_cast<int>(lines.size()) + 2 * kMargin);
+  if (width == 0 || std::max(size.width(), size.height()) > kLargestSide) return {};
+  if (size.width() * size.height() > kLargestArea) return {};
+  QImage picture(size * kFineness, QImage::Format_RGB32);
+  picture.setDevicePixelRatio(kFineness);
+  picture.fill(Qt::white);
+  QPainter painter(&picture);
+  painter.setFont(font);
+  painter.setPen(Qt::black);
+  int y = kMargin + metrics.ascent();
+  for (const QString& line : lines) {
+    painter.drawText(kMargin, y, line);
+    y += metrics.height();
+  }
+  return picture;
 }
 
 }  // namespace
@@ -85,8 +122,20 @@ QString TablatureView::selectedText() const {
                     : textOfChords(m_layout, m_selection.first, m_selection.last));
 }
 
-/// The whole text when nothing is selected.
-void TablatureView::copy() const { QApplication::clipboard()->setText(selectedText()); }
+/// The whole text when nothing is selected: as text, as a picture, and the whole song as MusicXML.
+void TablatureView::copy() const {
+  auto* copied = new QMimeData;
+  const QString text = selectedText();
+  copied->setText(text);
+  if (const QImage picture = pictureOf(text, tabFont()); !picture.isNull())
+    copied->setImageData(picture);
+  const int last = m_layout.chords() - 1;
+  const bool isWhole =
+      m_selection.first <= 0 && (m_selection.first < 0 || m_selection.last == last);
+  if (m_song && isWhole && last >= 0)
+    copied->setData(kMusicXml, QByteArray::fromStdString(musicXmlOf(scoreOf(*m_song))));
+  QApplication::clipboard()->setMimeData(copied);
+}
 
 /// For the middle mouse button, where the desktop has that.
 void TablatureView::offerSelection() const {

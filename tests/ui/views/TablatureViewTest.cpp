@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -151,7 +152,12 @@ TEST_F(TablatureViewTest, selectedChordsAreCopiedAsTablature) {
   const QStringList rows = QApplication::clipboard()->text().split('\n');
   EXPECT_EQ(rows.value(1).toStdString(), " |E---- -0--------0---");
   EXPECT_EQ(rows.value(6).toStdString(), " |E---- --------------");
+  const QString xml = "application/vnd.recordare.musicxml+xml";
+  EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasImage());
+  EXPECT_FALSE(QApplication::clipboard()->mimeData()->hasFormat(xml)) << "not all of the song";
   press(Qt::Key_A, Qt::ControlModifier);
+  press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->mimeData()->data(xml).contains("</score-partwise>"));
   EXPECT_TRUE(m_view.selectedText().contains("Recorded by Korvel"));
   drag(1, 3);
   EXPECT_EQ(m_view.selectedText().count('2'), 6) << "two a chord";
