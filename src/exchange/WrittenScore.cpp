@@ -143,12 +143,13 @@ class PlayedTrack {
   }
 
  private:
+  using Tied = std::map<std::pair<int, int>, std::size_t>;  ///< Notes by pitch and string.
+
   void add(const WrittenNote& written, std::int64_t start) {
     Note note = written.note;
     note.at += start;
-    const std::pair key(note.pitch, note.string);
-    const auto open = m_tied.find(key);
-    if (written.tiedBefore && open != m_tied.end() && goesOn(m_track.notes[open->second], note)) {
+    const auto open = written.tiedBefore ? sounding(note) : m_tied.end();
+    if (open != m_tied.end()) {
       Note& first = m_track.notes[open->second];
       first.length = note.at + note.length - first.at;
       if (!written.tiedOn) m_tied.erase(open);
@@ -159,17 +160,24 @@ class PlayedTrack {
           platform::phrase("Exchange", "it makes more than %1 notes; nothing was read"),
           kMostPlayedNotes);
     --m_left;
-    if (written.tiedOn) m_tied[key] = m_track.notes.size();
+    if (written.tiedOn) m_tied[{note.pitch, note.string}] = m_track.notes.size();
     m_track.notes.push_back(note);
   }
 
-  static bool goesOn(const Note& first, const Note& second) {
-    return areClose(first.at + first.length, second.at);
+  /// What a tied note goes on from. Some programs write its parts on different strings.
+  Tied::iterator sounding(const Note& note) {
+    const auto goesOn = [&](const Tied::value_type& each) {
+      const Note& first = m_track.notes[each.second];
+      return first.pitch == note.pitch && areClose(first.at + first.length, note.at);
+    };
+    const auto same = m_tied.find({note.pitch, note.string});
+    if (same != m_tied.end() && goesOn(*same)) return same;
+    return std::find_if(m_tied.begin(), m_tied.end(), goesOn);
   }
 
   Track m_track;
-  std::size_t& m_left;                                  ///< Notes that may still be played.
-  std::map<std::pair<int, int>, std::size_t> m_tied{};  ///< By pitch and string.
+  std::size_t& m_left;  ///< Notes that may still be played.
+  Tied m_tied{};
 };
 
 }  // namespace

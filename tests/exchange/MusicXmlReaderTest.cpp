@@ -147,6 +147,11 @@ TEST(MusicXmlReaderTest, takesPlacesOnTheNeckFromTheStaffThatHasThem) {
                  "<backup><duration>4</duration></backup>" +
                  notes("E3 2:" + staff(2) + place(6, 0) + ", B4 2:" + staff(2) + place(3, 2))}))),
             " | 0+2 2/4 | 0=120\nGt p-1 open 38 45 50 55 59 64 capo 2 | 0+1 40:0/0 1+1 59:3/2\n");
+  // The end of a tie may be written on another string.
+  EXPECT_EQ(
+      read(document(measures({attributes() + notes("A2 2:<tie type='start'/>" + place(6, 5) +
+                                                   ", A2 2:<tie type='stop'/>" + place(5, 0))}))),
+      " | 0+2 2/4 | 0=120\nGt p-1 open 40 45 50 55 59 64 capo 0 | 0+2 45:0/5\n");
   // Without a tuning the notes tell it.
   EXPECT_EQ(read(document(
                 measures({attributes() + notes("D2 2:" + place(6, 0) + ", C3 2:" + place(5, 3))}))),
