@@ -143,7 +143,8 @@ class PlayedTrack {
   }
 
  private:
-  using Tied = std::map<std::pair<int, int>, std::size_t>;  ///< Notes by pitch and string.
+  /// Notes by pitch and where they end.
+  using Tied = std::multimap<std::pair<int, std::int64_t>, std::size_t>;
 
   void add(const WrittenNote& written, std::int64_t start) {
     Note note = written.note;
@@ -151,8 +152,10 @@ class PlayedTrack {
     const auto open = written.tiedBefore ? sounding(note) : m_tied.end();
     if (open != m_tied.end()) {
       Note& first = m_track.notes[open->second];
+      const std::size_t index = open->second;
       first.length = note.at + note.length - first.at;
-      if (!written.tiedOn) m_tied.erase(open);
+      m_tied.erase(open);
+      if (written.tiedOn) tie(index);
       return;
     }
     if (m_left == 0)
@@ -160,19 +163,24 @@ class PlayedTrack {
           platform::phrase("Exchange", "it makes more than %1 notes; nothing was read"),
           kMostPlayedNotes);
     --m_left;
-    if (written.tiedOn) m_tied[{note.pitch, note.string}] = m_track.notes.size();
     m_track.notes.push_back(note);
+    if (written.tiedOn) tie(m_track.notes.size() - 1);
+  }
+
+  void tie(std::size_t index) {
+    const Note& note = m_track.notes[index];
+    m_tied.insert({{note.pitch, note.at + note.length}, index});
   }
 
   /// What a tied note goes on from. Some programs write its parts on different strings.
   Tied::iterator sounding(const Note& note) {
-    const auto goesOn = [&](const Tied::value_type& each) {
-      const Note& first = m_track.notes[each.second];
-      return first.pitch == note.pitch && areClose(first.at + first.length, note.at);
-    };
-    const auto same = m_tied.find({note.pitch, note.string});
-    if (same != m_tied.end() && goesOn(*same)) return same;
-    return std::find_if(m_tied.begin(), m_tied.end(), goesOn);
+    constexpr int kMostUnisons = 12;
+    const auto first = m_tied.lower_bound({note.pitch, note.at - kRounding});
+    const auto last = m_tied.upper_bound({note.pitch, note.at + kRounding});
+    int left = kMostUnisons;
+    for (auto each = first; each != last && left > 0; ++each, --left)
+      if (m_track.notes[each->second].string == note.string) return each;
+    return first == last ? m_tied.end() : first;
   }
 
   Track m_track;
