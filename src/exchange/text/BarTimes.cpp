@@ -28,7 +28,7 @@ Metre metreOf(std::int64_t length) {
 
 class Timing {
  public:
-  Timing(const std::vector<WrittenBar>& bars, std::optional<Metre> told, bool isOwn)
+  Timing(const std::vector<TabBar>& bars, std::optional<Metre> told, bool isOwn)
       : m_bars(bars), m_told(told), m_isOwn(isOwn) {}
 
   std::vector<TimedBar> times() {
@@ -37,7 +37,7 @@ class Timing {
     Metre metre = firstMetre();
     const ColumnTimes columns = columnTimes(metre);
     for (std::size_t i = 0; i < m_bars.size(); ++i) {
-      const WrittenBar& bar = m_bars[i];
+      const TabBar& bar = m_bars[i];
       const bool isLast = i + 1 == m_bars.size();
       if (bar.metre && (!isLast || lengthOf(*bar.metre) > lengthOf(metre))) metre = *bar.metre;
       if (auto told = bySigns ? ofSigns(i, metre) : std::nullopt)
@@ -56,16 +56,16 @@ class Timing {
  private:
   Metre firstMetre() const {
     if (m_told) return *m_told;
-    for (const WrittenBar& bar : m_bars)
+    for (const TabBar& bar : m_bars)
       if (bar.metre) return *bar.metre;
     return {};
   }
 
   /// Where nothing says the metre, three quarters if the columns make clearly more sense then.
   ColumnTimes columnTimes(Metre& metre) const {
-    std::vector<const WrittenBar*> bars;
+    std::vector<const TabBar*> bars;
     bool isTold = m_told.has_value();
-    for (const WrittenBar& bar : m_bars) {
+    for (const TabBar& bar : m_bars) {
       isTold = isTold || bar.metre;
       if (bar.marks.empty() && !bar.struck.empty()) bars.push_back(&bar);
     }
@@ -82,7 +82,7 @@ class Timing {
   bool areSignsRight() const {
     const std::int64_t length = lengthOf(m_told.value_or(Metre()));
     std::ptrdiff_t right = 0;
-    for (const WrittenBar& bar : m_bars) {
+    for (const TabBar& bar : m_bars) {
       const auto timed = timesBySigns(bar, m_told.value_or(Metre()));
       if (timed && timed->length == length) ++right;
     }
@@ -91,7 +91,7 @@ class Timing {
 
   /// A bar that its signs fill, or not: then it is a pick-up, or the end of what is there.
   std::optional<TimedBar> ofSigns(std::size_t index, const Metre& metre) const {
-    const WrittenBar& bar = m_bars[index];
+    const TabBar& bar = m_bars[index];
     auto timed = timesBySigns(bar, metre);
     if (!timed || !isAsCounted(bar, *timed)) return std::nullopt;
     if (bar.metre) {
@@ -119,15 +119,15 @@ class Timing {
     return timed ? std::optional(timed->length) : std::nullopt;
   }
 
-  const std::vector<WrittenBar>& m_bars;
+  const std::vector<TabBar>& m_bars;
   std::optional<Metre> m_told;
   bool m_isOwn;
 };
 
 /// Columns from what is struck to the next, as most often.
-std::ptrdiff_t usualGap(const std::vector<WrittenBar>& systems) {
+std::ptrdiff_t usualGap(const std::vector<TabBar>& systems) {
   std::vector<std::size_t> gaps;
-  for (const WrittenBar& system : systems)
+  for (const TabBar& system : systems)
     for (std::size_t i = 1; i < system.struck.size(); ++i)
       gaps.push_back(system.struck[i].from - system.struck[i - 1].from);
   if (gaps.empty()) return 1;
@@ -136,7 +136,7 @@ std::ptrdiff_t usualGap(const std::vector<WrittenBar>& systems) {
   return static_cast<std::ptrdiff_t>(std::max<std::size_t>(*middle, 1));
 }
 
-TimedBar timesByGaps(const WrittenBar& system, std::ptrdiff_t gap) {
+TimedBar timesByGaps(const TabBar& system, std::ptrdiff_t gap) {
   const auto timeOf = [&](std::size_t columns) {
     const std::int64_t shortest = static_cast<std::int64_t>(columns) * kUsual * 2 + gap * kShortest;
     return shortest / (2 * gap * kShortest) * kShortest;
@@ -161,15 +161,15 @@ std::int64_t lengthOf(const Metre& metre) {
   return 4 * kGrainsOfQuarter / metre.beatType * metre.beats;
 }
 
-std::vector<TimedBar> timesOf(const std::vector<WrittenBar>& bars, std::optional<Metre> told,
+std::vector<TimedBar> timesOf(const std::vector<TabBar>& bars, std::optional<Metre> told,
                               bool isOwn) {
   return Timing(bars, told, isOwn).times();
 }
 
-std::vector<TimedBar> timesWithoutBars(const std::vector<WrittenBar>& systems, bool isOwn) {
+std::vector<TimedBar> timesWithoutBars(const std::vector<TabBar>& systems, bool isOwn) {
   const std::ptrdiff_t gap = usualGap(systems);
   std::vector<TimedBar> timed;
-  for (const WrittenBar& system : systems) {
+  for (const TabBar& system : systems) {
     auto bySigns = isOwn ? timesBySigns(system, {}) : std::nullopt;
     timed.push_back(bySigns ? std::move(*bySigns) : timesByGaps(system, gap));
   }

@@ -37,10 +37,10 @@ std::int64_t lengthOf(const Metre& metre);
 /// brought to the nearest. What is struck sounds until the next.
 /// told: the metre, if the text says it; else 4/4. isOwn: signs of rhythm are as the program writes
 /// them.
-std::vector<TimedBar> timesOf(const std::vector<WrittenBar>& bars, std::optional<Metre> told,
+std::vector<TimedBar> timesOf(const std::vector<TabBar>& bars, std::optional<Metre> told,
                               bool isOwn);
 
 /// The same of systems without bar lines, where what is struck most often lasts an eighth.
-std::vector<TimedBar> timesWithoutBars(const std::vector<WrittenBar>& systems, bool isOwn);
+std::vector<TimedBar> timesWithoutBars(const std::vector<TabBar>& systems, bool isOwn);
 
 }  // namespace korvel::exchange

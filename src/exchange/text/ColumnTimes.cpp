@@ -30,13 +30,13 @@ bool isInThrees(const Metre& metre) { return metre.beatType == 8 && metre.beats 
 
 }  // namespace
 
-ColumnTimes::ColumnTimes(const std::vector<const WrittenBar*>& bars, const Metre& metre)
+ColumnTimes::ColumnTimes(const std::vector<const TabBar*>& bars, const Metre& metre)
     : m_metre(metre), m_length(lengthOf(metre)) {
   double best = -1;
   for (std::ptrdiff_t lead = 0; lead <= kMostLead; ++lead) {
     for (std::ptrdiff_t tail = -kMostTail; tail <= kMostTail; ++tail) {
       double sum = 0;
-      for (const WrittenBar* bar : bars) sum += badness(*bar, {lead, tail});
+      for (const TabBar* bar : bars) sum += badness(*bar, {lead, tail});
       if (best >= 0 && sum >= best) continue;
       best = sum;
       m_frame = {lead, tail};
@@ -46,9 +46,9 @@ ColumnTimes::ColumnTimes(const std::vector<const WrittenBar*>& bars, const Metre
   findUsual(bars);
 }
 
-void ColumnTimes::findUsual(const std::vector<const WrittenBar*>& bars) {
+void ColumnTimes::findUsual(const std::vector<const TabBar*>& bars) {
   std::map<std::ptrdiff_t, std::size_t> counts;
-  for (const WrittenBar* bar : bars) ++counts[columns(*bar, m_frame)];
+  for (const TabBar* bar : bars) ++counts[columns(*bar, m_frame)];
   const auto most =
       std::ranges::max_element(counts, {}, [](const auto& each) { return each.second; });
   if (most == counts.end() || bars.size() < kFewestBars) return;
@@ -56,7 +56,7 @@ void ColumnTimes::findUsual(const std::vector<const WrittenBar*>& bars) {
   if (share >= kShareOfUsual) m_usual = most->first;
 }
 
-std::ptrdiff_t ColumnTimes::columns(const WrittenBar& bar, const Frame& frame) const {
+std::ptrdiff_t ColumnTimes::columns(const TabBar& bar, const Frame& frame) const {
   const std::ptrdiff_t columns = static_cast<std::ptrdiff_t>(bar.width) - frame.lead - frame.tail;
   return std::max(columns, kFewestColumns);
 }
@@ -89,7 +89,7 @@ ColumnTimes::Place ColumnTimes::placeOf(const Struck& struck, const Frame& frame
   return best;
 }
 
-double ColumnTimes::badness(const WrittenBar& bar, const Frame& frame) const {
+double ColumnTimes::badness(const TabBar& bar, const Frame& frame) const {
   const std::ptrdiff_t width = columns(bar, frame);
   double sum = 0;
   for (const Struck& struck : bar.struck) sum += strangenessOf(struck, frame, width);
@@ -100,7 +100,7 @@ double ColumnTimes::badness(const WrittenBar& bar, const Frame& frame) const {
 }
 
 /// That of all bars, unless this one is written otherwise and makes sense by itself.
-ColumnTimes::Frame ColumnTimes::frameOf(const WrittenBar& bar) const {
+ColumnTimes::Frame ColumnTimes::frameOf(const TabBar& bar) const {
   double least = badness(bar, m_frame);
   if (least < kTooStrange) return m_frame;
   Frame best = m_frame;
@@ -120,8 +120,7 @@ std::int64_t ColumnTimes::rounded(double at, bool inTriplets) const {
   return static_cast<std::int64_t>(std::llround(at / static_cast<double>(grid))) * grid;
 }
 
-TimedBar ColumnTimes::placed(const WrittenBar& bar, const Frame& frame,
-                             std::ptrdiff_t columns) const {
+TimedBar ColumnTimes::placed(const TabBar& bar, const Frame& frame, std::ptrdiff_t columns) const {
   TimedBar timed{m_metre, m_length};
   const auto exact = [&](const Struck& struck) {
     const auto behind = static_cast<std::ptrdiff_t>(struck.from) - frame.lead;
@@ -148,19 +147,19 @@ TimedBar ColumnTimes::placed(const WrittenBar& bar, const Frame& frame,
   return timed;
 }
 
-TimedBar ColumnTimes::timesOf(const WrittenBar& bar) const {
+TimedBar ColumnTimes::timesOf(const TabBar& bar) const {
   const Frame frame = frameOf(bar);
   return placed(bar, frame, columns(bar, frame));
 }
 
-bool ColumnTimes::isPickUp(const WrittenBar& bar) const {
+bool ColumnTimes::isPickUp(const TabBar& bar) const {
   const std::ptrdiff_t width = columns(bar, m_frame);
   if (m_usual == 0 || width * 4 > m_usual * 3) return false;
   const std::int64_t grains = m_length * width;
   return grains % m_usual == 0 && grains / m_usual % (kGrainsOfQuarter / 2) == 0;
 }
 
-TimedBar ColumnTimes::timesOfPickUp(const WrittenBar& bar) const {
+TimedBar ColumnTimes::timesOfPickUp(const TabBar& bar) const {
   TimedBar timed = placed(bar, m_frame, m_usual);
   timed.length = m_length * columns(bar, m_frame) / m_usual;
   spread(timed);

@@ -11,14 +11,14 @@ namespace korvel::exchange {
 class ColumnTimes {
  public:
   /// The bars that have nothing but columns, which agree on how bars are written.
-  ColumnTimes(const std::vector<const WrittenBar*>& bars, const Metre& metre);
+  ColumnTimes(const std::vector<const TabBar*>& bars, const Metre& metre);
 
   /// How odd the places of a bar are in this metre; 0 where all are on beats.
   double strangeness() const { return m_strangeness; }
-  TimedBar timesOf(const WrittenBar& bar) const;
+  TimedBar timesOf(const TabBar& bar) const;
   /// A shorter bar than all others, the columns of which are as wide, is a pick-up.
-  bool isPickUp(const WrittenBar& bar) const;
-  TimedBar timesOfPickUp(const WrittenBar& bar) const;
+  bool isPickUp(const TabBar& bar) const;
+  TimedBar timesOfPickUp(const TabBar& bar) const;
 
  private:
   /// What of a bar is no time: columns before the first beat, and behind the end of the last one;
@@ -33,15 +33,15 @@ class ColumnTimes {
     double strangeness;
   };
 
-  std::ptrdiff_t columns(const WrittenBar& bar, const Frame& frame) const;
-  double badness(const WrittenBar& bar, const Frame& frame) const;
+  std::ptrdiff_t columns(const TabBar& bar, const Frame& frame) const;
+  double badness(const TabBar& bar, const Frame& frame) const;
   double strangenessOf(const Struck& struck, const Frame& frame, std::ptrdiff_t columns) const;
   double strangenessOf(std::int64_t at) const;
   /// The least strange of the places that may be meant; nowhere where none is on a grid.
   Place placeOf(const Struck& struck, const Frame& frame, std::ptrdiff_t columns) const;
-  Frame frameOf(const WrittenBar& bar) const;
-  void findUsual(const std::vector<const WrittenBar*>& bars);
-  TimedBar placed(const WrittenBar& bar, const Frame& frame, std::ptrdiff_t columns) const;
+  Frame frameOf(const TabBar& bar) const;
+  void findUsual(const std::vector<const TabBar*>& bars);
+  TimedBar placed(const TabBar& bar, const Frame& frame, std::ptrdiff_t columns) const;
   std::int64_t rounded(double at, bool inTriplets) const;
 
   Metre m_metre;

@@ -24,12 +24,12 @@ constexpr std::size_t kMostOfTriplet = 6;
 bool isIn(char32_t c, std::u32string_view set) { return set.find(c) != std::u32string_view::npos; }
 
 /// The bar that a column of the text belongs to, or the bar line before it.
-WrittenBar& barAt(std::vector<WrittenBar>& bars, std::size_t column) {
-  auto after = std::ranges::upper_bound(bars, column + 1, {}, &WrittenBar::column);
+TabBar& barAt(std::vector<TabBar>& bars, std::size_t column) {
+  auto after = std::ranges::upper_bound(bars, column + 1, {}, &TabBar::column);
   return after == bars.begin() ? *after : *--after;
 }
 
-std::ptrdiff_t columnIn(const WrittenBar& bar, std::size_t column) {
+std::ptrdiff_t columnIn(const TabBar& bar, std::size_t column) {
   return static_cast<std::ptrdiff_t>(column) - static_cast<std::ptrdiff_t>(bar.column);
 }
 
@@ -119,8 +119,8 @@ Metre RhythmRows::metreOf(int highest, bool hasHalves, const Known& known) {
   return {highest, isOfEighths ? 8 : 4};
 }
 
-bool RhythmRows::areBarNumbers(std::vector<WrittenBar>& bars, const Counts& counts) {
-  std::map<const WrittenBar*, int> numbers;
+bool RhythmRows::areBarNumbers(std::vector<TabBar>& bars, const Counts& counts) {
+  std::map<const TabBar*, int> numbers;
   for (const Count& count : counts) {
     if (count.number == 0) return false;
     ++numbers[&barAt(bars, count.column)];
@@ -129,8 +129,7 @@ bool RhythmRows::areBarNumbers(std::vector<WrittenBar>& bars, const Counts& coun
          std::ranges::all_of(numbers, [](const auto& each) { return each.second < 2; });
 }
 
-void RhythmRows::tellCounts(std::vector<WrittenBar>& bars, const Counts& counts,
-                            const Known& known) {
+void RhythmRows::tellCounts(std::vector<TabBar>& bars, const Counts& counts, const Known& known) {
   if (areBarNumbers(bars, counts)) return;
   const bool hasHalves = std::ranges::find(counts, U'+', &Count::sign) != counts.end();
   const int highest = std::ranges::max_element(counts, {}, &Count::number)->number;
@@ -140,7 +139,7 @@ void RhythmRows::tellCounts(std::vector<WrittenBar>& bars, const Counts& counts,
     if (counts[i].number == 0) continue;
     std::size_t end = i + 1;
     while (end < counts.size() && counts[end].number == 0) ++end;
-    WrittenBar& bar = barAt(bars, counts[i].column);
+    TabBar& bar = barAt(bars, counts[i].column);
     if (!bar.metre && metre.beats > 1) bar.metre = metre;
     tellBeat(bar, std::span(counts).subspan(i, end - i), hasHalves, unit);
   }
@@ -148,7 +147,7 @@ void RhythmRows::tellCounts(std::vector<WrittenBar>& bars, const Counts& counts,
 
 /// "1 + a" is a triplet, "1 e + a" and "1 . + ." are four; without halves signs divide a beat
 /// evenly.
-void RhythmRows::tellBeat(WrittenBar& bar, std::span<const Count> beat, bool hasHalves,
+void RhythmRows::tellBeat(TabBar& bar, std::span<const Count> beat, bool hasHalves,
                           std::int64_t unit) {
   const std::int64_t begin = (beat.front().number - 1) * unit;
   const auto count = static_cast<std::int64_t>(beat.size());
@@ -255,11 +254,11 @@ void RhythmRows::joinTriplets(std::vector<Sign>& signs) const {
 
 // What is told.
 
-void RhythmRows::tellNames(std::vector<WrittenBar>& bars) const {
+void RhythmRows::tellNames(std::vector<TabBar>& bars) const {
   for (const std::size_t row : m_above) {
     if (!isRowOfChords(m_rows[row])) continue;
     for (auto& [column, text] : chordsOfRow(m_rows[row])) {
-      WrittenBar& bar = barAt(bars, column);
+      TabBar& bar = barAt(bars, column);
       bar.names.push_back({columnIn(bar, column), std::move(text)});
     }
     return;
@@ -267,7 +266,7 @@ void RhythmRows::tellNames(std::vector<WrittenBar>& bars) const {
 }
 
 /// "3/4" among the flags of stems.
-void RhythmRows::tellTimes(std::vector<WrittenBar>& bars) const {
+void RhythmRows::tellTimes(std::vector<TabBar>& bars) const {
   const std::string row = plainWords(below(1));
   for (std::size_t i = 0; i < row.size(); ++i) {
     const bool begins = isDigit(static_cast<char32_t>(row[i])) && (i == 0 || row[i - 1] == ' ');
@@ -275,7 +274,7 @@ void RhythmRows::tellTimes(std::vector<WrittenBar>& bars) const {
   }
 }
 
-void RhythmRows::tell(std::vector<WrittenBar>& bars, const Known& known) const {
+void RhythmRows::tell(std::vector<TabBar>& bars, const Known& known) const {
   if (bars.empty()) return;
   tellNames(bars);
   std::vector<Sign> signs = stems();
@@ -283,7 +282,7 @@ void RhythmRows::tell(std::vector<WrittenBar>& bars, const Known& known) const {
   if (const Counts found = counts(known.isAbove); !found.empty()) tellCounts(bars, found, known);
   if (signs.empty()) signs = letters(known.isAbove);
   for (Sign& sign : signs) {
-    WrittenBar& bar = barAt(bars, sign.column);
+    TabBar& bar = barAt(bars, sign.column);
     sign.sign.column = columnIn(bar, sign.column);
     bar.rhythm.push_back(sign.sign);
   }

@@ -32,7 +32,7 @@ class RhythmRows {
     bool isOwn;                 ///< The program wrote the text.
   };
   /// Tells the bars of the system what is said of them.
-  void tell(std::vector<WrittenBar>& bars, const Known& known) const;
+  void tell(std::vector<TabBar>& bars, const Known& known) const;
 
   /// The rows that say something, which are no prose.
   const std::vector<std::size_t>& rows() const { return m_said; }
@@ -59,12 +59,11 @@ class RhythmRows {
   Counts counts(bool above) const;
   std::vector<Sign> letters(bool above) const;
   static Metre metreOf(int highest, bool hasHalves, const Known& known);
-  static bool areBarNumbers(std::vector<WrittenBar>& bars, const Counts& counts);
-  static void tellBeat(WrittenBar& bar, std::span<const Count> beat, bool hasHalves,
-                       std::int64_t unit);
-  static void tellCounts(std::vector<WrittenBar>& bars, const Counts& counts, const Known& known);
-  void tellNames(std::vector<WrittenBar>& bars) const;
-  void tellTimes(std::vector<WrittenBar>& bars) const;
+  static bool areBarNumbers(std::vector<TabBar>& bars, const Counts& counts);
+  static void tellBeat(TabBar& bar, std::span<const Count> beat, bool hasHalves, std::int64_t unit);
+  static void tellCounts(std::vector<TabBar>& bars, const Counts& counts, const Known& known);
+  void tellNames(std::vector<TabBar>& bars) const;
+  void tellTimes(std::vector<TabBar>& bars) const;
 
   std::span<const Row> m_rows;
   std::size_t m_end;

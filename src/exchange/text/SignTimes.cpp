@@ -48,7 +48,7 @@ std::int64_t placeByMarks(const std::vector<Mark>& marks, const Struck& struck) 
 
 }  // namespace
 
-std::optional<TimedBar> timesBySigns(const WrittenBar& bar, const Metre& metre) {
+std::optional<TimedBar> timesBySigns(const TabBar& bar, const Metre& metre) {
   TimedBar timed{metre};
   std::size_t next = 0;
   bool isSounding = true;  // what was struck before may go on
@@ -71,7 +71,7 @@ std::optional<TimedBar> timesBySigns(const WrittenBar& bar, const Metre& metre) 
   return next == bar.struck.size() && timed.length > 0 ? std::optional(timed) : std::nullopt;
 }
 
-TimedBar timesByMarks(const WrittenBar& bar, const Metre& metre, bool isFirst) {
+TimedBar timesByMarks(const TabBar& bar, const Metre& metre, bool isFirst) {
   TimedBar timed{metre, lengthOf(metre)};
   std::vector<Mark> marks = bar.marks;
   std::ranges::sort(marks, {}, &Mark::column);
@@ -85,7 +85,7 @@ TimedBar timesByMarks(const WrittenBar& bar, const Metre& metre, bool isFirst) {
   return timed;
 }
 
-bool isAsCounted(const WrittenBar& bar, const TimedBar& timed) {
+bool isAsCounted(const TabBar& bar, const TimedBar& timed) {
   std::optional<std::int64_t> begin;
   for (const TimedBar::Place& place : timed.places) {
     const auto mark = std::ranges::find(bar.marks, place.column, &Mark::column);

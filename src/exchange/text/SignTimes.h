@@ -9,14 +9,14 @@ namespace korvel::exchange {
 
 /// The times of a bar by its signs of rhythm, one after the other from its beginning: none unless
 /// all that is struck has one. The length is that of all signs, and of a lone rest that of the bar.
-std::optional<TimedBar> timesBySigns(const WrittenBar& bar, const Metre& metre);
+std::optional<TimedBar> timesBySigns(const TabBar& bar, const Metre& metre);
 
 /// By the beats that are counted beside it. What is counted from a later beat on is a pick-up if
 /// the bar is the first one.
-TimedBar timesByMarks(const WrittenBar& bar, const Metre& metre, bool isFirst);
+TimedBar timesByMarks(const TabBar& bar, const Metre& metre, bool isFirst);
 
 /// Whether the signs of a bar say the same as what is counted beside it.
-bool isAsCounted(const WrittenBar& bar, const TimedBar& timed);
+bool isAsCounted(const TabBar& bar, const TimedBar& timed);
 
 /// What sounds until the next, the last one to the end of the bar.
 void letSound(TimedBar& timed);

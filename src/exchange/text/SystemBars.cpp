@@ -125,11 +125,11 @@ int timesOf(const Row& remark) {
 }
 
 /// What stands behind a system counts for its last repeat, or for all of it where it has none.
-void addRemark(const TabSystem& system, std::vector<WrittenBar>& bars) {
+void addRemark(const TabSystem& system, std::vector<TabBar>& bars) {
   int times = 0;
   for (const StringLine& line : system.lines) times = std::max(times, timesOf(line.remark));
   if (times == 0 || bars.empty()) return;
-  const auto isRepeat = [](const WrittenBar& bar) { return bar.signs.timesPlayed > 0; };
+  const auto isRepeat = [](const TabBar& bar) { return bar.signs.timesPlayed > 0; };
   const auto last = std::find_if(bars.rbegin(), bars.rend(), isRepeat);
   if (last != bars.rend()) {
     last->signs.timesPlayed = times;
@@ -139,9 +139,9 @@ void addRemark(const TabSystem& system, std::vector<WrittenBar>& bars) {
   bars.back().signs.timesPlayed = times;
 }
 
-WrittenBar barOf(const std::array<Parts, kTabLines>& parts, std::size_t index, bool upsideDown,
-                 std::map<std::string, int>& left) {
-  WrittenBar bar;
+TabBar barOf(const std::array<Parts, kTabLines>& parts, std::size_t index, bool upsideDown,
+             std::map<std::string, int>& left) {
+  TabBar bar;
   Lines lines;
   bar.column = parts[0].size() > index ? parts[0][index].column : 0;
   for (std::size_t i = 0; i < kTabLines; ++i)
@@ -159,13 +159,12 @@ WrittenBar barOf(const std::array<Parts, kTabLines>& parts, std::size_t index, b
 
 }  // namespace
 
-std::vector<WrittenBar> barsOf(const TabSystem& system, bool upsideDown,
-                               const std::vector<std::size_t>& cuts,
-                               std::map<std::string, int>& left) {
+std::vector<TabBar> barsOf(const TabSystem& system, bool upsideDown,
+                           const std::vector<std::size_t>& cuts, std::map<std::string, int>& left) {
   const std::array<Parts, kTabLines> parts = partsOf(system, cuts);
   std::size_t count = 0;
   for (const Parts& line : parts) count = std::max(count, line.size());
-  std::vector<WrittenBar> bars;
+  std::vector<TabBar> bars;
   for (std::size_t i = 0; i < count; ++i) bars.push_back(barOf(parts, i, upsideDown, left));
   addRemark(system, bars);
   return bars;

@@ -43,7 +43,7 @@ struct RhythmSign {
 };
 
 /// A bar as it is written, or a system without bar lines. Columns count from its beginning.
-struct WrittenBar {
+struct TabBar {
   std::size_t column = 0;  ///< In the text.
   std::size_t width = 0;
   std::vector<Struck> struck{};
@@ -60,9 +60,8 @@ struct WrittenBar {
 
 /// Cuts a system at its bar lines, or where these are missing at the columns given.
 /// left: counts the signs of techniques, which are not kept.
-std::vector<WrittenBar> barsOf(const TabSystem& system, bool upsideDown,
-                               const std::vector<std::size_t>& cuts,
-                               std::map<std::string, int>& left);
+std::vector<TabBar> barsOf(const TabSystem& system, bool upsideDown,
+                           const std::vector<std::size_t>& cuts, std::map<std::string, int>& left);
 
 /// Whether a bar line parts a system or ends it.
 bool isBarred(const TabSystem& system);

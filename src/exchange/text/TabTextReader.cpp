@@ -128,7 +128,7 @@ class PieceReader {
     track.open.assign(open.begin(), open.end());
     track.capo = m_words.capo.value_or(0);
     std::vector<BarSigns> signs;
-    for (const WrittenBar& bar : m_bars) signs.push_back(m_isBarred ? bar.signs : BarSigns());
+    for (const TabBar& bar : m_bars) signs.push_back(m_isBarred ? bar.signs : BarSigns());
     for (const std::size_t bar : playedOrder(signs)) writeBar(bar, track);
     std::ranges::stable_sort(track.notes, {},
                              [](const Note& note) { return std::pair(note.at, note.pitch); });
@@ -142,7 +142,7 @@ class PieceReader {
   }
 
   void writeBar(std::size_t index, Track& track) {
-    const WrittenBar& bar = m_bars[index];
+    const TabBar& bar = m_bars[index];
     const TimedBar& timed = m_times[index];
     if (m_isBarred)
       m_piece.bars.push_back({m_at, timed.length, timed.metre.beats, timed.metre.beatType});
@@ -153,7 +153,7 @@ class PieceReader {
     for (std::size_t i = 0; i < bar.struck.size(); ++i)
       for (const Struck::Tone& tone : bar.struck[i].tones)
         if (tone.fret >= 0) writeNote(tone, timed.struck[i], track);
-    for (const WrittenBar::Name& name : bar.names)
+    for (const TabBar::Name& name : bar.names)
       track.names.push_back({m_at + placeOf(name, bar, timed), name.text});
     m_at += timed.length;
   }
@@ -166,8 +166,7 @@ class PieceReader {
   }
 
   /// Names stand over what they belong to, or about there.
-  static std::int64_t placeOf(const WrittenBar::Name& name, const WrittenBar& bar,
-                              const TimedBar& timed) {
+  static std::int64_t placeOf(const TabBar::Name& name, const TabBar& bar, const TimedBar& timed) {
     const auto distance = [&](const auto& place) { return std::abs(place.column - name.column); };
     // Of two that are as near the one to the right is meant.
     const TimedBar::Place* nearest = nullptr;
@@ -187,7 +186,7 @@ class PieceReader {
   TabWords m_words;
   bool m_isOwn = false;  ///< The program wrote it.
   bool m_isBarred = true;
-  std::vector<WrittenBar> m_bars;
+  std::vector<TabBar> m_bars;
   std::vector<TimedBar> m_times;
   std::int64_t m_at = 0;
   Piece m_piece;
