@@ -190,6 +190,7 @@ int firstBarLine(const SongBars& written) {
 
 void gatherBars(QBSong& song, PageSource& source) {
   const SongBars written(song);
+  if (written.bars().empty()) return;  // as while its first bar is being heard
   Gathering gathering(song, source);
   const int zero = firstBarLine(written);
   for (const SongBars::Bar& bar : written.bars()) {

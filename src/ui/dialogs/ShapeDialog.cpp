@@ -51,6 +51,11 @@ ShapeDialog::ShapeDialog(const OpenStrings& strings, const QString& name, QWidge
   showShapes();
 }
 
+void ShapeDialog::keepName() {
+  m_name->setReadOnly(true);
+  m_list->setFocus();
+}
+
 void ShapeDialog::showShapes() {
   m_list->clear();
   m_shapes.clear();

@@ -21,6 +21,9 @@ class ShapeDialog final : public QDialog {
  public:
   ShapeDialog(const OpenStrings& strings, const QString& name, QWidget* parent = nullptr);
 
+  /// Only the shape is asked for.
+  void keepName();
+
   /// Once accepted.
   ChordName name() const;
   ChordShape shape() const;

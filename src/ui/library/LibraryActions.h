@@ -80,6 +80,8 @@ class LibraryActions final : public QObject {
   void renameWanted(const TreeNode* node);
   /// The tablature of the song is to be written there.
   void pdfWanted(QBSong* song, const QString& file);
+  /// The song's page of chords is to be written there: as PDF, text or ChordPro by its ending.
+  void pageWanted(QBSong* song, const QString& file);
   /// The user made an album, and has yet to name it.
   void albumCreated(const QBAlbum* album);
 
@@ -102,6 +104,7 @@ class LibraryActions final : public QObject {
   void addRename(QMenu& menu, const TreeNode& node);
   void exportAs(QBSong& song, const QString& file, std::size_t format);
   void exportPdf(QBSong& song, const QString& file);
+  void exportPage(QBSong& song, const QString& file, const QString& ending);
   /// Asks when a file of that name is there.
   bool mayReplace(const QString& file);
   static void renderSong(QBSong& song, RenderedPart part, const QString& file);

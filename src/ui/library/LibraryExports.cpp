@@ -24,6 +24,9 @@ namespace korvel::ui {
 namespace {
 
 const QString kPdf = ".pdf";
+const QString kChordPro = ".cho";
+/// What a page of chords is written as.
+const QStringList kPages{kPdf, ".txt", kChordPro};
 
 QString proposedPath(const std::string& title, const QString& ending = {}) {
   return QDir(Preferences().exportFolder()).filePath(toText(fileNameOf(title)) + ending);
@@ -41,11 +44,16 @@ void LibraryActions::exportSongFile(QBSong* song) {
                    " (*.wav)");
   const QString pdf = tr("PDF document") + " (*" + kPdf + ')';
   filters.append(pdf);
+  for (const QString& ending : kPages) filters.append(tr("Page of chords") + " (*" + ending + ')');
   QString chosen = filters.first();
   const QString file = QFileDialog::getSaveFileName(
       m_window, tr("Export Song"), proposedPath(song->title()), filters.join(";;"), &chosen);
   if (file.isEmpty()) return;
   Preferences().setExportFolder(QFileInfo(file).absolutePath());
+  for (const QString& ending : kPages)
+    if (chosen == tr("Page of chords") + " (*" + ending + ')' ||
+        (ending == kChordPro && file.endsWith(ending, Qt::CaseInsensitive)))
+      return exportPage(*kept, file, ending);
   if (file.endsWith(kPdf, Qt::CaseInsensitive) || (chosen == pdf && !formatNamedBy(file)))
     return exportPdf(*kept, file);
   const auto format = std::max<qsizetype>(0, filters.indexOf(chosen));
@@ -56,6 +64,12 @@ void LibraryActions::exportPdf(QBSong& song, const QString& file) {
   const bool named = file.endsWith(kPdf, Qt::CaseInsensitive);
   const QString path = named ? file : file + kPdf;
   if (named || mayReplace(path)) emit pdfWanted(&song, path);
+}
+
+void LibraryActions::exportPage(QBSong& song, const QString& file, const QString& ending) {
+  const bool named = file.endsWith(ending, Qt::CaseInsensitive);
+  const QString path = named ? file : file + ending;
+  if (named || mayReplace(path)) emit pageWanted(&song, path);
 }
 
 /// format: index into kFormats, or one beyond for sound, and two for that of the loop.

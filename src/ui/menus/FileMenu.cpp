@@ -13,15 +13,14 @@
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/library/LibraryActions.h"
-#include "ui/views/TablaturePages.h"
-#include "ui/views/TablatureView.h"
+#include "ui/page/SongSheets.h"
 #include "workflow/exporting/SongFiles.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
 
-FileMenu::FileMenu(LibraryActions& actions, const TablatureView& tablature, QWidget* parent)
-    : QMenu(tr("&File"), parent), m_actions(actions), m_tablature(tablature) {
+FileMenu::FileMenu(LibraryActions& actions, const SongSheets& sheets, QWidget* parent)
+    : QMenu(tr("&File"), parent), m_actions(actions), m_sheets(sheets) {
   addAction(tr("&Import Recording ..."), QKeySequence::Open, this,
             [this] { m_actions.chooseAndImport(); });
   m_recent = addMenu(tr("Import &Recent"));
@@ -35,8 +34,12 @@ FileMenu::FileMenu(LibraryActions& actions, const TablatureView& tablature, QWid
     listRecentFiles();
     enableForSong(hasSong());
   });
-  connect(&actions, &LibraryActions::pdfWanted, this,
-          [this](QBSong* song, const QString& file) { writePdf(*song, file); });
+  connect(&actions, &LibraryActions::pdfWanted, this, [this](QBSong* song, const QString& file) {
+    write([&] { m_sheets.saveTablature(*song, file.toStdString()); }, file);
+  });
+  connect(&actions, &LibraryActions::pageWanted, this, [this](QBSong* song, const QString& file) {
+    write([&] { writePage(*song, file.toStdString()); }, file);
+  });
   // Their keys work whatever the menu said when it was open.
   connect(this, &QMenu::aboutToHide, this, [this] { enableForSong(true); });
 }
@@ -78,8 +81,7 @@ void FileMenu::listRecentFiles() {
 void FileMenu::printSong() {
   QPrinter printer(QPrinter::HighResolution);
   QPrintDialog dialog(&printer, parentWidget());
-  if (dialog.exec() == QDialog::Accepted &&
-      !printTablature(*m_song, m_tablature.tabFont(), printer))
+  if (dialog.exec() == QDialog::Accepted && !m_sheets.print(*m_song, printer))
     emit refused(tr("The printer took nothing; look whether it is switched on"));
 }
 
@@ -91,12 +93,12 @@ void FileMenu::exportPdf() {
                                                     tr("PDF documents (*.pdf)"));
   if (file.isEmpty()) return;
   preferences.setExportFolder(QFileInfo(file).absolutePath());
-  writePdf(*m_song, file);
+  write([&] { m_sheets.savePdf(*m_song, file.toStdString()); }, file);
 }
 
-void FileMenu::writePdf(QBSong& song, const QString& file) {
+void FileMenu::write(const std::function<void()>& write, const QString& file) {
   try {
-    savePdf(song, m_tablature.tabFont(), file.toStdString());
+    write();
     QBSession::session().addToLog(platform::UserText::verbatim(file.toStdString()));
   } catch (const platform::FileError& problem) {
     emit refused(translated(problem));

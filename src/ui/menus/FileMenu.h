@@ -13,15 +13,15 @@ class QBSong;
 namespace korvel::ui {
 
 class LibraryActions;
-class TablatureView;
+class SongSheets;
 
 /// Recordings in, songs out.
 class FileMenu final : public QMenu {
   Q_OBJECT
 
  public:
-  /// Songs are printed in the tablature's font. Both outlive the menu.
-  FileMenu(LibraryActions& actions, const TablatureView& tablature, QWidget* parent = nullptr);
+  /// Songs are printed as the sheet in front shows them. Both outlive the menu.
+  FileMenu(LibraryActions& actions, const SongSheets& sheets, QWidget* parent = nullptr);
 
   /// The song that is handed on.
   void setSong(QBSong* song);
@@ -40,10 +40,10 @@ class FileMenu final : public QMenu {
   void enableForSong(bool enabled);
   void printSong();
   void exportPdf();
-  void writePdf(QBSong& song, const QString& file);
+  void write(const std::function<void()>& write, const QString& file);
 
   LibraryActions& m_actions;
-  const TablatureView& m_tablature;
+  const SongSheets& m_sheets;
   platform::Ref<QBSong> m_song;
   QMenu* m_recent = nullptr;
   QList<QAction*> m_forSong;  ///< Entries that need a song with chords.

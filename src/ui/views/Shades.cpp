@@ -43,6 +43,15 @@ Shades::Shades(const QPalette& palette)
       chosen(mixed(base, accent, 0.3)),
       doubt(mixed(base, palette.color(QPalette::LinkVisited), 0.09)) {}
 
+QPalette blackOnWhite() {
+  QPalette palette;
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  palette.setColor(QPalette::Highlight, Qt::black);
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  return palette;
+}
+
 QColor mixed(const QColor& first, const QColor& second, double share) {
   const auto mix = [share](float a, float b) {
     return static_cast<float>(a + (b - a) * static_cast<float>(share));

@@ -26,6 +26,9 @@ struct Shades {
   QColor doubt;      ///< Ground of what may be wrong.
 };
 
+/// For paper.
+QPalette blackOnWhite();
+
 /// So much of the second colour in the first, 0 to 1.
 QColor mixed(const QColor& first, const QColor& second, double share);
 

@@ -35,6 +35,8 @@
 #include "ui/menus/FileMenu.h"
 #include "ui/menus/RecordingMenu.h"
 #include "ui/menus/RhythmMenu.h"
+#include "ui/page/PageDesk.h"
+#include "ui/page/SongSheets.h"
 #include "ui/roll/RollView.h"
 #include "ui/sound/Moments.h"
 #include "ui/sound/PlayerBar.h"
@@ -66,6 +68,8 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_actions(new LibraryActions(m_desk, *m_guides, this)),
       m_tree(new TreePanel(m_library, *m_actions)),
       m_tablature(new TablatureView),
+      m_page(new PageDesk),
+      m_sheets(new SongSheets(*m_tablature, *m_page)),
       m_find(new FindBar(*m_tablature)),
       m_fretboard(new FretboardView),
       m_roll(new RollView),
@@ -76,15 +80,15 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
       m_practice(new PracticePanel(*m_player)),
       m_record(new RecordPanel),
       m_help(new HelpWindow(this)),
-      m_fileMenu(new FileMenu(*m_actions, *m_tablature, this)),
+      m_fileMenu(new FileMenu(*m_actions, *m_sheets, this)),
       m_editMenu(new EditMenu({*m_tablature, *m_fretboard, *m_find, *m_tree}, this)),
       m_songMenu(new SongMenu(*m_guides, this)),
       m_albumMenu(new AlbumMenu(*m_actions, this)),
       m_recordingMenu(new RecordingMenu({m_player->mix(), *m_moments, *m_tablature}, this)),
       m_diagrams(new DiagramSwitches(*m_tablature, *m_fretboard, this)),
-      m_shown(new ShownSong(
-          {*m_tablature, *m_fretboard, *m_roll, *m_editMenu, *m_player, *m_practice, *m_moments},
-          this)),
+      m_shown(new ShownSong({*m_tablature, *m_fretboard, *m_page, *m_roll, *m_editMenu, *m_player,
+                             *m_practice, *m_moments},
+                            this)),
       m_arrivals(new Arrivals(this)),
       m_heard(new QLabel),
       m_doubts(new QLabel),
@@ -97,7 +101,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
   addMenus();
   m_panels->restore();
   m_tree->setOpenBranches(Preferences().openBranches());
-  m_tablature->setFocus();
+  m_sheets->focusFront();
   attachViews(alert);
   applyPreferences();
 }
@@ -128,7 +132,7 @@ QWidget* MainWindow::newCentre() {
   m_centre = new QVBoxLayout(centre);
   m_centre->setContentsMargins(0, 0, 0, 0);
   m_centre->setSpacing(0);
-  m_centre->addWidget(m_tablature);
+  m_centre->addWidget(m_sheets);
   m_centre->addWidget(m_find);
   return centre;
 }
@@ -138,6 +142,8 @@ void MainWindow::connectParts() {
     say(tr(
         "That did not work, and the text says why; press Escape in it or click a song to go on"));
   });
+  connect(m_tablature, &TablatureView::problemShown, m_sheets, &SongSheets::goToTablature);
+  connect(m_diagrams, &DiagramSwitches::leftHandedChanged, m_page, &PageDesk::setLeftHanded);
   connect(m_tablature, &TablatureView::zoomChanged, this,
           [](int percent) { Preferences().setZoom(percent); });
   connect(m_shown, &ShownSong::placeChanged, m_place, &QLabel::setText);
@@ -171,7 +177,7 @@ void MainWindow::connectLibrary() {
   connect(m_actions, &LibraryActions::importRefused, m_tablature, &TablatureView::advise);
   connect(m_actions, &LibraryActions::importRefused, this, &MainWindow::say);
   connect(m_tree, &TreePanel::refused, this, &MainWindow::say);
-  connect(m_tree, &TreePanel::songActivated, m_tablature, qOverload<>(&QWidget::setFocus));
+  connect(m_tree, &TreePanel::songActivated, m_sheets, &SongSheets::focusFront);
   connect(m_tree, &TreePanel::songClicked, this, [this](QBSong* song) {
     if (song == m_shown->song() && m_tablature->song() != song)
       QBSession::session().setActiveSong(song);
@@ -241,13 +247,13 @@ void MainWindow::addPlayMenu() {
 
 void MainWindow::addViewMenu() {
   QMenu* menu = menuBar()->addMenu(tr("&View"));
-  menu->addAction(tr("Zoom &In"), QKeySequence::ZoomIn, m_tablature, &TablatureView::zoomIn);
-  menu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, m_tablature, &TablatureView::zoomOut);
-  menu->addAction(tr("&Actual Size"), tr("Ctrl+0"), m_tablature, &TablatureView::resetZoom);
+  m_sheets->addZooms(*menu);
   menu->addSeparator();
   m_diagrams->addTo(*menu);
   menu->addSeparator();
-  m_panels->addPlaces(*menu->addMenu(tr("&Go To")), *m_tablature);
+  QMenu* places = menu->addMenu(tr("&Go To"));
+  m_panels->addPlaces(*places, [this] { m_sheets->goToTablature(); });
+  m_sheets->addPage(*places);
   m_tree->addOrders(*menu->addMenu(tr("&Sort Library")));
   menu->addSeparator();
   m_panels->addToggles(*menu);

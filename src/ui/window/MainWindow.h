@@ -31,6 +31,7 @@ class JobPanel;
 class LibraryActions;
 class LogPanel;
 class Moments;
+class PageDesk;
 class PlayerBar;
 class PracticePanel;
 class RecordPanel;
@@ -39,6 +40,7 @@ class RollView;
 class ShownSong;
 class SongGuides;
 class SongMenu;
+class SongSheets;
 class TablatureView;
 class TreePanel;
 
@@ -122,6 +124,8 @@ class MainWindow final : public QMainWindow, public SongView {
   LibraryActions* m_actions;
   TreePanel* m_tree;
   TablatureView* m_tablature;
+  PageDesk* m_page;
+  SongSheets* m_sheets;
   FindBar* m_find;
   FretboardView* m_fretboard;
   RollView* m_roll;

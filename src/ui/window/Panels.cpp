@@ -163,13 +163,12 @@ void Panels::addToggles(QMenu& menu) const {
   for (const QDockWidget* panel : m_all) menu.addAction(panel->toggleViewAction());
 }
 
-void Panels::addPlaces(QMenu& menu, QWidget& tablature) const {
+void Panels::addPlaces(QMenu& menu, const std::function<void()>& goToTablature) const {
   int number = 1;
   const auto key = [&number] { return QKeySequence(Qt::ALT | Qt::Key(Qt::Key_0 + number++)); };
   for (QDockWidget* panel : m_all) {
     menu.addAction(panel->windowTitle(), key(), panel, [panel] { goTo(*panel); });
-    if (panel == m_library)
-      menu.addAction(tr("Tablature"), key(), &tablature, [&tablature] { tablature.setFocus(); });
+    if (panel == m_library) menu.addAction(tr("Tablature"), key(), panel, goToTablature);
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <functional>
 
 class QDockWidget;
 class QMainWindow;
@@ -40,7 +41,7 @@ class Panels {
   void addToggles(QMenu& menu) const;
   /// Entries that give each the focus by a number, in the order of the window, the tablature after
   /// the library.
-  void addPlaces(QMenu& menu, QWidget& tablature) const;
+  void addPlaces(QMenu& menu, const std::function<void()>& goToTablature) const;
 
  private:
   QDockWidget* add(const QString& title, const char* name, QWidget* content,

@@ -8,6 +8,8 @@
 #include "ui/menus/DoubtMenu.h"
 #include "ui/menus/EditMenu.h"
 #include "ui/menus/RhythmMenu.h"
+#include "ui/page/PageDesk.h"
+#include "ui/page/PageView.h"
 #include "ui/roll/RollView.h"
 #include "ui/sound/Moments.h"
 #include "ui/sound/PlayerBar.h"
@@ -51,6 +53,7 @@ ShownSong::ShownSong(const Views& views, QObject* parent)
   connect(&m_views.moments, &Moments::refused, this, &ShownSong::refused);
   connect(&tablature, &TablatureView::cursorMoved, this, &ShownSong::showCursor);
   connect(&tablature, &TablatureView::playToggled, &player, &PlayerBar::toggle);
+  connectPage();
   connect(&roll, &RollView::playToggled, &player, &PlayerBar::toggle);
   connect(&roll, &RollView::chordChosen, this,
           [&tablature](int chord) { tablature.moveCursor(chord, tablature.cursorString()); });
@@ -66,10 +69,24 @@ ShownSong::ShownSong(const Views& views, QObject* parent)
   connect(&player, &PlayerBar::resetLoopWanted, this, &ShownSong::resetLoop);
 }
 
+void ShownSong::connectPage() {
+  PageView& page = m_views.page.view();
+  TablatureView& tablature = m_views.tablature;
+  connect(&page, &PageView::chordChosen, &tablature,
+          [&tablature](int chord) { tablature.moveCursor(chord, tablature.cursorString()); });
+  connect(&page, &PageView::listenWanted, &m_views.moments, [this](int chord, bool struck) {
+    struck ? m_views.moments.strikeChord(chord) : m_views.moments.listenTo(chord);
+  });
+  connect(&page, &PageView::playToggled, &m_views.player, &PlayerBar::toggle);
+  connect(&m_views.page, &PageDesk::edited, this, &ShownSong::refresh);
+  connect(&m_views.page, &PageDesk::refused, this, &ShownSong::refused);
+}
+
 void ShownSong::set(QBSong* song) {
   m_song = song;
   m_views.tablature.sayPlace();  // the tree tells of its current row as if it had the focus
   m_views.fretboard.setSong(song);
+  m_views.page.setSong(song);
   m_views.roll.setSong(song);
   m_rollEdits.setSong(song);
   m_views.edits.setSong(song);
@@ -87,6 +104,7 @@ void ShownSong::showGrip(int chord) {
 
 void ShownSong::showCursor(int chord) {
   showGrip(chord);
+  m_views.page.view().showCursor(chord);
   m_views.roll.showCursor(chord);
   emit placeChanged(m_views.tablature.placeText());
 }
@@ -98,6 +116,7 @@ void ShownSong::showPlaying() {
   emit heardChanged(m_views.player.song());
   m_views.edits.setLocked(shown);
   m_rollEdits.setLocked(shown);
+  m_views.page.view().showPlaying(chord);
   m_views.roll.showPlaying(chord);
   showGrip(chord >= 0 ? chordHeldAt(*m_song, chord) : m_views.tablature.cursorChord());
 }
@@ -140,6 +159,7 @@ bool ShownSong::changeLoop(const std::function<void(QBSong&)>& change) {
 /// After a change of the song.
 void ShownSong::refresh() {
   m_views.tablature.refresh();
+  m_views.page.view().refresh();
   m_views.edits.doubts().refresh();
   m_views.roll.refresh();
   m_views.practice.setSong(m_song);

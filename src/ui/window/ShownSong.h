@@ -17,6 +17,7 @@ namespace korvel::ui {
 class EditMenu;
 class FretboardView;
 class Moments;
+class PageDesk;
 class PlayerBar;
 class PracticePanel;
 class RollView;
@@ -31,6 +32,7 @@ class ShownSong final : public QObject {
   struct Views {
     TablatureView& tablature;
     FretboardView& fretboard;
+    PageDesk& page;
     RollView& roll;
     EditMenu& edits;
     PlayerBar& player;
@@ -60,6 +62,7 @@ class ShownSong final : public QObject {
   void refused(const QString& text);
 
  private:
+  void connectPage();
   void showCursor(int chord);
   void showGrip(int chord);
   void showPlaying();
