@@ -2,10 +2,10 @@
 #include "ui/page/PageDesk.h"
 
 #include <QComboBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QToolBar>
 #include <QVBoxLayout>
 #include <exception>
 
@@ -27,7 +27,6 @@ namespace korvel::ui {
 namespace {
 
 constexpr int kMostHalfTones = 11;
-constexpr int kBetweenControls = 6;  ///< Pixels.
 
 QPushButton* button(const QString& text, const QString& hint) {
   auto* made = new QPushButton(text);
@@ -59,10 +58,10 @@ PageDesk::PageDesk(QWidget* parent)
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  auto* controls = new QHBoxLayout;
-  controls->setContentsMargins(8, 4, 8, 4);
+  // What a narrow window has no room for is behind its last button.
+  auto* controls = new QToolBar;
   addControls(*controls);
-  rows->addLayout(controls);
+  rows->addWidget(controls);
   rows->addWidget(m_view, 1);
   setFocusProxy(m_view);
   connect(m_view, &PageView::zoomChanged, this,
@@ -74,14 +73,14 @@ PageDesk::PageDesk(QWidget* parent)
   });
 }
 
-void PageDesk::addControls(QHBoxLayout& row) {
+void PageDesk::addControls(QToolBar& row) {
   const auto addNamed = [&row](const QString& name, QWidget* control) {
     auto* label = new QLabel(name);
     label->setBuddy(control);
     control->setAccessibleName(name);
     row.addWidget(label);
     row.addWidget(control);
-    row.addSpacing(kBetweenControls);
+    row.addSeparator();
   };
   m_capo->setRange(0, PageOptions::kHighestCapo);
   m_capo->setSpecialValueText(tr("None"));
@@ -95,7 +94,6 @@ void PageDesk::addControls(QHBoxLayout& row) {
   m_numbers->addItem(tr("Numbers: I vi IV V"), static_cast<int>(ChordNumbers::roman));
   m_numbers->addItem(tr("Nashville numbers: 1 6- 4 5"), static_cast<int>(ChordNumbers::nashville));
   addNamed(tr("Chords as"), m_numbers);
-  row.addStretch(1);
   auto* words = button(tr("Words ..."), tr("Type or paste what is sung"));
   auto* grips = button(tr("Grips ..."), tr("All grips of the song, to print and to choose from"));
   row.addWidget(words);

@@ -8,8 +8,8 @@
 #include "ui/page/RememberedPages.h"
 
 class QComboBox;
-class QHBoxLayout;
 class QSpinBox;
+class QToolBar;
 
 namespace korvel {
 class QBSong;
@@ -38,7 +38,7 @@ class PageDesk final : public QWidget {
   void refused(const QString& text);
 
  private:
-  void addControls(QHBoxLayout& row);
+  void addControls(QToolBar& row);
   void showLook();
   void change(const std::function<void(PageLook&)>& change);
   void chooseCapo();

@@ -53,6 +53,10 @@ void SongSheets::goToTablature() {
   m_tablature.setFocus();
 }
 
+void SongSheets::showTablature() {
+  if (isPageInFront()) goToTablature();
+}
+
 void SongSheets::goToPage() {
   setCurrentWidget(&m_page);
   m_page.view().setFocus();

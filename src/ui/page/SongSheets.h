@@ -37,6 +37,8 @@ class SongSheets final : public QTabWidget {
 
  public slots:
   void goToTablature();
+  /// Leaves the keys where they are, if it is in front already.
+  void showTablature();
   void goToPage();
   /// Gives what is in front the keys.
   void focusFront();

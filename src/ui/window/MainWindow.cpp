@@ -142,7 +142,7 @@ void MainWindow::connectParts() {
     say(tr(
         "That did not work, and the text says why; press Escape in it or click a song to go on"));
   });
-  connect(m_tablature, &TablatureView::problemShown, m_sheets, &SongSheets::goToTablature);
+  connect(m_tablature, &TablatureView::problemShown, m_sheets, &SongSheets::showTablature);
   connect(m_diagrams, &DiagramSwitches::leftHandedChanged, m_page, &PageDesk::setLeftHanded);
   connect(m_tablature, &TablatureView::zoomChanged, this,
           [](int percent) { Preferences().setZoom(percent); });
