@@ -112,7 +112,7 @@ TEST_F(LibraryEditsTest, knownTuningsAreThoseOfGuitarists) {
     notes += notesOf(*newTuning(each, std::string("A ") + nameOf(each))) + '\n';
   EXPECT_EQ(notes,
             "E2 A2 D3 G3 B3 E4\nD2 A2 D3 G3 B3 E4\nD2 G2 D3 G3 B3 D4\nD2 A2 D3 F#3 A3 D4\n"
-            "D2 A2 D3 G3 A3 D4\nEb2 Ab2 C#3 F#3 Bb3 Eb4\nD2 G2 C3 F3 A3 D4\nE2 B2 E3 G#3 B3 E4\n"
+            "D2 A2 D3 G3 A3 D4\nEb2 Ab2 C#3 F#3 Bb3 Eb4\nD2 G2 C3 F3 A3 D4\nE2 B2 E3 Ab3 B3 E4\n"
             "C2 G2 C3 F3 A3 D4\n");
 }
 
