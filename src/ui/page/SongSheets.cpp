@@ -20,6 +20,7 @@ namespace korvel::ui {
 
 SongSheets::SongSheets(TablatureView& tablature, PageDesk& page, QWidget* parent)
     : QTabWidget(parent), m_tablature(tablature), m_page(page) {
+  setAccessibleName(tr("Song"));
   setDocumentMode(true);
   tabBar()->setFocusPolicy(Qt::NoFocus);  // keys go to what is in front
   addTab(&tablature, tr("Tablature"));

@@ -158,55 +158,55 @@
     </message>
     <message>
         <source>its tracks are pieces of their own, which is not read; save it in another format of MIDI</source>
-        <translation type="unfinished"></translation>
+        <translation>ihre Spuren sind Stücke für sich, was nicht gelesen wird; speichern Sie sie in einem anderen MIDI-Format</translation>
     </message>
     <message>
         <source>it does not say how long a beat is</source>
-        <translation type="unfinished"></translation>
+        <translation>sie sagt nicht, wie lang ein Schlag ist</translation>
     </message>
     <message>
         <source>it is no MIDI file</source>
-        <translation type="unfinished"></translation>
+        <translation>sie ist keine MIDI-Datei</translation>
     </message>
     <message>
         <source>it has more than %1 bars</source>
-        <translation type="unfinished"></translation>
+        <translation>sie hat mehr als %1 Takte</translation>
     </message>
     <message>
         <source>it makes more than %1 notes; nothing was read</source>
-        <translation type="unfinished"></translation>
+        <translation>sie ergibt mehr als %1 Töne; es wurde nichts gelesen</translation>
     </message>
     <message>
         <source>one of its tracks is longer than any music</source>
-        <translation type="unfinished"></translation>
+        <translation>eine ihrer Spuren ist länger als jede Musik</translation>
     </message>
     <message>
         <source>one of its tracks is broken</source>
-        <translation type="unfinished"></translation>
+        <translation>eine ihrer Spuren ist beschädigt</translation>
     </message>
     <message>
         <source>it is no MusicXML score</source>
-        <translation type="unfinished"></translation>
+        <translation>sie ist keine MusicXML-Partitur</translation>
     </message>
     <message>
         <source>it has more than %1 parts</source>
-        <translation type="unfinished"></translation>
+        <translation>sie hat mehr als %1 Stimmen</translation>
     </message>
     <message>
         <source>its divisions in line %1 cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>ihre Unterteilung der Viertel in Zeile %1 ist nicht zu lesen</translation>
     </message>
     <message>
         <source>its duration in line %1 cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>ihre Dauer in Zeile %1 ist nicht zu lesen</translation>
     </message>
     <message>
         <source>one of its bars is longer than any music</source>
-        <translation type="unfinished"></translation>
+        <translation>einer ihrer Takte ist länger als jede Musik</translation>
     </message>
     <message>
         <source>its time signature in line %1 cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>ihre Taktart in Zeile %1 ist nicht zu lesen</translation>
     </message>
     <message>
         <source>has more than %1 bars; import a part of it</source>
@@ -278,7 +278,19 @@
     </message>
     <message>
         <source>there is no score in its archive</source>
-        <translation type="unfinished"></translation>
+        <translation>in ihrem Archiv ist keine Partitur</translation>
+    </message>
+    <message>
+        <source>there is no tablature of six strings in it; nothing was read</source>
+        <translation>darin ist keine Tabulatur für sechs Saiten; es wurde nichts gelesen</translation>
+    </message>
+    <message>
+        <source>its tablature has %1 strings; only that of guitars with six is read</source>
+        <translation>die Tabulatur hat %1 Saiten; gelesen wird nur die von Gitarren mit sechs</translation>
+    </message>
+    <message>
+        <source>it is larger than any tablature; nothing was read</source>
+        <translation>das ist größer als jede Tabulatur; es wurde nichts gelesen</translation>
     </message>
 </context>
 <context>
@@ -1479,6 +1491,10 @@
         <source>%1: it is not written in beats, so no pattern of strokes fits it</source>
         <translation>%1: er ist nicht in Zählzeiten geschrieben, darum passt kein Schlagmuster zu ihm</translation>
     </message>
+    <message>
+        <source>%1: a band plays in its recording, of which chords were heard; change or name its chords instead</source>
+        <translation>%1: In seiner Aufnahme spielt eine Band, von der Akkorde gehört wurden; ändere oder benenne stattdessen seine Akkorde</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
@@ -1616,11 +1632,19 @@
     </message>
     <message>
         <source>Compressed MusicXML score</source>
-        <translation type="unfinished"></translation>
+        <translation>Komprimierte MusicXML-Partitur</translation>
     </message>
     <message>
         <source>Guitar Pro 7 and 8</source>
         <translation>Guitar Pro 7 und 8</translation>
+    </message>
+    <message>
+        <source>alphaTex</source>
+        <translation>alphaTex</translation>
+    </message>
+    <message>
+        <source>ABC notation</source>
+        <translation>ABC-Notation</translation>
     </message>
 </context>
 <context>
@@ -2924,6 +2948,10 @@
         <source>Strum</source>
         <translation>Schlagmuster</translation>
     </message>
+    <message>
+        <source>Retune Song</source>
+        <translation>Song umstimmen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -3099,6 +3127,54 @@
     <message>
         <source>&amp;Record</source>
         <translation>&amp;Aufnehmen</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::CapoDialog</name>
+    <message>
+        <source>Which Capo?</source>
+        <translation>Welcher Kapodaster?</translation>
+    </message>
+    <message>
+        <source>Capo</source>
+        <translation>Kapodaster</translation>
+    </message>
+    <message>
+        <source>Shapes of</source>
+        <translation>Griffe von</translation>
+    </message>
+    <message>
+        <source>Open chords</source>
+        <translation>Offene Akkorde</translation>
+    </message>
+    <message>
+        <source>Of the time</source>
+        <translation>Der Zeit</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Fret %1</source>
+        <translation>Bund %1</translation>
+    </message>
+    <message>
+        <source>%1: the best</source>
+        <comment>a capo</comment>
+        <translation>%1: am besten</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>With a capo the song sounds as before and is played in the shapes of another key.</source>
+        <translation>Mit einem Kapodaster klingt der Song wie zuvor und wird in den Griffen einer anderen Tonart gespielt.</translation>
     </message>
 </context>
 <context>
@@ -3667,6 +3743,18 @@
         <source>Finge&amp;r Anew</source>
         <translation>&amp;Fingersatz neu wählen</translation>
     </message>
+    <message>
+        <source>Other Tuning, Same Sound</source>
+        <translation>Andere Stimmung, gleicher Klang</translation>
+    </message>
+    <message>
+        <source>Other Tuning, Same Frets</source>
+        <translation>Andere Stimmung, gleiche Bünde</translation>
+    </message>
+    <message>
+        <source>Notes that have no place in this tuning and were left out: %1</source>
+        <translation>Töne, die in dieser Stimmung keinen Platz haben und weggelassen wurden: %1</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::FretboardView</name>
@@ -3721,6 +3809,45 @@
     <message>
         <source>Korvel ended before it had heard %1 note by note. Hear it now?</source>
         <translation>Korvel endete, bevor es %1 Ton für Ton gehört hatte. Jetzt hören?</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::GripsDialog</name>
+    <message>
+        <source>Grips of %1</source>
+        <translation>Griffe von %1</translation>
+    </message>
+    <message>
+        <source>Print ...</source>
+        <translation>Drucken ...</translation>
+    </message>
+    <message>
+        <source>Export as PDF ...</source>
+        <translation>Als PDF exportieren ...</translation>
+    </message>
+    <message>
+        <source>A click on a grip at the left chooses another one.</source>
+        <translation>Ein Klick auf einen Griff links wählt einen anderen.</translation>
+    </message>
+    <message>
+        <source>Export as PDF</source>
+        <translation>Als PDF exportieren</translation>
+    </message>
+    <message>
+        <source>PDF documents (*.pdf)</source>
+        <translation>PDF-Dokumente (*.pdf)</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::GripsSheet</name>
+    <message>
+        <source>Grips</source>
+        <translation>Griffe</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>a chord and its frets</comment>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -3855,18 +3982,6 @@
         <translation>Neues Album</translation>
     </message>
     <message>
-        <source>New from Standard</source>
-        <translation>Neu aus Standard</translation>
-    </message>
-    <message>
-        <source>New from Drop D</source>
-        <translation>Neu aus Drop D</translation>
-    </message>
-    <message>
-        <source>New from Open G</source>
-        <translation>Neu aus Open G</translation>
-    </message>
-    <message>
         <source>Import Definition File ...</source>
         <translation>Definitionsdatei importieren ...</translation>
     </message>
@@ -3986,6 +4101,14 @@
         <source>Hear Again as a Band</source>
         <translation>Noch einmal als Band hören</translation>
     </message>
+    <message>
+        <source>Page of chords</source>
+        <translation>Akkordblatt</translation>
+    </message>
+    <message>
+        <source>New from %1</source>
+        <translation>Neu aus %1</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::LogPanel</name>
@@ -4007,22 +4130,6 @@
     <message>
         <source>&amp;View</source>
         <translation>A&amp;nsicht</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;In</source>
-        <translation>Ver&amp;größern</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;Out</source>
-        <translation>Ver&amp;kleinern</translation>
-    </message>
-    <message>
-        <source>&amp;Actual Size</source>
-        <translation>&amp;Originalgröße</translation>
-    </message>
-    <message>
-        <source>Ctrl+0</source>
-        <translation>Ctrl+0</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -4203,6 +4310,135 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>No</source>
         <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::PageDesk</name>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Capo</source>
+        <translation>Kapodaster</translation>
+    </message>
+    <message>
+        <source>Which Capo? ...</source>
+        <translation>Welcher Kapodaster? ...</translation>
+    </message>
+    <message>
+        <source>What a capo at each fret is good for</source>
+        <translation>Wozu ein Kapodaster in jedem Bund gut ist</translation>
+    </message>
+    <message>
+        <source>Half tones up or down, to where your voice is at ease</source>
+        <translation>Halbtöne nach oben oder unten, wo deine Stimme sich wohlfühlt</translation>
+    </message>
+    <message>
+        <source>Key up or down</source>
+        <translation>Tonart höher oder tiefer</translation>
+    </message>
+    <message>
+        <source>Names</source>
+        <translation>Namen</translation>
+    </message>
+    <message>
+        <source>Numbers: I vi IV V</source>
+        <translation>Stufen: I vi IV V</translation>
+    </message>
+    <message>
+        <source>Nashville numbers: 1 6- 4 5</source>
+        <translation>Nashville-Zahlen: 1 6- 4 5</translation>
+    </message>
+    <message>
+        <source>Chords as</source>
+        <translation>Akkorde als</translation>
+    </message>
+    <message>
+        <source>Words ...</source>
+        <translation>Text ...</translation>
+    </message>
+    <message>
+        <source>Type or paste what is sung</source>
+        <translation>Tippe oder füge ein, was gesungen wird</translation>
+    </message>
+    <message>
+        <source>Grips ...</source>
+        <translation>Griffe ...</translation>
+    </message>
+    <message>
+        <source>All grips of the song, to print and to choose from</source>
+        <translation>Alle Griffe des Songs, zum Drucken und Auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::PageSheet</name>
+    <message>
+        <source>Key: %1</source>
+        <translation>Tonart: %1</translation>
+    </message>
+    <message>
+        <source>Capo: %1</source>
+        <translation>Kapodaster: %1</translation>
+    </message>
+    <message>
+        <source>Capo: %1 (shapes of %2)</source>
+        <translation>Kapodaster: %1 (Griffe von %2)</translation>
+    </message>
+    <message>
+        <source>Moved by %1 half tones</source>
+        <translation>Um %1 Halbtöne verschoben</translation>
+    </message>
+    <message>
+        <source>Tempo: %1</source>
+        <translation>Tempo: %1</translation>
+    </message>
+    <message>
+        <source>Metre: %1</source>
+        <translation>Takt: %1</translation>
+    </message>
+    <message>
+        <source>as above</source>
+        <translation>wie oben</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::PageView</name>
+    <message>
+        <source>Page</source>
+        <translation>Blatt</translation>
+    </message>
+    <message>
+        <source>A song&apos;s chords to sing from stand here</source>
+        <translation>Hier stehen die Akkorde eines Songs zum Mitsingen</translation>
+    </message>
+    <message>
+        <source>No chord of this song has a name</source>
+        <translation>Kein Akkord dieses Songs hat einen Namen</translation>
+    </message>
+    <message>
+        <source>Section %1</source>
+        <translation>Abschnitt %1</translation>
+    </message>
+    <message>
+        <source>bar %1</source>
+        <translation>Takt %1</translation>
+    </message>
+    <message>
+        <source>no chord</source>
+        <translation>kein Akkord</translation>
+    </message>
+    <message>
+        <source>sounds as %1</source>
+        <translation>klingt als %1</translation>
+    </message>
+    <message>
+        <source>doubtful</source>
+        <translation>fraglich</translation>
+    </message>
+    <message>
+        <source>Words of the bar</source>
+        <translation>Text des Takts</translation>
     </message>
 </context>
 <context>
@@ -5087,6 +5323,37 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
 </context>
 <context>
+    <name>korvel::ui::SongSheets</name>
+    <message>
+        <source>Tablature</source>
+        <translation>Tabulatur</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Blatt</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size</source>
+        <translation>&amp;Originalgröße</translation>
+    </message>
+    <message>
+        <source>Ctrl+0</source>
+        <translation>Ctrl+0</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+</context>
+<context>
     <name>korvel::ui::SoundBackdrop</name>
     <message>
         <source>The recording %1 is not there any more, so that there is no picture of it</source>
@@ -5109,7 +5376,7 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
     <message>
         <source>&amp;Make It</source>
-        <translation type="unfinished">&amp;Erstellen</translation>
+        <translation>&amp;Erstellen</translation>
     </message>
     <message>
         <source>&amp;Pattern</source>
@@ -5291,6 +5558,21 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>String &amp;%1</source>
         <translation>Saite &amp;%1</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::WordsDialog</name>
+    <message>
+        <source>Words</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Words of the song</source>
+        <translation>Text des Songs</translation>
+    </message>
+    <message>
+        <source>A line of words for each line of the page, which has four bars. “|” goes on to the next bar, alone in a line it leaves a line of the page out, and “9:” begins at bar 9.</source>
+        <translation>Eine Zeile Text für jede Zeile des Blatts, die vier Takte hat. „|“ geht zum nächsten Takt weiter, allein in einer Zeile lässt es eine Zeile des Blatts aus, und „9:“ beginnt bei Takt 9.</translation>
     </message>
 </context>
 </TS>
