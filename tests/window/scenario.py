@@ -44,7 +44,7 @@ class Session(Guitarist):
         self.expect_log("Undo Easy Version")
 
     def practise(self):
-        self.lead(3)
+        self.lead(4)
         self.window.find("label", "From chord")
         self.window.keys("Return")
         wait_for("the play position to move", lambda: self.position() > 0)
