@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -19,7 +20,7 @@
 #include "workflow/editing/doubts/PassageNames.h"
 #include "workflow/editing/doubts/StringChoice.h"
 #include "workflow/editing/rhythm/EditedChords.h"
-#include "workflow/hearing/WholeSong.h"
+#include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 
@@ -35,6 +36,8 @@ constexpr double kAroundPart = 10;
 constexpr double kSameNote = 0.06;
 /// A part begins so long before its first chord.
 constexpr double kBeforeChord = 0.06;
+/// Decoders differ about the end of a file, in seconds.
+constexpr double kMostUnheard = 0.5;
 
 std::size_t sampleAt(double seconds) {
   return static_cast<std::size_t>(std::max(seconds, 0.0) * platform::kSampleRate);
@@ -73,13 +76,14 @@ PartHearing::PartHearing(QBSong& song, const SongCorrections::Part& part,
                          const HearingSettings& settings)
     : m_song(&song) {
   const SongCorrections allowed(song);
-  if (!canHearAnew(song))
+  const auto file = song.isWhole() ? fileOfRecording(*song.recording()) : std::nullopt;
+  if (!file)
     throw EditRefused(phrase("Message", "%1: its recording is not where it was, or was changed"),
                       song.title());
   findTimes(part);
   m_begin = std::max(m_from - kAroundPart, 0.0);
-  const auto source = std::make_shared<PartOfTrack>(song.recording()->path(), sampleAt(m_begin),
-                                                    sampleAt(m_to + kAroundPart));
+  const auto source =
+      std::make_shared<PartOfTrack>(*file, sampleAt(m_begin), sampleAt(m_to + kAroundPart));
   source->startRecord(0);
   m_listening = std::make_unique<Transcription>(source, openStringsOf(&song).pitches(), settings);
 }
@@ -201,7 +205,18 @@ struct PartHearing::Placing {
   }
 };
 
+/// Where a file ended early, as on a disk that was unplugged, nothing is known of the notes there.
+void PartHearing::requireHeard() const {
+  const double heard =
+      m_begin + static_cast<double>(m_listening->samples()) / platform::kSampleRate;
+  if (heard < std::min(m_to, m_song->recording()->seconds()) - kMostUnheard)
+    throw EditRefused(
+        phrase("Message", "%1: its recording could not be read to the end; nothing was changed"),
+        m_song->title());
+}
+
 NoteChanges PartHearing::finish() {
+  requireHeard();
   QBSong& song = *m_song;
   Edit edit(song, phrase("UndoAction", "Hear Part Again"));
   rhythm::HeardAgain part = heard();

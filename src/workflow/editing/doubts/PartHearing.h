@@ -20,19 +20,22 @@ class Transcription;
 /// Step until it answers false, then finish, on the main thread; to give up, drop it.
 class PartHearing {
  public:
-  /// By indexes in `allChords`. Throws EditRefused when the recording does not lie where it was, or
-  /// is another one by now, and as SongCorrections does.
+  /// By indexes in `allChords`. Listens to the copy that is kept of the recording when that does
+  /// not lie where it was, or is another one by now. Throws EditRefused when there is none, and as
+  /// SongCorrections does.
   PartHearing(QBSong& song, const SongCorrections::Part& part, const HearingSettings& settings);
   ~PartHearing();
 
   bool step();
   double progress() const;
-  /// One undoable action, "Hear Part Again", which is saved.
+  /// One undoable action, "Hear Part Again", which is saved. Throws EditRefused when the recording
+  /// could not be read to the end of the part.
   NoteChanges finish();
 
  private:
   struct Placing;
 
+  void requireHeard() const;
   void findTimes(const SongCorrections::Part& part);
   rhythm::HeardAgain heard() const;
 
