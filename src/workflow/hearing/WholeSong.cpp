@@ -25,6 +25,13 @@ bool isBetter(const QBSong& heard, const QBSong& song) {
   return heard.isWhole() ? hasTones(heard) : heard.chords().size() > song.chords().size();
 }
 
+/// Whether its file is there, and not another one as far as that can be seen at once.
+bool hasItsSize(const SongRecording& recording) {
+  std::error_code unknown;
+  const auto size = std::filesystem::file_size(recording.path(), unknown);
+  return !unknown && static_cast<std::int64_t>(size) == recording.size();
+}
+
 void redraw(QBSong& song) {
   if (!song.chords().empty()) buildTab(song);
 }
@@ -83,18 +90,14 @@ std::string recordingFileOf(const QBSong& song) {
   if (!recording) return {};
   const std::filesystem::path kept = keptSoundOf(*recording);
   std::error_code unknown;
-  const bool isGone = !std::filesystem::exists(recording->path(), unknown);
-  return isGone && std::filesystem::exists(kept, unknown) ? kept.string() : recording->path();
+  return !hasItsSize(*recording) && std::filesystem::exists(kept, unknown) ? kept.string()
+                                                                           : recording->path();
 }
 
 bool canHearAnew(const QBSong& song) {
   const SongRecording* recording = song.recording();
   if (!song.isWhole() || !recording || SongInWork::is(song)) return false;
-  std::error_code unknown;
-  const std::string file = recordingFileOf(song);
-  const auto size = std::filesystem::file_size(file, unknown);
-  return !unknown &&
-         (file != recording->path() || static_cast<std::int64_t>(size) == recording->size());
+  return recordingFileOf(song) != recording->path() || hasItsSize(*recording);
 }
 
 bool canHearAgain(const QBSong& song) {
