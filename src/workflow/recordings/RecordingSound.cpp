@@ -26,7 +26,7 @@ constexpr platform::Phrase kGone =
 constexpr platform::Phrase kOther =
     phrase("Message", "%1: the recording has changed since it was heard; say where the old one is");
 
-/// The content of a file as it is now.
+/// The content of a file as it is now; none of one that cannot be read, which is tried again.
 std::string contentNow(const fs::path& file) {
   struct Known {
     std::uintmax_t size;
@@ -43,6 +43,7 @@ std::string contentNow(const fs::path& file) {
     return found->second.content;
   platform::ContentHash hash(file);
   while (hash.step()) continue;
+  if (static_cast<std::uintmax_t>(hash.size()) != size) return {};
   return (known[file] = {size, time, hash.digits()}).content;
 }
 
@@ -51,8 +52,19 @@ bool isThereAsFile(const fs::path& file) {
   return !file.empty() && fs::is_regular_file(file, unknown);
 }
 
+bool hasSizeOf(const SongRecording& recording, const fs::path& file) {
+  std::error_code unknown;
+  const auto size = fs::file_size(file, unknown);
+  return !unknown && static_cast<std::int64_t>(size) == recording.size();
+}
+
+/// A disk that fails is not a file that was changed.
 UserText whyNowhere(const SongRecording& recording) {
-  return {isThereAsFile(recording.path()) ? kOther : kGone, recording.path()};
+  const std::string& file = recording.path();
+  if (!isThereAsFile(file)) return {kGone, file};
+  if (hasSizeOf(recording, file) && contentNow(file).empty())
+    return platform::FileError(file, platform::FileError::kCannotRead).text();
+  return {kOther, file};
 }
 
 std::shared_ptr<const platform::DecodedSound> opened(const fs::path& file) {
@@ -68,9 +80,7 @@ std::shared_ptr<const platform::DecodedSound> opened(const fs::path& file) {
 }  // namespace
 
 bool isRecording(const SongRecording& recording, const fs::path& file) {
-  std::error_code unknown;
-  const auto size = fs::file_size(file, unknown);
-  if (unknown || static_cast<std::int64_t>(size) != recording.size()) return false;
+  if (!hasSizeOf(recording, file)) return false;
   return recording.hash().empty() || contentNow(file) == recording.hash();
 }
 
