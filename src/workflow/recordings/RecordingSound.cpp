@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
@@ -67,13 +68,16 @@ UserText whyNowhere(const SongRecording& recording) {
   return {kOther, file};
 }
 
-std::shared_ptr<const platform::DecodedSound> opened(const fs::path& file) {
-  static fs::path last;
+/// content: of the file, which may have had another one when it was opened last.
+std::shared_ptr<const platform::DecodedSound> opened(const fs::path& file,
+                                                     const std::string& content) {
+  static std::pair<fs::path, std::string> last;
   static std::shared_ptr<const platform::DecodedSound> sound;
-  if (sound && file == last && (!sound->isWhole() || sound->problem().empty())) return sound;
+  const bool isOpen = sound && last == std::pair(file, content);
+  if (isOpen && (!sound->isWhole() || sound->problem().empty())) return sound;
   sound = nullptr;
   sound = std::make_shared<const platform::DecodedSound>(file);
-  last = file;
+  last = {file, content};
   return sound;
 }
 
@@ -97,7 +101,7 @@ RecordingSound openRecording(const QBSong& song) {
   const auto file = fileOfRecording(*recording);
   if (!file) return {nullptr, whyNowhere(*recording)};
   try {
-    return {opened(*file), {}};
+    return {opened(*file, recording->hash()), {}};
   } catch (const platform::FileError& error) {
     return {nullptr, error.text()};
   }
