@@ -92,6 +92,7 @@ void QBPlayerViewController::begin(QBSong& song) {
   m_range = rangeOf(song);
   m_loops = m_looping && (song.fromChord() || song.toChord());
   m_notice = {};
+  m_recordedEnd.reset();
   if (m_sound.hasRecording()) {
     const RecordingSound found = openRecording(song);
     m_recording = found.sound;
@@ -171,6 +172,7 @@ void QBPlayerViewController::showPlace(int index) {
 
 void QBPlayerViewController::lookForEnd() {
   if (m_recording && m_recording->isWhole()) lookAtRecording();
+  if (m_recordedEnd) setLevels();
   if (m_loops && m_midi->isPastChords())
     m_midi->rewind();
   else if (!m_loops && m_midi->isOver())
@@ -188,10 +190,16 @@ void QBPlayerViewController::lookAtRecording() {
     problem = platform::UserText(kTooShort, m_song->title());
   if (problem.empty()) return;
   m_notice = problem;
-  platform::DeckLevels levels = m_sound.levels();
-  levels.guitar = 1;
-  m_midi->setLevels(levels);
+  m_recordedEnd = seconds;
   m_controls.showNotice(problem);
+}
+
+/// Behind the end of a recording that ends too early the guitar is heard in any case.
+void QBPlayerViewController::setLevels() {
+  platform::DeckLevels levels = m_sound.levels();
+  const auto second = m_midi->recordedSeconds();
+  if (m_recordedEnd && second && *second >= *m_recordedEnd) levels.guitar = 1;
+  m_midi->setLevels(levels);
 }
 
 void QBPlayerViewController::followSound() {
@@ -249,7 +257,7 @@ void QBPlayerViewController::setSound(const PlayedSound& sound) {
   if (!m_midi) return;
   if (mutesOthers || (sound.hasRecording() && !m_isRecorded && m_notice.empty())) return replay();
   m_midi->setPitch(sound.cents);
-  if (m_isRecorded && m_notice.empty()) m_midi->setLevels(sound.levels());
+  if (m_isRecorded) setLevels();
 }
 
 /// What it has to be filled anew for goes on where it was.

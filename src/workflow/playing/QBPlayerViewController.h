@@ -120,6 +120,7 @@ class QBPlayerViewController final : public PlayerView {
   void addRecording(const QBSong& song);
   void start();
   void lookAtRecording();
+  void setLevels();
   void replay();
   void playHandler();
   void lookForEnd();
@@ -139,8 +140,9 @@ class QBPlayerViewController final : public PlayerView {
   PlayedSound m_sound;
   std::shared_ptr<const platform::DecodedSound> m_recording;  ///< Until all of it is decoded.
   bool m_isRecorded = false;                                  ///< It plays along.
-  platform::UserText m_notice;                                ///< Why it does not.
-  int m_first = 0;   ///< Index in the song of the first chord that is played.
+  std::optional<double> m_recordedEnd;  ///< In its seconds, where that is before the song's.
+  platform::UserText m_notice;          ///< Why it does not play along, or not to the end.
+  int m_first = 0;                      ///< Index in the song of the first chord that is played.
   int m_shown = -1;  ///< Index among those played of the chord that was told last.
   std::unique_ptr<QBMIDIPlayer> m_midi;
   bool m_loops = false;

@@ -149,6 +149,21 @@ TEST_F(RecordedPlayingTest, whatIsGoneIsSaidAndFoundAgainByItsContent) {
   EXPECT_NE(openRecording(*m_song).sound, nullptr);
 }
 
+TEST_F(RecordedPlayingTest, aSongGoesOnBehindTheEndOfItsRecording) {
+  test::writeWav(m_file, std::vector<std::int16_t>(16384, 9000));
+  m_song->recording()->setSize(static_cast<std::int64_t>(std::filesystem::file_size(m_file)));
+  m_song->recording()->setHash("");
+  m_player.setSound({.mix = 0});
+  m_player.play();
+  m_loop.run(std::chrono::duration<double>(2));
+  EXPECT_TRUE(m_player.isPlaying());
+  EXPECT_NE(m_controls.told.find("the recording ends before the song"), std::string::npos)
+      << m_controls.told;
+  m_player.setSound({.mix = 0.5});
+  m_loop.run(std::chrono::duration<double>(3));
+  EXPECT_FALSE(m_player.isPlaying()) << "to its own end";
+}
+
 TEST_F(RecordedPlayingTest, practiceIsRememberedInWordsOfItsOwn) {
   PlayedSound sound{.mix = 0.25, .apart = true, .cents = -50, .silent = 6};
   sound.rounds = {BetweenRounds::clicks, platform::SpeedRamp{0.6, 0.05, 2}};
