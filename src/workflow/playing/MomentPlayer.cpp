@@ -7,6 +7,7 @@
 #include "model/songs/QBSong.h"
 #include "music/Pitch.h"
 #include "platform/midi/SoundFontFile.h"
+#include "platform/sound/SampleRate.h"
 #include "playback/QBMIDIPlayer.h"
 #include "workflow/recordings/RecordingSound.h"
 
@@ -17,6 +18,16 @@ constexpr double kTickSeconds = 0.05;
 constexpr double kEchoSeconds = 0.3;
 constexpr std::uint8_t kVelocityOfMoment = 50;
 constexpr std::uint8_t kProgramMessage = 0xC0;
+
+bool isBehind(const platform::DecodedSound& sound, double second) {
+  return sound.isWhole() && second * platform::kSampleRate >= static_cast<double>(sound.frames());
+}
+
+platform::UserText whyNothing(const QBSong& song, const platform::DecodedSound& sound) {
+  const platform::UserText problem = sound.problem();
+  if (!problem.empty()) return problem;
+  return {platform::phrase("Message", "%1: the recording ends before this place"), song.title()};
+}
 
 }  // namespace
 
@@ -29,6 +40,7 @@ platform::UserText MomentPlayer::hear(const QBSong& song, double second, double 
   stop();
   const RecordingSound recording = openRecording(song);
   if (!recording.sound) return recording.problem;
+  if (isBehind(*recording.sound, second)) return whyNothing(song, *recording.sound);
   const double length = std::max(seconds, kShortest);
   try {
     auto player = m_newPlayer(false);

@@ -162,6 +162,8 @@ TEST_F(RecordedPlayingTest, aSongGoesOnBehindTheEndOfItsRecording) {
   m_player.setSound({.mix = 0.5});
   m_loop.run(std::chrono::duration<double>(3));
   EXPECT_FALSE(m_player.isPlaying()) << "to its own end";
+  MomentPlayer moments([this](bool) { return newPlayer(); });
+  EXPECT_EQ(moments.hear(*m_song, 2, 1).english(), "Song: the recording ends before this place");
 }
 
 TEST_F(RecordedPlayingTest, practiceIsRememberedInWordsOfItsOwn) {
