@@ -7,6 +7,7 @@
 
 #include "model/songs/QBSong.h"
 #include "music/ChordStep.h"
+#include "platform/sound/SampleRate.h"
 #include "playback/ChordTimes.h"
 #include "playback/QBMIDIPlayer.h"
 
@@ -39,6 +40,7 @@ RecordingRenderer::RecordingRenderer(QBSong& song, const std::optional<SongRende
   platform::DeckPlan plan = player.deckPlan({});
   plan.from = m_begin;
   plan.to = m_end;
+  m_lastSecond = plan.secondOfBeat0 + m_end;
   m_tape = std::make_unique<platform::DeckTape>(m_sound.recording.get(), plan);
   m_tape->setRate(m_sound.rate);
   m_tape->setPitch(m_sound.pitch);
@@ -70,6 +72,12 @@ void RecordingRenderer::fill(std::size_t frames) {
 double RecordingRenderer::progress() const {
   if (m_end <= m_begin) return 1;
   return std::clamp((m_renderer.position() - m_begin) / (m_end - m_begin), 0.0, 1.0);
+}
+
+double RecordingRenderer::secondsMissing() const {
+  if (!m_sound.recording->isWhole()) return 0;
+  const auto frames = static_cast<double>(m_sound.recording->frames());
+  return std::max(0.0, m_lastSecond - frames / platform::kSampleRate);
 }
 
 }  // namespace korvel

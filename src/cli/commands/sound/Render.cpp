@@ -28,6 +28,8 @@ struct RenderOptions {
 
 constexpr std::size_t kSamplesAtOnce = 16384;
 constexpr double kCentsOfOctave = 1200;
+/// How much of a song may lie behind the end of its recording, in seconds: a last note that rings.
+constexpr double kMostMissing = 2;
 
 /// Ctrl-C leaves no part of a file behind.
 template <class Renderer>
@@ -63,12 +65,16 @@ void renderRecording(QBSong& song, const OutputFile& file, const RenderOptions& 
   const LoopForNow loop(song, options.sound);
   const PlayedSound played = options.recording.played();
   const auto synthesizer = guitarFor(played, options.sound);
-  RecordingRenderer renderer(
-      song, SongRenderer::loopOf(song),
-      {requireRecording(song), played.levels(), std::exp2(played.cents / kCentsOfOctave),
-       rateOf(song, options.sound)},
-      *synthesizer);
+  const auto recording = requireRecording(song);
+  RecordingRenderer renderer(song, SongRenderer::loopOf(song),
+                             {recording, played.levels(), std::exp2(played.cents / kCentsOfOctave),
+                              rateOf(song, options.sound)},
+                             *synthesizer);
   writeInto(file, renderer);
+  if (const auto problem = recording->problem(); !problem.empty())
+    Console::attached().note(problem.english());
+  else if (renderer.secondsMissing() > kMostMissing)
+    Console::attached().note(fullTitle(song) + ": the recording ends before the song");
 }
 
 void render(const RenderOptions& options) {
