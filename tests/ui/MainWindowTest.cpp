@@ -374,6 +374,21 @@ TEST_F(MainWindowTest, firstStartAsksNothingUntilThereIsASong) {
   EXPECT_NE(m_window->findChild<OfferBar*>(), nullptr);
 }
 
+TEST_F(MainWindowTest, whereALostRecordingIsIsAskedOnce) {
+  import();
+  std::filesystem::rename(m_file, m_folder.file("moved.wav"));
+  for (int click = 0; click < 2; ++click) action("What Was This?")->trigger();
+  EXPECT_EQ(m_window->findChildren<OfferBar*>().size(), 1);
+  QTimer::singleShot(0, [this] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->findChild<QLineEdit*>()->setText(QString::fromStdString(m_folder.file("moved.wav")));
+    static_cast<QDialog*>(dialog)->accept();
+  });
+  m_window->findChild<OfferBar*>()->findChildren<QPushButton*>().front()->click();
+  EXPECT_EQ(QBSession::session().activeSong()->recording()->path(), m_folder.file("moved.wav"));
+}
+
 TEST_F(MainWindowTest, libraryIsAsWideAsItWasAfterANarrowWindow) {
   m_window->resize(1400, 800);
   QTest::qWait(50);

@@ -29,7 +29,9 @@ RecordingMenu::RecordingMenu(const Parts& parts, QWidget* parent)
   addAction(tr("&Strike This Chord"), tr("Ctrl+Shift+H"), this,
             [this] { m_parts.moments.strikeChord(m_parts.tablature.cursorChord()); });
   addSeparator();
-  m_find = addAction(tr("&Find Recording ..."), this, &RecordingMenu::find);
+  m_find = addAction(tr("&Find Recording ..."), this, [this] {
+    if (m_song) find(*m_song);
+  });
   m_keep = addAction(tr("&Keep with the Song"), this, &RecordingMenu::keep);
   connect(this, &QMenu::aboutToShow, this, &RecordingMenu::enable);
 }
@@ -73,14 +75,24 @@ void RecordingMenu::enable() {
 }
 
 /// For a recording that was moved, on whatever disk it is now.
-void RecordingMenu::find() {
+void RecordingMenu::find(QBSong& song) {
+  const platform::Ref<QBSong> kept(&song);
   const QString file = QFileDialog::getOpenFileName(parentWidget(), tr("Find Recording"),
                                                     Preferences().importFolder());
-  if (file.isEmpty() || !m_song) return;
-  const QString refusal = refusalOf([&] { placeRecording(*m_song, file.toStdString()); });
+  if (file.isEmpty() || kept->isDeleted()) return;
+  const QString refusal = refusalOf([&] { placeRecording(*kept, file.toStdString()); });
   emit said(refusal.isEmpty()
                 ? tr("%1 is the recording of the song").arg(QFileInfo(file).fileName())
                 : refusal);
+}
+
+void RecordingMenu::lookForLost() {
+  const SongRecording* recording = m_song ? m_song->recording() : nullptr;
+  if (!recording || fileOfRecording(*recording)) return;
+  const QString path = toText(recording->path());
+  if (m_lost.contains(path)) return;
+  m_lost << path;
+  emit lost(m_song, QFileInfo(path).fileName());
 }
 
 void RecordingMenu::keepFrom(const QString& file) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMenu>
+#include <QStringList>
 
 #include "platform/persistence/Ref.h"
 
@@ -32,19 +33,25 @@ class RecordingMenu final : public QMenu {
   void setSong(QBSong* song);
   /// Has a copy kept of the song's recording, if that lies in the file.
   void keepFrom(const QString& file);
+  /// Asks where the recording of a song is now.
+  void find(QBSong& song);
+  /// Something could not be heard: tells once of each recording if it is lost.
+  void lookForLost();
 
  signals:
+  /// The recording of the song is not there any more, or another one by now.
+  void lost(QBSong* song, const QString& name);
   /// One line: with what to do, or that it is done.
   void said(const QString& text);
 
  private:
   void addSources();
   void enable();
-  void find();
   void keep();
 
   Parts m_parts;
   platform::Ref<QBSong> m_song;
+  QStringList m_lost;  ///< Of which it was told.
   QAction* m_find;
   QAction* m_keep;
 };

@@ -233,6 +233,9 @@ void MainWindow::addPlayMenu() {
   play->setShortcuts({QKeySequence(tr("Ctrl+Space")), QKeySequence(Qt::Key_MediaTogglePlayPause)});
   menu->addMenu(m_recordingMenu);
   connect(m_recordingMenu, &RecordingMenu::said, this, &MainWindow::say);
+  connect(m_recordingMenu, &RecordingMenu::lost, this, &MainWindow::offerToFind);
+  connect(m_player, &PlayerBar::refused, m_recordingMenu, &RecordingMenu::lookForLost);
+  connect(m_moments, &Moments::refused, m_recordingMenu, &RecordingMenu::lookForLost);
   menu->addSeparator();
   menu->addAction(tr("Set &Loop End Here"), tr("Ctrl+Return"), m_tablature,
                   &TablatureView::chooseLoopEnd);
@@ -420,6 +423,17 @@ void MainWindow::offerToKeep(const QString& file) {
                         Preferences().setKeepsRecordings(true);
                         m_desk.setKeepsSounds(true);
                         m_recordingMenu->keepFrom(file);  // it may have been heard already
+                      }));
+}
+
+void MainWindow::offerToFind(QBSong* song, const QString& recording) {
+  const platform::Ref<QBSong> kept(song);
+  m_centre->insertWidget(
+      0, new OfferBar(tr("The recording %1 is not there any more, or has changed. Say where it "
+                         "is now?")
+                          .arg(recording),
+                      [this, kept] {
+                        if (!kept->isDeleted()) m_recordingMenu->find(*kept);
                       }));
 }
 

@@ -108,6 +108,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void tapAlong();
   void offerKnown(QBSong* known, const std::function<void()>& drop);
   void offerToKeep(const QString& file);
+  void offerToFind(QBSong* song, const QString& recording);
 
   void showHeard(QBSong* heard);
   void showDoubts(int places);
