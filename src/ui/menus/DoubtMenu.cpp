@@ -142,6 +142,7 @@ void DoubtMenu::goToPrevious() {
   goTo(previous || m_doubts.empty() ? previous : &m_doubts.places().back());
 }
 
+/// What is doubted is said last, so that it stays where the recording cannot be heard.
 void DoubtMenu::goTo(const DoubtfulPlace* place) {
   if (!place) {
     const auto why = SongNotes::refusal(*m_song);
@@ -157,8 +158,8 @@ void DoubtMenu::goTo(const DoubtfulPlace* place) {
   const double seconds = place->seconds;
   const double length = place->length;
   m_tablature.moveCursor(place->chord, string);
-  emit said(words.join(tr("; ", "between two things that may be wrong")));
   emit listenAt(seconds, length);
+  emit said(words.join(tr("; ", "between two things that may be wrong")));
 }
 
 // ---- what is said of it
