@@ -6,6 +6,7 @@
 #include <libxml/parserInternals.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <exception>
 #include <memory>
@@ -29,6 +30,9 @@ std::string_view viewOf(const xmlChar* text) {
   return text ? reinterpret_cast<const char*>(text) : std::string_view();
 }
 
+/// Of `kBlanks`; asked of each text.
+constexpr bool isBlank(char c) { return c == '\n' || c == ' ' || c == '\t' || c == '\r'; }
+
 template <class Number>
 std::optional<Number> numberIn(std::string_view text) {
   if (text.starts_with('+')) text.remove_prefix(1);
@@ -47,7 +51,10 @@ class XmlTreeBuilder {
   explicit XmlTreeBuilder(XmlDocument& document) : m_document(document) {}
 
   void build(std::string_view bytes) {
-    m_parser.reset(xmlCreateMemoryParserCtxt(bytes.data(), static_cast<int>(bytes.size())));
+    m_document.m_nodes.reserve(bytes.size() / kFewBytesOfElement);
+    m_bytes = bytes;
+    m_parser.reset(
+        xmlCreateIOParserCtxt(nullptr, nullptr, readOn, nullptr, this, XML_CHAR_ENCODING_NONE));
     if (!m_parser) throw std::bad_alloc();
     prepare(*m_parser->sax);
     m_parser->userData = this;
@@ -68,7 +75,24 @@ class XmlTreeBuilder {
     std::string text;
   };
 
+  /// The index of a name that was met lately, by its place in memory.
+  struct Known {
+    const xmlChar* name;
+    Index index;
+  };
+  static constexpr std::size_t kMostKnown = 256;
+  /// Scores have about one element in 20 to 40 bytes; memory that is not written to costs nothing.
+  static constexpr std::size_t kFewBytesOfElement = 16;
+
   static XmlTreeBuilder& self(void* data) { return *static_cast<XmlTreeBuilder*>(data); }
+
+  /// Hands the bytes over bit by bit, so that the library makes no copy of them as a whole.
+  static int readOn(void* data, char* to, int most) {
+    std::string_view& bytes = self(data).m_bytes;
+    const std::size_t count = bytes.copy(to, static_cast<std::size_t>(std::max(most, 0)));
+    bytes.remove_prefix(count);
+    return static_cast<int>(count);
+  }
 
   /// Only what is named here happens at all: without the library's own handlers it makes no tree,
   /// and knows neither external documents nor entities but those of XML itself.
@@ -126,14 +150,20 @@ class XmlTreeBuilder {
   }
 
   void end() {
-    m_document.m_nodes[m_open.back().node].text = keep(trimmed(m_open.back().text));
+    std::string& text = m_open.back().text;
+    while (!text.empty() && isBlank(text.back())) text.pop_back();
+    m_document.m_nodes[m_open.back().node].text = keep(text);
     m_open.pop_back();
   }
 
-  void addText(const xmlChar* text, int length) {
-    if (!m_open.empty())
-      m_open.back().text.append(reinterpret_cast<const char*>(text),
-                                static_cast<std::size_t>(length));
+  void addText(const xmlChar* bytes, int length) {
+    if (m_open.empty()) return;
+    std::string& text = m_open.back().text;
+    const char* first = reinterpret_cast<const char*>(bytes);
+    const char* end = first + length;
+    // Most elements with elements in them have nothing but blanks beside these.
+    if (text.empty()) first = std::find_if_not(first, end, isBlank);
+    text.append(first, end);
   }
 
   XmlDocument::Text keep(std::string_view text) {
@@ -144,6 +174,12 @@ class XmlTreeBuilder {
 
   /// The library gives equal names as the same pointer.
   Index nameIndex(const xmlChar* name) {
+    Known& known = m_known[reinterpret_cast<std::uintptr_t>(name) / alignof(double) % kMostKnown];
+    if (known.name != name) known = {name, indexOf(name)};
+    return known.index;
+  }
+
+  Index indexOf(const xmlChar* name) {
     const auto [found, isNew] =
         m_names.try_emplace(name, static_cast<Index>(m_document.m_names.size()));
     if (isNew) m_document.m_names.emplace_back(viewOf(name));
@@ -164,8 +200,10 @@ class XmlTreeBuilder {
   }
 
   XmlDocument& m_document;
+  std::string_view m_bytes{};  ///< Those that the library has not seen yet.
   std::unique_ptr<xmlParserCtxt, FreeParser> m_parser{};
   std::unordered_map<const xmlChar*, Index> m_names{};
+  std::array<Known, kMostKnown> m_known{};
   std::vector<Open> m_open{};
   std::exception_ptr m_failure{};
 };
@@ -178,10 +216,6 @@ XmlDocument::XmlDocument(std::string_view bytes) {
 }
 
 XmlDocument::Element XmlDocument::root() const { return {this, 0}; }
-
-std::string_view XmlDocument::Element::name() const {
-  return m_document ? std::string_view(m_document->m_names[node().name]) : std::string_view();
-}
 
 std::string_view XmlDocument::Element::text() const {
   return m_document ? m_document->view(node().text) : std::string_view();

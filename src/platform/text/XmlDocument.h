@@ -68,7 +68,9 @@ class XmlDocument::Element {
   Element() = default;
 
   explicit operator bool() const { return m_document != nullptr; }
-  std::string_view name() const;
+  std::string_view name() const {
+    return m_document ? std::string_view(m_document->m_names[node().name]) : std::string_view();
+  }
   bool is(std::string_view name) const { return this->name() == name; }
   /// What stands in it outside of its elements, without the blanks around it.
   std::string_view text() const;
