@@ -22,17 +22,50 @@ constexpr int kMostStaves = 16;
 constexpr int kMostStaffLines = 12;
 constexpr int kMostFrets = 48;
 
+/// Of elements of one name the first one counts.
+void takeFirst(Element& first, const Element& each) {
+  if (!first) first = each;
+}
+
 /// A MIDI number; none where it says no note. prefix: such as "display-".
-std::optional<int> pitchOf(const Element& element, const std::string& prefix) {
+std::optional<int> pitchOf(const Element& element, std::string_view prefix) {
   constexpr int kSteps[] = {9, 11, 0, 2, 4, 5, 7};  // from A on
-  const std::string_view step = element.child(prefix + "step").text();
-  const auto octave = element.child(prefix + "octave").integer();
+  Element stepThere, octaveThere, alterThere;
+  for (const Element& each : element.children()) {
+    std::string_view name = each.name();
+    if (!name.starts_with(prefix)) continue;
+    name.remove_prefix(prefix.size());
+    if (name == "step") takeFirst(stepThere, each);
+    if (name == "octave") takeFirst(octaveThere, each);
+    if (name == "alter") takeFirst(alterThere, each);
+  }
+  const std::string_view step = stepThere.text();
+  const auto octave = octaveThere.integer();
   if (step.size() != 1 || step[0] < 'A' || step[0] > 'G' || !octave || *octave < -1 || *octave > 10)
     return std::nullopt;
-  const double alter = std::clamp(element.child(prefix + "alter").number().value_or(0), -3.0, 3.0);
+  const double alter = std::clamp(alterThere.number().value_or(0), -3.0, 3.0);
   return (*octave + 1) * kNotesPerOctave + kSteps[step[0] - 'A'] +
          static_cast<int>(std::lround(alter));
 }
+
+/// What says whether and where a note sounds.
+struct NoteKind {
+  explicit NoteKind(const Element& note) {
+    for (const Element& each : note.children()) {
+      if (each.is("duration")) takeFirst(duration, each);
+      isGrace = isGrace || each.is("grace");
+      isChord = isChord || each.is("chord");
+      isRest = isRest || each.is("rest");
+      isCue = isCue || each.is("cue");
+    }
+  }
+
+  Element duration;
+  bool isGrace = false;
+  bool isChord = false;  ///< Begins with the note before.
+  bool isRest = false;
+  bool isCue = false;
+};
 
 int numberOf(const Element& element, int most) {
   return std::clamp(element.integerAttribute("number").value_or(1), 1, most);
@@ -75,9 +108,9 @@ void PartReader::read(const Element& measure, const Element& content) {
     if (each.is("note"))
       readNote(each);
     else if (each.is("backup"))
-      move(-durationOf(each));
+      move(-durationOf(each, each.child("duration")));
     else if (each.is("forward"))
-      move(durationOf(each));
+      move(durationOf(each, each.child("duration")));
     else if (each.is("attributes"))
       readAttributes(each);
     else if (each.is("harmony"))
@@ -150,8 +183,8 @@ std::int64_t PartReader::placeOf(const Element& element) const {
   return std::max<std::int64_t>(now() + grainsOf(offset), 0);
 }
 
-double PartReader::durationOf(const Element& element) const {
-  const double divisions = element.child("duration").number().value_or(0);
+double PartReader::durationOf(const Element& element, const Element& duration) const {
+  const double divisions = duration.number().value_or(0);
   if (divisions >= 0 && divisions <= kLongestInQuarters * m_divisions) return divisions;
   throw platform::UserError(platform::phrase("Exchange", "its duration in line %1 cannot be read"),
                             element.line());
@@ -166,21 +199,21 @@ void PartReader::move(double divisions) {
 }
 
 void PartReader::readNote(const Element& note) {
-  if (note.has("grace")) return leave("grace notes");
-  const bool isChord = note.has("chord");
-  const double divisions = durationOf(note);
-  const std::int64_t at = isChord ? m_chordAt : now();
+  const NoteKind kind(note);
+  if (kind.isGrace) return leave("grace notes");
+  const double divisions = durationOf(note, kind.duration);
+  const std::int64_t at = kind.isChord ? m_chordAt : now();
   const double before = m_divisionsOn;
-  if (!isChord) {
+  if (!kind.isChord) {
     m_chordAt = at;
     move(divisions);
   }
-  if (note.has("rest")) return;
-  if (note.has("cue")) return leave("cue notes");
+  if (kind.isRest) return;
+  if (kind.isCue) return leave("cue notes");
   StaffNote read = staffNote(note);
   Note& written = read.written.note;
   written.at = at;
-  written.length = isChord ? grainsOf(divisions) : m_from + grainsOf(before + divisions) - at;
+  written.length = kind.isChord ? grainsOf(divisions) : m_from + grainsOf(before + divisions) - at;
   if (written.pitch >= 0 && written.length > 0) m_measures.back().notes.push_back(read);
 }
 

@@ -50,7 +50,8 @@ class PartReader {
   /// Grains from the bar line.
   std::int64_t now() const { return m_from + grainsOf(m_divisionsOn); }
   std::int64_t placeOf(const Element& element) const;
-  double durationOf(const Element& element) const;
+  /// In divisions; duration: the child of the element that says it.
+  double durationOf(const Element& element, const Element& duration) const;
   void move(double divisions);
 
   WrittenScore& m_score;

@@ -81,6 +81,9 @@ int frettedStaff(const std::vector<StaffMeasure>& measures) {
 }
 
 void dropDoubles(std::vector<StaffMeasure>& measures, int fretted) {
+  bool isAlone = true;
+  forNotes(measures, [&](const StaffNote& each) { isAlone = isAlone && each.staff == fretted; });
+  if (isAlone) return;  // as in most files
   const Doubles doubles(measures, fretted);
   for (StaffMeasure& measure : measures)
     std::erase_if(measure.notes, [&](const StaffNote& each) { return doubles.has(each.staff); });
