@@ -1495,6 +1495,14 @@
         <source>%1: a band plays in its recording, of which chords were heard; change or name its chords instead</source>
         <translation>%1: In seiner Aufnahme spielt eine Band, von der Akkorde gehört wurden; ändere oder benenne stattdessen seine Akkorde</translation>
     </message>
+    <message>
+        <source>%1: its recording could not be read to the end; nothing was changed</source>
+        <translation>%1: Die Aufnahme ließ sich nicht zu Ende lesen; nichts wurde geändert</translation>
+    </message>
+    <message>
+        <source>%1: the recording ends before this place</source>
+        <translation>%1: Die Aufnahme endet vor dieser Stelle</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
@@ -4229,6 +4237,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Keep copies of the recordings with the songs, for when their files are moved or deleted? This one takes about %1.</source>
         <translation>Kopien der Aufnahmen bei den Songs behalten, falls ihre Dateien verschoben oder gelöscht werden? Diese braucht etwa %1.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is not there any more, or has changed. Say where it is now?</source>
+        <translation>Die Aufnahme %1 ist nicht mehr da oder wurde geändert. Möchtest du zeigen, wo sie jetzt ist?</translation>
     </message>
 </context>
 <context>
