@@ -158,7 +158,7 @@ void DoubtMenu::goTo(const DoubtfulPlace* place) {
   const double seconds = place->seconds;
   const double length = place->length;
   m_tablature.moveCursor(place->chord, string);
-  emit listenAt(seconds, length);
+  if (!m_locked) emit listenAt(seconds, length);  // while the song plays it would be heard twice
   emit said(words.join(tr("; ", "between two things that may be wrong")));
 }
 
