@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -89,10 +90,25 @@ void doCorrect(const CorrectOptions& options) {
                                 " doubtful places are left");
 }
 
+/// What is said of one note is one thing.
+void requireOneVerdictEach(const CorrectOptions& options) {
+  std::set<int> named;
+  for (const auto* numbers : {&options.accepted, &options.rejected, &options.confirmed}) {
+    for (const int number : *numbers)
+      if (named.contains(number))
+        throw UsageError("--accept, --reject, --confirm",
+                         "two of them name note " + std::to_string(number));
+    named.insert(numbers->begin(), numbers->end());
+  }
+}
+
 void checkCorrect(const Command& command, CorrectOptions& options) {
   options.decidesAnew = command.isGiven("--sensitivity") && !options.hearsAgain;
   if (!options.namesNotes() && !options.decidesAnew && !options.hearsAgain)
     throw UsageError("--accept", "or --reject, --confirm, --sensitivity or --hear-again is needed");
+  requireOneVerdictEach(options);
+  if (options.range.from != 0 && !options.decidesAnew && !options.hearsAgain)
+    throw UsageError("FROM", "goes with --sensitivity or --hear-again");
   for (const char* flag : {"--position", "--frets", "--capo"})
     if (command.isGiven(flag) && !options.hearsAgain)
       throw UsageError(flag, "goes with --hear-again");
