@@ -9,6 +9,7 @@
 
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
@@ -23,6 +24,7 @@
 #include "workflow/hearing/KnownRecordings.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/LibraryEdits.h"
+#include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/TreeNode.h"
@@ -125,9 +127,17 @@ void LibraryActions::importFile(const QString& file, QBAlbum* into) {
   const auto job = m_desk.importFile(file.toStdString(), into);
   follow(job, file);
   if (job && known)
-    emit alreadyThere(known, [job] {
+    emit alreadyThere(known, [this, job, known, file] {
       if (job->isRunning()) job->cancelAndDrop();
+      if (!known->isDeleted()) giveRecording(*known, file);
     });
+}
+
+/// A song whose recording was moved has it again.
+void LibraryActions::giveRecording(QBSong& song, const QString& file) {
+  const SongRecording* recording = song.recording();
+  if (!recording || isRecording(*recording, recording->path())) return;
+  attempt([&] { placeRecording(song, file.toStdString()); });
 }
 
 void LibraryActions::goOn(const ImportUnderWay& left) {

@@ -68,7 +68,7 @@ class LibraryActions final : public QObject {
   /// What the user wanted cannot be; text: why, in one line.
   void refused(const QString& text);
   /// A recording that is being imported is there already; drop: cancels that import, if it still
-  /// runs.
+  /// runs, and tells the song where its recording is, if that was lost.
   void alreadyThere(QBSong* known, const std::function<void()>& drop);
   /// A file was not imported, and a text in the song's place says why; advice: what to try.
   void importRefused(const QString& advice);
@@ -94,6 +94,7 @@ class LibraryActions final : public QObject {
   void attempt(const std::function<void()>& edit);
   void importFolder(const QString& folder, QBAlbum* into);
   void importFile(const QString& file, QBAlbum* into);
+  void giveRecording(QBSong& song, const QString& file);
   void follow(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);
   void fillUnheardMenu(QMenu& menu, QBSong& song);
   void addHearAgain(QMenu& menu, QBSong& song);
