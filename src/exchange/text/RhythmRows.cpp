@@ -230,15 +230,12 @@ RhythmRows::Sign RhythmRows::stem(std::size_t column) const {
   return sign;
 }
 
-bool RhythmRows::isTriplet(std::size_t column) const {
-  const Row& numbers = below(3);
-  return at(numbers, column) == U'3' && numbers.find_first_not_of(U" 3") == Row::npos;
-}
-
 /// A "3" in a row of its own stands below the middle one of those that fill a beat or two.
 void RhythmRows::joinTriplets(std::vector<Sign>& signs) const {
+  const Row& numbers = below(3);
+  if (numbers.find_first_not_of(U" 3") != Row::npos) return;
   for (std::size_t middle = 0; middle < signs.size(); ++middle) {
-    if (!isTriplet(signs[middle].column)) continue;
+    if (at(numbers, signs[middle].column) != U'3') continue;
     for (std::size_t count = 2; count <= kMostOfTriplet; ++count) {
       const std::size_t first = middle - std::min(middle, (count - 1) / 2);
       if (first + count > signs.size()) break;

@@ -54,7 +54,6 @@ class RhythmRows {
   const Row& below(std::size_t n) const;
   std::vector<Sign> stems() const;
   Sign stem(std::size_t column) const;
-  bool isTriplet(std::size_t column) const;
   void joinTriplets(std::vector<Sign>& signs) const;
   Counts counts(bool above) const;
   std::vector<Sign> letters(bool above) const;
