@@ -77,8 +77,9 @@ std::vector<ChordShape> PageGrips::waysToHold(const PageSource::Chord& sounding)
   span.bass = sounding.bass;
   std::vector<ChordShape> ways = m_grips.waysToHold(span);
   // Pages show the shapes of the first frets where there are some.
-  std::ranges::stable_partition(
-      ways, [](const ChordShape& way) { return lowestPressed(way) <= kHighestOfFirst; });
+  std::stable_partition(ways.begin(), ways.end(), [](const ChordShape& way) {
+    return lowestPressed(way) <= kHighestOfFirst;
+  });
   return ways;
 }
 

@@ -118,9 +118,11 @@ class Folding {
       for (std::size_t i = 0; i < m_parts.size(); ++i) {
         const Stretch part = m_parts[i];
         if (part.times > 1 || part.count <= unit.count) continue;
-        const auto found = std::ranges::search(of(part), of(unit));
-        if (found.empty()) continue;
-        const auto offset = static_cast<std::size_t>(found.begin() - of(part).begin());
+        const auto bars = of(part);
+        const auto sought = of(unit);
+        const auto found = std::search(bars.begin(), bars.end(), sought.begin(), sought.end());
+        if (found == bars.end()) continue;
+        const auto offset = static_cast<std::size_t>(found - bars.begin());
         cut(i, part.first + offset, unit.count);
       }
     }
