@@ -30,7 +30,9 @@ void takeFirst(Element& first, const Element& each) {
 /// A MIDI number; none where it says no note. prefix: such as "display-".
 std::optional<int> pitchOf(const Element& element, std::string_view prefix) {
   constexpr int kSteps[] = {9, 11, 0, 2, 4, 5, 7};  // from A on
-  Element stepThere, octaveThere, alterThere;
+  Element stepThere;
+  Element octaveThere;
+  Element alterThere;
   for (const Element& each : element.children()) {
     std::string_view name = each.name();
     if (!name.starts_with(prefix)) continue;
