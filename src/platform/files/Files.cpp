@@ -6,7 +6,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 
@@ -26,6 +28,14 @@ fs::path homeFolder() {
   if (!user || !user->pw_dir)
     throw FileError("~", phrase("Message", "the user has no home folder"));
   return user->pw_dir;
+}
+
+/// How much memory is worth asking for before a file is read; what it says itself may be wrong.
+std::size_t lengthToExpect(const fs::path& file) {
+  constexpr std::uintmax_t kMost = 64U << 20U;
+  std::error_code unknown;
+  const std::uintmax_t length = fs::file_size(file, unknown);
+  return unknown ? 0 : static_cast<std::size_t>(std::min(length, kMost));
 }
 
 }  // namespace
@@ -76,6 +86,7 @@ std::string readWholeFile(const fs::path& file) {
   const Descriptor in(file, file, O_RDONLY | O_NONBLOCK, FileError::kCannotRead);
   in.refuseIrregular();
   std::string bytes;
+  bytes.reserve(lengthToExpect(file));
   std::array<char, 65536> buffer;
   while (const std::size_t count = in.read(buffer.data(), buffer.size()))
     bytes.append(buffer.data(), count);
