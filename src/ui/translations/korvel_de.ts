@@ -158,7 +158,7 @@
     </message>
     <message>
         <source>its tracks are pieces of their own, which is not read; save it in another format of MIDI</source>
-        <translation>ihre Spuren sind Stücke für sich, was nicht gelesen wird; speichern Sie sie in einem anderen MIDI-Format</translation>
+        <translation>ihre Spuren sind Stücke für sich, was nicht gelesen wird; speichere sie in einem anderen MIDI-Format</translation>
     </message>
     <message>
         <source>it does not say how long a beat is</source>
@@ -290,7 +290,7 @@
     </message>
     <message>
         <source>it is larger than any tablature; nothing was read</source>
-        <translation>das ist größer als jede Tabulatur; es wurde nichts gelesen</translation>
+        <translation>sie ist größer als jede Tabulatur; nichts wurde gelesen</translation>
     </message>
 </context>
 <context>
@@ -3157,7 +3157,7 @@
     </message>
     <message>
         <source>Of the time</source>
-        <translation>Der Zeit</translation>
+        <translation>Zeitanteil</translation>
     </message>
     <message>
         <source>None</source>
@@ -3346,11 +3346,11 @@
     </message>
     <message>
         <source>&amp;Hear Selection Again ...</source>
-        <translation>Auswahl noch einmal &amp;hören …</translation>
+        <translation>Auswahl noch einmal &amp;hören ...</translation>
     </message>
     <message>
         <source>Hearing the selection again ...</source>
-        <translation>Die Auswahl wird noch einmal gehört …</translation>
+        <translation>Die Auswahl wird noch einmal gehört ...</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -4344,7 +4344,7 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
     <message>
         <source>Half tones up or down, to where your voice is at ease</source>
-        <translation>Halbtöne nach oben oder unten, wo deine Stimme sich wohlfühlt</translation>
+        <translation>Halbtöne nach oben oder unten, dorthin, wo deine Stimme sich wohlfühlt</translation>
     </message>
     <message>
         <source>Key up or down</source>
@@ -4407,7 +4407,7 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     </message>
     <message>
         <source>Metre: %1</source>
-        <translation>Takt: %1</translation>
+        <translation>Taktart: %1</translation>
     </message>
     <message>
         <source>as above</source>
