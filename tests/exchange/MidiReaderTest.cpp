@@ -92,7 +92,7 @@ TEST(MidiReaderTest, readsBackWhatIsWritten) {
     ASSERT_EQ(got, playableNotes(sequence.notes)) << seed;
     ASSERT_EQ(piece.title, sequence.title);
     ASSERT_EQ(piece.tracks[0].program, 25);
-    ASSERT_EQ(piece.key, Key(sequence.key->tonic, sequence.key->minor));
+    ASSERT_EQ(piece.key, (Key{sequence.key->tonic, sequence.key->minor}));
     ASSERT_EQ(piece.bars.back().beats, sequence.meter.beats);
     ASSERT_NEAR(60 / piece.tempos.front().quartersAMinute, sequence.quarterSeconds, 1e-6);
   }

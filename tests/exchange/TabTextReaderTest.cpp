@@ -67,8 +67,11 @@ std::string written(const Piece& piece) {
     say(chord.first, chord.second);
   }
   const std::int64_t end = piece.bars.empty() ? 0 : piece.bars.back().at + piece.bars.back().length;
-  for (barLines(); now < end; barLines())
+  barLines();
+  while (now < end) {
     say("r", (bar < piece.bars.size() ? piece.bars[bar].at : end) - now);
+    barLines();
+  }
   return headOf(piece) + text.str();
 }
 
