@@ -44,6 +44,12 @@ class Pictures:
         self.start(1, self.recording)
         wait_for("the song", lambda: "chord 1 of" in self.window.text("Tablature").lower())
 
+    def page(self):
+        """The chords to sing from, and back to the tablature."""
+        self.window.click("page tab", "Page")
+        self.take("page")
+        self.window.click("page tab", "Tablature")
+
     def practising(self):
         self.window.click("page tab", "Practise")
         self.window.find("check box", "Faster and faster")
@@ -95,6 +101,7 @@ def main():
     try:
         pictures.first_song()
         pictures.song("song")
+        pictures.page()
         pictures.practising()
         pictures.importing()
         pictures.end()
