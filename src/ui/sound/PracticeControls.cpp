@@ -106,7 +106,20 @@ QWidget* PracticeControls::newLoop() {
 }
 
 void PracticeControls::setSong(QBSong* song) {
-  m_roll = song ? ToneRoll(*song) : ToneRoll();
+  m_song = song;
+  m_isOld = true;
+  if (isVisible() || !song) findBars();
+}
+
+void PracticeControls::showEvent(QShowEvent* event) {
+  if (m_isOld) findBars();
+  QWidget::showEvent(event);
+}
+
+void PracticeControls::findBars() {
+  m_isOld = false;
+  const bool isThere = m_song && !m_song->isDeleted();
+  m_roll = isThere ? ToneRoll(*m_song) : ToneRoll();
   const int bars = static_cast<int>(m_roll.bars().size());
   const int first = m_roll.numberOfFirstBar();
   for (QSpinBox* box : {m_first, m_last}) box->setRange(first, std::max(first, first + bars - 1));

@@ -27,19 +27,26 @@ class PracticeControls final : public QWidget {
   /// The player outlives this.
   explicit PracticeControls(PlayerBar& player, QWidget* parent = nullptr);
 
+  /// Its bars are looked for when they can be seen: in a long song that takes a moment.
   void setSong(QBSong* song);
 
  signals:
   /// From the one chord to the other, indexes in the song's `allChords`.
   void loopWanted(int first, int last);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   QWidget* newMix();
   QWidget* newSpeed();
   QWidget* newLoop();
+  void findBars();
   void loopBars();
 
   PlayerBar& m_player;
+  platform::Ref<QBSong> m_song;
+  bool m_isOld = false;  ///< The bars are those of another state, or another song.
   ToneRoll m_roll;
   QSpinBox* m_first = nullptr;
   QSpinBox* m_last = nullptr;
