@@ -3,6 +3,7 @@
 
 #include <QTimer>
 #include <algorithm>
+#include <deque>
 #include <utility>
 
 namespace korvel::ui {
@@ -20,6 +21,7 @@ std::chrono::milliseconds intervalOf(double seconds) {
 struct Entry {
   QTimer timer;
   std::function<void()> action;
+  bool due = false;
   bool firing = false;
 };
 
@@ -35,6 +37,40 @@ void fire(Entry& entry, const QtRunLoop::Listener& onException) {
   entry.firing = false;
 }
 
+}  // namespace
+
+/// The actions that are due, one of which runs in each turn of the event loop.
+class QtRunLoop::Turns {
+ public:
+  explicit Turns(Listener onException) : m_onException(std::move(onException)) {
+    m_next.setInterval(0);
+    QObject::connect(&m_next, &QTimer::timeout, [this] { runNext(); });
+  }
+  void add(const std::shared_ptr<Entry>& entry) {
+    if (entry->due || entry->firing) return;
+    entry->due = true;
+    m_due.push_back(entry);
+    m_next.start();
+  }
+
+ private:
+  /// The next turn may come inside the action, when that runs an event loop of its own.
+  void runNext() {
+    const std::shared_ptr<Entry> entry = m_due.front().lock();
+    m_due.pop_front();
+    if (m_due.empty()) m_next.stop();
+    if (!entry) return;
+    entry->due = false;
+    if (entry->timer.isActive()) fire(*entry, m_onException);
+  }
+
+  Listener m_onException;
+  std::deque<std::weak_ptr<Entry>> m_due;
+  QTimer m_next;
+};
+
+namespace {
+
 /// What the caller holds. The action may drop it, and is let go once it has returned.
 class Handle final : public platform::RunLoop::Timer {
  public:
@@ -48,7 +84,8 @@ class Handle final : public platform::RunLoop::Timer {
 
 }  // namespace
 
-QtRunLoop::QtRunLoop(Listener onException) : m_onException(std::move(onException)) {}
+QtRunLoop::QtRunLoop(Listener onException)
+    : m_turns(std::make_shared<Turns>(std::move(onException))) {}
 
 QtRunLoop::~QtRunLoop() = default;
 
@@ -57,10 +94,9 @@ std::unique_ptr<platform::RunLoop::Timer> QtRunLoop::scheduleRepeating(
   auto entry = std::make_shared<Entry>();
   entry->action = std::move(action);
   entry->timer.setTimerType(Qt::PreciseTimer);
-  QObject::connect(&entry->timer, &QTimer::timeout,
-                   [weak = std::weak_ptr(entry), listener = m_onException] {
-                     if (const auto kept = weak.lock()) fire(*kept, listener);
-                   });
+  QObject::connect(&entry->timer, &QTimer::timeout, [weak = std::weak_ptr(entry), turns = m_turns] {
+    if (const auto kept = weak.lock()) turns->add(kept);
+  });
   entry->timer.start(intervalOf(seconds));
   return std::make_unique<Handle>(std::move(entry));
 }

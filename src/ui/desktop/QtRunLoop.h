@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <functional>
+#include <memory>
 
 #include "platform/loop/RunLoop.h"
 
@@ -12,7 +13,8 @@ namespace korvel::ui {
 ///
 /// What an action throws must not reach the toolkit. It goes to the listener, and the timer ends,
 /// for the next tick would only throw again. While an action runs an event loop of its own, as a
-/// dialog does, its timer rests.
+/// dialog does, its timer rests. In one turn of the event loop one action runs, each in the order
+/// in which it fell due: what several imports do together would keep the user waiting.
 class QtRunLoop final : public platform::RunLoop {
  public:
   using Listener = std::function<void(const std::exception&)>;
@@ -24,7 +26,9 @@ class QtRunLoop final : public platform::RunLoop {
   std::unique_ptr<Timer> scheduleRepeating(double seconds, std::function<void()> action) override;
 
  private:
-  Listener m_onException;
+  class Turns;
+
+  std::shared_ptr<Turns> m_turns;
 };
 
 }  // namespace korvel::ui
