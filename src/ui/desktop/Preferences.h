@@ -79,6 +79,9 @@ class Preferences {
   /// The recording is heard on the left and the guitar on the right.
   bool soundApart() const { return m_store.value("sound/apart").toBool(); }
   void setSoundApart(bool on) { m_store.setValue("sound/apart", on); }
+  /// A click on a note plays its moment of the recording.
+  bool hearsClicks() const { return m_store.value("sound/hearsClicks", true).toBool(); }
+  void setHearsClicks(bool on) { m_store.setValue("sound/hearsClicks", on); }
   /// Copies of imported recordings are kept beside the store; asked at the first import.
   bool keepsRecordings() const { return m_store.value("keepRecordings").toBool(); }
   bool askedToKeep() const { return m_store.contains("keepRecordings"); }

@@ -28,6 +28,10 @@ RecordingMenu::RecordingMenu(const Parts& parts, QWidget* parent)
             [this] { m_parts.moments.listenTo(m_parts.tablature.cursorChord()); });
   addAction(tr("&Strike This Chord"), tr("Ctrl+Shift+H"), this,
             [this] { m_parts.moments.strikeChord(m_parts.tablature.cursorChord()); });
+  QAction* clicks = addAction(tr("Hear Clicked Notes"));
+  clicks->setCheckable(true);
+  clicks->setChecked(Preferences().hearsClicks());
+  connect(clicks, &QAction::toggled, this, [](bool on) { Preferences().setHearsClicks(on); });
   addSeparator();
   m_find = addAction(tr("&Find Recording ..."), this, [this] {
     if (m_song) find(*m_song);

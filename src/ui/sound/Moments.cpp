@@ -56,10 +56,27 @@ void Moments::listenTo(int chord) {
 
 void Moments::strike(int note, double seconds) { tell(m_player.strike({note}, seconds)); }
 
+void Moments::touch(int chord) {
+  const auto moment = m_song ? momentOf(*m_song, chord) : std::nullopt;
+  if (!moment) return;
+  const double cents = m_mix.sound().cents;
+  if (!m_player.hear(*m_song, moment->second, moment->seconds, cents).empty()) emit unheard();
+}
+
+const QBHold* Moments::holdOf(int chord) const {
+  if (!m_song || chord < 0 || chord >= static_cast<int>(m_song->allChords().size())) return nullptr;
+  return m_song->allChords()[static_cast<std::size_t>(chord)]->hold();
+}
+
+void Moments::strikeTone(int chord, int string) {
+  const QBHold* hold = holdOf(chord);
+  const QBTone* tone = hold ? hold->findToneByString(string) : nullptr;
+  tone ? strike(toMIDI(*tone), kSecondsOfStrike) : strikeChord(chord);
+}
+
 void Moments::strikeChord(int chord) {
-  if (!m_song || chord < 0 || chord >= static_cast<int>(m_song->allChords().size())) return;
   std::vector<int> notes;
-  if (const QBHold* hold = m_song->allChords()[static_cast<std::size_t>(chord)]->hold())
+  if (const QBHold* hold = holdOf(chord))
     for (const QBTone* tone : hold->tones())
       if (tone->isActive()) notes.push_back(toMIDI(*tone));
   if (!notes.empty()) tell(m_player.strike(notes, kSecondsOfStrike));

@@ -6,6 +6,10 @@
 #include "platform/persistence/Ref.h"
 #include "workflow/playing/MomentPlayer.h"
 
+namespace korvel {
+class QBHold;
+}
+
 namespace korvel::ui {
 
 class SoundMix;
@@ -20,6 +24,9 @@ class Moments final : public QObject {
   ~Moments() override;
 
   void setSong(QBSong* song);
+  void stop() { m_player.stop(); }
+  /// The moment of a chord that was only clicked: no line is said where it cannot be heard.
+  void touch(int chord);
 
  public slots:
   /// second: of the recording; what is shorter than can be told is heard a little longer.
@@ -30,12 +37,18 @@ class Moments final : public QObject {
   void strike(int note, double seconds);
   /// All tones of a chord.
   void strikeChord(int chord);
+  /// The one on that string; all where there is none.
+  void strikeTone(int chord, int string);
 
  signals:
   /// One line with what to do.
   void refused(const QString& text);
+  /// What was touched could not be heard.
+  void unheard();
 
  private:
+  /// None behind the song's end.
+  const QBHold* holdOf(int chord) const;
   void tell(const platform::UserText& problem);
 
   const SoundMix& m_mix;

@@ -224,10 +224,12 @@ void TablatureView::mouseReleaseEvent(QMouseEvent* event) {
   const QPointF cell = toCells(event->pos());
   const int row = static_cast<int>(std::floor(cell.y()));
   moveTo(chord, stringAt(*m_layout.systemAt(row), row).value_or(m_string), false);
-  if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
-    return emit listenWanted(*chord, event->modifiers() & Qt::ShiftModifier);
-  if (event->modifiers() & Qt::ShiftModifier || isOnRuler(event->pos()))
+  const Qt::KeyboardModifiers keys = event->modifiers();
+  const bool listens = keys & (Qt::ControlModifier | Qt::AltModifier);
+  if (!listens && (keys & Qt::ShiftModifier || isOnRuler(event->pos())))
     emit clicked(cell.x(), cell.y());
+  else
+    emit chordClicked(*chord, stringOfNoteUnder(event->pos()), keys);
 }
 
 /// Selects the chord, to which the first click has moved the cursor.

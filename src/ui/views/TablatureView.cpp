@@ -251,6 +251,19 @@ bool TablatureView::isOnRuler(const QPoint& position) const {
   return system && row == system->first;
 }
 
+/// -1 where no fret stands.
+int TablatureView::stringOfNoteUnder(const QPoint& position) const {
+  const QPointF cell = toCells(position);
+  const int row = static_cast<int>(std::floor(cell.y()));
+  const auto chord = chordUnder(position);
+  const TabLayout::Place* place = chord ? m_layout.placeOf(*chord) : nullptr;
+  if (!place || cell.x() >= place->x + TabCanvas::kFretColumns) return -1;
+  const QString text = toText(m_layout.rows()[static_cast<std::size_t>(row)]);
+  const QString fret = text.mid(place->x, TabCanvas::kFretColumns);
+  const bool isNote = std::ranges::any_of(fret, [](QChar sign) { return sign.isDigit(); });
+  return isNote ? stringAt(*m_layout.systemAt(row), row).value_or(-1) : -1;
+}
+
 QRectF TablatureView::cursorCells() const {
   const auto place = m_layout.nearPlace(m_chord);
   if (!place) return {};

@@ -105,9 +105,9 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   /// A chord was clicked on the ruler or with Shift, or Enter was pressed on one that is not
   /// doubtful: for `QBSession::selectChord`.
   void clicked(double x, double y);
-  /// A chord was clicked with Ctrl or Alt: its moment is to be heard, struck by the guitar with
-  /// Shift.
-  void listenWanted(int chord, bool struck);
+  /// A chord was clicked below the ruler, and not with Shift alone: it may be to be heard.
+  /// string: of the note that was clicked; -1 beside the notes.
+  void chordClicked(int chord, int string, Qt::KeyboardModifiers keys);
   /// The session handed on such a click on that chord: the nearer end of the loop goes there.
   void loopEndChosen(int chord);
   /// The mouse was dragged from one chord to another.
@@ -176,6 +176,7 @@ class TablatureView final : public QAbstractScrollArea, public TabView, public S
   QPointF toCells(const QPoint& position) const;
   std::optional<int> chordUnder(const QPoint& position) const;
   bool isOnRuler(const QPoint& position) const;
+  int stringOfNoteUnder(const QPoint& position) const;
   QRectF cursorCells() const;
   void reveal(const QRectF& cells);
   void follow(int chord);

@@ -236,6 +236,7 @@ void MainWindow::addPlayMenu() {
   connect(m_recordingMenu, &RecordingMenu::lost, this, &MainWindow::offerToFind);
   connect(m_player, &PlayerBar::refused, m_recordingMenu, &RecordingMenu::lookForLost);
   connect(m_moments, &Moments::refused, m_recordingMenu, &RecordingMenu::lookForLost);
+  connect(m_moments, &Moments::unheard, m_recordingMenu, &RecordingMenu::lookForLost);
   menu->addSeparator();
   menu->addAction(tr("Set &Loop End Here"), tr("Ctrl+Return"), m_tablature,
                   &TablatureView::chooseLoopEnd);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/window/ShownSong.h"
 
+#include <utility>
+
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "ui/desktop/Preferences.h"
@@ -43,10 +45,7 @@ ShownSong::ShownSong(const Views& views, QObject* parent)
   connect(&tablature, &TablatureView::loopDragged, this, [this](int first, int last) {
     changeLoop([first, last](QBSong& song) { setLoop(song, first, last, loopEnds()); });
   });
-  connect(&tablature, &TablatureView::listenWanted, &m_views.moments,
-          [this](int chord, bool struck) {
-            struck ? m_views.moments.strikeChord(chord) : m_views.moments.listenTo(chord);
-          });
+  connect(&tablature, &TablatureView::chordClicked, this, &ShownSong::hearClicked);
   connect(&m_views.practice, &PracticePanel::loopWanted, this, [this](int first, int last) {
     changeLoop([first, last](QBSong& song) { setLoop(song, first, last, LoopEnds::atChords); });
   });
@@ -58,7 +57,9 @@ ShownSong::ShownSong(const Views& views, QObject* parent)
   connect(&roll, &RollView::chordChosen, this,
           [&tablature](int chord) { tablature.moveCursor(chord, tablature.cursorString()); });
   connect(&roll, &RollView::beatDragged, &m_views.edits.rhythm(), &RhythmMenu::dragBeat);
-  connect(&roll, &RollView::listenAt, &m_views.moments, &Moments::listenAt);
+  connect(&roll, &RollView::listenAt, this, [this](double seconds, double length) {
+    if (hearsClicks()) m_views.moments.listenAt(seconds, length);
+  });
   connect(&m_views.edits.doubts(), &DoubtMenu::found, &roll, &RollView::setNotes);
   connect(&m_views.edits.doubts(), &DoubtMenu::listenAt, &m_views.moments, &Moments::listenAt);
   connect(&roll, &RollView::pitchWanted, &m_views.moments, &Moments::strike);
@@ -97,6 +98,23 @@ void ShownSong::set(QBSong* song) {
   showPlaying();
 }
 
+/// While a song plays a moment of another place would only disturb.
+bool ShownSong::hearsClicks() const {
+  return Preferences().hearsClicks() && !m_views.player.song();
+}
+
+/// Ctrl asks for what a click alone does not play.
+void ShownSong::hearClicked(int chord, int string, Qt::KeyboardModifiers keys) {
+  if (keys & Qt::ShiftModifier)
+    m_views.moments.strikeChord(chord);
+  else if (keys & Qt::ControlModifier && Preferences().hearsClicks())
+    m_views.moments.strikeTone(chord, string);
+  else if (keys & (Qt::ControlModifier | Qt::AltModifier))
+    m_views.moments.listenTo(chord);
+  else if (string >= 0 && hearsClicks())
+    m_views.moments.touch(chord);
+}
+
 void ShownSong::showGrip(int chord) {
   m_views.fretboard.showChord(chord);
   m_views.practice.showChord(chord);
@@ -113,6 +131,8 @@ void ShownSong::showCursor(int chord) {
 void ShownSong::showPlaying() {
   const bool shown = m_views.player.plays(m_song);
   const int chord = shown ? m_views.tablature.playingChord() : -1;
+  const bool plays = m_views.player.song() != nullptr;
+  if (!std::exchange(m_plays, plays) && plays) m_views.moments.stop();
   emit heardChanged(m_views.player.song());
   m_views.edits.setLocked(shown);
   m_rollEdits.setLocked(shown);

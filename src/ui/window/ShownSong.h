@@ -63,6 +63,8 @@ class ShownSong final : public QObject {
 
  private:
   void connectPage();
+  bool hearsClicks() const;
+  void hearClicked(int chord, int string, Qt::KeyboardModifiers keys);
   void showCursor(int chord);
   void showGrip(int chord);
   void showPlaying();
@@ -72,6 +74,7 @@ class ShownSong final : public QObject {
   Views m_views;
   RollEdits m_rollEdits;
   platform::Ref<QBSong> m_song;
+  bool m_plays = false;  ///< Any song.
 };
 
 }  // namespace korvel::ui

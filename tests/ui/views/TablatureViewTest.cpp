@@ -84,6 +84,27 @@ TEST_F(TablatureViewTest, onlyTheRulerShiftAndDraggingMoveTheLoopUnlessLocked) {
   EXPECT_EQ(m_view.cursorChord(), 6);
 }
 
+TEST_F(TablatureViewTest, aClickBelowTheRulerTellsWhichNoteIsThere) {
+  const QSignalSpy clicked(&m_view, &TablatureView::chordClicked);
+  const QRect chord = m_view.chordRect(7);
+  const auto clickAt = [&](int x, int twentiethsDown) {
+    QTest::mouseClick(m_view.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      {x, chord.top() + chord.height() * twentiethsDown / 20});
+  };
+  click(7);
+  clickAt(chord.left() + 2, 13);   // the low E string, which is silent
+  clickAt(chord.right() - 2, 11);  // the open A string, behind its fret
+  clickAt(chord.left() + 2, 11);
+  clickAt(chord.left() + 2, 1);
+  click(7, Qt::ShiftModifier);
+  ASSERT_EQ(clicked.count(), 5) << "all but the one of the loop";
+  const int strings[] = {2, -1, -1, 1, -1};
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(clicked[i][0].toInt(), 7);
+    EXPECT_EQ(clicked[i][1].toInt(), strings[i]) << i;
+  }
+}
+
 TEST_F(TablatureViewTest, keysMoveTheCursorAndEdit) {
   m_view.moveCursor(2, 3);
   press(Qt::Key_Right);
