@@ -182,6 +182,20 @@ TEST_F(TabLayoutTest, chordsAreFoundByNameRoundTheSong) {
   EXPECT_EQ(findChord(*m_song, "", 0, forward), std::nullopt);
 }
 
+TEST_F(TabLayoutTest, chordsAreNamedByTheirShapesBehindTheCapo) {
+  test::beatSong(m_song, "key=9 A:577655 w | F#m:244222 w");
+  m_song->setCapo(2);
+  const TabLayout layout(*m_song, 80);
+  const std::string text = textOf(layout);
+  for (const char* written : {" Capo 2, frets from the nut\n", " G (A) ", " Em (F#m)"})
+    EXPECT_NE(text.find(written), std::string::npos) << written << '\n' << text;
+  expectFretsAtTheirPlaces(layout);
+  EXPECT_EQ(findChord(*m_song, "Em", 0, SearchDirection::forward), 1);
+  EXPECT_EQ(findChord(*m_song, "a", 1, SearchDirection::forward), 0);
+  m_song->allChords().back()->hold()->applyTone(5, 1, 1e6);
+  EXPECT_EQ(textOf(TabLayout(*m_song, 80)).find('('), std::string::npos) << "a tone below it";
+}
+
 TEST_F(TabLayoutTest, playPositionsCountFromTheStartOfTheLoop) {
   addChords(10);
   EXPECT_EQ(chordAtPlayPosition(*m_song, 0), std::nullopt);

@@ -251,11 +251,18 @@ void RhythmRows::joinTriplets(std::vector<Sign>& signs) const {
 
 // What is told.
 
-void RhythmRows::tellNames(std::vector<TabBar>& bars) const {
+/// In the program's own text "G (A)" is the shape of an A behind a capo.
+void RhythmRows::tellNames(std::vector<TabBar>& bars, const Known& known) const {
   for (const std::size_t row : m_above) {
     if (!isRowOfChords(m_rows[row])) continue;
+    TabBar* before = nullptr;
     for (auto& [column, text] : chordsOfRow(m_rows[row])) {
+      if (before && known.isOwn && m_rows[row][column] == U'(') {
+        before->names.back().text = std::move(text);
+        continue;
+      }
       TabBar& bar = barAt(bars, column);
+      before = &bar;
       bar.names.push_back({columnIn(bar, column), std::move(text)});
     }
     return;
@@ -273,7 +280,7 @@ void RhythmRows::tellTimes(std::vector<TabBar>& bars) const {
 
 void RhythmRows::tell(std::vector<TabBar>& bars, const Known& known) const {
   if (bars.empty()) return;
-  tellNames(bars);
+  tellNames(bars, known);
   std::vector<Sign> signs = stems();
   if (!signs.empty()) tellTimes(bars);
   if (const Counts found = counts(known.isAbove); !found.empty()) tellCounts(bars, found, known);

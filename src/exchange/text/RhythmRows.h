@@ -61,7 +61,7 @@ class RhythmRows {
   static bool areBarNumbers(std::vector<TabBar>& bars, const Counts& counts);
   static void tellBeat(TabBar& bar, std::span<const Count> beat, bool hasHalves, std::int64_t unit);
   static void tellCounts(std::vector<TabBar>& bars, const Counts& counts, const Known& known);
-  void tellNames(std::vector<TabBar>& bars) const;
+  void tellNames(std::vector<TabBar>& bars, const Known& known) const;
   void tellTimes(std::vector<TabBar>& bars) const;
 
   std::span<const Row> m_rows;

@@ -23,6 +23,8 @@ constexpr std::size_t kIndentOfTitle = 8;
 constexpr std::size_t kColumnsOfTitle = 100;
 constexpr std::ptrdiff_t kNearColumn = 2;
 constexpr std::u32string_view kHeading = U"    Recorded by Korvel";
+constexpr std::u32string_view kOwnCapo = U"        Capo ";
+constexpr std::u32string_view kFromNut = U", frets from the nut";
 
 TabSystems requireSystems(const std::vector<Row>& rows) {
   TabSystems found = systemsOf(rows);
@@ -88,12 +90,22 @@ class PieceReader {
     // What the title says is no tuning, and the names of strings say all of it.
     m_words = {.tempo = m_words.tempo, .isSwung = m_words.isSwung};
     Row title;
-    for (auto row = heading + 1; row != m_rows.end(); ++row) {
+    auto row = heading + 1;
+    for (; row != m_rows.end(); ++row) {
       const Row line = row->size() > kIndentOfTitle ? row->substr(kIndentOfTitle) : Row();
       title += line;
       if (line.size() < kColumnsOfTitle) break;
     }
     m_words.title = utf8(title);
+    if (row != m_rows.end() && ++row != m_rows.end()) readOwnCapo(*row);
+  }
+
+  /// Frets are those of the neck in the program's own text, with a capo, too.
+  void readOwnCapo(const Row& row) {
+    if (!row.starts_with(kOwnCapo) || !row.ends_with(kFromNut)) return;
+    TabWords said;
+    said.read(row);
+    m_words.capo = said.capo;
   }
 
   void readBars() {
@@ -161,8 +173,9 @@ class PieceReader {
   void writeNote(const Struck::Tone& tone, const TimedBar::Span& span, Track& track) const {
     if (span.end <= span.at) return;
     const int open = track.open[static_cast<std::size_t>(tone.string)];
-    track.notes.push_back({m_at + span.at, span.end - span.at, open + track.capo + tone.fret,
-                           tone.string, tone.fret});
+    const int fret = m_isOwn ? tone.fret - track.capo : tone.fret;
+    track.notes.push_back({m_at + span.at, span.end - span.at, open + track.capo + fret,
+                           tone.string, std::max(fret, -1)});
   }
 
   /// Names stand over what they belong to, or about there.

@@ -32,7 +32,7 @@ std::string timeText(const SongBars::Bar& bar) {
 
 BeatDrawing::BeatDrawing(const SongBars& song, const BeatHeading& heading, int width)
     : m_song(song) {
-  m_matrix.newPage(heading.title);
+  m_matrix.newPage(heading.title, heading.capo);
   drawTempo(heading);
   // The names of strings say where the first column is, which the lines begin in.
   QBTabMatrix measured;

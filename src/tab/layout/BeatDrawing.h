@@ -17,6 +17,7 @@ struct BeatHeading {
   double tempo;
   bool isSwung;
   std::vector<std::string> strings;  ///< Names, the highest string first.
+  int capo = 0;
 };
 
 /// Draws a song on beats in systems of bars. The text of the matrix has all of it, in characters;

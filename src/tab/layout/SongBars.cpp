@@ -5,7 +5,6 @@
 #include <array>
 #include <tuple>
 
-#include "arrange/harmony/WrittenName.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
@@ -14,6 +13,7 @@
 #include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
 #include "music/Ticks.h"
+#include "tab/layout/CapoNames.h"
 
 namespace korvel {
 namespace {
@@ -41,8 +41,10 @@ int ticksOfEvents(const SongBars::Bar& bar) {
 /// Leaves names where they change. A chord that is struck without one ends the span before.
 class NameSpans {
  public:
+  explicit NameSpans(int capo) : m_capo(capo) {}
+
   std::string of(const QBChord& chord, bool isStruck) {
-    std::string name = writtenName(chord);
+    std::string name = capoNameOf(chord, m_capo).text();
     if (name.empty() && !isStruck) return {};
     if (name == m_name) return {};
     m_name = name;
@@ -50,6 +52,7 @@ class NameSpans {
   }
 
  private:
+  int m_capo;
   std::string m_name;
 };
 
@@ -213,7 +216,7 @@ void SongBars::readBars(QBSong& song) {
 
 void SongBars::readTones(QBSong& song) {
   RingingStrings strings(m_rings);
-  NameSpans names;
+  NameSpans names(capoOfTablature(song));
   for (Bar& bar : m_bars) {
     for (Event& event : bar.events) {
       const QBChord& chord = *song.allChords()[static_cast<std::size_t>(event.chord)];

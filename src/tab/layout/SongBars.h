@@ -23,7 +23,8 @@ class SongBars {
     int from;
     int ticks;
     BarEvent::Kind kind;
-    std::string name;         ///< As its key writes it; "" where the chord is the one before.
+    /// As its key writes it, behind a capo "G (A)"; "" where the chord is the one before.
+    std::string name;
     std::vector<Fret> frets;  ///< What is struck, by string, then by fret.
   };
   struct Bar {

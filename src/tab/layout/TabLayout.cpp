@@ -10,6 +10,7 @@
 #include "music/Neck.h"
 #include "platform/text/Utf8.h"
 #include "tab/layout/BeatDrawing.h"
+#include "tab/layout/CapoNames.h"
 #include "tab/text/SongDrawing.h"
 #include "tab/text/SystemLabel.h"
 
@@ -52,8 +53,9 @@ TabLayout::TabLayout(QBSong& song) {
   if (drawsNothing(song)) return;
   QBTabMatrix matrix = drawingOf(song);
   matrix.trimLeadingLines();
-  if (static_cast<int>(m_rows.size()) != matrix.height() || hasWideNames(song))
-    readText(matrix.toStringInverted());
+  // The capo may have been told since it was stored.
+  const bool isOld = static_cast<int>(m_rows.size()) != matrix.height() || matrix.m_capo > 0;
+  if (isOld || hasWideNames(song)) readText(matrix.toStringInverted());
   place(song, matrix);
   divide(matrix.m_systems);
 }
@@ -84,8 +86,9 @@ TabLayout TabLayout::forExport(QBSong& song) {
 
 void TabLayout::drawOnBeats(QBSong& song, int width) {
   const SongBars bars(song);
-  BeatDrawing drawing(bars, {song.title(), song.tempo(), song.isSwung(), systemLabel(&song)},
-                      width);
+  BeatDrawing drawing(
+      bars, {song.title(), song.tempo(), song.isSwung(), systemLabel(&song), capoOfTablature(song)},
+      width);
   markEnd(drawing.matrix(), song);
   readText(drawing.matrix().toStringInverted());
   m_placeOfChord.assign(song.allChords().size(), kNoPlace);

@@ -18,6 +18,7 @@
 #include "music/Ticks.h"
 #include "platform/sound/SampleRate.h"
 #include "rhythm/stored/HeardBytes.h"
+#include "tab/layout/CapoNames.h"
 #include "tab/layout/SongBars.h"
 #include "tab/page/SongPage.h"
 
@@ -229,9 +230,10 @@ std::optional<int> lowestFret(const QBChord& chord) {
   return lowest;
 }
 
-/// The capo that the song is played with, unless a tone lies below it. Where nobody has said it,
-/// the fret that all chords have as their lowest one, as open strings are behind a capo.
+/// The capo that the song is played with. Where nobody has said it, the fret that all chords have
+/// as their lowest one, as open strings are behind a capo.
 int capoOfSong(QBSong& song) {
+  if (song.recording() || capoOf(song) > 0) return capoOfTablature(song);
   std::optional<int> lowest;
   bool isOfAll = true;
   for (const auto& chord : song.allChords()) {
@@ -240,9 +242,8 @@ int capoOfSong(QBSong& song) {
     isOfAll = isOfAll && *fret == lowest.value_or(*fret);
     lowest = std::min(lowest.value_or(*fret), *fret);
   }
-  if (!lowest || *lowest <= 0 || *lowest > PageOptions::kHighestCapo) return 0;
-  if (const int capo = capoOf(song); capo > 0) return capo <= *lowest ? capo : 0;
-  return song.recording() || !isOfAll ? 0 : *lowest;
+  const bool isCapo = isOfAll && lowest && *lowest > 0 && *lowest <= PageOptions::kHighestCapo;
+  return isCapo ? *lowest : 0;
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBTone.h"
 #include "platform/text/Utf8.h"
+#include "tab/layout/CapoNames.h"
 #include "tab/text/NoteGlyphs.h"
 #include "tab/text/QBTabMatrix.h"
 #include "tab/text/SystemLabel.h"
@@ -30,6 +31,10 @@ constexpr int kRowsToNextSystemOfMeasure = 15;
 bool isSilent(const QBChord& chord) { return !chord.hold() || chord.hold()->isEmpty(); }
 
 bool isNamed(const QBChord& chord) { return chord.harmony() && !isSilent(chord); }
+
+std::string nameBehind(const QBChord& chord, int capo) {
+  return capo > 0 ? capoNameOf(chord, capo).text() : chord.fullHarmonyName();
+}
 
 int lengthOf(const std::string& text) { return static_cast<int>(platform::characterCount(text)); }
 
@@ -84,15 +89,15 @@ std::string fretText(int fret) {
   return text.append(std::to_string(fret));
 }
 
-int outputLength(const QBChord& chord, int groupFlag) {
-  const int name = isNamed(chord) ? lengthOf(chord.fullHarmonyName()) + 2 : 0;
+int outputLength(const QBChord& chord, int groupFlag, int capo) {
+  const int name = isNamed(chord) ? lengthOf(nameBehind(chord, capo)) + 2 : 0;
   return std::max(2 * chord.duration() + 1, name) + (groupFlag >= 1 ? kRoomBeforeGroup : 0);
 }
 
 void addToTabulatureWithLineBreak(QBChord& chord, QBTabMatrix& matrix, const QBChord* /*previous*/,
                                   int groupFlag, int width) {
   if (isSilent(chord)) return;
-  const int length = outputLength(chord, groupFlag);
+  const int length = outputLength(chord, groupFlag, matrix.m_capo);
   breakLine(matrix, chord, length, width, kRowsToNextSystem);
   if (chord.m_xPosInMatrix == 0 && chord.m_yPosInMatrix == 0) keepPlace(chord, matrix);
   recordPlace(matrix, chord, length);
@@ -104,7 +109,7 @@ void addToTabulatureWithLineBreak(QBChord& chord, QBTabMatrix& matrix, const QBC
 void addToTabulatureWithMetric(QBChord& chord, QBTabMatrix& matrix, const QBChord* /*previous*/,
                                int groupSize, int width, QBMeasure& measure) {
   if (isSilent(chord)) return;
-  const int length = outputLength(chord, groupSize);
+  const int length = outputLength(chord, groupSize, matrix.m_capo);
   breakLine(matrix, chord, length, width, kRowsToNextSystemOfMeasure);
   keepPlace(chord, matrix);
   drawFrame(matrix, chord);
@@ -125,7 +130,7 @@ void addAsChord(const QBChord& chord, QBTabMatrix& matrix) {
 }
 
 void addAsChord2(const QBChord& chord, QBTabMatrix& matrix) {
-  matrix.horText(matrix.m_xPos, matrix.m_yPos - 1, chord.fullHarmonyName());
+  matrix.horText(matrix.m_xPos, matrix.m_yPos - 1, nameBehind(chord, matrix.m_capo));
 }
 
 void addPosition(const QBChord& chord, QBTabMatrix& matrix) {

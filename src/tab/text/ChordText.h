@@ -21,8 +21,9 @@ void addPosition(const QBChord& chord, QBTabMatrix& matrix);
 void addAsChord(const QBChord& chord, QBTabMatrix& matrix);
 /// Writes the name above the strings; the cursor stays.
 void addAsChord2(const QBChord& chord, QBTabMatrix& matrix);
-/// Columns that the chord takes; a flag of 1 or more marks the start of a group.
-int outputLength(const QBChord& chord, int flag);
+/// Columns that the chord takes, with the names that it has behind a capo; a flag of 1 or more
+/// marks the start of a group.
+int outputLength(const QBChord& chord, int flag, int capo = 0);
 /// Draws the chord at the cursor, in a new system when it would reach the width.
 void addToTabulatureWithLineBreak(QBChord& chord, QBTabMatrix& matrix, const QBChord* previous,
                                   int flag, int width);

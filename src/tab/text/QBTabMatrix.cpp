@@ -42,11 +42,13 @@ bool isBlank(const QBMatrixLine& line) {
 
 }  // namespace
 
-void QBTabMatrix::newPage(std::string_view title) {
+void QBTabMatrix::newPage(std::string_view title, int capo) {
   const auto pieces = titlePieces(title);
+  m_capo = capo;
   m_yPos = m_page * kRowsPerPage;
   horText(4, m_yPos, "Recorded by Korvel");
   for (const auto& piece : pieces) horText(8, ++m_yPos, piece);
+  if (capo > 0) horText(8, ++m_yPos, "Capo " + std::to_string(capo) + ", frets from the nut");
   m_yPos += 2;
   ++m_page;
 }

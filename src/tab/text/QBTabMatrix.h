@@ -35,8 +35,9 @@ struct DrawnChord {
 ///     10      marks of the loop where the song has measures
 class QBTabMatrix : public QBTextMatrix {
  public:
-  /// Starts a page with the program's name and the title, and leaves m_yPos at its first system.
-  void newPage(std::string_view title);
+  /// Starts a page with the program's name, the title and the capo, unless that is 0, and leaves
+  /// m_yPos at its first system.
+  void newPage(std::string_view title, int capo = 0);
   /// Starts a system whose strings have these names, the highest first. They stand in one column
   /// that is as wide as the widest of them.
   void openSystem(const std::vector<std::string>& names);
@@ -61,6 +62,7 @@ class QBTabMatrix : public QBTextMatrix {
   int m_yPos = 1;      ///< Row of the current system's top string.
   int m_duration = 0;  ///< For callers; the layout does not read it.
   int m_page = 0;      ///< Pages opened so far.
+  int m_capo = 0;      ///< Of the page: names are those of shapes behind it, too.
   // What was drawn, in that order. Unlike the places that chords keep, these are of this drawing.
   std::vector<DrawnChord> m_drawn;
   std::vector<int> m_systems;  ///< Rows of the systems' top strings, each once.

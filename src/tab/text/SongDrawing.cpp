@@ -7,6 +7,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
+#include "tab/layout/CapoNames.h"
 #include "tab/layout/LoopRange.h"
 #include "tab/layout/SongBars.h"
 #include "tab/text/BarText.h"
@@ -26,8 +27,8 @@ constexpr const char* kNotWhole = "The recording was not heard to its end.";
 /// out.
 constexpr double kShareOfDrawing = 0.8;
 
-void openPage(QBTabMatrix& matrix, const QBSong& song) {
-  matrix.newPage(song.title());
+void openPage(QBTabMatrix& matrix, QBSong& song) {
+  matrix.newPage(song.title(), capoOfTablature(song));
   matrix.openSystem(systemLabel(&song));
 }
 

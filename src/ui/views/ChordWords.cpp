@@ -11,6 +11,7 @@
 #include "model/songs/SongTime.h"
 #include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
+#include "tab/layout/CapoNames.h"
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Text.h"
 
@@ -43,7 +44,7 @@ QString ChordWords::place(QBSong& song, int chord, int string) const {
   QStringList words;
   if (const QBMeasure* bar = here.measure()) words << barWords(song, *bar);
   words << tr("chord %1 of %2").arg(chord + 1).arg(chords.size());
-  if (const std::string name = shownName(here); !name.empty()) words << toText(name);
+  if (!shownName(here).empty()) words << toText(capoNameOf(here, capoOfTablature(song)).text());
   const QString played = tones(here, string);
   words << this->string(string) << (played.isEmpty() ? tr("silent") : played);
   if (here.hasHandFret())

@@ -9,6 +9,7 @@
 #include "cli/support/Console.h"
 #include "cli/support/choices/SongChoice.h"
 #include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBSong.h"
 #include "tab/text/SongDrawing.h"
 
@@ -26,7 +27,9 @@ std::string textOf(QBSong& song) {
 
 void showSong(const std::string& name) {
   QBSong& song = chooseSong(name);
-  Console::attached().printText(song.hasTabulature() ? song.tabulature() : textOf(song));
+  // A text from before the capo was known, or names told of it, is outdated.
+  const bool isKept = song.hasTabulature() && capoOf(song) == 0;
+  Console::attached().printText(isKept ? song.tabulature() : textOf(song));
 }
 
 }  // namespace

@@ -13,8 +13,8 @@ namespace korvel::ui {
 
 /// A shape that is drawn above the staff of a tablature, where a chord of that name begins.
 struct StaffGrip {
-  int chord;  ///< Index in the song's `allChords`.
-  ChordShape shape;
+  int chord;         ///< Index in the song's `allChords`.
+  ChordShape shape;  ///< Counted from the capo, as its name there is that of the shape.
 };
 
 /// One for each change of chord, by chord: as it is played or, where its tones are not struck
