@@ -15,7 +15,7 @@ namespace {
 
 char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-bool isSilent(const QBChord& chord) { return !chord.hold() || chord.hold()->isEmpty(); }
+bool soundsNothing(const QBChord& chord) { return !chord.hold() || chord.hold()->isEmpty(); }
 
 bool startsAlike(const std::string& name, std::string_view start) {
   return name.size() >= start.size() &&
@@ -27,14 +27,14 @@ std::vector<CapoName> namesOf(QBSong& song) {
   const int capo = capoOfTablature(song);
   std::vector<CapoName> names;
   for (const auto& chord : song.allChords())
-    names.push_back(isSilent(*chord) ? CapoName() : capoNameOf(*chord, capo));
+    names.push_back(soundsNothing(*chord) ? CapoName() : capoNameOf(*chord, capo));
   return names;
 }
 
 }  // namespace
 
 std::string shownName(const QBChord& chord) {
-  return isSilent(chord) ? std::string() : writtenName(chord);
+  return soundsNothing(chord) ? std::string() : writtenName(chord);
 }
 
 std::optional<int> findChord(QBSong& song, std::string_view name, int from,
