@@ -92,7 +92,7 @@ void RecordingMenu::find(QBSong& song) {
 
 void RecordingMenu::lookForLost() {
   const SongRecording* recording = m_song ? m_song->recording() : nullptr;
-  if (!recording || fileOfRecording(*recording)) return;
+  if (!recording || fileOfRecording(*recording, Proof::atOnce)) return;
   const QString path = toText(recording->path());
   if (m_lost.contains(path)) return;
   m_lost << path;

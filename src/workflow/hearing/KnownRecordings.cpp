@@ -8,7 +8,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
-#include "platform/media/ContentHash.h"
+#include "workflow/recordings/FileContent.h"
 
 namespace korvel {
 namespace {
@@ -23,12 +23,6 @@ Recordings recordingsOfSize(const QBTabMgr& db, std::int64_t size) {
           recording && recording->size() == size)
         found.push_back(recording);
   return found;
-}
-
-std::string contentOf(const std::string& file) {
-  platform::ContentHash hash(file);
-  while (hash.step()) continue;
-  return hash.digits();
 }
 
 /// Others were derived from it later.

@@ -38,7 +38,7 @@ MomentPlayer::~MomentPlayer() { stop(); }
 platform::UserText MomentPlayer::hear(const QBSong& song, double second, double seconds,
                                       double cents) {
   stop();
-  const RecordingSound recording = openRecording(song);
+  const RecordingSound recording = openRecording(song, Proof::atOnce);
   if (!recording.sound) return recording.problem;
   if (isBehind(*recording.sound, second)) return whyNothing(song, *recording.sound);
   const double length = std::max(seconds, kShortest);

@@ -94,7 +94,7 @@ void QBPlayerViewController::begin(QBSong& song) {
   m_notice = {};
   m_recordedEnd.reset();
   if (m_sound.hasRecording()) {
-    const RecordingSound found = openRecording(song);
+    const RecordingSound found = openRecording(song, Proof::atOnce);
     m_recording = found.sound;
     if (!found.sound) m_notice = platform::UserText(kGuitarAlone, found.problem);
   }

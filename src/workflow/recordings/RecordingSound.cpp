@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/recordings/RecordingSound.h"
 
-#include <map>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -9,7 +8,7 @@
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
 #include "platform/files/FileError.h"
-#include "platform/media/ContentHash.h"
+#include "workflow/recordings/FileContent.h"
 #include "workflow/recordings/KeptSounds.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
@@ -27,27 +26,6 @@ constexpr platform::Phrase kGone =
 constexpr platform::Phrase kOther =
     phrase("Message", "%1: the recording has changed since it was heard; say where the old one is");
 
-/// The content of a file as it is now; none of one that cannot be read, which is tried again.
-std::string contentNow(const fs::path& file) {
-  struct Known {
-    std::uintmax_t size;
-    fs::file_time_type time;
-    std::string content;
-  };
-  static std::map<fs::path, Known> known;
-  std::error_code unknown;
-  const auto size = fs::file_size(file, unknown);
-  const auto time = fs::last_write_time(file, unknown);
-  if (unknown) return {};
-  const auto found = known.find(file);
-  if (found != known.end() && found->second.size == size && found->second.time == time)
-    return found->second.content;
-  platform::ContentHash hash(file);
-  while (hash.step()) continue;
-  if (static_cast<std::uintmax_t>(hash.size()) != size) return {};
-  return (known[file] = {size, time, hash.digits()}).content;
-}
-
 bool isThereAsFile(const fs::path& file) {
   std::error_code unknown;
   return !file.empty() && fs::is_regular_file(file, unknown);
@@ -63,7 +41,7 @@ bool hasSizeOf(const SongRecording& recording, const fs::path& file) {
 UserText whyNowhere(const SongRecording& recording) {
   const std::string& file = recording.path();
   if (!isThereAsFile(file)) return {kGone, file};
-  if (hasSizeOf(recording, file) && contentNow(file).empty())
+  if (hasSizeOf(recording, file) && contentOf(file).empty())
     return platform::FileError(file, platform::FileError::kCannotRead).text();
   return {kOther, file};
 }
@@ -83,22 +61,25 @@ std::shared_ptr<const platform::DecodedSound> opened(const fs::path& file,
 
 }  // namespace
 
-bool isRecording(const SongRecording& recording, const fs::path& file) {
+bool isRecording(const SongRecording& recording, const fs::path& file, Proof proof) {
   if (!hasSizeOf(recording, file)) return false;
-  return recording.hash().empty() || contentNow(file) == recording.hash();
+  if (recording.hash().empty()) return true;
+  if (proof == Proof::content || isContentAtHand(file)) return contentOf(file) == recording.hash();
+  readAhead(file);
+  return true;
 }
 
-std::optional<fs::path> fileOfRecording(const SongRecording& recording) {
-  if (isThereAsFile(recording.path()) && isRecording(recording, recording.path()))
+std::optional<fs::path> fileOfRecording(const SongRecording& recording, Proof proof) {
+  if (isThereAsFile(recording.path()) && isRecording(recording, recording.path(), proof))
     return recording.path();
   const fs::path kept = keptSoundOf(recording);
   return isThereAsFile(kept) ? std::optional(kept) : std::nullopt;
 }
 
-RecordingSound openRecording(const QBSong& song) {
+RecordingSound openRecording(const QBSong& song, Proof proof) {
   const SongRecording* recording = song.recording();
   if (!recording) return {nullptr, UserText(kNone, song.title())};
-  const auto file = fileOfRecording(*recording);
+  const auto file = fileOfRecording(*recording, proof);
   if (!file) return {nullptr, whyNowhere(*recording)};
   try {
     return {opened(*file, recording->hash()), {}};

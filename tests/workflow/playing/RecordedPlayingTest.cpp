@@ -14,6 +14,7 @@
 #include "workflow/playing/PracticeMemory.h"
 #include "workflow/playing/QBPlayerViewController.h"
 #include "workflow/playing/RecordedMoment.h"
+#include "workflow/recordings/FileContent.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
@@ -147,6 +148,19 @@ TEST_F(RecordedPlayingTest, whatIsGoneIsSaidAndFoundAgainByItsContent) {
   m_player.stop();
   placeRecording(*m_song, m_folder.file("moved.wav"));
   EXPECT_NE(openRecording(*m_song).sound, nullptr);
+}
+
+TEST_F(RecordedPlayingTest, aLongFileIsOpenedBeforeItIsProven) {
+  constexpr std::uintmax_t kLong = std::uintmax_t{60} << 20;
+  std::filesystem::resize_file(m_file, kLong);
+  SongRecording& recording = *m_song->recording();
+  recording.setSize(kLong);
+  EXPECT_NE(openRecording(*m_song, Proof::atOnce).sound, nullptr) << "by its size";
+  readingContent(m_file).finish();
+  EXPECT_EQ(openRecording(*m_song, Proof::atOnce).sound, nullptr) << "it has another content";
+  recording.setHash(contentOf(m_file));
+  EXPECT_TRUE(isRecording(recording, m_file));
+  EXPECT_NE(openRecording(*m_song, Proof::atOnce).sound, nullptr);
 }
 
 TEST_F(RecordedPlayingTest, aSongGoesOnBehindTheEndOfItsRecording) {

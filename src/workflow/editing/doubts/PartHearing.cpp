@@ -20,7 +20,7 @@
 #include "workflow/editing/doubts/PassageNames.h"
 #include "workflow/editing/doubts/StringChoice.h"
 #include "workflow/editing/rhythm/EditedChords.h"
-#include "workflow/recordings/RecordingSound.h"
+#include "workflow/recordings/FileContent.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 
@@ -74,21 +74,31 @@ void insert(std::vector<rhythm::HeardAgain>& parts, rhythm::HeardAgain&& added) 
 
 PartHearing::PartHearing(QBSong& song, const SongCorrections::Part& part,
                          const HearingSettings& settings)
-    : m_song(&song) {
+    : m_song(&song), m_settings(settings) {
   const SongCorrections allowed(song);
-  const auto file = song.isWhole() ? fileOfRecording(*song.recording()) : std::nullopt;
-  if (!file)
-    throw EditRefused(phrase("Message", "%1: its recording is not where it was, or was changed"),
-                      song.title());
+  const std::filesystem::path file = requireFile(Proof::atOnce);
+  if (file == song.recording()->path()) m_proving = readingContent(file);
   findTimes(part);
-  m_begin = std::max(m_from - kAroundPart, 0.0);
-  const auto source =
-      std::make_shared<PartOfTrack>(*file, sampleAt(m_begin), sampleAt(m_to + kAroundPart));
-  source->startRecord(0);
-  m_listening = std::make_unique<Transcription>(source, openStringsOf(&song).pitches(), settings);
 }
 
 PartHearing::~PartHearing() = default;
+
+std::filesystem::path PartHearing::requireFile(Proof proof) const {
+  const auto file = m_song->isWhole() ? fileOfRecording(*m_song->recording(), proof) : std::nullopt;
+  if (!file)
+    throw EditRefused(phrase("Message", "%1: its recording is not where it was, or was changed"),
+                      m_song->title());
+  return *file;
+}
+
+void PartHearing::beginListening() {
+  m_begin = std::max(m_from - kAroundPart, 0.0);
+  const auto source = std::make_shared<PartOfTrack>(requireFile(Proof::content), sampleAt(m_begin),
+                                                    sampleAt(m_to + kAroundPart));
+  source->startRecord(0);
+  m_listening =
+      std::make_unique<Transcription>(source, openStringsOf(m_song.get()).pitches(), m_settings);
+}
 
 /// From the first chord to the one behind the last.
 void PartHearing::findTimes(const SongCorrections::Part& part) {
@@ -103,9 +113,13 @@ void PartHearing::findTimes(const SongCorrections::Part& part) {
   m_to = std::max(secondsOf(part.last + 1), m_from + kBeforeChord);
 }
 
-bool PartHearing::step() { return m_listening->step(); }
+bool PartHearing::step() {
+  if (m_proving.next()) return true;
+  if (!m_listening) beginListening();
+  return m_listening->step();
+}
 
-double PartHearing::progress() const { return m_listening->progress(); }
+double PartHearing::progress() const { return m_listening ? m_listening->progress() : 0; }
 
 rhythm::HeardAgain PartHearing::heard() const {
   rhythm::HeardAgain part{

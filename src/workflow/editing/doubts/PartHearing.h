@@ -2,12 +2,15 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <memory>
 
 #include "analysis/HearingSettings.h"
+#include "platform/loop/Slices.h"
 #include "platform/persistence/Ref.h"
 #include "rhythm/stored/NoteCorrections.h"
 #include "workflow/editing/doubts/SongCorrections.h"
+#include "workflow/recordings/RecordingSound.h"
 
 namespace korvel {
 
@@ -21,8 +24,8 @@ class Transcription;
 class PartHearing {
  public:
   /// By indexes in `allChords`. Listens to the copy that is kept of the recording when that does
-  /// not lie where it was, or is another one by now. Throws EditRefused when there is none, and as
-  /// SongCorrections does.
+  /// not lie where it was, or is another one by now, as the first steps find out. Throws
+  /// EditRefused when there is none, as they do, too, and as SongCorrections does.
   PartHearing(QBSong& song, const SongCorrections::Part& part, const HearingSettings& settings);
   ~PartHearing();
 
@@ -35,15 +38,19 @@ class PartHearing {
  private:
   struct Placing;
 
+  std::filesystem::path requireFile(Proof proof) const;
+  void beginListening();
   void requireHeard() const;
   void findTimes(const SongCorrections::Part& part);
   rhythm::HeardAgain heard() const;
 
   platform::Ref<QBSong> m_song;
-  double m_from = 0;   ///< Seconds of the recording.
-  double m_to = 0;     ///< Likewise.
-  double m_begin = 0;  ///< Where it listens from, so that it knows what sounds before.
-  std::unique_ptr<Transcription> m_listening;
+  const HearingSettings m_settings;
+  platform::Slices m_proving;  ///< That its file is the recording.
+  double m_from = 0;           ///< Seconds of the recording.
+  double m_to = 0;             ///< Likewise.
+  double m_begin = 0;          ///< Where it listens from, so that it knows what sounds before.
+  std::unique_ptr<Transcription> m_listening;  ///< Once that is proven.
 };
 
 }  // namespace korvel
