@@ -75,7 +75,7 @@ _korvel_cli() {
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       _korvel_cli_offer < <("${words[0]}" apply --list 2>/dev/null | sed -n 's/.*\[\([A-Za-z0-9_]*\)\]$/\1/p')
       ;;
-    show | sheet | capo | lyrics | dump | delete | export | easy | strum | rhythm | doubts | correct | name | finger | retune | loop | clone | rename | move | merge | extract | play | render | recording)
+    show | sheet | capo | lyrics | dump | delete | export | easy | strum | rhythm | doubts | correct | name | finger | grip | retune | loop | clone | rename | move | merge | extract | play | render | recording)
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       ;;
   esac

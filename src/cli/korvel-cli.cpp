@@ -15,6 +15,7 @@
 #include "cli/commands/rhythm/ChordsOfFile.h"
 #include "cli/commands/rhythm/RhythmOfSong.h"
 #include "cli/commands/sheet/CapoOfSong.h"
+#include "cli/commands/sheet/GripOfSong.h"
 #include "cli/commands/sheet/LyricsOfSong.h"
 #include "cli/commands/sheet/ReadSheet.h"
 #include "cli/commands/sheet/SheetOfSong.h"
@@ -82,6 +83,7 @@ void describe(cli::Command& tool) {
   cli::addCorrectSong(tool);
   cli::addNameChords(tool);
   cli::addFingerSong(tool);
+  cli::addGripOfSong(tool);
   cli::addLyricsOfSong(tool);
   cli::addRetuneSong(tool);
   cli::addLoopSong(tool);

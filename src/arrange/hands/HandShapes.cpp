@@ -163,4 +163,22 @@ std::string shorthandOf(const ChordShape& shape) {
   return text;
 }
 
+std::optional<ChordShape> shapeWritten(std::string_view shorthand) {
+  constexpr int kMostFrets = 24;
+  const bool isWide = shorthand.find('-') != std::string_view::npos;
+  ChordShape shape;
+  for (std::size_t string = 0; string < shape.size(); ++string) {
+    const std::size_t end = isWide ? std::min(shorthand.find('-'), shorthand.size()) : 1;
+    const std::string_view fret = shorthand.substr(0, end);
+    const bool isLast = string + 1 == shape.size();
+    if (fret.empty() || fret.size() > 2 || (isLast && end < shorthand.size())) return std::nullopt;
+    if (fret != "x" && fret.find_first_not_of("0123456789") != std::string_view::npos)
+      return std::nullopt;
+    shape[string] = fret == "x" ? kNotPlayed : std::stoi(std::string(fret));
+    if (shape[string] > kMostFrets) return std::nullopt;
+    shorthand.remove_prefix(std::min(shorthand.size(), end + (isWide ? 1 : 0)));
+  }
+  return shape;
+}
+
 }  // namespace korvel

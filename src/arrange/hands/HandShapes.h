@@ -3,7 +3,9 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "arrange/harmony/ChordName.h"
@@ -22,5 +24,7 @@ std::vector<ChordShape> shapesOf(const ChordName& name, const OpenStrings& strin
 
 /// "x02210", with a hyphen between the strings where a fret has two digits.
 std::string shorthandOf(const ChordShape& shape);
+/// What was written so; none for any other text.
+std::optional<ChordShape> shapeWritten(std::string_view shorthand);
 
 }  // namespace korvel

@@ -38,6 +38,17 @@ unsigned tonesOfHarmony(const QBChord& chord) {
   return tones;
 }
 
+/// The pitch class of the lowest tone of a chord; none where nothing sounds.
+std::optional<int> bassOf(const QBChord& chord, const OpenPitches& open) {
+  std::optional<int> lowest;
+  for (const auto& tone : tonesOf(chord)) {
+    if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
+    const int pitch = open[static_cast<std::size_t>(tone->string())] + tone->fret();
+    lowest = std::min(lowest.value_or(pitch), pitch);
+  }
+  return lowest ? std::optional(pitchClass(*lowest)) : std::nullopt;
+}
+
 /// What was heard of the chords of a recording beside their names.
 class HeardSpans {
  public:
@@ -49,7 +60,7 @@ class HeardSpans {
 
   /// Only where the song has the chord that was heard there: it may have been corrected, or moved
   /// to another key.
-  void tell(const QBChord& chord, PageSource::Chord& named) const {
+  void tell(const QBChord& chord, const OpenPitches& open, PageSource::Chord& named) const {
     const std::int64_t sample = chord.hasBeatTime() ? chord.beatTime() : chord.timestamp();
     const double seconds = static_cast<double>(sample) / platform::kSampleRate;
     const double tick = m_reading.beats.empty() ? 0 : m_reading.tickOf(seconds) + kNear;
@@ -57,7 +68,9 @@ class HeardSpans {
                                                [](const auto& each) { return double(each.to); });
     if (span == m_reading.chords.end() || span->root != named.root) return;
     named.isDoubtful = !chord.isEdited() && span->probability < kSureName;
-    if (!chord.isEdited() && span->bass != span->root) named.bass = span->bass;
+    // A grip that was chosen may have it, too.
+    const bool hasBass = !chord.isEdited() || bassOf(chord, open) == span->bass;
+    if (hasBass && span->bass != span->root) named.bass = span->bass;
   }
 
  private:
@@ -65,17 +78,6 @@ class HeardSpans {
 
   rhythm::Reading m_reading;
 };
-
-/// The pitch class of the lowest tone of a chord; none where nothing sounds.
-std::optional<int> bassOf(const QBChord& chord, const OpenPitches& open) {
-  std::optional<int> lowest;
-  for (const auto& tone : tonesOf(chord)) {
-    if (!tone->isActive() || tone->string() < 0 || tone->string() >= kStrings) continue;
-    const int pitch = open[static_cast<std::size_t>(tone->string())] + tone->fret();
-    lowest = std::min(lowest.value_or(pitch), pitch);
-  }
-  return lowest ? std::optional(pitchClass(*lowest)) : std::nullopt;
-}
 
 /// What a chord is played with when that is a grip of all that is wanted.
 std::optional<ChordShape> shapeOf(const QBChord& chord, const PageSource::Chord& named,
@@ -144,7 +146,7 @@ class Gathering {
     m_harmony = chord.harmony();
     PageSource::Chord named{tick, 0, chord.baseTone(), m_harmony->type(), tonesOfHarmony(chord)};
     named.index = index;
-    m_heard.tell(chord, named);
+    m_heard.tell(chord, m_source.open, named);
     m_source.chords.push_back(std::move(named));
   }
 

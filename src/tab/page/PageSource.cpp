@@ -1,9 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/page/PageSource.h"
 
+#include <algorithm>
+#include <iterator>
+#include <tuple>
+
 #include "music/Pitch.h"
 
 namespace korvel {
+
+const PageSource::Chord* chordAtIndex(const PageSource& source, int index) {
+  const auto after = std::ranges::upper_bound(source.chords, index, {}, &PageSource::Chord::index);
+  return after == source.chords.begin() ? nullptr : &*std::prev(after);
+}
+
+bool isCalledAlike(const PageSource::Chord& chord, const PageSource::Chord& other) {
+  return std::tie(chord.root, chord.type, chord.bass) ==
+         std::tie(other.root, other.type, other.bass);
+}
 
 PageSource::Chord movedChord(PageSource::Chord chord, int halfTones) {
   if (chord.root < 0) return chord;

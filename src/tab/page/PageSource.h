@@ -51,6 +51,12 @@ struct PageSource {
   std::vector<Words> words{};           ///< By tick.
 };
 
+/// The chord of a page in which a chord of its song lies, by its index in `allChords`; null before
+/// the first one.
+const PageSource::Chord* chordAtIndex(const PageSource& source, int index);
+/// Whether they have one name.
+bool isCalledAlike(const PageSource::Chord& chord, const PageSource::Chord& other);
+
 /// A chord that sounds so many half tones higher, without the shape that it was played in.
 PageSource::Chord movedChord(PageSource::Chord chord, int halfTones);
 

@@ -208,6 +208,7 @@ class PageMaking {
         continue;
       PageGrip grip{name, shapeName(chord), soundingName(chord)};
       if (!grips.hold(movedChord(chord, m_options.halfTones), playedShape(name), grip)) continue;
+      grip.index = chord.index;
       if (m_options.leftHanded) mirror(grip);
       page.grips.push_back(std::move(grip));
     }

@@ -92,6 +92,7 @@ struct PageGrip {
   /// From string to string at baseFret, as indexes of `frets`, when the index lies across.
   std::optional<std::array<int, 2>> barre{};
   bool isAsPlayed = false;           ///< The song is played so.
+  int index = 0;                     ///< Of the first chord that has the name, in `allChords`.
   std::vector<ChordShape> others{};  ///< Other ways to hold it, the best first.
 };
 

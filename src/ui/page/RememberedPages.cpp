@@ -21,21 +21,6 @@ QString keyOf(const QBSong& song) {
          QString::number(song.objectId()) + '/';
 }
 
-/// What `shorthandOf` wrote.
-std::optional<ChordShape> shapeIn(const QString& text) {
-  const bool isWide = text.contains('-');
-  const QStringList frets = text.split(isWide ? "-" : "", Qt::SkipEmptyParts);
-  ChordShape shape;
-  if (frets.size() != kStrings) return std::nullopt;
-  for (int string = 0; string < kStrings; ++string) {
-    bool isNumber = false;
-    const int fret = frets[string].toInt(&isNumber);
-    if (!isNumber && frets[string] != "x") return std::nullopt;
-    shape[static_cast<std::size_t>(string)] = isNumber ? fret : kNotPlayed;
-  }
-  return shape;
-}
-
 }  // namespace
 
 PageLook RememberedPages::of(const QBSong& song) const {
@@ -70,7 +55,7 @@ SongPage pageOf(const PageSource& source, const PageLook& look) {
   for (PageGrip& grip : page.grips) {
     const QString chosen = look.shapes.value(toText(grip.shape));
     if (chosen.isEmpty()) continue;
-    std::optional<ChordShape> shape = shapeIn(chosen);
+    std::optional<ChordShape> shape = shapeWritten(chosen.toStdString());
     if (!shape) continue;
     if (page.leftHanded) std::ranges::reverse(*shape);
     const auto other = std::ranges::find(grip.others, *shape);
