@@ -6,11 +6,13 @@
 #include <cassert>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "fingering/DoubtfulOctaves.h"
 #include "fingering/Events.h"
 #include "fingering/Habits.h"
 #include "fingering/HandChain.h"
+#include "fingering/SilentStrings.h"
 
 namespace korvel::fingering {
 namespace {
@@ -23,13 +25,30 @@ constexpr double kShareOfList = 0.4;
 constexpr double kShareOfPass = (1 - kShareOfList) / kPasses;
 constexpr double kShareOfHabits = 0.05;
 
-void endWhereTheNextStarts(std::span<Note> notes, std::span<const std::size_t> order) {
+/// Seconds from a note to a doubtful one that may belong to the same stroke, and how much longer
+/// the first sounds at least.
+constexpr double kStroke = 0.15;
+constexpr double kRingsOn = 0.3;
+
+/// Whether a doubtful note would cut off a surer one that was struck just before it.
+bool cutsASurerOne(const Note& note, const Note& before) {
+  return note.probability < std::min(kSureNote, before.probability) &&
+         note.onset < before.onset + kStroke && before.end > note.onset + kRingsOn;
+}
+
+void endWhereTheNextStarts(std::span<Note> notes, std::span<const std::size_t> order,
+                           const Settled& settled) {
   std::array<Note*, kStrings> last{};
   for (const std::size_t i : order) {
-    if (notes[i].string < 0) continue;
-    Note*& before = last[static_cast<std::size_t>(notes[i].string)];
-    if (before) before->end = std::min(before->end, notes[i].onset);
-    before = &notes[i];
+    Note& note = notes[i];
+    if (note.string < 0) continue;
+    Note*& before = last[static_cast<std::size_t>(note.string)];
+    if (before && settled.stringOf(i) == Settled::kAnyString && cutsASurerOne(note, *before)) {
+      note.string = note.fret = -1;
+      continue;
+    }
+    if (before) before->end = std::min(before->end, note.onset);
+    before = &note;
   }
 }
 
@@ -76,13 +95,12 @@ platform::Slices Fingering::placing(std::span<Note> notes, Settled settled) cons
     working = habits.tell(chain);
     while (working.next()) co_yield done + kShareOfPass - kShareOfHabits*(1 - working.done());
   }
-  assign(events, chain, notes);
-  octaves.place(notes, m_open, m_frets);
-  for (const std::size_t note : octaves.notes())
-    if (notes[note].string >= 0) notes[note].fret += m_capo;
+  assign(events, chain, settled, notes);
+  placeWhatIsLeft(settled, notes);
 }
 
-void Fingering::assign(const Events& events, const HandChain& chain, std::span<Note> notes) const {
+void Fingering::assign(const Events& events, const HandChain& chain, const Settled& settled,
+                       std::span<Note> notes) const {
   for (Note& note : notes) note.string = note.fret = -1;
   for (std::size_t event = 0; event < events.size(); ++event) {
     const auto choice = std::ranges::max_element(chain.choices(event), {}, &Choice::probability);
@@ -94,7 +112,20 @@ void Fingering::assign(const Events& events, const HandChain& chain, std::span<N
       note.fret = note.pitch - m_open[static_cast<std::size_t>(note.string)] + m_capo;
     }
   }
-  endWhereTheNextStarts(notes, events.byOnset());
+  endWhereTheNextStarts(notes, events.byOnset(), settled);
+}
+
+void Fingering::placeWhatIsLeft(const Settled& settled, std::span<Note> notes) const {
+  std::vector<Note*> left;
+  for (std::size_t i = 0; i < notes.size(); ++i)
+    if (notes[i].string < 0 && settled.stringOf(i) == Settled::kAnyString)
+      left.push_back(&notes[i]);
+  std::ranges::stable_sort(left, {}, &Note::onset);
+  SilentStrings strings(notes, m_open, m_frets);
+  for (Note* note : left) {
+    strings.place(*note);
+    if (note->string >= 0) note->fret += m_capo;
+  }
 }
 
 }  // namespace korvel::fingering

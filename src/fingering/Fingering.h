@@ -25,9 +25,10 @@ class Fingering {
   /// Sets string and fret of each note, in whatever order the notes come. Frets count from the nut,
   /// with a capo too, so that a note's pitch is its open string's plus its fret. A string sounds
   /// one note at a time: where the next one starts, the end of a note is brought forward to it.
-  /// A pitch that the guitar has not gets -1 for both, as does the weakest of more than six notes
-  /// that start together, and a doubtful one of a chord that no hand could play with it, or that
-  /// may be an overtone of a surer one and finds no string near the hand.
+  /// A pitch that the guitar has not gets -1 for both. So does what is left without a string unless
+  /// one near the hand is silent: the weakest of more than six notes that start together, and a
+  /// doubtful note that no hand could play with the rest of its chord, that may be an overtone of a
+  /// surer one, or that would cut off a surer one which was struck just before it.
   ///
   /// What is settled stays: those notes keep their strings, and the rest is chosen around them.
   void place(std::span<Note> notes, const Settled& settled = {}) const {
@@ -38,7 +39,9 @@ class Fingering {
 
  private:
   Settled fromTheCapo(Settled settled) const;
-  void assign(const Events& events, const HandChain& chain, std::span<Note> notes) const;
+  void assign(const Events& events, const HandChain& chain, const Settled& settled,
+              std::span<Note> notes) const;
+  void placeWhatIsLeft(const Settled& settled, std::span<Note> notes) const;
 
   OpenPitches m_open;  ///< The open strings with the capo on.
   int m_frets = 0;     ///< Frets above the capo.

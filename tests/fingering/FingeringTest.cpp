@@ -153,6 +153,22 @@ TEST(FingeringTest, leavesADoubtfulNoteOfAChordThatNoHandCouldPlay) {
   EXPECT_EQ(drawn(chord), "x02020");
 }
 
+/// One that is struck just after another must not silence it, and is heard elsewhere if it can be.
+TEST(FingeringTest, letsNoDoubtfulNoteTakeTheStringOfASurerOne) {
+  Notes chord = strum("x32010", kStandardPitches, 0, 2, 0.02);
+  Note late = note(0.13, 1.5, 49);
+  late.probability = 0.6F;
+  chord.push_back(late);
+  Notes sure = chord;
+  sure.back().probability = 0.9F;
+  Fingering(kStandardPitches, {}).place(chord);
+  EXPECT_EQ(drawn(chord), "x32010");
+  EXPECT_GT(chord[0].end, 1);
+  EXPECT_EQ(chord.back().string, -1);
+  Fingering(kStandardPitches, {}).place(sure);
+  EXPECT_LT(sure[0].end, 0.2);
+}
+
 /// One that is hardly more than an overtone makes no chord of a note of a melody.
 TEST(FingeringTest, playsAMelodyAsIfADoubtfulOctaveWereNotThere) {
   Notes plain;
