@@ -9,6 +9,7 @@
 
 #include "cli/support/CliError.h"
 #include "platform/files/Files.h"
+#include "platform/text/UserError.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::cli {
@@ -137,6 +138,12 @@ void Console::clearProgress() {
 void Console::error(std::string_view text) {
   clearProgress();
   std::cerr << "korvel-cli: " << visible(oneLine(text), "\t") << std::endl;
+}
+
+void Console::errorOf(const std::string& file, std::string_view outcome,
+                      const std::exception& exception) {
+  const std::string what = platform::textOf(exception).english();
+  error(what.starts_with(file) ? what : file + std::string(outcome) + ": " + what);
 }
 
 void Console::print(std::string_view text) {

@@ -30,6 +30,8 @@ class Console final : public OutputView, public SavePanel, public FatalAlert {
   void status(const std::string& text);
   void endStatus();
   void error(std::string_view text);
+  /// One that names the file, whatever went wrong with it. outcome: " was not imported", or "".
+  void errorOf(const std::string& file, std::string_view outcome, const std::exception& exception);
   /// Writes to stdout; throws CliError when that fails.
   void print(std::string_view text);
   /// Writes lines of a song, in which other signs that a terminal would obey are seen as "\x1b".

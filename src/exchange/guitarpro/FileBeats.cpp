@@ -7,7 +7,7 @@
 namespace korvel::exchange::guitarpro {
 namespace {
 
-constexpr int kMostBeats = 10'000;  ///< Of a voice of a bar.
+constexpr int kMostBeatsOfVoice = 10'000;  ///< In a bar.
 constexpr int kMostPointsOfBend = 1000;
 constexpr std::size_t kChordNameRoom = 22;
 
@@ -44,7 +44,7 @@ void FileBeats::readBar(MasterBar& bar, SheetTrack& track) {
 
 void FileBeats::readVoice(SheetVoice& voice, MasterBar& bar, int strings) {
   double place = 0;
-  for (int i = m_bytes.count(0, kMostBeats); i > 0; --i) {
+  for (int i = m_bytes.count(0, kMostBeatsOfVoice); i > 0; --i) {
     auto beat = readBeat(bar, place, strings);
     if (!beat) continue;
     place += beat->grains;

@@ -31,6 +31,7 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/SoundFileNames.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/TextSize.h"
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/InputList.h"
 #include "workflow/hearing/SoundCheck.h"
@@ -43,11 +44,10 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kTick = 50ms;
-constexpr int kAll = 100;
-constexpr int kCharacters = 46;
-constexpr int kLines = 44;
+constexpr int kWholeBar = 100;
+constexpr int kColumnsOfDialog = 46;
+constexpr int kLinesOfDialog = 44;
 constexpr int kFewestLines = 5;
-constexpr double kMostOfScreen = 0.9;
 constexpr int kResultColumn = 1;
 constexpr int kLevelColumn = 2;
 
@@ -59,7 +59,7 @@ QLabel* paragraph(const QString& text) {
 
 QProgressBar* bar(const QString& name) {
   auto* made = new QProgressBar;
-  made->setRange(0, kAll);
+  made->setRange(0, kWholeBar);
   made->setTextVisible(false);
   made->setAccessibleName(name);
   return made;
@@ -136,9 +136,7 @@ CalibrationDialog::CalibrationDialog(QWidget* parent)
   m_device->list();
   listNotes();
   updateButtons();
-  const QFontMetrics metrics(font());
-  const QSize wanted(kCharacters * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
-  resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+  resize(sizeOfText(*this, kColumnsOfDialog, kLinesOfDialog));
 }
 
 CalibrationDialog::~CalibrationDialog() { cancelHearing(); }
@@ -312,14 +310,14 @@ void CalibrationDialog::showHeard() {
     say(tr("Every string was heard. The instrument becomes better with the missing notes."));
   else
     say(tr("All notes were heard. Give the instrument a name and create it."));
-  m_progress->setValue(kAll);
+  m_progress->setValue(kWholeBar);
   QTimer::singleShot(0, this, &CalibrationDialog::updateButtons);  // when the job has ended
 }
 
 void CalibrationDialog::tick() {
   const bool recording = m_recording && m_recording->isRunning();
   const bool hearing = m_job && m_job->isRunning();
-  m_level->setValue(recording ? static_cast<int>(m_recording->level() * kAll) : 0);
+  m_level->setValue(recording ? static_cast<int>(m_recording->level() * kWholeBar) : 0);
   if (recording) {
     const int seconds = static_cast<int>(m_recording->elapsed());
     m_time->setText(QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0')));

@@ -6,13 +6,13 @@
 
 #include "platform/files/Resources.h"
 #include "ui/desktop/Text.h"
+#include "ui/desktop/TextSize.h"
 
 namespace korvel::ui {
 namespace {
 
-constexpr int kColumns = 60;
-constexpr int kLines = 40;
-constexpr double kMostOfScreen = 0.9;  // the frame takes some
+constexpr int kColumnsOfHelp = 60;
+constexpr int kLinesOfHelp = 40;
 
 }  // namespace
 
@@ -26,9 +26,7 @@ HelpWindow::HelpWindow(QWidget* parent) : QTextBrowser(parent) {
   const platform::Resources resources = platform::Resources::ofProgram();
   for (const auto& folder : resources.folders()) folders << toText(folder.string());
   setSearchPaths(folders);
-  const QFontMetrics metrics(font());
-  const QSize wanted(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
-  resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+  resize(sizeOfText(*this, kColumnsOfHelp, kLinesOfHelp));
 }
 
 void HelpWindow::setContent(const std::string& content) {

@@ -10,13 +10,14 @@
 #include <chrono>
 
 #include "ui/desktop/Synthesizers.h"
+#include "ui/desktop/TextSize.h"
 #include "ui/desktop/Translated.h"
 
 namespace korvel::ui {
 namespace {
 
-constexpr int kColumns = 80;
-constexpr int kLines = 16;
+constexpr int kColumnsOfCheck = 80;
+constexpr int kLinesOfCheck = 16;
 constexpr std::chrono::milliseconds kPatience{20};
 
 }  // namespace
@@ -24,9 +25,7 @@ constexpr std::chrono::milliseconds kPatience{20};
 SelfCheckDialog::SelfCheckDialog(QWidget* parent)
     : QDialog(parent), m_checks(selfChecks(chosenSoundFont())), m_results(new QTreeWidget) {
   setWindowTitle(tr("Self Check"));
-  const QFontMetrics metrics(font());
-  const QSize wanted(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
-  resize(wanted.boundedTo(screen()->availableSize()));
+  resize(sizeOfText(*this, kColumnsOfCheck, kLinesOfCheck));
   m_results->setHeaderLabels({tr("Part"), tr("Result")});
   m_results->setRootIsDecorated(false);
   m_results->header()->setStretchLastSection(false);

@@ -8,14 +8,14 @@ namespace korvel::ui {
 namespace {
 
 /// What is fainter is not made larger, so that silence is flat.
-constexpr int kFaintest = 400;
+constexpr int kFaintestWave = 400;
 constexpr double kShareOfRoom = 0.46;  ///< Upwards, and downwards.
 
 }  // namespace
 
 WaveShape::WaveShape(const QRectF& room, int loudest)
     : m_middle(room.center().y()),
-      m_scale(kShareOfRoom * room.height() / std::max(loudest, kFaintest)) {}
+      m_scale(kShareOfRoom * room.height() / std::max(loudest, kFaintestWave)) {}
 
 void WaveShape::begin(double x) {
   finishPixel();

@@ -25,7 +25,7 @@
 namespace korvel::ui {
 namespace {
 
-constexpr int kAll = 100;
+constexpr int kPercent = 100;
 constexpr double kClicksAsTheyCome = 70;
 // Widths of sliders, in letters.
 constexpr int kLongSlider = 6;
@@ -107,9 +107,9 @@ PlayerBar::~PlayerBar() = default;
 
 void PlayerBar::addSpeed() {
   addWidget(new QLabel(tr("Speed") + ' '));
-  m_speed = addSlider(tr("Speed"), kSlowest, kFastest, kAll, kLongSlider);
+  m_speed = addSlider(tr("Speed"), kSlowest, kFastest, kPercent, kLongSlider);
   connect(m_speed, &QSlider::valueChanged, this,
-          [this](int percent) { setRate(static_cast<double>(percent) / kAll); });
+          [this](int percent) { setRate(static_cast<double>(percent) / kPercent); });
   m_beats = new QSpinBox;
   m_beats->setAccessibleName(tr("Beats a minute"));
   m_beats->setToolTip(tr("Beats a minute"));
@@ -122,7 +122,7 @@ void PlayerBar::addSpeed() {
 
 void PlayerBar::addVolume() {
   addWidget(new Picture(volumeIcon()));
-  m_volume = addSlider(tr("Volume"), 0, kAll, Preferences().volume(), kShortSlider);
+  m_volume = addSlider(tr("Volume"), 0, kPercent, Preferences().volume(), kShortSlider);
   connect(m_volume, &QSlider::valueChanged, this, [this](int value) {
     Preferences().setVolume(value);
     applyVolume();
@@ -136,13 +136,15 @@ QAction* PlayerBar::addSwitch(const QIcon& icon, const QString& title) {
 }
 
 void PlayerBar::addMix() {
-  const auto percent = [this] { return static_cast<int>(std::lround(m_mix.sound().mix * kAll)); };
+  const auto percent = [this] {
+    return static_cast<int>(std::lround(m_mix.sound().mix * kPercent));
+  };
   addWidget(new QLabel(' ' + tr("Recording") + ' '));
-  QSlider* mix = addSlider(tr("Recording or guitar"), 0, kAll, percent(), kShortSlider);
+  QSlider* mix = addSlider(tr("Recording or guitar"), 0, kPercent, percent(), kShortSlider);
   mix->setToolTip(tr("Left the recording is heard, right the guitar, in the middle both"));
   addWidget(new QLabel(' ' + tr("Guitar") + ' '));
   connect(mix, &QSlider::valueChanged, this,
-          [this](int value) { m_mix.setMix(static_cast<double>(value) / kAll); });
+          [this](int value) { m_mix.setMix(static_cast<double>(value) / kPercent); });
   connect(&m_mix, &SoundMix::changed, mix, [this, mix, percent] {
     m_practised = true;
     const QSignalBlocker asItIs(mix);
@@ -170,7 +172,7 @@ void PlayerBar::addMetronome() {
     m_player.setMetronome(on);
   });
   m_metronome->setChecked(Preferences().metronome());
-  m_clicks = addSlider(tr("Clicks"), 0, kAll, Preferences().clickVolume(), kShortSlider);
+  m_clicks = addSlider(tr("Clicks"), 0, kPercent, Preferences().clickVolume(), kShortSlider);
   const auto setClicks = [this](int value) { m_player.setClickVolume(value / kClicksAsTheyCome); };
   connect(m_clicks, &QSlider::valueChanged, this, [setClicks](int value) {
     Preferences().setClickVolume(value);
@@ -238,7 +240,7 @@ void PlayerBar::setRate(double rate) {
   m_practised = m_practised || rate != m_rate;
   m_rate = rate;
   const QSignalBlocker asItIs(m_speed);
-  m_speed->setValue(static_cast<int>(std::lround(rate * kAll)));
+  m_speed->setValue(static_cast<int>(std::lround(rate * kPercent)));
   showBeats();
   m_player.speedChanged();
 }
@@ -258,7 +260,7 @@ std::unique_ptr<platform::MusicPlayer> PlayerBar::newPlayer() {
 }
 
 void PlayerBar::applyVolume() {
-  if (m_sounding) m_sounding->setVolume(static_cast<float>(m_volume->value()) / kAll);
+  if (m_sounding) m_sounding->setVolume(static_cast<float>(m_volume->value()) / kPercent);
 }
 
 // ---- what the player shows
@@ -321,9 +323,9 @@ void PlayerBar::showTempo(double beatsPerMinute) {
   m_share->setVisible(m_tempo <= 0);
   const QSignalBlocker asItIs(m_beats);
   const auto at = [this](int percent) {
-    return static_cast<int>(std::lround(m_tempo * percent / kAll));
+    return static_cast<int>(std::lround(m_tempo * percent / kPercent));
   };
-  m_beats->setSuffix(tr(" of %1", "beats a minute of so many").arg(at(kAll)));
+  m_beats->setSuffix(tr(" of %1", "beats a minute of so many").arg(at(kPercent)));
   m_beats->setRange(at(kSlowest), at(kFastest));
   showBeats();
 }
@@ -334,6 +336,6 @@ void PlayerBar::showProblem(const platform::UserText& problem) {
 
 int PlayerBar::speed() const { return m_speed->value(); }
 
-int PlayerBar::fullSpeed() const { return kAll; }
+int PlayerBar::fullSpeed() const { return kPercent; }
 
 }  // namespace korvel::ui

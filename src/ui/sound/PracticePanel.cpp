@@ -23,7 +23,7 @@ namespace {
 
 constexpr double kPerCent = 100;
 constexpr double kCentsOfHalfTone = 100;
-constexpr double kMostHalfTones = 12;
+constexpr double kMostTransposed = 12;
 constexpr int kStringsOfGuitar = 6;
 constexpr int kSpeedStep = 5;
 
@@ -109,7 +109,7 @@ void PracticePanel::addRamp(QGridLayout& rows) {
 void PracticePanel::addSound(QGridLayout& rows) {
   m_apart = new QCheckBox(tr("Recording left, guitar right"));
   m_transpose = new QDoubleSpinBox;
-  m_transpose->setRange(-kMostHalfTones, kMostHalfTones);
+  m_transpose->setRange(-kMostTransposed, kMostTransposed);
   m_transpose->setDecimals(2);
   m_transpose->setAccessibleName(tr("Half tones that the recording is transposed by"));
   m_transpose->setSuffix(' ' + tr("half tones"));

@@ -29,7 +29,7 @@ using namespace std::chrono_literals;
 using State = LiveRecording::State;
 
 constexpr auto kTick = 50ms;
-constexpr int kAll = 100;
+constexpr int kFullLevel = 100;
 constexpr int kFewestLines = 3;
 
 LiveRecording::Options chosenOptions() {
@@ -57,7 +57,7 @@ RecordPanel::RecordPanel(QWidget* parent)
       m_level(new QProgressBar),
       m_time(new QLabel("0:00")),
       m_chords(new QPlainTextEdit) {
-  m_level->setRange(0, kAll);
+  m_level->setRange(0, kFullLevel);
   m_level->setTextVisible(false);
   m_level->setAccessibleName(tr("Level"));
   m_chords->setReadOnly(true);
@@ -107,7 +107,7 @@ void RecordPanel::start() {
   m_recording->onChord([this](QBChord& chord) { showChord(chord); });
   m_recording->onState([this](State state) { enter(state); });
   m_recording->onProgress(
-      [this](double share) { m_level->setValue(static_cast<int>(share * kAll)); });
+      [this](double share) { m_level->setValue(static_cast<int>(share * kFullLevel)); });
   try {
     m_recording->start();
     m_clock.start();
@@ -156,7 +156,7 @@ void RecordPanel::showChord(QBChord& chord) {
 
 void RecordPanel::tick() {
   if (!m_recording || m_recording->state() != State::recording) return;
-  m_level->setValue(static_cast<int>(m_recording->level() * kAll));
+  m_level->setValue(static_cast<int>(m_recording->level() * kFullLevel));
   const int seconds = static_cast<int>(m_recording->elapsed());
   m_time->setText(QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0')));
 }

@@ -30,7 +30,7 @@ constexpr int kFretsOfLongNeck = 24;
 constexpr int kInlays[] = {3, 5, 7, 9, 12, 15, 17, 19, 21, 24};
 
 // In heights of a line of text.
-constexpr double kMargin = 0.5;
+constexpr double kMarginOfNeck = 0.5;
 constexpr double kHeading = 1.5;
 constexpr double kNumbers = 1.4;
 constexpr double kLowestSpacing = 0.8;
@@ -138,15 +138,15 @@ void FretboardView::moveCursor(int string, int fret) {
 
 FretboardView::Neck FretboardView::neck() const {
   const double line = QFontMetricsF(font()).height();
-  Neck neck{line, kMargin * line, kMargin * line, 0, {}, frets()};
+  Neck neck{line, kMarginOfNeck * line, kMarginOfNeck * line, 0, {}, frets()};
   const QFontMetricsF names(bold(font()));
   neck.marks = neck.names + names.horizontalAdvance("Bb") + line;
   const double left = neck.marks + line;
-  const double top = (kMargin + kHeading) * line;
-  const double room = height() - top - (kNumbers + kMargin) * line;
+  const double top = (kMarginOfNeck + kHeading) * line;
+  const double room = height() - top - (kNumbers + kMarginOfNeck) * line;
   const double tall =
       std::clamp(room, kLowestSpacing * kStrings * line, kHighestSpacing * kStrings * line);
-  neck.board = QRectF(left, top, std::max(1.0, width() - left - 2 * kMargin * line), tall);
+  neck.board = QRectF(left, top, std::max(1.0, width() - left - 2 * kMarginOfNeck * line), tall);
   if (m_leftHanded) neck.mirror = width();
   return neck;
 }
@@ -154,14 +154,14 @@ FretboardView::Neck FretboardView::neck() const {
 QSize FretboardView::sizeHint() const {
   const double line = QFontMetricsF(font()).height();
   return QSizeF((5 + kBestFret * kFretsOfShortNeck) * line,
-                (kStrings * kBestSpacing + kHeading + kNumbers + 2 * kMargin) * line)
+                (kStrings * kBestSpacing + kHeading + kNumbers + 2 * kMarginOfNeck) * line)
       .toSize();
 }
 
 QSize FretboardView::minimumSizeHint() const {
   const double line = QFontMetricsF(font()).height();
   return QSizeF((5 + kNarrowestFret * kFretsOfShortNeck) * line,
-                (kStrings * kLowestSpacing + kHeading + kNumbers + 2 * kMargin) * line)
+                (kStrings * kLowestSpacing + kHeading + kNumbers + 2 * kMarginOfNeck) * line)
       .toSize();
 }
 

@@ -17,7 +17,7 @@ constexpr int kQuarter = 4;
 // In columns, of a note's place.
 constexpr double kStem = 1.5;
 constexpr double kFlag = 0.9;
-constexpr double kDot = 0.8;
+constexpr double kDotOfNote = 0.8;
 
 // In rows from the top string on.
 constexpr double kStemTop = 6.15;
@@ -110,7 +110,7 @@ void RhythmPainter::drawNote(QPainter& painter, const Note& note, int top) const
   }
   if (!note.sign.beam) drawFlags(painter, note, top, kStemEnd);
   if (note.sign.isDotted)
-    drawDot(painter, stem(note, top, dot) + QPointF(kDot * m_cell.width(), 0));
+    drawDot(painter, stem(note, top, dot) + QPointF(kDotOfNote * m_cell.width(), 0));
 }
 
 /// What is held has no beams.
@@ -125,8 +125,8 @@ void RhythmPainter::drawLower(QPainter& painter, const Note& note, int top) cons
   }
   drawFlags(painter, note, top, kLowerEnd);
   if (note.sign.isDotted)
-    drawDot(painter,
-            stem(note, top, hasHead ? kLowerHead : kLowerDot) + QPointF(kDot * m_cell.width(), 0));
+    drawDot(painter, stem(note, top, hasHead ? kLowerHead : kLowerDot) +
+                         QPointF(kDotOfNote * m_cell.width(), 0));
 }
 
 void RhythmPainter::drawDot(QPainter& painter, const QPointF& center) const {
@@ -173,7 +173,7 @@ void RhythmPainter::drawRest(QPainter& painter, const Note& note, int top) const
   } else {
     drawShortRest(painter, center, note.sign.flags());
   }
-  if (note.sign.isDotted) drawDot(painter, center + QPointF(kDot * m_cell.width(), 0));
+  if (note.sign.isDotted) drawDot(painter, center + QPointF(kDotOfNote * m_cell.width(), 0));
 }
 
 /// A block that hangs from a line or lies on it.

@@ -10,23 +10,17 @@
 #include <QTimer>
 
 #include "ui/desktop/Preferences.h"
+#include "ui/desktop/TextSize.h"
 
 namespace korvel::ui {
 namespace {
 
 // Of the first window, in letters and lines.
-constexpr int kColumns = 106;
-constexpr int kLines = 60;
+constexpr int kColumnsAtFirst = 106;
+constexpr int kLinesAtFirst = 60;
 // In smaller ones panels share a place, one before the other.
 constexpr int kLinesForTwoRows = 40;
 constexpr int kColumnsForTwoPanels = 70;
-constexpr double kMostOfScreen = 0.95;  // the frame takes some
-
-QSize firstSize(const QWidget& window) {
-  const QFontMetrics metrics(window.font());
-  const QSize wanted(kColumns * metrics.horizontalAdvance('m'), kLines * metrics.lineSpacing());
-  return wanted.boundedTo(window.screen()->availableSize() * kMostOfScreen);
-}
 
 /// Gives a panel the width back that the user gave it, once the window has room for it again.
 class KeptWidth final : public QObject {
@@ -113,7 +107,7 @@ QDockWidget* Panels::add(const QString& title, const char* name, QWidget* conten
 }
 
 void Panels::arrange() {
-  const QSize size = firstSize(m_window);
+  const QSize size = sizeOfText(m_window, kColumnsAtFirst, kLinesAtFirst);
   m_window.resize(size);  // or the panels would share what is there before the window shows
   const QFontMetrics metrics(m_window.font());
   const bool isFlat = size.height() < kLinesForTwoRows * metrics.lineSpacing();

@@ -134,12 +134,6 @@ std::vector<std::string> recordingsOf(const ImportOptions& options) {
   return recordings;
 }
 
-/// The line for a file that could not be imported names it, whatever went wrong.
-std::string problemOf(const std::string& file, const std::exception& error) {
-  const std::string what = platform::textOf(error).english();
-  return what.starts_with(file) ? what : file + " was not imported: " + what;
-}
-
 void printSongs(const ImportOptions& options, const std::vector<QBSong*>& songs) {
   if (options.files.size() > 1)
     Console::attached().print(songsAsJson(songs));
@@ -164,7 +158,7 @@ int importFiles(const ImportOptions& options) {
                           ? songOfPiece(options, file, tuning)
                           : importFile(options, file, tuning, ahead ? ahead->next() : nullptr));
     } catch (const std::exception& error) {
-      Console::attached().error(problemOf(file, error));
+      Console::attached().errorOf(file, " was not imported", error);
       status = EXIT_FAILURE;
       continue;
     }
@@ -182,7 +176,7 @@ int listTracks(const ImportOptions& options) {
       if (options.files.size() > 1) Console::attached().printLine(file + ':');
       printTracks(file);
     } catch (const std::exception& error) {
-      Console::attached().error(problemOf(file, error));
+      Console::attached().errorOf(file, " was not imported", error);
       status = EXIT_FAILURE;
     }
   }

@@ -112,12 +112,6 @@ void transcribeOne(const TranscribeOptions& options) {
   outputs.write(heardIn(options.files.front(), *listening), open);
 }
 
-/// Names the file, whatever went wrong.
-std::string problemOf(const std::string& file, const std::exception& error) {
-  const std::string what = platform::textOf(error).english();
-  return what.starts_with(file) ? what : file + ": " + what;
-}
-
 /// A file that cannot be heard is reported; the others go on. Answers the exit status.
 int transcribeAll(const TranscribeOptions& options) {
   ListeningAhead ahead(options.files, openStrings(options), options.settings);
@@ -126,7 +120,7 @@ int transcribeAll(const TranscribeOptions& options) {
     try {
       heard.push_back(heardIn(file, *ahead.next()).notes);
     } catch (const std::exception& error) {
-      Console::attached().error(problemOf(file, error));
+      Console::attached().errorOf(file, "", error);
     }
   }
   Console::attached().print(notesAsJson(heard));
