@@ -8,7 +8,9 @@ extern "C" {
 }
 #include <sndfile.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <vector>
 
 #include "platform/files/NewFile.h"
@@ -73,6 +75,10 @@ class FlacCopy::Copying {
     return true;
   }
 
+  double seconds() const {
+    return m_rate > 0 ? static_cast<double>(m_copied) / static_cast<double>(m_rate) : 0;
+  }
+
   void finish() {
     if (!m_encoder) throw MediaError(m_asset.file(), phrase("Message", "there is no sound in it"));
     errno = 0;
@@ -116,6 +122,7 @@ class FlacCopy::Copying {
     errno = 0;
     if (done > 0 && sf_writef_int(m_encoder.get(), m_samples.data(), done) != done)
       throw FileError(m_file.file(), FileError::kCannotWrite, errno != 0 ? errno : EIO);
+    m_copied += std::max(done, 0);
   }
 
   const MediaAsset m_asset;
@@ -125,6 +132,7 @@ class FlacCopy::Copying {
   std::unique_ptr<SNDFILE, CloseEncoder> m_encoder;
   std::unique_ptr<SwrContext, FreeConversion> m_conversion;
   std::vector<int> m_samples;
+  std::int64_t m_copied = 0;  ///< Frames.
   int m_rate = 0;
   int m_channels = 0;
   int m_format = -1;
@@ -136,6 +144,8 @@ FlacCopy::FlacCopy(const std::filesystem::path& recording, const std::filesystem
 FlacCopy::~FlacCopy() = default;
 
 bool FlacCopy::step() { return m_copying->step(); }
+
+double FlacCopy::seconds() const { return m_copying->seconds(); }
 
 void FlacCopy::finish() { m_copying->finish(); }
 

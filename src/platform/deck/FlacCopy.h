@@ -19,6 +19,8 @@ class FlacCopy {
 
   /// Copies some milliseconds' work of it; false at the end.
   bool step();
+  /// Seconds of the recording that are copied.
+  double seconds() const;
   /// Once only, at the end.
   void finish();
 

@@ -4,7 +4,8 @@
 #include <QActionGroup>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
+#include <QPointer>
+#include <memory>
 
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
@@ -15,8 +16,10 @@
 #include "ui/sound/Moments.h"
 #include "ui/sound/SoundMix.h"
 #include "ui/views/TablatureView.h"
+#include "workflow/recordings/KeepSoundCommand.h"
 #include "workflow/recordings/KeptSounds.h"
 #include "workflow/recordings/RecordingSound.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
 
@@ -107,13 +110,14 @@ void RecordingMenu::keepFrom(const QString& file) {
 void RecordingMenu::keep() {
   const SongRecording* recording = m_song ? m_song->recording() : nullptr;
   if (!recording) return;
-  const RecordingSound found = openRecording(*m_song);
-  if (!found.sound) return emit said(translated(found.problem));
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const QString refusal =
-      refusalOf([&] { keepingSound(*recording, *fileOfRecording(*recording)).finish(); });
-  QGuiApplication::restoreOverrideCursor();
-  emit said(refusal.isEmpty() ? tr("A copy of the recording is kept with the songs") : refusal);
+  const auto job = std::make_shared<KeepSoundCommand>(*m_song);
+  job->onEnded([menu = QPointer(this)](const platform::UserText& problem) {
+    if (menu)
+      emit menu->said(problem.empty() ? tr("A copy of the recording is kept with the songs")
+                                      : translated(problem));
+  });
+  QBSession::session().addJob(job);
+  job->runInBackground();
 }
 
 }  // namespace korvel::ui

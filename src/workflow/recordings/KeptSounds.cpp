@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/recordings/KeptSounds.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <system_error>
@@ -52,8 +53,9 @@ platform::Slices keepingSound(const SongRecording& recording, fs::path file) {
   const fs::path kept = keptSoundOf(recording);
   if (kept.empty() || platform::isThere(kept)) co_return;
   platform::makePrivateFolders(kept.parent_path());
+  const double seconds = recording.seconds();
   platform::FlacCopy copy(file, kept);
-  while (copy.step()) co_yield 0;
+  while (copy.step()) co_yield seconds > 0 ? std::min(copy.seconds() / seconds, 1.0) : 0;
   copy.finish();
 }
 

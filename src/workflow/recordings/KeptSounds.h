@@ -17,7 +17,8 @@ class SongRecording;
 /// Where the copy of a recording is, or would be; empty for one without a hash.
 std::filesystem::path keptSoundOf(const SongRecording& recording);
 
-/// Copies the sound of a file that has the recording's content, unless there is a copy already.
+/// Copies the sound of a file that has the recording's content, unless there is a copy already. The
+/// recording is asked before the first step ends, and may go afterwards.
 /// What the format cannot hold, and a full disk, throws FileError and leaves nothing.
 platform::Slices keepingSound(const SongRecording& recording, std::filesystem::path file);
 

@@ -76,6 +76,12 @@ std::optional<fs::path> fileOfRecording(const SongRecording& recording, Proof pr
   return isThereAsFile(kept) ? std::optional(kept) : std::nullopt;
 }
 
+fs::path requireRecordingFile(const SongRecording& recording, Proof proof) {
+  const auto file = fileOfRecording(recording, proof);
+  if (!file) throw EditRefused(whyNowhere(recording));
+  return *file;
+}
+
 RecordingSound openRecording(const QBSong& song, Proof proof) {
   const SongRecording* recording = song.recording();
   if (!recording) return {nullptr, UserText(kNone, song.title())};

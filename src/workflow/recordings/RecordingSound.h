@@ -36,6 +36,10 @@ RecordingSound openRecording(const QBSong& song, Proof proof = Proof::content);
 std::optional<std::filesystem::path> fileOfRecording(const SongRecording& recording,
                                                      Proof proof = Proof::content);
 
+/// The same; throws EditRefused with what to do where it is nowhere.
+std::filesystem::path requireRecordingFile(const SongRecording& recording,
+                                           Proof proof = Proof::content);
+
 /// Whether the file has the recording's content, whatever its name.
 bool isRecording(const SongRecording& recording, const std::filesystem::path& file,
                  Proof proof = Proof::content);
