@@ -9,6 +9,7 @@
 #include "workflow/recordings/FileContent.h"
 #include "workflow/recordings/KeepSoundCommand.h"
 #include "workflow/recordings/KeptSounds.h"
+#include "workflow/recordings/PlacedRecording.h"
 
 namespace korvel {
 namespace {
@@ -64,6 +65,29 @@ TEST_F(RecordingsTest, aCopyIsKeptAsAWholeOrNotAtAll) {
   EXPECT_TRUE(fs::exists(kept));
   EXPECT_EQ(job.m_percent, QBCommand::kAll);
   EXPECT_EQ(m_views.log.back(), "a: a copy of the recording is kept.");
+}
+
+TEST_F(RecordingsTest, whatWasMovedTogetherIsFoundTogether) {
+  const fs::path before = m_folder.path() / "old";
+  const fs::path after = m_folder.path() / "new";
+  QBSong* song = songOf(before / "a.wav", 100);
+  const QBSong* moved = songOf(before / "live" / "b.wav", 200);
+  const QBSong* other = songOf(before / "c.wav", 300);
+  const QBSong* elsewhere = songOf(m_folder.path() / "d.wav", 400);
+  const QBSong* left = songOf(before / "e.wav", 500);
+  fs::copy(before, after, fs::copy_options::recursive);
+  for (const char* name : {"a.wav", "live/b.wav", "c.wav"}) fs::remove(before / name);
+  fs::copy(after / "a.wav", after / "c.wav", fs::copy_options::overwrite_existing);
+  fs::rename(after / "a.wav", after / "first.wav");
+
+  readingPlaced(*song, after / "first.wav").finish();
+  EXPECT_EQ(placeRecording(*song, after / "first.wav"), 1U);
+  EXPECT_EQ(song->recording()->path(), (after / "first.wav").string());
+  EXPECT_EQ(moved->recording()->path(), (after / "live" / "b.wav").string());
+  EXPECT_EQ(other->recording()->path(), (before / "c.wav").string()) << "of another content there";
+  EXPECT_EQ(left->recording()->path(), (before / "e.wav").string()) << "was not lost";
+  EXPECT_EQ(elsewhere->recording()->path(), m_folder.file("d.wav"));
+  EXPECT_EQ(m_views.log.back(), "Recordings found again: 2.");
 }
 
 }  // namespace

@@ -20,10 +20,12 @@
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/CalibrationDialog.h"
 #include "ui/dialogs/TuningDialog.h"
+#include "ui/dialogs/hearing/StepsDialog.h"
 #include "ui/library/PieceImports.h"
 #include "workflow/hearing/KnownRecordings.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/LibraryEdits.h"
+#include "workflow/recordings/PlacedRecording.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/QBSession.h"
@@ -136,8 +138,12 @@ void LibraryActions::importFile(const QString& file, QBAlbum* into) {
 /// A song whose recording was moved has it again.
 void LibraryActions::giveRecording(QBSong& song, const QString& file) {
   const SongRecording* recording = song.recording();
-  if (!recording || isRecording(*recording, recording->path())) return;
-  attempt([&] { placeRecording(song, file.toStdString()); });
+  if (!recording || isRecording(*recording, recording->path(), Proof::atOnce)) return;
+  attempt([&] {
+    const std::string path = file.toStdString();
+    if (workThrough(readingPlaced(song, path), tr("Reading the recording ..."), m_window))
+      placeRecording(song, path);
+  });
 }
 
 void LibraryActions::goOn(const ImportUnderWay& left) {

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
@@ -13,11 +15,13 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
+#include "ui/dialogs/hearing/StepsDialog.h"
 #include "ui/sound/Moments.h"
 #include "ui/sound/SoundMix.h"
 #include "ui/views/TablatureView.h"
 #include "workflow/recordings/KeepSoundCommand.h"
 #include "workflow/recordings/KeptSounds.h"
+#include "workflow/recordings/PlacedRecording.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/QBSession.h"
 
@@ -87,10 +91,21 @@ void RecordingMenu::find(QBSong& song) {
   const QString file = QFileDialog::getOpenFileName(parentWidget(), tr("Find Recording"),
                                                     Preferences().importFolder());
   if (file.isEmpty() || kept->isDeleted()) return;
-  const QString refusal = refusalOf([&] { placeRecording(*kept, file.toStdString()); });
-  emit said(refusal.isEmpty()
-                ? tr("%1 is the recording of the song").arg(QFileInfo(file).fileName())
-                : refusal);
+  std::optional<std::size_t> others;
+  const QString refusal = refusalOf([&] {
+    const std::string path = file.toStdString();
+    if (workThrough(readingPlaced(*kept, path), tr("Reading the recording ..."), parentWidget()))
+      others = placeRecording(*kept, path);
+  });
+  if (!refusal.isEmpty()) return emit said(refusal);
+  if (!others) return;
+  const QString name = QFileInfo(file).fileName();
+  emit said(*others == 0 ? tr("%1 is the recording of the song").arg(name)
+                         : tr("%1 is the recording of the song; others that were lost with it and "
+                              "are there, too: %2")
+                               .arg(name)
+                               .arg(*others));
+  emit found();
 }
 
 void RecordingMenu::lookForLost() {

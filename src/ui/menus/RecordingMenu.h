@@ -33,7 +33,7 @@ class RecordingMenu final : public QMenu {
   void setSong(QBSong* song);
   /// Has a copy kept of the song's recording, if that lies in the file.
   void keepFrom(const QString& file);
-  /// Asks where the recording of a song is now.
+  /// Asks where the recording of a song is now; others that were lost with it are taken, too.
   void find(QBSong& song);
   /// Something could not be heard: tells once of each recording if it is lost.
   void lookForLost();
@@ -41,6 +41,8 @@ class RecordingMenu final : public QMenu {
  signals:
   /// The recording of the song is not there any more, or another one by now.
   void lost(QBSong* song, const QString& name);
+  /// Lost recordings of songs were found.
+  void found();
   /// One line: with what to do, or that it is done.
   void said(const QString& text);
 

@@ -234,6 +234,7 @@ void MainWindow::addPlayMenu() {
   menu->addMenu(m_recordingMenu);
   connect(m_recordingMenu, &RecordingMenu::said, this, &MainWindow::say);
   connect(m_recordingMenu, &RecordingMenu::lost, this, &MainWindow::offerToFind);
+  connect(m_recordingMenu, &RecordingMenu::found, m_shown, &ShownSong::refresh);
   connect(m_player, &PlayerBar::refused, m_recordingMenu, &RecordingMenu::lookForLost);
   connect(m_moments, &Moments::refused, m_recordingMenu, &RecordingMenu::lookForLost);
   connect(m_moments, &Moments::unheard, m_recordingMenu, &RecordingMenu::lookForLost);

@@ -176,7 +176,6 @@ bool ShownSong::changeLoop(const std::function<void(QBSong&)>& change) {
   return refusal.isEmpty();
 }
 
-/// After a change of the song.
 void ShownSong::refresh() {
   m_views.tablature.refresh();
   m_views.page.view().refresh();

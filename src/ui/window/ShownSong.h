@@ -52,6 +52,8 @@ class ShownSong final : public QObject {
   void endLoop();
   /// Answers whether its passage is the song's loop now, or the song has none as it is to be.
   bool choosePassage(const Practice& practice);
+  /// After a change of the song, or of where its recording is.
+  void refresh();
 
  signals:
   /// Where the cursor is, in words.
@@ -68,7 +70,6 @@ class ShownSong final : public QObject {
   void showCursor(int chord);
   void showGrip(int chord);
   void showPlaying();
-  void refresh();
   bool changeLoop(const std::function<void(QBSong&)>& change);
 
   Views m_views;

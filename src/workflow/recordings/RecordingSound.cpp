@@ -10,7 +10,6 @@
 #include "platform/files/FileError.h"
 #include "workflow/recordings/FileContent.h"
 #include "workflow/recordings/KeptSounds.h"
-#include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 
 namespace korvel {
@@ -92,17 +91,6 @@ RecordingSound openRecording(const QBSong& song, Proof proof) {
   } catch (const platform::FileError& error) {
     return {nullptr, error.text()};
   }
-}
-
-void placeRecording(QBSong& song, const fs::path& file) {
-  SongRecording* recording = song.recording();
-  if (!recording) throw EditRefused(kNone, song.title());
-  if (!isRecording(*recording, file))
-    throw EditRefused(phrase("Message", "%1: is not the recording that the song was heard in"),
-                      file.string());
-  Edit edit(song, phrase("UndoAction", "Find Recording"));
-  recording->setPath(fs::absolute(file).string());
-  edit.done(phrase("Log", "Recording found again."));
 }
 
 }  // namespace korvel

@@ -44,8 +44,4 @@ std::filesystem::path requireRecordingFile(const SongRecording& recording,
 bool isRecording(const SongRecording& recording, const std::filesystem::path& file,
                  Proof proof = Proof::content);
 
-/// The recording of a song lies there from now on, which is saved. Throws EditRefused when the song
-/// has none, or the file is another one.
-void placeRecording(QBSong& song, const std::filesystem::path& file);
-
 }  // namespace korvel

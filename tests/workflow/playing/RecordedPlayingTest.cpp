@@ -15,6 +15,7 @@
 #include "workflow/playing/QBPlayerViewController.h"
 #include "workflow/playing/RecordedMoment.h"
 #include "workflow/recordings/FileContent.h"
+#include "workflow/recordings/PlacedRecording.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"

@@ -12,6 +12,7 @@
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
 #include "workflow/recordings/KeptSounds.h"
+#include "workflow/recordings/PlacedRecording.h"
 #include "workflow/recordings/RecordingSound.h"
 
 namespace korvel::cli {
@@ -26,7 +27,10 @@ struct RecordingOfSongOptions {
 void printRecording(const RecordingOfSongOptions& options) {
   QBSong& song = chooseSong(options.song);
   const Unlogged quiet;
-  if (options.file) placeRecording(song, *options.file);
+  if (options.file) {
+    if (const std::size_t others = placeRecording(song, *options.file); others > 0)
+      Console::attached().note("other recordings that are there, too: " + std::to_string(others));
+  }
   const RecordingSound found = openRecording(song);
   if (!found.sound) throw CliError(found.problem.english());
   const std::filesystem::path file = *fileOfRecording(*song.recording());
