@@ -7,6 +7,7 @@
 #include <QSpinBox>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <exception>
 
 #include "model/instruments/SongTuning.h"
@@ -22,6 +23,7 @@
 #include "ui/page/PageView.h"
 #include "ui/page/WordsDialog.h"
 #include "workflow/editing/words/LyricsEdits.h"
+#include "workflow/sheets/SongGrips.h"
 
 namespace korvel::ui {
 namespace {
@@ -156,14 +158,53 @@ void PageDesk::pasteWords() {
 
 void PageDesk::showGrips() {
   if (!m_song) return;
-  GripsDialog dialog(
-      rememberedPageOf(*m_song),
-      [this](int grip) {
-        chooseShape(grip);
-        return rememberedPageOf(*m_song);
-      },
-      this);
+  GripsDialog dialog(rememberedPageOf(*m_song), this);
+  const auto gripAt = [this](int grip) {
+    return rememberedPageOf(*m_song).grips.at(static_cast<std::size_t>(grip));
+  };
+  const auto renew = [&] {
+    const PageSource source = pageSourceOf(*m_song);
+    const SongPage page = rememberedPageOf(*m_song);
+    dialog.setPage(page);
+    dialog.offerSong(isAsPlayed(source), gripAtCursor(source, page));
+  };
+  connect(&dialog, &GripsDialog::shapeWanted, this, [&](int grip) {
+    chooseShape(grip);
+    renew();
+  });
+  connect(&dialog, &GripsDialog::pageWanted, this, [&](int grip, const ChordShape& shape) {
+    showShape(gripAt(grip), shape);
+    renew();
+  });
+  connect(&dialog, &GripsDialog::songWanted, this,
+          [&](int grip, const ChordShape& shape, bool everywhere) {
+            try {
+              const PageGrip chosen = gripAt(grip);
+              playShape(chosen.index, shape, everywhere);
+              // The page shows what is played.
+              if (everywhere) forgetShape(chosen);
+              renew();
+            } catch (const std::exception& problem) {
+              dialog.tell(translated(problem));
+            }
+          });
+  renew();
   dialog.exec();
+}
+
+/// Otherwise its shapes are those of other chords than the song's.
+bool PageDesk::isAsPlayed(const PageSource& source) const {
+  return m_look.options.halfTones == 0 && m_look.options.capo.value_or(source.capo) == source.capo;
+}
+
+int PageDesk::gripAtCursor(const PageSource& source, const SongPage& page) const {
+  const PageSource::Chord* chord = chordAtIndex(source, m_view->cursor());
+  if (!chord) return -1;
+  const auto grip = std::ranges::find_if(page.grips, [&](const PageGrip& each) {
+    const PageSource::Chord* first = chordAtIndex(source, each.index);
+    return first && isCalledAlike(*first, *chord);
+  });
+  return grip == page.grips.end() ? -1 : static_cast<int>(grip - page.grips.begin());
 }
 
 /// Of what the hand plays, counted from the capo.
@@ -171,12 +212,33 @@ void PageDesk::chooseShape(int grip) {
   if (!m_song) return;
   const SongPage page = rememberedPageOf(*m_song);
   if (grip >= static_cast<int>(page.grips.size())) return;
-  const QString name = toText(page.grips[static_cast<std::size_t>(grip)].shape);
-  ShapeDialog dialog(openStringsOf(m_song), name.section('/', 0, 0), this);
+  const PageGrip& chosen = page.grips[static_cast<std::size_t>(grip)];
+  ShapeDialog dialog(openStringsOf(m_song), toText(chosen.shape).section('/', 0, 0), this);
   dialog.keepName();
-  if (dialog.exec() != QDialog::Accepted) return;
-  const QString chosen = toText(shorthandOf(dialog.shape()));
-  change([&](PageLook& look) { look.shapes[name] = chosen; });
+  if (dialog.exec() == QDialog::Accepted) showShape(chosen, dialog.shape());
+}
+
+void PageDesk::showShape(const PageGrip& grip, const ChordShape& shape) {
+  const QString shorthand = toText(shorthandOf(shape));
+  change([&](PageLook& look) { look.shapes[toText(grip.shape)] = shorthand; });
+}
+
+void PageDesk::forgetShape(const PageGrip& grip) {
+  change([&](PageLook& look) { look.shapes.remove(toText(grip.shape)); });
+}
+
+/// Throws what the edit does.
+void PageDesk::playShape(int index, const ChordShape& shape, bool everywhere) {
+  const PageSource source = pageSourceOf(*m_song);
+  ChordSpan within{0, static_cast<int>(std::ssize(m_song->allChords())) - 1};
+  if (const PageSource::Chord* here = chordAtIndex(source, m_view->cursor()); here && !everywhere) {
+    const auto next =
+        std::ranges::upper_bound(source.chords, here->tick, {}, &PageSource::Chord::tick);
+    within.first = here->index;
+    if (next != source.chords.end()) within.last = next->index - 1;
+  }
+  holdChord(*m_song, index, shape, within);
+  emit edited();
 }
 
 void PageDesk::attempt(const std::function<void(QBSong&)>& edit) {

@@ -45,6 +45,11 @@ class PageDesk final : public QWidget {
   void pasteWords();
   void showGrips();
   void chooseShape(int grip);
+  void showShape(const PageGrip& grip, const ChordShape& shape);
+  void forgetShape(const PageGrip& grip);
+  void playShape(int index, const ChordShape& shape, bool everywhere);
+  bool isAsPlayed(const PageSource& source) const;
+  int gripAtCursor(const PageSource& source, const SongPage& page) const;
   /// Makes an edit and tells why it was refused.
   void attempt(const std::function<void(QBSong&)>& edit);
 

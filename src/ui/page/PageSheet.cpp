@@ -226,7 +226,9 @@ void PageSheet::addOtherGrips() {
     double x = cell + m_line;
     for (const ChordShape& other : grip.others) {
       if (x + cell > m_width) break;
-      addGrip({x, m_y + m_line, cell, tall - m_line}, other, {});
+      const QRectF beside(x, m_y + m_line, cell, tall - m_line);
+      addGrip(beside, other, {});
+      m_grips.push_back({beside, i, static_cast<int>(&other - grip.others.data())});
       x += cell;
     }
     m_y += tall + m_line;

@@ -39,6 +39,7 @@ class PageSheet {
   struct Grip {
     QRectF place;
     int grip;
+    int other = -1;  ///< Among its `others`; -1 for the one of the page.
   };
   /// What is not to be torn apart at the end of a sheet of paper.
   struct Band {

@@ -38,6 +38,7 @@ class PageView final : public QAbstractScrollArea, public SpokenView {
   const SongPage& page() const { return m_page; }
   const PageSheet& sheet() const { return m_sheet; }
   int zoom() const { return m_zoom; }
+  int cursor() const { return m_chord; }
   /// Where a chord is drawn, in coordinates of the viewport; empty where it is not.
   QRect chordRect(int chord) const;
 

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
 #include "support/songs/SongDesk.h"
+#include "tab/layout/ChordGrip.h"
+#include "ui/page/GripsDialog.h"
 #include "ui/page/GripsSheet.h"
 #include "ui/page/PageDesk.h"
 #include "ui/page/PageView.h"
@@ -32,6 +36,11 @@ struct PageTest : testing::Test {
     for (auto* each : m_desk.findChildren<Control*>())
       if (each->accessibleName() == name) return *each;
     throw std::runtime_error(name.toStdString());
+  }
+  static QPushButton& button(QWidget& around, const QString& text) {
+    for (auto* each : around.findChildren<QPushButton*>())
+      if (each->text() == text) return *each;
+    throw std::runtime_error(text.toStdString());
   }
   const PageBar& bar(std::size_t section, std::size_t number) const {
     return m_view.page().sections.at(section).bars.at(number);
@@ -117,10 +126,36 @@ TEST_F(PageTest, lookIsRememberedWithTheSongAndWritten) {
   EXPECT_TRUE(written("page.pdf").starts_with("%PDF-"));
   GripsSheet grips(page);
   grips.resize(500, 900);
-  const QSignalSpy clicked(&grips, &GripsSheet::clicked);
+  const QSignalSpy clicked(&grips, &GripsSheet::chosen);
   QTest::mouseClick(&grips, Qt::LeftButton, {}, grips.placeOf(1));
   ASSERT_EQ(clicked.count(), 1);
   EXPECT_EQ(clicked[0][0].toInt(), 1);
+}
+
+TEST_F(PageTest, gripsAreChosenByKeysAndPlayed) {
+  m_view.showCursor(1);
+  const ChordShape other = m_view.page().grips.at(1).others.at(1);
+  QString spoken;
+  bool isAtCursor = false;
+  QTimer::singleShot(0, &m_desk, [&] {
+    auto& dialog = *m_desk.findChild<GripsDialog*>();
+    auto& sheet = *dialog.findChild<GripsSheet*>();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Right})
+      QTest::keyClick(&sheet, key);
+    spoken = sheet.spokenText();
+    QTest::keyClick(&sheet, Qt::Key_Return);
+    EXPECT_EQ(m_view.page().grips.at(1).frets, other);
+    isAtCursor = button(dialog, "Play at the Cursor").isEnabled();
+    button(dialog, "Play in the Song").click();
+    dialog.reject();
+  });
+  button(m_desk, "Grips ...").click();
+  EXPECT_TRUE(spoken.startsWith("Am: ") && spoken.contains(", other 2 of "))
+      << spoken.toStdString();
+  EXPECT_TRUE(isAtCursor);
+  for (const std::size_t chord : {1U, 5U})
+    EXPECT_EQ(ChordGrip(*m_song.allChords()[chord]).shorthand(), shorthandOf(other));
+  EXPECT_TRUE(RememberedPages().of(m_song).shapes.isEmpty()) << "it is the song's own now";
 }
 
 }  // namespace
