@@ -334,6 +334,10 @@
         <source>Song Export</source>
         <translation>Song-Export</translation>
     </message>
+    <message>
+        <source>Copy of a Recording</source>
+        <translation>Kopie einer Aufnahme</translation>
+    </message>
 </context>
 <context>
     <name>LeftOut</name>
@@ -759,6 +763,22 @@
     <message>
         <source>Song strummed.</source>
         <translation>Song in ein Schlagmuster gebracht.</translation>
+    </message>
+    <message>
+        <source>%1: a copy of the recording is kept.</source>
+        <translation>%1: Eine Kopie der Aufnahme wird behalten.</translation>
+    </message>
+    <message>
+        <source>%1: cancelled, no copy of the recording is kept.</source>
+        <translation>%1: abgebrochen, es wird keine Kopie der Aufnahme behalten.</translation>
+    </message>
+    <message>
+        <source>Recordings found again: %1.</source>
+        <translation>Aufnahmen wiedergefunden: %1.</translation>
+    </message>
+    <message>
+        <source>%1 is held as %2 now.</source>
+        <translation>%1 wird jetzt als %2 gegriffen.</translation>
     </message>
 </context>
 <context>
@@ -1502,6 +1522,14 @@
     <message>
         <source>%1: the recording ends before this place</source>
         <translation>%1: Die Aufnahme endet vor dieser Stelle</translation>
+    </message>
+    <message>
+        <source>there is nowhere a grip of %1 that could be another one</source>
+        <translation>nirgends wird %1 mit einem Griff gespielt, der ein anderer sein könnte</translation>
+    </message>
+    <message>
+        <source>%1 sounds other notes than %2</source>
+        <translation>%1 lässt andere Töne klingen als %2</translation>
     </message>
 </context>
 <context>
@@ -2392,6 +2420,13 @@
     </message>
 </context>
 <context>
+    <name>Steps</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>Strumming</name>
     <message>
         <source>On the beats</source>
@@ -2959,6 +2994,10 @@
     <message>
         <source>Retune Song</source>
         <translation>Song umstimmen</translation>
+    </message>
+    <message>
+        <source>Choose Grip</source>
+        <translation>Griff wählen</translation>
     </message>
 </context>
 <context>
@@ -3834,16 +3873,37 @@
         <translation>Als PDF exportieren ...</translation>
     </message>
     <message>
-        <source>A click on a grip at the left chooses another one.</source>
-        <translation>Ein Klick auf einen Griff links wählt einen anderen.</translation>
-    </message>
-    <message>
         <source>Export as PDF</source>
         <translation>Als PDF exportieren</translation>
     </message>
     <message>
         <source>PDF documents (*.pdf)</source>
         <translation>PDF-Dokumente (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Play in the Song</source>
+        <translation>Im Song spielen</translation>
+    </message>
+    <message>
+        <source>Play at the Cursor</source>
+        <translation>Am Cursor spielen</translation>
+    </message>
+    <message>
+        <source>All places of this chord in the song are played in this grip</source>
+        <translation>Überall im Song wird dieser Akkord mit diesem Griff gespielt</translation>
+    </message>
+    <message>
+        <source>The chord at the song&apos;s cursor is played in this grip</source>
+        <translation>Der Akkord am Cursor des Songs wird mit diesem Griff gespielt</translation>
+    </message>
+    <message>
+        <source>The arrow keys go to a grip. Enter or a click puts one of the others on the page; on the page&apos;s own it asks for any other one.</source>
+        <translation>Die Pfeiltasten gehen zu einem Griff. Enter oder ein Klick setzt einen der anderen auf das Blatt; auf dem des Blatts selbst fragen sie nach irgendeinem anderen.</translation>
+    </message>
+    <message>
+        <source>%1 grips</source>
+        <comment>the title of a song</comment>
+        <translation>%1 Griffe</translation>
     </message>
 </context>
 <context>
@@ -3853,9 +3913,17 @@
         <translation>Griffe</translation>
     </message>
     <message>
-        <source>%1: %2</source>
+        <source>No chord of this song has a name</source>
+        <translation>Kein Akkord dieses Songs hat einen Namen</translation>
+    </message>
+    <message>
+        <source>%1: %2, on the page</source>
         <comment>a chord and its frets</comment>
-        <translation>%1: %2</translation>
+        <translation>%1: %2, auf dem Blatt</translation>
+    </message>
+    <message>
+        <source>%1: %2, other %3 of %4</source>
+        <translation>%1: %2, anderer %3 von %4</translation>
     </message>
 </context>
 <context>
@@ -4116,6 +4184,10 @@
     <message>
         <source>New from %1</source>
         <translation>Neu aus %1</translation>
+    </message>
+    <message>
+        <source>Reading the recording ...</source>
+        <translation>Die Aufnahme wird gelesen ...</translation>
     </message>
 </context>
 <context>
@@ -4881,6 +4953,18 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Re&amp;cording</source>
         <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Hear Clicked Notes</source>
+        <translation>Angeklickte Töne hören</translation>
+    </message>
+    <message>
+        <source>Reading the recording ...</source>
+        <translation>Die Aufnahme wird gelesen ...</translation>
+    </message>
+    <message>
+        <source>%1 is the recording of the song; others that were lost with it and are there, too: %2</source>
+        <translation>%1 ist die Aufnahme des Songs; andere, die mit ihr verloren waren und auch dort sind: %2</translation>
     </message>
 </context>
 <context>
