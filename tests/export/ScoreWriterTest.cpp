@@ -4,6 +4,7 @@
 #include "export/score/NoteValues.h"
 #include "export/score/SongScore.h"
 #include "export/score/Spelling.h"
+#include "model/songs/SongLyrics.h"
 #include "support/Approved.h"
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
@@ -158,6 +159,25 @@ TEST_F(SongScoreTest, followsTheMeasuresUnlessToldOtherwise) {
   measures[2]->addChord(test::addChord(m_song, "x3", 6));
   EXPECT_EQ(signsOf(score(m_song)), "|12~|4 r8|r12|6 r6|r16");
   EXPECT_EQ(signsOf(score(m_song, Meter{12, 8})), "|12~ 4 2~ 4 r2");
+}
+
+TEST_F(SongScoreTest, wordsOfSlicesAreSungToTheirChords) {
+  const auto sung = [](QBSong* song, std::vector<SungWords> words) {
+    setLyrics(*song, std::move(words));
+    std::string text;
+    for (const ScoreWords& each : score(song).words)
+      text += std::to_string(each.unit) + ':' + each.text + ' ';
+    return text;
+  };
+  for (const char* frets : {"3", "", "x3", "xx2"}) test::addChord(m_song, frets, 2);
+  EXPECT_EQ(sung(m_song, {{0, "one"}, {1, "two"}, {3, "three"}}), "0:one 12:two 36:three ");
+  QBSong* inBars = m_store.song("Pick-up");
+  for (const int duration : {4, 8, 8}) {
+    QBMeasure* bar = inBars->allMeasures().size() < 2 ? QBTabMgr::db().createMeasure(inBars, 4, 4)
+                                                      : inBars->allMeasures().back().get();
+    bar->addChord(test::addChord(inBars, "3", duration));
+  }
+  EXPECT_EQ(sung(inBars, {{-12, "oh"}, {0, "one"}, {30, "two"}}), "0:oh 96:one 144:two ");
 }
 
 TEST_F(SongScoreTest, writesWhatOtherProgramsRead) {

@@ -2,6 +2,8 @@
 #include "export/score/SongScore.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_map>
 
 #include "export/score/ChordReading.h"
 #include "export/score/SongBeats.h"
@@ -9,8 +11,10 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
+#include "model/songs/SongLyrics.h"
 #include "music/ChordStep.h"
 #include "music/Pitch.h"
+#include "music/Ticks.h"
 
 namespace korvel {
 namespace {
@@ -26,24 +30,35 @@ class SongReader {
  public:
   explicit SongReader(std::vector<int> openStrings) : m_openStrings(std::move(openStrings)) {}
 
-  std::vector<ScoreEvent> events(const Chords& chords) const {
-    std::vector<ScoreEvent> events;
-    for (const auto& chord : chords) events.push_back(eventOf(*chord));
-    return events;
+  /// Of a bar behind those that were read before, which is filled with rests.
+  ScoreBar bar(const Chords& chords, const Meter& meter) {
+    ScoreBar bar{meter, {}};
+    int unit = m_unit;
+    for (const auto& chord : chords) {
+      m_units.emplace(chord, unit);
+      bar.events.push_back(eventOf(*chord));
+      unit += bar.events.back().duration;
+    }
+    const int bars = std::max(1, (unit - m_unit + meter.units() - 1) / meter.units());
+    m_unit += bars * meter.units();
+    return bar;
   }
 
   /// Of chords as they were recorded, one after the other: a chord that grew longer did so over
   /// the empty ones behind it. Rests in a row become one.
-  std::vector<ScoreEvent> eventsInTime(const Chords& chords) const {
+  std::vector<ScoreEvent> eventsInTime(const Chords& chords) {
     std::vector<ScoreEvent> events;
     int covered = 0;
     for (const auto& chord : chords) {
       ScoreEvent event = eventOf(*chord);
       const bool rest = event.tones.empty();
       if (rest && covered > 0 && event.duration == kUnitsOfSixteenth) {
+        m_units.emplace(chord, m_unit - covered);
         covered -= kUnitsOfSixteenth;
         continue;
       }
+      m_units.emplace(chord, m_unit);
+      m_unit += event.duration;
       covered = event.duration - kUnitsOfSixteenth;
       if (rest && !events.empty() && events.back().tones.empty())
         events.back().duration += event.duration;
@@ -51,6 +66,12 @@ class SongReader {
         events.push_back(std::move(event));
     }
     return events;
+  }
+
+  /// Where a chord begins that was read; none for one that is in no bar.
+  std::optional<int> unitOf(const QBChord& chord) const {
+    const auto found = m_units.find(&chord);
+    return found == m_units.end() ? std::nullopt : std::optional(found->second);
   }
 
  private:
@@ -62,13 +83,52 @@ class SongReader {
   }
 
   std::vector<int> m_openStrings;
+  int m_unit = 0;  ///< Behind what was read.
+  std::unordered_map<const QBChord*, int> m_units;
 };
 
-std::vector<ScoreBar> barsOf(const SongReader& reader, const QBSong& song) {
+std::vector<ScoreBar> barsOf(SongReader& reader, const QBSong& song) {
   std::vector<ScoreBar> bars;
   for (const auto& measure : song.allMeasures())
-    bars.push_back({meterOf(*measure), reader.events(measure->allChords())});
+    bars.push_back(reader.bar(measure->allChords(), meterOf(*measure)));
   return bars;
+}
+
+/// By what the words of a song of slices are placed: ticks from the first bar line, which is behind
+/// a first bar that is not full, or without measures the indexes of chords.
+std::vector<int> placesOfWords(QBSong& song) {
+  std::vector<int> places;
+  const QBMeasure* bar = nullptr;
+  int tick = 0, bars = 0, missing = 0, firstBarLine = 0;
+  for (const auto& chord : song.allChords()) {
+    const QBMeasure* measure = chord->measure();
+    if (measure && measure != bar) {
+      if (bars++ == 1 && missing > 0) firstBarLine = tick;
+      if (bars == 1) missing = ticksOfBar(measure->beat(), measure->beattype());
+      bar = measure;
+    }
+    places.push_back(tick);
+    const bool compound = bar && isCompound(bar->beat(), bar->beattype());
+    const int ticks = bar ? durationOf(*chord) * ticksOfSixteenth(compound) : 1;
+    if (bars == 1) missing -= ticks;
+    tick += ticks;
+  }
+  for (int& place : places) place -= firstBarLine;
+  return places;
+}
+
+/// Each where the chord is written that it is sung to.
+std::vector<ScoreWords> wordsOf(QBSong& song, const SongReader& reader) {
+  std::vector<ScoreWords> words;
+  const std::vector<int> places = placesOfWords(song);
+  for (const SungWords& each : lyricsOf(song)) {
+    const auto after = std::ranges::upper_bound(places, each.tick);
+    const auto chord = after == places.begin() ? 0 : after - places.begin() - 1;
+    if (chord >= std::ssize(song.allChords())) break;
+    const auto unit = reader.unitOf(*song.allChords()[static_cast<std::size_t>(chord)]);
+    if (unit) words.push_back({*unit, each.text});
+  }
+  return words;
 }
 
 double tempoOfSlices(const QBSong& song) {
@@ -118,12 +178,13 @@ Score scoreOf(Score head, const BeatSheet& sheet, const std::optional<Meter>& me
 
 Score scoreOf(QBSong& song, const std::optional<Meter>& meter) {
   Score score = headOf(song);
-  const SongReader reader(score.openStrings);
+  SongReader reader(score.openStrings);
   if (song.isOnBeats()) return scoreOf(score, sheetOf(song, score.openStrings), meter);
   if (meter || song.measures().empty())
     score.bars = {{meter.value_or(Meter()), reader.eventsInTime(song.allChords())}};
   else
     score.bars = barsOf(reader, song);
+  score.words = wordsOf(song, reader);
   return score;
 }
 
