@@ -104,7 +104,7 @@ class LyricsReader {
     const int last = m_song.bars.empty() ? 0 : m_song.bars.back().number;
     throw NoPlaceForWords(
         phrase("Message",
-               "line %1 of the words is for a bar that there is not: the last one is %2. Put the "
+               "line %1 of the lyrics is for a bar that there is not: the last one is %2. Put the "
                "number of a bar and a colon in front of a line to say where it belongs"),
         m_line, last);
   }

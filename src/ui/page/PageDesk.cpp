@@ -96,7 +96,7 @@ void PageDesk::addControls(QToolBar& row) {
   m_numbers->addItem(tr("Numbers: I vi IV V"), static_cast<int>(ChordNumbers::roman));
   m_numbers->addItem(tr("Nashville numbers: 1 6- 4 5"), static_cast<int>(ChordNumbers::nashville));
   addNamed(tr("Chords as"), m_numbers);
-  auto* words = button(tr("Words ..."), tr("Type or paste what is sung"));
+  auto* words = button(tr("Lyrics ..."), tr("Type or paste what is sung"));
   auto* grips = button(tr("Grips ..."), tr("All grips of the song, to print and to choose from"));
   row.addWidget(words);
   row.addWidget(grips);

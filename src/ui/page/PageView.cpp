@@ -387,7 +387,7 @@ void PageView::typeWordsAt(const Place& place) {
   reveal(bar->place);
   m_typedAt = place;
   m_typing = new QLineEdit(wordsOf(place), viewport());
-  m_typing->setAccessibleName(tr("Words of the bar"));
+  m_typing->setAccessibleName(tr("Lyrics of the bar"));
   m_typing->setFont(pageFont());
   const QSize size(std::max(static_cast<int>(line.width()), 12 * fontMetrics().averageCharWidth()),
                    m_typing->sizeHint().height());

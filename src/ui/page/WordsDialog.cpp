@@ -16,12 +16,12 @@ constexpr int kRows = 24;
 
 WordsDialog::WordsDialog(const QString& words, QWidget* parent)
     : QDialog(parent), m_words(new QPlainTextEdit(words)) {
-  setWindowTitle(tr("Words"));
-  m_words->setAccessibleName(tr("Words of the song"));
+  setWindowTitle(tr("Lyrics"));
+  m_words->setAccessibleName(tr("Lyrics of the song"));
   const QFontMetrics letters(m_words->font());
   m_words->setMinimumSize(kColumns * letters.averageCharWidth(), kRows / 2 * letters.lineSpacing());
   auto* hint = new QLabel(
-      tr("A line of words for each line of the page, which has four bars. “|” goes on to the next "
+      tr("A line of lyrics for each line of the page, which has four bars. “|” goes on to the next "
          "bar, alone in a line it leaves a line of the page out, and “9:” begins at bar 9."));
   hint->setWordWrap(true);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);

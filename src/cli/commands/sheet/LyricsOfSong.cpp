@@ -54,7 +54,7 @@ void checkLyrics(const LyricsOptions& options) {
 
 void addLyricsOfSong(Command& tool) {
   Command& command =
-      tool.command("lyrics", "Print the words of a song, or take them from a text file");
+      tool.command("lyrics", "Print the lyrics of a song, or take them from a text file");
   auto& options = command.own<LyricsOptions>();
   needStoredSong(command, options.song);
   Option set =
@@ -62,7 +62,7 @@ void addLyricsOfSong(Command& tool) {
                      "A line for every four bars; | goes on to the next bar, and \"9:\" in "
                      "front of a line places it at bar 9");
   set.shownAs("FILE");
-  command.flag("--clear", options.clear, "Take the words away").excludes(set);
+  command.flag("--clear", options.clear, "Take the lyrics away").excludes(set);
   command.flag("--show", options.show, "Print them, as --set reads them (the default)");
   command.checkLast([&options] { checkLyrics(options); });
   command.does([&options] { doLyrics(options); });

@@ -30,7 +30,7 @@ void readSheets(const ReadOptions& options) {
 }  // namespace
 
 void addReadSheet(Command& tool) {
-  Command& command = tool.command("chordpro", "Make songs of ChordPro files, with their words");
+  Command& command = tool.command("chordpro", "Make songs of ChordPro files, with their lyrics");
   auto& options = command.own<ReadOptions>();
   command.option("FILE", options.files, "ChordPro files").required().shownAs("");
   command.option("--album", options.album,

@@ -118,7 +118,7 @@ void checkSheet(const SheetOptions& options) {
 
 void addSheetOfSong(Command& tool) {
   Command& command =
-      tool.command("sheet", "Print the page of a song's chords, with grips and words to sing");
+      tool.command("sheet", "Print the page of a song's chords, with grips and lyrics");
   auto& options = command.own<SheetOptions>();
   needStoredSong(command, options.song);
   command
