@@ -34,7 +34,7 @@ OpenStrings openStringsOf(const QBTone& tone) {
 }
 
 int capoOf(const QBSong& song) {
-  if (song.capo() > 0) return song.capo();
+  if (song.hasCapo()) return song.capo();
   const SongRecording* recording = song.recording();
   return recording ? recording->capo() : 0;
 }

@@ -23,8 +23,8 @@ OpenStrings openStringsOf(const QBChord& chord);
 OpenStrings openStringsOf(const QBHold& hold);
 OpenStrings openStringsOf(const QBTone& tone);
 
-/// The fret that its capo is at, or was when its recording was heard; 0 without one. The strings
-/// above are those without it.
+/// The fret that its capo is at: the song's own, or the one that its recording was heard with; 0
+/// without one. The strings above are those without it.
 int capoOf(const QBSong& song);
 
 }  // namespace korvel

@@ -60,7 +60,7 @@ void QBSong::takeRhythmOf(const QBSong& other) {
   if (other.isOnBeats()) setTempo(other.tempo());
   if (other.isSwung()) setSwing(other.swing());
   if (other.hasKey()) setKey(other.key());
-  if (other.capo() > 0) setCapo(other.capo());
+  if (other.hasCapo()) setCapo(other.capo());
   setRecording(other.recording());
   if (other.hasCorrections()) setCorrections(other.corrections());
 }

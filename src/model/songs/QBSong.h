@@ -79,9 +79,10 @@ class QBSong final : public platform::ManagedObject {
   /// Who it is by, of a song that was not heard in a recording; may be empty.
   const std::string& artist() const { return read(m_artist); }
   void setArtist(std::string value) { assign(m_artist, std::move(value)); }
-  /// The fret of the capo of a song that was not heard in a recording; 0 without one. Frets count
-  /// from the nut all the same. `capoOf` knows that of any song.
+  /// The fret of the capo of a song that was not heard in a recording, or got another one since; 0
+  /// without one. Frets count from the nut all the same. `capoOf` knows that of any song.
   int capo() const { return has(m_capo) ? read(m_capo) : 0; }
+  bool hasCapo() const { return has(m_capo); }
   void setCapo(int value) { assign(m_capo, value); }
   /// The words that are sung to it, in lines of their own kind (`model/songs/SongLyrics.h`); may be
   /// empty.

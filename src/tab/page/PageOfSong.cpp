@@ -235,7 +235,7 @@ std::optional<int> lowestFret(const QBChord& chord) {
 /// The capo that the song is played with. Where nobody has said it, the fret that all chords have
 /// as their lowest one, as open strings are behind a capo.
 int capoOfSong(QBSong& song) {
-  if (song.recording() || capoOf(song) > 0) return capoOfTablature(song);
+  if (song.recording() || song.hasCapo() || capoOf(song) > 0) return capoOfTablature(song);
   std::optional<int> lowest;
   bool isOfAll = true;
   for (const auto& chord : song.allChords()) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "fingering/FingeringOptions.h"
 #include "model/instruments/QBTuning.h"
 #include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
@@ -15,6 +16,7 @@
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/views/TablatureView.h"
+#include "workflow/editing/fingers/RestrungSong.h"
 #include "workflow/editing/fingers/SongFingers.h"
 #include "workflow/library/TuningEdits.h"
 
@@ -114,33 +116,58 @@ void FingerMenu::addTunings() {
   addSeparator();
   m_sameSound = addMenu(tr("Other Tuning, Same Sound"));
   m_sameFrets = addMenu(tr("Other Tuning, Same Frets"));
+  m_capoSameSound = addMenu(tr("Capo, Same Sound"));
+  m_capoSameFrets = addMenu(tr("Capo, Same Shapes"));
+}
+
+void FingerMenu::retune(const Strings& strings, bool keepsFrets) {
+  attempt([&](SongFingers& fingers) {
+    const int dropped =
+        fingers.retune(strings, keepsFrets ? SongFingers::Kept::frets : SongFingers::Kept::sound);
+    if (dropped == 0) return;
+    emit refused((strings.tuning
+                      ? tr("Notes that have no place in this tuning and were left out: %1")
+                      : tr("Notes that have no place with this capo and were left out: %1"))
+                     .arg(dropped));
+  });
 }
 
 void FingerMenu::fillTunings() {
-  const auto retune = [this](QBTuning& tuning, SongFingers::Kept kept) {
-    attempt([&](SongFingers& fingers) {
-      const int dropped = fingers.retune(tuning, kept);
-      if (dropped > 0)
-        emit refused(
-            tr("Notes that have no place in this tuning and were left out: %1").arg(dropped));
-    });
-  };
-  const auto fill = [&](QMenu& menu, SongFingers::Kept kept) {
+  const auto fill = [this](QMenu& menu, bool keepsFrets) {
     menu.clear();
     for (const auto& tuning : QBTabMgr::db().tunings()) {
       const QString name = toText(tuning->descr() + " (" + notesOf(*tuning) + ')');
-      menu.addAction(
-              QString(name).replace('&', "&&"), this,
-              [retune, kept, chosen = platform::Ref<QBTuning>(tuning)] { retune(*chosen, kept); })
+      menu.addAction(QString(name).replace('&', "&&"), this,
+                     [this, keepsFrets, chosen = platform::Ref<QBTuning>(tuning)] {
+                       retune({.tuning = chosen.get()}, keepsFrets);
+                     })
           ->setEnabled(tuningOf(m_song.get()) != tuning.get());
     }
   };
-  fill(*m_sameSound, SongFingers::Kept::sound);
-  fill(*m_sameFrets, SongFingers::Kept::frets);
+  fill(*m_sameSound, false);
+  fill(*m_sameFrets, true);
+}
+
+void FingerMenu::fillCapos() {
+  const int now = m_song ? capoOf(*m_song) : 0;
+  const auto fill = [this, now](QMenu& menu, bool keepsFrets) {
+    menu.clear();
+    for (int fret = 0; fret <= fingering::FingeringOptions::kHighestCapo; ++fret) {
+      QAction* action =
+          menu.addAction(fret == 0 ? tr("None", "a capo") : tr("Fret %1").arg(fret), this,
+                         [this, keepsFrets, fret] { retune({.capo = fret}, keepsFrets); });
+      action->setCheckable(true);
+      action->setChecked(fret == now);
+      action->setEnabled(fret != now);
+    }
+  };
+  fill(*m_capoSameSound, false);
+  fill(*m_capoSameFrets, true);
 }
 
 void FingerMenu::prepare() {
   fillTunings();
+  fillCapos();
   const int cursor = m_tablature.cursorChord();
   const bool editable =
       m_song && !m_locked && cursor >= 0 && !QBTabMgr::db().context().isReadOnly();

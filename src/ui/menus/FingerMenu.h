@@ -9,6 +9,7 @@
 namespace korvel {
 class QBSong;
 class SongFingers;
+struct Strings;
 }  // namespace korvel
 
 namespace korvel::ui {
@@ -43,6 +44,8 @@ class FingerMenu final : public QMenu {
   void addTunings();
   /// With the tunings that there are now.
   void fillTunings();
+  void fillCapos();
+  void retune(const Strings& strings, bool keepsFrets);
   void prepare();
   void askForHand();
   void changeShape(int by);
@@ -55,6 +58,8 @@ class FingerMenu final : public QMenu {
   QAction* m_forget = nullptr;
   QMenu* m_sameSound = nullptr;
   QMenu* m_sameFrets = nullptr;
+  QMenu* m_capoSameSound = nullptr;
+  QMenu* m_capoSameFrets = nullptr;
 };
 
 }  // namespace korvel::ui

@@ -9,6 +9,7 @@
 #include "support/store/StoreContents.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/MetreArrangements.h"
+#include "workflow/editing/fingers/RestrungSong.h"
 #include "workflow/editing/fingers/SongFingers.h"
 #include "workflow/session/QBSession.h"
 
@@ -106,7 +107,12 @@ TEST_F(SongEditorTest, fingersAsWritten) {
           OpenPitches pitches{};
           for (std::size_t i = 0; i < pitches.size(); ++i) pitches[i] = words.number(i + 1);
           const bool frets = words[0] == "frets";
-          fingersOf(editor).retune(*test::addTuning("Other", pitches),
+          fingersOf(editor).retune({.tuning = test::addTuning("Other", pitches)},
+                                   frets ? SongFingers::Kept::frets : SongFingers::Kept::sound);
+        })},
+       {"capo", edit([](Editor editor, const Words& words) {
+          const bool frets = words[0] == "frets";
+          fingersOf(editor).retune({.capo = words.number(1)},
                                    frets ? SongFingers::Kept::frets : SongFingers::Kept::sound);
         })},
        {"undo", [&](const Words&) { return QBSession::session().undo(), state(); }}});

@@ -2,6 +2,7 @@
 #include "workflow/editing/rhythm/SongRhythm.h"
 
 #include <random>
+#include <set>
 
 #include "analysis/beats/ChordsOnBeats.h"
 #include "model/recorded/SongRecording.h"
@@ -14,6 +15,9 @@
 #include "support/store/StandardStore.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/editing/SongEditor.h"
+#include "workflow/editing/fingers/PlayedNotes.h"
+#include "workflow/editing/fingers/RestrungSong.h"
+#include "workflow/editing/fingers/SongFingers.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
@@ -181,6 +185,26 @@ TEST_F(SongRhythmTest, whatTheUserChangedStaysAndOtherSongsAreLeftAlone) {
   EXPECT_THROW(SongRhythm{song}, EditRefused);
   song.setRecording(nullptr);
   EXPECT_THROW(SongRhythm{song}, EditRefused);
+}
+
+TEST_F(SongRhythmTest, aSongOnOtherStringsSoundsTheSameInOtherBars) {
+  QBSong& song = *songOf(strummed());
+  const auto pitches = [&song] {
+    const PlayedNotes played(song);
+    std::set<int> all;
+    for (const Note& note : played.all()) all.insert(note.pitch);
+    return all;
+  };
+  const auto heard = pitches();
+  QBTuning* tuning = test::addTuning("Other", {38, 43, 50, 55, 57, 62});
+  SongFingers(QBTabMgr::db(), song).retune({.tuning = tuning, .capo = 2}, SongFingers::Kept::sound);
+  EXPECT_EQ(pitches(), heard);
+  wish(song, [](auto& wished) { wished.setMetre({3, false}); });
+  EXPECT_EQ(pitches(), heard);
+  const PlayedNotes placed(song);
+  for (const Note& note : placed.all()) EXPECT_GE(note.fret, 2) << "behind the capo";
+  SongFingers(QBTabMgr::db(), song).retune({.capo = 0}, SongFingers::Kept::frets);
+  EXPECT_NE(pitches(), heard);
 }
 
 TEST_F(SongRhythmTest, barsStayWholeWhateverIsChanged) {

@@ -124,7 +124,7 @@ class SongCorrections::Work {
     for (const Wish& wish : m_wishes)
       if (comes(wish)) added.push_back(m_notes[wish.note].note);
     const auto strings = stringChoices(fixedNotes(), added, openStringsOf(&m_song).pitches(),
-                                       m_song.recording()->capo());
+                                       capoOf(m_song));
     std::size_t count = 0;
     auto choice = strings.begin();
     std::erase_if(m_wishes, [&](Wish& wish) {

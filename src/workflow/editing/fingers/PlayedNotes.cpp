@@ -107,6 +107,13 @@ std::span<const Note> PlayedNotes::ofChord(std::size_t chord) const {
   return all().subspan(m_chords[chord].first, m_chords[chord].played.size());
 }
 
+std::vector<fingering::PositionMark> PlayedNotes::hands() const {
+  std::vector<fingering::PositionMark> hands;
+  for (const Chord& chord : m_chords)
+    if (chord.chord->hasHandFret()) hands.push_back({chord.onset, handOf(*chord.chord)});
+  return hands;
+}
+
 bool PlayedNotes::move(std::size_t index, std::span<const Note> placed) const {
   const Chord& chord = m_chords[index];
   const auto before = ofChord(index);

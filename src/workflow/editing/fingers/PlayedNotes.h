@@ -33,10 +33,12 @@ class PlayedNotes {
   /// When it begins, with notes or without.
   double onsetOf(std::size_t chord) const { return m_chords[chord].onset; }
 
+  /// Where the hand is said to be, by the chords that are marked.
+  std::vector<fingering::PositionMark> hands() const;
+
   /// The open strings, without the capo.
   const OpenPitches& open() const { return m_open; }
-  /// As many frets as the song needs, and the capo that its recording was heard with when nothing
-  /// lies below that.
+  /// As many frets as the song needs, and its capo when nothing lies below that.
   const fingering::FingeringOptions& options() const { return m_options; }
 
   /// Gives the tones of a chord the places of as many notes as it has, and tells whether anything

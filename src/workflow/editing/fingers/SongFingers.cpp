@@ -8,14 +8,12 @@
 #include "arrange/hands/HandGrip.h"
 #include "fingering/Alternatives.h"
 #include "fingering/Fingering.h"
-#include "model/instruments/QBTuning.h"
-#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
-#include "music/Pitch.h"
 #include "workflow/editing/BeatBars.h"
 #include "workflow/editing/ChangedTones.h"
 #include "workflow/editing/fingers/PlayedNotes.h"
+#include "workflow/editing/fingers/RestrungSong.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/SongInWork.h"
@@ -126,19 +124,10 @@ bool SongFingers::isEdited(std::size_t chord) const { return chordIn(*m_song, ch
 
 // ---- choosing
 
-std::vector<fingering::PositionMark> SongFingers::marks(const PlayedNotes& notes) const {
-  std::vector<fingering::PositionMark> marks;
-  for (std::size_t i = 0; i < notes.chords(); ++i) {
-    const QBChord& chord = chordIn(*m_song, i);
-    if (chord.hasHandFret()) marks.push_back({notes.onsetOf(i), handOf(chord)});
-  }
-  return marks;
-}
-
 /// Everything stays but what is not edited in a range.
 Settled SongFingers::settledBut(const PlayedNotes& notes, Range range) const {
   Settled settled;
-  settled.positions = marks(notes);
+  settled.positions = notes.hands();
   for (const Note& note : notes.all()) settled.strings.push_back(note.string);
   for (std::size_t i = range.first; i <= range.last; ++i)
     if (!isEdited(i))
@@ -299,63 +288,21 @@ void SongFingers::fingerAnew(int first, int last) {
   });
 }
 
-// ---- another tuning
+// ---- other strings
 
-int SongFingers::keepSound(QBTuning& tuning) {
-  const PlayedNotes notes(*m_song);
-  const OpenPitches open = tuning.openStrings().pitches();
-  const fingering::FingeringOptions& options = notes.options();
-  Placed placed(notes.all().begin(), notes.all().end());
-  Settled settled;
-  settled.positions = marks(notes);
-  for (std::size_t i = 0; i < notes.chords(); ++i) {
-    for (const Note& note : notes.ofChord(i)) {
-      const int fret = note.pitch - open[static_cast<std::size_t>(note.string)];
-      const bool stays = isEdited(i) && fret >= options.capo && fret <= options.frets;
-      settled.strings.push_back(stays ? note.string : Settled::kAnyString);
-    }
-  }
-  // All of them are meant, however softly they were played.
-  for (Note& note : placed) note.strength = 1;
-  m_song->setTuning(&tuning);
-  fingering::Fingering(open, options).place(placed, settled);
+int SongFingers::retune(const Strings& strings, Kept kept) {
   int dropped = 0;
-  for (std::size_t i = 0; i < notes.chords(); ++i)
-    dropped += notes.moveOrDrop(
-        i, std::span(placed).subspan(notes.firstOf(i), notes.ofChord(i).size()), open);
-  return dropped;
-}
-
-void SongFingers::keepFrets(QBTuning& tuning) {
-  const OpenPitches before = openStringsOf(&*m_song).pitches();
-  const OpenPitches open = tuning.openStrings().pitches();
-  const int by = open.front() - before.front();
-  const bool isEven =
-      std::ranges::equal(open, before, [by](int pitch, int other) { return pitch - other == by; });
-  m_song->setTuning(&tuning);
-  m_song->forgetCaches();
-  for (const auto& chord : m_song->allChords()) {
-    if (isEven && chord->hasBaseTone())
-      chord->setBaseTone(pitchClass(chord->baseTone() + by));
-    else if (!isEven && chord->harmony())
-      readAnew(*chord);
-  }
-  if (!isEven || !m_song->hasKey()) return;
-  const int key = m_song->key();
-  m_song->setKey(pitchClass(key + by) + (key < kNotesPerOctave ? 0 : kNotesPerOctave));
-}
-
-int SongFingers::retune(QBTuning& tuning, Kept kept) {
-  int dropped = 0;
-  edit(phrase("UndoAction", "Retune Song"), [&] {
-    if (kept == Kept::sound)
-      dropped = keepSound(tuning);
-    else
-      keepFrets(tuning);
-    m_song->forgetCaches();
-    if (const std::size_t chords = m_song->allChords().size(); chords > 0)
-      tonesMoved({0, chords - 1});
-  });
+  edit(strings.tuning ? phrase("UndoAction", "Retune Song") : phrase("UndoAction", "Move Capo"),
+       [&] {
+         RestrungSong song(*m_song, strings);
+         if (kept == Kept::sound)
+           dropped = song.keepSound();
+         else
+           song.keepFrets();
+         m_song->forgetCaches();
+         if (const std::size_t chords = m_song->allChords().size(); chords > 0)
+           tonesMoved({0, chords - 1});
+       });
   return dropped;
 }
 

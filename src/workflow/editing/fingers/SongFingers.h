@@ -17,10 +17,10 @@ namespace korvel {
 class PlayedNotes;
 class QBSong;
 class QBTabMgr;
-class QBTuning;
+struct Strings;
 
 /// Edits of where the tones of a song are played; what sounds stays the same, but where a song is
-/// given another tuning and keeps its frets.
+/// given another tuning or capo and keeps its frets.
 ///
 /// Each is one undoable action, saved and with its tablature drawn when it returns. What it is told
 /// of becomes `edited`, and the rest of the phrase is fingered anew around it, but for chords that
@@ -58,13 +58,12 @@ class SongFingers {
   /// What is not edited from first to last is fingered anew: "Finger Anew".
   void fingerAnew(int first, int last);
 
-  /// What stays of a song in another tuning.
+  /// What stays of a song on other strings.
   enum class Kept { sound, frets };
 
-  /// Another tuning for the song: "Retune Song". To keep the sound all is fingered anew, but for
-  /// chords that are edited where their strings still have it; notes that the tuning has not go,
-  /// and it answers how many. To keep the frets names and key follow what sounds then.
-  int retune(QBTuning& tuning, Kept kept);
+  /// Another tuning for the song, another fret for its capo, or both: "Retune Song", or "Move Capo"
+  /// for that alone. `RestrungSong` tells what comes of it, what is refused and what it answers.
+  int retune(const Strings& strings, Kept kept);
 
  private:
   using Placed = std::vector<fingering::Note>;
@@ -78,14 +77,11 @@ class SongFingers {
   void requireChord(int chord) const;
   bool isEdited(std::size_t chord) const;
   fingering::Settled settledBut(const PlayedNotes& notes, Range range) const;
-  std::vector<fingering::PositionMark> marks(const PlayedNotes& notes) const;
   Range phraseAround(const PlayedNotes& notes, Range range) const;
   void finger(Range range);
   void settle(const PlayedNotes& notes, std::size_t chord, std::span<const fingering::Note> placed);
   void settleAndFinger(const platform::Phrase& title, const PlayedNotes& notes, Range range,
                        std::span<const fingering::Note> placed);
-  int keepSound(QBTuning& tuning);
-  void keepFrets(QBTuning& tuning);
   void tonesMoved(Range range);
 
   QBTabMgr& m_db;

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/rhythm/RecordedRhythm.h"
 
+#include <algorithm>
+#include <set>
 #include <utility>
 
 #include "analysis/beats/SpanNames.h"
+#include "fingering/Fingering.h"
+#include "model/instruments/SongTuning.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
 #include "rhythm/RhythmReader.h"
 #include "rhythm/stored/NoteCorrections.h"
+#include "workflow/editing/fingers/PlayedNotes.h"
 #include "workflow/session/EditRefused.h"
 
 namespace korvel {
@@ -18,6 +23,42 @@ using platform::phrase;
 SongRecording& recordingOf(const QBSong& song) {
   if (const auto why = RecordedRhythm::refusal(song)) throw EditRefused(*why);
   return *song.recording();
+}
+
+using Placed = std::vector<fingering::Note>;
+
+/// Whether the notes are where the strings sound them, behind the capo.
+bool areOn(const OpenPitches& open, int capo, const Placed& notes) {
+  return std::ranges::all_of(notes, [&](const fingering::Note& note) {
+    if (note.string < 0) return true;
+    return note.fret >= capo &&
+           note.pitch == open[static_cast<std::size_t>(note.string)] + note.fret;
+  });
+}
+
+/// Whether the song has kept the pitches that were heard rather than the frets that they got.
+bool keepsSound(QBSong& song, const Placed& notes) {
+  std::set<int> pitches;
+  std::set<std::pair<int, int>> places;
+  for (const fingering::Note& note : notes) {
+    pitches.insert(note.pitch);
+    places.emplace(note.string, note.fret);
+  }
+  const PlayedNotes played(song);
+  const auto hasPitch = [&](const auto& note) { return pitches.contains(note.pitch); };
+  const auto hasPlace = [&](const auto& note) { return places.contains({note.string, note.fret}); };
+  return std::ranges::count_if(played.all(), hasPitch) >=
+         std::ranges::count_if(played.all(), hasPlace);
+}
+
+/// A song that got other strings since it was heard has the notes on these.
+void placeOn(QBSong& song, Placed& notes) {
+  const OpenPitches open = openStringsOf(&song).pitches();
+  const int capo = capoOf(song);
+  if (areOn(open, capo, notes) || !keepsSound(song, notes)) return;
+  fingering::FingeringOptions options;
+  options.capo = capo;
+  fingering::Fingering(open, options).place(notes);
 }
 
 }  // namespace
@@ -33,6 +74,7 @@ RecordedRhythm::RecordedRhythm(QBSong& song) : m_recording(recordingOf(song)) {
   const auto corrections =
       song.hasCorrections() ? rhythm::noteCorrections(song.corrections()) : std::nullopt;
   m_notes = corrections ? rhythm::notesBy(*notes, *corrections) : std::move(notes->taken);
+  placeOn(song, m_notes);
   m_stored = std::move(*stored);
 }
 

@@ -38,7 +38,7 @@ QBSong& heardWhole(QBSong& song) {
 BlockChords slicesOf(std::vector<fingering::Note> notes, const SongRecording& recording,
                      const QBSong& song) {
   fingering::FingeringOptions guitar;
-  guitar.capo = recording.capo();
+  guitar.capo = capoOf(song);
   guitar.frets = fingering::FingeringOptions::kMostFrets;
   double seconds = recording.seconds();
   for (const fingering::Note& note : notes) seconds = std::max(seconds, note.end);
