@@ -130,6 +130,16 @@ TEST_F(ImportDeskTest, recordingIsKnownAgainAndHeardAnewIntoItsSong) {
   EXPECT_TRUE(QBSession::session().undo());
   EXPECT_EQ(m_views.log.back(), "Undo Hear Again");
   EXPECT_EQ(test::linesOf(*song), expected);
+
+  std::string changed = test::readFile(m_file);
+  changed.back() = static_cast<char>(changed.back() ^ 1);
+  const auto meanwhile = desk.hearAgain(*song);
+  ASSERT_NE(meanwhile, nullptr);
+  test::writeFile(m_file, changed);
+  runUntil([&] { return !meanwhile->isRunning(); });
+  EXPECT_FALSE(song->isDeleted()) << "another recording would take its place";
+  EXPECT_EQ(desk.hearAgain(*song), nullptr);
+  EXPECT_FALSE(canHearAnew(*song));
   test::writeFile(m_file, test::readFile(m_file) + "another end");
   EXPECT_FALSE(canHearAnew(*song));
   EXPECT_EQ(songHeardIn(QBTabMgr::db(), m_file), nullptr);

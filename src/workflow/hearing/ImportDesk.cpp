@@ -22,6 +22,7 @@
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryTree.h"
 #include "workflow/library/QBNameMgr.h"
+#include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
@@ -133,6 +134,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song,
   Edit::requireWritable(db);
   if (SongInWork::is(song))
     throw EditRefused(platform::phrase("Message", "%1: is being heard already"), song.title());
+  if (song.isWhole() && song.recording()) requireRecordingFile(*song.recording(), Proof::atOnce);
   const std::string file = recordingFileOf(song);
   requireSound(file);
   if (m_detection->needsInstrument) requireInstrument(db);

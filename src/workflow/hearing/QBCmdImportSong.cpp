@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 
 #include "analysis/beats/HeardSound.h"
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
 #include "model/instruments/SongTuning.h"
+#include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
@@ -23,6 +25,7 @@
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
+#include "workflow/recordings/FileContent.h"
 #include "workflow/recordings/KeptSounds.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
@@ -90,11 +93,20 @@ void QBCmdImportSong::begin() {
   m_hearing = hearing();
   m_hearing->begin();
   m_newSong->setUnheard(std::filesystem::absolute(m_file).string());
+  expectRecording();
   for (QBSong* song : {m_newSong.get(), m_replaced.get()})
     if (song) m_marks.push_back(std::make_unique<SongInWork>(song, SongInWork::Filler::job));
   // What a killed program leaves in no album goes when the store is opened next.
   if (m_saving) m_hearing->scratch()->setAlbum(nullptr);
   printOut(phrase("Log", "(2/3) scanning chords ....."));
+}
+
+/// Of a song that was not whole nothing is known.
+void QBCmdImportSong::expectRecording() {
+  const SongRecording* recording = m_replaced ? m_replaced->recording() : nullptr;
+  if (!recording || !m_replaced->isWhole() || recording->path() != m_file) return;
+  m_expected = recording->hash();
+  readAhead(m_file);
 }
 
 std::unique_ptr<Hearing> QBCmdImportSong::hearing() const {
@@ -130,7 +142,26 @@ void QBCmdImportSong::nextStep() {
     m_undo.reset();
     throw;
   }
+  if (m_isOther) return refuse();
   if (!more && isRunning()) stop();
+}
+
+/// What another file has is not to take the song's place.
+void QBCmdImportSong::refuse() {
+  const platform::UserText text(
+      phrase("Message", "%1: its recording is another one by now, and so the song stays as it was"),
+      m_replaced->title());
+  printOut(text);
+  if (m_onTrouble) m_onTrouble(text);
+  cancelAndDrop();
+}
+
+/// Found out as soon as the file has been read, and at the end in any case.
+bool QBCmdImportSong::isOther(bool atEnd) {
+  if (m_expected.empty()) return false;
+  const auto content = atEnd ? std::optional(contentOf(m_file)) : knownContent(m_file);
+  if (content == m_expected) m_expected.clear();
+  return content && !m_expected.empty();
 }
 
 /// Whether there was something to do.
@@ -141,7 +172,9 @@ bool QBCmdImportSong::step() {
     return true;
   }
   if (!m_finishing.isUnderWay()) {
-    if (hearsMore()) return true;
+    const bool hears = hearsMore();
+    m_isOther = isOther(!hears);
+    if (hears || m_isOther) return true;
     m_finishing = finish();
   }
   return finishSome();

@@ -31,7 +31,8 @@ class SongInWork;
 /// It is heard in the tuning of its song. Until all is heard the song is marked as not whole.
 ///
 /// The recording of a song, whole or not, can be heard again, into a song in no album, which takes
-/// the other one's place in the end: one action that can be undone.
+/// the other one's place in the end: one action that can be undone. Nothing does where the file of
+/// a whole song turns out to have another content than it had.
 class QBCmdImportSong final : public QBCmdAlbum {
  public:
   QBCmdImportSong(std::shared_ptr<AlbumNode> album, std::string file, QBSong* newSong);
@@ -108,6 +109,9 @@ class QBCmdImportSong final : public QBCmdAlbum {
   QBTabMgr& db() const;
   std::unique_ptr<Hearing> hearing() const;
   bool step();
+  void expectRecording();
+  bool isOther(bool atEnd);
+  void refuse();
   void rest();
   bool hearsMore();
   bool waitsForStore(bool hearsMore) const;
@@ -138,6 +142,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool m_saving = false;
   bool m_ownsAlbum = false;
   bool m_cutShort = false;
+  std::string m_expected;  ///< What the file has to have in it, until that is proven.
+  bool m_isOther = false;  ///< It has something else.
   bool m_endsNow = false;
   std::unique_ptr<Hearing> m_hearing;  ///< From `prepare` until the tablature is drawn.
   std::vector<std::unique_ptr<SongInWork>> m_marks;

@@ -13,7 +13,7 @@
 #include "workflow/editing/doubts/SongCorrections.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 #include "workflow/hearing/NewSong.h"
-#include "workflow/recordings/KeptSounds.h"
+#include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
@@ -23,13 +23,6 @@ namespace {
 
 bool isBetter(const QBSong& heard, const QBSong& song) {
   return heard.isWhole() ? hasTones(heard) : heard.chords().size() > song.chords().size();
-}
-
-/// Whether its file is there, and not another one as far as that can be seen at once.
-bool hasItsSize(const SongRecording& recording) {
-  std::error_code unknown;
-  const auto size = std::filesystem::file_size(recording.path(), unknown);
-  return !unknown && static_cast<std::int64_t>(size) == recording.size();
 }
 
 void redraw(QBSong& song) {
@@ -88,16 +81,13 @@ std::string recordingFileOf(const QBSong& song) {
   if (!song.isWhole()) return song.unheard();
   const SongRecording* recording = song.recording();
   if (!recording) return {};
-  const std::filesystem::path kept = keptSoundOf(*recording);
-  std::error_code unknown;
-  return !hasItsSize(*recording) && std::filesystem::exists(kept, unknown) ? kept.string()
-                                                                           : recording->path();
+  return fileOfRecording(*recording, Proof::atOnce).value_or(recording->path()).string();
 }
 
 bool canHearAnew(const QBSong& song) {
   const SongRecording* recording = song.recording();
-  if (!song.isWhole() || !recording || SongInWork::is(song)) return false;
-  return recordingFileOf(song) != recording->path() || hasItsSize(*recording);
+  return song.isWhole() && recording && !SongInWork::is(song) &&
+         fileOfRecording(*recording, Proof::known);
 }
 
 bool canHearAgain(const QBSong& song) {

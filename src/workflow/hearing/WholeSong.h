@@ -21,11 +21,12 @@ QBSong* takePlace(QBSong* heard, QBSong* song, QBSession& session);
 /// The user takes the song as it is: an edit.
 void takeAsWhole(QBSong& song);
 
-/// The file that a song was heard in, or is to be; "" when it is not known.
+/// The file that a song was heard in, its copy where that is another one by now, or the file that
+/// it is to be heard in; "" when it is not known.
 std::string recordingFileOf(const QBSong& song);
 /// Whether a song is not whole, and its recording is still where it was.
 bool canHearAgain(const QBSong& song);
-/// The same of a whole song; its file has the size that it had.
+/// The same of a whole song; its file is not another one as far as that is known.
 bool canHearAnew(const QBSong& song);
 
 }  // namespace korvel

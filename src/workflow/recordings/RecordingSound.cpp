@@ -63,9 +63,10 @@ std::shared_ptr<const platform::DecodedSound> opened(const fs::path& file,
 bool isRecording(const SongRecording& recording, const fs::path& file, Proof proof) {
   if (!hasSizeOf(recording, file)) return false;
   if (recording.hash().empty()) return true;
-  if (proof == Proof::content || isContentAtHand(file)) return contentOf(file) == recording.hash();
+  if (proof == Proof::content || (proof == Proof::atOnce && isContentAtHand(file)))
+    return contentOf(file) == recording.hash();
   readAhead(file);
-  return true;
+  return knownContent(file).value_or(recording.hash()) == recording.hash();
 }
 
 std::optional<fs::path> fileOfRecording(const SongRecording& recording, Proof proof) {

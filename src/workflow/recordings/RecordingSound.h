@@ -24,7 +24,9 @@ enum class Proof {
   /// All of the file is read, unless it was before: a second or more for an hour of sound.
   content,
   /// A long file that was not read yet is taken by its size for now, and read by another thread.
-  atOnce
+  atOnce,
+  /// So is a short one, for what is asked again and again.
+  known
 };
 
 /// Finds and opens the recording of a song: the file that it was heard in, if that still has its
