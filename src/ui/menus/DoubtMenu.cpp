@@ -259,7 +259,7 @@ void DoubtMenu::chooseSensitivity() {
   const auto part = selectedPart();
   correct([&](SongCorrections& song) {
     const auto preview = [&](double value) { return wordsOf(song.preview(value, part)); };
-    NotesDialog dialog(preview, part.has_value(), parentWidget());
+    NotesDialog dialog(preview, song.presentSensitivity(part), part.has_value(), parentWidget());
     if (dialog.exec() != QDialog::Accepted) return;
     song.decideAnew(dialog.sensitivity(), part);
   });

@@ -97,7 +97,10 @@ TEST_F(SongCorrectionsTest, allIsDecidedAnewButWhatIsLocked) {
   EXPECT_EQ(changes(0.5), Pair(0, 0));
   EXPECT_EQ(changes(0), Pair(0, 1));
   EXPECT_EQ(changes(1), Pair(1, 0));
+  EXPECT_EQ(SongCorrections(song).presentSensitivity(), 0.5);
   SongCorrections(song).decideAnew(1);
+  EXPECT_GT(SongCorrections(song).presentSensitivity(), 0.5);
+  EXPECT_EQ(changes(SongCorrections(song).presentSensitivity()), Pair(0, 0));
   EXPECT_EQ(stateOf(kMissingNote), "in");
   SongCorrections(song).decideAnew(0);
   EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "out out");

@@ -6,23 +6,26 @@
 #include <QLabel>
 #include <QSlider>
 #include <QVBoxLayout>
+#include <cmath>
 #include <utility>
+
+#include "workflow/editing/doubts/SongCorrections.h"
 
 namespace korvel::ui {
 namespace {
 
-constexpr int kStepsOfSlider = 40;
+constexpr int kStepsOfSlider = SongCorrections::kSensitivities;
 
 }  // namespace
 
-NotesDialog::NotesDialog(Preview preview, bool part, QWidget* parent)
+NotesDialog::NotesDialog(Preview preview, double sensitivity, bool part, QWidget* parent)
     : QDialog(parent),
       m_preview(std::move(preview)),
       m_slider(new QSlider(Qt::Horizontal)),
       m_changes(new QLabel) {
   setWindowTitle(part ? tr("Fewer or More Notes in the Selection") : tr("Fewer or More Notes"));
   m_slider->setRange(0, kStepsOfSlider);
-  m_slider->setValue(kStepsOfSlider / 2);
+  m_slider->setValue(static_cast<int>(std::lround(sensitivity * kStepsOfSlider)));
   m_slider->setPageStep(kStepsOfSlider / 10);
   m_slider->setAccessibleName(tr("Fewer notes to the left, more notes to the right"));
   auto* scale = new QHBoxLayout;

@@ -18,8 +18,8 @@ class NotesDialog final : public QDialog {
   /// Answers what a sensitivity, 0..1, would change, in words.
   using Preview = std::function<QString(double)>;
 
-  /// part: whether it is about what is selected only.
-  NotesDialog(Preview preview, bool part, QWidget* parent = nullptr);
+  /// sensitivity: the one that it begins at; part: whether it is about what is selected only.
+  NotesDialog(Preview preview, double sensitivity, bool part, QWidget* parent = nullptr);
 
   double sensitivity() const;
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <iterator>
 #include <tuple>
+#include <utility>
 
 #include "model/instruments/SongTuning.h"
 #include "model/recorded/SongRecording.h"
@@ -259,6 +260,20 @@ NoteChanges SongCorrections::preview(double sensitivity, const std::optional<Par
   eachChange(SongNotes(*m_song), sensitivity, part,
              [&](std::size_t, bool isIn) { ++(isIn ? changes.come : changes.go); });
   return changes;
+}
+
+double SongCorrections::presentSensitivity(const std::optional<Part>& part) const {
+  const SongNotes notes(*m_song);
+  const auto at = [](int step) { return static_cast<double>(step) / kSensitivities; };
+  const auto costOf = [&](int step) {
+    std::size_t changes = 0;
+    eachChange(notes, at(step), part, [&](std::size_t, bool) { ++changes; });
+    return std::pair(changes, std::abs(2 * step - kSensitivities));
+  };
+  int best = kSensitivities / 2;
+  for (int step = 0; step <= kSensitivities; ++step)
+    if (costOf(step) < costOf(best)) best = step;
+  return at(best);
 }
 
 NoteChanges SongCorrections::decideAnew(double sensitivity, const std::optional<Part>& part) {

@@ -61,6 +61,11 @@ class SongCorrections {
 
   /// What `decideAnew` would change; takes some milliseconds for a song of four minutes.
   NoteChanges preview(double sensitivity, const std::optional<Part>& part = {}) const;
+  /// Sensitivities that are told apart, but for 0.
+  static constexpr int kSensitivities = 40;
+  /// The one that the notes stand for which the song has now: it would change the fewest; of
+  /// several that nearest to an import's own, 0.5.
+  double presentSensitivity(const std::optional<Part>& part = {}) const;
   /// Decides which of all that was heard are notes, as an import of that sensitivity does: 0..1,
   /// more notes with a higher one. What is locked stays: "More or Fewer Notes".
   NoteChanges decideAnew(double sensitivity, const std::optional<Part>& part = {});
