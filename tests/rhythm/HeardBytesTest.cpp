@@ -91,6 +91,18 @@ TEST(HeardBytes, keepsRhythmAndWishes) {
   EXPECT_EQ(bytesOf(read->rhythm, read->wishes), bytes);
   expectWhole(bytes, storedRhythm);
   EXPECT_TRUE(storedRhythm(bytesOf(Rhythm{}, Wishes{})));
+  // How sure names are makes a later version of it.
+  reading.chords[0].probability = 0.4321;
+  reading.chords[0].bass = 4;
+  const Bytes later = bytesOf(rhythm, wishes);
+  EXPECT_EQ(later.size(), bytes.size() + 6);
+  const auto again = storedRhythm(later);
+  ASSERT_TRUE(again);
+  EXPECT_NEAR(again->rhythm.reading.chords[0].probability, 0.4321, 1e-9);
+  EXPECT_EQ(again->rhythm.reading.chords[0].bass, 4);
+  EXPECT_EQ(again->rhythm.reading.chords[1], reading.chords[1]);
+  EXPECT_EQ(bytesOf(again->rhythm, again->wishes), later);
+  expectWhole(later, storedRhythm);
 }
 
 TEST(HeardBytes, keepsCorrectionsWhichDecideWhatIsThere) {

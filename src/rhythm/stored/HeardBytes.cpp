@@ -15,7 +15,10 @@ namespace {
 using fingering::Note;
 
 constexpr std::uint64_t kNotesVersion = 1;
-constexpr std::uint64_t kRhythmVersion = 1;
+/// The first version has no probabilities and basses of chords. It is still written where there
+/// are none, so that there is one way to write each reading.
+constexpr std::uint64_t kRhythmVersion = 2;
+constexpr std::uint64_t kPlainRhythm = 1;
 constexpr double kShareUnits = 10000;  ///< Of probabilities and strengths.
 constexpr std::uint64_t kMostStrength = 10000000;
 constexpr std::uint64_t kMostProbability = 10000;
@@ -165,6 +168,27 @@ void write(ByteWriter& out, const Reading& reading) {
   for (const ChordSpan& span : reading.chords) write(out, span);
 }
 
+bool isPlain(const Reading& reading) {
+  return std::ranges::all_of(reading.chords, [](const ChordSpan& span) {
+    return sharesOf(span.probability, kMostProbability) == kMostProbability && span.bass < 0;
+  });
+}
+
+void writeSureness(ByteWriter& out, const Reading& reading) {
+  for (const ChordSpan& span : reading.chords) {
+    out.whole(sharesOf(span.probability, kMostProbability));
+    out.withSign(span.bass);
+  }
+}
+
+void readSureness(ByteReader& in, Reading& reading) {
+  for (ChordSpan& span : reading.chords) {
+    span.probability = static_cast<double>(in.atMost(kMostProbability)) / kShareUnits;
+    span.bass = in.within(-1, 11);
+  }
+  if (isPlain(reading)) throw OddBytes();
+}
+
 double readShare(ByteReader& in) {
   const double value = in.real();
   if (!(value >= 0 && value <= 1)) throw OddBytes();
@@ -238,11 +262,12 @@ Alternative readAlternative(ByteReader& in) {
 }
 
 template <class T>
-std::optional<T> read(std::span<const std::byte> bytes, std::uint64_t version,
-                      T (*content)(ByteReader&)) try {
+std::optional<T> read(std::span<const std::byte> bytes, std::uint64_t oldest, std::uint64_t newest,
+                      T (*content)(ByteReader&, std::uint64_t version)) try {
   ByteReader in(bytes);
-  if (in.whole() != version) return {};
-  T all = content(in);
+  const std::uint64_t version = in.whole();
+  if (version < oldest || version > newest) return {};
+  T all = content(in, version);
   if (!in.isAtEnd()) return {};
   return all;
 } catch (const OddBytes&) {
@@ -260,7 +285,7 @@ Bytes bytesOf(const HeardNotes& notes) {
 }
 
 std::optional<HeardNotes> heardNotes(std::span<const std::byte> bytes) {
-  return read<HeardNotes>(bytes, kNotesVersion, [](ByteReader& in) {
+  return read<HeardNotes>(bytes, kNotesVersion, kNotesVersion, [](ByteReader& in, std::uint64_t) {
     HeardNotes notes;
     notes.taken = readNotes(in);
     notes.doubtful = readNotes(in);
@@ -270,8 +295,10 @@ std::optional<HeardNotes> heardNotes(std::span<const std::byte> bytes) {
 
 Bytes bytesOf(const Rhythm& rhythm, const Wishes& wishes) {
   ByteWriter out;
-  out.whole(kRhythmVersion);
+  const bool plain = isPlain(rhythm.reading);
+  out.whole(plain ? kPlainRhythm : kRhythmVersion);
   write(out, rhythm.reading);
+  if (!plain) writeSureness(out, rhythm.reading);
   out.flag(rhythm.isFree);
   out.whole(rhythm.others.size());
   for (const Alternative& other : rhythm.others) write(out, other);
@@ -280,15 +307,17 @@ Bytes bytesOf(const Rhythm& rhythm, const Wishes& wishes) {
 }
 
 std::optional<StoredRhythm> storedRhythm(std::span<const std::byte> bytes) {
-  return read<StoredRhythm>(bytes, kRhythmVersion, [](ByteReader& in) {
+  const auto content = [](ByteReader& in, std::uint64_t version) {
     StoredRhythm stored;
     stored.rhythm.reading = readReading(in);
+    if (version > kPlainRhythm) readSureness(in, stored.rhythm.reading);
     stored.rhythm.isFree = in.flag();
     stored.rhythm.others.resize(in.count(2 * kBytesOfReal));
     for (Alternative& other : stored.rhythm.others) other = readAlternative(in);
     stored.wishes = readWishes(in);
     return stored;
-  });
+  };
+  return read<StoredRhythm>(bytes, kPlainRhythm, kRhythmVersion, content);
 }
 
 }  // namespace korvel::rhythm

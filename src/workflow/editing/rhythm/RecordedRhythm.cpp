@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "analysis/beats/SpanNames.h"
+#include "analysis/beats/SpanProbabilities.h"
 #include "fingering/Fingering.h"
 #include "model/instruments/SongTuning.h"
 #include "model/recorded/SongRecording.h"
@@ -61,6 +62,19 @@ void placeOn(QBSong& song, Placed& notes) {
   fingering::Fingering(open, options).place(notes);
 }
 
+/// The notes of a band are those of its chords' grips, which say nothing of how sure these are.
+void keepSureness(const rhythm::Reading& before, rhythm::Reading& now) {
+  if (before.beats.empty()) return;
+  for (rhythm::ChordSpan& span : now.chords) {
+    const double tick = before.tickOf(now.secondsOf((span.from + span.to) / 2.0));
+    const auto old = std::ranges::upper_bound(before.chords, tick, {},
+                                              [](const auto& each) { return double(each.to); });
+    if (old == before.chords.end() || old->root != span.root) continue;
+    span.probability = old->probability;
+    span.bass = old->bass;
+  }
+}
+
 }  // namespace
 
 RecordedRhythm::RecordedRhythm(QBSong& song) : m_recording(recordingOf(song)) {
@@ -91,7 +105,12 @@ HeardSound RecordedRhythm::readBy(const rhythm::Wishes& wishes) const {
   HeardSound heard;
   heard.notes = m_notes;
   heard.rhythm = rhythm::rhythmOf(m_notes, wishes);
-  tellPitchClasses(heard.notes, heard.rhythm.reading);
+  rhythm::Reading& reading = heard.rhythm.reading;
+  tellPitchClasses(heard.notes, reading);
+  if (m_recording.isBand())
+    keepSureness(m_stored.rhythm.reading, reading);
+  else
+    tellProbabilities(heard.notes, reading);
   heard.wishes = wishes;
   heard.seconds = m_recording.seconds();
   heard.tuningOffset = m_recording.tuningOffset();
