@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
@@ -271,11 +272,15 @@ void DoubtMenu::hearSelection() {
   HearingSettings settings = Preferences().detectionSettings();
   QString changed;
   correct([&](SongCorrections&) {
-    HearAgainDialog dialog(settings, parentWidget());
+    settings.fingering.capo = capoOf(*m_song);
+    HearAgainDialog dialog(settings, *m_song, parentWidget());
     if (dialog.exec() != QDialog::Accepted) return;
     static_cast<precise::Settings&>(settings) = dialog.settings();
-    PartHearing hearing(*m_song, *part, settings);
-    if (hears(hearing)) changed = wordsOf(hearing.finish());
+    PartHearing hearing(*m_song, *part, settings, dialog.playedOn());
+    if (!hears(hearing)) return;
+    changed = wordsOf(hearing.finish());
+    if (const auto unreached = hearing.unreached(); unreached > 0)
+      changed += ' ' + tr("Notes that the song's strings do not have: %1.").arg(unreached);
   });
   if (!changed.isEmpty()) emit said(changed);
 }

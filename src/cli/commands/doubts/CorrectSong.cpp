@@ -16,6 +16,8 @@
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/ChordRange.h"
 #include "cli/support/choices/SongChoice.h"
+#include "cli/support/choices/TuningChoice.h"
+#include "model/instruments/QBTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "workflow/editing/doubts/DoubtList.h"
@@ -32,6 +34,7 @@ struct CorrectOptions {
   std::vector<int> rejected;
   std::vector<int> confirmed;
   HearingSettings settings = settingsOfFrontEnds();
+  std::optional<std::string> tuning;  ///< That of the song when not given.
   bool decidesAnew = false;
   bool hearsAgain = false;
 
@@ -58,12 +61,19 @@ std::optional<SongCorrections::Part> partOf(QBSong& song, const ChordRange& rang
 }
 
 NoteChanges hearPart(QBSong& song, const std::optional<SongCorrections::Part>& part,
-                     const HearingSettings& settings) {
+                     const CorrectOptions& options) {
   const int last = static_cast<int>(song.allChords().size()) - 1;
-  PartHearing hearing(song, part.value_or(SongCorrections::Part{0, last}), settings);
+  std::optional<OpenPitches> playedOn;
+  if (options.tuning) playedOn = chooseTuning(*options.tuning).openStrings().pitches();
+  PartHearing hearing(song, part.value_or(SongCorrections::Part{0, last}), options.settings,
+                      playedOn);
   while (hearing.step()) Console::attached().progress(hearing.progress());
   Console::attached().progress(1);
-  return hearing.finish();
+  const NoteChanges changes = hearing.finish();
+  if (hearing.unreached() > 0)
+    Console::attached().note("notes that the song's strings do not have: " +
+                             std::to_string(hearing.unreached()));
+  return changes;
 }
 
 void correct(QBSong& song, const CorrectOptions& options) {
@@ -77,7 +87,7 @@ void correct(QBSong& song, const CorrectOptions& options) {
   if (!options.hearsAgain && !options.decidesAnew) return;
   const auto part = partOf(song, options.range);
   const NoteChanges changes = options.hearsAgain
-                                  ? hearPart(song, part, options.settings)
+                                  ? hearPart(song, part, options)
                                   : corrections.decideAnew(options.settings.sensitivity, part);
   Console::attached().printLine("notes that come: " + std::to_string(changes.come) +
                                 ", that go: " + std::to_string(changes.go));
@@ -109,7 +119,7 @@ void checkCorrect(const Command& command, CorrectOptions& options) {
   requireOneVerdictEach(options);
   if (options.range.from != 0 && !options.decidesAnew && !options.hearsAgain)
     throw UsageError("FROM", "goes with --sensitivity or --hear-again");
-  for (const char* flag : {"--position", "--frets", "--capo"})
+  for (const char* flag : {"--position", "--frets", "--capo", "--tuning"})
     if (command.isGiven(flag) && !options.hearsAgain)
       throw UsageError(flag, "goes with --hear-again");
 }
@@ -129,6 +139,8 @@ void addCorrectSong(Command& tool) {
       .shownAs("NUMBER...");
   command.flag("--hear-again", options.hearsAgain,
                "Hear the recording of these chords again, with the following settings");
+  command.option("--tuning", options.tuning,
+                 "How the guitar is tuned there, such as \"Drop D\"; the song keeps its tuning");
   addDetectionFlags(command, options.settings);
   command.checkLast([&command, &options] { checkCorrect(command, options); });
   command.does([&options] { doCorrect(options); });

@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "analysis/chords/Transcription.h"
+#include "fingering/Fingering.h"
 #include "model/instruments/SongTuning.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBChord.h"
@@ -73,8 +75,11 @@ void insert(std::vector<rhythm::HeardAgain>& parts, rhythm::HeardAgain&& added) 
 }  // namespace
 
 PartHearing::PartHearing(QBSong& song, const SongCorrections::Part& part,
-                         const HearingSettings& settings)
-    : m_song(&song), m_settings(settings) {
+                         const HearingSettings& settings,
+                         const std::optional<OpenPitches>& playedOn)
+    : m_song(&song),
+      m_settings(settings),
+      m_playedOn(playedOn.value_or(openStringsOf(&song).pitches())) {
   const SongCorrections allowed(song);
   const std::filesystem::path file = requireFile(Proof::atOnce);
   if (file == song.recording()->path()) m_proving = readingContent(file);
@@ -96,8 +101,7 @@ void PartHearing::beginListening() {
   const auto source = std::make_shared<PartOfTrack>(requireFile(Proof::content), sampleAt(m_begin),
                                                     sampleAt(m_to + kAroundPart));
   source->startRecord(0);
-  m_listening =
-      std::make_unique<Transcription>(source, openStringsOf(m_song.get()).pitches(), m_settings);
+  m_listening = std::make_unique<Transcription>(source, m_playedOn, m_settings);
 }
 
 /// From the first chord to the one behind the last.
@@ -134,6 +138,21 @@ rhythm::HeardAgain PartHearing::heard() const {
     });
   }
   return part;
+}
+
+/// From the strings that it was played on to those of the song. What the guitar had not may be
+/// something else, and stays doubtful.
+void PartHearing::placeOnStrings(rhythm::HeardAgain& part) {
+  const OpenPitches strings = openStringsOf(m_song.get()).pitches();
+  if (m_playedOn == strings) return;
+  std::vector<Note>& taken = part.notes.taken;
+  std::vector<Note>& doubtful = part.notes.doubtful;
+  const auto hasNoString = [](const Note& note) { return note.string < 0; };
+  std::ranges::copy_if(taken, std::back_inserter(doubtful), hasNoString);
+  std::erase_if(taken, hasNoString);
+  std::ranges::stable_sort(doubtful, {}, &Note::onset);
+  fingering::Fingering(strings, m_settings.fingering).place(taken);
+  m_unreached = static_cast<std::size_t>(std::ranges::count_if(taken, hasNoString));
 }
 
 /// From what the song has to what was heard now.
@@ -234,6 +253,7 @@ NoteChanges PartHearing::finish() {
   QBSong& song = *m_song;
   Edit edit(song, phrase("UndoAction", "Hear Part Again"));
   rhythm::HeardAgain part = heard();
+  placeOnStrings(part);
   const std::vector<Note> taken = part.notes.taken;
   const Placing placing{song, taken, m_from, m_to, SongNotes(song)};
   PassageNames names(song);
