@@ -3,12 +3,12 @@
 
 #include <atomic>
 #include <cstdint>
-#include <list>
 #include <memory>
 #include <mutex>
 #include <span>
 #include <vector>
 
+#include "audio/BlockRing.h"
 #include "audio/QBSampleBlock.h"
 #include "model/recorded/QBBlock.h"
 #include "platform/persistence/Ref.h"
@@ -17,25 +17,25 @@
 namespace korvel {
 
 /// Where the analyser takes its blocks from, and itself the queue of live blocks: the audio thread
-/// pushes, the analyser's thread reads. Both only try the lock. A collision costs the one a block
-/// and the other an empty step, and neither ever waits.
+/// pushes, the analyser's thread reads, and neither ever waits. Nothing that was played is lost
+/// before the reader is a whole BlockRing behind.
 ///
 /// File sources override the second half; what stands here are the answers of a source without one.
 class QBSampleSource {
  public:
-  QBSampleSource();
+  QBSampleSource() = default;
   QBSampleSource(const QBSampleSource&) = delete;
   QBSampleSource& operator=(const QBSampleSource&) = delete;
   virtual ~QBSampleSource() = default;
 
   /// Queues a copy of a buffer of exactly 32768 bytes; others are ignored, and the block is lost
-  /// when the lock is busy. For one audio thread at a time: waits for nothing, and allocates only
-  /// when the reader is more than kSpareBlocks behind and the source has no limit.
+  /// when the ring is full. For one audio thread at a time: takes no lock, and allocates nothing
+  /// once the blocks are prepared.
   void pushBuffer(const platform::AudioTimeStamp& time, const platform::QueueBuffer& buffer);
-  /// The oldest pending block; none when nothing is pending or the lock is busy. For one reading
-  /// thread at a time.
+  /// The oldest pending block; none when nothing is pending or another thread is just reading. Not
+  /// for the audio thread.
   virtual std::unique_ptr<QBSampleBlock> readBuffer();
-  /// Blocks that were lost, since the lock was busy or as many as may wait did so. For any thread.
+  /// Blocks that were lost, since as many as may wait did so. For any thread.
   std::int64_t nmbOfDroppedBlocks() const { return m_nmbOfDroppedBlocks; }
 
   virtual void startRecord(float volume) { m_volume = volume; }
@@ -60,28 +60,15 @@ class QBSampleSource {
   const std::vector<std::int16_t>& samples() const { return m_samples; }
 
  protected:
-  static constexpr int kSpareBlocks = 8;
-
-  /// From now on so many blocks may wait to be read, and further ones are lost: for who must not
-  /// allocate on the audio thread at all. Not while blocks are pushed.
-  void limitPending(int blocks);
+  /// For who must not allocate on the audio thread. Not while blocks are pushed or read.
+  void prepareBlocks() { m_blocks.prepare(); }
 
   std::vector<std::int16_t> m_samples;  ///< Of sources that hold all their samples at once.
   float m_volume = 0;
-  std::mutex m_lock;  ///< Guards m_blocks and m_spare.
+  std::mutex m_lock;  ///< Guards the reading end of m_blocks; the audio thread leaves it alone.
 
  private:
-  using Queue = std::list<std::unique_ptr<QBSampleBlock>>;
-
-  bool findBlockToFill();
-  bool queueFilled();
-
-  // List nodes move between these with their blocks, so that neither is made on the audio thread.
-  Queue m_blocks;                                ///< Pending, oldest first.
-  Queue m_spare;                                 ///< Empty ones, for the audio thread to fill.
-  Queue m_filling;                               ///< One block; the audio thread's own.
-  std::unique_ptr<QBSampleBlock> m_replacement;  ///< Takes a read block's place; the reader's own.
-  bool m_isLimited = false;
+  BlockRing m_blocks;  ///< Pending.
   std::atomic<std::int64_t> m_nmbOfDroppedBlocks = 0;
 };
 

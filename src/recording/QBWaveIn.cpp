@@ -2,12 +2,6 @@
 #include "recording/QBWaveIn.h"
 
 namespace korvel {
-namespace {
-
-/// Twelve seconds: longer than the main thread is ever kept from reading.
-constexpr int kMostPending = 64;
-
-}  // namespace
 
 QBWaveIn::QBWaveIn(QBChordAnalyser* analyser) : m_micro(analyser) {}
 
@@ -15,7 +9,7 @@ QBWaveIn::QBWaveIn(QBChordAnalyser* analyser) : m_micro(analyser) {}
 QBWaveIn::~QBWaveIn() { m_micro.StopRecord(); }
 
 void QBWaveIn::startRecord(float volume) {
-  limitPending(kMostPending);
+  prepareBlocks();
   m_micro.StartRecord(volume);
 }
 

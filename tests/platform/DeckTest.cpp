@@ -1,30 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <new>
-
 #include "platform/deck/Deck.h"
 #include "platform/files/FileError.h"
 #include "platform/midi/MusicPlayer.h"
+#include "support/Allocations.h"
 #include "support/Testing.h"
 #include "support/sound/FfmpegTool.h"
 #include "support/sound/Guitar.h"
 #include "support/sound/HandAudio.h"
 #include "support/store/ScratchFolder.h"
-
-namespace {
-
-thread_local int allocations = 0;
-
-}  // namespace
-
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) && !defined(__clang__)
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-#endif
 
 namespace korvel::platform {
 namespace {
@@ -195,9 +178,9 @@ TEST_F(DeckTest, audioThreadAllocatesNothingAndStandsStillWhereNothingWaits) {
   int allocated = 0;
   std::uint64_t frames = 0;
   const auto render = [&] {
-    const int before = allocations;
+    const int before = test::allocations();
     output.render(buffer, timeline, frames);
-    allocated += allocations - before;
+    allocated += test::allocations() - before;
     frames += buffer.size() / 2;
   };
   render();

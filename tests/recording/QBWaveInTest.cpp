@@ -2,6 +2,7 @@
 #include "recording/QBWaveIn.h"
 
 #include "analysis/chords/QBChordAnalyserStandard.h"
+#include "support/Allocations.h"
 #include "support/Testing.h"
 #include "support/sound/HandFedMicrophone.h"
 
@@ -67,20 +68,33 @@ TEST_F(QBWaveInTest, onlyFullBuffersBecomeBlocks) {
   EXPECT_EQ(heard, (std::vector<std::int64_t>{0, 8192 + 8191}));
 }
 
-TEST_F(QBWaveInTest, neverWaitsForWhoHoldsTheLockOrReadsTooLate) {
+TEST_F(QBWaveInTest, losesNothingToWhoReadsMeanwhileOrAMinuteLate) {
+  constexpr int kMinute = 320;
   m_wave->startRecord(0);
+  std::vector<std::byte> bytes(QBBlock::kBytes);
+  const platform::QueueBuffer sound{.data = bytes, .dataByteSize = QBBlock::kBytes};
+  int allocated = 0;
+  const auto play = [&](int from, int to) {
+    const int before = test::allocations();
+    for (int i = from; i < to; ++i) m_wave->pushBuffer({.sampleTime = 1.0 * i}, sound);
+    allocated += test::allocations() - before;
+  };
   {
-    const std::lock_guard held(m_wave->m_lock);
-    std::thread([&] { EXPECT_TRUE(m_microphone.hear(1)); }).join();
-    EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 1);
+    const std::lock_guard reading(m_wave->m_lock);
+    std::thread([&] {
+      play(0, kMinute);
+      EXPECT_EQ(m_wave->readBuffer(), nullptr) << "another thread reads";
+    }).join();
   }
-  for (std::int16_t i = 0; i < 70; ++i) m_microphone.hear(i);
-  EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 7) << "64 wait";
-  EXPECT_EQ(firstSample(), 0);
-  m_microphone.hear(100);
-  EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 7);
-  for (int i = 1; i < 64; ++i) ASSERT_EQ(firstSample(), i);
-  EXPECT_EQ(firstSample(), 100);
+  EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 0);
+  play(-2, 0);
+  EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 2);
+  EXPECT_EQ(m_wave->readBuffer()->m_time, 0);
+  play(kMinute, kMinute + 1);
+  for (int i = 1; i <= kMinute; ++i) ASSERT_EQ(m_wave->readBuffer()->m_time, i);
+  EXPECT_EQ(m_wave->readBuffer(), nullptr);
+  EXPECT_EQ(m_wave->nmbOfDroppedBlocks(), 2);
+  EXPECT_EQ(allocated, 0) << "on the audio thread";
 }
 
 TEST_F(QBWaveInTest, knowsWhenItsDeviceHasEnded) {

@@ -80,7 +80,7 @@ class LiveRecording {
   /// The loudest sample of the last block, 0..1.
   float level() const;
   Ending ending() const { return m_ending; }
-  /// Blocks that came while as many as may wait did so, or the analyser was just taking one.
+  /// Blocks that came while as many as may wait did so.
   std::int64_t droppedBlocks() const;
   /// How much of what was played came faster than it could be heard, in seconds; the take has
   /// silence there.
