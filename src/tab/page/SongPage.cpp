@@ -221,12 +221,13 @@ class PageMaking {
   std::vector<PageSource::Bar> m_bars;
 };
 
-/// What is written on a beat: the chords that begin on it, or a point.
-std::string beatText(const PageBar& bar, int beat) {
+/// What is written on a count: the chords that begin on it, or a point.
+std::string countText(const PageBar& bar, int count) {
   std::string text;
   for (const PageChord& chord : bar.chords) {
-    const bool isFirst = chord.goesOn && beat == 0;
-    if (!isFirst && (chord.beat < beat || chord.beat >= beat + 1)) continue;
+    const bool isFirst = chord.goesOn && count == 0;
+    const double begin = chord.beat * bar.countsOfBeat();
+    if (!isFirst && (begin < count || begin >= count + 1)) continue;
     if (!text.empty()) text += '~';
     text += (chord.name.empty() ? "-" : chord.name) + (chord.isDoubtful ? "?" : "");
   }
@@ -235,14 +236,20 @@ std::string beatText(const PageBar& bar, int beat) {
 
 }  // namespace
 
+int PageBar::countsOfBeat() const {
+  constexpr int kQuarter = 4;
+  const bool hasWholeBeats = ticksOfBar(beat, beattype) % kTicksOfBeat == 0;
+  return hasWholeBeats ? 1 : std::max(1, beattype / kQuarter);
+}
+
 std::string PageBar::chordText() const {
   const bool isNone =
       std::ranges::all_of(chords, [](const PageChord& chord) { return chord.name.empty(); });
   if (isNone) return "-";
-  if (beattype == 0) return beatText(*this, 0);
+  if (beattype == 0) return countText(*this, 0);
   std::string text;
-  const int last = std::max(1, static_cast<int>(std::ceil(beats)));
-  for (int at = 0; at < last; ++at) text += (at > 0 ? " " : "") + beatText(*this, at);
+  const int last = std::max(1, static_cast<int>(std::ceil(beats * countsOfBeat())));
+  for (int at = 0; at < last; ++at) text += (at > 0 ? " " : "") + countText(*this, at);
   return text;
 }
 

@@ -60,8 +60,11 @@ struct PageBar {
   std::vector<int> ticks;  ///< Where it begins each time, as words are placed by.
   int length = 0;          ///< In ticks.
 
-  /// "Am . F ." with a point for each beat on which the chord goes on; "-" for no chord, a question
-  /// mark behind a doubtful name, "~" between chords that begin on one beat.
+  /// In how many parts each beat is counted: bars such as 7/8 have no whole ones, and eighths are
+  /// counted.
+  int countsOfBeat() const;
+  /// "Am . F ." with a point for each count on which the chord goes on; "-" for no chord, a
+  /// question mark behind a doubtful name, "~" between chords that begin on one count.
   std::string chordText() const;
   /// All words of one time.
   std::string wordText(std::size_t time) const;

@@ -392,12 +392,13 @@ void PageSheet::addChords(const Line& line, std::size_t index, const QRectF& pla
   addPoints(bar, place, from, line.scale);
 }
 
-/// A point for each beat on which a chord goes on.
+/// A point for each count on which a chord goes on.
 void PageSheet::addPoints(const PageBar& bar, const QRectF& place, double from, double scale) {
   if (bar.beattype == 0) return;
   const double radius = m_line * 0.07 * scale;
-  for (int beat = 1; beat < static_cast<int>(std::ceil(bar.beats)); ++beat) {
-    const QPointF middle(from + beat / bar.beats * (place.right() - from) + 2 * radius,
+  const double counts = bar.beats * bar.countsOfBeat();
+  for (int count = 1; count < static_cast<int>(std::ceil(counts)); ++count) {
+    const QPointF middle(from + count / counts * (place.right() - from) + 2 * radius,
                          place.center().y());
     const bool isTaken = std::ranges::any_of(m_chords, [&](const Chord& chord) {
       return chord.place.top() == place.top() &&
