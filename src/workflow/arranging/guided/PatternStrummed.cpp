@@ -271,6 +271,7 @@ QBSong* strummedIn(QBSong& song, const StrumPattern& pattern) {
   sheet.requireNames(song);
   const std::string title = nameOf(song).tagged(kTagOfPattern);
   QBSong* made = emptyBeside(song, title);
+  made->takeWordsOf(song);
   PatternStrummer(song, pattern, *made).strumAll(sheet);
   return finished(made, title);
 }
