@@ -27,7 +27,10 @@ float bassOf(int tone) {
 }  // namespace
 
 /// Silence lies before the first sample, so that frame 0 is centred there.
-BandEar::BandEar() : m_samples(LogSpectrum::kWindow / 2) { m_sound.frameSeconds = kHopSeconds; }
+BandEar::BandEar(bool hearsVoices)
+    : m_hearsVoices(hearsVoices), m_samples(LogSpectrum::kWindow / 2) {
+  m_sound.frameSeconds = kHopSeconds;
+}
 
 void BandEar::add(std::span<const float> samples) {
   m_new.clear();
@@ -61,12 +64,13 @@ void BandEar::keepMiddle() {
 }
 
 void BandEar::listenToWaiting() {
-  for (DrumFilter::Row& row : m_waiting) m_sound.frames.push_back(heardIn(row));
+  for (DrumFilter::Row& row : m_waiting) listenTo(row);
   m_waiting.clear();
 }
 
-SoundFrame BandEar::heardIn(DrumFilter::Row& row) const {
-  SoundFrame frame{.level = row.level, .percussive = row.percussive};
+void BandEar::listenTo(DrumFilter::Row& row) {
+  SoundFrame& frame =
+      m_sound.frames.emplace_back(SoundFrame{.level = row.level, .percussive = row.percussive});
   float low = 0, all = 0;
   for (std::size_t bin = 0; bin < kBins; ++bin) {
     all += row.tones[bin] * row.tones[bin];
@@ -74,9 +78,11 @@ SoundFrame BandEar::heardIn(DrumFilter::Row& row) const {
   }
   frame.low = all > 0 ? low / all : 0;
   Detuning::mend(row.tones, m_detuning.cents());
-  m_whitening.apply(row.tones);
+  LogRow whitened = row.tones;
+  m_whitening.apply(whitened);
   Tones tones;
-  m_solver.solve(row.tones, tones);
+  m_solver.solve(whitened, tones);
+  if (m_hearsVoices) m_sound.tones.push_back(toneFrameOf(row.tones, tones));
   for (std::size_t i = 0; i < kTones; ++i) {
     const int tone = kLowestTone + static_cast<int>(i);
     const float strength = std::pow(tones[i], kCompression);
@@ -84,7 +90,6 @@ SoundFrame BandEar::heardIn(DrumFilter::Row& row) const {
     frame.treble[at] += trebleOf(tone) * strength;
     frame.bass[at] += bassOf(tone) * strength;
   }
-  return frame;
 }
 
 BandSound BandEar::take() {
@@ -99,6 +104,7 @@ BandSound BandEar::take() {
   for (std::size_t i = 0; i < DrumFilter::kDelay; ++i) see({});
   listenToWaiting();
   m_sound.frames.resize(std::min(frames, m_sound.frames.size()));
+  if (m_hearsVoices) m_sound.tones.resize(m_sound.frames.size());
   m_sound.tuningOffset = m_detuning.cents();
   m_sound.strokes = m_strokes.take();
   return std::move(m_sound);

@@ -17,10 +17,12 @@
 namespace korvel::chords {
 
 /// Listens to a recording for what its chords are heard from. Some milliseconds of work for each
-/// second of sound; keeps two thousand bytes of each.
+/// second of sound; keeps two thousand bytes of each, and six
+/// thousand more for voices.
 class BandEar {
  public:
-  BandEar();
+  /// Whether single voices are to be heard in the sound, too.
+  explicit BandEar(bool hearsVoices = false);
   /// The next samples, mono, platform::kSampleRate of them a second.
   void add(std::span<const float> samples);
   /// To be called once, when the sound has ended.
@@ -31,8 +33,9 @@ class BandEar {
   void see(const LogRow& row);
   void keepMiddle();
   void listenToWaiting();
-  SoundFrame heardIn(DrumFilter::Row& row) const;
+  void listenTo(DrumFilter::Row& row);
 
+  bool m_hearsVoices;
   QuarterRate m_quarter;
   std::vector<float> m_new;
   std::vector<float> m_samples;  ///< At kRate, from the first one that the next frame needs.

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "chords/voices/ToneFrame.h"
+
 namespace korvel::chords {
 
 inline constexpr std::size_t kClasses = 12;
@@ -35,6 +37,7 @@ struct Stroke {
 struct BandSound {
   /// Frame t is centred at t * frameSeconds.
   std::vector<SoundFrame> frames;
+  std::vector<ToneFrame> tones;  ///< Of each frame, where single voices are listened for.
   double frameSeconds = 0;
   std::vector<Stroke> strokes;  ///< By time.
   double tuningOffset = 0;      ///< How far its A lies above 440 Hz, in cents, -50..50.

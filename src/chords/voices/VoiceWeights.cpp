@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "chords/voices/VoiceWeights.h"
+
+namespace korvel::chords {
+namespace {
+
+constexpr VoiceWeights kMelody{
+    .lowest = 57,
+    .highest = 84,
+    .sound = {.tone = 0.55F,
+              .toneSquared = 1.24F,
+              .toneOfAll = 1.50F,
+              .octaveAbove = 1.35F,
+              .octaveBelow = 0.68F,
+              .fifthAbove = 0.48F,
+              .twelfthAbove = 1.67F,
+              .twelfthBelow = -0.84F,
+              .peak = 2.16F,
+              .peakOfAll = 3.55F,
+              .peakTwoOctavesAbove = 2.56F,
+              .peakOctaveBelow = -0.58F,
+              .peakFifthAbove = -0.71F,
+              .peakOverNeighbours = -0.60F,
+              .above = -0.79F,
+              .below = -1.33F,
+              .ofChord = -0.49F,
+              .height = 0.80F,
+              .heightSquared = -4.19F},
+    .rest =
+        {.always = 3.17F, .tone = 1.32F, .peak = -1.73F, .level = -1.16F, .powerOfTones = 0.64F},
+    .restrike = {.always = -5.18F,
+                 .risen = 0.98F,
+                 .rises = -0.90F,
+                 .peakRisen = 3.24F,
+                 .peakRises = -5.65F,
+                 .stroke = 1.05F,
+                 .lowStroke = -0.29F,
+                 .onBeat = 2.30F,
+                 .onHalf = 2.31F,
+                 .toneOfAll = 0.08F},
+    .prices = {.heard = 1.21F,
+               .leap = 0.06F,
+               .start = 0.87F,
+               .change = 0.12F,
+               .again = 0,
+               .restrike = 1,
+               .stop = 0.7F},
+    .leastProbability = 0.6F,
+    .leastClearness = 0.34F,
+};
+
+constexpr VoiceWeights kBass{
+    .lowest = 28,
+    .highest = 52,
+    .sound = {.tone = 0.93F,
+              .toneSquared = 1.05F,
+              .toneOfAll = 2.52F,
+              .octaveAbove = 2.27F,
+              .octaveBelow = 2.59F,
+              .fifthAbove = -0.92F,
+              .twelfthAbove = 2.52F,
+              .twelfthBelow = -1.96F,
+              .peak = -1.60F,
+              .peakOfAll = 1.67F,
+              .peakTwoOctavesAbove = 0.66F,
+              .peakOctaveBelow = -2.80F,
+              .peakFifthAbove = -2.39F,
+              .peakOverNeighbours = 4.32F,
+              .above = -2.02F,
+              .below = -1.39F,
+              .ofChord = 1.32F,
+              .height = -1.98F,
+              .heightSquared = -1.39F},
+    .rest =
+        {.always = 5.30F, .tone = 0.88F, .peak = 0.05F, .level = -4.00F, .powerOfTones = -0.52F},
+    .restrike = {.always = -0.64F,
+                 .risen = 1.46F,
+                 .rises = 2.55F,
+                 .peakRisen = 0.48F,
+                 .peakRises = -4.15F,
+                 .stroke = -0.80F,
+                 .lowStroke = 3.56F,
+                 .onBeat = 1.63F,
+                 .onHalf = 0.37F,
+                 .toneOfAll = -3.27F},
+    .prices = {.heard = 2.52F,
+               .leap = 0.08F,
+               .start = 0.52F,
+               .change = 0.42F,
+               .again = 0.16F,
+               .restrike = 1,
+               .stop = 0.3F},
+    .leastProbability = 0.68F,
+    .leastClearness = 0.3F,
+};
+
+}  // namespace
+
+const VoiceWeights& weightsOf(Voice voice) { return voice == Voice::melody ? kMelody : kBass; }
+
+}  // namespace korvel::chords
