@@ -5,12 +5,21 @@ A set is a folder with index.json, a list of {"clip", "kind", "audio"}, the reco
 file a clip, "clip".json. A scorer is called as
 "FILE --set DIR --pred FOLDER --by kind --json FIGURES".
 """
+import importlib.util
 import json
 import subprocess
 import sys
 
 TOTAL = "ALL (no variants)"
 ALL = "**all but the variants**"
+
+
+def module_of(file):
+    """A Python file as a module."""
+    spec = importlib.util.spec_from_file_location(file.stem, file)
+    module = importlib.util.module_from_spec(spec)
+    spec.loader.exec_module(module)
+    return module
 
 
 def clips_of(folder):

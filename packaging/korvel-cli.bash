@@ -43,6 +43,7 @@ _korvel_cli() {
     --detection) _korvel_cli_offer < <(printf 'precise\nclassic\n') && return ;;
     --grid) _korvel_cli_offer < <(printf 'beats\nslices\n') && return ;;
     --what) _korvel_cli_offer < <(printf 'guitar\nband\nauto\n') && return ;;
+    --voices) _korvel_cli_offer < <(printf 'melody\nbass\nmelody,bass\n') && return ;;
     --strum | --pattern) _korvel_cli_offer < <("${words[0]}" strum --list 2>/dev/null | sed 's/ .*//') && return ;;
     --metre) _korvel_cli_offer < <(printf '2/4\n3/4\n4/4\n6/8\n12/8\n') && return ;;
     --track) _korvel_cli_offer < <(printf 'list\n') && return ;;

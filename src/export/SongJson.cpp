@@ -222,6 +222,15 @@ Json asJson(const ChordOfRecording& chord) {
                       rounded(chord.probability, kPerUnit), chord.name});
 }
 
+Json asJson(const VoiceOfRecording& voice) {
+  Json json{{"voice", voice.name}, {"clear", voice.isClear}, {"notes", Json::array()}};
+  for (const VoiceOfRecording::Note& note : voice.notes)
+    json["notes"].push_back(
+        Json::array({rounded(note.from, kPerSecond), rounded(note.to, kPerSecond), note.pitch,
+                     rounded(note.probability, kPerUnit)}));
+  return json;
+}
+
 }  // namespace
 
 std::string songAsJson(QBSong& song) { return dump(asJson(song)); }
@@ -248,11 +257,12 @@ std::string notesAsJson(const std::vector<NotesOfFile>& files) {
 }
 
 std::string chordsAsJson(const rhythm::Rhythm& rhythm, const std::vector<ChordOfRecording>& chords,
-                         bool isBand) {
+                         bool isBand, const std::vector<VoiceOfRecording>& voices) {
   Json json{{"what", isBand ? "band" : "guitar"}};
   addRhythm(json, rhythm);
   json["chords"] = Json::array();
   for (const ChordOfRecording& chord : chords) json["chords"].push_back(asJson(chord));
+  for (const VoiceOfRecording& voice : voices) json["voices"].push_back(asJson(voice));
   return json.dump(1) + '\n';
 }
 

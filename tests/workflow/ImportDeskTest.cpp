@@ -7,6 +7,7 @@
 #include "support/Testing.h"
 #include "support/songs/SongDesk.h"
 #include "support/sound/Guitar.h"
+#include "support/sound/PlayedBand.h"
 #include "support/store/FileSizeLimit.h"
 #include "support/store/StandardStore.h"
 #include "workflow/editing/SongEditor.h"
@@ -143,6 +144,40 @@ TEST_F(ImportDeskTest, recordingIsKnownAgainAndHeardAnewIntoItsSong) {
   test::writeFile(m_file, test::readFile(m_file) + "another end");
   EXPECT_FALSE(canHearAnew(*song));
   EXPECT_EQ(songHeardIn(QBTabMgr::db(), m_file), nullptr);
+}
+
+TEST_F(ImportDeskTest, voicesOfABandBecomeSongsInTheSameAction) {
+  test::BandScore score;
+  for (int bar = 0; bar < 8; ++bar)
+    for (const auto& [tune, bass] : {std::pair{72, 36}, {74, 43}, {76, 36}, {79, 40}}) {
+      score.melody.push_back(tune - bar % 2 * 2);
+      score.bass.push_back(bass + bar % 2 * 5);
+    }
+  test::writeWav(m_file, test::samplesOf(test::playedBand(score)));
+  HearingSettings settings = settingsOfFrontEnds();
+  settings.players = Players::band;
+  settings.voices = {chords::Voice::melody, chords::Voice::bass};
+  ImportDesk desk(*m_tree);
+  desk.setDetection(preciseDetection(), settings);
+  const std::size_t before = stored("QBSong");
+  const auto import = desk.importFile(m_file);
+  runUntil([&] { return !import->isRunning(); });
+  const platform::Ref<QBAlbum> album = import->newSong()->album();
+  std::vector<std::string> titles;
+  for (const auto& song : album->songs().snapshot()) {
+    titles.push_back(song->title());
+    EXPECT_EQ(song->recording(), import->newSong()->recording());
+    EXPECT_EQ(song->tempo(), import->newSong()->tempo());
+    EXPECT_TRUE(song->hasTabulature());
+  }
+  EXPECT_EQ(titles,
+            (std::vector<std::string>{"First Try", "First Try (melody)", "First Try (bass)"}));
+  QBSong& bass = *album->songs().snapshot().back();
+  EXPECT_NE(test::linesOf(bass).substr(0, 20).find("1/3\n"), std::string::npos) << "an octave up";
+  EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_EQ(stored("QBSong"), before);
+  EXPECT_TRUE(QBSession::session().redo());
+  EXPECT_EQ(album->songs().size(), 3U);
 }
 
 TEST_F(ImportDeskTest, restingImportIsDropped) {

@@ -27,6 +27,18 @@ ChordsOnBeats::ChordsOnBeats(const HeardSound& heard)
   m_reading.notes.clear();
 }
 
+ChordsOnBeats::ChordsOnBeats(const HeardSound& heard, const HeardVoice& voice)
+    : m_tempo(heard.rhythm.reading.tempo()), m_reading(heard.rhythm.reading) {
+  const auto& all = heard.rhythm.reading.events;
+  const std::optional<int> from =
+      all.empty() ? std::nullopt : std::optional(all.front().place.tick);
+  m_reading.events = voice.events;
+  m_reading.notes = voice.places;
+  m_chords = writtenChords(voice.notes, m_reading, from);
+  m_reading.events.clear();
+  m_reading.notes.clear();
+}
+
 ChordsOnBeats::~ChordsOnBeats() = default;
 
 QBChord* ChordsOnBeats::make(QBSong* song) {

@@ -19,6 +19,8 @@ class QBMeasure;
 class ChordsOnBeats final : public ChordSupply {
  public:
   explicit ChordsOnBeats(const HeardSound& heard);
+  /// A voice of what was heard in its place, in the same bars.
+  ChordsOnBeats(const HeardSound& heard, const HeardVoice& voice);
   ~ChordsOnBeats() override;
 
   std::size_t size() const override { return m_chords.size(); }

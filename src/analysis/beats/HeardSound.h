@@ -3,10 +3,23 @@
 
 #include <vector>
 
+#include "chords/voices/Voice.h"
 #include "fingering/Note.h"
 #include "rhythm/Reading.h"
 
 namespace korvel {
+
+/// A single line that was heard in a band, written on the beats of its reading.
+struct HeardVoice {
+  chords::Voice voice = chords::Voice::melody;
+  /// Whether it was heard clearly enough to be worth it; otherwise it has no notes.
+  bool isClear = false;
+  /// By onset, none overlaps another, with strings and frets.
+  std::vector<fingering::Note> notes;
+  int raised = 0;  ///< By how many semitones they lie above what was heard, to be on the guitar.
+  std::vector<rhythm::Event> events;  ///< Of the notes.
+  std::vector<rhythm::Place> places;  ///< Of each note.
+};
 
 /// All that was heard in a recording.
 struct HeardSound {
@@ -19,6 +32,7 @@ struct HeardSound {
   int capo = 0;
   /// A band plays: its notes are those of grips for its chords.
   bool isBand = false;
+  std::vector<HeardVoice> voices{};  ///< Of a band: those that were asked for, clear or not.
 };
 
 }  // namespace korvel

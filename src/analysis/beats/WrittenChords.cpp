@@ -38,8 +38,11 @@ double timeOf(const Event& event, std::span<const Note> notes) {
 
 class Writer {
  public:
-  Writer(std::span<const Note> notes, const Reading& reading)
-      : m_notes(notes), m_reading(reading), m_barTicks(std::max(reading.metre.ticks(), 1)) {}
+  Writer(std::span<const Note> notes, const Reading& reading, std::optional<int> from)
+      : m_notes(notes),
+        m_reading(reading),
+        m_from(from.value_or(kNever)),
+        m_barTicks(std::max(reading.metre.ticks(), 1)) {}
 
   std::vector<WrittenChord> write() {
     if (m_reading.events.empty() || m_reading.beats.size() < 2) return {};
@@ -52,7 +55,7 @@ class Writer {
  private:
   /// Before the first bar line there is only a pick-up; after it a bar begins with a rest.
   void begin() {
-    const int first = m_reading.events.front().place.tick;
+    const int first = std::min(m_from, m_reading.events.front().place.tick);
     m_firstBar = floorDivided(first, m_barTicks);
     m_at = first < 0 ? first : m_firstBar * m_barTicks;
     m_nextStrike = nextStrikes();
@@ -144,6 +147,7 @@ class Writer {
 
   std::span<const Note> m_notes;
   const Reading& m_reading;
+  int m_from;
   int m_barTicks;
   int m_firstBar = 0;
   int m_at = 0;  ///< The end of what is written.
@@ -154,8 +158,9 @@ class Writer {
 
 }  // namespace
 
-std::vector<WrittenChord> writtenChords(std::span<const Note> notes, const Reading& reading) {
-  return Writer(notes, reading).write();
+std::vector<WrittenChord> writtenChords(std::span<const Note> notes, const Reading& reading,
+                                        std::optional<int> from) {
+  return Writer(notes, reading, from).write();
 }
 
 TimeSignature signatureOf(const rhythm::Metre& metre) {

@@ -33,9 +33,11 @@ struct WrittenChord {
 /// Notes as the chords of a song on beats: one for each event, as long as it lasts, and between
 /// them what fills the bars. Chords follow each other without gaps, none crosses a bar line, and
 /// together they fill all bars, but for a pick-up, which begins with its first note. A tone ends
-/// where its string is struck again. Notes without a string are left out.
+/// where its string is struck again. Notes without a string are left out. The first bar is that of
+/// `from`, if that comes before all notes.
 std::vector<WrittenChord> writtenChords(std::span<const fingering::Note> notes,
-                                        const rhythm::Reading& reading);
+                                        const rhythm::Reading& reading,
+                                        std::optional<int> from = {});
 
 /// A time signature as it is written: the denominator is 8 in compound time, otherwise 4.
 struct TimeSignature {

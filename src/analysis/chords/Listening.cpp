@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "analysis/bands/BandChords.h"
+#include "analysis/bands/BandVoices.h"
 #include "analysis/bands/GrippedChords.h"
 #include "analysis/beats/SpanNames.h"
 #include "analysis/beats/SpanProbabilities.h"
@@ -68,6 +69,8 @@ void Listening::Work::keepBand(const Transcription& listened) {
   if (!settings.rhythm.metre && !settings.rhythm.barLine)
     tellBandBars(listened.sound(), sound.notes, sound.rhythm.reading);
   tellBandChords(listened.sound(), sound.notes, sound.rhythm.reading);
+  sound.voices = hearVoices(listened.sound(), settings.voices, sound.rhythm.reading,
+                            {open, settings.fingering});
   gripChords(open, settings.fingering, *settings.strum, sound);
 }
 

@@ -30,7 +30,7 @@ Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenP
       m_fingering(open, settings.fingering),
       m_players(settings.grid == Grid::beats ? settings.players : Players::guitar),
       m_wishes(settings.rhythm) {
-  if (m_players != Players::guitar) m_ear.emplace();
+  if (m_players != Players::guitar) m_ear.emplace(!settings.voices.empty());
 }
 
 bool Transcription::step() {

@@ -6,10 +6,14 @@
 #include <charconv>
 #include <functional>
 #include <initializer_list>
+#include <optional>
+#include <ranges>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "analysis/HearingSettings.h"
+#include "chords/voices/Voice.h"
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/RhythmFlags.h"
@@ -65,6 +69,18 @@ std::string manners(const Detection& usual) {
 const Detection* chosen(const std::string& word) {
   if (const Detection* named = detectionNamed(word)) return named;
   throw UsageError("--detection", "is " + names(" or "));
+}
+
+/// Each once, in any order.
+std::vector<chords::Voice> voicesNamed(const std::string& words) {
+  std::vector<chords::Voice> voices;
+  for (const auto& part : std::views::split(words, ',')) {
+    const std::optional<chords::Voice> voice =
+        chords::voiceNamed(std::string_view(part.begin(), part.end()));
+    if (!voice) throw UsageError("--voices", "is melody, bass or melody,bass");
+    if (std::ranges::find(voices, *voice) == voices.end()) voices.push_back(*voice);
+  }
+  return voices;
 }
 
 void requireOnTheNeck(const FingeringOptions& fingering) {
@@ -161,6 +177,15 @@ void addStrumFlag(Command& command, HearingSettings& settings) {
               "How a band's chords are strummed: a pattern, see strum --list, or none; default: " +
                   std::string(settings.strum->name))
       .shownAs("NAME|none");
+}
+
+Option addVoicesFlag(Command& command, HearingSettings& settings) {
+  const auto read = [&settings](const std::string& words) { settings.voices = voicesNamed(words); };
+  return command
+      .option("--voices", read,
+              "Which voices of a band are heard beside its chords, where they are clear enough: "
+              "melody, bass or both with a comma between them")
+      .shownAs("VOICES");
 }
 
 void requireInstrumentFor(const Detection& detection) {

@@ -12,6 +12,7 @@ struct Detection;
 namespace korvel::cli {
 
 class Command;
+class Option;
 
 /// Offers --sensitivity, --position, --frets and --capo, which fill the settings.
 void addDetectionFlags(Command& command, HearingSettings& settings);
@@ -22,6 +23,8 @@ void addDetectionFlags(Command& command, const Detection*& detection, HearingSet
 void addPlayersFlag(Command& command, HearingSettings& settings);
 /// Offers --strum, for a band.
 void addStrumFlag(Command& command, HearingSettings& settings);
+/// Offers --voices, of a band.
+Option addVoicesFlag(Command& command, HearingSettings& settings);
 /// The pattern of that name; UsageError, which lists all of them, when there is none.
 const StrumPattern& strumPatternOf(const std::string& flag, const std::string& name);
 /// Throws CliError when the detection needs an instrument and none is active.

@@ -295,6 +295,8 @@ platform::Slices QBCmdImportSong::finish() {
     while (keeping.next()) co_yield 0;
     platform::Slices copying = keepingCopy();
     while (copying.next()) co_yield 0;
+    platform::Slices voices = makingVoices(*heard);
+    while (voices.next()) co_yield 0;
     if (m_settings.grid == Grid::beats && !m_newSong->isOnBeats() && hasTones(*m_newSong))
       printOut(phrase("Log",
                       "its rhythm is too free to be read in bars, so the song is in slices of "
@@ -307,9 +309,28 @@ platform::Slices QBCmdImportSong::finish() {
   while (!m_newSong->hasTabulature() && drawMore(building)) co_yield 0;
   dropHearing();
   co_yield kAllButSaved;
-  if (m_replaced) m_newSong = takePlace(m_newSong, std::exchange(m_replaced, nullptr), session());
+  takePlaces();
   while (m_saving && !saved()) co_yield kAllButSaved;
   co_yield kAllButSaved;  // what the window shows of the end takes its time, too
+}
+
+/// Of a recording that is to be heard further they are not all of it yet.
+platform::Slices QBCmdImportSong::makingVoices(const HeardSound& heard) {
+  if (m_cutShort || !m_newSong->isOnBeats() || !hasTones(*m_newSong)) co_return;
+  platform::Slices making = m_voices.making(
+      *m_newSong, heard, [this](const platform::UserText& line) { printOut(line); });
+  while (making.next()) co_yield 0;
+}
+
+/// The songs come to where the user sees them, all of them in one action.
+void QBCmdImportSong::takePlaces() {
+  const platform::Ref<QBAlbum> album = shownSong()->album();
+  std::optional<platform::UndoGroup> action;
+  if (m_replaced && !m_voices.songs().empty())
+    action.emplace(db().context().undoManager(), phrase("UndoAction", "Hear Again"));
+  if (m_replaced) m_newSong = takePlace(m_newSong, std::exchange(m_replaced, nullptr), session());
+  m_voices.putInto(*album);
+  if (!m_voices.songs().empty()) session().refreshTree();
 }
 
 /// A song without a copy is whole all the same.

@@ -10,6 +10,7 @@
 #include "analysis/HearingSettings.h"
 #include "platform/loop/Slices.h"
 #include "workflow/hearing/Detection.h"
+#include "workflow/hearing/VoiceSongs.h"
 #include "workflow/library/QBCmdAlbum.h"
 
 namespace korvel {
@@ -19,6 +20,7 @@ class StoreError;
 class UndoGroup;
 }  // namespace platform
 class Hearing;
+struct HeardSound;
 class Listening;
 class QBTabMgr;
 class QBTuning;
@@ -90,6 +92,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   QBSong* newSong() const;
   /// The song that a user sees: the one whose place the new song takes, while it is there.
   QBSong* shownSong() const { return m_replaced ? m_replaced.get() : newSong(); }
+  /// Songs of voices that were heard, too (`HearingSettings::voices`), once the command has ended.
+  const std::vector<platform::Ref<QBSong>>& voiceSongs() const { return m_voices.songs(); }
   /// Whether the end of the file was not heard.
   bool isCutShort() const { return m_cutShort; }
 
@@ -125,6 +129,8 @@ class QBCmdImportSong final : public QBCmdAlbum {
   void finishNow();
   platform::Slices finish();
   platform::Slices keepingCopy();
+  platform::Slices makingVoices(const HeardSound& heard);
+  void takePlaces();
   bool isSongGone() const;
   void abandon();
   void dropHearing();
@@ -139,6 +145,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool m_keepsSound = false;
   bool m_copyFailed = false;
   std::shared_ptr<Listening> m_listening;
+  VoiceSongs m_voices;
   bool m_saving = false;
   bool m_ownsAlbum = false;
   bool m_cutShort = false;

@@ -56,6 +56,14 @@ HeardSound heardIn(const ChordsOptions& options) {
   return listening->take().sound;
 }
 
+VoiceOfRecording shownVoice(const HeardVoice& heard) {
+  VoiceOfRecording shown{std::string(nameOf(heard.voice)), heard.isClear, {}};
+  for (const fingering::Note& note : heard.notes)
+    shown.notes.push_back(
+        {note.onset, note.end, note.pitch - heard.raised, static_cast<double>(note.probability)});
+  return shown;
+}
+
 std::string json(const HeardSound& heard) {
   const rhythm::Reading& reading = heard.rhythm.reading;
   std::vector<ChordOfRecording> chords;
@@ -64,7 +72,9 @@ std::string json(const HeardSound& heard) {
     chords.push_back({reading.secondsOf(span.from), reading.secondsOf(span.to), labelOf(span),
                       span.probability, nameOf(span, reading.key)});
   }
-  return chordsAsJson(heard.rhythm, chords, heard.isBand);
+  std::vector<VoiceOfRecording> voices;
+  for (const HeardVoice& voice : heard.voices) voices.push_back(shownVoice(voice));
+  return chordsAsJson(heard.rhythm, chords, heard.isBand, voices);
 }
 
 /// Named after its tags, or its file.
@@ -111,6 +121,7 @@ void addChordsOfFile(Command& tool) {
   addPlayersFlag(command, options.settings);
   Option json = command.flag("--json", options.json,
                              "Print beats, key and chords, each with its probability");
+  addVoicesFlag(command, options.settings).needs(json);
   command.flag("--chordpro", options.chordPro, "Print a ChordPro file, with grips").excludes(json);
   command.checkLast([&] { command.uses(options.tuning ? Store::filled : Store::none); });
   command.does([&options] { printChords(options); });

@@ -58,6 +58,8 @@ struct ImportOptions {
   PieceChoices piece;    ///< For files of other programs.
 };
 
+using Songs = std::vector<platform::Ref<QBSong>>;
+
 bool isPiece(const std::string& file) { return exchange::formatOfFile(file).has_value(); }
 
 /// Nothing of it is to be heard.
@@ -73,9 +75,9 @@ void run(QBCmdImportSong& command, bool stepped) {
   platform::PlainRunLoop::ofProcess().runUntil([&] { return !command.isRunning(); });
 }
 
-/// Hears the file into the song, in its tuning.
-void hear(const ImportOptions& options, const std::string& file, const NewSong& made,
-          std::shared_ptr<Listening> listening) {
+/// Hears the file into the song, in its tuning. Answers those of its voices.
+Songs hear(const ImportOptions& options, const std::string& file, const NewSong& made,
+           std::shared_ptr<Listening> listening) {
   const auto command = std::make_shared<QBCmdImportSong>(std::make_shared<AlbumNode>(made.album()),
                                                          file, made.song());
   command->setDetection(*options.detection, options.settings);
@@ -83,10 +85,11 @@ void hear(const ImportOptions& options, const std::string& file, const NewSong& 
   command->setKeepsSound(options.keepRecording);
   QBSession::session().addJob(command);
   run(*command, options.stepped);
+  return command->voiceSongs();
 }
 
-platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string& file,
-                                 QBTuning* tuning, std::shared_ptr<Listening> listening) {
+Songs importFile(const ImportOptions& options, const std::string& file, QBTuning* tuning,
+                 std::shared_ptr<Listening> listening) {
   requireSound(file);
   if (const QBSong* known = songHeardIn(QBTabMgr::db(), file))
     Console::attached().note("the recording is already stored as " + fullTitle(*known));
@@ -94,12 +97,13 @@ platform::Ref<QBSong> importFile(const ImportOptions& options, const std::string
   NewSong made(QBTabMgr::db(), options.album ? options.album : tags.artist,
                tags.title.value_or(std::filesystem::path(file).stem().string()), options.title);
   made.song()->setTuning(tuning);
-  hear(options, file, made, std::move(listening));
+  Songs voices = hear(options, file, made, std::move(listening));
   if (!hasTones(*made.song()))
     throw CliError(file + ": no tones were heard in it; nothing was stored");
   QBTabMgr::db().context().save();
   made.keep();
-  return made.song();
+  voices.insert(voices.begin(), platform::Ref<QBSong>(made.song()));
+  return voices;
 }
 
 /// A file of another program has strings of its own, unless the user wants others.
@@ -135,7 +139,7 @@ std::vector<std::string> recordingsOf(const ImportOptions& options) {
 }
 
 void printSongs(const ImportOptions& options, const std::vector<QBSong*>& songs) {
-  if (options.files.size() > 1)
+  if (options.files.size() > 1 || songs.size() > 1)
     Console::attached().print(songsAsJson(songs));
   else if (!songs.empty())
     Console::attached().print(songAsJson(*songs.front()));
@@ -149,20 +153,21 @@ int importFiles(const ImportOptions& options) {
   QBTuning* tuning =
       options.tuning ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
   std::optional<ListeningAhead> ahead = aheadOf(options, recordings, tuning);
-  std::vector<platform::Ref<QBSong>> songs;
+  Songs songs;
   int status = EXIT_SUCCESS;
   for (const std::string& file : options.files) {
     try {
-      songs.push_back(isChordProFile(file) ? songOfSheet(options, file)
-                      : isPiece(file)
-                          ? songOfPiece(options, file, tuning)
-                          : importFile(options, file, tuning, ahead ? ahead->next() : nullptr));
+      const Songs made = isChordProFile(file) ? Songs{songOfSheet(options, file)}
+                         : isPiece(file)
+                             ? Songs{songOfPiece(options, file, tuning)}
+                             : importFile(options, file, tuning, ahead ? ahead->next() : nullptr);
+      songs.insert(songs.end(), made.begin(), made.end());
+      if (!options.json)
+        for (const auto& song : made) Console::attached().printText(song->tabulature());
     } catch (const std::exception& error) {
       Console::attached().errorOf(file, " was not imported", error);
       status = EXIT_FAILURE;
-      continue;
     }
-    if (!options.json) Console::attached().printText(songs.back()->tabulature());
   }
   if (options.json) printSongs(options, {songs.begin(), songs.end()});
   return status;
@@ -187,6 +192,8 @@ int listTracks(const ImportOptions& options) {
 void requireWholeFor(const Command& command, const ImportOptions& options) {
   if (command.isGiven("--strum") && options.settings.players == Players::guitar)
     throw UsageError("--strum", "goes with --what band or auto");
+  if (command.isGiven("--voices") && options.settings.players == Players::guitar)
+    throw UsageError("--voices", "goes with --what band or auto");
   if (!command.isGiven("--what")) return;
   if (!options.detection->usesSettings)
     throw UsageError("--what",
@@ -214,6 +221,7 @@ void addImport(Command& tool) {
   addPlayersFlag(command, options.settings);
   addPieceFlags(command, options.piece);
   addStrumFlag(command, options.settings);
+  addVoicesFlag(command, options.settings);
   command.flag("--json", options.json, "Print the song as JSON");
   command.flag("--keep-recording", options.keepRecording,
                "Keep a copy of the recording beside the store, as FLAC");
