@@ -54,7 +54,22 @@ SoundBackdrop::~SoundBackdrop() = default;
 
 void SoundBackdrop::setSong(QBSong* song) {
   m_time = song ? RecordedTime(*song) : RecordedTime();
+  m_difference = song ? differenceOf(*song) : QString();
   setRecording(m_time.isKnown() ? song->recording() : nullptr);
+}
+
+/// Between the song and its recording, in one line.
+QString SoundBackdrop::differenceOf(QBSong& song) const {
+  if (!song.recording() || song.allChords().empty()) return {};
+  if (!m_time.isKnown())
+    return tr(
+        "The chords of this song do not follow its recording, so that there is no picture of "
+        "it");
+  if (const auto chord = firstOutOfStep(song))
+    return tr("Bars were taken out or put in at chord %1, where the song differs from its "
+              "recording")
+        .arg(*chord + 1);
+  return {};
 }
 
 void SoundBackdrop::setRecording(const SongRecording* recording) {
@@ -85,12 +100,12 @@ bool SoundBackdrop::hasComeBack() const {
 }
 
 double SoundBackdrop::waveLines() const {
-  if (!m_picture) return 0;
+  if (!m_picture) return m_difference.isEmpty() ? 0 : kTroubleLines;
   return m_picture->trouble() == Picture::Trouble::none ? kWaveLines : kTroubleLines;
 }
 
 QString SoundBackdrop::trouble() const {
-  if (!m_picture) return {};
+  if (!m_picture) return m_difference;
   const QString name = toText(nameOf(*m_recording));
   switch (m_picture->trouble()) {
     case Picture::Trouble::missing:
@@ -103,7 +118,7 @@ QString SoundBackdrop::trouble() const {
     case Picture::Trouble::none:
       break;
   }
-  return {};
+  return m_difference;
 }
 
 // ---- where the view is in the recording
@@ -155,8 +170,8 @@ void SoundBackdrop::want(const RollScale& scale) {
 
 void SoundBackdrop::paint(QPainter& painter, const QRect& part, const RollScale& scale,
                           const Shades& shades) {
-  if (!m_picture) return;
-  if (m_picture->trouble() != Picture::Trouble::none) return paintTrouble(painter, scale, shades);
+  if (!m_picture || m_picture->trouble() != Picture::Trouble::none)
+    return paintTrouble(painter, scale, shades);
   want(scale);
   const QRectF right(scale.names(), 0, std::max(0.0, scale.lanes().right() - scale.names()),
                      scale.height());
@@ -164,6 +179,7 @@ void SoundBackdrop::paint(QPainter& painter, const QRect& part, const RollScale&
   if (shown.isEmpty()) return;
   paintSpectrum(painter, shown.intersected(scale.lanes()), scale, shades);
   paintWave(painter, shown.intersected(scale.wave()), scale, shades);
+  paintTrouble(painter, scale, shades);
 }
 
 void SoundBackdrop::paintSpectrum(QPainter& painter, const QRectF& area, const RollScale& scale,
@@ -238,11 +254,14 @@ bool SoundBackdrop::paintSamples(QPainter& painter, const QRectF& area, const Ro
 
 void SoundBackdrop::paintTrouble(QPainter& painter, const RollScale& scale,
                                  const Shades& shades) const {
-  painter.setPen(shades.faintText);
+  if (trouble().isEmpty()) return;
   const QRectF room = scale.wave().adjusted(scale.names(), 0, 0, 0);
   const QFontMetricsF metrics(painter.font());
-  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
-                   metrics.elidedText(trouble(), Qt::ElideMiddle, room.width()));
+  const QString text = metrics.elidedText(trouble(), Qt::ElideMiddle, room.width());
+  constexpr int kPlace = Qt::AlignLeft | Qt::AlignVCenter;
+  painter.fillRect(metrics.boundingRect(room, kPlace, text), shades.base);  // over the wave
+  painter.setPen(shades.faintText);
+  painter.drawText(room, kPlace, text);
 }
 
 }  // namespace korvel::ui

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <QTimer>
 #include <atomic>
 #include <memory>
@@ -39,7 +40,8 @@ class SoundBackdrop final : public QObject {
   /// Height of the wave, or of the line that says why there is none, in lines of text; 0 for a song
   /// without a recording.
   double waveLines() const;
-  /// One line; empty when nothing is wrong.
+  /// One line, of why there is no picture or where the song differs from it; empty when nothing is
+  /// wrong.
   QString trouble() const;
 
   /// What of it lies in that part of the viewport, and has the rest of the viewport made.
@@ -52,6 +54,7 @@ class SoundBackdrop final : public QObject {
  private:
   using Picture = SoundPicture;
 
+  QString differenceOf(QBSong& song) const;
   void setRecording(const SongRecording* recording);
   bool hasComeBack() const;
   void want(const RollScale& scale);
@@ -70,6 +73,7 @@ class SoundBackdrop final : public QObject {
   platform::Ref<const SongRecording> m_recording;
   std::string m_path;  ///< Of its file, which may be found elsewhere.
   RecordedTime m_time;
+  QString m_difference;
   QTimer m_soon;  ///< Tells of what has come since the last time.
   std::atomic<bool> m_told = false;
   std::unique_ptr<Picture> m_picture;  ///< Ends first, as its thread tells of what has come.

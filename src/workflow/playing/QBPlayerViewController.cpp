@@ -11,6 +11,7 @@
 #include "platform/midi/SoundFontFile.h"
 #include "platform/sound/AudioSystem.h"
 #include "platform/sound/SampleRate.h"
+#include "workflow/playing/RecordedTime.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/QBSession.h"
 
@@ -29,6 +30,9 @@ constexpr int kStepsOfBar = 4;
 
 constexpr platform::Phrase kNotInStep = platform::phrase(
     "Message", "%1: its chords do not follow the recording, so the guitar plays alone");
+constexpr platform::Phrase kPartsDiffer = platform::phrase(
+    "Message",
+    "%1: bars were taken out or put in at chord %2, where it differs from the recording");
 constexpr platform::Phrase kTooShort = platform::phrase(
     "Message", "%1: the recording ends before the song; from there on the guitar plays alone");
 constexpr platform::Phrase kGuitarAlone = platform::phrase("Message", "%1. The guitar plays alone");
@@ -125,10 +129,12 @@ void QBPlayerViewController::fill(QBSong& song) {
   addRecording(song);
 }
 
-void QBPlayerViewController::addRecording(const QBSong& song) {
+void QBPlayerViewController::addRecording(QBSong& song) {
   if (m_recording && !m_midi->hasRecordedTimes()) {
     m_recording = nullptr;
     m_notice = platform::UserText(kNotInStep, song.title());
+  } else if (const auto chord = m_recording ? firstOutOfStep(song) : std::nullopt) {
+    m_notice = platform::UserText(kPartsDiffer, song.title(), *chord + 1);
   }
   m_isRecorded = m_recording != nullptr;
   const bool hasDeck = m_recording || (m_loops && m_sound.hasRounds());

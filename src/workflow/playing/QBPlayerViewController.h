@@ -117,7 +117,7 @@ class QBPlayerViewController final : public PlayerView {
   static Range rangeOf(QBSong& song);
   void begin(QBSong& song);
   void fill(QBSong& song);
-  void addRecording(const QBSong& song);
+  void addRecording(QBSong& song);
   void start();
   void lookAtRecording();
   void setLevels();

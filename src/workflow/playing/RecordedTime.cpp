@@ -7,9 +7,70 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "music/ChordStep.h"
+#include "music/Ticks.h"
+#include "platform/sound/SampleRate.h"
 #include "workflow/editing/rhythm/EditedChords.h"
 
 namespace korvel {
+
+namespace {
+
+// What is no rubato any more, nor a fermata: a stretch that takes so much longer than the song's
+// pace gives it, or so much less, and so many beats of it.
+constexpr double kFarLonger = 2.5;
+constexpr double kFarShorter = 0.5;
+constexpr double kBeatsMore = 3;
+constexpr double kBeatsLess = 1;
+
+/// From one chord whose time in the recording is known to the next.
+struct PacedStretch {
+  int chord;
+  double ticks;
+  double seconds;
+
+  double pace() const { return seconds / ticks; }
+  bool isOutOf(double usual) const {
+    const double beatsMore = (seconds / usual - ticks) / kTicksOfBeat;
+    return (pace() > kFarLonger * usual && beatsMore > kBeatsMore) ||
+           (pace() < kFarShorter * usual && -beatsMore > kBeatsLess);
+  }
+};
+
+std::vector<PacedStretch> stretchesOf(QBSong& song) {
+  std::vector<PacedStretch> stretches;
+  const TimedChords timed = timedChordsOf(song);
+  std::optional<int> last;
+  double ticks = 0;
+  for (int i = 0; const TimedChords::Chord& chord : timed.chords) {
+    if (chord.beatTime && (!last || ticks > 0)) {
+      const double now = static_cast<double>(*chord.beatTime) / platform::kSampleRate;
+      if (last) stretches.back() = {*last, ticks, now - stretches.back().seconds};
+      stretches.push_back({i, 0, now});
+      last = i;
+      ticks = 0;
+    }
+    ticks += std::max(chord.ticks, 0);
+    ++i;
+  }
+  if (last) stretches.pop_back();
+  return stretches;
+}
+
+}  // namespace
+
+std::optional<int> firstOutOfStep(QBSong& song) {
+  if (!song.recording() || !song.isOnBeats() || !SongTime(song).isAsRecorded()) return {};
+  const std::vector<PacedStretch> stretches = stretchesOf(song);
+  if (stretches.empty()) return {};
+  std::vector<double> paces;
+  for (const PacedStretch& stretch : stretches) paces.push_back(stretch.pace());
+  const auto middle = paces.begin() + std::ssize(paces) / 2;
+  std::ranges::nth_element(paces, middle);
+  const double usual = *middle;
+  const auto found = std::ranges::find_if(
+      stretches, [usual](const PacedStretch& stretch) { return stretch.isOutOf(usual); });
+  return found == stretches.end() ? std::nullopt : std::optional(found->chord);
+}
 
 RecordedTime::RecordedTime(QBSong& song) {
   if (!song.recording() || song.allChords().empty()) return;

@@ -30,4 +30,8 @@ class RecordedTime {
   std::vector<double> m_seconds;   ///< Of each chord of a song of slices, and of the end.
 };
 
+/// The first chord, by its index in `allChords`, during which the recording has far more or far
+/// less than a song on beats, as where bars were taken out. None where all follows it, or nothing.
+std::optional<int> firstOutOfStep(QBSong& song);
+
 }  // namespace korvel

@@ -10,6 +10,7 @@
 #include "workflow/editing/SongEditor.h"
 #include "workflow/editing/doubts/DoubtList.h"
 #include "workflow/editing/rhythm/SongRhythm.h"
+#include "workflow/playing/RecordedTime.h"
 #include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
@@ -127,6 +128,17 @@ TEST_F(SongCorrectionsTest, allIsDecidedAnewButWhatIsLocked) {
   EXPECT_EQ(stateOf(kFalseNote), "in") << "damaged bytes say nothing";
   song.setRecording(nullptr);
   EXPECT_THROW(SongCorrections{song}, EditRefused);
+}
+
+TEST_F(SongCorrectionsTest, aBarThatIsTakenOutIsMissedInTheRecording) {
+  EXPECT_FALSE(firstOutOfStep(song));
+  const auto chords = song.allChords();
+  const auto isInBar = [](const auto& chord) { return chord->measure()->position() == 3; };
+  const auto first = std::ranges::find_if(chords, isInBar) - chords.begin();
+  const auto count = std::ranges::count_if(chords, isInBar);
+  SongEditor(QBTabMgr::db(), song)
+      .deleteChords(static_cast<int>(first), static_cast<int>(first + count - 1));
+  EXPECT_EQ(firstOutOfStep(song), static_cast<int>(first) - 1);
 }
 
 }  // namespace
