@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/hearing/ImportDesk.h"
 
+#include <filesystem>
+
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sqlite/StoreError.h"
 #include "support/RecordingViews.h"
@@ -136,7 +138,8 @@ TEST_F(ImportDeskTest, recordingIsKnownAgainAndHeardAnewIntoItsSong) {
   changed.back() = static_cast<char>(changed.back() ^ 1);
   const auto meanwhile = desk.hearAgain(*song);
   ASSERT_NE(meanwhile, nullptr);
-  test::writeFile(m_file, changed);
+  test::writeFile(m_file + ".other", changed);
+  std::filesystem::rename(m_file + ".other", m_file);
   runUntil([&] { return !meanwhile->isRunning(); });
   EXPECT_FALSE(song->isDeleted()) << "another recording would take its place";
   EXPECT_EQ(desk.hearAgain(*song), nullptr);
