@@ -53,6 +53,11 @@ QFont bold(QFont font) {
   return font;
 }
 
+QFont enlarged(QFont font) {
+  if (font.pointSizeF() > 0) font.setPointSizeF(font.pointSizeF() * 1.2);
+  return font;
+}
+
 }  // namespace
 
 /// Where everything is. Fret 0 stands for the marks beyond the nut. Of a left-handed neck it is the
@@ -100,6 +105,7 @@ void FretboardView::setSong(QBSong* song) {
   m_chord = -1;
   m_song = song;
   m_words = ChordWords(tuningOf(song));
+  showNext(-1);
   showChord(-1);
 }
 
@@ -114,17 +120,31 @@ void FretboardView::setLeftHanded(bool leftHanded) {
 }
 
 int FretboardView::frets() const {
-  const int needed = std::max(m_grip.highestFret(), m_fret);
+  const int needed = std::max({m_grip.highestFret(), m_nextGrip.highestFret(), m_fret});
   return std::max(
       m_frets, needed > kFretsOfShortNeck ? std::max(needed, kFretsOfLongNeck) : kFretsOfShortNeck);
 }
 
+bool FretboardView::isKnown(int chord) const {
+  return m_song && chord >= 0 && chord < static_cast<int>(m_song->allChords().size());
+}
+
+ChordGrip FretboardView::gripOf(int chord) const {
+  return isKnown(chord) ? ChordGrip(*m_song->allChords()[static_cast<std::size_t>(chord)])
+                        : ChordGrip();
+}
+
 void FretboardView::showChord(int chord) {
-  const bool known = m_song && chord >= 0 && chord < static_cast<int>(m_song->allChords().size());
-  m_chord = known ? chord : -1;
-  m_grip = known ? ChordGrip(*m_song->allChords()[static_cast<std::size_t>(chord)]) : ChordGrip();
+  m_chord = isKnown(chord) ? chord : -1;
+  m_grip = gripOf(chord);
   update();
   announce(*this);
+}
+
+void FretboardView::showNext(int chord) {
+  m_next = isKnown(chord) ? chord : -1;
+  m_nextGrip = gripOf(chord);
+  update();
 }
 
 void FretboardView::moveCursor(int string, int fret) {
@@ -187,19 +207,20 @@ void FretboardView::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const Neck neck = this->neck();
   paintHeading(painter, neck);
+  if (m_next >= 0) paintNextName(painter, neck);
   paintFrets(painter, neck);
   paintInlays(painter, neck);
   paintStrings(painter, neck);
   paintMarks(painter, neck);
   for (const ChordGrip::Tone& tone : m_grip.tones) paintTone(painter, neck, tone);
+  for (const ChordGrip::Tone& tone : m_nextGrip.tones) paintNextTone(painter, neck, tone);
   if (hasFocus()) paintCursor(painter, neck);
 }
 
 void FretboardView::paintHeading(QPainter& painter, const Neck& neck) const {
   if (m_chord < 0) return;
   const Shades shades(palette());
-  QFont large = bold(font());
-  if (large.pointSizeF() > 0) large.setPointSizeF(large.pointSizeF() * 1.2);
+  const QFont large = enlarged(bold(font()));
   const QString name = m_grip.name.empty() ? tr("no name") : toText(m_grip.name);
   const QRectF row(neck.names, neck.heading, width(), kHeading * neck.line);
   painter.setPen(m_grip.name.empty() ? shades.faintText : shades.text);
@@ -286,14 +307,61 @@ void FretboardView::paintTone(QPainter& painter, const Neck& neck,
   painter.setBrush(open ? QBrush(Qt::NoBrush) : tone.active ? shades.accent : shades.base);
   painter.drawEllipse(middle, radius - pen / 2, radius - pen / 2);
   if (open) return;
+  painter.setPen(tone.active ? shades.onAccent : ink);
+  paintLabel(painter, neck, tone);
+}
+
+void FretboardView::paintLabel(QPainter& painter, const Neck& neck,
+                               const ChordGrip::Tone& tone) const {
+  const double radius = neck.radius();
   const QString label =
       tone.finger ? QString::number(*tone.finger) : cellNote({tone.string, tone.fret});
   QFont fitting = bold(font());
   fitting.setPixelSize(std::max(6, static_cast<int>(radius * (label.size() > 1 ? 0.95 : 1.2))));
   painter.setFont(fitting);
-  painter.setPen(tone.active ? shades.onAccent : ink);
-  painter.drawText(QRectF(middle.x() - radius, middle.y() - radius, 2 * radius, 2 * radius),
-                   Qt::AlignCenter, label);
+  painter.drawText(
+      QRectF(neck.x(tone.fret) - radius, neck.y(tone.string) - radius, 2 * radius, 2 * radius),
+      Qt::AlignCenter, label);
+}
+
+QPen FretboardView::framePen(const Neck& neck) const {
+  return QPen(Shades(palette()).text, std::max(1.5, neck.line / 9));
+}
+
+/// At the right, in a frame such as its tones have.
+void FretboardView::paintNextName(QPainter& painter, const Neck& neck) const {
+  const QFont large = enlarged(bold(font()));
+  const QString name =
+      m_nextGrip.name.empty() ? toText(m_nextGrip.shorthand()) : toText(m_nextGrip.name);
+  const double width = QFontMetricsF(large).horizontalAdvance(name) + neck.line;
+  const QRectF frame(this->width() - neck.names - width, neck.heading - 1, width,
+                     QFontMetricsF(large).height() + 2);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(framePen(neck));
+  painter.drawRoundedRect(frame, neck.line / 4, neck.line / 4);
+  painter.setFont(large);
+  painter.drawText(frame, Qt::AlignCenter, name);
+  painter.setFont(font());
+  painter.setPen(Shades(palette()).faintText);
+  painter.drawText(QRectF(0, frame.top(), frame.left() - neck.line / 2, frame.height()),
+                   Qt::AlignRight | Qt::AlignVCenter, tr("Next"));
+}
+
+/// A frame, around the dot where the chord has that tone as well.
+void FretboardView::paintNextTone(QPainter& painter, const Neck& neck,
+                                  const ChordGrip::Tone& tone) const {
+  if (!tone.active || tone.string < 0 || tone.string >= kStrings || tone.fret < 0) return;
+  const auto isHere = [&](const ChordGrip::Tone& other) {
+    return other.string == tone.string && other.fret == tone.fret && other.active;
+  };
+  const bool stays = std::ranges::any_of(m_grip.tones, isHere);
+  const double half = neck.radius() * (tone.fret == 0 ? 0.75 : 1.05);
+  painter.setPen(framePen(neck));
+  painter.setBrush(stays ? QBrush(Qt::NoBrush) : QBrush(Shades(palette()).base));
+  painter.drawRoundedRect(
+      QRectF(neck.x(tone.fret) - half, neck.y(tone.string) - half, 2 * half, 2 * half), half / 3,
+      half / 3);
+  if (!stays && tone.fret > 0) paintLabel(painter, neck, tone);
 }
 
 void FretboardView::paintCursor(QPainter& painter, const Neck& neck) const {
@@ -317,10 +385,12 @@ QString FretboardView::cellText(const Cell& cell) const {
 
 QString FretboardView::spokenText() const {
   const QString cell = cellText({m_string, m_fret});
-  if (!m_song || m_chord < 0 || m_chord >= static_cast<int>(m_song->allChords().size()))
-    return cell;
+  if (!isKnown(m_chord)) return cell;
   const QBChord& chord = *m_song->allChords()[static_cast<std::size_t>(m_chord)];
-  return tr("%1. %2", "a fret, the grip of a chord").arg(cell, m_words.grip(chord));
+  const QString grip = tr("%1. %2", "a fret, the grip of a chord").arg(cell, m_words.grip(chord));
+  if (!isKnown(m_next)) return grip;
+  const QBChord& next = *m_song->allChords()[static_cast<std::size_t>(m_next)];
+  return tr("%1. Next: %2", "a chord, another one").arg(grip, m_words.grip(next));
 }
 
 QRect FretboardView::spokenRect() const { return neck().cell(m_string, m_fret).toAlignedRect(); }

@@ -17,8 +17,8 @@ namespace korvel::ui {
 
 /// The neck of a guitar with the grip of one chord on it: the highest string on top, the nut at the
 /// left unless it is a left hand's. Dots carry the finger where the chord's left-hand pattern has
-/// one, else the note. Silenced tones are hollow. Has a cursor on one fret of one string; 0 is the
-/// open string.
+/// one, else the note. Silenced tones are hollow. The chord that comes next can be shown ahead, in
+/// frames. Has a cursor on one fret of one string; 0 is the open string.
 class FretboardView final : public QWidget, public SpokenView {
   Q_OBJECT
 
@@ -46,6 +46,8 @@ class FretboardView final : public QWidget, public SpokenView {
  public slots:
   /// Index in the song's `allChords`; -1 shows the bare neck. To be called again after changes.
   void showChord(int chord);
+  /// The same of the chord that comes next; -1 shows none, as at first.
+  void showNext(int chord);
   void moveCursor(int string, int fret);
 
  signals:
@@ -68,6 +70,8 @@ class FretboardView final : public QWidget, public SpokenView {
 
   Neck neck() const;
   std::optional<Cell> cellAt(const QPointF& position) const;
+  bool isKnown(int chord) const;
+  ChordGrip gripOf(int chord) const;
   QString cellNote(const Cell& cell) const;
   QString cellText(const Cell& cell) const;
   void paintHeading(QPainter& painter, const Neck& neck) const;
@@ -76,12 +80,18 @@ class FretboardView final : public QWidget, public SpokenView {
   void paintStrings(QPainter& painter, const Neck& neck) const;
   void paintMarks(QPainter& painter, const Neck& neck) const;
   void paintTone(QPainter& painter, const Neck& neck, const ChordGrip::Tone& tone) const;
+  void paintLabel(QPainter& painter, const Neck& neck, const ChordGrip::Tone& tone) const;
+  void paintNextName(QPainter& painter, const Neck& neck) const;
+  void paintNextTone(QPainter& painter, const Neck& neck, const ChordGrip::Tone& tone) const;
+  QPen framePen(const Neck& neck) const;
   void paintCursor(QPainter& painter, const Neck& neck) const;
 
   platform::Ref<QBSong> m_song;
   ChordWords m_words;
   ChordGrip m_grip;
+  ChordGrip m_nextGrip;
   int m_chord = -1;
+  int m_next = -1;
   int m_frets = 12;
   bool m_leftHanded = false;
   int m_string = 5;
