@@ -33,6 +33,8 @@ constexpr int kShortSlider = 4;
 constexpr int kSecondsOfMinute = 60;
 /// How late the place may be told.
 constexpr std::chrono::milliseconds kWatch{50};
+/// After the last change of a speed or a sound it is remembered.
+constexpr std::chrono::milliseconds kSettled{1000};
 
 QString clock(double seconds) {
   const int whole = static_cast<int>(seconds);
@@ -96,6 +98,8 @@ PlayerBar::PlayerBar(QWidget* parent)
     button->setAccessibleName(tr("More"));  // where the bar is narrow
     button->setIcon(moreIcon());            // the style's is black in dark themes, too
   }
+  m_remembering.setSingleShot(true);
+  connect(&m_remembering, &QTimer::timeout, this, &PlayerBar::remember);
   m_player.speedChanged();
   showPosition("  0");
   showLoop({});
@@ -146,7 +150,7 @@ void PlayerBar::addMix() {
   connect(mix, &QSlider::valueChanged, this,
           [this](int value) { m_mix.setMix(static_cast<double>(value) / kPercent); });
   connect(&m_mix, &SoundMix::changed, mix, [this, mix, percent] {
-    m_practised = true;
+    noteChange();
     const QSignalBlocker asItIs(mix);
     mix->setValue(percent());
   });
@@ -222,9 +226,8 @@ void PlayerBar::setSong(QBSong* song) {
 }
 
 void PlayerBar::standFor(QBSong* song) {
+  remember();
   const bool isThere = m_controlled && !m_controlled->isDeleted();
-  if (isThere && m_practised) m_mix.remember(*m_controlled, m_rate);
-  m_practised = false;
   if (song == m_controlled) return;
   const bool hadOwn = isThere && !m_controlled->practice().empty();
   m_controlled = song;
@@ -233,11 +236,23 @@ void PlayerBar::standFor(QBSong* song) {
   m_practised = false;
 }
 
+void PlayerBar::noteChange() {
+  m_practised = true;
+  m_remembering.start(kSettled);
+}
+
+/// What is not remembered yet when the program dies is lost.
+void PlayerBar::remember() {
+  const bool isThere = m_controlled && !m_controlled->isDeleted();
+  if (isThere && m_practised) m_mix.remember(*m_controlled, m_rate);
+  m_practised = false;
+}
+
 void PlayerBar::toggle() { m_player.isPlaying() ? stop() : play(); }
 
 /// Slider and beats follow each other.
 void PlayerBar::setRate(double rate) {
-  m_practised = m_practised || rate != m_rate;
+  if (rate != m_rate) noteChange();
   m_rate = rate;
   const QSignalBlocker asItIs(m_speed);
   m_speed->setValue(static_cast<int>(std::lround(rate * kPercent)));

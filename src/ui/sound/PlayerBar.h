@@ -86,6 +86,8 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   void addMix();
   void standFor(QBSong* song);
   void setRate(double rate);
+  void noteChange();
+  void remember();
   void showBeats();
   QSlider* addSlider(const QString& title, int least, int most, int value, int letters);
   std::unique_ptr<platform::MusicPlayer> newPlayer();
@@ -120,6 +122,7 @@ class PlayerBar final : public QToolBar, public PlayerControls {
   platform::Ref<QBSong> m_shown;
   platform::Ref<QBSong> m_controlled;  ///< What speed and sound stand for.
   bool m_practised = false;            ///< They were changed since.
+  QTimer m_remembering;                ///< Runs from a change until nobody changes any more.
 };
 
 }  // namespace korvel::ui
