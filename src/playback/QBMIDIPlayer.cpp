@@ -49,7 +49,7 @@ bool QBMIDIPlayer::addNote(platform::MusicTrack* track, int note, double length)
 }
 
 platform::MusicTrack* QBMIDIPlayer::trackOf(const QBTone& tone) {
-  if (!m_track || (m_part & (1U << static_cast<unsigned>(tone.string()))) == 0) return m_track;
+  if (!m_track || !m_part.contains(&tone)) return m_track;
   if (!m_partTrack) {
     m_partTrack = &m_sequence.newTrack();
     m_partTrack->setMuted(!m_partHeard);

@@ -10,6 +10,7 @@
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
 #include "playback/ChordTimes.h"
+#include "playback/OwnPart.h"
 
 namespace korvel {
 
@@ -76,8 +77,8 @@ class QBMIDIPlayer {
   bool hasDeck() const { return m_player && m_player->hasDeck(); }
   /// Whether the chords that were added have times of the recording, one after another.
   bool hasRecordedTimes() const { return m_times->recordedSecondsAt(0).has_value(); }
-  /// Tones on these strings, a bit each from 1 << 1 on, are added apart; before the chords are.
-  void setPart(unsigned strings) { m_part = strings; }
+  /// The tones of this part are added apart; before the chords are.
+  void setPart(const OwnPart& part) { m_part = tonesOfPart(m_chords, part); }
   /// Whether they are heard, which they are at first; also while it plays.
   void setPartHeard(bool heard);
   /// Of a recording that plays along, and of the guitar beside it; also while it plays.
@@ -131,7 +132,7 @@ class QBMIDIPlayer {
   platform::MusicTrack* m_clicks = nullptr;     ///< None without a metronome.
   platform::MusicTrack* m_countIn = nullptr;    ///< None without clicks before the beginning.
   double m_leadIn = 0;                          ///< In beats.
-  unsigned m_part = 0;                          ///< Strings.
+  OwnTones m_part;
   bool m_partHeard = true;
   int m_from = 0;  ///< Position of the first chord.
   std::unique_ptr<platform::MusicPlayer> m_player;

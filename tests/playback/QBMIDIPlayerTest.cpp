@@ -81,6 +81,38 @@ TEST_F(QBMIDIPlayerTest, aRangeStartsAtOneStep) {
   EXPECT_FALSE(midi->playNote(0, -1, 1));
 }
 
+/// The notes that are left of five chords beside the part, each chord's followed by a bar.
+std::string heardBeside(const OwnPart& part, QBSong& song) {
+  QBMIDIPlayer midi(song, nullptr);
+  midi.setPart(part);
+  midi.setPartHeard(false);
+  midi.scanFull();
+  std::array<std::string, 5> chords;
+  for (const auto& event : midi.sequence().events())
+    chords.at(static_cast<std::size_t>(std::lround(event.time / kSecondsOfChord)) - 1) +=
+        std::to_string(std::get<MidiNoteMessage>(event.message).note) + ' ';
+  std::string text;
+  for (const std::string& chord : chords) text += chord + '|';
+  return text;
+}
+
+TEST_F(QBMIDIPlayerTest, ownPartIsSilentByStringsAndByVoice) {
+  for (const char* frets : {"0xxxx0", "1x7xxx", "3xxxxx", "xxxxx0", "0x7x10"})
+    test::addChord(m_song, frets);
+  const struct {
+    OwnPart part;
+    const char* heard;
+  } cases[]{
+      {{0, OwnVoice::none}, "40 64 |41 57 |43 |64 |40 57 60 64 |"},
+      {{1U << 1 | 1U << 6, OwnVoice::none}, "|57 |||57 60 |"},
+      {{0, OwnVoice::melody}, "40 |41 |43 ||40 57 60 |"},
+      {{0, OwnVoice::third}, "40 64 |41 57 |43 |64 |40 60 64 |"},
+      {{0, OwnVoice::bass}, "64 |57 ||64 |57 60 64 |"},
+      {{1U << 2, OwnVoice::allButMelody}, "64 |57 ||64 |64 |"},
+  };
+  for (const auto& [part, heard] : cases) EXPECT_EQ(heardBeside(part, *m_song), heard);
+}
+
 /// The last digits of the clicks' pitches from the third chord on, "." for a chord that has none
 /// and "?" for a click beside the chords.
 std::string clicksOf(QBSong& song) {

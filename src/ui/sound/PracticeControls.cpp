@@ -39,6 +39,7 @@ void keepAlike(QAction& action, QCheckBox& box) {
 PracticeControls::PracticeControls(PlayerBar& player, QWidget* parent)
     : QWidget(parent), m_player(player), m_loop(newLoop()) {
   auto* form = new QFormLayout(this);
+  form->setContentsMargins(0, 0, 0, 0);
   form->addRow(newMix());
   form->addRow(tr("Speed"), newSpeed());
   form->addRow(tr("Bars"), m_loop);

@@ -127,7 +127,8 @@ void Panels::arrange() {
   if (isFlat)
     m_window.resizeDocks({m_neck}, {size.height() / 3}, Qt::Vertical);
   else
-    m_window.resizeDocks({m_roll, m_neck}, {size.height() / 5, size.height() / 4}, Qt::Vertical);
+    m_window.resizeDocks({m_roll, m_neck}, {size.height() / 5, size.height() * 2 / 7},
+                         Qt::Vertical);
 }
 
 void Panels::restore() {

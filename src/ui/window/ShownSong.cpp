@@ -46,9 +46,7 @@ ShownSong::ShownSong(const Views& views, QObject* parent)
     changeLoop([first, last](QBSong& song) { setLoop(song, first, last, loopEnds()); });
   });
   connect(&tablature, &TablatureView::chordClicked, this, &ShownSong::hearClicked);
-  connect(&m_views.practice, &PracticePanel::loopWanted, this, [this](int first, int last) {
-    changeLoop([first, last](QBSong& song) { setLoop(song, first, last, LoopEnds::atChords); });
-  });
+  connect(&m_views.practice, &PracticePanel::loopWanted, this, &ShownSong::practiseLoop);
   connect(&m_views.moments, &Moments::refused, this, &ShownSong::refused);
   connect(&tablature, &TablatureView::cursorMoved, this, &ShownSong::showCursor);
   connect(&tablature, &TablatureView::playToggled, &player, &PlayerBar::toggle);
@@ -159,6 +157,14 @@ void ShownSong::endLoop() {
 
 bool ShownSong::choosePassage(const Practice& practice) {
   return changeLoop([&](QBSong& song) { korvel::choosePassage(song, practice.passage); });
+}
+
+/// What plays goes on with the new loop.
+void ShownSong::practiseLoop(int first, int last) {
+  const bool plays = m_views.player.plays(m_song);
+  if (plays) m_views.player.stop();
+  changeLoop([&](QBSong& song) { setLoop(song, first, last, LoopEnds::atChords); });
+  if (plays) m_views.player.play();
 }
 
 /// Answers whether it was changed.

@@ -70,6 +70,7 @@ class ShownSong final : public QObject {
   void showCursor(int chord);
   void showGrip(int chord);
   void showPlaying();
+  void practiseLoop(int first, int last);
   bool changeLoop(const std::function<void(QBSong&)>& change);
 
   Views m_views;

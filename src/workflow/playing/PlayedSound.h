@@ -15,7 +15,7 @@ struct PlayedSound {
   bool apart = false;     ///< The recording on the left, the guitar on the right.
   double cents = 0;       ///< By which the recording is transposed.
   RoundsOfLoop rounds{};  ///< What is between the rounds of a loop, and how these get faster.
-  unsigned silent = 0;    ///< Strings that are not heard, a bit each from 1 << 1 on.
+  OwnPart silent{};       ///< Of the guitar, what its user plays.
 
   bool hasRecording() const { return mix < 1; }
   /// Whether a loop does more than begin again.

@@ -2,6 +2,7 @@
 #include "workflow/playing/PracticeMemory.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <sstream>
@@ -19,6 +20,14 @@ constexpr double kSlowestPractice = 0.1;
 constexpr double kFastestPractice = 4;
 constexpr double kMostCents = 2400;
 constexpr unsigned kAllStrings = 0xFFFF;
+/// By their numbers.
+constexpr std::array kVoiceWords{"none", "melody", "2", "3", "4", "5", "bass", "accompaniment"};
+
+OwnVoice voiceOf(const std::string& word) {
+  const auto found = std::ranges::find(kVoiceWords, word);
+  return found == kVoiceWords.end() ? OwnVoice::none
+                                    : static_cast<OwnVoice>(found - kVoiceWords.begin());
+}
 
 class PracticeWriter {
  public:
@@ -50,6 +59,7 @@ void readRounds(const std::string& name, const std::string& value, RoundsOfLoop&
 
 void readWord(const std::string& name, const std::string& value, PractisedSong& practised) {
   readRounds(name, value, practised.sound.rounds);
+  if (name == "voice") practised.sound.silent.voice = voiceOf(value);
   double number = 0;
   if (std::sscanf(value.c_str(), "%lf", &number) != 1 || !std::isfinite(number)) return;
   if (name == "rate") practised.rate = std::clamp(number, kSlowestPractice, kFastestPractice);
@@ -57,7 +67,7 @@ void readWord(const std::string& name, const std::string& value, PractisedSong& 
   if (name == "apart") practised.sound.apart = number != 0;
   if (name == "cents") practised.sound.cents = std::clamp(number, -kMostCents, kMostCents);
   if (name == "silent" && number >= 0)
-    practised.sound.silent = static_cast<unsigned>(number) & kAllStrings;
+    practised.sound.silent.strings = static_cast<unsigned>(number) & kAllStrings;
 }
 
 }  // namespace
@@ -69,7 +79,10 @@ std::string textOf(const PractisedSong& practised) {
   writer.add("mix", sound.mix, 1);
   writer.add("apart", sound.apart ? 1 : 0, 0);
   writer.add("cents", sound.cents, 0);
-  writer.add("silent", sound.silent, 0);
+  writer.add("silent", sound.silent.strings, 0);
+  if (sound.silent.voice != OwnVoice::none)
+    writer.add(std::string("voice=") +
+               kVoiceWords.at(static_cast<std::size_t>(sound.silent.voice)));
   if (sound.rounds.between != BetweenRounds::nothing)
     writer.add(sound.rounds.between == BetweenRounds::clicks ? "between=clicks"
                                                              : "between=silence");

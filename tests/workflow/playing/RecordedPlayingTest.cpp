@@ -182,12 +182,13 @@ TEST_F(RecordedPlayingTest, aSongGoesOnBehindTheEndOfItsRecording) {
 }
 
 TEST_F(RecordedPlayingTest, practiceIsRememberedInWordsOfItsOwn) {
-  PlayedSound sound{.mix = 0.25, .apart = true, .cents = -50, .silent = 6};
+  PlayedSound sound{.mix = 0.25, .apart = true, .cents = -50, .silent = {6, OwnVoice::bass}};
   sound.rounds = {BetweenRounds::clicks, platform::SpeedRamp{0.6, 0.05, 2}};
   const std::string text = textOf(PractisedSong{0.75, sound});
-  EXPECT_EQ(text, "rate=0.75 mix=0.25 apart=1 cents=-50 silent=6 between=clicks ramp=60:5:2");
+  EXPECT_EQ(text,
+            "rate=0.75 mix=0.25 apart=1 cents=-50 silent=6 voice=bass between=clicks ramp=60:5:2");
   EXPECT_EQ(textOf(practisedOf(text)), text);
-  EXPECT_EQ(textOf(practisedOf("rate=nan x mix=7 later=1 ramp=1:2 silent=-1")), "rate=1");
+  EXPECT_EQ(textOf(practisedOf("rate=nan x mix=7 later=1 ramp=1:2 silent=-1 voice=7")), "rate=1");
 }
 
 }  // namespace
