@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A guitarist beside the recording: it is heard slowed down in a loop, what is doubtful is corrected,
-named and fingered, practised, and all of it is there at the next start.
+named and fingered, practised, and all of it is there after the window was killed.
 
 Usage: rehearsal.py PREFIX DRAG_SOURCE RECORDING PICTURES, as scenario.py.
 """
@@ -111,6 +111,33 @@ class Rehearsal(Guitarist):
         wait_for("the riff on other strings", lambda: self.place() != before)
         self.picture("r4-fingered")
 
+    def practise(self):
+        """Slower at first, behind a bar of clicks, without the melody; then both hands are on the
+        guitar."""
+        self.window.click("page tab", "Practise")
+        self.window.press("check box", "Faster and faster")
+        self.set_number("Begins at", 40)
+        self.window.press("check box", "Count-in")
+        self.window.click("combo box", "Nothing")
+        self.window.keys("Down", "Return")
+        self.window.find("combo box", "Melody")
+        self.window.find("label", "Space plays")
+        self.window.keys("Up", "space")
+        wait_for("the player", lambda: self.can_be_pressed("Stop"))
+        before = self.position()
+        if (loudest := self.loudest(1)) is not None and loudest < 0.02:
+            raise AssertionError(f"the count-in is not heard: {loudest}")
+        if self.position() != before:
+            raise AssertionError("the count-in is over at once")
+        self.window.keys("Right")
+        wait_for("the next bar", lambda: self.position() != before)
+        self.picture("r5-practised")
+        self.window.keys("space")
+        wait_for("the player to stop", lambda: self.can_be_pressed("Play"))
+
+    def be_killed(self):
+        self.window.kill()
+
     def expect_kept(self):
         """The next start has the corrections, and what was practised."""
         kept = self.dump(f"{TITLE}/{TITLE}")
@@ -120,9 +147,11 @@ class Rehearsal(Guitarist):
         wait_for("the doubts that were left", lambda: self.left() == self.left_over)
         self.window.click("page tab", "Practise")
         speed = self.window.find("spin button", "Speed").get_current_value()
-        if speed != 50:
-            raise AssertionError(f"the speed was not kept: {speed}")
-        self.picture("r5-started-again")
+        begin = self.window.find("spin button", "Begins at").get_current_value()
+        if (speed, begin) != (55, 40):
+            raise AssertionError(f"what was practised was not kept: {speed}, from {begin}")
+        self.window.find("combo box", "Melody")
+        self.picture("r6-started-again")
         self.end()
         if self.dump(f"{TITLE}/{TITLE}") != kept:
             raise AssertionError("looking at the song has changed it")
@@ -138,7 +167,8 @@ def main():
         rehearsal.visit_doubts,
         rehearsal.take_in_the_roll,
         rehearsal.name_and_finger,
-        rehearsal.end,
+        rehearsal.practise,
+        rehearsal.be_killed,
         rehearsal.expect_kept)
 
 
