@@ -47,6 +47,7 @@ std::string headText(const SongPage& page) {
         (page.key.empty() ? "" : " (shapes of " + page.key + ")"));
   if (page.tempo > 0) add("Tempo: " + std::to_string(std::lround(page.tempo)));
   if (!page.metre.empty()) add("Metre: " + page.metre);
+  if (page.hasDoubts()) add("?: another name is as probable");
   return text + (facts.empty() ? "" : facts + '\n');
 }
 

@@ -268,6 +268,15 @@ bool PageSection::hasWords() const {
 
 bool SongPage::hasWords() const { return std::ranges::any_of(sections, &PageSection::hasWords); }
 
+bool SongPage::hasDoubts() const {
+  const auto isDoubtful = [](const PageBar& bar) {
+    return std::ranges::any_of(bar.chords, &PageChord::isDoubtful);
+  };
+  return std::ranges::any_of(sections, [&](const PageSection& section) {
+    return section.showsBars() && std::ranges::any_of(section.bars, isDoubtful);
+  });
+}
+
 SongPage pageOf(const PageSource& source, const PageOptions& options) {
   return PageMaking(source, options).page();
 }

@@ -120,6 +120,8 @@ struct SongPage {
 
   bool isEmpty() const { return sections.empty(); }
   bool hasWords() const;
+  /// Whether names are marked, as others are as probable.
+  bool hasDoubts() const;
 };
 
 /// The page of a song, whichever it is: one on beats, one of slices with bars, or without.

@@ -156,6 +156,7 @@ QString PageSheet::factsOf(const SongPage& page) {
     facts << tr("Moved by %1 half tones").arg(QString::asprintf("%+d", page.halfTones));
   if (page.tempo > 0) facts << tr("Tempo: %1").arg(std::lround(page.tempo));
   if (!page.metre.empty()) facts << tr("Metre: %1").arg(toText(page.metre));
+  if (page.hasDoubts()) facts << tr("?: another name is as probable");
   return facts.join("   ");
 }
 

@@ -67,7 +67,7 @@ class PageSheet {
   /// A section that is only named, for what comes again.
   const std::vector<Bar>& letters() const { return m_letters; }
 
-  /// The line below the page's title: key, capo, tempo, metre.
+  /// The line below the page's title: key, capo, tempo, metre, and what a question mark means.
   static QString factsOf(const SongPage& page);
 
   /// What lies between two heights.
