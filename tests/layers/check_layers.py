@@ -30,7 +30,7 @@ ONLY = {"fingering": {"platform", "music"}, "precise": {"platform", "music", "fi
 FOREIGN = [
     (r"Q[A-Z]\w*|Qt\w*/.*", {"ui"}, True),
     (r"CLI/.*", {"cli"}, False),
-    (r"nlohmann/.*", {"export"}, False),
+    (r"nlohmann/.*", {"export", "tab"}, False),
     (r"cxxabi\.h", {"workflow"}, False),  # readable names of exceptions
     (r"unistd\.h", {"platform", "cli"}, False),
 ]

@@ -353,17 +353,20 @@ TEST_F(MainWindowTest, easyVersionIsSeenBeforeItIsMadeAndUndoneInOneStep) {
   EXPECT_EQ(titles(), "Tune/Tune ");
 }
 
-TEST_F(MainWindowTest, songIsExportedAsThePdfThatItsNameSays) {
+TEST_F(MainWindowTest, songIsDrawnIntoTheFileThatItsNameSays) {
   import();
-  const QString file = QString::fromStdString(m_folder.file("x.pdf"));
-  QTimer::singleShot(0, [file] {
-    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    dialog->findChild<QLineEdit*>()->setText(file);
-    static_cast<QDialog*>(dialog)->accept();
-  });
-  action("Export Song ...")->trigger();
-  EXPECT_EQ(test::readFile(file.toStdString()).substr(0, 5), "%PDF-");
+  for (const auto& [name, begin] :
+       {std::pair{"x.pdf", "%PDF-"}, {"x.png", "\x89PNG"}, {"x.svg", "<?xml"}}) {
+    const QString file = QString::fromStdString(m_folder.file(name));
+    QTimer::singleShot(0, [file] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      dialog->findChild<QLineEdit*>()->setText(file);
+      static_cast<QDialog*>(dialog)->accept();
+    });
+    action("Export Song ...")->trigger();
+    EXPECT_TRUE(test::readFile(file.toStdString()).starts_with(begin)) << name;
+  }
 }
 
 TEST_F(MainWindowTest, firstStartAsksNothingUntilThereIsASong) {

@@ -24,7 +24,7 @@
 #include "platform/sound/AudioSystem.h"
 #include "support/Testing.h"
 #include "support/store/ScratchFolder.h"
-#include "ui/desktop/Appearance.h"
+#include "ui/desktop/Languages.h"
 #include "ui/desktop/QtRunLoop.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"

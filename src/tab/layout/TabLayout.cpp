@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 #include <unordered_map>
+#include <utility>
 
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
@@ -100,8 +101,21 @@ void TabLayout::drawOnBeats(QBSong& song, int width) {
   divide(drawing.matrix().m_systems);
 }
 
-void TabLayout::readText(const std::string& text) {
-  m_rows = rowsOf(text);
+TabLayout::TabLayout(std::vector<std::string> rows, std::vector<System> systems,
+                     std::vector<Place> places, TabSigns signs)
+    : m_systems(std::move(systems)), m_places(std::move(places)), m_signs(std::move(signs)) {
+  setRows(std::move(rows));
+  for (std::size_t i = 0; i < m_places.size(); ++i) {
+    const auto chord = static_cast<std::size_t>(m_places[i].chord);
+    if (chord >= m_placeOfChord.size()) m_placeOfChord.resize(chord + 1, kNoPlace);
+    m_placeOfChord[chord] = static_cast<int>(i);
+  }
+}
+
+void TabLayout::readText(const std::string& text) { setRows(rowsOf(text)); }
+
+void TabLayout::setRows(std::vector<std::string> rows) {
+  m_rows = std::move(rows);
   m_columns = 0;
   for (const std::string& row : m_rows)
     m_columns = std::max(m_columns, static_cast<int>(platform::characterCount(row)));

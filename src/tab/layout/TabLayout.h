@@ -44,6 +44,9 @@ class TabLayout {
   static TabLayout forExport(QBSong& song);
   /// The layout of any text; no chords are in it.
   explicit TabLayout(const std::string& text) { readText(text); }
+  /// One that was told another program, by what it consists of.
+  TabLayout(std::vector<std::string> rows, std::vector<System> systems, std::vector<Place> places,
+            TabSigns signs);
 
   /// Puts blank rows before each system, for what a view draws there. Once.
   void makeRoom(int rows);
@@ -82,6 +85,7 @@ class TabLayout {
  private:
   bool hasTones(int chord) const;
   void readText(const std::string& text);
+  void setRows(std::vector<std::string> rows);
   void drawOnBeats(QBSong& song, int width);
   void place(QBSong& song, const QBTabMatrix& matrix);
   void divide(const std::vector<int>& tops);

@@ -2,14 +2,9 @@
 #include "ui/desktop/Appearance.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QPalette>
 #include <QStyle>
-#include <QTranslator>
 
-#include "platform/files/Resources.h"
-#include "ui/desktop/Text.h"
 #include "ui/views/Shades.h"
 
 namespace korvel::ui {
@@ -51,14 +46,6 @@ void useStyle(const QString& name) {
   if (QApplication::style()->name() != name) QApplication::setStyle(name);
 }
 
-bool load(QTranslator& translator, const QLocale& language) {
-  const auto resources = platform::Resources::ofProgram();
-  for (const auto& folder : resources.folders())
-    if (translator.load(language, "korvel", "_", toText((folder / "translations").string())))
-      return true;
-  return false;
-}
-
 }  // namespace
 
 void applyTheme(Theme theme, bool desktopIsDark) {
@@ -70,26 +57,6 @@ void applyTheme(Theme theme, bool desktopIsDark) {
   }
   useStyle("fusion");
   QApplication::setPalette(theme == Theme::light ? light() : dark());
-}
-
-void applyLanguage(const QString& language) {
-  applyLanguages(language.isEmpty() ? QLocale::system().uiLanguages() : QStringList(language));
-}
-
-void applyLanguages(const QStringList& languages) {
-  static QTranslator own;
-  static QTranslator ofQt;
-  QCoreApplication::removeTranslator(&own);
-  QCoreApplication::removeTranslator(&ofQt);
-  for (const QString& each : languages) {
-    const QLocale language(each);
-    if (language.language() == QLocale::English) return;
-    if (!load(own, language)) continue;
-    QCoreApplication::installTranslator(&own);
-    if (ofQt.load(language, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-      QCoreApplication::installTranslator(&ofQt);
-    return;
-  }
 }
 
 }  // namespace korvel::ui

@@ -63,6 +63,8 @@ class LibraryActions final : public QObject {
   void remove(TreeNode& node);
   /// In a format that the user chooses with the name of the file.
   void exportSongFile(QBSong* song);
+  /// Asks when a file of that name is there.
+  bool mayReplace(const QString& file);
 
  signals:
   /// What the user wanted cannot be; text: why, in one line.
@@ -78,9 +80,9 @@ class LibraryActions final : public QObject {
   void imported(const QString& file, QBSong* song);
   /// The title of that node is to be edited in place.
   void renameWanted(const TreeNode* node);
-  /// The tablature of the song is to be written there.
-  void pdfWanted(QBSong* song, const QString& file);
-  /// The song's page of chords is to be written there: as PDF, text or ChordPro by its ending.
+  /// The tablature of the song is to be drawn into that file, as its ending says (`savePaper`).
+  void paperWanted(QBSong* song, const QString& file);
+  /// The song's page of chords is to be written there, by its ending (`writePage`).
   void pageWanted(QBSong* song, const QString& file);
   /// The user made an album, and has yet to name it.
   void albumCreated(const QBAlbum* album);
@@ -104,10 +106,8 @@ class LibraryActions final : public QObject {
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);
   void addRename(QMenu& menu, const TreeNode& node);
   void exportAs(QBSong& song, const QString& file, std::size_t format);
-  void exportPdf(QBSong& song, const QString& file);
+  void exportPaper(QBSong& song, const QString& file, const QString& ending);
   void exportPage(QBSong& song, const QString& file, const QString& ending);
-  /// Asks when a file of that name is there.
-  bool mayReplace(const QString& file);
   static void renderSong(QBSong& song, RenderedPart part, const QString& file);
   /// Runs it as a job of the session; one that cannot begin does not become one.
   static void run(const std::shared_ptr<QBCommand>& job);

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "model/instruments/QBInstrument.h"
@@ -23,10 +24,21 @@
 namespace korvel::ui {
 namespace {
 
-const QString kPdf = ".pdf";
 const QString kChordPro = ".cho";
-/// What a page of chords is written as.
-const QStringList kPages{kPdf, ".txt", kChordPro};
+/// What a page of chords is written as, the papers first.
+const QStringList kPages{".pdf", ".png", ".svg", ".txt", kChordPro};
+
+/// What is drawn as it is printed.
+struct PaperName {
+  QString ending;
+  const char* name;
+};
+
+const std::array kPapers{
+    PaperName{".pdf", QT_TRANSLATE_NOOP("korvel::ui::LibraryActions", "PDF document")},
+    PaperName{".png", QT_TRANSLATE_NOOP("korvel::ui::LibraryActions", "Picture")},
+    PaperName{".svg", QT_TRANSLATE_NOOP("korvel::ui::LibraryActions", "Scalable picture")},
+};
 
 QString proposedPath(const std::string& title, const QString& ending = {}) {
   return QDir(Preferences().exportFolder()).filePath(toText(fileNameOf(title)) + ending);
@@ -42,8 +54,10 @@ void LibraryActions::exportSongFile(QBSong* song) {
   if (const auto loop = SongRenderer::loopOf(*song))
     filters.append(tr("Sound of the loop, chords %1 to %2").arg(loop->from).arg(loop->to) +
                    " (*.wav)");
-  const QString pdf = tr("PDF document") + " (*" + kPdf + ')';
-  filters.append(pdf);
+  const auto filterOfPaper = [](const PaperName& paper) {
+    return tr(paper.name) + " (*" + paper.ending + ')';
+  };
+  for (const PaperName& paper : kPapers) filters.append(filterOfPaper(paper));
   for (const QString& ending : kPages) filters.append(tr("Page of chords") + " (*" + ending + ')');
   QString chosen = filters.first();
   const QString file = QFileDialog::getSaveFileName(
@@ -54,16 +68,20 @@ void LibraryActions::exportSongFile(QBSong* song) {
     if (chosen == tr("Page of chords") + " (*" + ending + ')' ||
         (ending == kChordPro && file.endsWith(ending, Qt::CaseInsensitive)))
       return exportPage(*kept, file, ending);
-  if (file.endsWith(kPdf, Qt::CaseInsensitive) || (chosen == pdf && !formatNamedBy(file)))
-    return exportPdf(*kept, file);
+  for (const PaperName& paper : kPapers)
+    if (file.endsWith(paper.ending, Qt::CaseInsensitive))
+      return exportPaper(*kept, file, paper.ending);
+  for (const PaperName& paper : kPapers)
+    if (chosen == filterOfPaper(paper) && !formatNamedBy(file))
+      return exportPaper(*kept, file, paper.ending);
   const auto format = std::max<qsizetype>(0, filters.indexOf(chosen));
   exportAs(*kept, file, static_cast<std::size_t>(format));
 }
 
-void LibraryActions::exportPdf(QBSong& song, const QString& file) {
-  const bool named = file.endsWith(kPdf, Qt::CaseInsensitive);
-  const QString path = named ? file : file + kPdf;
-  if (named || mayReplace(path)) emit pdfWanted(&song, path);
+void LibraryActions::exportPaper(QBSong& song, const QString& file, const QString& ending) {
+  const bool named = file.endsWith(ending, Qt::CaseInsensitive);
+  const QString path = named ? file : file + ending;
+  if (named || mayReplace(path)) emit paperWanted(&song, path);
 }
 
 void LibraryActions::exportPage(QBSong& song, const QString& file, const QString& ending) {

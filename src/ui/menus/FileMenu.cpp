@@ -8,12 +8,12 @@
 #include <QPrinter>
 
 #include "model/songs/QBSong.h"
-#include "platform/files/FileError.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/library/LibraryActions.h"
 #include "ui/page/SongSheets.h"
+#include "ui/paper/PaperFiles.h"
 #include "workflow/exporting/SongFiles.h"
 #include "workflow/session/QBSession.h"
 
@@ -34,11 +34,13 @@ FileMenu::FileMenu(LibraryActions& actions, const SongSheets& sheets, QWidget* p
     listRecentFiles();
     enableForSong(hasSong());
   });
-  connect(&actions, &LibraryActions::pdfWanted, this, [this](QBSong* song, const QString& file) {
-    write([&] { m_sheets.saveTablature(*song, file.toStdString()); }, file);
-  });
+  connect(&actions, &LibraryActions::paperWanted, this,
+          [this](QBSong* song, const QString& file) { save(m_sheets.tablatureOf(*song), file); });
   connect(&actions, &LibraryActions::pageWanted, this, [this](QBSong* song, const QString& file) {
-    write([&] { writePage(*song, file.toStdString()); }, file);
+    write([&] {
+      return writePage(*song, file.toStdString(),
+                       [this](const auto& numbered) { return mayReplace(numbered); });
+    });
   });
   // Their keys work whatever the menu said when it was open.
   connect(this, &QMenu::aboutToHide, this, [this] { enableForSong(true); });
@@ -81,7 +83,7 @@ void FileMenu::listRecentFiles() {
 void FileMenu::printSong() {
   QPrinter printer(QPrinter::HighResolution);
   QPrintDialog dialog(&printer, parentWidget());
-  if (dialog.exec() == QDialog::Accepted && !m_sheets.print(*m_song, printer))
+  if (dialog.exec() == QDialog::Accepted && !printOn(printer, m_sheets.frontOf(*m_song)))
     emit refused(tr("The printer took nothing; look whether it is switched on"));
 }
 
@@ -93,14 +95,29 @@ void FileMenu::exportPdf() {
                                                     tr("PDF documents (*.pdf)"));
   if (file.isEmpty()) return;
   preferences.setExportFolder(QFileInfo(file).absolutePath());
-  write([&] { m_sheets.savePdf(*m_song, file.toStdString()); }, file);
+  save(m_sheets.frontOf(*m_song), file);
 }
 
-void FileMenu::write(const std::function<void()>& write, const QString& file) {
+void FileMenu::save(const PaperWork& work, const QString& file) {
+  write([&] {
+    return savePaper(work, file.toStdString(),
+                     [this](const auto& numbered) { return mayReplace(numbered); });
+  });
+}
+
+bool FileMenu::mayReplace(const std::filesystem::path& file) {
+  return m_actions.mayReplace(toText(file.string()));
+}
+
+void FileMenu::write(const std::function<std::vector<std::filesystem::path>()>& write) {
   try {
-    write();
-    QBSession::session().addToLog(platform::UserText::verbatim(file.toStdString()));
-  } catch (const platform::FileError& problem) {
+    const auto files = write();
+    if (files.size() > 1)
+      QBSession::session().addToLog(platform::UserText(
+          platform::phrase("Message", "Too high for one picture, and so in several:")));
+    for (const auto& file : files)
+      QBSession::session().addToLog(platform::UserText::verbatim(file.string()));
+  } catch (const std::exception& problem) {
     emit refused(translated(problem));
   }
 }

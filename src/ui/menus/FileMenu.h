@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QMenu>
+#include <filesystem>
 #include <functional>
+#include <vector>
 
 #include "platform/persistence/Ref.h"
 
@@ -14,6 +16,7 @@ namespace korvel::ui {
 
 class LibraryActions;
 class SongSheets;
+struct PaperWork;
 
 /// Recordings in, songs out.
 class FileMenu final : public QMenu {
@@ -40,7 +43,10 @@ class FileMenu final : public QMenu {
   void enableForSong(bool enabled);
   void printSong();
   void exportPdf();
-  void write(const std::function<void()>& write, const QString& file);
+  /// Writes files, whose names are answered, and logs them.
+  void write(const std::function<std::vector<std::filesystem::path>()>& write);
+  void save(const PaperWork& work, const QString& file);
+  bool mayReplace(const std::filesystem::path& file);
 
   LibraryActions& m_actions;
   const SongSheets& m_sheets;

@@ -19,6 +19,7 @@
 #include "ui/desktop/Translated.h"
 #include "ui/page/GripsSheet.h"
 #include "ui/page/PagePapers.h"
+#include "ui/paper/PaperFiles.h"
 #include "workflow/exporting/SongFiles.h"
 
 namespace korvel::ui {
@@ -104,7 +105,7 @@ void GripsDialog::print() {
   QPrinter printer(QPrinter::HighResolution);
   QPrintDialog dialog(&printer, this);
   if (dialog.exec() == QDialog::Accepted)
-    printPage(m_sheet->page(), font(), PageSheet::Parts::grips, printer);
+    printOn(printer, pageWork(m_sheet->page(), font(), PageSheet::Parts::grips));
 }
 
 void GripsDialog::savePdf() {
@@ -117,7 +118,7 @@ void GripsDialog::savePdf() {
   if (file.isEmpty()) return;
   preferences.setExportFolder(QFileInfo(file).absolutePath());
   try {
-    savePagePdf(m_sheet->page(), font(), PageSheet::Parts::grips, file.toStdString());
+    savePaper(pageWork(m_sheet->page(), font(), PageSheet::Parts::grips), file.toStdString());
   } catch (const platform::FileError& problem) {
     QMessageBox::warning(this, windowTitle(), translated(problem));
   }

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/page/PagePapers.h"
 
-#include <QPagedPaintDevice>
 #include <QPainter>
-#include <vector>
 
-#include "ui/desktop/PdfFile.h"
 #include "ui/desktop/Text.h"
 
 namespace korvel::ui {
@@ -13,56 +10,47 @@ namespace {
 
 /// Points: to be read from a music stand.
 constexpr double kFontOfPaper = 11;
-constexpr double kLinesOfFoot = 2;
 
-/// What lies between two heights of the sheet.
-struct Paper {
-  double top;
-  double bottom;
-};
-
-/// A band that is higher than a paper is torn all the same.
-std::vector<Paper> papersOf(const PageSheet& sheet, double height) {
-  std::vector<Paper> papers;
-  for (const PageSheet::Band& band : sheet.bands())
-    if (papers.empty() || band.bottom - papers.back().top > height)
-      papers.push_back({band.top, band.bottom});
-    else
-      papers.back().bottom = band.bottom;
-  return papers;
+QFont lettersOf(QFont font) {
+  font.setPointSizeF(kFontOfPaper);
+  return font;
 }
+
+class ChordPaper final : public PaperSheets {
+ public:
+  ChordPaper(const SongPage& page, const QFont& font, PageSheet::Parts parts,
+             const QPaintDevice& device, double width)
+      : m_sheet(page, lettersOf(font), width, parts, &device), m_width(width) {}
+
+  /// A band that is higher than a sheet is torn all the same.
+  std::vector<Sheet> cut(double height) const override {
+    std::vector<Sheet> sheets;
+    for (const PageSheet::Band& band : m_sheet.bands())
+      if (sheets.empty() || band.bottom - sheets.back().top > height)
+        sheets.push_back({band.top, band.bottom});
+      else
+        sheets.back().bottom = band.bottom;
+    return sheets;
+  }
+
+  void draw(QPainter& painter, const Sheet& sheet) const override {
+    painter.translate(0, -sheet.top);
+    painter.setClipRect(QRectF(0, sheet.top, m_width, sheet.bottom - sheet.top));
+    // What only touches the edge belongs to the sheet beside.
+    m_sheet.paint(painter, Shades(blackOnWhite()), sheet.top + 1, sheet.bottom - 1);
+  }
+
+ private:
+  const PageSheet m_sheet;
+  const double m_width;
+};
 
 }  // namespace
 
-bool printPage(const SongPage& page, const QFont& font, PageSheet::Parts parts,
-               QPagedPaintDevice& device) {
-  QPainter painter;
-  if (!painter.begin(&device)) return false;
-  QFont letters = font;
-  letters.setPointSizeF(kFontOfPaper);
-  const QRectF whole(0, 0, device.width(), device.height());
-  const PageSheet sheet(page, letters, whole.width(), parts, &device);
-  const auto papers = papersOf(sheet, whole.height() - kLinesOfFoot * sheet.lineHeight());
-  const Shades shades(blackOnWhite());
-  for (std::size_t i = 0; i < papers.size(); ++i) {
-    if (i > 0 && !device.newPage()) return false;
-    const Paper& paper = papers[i];
-    painter.save();
-    painter.translate(0, -paper.top);
-    painter.setClipRect(QRectF(0, paper.top, whole.width(), paper.bottom - paper.top));
-    sheet.paint(painter, shades, paper.top, paper.bottom);
-    painter.restore();
-    painter.setFont(font);
-    drawFoot(painter, whole, toText(page.title), i + 1, papers.size());
-  }
-  return painter.end();
-}
-
-void savePagePdf(const SongPage& page, const QFont& font, PageSheet::Parts parts,
-                 const std::filesystem::path& file) {
-  savePdf(
-      toText(page.title),
-      [&](QPagedPaintDevice& device) { return printPage(page, font, parts, device); }, file);
+PaperWork pageWork(const SongPage& page, const QFont& font, PageSheet::Parts parts) {
+  return {toText(page.title), [=](const QPaintDevice& device, QSizeF sheet) {
+            return std::make_unique<ChordPaper>(page, font, parts, device, sheet.width());
+          }};
 }
 
 }  // namespace korvel::ui

@@ -2,22 +2,13 @@
 #pragma once
 
 #include <QFont>
-#include <filesystem>
 
 #include "ui/page/PageSheet.h"
-
-class QPagedPaintDevice;
+#include "ui/paper/PaperWork.h"
 
 namespace korvel::ui {
 
-/// Writes a page of chords onto the papers of a printer or a PDF writer, in black on white and as
-/// large as it reads well, with the title and page numbers at the foot. False when the device
-/// cannot be painted on.
-bool printPage(const SongPage& page, const QFont& font, PageSheet::Parts parts,
-               QPagedPaintDevice& device);
-
-/// The same into a PDF file, which appears whole or not at all. Throws platform::FileError.
-void savePagePdf(const SongPage& page, const QFont& font, PageSheet::Parts parts,
-                 const std::filesystem::path& file);
+/// A page of chords for paper, in letters as large as they read well.
+PaperWork pageWork(const SongPage& page, const QFont& font, PageSheet::Parts parts);
 
 }  // namespace korvel::ui

@@ -26,6 +26,7 @@ constexpr double kPad = 0.4;
 constexpr double kBetweenChords = 0.5;
 constexpr double kRepeatWidth = 0.5;
 constexpr double kSmallestScale = 0.55;
+constexpr double kSmallestHead = 0.75;
 
 constexpr double kGripShape = double(GripPicture::kSize.width()) / GripPicture::kSize.height();
 
@@ -160,13 +161,28 @@ QString PageSheet::factsOf(const SongPage& page) {
   return facts.join("   ");
 }
 
+/// Broken between words where it is wider.
+QStringList PageSheet::linesOf(const QString& words, Role role, double width) const {
+  if (widthOf(role, words) <= width) return {words};
+  QStringList lines;
+  for (const QString& word : words.split(' '))
+    if (!lines.isEmpty() && widthOf(role, lines.last() + ' ' + word) <= width)
+      lines.last() += ' ' + word;
+    else
+      lines << word;
+  return lines;
+}
+
 void PageSheet::addHead() {
   beginBand();
   const auto add = [this](const QString& words, Role role) {
     if (words.isEmpty()) return;
-    const double fits = std::min(1.0, m_width / std::max(1.0, widthOf(role, words)));
-    addText({0, m_y, m_width, heightOf(role)}, words, role, std::max(kSmallestScale, fits));
-    m_y += heightOf(role);
+    const double fits = m_width / std::max(1.0, widthOf(role, words));
+    const double scale = std::clamp(fits, kSmallestHead, 1.0);
+    for (const QString& line : linesOf(words, role, m_width / scale)) {
+      addText({0, m_y, m_width, heightOf(role)}, line, role, scale);
+      m_y += heightOf(role) * scale;
+    }
   };
   add(toText(m_page->title), Role::title);
   add(toText(m_page->artist), Role::artist);

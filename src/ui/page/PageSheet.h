@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QRectF>
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "tab/page/SongPage.h"
@@ -96,6 +97,7 @@ class PageSheet {
   QFont fontOf(Role role, double scale = 1) const;
   double heightOf(Role role) const;
   double widthOf(Role role, const QString& words) const;
+  QStringList linesOf(const QString& words, Role role, double width) const;
   void addText(const QRectF& place, const QString& words, Role role, double scale = 1,
                Qt::Alignment align = Qt::AlignLeft);
   void beginBand() { m_bands.push_back({m_y, m_y}); }

@@ -9,6 +9,7 @@
 #include "platform/files/Files.h"
 #include "tab/chordpro/ChordProText.h"
 #include "tab/page/PageText.h"
+#include "ui/desktop/Text.h"
 #include "ui/page/PageDesk.h"
 #include "ui/page/PagePapers.h"
 #include "ui/page/PageView.h"
@@ -67,27 +68,25 @@ void SongSheets::focusFront() {
   isPageInFront() ? m_page.view().setFocus() : m_tablature.setFocus();
 }
 
-bool SongSheets::print(QBSong& song, QPagedPaintDevice& device) const {
-  return isPageInFront() ? printPage(rememberedPageOf(song), font(), PageSheet::Parts::all, device)
-                         : printTablature(song, m_tablature.tabFont(), device);
+PaperWork SongSheets::tablatureOf(QBSong& song) const {
+  return tablatureWork(TabLayout::forExport(song), toText(song.title()), m_tablature.tabFont());
 }
 
-void SongSheets::savePdf(QBSong& song, const std::filesystem::path& file) const {
-  isPageInFront() ? writePage(song, file) : saveTablature(song, file);
+PaperWork SongSheets::frontOf(QBSong& song) const {
+  return isPageInFront() ? pageWork(rememberedPageOf(song), font(), PageSheet::Parts::all)
+                         : tablatureOf(song);
 }
 
-void SongSheets::saveTablature(QBSong& song, const std::filesystem::path& file) const {
-  ui::savePdf(song, m_tablature.tabFont(), file);
-}
-
-void writePage(QBSong& song, const std::filesystem::path& file) {
+std::vector<std::filesystem::path> writePage(QBSong& song, const std::filesystem::path& file,
+                                             const MayReplace& mayReplace) {
   const SongPage page = rememberedPageOf(song);
   if (file.extension() == ".txt")
     platform::writeAtomically(file, pageText(page));
   else if (file.extension() == ".cho")
     platform::writeAtomically(file, chordProOf(page));
   else
-    savePagePdf(page, QApplication::font(), PageSheet::Parts::all, file);
+    return savePaper(pageWork(page, QApplication::font(), PageSheet::Parts::all), file, mayReplace);
+  return {file};
 }
 
 }  // namespace korvel::ui

@@ -3,9 +3,11 @@
 
 #include <QTabWidget>
 #include <filesystem>
+#include <vector>
+
+#include "ui/paper/PaperFiles.h"
 
 class QMenu;
-class QPagedPaintDevice;
 
 namespace korvel {
 class QBSong;
@@ -28,12 +30,10 @@ class SongSheets final : public QTabWidget {
   void addZooms(QMenu& menu);
   /// An entry with the keys Alt+9 that goes to the page.
   void addPage(QMenu& menu);
-  /// False when the device cannot be painted on.
-  bool print(QBSong& song, QPagedPaintDevice& device) const;
-  /// As PDF. Throws platform::FileError.
-  void saveTablature(QBSong& song, const std::filesystem::path& file) const;
-  /// What is in front; the same otherwise.
-  void savePdf(QBSong& song, const std::filesystem::path& file) const;
+  /// For paper.
+  PaperWork tablatureOf(QBSong& song) const;
+  /// What is in front, likewise.
+  PaperWork frontOf(QBSong& song) const;
 
  public slots:
   void goToTablature();
@@ -50,8 +50,9 @@ class SongSheets final : public QTabWidget {
   PageDesk& m_page;
 };
 
-/// A song's page of chords, as its user looks at it, in a file: PDF, text or ChordPro by the
-/// ending of its name. Throws platform::FileError.
-void writePage(QBSong& song, const std::filesystem::path& file);
+/// A song's page of chords, as its user looks at it, in a file: text, ChordPro or what `savePaper`
+/// writes, by the ending of its name. Answers the names of the files. Throws platform::FileError.
+std::vector<std::filesystem::path> writePage(QBSong& song, const std::filesystem::path& file,
+                                             const MayReplace& mayReplace = {});
 
 }  // namespace korvel::ui

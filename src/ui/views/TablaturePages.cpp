@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/views/TablaturePages.h"
 
-#include <QPagedPaintDevice>
 #include <QPainter>
 #include <algorithm>
-#include <vector>
+#include <cmath>
 
-#include "model/songs/QBSong.h"
 #include "tab/layout/TabPages.h"
-#include "ui/desktop/PdfFile.h"
 #include "ui/desktop/Text.h"
 #include "ui/views/TabCanvas.h"
 
@@ -17,67 +14,55 @@ namespace {
 
 /// Points; larger letters only waste paper.
 constexpr double kLargestFont = 10;
-constexpr int kRowsOfFoot = 3;
 
-class Press {
+QFont fitting(QFont font, const TabLayout& layout, const QPaintDevice& device, QSizeF sheet) {
+  font.setPointSizeF(kLargestFont);
+  const QSizeF cell = TabCanvas(font, Shades(blackOnWhite()), &device).cell();
+  const double across = sheet.width() / (cell.width() * std::max(1, layout.columns()));
+  const double down = sheet.height() / (cell.height() * (rowsOfLargestSystem(layout) + 1));
+  font.setPointSizeF(kLargestFont * std::min({1.0, across, down}));
+  return font;
+}
+
+class TablatureSheets final : public PaperSheets {
  public:
-  Press(const TabLayout& layout, const QFont& font, QPagedPaintDevice& device)
+  TablatureSheets(const TabLayout& layout, const QFont& font, const QPaintDevice& device,
+                  QSizeF sheet)
       : m_layout(layout),
-        m_paper(0, 0, device.width(), device.height()),
-        m_canvas(fitting(font, device), Shades(blackOnWhite()), &device) {}
+        m_canvas(fitting(font, layout, device, sheet), Shades(blackOnWhite()), &device) {}
 
-  std::vector<TabPage> pages() const {
-    return pagesOf(m_layout, std::max(1, m_canvas.rowAt(m_paper.height()) - kRowsOfFoot));
+  std::vector<Sheet> cut(double height) const override {
+    const double row = m_canvas.cell().height();
+    const double rows = std::min(height / row, static_cast<double>(m_layout.rows().size()));
+    std::vector<Sheet> sheets;
+    for (const TabPage& page : pagesOf(m_layout, std::max(1, static_cast<int>(rows))))
+      sheets.push_back({page.first * row, page.end * row});
+    return sheets;
   }
 
-  void drawPage(QPainter& painter, const TabPage& page) const {
-    painter.save();
-    painter.translate(0, -page.first * m_canvas.cell().height());
-    for (int row = page.first; row < page.end; ++row)
+  void draw(QPainter& painter, const Sheet& sheet) const override {
+    const double height = m_canvas.cell().height();
+    const auto end = static_cast<int>(std::lround(sheet.bottom / height));
+    const auto first = static_cast<int>(std::lround(sheet.top / height));
+    painter.translate(0, -sheet.top);
+    for (int row = first; row < end; ++row)
       m_canvas.drawRow(painter, m_layout, row,
                        toText(m_layout.rows()[static_cast<std::size_t>(row)]));
-    m_canvas.drawSigns(painter, m_layout, page.first, page.end);
-    painter.restore();
+    painter.setRenderHint(QPainter::Antialiasing);
+    m_canvas.drawSigns(painter, m_layout, first, end);
   }
-  const QRectF& paper() const { return m_paper; }
 
  private:
-  QFont fitting(QFont font, QPagedPaintDevice& device) const {
-    font.setPointSizeF(kLargestFont);
-    const QSizeF cell = TabCanvas(font, Shades(blackOnWhite()), &device).cell();
-    const double across = m_paper.width() / (cell.width() * std::max(1, m_layout.columns()));
-    const double down =
-        m_paper.height() / (cell.height() * (rowsOfLargestSystem(m_layout) + kRowsOfFoot + 1));
-    font.setPointSizeF(kLargestFont * std::min({1.0, across, down}));
-    return font;
-  }
-
-  const TabLayout& m_layout;
-  QRectF m_paper;
-  TabCanvas m_canvas;
+  const TabLayout m_layout;
+  const TabCanvas m_canvas;
 };
 
 }  // namespace
 
-bool printTablature(QBSong& song, const QFont& font, QPagedPaintDevice& device) {
-  QPainter painter;
-  if (!painter.begin(&device)) return false;
-  const TabLayout layout = TabLayout::forExport(song);
-  const Press press(layout, font, device);
-  const auto pages = press.pages();
-  for (std::size_t i = 0; i < pages.size(); ++i) {
-    if (i > 0 && !device.newPage()) return false;
-    press.drawPage(painter, pages[i]);
-    painter.setFont({});
-    drawFoot(painter, press.paper(), toText(song.title()), i + 1, pages.size());
-  }
-  return painter.end();
-}
-
-void savePdf(QBSong& song, const QFont& font, const std::filesystem::path& path) {
-  savePdf(
-      toText(song.title()),
-      [&](QPagedPaintDevice& device) { return printTablature(song, font, device); }, path);
+PaperWork tablatureWork(const TabLayout& layout, const QString& title, const QFont& font) {
+  return {title, [=](const QPaintDevice& device, QSizeF sheet) {
+            return std::make_unique<TablatureSheets>(layout, font, device, sheet);
+          }};
 }
 
 }  // namespace korvel::ui

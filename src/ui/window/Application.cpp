@@ -15,6 +15,7 @@
 #include "platform/sqlite/StoreError.h"
 #include "ui/desktop/Appearance.h"
 #include "ui/desktop/FocusRing.h"
+#include "ui/desktop/Languages.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/QtRunLoop.h"
 #include "ui/desktop/SingleInstance.h"

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QXmlStreamReader>
 
 #include "platform/files/FileError.h"
 #include "support/Approved.h"
@@ -15,7 +16,9 @@
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
 #include "support/store/StandardStore.h"
+#include "tab/paper/PrintedSong.h"
 #include "tab/text/SongDrawing.h"
+#include "ui/paper/PaperFiles.h"
 #include "ui/views/TablaturePages.h"
 
 namespace korvel::ui {
@@ -272,15 +275,46 @@ TEST_F(TablatureViewTest, diagramsStandAboveTheStaffAndNotInItsText) {
   EXPECT_EQ(m_view.chordRect(5), plain);
 }
 
-TEST_F(TablatureViewTest, pdfAppearsWholeOrNotAtAll) {
-  const std::string file = m_store.folder().file("waltz.pdf");
-  savePdf(*m_song, m_view.tabFont(), file);
-  const std::string pdf = test::readFile(file);
-  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+TEST_F(TablatureViewTest, papersAndPicturesAppearWholeOrNotAtAll) {
+  const PaperWork work = tablatureWork(TabLayout::forExport(*m_song), "Waltz", m_view.tabFont());
+  const auto saved = [&](const char* name) {
+    savePaper(work, m_store.folder().file(name));
+    return test::readFile(m_store.folder().file(name));
+  };
+  EXPECT_EQ(saved("waltz.pdf").substr(0, 5), "%PDF-");
+  const auto svg = QString::fromStdString(saved("waltz.svg"));
+  QXmlStreamReader xml(svg);
+  QStringList words;
+  while (!xml.atEnd())
+    if (xml.readNext() == QXmlStreamReader::Characters) words << xml.text().trimmed().toString();
+  EXPECT_FALSE(xml.hasError());
+  EXPECT_TRUE(words.contains("Waltz"));
+  EXPECT_EQ(words.count("2"), 320) << "frets of the D and the G string";
+  EXPECT_NE(svg.indexOf(", monospace\""), -1) << "where that font is not installed";
+  const QImage png = QImage::fromData(QByteArray::fromStdString(saved("waltz.PNG")), "PNG");
+  EXPECT_EQ(png.width(), 1240) << "of A4";
+  EXPECT_EQ(png.pixel(0, 0), 0xffffffff);
   const std::string missing = m_store.folder().file("missing/waltz.pdf");
   EXPECT_TRUE(test::saidBy<platform::FileError>([&] {
-                savePdf(*m_song, m_view.tabFont(), missing);
+                savePaper(work, missing);
               }).starts_with(missing + ": "));
+}
+
+TEST_F(TablatureViewTest, pictureThatWouldBeTooHighIsSeveral) {
+  std::string rows;
+  for (int i = 0; i < 1200; ++i) rows += "|---0---|\n";
+  const PaperWork work = tablatureWork(TabLayout(rows), "Waltz", m_view.tabFont());
+  const auto save = [&](bool mayReplace) {
+    return savePaper(work, m_store.folder().file("a.png"), [=](const auto&) { return mayReplace; });
+  };
+  const auto files = save(false);
+  ASSERT_GT(files.size(), 1U);
+  EXPECT_EQ(files.back().filename(), "a-" + std::to_string(files.size()) + ".png");
+  const QImage first(QString::fromStdString(files.front().string()));
+  EXPECT_GT(first.height(), 15000);
+  EXPECT_LE(first.height(), 25000);
+  EXPECT_TRUE(save(false).empty()) << "they are there";
+  EXPECT_EQ(save(true), files);
 }
 
 TEST_F(TablatureViewTest, rhythmOnBeatsIsDrawnAndRestsAreReached) {
@@ -299,8 +333,13 @@ TEST_F(TablatureViewTest, rhythmOnBeatsIsDrawnAndRestsAreReached) {
   EXPECT_EQ(m_view.cursorChord(), 5) << "past what is silent";
   m_view.setActiveSong(test::beatSong(m_store.song("Pick-up"), "x02210 q | q q q q |"));
   EXPECT_TRUE(m_view.placeText().startsWith("Pick-up, chord 1 of 5")) << "as its bars are numbered";
-  savePdf(*m_view.song(), m_view.tabFont(), m_store.folder().file("beats.pdf"));
-  EXPECT_TRUE(test::readFile(m_store.folder().file("beats.pdf")).starts_with("%PDF"));
+  const auto drawn = [](const PrintedSong& song) {
+    return drawnAs(PaperFormat::svg,
+                   tablatureWork(std::get<TabLayout>(song.content), "Pick-up", QFont("monospace")),
+                   QPageSize(QPageSize::Letter));
+  };
+  const PrintedSong printed = printedTablature(*m_view.song());
+  EXPECT_EQ(drawn(takenOver(handedOver(printed))), drawn(printed)) << "by the tool's program";
 }
 
 }  // namespace

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <variant>
+
+#include "tab/layout/TabLayout.h"
+#include "tab/page/SongPage.h"
+
+namespace korvel {
+
+/// What of a song is put on paper: its tablature, or the page of its chords. A value, which one
+/// program can hand to another that draws it.
+struct PrintedSong {
+  std::string title;
+  std::variant<TabLayout, SongPage> content;
+};
+
+PrintedSong printedTablature(QBSong& song);
+PrintedSong printedPage(SongPage page);
+
+/// What a file is called that is one of several: of "song.png" the first is "song-1.png". An only
+/// one keeps the name.
+std::filesystem::path nameOfPart(const std::filesystem::path& file, std::size_t number,
+                                 std::size_t count);
+
+/// As JSON, for a reader of the same version.
+std::string handedOver(const PrintedSong& song);
+/// The other way round. Throws std::runtime_error for anything else.
+PrintedSong takenOver(const std::string& json);
+
+}  // namespace korvel
