@@ -36,7 +36,7 @@ _korvel_cli() {
     return
   fi
   case $prev in
-    --txt | --text | --chordpro | --set | --musicxml | --mxl | --gp5 | --gp | --alphatex | --abc | --midi | --wav | --json | --file | --soundfont | --store)
+    --txt | --text | --chordpro | --set | --musicxml | --mxl | --gp5 | --gp | --alphatex | --abc | --midi | --wav | --pdf | --png | --svg | --json | --file | --soundfont | --store)
       _filedir
       return
       ;;
@@ -51,6 +51,7 @@ _korvel_cli() {
     --between) _korvel_cli_offer < <(printf 'silence\nclicks\n') && return ;;
     --position) _korvel_cli_offer < <(printf 'open\nanywhere\n') && return ;;
     --numbers) _korvel_cli_offer < <(printf 'roman\nnashville\n') && return ;;
+    --paper) _korvel_cli_offer < <(printf 'a4\nletter\n') && return ;;
     --metric) _korvel_cli_offer < <(printf '4/4\n3/4\n6/8\n12/8\n') && return ;;
   esac
   case $command in
@@ -76,7 +77,10 @@ _korvel_cli() {
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       _korvel_cli_offer < <("${words[0]}" apply --list 2>/dev/null | sed -n 's/.*\[\([A-Za-z0-9_]*\)\]$/\1/p')
       ;;
-    show | sheet | capo | lyrics | dump | delete | export | easy | strum | rhythm | doubts | correct | name | finger | grip | retune | loop | clone | rename | move | merge | extract | play | render | recording)
+    export)
+      ((cword == i + 1)) && _korvel_cli_offer < <("${words[0]}" list 2>/dev/null) || _filedir
+      ;;
+    show | sheet | capo | lyrics | dump | delete | easy | strum | rhythm | doubts | correct | name | finger | grip | retune | loop | clone | rename | move | merge | extract | play | render | recording)
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
       ;;
   esac

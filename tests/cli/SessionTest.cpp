@@ -14,6 +14,7 @@ korvel() { "$KORVEL" --store "${STORE:-Korvel.sqlite}" "$@"; }
 has() { grep -F -e "$1" > /dev/null; }
 longer() { test "$(wc -c < "$1")" -gt $(($2 * 65536)); }
 shapes() { python3 "$DATA/shell/shapes.py"; }
+drawn() { python3 "$DATA/shell/drawn.py" "$@"; }
 sql() { python3 "$DATA/shell/sql.py" "$@"; }
 signalled() { python3 "$DATA/shell/signalled.py" "$@"; }
 )sh";

@@ -16,6 +16,7 @@
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/DetectionFlags.h"
+#include "cli/support/PaperFlags.h"
 #include "cli/support/RhythmFlags.h"
 #include "cli/support/choices/TuningChoice.h"
 #include "export/ChordsJson.h"
@@ -41,6 +42,8 @@ struct ChordsOptions {
   HearingSettings settings = settingsOfFrontEnds();
   bool json = false;
   bool chordPro = false;
+  PaperFlags paper;
+  bool force = false;
 };
 
 OpenPitches stringsOf(const ChordsOptions& options) {
@@ -78,14 +81,14 @@ std::string json(const HeardSound& heard) {
 }
 
 /// Named after its tags, or its file.
-std::string chordPro(const std::string& file, const HeardSound& heard, const OpenPitches& open) {
+SongPage pageIn(const std::string& file, const HeardSound& heard, const OpenPitches& open) {
   PageSource source = pageSourceOf(heard.rhythm.reading);
   const RecordingTags tags(file);
   source.title = tags.title.value_or(std::filesystem::path(file).stem().string());
   source.artist = tags.artist.value_or("");
   source.capo = heard.capo;
   source.open = open;
-  return chordProOf(pageOf(source));
+  return pageOf(source);
 }
 
 void tellDoubts(const rhythm::Rhythm& heard) {
@@ -101,10 +104,14 @@ void printChords(const ChordsOptions& options) {
   const HeardSound heard = heardIn(options);
   const std::string chart = chordChart(heard.rhythm.reading);
   if (chart.empty()) throw CliError(options.file + ": no chords were heard in it");
-  Console::attached().print(options.json       ? json(heard)
-                            : options.chordPro ? chordPro(options.file, heard, stringsOf(options))
-                                               : chart);
-  if (!options.json) tellDoubts(heard.rhythm);
+  if (options.json) return Console::attached().print(json(heard));
+  const SongPage page = pageIn(options.file, heard, stringsOf(options));
+  if (options.paper.areGiven())
+    for (const auto& [file, content] : drawnFiles(options.paper, printedPage(page), options.force))
+      file.write(content);
+  else
+    Console::attached().print(options.chordPro ? chordProOf(page) : chart);
+  tellDoubts(heard.rhythm);
 }
 
 }  // namespace
@@ -123,6 +130,8 @@ void addChordsOfFile(Command& tool) {
                              "Print beats, key and chords, each with its probability");
   addVoicesFlag(command, options.settings).needs(json);
   command.flag("--chordpro", options.chordPro, "Print a ChordPro file, with grips").excludes(json);
+  addPaperFlags(command, options.paper, "Their page, with grips,");
+  command.flag("--force", options.force, "Replace files that are there already");
   command.checkLast([&] { command.uses(options.tuning ? Store::filled : Store::none); });
   command.does([&options] { printChords(options); });
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "arrange/harmony/ChordName.h"
@@ -12,6 +13,7 @@
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/OutputFile.h"
+#include "cli/support/PaperFlags.h"
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBSong.h"
@@ -40,7 +42,10 @@ struct SheetOptions {
   bool grips = false;
   std::optional<std::string> chordPro;
   std::optional<std::string> text;
+  PaperFlags paper;
   bool force = false;
+
+  bool writesFiles() const { return chordPro || text || paper.areGiven(); }
 };
 
 std::optional<int> fretOf(const std::string& capo) {
@@ -86,12 +91,15 @@ std::string gripLines(const SongPage& page) {
 }
 
 void writeSheet(const SheetOptions& options, const SongPage& page) {
-  OutputFile::requireDifferent({options.chordPro, options.text});
-  std::vector<std::pair<OutputFile, std::string>> files;
+  const PaperFlags& paper = options.paper;
+  OutputFile::requireDifferent({options.chordPro, options.text, paper.pdf, paper.png, paper.svg});
+  std::vector<FilledFile> files;
   if (options.chordPro)
     files.emplace_back(OutputFile(*options.chordPro, options.force), chordProOf(page));
   if (options.text) files.emplace_back(OutputFile(*options.text, options.force), pageText(page));
   for (const auto& [file, content] : files) file.check();
+  for (FilledFile& drawn : drawnFiles(paper, printedPage(page), options.force))
+    files.push_back(std::move(drawn));
   for (const auto& [file, content] : files) file.write(content);
 }
 
@@ -103,15 +111,14 @@ void makeSheet(const SheetOptions& options) {
   if (page.isEmpty())
     throw CliError(fullTitle(song) + ": no chord of it has a name; name its chords first");
   if (options.grips) return Console::attached().printText(gripLines(page));
-  if (options.chordPro || options.text) return writeSheet(options, page);
+  if (options.writesFiles()) return writeSheet(options, page);
   Console::attached().printText(pageText(page));
 }
 
 void checkSheet(const SheetOptions& options) {
   if (options.capo && *options.capo != kBest && !fretOf(*options.capo))
     throw UsageError("--capo", "takes a fret from 0 to 11, or best");
-  if (options.grips && (options.chordPro || options.text))
-    throw UsageError("--grips", "excludes files");
+  if (options.grips && options.writesFiles()) throw UsageError("--grips", "excludes files");
 }
 
 }  // namespace
@@ -137,6 +144,7 @@ void addSheetOfSong(Command& tool) {
   command.flag("--grips", options.grips, "Print only the grips, each with others of its chord");
   command.option("--chordpro", options.chordPro, "Write a ChordPro file").shownAs("FILE");
   command.option("--text", options.text, "Write the page as text").shownAs("FILE");
+  addPaperFlags(command, options.paper, "The page");
   command.flag("--force", options.force, "Replace files that are there already");
   command.checkLast([&options] { checkSheet(options); });
   command.does([&options] { makeSheet(options); });

@@ -2,7 +2,7 @@
 #include "cli/commands/songs/Export.h"
 
 #include <algorithm>
-#include <array>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -12,6 +12,7 @@
 #include "cli/support/Command.h"
 #include "cli/support/Console.h"
 #include "cli/support/OutputFile.h"
+#include "cli/support/PaperFlags.h"
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/SongChoice.h"
 #include "model/songs/QBSong.h"
@@ -22,6 +23,7 @@ namespace {
 
 struct ExportOptions {
   std::string song;
+  std::vector<std::string> files;       ///< In the formats that their endings name.
   std::optional<std::string> txt;       ///< File for the text tablature.
   std::optional<std::string> musicxml;  ///< File for the score.
   std::optional<std::string> mxl;       ///< The same in an archive.
@@ -31,9 +33,65 @@ struct ExportOptions {
   std::optional<std::string> abc;       ///< File in ABC notation.
   std::optional<std::string> midi;      ///< File for sequencers.
   std::optional<std::string> wav;       ///< File that the song sounds from.
+  PaperFlags paper;                     ///< Files that the tablature is drawn into.
   std::optional<std::string> metric;    ///< Such as "3/4"; the song's own when not given.
   bool force = false;                   ///< Replaces files that are there already.
 };
+
+using Name = std::optional<std::string>;
+
+/// A file with the endings of names that mean its format.
+struct Target {
+  Name& name;
+  const char* ending;
+  const char* other = "";
+};
+
+std::vector<Target> targetsOf(ExportOptions& options) {
+  return {{options.txt, ".txt", ".tab"}, {options.musicxml, ".musicxml", ".xml"},
+          {options.mxl, ".mxl"},         {options.gp5, ".gp5"},
+          {options.gp, ".gp"},           {options.alphatex, ".alphatex", ".atex"},
+          {options.abc, ".abc"},         {options.midi, ".mid", ".midi"},
+          {options.wav, ".wav"},         {options.paper.pdf, ".pdf"},
+          {options.paper.png, ".png"},   {options.paper.svg, ".svg"}};
+}
+
+std::string endingOf(const std::string& file) {
+  std::string ending = std::filesystem::path(file).extension().string();
+  for (char& letter : ending)
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  return ending;
+}
+
+/// As if each had been given with the option of its format.
+void sortByEnding(ExportOptions& options) {
+  for (const std::string& file : options.files) {
+    const std::string ending = endingOf(file);
+    const auto targets = targetsOf(options);
+    const auto target = std::ranges::find_if(targets, [&](const Target& each) {
+      return !ending.empty() && (ending == each.ending || ending == each.other);
+    });
+    if (target == targets.end())
+      throw UsageError("FILE", file + ": its ending names no format; see --help");
+    if (target->name) throw UsageError("FILE", file + ": is the second one of its format");
+    target->name = file;
+  }
+}
+
+std::vector<Name> filesOf(ExportOptions& options) {
+  std::vector<Name> names;
+  for (const Target& each : targetsOf(options))
+    if (each.name) names.push_back(each.name);
+  return names;
+}
+
+void checkFiles(ExportOptions& options) {
+  sortByEnding(options);
+  if (filesOf(options).empty())
+    throw UsageError("export",
+                     "takes one or more of --txt, --musicxml, --mxl, --gp5, --gp, --alphatex, "
+                     "--abc, --midi, --wav, --pdf, --png and --svg, or files with such an ending");
+}
 
 std::optional<Meter> chosenMeter(const std::optional<std::string>& metric) {
   if (!metric) return std::nullopt;
@@ -75,11 +133,10 @@ std::optional<OutputFile> waveOf(const ExportOptions& options) {
 }
 
 /// Makes all of the files before it writes the first.
-void exportSong(const ExportOptions& options) {
+void exportSong(ExportOptions& options) {
   QBSong& song = chooseSong(options.song);
   requireChords(song);
-  OutputFile::requireDifferent({options.txt, options.musicxml, options.mxl, options.gp5, options.gp,
-                                options.alphatex, options.abc, options.midi, options.wav});
+  OutputFile::requireDifferent(filesOf(options));
   const std::vector<Output> outputs = outputsOf(options, song);
   for (const Output& output : outputs) output.file.check();
   const std::optional<OutputFile> wave = waveOf(options);
@@ -87,9 +144,11 @@ void exportSong(const ExportOptions& options) {
   std::vector<std::string> contents;
   contents.reserve(outputs.size());
   for (const Output& output : outputs) contents.push_back(output.make());
+  const auto drawn = drawnFiles(options.paper, printedTablature(song), options.force);
   // The one that takes most room first: when there is not enough, nothing is written.
   if (wave) renderSong(song, *wave, {});
   for (std::size_t i = 0; i < outputs.size(); ++i) outputs[i].file.write(contents[i]);
+  for (const auto& [file, content] : drawn) file.write(content);
 }
 
 }  // namespace
@@ -98,6 +157,7 @@ void addExport(Command& tool) {
   Command& command = tool.command("export", "Write a song to files");
   auto& options = command.own<ExportOptions>();
   addSong(command, options.song);
+  command.option("FILE", options.files, "Files in the formats that their endings name").shownAs("");
   command.option("--txt", options.txt, "Text tablature").shownAs("FILE");
   command.option("--musicxml", options.musicxml, "Score for notation programs").shownAs("FILE");
   command.option("--mxl", options.mxl, "The score, compressed").shownAs("FILE");
@@ -107,22 +167,13 @@ void addExport(Command& tool) {
   command.option("--abc", options.abc, "Notes in ABC notation").shownAs("FILE");
   command.option("--midi", options.midi, "What is played, for sequencers").shownAs("FILE");
   command.option("--wav", options.wav, "The sound of it, as render writes it").shownAs("FILE");
+  addPaperFlags(command, options.paper, "Tablature");
   command
       .option("--metric", options.metric,
               "Time signature of score and MIDI (default: the song's, or 4/4)")
       .oneOf({"4/4", "3/4", "6/8", "12/8"});
   command.flag("--force", options.force, "Replace files that are there already");
-  command.checkLast([&options] {
-    const auto isGiven = [](const auto* file) { return file->has_value(); };
-    if (std::ranges::none_of(
-            std::array{&options.txt, &options.musicxml, &options.mxl, &options.gp5, &options.gp,
-                       &options.alphatex, &options.abc, &options.midi, &options.wav},
-            isGiven))
-      throw UsageError("export",
-                       "takes one or more of --txt, --musicxml, --mxl, --gp5, --gp, --alphatex, "
-                       "--abc, --midi and "
-                       "--wav");
-  });
+  command.checkLast([&options] { checkFiles(options); });
   command.uses(Store::existing);
   command.does([&options] { exportSong(options); });
 }
