@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <vector>
-
 #include "arrange/strumming/StrumPatterns.h"
 #include "chords/voices/Voice.h"
 #include "precise/Settings.h"
@@ -23,7 +21,7 @@ struct HearingSettings : precise::Settings {
   rhythm::Wishes rhythm{};
   Players players = Players::guitar;
   const StrumPattern* strum = &strumOnBeats();  ///< How a band's chords are struck.
-  std::vector<chords::Voice> voices{};          ///< Which voices of a band are heard, too.
+  chords::Voices voices{};                      ///< Which voices of a band are heard, too.
 };
 
 /// What front ends choose unless told otherwise: a song on beats.

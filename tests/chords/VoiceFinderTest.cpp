@@ -71,6 +71,13 @@ TEST(VoiceFinder, hearsTheTuneAndTheBassOfABand) {
   EXPECT_FALSE(voiceOf(Voice::melody, test::playedBand(score)).isClear) << "nobody sings";
 }
 
+TEST(VoiceFinder, voicesHaveNames) {
+  EXPECT_EQ(namesOf({Voice::bass, Voice::melody}), "bass,melody");
+  EXPECT_EQ(voicesNamed("bass,melody,bass"), (Voices{Voice::bass, Voice::melody}));
+  EXPECT_EQ(voicesNamed(""), Voices());
+  EXPECT_EQ(voicesNamed("bass,,melody"), std::nullopt);
+}
+
 TEST(VoiceFinder, hearsNoVoiceInDrumsNoiseAndSilence) {
   test::BandSound drums(std::size_t{44100} * 20), noise(drums.size());
   for (unsigned i = 0; i < 40; ++i) test::addDrum(drums, i * test::kSecondsOfBandBeat, i + 1);

@@ -446,6 +446,8 @@ TEST_F(MainWindowTest, songIsHeardAgainAsWhatItWasHeardAs) {
   EXPECT_TRUE(isBand());
   hear("Hear Again");
   EXPECT_TRUE(isBand());
+  hear("Hear Again with Melody and Bass");
+  EXPECT_TRUE(isBand());
   hear("Hear Again as One Guitar");
   EXPECT_FALSE(isBand());
 }

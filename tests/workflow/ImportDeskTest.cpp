@@ -180,7 +180,15 @@ TEST_F(ImportDeskTest, voicesOfABandBecomeSongsInTheSameAction) {
   EXPECT_TRUE(QBSession::session().undo());
   EXPECT_EQ(stored("QBSong"), before);
   EXPECT_TRUE(QBSession::session().redo());
-  EXPECT_EQ(album->songs().size(), 3U);
+  for (const auto& [voices, songs] :
+       {std::pair(chords::Voices{}, 3U), {{chords::Voice::bass}, 4U}}) {
+    const auto again = desk.hearAgain(*album->songs().snapshot().front(), {}, voices);
+    ASSERT_NE(again, nullptr);
+    runUntil([&] { return !again->isRunning(); });
+    EXPECT_EQ(album->songs().size(), songs) << "of a whole song they come on request only";
+    EXPECT_TRUE(QBSession::session().undo());
+    EXPECT_EQ(album->songs().size(), 3U);
+  }
 }
 
 TEST_F(ImportDeskTest, restingImportIsDropped) {

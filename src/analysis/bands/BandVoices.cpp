@@ -128,9 +128,8 @@ HeardVoice heardVoice(chords::Voice which, const chords::BandSound& sound, const
 
 }  // namespace
 
-std::vector<HeardVoice> hearVoices(const chords::BandSound& sound,
-                                   std::span<const chords::Voice> voices, const Reading& reading,
-                                   const VoiceGuitar& guitar) {
+std::vector<HeardVoice> hearVoices(const chords::BandSound& sound, const chords::Voices& voices,
+                                   const Reading& reading, const VoiceGuitar& guitar) {
   std::vector<HeardVoice> heard;
   if (reading.beats.size() < 2) return heard;
   const VoiceGrid grid(reading);

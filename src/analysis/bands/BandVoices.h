@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <span>
 #include <vector>
 
 #include "analysis/beats/HeardSound.h"
@@ -22,8 +21,7 @@ struct VoiceGuitar {
 /// Hears voices in the sound of a band, which has tones, on the beats of a reading whose chords are
 /// told. Each is written in sixteenths, or what the feel of the reading has in their place. A voice
 /// that goes below the guitar is raised by octaves as a whole.
-std::vector<HeardVoice> hearVoices(const chords::BandSound& sound,
-                                   std::span<const chords::Voice> voices,
+std::vector<HeardVoice> hearVoices(const chords::BandSound& sound, const chords::Voices& voices,
                                    const rhythm::Reading& reading, const VoiceGuitar& guitar);
 
 }  // namespace korvel

@@ -3,20 +3,22 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvel::chords {
 
 /// A single line that is heard in a band.
 enum class Voice { melody, bass };
+using Voices = std::vector<Voice>;
 
-inline std::string_view nameOf(Voice voice) { return voice == Voice::melody ? "melody" : "bass"; }
-
-inline std::optional<Voice> voiceNamed(std::string_view name) {
-  for (const Voice voice : {Voice::melody, Voice::bass})
-    if (nameOf(voice) == name) return voice;
-  return {};
-}
+/// "melody" or "bass".
+std::string_view nameOf(Voice voice);
+/// "melody,bass"; empty for no voices.
+std::string namesOf(const Voices& voices);
+/// By such names in any order, each voice once; none when one of the names is no voice's.
+std::optional<Voices> voicesNamed(std::string_view names);
 
 /// A tone of a voice.
 struct VoiceNote {

@@ -7,10 +7,8 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
-#include <ranges>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "analysis/HearingSettings.h"
 #include "chords/voices/Voice.h"
@@ -69,18 +67,6 @@ std::string manners(const Detection& usual) {
 const Detection* chosen(const std::string& word) {
   if (const Detection* named = detectionNamed(word)) return named;
   throw UsageError("--detection", "is " + names(" or "));
-}
-
-/// Each once, in any order.
-std::vector<chords::Voice> voicesNamed(const std::string& words) {
-  std::vector<chords::Voice> voices;
-  for (const auto& part : std::views::split(words, ',')) {
-    const std::optional<chords::Voice> voice =
-        chords::voiceNamed(std::string_view(part.begin(), part.end()));
-    if (!voice) throw UsageError("--voices", "is melody, bass or melody,bass");
-    if (std::ranges::find(voices, *voice) == voices.end()) voices.push_back(*voice);
-  }
-  return voices;
 }
 
 void requireOnTheNeck(const FingeringOptions& fingering) {
@@ -180,7 +166,11 @@ void addStrumFlag(Command& command, HearingSettings& settings) {
 }
 
 Option addVoicesFlag(Command& command, HearingSettings& settings) {
-  const auto read = [&settings](const std::string& words) { settings.voices = voicesNamed(words); };
+  const auto read = [&settings](const std::string& words) {
+    const auto named = chords::voicesNamed(words);
+    if (!named || named->empty()) throw UsageError("--voices", "is melody, bass or melody,bass");
+    settings.voices = *named;
+  };
   return command
       .option("--voices", read,
               "Which voices of a band are heard beside its chords, where they are clear enough: "

@@ -49,6 +49,8 @@ HearingSettings Preferences::detectionSettings() const {
   if (m_store.value("detection/slices").toBool()) settings.grid = Grid::slices;
   settings.players = static_cast<Players>(m_store.value("detection/players").toInt());
   if (settings.players == Players::band) settings.grid = Grid::beats;
+  const std::string voices = m_store.value("detection/voices").toString().toStdString();
+  settings.voices = chords::voicesNamed(voices).value_or(chords::Voices());
   settings.sensitivity = m_store.value("detection/sensitivity", settings.sensitivity).toDouble();
   auto& fingering = settings.fingering;
   fingering.frets = m_store.value("detection/frets", fingering.frets).toInt();
@@ -64,6 +66,7 @@ void Preferences::setDetection(const Detection& detection, const HearingSettings
     if (each != &preciseDetection()) m_store.setValue(keyOf(*each), each == &detection);
   m_store.setValue("detection/slices", settings.grid == Grid::slices);
   m_store.setValue("detection/players", static_cast<int>(settings.players));
+  m_store.setValue("detection/voices", toText(chords::namesOf(settings.voices)));
   m_store.setValue("detection/sensitivity", settings.sensitivity);
   m_store.setValue("detection/frets", settings.fingering.frets);
   m_store.setValue("detection/capo", settings.fingering.capo);

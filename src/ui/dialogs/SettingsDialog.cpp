@@ -164,11 +164,19 @@ QWidget* SettingsDialog::detectionPage() {
                         {tr("Decide for each recording"), static_cast<int>(Players::automatic)}},
                        static_cast<int>(settings.players));
   m_players->setToolTip(tr("Chords are written in bars, and heard by the precise detection only"));
+  m_voices = choiceOf({{tr("None"), ""},
+                       {tr("Melody"), "melody"},
+                       {tr("Bass"), "bass"},
+                       {tr("Melody and bass"), "melody,bass"}},
+                      QString::fromStdString(chords::namesOf(settings.voices)));
+  m_voices->setToolTip(
+      tr("Each becomes a song beside that of the chords, where it is clear enough"));
   auto* page = new QWidget;
   page->setObjectName("detection");
   auto* form = new QFormLayout(page);
   form->addRow(tr("&Detection"), m_detection);
   form->addRow(tr("What plays"), m_players);
+  form->addRow(tr("Voices of a band"), m_voices);
   form->addRow(tr("&Written in"), m_grid);
   m_hearing = new HearingChoice(*form, settings);
   m_keep = new QCheckBox(tr("&Keep copies of recordings with the songs"));
@@ -198,6 +206,8 @@ QWidget* SettingsDialog::soundPage() {
 void SettingsDialog::keepDetection() const {
   HearingSettings settings{m_hearing->settings()};
   settings.players = static_cast<Players>(m_players->currentData().toInt());
+  settings.voices = chords::voicesNamed(m_voices->currentData().toString().toStdString())
+                        .value_or(settings.voices);
   settings.grid = static_cast<Grid>(m_grid->currentData().toInt());
   const std::string detection = m_detection->currentData().toString().toStdString();
   Preferences().setDetection(*detectionNamed(detection), settings);

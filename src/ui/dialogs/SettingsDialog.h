@@ -38,6 +38,7 @@ class SettingsDialog final : public QDialog {
   QFontComboBox* m_font;
   QComboBox* m_detection;
   QComboBox* m_players = nullptr;
+  QComboBox* m_voices = nullptr;
   QComboBox* m_grid = nullptr;
   HearingChoice* m_hearing = nullptr;
   QCheckBox* m_keep = nullptr;

@@ -100,7 +100,7 @@ class LibraryActions final : public QObject {
   void follow(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);
   void fillUnheardMenu(QMenu& menu, QBSong& song);
   void addHearAgain(QMenu& menu, QBSong& song);
-  void hearAgain(QBSong& song, std::optional<Players> players);
+  void hearAgain(QBSong& song, std::optional<Players> players, const chords::Voices& voices);
   void fillSongMenu(QMenu& menu, const std::shared_ptr<QBSongNode>& node);
   void fillTuningMenu(QMenu& menu, QBTuning& tuning);
   void fillInstrumentMenu(QMenu& menu, QBInstrument& instrument);

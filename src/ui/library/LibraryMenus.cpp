@@ -96,18 +96,23 @@ void LibraryActions::addHearAgain(QMenu& menu, QBSong& song) {
   if (!song.recording()) return;
   const platform::Ref<QBSong> kept(&song);
   menu.addSeparator();
-  const auto add = [&](const QString& title, std::optional<Players> players) {
-    menu.addAction(title, this, [this, kept, players] { hearAgain(*kept, players); })
+  const auto add = [&](const QString& title, std::optional<Players> players,
+                       const chords::Voices& voices = {}) {
+    menu.addAction(title, this,
+                   [this, kept, players, voices] { hearAgain(*kept, players, voices); })
         ->setEnabled(canHearAnew(song));
   };
   add(tr("Hear Again"), std::nullopt);
-  song.recording()->isBand() ? add(tr("Hear Again as One Guitar"), Players::guitar)
-                             : add(tr("Hear Again as a Band"), Players::band);
+  if (!song.recording()->isBand()) return add(tr("Hear Again as a Band"), Players::band);
+  add(tr("Hear Again with Melody and Bass"), Players::band,
+      {chords::Voice::melody, chords::Voice::bass});
+  add(tr("Hear Again as One Guitar"), Players::guitar);
 }
 
-void LibraryActions::hearAgain(QBSong& song, std::optional<Players> players) {
+void LibraryActions::hearAgain(QBSong& song, std::optional<Players> players,
+                               const chords::Voices& voices) {
   const QString file = toText(recordingFileOf(song));
-  follow(m_desk.hearAgain(song, players), file);
+  follow(m_desk.hearAgain(song, players, voices), file);
 }
 
 void LibraryActions::fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album) {

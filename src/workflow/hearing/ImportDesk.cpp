@@ -113,10 +113,10 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
   }
 }
 
-std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song,
-                                                       std::optional<Players> players) {
+std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song, std::optional<Players> players,
+                                                       const chords::Voices& voices) {
   try {
-    return startAgain(song, players);
+    return startAgain(song, players, voices);
   } catch (const std::exception& exception) {
     m_tree.session().handleException("importSong", exception);
     return nullptr;
@@ -129,7 +129,8 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::goOn(const ImportUnderWay& left) {
 }
 
 std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song,
-                                                        std::optional<Players> players) {
+                                                        std::optional<Players> players,
+                                                        const chords::Voices& voices) {
   QBTabMgr& db = m_tree.db();
   Edit::requireWritable(db);
   if (SongInWork::is(song))
@@ -143,18 +144,21 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song,
       command(file, db.createSong(song.title(), song.tuning(), db.selectedInstrument(), nullptr),
               song.album());
   made->setReplaced(&song);
-  made->setDetection(*m_detection, settingsFor(song, players));
+  made->setDetection(*m_detection, settingsFor(song, players, voices));
   run(made);
   return made;
 }
 
-HearingSettings ImportDesk::settingsFor(const QBSong& song, std::optional<Players> players) const {
+/// A song that is not whole has no voices yet, and gets those that imports do.
+HearingSettings ImportDesk::settingsFor(const QBSong& song, std::optional<Players> players,
+                                        const chords::Voices& voices) const {
   HearingSettings settings = m_settings;
   const SongRecording* recording = song.recording();
   if (const auto read = recording ? rhythm::storedRhythm(recording->rhythm()) : std::nullopt)
     settings.rhythm = read->wishes;
   if (recording) settings.players = recording->isBand() ? Players::band : Players::guitar;
   if (players) settings.players = *players;
+  if (song.isWhole()) settings.voices = voices;
   if (settings.players == Players::band) settings.grid = Grid::beats;
   return settings;
 }

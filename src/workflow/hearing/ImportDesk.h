@@ -40,8 +40,10 @@ class ImportDesk {
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
   /// Hears the recording of a song again, from its beginning; in the end what was heard takes the
   /// song's place. What its user said of its rhythm holds, and what plays in it is what it was
-  /// heard as, unless other players are named. Problems as above.
-  std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song, std::optional<Players> players = {});
+  /// heard as, unless other players are named. Only those voices of a band are heard, too: each
+  /// time they become further songs. Problems as above.
+  std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song, std::optional<Players> players = {},
+                                             const chords::Voices& voices = {});
   /// The same for a song that was left to this start; none when it is not there any more.
   std::shared_ptr<QBCmdImportSong> goOn(const ImportUnderWay& left);
   /// Has all imports that run end some steps later, with what they have heard.
@@ -58,8 +60,10 @@ class ImportDesk {
 
  private:
   std::shared_ptr<QBCmdImportSong> start(const std::string& file, QBAlbum* into);
-  std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song, std::optional<Players> players);
-  HearingSettings settingsFor(const QBSong& song, std::optional<Players> players) const;
+  std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song, std::optional<Players> players,
+                                              const chords::Voices& voices);
+  HearingSettings settingsFor(const QBSong& song, std::optional<Players> players,
+                              const chords::Voices& voices) const;
   std::shared_ptr<QBCmdImportSong> command(const std::string& file, QBSong* song, QBAlbum* album);
   void run(const std::shared_ptr<QBCmdImportSong>& command);
 
