@@ -41,6 +41,10 @@ _korvel_cli() {
       return
       ;;
     --detection) _korvel_cli_offer < <(printf 'precise\nclassic\n') && return ;;
+    --tuning) _korvel_cli_offer < <(
+      [ "$command" = import ] && echo auto
+      "${words[0]}" tunings 2>/dev/null | sed 's/^[* ] //; s/ ([A-Gb#0-9 -]*)$//'
+    ) && return ;;
     --grid) _korvel_cli_offer < <(printf 'beats\nslices\n') && return ;;
     --what) _korvel_cli_offer < <(printf 'guitar\nband\nauto\n') && return ;;
     --voices) _korvel_cli_offer < <(printf 'melody\nbass\nmelody,bass\n') && return ;;

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <vector>
+
 #include "arrange/strumming/StrumPatterns.h"
 #include "chords/voices/Voice.h"
+#include "music/Neck.h"
 #include "precise/Settings.h"
 #include "rhythm/Reading.h"
 
@@ -20,6 +23,9 @@ struct HearingSettings : precise::Settings {
   Grid grid = Grid::slices;
   rhythm::Wishes rhythm{};
   Players players = Players::guitar;
+  /// Tunings that the recording may be in instead of its song's, which notes can tell.
+  std::vector<OpenPitches> tunings{};
+  bool takesTuning = false;  ///< What is found so is taken, and not only told of.
   const StrumPattern* strum = &strumOnBeats();  ///< How a band's chords are struck.
   chords::Voices voices{};                      ///< Which voices of a band are heard, too.
 };

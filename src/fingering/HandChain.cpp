@@ -27,11 +27,12 @@ constexpr double kPerFretFromHome = -.3;
 constexpr double kFarFromHome = 5;
 
 /// Sums of logarithms would need one for each: the factors are brought back to a sum of 1 at each
-/// event instead, so that they neither vanish nor grow.
-void normalise(std::span<double> factors) {
+/// event instead, so that they neither vanish nor grow. Answers what the sum was.
+double normalise(std::span<double> factors) {
   double sum = 0;
   for (const double factor : factors) sum += factor;
   for (double& factor : factors) factor /= sum;
+  return sum;
 }
 
 std::size_t at(int place) { return static_cast<std::size_t>(place); }
@@ -143,6 +144,7 @@ std::span<Choice> HandChain::choices(std::size_t event) {
 
 platform::Slices HandChain::pass() {
   const std::size_t size = m_events.size();
+  m_evidence = 0;
   const auto share = [size](std::size_t done) {
     return static_cast<double>(done) / static_cast<double>(2 * size);
   };
@@ -191,7 +193,7 @@ void HandChain::goForward(std::size_t event) {
     moveAll(states(event - 1), factors(m_forward, event - 1), m_moves[paceAt(event)], link.places);
     multiply(states(event), &m_steps[link.step], {count(event - 1), 1}, here);
   }
-  normalise(here);
+  m_evidence += std::log(normalise(here));
 }
 
 /// m_backward, of the event after this one, becomes that of this one.

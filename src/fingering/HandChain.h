@@ -36,6 +36,9 @@ class HandChain {
   /// Finds how probable it is.
   platform::Slices pass();
 
+  /// The logarithm of the sum over all ways through the piece. After a pass.
+  double evidence() const { return m_evidence; }
+
   std::span<const Choice> choices(std::size_t event) const;
   std::span<Choice> choices(std::size_t event);
   /// Where the hand is, in the mean over all that it may do. After a pass.
@@ -109,7 +112,8 @@ class HandChain {
   std::vector<double> m_forward;   ///< Sums over all ways from the first event to each state.
   std::vector<double> m_backward;  ///< Sums over all ways from each state of one event to the end.
   std::vector<ByPlace> m_through;  ///< Of the choices of a neighbour, moved.
-  std::vector<double> m_steps;     ///< By choice and choice of the event before.
+  double m_evidence = 0;
+  std::vector<double> m_steps;  ///< By choice and choice of the event before.
 };
 
 }  // namespace korvel::fingering

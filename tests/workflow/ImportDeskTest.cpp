@@ -182,7 +182,7 @@ TEST_F(ImportDeskTest, voicesOfABandBecomeSongsInTheSameAction) {
   EXPECT_TRUE(QBSession::session().redo());
   for (const auto& [voices, songs] :
        {std::pair(chords::Voices{}, 3U), {{chords::Voice::bass}, 4U}}) {
-    const auto again = desk.hearAgain(*album->songs().snapshot().front(), {}, voices);
+    const auto again = desk.hearAgain(*album->songs().snapshot().front(), {.voices = voices});
     ASSERT_NE(again, nullptr);
     runUntil([&] { return !again->isRunning(); });
     EXPECT_EQ(album->songs().size(), songs) << "of a whole song they come on request only";

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "chords/voices/Voice.h"
 #include "fingering/Note.h"
+#include "music/Neck.h"
 #include "rhythm/Reading.h"
 
 namespace korvel {
@@ -33,6 +35,8 @@ struct HeardSound {
   /// A band plays: its notes are those of grips for its chords.
   bool isBand = false;
   std::vector<HeardVoice> voices{};  ///< Of a band: those that were asked for, clear or not.
+  /// The tuning that it is clearly played in, when that is another one than was thought.
+  std::optional<OpenPitches> otherTuning{};
 };
 
 }  // namespace korvel

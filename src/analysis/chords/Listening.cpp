@@ -54,6 +54,8 @@ void Listening::Work::keep(Transcription& listened) {
                  static_cast<double>(listened.samples()) / platform::kSampleRate,
                  found.tuningOffset,
                  settings.fingering.capo};
+  heard.sound.otherTuning = listened.otherTuning();
+  open = listened.open();
   if (listened.isBand()) return keepBand(listened);
   rhythm::Reading& reading = heard.sound.rhythm.reading;
   tellPitchClasses(heard.sound.notes, reading);

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/chords/Transcription.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "analysis/bands/BandChords.h"
 #include "audio/QBSampleSource.h"
 #include "chords/SoloOrBand.h"
+#include "fingering/TuningFit.h"
 #include "platform/loop/Deadline.h"
+#include "precise/Analysis.h"
 
 namespace korvel {
 namespace {
@@ -27,9 +30,15 @@ Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenP
                              const HearingSettings& settings)
     : m_source(std::move(source)),
       m_engine(settings.sensitivity),
+      m_open(open),
+      m_settings(settings),
       m_fingering(open, settings.fingering),
       m_players(settings.grid == Grid::beats ? settings.players : Players::guitar),
       m_wishes(settings.rhythm) {
+  // Nobody hears how deep others go.
+  std::erase_if(m_settings.tunings, [](const OpenPitches& tuning) {
+    return std::ranges::min(tuning) < precise::Analysis::kLowestPitch;
+  });
   if (m_players != Players::guitar) m_ear.emplace(!settings.voices.empty());
 }
 
@@ -74,6 +83,7 @@ void Transcription::hear() {
   }
   m_result = m_engine.take();
   if (m_ear) decide();
+  if (!m_isBand) findTuning();
   m_placing = m_fingering.placing(m_result.notes);
   m_phase = Phase::fingering;
 }
@@ -84,6 +94,16 @@ void Transcription::decide() {
   m_isBand = m_players == Players::band ||
              (m_players == Players::automatic &&
               chords::isBand(chords::measuresOf(m_sound), surenessOf(m_result.notes)));
+}
+
+void Transcription::findTuning() {
+  const auto found =
+      fingering::otherTuning(m_open, m_settings.tunings, m_settings.fingering, m_result.notes);
+  if (!found) return;
+  m_otherTuning = m_settings.tunings[*found];
+  if (!m_settings.takesTuning) return;
+  m_open = *m_otherTuning;
+  m_fingering = fingering::Fingering(m_open, m_settings.fingering);
 }
 
 void Transcription::finger() {

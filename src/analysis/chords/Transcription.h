@@ -42,6 +42,10 @@ class Transcription {
   /// Likewise: whether a band plays, and what its chords are heard from, which nobody listened to
   /// unless the settings ask for it.
   bool isBand() const { return m_isBand; }
+  /// Likewise: the strings that the notes are on, and which others of the settings they are clearly
+  /// played on; none for a band.
+  const OpenPitches& open() const { return m_open; }
+  const std::optional<OpenPitches>& otherTuning() const { return m_otherTuning; }
   const chords::BandSound& sound() const { return m_sound; }
 
  private:
@@ -51,11 +55,15 @@ class Transcription {
   void read();
   void hear();
   void decide();
+  void findTuning();
   void finger();
   void readRhythm();
 
   std::shared_ptr<QBSampleSource> m_source;
   precise::WindowedEngine m_engine;
+  OpenPitches m_open;
+  HearingSettings m_settings;
+  std::optional<OpenPitches> m_otherTuning;
   fingering::Fingering m_fingering;
   precise::Findings m_result;
   Players m_players;

@@ -22,6 +22,7 @@
 #include "ui/dialogs/TuningDialog.h"
 #include "ui/dialogs/hearing/StepsDialog.h"
 #include "ui/library/PieceImports.h"
+#include "workflow/exchange/PieceTuning.h"
 #include "workflow/hearing/KnownRecordings.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/LibraryEdits.h"
@@ -159,10 +160,24 @@ void LibraryActions::follow(const std::shared_ptr<QBCmdImportSong>& job, const Q
   // Showing the song is a step of its own: the last one of the import is long enough.
   job->onFinished([this, file, done = job.get()] {
     const platform::Ref<QBSong> song = done->newSong();
-    QTimer::singleShot(kNextTurn, this, [this, file, song] { emit imported(file, song); });
+    QTimer::singleShot(kNextTurn, this, [this, file, song, tuning = done->otherTuning()] {
+      emit imported(file, song);
+      if (tuning && !song->isDeleted()) tellTuning(*song, *tuning, file);
+    });
   });
   job->onTrouble([this](const platform::UserText& text) { emit refused(translated(text)); });
   emit importStarted(file);
+}
+
+void LibraryActions::tellTuning(QBSong& song, const OpenPitches& found, const QString& file) {
+  const auto hear = [this, kept = platform::Ref<QBSong>(&song), found, file] {
+    if (kept->isDeleted()) return;
+    attempt([&] {
+      QBTuning* tuning = tuningFor(QBTabMgr::db(), found);
+      follow(m_desk.hearAgain(*kept, {.tuning = tuning}), file);
+    });
+  };
+  emit tuningFound(&song, toText(nameOfTuning(found)), hear);
 }
 
 void LibraryActions::createAlbum() {

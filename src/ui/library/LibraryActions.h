@@ -72,6 +72,9 @@ class LibraryActions final : public QObject {
   /// A recording that is being imported is there already; drop: cancels that import, if it still
   /// runs, and tells the song where its recording is, if that was lost.
   void alreadyThere(QBSong* known, const std::function<void()>& drop);
+  /// A recording that was heard is clearly played in another tuning than its song has; hear: hears
+  /// it again in that one.
+  void tuningFound(QBSong* song, const QString& tuning, const std::function<void()>& hear);
   /// A file was not imported, and a text in the song's place says why; advice: what to try.
   void importRefused(const QString& advice);
   void importStarted(const QString& file);
@@ -98,6 +101,7 @@ class LibraryActions final : public QObject {
   void importFile(const QString& file, QBAlbum* into);
   void giveRecording(QBSong& song, const QString& file);
   void follow(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);
+  void tellTuning(QBSong& song, const OpenPitches& found, const QString& file);
   void fillUnheardMenu(QMenu& menu, QBSong& song);
   void addHearAgain(QMenu& menu, QBSong& song);
   void hearAgain(QBSong& song, std::optional<Players> players, const chords::Voices& voices);

@@ -112,7 +112,7 @@ void LibraryActions::addHearAgain(QMenu& menu, QBSong& song) {
 void LibraryActions::hearAgain(QBSong& song, std::optional<Players> players,
                                const chords::Voices& voices) {
   const QString file = toText(recordingFileOf(song));
-  follow(m_desk.hearAgain(song, players, voices), file);
+  follow(m_desk.hearAgain(song, {players, voices}), file);
 }
 
 void LibraryActions::fillAlbumMenu(QMenu& menu, const std::function<QBAlbum*()>& album) {

@@ -172,6 +172,7 @@ void MainWindow::connectLibrary() {
     m_arrivals->importStarted();
   });
   connect(m_actions, &LibraryActions::alreadyThere, this, &MainWindow::offerKnown);
+  connect(m_actions, &LibraryActions::tuningFound, this, &MainWindow::offerTuning);
   connect(m_actions, &LibraryActions::imported, this, &MainWindow::rememberRunning);
   connect(m_actions, &LibraryActions::imported, m_arrivals, &Arrivals::showImported);
   connect(m_actions, &LibraryActions::importRefused, m_tablature, &TablatureView::advise);
@@ -410,6 +411,14 @@ void MainWindow::offerKnown(QBSong* known, const std::function<void()>& drop) {
                         drop();
                         if (!kept->isDeleted()) QBSession::session().setActiveSong(kept);
                       }));
+}
+
+void MainWindow::offerTuning(QBSong* song, const QString& tuning,
+                             const std::function<void()>& hear) {
+  m_centre->insertWidget(
+      0, new OfferBar(tr("%1 seems to be played in %2. Hear it again in that tuning?")
+                          .arg(toText(song->title()), tuning),
+                      hear));
 }
 
 /// Once, at the first import; until it is answered yes nothing is kept.

@@ -107,6 +107,7 @@ class MainWindow final : public QMainWindow, public SongView {
   void practise(QBSong* song);
   void tapAlong();
   void offerKnown(QBSong* known, const std::function<void()>& drop);
+  void offerTuning(QBSong* song, const QString& tuning, const std::function<void()>& hear);
   void offerToKeep(const QString& file);
   void offerToFind(QBSong* song, const QString& recording);
 

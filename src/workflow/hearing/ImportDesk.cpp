@@ -22,6 +22,7 @@
 #include "workflow/library/AlbumNode.h"
 #include "workflow/library/LibraryTree.h"
 #include "workflow/library/QBNameMgr.h"
+#include "workflow/library/TuningEdits.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/Edit.h"
 #include "workflow/session/EditRefused.h"
@@ -113,10 +114,9 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::importFile(const std::string& file,
   }
 }
 
-std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song, std::optional<Players> players,
-                                                       const chords::Voices& voices) {
+std::shared_ptr<QBCmdImportSong> ImportDesk::hearAgain(QBSong& song, const Otherwise& otherwise) {
   try {
-    return startAgain(song, players, voices);
+    return startAgain(song, otherwise);
   } catch (const std::exception& exception) {
     m_tree.session().handleException("importSong", exception);
     return nullptr;
@@ -128,9 +128,7 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::goOn(const ImportUnderWay& left) {
   return song && (!song->isWhole() || canHearAnew(*song)) ? hearAgain(*song) : nullptr;
 }
 
-std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song,
-                                                        std::optional<Players> players,
-                                                        const chords::Voices& voices) {
+std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song, const Otherwise& otherwise) {
   QBTabMgr& db = m_tree.db();
   Edit::requireWritable(db);
   if (SongInWork::is(song))
@@ -141,24 +139,25 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::startAgain(QBSong& song,
   if (m_detection->needsInstrument) requireInstrument(db);
   db.context().checkAhead();
   const auto made =
-      command(file, db.createSong(song.title(), song.tuning(), db.selectedInstrument(), nullptr),
+      command(file,
+              db.createSong(song.title(), otherwise.tuning ? otherwise.tuning : song.tuning(),
+                            db.selectedInstrument(), nullptr),
               song.album());
   made->setReplaced(&song);
-  made->setDetection(*m_detection, settingsFor(song, players, voices));
+  made->setDetection(*m_detection, settingsFor(song, otherwise));
   run(made);
   return made;
 }
 
 /// A song that is not whole has no voices yet, and gets those that imports do.
-HearingSettings ImportDesk::settingsFor(const QBSong& song, std::optional<Players> players,
-                                        const chords::Voices& voices) const {
+HearingSettings ImportDesk::settingsFor(const QBSong& song, const Otherwise& otherwise) const {
   HearingSettings settings = m_settings;
   const SongRecording* recording = song.recording();
   if (const auto read = recording ? rhythm::storedRhythm(recording->rhythm()) : std::nullopt)
     settings.rhythm = read->wishes;
   if (recording) settings.players = recording->isBand() ? Players::band : Players::guitar;
-  if (players) settings.players = *players;
-  if (song.isWhole()) settings.voices = voices;
+  if (otherwise.players) settings.players = *otherwise.players;
+  if (song.isWhole()) settings.voices = otherwise.voices;
   if (settings.players == Players::band) settings.grid = Grid::beats;
   return settings;
 }
@@ -185,7 +184,9 @@ std::shared_ptr<QBCmdImportSong> ImportDesk::command(const std::string& file, QB
                                                      QBAlbum* album) {
   auto made = std::make_shared<QBCmdImportSong>(m_tree.find(album), file, song);
   made->m_name = ": " + std::filesystem::path(file).filename().string();
-  made->setDetection(*m_detection, m_settings);
+  HearingSettings settings = m_settings;
+  settings.tunings = pitchesOfKnownTunings();
+  made->setDetection(*m_detection, settings);
   made->setKeepsSound(m_keepsSounds);
   made->setSaving(true);
   return made;

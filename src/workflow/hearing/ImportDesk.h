@@ -16,6 +16,7 @@ class LibraryTree;
 class QBAlbum;
 class QBCmdImportSong;
 class QBSong;
+class QBTuning;
 
 /// An import that runs, or ran when the program ended.
 struct ImportUnderWay {
@@ -23,6 +24,13 @@ struct ImportUnderWay {
   std::int64_t song = 0;  ///< Its object id.
   std::string title{};
   bool goesOn = false;  ///< The next start is to hear it again, as the user wishes.
+};
+
+/// What is otherwise when a recording is heard again.
+struct Otherwise {
+  std::optional<Players> players{};  ///< None for those that it was heard as.
+  chords::Voices voices{};           ///< Of a band; each becomes a further song.
+  QBTuning* tuning = nullptr;        ///< None for the song's.
 };
 
 /// Starts imports as jobs of the session, stepped beside the user's work.
@@ -35,15 +43,15 @@ class ImportDesk {
   /// Whether copies of the recordings are kept beside the store from now on, of imports that run
   /// too.
   void setKeepsSounds(bool keeps);
-  /// Into a new song of an album, a new one when none is named. What is wrong with a file is
-  /// reported through the session, and nothing was made then; none is answered.
+  /// Into a new song of an album, a new one when none is named; it tells of the tuning that it
+  /// finds (`QBCmdImportSong::otherTuning`). What is wrong with a file is reported through the
+  /// session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
   /// Hears the recording of a song again, from its beginning; in the end what was heard takes the
   /// song's place. What its user said of its rhythm holds, and what plays in it is what it was
-  /// heard as, unless other players are named. Only those voices of a band are heard, too: each
-  /// time they become further songs. Problems as above.
-  std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song, std::optional<Players> players = {},
-                                             const chords::Voices& voices = {});
+  /// heard as. Problems as above.
+  std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song, const Otherwise& otherwise);
+  std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song) { return hearAgain(song, {}); }
   /// The same for a song that was left to this start; none when it is not there any more.
   std::shared_ptr<QBCmdImportSong> goOn(const ImportUnderWay& left);
   /// Has all imports that run end some steps later, with what they have heard.
@@ -60,10 +68,8 @@ class ImportDesk {
 
  private:
   std::shared_ptr<QBCmdImportSong> start(const std::string& file, QBAlbum* into);
-  std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song, std::optional<Players> players,
-                                              const chords::Voices& voices);
-  HearingSettings settingsFor(const QBSong& song, std::optional<Players> players,
-                              const chords::Voices& voices) const;
+  std::shared_ptr<QBCmdImportSong> startAgain(QBSong& song, const Otherwise& otherwise);
+  HearingSettings settingsFor(const QBSong& song, const Otherwise& otherwise) const;
   std::shared_ptr<QBCmdImportSong> command(const std::string& file, QBSong* song, QBAlbum* album);
   void run(const std::shared_ptr<QBCmdImportSong>& command);
 

@@ -21,10 +21,12 @@
 #include "recording/hearing/Hearing.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/editing/rhythm/RhythmWords.h"
+#include "workflow/exchange/PieceTuning.h"
 #include "workflow/hearing/KeptRecording.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/AlbumNode.h"
+#include "workflow/library/TuningEdits.h"
 #include "workflow/recordings/FileContent.h"
 #include "workflow/recordings/KeptSounds.h"
 #include "workflow/session/QBSession.h"
@@ -291,6 +293,8 @@ platform::Slices QBCmdImportSong::finish() {
     if (m_settings.players == Players::automatic)
       printOut(heard->isBand ? phrase("Log", "it sounds like a band: its chords were heard")
                              : phrase("Log", "it sounds like one guitar: its notes were heard"));
+    m_otherTuning = heard->otherTuning;
+    if (m_otherTuning) tellOfTuning();
     platform::Slices keeping = keepingRecording(QBTabMgr::db(), *m_newSong, m_file, *heard);
     while (keeping.next()) co_yield 0;
     platform::Slices copying = keepingCopy();
@@ -420,11 +424,28 @@ void QBCmdImportSong::dropNewSong() {
   m_replaced = nullptr;
 }
 
+/// Before the first chord comes, which is on its strings.
+void QBCmdImportSong::takeFoundTuning() {
+  const HeardSound* heard = m_hearing->heard();
+  if (!heard || !heard->otherTuning || !m_settings.takesTuning) return;
+  QBTuning* tuning = tuningFor(db(), *heard->otherTuning);
+  for (QBSong* song : {m_newSong.get(), m_hearing->scratch()})
+    if (song) song->setTuning(tuning);
+}
+
+void QBCmdImportSong::tellOfTuning() {
+  const std::string name = nameOfTuning(*m_otherTuning);
+  printOut(m_settings.takesTuning
+               ? platform::UserText(phrase("Log", "it was played in %1, and is heard so"), name)
+               : platform::UserText(phrase("Log", "it seems to be played in %1"), name));
+}
+
 bool QBCmdImportSong::atEnd() const { return !m_hearing || m_hearing->atEnd(); }
 
 /// Whether there was one.
 bool QBCmdImportSong::takeNextChord() {
   const bool taken = m_hearing->next() != nullptr;
+  if (!taken) takeFoundTuning();
   const double share = m_hearing->progress();
   m_percent = static_cast<int>(kAll * share);
   if (m_listener) m_listener(share);

@@ -126,6 +126,12 @@ QBTuning* createWith(QBTabMgr& db, const std::string& name, const OpenPitches& p
   return tuning;
 }
 
+std::string notesOf(const OpenPitches& pitches) {
+  std::string notes;
+  for (const int pitch : pitches) notes += (notes.empty() ? "" : " ") + noteName(pitch);
+  return notes;
+}
+
 }  // namespace
 
 const char* nameOf(KnownTuning tuning) { return presetOf(tuning).name; }
@@ -146,12 +152,19 @@ std::span<const KnownTuning> knownTunings() {
   return kTunings;
 }
 
-std::string notesOf(QBTuning& tuning) {
-  std::string notes;
-  for (const int pitch : tuning.openStrings().pitches())
-    notes += (notes.empty() ? "" : " ") + noteName(pitch);
-  return notes;
+std::vector<OpenPitches> pitchesOfKnownTunings() {
+  std::vector<OpenPitches> all{kStandardPitches, kDropDPitches};
+  for (const Preset& preset : kPresets)
+    if (!preset.strings) all.push_back(preset.pitches);
+  return all;
 }
+
+std::string nameOfTuning(const OpenPitches& pitches) {
+  const auto known = knownTuningOf(pitches);
+  return known ? nameOf(*known) : notesOf(pitches);
+}
+
+std::string notesOf(QBTuning& tuning) { return notesOf(tuning.openStrings().pitches()); }
 
 void selectTuning(QBTuning& tuning) {
   Edit edit(phrase("UndoAction", "Select Tuning"));

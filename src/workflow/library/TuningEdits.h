@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "music/Neck.h"
 
@@ -19,6 +20,11 @@ enum class KnownTuning { standard, dropD, openG, openD, dadgad, eFlat, dStandard
 const char* nameOf(KnownTuning tuning);
 /// All of them, in the order in which users choose.
 std::span<const KnownTuning> knownTunings();
+
+/// The open strings of each.
+std::vector<OpenPitches> pitchesOfKnownTunings();
+/// What they are called, or else their notes.
+std::string nameOfTuning(const OpenPitches& pitches);
 
 /// The one of these open strings; none when guitarists have no name for them.
 std::optional<KnownTuning> knownTuningOf(const OpenPitches& pitches);

@@ -39,6 +39,7 @@
 #include "workflow/hearing/RecordingTags.h"
 #include "workflow/hearing/SoundCheck.h"
 #include "workflow/library/AlbumNode.h"
+#include "workflow/library/TuningEdits.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/sheets/ChordSong.h"
 
@@ -47,9 +48,10 @@ namespace {
 
 struct ImportOptions {
   std::vector<std::string> files;
-  std::optional<std::string> album;   ///< Made when missing; one for each file when not given.
-  std::optional<std::string> title;   ///< Of the song; after the file when not given.
-  std::optional<std::string> tuning;  ///< For this import only; the active one when not given.
+  std::optional<std::string> album;  ///< Made when missing; one for each file when not given.
+  std::optional<std::string> title;  ///< Of the song; after the file when not given.
+  /// For this import only, or kFound; the active one when not given.
+  std::optional<std::string> tuning;
   const Detection* detection = &preciseDetection();
   HearingSettings settings = settingsOfFrontEnds();
   bool json = false;
@@ -59,6 +61,11 @@ struct ImportOptions {
 };
 
 using Songs = std::vector<platform::Ref<QBSong>>;
+
+/// For `tuning`: the one that the recording is clearly played in, or else the active one.
+constexpr const char* kFound = "auto";
+
+bool isNamed(const std::optional<std::string>& tuning) { return tuning && tuning != kFound; }
 
 bool isPiece(const std::string& file) { return exchange::formatOfFile(file).has_value(); }
 
@@ -85,6 +92,9 @@ Songs hear(const ImportOptions& options, const std::string& file, const NewSong&
   command->setKeepsSound(options.keepRecording);
   QBSession::session().addJob(command);
   run(*command, options.stepped);
+  if (command->otherTuning() && !options.settings.takesTuning)
+    Console::attached().note("import it with --tuning " + std::string(kFound) +
+                             " to have it heard in " + nameOfTuning(*command->otherTuning()));
   return command->voiceSongs();
 }
 
@@ -110,7 +120,7 @@ Songs importFile(const ImportOptions& options, const std::string& file, QBTuning
 platform::Ref<QBSong> songOfPiece(const ImportOptions& options, const std::string& file,
                                   QBTuning* tuning) {
   PieceChoices choices = options.piece;
-  if (options.tuning) choices.tuning = tuning;
+  if (isNamed(options.tuning)) choices.tuning = tuning;
   choices.fingering = options.settings.fingering;
   choices.rhythm = options.settings.rhythm;
   choices.album = options.album;
@@ -151,7 +161,7 @@ int importFiles(const ImportOptions& options) {
   const std::vector<std::string> recordings = recordingsOf(options);
   if (!recordings.empty()) requireInstrumentFor(*options.detection);
   QBTuning* tuning =
-      options.tuning ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
+      isNamed(options.tuning) ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
   std::optional<ListeningAhead> ahead = aheadOf(options, recordings, tuning);
   Songs songs;
   int status = EXIT_SUCCESS;
@@ -202,6 +212,15 @@ void requireWholeFor(const Command& command, const ImportOptions& options) {
     throw UsageError("--what band", "is written in bars; leave --grid slices out");
 }
 
+/// It is told of in any case.
+void findTuning(ImportOptions& options) {
+  options.settings.takesTuning = options.tuning.has_value();
+  if (options.settings.takesTuning && !options.detection->usesSettings)
+    throw UsageError("--tuning " + std::string(kFound),
+                     "has no meaning with --detection " + std::string(options.detection->name));
+  options.settings.tunings = pitchesOfKnownTunings();
+}
+
 }  // namespace
 
 void addImport(Command& tool) {
@@ -216,7 +235,9 @@ void addImport(Command& tool) {
       .shownAs("");
   command.option("--album", options.album, "Album for the songs (default: one for each file)");
   command.option("--title", options.title, "Title of the song (default: after the file)");
-  command.option("--tuning", options.tuning, "Tuning of the guitar, such as \"Drop D\"");
+  command.option("--tuning", options.tuning,
+                 "Tuning of the guitar, such as \"Drop D\", or the one that a recording is clearly "
+                 "played in (auto)");
   addDetectionFlags(command, options.detection, options.settings);
   addPlayersFlag(command, options.settings);
   addPieceFlags(command, options.piece);
@@ -228,6 +249,7 @@ void addImport(Command& tool) {
   command.flag("--stepped", options.stepped, "Import step by step on a timer");
   command.checkLast([&] {
     requireWholeFor(command, options);
+    if (!isNamed(options.tuning)) findTuning(options);
     if (options.title && options.files.size() > 1)
       throw UsageError("--title", "goes with a single file");
     if (options.title == "" || options.album == "")
