@@ -75,6 +75,8 @@ void RecordingMenu::addSources() {
 
 void RecordingMenu::setSong(QBSong* song) {
   m_song = song;
+  // So that it is known to be the recording by the time that it is to be heard.
+  if (song && song->recording()) fileOfRecording(*song->recording(), Proof::known);
   enable();
 }
 

@@ -20,6 +20,7 @@
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sound/WaveFiles.h"
 #include "workflow/playing/QBPlayerViewController.h"
+#include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::cli {
@@ -112,7 +113,14 @@ class PlayingSession {
   SessionViews m_before;
 };
 
+/// The player takes a long file by its size as long as it is not known; the tool can wait.
+void proveRecording(const QBSong& song, const PlayOptions& options) {
+  if (song.recording() && options.recording.played().hasRecording())
+    fileOfRecording(*song.recording());
+}
+
 void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& options) {
+  proveRecording(song, options);
   Interrupts interrupts;  // first, so that a second Ctrl-C does not end what the first one began
   const LoopForNow loop(song, options.sound);
   auto synthesizer = synthesizerFor(options.sound);
