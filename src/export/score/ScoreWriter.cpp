@@ -126,7 +126,7 @@ void ScoreWriter::writeBar(const WrittenBar& bar) {
   if (start)
     writeTempo(bar.tempo.value_or(m_score.tempo));
   else if (bar.tempo)
-    writeSound(*bar.tempo);
+    writeTempoChange(*bar.tempo);
   if (start && m_score.swing) writeSwing();
   if (start && bar.pickUp) m_beginOfBar = -bar.pickUp;
   m_unit = m_beginOfBar;
@@ -201,6 +201,16 @@ void ScoreWriter::writeTempo(double tempo) {
     if (dotted) m_xml->add("beat-unit-dot");
     const double beats = dotted ? tempo / kQuartersOfDottedOne : tempo;
     m_xml->add("per-minute", std::to_string(std::lround(beats)));
+  }
+  writeSound(tempo);
+}
+
+/// What is played but not printed: a direction, as some programs misread a sound without one.
+void ScoreWriter::writeTempoChange(double tempo) {
+  const auto direction = m_xml->open("direction");
+  {
+    const auto type = m_xml->open("direction-type");
+    m_xml->add("words");
   }
   writeSound(tempo);
 }

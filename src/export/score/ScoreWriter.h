@@ -45,6 +45,7 @@ class ScoreWriter {
   void writeStaff();
   void writeTempo(double tempo);
   /// A tempo that is played, but not printed.
+  void writeTempoChange(double tempo);
   void writeSound(double tempo);
   void writeSwing();
   void writeLower(const WrittenBar& bar);

@@ -10,9 +10,17 @@ namespace {
 
 int ticksOf(const Meter& meter) { return ticksOfBar(meter.beats, meter.beatType); }
 
+/// A bar line between beats comes when it would without swing: what is written has no other place.
+TimedChords withoutSwing(TimedChords time) {
+  time.swing.reset();
+  return time;
+}
+
 }  // namespace
 
-SongBeats::SongBeats(const BeatSheet& sheet) : m_sheet(sheet), m_time(sheet.time) { layOutBars(); }
+SongBeats::SongBeats(const BeatSheet& sheet) : m_sheet(sheet), m_time(withoutSwing(sheet.time)) {
+  layOutBars();
+}
 
 /// A pick-up is as long as what lies before the first bar line; all else is whole bars.
 void SongBeats::layOutBars() {
