@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 #include "export/score/Spelling.h"
 #include "platform/text/Utf8.h"
@@ -48,6 +49,23 @@ Score withWholePickUp(Score score) {
     bar.pickUp = 0;
   }
   return score;
+}
+
+template <class Act>
+void forEachPlace(std::span<const ScoreNote> notes, const Act& act) {
+  int place = 0;
+  for (const ScoreNote& note : notes) {
+    act(place, note);
+    place += note.value->units;
+  }
+}
+
+bool isStruckAt(int wanted, std::span<const ScoreNote> notes) {
+  bool isStruck = false;
+  forEachPlace(notes, [&](int place, const ScoreNote& note) {
+    isStruck = isStruck || (place == wanted && note.first && !note.event->tones.empty());
+  });
+  return isStruck;
 }
 
 }  // namespace
@@ -171,33 +189,57 @@ void Gp5Writer::writeTrack() {
 }
 
 void Gp5Writer::writeBar(const WrittenBar& bar) {
-  writeVoice(bar.notes, bar.tempo, true);
-  writeVoice(bar.lower, std::nullopt, false);
+  NamesOfBar above = namesOf(bar);
+  // Some programs lose the name of a rest: it goes to what is struck below.
+  NamesOfBar below;
+  forEachPlace(bar.notes, [&](int place, const ScoreNote& rest) {
+    const bool isRest = rest.event->tones.empty();
+    if (isRest && above.contains(place) && isStruckAt(place, bar.lower))
+      below.insert(above.extract(place));
+  });
+  // Some programs miss the tempo of a single bar unless it stands in that, too.
+  const bool isFirst = std::exchange(m_isFirstBar, false);
+  writeVoice(bar.notes, isFirst ? bar.tempo.value_or(m_score.tempo) : bar.tempo, above);
+  writeVoice(bar.lower, std::nullopt, below);
   byte(0);  // no line break
 }
 
+Gp5Writer::NamesOfBar Gp5Writer::namesOf(const WrittenBar& bar) {
+  NamesOfBar names;
+  forEachPlace(bar.notes, [&](int place, const ScoreNote& note) {
+    if (!note.first) return;
+    if (auto name = m_names.above(*note.event)) names.emplace(place, *std::move(name));
+  });
+  return names;
+}
+
 void Gp5Writer::writeVoice(std::span<const ScoreNote> notes, std::optional<double> tempo,
-                           bool isUpper) {
-  number(std::max(static_cast<int>(notes.size()), 1));
-  for (const ScoreNote& note : notes) {
-    writeBeat(note, tempo, isUpper);
+                           const NamesOfBar& names) {
+  const std::vector<NumberedSign> beats = numberedSigns(notes);
+  number(std::max(static_cast<int>(beats.size()), 1));
+  int place = 0;
+  for (const NumberedSign& beat : beats) {
+    const auto name = names.find(place);
+    writeBeat(beat, tempo, name == names.end() ? nullptr : &name->second);
     tempo.reset();
+    place += beat.sign.value->units;
   }
-  if (!notes.empty()) return;
+  if (!beats.empty()) return;
   byte(0x40);   // a silent voice has one beat that is empty
   bytes(3, 0);  // which it is as a quarter, on no string
   bytes(2, 0);
 }
 
-void Gp5Writer::writeBeat(const ScoreNote& note, std::optional<double> tempo, bool isUpper) {
+void Gp5Writer::writeBeat(const NumberedSign& beat, std::optional<double> tempo,
+                          const std::string* name) {
+  const ScoreNote& note = beat.sign;
   const ScoreEvent& event = *note.event;
   const bool isRest = event.tones.empty();
-  const auto name = note.first && isUpper ? m_names.above(event) : std::nullopt;
   byte((note.value->dotted ? 0x01 : 0) | (name ? 0x02 : 0) | (tempo ? 0x10 : 0) |
-       (note.tripletOf ? 0x20 : 0) | (isRest ? 0x40 : 0));
+       (beat.tuplet ? 0x20 : 0) | (isRest ? 0x40 : 0));
   if (isRest) byte(2);
   byte(signOf(note.value->type));
-  if (note.tripletOf) number(3);
+  if (beat.tuplet) number(beat.tuplet);
   if (name) writeChord(*name, event);
   if (tempo) writeMix(*tempo);
   writeNotes(note);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "exchange/guitarpro/NumberedSigns.h"
 #include "exchange/guitarpro/ScoreNames.h"
 #include "export/score/NoteValues.h"
 #include "export/score/Score.h"
@@ -24,6 +26,9 @@ class Gp5Writer {
   std::string write();
 
  private:
+  /// What stands above the beats of a bar, by the units that they begin at.
+  using NamesOfBar = std::map<int, std::string>;
+
   // These write the parts of the file in the order of the format.
   void writeInformation();
   void writePage();
@@ -33,11 +38,13 @@ class Gp5Writer {
   void writeBarHead(const WrittenBar& bar);
   void writeTrack();
   void writeBar(const WrittenBar& bar);
-  void writeVoice(std::span<const ScoreNote> notes, std::optional<double> tempo, bool isUpper);
-  void writeBeat(const ScoreNote& note, std::optional<double> tempo, bool isUpper);
+  void writeVoice(std::span<const ScoreNote> notes, std::optional<double> tempo,
+                  const NamesOfBar& names);
+  void writeBeat(const NumberedSign& beat, std::optional<double> tempo, const std::string* name);
   void writeChord(const std::string& name, const ScoreEvent& event);
   void writeMix(double tempo);
   void writeNotes(const ScoreNote& note);
+  NamesOfBar namesOf(const WrittenBar& bar);
 
   void byte(int value) { m_out += static_cast<char>(value); }
   void bytes(std::size_t count, int value) { m_out.append(count, static_cast<char>(value)); }
@@ -49,6 +56,7 @@ class Gp5Writer {
   const Score& m_score;
   ScoreNames m_names;
   std::optional<Meter> m_meter;  ///< The one that was written last.
+  bool m_isFirstBar = true;
   std::string m_out;
 };
 
