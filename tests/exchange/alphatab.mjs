@@ -13,16 +13,20 @@ function read(file) {
   const score = alphaTab.importer.ScoreLoader.loadScoreFromBytes(bytes);
   const staff = score.tracks[0].staves[0];
   const music = { title: score.title, tempo: score.tempo, tuning: [...staff.tuning].reverse(),
-                  bars: [], notes: [], names: [] };
+                  bars: [], starts: [], tempos: [], notes: [], names: [] };
   const sounding = new Map();
+  let tempo = score.tempo;
   for (const bar of staff.bars) {
     const master = bar.masterBar;
     const meter = [master.timeSignatureNumerator, master.timeSignatureDenominator];
     const start = master.start / TICKS;
-    let length = 0;
+    let length = 0; // in ticks
+    tempo = master.tempoAutomations[0]?.value ?? tempo;
+    music.starts.push(start);
+    music.tempos.push(tempo);
     for (const beat of bar.voices.flatMap(voice => voice.beats)) {
       const duration = beat.displayDuration / TICKS;
-      if (beat.voice.index === 0) length += duration;
+      if (beat.voice.index === 0) length += beat.displayDuration;
       const at = start + beat.displayStart / TICKS;
       if (beat.chord) music.names.push([at, beat.chord.name]);
       for (const note of beat.notes) {
@@ -36,7 +40,8 @@ function read(file) {
       }
     }
     music.bars.push(meter);
-    if (length !== meter[0] * 16 / meter[1]) music.wrong = `bar ${music.bars.length}: ${length}`;
+    if (length !== (master.isAnacrusis ? length : TICKS * 16 * meter[0] / meter[1]))
+      music.wrong = `bar ${music.bars.length}: ${length / TICKS}`;
   }
   return music;
 }

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Compares exported songs with what an independent reader understands of them.
 
-Usage: check.py schema|alphatab|musescore|mido|beats FOLDER
+Usage: check.py schema|alphatab|tuxguitar|musescore|mido|beats FOLDER
 Ends with 77, saying so, when the reader is not on this machine.
 """
 import json
@@ -14,6 +14,8 @@ import xml.etree.ElementTree as ET
 
 import expected
 import musescore
+import readers
+from readers import leave_out
 
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
 MIDI_READER = """
@@ -36,11 +38,6 @@ for name in sys.argv[1:]:
     assert not sounding
     print(json.dumps([file.type, file.ticks_per_beat, sorted(notes), rest]))
 """
-
-
-def leave_out(what):
-    print(f"left out: {what}")
-    sys.exit(77)
 
 
 def compare(file, what, got, wanted):
@@ -93,7 +90,7 @@ def check_schema(files):
 
 
 def compare_tablature(file, tablatures, tempo, nearness):
-    """What alphaTab reads of a file of Guitar Pro, which carries the names of chords as they are."""
+    """What a program reads of a file of Guitar Pro, which has the names of chords as they are."""
     got = tablatures[file]
     music = expected.Music(got["title"], got["tuning"], got["bars"],
                            sorted(map(tuple, got["notes"])), list(map(tuple, got["names"])))
@@ -103,18 +100,20 @@ def compare_tablature(file, tablatures, tempo, nearness):
                      compare(file, "tempi", got["tempo"], tempo))
 
 
+def tablatures_of(files):
+    return [file.with_suffix(ending) for file in files for ending in (".gp5", ".gp")]
+
+
+def tempo_of(file):
+    rate = json.loads(file.with_suffix(".json").read_text())["song"]["tempoRate"]
+    return 15 / expected.STEP_SECONDS * rate
+
+
 def check_alphatab(files):
-    library = pathlib.Path(os.environ.get("KORVEL_ALPHATAB", PROJECT / "build/peers"))
-    library /= "node_modules/@coderline/alphatab/dist/alphaTab.mjs"
-    if not shutil.which("node") or not library.is_file():
-        leave_out("alphaTab is not installed; KORVEL_ALPHATAB names the folder of node_modules")
-    script = pathlib.Path(__file__).with_name("alphatab.mjs")
     take = files[0].parent / "take/take.musicxml"
-    out = subprocess.run(["node", script, library, *files, take], check=True, capture_output=True)
-    *songs, transcribed = json.loads(out.stdout)
-    again = [file.with_suffix(ending) for file in files for ending in (".gp5", ".gp")]
-    out = subprocess.run(["node", script, library, *again], check=True, capture_output=True)
-    tablatures = dict(zip(again, json.loads(out.stdout)))
+    *songs, transcribed = readers.alphatab([*files, take])
+    again = tablatures_of(files)
+    tablatures = dict(zip(again, readers.alphatab(again)))
     faults = compare(take, "notes", sorted(note[2:] for note in transcribed["notes"]),
                      sorted([*note[2:]] for note in heard(files)))
     for file, got in zip(files, songs):
@@ -127,12 +126,18 @@ def check_alphatab(files):
         faults += compare_music(file, music, lambda name: next(
             (name.replace(*pair) for pair in spoilt.items() if pair[0] in name), name))
         faults += "wrong" in got and compare(file, "bars", got["wrong"], None)
-        rate = json.loads(file.with_suffix(".json").read_text())["song"]["tempoRate"]
-        tempo = 15 / expected.STEP_SECONDS * rate
+        tempo = tempo_of(file)
         faults += abs(got["tempo"] - tempo) > 0.01 and compare(file, "tempi", got["tempo"], tempo)
         for ending, nearness in (".gp5", 0.5), (".gp", 0.01):
             faults += compare_tablature(file.with_suffix(ending), tablatures, tempo, nearness)
     return faults
+
+
+def check_tuxguitar(files):
+    again = tablatures_of(files)
+    tablatures = dict(zip(again, readers.tuxguitar(again)))
+    # It knows whole tempi only.
+    return sum(compare_tablature(file, tablatures, tempo_of(file), 1) for file in again)
 
 
 def check_musescore(files):

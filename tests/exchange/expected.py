@@ -96,6 +96,45 @@ def played(file):
     return sorted((start, length, pitch) for (pitch, start), length in notes.items())
 
 
+@dataclass
+class Beats:
+    """A song on beats: where its notes are struck, in ticks, 480 a quarter, from the first whole bar
+    on."""
+    tuning: list
+    pick_up: bool = False  # whether the first bar is one
+    bars: list = field(default_factory=list)  # [beats, beat type]
+    tempos: list = field(default_factory=list)  # of bars, in quarters a minute
+    notes: list = field(default_factory=list)  # (start, string, fret, pitch), sorted
+    names: list = field(default_factory=list)  # (start, chord name) where it changes
+
+
+def beats_of(file):
+    """What a random song is."""
+    song = json.loads(file.read_text())["song"]
+    tuning = [int(pitch) for pitch in song["tuning"].split()]
+    chords = {chord["position"]: chord for chord in song["chords"]}
+    music, start, name = Beats(tuning), 0, None
+    for measure in song["measures"]:
+        inside = [chords[position] for position in measure["chords"]]
+        meter = [measure["beat"], measure["beattype"]]
+        compound = meter[1] == 8 and meter[0] % 3 == 0
+        scale = 60 if compound else 40
+        music.bars.append(meter)
+        music.tempos.append(song["tempo"] * (1.5 if compound else 1))
+        if inside[0]["tick"] < 0:
+            start = inside[0]["tick"] * scale
+            music.pick_up = True
+        for chord in inside:
+            tones = tones_of(chord, tuning)
+            music.notes += [(start, *tone) for tone in tones]
+            if tones and chord["name"] != name:
+                name = chord["name"]
+                music.names += [(start, name)] if name else []
+            start += chord["ticks"] * scale
+    music.notes.sort()
+    return music
+
+
 def is_on_beats(file):
     return "tempo" in json.loads(file.with_suffix(".json").read_text())["song"]
 

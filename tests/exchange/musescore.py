@@ -103,3 +103,76 @@ class Reader:
 
 def read(files):
     return [Reader(root).music for root in saved_again(files)]
+
+
+LENGTHS = {"whole": 1, "half": 2, "quarter": 4, "eighth": 8, "16th": 16, "32nd": 32, "64th": 64,
+           "128th": 128}
+
+
+class Document:
+    """Walks the bars of a document of MuseScore's own; what it says is as alphatab.mjs has it."""
+
+    def __init__(self, root):
+        part = root.find("Score/Part/Instrument/StringData")
+        self.music = {"tuning": [int(string.text) for string in part.iterfind("string")],
+                      "bars": [], "starts": [], "tempos": [], "notes": [], "names": []}
+        self.start, self.tempo = Fraction(0), 120
+        for measure in root.iterfind("Score/Staff[@id='1']/Measure"):
+            for sign in measure.iter("TimeSig"):
+                self.meter = [int(sign.findtext("sigN")), int(sign.findtext("sigD"))]
+            length = Fraction(measure.get("len", "{}/{}".format(*self.meter)))
+            for sign in measure.iter("Tempo"):
+                self.tempo = float(sign.findtext("tempo")) * 60
+            self.music["bars"].append(self.meter)
+            self.music["starts"].append(self.start * 16)
+            self.music["tempos"].append(self.tempo)
+            for voice in measure.iterfind("voice"):
+                end = self.voice(voice)
+                if end != self.start + length:
+                    self.music["wrong"] = f"bar {len(self.music['bars'])}: {end - self.start}"
+            self.start += length
+
+    def voice(self, voice):
+        at, scale = self.start, Fraction(1)
+        for element in voice:
+            if element.tag == "Tuplet":
+                scale = Fraction(int(element.findtext("normalNotes")),
+                                 int(element.findtext("actualNotes")))
+            elif element.tag == "endTuplet":
+                scale = Fraction(1)
+            elif element.tag == "location":
+                at += Fraction(element.findtext("fractions"))
+            elif element.tag == "FretDiagram":
+                self.music["names"].append((at * 16, name_of(element.find("Harmony"))))
+            elif element.tag in ("Chord", "Rest"):
+                self.strike(at, element)
+                at += length_of(element) * scale
+        return at
+
+    def strike(self, at, chord):
+        for note in chord.iterfind("Note"):
+            if note.find("Spanner[@type='Tie']/prev") is None:
+                self.music["notes"].append(
+                    (at * 16, 0, 5 - int(note.findtext("string")), int(note.findtext("fret")),
+                     int(note.findtext("pitch"))))
+
+
+def length_of(chord):
+    kind = chord.findtext("durationType")
+    if kind == "measure":
+        return Fraction(chord.findtext("duration"))
+    return Fraction(2 ** (int(chord.findtext("dots", "0")) + 1) - 1,
+                    LENGTHS[kind] * 2 ** int(chord.findtext("dots", "0")))
+
+
+def name_of(harmony):
+    """Roots are counted in fifths, with F at 13."""
+    fifths = int(harmony.findtext("root")) - 13
+    sharps, letter = divmod(fifths, 7)
+    return "FCGDAEB"[letter] + ("#" * sharps or "b" * -sharps) + harmony.findtext("name", "")
+
+
+def documents(files):
+    """Tablatures as MuseScore keeps them, in the same order."""
+    with converted(files, ".mscx") as saved:
+        return [Document(ET.parse(file).getroot()).music for file in saved]

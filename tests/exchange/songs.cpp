@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Fills a new store with songs that are hard to export: every metre, tunings, lengths and titles.
 // Prints their titles, each followed by a zero byte. Usage: korvel-exchange-songs STORE
+// Or writes so many random songs to files in a folder: korvel-exchange-songs FOLDER COUNT
 #include <cstdlib>
 #include <iostream>
 #include <random>
 #include <stdexcept>
 
+#include "RandomSongs.h"
 #include "arrange/harmony/HarmonyOfChord.h"
 #include "model/book/QBHarmony.h"
 #include "support/songs/BeatSong.h"
@@ -128,8 +130,12 @@ void addSongs(QBAlbum* album) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) return EXIT_FAILURE;
+  if (argc != 2 && argc != 3) return EXIT_FAILURE;
   try {
+    if (argc == 3) {
+      test::writeRandomSongs(argv[1], std::stoi(argv[2]));
+      return EXIT_SUCCESS;
+    }
     QBTabMgr::setStorePath(argv[1]);
     QBTabMgr& db = QBTabMgr::db();
     if (!db.isInitialized()) initializeData(db);
