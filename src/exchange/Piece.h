@@ -58,6 +58,9 @@ struct Key {
   bool operator==(const Key&) const = default;
 };
 
+/// What is not kept, and how many there are of it, such as "grace notes": 3.
+using LeftCounts = std::map<std::string, int>;
+
 /// What one player plays.
 struct Track {
   std::string name;
@@ -69,6 +72,7 @@ struct Track {
   int capo = 0;
   std::vector<Note> notes;       ///< By `at`, then by pitch.
   std::vector<ChordName> names;  ///< By `at`.
+  LeftCounts left;               ///< Of this track.
 
   /// Whether a guitarist would choose it: strings of a guitar, its program, or its name say so.
   bool isGuitar() const;
@@ -83,8 +87,7 @@ struct Piece {
   std::vector<Bar> bars;        ///< Without gaps from 0 on; empty where the file knows none.
   std::vector<Tempo> tempos;    ///< By `at`; the first one at 0.
   std::vector<Track> tracks;
-  /// What is not kept, and how many there are of it, such as "grace notes": 3.
-  std::map<std::string, int> left;
+  LeftCounts left;  ///< Of no track, such as directions.
 };
 
 }  // namespace korvel::exchange

@@ -120,7 +120,7 @@ void expectRead(const std::string& bytes, const RandomScore& made) {
   EXPECT_EQ(piece.bars[0].beats, made.score.bars[0].meter.beats);
   EXPECT_EQ(piece.title, made.score.title);
   EXPECT_EQ(piece.key, (Key{made.score.key->tonic, true}));
-  EXPECT_TRUE(piece.left.empty());
+  EXPECT_TRUE(piece.left.empty() && piece.tracks[0].left.empty());
 }
 
 /// The same music in the packed container of version 6.
@@ -331,10 +331,10 @@ TEST(GuitarPro, readsOlderVersionsAndPlaysRepeatsOut) {
     const std::vector<Tempo> tempos{
         {0, 90}, {2 * quarter + quarter * 3 / 2, 60}, {4 * quarter, 90}, {6 * quarter, 60}};
     EXPECT_EQ(piece.tempos, tempos);
-    EXPECT_EQ(piece.left.at("dead notes"), 1);
-    EXPECT_EQ(piece.left.at("bends"), 1);
-    EXPECT_EQ(piece.left.at("grace notes"), 1);
-    EXPECT_EQ(piece.left.contains("harmonics"), version == 4);
+    EXPECT_EQ(track.left.at("dead notes"), 1);
+    EXPECT_EQ(track.left.at("bends"), 1);
+    EXPECT_EQ(track.left.at("grace notes"), 1);
+    EXPECT_EQ(track.left.contains("harmonics"), version == 4);
   }
 }
 

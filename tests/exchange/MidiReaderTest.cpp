@@ -47,10 +47,10 @@ TEST(MidiReaderTest, readsBothFormats) {
   // Tempo, name in Latin-1, program, a chord with running status, and drums; a bar of 3/8.
   const std::string one = track(
       "00FF5103 0F4240 00FF0302 47E9 00FF5802 0303 00C01E 00904050 004350 02400002 4300"
-      "00992650 0199267F 00892600 00892600 08B0407F 00FF2F00");
+      "00992650 0199267F 00892600 00892600 08B0407F 00B9407F 00FF2F00");
   EXPECT_EQ(read(file(0, {one})),
-            "Gé | 0+1.5 3/8 | 0=60 | left 1 pedals\n1 p30 | 0+0.5 64 v80 0+1 67 v80\n"
-            "10 p-1 drums | 1+0.25 38 v80 1.25+0.25 38 v127\n");
+            "Gé | 0+1.5 3/8 | 0=60\n1 p30 | 0+0.5 64 v80 0+1 67 v80 | left 1 pedals\n"
+            "10 p-1 drums | 1+0.25 38 v80 1.25+0.25 38 v127 | left 1 pedals\n");
   EXPECT_EQ(read("RIFF    RMIDdata    " + file(0, {one})), read(file(0, {one})));
   // A pick-up with a time signature of its own; a note that never ends; a tempo that changes.
   EXPECT_EQ(read(file(1, {track("00FF5802 0102 00FF5902 FF01 04FF5802 0302 06FF5103 07A120"),

@@ -93,9 +93,9 @@ TEST(MusicXmlReaderTest, readsNotesOfVoicesChordsAndTies) {
                         "<direction><sound tempo='60'/></direction>" + notes("D4 2:<cue/>")}),
           "<work><work-title> Air </work-title></work><identification><creator type='composer'>X"
           "</creator></identification>")),
-      "Air by X key 2m | 0+0.5 2/4 0.5+2 2/4 2.5+2 2/4 | 0=90 3.5=60 | left 1 cue notes | left 1 "
-      "grace notes\nGt p-1 | 0+0.5 60 0.5+2 48 0.5+2 52 0.5+0.5 64 1.5+1.5 67 3+0.25 72 3.25+1 71 "
-      "3.25+0.25 72\n");
+      "Air by X key 2m | 0+0.5 2/4 0.5+2 2/4 2.5+2 2/4 | 0=90 3.5=60\n"
+      "Gt p-1 | 0+0.5 60 0.5+2 48 0.5+2 52 0.5+0.5 64 1.5+1.5 67 3+0.25 72 3.25+1 71 "
+      "3.25+0.25 72 | left 1 cue notes | left 1 grace notes\n");
 }
 
 TEST(MusicXmlReaderTest, playsRepeatsEndingsAndJumps) {

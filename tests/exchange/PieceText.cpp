@@ -10,6 +10,10 @@ double quarters(std::int64_t grains) {
   return static_cast<double>(grains) / static_cast<double>(exchange::kGrainsOfQuarter);
 }
 
+void tellLeft(std::ostream& out, const exchange::LeftCounts& all) {
+  for (const auto& [what, count] : all) out << " | left " << count << ' ' << what;
+}
+
 void tellHead(std::ostream& out, const exchange::Piece& piece) {
   out << piece.title;
   if (!piece.artist.empty()) out << " by " << piece.artist;
@@ -22,7 +26,7 @@ void tellHead(std::ostream& out, const exchange::Piece& piece) {
   out << " |";
   for (const exchange::Tempo& tempo : piece.tempos)
     out << ' ' << quarters(tempo.at) << '=' << tempo.quartersAMinute;
-  for (const auto& [what, count] : piece.left) out << " | left " << count << ' ' << what;
+  tellLeft(out, piece.left);
   out << '\n';
 }
 
@@ -42,6 +46,7 @@ void tellTrack(std::ostream& out, const exchange::Track& track) {
   if (!track.names.empty()) out << " |";
   for (const exchange::ChordName& name : track.names)
     out << ' ' << quarters(name.at) << '=' << name.text;
+  tellLeft(out, track.left);
   out << '\n';
 }
 

@@ -30,11 +30,11 @@ double requiredTempo(const FileBytes& bytes, int tempo) {
   return tempo;
 }
 
-FileBeats::FileBeats(FileBytes& bytes, int version, TabSheet& sheet)
-    : m_bytes(bytes), m_version(version), m_left(sheet.head.left) {}
+FileBeats::FileBeats(FileBytes& bytes, int version) : m_bytes(bytes), m_version(version) {}
 
 void FileBeats::readBar(MasterBar& bar, SheetTrack& track) {
   const int strings = static_cast<int>(track.head.open.size());
+  m_left = &track.head.left;
   SheetBar voices(m_version >= 500 ? 2 : 1);
   for (SheetVoice& voice : voices) readVoice(voice, bar, strings);
   track.bars.push_back(std::move(voices));

@@ -15,10 +15,11 @@ double requiredTempo(const FileBytes& bytes, int tempo);
 /// Reads the beats and notes of a binary file, bar after bar.
 class FileBeats {
  public:
-  /// All must outlive this. What is not kept is counted in the sheet.
-  FileBeats(FileBytes& bytes, int version, TabSheet& sheet);
+  /// The bytes must outlive this.
+  FileBeats(FileBytes& bytes, int version);
 
-  /// The next bar, which is appended to the track. Changes of the tempo go to the bar.
+  /// The next bar, which is appended to the track, as is what of it is not kept. Changes of the
+  /// tempo go to the bar.
   void readBar(MasterBar& bar, SheetTrack& track);
 
  private:
@@ -37,14 +38,14 @@ class FileBeats {
   void readGrace();
   void readHarmonic();
   void readBend();
-  void leave(const char* what) { ++m_left[what]; }
+  void leave(const char* what) { ++(*m_left)[what]; }
   void leaveIf(bool isThere, const char* what) {
     if (isThere) leave(what);
   }
 
   FileBytes& m_bytes;
   int m_version;
-  std::map<std::string, int>& m_left;
+  LeftCounts* m_left = nullptr;  ///< Of the track that is read.
 };
 
 }  // namespace korvel::exchange::guitarpro

@@ -252,7 +252,7 @@ void FileSong::readSound() {
 }
 
 void FileSong::readMusic() {
-  FileBeats beats(m_bytes, m_version, m_sheet);
+  FileBeats beats(m_bytes, m_version);
   for (std::size_t bar = 0; bar < m_sheet.bars.size(); ++bar)
     for (SheetTrack& track : m_sheet.tracks) beats.readBar(m_sheet.bars[bar], track);
 }

@@ -239,8 +239,12 @@ void GpifReader::readBars() {
           phrase("Exchange", "it is larger than any music; nothing was read"));
     m_sheet.bars.push_back(masterBarOf(element));
     const std::vector<int> bars = numbersOf(element.child("Bars"));
-    for (std::size_t i = 0; i < m_sheet.tracks.size(); ++i)
-      m_sheet.tracks[i].bars.push_back(sheetBarOf(i < bars.size() ? bars[i] : -1, m_names[i]));
+    for (std::size_t i = 0; i < m_sheet.tracks.size(); ++i) {
+      SheetTrack& track = m_sheet.tracks[i];
+      m_left = &track.head.left;
+      track.bars.push_back(sheetBarOf(i < bars.size() ? bars[i] : -1, m_names[i]));
+    }
+    m_left = &m_sheet.head.left;
   }
   if (m_sheet.bars.empty()) throw platform::UserError(phrase("Exchange", "it has no bars"));
   m_sheet.bars.front().isPickUp = m_root.child("MasterTrack").has("Anacrusis");
@@ -334,8 +338,7 @@ SheetVoice GpifReader::sheetVoiceOf(int voice, const ChordNames& names) {
 void GpifReader::readBeat(const Element& element, const ChordNames& names, SheetVoice& voice) {
   const std::vector<int> notes = numbersOf(element.child("Notes"));
   if (element.has("GraceNotes")) {
-    m_sheet.head.left[kGraceNotes] += static_cast<int>(notes.size());
-    return;
+    return leave(kGraceNotes, static_cast<int>(notes.size()));
   }
   SheetBeat beat;
   beat.grains = grainsOf(element.child("Rhythm"));

@@ -18,6 +18,8 @@ class GpifReader {
  public:
   /// The bytes of "score.gpif". Throws a UserError where they are no XML.
   explicit GpifReader(std::string_view xml);
+  GpifReader(const GpifReader&) = delete;
+  GpifReader& operator=(const GpifReader&) = delete;
 
   /// To be called once. Throws a UserError for what makes no sense.
   TabSheet read();
@@ -44,7 +46,7 @@ class GpifReader {
   void leaveOfBeat(const Element& element);
   void readNote(const Element& element, int velocity, SheetBeat& beat);
   void leaveOfNote(const Element& element);
-  void leave(const char* what) { ++m_sheet.head.left[what]; }
+  void leave(const char* what, int count = 1) { (*m_left)[what] += count; }
 
   List listOf(const char* name) const;
   /// The numbers of an element's text, each of which is worked for.
@@ -55,7 +57,8 @@ class GpifReader {
   List m_barList, m_voiceList, m_beatList, m_noteList, m_rhythmList;
   std::vector<ChordNames> m_names;  ///< Of each track of the sheet.
   TabSheet m_sheet;
-  std::size_t m_numbers = 0;  ///< That were followed so far.
+  LeftCounts* m_left = &m_sheet.head.left;  ///< Of what is read.
+  std::size_t m_numbers = 0;                ///< That were followed so far.
 };
 
 }  // namespace korvel::exchange::guitarpro

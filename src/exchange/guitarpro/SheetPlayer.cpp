@@ -40,8 +40,7 @@ void spreadEndings(std::vector<MasterBar>& bars) {
 /// Plays the bars of one track.
 class TrackPlayer {
  public:
-  TrackPlayer(SheetTrack& track, std::map<std::string, int>& left)
-      : m_track(track), m_left(left), m_played(std::move(track.head)) {
+  explicit TrackPlayer(SheetTrack& track) : m_track(track), m_played(std::move(track.head)) {
     for (auto& voice : m_last) voice.fill(kNone);
     m_isCounted.resize(track.bars.size());
   }
@@ -90,7 +89,7 @@ class TrackPlayer {
       if (!note.isTied) {
         strike(note, note.fret, span, last);
       } else if (last == kNone) {
-        if (!m_isCounted[bar]) ++m_left[kTiesToNothing];
+        if (!m_isCounted[bar]) ++m_played.left[kTiesToNothing];
       } else {
         goOn(note, span, last);
       }
@@ -120,7 +119,6 @@ class TrackPlayer {
   }
 
   SheetTrack& m_track;
-  std::map<std::string, int>& m_left;
   Track m_played;
   /// The note that was struck last, by voice and string.
   std::array<std::array<std::size_t, kMostStrings>, kMostVoices> m_last{};
@@ -136,7 +134,7 @@ class SheetPlayer {
     std::vector<BarSigns> signs;
     for (std::size_t i = 0; i < m_sheet.bars.size(); ++i) layOut(i, signs);
     std::vector<TrackPlayer> players;
-    for (SheetTrack& track : m_sheet.tracks) players.emplace_back(track, m_piece.left);
+    for (SheetTrack& track : m_sheet.tracks) players.emplace_back(track);
     for (const std::size_t bar : playedOrder(signs)) play(bar, players);
     if (m_piece.tempos.empty()) m_piece.tempos.push_back({0, m_sheet.quartersAMinute});
     for (TrackPlayer& player : players) m_piece.tracks.push_back(player.take());
@@ -153,7 +151,7 @@ class SheetPlayer {
     if (!bar.tempos.empty()) m_tempo = bar.tempos.back().quartersAMinute;
     m_lengths.push_back(lengthOf(index));
     for (SheetTrack& track : m_sheet.tracks)
-      for (SheetVoice& voice : track.bars[index]) cut(voice, m_lengths.back());
+      for (SheetVoice& voice : track.bars[index]) cut(voice, m_lengths.back(), track.head.left);
   }
 
   double lengthOf(std::size_t index) const {
@@ -166,7 +164,7 @@ class SheetPlayer {
     return longest < kNearness ? bar.grains() : std::min(longest, bar.grains());
   }
 
-  void cut(SheetVoice& voice, double length) {
+  static void cut(SheetVoice& voice, double length, LeftCounts& left) {
     double place = 0;
     auto beat = voice.begin();
     for (; beat != voice.end() && place < length - kNearness; ++beat) {
@@ -174,8 +172,7 @@ class SheetPlayer {
       place += beat->grains;
     }
     for (auto beyond = beat; beyond != voice.end(); ++beyond)
-      if (!beyond->notes.empty())
-        m_piece.left[kNotesBeyondBars] += static_cast<int>(beyond->notes.size());
+      if (!beyond->notes.empty()) left[kNotesBeyondBars] += static_cast<int>(beyond->notes.size());
     voice.erase(beat, voice.end());
   }
 

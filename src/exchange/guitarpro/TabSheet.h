@@ -60,7 +60,7 @@ struct MasterBar {
 
 /// A tablature as it is written: what all versions of the format have in common.
 struct TabSheet {
-  Piece head;  ///< Title, artist, key, swing, and what is left out.
+  Piece head;  ///< Title, artist, key, swing, and what is left out of no track.
   double quartersAMinute = 120;
   std::vector<MasterBar> bars;
   std::vector<SheetTrack> tracks;  ///< Each has as many bars.

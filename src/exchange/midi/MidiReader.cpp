@@ -187,6 +187,7 @@ class PieceMaker {
     if (track.channels.size() > 1)
       made.name += (made.name.empty() ? "" : " ") + std::to_string(channel + 1);
     made.isDrums = channel == kDrumChannel;
+    made.left = played.left;
     const auto other = m_content.signs.programs.find(channel);
     made.program = played.program;
     if (made.program < 0 && other != m_content.signs.programs.end()) made.program = other->second;

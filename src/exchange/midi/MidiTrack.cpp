@@ -93,25 +93,25 @@ class EventReader {
     else if (kind == 0x8 || kind == 0x9)
       release(channel, first);
     else if (kind == 0xB)
-      readController(first, second);
+      readController(channel, first, second);
     else if (kind == 0xC)
       readProgram(channel, first);
     else if (kind == 0xE && (first != 0 || second != 0x40))
-      m_isBent = true;
+      m_track.channels[channel].isBent = true;
     else if (kind == 0xE)
-      countBend();
+      countBend(m_track.channels[channel]);
   }
 
   /// A bend is many events; it is over where the wheel is let go.
-  void countBend() {
-    if (m_isBent) ++m_signs.left["bends"];
-    m_isBent = false;
+  static void countBend(ChannelNotes& notes) {
+    if (notes.isBent) ++notes.left["bends"];
+    notes.isBent = false;
   }
 
-  void readController(int number, int value) {
+  void readController(int channel, int number, int value) {
     constexpr int kSustain = 64;
     constexpr int kDown = 64;
-    if (number == kSustain && value >= kDown) ++m_signs.left["pedals"];
+    if (number == kSustain && value >= kDown) ++m_track.channels[channel].left["pedals"];
   }
 
   void readProgram(int channel, int program) {
@@ -120,7 +120,7 @@ class EventReader {
     if (notes.program < 0 || notes.notes.empty())
       notes.program = program;
     else if (notes.program != program)
-      ++m_signs.left["changes of sound"];
+      ++notes.left["changes of sound"];
   }
 
   void strike(int channel, int pitch, int velocity) {
@@ -148,7 +148,7 @@ class EventReader {
 
   /// What was never released.
   void endAll() {
-    countBend();
+    for (auto& [channel, notes] : m_track.channels) countBend(notes);
     for (const auto& [place, indexes] : m_sounding)
       for (const std::size_t index : indexes) end(m_track.channels[place.first].notes[index]);
   }
@@ -218,7 +218,6 @@ class EventReader {
   int m_status = 0;  ///< Of the channel event before, which goes on for the next ones.
   std::size_t m_count = 0;
   bool m_isOver = false;
-  bool m_isBent = false;
 };
 
 }  // namespace

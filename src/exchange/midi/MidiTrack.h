@@ -23,6 +23,8 @@ struct TickNote {
 struct ChannelNotes {
   std::vector<TickNote> notes;
   int program = -1;
+  LeftCounts left{};
+  bool isBent = false;  ///< While it is read: the wheel is not let go yet.
 };
 
 struct TickMeter {
@@ -35,9 +37,9 @@ struct MidiSigns {
   std::map<std::int64_t, int> tempos;  ///< Microseconds of a quarter.
   std::map<std::int64_t, TickMeter> meters;
   std::map<std::int64_t, Key> keys;
-  std::map<int, int> programs;      ///< By channel, of any track.
-  std::map<std::string, int> left;  ///< As of a piece.
-  std::int64_t end = 0;             ///< The last tick at which anything is.
+  std::map<int, int> programs;  ///< By channel, of any track.
+  LeftCounts left;              ///< As of a piece.
+  std::int64_t end = 0;         ///< The last tick at which anything is.
 };
 
 struct MidiTrack {

@@ -131,7 +131,7 @@ void PartReader::read(const Element& measure, const Element& content) {
 WrittenPart PartReader::finish() {
   // Only what has no pitches is sure to be drums.
   if (m_hasUnpitched && !m_hasPitch) m_track.isDrums = true;
-  return partOf(std::move(m_track), m_staves, std::move(m_measures), m_score.head.left);
+  return partOf(std::move(m_track), m_staves, std::move(m_measures));
 }
 
 void PartReader::readAttributes(const Element& attributes) {

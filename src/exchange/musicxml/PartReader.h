@@ -44,7 +44,7 @@ class PartReader {
   void readTechnical(const Element& technical, StaffNote& note);
   void readHarmony(const Element& harmony);
 
-  void leave(const char* what) { ++m_score.head.left[what]; }
+  void leave(const char* what) { ++m_track.left[what]; }
   /// Grains of a number of divisions.
   std::int64_t grainsOf(double divisions) const;
   /// Grains from the bar line.

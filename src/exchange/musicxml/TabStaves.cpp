@@ -178,7 +178,7 @@ class Neck {
 };
 
 /// What an instrument without strings cannot play at all.
-void dropUnplayable(std::vector<StaffMeasure>& measures, std::map<std::string, int>& left) {
+void dropUnplayable(std::vector<StaffMeasure>& measures, LeftCounts& left) {
   const auto drop = [&](const char* what, const auto& isLeft) {
     for (StaffMeasure& measure : measures)
       if (const auto count = std::erase_if(measure.notes, isLeft))
@@ -194,20 +194,20 @@ void dropUnplayable(std::vector<StaffMeasure>& measures, std::map<std::string, i
 }  // namespace
 
 WrittenPart partOf(Track track, const std::map<int, TabStaff>& staves,
-                   std::vector<StaffMeasure> measures, std::map<std::string, int>& left) {
+                   std::vector<StaffMeasure> measures) {
   if (const int fretted = track.isDrums ? 0 : frettedStaff(measures)) {
     dropDoubles(measures, fretted);
     const auto found = staves.find(fretted);
     const TabStaff staff = found == staves.end() ? TabStaff() : found->second;
     Neck neck(staff, measures);
-    if (const int lost = neck.place()) left["places on the neck"] += lost;
+    if (const int lost = neck.place()) track.left["places on the neck"] += lost;
     track.open = neck.take();
     track.capo = staff.capo;
   } else {
     for (const auto& [number, staff] : staves)
       if (!staff.tuning.empty()) track.open = openStrings(staff), track.capo = staff.capo;
   }
-  dropUnplayable(measures, left);
+  dropUnplayable(measures, track.left);
   WrittenPart part{std::move(track), {}};
   for (StaffMeasure& measure : measures) {
     WrittenMeasure& made = part.measures.emplace_back();

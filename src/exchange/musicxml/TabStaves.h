@@ -32,8 +32,9 @@ struct StaffMeasure {
 
 /// The part of these staves. Of two staves that show the same music the one with frets counts;
 /// places on the neck are kept where they agree with what sounds, in the tuning that the staff
-/// says, or else in one that all of them agree with. What is not kept is added to `left`.
+/// says, or else in one that all of them agree with. What is not kept is added to what
+/// is left of the track.
 WrittenPart partOf(Track track, const std::map<int, TabStaff>& staves,
-                   std::vector<StaffMeasure> measures, std::map<std::string, int>& left);
+                   std::vector<StaffMeasure> measures);
 
 }  // namespace korvel::exchange

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace korvel {
@@ -48,6 +50,7 @@ constexpr Phrase kWords[] = {
     phrase("LeftOut", "staccatos"),
     phrase("LeftOut", "strokes"),
     phrase("LeftOut", "tapped notes"),
+    phrase("LeftOut", "taps"),
     phrase("LeftOut", "taps, slaps and pops"),
     phrase("LeftOut", "texts"),
     phrase("LeftOut", "ties to nothing"),
@@ -59,7 +62,18 @@ constexpr Phrase kWords[] = {
     phrase("LeftOut", "vibratos"),
 };
 
+/// Text tablature is counted by how many strings it is for.
+std::optional<UserText> systemsIn(std::string_view what) {
+  constexpr std::string_view kBegin = "systems of ";
+  constexpr std::string_view kEnd = " strings";
+  if (!what.starts_with(kBegin) || !what.ends_with(kEnd)) return std::nullopt;
+  what.remove_prefix(kBegin.size());
+  what.remove_suffix(kEnd.size());
+  return UserText(phrase("LeftOut", "systems of %1 strings"), std::string(what));
+}
+
 UserText wordsOf(const std::string& what) {
+  if (auto systems = systemsIn(what)) return *std::move(systems);
   const auto* found = std::ranges::find(
       kWords, what, [](const Phrase& each) { return std::string_view(each.english); });
   return found == std::end(kWords) ? UserText::verbatim(what) : UserText(*found);

@@ -179,7 +179,7 @@ platform::Slices PieceImport::work() {
   if (m_notes->capo() > 0) m_song->setCapo(m_notes->capo());
   part = filling();
   while (part.next()) co_yield kShareOfSupply + (kShareOfChords - kShareOfSupply) * part.done();
-  nameSong();  // which is drawn, too
+  nameSong();      // which is drawn, too
   putIntoAlbum();  // the tablature begins with its title
   part = buildingTab(*m_song);
   while (part.next()) co_yield kShareOfChords + (kAllOfPiece - kShareOfChords) * part.done();
@@ -284,7 +284,8 @@ void PieceImport::tellTrack() {
 }
 
 void PieceImport::tellLeft() {
-  for (const auto& [what, count] : m_piece.left) m_left[what] += count;
+  for (const LeftOut& left : {m_piece.left, track().left})
+    for (const auto& [what, count] : left) m_left[what] += count;
   if (!m_left.empty()) printOut({phrase("Log", "not kept as it was: %1"), textOfLeft(m_left)});
 }
 

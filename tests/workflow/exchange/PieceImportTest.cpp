@@ -166,6 +166,8 @@ TEST_F(PieceImportTest, whatASongCannotHaveIsCountedNotLost) {
                   track("Open G", "0+.95:38@0.0 1+.05:55@3.0 1.05+.45:57@3.2 2+.5:20 4+4:62@5.0",
                         {38, 43, 50, 55, 59, 62})};
   piece.tracks[0].isDrums = true;
+  piece.tracks[0].left = {{"bends", 3}};  // of another track
+  piece.tracks[2].left = {{"slides", 3}};
   EXPECT_EQ(imported(piece), R"(
     Recorded by Korvel
         Fast and loose
@@ -193,7 +195,7 @@ TEST_F(PieceImportTest, whatASongCannotHaveIsCountedNotLost) {
 
          1 . + . 2 . + . 3 . + . 4 . + .
 track 3 Open G is imported; there are also 1 Drums, 2 Low
-not kept as it was: notes moved by octaves (1), notes moved to the nearest twelfth of a beat (1), slides (2)
+not kept as it was: notes moved by octaves (1), notes moved to the nearest twelfth of a beat (1), slides (5)
 )");
   EXPECT_EQ(m_song->title() + ',' + m_song->tuning()->descr(), "Fast and loose,Open G");
   EXPECT_EQ(SongTime(*m_song).secondsOf(72), 5);
