@@ -18,6 +18,7 @@ class Guitarist:
         self.tool = f"{prefix}/bin/korvel-cli"
         self.drag_source = drag_source
         self.recording = recording
+        self.title, self.first_chord = TITLE, "Am"
         self.pictures = pathlib.Path(pictures)
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="korvel-home-"))
         self.environment = dict(os.environ, HOME=str(self.home), LANGUAGE="en",
@@ -84,8 +85,8 @@ class Guitarist:
         finally:
             files.kill()
             files.wait()
-        self.song_cell(TITLE)
-        wait_for("the tablature", lambda: "Am" in self.window.text("Tablature"))
+        self.song_cell(self.title)
+        wait_for("the tablature", lambda: self.first_chord in self.place())
         self.picture("2-imported")
 
     def position(self):

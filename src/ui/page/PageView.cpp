@@ -17,8 +17,8 @@
 namespace korvel::ui {
 namespace {
 
-constexpr int kSmallestZoom = 30;
-constexpr int kLargestZoom = 500;
+constexpr int kSmallestPage = 30;
+constexpr int kLargestPage = 500;
 constexpr int kZoomStep = 10;
 constexpr double kMargin = 16;  ///< Pixels around the page.
 
@@ -235,7 +235,7 @@ QRect PageView::spokenRect() const { return chordRect(m_chord); }
 // ---- changes from outside
 
 void PageView::setZoom(int percent) {
-  percent = std::clamp(percent, kSmallestZoom, kLargestZoom);
+  percent = std::clamp(percent, kSmallestPage, kLargestPage);
   if (percent == m_zoom) return;
   m_zoom = percent;
   layOut();

@@ -15,8 +15,8 @@
 namespace korvel::ui {
 namespace {
 
-constexpr double kSmallestZoom = 20;  ///< But for longer songs.
-constexpr double kLargestZoom = 20000;
+constexpr double kSmallestRoll = 20;  ///< But for longer songs.
+constexpr double kLargestRoll = 20000;
 constexpr double kZoomFactor = 1.25;
 constexpr double kMostOfWave = 0.2;  ///< Of the view's height.
 
@@ -89,8 +89,8 @@ void RollView::setZoom(double percent) {
 
 /// What is at x stays there.
 void RollView::zoomAround(double percent, double x) {
-  const double least = std::min(kSmallestZoom, m_scale.zoomOfWhole());
-  const double most = std::min(kLargestZoom, m_scale.zoomOfPixels());
+  const double least = std::min(kSmallestRoll, m_scale.zoomOfWhole());
+  const double most = std::min(kLargestRoll, m_scale.zoomOfPixels());
   percent = std::clamp(percent, std::clamp(least, 1e-3, most), most);
   if (percent == m_zoom) return;
   const double step = m_scale.stepAt(x);

@@ -521,6 +521,14 @@
         <source>vibratos</source>
         <translation>Vibratos</translation>
     </message>
+    <message>
+        <source>taps</source>
+        <translation>Taps</translation>
+    </message>
+    <message>
+        <source>systems of %1 strings</source>
+        <translation>Systeme mit %1 Saiten</translation>
+    </message>
 </context>
 <context>
     <name>Log</name>
@@ -780,6 +788,38 @@
         <source>%1 is held as %2 now.</source>
         <translation>%1 wird jetzt als %2 gegriffen.</translation>
     </message>
+    <message>
+        <source>it was played in %1, and is heard so</source>
+        <translation>es ist in %1 gespielt und wird so gehört</translation>
+    </message>
+    <message>
+        <source>it seems to be played in %1</source>
+        <translation>es scheint in %1 gespielt zu sein</translation>
+    </message>
+    <message>
+        <source>the melody is not clear enough to be heard</source>
+        <translation>die Melodie ist nicht deutlich genug, um gehört zu werden</translation>
+    </message>
+    <message>
+        <source>the bass is not clear enough to be heard</source>
+        <translation>der Bass ist nicht deutlich genug, um gehört zu werden</translation>
+    </message>
+    <message>
+        <source>the melody was heard, and is written an octave higher</source>
+        <translation>die Melodie wurde gehört und steht eine Oktave höher</translation>
+    </message>
+    <message>
+        <source>the bass was heard, and is written an octave higher</source>
+        <translation>der Bass wurde gehört und steht eine Oktave höher</translation>
+    </message>
+    <message>
+        <source>the melody was heard</source>
+        <translation>die Melodie wurde gehört</translation>
+    </message>
+    <message>
+        <source>the bass was heard</source>
+        <translation>der Bass wurde gehört</translation>
+    </message>
 </context>
 <context>
     <name>Message</name>
@@ -962,10 +1002,6 @@
     <message>
         <source>%1: sound of this kind is not for a WAV file</source>
         <translation>%1: Ton dieser Art passt nicht in eine WAV-Datei</translation>
-    </message>
-    <message>
-        <source>cannot be written: %1</source>
-        <translation>kann nicht geschrieben werden: %1</translation>
     </message>
     <message>
         <source>The recording is longer than ten minutes; choose one that holds the single notes only</source>
@@ -1500,10 +1536,6 @@
         <translation>%1: In der Taktart, in die er gelegt wurde, lässt sich nichts lesen; ändere den Rhythmus des Songs, aus dem er entstand</translation>
     </message>
     <message>
-        <source>line %1 of the words is for a bar that there is not: the last one is %2. Put the number of a bar and a colon in front of a line to say where it belongs</source>
-        <translation>Zeile %1 des Textes ist für einen Takt, den es nicht gibt: Der letzte ist %2. Die Nummer eines Taktes und ein Doppelpunkt vor einer Zeile sagen, wohin sie gehört</translation>
-    </message>
-    <message>
         <source>%1: there are no chords in brackets or grids in it</source>
         <translation>%1: darin stehen keine Akkorde in Klammern oder Rastern</translation>
     </message>
@@ -1530,6 +1562,42 @@
     <message>
         <source>%1 sounds other notes than %2</source>
         <translation>%1 lässt andere Töne klingen als %2</translation>
+    </message>
+    <message>
+        <source>cannot be started</source>
+        <translation>lässt sich nicht starten</translation>
+    </message>
+    <message>
+        <source>line %1 of the lyrics is for a bar that there is not: the last one is %2. Put the number of a bar and a colon in front of a line to say where it belongs</source>
+        <translation>Zeile %1 des Liedtexts ist für einen Takt, den es nicht gibt: Der letzte ist %2. Die Nummer eines Taktes und ein Doppelpunkt vor einer Zeile sagen, wohin sie gehört</translation>
+    </message>
+    <message>
+        <source>Too high for one picture, and so in several:</source>
+        <translation>Zu hoch für ein Bild, daher in mehreren:</translation>
+    </message>
+    <message>
+        <source>the lowest note, %1, has no place in this tuning</source>
+        <translation>der tiefste Ton, %1, hat in dieser Stimmung keinen Platz</translation>
+    </message>
+    <message>
+        <source>the lowest note, %1, lies below a capo at fret %2; fret %3 is the highest one for it</source>
+        <translation>der tiefste Ton, %1, liegt unter einem Kapodaster am %2. Bund; der höchste Bund dafür ist der %3.</translation>
+    </message>
+    <message>
+        <source>some frets lie below the capo that the song has</source>
+        <translation>manche Bünde liegen unter dem Kapodaster, den der Song hat</translation>
+    </message>
+    <message>
+        <source>with a capo at fret %1 the highest note would be at fret %2, and the neck ends at fret %3</source>
+        <translation>mit einem Kapodaster am %1. Bund läge der höchste Ton am %2. Bund, und der Hals endet am %3.</translation>
+    </message>
+    <message>
+        <source>%1: its recording is another one by now, and so the song stays as it was</source>
+        <translation>%1: Seine Aufnahme ist inzwischen eine andere, und der Song bleibt deshalb, wie er war</translation>
+    </message>
+    <message>
+        <source>%1: bars were taken out or put in at chord %2, where it differs from the recording</source>
+        <translation>%1: Bei Akkord %2 wurden Takte herausgenommen oder eingefügt, dort weicht er von der Aufnahme ab</translation>
     </message>
 </context>
 <context>
@@ -2999,6 +3067,10 @@
         <source>Choose Grip</source>
         <translation>Griff wählen</translation>
     </message>
+    <message>
+        <source>Move Capo</source>
+        <translation>Kapodaster versetzen</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::AlbumMenu</name>
@@ -3394,6 +3466,10 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Notes that the song&apos;s strings do not have: %1.</source>
+        <translation>Töne, die die Saiten des Songs nicht haben: %1.</translation>
     </message>
 </context>
 <context>
@@ -3802,6 +3878,27 @@
         <source>Notes that have no place in this tuning and were left out: %1</source>
         <translation>Töne, die in dieser Stimmung keinen Platz haben und weggelassen wurden: %1</translation>
     </message>
+    <message>
+        <source>Capo, Same Sound</source>
+        <translation>Kapodaster, gleicher Klang</translation>
+    </message>
+    <message>
+        <source>Capo, Same Shapes</source>
+        <translation>Kapodaster, gleiche Griffe</translation>
+    </message>
+    <message>
+        <source>Notes that have no place with this capo and were left out: %1</source>
+        <translation>Töne, die mit diesem Kapodaster keinen Platz haben und ausgelassen wurden: %1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>a capo</comment>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Fret %1</source>
+        <translation>Bund %1</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::FretboardView</name>
@@ -3825,6 +3922,15 @@
         <source>%1. %2</source>
         <comment>a fret, the grip of a chord</comment>
         <translation>%1. %2</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Danach</translation>
+    </message>
+    <message>
+        <source>%1. Next: %2</source>
+        <comment>a chord, another one</comment>
+        <translation>%1. Danach: %2</translation>
     </message>
 </context>
 <context>
@@ -3942,6 +4048,18 @@
     <message>
         <source>&amp;Hear Again</source>
         <translation>&amp;Noch einmal hören</translation>
+    </message>
+    <message>
+        <source>That of the song</source>
+        <translation>Die des Songs</translation>
+    </message>
+    <message>
+        <source>How the guitar is tuned there; the song keeps its tuning, and the notes come onto its strings as they sound</source>
+        <translation>Wie die Gitarre dort gestimmt ist; der Song behält seine Stimmung, und die Töne kommen so auf seine Saiten, wie sie klingen</translation>
+    </message>
+    <message>
+        <source>&amp;Tuning there</source>
+        <translation>S&amp;timmung dort</translation>
     </message>
 </context>
 <context>
@@ -4189,6 +4307,18 @@
         <source>Reading the recording ...</source>
         <translation>Die Aufnahme wird gelesen ...</translation>
     </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Scalable picture</source>
+        <translation>Skalierbares Bild</translation>
+    </message>
+    <message>
+        <source>Hear Again with Melody and Bass</source>
+        <translation>Noch einmal mit Melodie und Bass hören</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::LogPanel</name>
@@ -4313,6 +4443,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>The recording %1 is not there any more, or has changed. Say where it is now?</source>
         <translation>Die Aufnahme %1 ist nicht mehr da oder wurde geändert. Möchtest du zeigen, wo sie jetzt ist?</translation>
+    </message>
+    <message>
+        <source>%1 seems to be played in %2. Hear it again in that tuning?</source>
+        <translation>%1 scheint in %2 gespielt zu sein. In dieser Stimmung noch einmal hören?</translation>
     </message>
 </context>
 <context>
@@ -4439,10 +4573,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>Akkorde als</translation>
     </message>
     <message>
-        <source>Words ...</source>
-        <translation>Text ...</translation>
-    </message>
-    <message>
         <source>Type or paste what is sung</source>
         <translation>Tippe oder füge ein, was gesungen wird</translation>
     </message>
@@ -4453,6 +4583,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>All grips of the song, to print and to choose from</source>
         <translation>Alle Griffe des Songs, zum Drucken und Auswählen</translation>
+    </message>
+    <message>
+        <source>Lyrics ...</source>
+        <translation>Liedtext ...</translation>
     </message>
 </context>
 <context>
@@ -4484,6 +4618,10 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>as above</source>
         <translation>wie oben</translation>
+    </message>
+    <message>
+        <source>?: another name is as probable</source>
+        <translation>?: ein anderer Name ist ebenso wahrscheinlich</translation>
     </message>
 </context>
 <context>
@@ -4521,8 +4659,8 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>fraglich</translation>
     </message>
     <message>
-        <source>Words of the bar</source>
-        <translation>Text des Takts</translation>
+        <source>Lyrics of the bar</source>
+        <translation>Liedtext des Takts</translation>
     </message>
 </context>
 <context>
@@ -4706,22 +4844,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
 <context>
     <name>korvel::ui::PracticePanel</name>
     <message>
-        <source>Chord</source>
-        <translation>Akkord</translation>
-    </message>
-    <message>
-        <source>Next chord</source>
-        <translation>Nächster Akkord</translation>
-    </message>
-    <message>
-        <source>Now</source>
-        <translation>Jetzt</translation>
-    </message>
-    <message>
-        <source>Next</source>
-        <translation>Danach</translation>
-    </message>
-    <message>
         <source>A loop begins slower and gets faster, up to the speed that is set</source>
         <translation>Ein Loop beginnt langsamer und wird schneller, bis zum eingestellten Tempo</translation>
     </message>
@@ -4778,10 +4900,6 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>Saite %1 ist nicht zu hören</translation>
     </message>
     <message>
-        <source>My part, silent: strings</source>
-        <translation>Meine Stimme, stumm: Saiten</translation>
-    </message>
-    <message>
         <source>The guitar leaves out what is played on these strings</source>
         <translation>Die Gitarre lässt aus, was auf diesen Saiten gespielt wird</translation>
     </message>
@@ -4796,6 +4914,62 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>Recording left, guitar right</source>
         <translation>Aufnahme links, Gitarre rechts</translation>
+    </message>
+    <message>
+        <source>Chord and next chord</source>
+        <translation>Akkord und nächster Akkord</translation>
+    </message>
+    <message>
+        <source>Melody</source>
+        <translation>Melodie</translation>
+    </message>
+    <message>
+        <source>Second voice</source>
+        <translation>Zweite Stimme</translation>
+    </message>
+    <message>
+        <source>Third voice</source>
+        <translation>Dritte Stimme</translation>
+    </message>
+    <message>
+        <source>Fourth voice</source>
+        <translation>Vierte Stimme</translation>
+    </message>
+    <message>
+        <source>Fifth voice</source>
+        <translation>Fünfte Stimme</translation>
+    </message>
+    <message>
+        <source>Bass</source>
+        <translation>Bass</translation>
+    </message>
+    <message>
+        <source>All but the melody</source>
+        <translation>Alles außer der Melodie</translation>
+    </message>
+    <message>
+        <source>Voice that is not heard</source>
+        <translation>Stimme, die nicht zu hören ist</translation>
+    </message>
+    <message>
+        <source>The guitar leaves out this voice, from the highest, the melody, to the bass</source>
+        <translation>Die Gitarre lässt diese Stimme weg, von der höchsten, der Melodie, bis zum Bass</translation>
+    </message>
+    <message>
+        <source>My part, silent</source>
+        <translation>Meine Stimme, stumm</translation>
+    </message>
+    <message>
+        <source>and strings</source>
+        <translation>und Saiten</translation>
+    </message>
+    <message>
+        <source>Space plays, ← → go by bars, ↑ ↓ change the speed</source>
+        <translation>Leertaste spielt, ← → gehen um Takte, ↑ ↓ ändern das Tempo</translation>
+    </message>
+    <message>
+        <source>Click here to play by keys or a pedal</source>
+        <translation>Klicke hier, um mit Tasten oder einem Pedal zu spielen</translation>
     </message>
 </context>
 <context>
@@ -5310,6 +5484,30 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <source>What plays</source>
         <translation>Was spielt</translation>
     </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Melody</source>
+        <translation>Melodie</translation>
+    </message>
+    <message>
+        <source>Bass</source>
+        <translation>Bass</translation>
+    </message>
+    <message>
+        <source>Melody and bass</source>
+        <translation>Melodie und Bass</translation>
+    </message>
+    <message>
+        <source>Each becomes a song beside that of the chords, where it is clear enough</source>
+        <translation>Jede wird ein eigener Song neben dem der Akkorde, wo sie deutlich genug ist</translation>
+    </message>
+    <message>
+        <source>Voices of a band</source>
+        <translation>Stimmen einer Band</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::ShapeDialog</name>
@@ -5462,6 +5660,14 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>The recording %1 cannot be read, so that there is no picture of it</source>
         <translation>Die Aufnahme %1 lässt sich nicht lesen, darum gibt es kein Bild von ihr</translation>
+    </message>
+    <message>
+        <source>The chords of this song do not follow its recording, so that there is no picture of it</source>
+        <translation>Die Akkorde dieses Songs folgen seiner Aufnahme nicht, deshalb gibt es kein Bild von ihr</translation>
+    </message>
+    <message>
+        <source>Bars were taken out or put in at chord %1, where the song differs from its recording</source>
+        <translation>Bei Akkord %1 wurden Takte herausgenommen oder eingefügt, dort weicht der Song von seiner Aufnahme ab</translation>
     </message>
 </context>
 <context>
@@ -5659,16 +5865,16 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
 <context>
     <name>korvel::ui::WordsDialog</name>
     <message>
-        <source>Words</source>
-        <translation>Text</translation>
+        <source>Lyrics</source>
+        <translation>Liedtext</translation>
     </message>
     <message>
-        <source>Words of the song</source>
-        <translation>Text des Songs</translation>
+        <source>Lyrics of the song</source>
+        <translation>Liedtext des Songs</translation>
     </message>
     <message>
-        <source>A line of words for each line of the page, which has four bars. “|” goes on to the next bar, alone in a line it leaves a line of the page out, and “9:” begins at bar 9.</source>
-        <translation>Eine Zeile Text für jede Zeile des Blatts, die vier Takte hat. „|“ geht zum nächsten Takt weiter, allein in einer Zeile lässt es eine Zeile des Blatts aus, und „9:“ beginnt bei Takt 9.</translation>
+        <source>A line of lyrics for each line of the page, which has four bars. “|” goes on to the next bar, alone in a line it leaves a line of the page out, and “9:” begins at bar 9.</source>
+        <translation>Eine Zeile Liedtext für jede Zeile des Blatts, die vier Takte hat. „|“ geht zum nächsten Takt weiter, allein in einer Zeile lässt es eine Zeile des Blatts aus, und „9:“ beginnt bei Takt 9.</translation>
     </message>
 </context>
 </TS>
