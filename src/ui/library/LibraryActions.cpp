@@ -26,6 +26,7 @@
 #include "workflow/hearing/KnownRecordings.h"
 #include "workflow/hearing/QBCmdImportSong.h"
 #include "workflow/library/LibraryEdits.h"
+#include "workflow/recordings/FileContent.h"
 #include "workflow/recordings/PlacedRecording.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/Edit.h"
@@ -39,6 +40,7 @@ using namespace std::chrono_literals;
 
 /// After the events that wait already; 0 would come before them.
 constexpr auto kNextTurn = 1ms;
+constexpr auto kNextLook = 100ms;
 
 /// What to do about a file that was not imported; the log has the reason.
 QString adviceFor(const QString& file) {
@@ -126,14 +128,27 @@ void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
 
 void LibraryActions::importFile(const QString& file, QBAlbum* into) {
   if (PieceImports::takes(file)) return m_pieces->begin(file, into);
-  const platform::Ref<QBSong> known = songHeardIn(QBTabMgr::db(), file.toStdString());
   const auto job = m_desk.importFile(file.toStdString(), into);
   follow(job, file);
-  if (job && known)
-    emit alreadyThere(known, [this, job, known, file] {
-      if (job->isRunning()) job->cancelAndDrop();
-      if (!known->isDeleted()) giveRecording(*known, file);
-    });
+  if (job) lookForKnown(job, file);
+}
+
+/// A long file is read by another thread first.
+void LibraryActions::lookForKnown(const std::shared_ptr<QBCmdImportSong>& job,
+                                  const QString& file) {
+  const std::string path = file.toStdString();
+  if (!job->isRunning() || !mayBeHeardIn(QBTabMgr::db(), path)) return;
+  if (!isContentAtHand(path)) {
+    readAhead(path);
+    QTimer::singleShot(kNextLook, this, [this, job, file] { lookForKnown(job, file); });
+    return;
+  }
+  const platform::Ref<QBSong> known = songHeardIn(QBTabMgr::db(), path);
+  if (!known || known == job->newSong()) return;
+  emit alreadyThere(known, [this, job, known, file] {
+    if (job->isRunning()) job->cancelAndDrop();
+    if (!known->isDeleted()) giveRecording(*known, file);
+  });
 }
 
 /// A song whose recording was moved has it again.

@@ -15,8 +15,11 @@ namespace {
 
 using Recordings = std::vector<const SongRecording*>;
 
-Recordings recordingsOfSize(const QBTabMgr& db, std::int64_t size) {
+Recordings recordingsOfSizeOf(const std::string& file, const QBTabMgr& db) {
+  std::error_code unknown;
+  const auto size = static_cast<std::int64_t>(std::filesystem::file_size(file, unknown));
   Recordings found;
+  if (unknown) return found;
   for (const auto& album : db.albums())
     for (const QBSong* song : album->songs())
       if (const SongRecording* recording = song->recording();
@@ -34,11 +37,12 @@ QBSong* firstInLibrary(const SongRecording& recording) {
 
 }  // namespace
 
+bool mayBeHeardIn(const QBTabMgr& db, const std::string& file) {
+  return !recordingsOfSizeOf(file, db).empty();
+}
+
 QBSong* songHeardIn(const QBTabMgr& db, const std::string& file) {
-  std::error_code unknown;
-  const auto size = std::filesystem::file_size(file, unknown);
-  if (unknown) return nullptr;
-  const Recordings candidates = recordingsOfSize(db, static_cast<std::int64_t>(size));
+  const Recordings candidates = recordingsOfSizeOf(file, db);
   if (candidates.empty()) return nullptr;
   const std::string content = contentOf(file);
   for (const SongRecording* recording : candidates)

@@ -12,4 +12,7 @@ class QBTabMgr;
 /// whatever its name; none when there is none. Reads the file only when one of its size is known.
 QBSong* songHeardIn(const QBTabMgr& db, const std::string& file);
 
+/// Whether there may be one, by the size of the file.
+bool mayBeHeardIn(const QBTabMgr& db, const std::string& file);
+
 }  // namespace korvel
