@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "support/Testing.h"
+#include "support/songs/BeatSong.h"
 #include "support/store/StandardStore.h"
 #include "ui/sound/PlayerBar.h"
 #include "ui/views/FretboardView.h"
@@ -78,6 +79,23 @@ TEST_F(PracticePanelTest, nextChordIsShownAheadAndAtTheEndOfALoopItsFirst) {
   m_song->setFromChord(m_song->allChords()[0].get());
   m_song->setToChord(m_song->allChords()[2].get());
   EXPECT_TRUE(neckAt(2).contains("Next: A string open"));
+  m_panel.hide();
+  neckAt(0);
+  m_panel.show();
+  EXPECT_TRUE(m_panel.findChild<FretboardView*>()->spokenText().contains("Next: E string (6)"));
+}
+
+TEST_F(PracticePanelTest, barsAreThoseOfTheLoop) {
+  QBSong* song = m_store.song("Bars");
+  test::beatSong(song, "tempo=96 3/4 x02210 q q q | q q q | q q q |");
+  song->setFromChord(song->allChords()[3].get());
+  song->setToChord(song->allChords()[5].get());
+  m_panel.setSong(song);
+  EXPECT_EQ(named<QSpinBox>("First bar of the loop")->value(), 2);
+  EXPECT_EQ(named<QSpinBox>("Last bar of the loop")->value(), 2);
+  song->setToChord(nullptr);
+  m_panel.setSong(song);
+  EXPECT_EQ(named<QSpinBox>("Last bar of the loop")->value(), 3) << "to the end";
 }
 
 }  // namespace

@@ -125,6 +125,21 @@ void PracticeControls::findBars() {
   const int first = m_roll.numberOfFirstBar();
   for (QSpinBox* box : {m_first, m_last}) box->setRange(first, std::max(first, first + bars - 1));
   m_loop->setEnabled(bars > 0);
+  if (bars > 0 && (m_song->fromChord() || m_song->toChord())) showLoop();
+}
+
+void PracticeControls::showLoop() {
+  m_first->setValue(barOf(m_song->fromChord(), m_first->minimum()));
+  m_last->setValue(barOf(m_song->toChord(), m_last->maximum()));
+}
+
+int PracticeControls::barOf(const QBChord* chord, int otherwise) const {
+  const auto& chords = m_song->allChords();
+  const auto at = std::ranges::find(chords, chord, [](const auto& each) { return each.get(); });
+  if (!chord || at == chords.end()) return otherwise;
+  const auto& bars = m_roll.bars();
+  const auto next = std::ranges::upper_bound(bars, static_cast<int>(at - chords.begin()));
+  return m_roll.numberOfFirstBar() + std::max(0, static_cast<int>(next - bars.begin()) - 1);
 }
 
 void PracticeControls::loopBars() {

@@ -11,8 +11,9 @@ class QSlider;
 class QSpinBox;
 
 namespace korvel {
+class QBChord;
 class QBSong;
-}
+}  // namespace korvel
 
 namespace korvel::ui {
 
@@ -42,6 +43,8 @@ class PracticeControls final : public QWidget {
   QWidget* newSpeed();
   QWidget* newLoop();
   void findBars();
+  void showLoop();
+  int barOf(const QBChord* chord, int otherwise) const;
   void loopBars();
 
   PlayerBar& m_player;

@@ -214,6 +214,7 @@ void PracticePanel::addSound(QGridLayout& rows) {
 
 void PracticePanel::setSong(QBSong* song) {
   m_song = song;
+  m_chord = -1;
   if (isVisible()) m_controls->setSong(song);
   m_neck->setSong(song);
 }
@@ -222,6 +223,7 @@ void PracticePanel::setSong(QBSong* song) {
 void PracticePanel::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   m_controls->setSong(m_song);
+  showChord(m_chord);
   if (!event->spontaneous() && isActiveWindow()) setFocus();
 }
 
@@ -250,6 +252,7 @@ void PracticePanel::showKeys() {
 }
 
 void PracticePanel::showChord(int chord) {
+  m_chord = chord;
   if (!isVisible()) return;
   m_neck->showNext(chordAfter(chord));
   m_neck->showChord(chord);

@@ -83,6 +83,7 @@ class PracticePanel final : public QWidget {
   std::vector<QCheckBox*> m_strings;  ///< Those that are not heard.
   QComboBox* m_voice = nullptr;       ///< By the numbers of OwnVoice.
   FretboardView* m_neck;
+  int m_chord = -1;  ///< That is heard, or at the cursor.
   QLabel* m_keys;
   QBoxLayout* m_columns = nullptr;  ///< Of the controls: beside each other where there is room.
   QScrollArea* m_column;
