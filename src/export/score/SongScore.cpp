@@ -95,9 +95,11 @@ std::vector<ScoreBar> barsOf(SongReader& reader, const QBSong& song) {
 }
 
 /// By what the words of a song of slices are placed: ticks from the first bar line, which is behind
-/// a first bar that is not full, or without measures the indexes of chords.
+/// a first bar that is not full, or without measures the indexes of chords. Silent chords beside
+/// the measures take no time.
 std::vector<int> placesOfWords(QBSong& song) {
   std::vector<int> places;
+  const bool isInBars = !song.measures().empty();
   const QBMeasure* bar = nullptr;
   int tick = 0, bars = 0, missing = 0, firstBarLine = 0;
   for (const auto& chord : song.allChords()) {
@@ -108,8 +110,12 @@ std::vector<int> placesOfWords(QBSong& song) {
       bar = measure;
     }
     places.push_back(tick);
-    const bool compound = bar && isCompound(bar->beat(), bar->beattype());
-    const int ticks = bar ? durationOf(*chord) * ticksOfSixteenth(compound) : 1;
+    if (!measure) {
+      tick += isInBars ? 0 : 1;
+      continue;
+    }
+    const int ticks =
+        durationOf(*chord) * ticksOfSixteenth(isCompound(measure->beat(), measure->beattype()));
     if (bars == 1) missing -= ticks;
     tick += ticks;
   }
@@ -117,16 +123,17 @@ std::vector<int> placesOfWords(QBSong& song) {
   return places;
 }
 
-/// Each where the chord is written that it is sung to.
+/// Each where the chord is written that it is sung to, or what is written before that.
 std::vector<ScoreWords> wordsOf(QBSong& song, const SongReader& reader) {
   std::vector<ScoreWords> words;
   const std::vector<int> places = placesOfWords(song);
   for (const SungWords& each : lyricsOf(song)) {
     const auto after = std::ranges::upper_bound(places, each.tick);
-    const auto chord = after == places.begin() ? 0 : after - places.begin() - 1;
-    if (chord >= std::ssize(song.allChords())) break;
-    const auto unit = reader.unitOf(*song.allChords()[static_cast<std::size_t>(chord)]);
-    if (unit) words.push_back({*unit, each.text});
+    auto chord = after == places.begin() ? 0 : after - places.begin() - 1;
+    std::optional<int> unit;
+    for (; chord >= 0 && chord < std::ssize(places) && !unit; --chord)
+      unit = reader.unitOf(*song.allChords()[static_cast<std::size_t>(chord)]);
+    words.push_back({unit.value_or(0), each.text});
   }
   return words;
 }

@@ -191,13 +191,18 @@ SongBars::SongBars(QBSong& song) {
   countBars();
 }
 
-/// A chord that is in no bar goes on the one before.
+/// A chord that is in no bar goes on the one before. Among slices it is a silent one, and takes no
+/// time: what sounds before it has lasted so much longer.
 void SongBars::readBars(QBSong& song) {
+  const auto measures = song.allMeasures();
+  const bool isOfSlices = !song.isOnBeats() && !measures.empty();
   const QBMeasure* current = nullptr;
   int tick = 0;
   int index = 0;
   for (const auto& chord : song.allChords()) {
     const QBMeasure* measure = chord->measure();
+    const bool isBeside = isOfSlices && !measure;
+    if (isBeside && m_bars.empty()) measure = measures.front().get();
     if (m_bars.empty() || (measure && measure != current)) {
       current = measure;
       m_bars.push_back({0,
@@ -208,7 +213,7 @@ void SongBars::readBars(QBSong& song) {
                         {}});
     }
     Bar& bar = m_bars.back();
-    const int ticks = lengthOfChord(*chord, isCompound(bar.beat, bar.beattype));
+    const int ticks = isBeside ? 0 : lengthOfChord(*chord, isCompound(bar.beat, bar.beattype));
     bar.events.push_back({index++, tick, ticks, BarEvent::Kind::rest, {}, {}});
     tick += ticks;
   }

@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/arranging/DerivedSong.h"
 
+#include <algorithm>
 #include <map>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/SongLyrics.h"
 #include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
+#include "tab/page/PageOfSong.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/arranging/ArrangedSong.h"
 #include "workflow/arranging/bars/KeptBeats.h"
@@ -73,10 +78,22 @@ void keepBars(QBSong& source, QBSong& made) {
   }
 }
 
-/// A song of slices is in step with its source only with as many chords.
-void keepWords(QBSong& source, QBSong& made) {
-  if (source.isOnBeats() || source.chords().size() == made.chords().size())
-    made.takeWordsOf(source);
+/// The durations and the bars.
+void keepLengths(QBSong& source, QBSong& made) {
+  if (!made.measures().empty()) return;
+  if (source.isOnBeats()) {
+    keepBeats(source, made);
+    if (!made.chords().empty()) buildTab(made);
+    return;
+  }
+  const auto& chords = source.allChords();
+  const auto& copies = made.allChords();
+  if (chords.size() != copies.size()) return;
+  bool changed = !source.measures().empty();
+  for (std::size_t i = 0; i < chords.size(); ++i) changed |= keepDurations(*chords[i], *copies[i]);
+  keepBars(source, made);
+  if (!changed || copies.empty()) return;
+  buildTab(made);
 }
 
 }  // namespace
@@ -99,21 +116,24 @@ void requireSound(const QBSong& song, const SongCommand& command) {
 }
 
 void keepTimes(QBSong& source, QBSong& made) {
+  keepLengths(source, made);
   keepWords(source, made);
-  if (!made.measures().empty()) return;
-  if (source.isOnBeats()) {
-    keepBeats(source, made);
-    if (!made.chords().empty()) buildTab(made);
-    return;
+}
+
+void keepWords(QBSong& source, QBSong& made) {
+  if (source.isOnBeats()) return made.takeWordsOf(source);
+  if (source.chords().size() != made.chords().size()) return;
+  made.takeWordsOf(source);
+  const std::vector<int> before = ticksOfChords(source);
+  const std::vector<int> now = ticksOfChords(made);
+  if (before == now) return;
+  std::vector<SungWords> words = lyricsOf(source);
+  for (SungWords& each : words) {
+    const auto after = std::ranges::upper_bound(before, each.tick);
+    const auto chord = after == before.begin() ? 0 : after - before.begin() - 1;
+    each.tick = now[static_cast<std::size_t>(chord)];
   }
-  const auto& chords = source.allChords();
-  const auto& copies = made.allChords();
-  if (chords.size() != copies.size()) return;
-  bool changed = !source.measures().empty();
-  for (std::size_t i = 0; i < chords.size(); ++i) changed |= keepDurations(*chords[i], *copies[i]);
-  keepBars(source, made);
-  if (!changed || copies.empty()) return;
-  buildTab(made);
+  setLyrics(made, std::move(words));
 }
 
 }  // namespace korvel

@@ -24,4 +24,8 @@ void requireSound(const QBSong& song, const SongCommand& command);
 /// derived from one on beats gets them whatever chords it has (`bars/KeptBeats.h`).
 void keepTimes(QBSong& source, QBSong& made);
 
+/// Gives a song what is sung to its source, and who that is by: in one of slices, which has to have
+/// as many chords, at the same chords, whether these are in bars or not.
+void keepWords(QBSong& source, QBSong& made);
+
 }  // namespace korvel

@@ -19,6 +19,7 @@ QBSong* applyMetric(QBSong& song, int beat, int beattype) {
   QBApplyMetric visitor(beat, beattype, copy);
   copy->setTitle(title);
   copy->iterate(visitor);
+  keepWords(song, *copy);
   buildTab(*copy);
   return copy;
 }

@@ -7,6 +7,7 @@
 #include "support/songs/SongDesk.h"
 #include "tab/page/LyricsText.h"
 #include "tab/page/PageOfSong.h"
+#include "workflow/arranging/MetreArrangements.h"
 #include "workflow/editing/SongEditor.h"
 #include "workflow/library/SongCopies.h"
 #include "workflow/session/QBSession.h"
@@ -41,6 +42,16 @@ TEST(LyricsEditsTest, wordsStayInTheirBars) {
   EXPECT_EQ(wordsOf(song), typed);
   EXPECT_THROW(typeLyrics(song, "9: far"), NoPlaceForWords);
   EXPECT_EQ(wordsOf(song), typed);
+}
+
+/// Among slices they are counted by chords, in measures by ticks; silent chords are in none.
+TEST(LyricsEditsTest, wordsStayAtTheirChordsWhenSlicesComeIntoMeasures) {
+  test::SongDesk desk;
+  std::vector<std::string> chords(33, "x02210");
+  chords[4] = "xxxxxx";
+  QBSong& song = *desk.song(chords);
+  setLyrics(song, {{0, "a"}, {5, "b"}, {17, "c"}, {21, "d"}});
+  EXPECT_EQ(wordsOf(*applyMetric(song, 4, 4)), "1: a | c\n1+1: b\n2+1: d\n");
 }
 
 }  // namespace
