@@ -126,7 +126,7 @@ void keepWords(QBSong& source, QBSong& made) {
   made.takeWordsOf(source);
   const std::vector<int> before = ticksOfChords(source);
   const std::vector<int> now = ticksOfChords(made);
-  if (before == now) return;
+  if (before == now || before.size() != now.size()) return;
   std::vector<SungWords> words = lyricsOf(source);
   for (SungWords& each : words) {
     const auto after = std::ranges::upper_bound(before, each.tick);
