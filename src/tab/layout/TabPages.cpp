@@ -8,7 +8,7 @@ namespace korvel {
 int rowsOfLargestSystem(const TabLayout& layout) {
   int rows = layout.systems().empty() ? 1 : layout.systems().front().end;
   for (const TabLayout::System& system : layout.systems())
-    rows = std::max(rows, system.end - system.first);
+    rows = std::max(rows, system.end - system.first + layout.room());
   return rows;
 }
 
@@ -25,7 +25,7 @@ std::vector<TabPage> pagesOf(const TabLayout& layout, int rowsOfPage) {
   for (std::size_t i = 1; i < layout.systems().size(); ++i) {
     const TabLayout::System& system = layout.systems()[i];
     if (system.end - pages.back().first > rowsOfPage)
-      pages.push_back({system.first, system.end});
+      pages.push_back({system.first - layout.room(), system.end});
     else
       pages.back().end = system.end;
   }

@@ -36,6 +36,7 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TabSigns::Tempo, x, row, beats, isDotted, isS
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TabSigns, systems, tempo)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TabLayout::Place, chord, x, y, columns, isSilent)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TabLayout::System, first, top, end)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(StaffGrip, chord, shape)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(PageChord, beat, beats, name, sounding, isDoubtful, goesOn,
                                    index)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(PageWords, beat, text)
@@ -51,22 +52,30 @@ namespace {
 
 using Json = nlohmann::json;
 
-Json contentOf(const TabLayout& layout) {
-  return {{"rows", layout.rows()},
-          {"systems", layout.systems()},
-          {"places", layout.places()},
-          {"signs", layout.signs()}};
+Json contentOf(const PrintedTablature& tablature) {
+  const TabLayout& layout = tablature.layout;
+  return {{"grips", tablature.grips},  {"leftHanded", tablature.leftHanded},
+          {"rows", layout.rows()},     {"systems", layout.systems()},
+          {"places", layout.places()}, {"signs", layout.signs()}};
 }
 
-TabLayout layoutOf(const Json& json) {
-  return {json.at("rows").get<std::vector<std::string>>(),
-          json.at("systems").get<std::vector<TabLayout::System>>(),
-          json.at("places").get<std::vector<TabLayout::Place>>(), json.at("signs").get<TabSigns>()};
+PrintedTablature tablatureOf(const Json& json) {
+  TabLayout layout(json.at("rows").get<std::vector<std::string>>(),
+                   json.at("systems").get<std::vector<TabLayout::System>>(),
+                   json.at("places").get<std::vector<TabLayout::Place>>(),
+                   json.at("signs").get<TabSigns>());
+  return {std::move(layout), json.at("grips").get<std::vector<StaffGrip>>(),
+          json.at("leftHanded").get<bool>()};
 }
 
 }  // namespace
 
-PrintedSong printedTablature(QBSong& song) { return {song.title(), TabLayout::forExport(song)}; }
+PrintedSong printedTablature(QBSong& song, bool withGrips, bool leftHanded) {
+  PrintedTablature tablature{TabLayout::forExport(song)};
+  if (withGrips) tablature.grips = staffGripsOf(song);
+  tablature.leftHanded = leftHanded;
+  return {song.title(), std::move(tablature)};
+}
 
 PrintedSong printedPage(SongPage page) {
   std::string title = page.title;
@@ -82,8 +91,8 @@ std::filesystem::path nameOfPart(const std::filesystem::path& file, std::size_t 
 
 std::string handedOver(const PrintedSong& song) {
   Json json{{"title", song.title}};
-  if (const auto* layout = std::get_if<TabLayout>(&song.content))
-    json["tablature"] = contentOf(*layout);
+  if (const auto* tablature = std::get_if<PrintedTablature>(&song.content))
+    json["tablature"] = contentOf(*tablature);
   else
     json["page"] = std::get<SongPage>(song.content);
   // Titles of old songs may hold bytes that are no text.
@@ -95,7 +104,7 @@ PrintedSong takenOver(const std::string& text) {
     const Json json = Json::parse(text);
     const auto title = json.at("title").get<std::string>();
     if (json.contains("page")) return {title, json["page"].get<SongPage>()};
-    return {title, layoutOf(json.at("tablature"))};
+    return {title, tablatureOf(json.at("tablature"))};
   } catch (const Json::exception& error) {
     throw std::runtime_error(error.what());
   }

@@ -9,6 +9,7 @@
 #include "platform/files/Files.h"
 #include "tab/chordpro/ChordProText.h"
 #include "tab/page/PageText.h"
+#include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/page/PageDesk.h"
 #include "ui/page/PagePapers.h"
@@ -69,7 +70,11 @@ void SongSheets::focusFront() {
 }
 
 PaperWork SongSheets::tablatureOf(QBSong& song) const {
-  return tablatureWork(TabLayout::forExport(song), toText(song.title()), m_tablature.tabFont());
+  const Preferences preferences;
+  const PrintedSong printed =
+      printedTablature(song, preferences.showsDiagrams(), preferences.leftHanded());
+  return tablatureWork(std::get<PrintedTablature>(printed.content), toText(printed.title),
+                       m_tablature.tabFont());
 }
 
 PaperWork SongSheets::frontOf(QBSong& song) const {

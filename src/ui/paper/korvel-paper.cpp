@@ -33,7 +33,7 @@ QPageSize paperNamed(const QString& name) {
 ui::PaperWork workOf(const PrintedSong& song) {
   if (const auto* page = std::get_if<SongPage>(&song.content))
     return ui::pageWork(*page, QGuiApplication::font(), ui::PageSheet::Parts::all);
-  return ui::tablatureWork(std::get<TabLayout>(song.content), ui::toText(song.title),
+  return ui::tablatureWork(std::get<PrintedTablature>(song.content), ui::toText(song.title),
                            QFontDatabase::systemFont(QFontDatabase::FixedFont));
 }
 

@@ -3,10 +3,12 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "music/Neck.h"
 #include "ui/views/RhythmPainter.h"
+#include "ui/views/grips/GripPicture.h"
 
 namespace korvel::ui {
 namespace {
@@ -98,6 +100,28 @@ void TabCanvas::drawSigns(QPainter& painter, const TabLayout& layout, int first,
     const TabLayout::System& system = layout.systems()[i];
     if (system.first < end && system.end >= first)
       rhythm.drawSystem(painter, signs.systems[i], system.top);
+  }
+}
+
+void TabCanvas::drawGrips(QPainter& painter, const TabLayout& layout,
+                          const TabLayout::System& system, const std::vector<StaffGrip>& grips,
+                          bool leftHanded) const {
+  const int rows = layout.room();
+  if (rows == 0) return;
+  constexpr double kShape = double(GripPicture::kSize.width()) / GripPicture::kSize.height();
+  double right = cells(layout.columns(), 0, 0, 0).left();
+  painter.setPen(m_shades.text);
+  for (auto grip = grips.rbegin(); grip != grips.rend(); ++grip) {
+    const TabLayout::Place* place = layout.placeOf(grip->chord);
+    if (!place || place->y != system.top) continue;
+    const QRectF room = cells(place->x, system.first - rows, 1, rows);
+    const double width = std::min(room.height() * kShape, right - room.left());
+    right = room.left();
+    // A smaller one could not be read.
+    if (width < room.height() * kShape / 2) continue;
+    const double height = width / kShape;
+    GripPicture(grip->shape, leftHanded)
+        .paint(painter, QRectF(room.left(), room.bottom() - height, width, height));
   }
 }
 

@@ -4,8 +4,10 @@
 #include <QFont>
 #include <QRectF>
 #include <QString>
+#include <vector>
 
 #include "tab/layout/TabLayout.h"
+#include "tab/page/StaffGrips.h"
 #include "ui/views/Shades.h"
 
 class QPainter;
@@ -20,6 +22,8 @@ class TabCanvas {
  public:
   /// Columns of a fret's number.
   static constexpr int kFretColumns = 2;
+  /// Rows of a layout's room for grips.
+  static constexpr int kRowsOfGrips = 4;
 
   /// The font has to be monospaced; the device says how large its points are.
   TabCanvas(const QFont& font, const Shades& shades, const QPaintDevice* device = nullptr);
@@ -36,6 +40,10 @@ class TabCanvas {
   void drawRow(QPainter& painter, const TabLayout& layout, int row, const QString& words) const;
   /// The signs of rhythm in the rows [first, end) and at their edges.
   void drawSigns(QPainter& painter, const TabLayout& layout, int first, int end) const;
+  /// Those of a system into the room that the layout has above it, each above its chord and as
+  /// large as the next one leaves it.
+  void drawGrips(QPainter& painter, const TabLayout& layout, const TabLayout::System& system,
+                 const std::vector<StaffGrip>& grips, bool leftHanded) const;
 
  private:
   struct Row;

@@ -24,12 +24,18 @@ QFont fitting(QFont font, const TabLayout& layout, const QPaintDevice& device, Q
   return font;
 }
 
+PrintedTablature withRoom(PrintedTablature tablature) {
+  if (!tablature.grips.empty()) tablature.layout.makeRoom(TabCanvas::kRowsOfGrips);
+  return tablature;
+}
+
 class TablatureSheets final : public PaperSheets {
  public:
-  TablatureSheets(const TabLayout& layout, const QFont& font, const QPaintDevice& device,
+  TablatureSheets(const PrintedTablature& tablature, const QFont& font, const QPaintDevice& device,
                   QSizeF sheet)
-      : m_layout(layout),
-        m_canvas(fitting(font, layout, device, sheet), Shades(blackOnWhite()), &device) {}
+      : m_tablature(withRoom(tablature)),
+        m_layout(m_tablature.layout),
+        m_canvas(fitting(font, m_layout, device, sheet), Shades(blackOnWhite()), &device) {}
 
   std::vector<Sheet> cut(double height) const override {
     const double row = m_canvas.cell().height();
@@ -50,18 +56,23 @@ class TablatureSheets final : public PaperSheets {
                        toText(m_layout.rows()[static_cast<std::size_t>(row)]));
     painter.setRenderHint(QPainter::Antialiasing);
     m_canvas.drawSigns(painter, m_layout, first, end);
+    for (const TabLayout::System& system : m_layout.systems())
+      if (system.first >= first && system.first < end)
+        m_canvas.drawGrips(painter, m_layout, system, m_tablature.grips, m_tablature.leftHanded);
   }
 
  private:
-  const TabLayout m_layout;
+  const PrintedTablature m_tablature;
+  const TabLayout& m_layout;
   const TabCanvas m_canvas;
 };
 
 }  // namespace
 
-PaperWork tablatureWork(const TabLayout& layout, const QString& title, const QFont& font) {
+PaperWork tablatureWork(const PrintedTablature& tablature, const QString& title,
+                        const QFont& font) {
   return {title, [=](const QPaintDevice& device, QSizeF sheet) {
-            return std::make_unique<TablatureSheets>(layout, font, device, sheet);
+            return std::make_unique<TablatureSheets>(tablature, font, device, sheet);
           }};
 }
 

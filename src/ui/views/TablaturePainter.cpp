@@ -11,7 +11,6 @@
 #include "music/Neck.h"
 #include "tab/text/TabText.h"
 #include "ui/desktop/Text.h"
-#include "ui/views/grips/GripPicture.h"
 
 namespace korvel::ui {
 
@@ -35,28 +34,8 @@ void TablaturePainter::paint(QPainter& painter, const QRectF& wanted) const {
   for (const auto& system : m_shown.layout.systems())
     if (isVisible(system)) paintMarks(painter, system);
   for (const auto& system : m_shown.layout.systems())
-    if (isVisible(system)) paintGrips(painter, system);
-}
-
-/// Each above its chord, as large as the next one leaves it.
-void TablaturePainter::paintGrips(QPainter& painter, const TabLayout::System& system) const {
-  const int rows = m_shown.layout.room();
-  if (rows == 0) return;
-  constexpr double kShape = double(GripPicture::kSize.width()) / GripPicture::kSize.height();
-  double right = m_canvas.cells(m_shown.layout.columns(), 0, 0, 0).left();
-  painter.setPen(m_shades.text);
-  for (auto grip = m_shown.grips.rbegin(); grip != m_shown.grips.rend(); ++grip) {
-    const TabLayout::Place* place = m_shown.layout.placeOf(grip->chord);
-    if (!place || place->y != system.top) continue;
-    const QRectF cells = m_canvas.cells(place->x, system.first - rows, 1, rows);
-    const double width = std::min(cells.height() * kShape, right - cells.left());
-    right = cells.left();
-    // A smaller one could not be read.
-    if (width < cells.height() * kShape / 2) continue;
-    const double height = width / kShape;
-    GripPicture(grip->shape, m_shown.leftHanded)
-        .paint(painter, QRectF(cells.left(), cells.bottom() - height, width, height));
-  }
+    if (isVisible(system))
+      m_canvas.drawGrips(painter, m_shown.layout, system, m_shown.grips, m_shown.leftHanded);
 }
 
 QString TablaturePainter::words(int row) const {

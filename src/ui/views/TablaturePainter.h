@@ -7,10 +7,10 @@
 
 #include "tab/layout/LoopRange.h"
 #include "tab/layout/TabLayout.h"
+#include "tab/page/StaffGrips.h"
 #include "ui/views/DoubtMarks.h"
 #include "ui/views/Shades.h"
 #include "ui/views/TabCanvas.h"
-#include "ui/views/grips/StaffGrips.h"
 
 class QPainter;
 
@@ -49,7 +49,6 @@ class TablaturePainter {
  private:
   QString words(int row) const;
   void addInactiveTones(QString& words, const TabLayout::System& system, int row) const;
-  void paintGrips(QPainter& painter, const TabLayout::System& system) const;
   void paintRuler(QPainter& painter, const TabLayout::System& system) const;
   void paintGround(QPainter& painter, const TabLayout::System& system) const;
   void paintMarks(QPainter& painter, const TabLayout::System& system) const;

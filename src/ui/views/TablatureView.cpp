@@ -32,7 +32,6 @@ constexpr double kMarginColumns = 1;
 constexpr double kMarginRows = 0.5;
 constexpr int kFewestColumns = 40;
 constexpr int kMostColumns = 400;
-constexpr int kRowsOfDiagrams = 4;
 /// Strings are drawn so far beyond the width of a system.
 constexpr int kColumnsBeyondWidth = 4;
 constexpr qsizetype kColumnsOfWords = 72;
@@ -190,7 +189,7 @@ void TablatureView::fillWidth() {
 void TablatureView::layOut() {
   m_width = columnsOfView();
   m_layout = m_song ? TabLayout(*m_song, m_width) : TabLayout();
-  if (!m_grips.empty()) m_layout.makeRoom(kRowsOfDiagrams);
+  if (!m_grips.empty()) m_layout.makeRoom(TabCanvas::kRowsOfGrips);
 }
 
 TablatureView::Top TablatureView::top() const {

@@ -9,10 +9,10 @@
 #include "tab/layout/ChordSearch.h"
 #include "tab/layout/LoopRange.h"
 #include "tab/layout/TabLayout.h"
+#include "tab/page/StaffGrips.h"
 #include "ui/views/DoubtMarks.h"
 #include "ui/views/SpokenView.h"
 #include "ui/views/TabCanvas.h"
-#include "ui/views/grips/StaffGrips.h"
 #include "workflow/session/SessionViews.h"
 
 namespace korvel {

@@ -276,7 +276,7 @@ TEST_F(TablatureViewTest, diagramsStandAboveTheStaffAndNotInItsText) {
 }
 
 TEST_F(TablatureViewTest, papersAndPicturesAppearWholeOrNotAtAll) {
-  const PaperWork work = tablatureWork(TabLayout::forExport(*m_song), "Waltz", m_view.tabFont());
+  const PaperWork work = tablatureWork({TabLayout::forExport(*m_song)}, "Waltz", m_view.tabFont());
   const auto saved = [&](const char* name) {
     savePaper(work, m_store.folder().file(name));
     return test::readFile(m_store.folder().file(name));
@@ -303,7 +303,7 @@ TEST_F(TablatureViewTest, papersAndPicturesAppearWholeOrNotAtAll) {
 TEST_F(TablatureViewTest, pictureThatWouldBeTooHighIsSeveral) {
   std::string rows;
   for (int i = 0; i < 1200; ++i) rows += "|---0---|\n";
-  const PaperWork work = tablatureWork(TabLayout(rows), "Waltz", m_view.tabFont());
+  const PaperWork work = tablatureWork({TabLayout(rows)}, "Waltz", m_view.tabFont());
   const auto save = [&](bool mayReplace) {
     return savePaper(work, m_store.folder().file("a.png"), [=](const auto&) { return mayReplace; });
   };
@@ -334,9 +334,10 @@ TEST_F(TablatureViewTest, rhythmOnBeatsIsDrawnAndRestsAreReached) {
   m_view.setActiveSong(test::beatSong(m_store.song("Pick-up"), "x02210 q | q q q q |"));
   EXPECT_TRUE(m_view.placeText().startsWith("Pick-up, chord 1 of 5")) << "as its bars are numbered";
   const auto drawn = [](const PrintedSong& song) {
-    return drawnAs(PaperFormat::svg,
-                   tablatureWork(std::get<TabLayout>(song.content), "Pick-up", QFont("monospace")),
-                   QPageSize(QPageSize::Letter));
+    return drawnAs(
+        PaperFormat::svg,
+        tablatureWork(std::get<PrintedTablature>(song.content), "Pick-up", QFont("monospace")),
+        QPageSize(QPageSize::Letter));
   };
   const PrintedSong printed = printedTablature(*m_view.song());
   EXPECT_EQ(drawn(takenOver(handedOver(printed))), drawn(printed)) << "by the tool's program";

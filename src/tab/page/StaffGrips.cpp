@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/views/grips/StaffGrips.h"
+#include "tab/page/StaffGrips.h"
 
 #include <map>
 #include <optional>
@@ -15,7 +15,7 @@
 #include "tab/page/PageGrips.h"
 #include "tab/page/PageOfSong.h"
 
-namespace korvel::ui {
+namespace korvel {
 namespace {
 
 using Name = std::pair<int, std::string>;
@@ -66,4 +66,4 @@ std::vector<StaffGrip> staffGripsOf(QBSong& song) {
   return grips;
 }
 
-}  // namespace korvel::ui
+}  // namespace korvel

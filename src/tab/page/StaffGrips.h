@@ -9,7 +9,7 @@ namespace korvel {
 class QBSong;
 }
 
-namespace korvel::ui {
+namespace korvel {
 
 /// A shape that is drawn above the staff of a tablature, where a chord of that name begins.
 struct StaffGrip {
@@ -21,4 +21,4 @@ struct StaffGrip {
 /// together, the easiest shape of its name. Chords that no hand reaches are left out.
 std::vector<StaffGrip> staffGripsOf(QBSong& song);
 
-}  // namespace korvel::ui
+}  // namespace korvel
