@@ -23,6 +23,7 @@ constexpr double kTooStrange = 3;
 constexpr double kPerColumnOfTail = 0.6;
 constexpr double kUnevenBeats = 1.5;
 constexpr double kPerColumnOfLead = 0.25;
+constexpr double kShortRest = 1.5;  ///< Before the first note of a bar.
 constexpr double kShareOfUsual = 0.6;
 constexpr std::size_t kFewestBars = 3;
 
@@ -93,18 +94,31 @@ double ColumnTimes::badness(const TabBar& bar, const Frame& frame) const {
   const std::ptrdiff_t width = columns(bar, frame);
   double sum = 0;
   for (const Struck& struck : bar.struck) sum += strangenessOf(struck, frame, width);
+  if (beginsLate(bar, frame, width)) sum += kShortRest * static_cast<double>(bar.struck.size());
   if (!bar.struck.empty()) sum /= static_cast<double>(bar.struck.size());
   sum += kPerColumnOfTail * static_cast<double>(std::abs(frame.tail));
   sum += width % m_metre.beats == 0 ? 0 : kUnevenBeats;
   return sum + kPerColumnOfLead * static_cast<double>(std::max<std::ptrdiff_t>(frame.lead - 1, 0));
 }
 
-/// That of all bars, unless this one is written otherwise and makes sense by itself.
+/// Whether less than an eighth comes before the first note, which is more often space than a rest.
+bool ColumnTimes::beginsLate(const TabBar& bar, const Frame& frame, std::ptrdiff_t columns) const {
+  if (bar.struck.empty()) return false;
+  const std::ptrdiff_t before = static_cast<std::ptrdiff_t>(bar.struck.front().from) - frame.lead;
+  return before > 0 && before * m_length * 2 < kGrainsOfQuarter * columns;
+}
+
+/// That of all bars, unless this one is written otherwise and makes sense by itself. One that makes
+/// none begins with its first note where that may be: the columns before it are space.
 ColumnTimes::Frame ColumnTimes::frameOf(const TabBar& bar) const {
   double least = badness(bar, m_frame);
-  if (least < kTooStrange) return m_frame;
+  if (least < kTooStrange || bar.struck.empty()) return m_frame;
+  const auto first = static_cast<std::ptrdiff_t>(bar.struck.front().from);
+  const bool beginsAsOthers = first == m_frame.lead;
   Frame best = m_frame;
+  if (first > m_frame.lead && first <= kMostLead) best.lead = first;
   for (std::ptrdiff_t lead = 0; lead <= kMostLead; ++lead) {
+    if (beginsAsOthers && lead != m_frame.lead) continue;
     for (std::ptrdiff_t tail = -kMostTail; tail <= kMostTail; ++tail) {
       const double here = badness(bar, {lead, tail});
       if (here >= kTooStrange || here >= least) continue;

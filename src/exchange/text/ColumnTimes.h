@@ -39,6 +39,7 @@ class ColumnTimes {
   double strangenessOf(std::int64_t at) const;
   /// The least strange of the places that may be meant; nowhere where none is on a grid.
   Place placeOf(const Struck& struck, const Frame& frame, std::ptrdiff_t columns) const;
+  bool beginsLate(const TabBar& bar, const Frame& frame, std::ptrdiff_t columns) const;
   Frame frameOf(const TabBar& bar) const;
   void findUsual(const std::vector<const TabBar*>& bars);
   TimedBar placed(const TabBar& bar, const Frame& frame, std::ptrdiff_t columns) const;
