@@ -35,7 +35,7 @@ struct Analysis {
   std::size_t frames = 0;
   /// The amplitude of an activation of 1; 0 for a silent recording.
   double ref = 0;
-  /// How far the recording's A lies above 440 Hz, in cents, -50..50.
+  /// How far the recording's A lies above 440 Hz, in cents: at most 50 from what was expected.
   double tuningOffset = 0;
 
   /// frame < frames, pitch in [kLowestPitch, kLowestPitch + kPitches).

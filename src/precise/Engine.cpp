@@ -233,7 +233,7 @@ Slices Engine::State::tune() {
     tuning.look(m_recording.full(), i);
     co_yield share(i, windows);
   }
-  m_tuningOffset = tuning.offset(m_experience.tuning);
+  m_tuningOffset = Tuning::nearest(tuning.offset(m_experience.tuning), m_experience.expectedOffset);
 }
 
 Slices Engine::State::see() {

@@ -13,6 +13,7 @@ namespace korvel::precise {
 /// What the windows of a long recording that were heard before tell of it as a whole: how it is
 /// tuned, how loud it is, how it hums, how its instrument sounds.
 struct Experience {
+  double expectedOffset = 0;  ///< In cents; the tuning is read as less than half a semitone off it.
   Tuning::Earlier tuning{};
   Levels::Earlier levels{};
   Flux::Earlier flux{};

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "fingering/FingeringOptions.h"
+#include "music/ConcertPitch.h"
 
 namespace korvel::precise {
 
@@ -25,6 +26,8 @@ inline double thresholdOf(double sensitivity) {
 struct Settings {
   /// 0..1: how faint or doubtful a note may be; 0.5 is the most probable reading.
   double sensitivity = 0.5;
+  /// Hertz that the A is tuned to, within half a semitone: what is heard is read as near that.
+  double concertA = kHertzOfConcertA;
   FingeringOptions fingering{};
 };
 

@@ -23,8 +23,13 @@ namespace korvel::precise {
 /// answers false, and add on, unless it is still full. One thread at a time.
 class WindowedEngine {
  public:
-  /// As of the engine.
-  explicit WindowedEngine(double sensitivity = 0.5) : m_sensitivity(sensitivity) { begin({}); }
+  /// As of the engine. expectedOffset: how far the A lies above 440 Hz, in cents; what is heard is
+  /// less than half a semitone off that.
+  explicit WindowedEngine(double sensitivity = 0.5, double expectedOffset = 0)
+      : m_sensitivity(sensitivity) {
+    m_experience.expectedOffset = expectedOffset;
+    begin({});
+  }
 
   WindowedEngine(const WindowedEngine&) = delete;
   WindowedEngine& operator=(const WindowedEngine&) = delete;

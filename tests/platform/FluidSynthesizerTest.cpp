@@ -26,6 +26,7 @@ class Guitar {
     return samples;
   }
   void silence() { m_synth.silence(); }
+  void tune(double cents) { m_synth.tune(cents); }
 
  private:
   FluidSynthesizer m_synth{test::kSoundFont, {kGuitar}};
@@ -47,6 +48,25 @@ TEST(FluidSynthesizer, sixStringsAreLoudAndNotClipped) {
   }
   EXPECT_GT(peak, 6000);
   EXPECT_LT(peak, 28000);
+}
+
+/// Crossings of zero, upwards, in a second.
+int cyclesOf(Guitar& guitar, int note) {
+  guitar.strike(note);
+  guitar.render(4096);
+  const auto samples = guitar.render(Synthesizer::kSampleRate);
+  int cycles = 0;
+  for (std::size_t i = 2; i < samples.size(); i += 2)
+    cycles += samples[i - 2] < 0 && samples[i] >= 0 ? 1 : 0;
+  guitar.silence();
+  return cycles;
+}
+
+TEST(FluidSynthesizer, aGuitarThatIsTunedLowerSoundsLower) {
+  Guitar low, usual;
+  low.tune(-100);
+  const double ratio = static_cast<double>(cyclesOf(low, 76)) / cyclesOf(usual, 76);
+  EXPECT_NEAR(ratio, std::exp2(-1 / 12.0), 0.02);
 }
 
 TEST(FluidSynthesizer, silenceIsExactAndTheNextNoteStartsAtOnce) {

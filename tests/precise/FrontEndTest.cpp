@@ -96,6 +96,9 @@ TEST(Tuning, isFoundWithinTwoCents) {
     EXPECT_NEAR(tuning.offset(), cents, 2);
   }
   EXPECT_EQ(Tuning().offset(), 0) << "nothing sounds";
+  EXPECT_EQ(Tuning::nearest(-30, 0), -30);
+  EXPECT_EQ(Tuning::nearest(-1, -101), -101) << "A = 415 Hz";
+  EXPECT_EQ(Tuning::nearest(48, -40), -52);
 }
 
 TEST(Flux, risesWhereAPitchBeginsWhateverTheLevel) {

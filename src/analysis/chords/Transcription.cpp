@@ -8,6 +8,7 @@
 #include "audio/QBSampleSource.h"
 #include "chords/SoloOrBand.h"
 #include "fingering/TuningFit.h"
+#include "music/ConcertPitch.h"
 #include "platform/loop/Deadline.h"
 #include "precise/Analysis.h"
 
@@ -23,13 +24,16 @@ constexpr int kPartsOfStep = 20;
 constexpr double kShareOfReading = 0.25;
 constexpr double kShareOfHearing = 0.6;
 constexpr double kShareOfFingering = 0.05;
+constexpr double kCentsOfHalfTone = 100;
+
+double centsOf(double concertA) { return kCentsOfHalfTone * halfTonesAboveConcertA(concertA); }
 
 }  // namespace
 
 Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
                              const HearingSettings& settings)
     : m_source(std::move(source)),
-      m_engine(settings.sensitivity),
+      m_engine(settings.sensitivity, centsOf(settings.concertA)),
       m_open(open),
       m_settings(settings),
       m_fingering(open, settings.fingering),

@@ -128,6 +128,17 @@ void addDetectionFlags(Command& command, HearingSettings& settings) {
   command.checkAtOnce([&fingering] { requireOnTheNeck(fingering); });
 }
 
+void addConcertPitchFlag(Command& command, HearingSettings& settings) {
+  constexpr double kLowestA = 410;
+  constexpr double kHighestA = 470;
+  command
+      .option("--a4", settings.concertA,
+              "Hertz that its A is tuned to, when that is half a semitone off 440 or more, such as "
+              "415")
+      .within(kLowestA, kHighestA)
+      .shownAs("HERTZ");
+}
+
 void addPlayersFlag(Command& command, HearingSettings& settings) {
   const auto read = [&settings](const std::string& word) {
     for (const NamedPlayers& each : kPlayers)

@@ -19,6 +19,8 @@ void addDetectionFlags(Command& command, HearingSettings& settings);
 /// The same and --detection, with which they have no meaning when that uses no settings. What is
 /// chosen so far is the default.
 void addDetectionFlags(Command& command, const Detection*& detection, HearingSettings& settings);
+/// Offers --a4, for recordings of one guitar.
+void addConcertPitchFlag(Command& command, HearingSettings& settings);
 /// Offers --what; what is chosen so far is the default.
 void addPlayersFlag(Command& command, HearingSettings& settings);
 /// Offers --strum, for a band.

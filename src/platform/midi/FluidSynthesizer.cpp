@@ -18,6 +18,8 @@ namespace {
 constexpr double kGain = 2.0;
 constexpr std::size_t kFramesAtOnce = 512;
 constexpr int kPercussionBank = 128;
+constexpr int kPercussionChannel = 9;
+constexpr std::size_t kKeys = 128;
 constexpr int kNibble = 4;
 constexpr int kDataBits = 7;
 
@@ -89,6 +91,18 @@ FluidSynthesizer::FluidSynthesizer(const std::filesystem::path& soundFont,
 }
 
 FluidSynthesizer::~FluidSynthesizer() = default;
+
+void FluidSynthesizer::tune(double cents) {
+  constexpr double kCentsOfKey = 100;
+  constexpr int kOurs = 0;
+  std::array<double, kKeys> pitches{};
+  for (std::size_t key = 0; key < pitches.size(); ++key)
+    pitches[key] = kCentsOfKey * static_cast<double>(key) + cents;
+  fluid_synth_t* synth = m_engine->synth.get();
+  fluid_synth_activate_key_tuning(synth, kOurs, kOurs, "Korvel", pitches.data(), 0);
+  for (int channel = 0; channel < fluid_synth_count_midi_channels(synth); ++channel)
+    if (channel != kPercussionChannel) fluid_synth_activate_tuning(synth, channel, kOurs, kOurs, 0);
+}
 
 void FluidSynthesizer::noteOn(const MidiNoteMessage& note) {
   fluid_synth_noteon(m_engine->synth.get(), note.channel, note.note, note.velocity);

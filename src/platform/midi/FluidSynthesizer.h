@@ -18,6 +18,7 @@ class FluidSynthesizer final : public Synthesizer {
   FluidSynthesizer(const std::filesystem::path& soundFont, const std::vector<int>& programs);
   ~FluidSynthesizer() override;
 
+  void tune(double cents) override;
   void noteOn(const MidiNoteMessage& note) override;
   void noteOff(const MidiNoteMessage& note) override;
   void channelMessage(const MidiChannelMessage& message) override;

@@ -39,6 +39,8 @@ class MusicPlayer {
   /// Before it plays: a recording that is heard beside the sequence. What is played again then is
   /// what the deck turns back in, not a loop that is set here.
   void setDeck(std::unique_ptr<Deck> deck);
+  /// Before it plays: how far the guitar's A lies above 440 Hz, in cents.
+  void tune(double cents) { m_synthesizer->tune(cents); }
   bool hasDeck() const { return m_deck != nullptr; }
   Deck* deck() { return m_deck.get(); }
   /// How loud the deck's recording and the guitar are; without effect where there is none.

@@ -20,6 +20,8 @@ class Synthesizer {
   Synthesizer& operator=(const Synthesizer&) = delete;
   virtual ~Synthesizer() = default;
 
+  /// All notes but percussion sound so many cents higher than at A = 440 Hz; before the first one.
+  virtual void tune(double /*cents*/) {}
   virtual void noteOn(const MidiNoteMessage& note) = 0;
   virtual void noteOff(const MidiNoteMessage& note) = 0;
   virtual void channelMessage(const MidiChannelMessage& message) = 0;

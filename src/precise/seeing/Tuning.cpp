@@ -71,6 +71,11 @@ void Tuning::collect(std::span<const float> magnitudes) {
   }
 }
 
+double Tuning::nearest(double offset, double expected) {
+  constexpr double kSemitone = 100;
+  return offset + kSemitone * std::round((expected - offset) / kSemitone);
+}
+
 double Tuning::offset(Earlier& earlier) const {
   auto& [sum, largest] = earlier;
   largest = std::max(largest, m_largest);

@@ -35,6 +35,9 @@ class Tuning {
   }
   /// The same beside the windows before, to which this one is added.
   double offset(Earlier& earlier) const;
+  /// An offset, of which whole semitones cannot be heard, read as near to the expected one as can
+  /// be.
+  static double nearest(double offset, double expected);
 
  private:
   struct Peak {

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "model/recorded/ConcertA.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
 #include "platform/text/UserError.h"
@@ -30,6 +31,7 @@ namespace korvel::ui {
 RecordingMenu::RecordingMenu(const Parts& parts, QWidget* parent)
     : QMenu(tr("Re&cording"), parent), m_parts(parts) {
   addSources();
+  addPitch();
   addSeparator();
   addAction(tr("&What Was This?"), tr("Ctrl+H"), this,
             [this] { m_parts.moments.listenTo(m_parts.tablature.cursorChord()); });
@@ -73,6 +75,19 @@ void RecordingMenu::addSources() {
           [this, apart] { apart->setChecked(m_parts.mix.sound().apart); });
 }
 
+void RecordingMenu::addPitch() {
+  m_recordedPitch = addAction(tr("Guitar Tuned as the Recording"));
+  m_recordedPitch->setCheckable(true);
+  connect(m_recordedPitch, &QAction::triggered, this, [this](bool on) {
+    PlayedSound sound = m_parts.mix.sound();
+    sound.recordedPitch = on;
+    m_parts.mix.set(sound);
+  });
+  const auto show = [this] { m_recordedPitch->setChecked(m_parts.mix.sound().recordedPitch); };
+  connect(&m_parts.mix, &SoundMix::changed, m_recordedPitch, show);
+  show();
+}
+
 void RecordingMenu::setSong(QBSong* song) {
   m_song = song;
   // So that it is known to be the recording by the time that it is to be heard.
@@ -83,6 +98,10 @@ void RecordingMenu::setSong(QBSong* song) {
 void RecordingMenu::enable() {
   const SongRecording* recording = m_song ? m_song->recording() : nullptr;
   m_find->setEnabled(recording);
+  m_recordedPitch->setEnabled(recording);
+  m_recordedPitch->setText(recording ? tr("Guitar Tuned as the Recording: %1")
+                                           .arg(toText(concertAText(recordedCentsOf(*m_song))))
+                                     : tr("Guitar Tuned as the Recording"));
   std::error_code unknown;
   m_keep->setEnabled(recording && !std::filesystem::exists(keptSoundOf(*recording), unknown));
 }

@@ -48,6 +48,7 @@ class RecordingMenu final : public QMenu {
 
  private:
   void addSources();
+  void addPitch();
   void enable();
   void keep();
 
@@ -56,6 +57,7 @@ class RecordingMenu final : public QMenu {
   QStringList m_lost;  ///< Of which it was told.
   QAction* m_find;
   QAction* m_keep;
+  QAction* m_recordedPitch = nullptr;
 };
 
 }  // namespace korvel::ui

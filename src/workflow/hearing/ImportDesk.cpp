@@ -5,6 +5,7 @@
 
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/ConcertA.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
@@ -156,6 +157,7 @@ HearingSettings ImportDesk::settingsFor(const QBSong& song, const Otherwise& oth
   if (const auto read = recording ? rhythm::storedRhythm(recording->rhythm()) : std::nullopt)
     settings.rhythm = read->wishes;
   if (recording) settings.players = recording->isBand() ? Players::band : Players::guitar;
+  settings.concertA = recordedAOf(song);
   if (otherwise.players) settings.players = *otherwise.players;
   if (song.isWhole()) settings.voices = otherwise.voices;
   if (settings.players == Players::band) settings.grid = Grid::beats;

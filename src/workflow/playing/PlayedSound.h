@@ -11,6 +11,8 @@ namespace korvel {
 
 /// What is heard of a song, and how a loop of it is practised.
 struct PlayedSound {
+  /// The guitar is tuned as the recording, whose A may not be at 440 Hz.
+  bool recordedPitch = false;
   double mix = 1;         ///< 0 the recording alone, 1 the guitar alone; in the middle both whole.
   bool apart = false;     ///< The recording on the left, the guitar on the right.
   double cents = 0;       ///< By which the recording is transposed.

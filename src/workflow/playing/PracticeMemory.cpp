@@ -65,6 +65,7 @@ void readWord(const std::string& name, const std::string& value, PractisedSong& 
   if (name == "rate") practised.rate = std::clamp(number, kSlowestPractice, kFastestPractice);
   if (name == "mix") practised.sound.mix = std::clamp(number, 0.0, 1.0);
   if (name == "apart") practised.sound.apart = number != 0;
+  if (name == "recorded-pitch") practised.sound.recordedPitch = number != 0;
   if (name == "cents") practised.sound.cents = std::clamp(number, -kMostCents, kMostCents);
   if (name == "silent" && number >= 0)
     practised.sound.silent.strings = static_cast<unsigned>(number) & kAllStrings;
@@ -78,6 +79,7 @@ std::string textOf(const PractisedSong& practised) {
   writer.add("rate", practised.rate, 0);
   writer.add("mix", sound.mix, 1);
   writer.add("apart", sound.apart ? 1 : 0, 0);
+  writer.add("recorded-pitch", sound.recordedPitch ? 1 : 0, 0);
   writer.add("cents", sound.cents, 0);
   writer.add("silent", sound.silent.strings, 0);
   if (sound.silent.voice != OwnVoice::none)

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "model/recorded/ConcertA.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "music/ChordStep.h"
@@ -116,8 +117,10 @@ void QBPlayerViewController::begin(QBSong& song) {
 /// Strict tempo is of no use beside a recording, which has its own.
 void QBPlayerViewController::fill(QBSong& song) {
   const bool strict = m_strict && !m_recording;
+  auto player = m_newPlayer();
+  if (player && m_sound.recordedPitch) player->tune(recordedCentsOf(song));
   m_midi = std::make_unique<QBMIDIPlayer>(
-      song, m_newPlayer(), strict ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded);
+      song, std::move(player), strict ? SongTime::Tempo::strict : SongTime::Tempo::asRecorded);
   m_midi->setPart(m_sound.silent);
   m_midi->setPartHeard(false);
   m_midi->scan(m_range.from, m_range.to);
@@ -259,9 +262,11 @@ void QBPlayerViewController::setClickVolume(double factor) {
 
 void QBPlayerViewController::setSound(const PlayedSound& sound) {
   const bool mutesOthers = sound.silent != m_sound.silent;
+  const bool isRetuned = sound.recordedPitch != m_sound.recordedPitch;
   m_sound = sound;
   if (!m_midi) return;
-  if (mutesOthers || (sound.hasRecording() && !m_isRecorded && m_notice.empty())) return replay();
+  if (mutesOthers || isRetuned || (sound.hasRecording() && !m_isRecorded && m_notice.empty()))
+    return replay();
   m_midi->setPitch(sound.cents);
   if (m_isRecorded) setLevels();
 }

@@ -212,6 +212,16 @@ void requireWholeFor(const Command& command, const ImportOptions& options) {
     throw UsageError("--what band", "is written in bars; leave --grid slices out");
 }
 
+/// The chords of a band are not read by the pitch that somebody says.
+void requireGuitarFor(const Command& command, const ImportOptions& options) {
+  if (!command.isGiven("--a4")) return;
+  if (!options.detection->usesSettings)
+    throw UsageError("--a4",
+                     "has no meaning with --detection " + std::string(options.detection->name));
+  if (options.settings.players != Players::guitar)
+    throw UsageError("--a4", "goes with --what guitar");
+}
+
 /// It is told of in any case.
 void findTuning(ImportOptions& options) {
   options.settings.takesTuning = options.tuning.has_value();
@@ -239,6 +249,7 @@ void addImport(Command& tool) {
                  "Tuning of the guitar, such as \"Drop D\", or the one that a recording is clearly "
                  "played in (auto)");
   addDetectionFlags(command, options.detection, options.settings);
+  addConcertPitchFlag(command, options.settings);
   addPlayersFlag(command, options.settings);
   addPieceFlags(command, options.piece);
   addStrumFlag(command, options.settings);
@@ -249,6 +260,7 @@ void addImport(Command& tool) {
   command.flag("--stepped", options.stepped, "Import step by step on a timer");
   command.checkLast([&] {
     requireWholeFor(command, options);
+    requireGuitarFor(command, options);
     if (!isNamed(options.tuning)) findTuning(options);
     if (options.title && options.files.size() > 1)
       throw UsageError("--title", "goes with a single file");

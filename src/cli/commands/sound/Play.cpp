@@ -123,14 +123,16 @@ void playOn(platform::AudioSystem& system, QBSong& song, const PlayOptions& opti
   proveRecording(song, options);
   Interrupts interrupts;  // first, so that a second Ctrl-C does not end what the first one began
   const LoopForNow loop(song, options.sound);
-  auto synthesizer = synthesizerFor(options.sound);
+  auto synthesizer = synthesizerFor(options.sound, song);
   ConsolePlayer console(rateOf(song, options.sound));
   QBPlayerViewController player(QBSession::session(), console, [&] {
     return std::make_unique<platform::MusicPlayer>(system, options.device, std::move(synthesizer));
   });
   player.setStrict(options.sound.strict);
   player.setLooping(options.repeatsLoop());
-  player.setSound(options.recording.played());
+  PlayedSound sound = options.recording.played();
+  sound.recordedPitch = options.sound.recordedPitch;
+  player.setSound(sound);
   const PlayingSession session(song, player);
   run(player, interrupts, options.seconds);
   if (!console.problem().empty()) throw CliError(named(console.problem(), options));

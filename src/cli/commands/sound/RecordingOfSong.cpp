@@ -9,6 +9,7 @@
 #include "cli/support/Console.h"
 #include "cli/support/Unlogged.h"
 #include "cli/support/choices/SongChoice.h"
+#include "model/recorded/ConcertA.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
 #include "workflow/recordings/KeptSounds.h"
@@ -22,10 +23,17 @@ struct RecordingOfSongOptions {
   std::string song;
   std::optional<std::string> file;
   bool keep = false;
+  bool pitch = false;
 };
+
+void printPitch(const QBSong& song) {
+  if (!song.recording()) throw CliError(fullTitle(song) + ": it was heard in no recording");
+  Console::attached().printLine(concertAText(recordedCentsOf(song)));
+}
 
 void printRecording(const RecordingOfSongOptions& options) {
   QBSong& song = chooseSong(options.song);
+  if (options.pitch) return printPitch(song);
   const Unlogged quiet;
   if (options.file) {
     if (const std::size_t others = placeRecording(song, *options.file); others > 0)
@@ -46,6 +54,7 @@ void addRecordingOfSong(Command& tool) {
   needStoredSong(command, options.song);
   command.option("--file", options.file, "Where it is now").shownAs("FILE");
   command.flag("--keep", options.keep, "Keep a copy of it beside the store, as FLAC");
+  command.flag("--pitch", options.pitch, "Print how its A is tuned instead, such as A = 415 Hz");
   command.does([&options] { printRecording(options); });
 }
 

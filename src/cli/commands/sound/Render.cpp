@@ -56,15 +56,15 @@ void writeInto(const OutputFile& file, Renderer& renderer) {
 
 /// Where only the recording is heard no SoundFont is needed.
 std::unique_ptr<platform::Synthesizer> guitarFor(const PlayedSound& sound,
-                                                 const SoundOptions& options) {
-  if (sound.levels().guitar > 0) return synthesizerFor(options);
+                                                 const SoundOptions& options, const QBSong& song) {
+  if (sound.levels().guitar > 0) return synthesizerFor(options, song);
   return std::make_unique<platform::SilentSynthesizer>();
 }
 
 void renderRecording(QBSong& song, const OutputFile& file, const RenderOptions& options) {
   const LoopForNow loop(song, options.sound);
   const PlayedSound played = options.recording.played();
-  const auto synthesizer = guitarFor(played, options.sound);
+  const auto synthesizer = guitarFor(played, options.sound, song);
   const auto recording = requireRecording(song);
   RecordingRenderer renderer(song, SongRenderer::loopOf(song),
                              {recording, played.levels(), std::exp2(played.cents / kCentsOfOctave),
@@ -92,7 +92,7 @@ void render(const RenderOptions& options) {
 
 void renderSong(QBSong& song, const OutputFile& file, const SoundOptions& sound) {
   const LoopForNow loop(song, sound);
-  const auto synthesizer = synthesizerFor(sound);
+  const auto synthesizer = synthesizerFor(sound, song);
   SongRenderer renderer(song, SongRenderer::loopOf(song), rateOf(song, sound), *synthesizer,
                         tempoOf(sound));
   if (renderer.isSilent())

@@ -156,6 +156,7 @@ void addTranscribe(Command& tool) {
   command.option("--tuning", options.tuning,
                  "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
   addDetectionFlags(command, options.settings);
+  addConcertPitchFlag(command, options.settings);
   addGridFlag(command, options.settings,
               "What --midi writes: bars (beats, default) or notes at the times they were heard at "
               "(slices)");

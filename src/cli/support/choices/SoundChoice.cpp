@@ -6,6 +6,7 @@
 #include "cli/support/CliError.h"
 #include "cli/support/Command.h"
 #include "cli/support/choices/SongChoice.h"
+#include "model/recorded/ConcertA.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "playback/ChordTimes.h"
@@ -32,6 +33,8 @@ void addSoundOptions(Command& command, SoundOptions& sound) {
       .excludes(rate);
   command.flag("--strict", sound.strict,
                "Keep strict tempo in a song on beats (default: as its recording went)");
+  command.flag("--recorded-pitch", sound.recordedPitch,
+               "Tuned as its recording, such as A = 415 Hz (default: A = 440 Hz)");
   command
       .option("--loop", sound.loop,
               "Positions of the chords to play (default: the song's loop, or all)")
@@ -41,8 +44,11 @@ void addSoundOptions(Command& command, SoundOptions& sound) {
       .shownAs("FILE");
 }
 
-std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options) {
-  return guitarSynthesizer(options.soundFont);
+std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options,
+                                                      const QBSong& song) {
+  auto synthesizer = guitarSynthesizer(options.soundFont);
+  if (options.recordedPitch) synthesizer->tune(recordedCentsOf(song));
+  return synthesizer;
 }
 
 double rateOf(QBSong& song, const SoundOptions& options) {

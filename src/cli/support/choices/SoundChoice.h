@@ -24,15 +24,17 @@ struct SoundOptions {
   std::optional<double> rate;            ///< The song's own when not given.
   std::optional<double> bpm;             ///< Beats a minute, in the place of a rate.
   bool strict = false;                   ///< A song on beats is not played as it was recorded.
+  bool recordedPitch = false;            ///< A is that of its recording.
   std::vector<int> loop;                 ///< Two positions for the song's own loop, or none.
   std::optional<std::string> soundFont;  ///< What is found when not given.
 };
 
-/// Offers --rate, --bpm, --strict, --loop and --soundfont.
+/// Offers --rate, --bpm, --strict, --recorded-pitch, --loop and --soundfont.
 void addSoundOptions(Command& command, SoundOptions& sound);
 
-/// Throws SoundFontError.
-std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options);
+/// For that song. Throws SoundFontError.
+std::unique_ptr<platform::Synthesizer> synthesizerFor(const SoundOptions& options,
+                                                      const QBSong& song);
 
 /// Throws CliError when beats a minute are asked of a song that is not on beats.
 double rateOf(QBSong& song, const SoundOptions& options);
