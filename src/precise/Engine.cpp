@@ -33,6 +33,8 @@
 #include "precise/solving/CoefficientTable.h"
 #include "precise/solving/NonNegativeSolver.h"
 #include "precise/solving/PluckedStrings.h"
+#include "precise/striking/NoteOnsets.h"
+#include "precise/striking/OnsetInputs.h"
 #include "precise/striking/ReattackFormula.h"
 #include "precise/striking/StrikeInputs.h"
 #include "precise/striking/StrikeNet.h"
@@ -51,7 +53,7 @@ constexpr Frame kAttackFrames = 8;
 
 /// A candidate whose own probability is less than this share of the one that is asked for is no
 /// note in any company.
-constexpr double kShareByItself = 0.5;
+constexpr double kShareByItself = 0.4;
 /// Progress: the share of judging that is spent on looking at each note by itself.
 constexpr double kShareOfEach = 0.7;
 /// Progress: the share of that which is spent on finding the loudest pitch of each frame.
@@ -111,6 +113,7 @@ class Engine::State {
   Slices judgeNotes();
   Slices judgeEach();
   Slices judgeInCompany();
+  Slices findOnsets();
   Slices findEnds();
   Slices giveBack();
 
@@ -165,6 +168,7 @@ std::span<const Engine::State::Pass> Engine::State::passes() {
       Pass{&State::trackCandidates, 0.05},
       Pass{&State::judgeReattacks, 0.05},
       Pass{&State::judgeNotes, 0.1},
+      Pass{&State::findOnsets, 0.02},
       Pass{&State::findEnds, 0.5},
       Pass{&State::giveBack, 0.02},
   };
@@ -396,12 +400,25 @@ Slices Engine::State::judgeInCompany() {
   m_probable.resize(m_candidates.size());
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     const bool mayBe = m_candidates[i].probability >= kShareByItself * m_threshold;
-    const double probability = logistic(companyTerms(), m_known[i]);
+    const double probability = probabilityInCompany(m_known[i]);
     m_probable[i] = mayBe && probability > m_threshold;
     m_candidates[i].probability = probability;
     co_yield kShareOfMeeting + kShareOfAdding +
         (1 - kShareOfMeeting - kShareOfAdding) * share(i, m_candidates.size());
   }
+}
+
+Slices Engine::State::findOnsets() {
+  const NoteOnsets noteOnsets(m_candidates);
+  std::vector<Frame> onsets(m_candidates.size());
+  for (std::size_t i = 0; i < onsets.size(); ++i) {
+    const OnsetInputs known(m_activations, m_turns, *m_flux, m_candidates[i]);
+    if (m_observer) m_observer->onset(m_candidates[i], known);
+    onsets[i] = noteOnsets.onsetOf(i, known);
+    co_yield share(i, onsets.size());
+  }
+  for (std::size_t i = 0; i < onsets.size(); ++i) m_candidates[i].onset = onsets[i];
+  sortByOnset(m_candidates);
 }
 
 Slices Engine::State::findEnds() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/Engine.h"
 
+#include "precise/judging/Company.h"
 #include "precise/judging/Observer.h"
 #include "precise/striking/StrikeNet.h"
 #include "support/Testing.h"
@@ -152,15 +153,17 @@ struct Counts final : Observer {
   void note(const Candidate& candidate, const Features<NoteFeature>& known) override {
     ++judged;
     if (candidate.probability == logistic(noteTerms(), known)) ++explained;
-    if (logistic(companyTerms(), known) > 0.5) probable.insert(pitchOf(candidate));
+    if (probabilityInCompany(known) > 0.5) probable.insert(pitchOf(candidate));
   }
+  void onset(const Candidate&, const OnsetInputs&) override { ++begun; }
   void frame(const Candidate&, Frame, const EndInputs::Inputs&) override { ++frames; }
 
   static int pitchOf(const Candidate& candidate) {
     return static_cast<int>(candidate.pitch) + Analysis::kLowestPitch;
   }
 
-  std::size_t all = 0, struckAgain = 0, joined = 0, judged = 0, explained = 0, frames = 0;
+  std::size_t all = 0, struckAgain = 0, joined = 0, judged = 0, explained = 0, begun = 0;
+  std::size_t frames = 0;
   std::multiset<int> probable;
 };
 
@@ -172,6 +175,7 @@ TEST(PreciseEngine, showsWhatItDecidesOn) {
   EXPECT_GE(counts.struckAgain, 2U);
   EXPECT_EQ(counts.judged, counts.all - counts.joined);
   EXPECT_EQ(counts.explained, counts.judged);
+  EXPECT_EQ(counts.begun, counts.probable.size());
   EXPECT_EQ(counts.probable, pitches(engine.take()));
 }
 

@@ -66,6 +66,13 @@ void FeatureFile::note(const Candidate& candidate,
   appendRow(m_notes, row);
 }
 
+void FeatureFile::onset(const Candidate& note, const precise::OnsetInputs& known) {
+  std::vector<double> row = placeOf(note);
+  row.push_back(note.reattack ? 1 : 0);
+  for (const auto& series : known.seen()) row.insert(row.end(), series.begin(), series.end());
+  appendRow(m_onsets, row);
+}
+
 void FeatureFile::frame(const Candidate& note, precise::Frame frame,
                         const precise::EndInputs::Inputs& known) {
   if (frame % kFrameStep != 0) return;
@@ -79,7 +86,8 @@ std::string FeatureFile::text() const {
   std::string text = "{\"hop\": ";
   append(text, Analysis::kHopSeconds);
   return text + ",\n" + list("tracked", m_tracked) + ",\n" + list("reattacks", m_reattacks) +
-         ",\n" + list("notes", m_notes) + ",\n" + list("frames", m_frames) + "}\n";
+         ",\n" + list("notes", m_notes) + ",\n" + list("onsets", m_onsets) + ",\n" +
+         list("frames", m_frames) + "}\n";
 }
 
 }  // namespace korvel::tools

@@ -14,6 +14,8 @@ namespace korvel::tools {
 ///   "reattacks": of these, the re-attacks, as [pitch, onset, end, peak, features...]
 ///   "notes": what was left when the re-attacks were judged, as [pitch, onset, end, peak,
 ///     probability by itself, features...]
+///   "onsets": of notes that were taken, as [pitch, onset, end, whether it is a re-attack, what is
+///     seen around the onset...]
 ///   "frames": of notes that were taken, some of the frames in which they may sound, as [pitch,
 ///     onset, frame, features...]
 /// Pitches are MIDI numbers, onsets and ends frames, and features stand in the order of their
@@ -25,6 +27,7 @@ class FeatureFile final : public precise::Observer {
                 const precise::StrikeInputs::Inputs& known) override;
   void note(const precise::Candidate& candidate,
             const precise::Features<precise::NoteFeature>& known) override;
+  void onset(const precise::Candidate& note, const precise::OnsetInputs& known) override;
   void frame(const precise::Candidate& note, precise::Frame frame,
              const precise::EndInputs::Inputs& known) override;
 
@@ -36,6 +39,7 @@ class FeatureFile final : public precise::Observer {
   std::string m_tracked;
   std::string m_reattacks;
   std::string m_notes;
+  std::string m_onsets;
   std::string m_frames;
 };
 

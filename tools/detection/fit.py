@@ -2,13 +2,16 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Fits the formulas and the networks of the precise detection and writes their tables.
 
-Usage: fit.py --clips DIR --features DIR [--only strikes|ends] [--without a,b] [--out DIR]
+Usage: fit.py --clips DIR --features DIR [--only strikes|judges|onsets|ends] [--without a,b]
+              [--out DIR]
 
 --clips has the notes of the recordings, as render.py writes them, --features what
-korvel-detection-features wrote of them. --only fits the networks for strings that are struck again, or
-those for ends; the rest stays. --without leaves guitars out, to measure with them. Writes
-StrikeWeights.cpp, EndWeights.cpp and Tables.cpp of the source tree by default. Prints how well the result does on
-guitars that it was not fitted on: the mean loss, and the share of the weight that is decided rightly.
+korvel-detection-features wrote of them. --only fits the networks for strings that are struck again,
+those that correct the formula for notes, those for onsets, or those for ends; the rest stays.
+--without leaves guitars out, to measure with them. Writes StrikeWeights.cpp, NoteWeights.cpp,
+OnsetWeights.cpp, EndWeights.cpp and Tables.cpp of the source tree by default. Prints how well the
+result does on guitars that it was not fitted on: the mean loss, and the share of the weight that is
+decided rightly.
 """
 import argparse
 import glob
@@ -26,7 +29,8 @@ from company import company
 
 PRECISE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '../../src/precise')
 TABLES = 'judging/Tables.cpp'
-STRIKES, ENDS = 'striking/StrikeWeights', 'ending/EndWeights'
+STRIKES, JUDGES, ONSETS, ENDS = ('striking/StrikeWeights', 'judging/NoteWeights',
+                                 'striking/OnsetWeights', 'ending/EndWeights')
 FOLDS = 4
 L2 = 3.0
 STEPS = 12
@@ -37,11 +41,22 @@ END_WEIGHTS = dict(clean=1, hard=.6, room=.8, amp=.6)
 # Where strings are struck again few notes end, and notes that ring until they are gone are rare.
 RESTRUCK_WEIGHT, RINGING_WEIGHT, RINGING = .4, 1.5, ('chords', 'ring')
 # How often a network is shown all.
-STRIKE_EPOCHS, END_EPOCHS = 8, 5
+STRIKE_EPOCHS, JUDGE_EPOCHS, ONSET_EPOCHS, END_EPOCHS = 8, 6, 3, 5
+# For the networks: what it counts that a candidate starts with a note, and what its share of notes;
+# less probable ones are surely none.
+STARTED, SHARED, LEAST = .7, .3, .01
+# Of recordings without notes, for the networks that judge notes.
+NOTHING_WEIGHT = 6
 SAME_ONSET = .06  # seconds
 # Of what a feature was, in percent; the rest is taken as the nearest of these.
 RANGE = (.2, 99.8)
-REATTACK_COLUMNS, NOTE_COLUMNS, FRAME_COLUMNS = 4, 5, 3
+LOWEST_PITCH, PITCHES = 38, 50
+REATTACK_COLUMNS, NOTE_COLUMNS, ONSET_COLUMNS, FRAME_COLUMNS = 4, 5, 4, 3
+# What is seen around an onset, as OnsetInputs.h has it: numbers a frame; frames in which a note may
+# begin, and which are seen beyond these, on either side.
+SERIES, REACH, AROUND = 7, 8, 6
+# The true onset may lie so far off; a frame within WIDTH of it counts the more, the nearer it is.
+FARTHEST, NEAR, WIDTH = .1, .05, 1.5  # seconds, seconds, frames
 
 
 class Clip:
@@ -58,17 +73,27 @@ class Clip:
             len(seen['reattacks']), -1 if seen['reattacks'] else REATTACK_COLUMNS)
         notes = np.array(seen['notes']).reshape(-1, NOTE_COLUMNS + width)
         self.reattacks, self.notes = reattacks[:, REATTACK_COLUMNS:], notes[:, NOTE_COLUMNS:]
-        self.pitch, self.onset, self.end, self.peak = notes[:, :4].T
+        self.pitch, self.onset, self.end, self.peak, self.by_itself = notes[:, :NOTE_COLUMNS].T
         self.struck = self.struck_again(seen['tracked'], reattacks, labels['notes'])
         self.true_share = self.shares(labels['notes'])
+        started = np.isfinite(self.distances(notes, labels['notes'], NEAR))
+        self.judged = STARTED * started + SHARED * self.true_share
         self.reattack_weights = np.full(len(reattacks), max(self.weight, STRIKE_WEIGHT),
                                         np.float32)
+        onsets = np.array(seen['onsets'], np.float32).reshape(
+            len(seen['onsets']), ONSET_COLUMNS + SERIES * (2 * (REACH + AROUND) + 1))
+        distances = self.distances(onsets, labels['notes'], FARTHEST)
+        near = np.abs(distances) <= REACH + .5
+        self.begins, self.beginning = begins(onsets[near], distances[near])
+        self.begin_weights = np.full(len(self.begins), onset_weight(labels), np.float32)
         frames = np.array(seen['frames'], np.float32).reshape(
             len(seen['frames']), -1 if seen['frames'] else FRAME_COLUMNS)
         frames = frames[self.are_of_notes(frames, labels['notes'])]
         self.frames = frames[:, FRAME_COLUMNS:]
         self.sounding = self.are_sounding(frames, labels['notes'])
         self.frame_weights = np.full(len(frames), frame_weight(labels), np.float32)
+        self.judge_weights = judge_weight(labels) * (
+            .6 + np.minimum((self.end - self.onset) * self.hop, 2))
         self.note_weights = self.weight * (.6 + np.minimum((self.end - self.onset) * self.hop, 2))
 
     def struck_again(self, tracked, reattacks, notes):
@@ -86,6 +111,23 @@ class Clip:
                 heard.add(number)
                 found.add((pitch, onset))
         return np.array([(pitch, onset) in found for pitch, onset in reattacks[:, :2]], float)
+
+    def distances(self, onsets, notes, farthest):
+        """How many frames the true note begins after each tracked onset; infinity where there is
+        none. Each has one partner at most, the nearest first."""
+        pairs = []
+        for number, note in enumerate(notes):
+            for i in np.flatnonzero(onsets[:, 0] == note['midi']):
+                distance = note['onset'] - onsets[i, 1] * self.hop
+                if abs(distance) <= farthest:
+                    pairs.append((abs(distance), number, i, distance))
+        distances = np.full(len(onsets), np.inf)
+        heard = set()
+        for _, number, i, distance in sorted(pairs):
+            if number not in heard and np.isinf(distances[i]):
+                heard.add(number)
+                distances[i] = distance / self.hop
+        return distances
 
     def shares(self, notes):
         """How much of each candidate lies in true notes of its pitch."""
@@ -119,6 +161,35 @@ class Clip:
         found = company(self.pitch, self.onset, self.end, self.peak, probability, self.hop)
         for name, values in found.items():
             self.notes[:, names.index(name)] = values
+
+
+OFFSETS = range(-REACH, REACH + 1)
+
+
+def begins(onsets, distances):
+    """What the network is shown of frames in which a note may begin, and how near they are to where
+    it does. Of those far from that every third."""
+    places, seen = onsets[:, :ONSET_COLUMNS], onsets[:, ONSET_COLUMNS:]
+    seen = seen.reshape(len(seen), SERIES, 2 * (REACH + AROUND) + 1)
+    pitch = (places[:, :1] - LOWEST_PITCH) / PITCHES
+    rows, near = [], []
+    for offset in OFFSETS:
+        share = np.maximum(0, 1 - np.abs(offset - distances) / WIDTH)
+        kept = (share > 0) | ((np.arange(len(seen)) + offset) % 3 == 0)
+        around = seen[kept, :, offset + REACH:offset + REACH + 2 * AROUND + 1]
+        rows.append(np.hstack([around.reshape(-1, SERIES * (2 * AROUND + 1)),
+                               np.full((len(around), 1), offset), pitch[kept], places[kept, 3:]]))
+        near.append(share[kept])
+    return np.vstack(rows).astype(np.float32), np.concatenate(near)
+
+
+def onset_weight(labels):
+    return END_WEIGHTS[labels['how']] * (.5 if labels['kind'].startswith('restruck') else 1)
+
+
+def judge_weight(labels):
+    nothing = labels['kind'].startswith('nothing')
+    return END_WEIGHTS[labels['how']] * NOTHING_WEIGHT if nothing else onset_weight(labels)
 
 
 def frame_weight(labels):
@@ -211,24 +282,53 @@ def folds_of(clips):
 
 
 def fit_networks(file, title, samples, folds, epochs):
-    """The text of that source. samples: of each clip the inputs, targets and weights."""
-    chosen = [number for number, (inputs, _, _) in enumerate(samples) if len(inputs)]
-    inputs, targets, weights = (np.concatenate(parts)
+    """The text of that source. samples: of each clip the inputs, targets and weights, and what is
+    added to the odds."""
+    samples = [sample if len(sample) > 3 else (*sample, np.zeros(len(sample[1]), np.float32))
+               for sample in samples]
+    chosen = [number for number, sample in enumerate(samples) if len(sample[0])]
+    inputs, targets, weights, base = (np.concatenate(parts)
                                 for parts in zip(*(samples[number] for number in chosen)))
     of_fold = np.repeat([folds[number] for number in chosen],
                         [len(samples[number][1]) for number in chosen])
     found = np.zeros(len(targets))
     for fold in np.unique(of_fold):
         there = of_fold == fold
-        fitted = networks.Networks(inputs[~there], targets[~there], weights[~there], epochs)
-        found[there] = logistic(fitted.odds(inputs[there]))
+        fitted = networks.Networks(inputs[~there], targets[~there], weights[~there], epochs,
+                                   base[~there])
+        found[there] = logistic(fitted.odds(inputs[there]) + base[there])
     report(title, found, targets, weights)
-    return networks.file_text(file, networks.Networks(inputs, targets, weights, epochs))
+    return networks.file_text(file, networks.Networks(inputs, targets, weights, epochs, base))
 
 
 def fit_strikes(clips, folds):
     samples = [(clip.reattacks, clip.struck, clip.reattack_weights) for clip in clips]
     return fit_networks(STRIKES, 'struck again', samples, folds, STRIKE_EPOCHS)
+
+
+def fit_judges(clips, folds):
+    """What the formula for notes in company, as built, leaves to be said."""
+    with open(os.path.join(PRECISE, 'judging/Tables.h')) as file:
+        names = tables.names_of(file.read(), 'NoteFeature')
+    with open(os.path.join(PRECISE, TABLES)) as file:
+        source = file.read()
+    terms, weights = tables.terms_in(source, 'companyTerms', names)
+    least, most = tables.ranges_in(source, 'NoteFeature')
+    first, second = np.array(terms).T
+    samples = []
+    for clip in clips:
+        kept = clip.by_itself > LEAST
+        notes = clip.notes[kept]
+        limited = np.clip(notes, least, most)
+        odds = (limited[:, first] * limited[:, second]) @ weights
+        samples.append((notes[:, 1:].astype(np.float32), clip.judged[kept],
+                        clip.judge_weights[kept].astype(np.float32), odds.astype(np.float32)))
+    return fit_networks(JUDGES, 'notes by networks', samples, folds, JUDGE_EPOCHS)
+
+
+def fit_onsets(clips, folds):
+    samples = [(clip.begins, clip.beginning, clip.begin_weights) for clip in clips]
+    return fit_networks(ONSETS, 'onsets', samples, folds, ONSET_EPOCHS)
 
 
 def fit_ends(clips, folds):
@@ -274,7 +374,7 @@ def main():
     parser.add_argument('--clips', required=True, metavar='DIR')
     parser.add_argument('--features', required=True, metavar='DIR')
     parser.add_argument('--out', metavar='DIR')
-    parser.add_argument('--only', choices=['strikes', 'ends'])
+    parser.add_argument('--only', choices=['strikes', 'judges', 'onsets', 'ends'])
     parser.add_argument('--without', default='', help='guitars')
     options = parser.parse_args()
     with open(os.path.join(PRECISE, 'judging/Tables.h')) as file:
@@ -282,10 +382,10 @@ def main():
     note_names = tables.names_of(header, 'NoteFeature')
     clips = read_clips(options, len(note_names))
     folds = folds_of(clips)
-    if options.only != 'ends':
-        write(options, STRIKES + '.cpp', fit_strikes(clips, folds))
-    if options.only != 'strikes':
-        write(options, ENDS + '.cpp', fit_ends(clips, folds))
+    for name, file, fitted in (('strikes', STRIKES, fit_strikes), ('judges', JUDGES, fit_judges),
+                               ('onsets', ONSETS, fit_onsets), ('ends', ENDS, fit_ends)):
+        if options.only in (None, name):
+            write(options, file + '.cpp', fitted(clips, folds))
     if not options.only:
         write(options, TABLES, tables.file_text(fit_notes(clips, folds, note_names)))
 

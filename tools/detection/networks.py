@@ -64,10 +64,10 @@ class Network:
     def odds(self, inputs):
         return self.cells(self.scaled(inputs))[-1][:, 0]
 
-    def slopes(self, scaled, targets, weights):
+    def slopes(self, scaled, targets, weights, base):
         """Of the mean loss, in the order of the layers."""
         cells = self.cells(scaled)
-        p = 1 / (1 + np.exp(-np.clip(cells[-1][:, 0], -30, 30)))
+        p = 1 / (1 + np.exp(-np.clip(cells[-1][:, 0] + base, -30, 30)))
         error = ((p - targets) * weights / len(p))[:, None].astype(np.float32)
         of_weights, of_biases = [], []
         for number, (layer, _) in reversed(list(enumerate(self.pairs()))):
@@ -79,20 +79,22 @@ class Network:
 
 
 class Networks:
-    """Several that differ in how they began. What they say together is the mean."""
+    """Several that differ in how they began. What they say together is the mean. base: what else is
+    added to the odds, which the networks correct; it is not theirs to say."""
 
-    def __init__(self, inputs, targets, weights, epochs):
-        self.all = [fit(inputs, targets, weights, epochs, seed) for seed in range(NETWORKS)]
+    def __init__(self, inputs, targets, weights, epochs, base=None):
+        self.all = [fit(inputs, targets, weights, epochs, seed, base) for seed in range(NETWORKS)]
 
     def odds(self, inputs):
         return np.mean([network.odds(inputs) for network in self.all], axis=0)
 
 
-def fit(inputs, targets, weights, epochs, seed):
+def fit(inputs, targets, weights, epochs, seed, base=None):
     """A network that was shown all of it, by Adam, in steps that get shorter."""
     r = np.random.RandomState(seed)
     network = Network(inputs, r)
     scaled = network.scaled(inputs)
+    base = np.zeros(len(scaled), np.float32) if base is None else base.astype(np.float32)
     means = [np.zeros_like(layer) for layer in network.layers]
     squares = [np.zeros_like(layer) for layer in network.layers]
     steps, step = epochs * -(-len(scaled) // BATCH), 0
@@ -100,7 +102,8 @@ def fit(inputs, targets, weights, epochs, seed):
         order = r.permutation(len(scaled))
         for start in range(0, len(order), BATCH):
             chosen = order[start:start + BATCH]
-            slopes = network.slopes(scaled[chosen], targets[chosen], weights[chosen])
+            slopes = network.slopes(scaled[chosen], targets[chosen], weights[chosen],
+                                    base[chosen])
             step += 1
             rate = RATE * .5 * (1 + np.cos(np.pi * step / steps))
             for layer, slope, mean, square in zip(network.layers, slopes, means, squares):

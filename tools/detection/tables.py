@@ -43,6 +43,20 @@ def names_of(header, enum):
     return [name.strip() for name in body.split(',') if name.strip() != 'Count']
 
 
+def terms_in(source, function, names):
+    """The terms of a function of Tables.cpp: pairs of indices, and their weights."""
+    body = re.search(r'%s\(\) {.*?\n}\n' % function, source, re.S)[0]
+    found = re.findall(r'{(\w+), (\w+), (-?[\d.]+)}', body)
+    return ([(names.index(a), names.index(b)) for a, b, _ in found],
+            [float(weight) for _, _, weight in found])
+
+
+def ranges_in(source, enum):
+    """Least and most of each feature, as Tables.cpp has them."""
+    body = re.search(r'rangesOf\(%s\) {.*?\n}\n' % enum, source, re.S)[0]
+    return zip(*((float(a), float(b)) for a, b in re.findall(r'{(-?[\d.]+), (-?[\d.]+)},', body)))
+
+
 def terms_of(names, products=()):
     """Pairs of indices: every feature by itself, squares, products. The first is the constant."""
     pairs = [('One', name) for name in names]

@@ -9,6 +9,7 @@
 #include <optional>
 #include <tuple>
 
+#include "precise/judging/NoteWeights.h"
 #include "precise/judging/OnsetIndex.h"
 
 namespace korvel::precise {
@@ -149,6 +150,15 @@ void Company::add(std::size_t i, Features<NoteFeature>& known) const {
   known[StrengthAbove] = std::log((found.strengthAbove + kSmall) / peak);
   known[StrengthBelow] = std::log((found.strengthBelow + kSmall) / peak);
   known[LikelyLouder] = found.louder;
+}
+
+double probabilityInCompany(const Features<NoteFeature>& known) {
+  std::array<float, static_cast<std::size_t>(NoteFeature::Count) - 1> inputs;
+  std::ranges::transform(known.values().subspan(1), inputs.begin(),
+                         [](double value) { return static_cast<float>(value); });
+  const double odds =
+      logOdds(companyTerms(), known) + static_cast<double>(logOdds(noteWeights(), inputs));
+  return 1 / (1 + std::exp(-odds));
 }
 
 }  // namespace korvel::precise

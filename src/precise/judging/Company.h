@@ -55,4 +55,8 @@ class Company {
   double m_texture = 0;
 };
 
+/// How probable it is that a candidate is a note, by all that is known of it and its company: what
+/// the formula says, corrected by small networks; see NoteWeights.
+double probabilityInCompany(const Features<NoteFeature>& known);
+
 }  // namespace korvel::precise

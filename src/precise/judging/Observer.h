@@ -6,6 +6,7 @@
 #include "precise/ending/EndInputs.h"
 #include "precise/judging/Candidate.h"
 #include "precise/judging/Logistic.h"
+#include "precise/striking/OnsetInputs.h"
 #include "precise/striking/StrikeInputs.h"
 
 namespace korvel::precise {
@@ -23,6 +24,8 @@ class Observer {
   /// A candidate that was not joined to another. All is known of it, its company too; its
   /// probability is that which it has by itself.
   virtual void note(const Candidate& candidate, const Features<NoteFeature>& known) = 0;
+  /// What is seen around the tracked onset of a candidate that was taken for a note.
+  virtual void onset(const Candidate& note, const OnsetInputs& known) = 0;
   /// A frame in which a candidate that was taken for a note may still sound; by notes, their frames
   /// in order.
   virtual void frame(const Candidate& note, Frame frame, const EndInputs::Inputs& known) = 0;

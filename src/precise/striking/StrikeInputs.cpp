@@ -6,6 +6,8 @@
 #include <cmath>
 #include <span>
 
+#include "precise/striking/StruckPartials.h"
+
 namespace korvel::precise {
 namespace {
 
@@ -18,39 +20,11 @@ constexpr Frame kTurnReach = StrikeInputs::kTurnFrames / 2;
 /// Keep ratios and logarithms of nothing in bounds.
 constexpr float kSmall = 0.05F;
 constexpr float kSmallNoise = 0.02F;
-/// Frames from a stroke to where it is asked who sounds.
-constexpr Frame kAround = 4;
 
 }  // namespace
 
 float StrikeInputs::activation(std::size_t pitch, Frame frame) const {
   return m_activations.rowNear(frame)[pitch];
-}
-
-/// As they are before and after the stroke.
-PartialShares StrikeInputs::sharesOf(const Candidate& candidate) const {
-  const auto sharesAt = [&](Frame frame) {
-    return sharesOfPartials(m_activations.rowNear(frame), candidate.pitch);
-  };
-  PartialShares shares = sharesAt(candidate.onset - kAround);
-  const PartialShares after = sharesAt(candidate.onset + kAround);
-  for (std::size_t i = 0; i < shares.size(); ++i)
-    shares[i] = (shares[i] + after[i]) / 2 + kSmallNoise;
-  return shares;
-}
-
-/// The mean of the group's partials, each by its share.
-float StrikeInputs::turn(std::size_t pitch, const PartialShares& shares, const PartialGroup& group,
-                         Frame frame) const {
-  const auto row = m_turns.rowNear(frame);
-  float sum = 0;
-  float all = 0;
-  for (std::size_t i = group.begin; i < group.end; ++i) {
-    const std::size_t bin = pitch + 1 + kPartials[i].distance;
-    if (bin < kOnsetBins) sum += shares[i] * row[bin];
-    all += shares[i];
-  }
-  return sum / all;
 }
 
 float* StrikeInputs::addLevels(const Candidate& candidate, float* next) const {
@@ -72,10 +46,12 @@ float* StrikeInputs::addNoise(Frame frame, float* next) const {
 }
 
 float* StrikeInputs::addTurns(const Candidate& candidate, float* next) const {
-  const PartialShares shares = sharesOf(candidate);
+  const StruckPartials partials(m_activations, candidate);
   for (const PartialGroup& group : kPartialGroups)
-    for (Frame offset = -kTurnReach; offset <= kTurnReach; ++offset)
-      *next++ = turn(candidate.pitch, shares, group, candidate.onset + offset);
+    for (Frame offset = -kTurnReach; offset <= kTurnReach; ++offset) {
+      const auto row = m_turns.rowNear(candidate.onset + offset);
+      *next++ = partials.mean(group, [row](std::size_t bin) { return row[bin]; });
+    }
   return next;
 }
 

@@ -35,9 +35,6 @@ class StrikeInputs {
 
  private:
   float activation(std::size_t pitch, Frame frame) const;
-  PartialShares sharesOf(const Candidate& candidate) const;
-  float turn(std::size_t pitch, const PartialShares& shares, const PartialGroup& group,
-             Frame frame) const;
 
   float* addLevels(const Candidate& candidate, float* next) const;
   float* addNoise(Frame frame, float* next) const;
