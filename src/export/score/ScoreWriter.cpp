@@ -326,8 +326,11 @@ void ScoreWriter::writeWords(const ScoreNote& note, const ScoreTone& tone) {
   for (; m_words < m_score.words.size() && m_score.words[m_words].unit < end; ++m_words)
     text += (text.empty() ? "" : " ") + m_score.words[m_words].text;
   if (text.empty()) return;
+  const bool goesOn = text.size() > 1 && text.ends_with('-') && text[text.size() - 2] != ' ';
+  if (goesOn) text.pop_back();
+  const bool wentOn = std::exchange(m_isInWord, goesOn);
   const auto lyric = m_xml->open("lyric");
-  m_xml->add("syllabic", "single");
+  m_xml->add("syllabic", wentOn ? (goesOn ? "middle" : "end") : (goesOn ? "begin" : "single"));
   m_xml->add("text", text);
 }
 

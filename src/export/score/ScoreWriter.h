@@ -69,6 +69,7 @@ class ScoreWriter {
   int m_beginOfBar = 0;     ///< In units from the first bar line.
   int m_unit = 0;           ///< Where the sign begins that is written.
   std::size_t m_words = 0;  ///< Of the score's, which were written.
+  bool m_isInWord = false;  ///< The last syllable ended with a hyphen.
   Voice m_voice = Voice::upper;
   std::optional<Meter> m_meter;           ///< The one that was written last.
   std::optional<ScoreHarmony> m_harmony;  ///< Likewise.

@@ -265,16 +265,27 @@ class Reader {
   // ---- lines of words
 
   void sungLine(std::string_view text) {
-    const auto first = text.find('[');
-    addWords(text.substr(0, first));
+    addWords(wordsOfPart(text));
     while (!text.empty()) {
       const auto open = text.find('[');
       const auto close = open == std::string_view::npos ? open : text.find(']', open);
       if (close == std::string_view::npos) return;
       addChord(text.substr(open + 1, close - open - 1));
       text.remove_prefix(close + 1);
-      addWords(text.substr(0, text.find('[')));
+      addWords(wordsOfPart(text));
     }
+  }
+
+  /// What stands before the next bracket; with a hyphen where that is inside of a word.
+  static std::string wordsOfPart(std::string_view text) {
+    const auto open = text.find('[');
+    std::string words(text.substr(0, open));
+    if (open == std::string_view::npos || words.empty()) return words;
+    const auto behind = text.find(']', open);
+    const bool goesOn = behind != std::string_view::npos && behind + 1 < text.size() &&
+                        isLetterOfWord(text[behind + 1]);
+    if (goesOn && isLetterOfWord(words.back())) words += '-';
+    return words;
   }
 
   void addWords(std::string_view text) {

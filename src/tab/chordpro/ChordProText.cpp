@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "music/Ticks.h"
+#include "tab/chordpro/ReadNames.h"
 
 namespace korvel {
 namespace {
@@ -72,6 +73,18 @@ std::string nameIn(const PageChord& chord) {
 
 // ---- sections with words
 
+/// With the hyphen of a syllable that others of its word follow.
+bool isInWord(const std::string& words) {
+  return words.size() > 1 && words.ends_with('-') && isLetterOfWord(words[words.size() - 2]);
+}
+
+/// Such a hyphen is none in a file, where the chord itself stands inside of the word.
+void joinSyllables(std::string& text) {
+  constexpr std::string_view kHyphen = "-[";
+  for (auto at = text.find(kHyphen); at != std::string::npos; at = text.find(kHyphen, at))
+    text.erase(at, 1);
+}
+
 /// A bar as chords in front of the words that are sung from them on.
 std::string sungBar(const PageBar& bar, std::size_t time) {
   std::string text;
@@ -79,7 +92,7 @@ std::string sungBar(const PageBar& bar, std::size_t time) {
   const auto& words = bar.words.at(time);
   const auto addWords = [&](double until) {
     for (; next < words.size() && words[next].beat < until; ++next)
-      text += plainWords(words[next].text) + ' ';
+      text += plainWords(words[next].text) + (isInWord(words[next].text) ? "" : " ");
   };
   for (const PageChord& chord : bar.chords) {
     addWords(chord.beat);
@@ -118,6 +131,7 @@ std::string sungSection(const PageSection& section, bool isInBars) {
     }
     text += "{end_of_verse}\n";
   }
+  joinSyllables(text);
   return text;
 }
 

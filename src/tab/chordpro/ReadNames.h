@@ -13,6 +13,11 @@ namespace korvel {
 
 class QBTabMgr;
 
+/// Also any part of one that is not ASCII.
+inline bool isLetterOfWord(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '\'' || (c & '\x80') != 0;
+}
+
 /// The names of chords as files write them.
 class ReadNames {
  public:
