@@ -436,11 +436,13 @@ void PageSheet::addWords(const Line& line, std::size_t index, Bar& placed) {
     const auto at = static_cast<std::size_t>(time);
     if (at >= bar.words.size()) continue;
     double free = place.left() + kPad * m_line;
+    // Below the chord, which stands behind a sign of repetition, if there is room.
+    const double from = free + (index == 0 && line.opens ? kRepeatWidth * m_line : 0);
     for (const PageWords& each : bar.words[at]) {
       const QString words = toText(each.text);
       const double width = widthOf(Role::plain, words) * line.scale;
       const double share = bar.beats > 0 ? each.beat / bar.beats : 0;
-      const double wanted = place.left() + kPad * m_line + share * place.width();
+      const double wanted = from + share * place.width();
       const double x = std::max(free, std::min(wanted, place.right() - width));
       addText({x, y, width + m_line, height}, words, Role::plain, line.scale);
       free = x + width + widthOf(Role::plain, " ") * line.scale;
