@@ -124,10 +124,11 @@ void keepWords(QBSong& source, QBSong& made) {
   if (source.isOnBeats()) return made.takeWordsOf(source);
   if (source.chords().size() != made.chords().size()) return;
   made.takeWordsOf(source);
+  std::vector<SungWords> words = lyricsOf(source);
+  if (words.empty()) return;
   const std::vector<int> before = ticksOfChords(source);
   const std::vector<int> now = ticksOfChords(made);
   if (before == now || before.size() != now.size()) return;
-  std::vector<SungWords> words = lyricsOf(source);
   for (SungWords& each : words) {
     const auto after = std::ranges::upper_bound(before, each.tick);
     const auto chord = after == before.begin() ? 0 : after - before.begin() - 1;
