@@ -222,6 +222,7 @@ std::vector<VoiceEvidence> voiceEvidence(const BandSound& sound, std::span<const
   std::vector<VoiceEvidence> result;
   for (std::size_t i = 0; i < places.size(); ++i) {
     result.push_back(PlaceJudge(sounds[i], strong, weights).judged(places[i].chord));
+    result.back().kind = places[i].kind;
     const Neighbours around{sounds[i > 0 ? i - 1 : i], sounds[i],
                             sounds[std::min(i + 1, places.size() - 1)]};
     for (int tone = weights.lowest; tone <= weights.highest; ++tone)

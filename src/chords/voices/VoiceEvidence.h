@@ -23,6 +23,7 @@ struct VoiceEvidence {
   /// Logarithms of probabilities: that it has each tone, from the lowest of its range on, or rests.
   std::vector<float> sounds;
   float rests = 0;
+  VoicePlace::Kind kind = VoicePlace::Kind::onBeat;
   /// Log-odds that each tone is struck again, if it sounds on from the place before.
   std::vector<float> restrikes;
 };

@@ -60,17 +60,20 @@ class LineSearch {
     const float held = m_worth[tone] + m_prices.restrike * logProbability(-odds);
     const float again = m_worth[tone] + m_prices.restrike * logProbability(odds) - m_prices.again;
     step = {static_cast<std::int16_t>(tone), again > held};
+    const bool isBetween = m_places[place].kind == VoicePlace::Kind::between;
+    const float begins = isBetween ? m_prices.between : 0;
     float best = std::max(held, again);
     for (std::size_t from = 0; from < m_tones; ++from) {
       if (from == tone) continue;
-      const float changed = m_worth[from] - leap(from, tone) - m_prices.change;
+      const float changed = m_worth[from] - leap(from, tone) - m_prices.change - begins;
       if (changed <= best) continue;
       best = changed;
       step = {static_cast<std::int16_t>(from), true};
     }
-    if (m_restWorth - m_prices.start <= best) return best;
+    const float afterRest = m_restWorth - m_prices.start - begins;
+    if (afterRest <= best) return best;
     step = {kRest, true};
-    return m_restWorth - m_prices.start;
+    return afterRest;
   }
 
   float leap(std::size_t from, std::size_t to) const {

@@ -44,7 +44,8 @@ constexpr VoiceWeights kMelody{
                .change = 0.12F,
                .again = 0,
                .restrike = 1,
-               .stop = 0.7F},
+               .stop = 0.7F,
+               .between = 1},
     .leastProbability = 0.6F,
     .leastClearness = 0.34F,
 };
@@ -89,7 +90,8 @@ constexpr VoiceWeights kBass{
                .change = 0.42F,
                .again = 0.16F,
                .restrike = 1,
-               .stop = 0.3F},
+               .stop = 0.3F,
+               .between = 1},
     .leastProbability = 0.68F,
     .leastClearness = 0.3F,
 };

@@ -52,6 +52,7 @@ struct VoicePrices {
   float again;     ///< For a tone that is struck again.
   float restrike;  ///< How much the evidence for and against that counts.
   float stop;      ///< Before a rest.
+  float between;   ///< For a tone that begins neither on a beat nor on its half.
 };
 
 struct VoiceWeights {
