@@ -82,7 +82,11 @@ _korvel_cli() {
       _korvel_cli_offer < <("${words[0]}" apply --list 2>/dev/null | sed -n 's/.*\[\([A-Za-z0-9_]*\)\]$/\1/p')
       ;;
     export)
-      ((cword == i + 1)) && _korvel_cli_offer < <("${words[0]}" list 2>/dev/null) || _filedir
+      if ((cword == i + 1)); then
+        _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
+      else
+        _filedir
+      fi
       ;;
     show | sheet | capo | lyrics | dump | delete | easy | strum | rhythm | doubts | correct | name | finger | grip | retune | loop | clone | rename | move | merge | extract | play | render | recording)
       _korvel_cli_offer < <("${words[0]}" list 2>/dev/null)
