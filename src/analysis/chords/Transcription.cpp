@@ -26,14 +26,18 @@ constexpr double kShareOfHearing = 0.6;
 constexpr double kShareOfFingering = 0.05;
 constexpr double kCentsOfHalfTone = 100;
 
-double centsOf(double concertA) { return kCentsOfHalfTone * halfTonesAboveConcertA(concertA); }
+/// In cents. The chords of a band are heard without it.
+double expectedOffset(const HearingSettings& settings) {
+  if (settings.players != Players::guitar || !(settings.concertA > 0)) return 0;
+  return kCentsOfHalfTone * halfTonesAboveConcertA(settings.concertA);
+}
 
 }  // namespace
 
 Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenPitches& open,
                              const HearingSettings& settings)
     : m_source(std::move(source)),
-      m_engine(settings.sensitivity, centsOf(settings.concertA)),
+      m_engine(settings.sensitivity, expectedOffset(settings)),
       m_open(open),
       m_settings(settings),
       m_fingering(open, settings.fingering),

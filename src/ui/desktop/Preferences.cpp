@@ -52,6 +52,7 @@ HearingSettings Preferences::detectionSettings() const {
   const std::string voices = m_store.value("detection/voices").toString().toStdString();
   settings.voices = chords::voicesNamed(voices).value_or(chords::Voices());
   settings.sensitivity = m_store.value("detection/sensitivity", settings.sensitivity).toDouble();
+  settings.concertA = m_store.value("detection/concertA", settings.concertA).toDouble();
   auto& fingering = settings.fingering;
   fingering.frets = m_store.value("detection/frets", fingering.frets).toInt();
   fingering.capo = m_store.value("detection/capo", fingering.capo).toInt();
@@ -68,6 +69,7 @@ void Preferences::setDetection(const Detection& detection, const HearingSettings
   m_store.setValue("detection/players", static_cast<int>(settings.players));
   m_store.setValue("detection/voices", toText(chords::namesOf(settings.voices)));
   m_store.setValue("detection/sensitivity", settings.sensitivity);
+  m_store.setValue("detection/concertA", settings.concertA);
   m_store.setValue("detection/frets", settings.fingering.frets);
   m_store.setValue("detection/capo", settings.fingering.capo);
   m_store.setValue("detection/position", static_cast<int>(settings.fingering.position.kind));

@@ -179,6 +179,7 @@ QWidget* SettingsDialog::detectionPage() {
   form->addRow(tr("Voices of a band"), m_voices);
   form->addRow(tr("&Written in"), m_grid);
   m_hearing = new HearingChoice(*form, settings);
+  m_hearing->addConcertPitch(*form, settings.concertA);
   m_keep = new QCheckBox(tr("&Keep copies of recordings with the songs"));
   m_keep->setChecked(preferences.keepsRecordings());
   form->addRow(m_keep);

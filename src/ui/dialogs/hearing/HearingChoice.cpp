@@ -2,6 +2,7 @@
 #include "ui/dialogs/hearing/HearingChoice.h"
 
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -62,8 +63,21 @@ HearingChoice::HearingChoice(QFormLayout& form, const precise::Settings& setting
   static_cast<QLabel*>(form.labelForField(place))->setBuddy(m_position);
 }
 
+void HearingChoice::addConcertPitch(QFormLayout& form, double hertz) {
+  constexpr double kLowest = 410;
+  constexpr double kHighest = 470;
+  m_concertA = new QDoubleSpinBox;
+  m_concertA->setRange(kLowest, kHighest);
+  m_concertA->setDecimals(0);
+  m_concertA->setSuffix(" Hz");
+  m_concertA->setToolTip(tr("A recording may lie half a semitone off; more only where you say so"));
+  m_concertA->setValue(hertz);
+  form.addRow(tr("A is tuned to"), m_concertA);
+}
+
 precise::Settings HearingChoice::settings() const {
   precise::Settings settings;
+  if (m_concertA) settings.concertA = m_concertA->value();
   settings.sensitivity = m_sensitivity->value() / kSensitivitySteps;
   settings.fingering.frets = m_frets->value();
   settings.fingering.capo = m_capo->value();

@@ -6,6 +6,7 @@
 #include "precise/Settings.h"
 
 class QComboBox;
+class QDoubleSpinBox;
 class QFormLayout;
 class QSlider;
 class QSpinBox;
@@ -21,6 +22,9 @@ class HearingChoice final : public QObject {
   /// Adds its rows to the form, and belongs to the form's widget.
   HearingChoice(QFormLayout& form, const precise::Settings& settings);
 
+  /// A row for where the A of recordings is expected, as a whole one is heard.
+  void addConcertPitch(QFormLayout& form, double hertz);
+
   precise::Settings settings() const;
 
  private:
@@ -29,6 +33,7 @@ class HearingChoice final : public QObject {
   QSpinBox* m_positionFret;
   QSpinBox* m_frets;
   QSpinBox* m_capo;
+  QDoubleSpinBox* m_concertA = nullptr;  ///< None without its row.
 };
 
 }  // namespace korvel::ui
