@@ -12,6 +12,7 @@
 #include "analysis/chords/Transcription.h"
 #include "fingering/Fingering.h"
 #include "model/instruments/SongTuning.h"
+#include "model/recorded/ConcertA.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
@@ -72,13 +73,19 @@ void insert(std::vector<rhythm::HeardAgain>& parts, rhythm::HeardAgain&& added) 
   parts = std::move(kept);
 }
 
+/// A part is as far off as the whole was, by whole half tones, too.
+HearingSettings inPitchOf(const QBSong& song, HearingSettings settings) {
+  settings.concertA = recordedAOf(song);
+  return settings;
+}
+
 }  // namespace
 
 PartHearing::PartHearing(QBSong& song, const SongCorrections::Part& part,
                          const HearingSettings& settings,
                          const std::optional<OpenPitches>& playedOn)
     : m_song(&song),
-      m_settings(settings),
+      m_settings(inPitchOf(song, settings)),
       m_playedOn(playedOn.value_or(openStringsOf(&song).pitches())) {
   const SongCorrections allowed(song);
   const std::filesystem::path file = requireFile(Proof::atOnce);
