@@ -4108,6 +4108,14 @@
         <source>&amp;Capo at fret</source>
         <translation>Ka&amp;podaster im Bund</translation>
     </message>
+    <message>
+        <source>A recording may lie half a semitone off; more only where you say so</source>
+        <translation>Eine Aufnahme darf einen halben Halbton daneben liegen, mehr nur, wenn du es sagst</translation>
+    </message>
+    <message>
+        <source>A is tuned to</source>
+        <translation>A ist gestimmt auf</translation>
+    </message>
 </context>
 <context>
     <name>korvel::ui::HelpWindow</name>
@@ -5139,6 +5147,14 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>%1 is the recording of the song; others that were lost with it and are there, too: %2</source>
         <translation>%1 ist die Aufnahme des Songs; andere, die mit ihr verloren waren und auch dort sind: %2</translation>
+    </message>
+    <message>
+        <source>Guitar Tuned as the Recording</source>
+        <translation>Gitarre gestimmt wie die Aufnahme</translation>
+    </message>
+    <message>
+        <source>Guitar Tuned as the Recording: %1</source>
+        <translation>Gitarre gestimmt wie die Aufnahme: %1</translation>
     </message>
 </context>
 <context>
