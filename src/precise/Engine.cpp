@@ -54,6 +54,10 @@ constexpr Frame kAttackFrames = 8;
 /// A candidate whose own probability is less than this share of the one that is asked for is no
 /// note in any company.
 constexpr double kShareByItself = 0.4;
+/// One that is so probable by itself, and probable enough in company to the formula, is one unless
+/// the networks leave it less than this share of what is asked for.
+constexpr double kSureByItself = 0.7;
+constexpr double kShareOfSure = 0.75;
 /// Progress: the share of judging that is spent on looking at each note by itself.
 constexpr double kShareOfEach = 0.7;
 /// Progress: the share of that which is spent on finding the loudest pitch of each frame.
@@ -399,9 +403,12 @@ Slices Engine::State::judgeInCompany() {
   }
   m_probable.resize(m_candidates.size());
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    const bool mayBe = m_candidates[i].probability >= kShareByItself * m_threshold;
+    const double byItself = m_candidates[i].probability;
     const double probability = probabilityInCompany(m_known[i]);
-    m_probable[i] = mayBe && probability > m_threshold;
+    const bool isSure =
+        byItself > kSureByItself && logistic(companyTerms(), m_known[i]) > m_threshold;
+    m_probable[i] = byItself >= kShareByItself * m_threshold &&
+                    probability > (isSure ? kShareOfSure : 1) * m_threshold;
     m_candidates[i].probability = probability;
     co_yield kShareOfMeeting + kShareOfAdding +
         (1 - kShareOfMeeting - kShareOfAdding) * share(i, m_candidates.size());
