@@ -51,7 +51,7 @@ QBSong* takePlace(QBSong* heard, QBSong* song, QBSession& session) {
   const platform::Ref<QBSong> fresh(heard);
   const platform::Ref<QBSong> old(song);
   QBTabMgr& db = QBTabMgr::of(*old);
-  const bool better = isBetter(*fresh, *old);
+  const bool better = isBetter(*fresh, *old), wasActive = session.activeSong() == old;
   const platform::Phrase title = old->isWhole() ? platform::phrase("UndoAction", "Hear Again")
                                                 : platform::phrase("UndoAction", "Go On Hearing");
   {
@@ -64,9 +64,9 @@ QBSong* takePlace(QBSong* heard, QBSong* song, QBSession& session) {
     }
   }
   if (!better) db.deleteSong(fresh);
-  session.refreshTree();
+  session.refreshTree();  // shows a neighbour of a song that is gone
   QBSong* const stays = better ? fresh.get() : old.get();
-  if (session.activeSong() == old) session.setActiveSong(stays);
+  if (wasActive) session.setActiveSong(stays);
   return stays;
 }
 
