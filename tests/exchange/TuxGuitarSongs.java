@@ -14,6 +14,7 @@ import java.util.List;
 import org.herac.tuxguitar.io.base.TGSongReader;
 import org.herac.tuxguitar.io.base.TGSongReaderHandle;
 import org.herac.tuxguitar.io.base.TGSongStreamContext;
+import org.herac.tuxguitar.io.gpx.v7.GPXInputStream;
 import org.herac.tuxguitar.io.gtp.GP5InputStream;
 import org.herac.tuxguitar.io.gtp.GTPSettings;
 import org.herac.tuxguitar.song.factory.TGFactory;
@@ -72,7 +73,8 @@ class TuxGuitarSongs {
     beats.sort(Comparator.comparingLong(TGBeat::getStart));
     long end = measure.getStart();
     for (TGBeat beat : beats) {
-      if (beat.isChordBeat()) names.add("[" + at(beat.getStart()) + "," + quoted(beat.getChord().getName()) + "]");
+      if (beat.isChordBeat())
+        names.add("[" + at(beat.getStart()) + "," + quoted(beat.getChord().getName()) + "]");
       for (int voice = 0; voice < beat.countVoices(); ++voice)
         if (!beat.getVoice(voice).isEmpty()) read(beat.getVoice(voice), at(beat.getStart()));
       if (!beat.getVoice(0).isEmpty())
@@ -106,13 +108,16 @@ class TuxGuitarSongs {
   private static String quoted(String text) {
     StringBuilder json = new StringBuilder("\"");
     for (char c : text.toCharArray())
-      json.append(c == '"' || c == '\\' ? "\\" + c : c < ' ' ? String.format("\\u%04x", (int) c) : "" + c);
+      if (c < ' ')
+        json.append(String.format("\\u%04x", (int) c));
+      else
+        json.append(c == '"' || c == '\\' ? "\\" : "").append(c);
     return json.append('"').toString();
   }
 
   private static TGSong load(String file) throws Exception {
-    TGSongReader reader = file.endsWith(".gp")
-        ? new org.herac.tuxguitar.io.gpx.v7.GPXInputStream() : new GP5InputStream(new GTPSettings());
+    boolean isNew = file.endsWith(".gp");
+    TGSongReader reader = isNew ? new GPXInputStream() : new GP5InputStream(new GTPSettings());
     TGSongReaderHandle handle = new TGSongReaderHandle();
     handle.setFactory(new TGFactory());
     handle.setContext(new TGSongStreamContext());
@@ -134,7 +139,8 @@ class TuxGuitarSongs {
       out.print(separator + "{\"title\":" + quoted(song.getName()) + ",\"tempo\":" +
                 song.getMeasureHeader(0).getTempo().getValue() + ",\"tuning\":" + tuning +
                 ",\"bars\":" + read.bars + ",\"starts\":" + read.starts +
-                ",\"tempos\":" + read.tempos + ",\"notes\":" + read.notes + ",\"names\":" + read.names +
+                ",\"tempos\":" + read.tempos + ",\"notes\":" + read.notes +
+                ",\"names\":" + read.names +
                 (read.wrong == null ? "" : ",\"wrong\":" + quoted(read.wrong)) + "}\n");
       separator = ",";
     }

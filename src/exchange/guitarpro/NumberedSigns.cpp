@@ -2,6 +2,7 @@
 #include "exchange/guitarpro/NumberedSigns.h"
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 
 #include "export/score/Triplets.h"
