@@ -72,6 +72,7 @@ struct Track {
   int capo = 0;
   std::vector<Note> notes;       ///< By `at`, then by pitch.
   std::vector<ChordName> names;  ///< By `at`.
+  bool namesAreShapes = false;   ///< They tell what a hand holds behind the capo, not what sounds.
   LeftCounts left;               ///< Of this track.
 
   /// Whether a guitarist would choose it: strings of a guitar, its program, or its name say so.

@@ -229,6 +229,7 @@ void FileSong::readTrack(bool isFirst) {
   m_bytes.number();  // the channel of effects
   m_bytes.number();  // how many frets there are
   track.head.capo = std::clamp(m_bytes.number(), 0, kHighestCapo);
+  track.head.namesAreShapes = true;
   m_bytes.number();  // its colour
   if (m_version >= 500) readSound();
   m_sheet.tracks.push_back(std::move(track));

@@ -224,6 +224,7 @@ void GpifReader::readProperties(const Element& properties, Track& head, ChordNam
         if (head.open.size() < kMostStrings) head.open.push_back(std::clamp(pitch, 0, 127));
     } else if (name == "CapoFret") {
       head.capo = std::clamp(each.child("Fret").integer().value_or(0), 0, kGuitarCapo);
+      head.namesAreShapes = true;
     } else if (name == "DiagramCollection" || name == "ChordCollection") {
       for (const Element item : each.child("Items").children())
         if (const auto id = item.integerAttribute("id"))

@@ -45,6 +45,9 @@ rhythm::Bars barsToRead(const PieceBars& bars) {
   return {beats, hasPickUp ? std::min(beatsOf(all.front()), beats - 1) : 0};
 }
 
+/// How far the names lie below what sounds.
+int stepToSound(const exchange::Track& track) { return track.namesAreShapes ? track.capo : 0; }
+
 std::optional<ChordName> parsed(const QBTabMgr& db, const std::string& text) {
   try {
     return parseChordName(db, text);
@@ -70,6 +73,8 @@ void PieceNames::read(const QBTabMgr& db, const exchange::Track& track, const Pi
   for (const exchange::ChordName& written : track.names) {
     auto [name, isNew] = known.try_emplace(written.text);
     if (isNew) name->second = nameOf(db, written.text);
+    if (isNew && name->second)
+      name->second->baseTone = pitchClass(name->second->baseTone + stepToSound(track));
     const int tick = bars.placeOf(written.at).tick;
     if (tick >= bars.end()) continue;
     if (m_names.empty() || tick > m_names.back().tick)

@@ -149,9 +149,12 @@ not kept as it was: basses of chords (1), names of chords that the chord book do
 
   piece.tracks = {track("Guitar", "0+1:66@5.0", {40, 45, 50, 55, 59, 64})};
   piece.tracks[0].capo = 2;
+  piece.tracks[0].names = {{0, "G"}};
+  piece.tracks[0].namesAreShapes = true;
   imported(piece);
   EXPECT_EQ(fretsOf(*m_song->allChords().front()), "xxxxx2");
   EXPECT_EQ(m_song->capo(), 2);
+  EXPECT_EQ(m_song->allChords().front()->fullHarmonyName(), "A");
 }
 
 /// What no string has comes onto the neck, two notes of a string do not meet at a tick, and tempi
