@@ -176,7 +176,8 @@ TEST_F(ImportDeskTest, voicesOfABandBecomeSongsInTheSameAction) {
   EXPECT_EQ(titles,
             (std::vector<std::string>{"First Try", "First Try (melody)", "First Try (bass)"}));
   QBSong& bass = *album->songs().snapshot().back();
-  EXPECT_NE(test::linesOf(bass).substr(0, 20).find("1/3\n"), std::string::npos) << "an octave up";
+  EXPECT_NE(test::linesOf(bass).find("|1 C7 1/3*4\n"), std::string::npos)
+      << "an octave up: " << test::linesOf(bass);
   EXPECT_TRUE(QBSession::session().undo());
   EXPECT_EQ(stored("QBSong"), before);
   EXPECT_TRUE(QBSession::session().redo());

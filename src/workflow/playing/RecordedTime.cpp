@@ -19,7 +19,7 @@ namespace {
 // pace gives it, or so much less, and so many beats of it.
 constexpr double kFarLonger = 2.5;
 constexpr double kFarShorter = 0.5;
-constexpr double kBeatsMore = 3;
+constexpr double kBeatsMore = 2.5;
 constexpr double kBeatsLess = 1;
 
 /// From one chord whose time in the recording is known to the next.
