@@ -21,6 +21,7 @@ constexpr double kFarLonger = 2.5;
 constexpr double kFarShorter = 0.5;
 constexpr double kBeatsMore = 2.5;
 constexpr double kBeatsLess = 1;
+constexpr double kSecondsOfMinute = 60;
 
 /// From one chord whose time in the recording is known to the next.
 struct PacedStretch {
@@ -56,10 +57,30 @@ std::vector<PacedStretch> stretchesOf(QBSong& song) {
   return stretches;
 }
 
+/// The last chord that has its beat, where what follows was struck at other times than the beats
+/// before it say, as behind a bar that was taken out.
+std::optional<int> lastInStep(QBSong& song, const SongTime& time) {
+  const auto& chords = song.allChords();
+  const auto hasBeat = [](const auto& chord) { return chord->hasBeatTime(); };
+  const auto last = std::find_if(chords.rbegin(), chords.rend(), hasBeat).base();
+  double tick = time.begin();
+  for (auto chord = chords.begin(); chord != chords.end(); ++chord) {
+    const double struck = static_cast<double>((*chord)->timestamp()) / platform::kSampleRate;
+    const double beats = (struck - time.secondsOf(tick)) * time.beatsPerMinuteAt(tick) / kSecondsOfMinute;
+    if (chord >= last && struck > 0 && std::abs(beats) > kBeatsMore)
+      return static_cast<int>(last - chords.begin()) - 1;
+    tick += std::max((*chord)->ticks(), 0);
+  }
+  return {};
+}
+
 }  // namespace
 
 std::optional<int> firstOutOfStep(QBSong& song) {
-  if (!song.recording() || !song.isOnBeats() || !SongTime(song).isAsRecorded()) return {};
+  if (!song.recording() || !song.isOnBeats()) return {};
+  const SongTime time(song);
+  if (!time.isAsRecorded()) return {};
+  if (const auto chord = lastInStep(song, time)) return chord;
   const std::vector<PacedStretch> stretches = stretchesOf(song);
   if (stretches.empty()) return {};
   std::vector<double> paces;
