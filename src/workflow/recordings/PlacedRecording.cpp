@@ -38,16 +38,16 @@ fs::path movedWith(const fs::path& file, const fs::path& from, const fs::path& t
   return isWithin ? to / name : fs::path();
 }
 
-/// By names and sizes.
-std::vector<Moved> lostWith(const SongRecording& found, const QBTabMgr& db, const fs::path& file) {
+/// By names and sizes, and as far as the proof goes.
+std::vector<Moved> lostWith(const SongRecording& found, const QBTabMgr& db, const fs::path& file,
+                            Proof proof) {
   const fs::path from = fs::path(found.path()).parent_path();
   const fs::path to = fs::absolute(file).parent_path();
   std::vector<Moved> lost;
   for (SongRecording* recording : recordingsOf(db)) {
     const fs::path there = movedWith(recording->path(), from, to);
     if (recording == &found || recording->hash().empty() || there.empty()) continue;
-    if (isRecording(*recording, there, Proof::atOnce) &&
-        !isRecording(*recording, recording->path(), Proof::atOnce))
+    if (isRecording(*recording, there, proof) && !isRecording(*recording, recording->path(), proof))
       lost.emplace_back(recording, there);
   }
   return lost;
@@ -68,7 +68,7 @@ std::size_t placeRecording(QBSong& song, const fs::path& file) {
                       file.string());
   Edit edit(song, phrase("UndoAction", "Find Recording"));
   std::size_t others = 0;
-  for (const auto& [lost, there] : lostWith(recording, QBTabMgr::of(song), file)) {
+  for (const auto& [lost, there] : lostWith(recording, QBTabMgr::of(song), file, Proof::atOnce)) {
     if (!isRecording(*lost, there)) continue;
     lost->setPath(there.string());
     ++others;
@@ -84,9 +84,9 @@ std::size_t placeRecording(QBSong& song, const fs::path& file) {
 platform::Slices readingPlaced(QBSong& song, fs::path file) {
   std::vector<fs::path> files;
   if (const SongRecording* recording = song.recording();
-      recording && isRecording(*recording, file, Proof::atOnce)) {
+      recording && isRecording(*recording, file, Proof::known)) {
     files.push_back(file);
-    for (const auto& moved : lostWith(*recording, QBTabMgr::of(song), file))
+    for (const auto& moved : lostWith(*recording, QBTabMgr::of(song), file, Proof::known))
       files.push_back(moved.second);
   }
   for (std::size_t i = 0; i < files.size(); ++i) {

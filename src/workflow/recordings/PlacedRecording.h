@@ -18,8 +18,8 @@ class QBSong;
 /// recording, or the file is another one.
 std::size_t placeRecording(QBSong& song, const std::filesystem::path& file);
 
-/// Reads what that has to know, a little at a time; nothing for a file that is refused. The song
-/// has to stay until the first step.
+/// Reads what that has to know, a little at a time; nothing for a file that cannot be the recording
+/// by its size. The song has to stay until the first step.
 platform::Slices readingPlaced(QBSong& song, std::filesystem::path file);
 
 }  // namespace korvel
