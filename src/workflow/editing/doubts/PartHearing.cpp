@@ -41,6 +41,8 @@ constexpr double kSameNote = 0.06;
 constexpr double kBeforeChord = 0.06;
 /// Decoders differ about the end of a file, in seconds.
 constexpr double kMostUnheard = 0.5;
+/// What of the progress tells that a long file is read, to know it for the recording.
+constexpr double kProgressOfProof = 0.3;
 
 std::size_t sampleAt(double seconds) {
   return static_cast<std::size_t>(std::max(seconds, 0.0) * platform::kSampleRate);
@@ -125,12 +127,18 @@ void PartHearing::findTimes(const SongCorrections::Part& part) {
 }
 
 bool PartHearing::step() {
-  if (m_proving.next()) return true;
+  if (m_proving.next()) {
+    m_shareOfProof = kProgressOfProof;
+    return true;
+  }
   if (!m_listening) beginListening();
   return m_listening->step();
 }
 
-double PartHearing::progress() const { return m_listening ? m_listening->progress() : 0; }
+double PartHearing::progress() const {
+  if (!m_listening) return m_shareOfProof * m_proving.done();
+  return m_shareOfProof + (1 - m_shareOfProof) * m_listening->progress();
+}
 
 rhythm::HeardAgain PartHearing::heard() const {
   rhythm::HeardAgain part{

@@ -59,6 +59,7 @@ class PartHearing {
   const OpenPitches m_playedOn;
   std::size_t m_unreached = 0;
   platform::Slices m_proving;  ///< That its file is the recording.
+  double m_shareOfProof = 0;   ///< Of the work; none where nothing has to be read for it.
   double m_from = 0;           ///< Seconds of the recording.
   double m_to = 0;             ///< Likewise.
   double m_begin = 0;          ///< Where it listens from, so that it knows what sounds before.
