@@ -66,8 +66,8 @@ void Deck::work(const std::stop_token& stopping) {
     const bool wanted = begun && (fresh || m_ring->framesAhead() < kFramesAhead);
     DeckBlock* room = wanted ? m_ring->room() : nullptr;
     if (room && m_tape.next(*room)) {
-      m_seekAhead = room->seek;
       m_ring->push(std::exchange(fresh, false));
+      m_seekAhead = room->seek;  // once what came before it does not count any more
       continue;
     }
     std::unique_lock guard(m_lock);
