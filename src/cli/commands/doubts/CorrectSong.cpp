@@ -53,9 +53,11 @@ std::vector<std::size_t> indexes(const std::vector<int>& numbers, const SongNote
   return found;
 }
 
+/// FROM without TO is that chord alone.
 std::optional<SongCorrections::Part> partOf(QBSong& song, const ChordRange& range) {
   if (range.from == 0) return {};
-  const auto [first, last] = std::minmax(range.from, range.to);
+  const int to = range.to == 0 ? range.from : range.to;
+  const auto [first, last] = std::minmax(range.from, to);
   return SongCorrections::Part{chordAt(song, first)->position() - 1,
                                chordAt(song, last)->position() - 1};
 }

@@ -43,7 +43,7 @@ void printRecording(const RecordingOfSongOptions& options) {
   if (!found.sound) throw CliError(found.problem.english());
   const std::filesystem::path file = *fileOfRecording(*song.recording());
   if (options.keep) keepingSound(*song.recording(), file).finish();
-  Console::attached().print(file.string());
+  Console::attached().print(file.string() + '\n');
 }
 
 }  // namespace
