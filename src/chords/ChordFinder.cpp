@@ -111,15 +111,28 @@ std::vector<ScoredBeat> scoresOf(std::span<const BeatEvidence> beats,
   return scored;
 }
 
-/// How probable the most probable chords are, on average, none counting nothing.
-float surenessOf(std::span<const Scores> probable, std::span<const BeatEvidence> beats) {
+/// How probable the chords are, on average over all the time, none counting nothing.
+float surenessOf(std::span<const Scores> probable, std::span<const BeatEvidence> beats,
+                 std::span<const std::size_t> chords) {
   double sum = 0, seconds = 0;
   for (std::size_t i = 0; i < beats.size(); ++i) {
-    const auto best = std::ranges::max_element(probable[i]);
     seconds += beats[i].seconds;
-    if (best != probable[i].begin() + kNone) sum += beats[i].seconds * static_cast<double>(*best);
+    if (chords[i] != kNone) sum += beats[i].seconds * static_cast<double>(probable[i][chords[i]]);
   }
   return seconds > 0 ? static_cast<float>(sum / seconds) : 0;
+}
+
+std::vector<std::size_t> mostProbable(std::span<const Scores> probable) {
+  std::vector<std::size_t> chords;
+  for (const Scores& beat : probable)
+    chords.push_back(static_cast<std::size_t>(std::ranges::max_element(beat) - beat.begin()));
+  return chords;
+}
+
+std::vector<std::size_t> chordsOf(std::span<const InItsKey> path) {
+  std::vector<std::size_t> chords;
+  for (const InItsKey& beat : path) chords.push_back(beat.chord);
+  return chords;
 }
 
 /// In music what agrees with no chord is rather a chord that is hard to hear than none.
@@ -139,12 +152,15 @@ FoundChords findChords(std::span<const BeatEvidence> beats, const SearchWeights&
   const auto probable = [&](std::span<const ScoredBeat> scored) {
     return probabilities(scored, prices, weights.keyChange, weights.trust);
   };
-  const float sureness = surenessOf(probable(scoresOf(beats, weights)), beats);
+  const std::vector<Scores> first = probable(scoresOf(beats, weights));
+  const float sureness = surenessOf(first, beats, mostProbable(first));
   std::vector<ScoredBeat> scored = scoresOf(beats, ofMusic(weights, sureness));
   scored = withRepeats(beats, scored, probable(scored), weights);
-  const std::vector<InItsKey> path = bestPath(scored, prices, weights.keyChange);
+  std::vector<InItsKey> path = bestPath(scored, prices, weights.keyChange);
   FoundChords found;
   found.beats = probable(scored);
+  if (surenessOf(found.beats, beats, chordsOf(path)) < weights.leastSure)
+    for (InItsKey& beat : path) beat.chord = kNone;
   for (std::size_t i = 0; i < path.size(); ++i) {
     if (i == 0 || path[i].chord != path[i - 1].chord)
       found.spans.push_back({i, i, chordAt(path[i].chord)});
