@@ -20,6 +20,7 @@ class RandomScore {
   explicit RandomScore(unsigned seed) : m_random(seed) {
     score.title = "Größe & <Maß>";
     score.openStrings = {38, 45, 50, 55, 59, 64};
+    score.capo = seed % 3 == 0 ? 2 : 0;
     score.key = ScoreKey{below(2) ? 4 : 9, true};
     const Meter meters[] = {{4, 4}, {3, 4}, {6, 8}, {7, 8}};
     const Meter meter = meters[below(4)];
@@ -75,9 +76,10 @@ class RandomScore {
 
   ScoreTone struck(int string, std::int64_t at, int length) {
     const int fret = below(20);
-    const int pitch = score.openStrings[static_cast<std::size_t>(string)] + fret;
+    const int fromNut = fret + score.capo;
+    const int pitch = score.openStrings[static_cast<std::size_t>(string)] + fromNut;
     track.notes.push_back({at, length * kGrainsOfUnit, pitch, string, fret, 0});
-    return {string, fret, pitch};
+    return {string, fromNut, pitch};
   }
 
   void lengthen(int string, int length) {
@@ -115,6 +117,7 @@ void expectRead(const std::string& bytes, const RandomScore& made) {
   ASSERT_EQ(piece.tracks.size(), 1U);
   EXPECT_EQ(placed(piece.tracks[0]), placed(made.track));
   EXPECT_EQ(piece.tracks[0].open, made.score.openStrings);
+  EXPECT_EQ(piece.tracks[0].capo, made.score.capo);
   EXPECT_EQ(piece.tempos, made.tempos);
   EXPECT_EQ(piece.bars.size(), made.score.bars.size());
   EXPECT_EQ(piece.bars[0].beats, made.score.bars[0].meter.beats);

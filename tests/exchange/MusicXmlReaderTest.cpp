@@ -222,6 +222,7 @@ class RandomScore {
     score.title = "Song " + std::to_string(seed);
     score.openStrings = seed % 3 == 0 ? std::vector<int>{38, 45, 50, 55, 57, 62}
                                       : std::vector<int>{40, 45, 50, 55, 59, 64};
+    score.capo = seed % 4 == 1 ? 2 : 0;
     score.tempo = 60 + below(120);
     if (below(2)) score.key = ScoreKey{7 * below(2), false};
     const Meter meter = kMeters[seed % std::size(kMeters)];
@@ -257,8 +258,9 @@ class RandomScore {
     for (int string = 0; string < 6; ++string) {
       if (below(3)) continue;
       const int fret = below(13);
-      const int pitch = score.openStrings[static_cast<std::size_t>(string)] + fret;
-      event.tones.push_back({string, fret, pitch});
+      const int fromNut = fret + score.capo;
+      const int pitch = score.openStrings[static_cast<std::size_t>(string)] + fromNut;
+      event.tones.push_back({string, fromNut, pitch});
       notes.push_back({m_at, duration * kGrainsOfUnit, pitch, string, fret, 0});
     }
     if (!event.tones.empty() && below(2)) addName(event);
@@ -294,6 +296,7 @@ TEST(MusicXmlReaderTest, readsBackWhatIsWritten) {
     ASSERT_EQ(track.notes, random.notes) << seed;
     ASSERT_EQ(track.names, random.names) << seed;
     ASSERT_EQ(track.open, random.score.openStrings);
+    ASSERT_EQ(track.capo, random.score.capo);
     ASSERT_EQ(piece.bars.size(), random.score.bars.size());
     ASSERT_EQ(
         piece.bars.front().length<piece.bars.back().length, random.score.bars.front().pickUp> 0);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "export/score/Spelling.h"
+#include "music/Pitch.h"
 #include "platform/text/Utf8.h"
 
 namespace korvel::exchange::guitarpro {
@@ -70,7 +71,7 @@ bool isStruckAt(int wanted, std::span<const ScoreNote> notes) {
 
 }  // namespace
 
-Gp5Writer::Gp5Writer(const Score& score) : m_score(score), m_names(score) {
+Gp5Writer::Gp5Writer(const Score& score) : m_score(score), m_names(score, score.capo) {
   if (score.openStrings.empty() || score.openStrings.size() > kFileStrings)
     throw std::invalid_argument("the format has one to seven strings");
 }
@@ -175,7 +176,7 @@ void Gp5Writer::writeTrack() {
   number(1);
   number(2);
   number(24);  // frets
-  number(0);   // no capo
+  number(m_score.capo);
   number(0xFF);
   byte(0x03);  // tablature and notation are shown
   bytes(4, 0);
@@ -251,7 +252,7 @@ void Gp5Writer::writeChord(const std::string& name, const ScoreEvent& event) {
   byte(1);  // of the newer kind
   byte(1);  // with sharps
   bytes(3, 0);
-  byte(event.harmony ? event.harmony->root : 0);
+  byte(event.harmony ? pitchClass(event.harmony->root - m_score.capo) : 0);
   bytes(2, 0);  // type and extension
   number(-1);   // the bass
   number(0);    // pure tones
@@ -262,7 +263,8 @@ void Gp5Writer::writeChord(const std::string& name, const ScoreEvent& event) {
   std::array<int, kFileStrings> frets;
   frets.fill(-1);
   for (const ScoreTone& tone : event.tones)
-    frets[m_score.openStrings.size() - 1 - static_cast<std::size_t>(tone.string)] = tone.fret;
+    frets[m_score.openStrings.size() - 1 - static_cast<std::size_t>(tone.string)] =
+        m_score.fretBehindCapo(tone);
   for (const int fret : frets) number(fret);
   bytes(16, 0);  // nothing lies across
   bytes(7, 1);   // no tone is left out
@@ -296,7 +298,7 @@ void Gp5Writer::writeNotes(const ScoreNote& note) {
   for (auto tone = tones.rbegin(); tone != tones.rend(); ++tone) {
     byte(0x20);
     byte(!note.first || tone->tiedBefore ? 2 : 1);
-    byte(tone->fret);
+    byte(m_score.fretBehindCapo(*tone));
     byte(0);
   }
 }

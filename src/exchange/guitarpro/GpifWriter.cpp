@@ -48,7 +48,9 @@ class Counted {
 }  // namespace
 
 GpifWriter::GpifWriter(const Score& score)
-    : m_score(score), m_xml(std::make_unique<platform::XmlWriter>("GPIF")), m_names(score) {}
+    : m_score(score),
+      m_xml(std::make_unique<platform::XmlWriter>("GPIF")),
+      m_names(score, score.capo) {}
 
 GpifWriter::~GpifWriter() = default;
 
@@ -204,7 +206,7 @@ void GpifWriter::writeSound() {
 
 void GpifWriter::writeStaff() {
   const auto properties = m_xml->open("Properties");
-  writeNumber("CapoFret", "Fret", 0);
+  writeNumber("CapoFret", "Fret", m_score.capo);
   writeNumber("FretCount", "Number", 24);
   {
     const auto tuning = m_xml->open("Property");
@@ -248,7 +250,7 @@ void GpifWriter::writeDiagram(std::size_t id, const Diagram& diagram) {
   for (const ScoreTone& tone : tones) {
     const auto fret = m_xml->open("Fret");
     m_xml->attribute("string", std::to_string(tone.string));
-    m_xml->attribute("fret", std::to_string(tone.fret));
+    m_xml->attribute("fret", std::to_string(m_score.fretBehindCapo(tone)));
   }
 }
 
@@ -335,7 +337,7 @@ void GpifWriter::writeNote(std::size_t id, const Head& head) {
   }
   const auto properties = m_xml->open("Properties");
   writePitch("ConcertPitch", head.tone->pitch);
-  writeNumber("Fret", "Fret", head.tone->fret);
+  writeNumber("Fret", "Fret", m_score.fretBehindCapo(*head.tone));
   writeNumber("Midi", "Number", head.tone->pitch);
   writeNumber("String", "String", head.tone->string);
   writePitch("TransposedPitch", head.tone->pitch + kOctave);

@@ -11,14 +11,15 @@ namespace korvel::exchange::guitarpro {
 /// The names of a score's chords where they change, as a player writes them.
 class ScoreNames {
  public:
-  /// The score must outlive this.
-  explicit ScoreNames(const Score& score) : m_score(score) {}
+  /// Names are those of the shapes behind a capo at that fret.
+  explicit ScoreNames(const Score& score, int capo = 0);
 
   /// What is written above an event of the first voice; to be asked of one after the other.
   std::optional<std::string> above(const ScoreEvent& event);
 
  private:
-  const Score& m_score;
+  int m_capo;
+  std::optional<ScoreKey> m_key;          ///< Of the shapes.
   std::optional<ScoreHarmony> m_harmony;  ///< The one that counts.
 };
 

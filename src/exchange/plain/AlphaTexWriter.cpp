@@ -18,13 +18,14 @@ namespace {
 class TexWriter {
  public:
   explicit TexWriter(const Score& score)
-      : m_score(score), m_names(score), m_bars(writtenBars(score)) {}
+      : m_score(score), m_names(score, score.capo), m_bars(writtenBars(score)) {}
 
   std::string write() {
     m_text = "\\title " + quoted(platform::printable(m_score.title)) + "\n\\tempo " +
              wholeBeats(m_bars.front().tempo.value_or(m_score.tempo)) + "\n.\n\\track " +
              quoted(platform::printable(m_score.instrument)) +
              "\n\\staff {tabs}\n\\instrument 25\n\\tuning " + tuning() + "\n";
+    if (m_score.capo > 0) m_text += "\\capo " + std::to_string(m_score.capo) + "\n";
     const bool hasLower = hasLowerVoice(m_bars);
     if (hasLower) m_text += "\\voice\n";
     for (const WrittenBar& bar : m_bars) writeUpper(bar);
@@ -79,7 +80,8 @@ class TexWriter {
     for (const ScoreTone& tone : tones) {
       const bool isTied = !note.first || tone.tiedBefore;
       const auto string = static_cast<int>(m_score.openStrings.size()) - tone.string;
-      frets += (frets.empty() ? "" : " ") + (isTied ? "-" : std::to_string(tone.fret)) + "." +
+      frets += (frets.empty() ? "" : " ") +
+               (isTied ? "-" : std::to_string(m_score.fretBehindCapo(tone))) + "." +
                std::to_string(string);
     }
     m_text +=

@@ -85,7 +85,8 @@ struct ScoreBar {
 struct Score {
   std::string title;
   std::string instrument = "Guitar";
-  std::vector<int> openStrings;  ///< MIDI numbers, the lowest-sounding string first.
+  std::vector<int> openStrings;  ///< MIDI numbers without a capo, the lowest-sounding string first.
+  int capo = 0;                  ///< The fret that it is at, which no tone lies below; 0 for none.
   double tempo = 120;            ///< Quarters a minute.
   bool countsBeats = false;      ///< In compound time the tempo is shown in dotted quarters.
   std::optional<ScoreKey> key;   ///< Shown as of C and not used to spell when it is not known.
@@ -96,6 +97,9 @@ struct Score {
   std::string date;     ///< When, as "2026-11-21".
   std::vector<ScoreBar> bars;
   std::vector<ScoreWords> words{};  ///< By place.
+
+  /// As files count it, which is from the capo.
+  int fretBehindCapo(const ScoreTone& tone) const { return tone.fret - capo; }
 };
 
 }  // namespace korvel

@@ -187,6 +187,7 @@ void ScoreWriter::writeStaff() {
     if (open.alter) m_xml->add("tuning-alter", open.alter);
     m_xml->add("tuning-octave", open.octave);
   }
+  if (m_score.capo > 0) m_xml->add("capo", m_score.capo);
 }
 
 void ScoreWriter::writeTempo(double tempo) {
@@ -316,7 +317,7 @@ void ScoreWriter::writeNotations(const ScoreNote& note, const ScoreTone* tone, b
   const auto technical = m_xml->open("technical");
   const int strings = static_cast<int>(m_score.openStrings.size());
   m_xml->add("string", strings - tone->string);  // from the top
-  m_xml->add("fret", tone->fret);
+  m_xml->add("fret", m_score.fretBehindCapo(*tone));
 }
 
 void ScoreWriter::writeWords(const ScoreNote& note, const ScoreTone& tone) {

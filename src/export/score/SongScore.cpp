@@ -138,8 +138,39 @@ std::vector<ScoreWords> wordsOf(QBSong& song, const SongReader& reader) {
   return words;
 }
 
+bool isBehind(int capo, const std::vector<ScoreEvent>& events) {
+  return std::ranges::all_of(events, [capo](const ScoreEvent& event) {
+    return std::ranges::all_of(event.tones,
+                               [capo](const ScoreTone& tone) { return tone.fret >= capo; });
+  });
+}
+
+/// None where a tone lies below it.
+int playableCapo(int capo, const std::vector<ScoreBar>& bars) {
+  const bool isPlayable = std::ranges::all_of(bars, [capo](const ScoreBar& bar) {
+    return isBehind(capo, bar.events) && isBehind(capo, bar.lower);
+  });
+  return isPlayable ? std::max(capo, 0) : 0;
+}
+
 double tempoOfSlices(const QBSong& song) {
   return kSecondsOfMinute / (kSixteenthsOfQuarter * kSecondsOfChord) * rateOf(song);
+}
+
+Score scoreOnBeats(QBSong& song, const std::optional<Meter>& meter) {
+  const Score head = headOf(song);
+  return scoreOf(head, sheetOf(song, head.openStrings), meter);
+}
+
+Score scoreOfSlices(QBSong& song, const std::optional<Meter>& meter) {
+  Score score = headOf(song);
+  SongReader reader(score.openStrings);
+  if (meter || song.measures().empty())
+    score.bars = {{meter.value_or(Meter()), reader.eventsInTime(song.allChords())}};
+  else
+    score.bars = barsOf(reader, song);
+  score.words = wordsOf(song, reader);
+  return score;
 }
 
 }  // namespace
@@ -184,14 +215,8 @@ Score scoreOf(Score head, const BeatSheet& sheet, const std::optional<Meter>& me
 }
 
 Score scoreOf(QBSong& song, const std::optional<Meter>& meter) {
-  Score score = headOf(song);
-  SongReader reader(score.openStrings);
-  if (song.isOnBeats()) return scoreOf(score, sheetOf(song, score.openStrings), meter);
-  if (meter || song.measures().empty())
-    score.bars = {{meter.value_or(Meter()), reader.eventsInTime(song.allChords())}};
-  else
-    score.bars = barsOf(reader, song);
-  score.words = wordsOf(song, reader);
+  Score score = song.isOnBeats() ? scoreOnBeats(song, meter) : scoreOfSlices(song, meter);
+  score.capo = playableCapo(capoOf(song), score.bars);
   return score;
 }
 
