@@ -66,7 +66,8 @@ std::optional<int> lastInStep(QBSong& song, const SongTime& time) {
   double tick = time.begin();
   for (auto chord = chords.begin(); chord != chords.end(); ++chord) {
     const double struck = static_cast<double>((*chord)->timestamp()) / platform::kSampleRate;
-    const double beats = (struck - time.secondsOf(tick)) * time.beatsPerMinuteAt(tick) / kSecondsOfMinute;
+    const double beats =
+        (struck - time.secondsOf(tick)) * time.beatsPerMinuteAt(tick) / kSecondsOfMinute;
     if (chord >= last && struck > 0 && std::abs(beats) > kBeatsMore)
       return static_cast<int>(last - chords.begin()) - 1;
     tick += std::max((*chord)->ticks(), 0);
