@@ -11,9 +11,7 @@ using test::eventually;
 using test::Outcome;
 
 struct SoundCliTest : test::ToolFixture {
-  void SetUp() override {
-    m_card.emplace();
-  }
+  void SetUp() override { m_card.emplace(); }
   /// A guitar that plays into a card, for some ten seconds.
   test::Running guitarOn(const std::string& card) const {
     std::vector<std::int16_t> samples = test::fewChords();

@@ -104,9 +104,7 @@ class Player {
 };
 
 struct SoundServerTest : testing::Test {
-  void SetUp() override {
-    m_card.emplace();
-  }
+  void SetUp() override { m_card.emplace(); }
 
   std::optional<test::VirtualSoundCard> m_card;
   SoundServer m_server;

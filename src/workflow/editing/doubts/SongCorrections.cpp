@@ -124,8 +124,8 @@ class SongCorrections::Work {
     std::vector<fingering::Note> added;
     for (const Wish& wish : m_wishes)
       if (comes(wish)) added.push_back(m_notes[wish.note].note);
-    const auto strings = stringChoices(fixedNotes(), added, openStringsOf(&m_song).pitches(),
-                                       capoOf(m_song));
+    const auto strings =
+        stringChoices(fixedNotes(), added, openStringsOf(&m_song).pitches(), capoOf(m_song));
     std::size_t count = 0;
     auto choice = strings.begin();
     std::erase_if(m_wishes, [&](Wish& wish) {
