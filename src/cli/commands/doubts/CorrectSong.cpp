@@ -18,6 +18,7 @@
 #include "cli/support/choices/SongChoice.h"
 #include "cli/support/choices/TuningChoice.h"
 #include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "workflow/editing/doubts/DoubtList.h"
@@ -37,6 +38,7 @@ struct CorrectOptions {
   std::optional<std::string> tuning;  ///< That of the song when not given.
   bool decidesAnew = false;
   bool hearsAgain = false;
+  bool hasCapo = false;  ///< Said; otherwise it is that of the song.
 
   bool namesNotes() const { return !(accepted.empty() && rejected.empty() && confirmed.empty()); }
 };
@@ -67,8 +69,9 @@ NoteChanges hearPart(QBSong& song, const std::optional<SongCorrections::Part>& p
   const int last = static_cast<int>(song.allChords().size()) - 1;
   std::optional<OpenPitches> playedOn;
   if (options.tuning) playedOn = chooseTuning(*options.tuning).openStrings().pitches();
-  PartHearing hearing(song, part.value_or(SongCorrections::Part{0, last}), options.settings,
-                      playedOn);
+  HearingSettings settings = options.settings;
+  if (!options.hasCapo) settings.fingering.capo = capoOf(song);
+  PartHearing hearing(song, part.value_or(SongCorrections::Part{0, last}), settings, playedOn);
   while (hearing.step()) Console::attached().progress(hearing.progress());
   Console::attached().progress(1);
   const NoteChanges changes = hearing.finish();
@@ -118,6 +121,7 @@ void checkCorrect(const Command& command, CorrectOptions& options) {
   options.decidesAnew = command.isGiven("--sensitivity") && !options.hearsAgain;
   if (!options.namesNotes() && !options.decidesAnew && !options.hearsAgain)
     throw UsageError("--accept", "or --reject, --confirm, --sensitivity or --hear-again is needed");
+  options.hasCapo = command.isGiven("--capo");
   requireOneVerdictEach(options);
   if (options.range.from != 0 && !options.decidesAnew && !options.hearsAgain)
     throw UsageError("FROM", "goes with --sensitivity or --hear-again");

@@ -176,6 +176,7 @@ struct PartHearing::Placing {
   const std::vector<Note>& heard;
   double from;
   double to;
+  int capo;
   SongNotes before;
 
   bool isIn(const SongNote& note) const { return note.note.onset >= from && note.note.onset < to; }
@@ -237,19 +238,17 @@ struct PartHearing::Placing {
     return same && same->string == note.note.string;
   }
 
-  static StringChoice choiceFor(const Note& note, const OpenPitches& open) {
+  StringChoice choiceFor(const Note& note) const {
+    const OpenPitches open = openStringsOf(&song).pitches();
     StringChoice choice;
     choice.wished = note.string;
     choice.hand = note.fret;
     for (std::size_t string = 0; string < choice.frets.size(); ++string) {
       const int fret = note.pitch - open[string];
       choice.frets[string] =
-          fret >= 0 && fret <= fingering::FingeringOptions::kMostFrets ? fret : -1;
+          fret >= capo && fret <= fingering::FingeringOptions::kMostFrets ? fret : -1;
     }
     return choice;
-  }
-  StringChoice choiceFor(const Note& note) const {
-    return choiceFor(note, openStringsOf(&song).pitches());
   }
 };
 
@@ -270,7 +269,7 @@ NoteChanges PartHearing::finish() {
   rhythm::HeardAgain part = heard();
   placeOnStrings(part);
   const std::vector<Note> taken = part.notes.taken;
-  const Placing placing{song, taken, m_from, m_to, SongNotes(song)};
+  const Placing placing{song, taken, m_from, m_to, m_settings.fingering.capo, SongNotes(song)};
   PassageNames names(song);
   rhythm::NoteCorrections corrections;
   if (song.hasCorrections())
