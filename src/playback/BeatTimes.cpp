@@ -127,6 +127,7 @@ double BeatTimes::goTo(const QBChord& chord) {
   if (!follows) m_origin = m_end - secondsOfChord(m_chord);
   m_begins.push_back(m_origin + secondsOfChord(m_chord));
   m_end = m_origin + secondsOfChord(m_chord + 1);
+  if (chord.hold() && !chord.hold()->isEmpty()) m_lastStruck = m_begins.back();
   return m_begins.back();
 }
 

@@ -24,6 +24,7 @@ class BeatTimes final : public ChordTimes {
   std::vector<TimedBeat> countIn(int from) const override;
   int indexAt(double time) const override;
   double placeOf(int index) const override;
+  double lastStruck() const override { return m_lastStruck; }
   double end() const override { return m_end; }
   double endOfLoop() const override { return m_end; }
   std::optional<double> turnOfLoop() const override;
@@ -57,7 +58,8 @@ class BeatTimes final : public ChordTimes {
   std::vector<Bar> m_bars;
   std::size_t m_chord = 0;       ///< The one that was gone to last.
   std::vector<double> m_begins;  ///< Of those that were gone to.
-  double m_origin = 0;           ///< Where the song's second 0 lies in the sequence.
+  double m_lastStruck = 0;
+  double m_origin = 0;  ///< Where the song's second 0 lies in the sequence.
   double m_end;
 };
 

@@ -47,6 +47,8 @@ class ChordTimes {
   virtual int indexAt(double time) const = 0;
   /// Where a player goes to hear a chord.
   virtual double placeOf(int index) const = 0;
+  /// When the last one begins that has tones; 0 where none has.
+  virtual double lastStruck() const = 0;
   /// When the last one has been heard, in a loop its duration too.
   virtual double end() const = 0;
   virtual double endOfLoop() const = 0;

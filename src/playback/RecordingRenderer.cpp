@@ -40,7 +40,7 @@ RecordingRenderer::RecordingRenderer(QBSong& song, const std::optional<SongRende
   platform::DeckPlan plan = player.deckPlan({});
   plan.from = m_begin;
   plan.to = m_end;
-  m_lastSecond = plan.secondOfBeat0 + m_end;
+  m_lastSecond = plan.secondOfBeat0 + player.times().lastStruck();
   m_tape = std::make_unique<platform::DeckTape>(m_sound.recording.get(), plan);
   m_tape->setRate(m_sound.rate);
   m_tape->setPitch(m_sound.pitch);

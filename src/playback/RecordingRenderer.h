@@ -38,7 +38,8 @@ class RecordingRenderer {
   std::span<const std::int16_t> next(std::span<std::int16_t> samples);
   /// Share that is rendered, 0..1.
   double progress() const;
-  /// Once all is rendered: how much of it lies behind the end of the recording, in its seconds.
+  /// Once all is rendered: how long after the end of the recording the last chord begins, in its
+  /// seconds.
   double secondsMissing() const;
 
  private:
@@ -48,7 +49,7 @@ class RecordingRenderer {
   platform::MusicEvents m_events;
   double m_begin = 0;  ///< In beats.
   double m_end = 0;
-  double m_lastSecond = 0;  ///< Of the recording, at the end.
+  double m_lastSecond = 0;  ///< Of the recording, where the last chord begins.
   platform::SequenceRenderer m_renderer;
   std::unique_ptr<platform::DeckRing> m_ring;
   std::unique_ptr<platform::DeckTape> m_tape;

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "model/songs/QBChord.h"
+#include "model/songs/QBHold.h"
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
@@ -78,6 +79,7 @@ StepTimes::StepTimes(QBSong& song)
 double StepTimes::goTo(const QBChord& chord) {
   if (!m_firstSample) m_firstSample = chord.timestamp();
   m_time = stepAfter(m_time);
+  if (chord.hold() && !chord.hold()->isEmpty()) m_lastStruck = m_time;
   m_lastDuration = std::clamp(chord.duration(), 1, kLongestDuration);
   return m_time;
 }

@@ -28,6 +28,7 @@ class StepTimes final : public ChordTimes {
   /// positions shows them up to the chord before the last.
   int indexAt(double time) const override;
   double placeOf(int index) const override;
+  double lastStruck() const override { return m_lastStruck; }
   double end() const override;
   double endOfLoop() const override;
   std::optional<double> turnOfLoop() const override { return std::nullopt; }
@@ -38,7 +39,8 @@ class StepTimes final : public ChordTimes {
  private:
   platform::Ref<QBSong> m_song;
   int m_count;
-  float m_time = 0;                             ///< When the last chord begins.
+  float m_time = 0;  ///< When the last chord begins.
+  double m_lastStruck = 0;
   int m_lastDuration = 1;                       ///< Of that chord, in steps.
   std::optional<std::int64_t> m_firstSample{};  ///< Of the recording, where the first chord begins.
 };

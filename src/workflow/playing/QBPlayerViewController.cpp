@@ -25,8 +25,9 @@ constexpr platform::Phrase kDeviceLost = platform::phrase(
 /// How late the end may be noticed, in seconds: steps are too far apart for fast playing.
 constexpr double kWatch = 0.02;
 
-/// How much of a song may lie beyond the end of its recording, in seconds: a last note that rings.
-constexpr double kMostMissing = 2;
+/// So much later than the end of its recording a song's last chord may begin, in seconds, as
+/// decoders differ about the end of a file. What rings on or fills its bar is not missed.
+constexpr double kMostMissing = 0.5;
 constexpr int kStepsOfBar = 4;
 
 constexpr platform::Phrase kNotInStep = platform::phrase(
@@ -192,10 +193,10 @@ void QBPlayerViewController::lookForEnd() {
 void QBPlayerViewController::lookAtRecording() {
   const auto sound = std::exchange(m_recording, nullptr);
   const double seconds = static_cast<double>(sound->frames()) / platform::kSampleRate;
-  const auto end = m_midi->times().recordedSecondsAt(m_midi->times().end());
+  const auto last = m_midi->times().recordedSecondsAt(m_midi->times().lastStruck());
   platform::UserText problem = sound->problem();
   if (!problem.empty()) problem = platform::UserText(kGuitarGoesOn, problem);
-  if (problem.empty() && end && *end > seconds + kMostMissing)
+  if (problem.empty() && last && *last > seconds + kMostMissing)
     problem = platform::UserText(kTooShort, m_song->title());
   if (problem.empty()) return;
   m_notice = problem;

@@ -28,8 +28,9 @@ struct RenderOptions {
 
 constexpr std::size_t kSamplesAtOnce = 16384;
 constexpr double kCentsOfOctave = 1200;
-/// How much of a song may lie behind the end of its recording, in seconds: a last note that rings.
-constexpr double kMostMissing = 2;
+/// So much later than the end of its recording a song's last chord may begin, in seconds, as
+/// decoders differ about the end of a file.
+constexpr double kMostMissing = 0.5;
 
 /// Ctrl-C leaves no part of a file behind.
 template <class Renderer>
