@@ -148,9 +148,10 @@ void RecordingMenu::keep() {
   if (!recording) return;
   const auto job = std::make_shared<KeepSoundCommand>(*m_song);
   job->onEnded([menu = QPointer(this)](const platform::UserText& problem) {
-    if (menu)
-      emit menu->said(problem.empty() ? tr("A copy of the recording is kept with the songs")
-                                      : translated(problem));
+    if (!menu) return;
+    menu->enable();
+    emit menu->said(problem.empty() ? tr("A copy of the recording is kept with the songs")
+                                    : translated(problem));
   });
   QBSession::session().addJob(job);
   job->runInBackground();
