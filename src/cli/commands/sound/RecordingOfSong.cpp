@@ -12,6 +12,7 @@
 #include "model/recorded/ConcertA.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
+#include "platform/files/Files.h"
 #include "workflow/recordings/KeptSounds.h"
 #include "workflow/recordings/PlacedRecording.h"
 #include "workflow/recordings/RecordingSound.h"
@@ -36,6 +37,8 @@ void printRecording(const RecordingOfSongOptions& options) {
   if (options.pitch) return printPitch(song);
   const Unlogged quiet;
   if (options.file) {
+    if (!platform::isThere(*options.file))
+      throw CliError(*options.file + ": there is no such file");
     if (const std::size_t others = placeRecording(song, *options.file); others > 0)
       Console::attached().note("other recordings that are there, too: " + std::to_string(others));
   }
