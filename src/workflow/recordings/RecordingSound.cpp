@@ -3,7 +3,7 @@
 
 #include <string>
 #include <system_error>
-#include <utility>
+#include <tuple>
 
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBSong.h"
@@ -45,16 +45,19 @@ UserText whyNowhere(const SongRecording& recording) {
   return {kOther, file};
 }
 
-/// content: of the file, which may have had another one when it was opened last.
+/// content: of the file, which may have had another one when it was opened last, as its time tells
+/// where the content is not known or was not proven then.
 std::shared_ptr<const platform::DecodedSound> opened(const fs::path& file,
                                                      const std::string& content) {
-  static std::pair<fs::path, std::string> last;
+  static std::tuple<fs::path, std::string, fs::file_time_type> last;
   static std::shared_ptr<const platform::DecodedSound> sound;
-  const bool isOpen = sound && last == std::pair(file, content);
+  std::error_code unknown;
+  const std::tuple wanted(file, content, fs::last_write_time(file, unknown));
+  const bool isOpen = sound && last == wanted;
   if (isOpen && (!sound->isWhole() || sound->problem().empty())) return sound;
   sound = nullptr;
   sound = std::make_shared<const platform::DecodedSound>(file);
-  last = {file, content};
+  last = wanted;
   return sound;
 }
 
