@@ -2,10 +2,13 @@
 #include "tab/page/PageGrips.h"
 
 #include <algorithm>
+#include <limits>
+#include <optional>
 
 #include "fingering/FingeringOptions.h"
 #include "fingering/grips/ChordShapes.h"
 #include "fingering/grips/Grip.h"
+#include "music/Pitch.h"
 #include "rhythm/Reading.h"
 
 namespace korvel {
@@ -63,11 +66,13 @@ std::optional<std::array<int, 2>> barreOf(const ChordShape& shape) {
 }  // namespace
 
 PageGrips::PageGrips(const OpenPitches& open, int capo)
-    : m_grips(open, [capo] {
+    : m_open(open), m_grips(open, [capo] {
         fingering::FingeringOptions options;
         options.capo = capo;
         return options;
-      }()) {}
+      }()) {
+  for (int& pitch : m_open) pitch += capo;
+}
 
 std::vector<ChordShape> PageGrips::waysToHold(const PageSource::Chord& sounding) {
   if (sounding.root < 0 || sounding.pitchClasses == 0) return {};
@@ -87,6 +92,9 @@ bool PageGrips::hold(const PageSource::Chord& sounding, const std::optional<Chor
                      PageGrip& grip) {
   std::vector<ChordShape> ways = waysToHold(sounding);
   if (!played && ways.empty()) return false;
+  if (sounding.bass >= 0)
+    std::stable_partition(ways.begin(), ways.end(),
+                          [&](const ChordShape& way) { return hasBass(way, sounding.bass); });
   grip.isAsPlayed = played.has_value();
   grip.frets = played ? *played : ways.front();
   std::erase(ways, grip.frets);
@@ -96,6 +104,15 @@ bool PageGrips::hold(const PageSource::Chord& sounding, const std::optional<Chor
   grip.baseFret = highest > kFretsOfDiagram ? lowestPressed(grip.frets) : 1;
   tellFingers(grip);
   return true;
+}
+
+bool PageGrips::hasBass(const ChordShape& shape, int bass) const {
+  std::optional<int> lowest;
+  for (std::size_t string = 0; string < shape.size(); ++string)
+    if (shape[string] != kNotPlayed)
+      lowest = std::min(lowest.value_or(std::numeric_limits<int>::max()),
+                        m_open[string] + shape[string]);
+  return lowest && pitchClass(*lowest) == bass;
 }
 
 bool PageGrips::isOpenChord(const PageSource::Chord& sounding) {

@@ -20,7 +20,8 @@ class PageGrips {
   std::vector<ChordShape> waysToHold(const PageSource::Chord& sounding);
 
   /// Fills in frets, fingers and where a diagram begins. played: the shape that the song has for
-  /// it, counted from the capo; without one the best. False when no hand plays the chord.
+  /// it, counted from the capo; without one the best, in which the lowest tone is the bass that the
+  /// name has. False when no hand plays the chord.
   bool hold(const PageSource::Chord& sounding, const std::optional<ChordShape>& played,
             PageGrip& grip);
 
@@ -29,6 +30,9 @@ class PageGrips {
   bool isOpenChord(const PageSource::Chord& sounding);
 
  private:
+  bool hasBass(const ChordShape& shape, int bass) const;
+
+  OpenPitches m_open;  ///< Behind the capo.
   BandGrips m_grips;
 };
 
