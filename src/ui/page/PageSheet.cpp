@@ -25,6 +25,8 @@ constexpr double kBetweenSections = 0.6;
 constexpr double kPad = 0.4;
 constexpr double kBetweenChords = 0.5;
 constexpr double kRepeatWidth = 0.5;
+constexpr double kPointRadius = 0.07;
+constexpr double kPointRoom = 0.35;
 constexpr double kSmallestScale = 0.55;
 constexpr double kSmallestHead = 0.75;
 
@@ -347,6 +349,7 @@ void PageSheet::fitWidths(Line& line) const {
 double PageSheet::neededBy(const PageBar& bar, int times) const {
   double chords = kPad * m_line + kRepeatWidth * m_line;
   for (const Item& item : itemsOf(bar)) chords += item.width + kBetweenChords * m_line;
+  if (bar.beattype != 0) chords += bar.beats * bar.countsOfBeat() * kPointRoom * m_line;
   double most = chords;
   for (int time = 0; time < times; ++time) {
     const QString words = toText(bar.wordText(static_cast<std::size_t>(time)));
@@ -412,17 +415,33 @@ void PageSheet::addChords(const Line& line, std::size_t index, const QRectF& pla
 /// A point for each count on which a chord goes on.
 void PageSheet::addPoints(const PageBar& bar, const QRectF& place, double from, double scale) {
   if (bar.beattype == 0) return;
-  const double radius = m_line * 0.07 * scale;
+  const std::span<const Chord> names = std::span<const Chord>(m_chords).last(bar.chords.size());
+  const double away = kPointRadius * m_line * scale;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const bool isLast = i + 1 == names.size();
+    const double end = isLast ? bar.beats : bar.chords[i + 1].beat;
+    const double right = isLast ? place.right() : names[i + 1].place.left();
+    addPointsUntil(bar, bar.chords[i].beat, end, {from, place.right(), place.center().y()},
+                   {names[i].place.right() + away, right - 2 * away}, scale);
+  }
+}
+
+/// Where the counts are or, where names take that room, evenly between these.
+void PageSheet::addPointsUntil(const PageBar& bar, double beat, double end, const Row& row,
+                               const Room& room, double scale) {
+  const double radius = kPointRadius * m_line * scale;
   const double counts = bar.beats * bar.countsOfBeat();
-  for (int count = 1; count < static_cast<int>(std::ceil(counts)); ++count) {
-    const QPointF middle(from + count / counts * (place.right() - from) + 2 * radius,
-                         place.center().y());
-    const bool isTaken = std::ranges::any_of(m_chords, [&](const Chord& chord) {
-      return chord.place.top() == place.top() &&
-             chord.place.adjusted(-radius, 0, radius, 0).contains(middle);
-    });
-    if (!isTaken)
-      m_blots.push_back({{middle.x() - radius, middle.y() - radius, 2 * radius, 2 * radius}, true});
+  const int first = static_cast<int>(std::floor(beat * bar.countsOfBeat())) + 1;
+  const int behind = static_cast<int>(std::ceil(end * bar.countsOfBeat()));
+  const auto countAt = [&](int count) {
+    return row.left + count / counts * (row.right - row.left) + 2 * radius;
+  };
+  if (first >= behind || room.left >= room.right) return;
+  const bool isFree = countAt(first) >= room.left && countAt(behind - 1) <= room.right;
+  const double step = (room.right - room.left) / (behind - first);
+  for (int count = first; count < behind; ++count) {
+    const double x = isFree ? countAt(count) : room.left + (count - first + 0.5) * step;
+    m_blots.push_back({{x - radius, row.middle - radius, 2 * radius, 2 * radius}, true});
   }
 }
 

@@ -93,6 +93,16 @@ class PageSheet {
   };
   struct Line;
   struct Item;
+  /// Where the counts of a bar stand.
+  struct Row {
+    double left;
+    double right;
+    double middle;
+  };
+  struct Room {
+    double left;
+    double right;
+  };
 
   QFont fontOf(Role role, double scale = 1) const;
   double heightOf(Role role) const;
@@ -116,6 +126,8 @@ class PageSheet {
   double neededBy(const PageBar& bar, int times) const;
   void addChords(const Line& line, std::size_t bar, const QRectF& place);
   void addPoints(const PageBar& bar, const QRectF& place, double from, double scale);
+  void addPointsUntil(const PageBar& bar, double beat, double end, const Row& row, const Room& room,
+                      double scale);
   void addWords(const Line& line, std::size_t bar, Bar& placed);
   void addBarLine(double x, double height, bool isHeavy);
   void addRepeat(double x, double height, bool opens);
