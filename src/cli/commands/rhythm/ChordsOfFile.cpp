@@ -104,13 +104,16 @@ void printChords(const ChordsOptions& options) {
   const HeardSound heard = heardIn(options);
   const std::string chart = chordChart(heard.rhythm.reading);
   if (chart.empty()) throw CliError(options.file + ": no chords were heard in it");
-  if (options.json) return Console::attached().print(json(heard));
   const SongPage page = pageIn(options.file, heard, stringsOf(options));
   if (options.paper.areGiven())
     for (const auto& [file, content] : drawnFiles(options.paper, printedPage(page), options.force))
       file.write(content);
-  else
-    Console::attached().print(options.chordPro ? chordProOf(page) : chart);
+  Console& console = Console::attached();
+  if (options.json) return console.print(json(heard));
+  if (options.chordPro)
+    console.print(chordProOf(page));
+  else if (!options.paper.areGiven())
+    console.print(chart);
   tellDoubts(heard.rhythm);
 }
 
