@@ -79,6 +79,17 @@ class Folding {
     return within ? within : lines;
   }
 
+  /// Begun later where the bars since then fill whole lines, if it comes as often there: a round of
+  /// four chords in which one was another goes on with the next round, and not behind that chord.
+  Stretch afterWholeLines(const Stretch& repeat, std::size_t since) const {
+    const std::size_t lines = (repeat.first - since + kBarsOfLine - 1) / kBarsOfLine;
+    const std::size_t first = since + lines * kBarsOfLine;
+    const bool comesAsOften = first < repeat.first + repeat.count &&
+                              first + repeat.count <= m_bars.size() &&
+                              timesOf(first, repeat.count) >= repeat.times;
+    return comesAsOften ? Stretch{first, repeat.count, repeat.times} : repeat;
+  }
+
   void foldRepeats() {
     std::size_t from = 0;
     std::size_t at = 0;
@@ -86,11 +97,13 @@ class Folding {
       if (at > from) m_parts.push_back({from, at - from, 1});
     };
     while (at < m_bars.size()) {
-      const auto repeat = repeatAt(at);
+      auto repeat = repeatAt(at);
       if (!repeat) {
         ++at;
         continue;
       }
+      repeat = afterWholeLines(*repeat, from);
+      at = repeat->first;
       addRest();
       m_parts.push_back(*repeat);
       from = at = repeat->end();
