@@ -34,6 +34,7 @@ struct ExportOptions {
   std::optional<std::string> midi;      ///< File for sequencers.
   std::optional<std::string> wav;       ///< File that the song sounds from.
   bool diagrams = false;                ///< Above the tablature that is drawn.
+  bool leftHanded = false;              ///< Those diagrams.
   PaperFlags paper;                     ///< Files that the tablature is drawn into.
   std::optional<std::string> metric;    ///< Such as "3/4"; the song's own when not given.
   bool force = false;                   ///< Replaces files that are there already.
@@ -145,8 +146,8 @@ void exportSong(ExportOptions& options) {
   std::vector<std::string> contents;
   contents.reserve(outputs.size());
   for (const Output& output : outputs) contents.push_back(output.make());
-  const auto drawn =
-      drawnFiles(options.paper, printedTablature(song, options.diagrams), options.force);
+  const PrintedSong printed = printedTablature(song, options.diagrams, options.leftHanded);
+  const auto drawn = drawnFiles(options.paper, printed, options.force);
   // The one that takes most room first: when there is not enough, nothing is written.
   if (wave) renderSong(song, *wave, {});
   for (std::size_t i = 0; i < outputs.size(); ++i) outputs[i].file.write(contents[i]);
@@ -170,7 +171,10 @@ void addExport(Command& tool) {
   command.option("--midi", options.midi, "What is played, for sequencers").shownAs("FILE");
   command.option("--wav", options.wav, "The sound of it, as render writes it").shownAs("FILE");
   addPaperFlags(command, options.paper, "Tablature");
-  command.flag("--diagrams", options.diagrams, "With chord diagrams above it");
+  const Option diagrams =
+      command.flag("--diagrams", options.diagrams, "With chord diagrams above it");
+  command.flag("--left-handed", options.leftHanded, "Diagrams for a guitar that is held so")
+      .needs(diagrams);
   command
       .option("--metric", options.metric,
               "Time signature of score and MIDI (default: the song's, or 4/4)")
