@@ -6,11 +6,13 @@
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QDockWidget>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -139,6 +141,48 @@ TEST_F(MainWindowTest, droppedRecordingIsShownArrangedAndFoundAgain) {
   ASSERT_NE(m_window->tablature().song(), nullptr);
   EXPECT_EQ(m_window->tablature().song()->title(), "Tune(Mld)");
   EXPECT_EQ(m_window->tree().view().currentIndex().data().toString(), "Tune(Mld)");
+}
+
+/// A track of a MIDI file, for a guitar with one note.
+std::string midiTrack(char name, char pitch) {
+  return std::string("MTrk\0\0\0\x14\0\xFF\x03\x01", 12) + name +
+         std::string("\0\xC0\x19\0\x90", 5) + pitch + std::string("\x5A\x60\x80", 3) + pitch +
+         std::string("\0\0\xFF\x2F\0", 5);
+}
+
+TEST_F(MainWindowTest, droppedTabBecomesASongAndTwoGuitarsAreAskedFor) {
+  const std::string tab = m_folder.file("Riff.txt");
+  test::writeFile(tab,
+                  "e|--------|\nB|1-1-3-3-|\nG|--------|\nD|--------|\nA|--------|\nE|--------|\n");
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile(QString::fromStdString(tab))});
+  QDropEvent dropped(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  static_cast<QObject&>(*m_window).event(&dropped);
+  const auto isImported = [this](int songs) {
+    return QTest::qWaitFor([=] { return log().count("Song successfully imported.") == songs; });
+  };
+  ASSERT_TRUE(isImported(1));
+  EXPECT_EQ(titles(), "Riff/Riff ");
+
+  const std::string midi = m_folder.file("two.mid");
+  test::writeFile(midi, std::string("MThd\0\0\0\6\0\1\0\2\0\x60", 14) + midiTrack('A', '\x34') +
+                            midiTrack('B', '\x40'));
+  QStringList tracks;
+  QTimer asked;
+  QObject::connect(&asked, &QTimer::timeout, [&tracks] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!dialog) return;
+    auto* choice = dialog->findChild<QComboBox*>();
+    for (int i = 0; i < choice->count(); ++i) tracks << choice->itemText(i);
+    choice->setCurrentIndex(1);
+    dialog->accept();
+  });
+  asked.start(10);
+  m_window->importFiles({QString::fromStdString(midi)});
+  asked.stop();
+  ASSERT_TRUE(isImported(2));
+  EXPECT_EQ(tracks, (QStringList{"1 A: 1 notes", "2 B: 1 notes"}));
+  EXPECT_TRUE(log().contains("track 2 B is imported; there are also 1 A"));
 }
 
 TEST_F(MainWindowTest, whatTheDiskHasNoRoomForIsTakenBackAndCanBeDoneAgain) {
