@@ -159,7 +159,8 @@ TEST_F(MainWindowTest, droppedTabBecomesASongAndTwoGuitarsAreAskedFor) {
   QDropEvent dropped(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
   static_cast<QObject&>(*m_window).event(&dropped);
   const auto isImported = [this](int songs) {
-    return QTest::qWaitFor([=] { return log().count("Song successfully imported.") == songs; });
+    return QTest::qWaitFor(
+        [this, songs] { return log().count("Song successfully imported.") == songs; });
   };
   ASSERT_TRUE(isImported(1));
   EXPECT_EQ(titles(), "Riff/Riff ");
