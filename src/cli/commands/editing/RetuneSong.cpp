@@ -34,7 +34,7 @@ struct RetuneOptions {
 void retuneSong(const RetuneOptions& options) {
   QBSong& song = chooseSong(options.song);
   Strings strings;
-  if (options.tuning) strings.tuning = &chooseTuning(*options.tuning);
+  if (options.tuning) strings.tuning = &tuningToPlayIn(*options.tuning);
   if (options.movesCapo) strings.capo = options.capo;
   int dropped = 0;
   try {

@@ -161,7 +161,7 @@ int importFiles(const ImportOptions& options) {
   const std::vector<std::string> recordings = recordingsOf(options);
   if (!recordings.empty()) requireInstrumentFor(*options.detection);
   QBTuning* tuning =
-      isNamed(options.tuning) ? &chooseTuning(*options.tuning) : QBTabMgr::db().selectedTuning();
+      isNamed(options.tuning) ? &tuningToPlayIn(*options.tuning) : QBTabMgr::db().selectedTuning();
   std::optional<ListeningAhead> ahead = aheadOf(options, recordings, tuning);
   Songs songs;
   int status = EXIT_SUCCESS;

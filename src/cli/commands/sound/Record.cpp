@@ -113,7 +113,7 @@ LiveRecording::Options optionsOf(const RecordOptions& options) {
   live.title = options.title;
   live.detection = options.detection;
   live.settings = options.settings;
-  if (options.tuning) live.tuning = &chooseTuning(*options.tuning);
+  if (options.tuning) live.tuning = &tuningToPlayIn(*options.tuning);
   live.seconds = options.seconds;
   live.keptTake = options.wav.value_or("");
   return live;

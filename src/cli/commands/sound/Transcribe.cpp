@@ -19,7 +19,6 @@
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/TuningChoice.h"
 #include "export/SongJson.h"
-#include "model/instruments/QBTuning.h"
 #include "music/Neck.h"
 #include "platform/text/UserError.h"
 #include "workflow/editing/rhythm/RhythmWords.h"
@@ -46,7 +45,7 @@ struct TranscribeOptions {
 };
 
 OpenPitches openStrings(const TranscribeOptions& options) {
-  return options.tuning ? chooseTuning(*options.tuning).openStrings().pitches() : kStandardPitches;
+  return options.tuning ? stringsOfTuning(*options.tuning) : kStandardPitches;
 }
 
 /// What was heard in a file, and what it can be written in.

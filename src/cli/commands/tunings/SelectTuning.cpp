@@ -13,7 +13,7 @@ void addSelectTuning(Command& tunings) {
   Command& command = tunings.command("select", "Select the tuning of new songs");
   auto& name = command.own<std::string>();
   needTuning(command, name);
-  command.does([&name] { selectTuning(chooseTuning(name)); });
+  command.does([&name] { selectTuning(tuningToPlayIn(name)); });
 }
 
 }  // namespace korvel::cli

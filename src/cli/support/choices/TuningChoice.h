@@ -18,6 +18,10 @@ class Command;
 void needTuning(Command& command, std::string& name);
 /// The tuning of that name. Throws CliError, which lists the tunings, when there is none.
 QBTuning& chooseTuning(const std::string& name);
+/// The same, but a known one, such as "DADGAD", is made where the store has none of its name.
+QBTuning& tuningToPlayIn(const std::string& name);
+/// Its open strings, for which nothing is made.
+OpenPitches stringsOfTuning(const std::string& tuning);
 /// notes: six, such as "D2", the lowest string first. Throws CliError for a word that is no note.
 OpenPitches pitchesNamed(const std::vector<std::string>& notes);
 
