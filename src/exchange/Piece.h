@@ -70,6 +70,7 @@ struct Track {
   /// file does not say.
   std::vector<int> open;
   int capo = 0;
+  bool mayHaveCapo = false;      ///< The file does not say; its frets count from one, if there is.
   std::vector<Note> notes;       ///< By `at`, then by pitch.
   std::vector<ChordName> names;  ///< By `at`.
   bool namesAreShapes = false;   ///< They tell what a hand holds behind the capo, not what sounds.

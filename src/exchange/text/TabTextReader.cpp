@@ -139,6 +139,7 @@ class PieceReader {
     const OpenPitches open = openStrings();
     track.open.assign(open.begin(), open.end());
     track.capo = m_words.capo.value_or(0);
+    track.mayHaveCapo = !m_isOwn && !m_words.capo;
     track.namesAreShapes = !m_isOwn;
     std::vector<BarSigns> signs;
     for (const TabBar& bar : m_bars) signs.push_back(m_isBarred ? bar.signs : BarSigns());

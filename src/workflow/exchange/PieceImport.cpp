@@ -59,6 +59,12 @@ std::string lineOf(std::string text) {
   return title;
 }
 
+/// All that is played there sounds higher then.
+void putCapo(int fret, exchange::Track& track) {
+  track.capo = fret;
+  for (exchange::Note& note : track.notes) note.pitch += fret;
+}
+
 /// How far notes lie off the sixteenths and triplets of their beats: whether most are nearer than
 /// a player comes without meaning to.
 bool areMostOnBeats(const exchange::Track& track) {
@@ -109,6 +115,7 @@ void PieceImport::choose() {
                            "track %1 is for %2 strings, and songs are for six; choose another one, "
                            "or have it fitted to six strings"),
                     numberedName(m_piece, m_track), track().open.size());
+  if (track().mayHaveCapo) putCapo(m_choices.capo, m_piece.tracks[m_track]);
   const PieceBars bars(m_piece);  // which there may be too many of
 }
 

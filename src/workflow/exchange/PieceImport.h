@@ -35,6 +35,7 @@ struct PieceChoices {
   PieceManner manner = PieceManner::automatic;
   platform::Ref<QBTuning> tuning{};         ///< To play it in; that of the file without.
   fingering::FingeringOptions fingering{};  ///< For notes that the file names no place of.
+  int capo = 0;                             ///< Of a tablature that does not tell of it.
   rhythm::Wishes rhythm{};                  ///< For one that is read as it was played.
   /// A track of another number of strings is played on six.
   bool fitsStrings = false;

@@ -155,6 +155,12 @@ not kept as it was: basses of chords (1), names of chords that the chord book do
   EXPECT_EQ(fretsOf(*m_song->allChords().front()), "xxxxx2");
   EXPECT_EQ(m_song->capo(), 2);
   EXPECT_EQ(m_song->allChords().front()->fullHarmonyName(), "A");
+
+  piece.tracks = {track("Guitar", "0+1:64@5.0", {40, 45, 50, 55, 59, 64})};
+  piece.tracks[0].mayHaveCapo = true;
+  imported(piece, {.capo = 3});
+  EXPECT_EQ(fretsOf(*m_song->allChords().front()), "xxxxx3");
+  EXPECT_EQ(m_song->capo(), 3);
 }
 
 /// What no string has comes onto the neck, two notes of a string do not meet at a tick, and tempi

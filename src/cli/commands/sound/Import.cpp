@@ -122,6 +122,7 @@ platform::Ref<QBSong> songOfPiece(const ImportOptions& options, const std::strin
   PieceChoices choices = options.piece;
   if (isNamed(options.tuning)) choices.tuning = tuning;
   choices.fingering = options.settings.fingering;
+  choices.capo = options.settings.fingering.capo;
   choices.rhythm = options.settings.rhythm;
   choices.album = options.album;
   choices.title = options.title;
