@@ -29,10 +29,7 @@
 #include "precise/seeing/Levels.h"
 #include "precise/seeing/Recording.h"
 #include "precise/seeing/Tuning.h"
-#include "precise/solving/Adaptation.h"
-#include "precise/solving/CoefficientTable.h"
-#include "precise/solving/NonNegativeSolver.h"
-#include "precise/solving/PluckedStrings.h"
+#include "precise/solving/Explanation.h"
 #include "precise/striking/NoteOnsets.h"
 #include "precise/striking/OnsetInputs.h"
 #include "precise/striking/ReattackFormula.h"
@@ -43,13 +40,6 @@ namespace korvel::precise {
 namespace {
 
 using platform::Slices;
-
-/// While the instrument is learnt, every second frame is enough.
-constexpr std::size_t kLearningStep = 2;
-/// Frames are explained so far that rounding decides next to nothing.
-constexpr float kTolerance = 0.001F;
-/// Frames whose largest activation a learnt note is compared with.
-constexpr Frame kAttackFrames = 8;
 
 /// A candidate whose own probability is less than this share of the one that is asked for is no
 /// note in any company.
@@ -105,10 +95,8 @@ class Engine::State {
   Slices see();
   Slices findLevels();
   Slices level();
-  Slices solveQuickly() { return solve(kLearningStep); }
-  Slices solveFully() { return solve(1); }
-  Slices solve(std::size_t step);
-  void lookAhead(NonNegativeSolver& solver, std::size_t frame, std::size_t step) const;
+  Slices solveQuickly() { return m_explanation->solveQuickly(); }
+  Slices solveFully() { return m_explanation->solveFully(); }
   Slices trackSureNotes() { return track(kLearningNotes); }
   Slices trackCandidates() { return track(kCandidateNotes); }
   Slices track(TrackerSettings settings);
@@ -121,7 +109,7 @@ class Engine::State {
   Slices findEnds();
   Slices giveBack();
 
-  float shareAtAttack(const Candidate& note) const;
+  const FrameTable& activations() const { return m_explanation->activations(); }
   Note noteOf(const Candidate& candidate) const;
 
   double m_threshold;
@@ -146,9 +134,7 @@ class Engine::State {
   FrameTable m_turns;
   std::optional<Flux> m_flux;
   Levels m_levels;
-  Dictionary m_dictionary;
-  CoefficientTable m_coefficients;
-  FrameTable m_activations;
+  std::optional<Explanation> m_explanation;  ///< Once the spectra are levelled.
   std::vector<Candidate> m_candidates;
   std::vector<Candidate> m_doubtful;  ///< What may be a note but is not among the candidates.
   std::vector<Features<NoteFeature>> m_known;  ///< Of each candidate, while notes are judged.
@@ -276,72 +262,28 @@ Slices Engine::State::level() {
     m_levels.apply(m_spectra.row(t).first<kBins>());
     co_yield share(t, m_frames);
   }
-  m_dictionary = pluckedStrings();
-}
-
-/// Shows the solver the next frames that it is to solve.
-void Engine::State::lookAhead(NonNegativeSolver& solver, std::size_t frame,
-                              std::size_t step) const {
-  std::array<const float*, NonNegativeSolver::kTogether> rows;
-  std::size_t count = 0;
-  for (; count < rows.size() && frame < m_frames; frame += step)
-    rows[count++] = m_spectra.row(frame).data();
-  solver.look(std::span(rows).first(count));
-}
-
-Slices Engine::State::solve(std::size_t step) {
-  NonNegativeSolver solver(m_dictionary, kTolerance);
-  std::span<const float> solution;
-  m_coefficients = CoefficientTable();
-  if (m_activations.frames() != m_frames) m_activations = FrameTable(m_frames, kPitches);
-  for (std::size_t t = 0; t < m_frames; ++t) {
-    if (t % (NonNegativeSolver::kTogether * step) == 0) lookAhead(solver, t, step);
-    if (t % step == 0) {
-      solution = solver.solve(t / step % NonNegativeSolver::kTogether);
-      if (step > 1) m_coefficients.add(solution);
-    }
-    const auto row = m_activations.row(t);
-    std::ranges::fill(row, 0.0F);
-    for (std::size_t a = 0; a < m_dictionary.size(); ++a) row[m_dictionary.pitch(a)] += solution[a];
-    co_yield share(t, m_frames);
-  }
+  m_explanation.emplace(m_spectra);
 }
 
 Slices Engine::State::track(TrackerSettings settings) {
   m_candidates.clear();
-  Tracker tracker(m_activations, *m_flux, settings);
+  Tracker tracker(activations(), *m_flux, settings);
   Slices tracking = tracker.track(m_candidates);
   while (tracking.next()) co_yield tracking.done();
-}
-
-/// The note's peak in relation to the loudest pitch at its attack.
-float Engine::State::shareAtAttack(const Candidate& note) const {
-  float loudest = note.peak;
-  const Frame end = std::min(note.onset + kAttackFrames, static_cast<Frame>(m_frames));
-  for (Frame t = note.onset; t < end; ++t)
-    loudest = std::max(loudest, std::ranges::max(m_activations.row(static_cast<std::size_t>(t))));
-  return note.peak / loudest;
 }
 
 Slices Engine::State::learn() {
   sortByOnset(m_candidates);
   keepSixStrongest(m_candidates);
-  Adaptation adaptation(m_spectra, m_dictionary, m_coefficients, kLearningStep);
-  Adaptation::Sound& known = m_experience.sounds.at(m_lessons++);
-  adaptation.recall(known);
-  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    adaptation.learn(m_candidates[i], shareAtAttack(m_candidates[i]));
-    co_yield share(i, m_candidates.size());
-  }
-  known = adaptation.sound();
-  m_dictionary = adaptation.dictionary();
+  Slices learning = m_explanation->learn(m_candidates, m_experience.sounds.at(m_lessons++));
+  while (learning.next()) co_yield learning.done();
 }
 
 /// Joins what was not struck again to the candidate before it. They are still in order of pitch.
 Slices Engine::State::judgeReattacks() {
   const OnsetIndex onsets(m_candidates);
-  const ReattackFormula formula(m_activations, *m_flux, onsets);
-  const StrikeInputs inputs(m_activations, m_turns, *m_flux);
+  const ReattackFormula formula(activations(), *m_flux, onsets);
+  const StrikeInputs inputs(activations(), m_turns, *m_flux);
   if (m_observer) m_observer->tracked(m_candidates);
   std::vector<Candidate> kept;
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
@@ -379,11 +321,11 @@ Slices Engine::State::judgeNotes() {
 Slices Engine::State::judgeEach() {
   m_loudest.resize(m_frames);
   for (std::size_t t = 0; t < m_frames; ++t) {
-    m_loudest[t] = std::ranges::max(m_activations.row(t));
+    m_loudest[t] = std::ranges::max(activations().row(t));
     co_yield share(t, m_frames) * kShareOfLoudest;
   }
   const OnsetIndex onsets(m_candidates);
-  const NoteFormula formula(m_activations, m_spectra, *m_flux, onsets, m_loudest);
+  const NoteFormula formula(activations(), m_spectra, *m_flux, onsets, m_loudest);
   m_known.resize(m_candidates.size());
   for (std::size_t i = 0; i < m_candidates.size(); ++i) {
     m_known[i] = formula.features(m_candidates[i]);
@@ -419,7 +361,7 @@ Slices Engine::State::findOnsets() {
   const NoteOnsets noteOnsets(m_candidates);
   std::vector<Frame> onsets(m_candidates.size());
   for (std::size_t i = 0; i < onsets.size(); ++i) {
-    const OnsetInputs known(m_activations, m_turns, *m_flux, m_candidates[i]);
+    const OnsetInputs known(activations(), m_turns, *m_flux, m_candidates[i]);
     if (m_observer) m_observer->onset(m_candidates[i], known);
     onsets[i] = noteOnsets.onsetOf(i, known);
     co_yield share(i, onsets.size());
@@ -429,7 +371,7 @@ Slices Engine::State::findOnsets() {
 }
 
 Slices Engine::State::findEnds() {
-  const NoteEnds noteEnds({.activations = m_activations,
+  const NoteEnds noteEnds({.activations = activations(),
                            .loudest = m_loudest,
                            .spectra = m_spectra,
                            .flux = *m_flux,
@@ -449,8 +391,6 @@ Slices Engine::State::giveBack() {
   m_known = {};
   m_loudest = {};
   co_yield 0.1;
-  m_coefficients = {};
-  co_yield 0.2;
   m_flux.reset();
   for (std::size_t end = 0; end < m_frames; end += kFramesGivenBack) {
     m_spectra.release(end);
@@ -476,8 +416,8 @@ Analysis Engine::State::take() {
   analysis.frames = m_frames;
   analysis.ref = m_levels.ref();
   analysis.tuningOffset = m_tuningOffset;
-  if (m_silent) m_activations = FrameTable(m_frames, kPitches);
-  analysis.activations = std::move(m_activations);
+  analysis.activations =
+      m_silent ? FrameTable(m_frames, kPitches) : m_explanation->takeActivations();
   for (const Candidate& note : m_candidates) analysis.notes.push_back(noteOf(note));
   for (const Candidate& note : m_doubtful) analysis.doubtful.push_back(noteOf(note));
   return analysis;
