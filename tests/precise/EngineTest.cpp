@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "precise/Engine.h"
 
+#include "precise/Observer.h"
 #include "precise/judging/Company.h"
-#include "precise/judging/Observer.h"
 #include "precise/striking/StrikeNet.h"
 #include "support/Testing.h"
 #include "support/sound/Guitar.h"

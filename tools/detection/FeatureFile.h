@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "precise/judging/Observer.h"
+#include "precise/Observer.h"
 
 namespace korvel::tools {
 

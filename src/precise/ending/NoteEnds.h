@@ -3,9 +3,9 @@
 
 #include <span>
 
+#include "precise/Observer.h"
 #include "precise/ending/EndSurroundings.h"
 #include "precise/judging/Candidate.h"
-#include "precise/judging/Observer.h"
 
 namespace korvel::precise {
 
