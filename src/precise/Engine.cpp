@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <cmath>
 #include <optional>
 #include <span>
 #include <utility>
@@ -18,8 +17,7 @@
 #include "precise/ending/NoteEnds.h"
 #include "precise/judging/Candidate.h"
 #include "precise/judging/Choice.h"
-#include "precise/judging/Company.h"
-#include "precise/judging/NoteFormula.h"
+#include "precise/judging/NoteJudge.h"
 #include "precise/judging/OnsetIndex.h"
 #include "precise/judging/Tables.h"
 #include "precise/judging/Tracker.h"
@@ -41,21 +39,6 @@ namespace {
 
 using platform::Slices;
 
-/// A candidate whose own probability is less than this share of the one that is asked for is no
-/// note in any company.
-constexpr double kShareByItself = 0.4;
-/// One that is so probable by itself, and probable enough in company to the formula, is one unless
-/// the networks leave it less than this share of what is asked for.
-constexpr double kSureByItself = 0.7;
-constexpr double kShareOfSure = 0.75;
-/// Progress: the share of judging that is spent on looking at each note by itself.
-constexpr double kShareOfEach = 0.7;
-/// Progress: the share of that which is spent on finding the loudest pitch of each frame.
-constexpr double kShareOfLoudest = 0.1;
-/// Progress: the shares of judging in company that are spent on finding out which notes sound
-/// together, and on writing it into their features.
-constexpr double kShareOfMeeting = 0.4;
-constexpr double kShareOfAdding = 0.3;
 /// Rows of a table whose memory is given back at once.
 constexpr std::size_t kFramesGivenBack = 8192;
 
@@ -103,8 +86,6 @@ class Engine::State {
   Slices learn();
   Slices judgeReattacks();
   Slices judgeNotes();
-  Slices judgeEach();
-  Slices judgeInCompany();
   Slices findOnsets();
   Slices findEnds();
   Slices giveBack();
@@ -137,9 +118,7 @@ class Engine::State {
   std::optional<Explanation> m_explanation;  ///< Once the spectra are levelled.
   std::vector<Candidate> m_candidates;
   std::vector<Candidate> m_doubtful;  ///< What may be a note but is not among the candidates.
-  std::vector<Features<NoteFeature>> m_known;  ///< Of each candidate, while notes are judged.
-  std::vector<char> m_probable;  ///< Whether each candidate is more so than was asked for.
-  std::vector<float> m_loudest;  ///< Activation of each frame.
+  std::optional<NoteJudge> m_judge;   ///< From when notes are judged until their ends are found.
 };
 
 std::span<const Engine::State::Pass> Engine::State::passes() {
@@ -306,55 +285,16 @@ Slices Engine::State::judgeReattacks() {
   m_candidates = std::move(kept);
 }
 
-/// First each candidate by itself, then each in the company of what is probable beside it.
 Slices Engine::State::judgeNotes() {
-  Slices judging = judgeEach();
-  while (judging.next()) co_yield judging.done() * kShareOfEach;
-  judging = judgeInCompany();
-  while (judging.next()) co_yield kShareOfEach + judging.done() * (1 - kShareOfEach);
+  m_judge.emplace(
+      NoteJudge::Seen{.activations = activations(), .spectra = m_spectra, .flux = *m_flux},
+      m_threshold, m_observer);
+  Slices judging = m_judge->judge(m_candidates);
+  while (judging.next()) co_yield judging.done();
   co_yield 1;
-  Choice choice(m_candidates, m_probable, m_threshold, *m_flux);
+  Choice choice(m_candidates, m_judge->probable(), m_threshold, *m_flux);
   m_candidates = std::move(choice.notes);
   m_doubtful = std::move(choice.doubtful);
-}
-
-Slices Engine::State::judgeEach() {
-  m_loudest.resize(m_frames);
-  for (std::size_t t = 0; t < m_frames; ++t) {
-    m_loudest[t] = std::ranges::max(activations().row(t));
-    co_yield share(t, m_frames) * kShareOfLoudest;
-  }
-  const OnsetIndex onsets(m_candidates);
-  const NoteFormula formula(activations(), m_spectra, *m_flux, onsets, m_loudest);
-  m_known.resize(m_candidates.size());
-  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    m_known[i] = formula.features(m_candidates[i]);
-    m_candidates[i].probability = logistic(noteTerms(), m_known[i]);
-    co_yield kShareOfLoudest + (1 - kShareOfLoudest) * share(i, m_candidates.size());
-  }
-}
-
-Slices Engine::State::judgeInCompany() {
-  Company company(m_candidates);
-  Slices meeting = company.meetAll();
-  while (meeting.next()) co_yield meeting.done() * kShareOfMeeting;
-  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    company.add(i, m_known[i]);
-    if (m_observer) m_observer->note(m_candidates[i], m_known[i]);
-    co_yield kShareOfMeeting + share(i, m_candidates.size()) * kShareOfAdding;
-  }
-  m_probable.resize(m_candidates.size());
-  for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-    const double byItself = m_candidates[i].probability;
-    const double probability = probabilityInCompany(m_known[i]);
-    const bool isSure =
-        byItself > kSureByItself && logistic(companyTerms(), m_known[i]) > m_threshold;
-    m_probable[i] = byItself >= kShareByItself * m_threshold &&
-                    probability > (isSure ? kShareOfSure : 1) * m_threshold;
-    m_candidates[i].probability = probability;
-    co_yield kShareOfMeeting + kShareOfAdding +
-        (1 - kShareOfMeeting - kShareOfAdding) * share(i, m_candidates.size());
-  }
 }
 
 Slices Engine::State::findOnsets() {
@@ -372,7 +312,7 @@ Slices Engine::State::findOnsets() {
 
 Slices Engine::State::findEnds() {
   const NoteEnds noteEnds({.activations = activations(),
-                           .loudest = m_loudest,
+                           .loudest = m_judge->loudest(),
                            .spectra = m_spectra,
                            .flux = *m_flux,
                            .gains = m_levels.gains()},
@@ -388,8 +328,7 @@ Slices Engine::State::findEnds() {
 
 /// What nobody needs any more: of an hour it would take long to give it all back at once.
 Slices Engine::State::giveBack() {
-  m_known = {};
-  m_loudest = {};
+  m_judge.reset();
   co_yield 0.1;
   m_flux.reset();
   for (std::size_t end = 0; end < m_frames; end += kFramesGivenBack) {
