@@ -104,6 +104,16 @@ TEST(TabTextReaderTest, readsTabsAsPeopleWriteThem) {
   }
 }
 
+TEST(TabTextReaderTest, readsTextOfTwoBytesACharacter) {
+  const std::string tab = "e|--0-2-|\nB|------|\nG|------|\nD|------|\nA|------|\nE|------|\n";
+  std::string low = "\xFF\xFE", high = "\xFE\xFF";
+  for (const char c : tab) low += {c, '\0'}, high += {'\0', c};
+  const std::string narrow = read(tab);
+  EXPECT_FALSE(narrow.starts_with("!")) << narrow;
+  EXPECT_EQ(read(low), narrow);
+  EXPECT_EQ(read(high), narrow);
+}
+
 /// A song of triplets, ties, rests, a pick-up and other metres, and its text.
 TEST(TabTextReaderTest, readsWhatTheProgramWrote) {
   const test::StandardStore store;

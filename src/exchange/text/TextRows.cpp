@@ -9,6 +9,8 @@ namespace korvel::exchange {
 
 namespace {
 
+constexpr std::string_view kLowByteFirst = "\xFF\xFE";
+constexpr std::string_view kHighByteFirst = "\xFE\xFF";
 constexpr std::size_t kColumnsOfTab = 8;
 constexpr unsigned kByte = 0xFF;
 constexpr unsigned kFollowing = 0x3F;
@@ -80,9 +82,27 @@ void addUtf8(std::string& text, char32_t c) {
   push(0x80 | (c & kFollowing));
 }
 
+/// Characters that take four bytes, which no tablature needs, become question marks.
+std::string narrowed(std::string_view wide) {
+  const std::size_t low = wide.starts_with(kLowByteFirst) ? 0 : 1;
+  std::string text;
+  for (std::size_t i = kLowByteFirst.size(); i + 1 < wide.size(); i += 2) {
+    const unsigned code = (static_cast<unsigned char>(wide[i + 1 - low]) & kByte) << 8U |
+                          (static_cast<unsigned char>(wide[i + low]) & kByte);
+    const bool isHalf = code >= 0xD800 && code < 0xE000;
+    addUtf8(text, isHalf ? U'?' : code);
+  }
+  return text;
+}
+
 }  // namespace
 
+bool isWideText(std::string_view text) {
+  return text.starts_with(kLowByteFirst) || text.starts_with(kHighByteFirst);
+}
+
 std::vector<Row> rowsOf(std::string_view text) {
+  if (isWideText(text)) return rowsOf(narrowed(text));
   std::vector<Row> rows;
   while (!text.empty()) {
     const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
