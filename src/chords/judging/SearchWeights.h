@@ -33,9 +33,9 @@ struct SearchWeights {
   float someDrums = 0.45F, mostlyDrums = 0.6F;  ///< goes from the one to the other.
   float noneOfMusic = 0.4F;              ///< In place of `none` in a recording whose chords are as
   float noMusic = 0.14F, music = 0.18F;  ///< probable as music's.
-  /// Chords that are less probable than that, on average over all the time, are made up: speech and
-  /// most drums stay below .17, the vaguest music reaches .36.
-  float leastSure = 0.2F;
+  /// Chords that are less probable than that, on average over all the time, are made up: most drums
+  /// and speech stay below, music reaches .2 and more.
+  float leastSure = 0.12F;
   // What follows what.
   float change = 13;
   float changeOnBarLine = 5;
