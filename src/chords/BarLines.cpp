@@ -38,6 +38,7 @@ std::vector<std::size_t> changesOf(std::span<const BeatEvidence> beats,
                                    const SearchWeights& weights) {
   SearchWeights plain = weights;
   plain.change = (weights.change + weights.changeOnBarLine) / 2;
+  plain.leastSure = 0;  // Vague chords may change on bar lines all the same.
   std::vector<BeatEvidence> alike(beats.begin(), beats.end());
   for (BeatEvidence& beat : alike) beat.onBarLine = false;
   std::vector<std::size_t> changes;
