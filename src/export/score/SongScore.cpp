@@ -145,14 +145,6 @@ bool isBehind(int capo, const std::vector<ScoreEvent>& events) {
   });
 }
 
-/// None where a tone lies below it.
-int playableCapo(int capo, const std::vector<ScoreBar>& bars) {
-  const bool isPlayable = std::ranges::all_of(bars, [capo](const ScoreBar& bar) {
-    return isBehind(capo, bar.events) && isBehind(capo, bar.lower);
-  });
-  return isPlayable ? std::max(capo, 0) : 0;
-}
-
 double tempoOfSlices(const QBSong& song) {
   return kSecondsOfMinute / (kSixteenthsOfQuarter * kSecondsOfChord) * rateOf(song);
 }
@@ -200,6 +192,13 @@ Score headOf(const QBSong& song) {
   return score;
 }
 
+void putBehind(int capo, Score& score) {
+  const bool isPlayable = std::ranges::all_of(score.bars, [capo](const ScoreBar& bar) {
+    return isBehind(capo, bar.events) && isBehind(capo, bar.lower);
+  });
+  score.capo = isPlayable ? std::max(capo, 0) : 0;
+}
+
 Score scoreOf(Score head, const BeatSheet& sheet, const std::optional<Meter>& meter) {
   const SongBeats beats(sheet);
   head.countsBeats = true;
@@ -216,7 +215,7 @@ Score scoreOf(Score head, const BeatSheet& sheet, const std::optional<Meter>& me
 
 Score scoreOf(QBSong& song, const std::optional<Meter>& meter) {
   Score score = song.isOnBeats() ? scoreOnBeats(song, meter) : scoreOfSlices(song, meter);
-  score.capo = playableCapo(capoOf(song), score.bars);
+  putBehind(capoOf(song), score);
   return score;
 }
 

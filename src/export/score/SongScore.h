@@ -23,6 +23,9 @@ Score headOf(const QBSong& song);
 /// How many times as fast as it was recorded a song is to be played.
 double rateOf(const QBSong& song);
 
+/// Has a score say the fret of a capo, unless a tone lies below that. 0 for none.
+void putBehind(int capo, Score& score);
+
 /// A song as a score, without program and date. It follows the song's measures, or the given meter
 /// from the first chord to the last; 4/4 when it has none. Silenced tones are left out, and of
 /// several on a string the highest stays, as in the tablature.

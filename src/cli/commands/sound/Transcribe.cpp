@@ -19,6 +19,7 @@
 #include "cli/support/UsageError.h"
 #include "cli/support/choices/TuningChoice.h"
 #include "export/SongJson.h"
+#include "export/score/SongScore.h"
 #include "music/Neck.h"
 #include "platform/text/UserError.h"
 #include "workflow/editing/rhythm/RhythmWords.h"
@@ -79,11 +80,16 @@ class Outputs {
     const std::string json = notesAsJson(notes.notes, notes.rhythm);
     if (m_options.json) fileOf(*m_options.json).write(json);
     if (m_options.midi) fileOf(*m_options.midi).write(midiOf(score, heard.grid));
-    if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(score.score(title())));
+    if (m_options.musicxml) fileOf(*m_options.musicxml).write(musicXmlOf(scoreOf(score)));
     if (!m_options.json && !m_options.midi && !m_options.musicxml) Console::attached().print(json);
   }
 
  private:
+  Score scoreOf(const NoteScore& notes) const {
+    Score score = notes.score(title());
+    putBehind(m_options.settings.fingering.capo, score);
+    return score;
+  }
   std::string midiOf(const NoteScore& score, Grid grid) const {
     return midiFile(grid == Grid::beats ? score.midi(title()) : score.heardMidi(title()));
   }
