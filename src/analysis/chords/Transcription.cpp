@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "analysis/bands/BandChords.h"
+#include "analysis/bands/BandPace.h"
 #include "audio/QBSampleSource.h"
 #include "chords/SoloOrBand.h"
 #include "fingering/TuningFit.h"
@@ -130,7 +131,18 @@ void Transcription::readRhythm() {
   if (m_reader->step()) return;
   m_rhythm = m_reader->take();
   m_reader.reset();
-  m_phase = Phase::done;
+  if (!readsHalfAsFast()) m_phase = Phase::done;
+}
+
+/// A band that was read twice as fast is read once more, by its drums.
+bool Transcription::readsHalfAsFast() {
+  const bool isFree = m_isBand && !m_wishes.tempo && !m_isReadAgain;
+  if (!isFree || !isReadTwiceAsFast(m_sound.strokes, m_rhythm.reading)) return false;
+  m_isReadAgain = true;
+  rhythm::Wishes slower = m_wishes;
+  slower.tempo = m_rhythm.reading.tempo() / 2;
+  m_reader.emplace(withStrokes(m_result.notes, m_sound.strokes), slower);
+  return true;
 }
 
 double Transcription::progress() const {

@@ -58,6 +58,7 @@ class Transcription {
   void findTuning();
   void finger();
   void readRhythm();
+  bool readsHalfAsFast();
 
   std::shared_ptr<QBSampleSource> m_source;
   precise::WindowedEngine m_engine;
@@ -77,6 +78,7 @@ class Transcription {
   platform::Slices m_placing;
   rhythm::Wishes m_wishes;
   std::optional<rhythm::RhythmReader> m_reader;  ///< While it reads.
+  bool m_isReadAgain = false;
   rhythm::Rhythm m_rhythm;
 };
 
