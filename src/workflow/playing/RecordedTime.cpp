@@ -64,11 +64,12 @@ std::optional<int> lastInStep(QBSong& song, const SongTime& time) {
   const auto hasBeat = [](const auto& chord) { return chord->hasBeatTime(); };
   const auto last = std::find_if(chords.rbegin(), chords.rend(), hasBeat).base();
   double tick = time.begin();
-  for (auto chord = chords.begin(); chord != chords.end(); ++chord) {
+  for (auto chord = chords.begin(); chord != last; ++chord) tick += std::max((*chord)->ticks(), 0);
+  for (auto chord = last; chord != chords.end(); ++chord) {
     const double struck = static_cast<double>((*chord)->timestamp()) / platform::kSampleRate;
     const double beats =
         (struck - time.secondsOf(tick)) * time.beatsPerMinuteAt(tick) / kSecondsOfMinute;
-    if (chord >= last && struck > 0 && std::abs(beats) > kBeatsMore)
+    if (struck > 0 && std::abs(beats) > kBeatsMore)
       return static_cast<int>(last - chords.begin()) - 1;
     tick += std::max((*chord)->ticks(), 0);
   }

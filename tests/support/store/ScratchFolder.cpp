@@ -10,6 +10,7 @@
 namespace korvel::test {
 
 ScratchFolder::ScratchFolder() {
+  // mkdtemp puts letters of its own in the place of these.
   std::string pattern = (std::filesystem::temp_directory_path() / "korvel-XXXXXX").string();
   if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot make a scratch folder");
   m_path = pattern;
