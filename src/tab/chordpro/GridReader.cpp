@@ -25,7 +25,9 @@ int timesIn(const std::vector<std::string>& margin) {
     for (const char letter : word)
       if (letter >= '0' && letter <= '9') digits += letter;
     const bool isTimes = word.find('x') != std::string::npos && !digits.empty();
-    if (isTimes) return std::clamp(static_cast<int>(*numberIn(digits)), 1, kMostTimes);
+    if (isTimes)
+      return static_cast<int>(
+          std::clamp(numberIn(digits).value_or(kMostTimes), 1.0, double{kMostTimes}));
   }
   return 2;
 }
