@@ -12,8 +12,8 @@
 #include "exchange/musicxml/CompressedMusicXml.h"
 #include "exchange/musicxml/MusicXmlReader.h"
 #include "exchange/text/TabTextReader.h"
-#include "exchange/text/TextRows.h"
 #include "platform/files/Files.h"
+#include "platform/text/ForeignText.h"
 #include "platform/text/UserError.h"
 
 namespace korvel::exchange {
@@ -93,7 +93,7 @@ bool isMusicXml(std::string_view head) {
 }
 
 bool isText(std::string_view head) {
-  if (isWideText(head)) return true;
+  if (platform::isWideText(head)) return true;
   const auto isOdd = [](unsigned char c) { return c < ' ' && !std::isspace(c); };
   return !head.empty() && std::ranges::none_of(head, isOdd);
 }

@@ -2,8 +2,8 @@
 #include "exchange/guitarpro/FileBytes.h"
 
 #include <algorithm>
-#include <array>
 
+#include "platform/text/ForeignText.h"
 #include "platform/text/UserError.h"
 #include "platform/text/Utf8.h"
 
@@ -12,39 +12,7 @@ namespace {
 
 using platform::phrase;
 
-/// What stands for the bytes from 0x80 on that Latin 1 has control characters for; 0 for none.
-constexpr std::array<char16_t, 32> kWindowsLetters{
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
-
-/// Of a character below U+10000.
-void append(std::string& text, unsigned letter) {
-  const auto add = [&](unsigned byte) { text += static_cast<char>(byte); };
-  if (letter < 0x80U) {
-    add(letter);
-  } else if (letter < 0x800U) {
-    add(0xC0U | letter >> 6U);
-    add(0x80U | (letter & 0x3FU));
-  } else {
-    add(0xE0U | letter >> 12U);
-    add(0x80U | (letter >> 6U & 0x3FU));
-    add(0x80U | (letter & 0x3FU));
-  }
-}
-
-std::string ofWindows(std::string_view bytes) {
-  std::string text;
-  for (const char c : bytes) {
-    const unsigned byte = static_cast<unsigned char>(c);
-    const bool isMoved = byte >= 0x80U && byte < 0xA0U;
-    const unsigned letter = isMoved ? kWindowsLetters[byte - 0x80U] : byte;
-    if (letter != 0) append(text, letter);
-  }
-  return text;
-}
 
 }  // namespace
 
@@ -105,7 +73,7 @@ void FileBytes::damaged() const {
 std::string readable(std::string_view bytes) {
   std::string text(bytes);
   std::erase_if(text, isControl);
-  return platform::printable(text) == text ? text : ofWindows(text);
+  return platform::printable(text) == text ? text : platform::westernText(text);
 }
 
 }  // namespace korvel::exchange::guitarpro

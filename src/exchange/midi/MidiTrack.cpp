@@ -8,6 +8,7 @@
 
 #include "exchange/midi/MidiBytes.h"
 #include "music/Pitch.h"
+#include "platform/text/ForeignText.h"
 #include "platform/text/UserError.h"
 #include "platform/text/Utf8.h"
 
@@ -21,21 +22,9 @@ using platform::phrase;
 constexpr std::int64_t kMostTicks = std::int64_t{1} << 40;
 constexpr std::size_t kMostTrackNotes = 1'000'000;
 
-/// Texts of MIDI files do not say how they are written: as UTF-8, or with a byte for each letter.
+/// Texts of MIDI files do not say in which letters they are.
 std::string textIn(std::string_view bytes) {
-  const auto isWhole = [](const std::string& character) {
-    return character.size() > 1 || static_cast<unsigned char>(character.front()) < 0x80;
-  };
-  std::string text(bytes);
-  if (!std::ranges::all_of(platform::characters(text), isWhole)) {
-    text.clear();
-    for (const char c : bytes) {
-      const auto byte = static_cast<unsigned char>(c);
-      if (byte >= 0x80) text += static_cast<char>(0xC0 | byte >> 6);
-      text += byte >= 0x80 ? static_cast<char>(0x80 | (byte & 0x3F)) : c;
-    }
-  }
-  return platform::printable(text);
+  return platform::printable(platform::foreignText(bytes));
 }
 
 /// Goes through the events of a track.

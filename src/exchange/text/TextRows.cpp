@@ -3,14 +3,13 @@
 
 #include <algorithm>
 
+#include "platform/text/ForeignText.h"
 #include "platform/text/Utf8.h"
 
 namespace korvel::exchange {
 
 namespace {
 
-constexpr std::string_view kLowByteFirst = "\xFF\xFE";
-constexpr std::string_view kHighByteFirst = "\xFE\xFF";
 constexpr std::size_t kColumnsOfTab = 8;
 constexpr unsigned kByte = 0xFF;
 constexpr unsigned kFollowing = 0x3F;
@@ -65,44 +64,10 @@ Row rowOf(std::string_view line) {
   return row;
 }
 
-void addUtf8(std::string& text, char32_t c) {
-  const auto push = [&](unsigned byte) { text += static_cast<char>(byte); };
-  if (c < 0x80) return push(c);
-  if (c < 0x800) {
-    push(0xC0 | (c >> 6U));
-  } else {
-    if (c < 0x10000) {
-      push(0xE0 | (c >> 12U));
-    } else {
-      push(0xF0 | (c >> 18U));
-      push(0x80 | ((c >> 12U) & kFollowing));
-    }
-    push(0x80 | ((c >> 6U) & kFollowing));
-  }
-  push(0x80 | (c & kFollowing));
-}
-
-/// Characters that take four bytes, which no tablature needs, become question marks.
-std::string narrowed(std::string_view wide) {
-  const std::size_t low = wide.starts_with(kLowByteFirst) ? 0 : 1;
-  std::string text;
-  for (std::size_t i = kLowByteFirst.size(); i + 1 < wide.size(); i += 2) {
-    const unsigned code = (static_cast<unsigned char>(wide[i + 1 - low]) & kByte) << 8U |
-                          (static_cast<unsigned char>(wide[i + low]) & kByte);
-    const bool isHalf = code >= 0xD800 && code < 0xE000;
-    addUtf8(text, isHalf ? U'?' : code);
-  }
-  return text;
-}
-
 }  // namespace
 
-bool isWideText(std::string_view text) {
-  return text.starts_with(kLowByteFirst) || text.starts_with(kHighByteFirst);
-}
-
 std::vector<Row> rowsOf(std::string_view text) {
-  if (isWideText(text)) return rowsOf(narrowed(text));
+  if (platform::isWideText(text)) return rowsOf(platform::foreignText(text));
   std::vector<Row> rows;
   while (!text.empty()) {
     const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
@@ -115,7 +80,7 @@ std::vector<Row> rowsOf(std::string_view text) {
 
 std::string utf8(std::u32string_view row) {
   std::string text;
-  for (const char32_t c : row) addUtf8(text, c);
+  for (const char32_t c : row) platform::appendCharacter(text, c);
   return text;
 }
 

@@ -10,12 +10,10 @@ namespace korvel::exchange {
 /// A line of text, a character each, so that its places are columns.
 using Row = std::u32string;
 
-/// Whether a text begins with the mark of two bytes a character, as some editors save it.
-bool isWideText(std::string_view text);
-
-/// The lines of such a text, or of one in UTF-8, of which bytes that are none are Latin-1, or
-/// dashes of old word processors. Dashes and bars that are drawn with signs of their own become "-"
-/// and "|", tabs go to columns of eight, quotation marks of mail and fences of code are gone.
+/// The lines of a text of two bytes a character, or of one in UTF-8, of which bytes that are none
+/// are Latin-1, or dashes of old word processors. Dashes and bars that are drawn with signs of
+/// their own become "-" and "|", tabs go to columns of eight, quotation marks of mail and fences of
+/// code are gone.
 std::vector<Row> rowsOf(std::string_view text);
 
 std::string utf8(std::u32string_view row);
