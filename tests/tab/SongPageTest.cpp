@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "arrange/harmony/Parser.h"
+#include "music/Pitch.h"
+#include "music/Ticks.h"
 #include "support/Script.h"
 #include "support/Testing.h"
 #include "support/store/StandardStore.h"
@@ -101,16 +103,121 @@ std::string typed(const Words& words) {
   return text.substr(0, text.size() - 1);
 }
 
-TEST(SongPageTest, isLaidOutAsWritten) {
-  const test::StandardStore store;
-  Parser(QBTabMgr::db(), KORVEL_TEST_DATA "/../../resources/ChordDeclarations").parseHarmonies();
-  QBTabMgr::db().loadHarmonies();
+/// Songs of any metres, with words here and there.
+class RandomSheet {
+ public:
+  explicit RandomSheet(unsigned seed) : m_random(seed) {
+    song.isInBars = true;
+    song.title = "Gr\u00f6\u00dfe";
+    song.tempo = 40 + below(100);
+    song.capo = below(3) ? 0 : below(11);
+    song.key = below(24);
+    for (int bars = 1 + below(24); bars > 0; --bars) addBar();
+    for (std::size_t i = 0; i < song.chords.size(); ++i)
+      song.chords[i].ticks =
+          (i + 1 < song.chords.size() ? song.chords[i + 1].tick : m_tick) - song.chords[i].tick;
+  }
+
+  PageSource song;
+
+ private:
+  int below(int end) { return static_cast<int>(m_random() % static_cast<unsigned>(end)); }
+
+  void addBar() {
+    constexpr int kMetres[][2] = {{4, 4}, {4, 4}, {3, 4}, {6, 8}, {7, 8}, {2, 2}, {5, 4}, {12, 8}};
+    if (song.bars.empty() || below(5) == 0) m_metre = below(8);
+    const auto& [beat, beattype] = kMetres[m_metre];
+    const int ticks = ticksOfBar(beat, beattype);
+    song.bars.push_back(
+        {m_tick, ticks, beat, beattype, static_cast<int>(std::ssize(song.bars)) + 1});
+    for (int tick = 0; tick < ticks; tick += 1 + below(ticks)) addChord(m_tick + tick);
+    m_tick += ticks;
+  }
+
+  void addChord(int tick) {
+    constexpr const char* kTypes[] = {"", "m", "7", "maj7", "m7b5", "sus4"};
+    PageSource::Chord chord;
+    chord.tick = tick;
+    chord.root = below(9) || tick == 0 ? below(kNotesPerOctave) : -1;
+    if (chord.root >= 0) chord.type = kTypes[below(6)];
+    if (chord.root >= 0 && below(6) == 0) chord.bass = pitchClass(chord.root + 1 + below(11));
+    const bool isOther = song.chords.empty() || !isCalledAlike(song.chords.back(), chord);
+    if (isOther) song.chords.push_back(chord);
+    if ((isOther || tick == m_tick) && below(4) == 0)
+      song.words.push_back({tick, below(3) ? "la" : "oh [yes], 7: {no} #1"});
+  }
+
+  std::mt19937 m_random;
+  int m_tick = 0;
+  int m_metre = 0;
+};
+
+/// All that a file tells of a song: its head, bars, and what sounds and is sung when.
+std::string told(const PageSource& song, int end) {
+  std::ostringstream text;
+  text << song.title << ' ' << song.capo << ' ' << song.tempo << ' ' << song.key.value_or(-1);
+  for (const auto& bar : song.bars)
+    if (bar.tick < end) text << " |" << bar.tick << ' ' << bar.beat << '/' << bar.beattype;
+  for (const auto& chord : song.chords)
+    if (chord.tick < end)
+      text << ' ' << chord.tick << ':' << chord.root << chord.type << '/' << chord.bass;
+  for (const auto& words : song.words) text << ' ' << words.tick << ' ' << words.text;
+  return text.str();
+}
+
+struct SongPageTest : testing::Test {
+  SongPageTest() {
+    Parser(QBTabMgr::db(), KORVEL_TEST_DATA "/../../resources/ChordDeclarations").parseHarmonies();
+    QBTabMgr::db().loadHarmonies();
+  }
+
+  const test::StandardStore m_store;
+};
+
+TEST_F(SongPageTest, isLaidOutAsWritten) {
   test::expectScript("tab/pages.txt", {{"fold", folded},
                                        {"page", page},
                                        {"pro", chordPro},
                                        {"grips", grips},
                                        {"capo", capo},
                                        {"typed", typed}});
+}
+
+/// Signs that mean something in a file become others; bars before the first chord and behind the
+/// last one are left out.
+TEST_F(SongPageTest, chordProFilesTellTheWholeSong) {
+  for (unsigned seed = 0; seed < 300 && !HasFailure(); ++seed) {
+    PageSource song = RandomSheet(seed).song;
+    const std::string file = chordProOf(pageOf(song));
+    const PageSource read = readChordPro(QBTabMgr::db(), file).song;
+    for (PageSource::Words& words : song.words)
+      if (words.text != "la") words.text = "oh (yes), 7: (no) #1";
+    const int end = read.bars.empty() ? 0 : read.bars.back().tick + read.bars.back().ticks;
+    EXPECT_EQ(told(read, end), told(song, end)) << seed << '\n' << file;
+  }
+}
+
+TEST_F(SongPageTest, readsFilesInTheLettersOfAnyProgram) {
+  const std::string text = "{title: Gr\u00f6\u00dfe}\n[C]sch\u00f6n [G]f\u00fcr\n";
+  const std::string western =
+      "{title: Gr\xF6\xDF"
+      "e}\n[C]sch\xF6n [G]f\xFCr\n";
+  std::string low = "\xFF\xFE", high = "\xFE\xFF";
+  for (const char c : western) low += {c, '\0'}, high += {'\0', c};
+  const auto pageOfFile = [](const std::string& file) {
+    EXPECT_TRUE(isChordPro(file));
+    return chordProOf(pageOf(readChordPro(QBTabMgr::db(), file).song));
+  };
+  EXPECT_NE(pageOfFile(text).find("{title: Gr\u00f6\u00dfe}"), std::string::npos);
+  for (const std::string& file : {"\xEF\xBB\xBF" + text, western, low, high})
+    EXPECT_EQ(pageOfFile(file), pageOfFile(text));
+  const PageSource song = readChordPro(QBTabMgr::db(), text).song;
+  EXPECT_EQ(readLyrics("\xEF\xBB\xBF"
+                       "2: f\xFCr",
+                       song)
+                .at(0)
+                .tick,
+            song.bars.at(1).tick);
 }
 
 }  // namespace

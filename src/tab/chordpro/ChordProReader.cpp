@@ -8,6 +8,7 @@
 
 #include "music/Pitch.h"
 #include "platform/text/Blanks.h"
+#include "platform/text/ForeignText.h"
 #include "tab/chordpro/GridReader.h"
 #include "tab/chordpro/ReadBars.h"
 #include "tab/chordpro/ReadFacts.h"
@@ -19,6 +20,9 @@ namespace korvel {
 namespace {
 
 using platform::trimmed;
+
+/// Of the metres that can be told.
+constexpr int kLongestBeattype = 16;
 
 struct Directive {
   std::string name;  ///< In lower case letters.
@@ -112,10 +116,8 @@ class Reader {
   void tellTime(std::string_view value) {
     const auto slash = value.find('/');
     const auto beat = numberIn(value);
-    const auto type =
-        slash == std::string_view::npos ? std::nullopt : numberIn(value.substr(slash + 1));
-    if (!beat || !type || *beat < 1 || *beat > 24) return;
-    const int beattype = static_cast<int>(*type);
+    if (!beat || slash == std::string_view::npos || *beat < 1 || *beat > 24) return;
+    const int beattype = wholeIn(value.substr(slash + 1), kLongestBeattype).value_or(0);
     if (beattype != 2 && beattype != 4 && beattype != 8 && beattype != 16) return;
     m_bars.setMetre(static_cast<int>(*beat), beattype);
   }
@@ -159,8 +161,10 @@ class Reader {
 
 }  // namespace
 
-ReadChordPro readChordPro(const QBTabMgr& db, std::string_view text) {
+ReadChordPro readChordPro(const QBTabMgr& db, std::string_view file) {
   Reader reader(db);
+  const std::string whole = platform::foreignText(file);
+  std::string_view text(whole);
   while (!text.empty()) {
     const auto end = text.find('\n');
     reader.line(text.substr(0, end));
@@ -169,7 +173,9 @@ ReadChordPro readChordPro(const QBTabMgr& db, std::string_view text) {
   return reader.result();
 }
 
-bool isChordPro(std::string_view text) {
+bool isChordPro(std::string_view file) {
+  const std::string whole = platform::foreignText(file);
+  const std::string_view text(whole);
   if (text.find("{start_of_grid") != std::string_view::npos ||
       text.find("{sog") != std::string_view::npos)
     return true;

@@ -22,10 +22,11 @@ struct ReadChordPro {
 /// Reads a ChordPro file: what it says of the song, chords with the words below them, and grids.
 /// Chords over words last a bar each, or what a directive of this program says; grids are read
 /// exactly, with their repeats. A chorus that is called again comes again. Names are those of that
-/// store's chord book. No bars where there are no chords.
-ReadChordPro readChordPro(const QBTabMgr& db, std::string_view text);
+/// store's chord book. Files are in the letters of `platform::foreignText`. No bars where there are
+/// no chords.
+ReadChordPro readChordPro(const QBTabMgr& db, std::string_view file);
 
-/// Whether a text looks like such a file: it has a chord in brackets, or a grid.
-bool isChordPro(std::string_view text);
+/// Whether a file looks like one: it has a chord in brackets, or a grid.
+bool isChordPro(std::string_view file);
 
 }  // namespace korvel

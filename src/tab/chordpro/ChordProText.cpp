@@ -71,6 +71,16 @@ std::string nameIn(const PageChord& chord) {
   return chord.name.empty() ? std::string(kNoChord) : chord.name;
 }
 
+/// A time signature that is another than the one told before, on a line of its own.
+void tellMetre(const PageBar& bar, std::string& told, std::string& text) {
+  const std::string metre = std::to_string(bar.beat) + '/' + std::to_string(bar.beattype);
+  if (bar.beattype == 0 || metre == told) return;
+  told = metre;
+  text.erase(text.find_last_not_of(' ') + 1);
+  if (!text.ends_with('\n')) text += '\n';
+  text += directive("time", metre);
+}
+
 // ---- sections with words
 
 /// With the hyphen of a syllable that others of its word follow.
@@ -116,13 +126,14 @@ std::string lengthsIn(const PageSection& section) {
   return isPlain ? "" : lengths;
 }
 
-std::string sungSection(const PageSection& section, bool isInBars) {
+std::string sungSection(const PageSection& section, bool isInBars, std::string& metre) {
   std::string text;
   for (int time = 0; time < section.times; ++time) {
     text += '\n' + (section.letter.empty() ? "{start_of_verse}\n"
                                            : directive("start_of_verse", section.letter));
     if (isInBars) text += directive("x_korvel_beats", lengthsIn(section));
     for (std::size_t i = 0; i < section.bars.size(); ++i) {
+      tellMetre(section.bars[i], metre, text);
       text += sungBar(section.bars[i], static_cast<std::size_t>(time));
       const bool isLast = i + 1 == section.bars.size() || (i + 1) % SongPage::kBarsOfLine == 0;
       if (!isLast) continue;
@@ -167,7 +178,7 @@ std::string cellsOf(const PageBar& bar, int ofBeat) {
   return text;
 }
 
-std::string gridSection(const PageSection& section) {
+std::string gridSection(const PageSection& section, std::string& metre) {
   const int ofBeat = cellsOfBeat(section);
   const bool isRepeated = section.times > 1;
   std::string text = "\n{start_of_grid";
@@ -177,7 +188,8 @@ std::string gridSection(const PageSection& section) {
   for (std::size_t i = 0; i < section.bars.size(); ++i) {
     const bool isLast = i + 1 == section.bars.size();
     const bool endsLine = isLast || (i + 1) % SongPage::kBarsOfLine == 0;
-    if (i % SongPage::kBarsOfLine == 0) text += isRepeated && i == 0 ? "|:" : "|";
+    tellMetre(section.bars[i], metre, text);
+    if (text.ends_with('\n')) text += isRepeated && i == 0 ? "|:" : "|";
     text += cellsOf(section.bars[i], ofBeat);
     text += isLast && isRepeated ? " :|" : " |";
     if (isLast && isRepeated) text += " x" + std::to_string(section.times);
@@ -205,9 +217,10 @@ std::string chordProOf(const SongPage& page) {
   std::string text = headOfPage(page);
   if (!page.grips.empty()) text += '\n';
   for (const PageGrip& grip : page.grips) text += defined(grip, page.leftHanded);
+  std::string metre = page.metre;
   for (const PageSection& section : page.sections)
-    text += section.hasWords() ? sungSection(section, page.isInBars)
-            : page.isInBars    ? gridSection(section)
+    text += section.hasWords() ? sungSection(section, page.isInBars, metre)
+            : page.isInBars    ? gridSection(section, metre)
                                : changesOf(section);
   return text;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tab/chordpro/ReadWords.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <sstream>
@@ -19,6 +20,12 @@ std::optional<double> numberIn(std::string_view text) {
   const auto [behind, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || !std::isfinite(number)) return std::nullopt;
   return number;
+}
+
+std::optional<int> wholeIn(std::string_view text, int most) {
+  const auto number = numberIn(text);
+  if (!number || !(*number >= 0)) return std::nullopt;
+  return static_cast<int>(std::min<double>(*number, most));
 }
 
 }  // namespace korvel

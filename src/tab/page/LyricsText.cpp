@@ -8,6 +8,7 @@
 
 #include "music/Ticks.h"
 #include "platform/text/Blanks.h"
+#include "platform/text/ForeignText.h"
 #include "tab/page/SongPage.h"
 
 namespace korvel {
@@ -96,8 +97,9 @@ class LyricsReader {
   void place(std::string_view words, std::size_t bar, double beats) {
     if (words.empty()) return;
     if (bar >= m_song.bars.size()) refuse();
-    const int offset = static_cast<int>(std::lround(beats * kTicksOfBeat));
-    m_words.push_back({m_song.bars[bar].tick + offset, std::string(words)});
+    const int tick = m_song.bars[bar].tick + static_cast<int>(std::lround(beats * kTicksOfBeat));
+    if (tick >= m_song.bars.back().tick + m_song.bars.back().ticks) refuse();
+    m_words.push_back({tick, std::string(words)});
   }
 
   [[noreturn]] void refuse() const {
@@ -155,7 +157,9 @@ std::string linesOf(std::span<const PageSource::Bar> bars,
 
 }  // namespace
 
-std::vector<SungWords> readLyrics(std::string_view text, const PageSource& song) {
+std::vector<SungWords> readLyrics(std::string_view typed, const PageSource& song) {
+  const std::string whole = platform::foreignText(typed);
+  std::string_view text(whole);
   LyricsReader reader(song);
   while (!text.empty()) {
     const auto end = text.find('\n');
