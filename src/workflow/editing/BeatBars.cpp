@@ -2,6 +2,8 @@
 #include "workflow/editing/BeatBars.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
 #include <utility>
 
 #include "model/songs/QBChord.h"
@@ -9,7 +11,9 @@
 #include "model/songs/QBMeasure.h"
 #include "model/songs/QBSong.h"
 #include "model/songs/QBTone.h"
+#include "model/songs/ToneOrder.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Neck.h"
 #include "music/Ticks.h"
 #include "workflow/editing/ChordTicks.h"
 
@@ -17,6 +21,8 @@ namespace korvel {
 namespace {
 
 constexpr int kFewestTicksOfHalf = 2;
+
+bool isOnNeck(int string) { return string >= 0 && string < kStrings; }
 
 }  // namespace
 
@@ -173,21 +179,6 @@ void BeatBars::joinToBefore(std::size_t chord) {
   erase(chord);
 }
 
-void BeatBars::endRinging(std::size_t chord) {
-  if (isToneless(at(chord))) return;
-  for (const QBTone* tone : at(chord).hold()->tones()) {
-    int between = 0;
-    for (std::size_t before = chord; before-- > 0;) {
-      between += at(before).ticks();
-      const QBHold* hold = at(before).hold();
-      QBTone* ringing = hold ? hold->findToneByString(tone->string()) : nullptr;
-      if (!ringing) continue;
-      if (ringing->ticks() > between) ringing->setTicks(between);
-      break;
-    }
-  }
-}
-
 // ---- writing
 
 std::vector<QBChord*> BeatBars::write(std::size_t from, const std::vector<CopiedChord>& copies) {
@@ -231,8 +222,27 @@ void BeatBars::finish() {
   for (const auto& chord : m_chords)
     if (chord->position() != ++position) chord->setPosition(position);
   m_song.forgetCaches();
+  endAtNextStrikes();
   layDurations();
   mendLoop();
+}
+
+/// What rings on a string ends where another tone sounds there.
+void BeatBars::endAtNextStrikes() {
+  std::array<int, kStrings> next;
+  int tick = ticksOf(0, m_chords.size());
+  next.fill(std::numeric_limits<int>::max());
+  for (std::size_t i = m_chords.size(); i-- > 0;) {
+    tick -= at(i).ticks();
+    Tones tones = tonesOf(at(i));
+    std::erase_if(tones, [](const auto& tone) { return !isOnNeck(tone->string()); });
+    for (const auto& tone : tones) {
+      const int most = next[static_cast<std::size_t>(tone->string())] - tick;
+      if (tone->hasTicks() && tone->ticks() > most) tone->setTicks(most);
+    }
+    for (const auto& tone : tones)
+      if (tone->isActive()) next[static_cast<std::size_t>(tone->string())] = tick;
+  }
 }
 
 /// From the exact places, so that the sixteenths of a bar add up to it.

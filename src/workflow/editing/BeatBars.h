@@ -18,7 +18,8 @@ class QBTabMgr;
 
 /// The bars of a song on beats while its chords change: they stay as long as they are, and what
 /// comes later stays where it is. What one chord gets others in the way give, and what one gives
-/// becomes a chord without tones. Positions and durations are right after `finish`.
+/// becomes a chord without tones. Positions and durations are right after `finish`, and
+/// no tone rings on where its string sounds again.
 ///
 /// Chords are counted from 0 in order of position.
 class BeatBars {
@@ -47,8 +48,6 @@ class BeatBars {
   /// The same with the first half, in which the chord is not heard any more.
   bool divideBefore(std::size_t chord);
   bool areInOneBar(std::size_t chord, std::size_t other) const;
-  /// What rings on the strings of a chord ends there.
-  void endRinging(std::size_t chord);
   /// Both included. Full bars go, though one is left without chords; in others the chord before
   /// lasts longer, and what begins a bar becomes a rest.
   void remove(std::size_t first, std::size_t last);
@@ -104,6 +103,7 @@ class BeatBars {
   void moveEarlier(std::size_t& chord, int ticks);
   bool hasRoom(std::size_t chord, int ticks) const;
   void addBar();
+  void endAtNextStrikes();
   void layDurations();
   void mendLoop();
 

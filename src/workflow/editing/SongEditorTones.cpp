@@ -163,10 +163,7 @@ void SongEditor::tonesChanged(int index) {
   if (isOnBeats()) {
     chord.setEdited(true);
     chord.forgetCaches();
-    BeatBars bars(m_db, *m_song);
-    bars.endRinging(static_cast<std::size_t>(index));
-    bars.finish();
-    return;
+    return BeatBars(m_db, *m_song).finish();
   }
   name(chord, nullptr);
   readHarmony(chord);

@@ -202,11 +202,7 @@ class ChordHolding {
   /// What rings on a string ends where another tone is struck there now, behind a passage too.
   void endRinging() {
     m_song.forgetCaches();
-    if (!BeatBars::areIn(m_song)) return;
-    BeatBars bars(QBTabMgr::of(m_song), m_song);
-    for (std::size_t i = 0; i < bars.size(); ++i)
-      if (static_cast<int>(i) >= m_passages.front().chords.first) bars.endRinging(i);
-    bars.finish();
+    if (BeatBars::areIn(m_song)) BeatBars(QBTabMgr::of(m_song), m_song).finish();
   }
 
   QBSong& m_song;

@@ -56,7 +56,9 @@ std::vector<Note> strummed() {
 void expectWholeBars(QBSong& song) {
   song.forgetCaches();
   std::map<const QBMeasure*, int> sums;
+  std::map<int, int> ringing;
   int position = 0;
+  int tick = 0;
   const QBMeasure* before = nullptr;
   for (const auto& chord : song.allChords()) {
     EXPECT_EQ(chord->position(), ++position);
@@ -67,7 +69,11 @@ void expectWholeBars(QBSong& song) {
     }
     before = chord->measure();
     sums[before] += chord->ticks();
-    for (const QBTone* tone : chord->hold()->tones()) EXPECT_GT(tone->ticks(), 0);
+    for (const QBTone* tone : chord->hold()->tones()) {
+      EXPECT_GT(tone->ticks(), 0);
+      EXPECT_LE(std::exchange(ringing[tone->string()], tick + tone->ticks()), tick);
+    }
+    tick += chord->ticks();
   }
   const auto measures = song.allMeasures();
   for (const auto& measure : measures) {

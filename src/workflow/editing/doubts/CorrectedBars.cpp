@@ -103,7 +103,6 @@ std::optional<NeckPlace> CorrectedBars::add(const SongNote& note, const StringCh
   tone->setTicks(beside.empty() || !beside.front()->hasTicks() ? chord.ticks()
                                                                : beside.front()->ticks());
   regroup(chord);
-  m_bars.endRinging(*index);
   return NeckPlace{*string, fret};
 }
 

@@ -91,7 +91,6 @@ void DrawnInBars::came(QBChord& chord, int string, int steps) {
   const std::size_t index = m_bars.indexOf(chord);
   QBTone& tone = *chord.hold()->findToneByString(string);
   tone.setTicks(std::clamp(steps, 1, roomOf(index, string)));
-  m_bars.endRinging(index);
   endWithTones(chord);
 }
 

@@ -72,9 +72,7 @@ void KeptFingers::moveTones(QBSong& song) const {
     if (notes.move(i, placed)) any = true;
   }
   if (!any || !BeatBars::areIn(song)) return;
-  BeatBars bars(QBTabMgr::of(song), song);
-  for (std::size_t i = 0; i < chords.size(); ++i) bars.endRinging(i);
-  bars.finish();
+  BeatBars(QBTabMgr::of(song), song).finish();
 }
 
 void KeptFingers::setMarks(QBSong& song) const {

@@ -194,11 +194,7 @@ void SongFingers::settleAndFinger(const platform::Phrase& title, const PlayedNot
 /// What rings on a string ends where another tone is struck there now, behind the range too.
 void SongFingers::tonesMoved(Range range) {
   for (std::size_t i = range.first; i <= range.last; ++i) dropPatterns(chordIn(*m_song, i));
-  if (!BeatBars::areIn(*m_song)) return;
-  BeatBars bars(m_db, *m_song);
-  const std::size_t chords = m_song->allChords().size();
-  for (std::size_t i = range.first; i < chords; ++i) bars.endRinging(i);
-  bars.finish();
+  if (BeatBars::areIn(*m_song)) BeatBars(m_db, *m_song).finish();
 }
 
 // ---- edits
