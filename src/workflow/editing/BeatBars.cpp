@@ -221,10 +221,17 @@ void BeatBars::finish() {
   int position = 0;
   for (const auto& chord : m_chords)
     if (chord->position() != ++position) chord->setPosition(position);
+  numberBars();
   m_song.forgetCaches();
   endAtNextStrikes();
   layDurations();
   mendLoop();
+}
+
+void BeatBars::numberBars() {
+  int position = 0;
+  for (const auto& bar : m_song.allMeasures())
+    if (bar->position() != ++position) bar->setPosition(position);
 }
 
 /// What rings on a string ends where another tone sounds there.

@@ -18,8 +18,8 @@ class QBTabMgr;
 
 /// The bars of a song on beats while its chords change: they stay as long as they are, and what
 /// comes later stays where it is. What one chord gets others in the way give, and what one gives
-/// becomes a chord without tones. Positions and durations are right after `finish`, and
-/// no tone rings on where its string sounds again.
+/// becomes a chord without tones. Positions and durations are right after `finish`, the bars are
+/// counted from 1, and no tone rings on where its string sounds again.
 ///
 /// Chords are counted from 0 in order of position.
 class BeatBars {
@@ -103,6 +103,7 @@ class BeatBars {
   void moveEarlier(std::size_t& chord, int ticks);
   bool hasRoom(std::size_t chord, int ticks) const;
   void addBar();
+  void numberBars();
   void endAtNextStrikes();
   void layDurations();
   void mendLoop();

@@ -34,6 +34,7 @@ TEST(LyricsEditsTest, wordsStayInTheirBars) {
   EXPECT_EQ(wordsOf(extractPart(song, 4, 5)), "1: two\n1+2: late\n");
   editor.deleteChords(3, 4);
   EXPECT_EQ(wordsOf(song), "0: oh\n1: one | | four\n") << "with the bar its words";
+  EXPECT_EQ(song.allMeasures().back()->position(), 4) << "bars are counted anew";
   changeWords(song, 0, 48, "");
   changeWords(song, 48, 96, "new");
   EXPECT_EQ(wordsOf(song), "0: oh\n2: new | four\n");

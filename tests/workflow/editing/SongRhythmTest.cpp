@@ -76,7 +76,8 @@ void expectWholeBars(QBSong& song) {
     tick += chord->ticks();
   }
   const auto measures = song.allMeasures();
-  for (const auto& measure : measures) {
+  for (int bar = 0; const auto& measure : measures) {
+    EXPECT_EQ(measure->position(), ++bar);
     const int whole = ticksOfBar(measure->beat(), measure->beattype());
     if (measure == measures.front())
       EXPECT_LE(sums[measure.get()], whole) << "a pick-up";
