@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/words/LyricsEdits.h"
 
+#include "model/songs/QBMeasure.h"
 #include "model/store/QBTabMgr.h"
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
