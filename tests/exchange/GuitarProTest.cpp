@@ -254,6 +254,21 @@ class OldFile {
     if (m_version == 4) byte(0);
   }
 
+  /// All that a beat may have beside its notes.
+  void beatEffects() {
+    if (m_version == 3) {
+      bytes({0x7F, 0});
+      number(100);  // how far the bar goes
+      zeros(2);     // strokes
+      return;
+    }
+    bytes({0x72, 0x07, 1, 0});  // slapped; the bend of a bar
+    number(100);
+    number(1);
+    zeros(9);
+    zeros(2 + 1);  // strokes
+  }
+
   void bytes(std::initializer_list<int> values) {
     for (const int value : values) byte(value);
   }
@@ -300,7 +315,8 @@ std::string oldFile(int version) {
     file.bytes({0x40, 0x20, type, 5});
   }
   file.bytes({0x40, 2, 1, 0});
-  file.bytes({0x10, 1});
+  file.bytes({0x18, 1});
+  file.beatEffects();
   file.mix(60);
   file.bytes({0x40});
   file.noteWithEffects(7);
@@ -334,11 +350,81 @@ TEST(GuitarPro, readsOlderVersionsAndPlaysRepeatsOut) {
     const std::vector<Tempo> tempos{
         {0, 90}, {2 * quarter + quarter * 3 / 2, 60}, {4 * quarter, 90}, {6 * quarter, 60}};
     EXPECT_EQ(piece.tempos, tempos);
-    EXPECT_EQ(track.left.at("dead notes"), 1);
-    EXPECT_EQ(track.left.at("bends"), 1);
-    EXPECT_EQ(track.left.at("grace notes"), 1);
-    EXPECT_EQ(track.left.contains("harmonics"), version == 4);
+    std::string left;
+    for (const auto& [what, count] : track.left) left += what + '=' + std::to_string(count) + ' ';
+    EXPECT_EQ(left, std::string("bends=1 dead notes=1 fades=1 grace notes=1 hammer-ons and "
+                                "pull-offs=1 harmonics=1 ") +
+                        (version == 3
+                             ? "slides=1 strokes=1 tremolo bars=1 vibratos=1 "
+                             : "palm mutes=1 slides=1 staccatos=1 strokes=1 taps, slaps and pops=1 "
+                               "tremolo bars=1 tremolo picking=1 trills=1 vibratos=2 "));
   }
+}
+
+/// A file of version 7 with a bar for each of these, in whose head they stand: the n-th one has the
+/// n-th fret. The first beat has more in it, too.
+std::string newerFile(const std::vector<std::string>& signs, const std::string& beat = "",
+                      const std::string& note = "") {
+  Score score;
+  score.openStrings = {40, 45, 50, 55, 59, 64};
+  for (int fret = 0; fret < std::ssize(signs); ++fret)
+    score.bars.push_back(
+        {.meter = {2, 4}, .events = {{2 * kUnitsOfQuarter, {{5, fret, 64 + fret}}, {}}}});
+  std::string xml = *platform::ZipArchive(guitarPro7(score)).read("Content/score.gpif");
+  std::size_t at = 0;
+  const auto insert = [&](const std::string& behind, const std::string& more) {
+    at = xml.find(behind, at) + behind.size();
+    xml.insert(at, more);
+  };
+  for (const std::string& each : signs) insert("<MasterBar>", each);
+  insert("<Dynamic>F</Dynamic>", beat);
+  insert("<Note id=\"0\">", note);
+  return platform::zipped(
+      std::vector<platform::ZipEntry>{{"VERSION", "7.0", true}, {"Content/score.gpif", xml}});
+}
+
+TEST(GuitarPro, playsTheSignsOfNewerVersions) {
+  const auto played = [](const std::vector<std::string>& signs) {
+    const Piece piece = readGuitarPro(newerFile(signs));
+    std::string frets;
+    for (const Note& note : piece.tracks.at(0).notes) frets += std::to_string(note.fret);
+    return frets + (piece.left.contains("directions") ? " and more" : "");
+  };
+  const auto sign = [](const std::string& kind, const std::string& name) {
+    return "<Directions><" + kind + ">" + name + "</" + kind + "></Directions>";
+  };
+  const std::string opens = "<Repeat start=\"true\" end=\"false\" count=\"0\"/>";
+  const std::string closes = "<Repeat start=\"false\" end=\"true\" count=\"3\"/>";
+  const auto ending = [](const std::string& rounds) {
+    return "<AlternateEndings>" + rounds + "</AlternateEndings>";
+  };
+  EXPECT_EQ(played({opens, ending("1 2") + closes, ending("3"), ""}),
+            "01010"
+            "23");
+  EXPECT_EQ(played({"", sign("Target", "Segno"), sign("Jump", "DaCoda"),
+                    sign("Jump", "DaSegnoAlCoda"), sign("Target", "Coda")}),
+            "0123124");
+  EXPECT_EQ(played({"", sign("Target", "Fine"), sign("Jump", "DaCapoAlFine"), ""}), "01201");
+  EXPECT_EQ(played({"", sign("Jump", "DaCapo"), ""}), "01012");
+  EXPECT_EQ(played({"", sign("Target", "DoubleCoda"), ""}), "012 and more");
+}
+
+TEST(GuitarPro, countsWhatItLeavesOfNewerVersions) {
+  const auto left = [](const std::string& beat, const std::string& note) {
+    const Piece piece = readGuitarPro(newerFile({"", ""}, beat, note));
+    std::string text = std::to_string(piece.tracks.at(0).notes.size());
+    for (const auto& [what, count] : piece.tracks[0].left)
+      text += ' ' + what + '=' + std::to_string(count);
+    return text;
+  };
+  EXPECT_EQ(left("<GraceNotes>OnBeat</GraceNotes>", ""), "1 grace notes=1");
+  EXPECT_EQ(
+      left("<FreeText>Oh</FreeText><Properties><Property name=\"Slapped\"><Enable/></Property>"
+           "<Property name=\"Brush\"><Direction>Down</Direction></Property></Properties>",
+           "<LetRing/><Accent>1</Accent>"),
+      "2 let ring=1 staccatos=1 strokes=1 taps, slaps and pops=1 texts=1");
+  EXPECT_EQ(left("", "<Properties><Property name=\"Muted\"><Enable/></Property></Properties>"),
+            "1 notes without strings=1");
 }
 
 TEST(GuitarPro, saysWhatIsWrongWithDamagedFiles) {

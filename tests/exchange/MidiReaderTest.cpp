@@ -58,6 +58,17 @@ TEST(MidiReaderTest, readsBothFormats) {
             " key 2m | 0+1 3/4 1+3 3/4 | 0=120 2.5=120\nLead! p-1 | 1+2 64 v80\n");
 }
 
+TEST(MidiReaderTest, passesOverWhatIsNoNote) {
+  // Messages of the system, lyrics, markers, sounds that change before and behind the notes, a bend
+  // that is let go, with the status that goes on, and one that is not; behind the end is nothing.
+  EXPECT_EQ(
+      read(file(0, {track("00F003 010203 00F2 0102 00FF0502 6C61 00FF0603 656E64 00C018 00C01A"
+                          "00904050 00E00060 01E00040 0040 50 00F7027F7F 03804040 00E07F00"
+                          "00C01B 00FF2F00 00904050")})),
+      " | 0+4 4/4 | 0=120 | left 1 lyrics | left 1 markers\n p26 | 0+1 64 v80 | left 2 bends "
+      "| left 1 changes of sound\n");
+}
+
 TEST(MidiReaderTest, refusesOrReadsAsFarAsItGoes) {
   EXPECT_EQ(read("MThd"), "it is no MIDI file");
   EXPECT_EQ(read(file(2, {})),

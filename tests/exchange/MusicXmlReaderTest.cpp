@@ -127,6 +127,60 @@ TEST(MusicXmlReaderTest, playsRepeatsEndingsAndJumps) {
       "CDECDEFG 6");
 }
 
+/// A metronome's sign counts where no sound says more.
+TEST(MusicXmlReaderTest, readsTempoSwingAndLoudnessAsProgramsTellThem) {
+  const auto metronome = [](const std::string& sign, const std::string& number) {
+    return "<direction><direction-type><metronome>" + sign + "<per-minute>" + number +
+           "</per-minute></metronome></direction-type></direction>";
+  };
+  const std::string swing =
+      "<sound><swing><first>2</first><second>1</second><swing-type>eighth"
+      "</swing-type></swing></sound>";
+  EXPECT_EQ(
+      read(document(measures(
+          {attributes() + metronome("<beat-unit>quarter</beat-unit><beat-unit-dot/>", "ca. 60") +
+               swing + notes("C4 2"),
+           metronome("<beat-unit>eighth</beat-unit>", "100") + "<sound tempo='70' dynamics='50'/>" +
+               notes("D4 2") + metronome("<beat-unit>breve</beat-unit>", "100") +
+               "<forward><duration>1</duration></forward><note dynamics='100'><pitch><step>E</step>"
+               "<octave>4</octave></pitch><duration>1</duration></note>"}))),
+      " swing 0.666667 | 0+1 2/4 1+2 2/4 | 0=90 1=70\n"
+      "Gt p-1 | 0+1 60 1+1 62 v45 2.5+0.5 64 v90\n");
+  const std::string other =
+      "<sound><swing><first>3</first><second>1</second></swing></sound><attributes><key><fifths>2"
+      "</fifths><mode>major</mode></key></attributes>";
+  EXPECT_EQ(read(document(measures({attributes("<key><fifths>1</fifths><mode>major</mode></key>") +
+                                        swing + notes("C4 4"),
+                                    other + notes("C4 4:<notehead>x</notehead>")}))),
+            " key 7 swing 0.666667 | 0+2 2/4 2+2 2/4 | 0=120 | left 1 changes of key | left 1 "
+            "changes of swing\nGt p-1 | 0+2 60 | left 1 dead notes\n");
+}
+
+TEST(MusicXmlReaderTest, readsDrumsAndPartsBarByBar) {
+  const std::string list =
+      "<part-list><score-part id='P'><part-name>Kit</part-name><score-instrument id='I'/>"
+      "<midi-instrument id='I'><midi-channel>10</midi-channel><midi-unpitched>39</midi-unpitched>"
+      "</midi-instrument></score-part><score-part id='Q'><part-name>Gt</part-name></score-part>"
+      "</part-list>";
+  const std::string drums =
+      "<note><unpitched><display-step>F</display-step><display-octave>4</display-octave>"
+      "</unpitched><duration>2</duration><instrument id='I'/></note><note><unpitched><display-step>"
+      "F</display-step><display-octave>4</display-octave></unpitched><duration>2</duration></note>";
+  const std::string first = attributes() + drums;
+  const std::string guitar = attributes() + notes("E4 4");
+  const std::string byPart = "<score-partwise>" + list + "<part id='P'>" +
+                             measures({first, drums}) + "</part><part id='Q'>" +
+                             measures({guitar, notes("G4 4")}) + "</part></score-partwise>";
+  const std::string byBar =
+      "<score-timewise>" + list + "<measure><part id='P'>" + first + "</part><part id='Q'>" +
+      guitar + "</part></measure><measure><part id='P'>" + drums + "</part><part id='Q'>" +
+      notes("G4 4") + "</part></measure></score-timewise>";
+  EXPECT_EQ(read(byPart),
+            " | 0+2 2/4 2+2 2/4 | 0=120\nKit p-1 drums | 0+1 38 1+1 65 2+1 38 3+1 65\n"
+            "Gt p-1 | 0+2 64 2+2 67\n");
+  EXPECT_EQ(read(byBar), read(byPart));
+}
+
 TEST(MusicXmlReaderTest, takesPlacesOnTheNeckFromTheStaffThatHasThem) {
   const auto staff = [](int number) { return "<staff>" + std::to_string(number) + "</staff>"; };
   const std::string tuning = [] {
