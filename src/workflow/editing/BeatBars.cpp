@@ -22,8 +22,6 @@ namespace {
 
 constexpr int kFewestTicksOfHalf = 2;
 
-bool isOnNeck(int string) { return string >= 0 && string < kStrings; }
-
 }  // namespace
 
 BeatBars::BeatBars(QBTabMgr& db, QBSong& song)
@@ -242,7 +240,9 @@ void BeatBars::endAtNextStrikes() {
   for (std::size_t i = m_chords.size(); i-- > 0;) {
     tick -= at(i).ticks();
     Tones tones = tonesOf(at(i));
-    std::erase_if(tones, [](const auto& tone) { return !isOnNeck(tone->string()); });
+    std::erase_if(tones, [](const auto& tone) {
+      return tone->string() < 0 || tone->string() >= kStrings;  // in an odd store
+    });
     for (const auto& tone : tones) {
       const int most = next[static_cast<std::size_t>(tone->string())] - tick;
       if (tone->hasTicks() && tone->ticks() > most) tone->setTicks(most);
