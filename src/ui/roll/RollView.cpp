@@ -51,6 +51,7 @@ void RollView::refresh() {
   m_notes = {};
   m_spot.reset();
   m_chosen.clear();
+  m_gesture = {};  // what the button went down on may be gone
   m_loop = m_song ? loopOf(*m_song) : ChordSpan();
   m_playing = std::min(m_playing, m_roll.chords() - 1);
   m_cursor = std::min(m_cursor, m_roll.chords() - 1);

@@ -132,6 +132,25 @@ TEST_F(RollViewTest, aClickHasTheMomentPlayedAndTheToneDropped) {
   EXPECT_EQ(heard.count() + dropped.count(), 2);
 }
 
+/// As when an import ends and shows its song, or an edit is undone by the keys.
+TEST_F(RollViewTest, whatTheButtonWentDownOnMayBeGoneWhenItComesUp) {
+  record(m_folder.file("a.wav"), 4);
+  show();
+  const QSignalSpy dropped(&m_view, &RollView::dropWanted);
+  const QSignalSpy moved(&m_view, &RollView::tonesMoved);
+  const QPoint last = middle(4, 5);
+  for (const QPoint& by : {QPoint(), QPoint(60, 0)}) {
+    show();
+    QTest::mousePress(m_view.viewport(), Qt::LeftButton, {}, last);
+    QMouseEvent move(QEvent::MouseMove, last + by, m_view.viewport()->mapToGlobal(last + by),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_view.viewport(), &move);
+    m_view.setSong(m_store.song("Empty"));
+    QTest::mouseRelease(m_view.viewport(), Qt::LeftButton, {}, last + by);
+  }
+  EXPECT_EQ(dropped.count() + moved.count(), 0);
+}
+
 TEST_F(RollViewTest, keysGoFromToneToToneAndEditIt) {
   m_view.showCursor(4);
   for (const int key : {Qt::Key_Up, Qt::Key_Up})
