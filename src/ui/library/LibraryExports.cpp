@@ -2,7 +2,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -15,6 +14,7 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Synthesizers.h"
 #include "ui/desktop/Text.h"
+#include "ui/dialogs/ExportFile.h"
 #include "ui/library/LibraryActions.h"
 #include "ui/library/SongFormats.h"
 #include "workflow/exporting/ExportAlbumCommand.h"
@@ -40,8 +40,8 @@ const std::array kPapers{
     PaperName{".svg", QT_TRANSLATE_NOOP("korvel::ui::LibraryActions", "Scalable picture")},
 };
 
-QString proposedPath(const std::string& title, const QString& ending = {}) {
-  return QDir(Preferences().exportFolder()).filePath(toText(fileNameOf(title)) + ending);
+QString proposedPath(const std::string& title) {
+  return QDir(Preferences().exportFolder()).filePath(toText(fileNameOf(title)));
 }
 
 }  // namespace
@@ -51,7 +51,9 @@ void LibraryActions::exportSongFile(QBSong* song) {
   QStringList filters;
   for (const FormatName& format : kFormats) filters.append(filterOf(format));
   filters.append(tr("Sound of the whole song") + " (*.wav)");
-  if (const auto loop = SongRenderer::loopOf(*song))
+  const auto loop = SongRenderer::loopOf(*song);
+  const std::size_t sounds = loop ? 2 : 1;
+  if (loop)
     filters.append(tr("Sound of the loop, chords %1 to %2").arg(loop->from).arg(loop->to) +
                    " (*.wav)");
   const auto filterOfPaper = [](const PaperName& paper) {
@@ -74,8 +76,9 @@ void LibraryActions::exportSongFile(QBSong* song) {
   for (const PaperName& paper : kPapers)
     if (chosen == filterOfPaper(paper) && !formatNamedBy(file))
       return exportPaper(*kept, file, paper.ending);
-  const auto format = std::max<qsizetype>(0, filters.indexOf(chosen));
-  exportAs(*kept, file, static_cast<std::size_t>(format));
+  // Papers, which the name has turned out not to be, stand behind sounds.
+  const auto format = static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(chosen)));
+  exportAs(*kept, file, format < kFormats.size() + sounds ? format : 0);
 }
 
 void LibraryActions::exportPaper(QBSong& song, const QString& file, const QString& ending) {
@@ -106,12 +109,7 @@ void LibraryActions::exportAs(QBSong& song, const QString& file, std::size_t for
   });
 }
 
-bool LibraryActions::mayReplace(const QString& file) {
-  return !QFileInfo::exists(file) ||
-         QMessageBox::question(m_window, tr("Export Song"),
-                               tr("%1 is there already. Replace it?").arg(file)) ==
-             QMessageBox::Yes;
-}
+bool LibraryActions::mayReplace(const QString& file) { return mayReplaceFile(m_window, file); }
 
 void LibraryActions::renderSong(QBSong& song, RenderedPart part, const QString& file) {
   const auto tempo =
@@ -146,11 +144,9 @@ void LibraryActions::exportInto(const Exporter& exporter) {
 }
 
 void LibraryActions::exportInstrument(QBInstrument& instrument) {
-  const QString file = QFileDialog::getSaveFileName(m_window, tr("Export Instrument"),
-                                                    proposedPath(instrument.name(), ".xml"),
-                                                    tr("Instrument definitions (*.xml)"));
+  const QString file = chooseExportFile(m_window, tr("Export Instrument"), instrument.name(),
+                                        tr("Instrument definitions (*.xml)"), {".xml"});
   if (file.isEmpty()) return;
-  Preferences().setExportFolder(QFileInfo(file).absolutePath());
   attempt([&] { platform::writeAtomically(file.toStdString(), definitionOf(instrument)); });
 }
 

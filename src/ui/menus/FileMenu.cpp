@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/menus/FileMenu.h"
 
-#include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -11,10 +9,10 @@
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
+#include "ui/dialogs/ExportFile.h"
 #include "ui/library/LibraryActions.h"
 #include "ui/page/SongSheets.h"
 #include "ui/paper/PaperFiles.h"
-#include "workflow/exporting/SongFiles.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::ui {
@@ -88,14 +86,9 @@ void FileMenu::printSong() {
 }
 
 void FileMenu::exportPdf() {
-  Preferences preferences;
-  const QString name = toText(fileNameOf(m_song->title())) + ".pdf";
-  const QString file = QFileDialog::getSaveFileName(parentWidget(), tr("Export as PDF"),
-                                                    QDir(preferences.exportFolder()).filePath(name),
-                                                    tr("PDF documents (*.pdf)"));
-  if (file.isEmpty()) return;
-  preferences.setExportFolder(QFileInfo(file).absolutePath());
-  save(m_sheets.frontOf(*m_song), file);
+  const QString file = chooseExportFile(parentWidget(), tr("Export as PDF"), m_song->title(),
+                                        tr("PDF documents (*.pdf)"), {".pdf", ".png", ".svg"});
+  if (!file.isEmpty()) save(m_sheets.frontOf(*m_song), file);
 }
 
 void FileMenu::save(const PaperWork& work, const QString& file) {

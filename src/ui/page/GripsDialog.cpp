@@ -2,9 +2,6 @@
 #include "ui/page/GripsDialog.h"
 
 #include <QDialogButtonBox>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPrintDialog>
@@ -14,13 +11,12 @@
 #include <QVBoxLayout>
 
 #include "platform/files/FileError.h"
-#include "ui/desktop/Preferences.h"
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
+#include "ui/dialogs/ExportFile.h"
 #include "ui/page/GripsSheet.h"
 #include "ui/page/PagePapers.h"
 #include "ui/paper/PaperFiles.h"
-#include "workflow/exporting/SongFiles.h"
 
 namespace korvel::ui {
 namespace {
@@ -109,14 +105,10 @@ void GripsDialog::print() {
 }
 
 void GripsDialog::savePdf() {
-  Preferences preferences;
   const QString title = tr("%1 grips", "the title of a song").arg(toText(m_sheet->page().title));
-  const QString name = toText(fileNameOf(title.toStdString())) + ".pdf";
-  const QString file = QFileDialog::getSaveFileName(this, tr("Export as PDF"),
-                                                    QDir(preferences.exportFolder()).filePath(name),
-                                                    tr("PDF documents (*.pdf)"));
+  const QString file = chooseExportFile(this, tr("Export as PDF"), title.toStdString(),
+                                        tr("PDF documents (*.pdf)"), {".pdf", ".png", ".svg"});
   if (file.isEmpty()) return;
-  preferences.setExportFolder(QFileInfo(file).absolutePath());
   try {
     savePaper(pageWork(m_sheet->page(), font(), PageSheet::Parts::grips), file.toStdString());
   } catch (const platform::FileError& problem) {
