@@ -237,7 +237,7 @@ std::optional<double> tempoNear(Words words) {
 std::optional<double> tempoOf(const Row& row, Words words) {
   const std::size_t equals = row.find(U'=');
   const bool hasNote = row.find_first_of(U"\u2669\u2669") != Row::npos ||
-                       hasAny(words, {"quarter", "1/4 =", "1/4=", "q=", "q ="});
+                       hasAny(words, {"quarter", "1/4 =", "1/4=", "q=", "q =", "q.=", "q. ="});
   if (hasNote && equals != Row::npos) {
     const auto tempo = tempoNear(words.substr(equals));
     const bool isDotted = equals > 0 && row.find(U'.') < equals;
