@@ -13,15 +13,20 @@ function(korvel_layer name)
   list(TRANSFORM layer_USES PREPEND korvel-)
   target_link_libraries(korvel-${name} PUBLIC ${layer_USES} PRIVATE ${layer_LIBRARIES})
   korvel_precompile(korvel-${name} ${layer_USES})
-  set_target_properties(korvel-${name} PROPERTIES UNITY_BUILD ${KORVEL_UNITY}
-                                                  UNITY_BUILD_BATCH_SIZE 16)
-  if(KORVEL_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # Classes of a source file whose fields are of its unnamed namespace are as private as before.
-    target_compile_options(korvel-${name} PRIVATE -Wno-subobject-linkage)
-  endif()
+  korvel_compile_together(korvel-${name} 16)
 endfunction()
 
 option(KORVEL_UNITY "Compile the sources of a layer many at a time, which builds it sooner" OFF)
+
+# Compiles so many sources of a target at a time, if that is asked for.
+function(korvel_compile_together target count)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ${KORVEL_UNITY}
+                                             UNITY_BUILD_BATCH_SIZE ${count})
+  if(KORVEL_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Classes of a source file whose fields are of its unnamed namespace are as private as before.
+    target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+  endif()
+endfunction()
 
 # Whatever most sources include is read once: the standard library, and what every entity is made
 # of where there are entities. The layers above the model share the model's; precise has options of

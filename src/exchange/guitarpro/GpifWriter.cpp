@@ -36,8 +36,10 @@ class Counted {
  public:
   std::string next(std::size_t count) {
     std::string numbers;
-    for (std::size_t i = 0; i < count; ++i)
-      numbers += (i > 0 ? " " : "") + std::to_string(m_next++);
+    for (std::size_t i = 0; i < count; ++i) {
+      if (i > 0) numbers += ' ';
+      numbers += std::to_string(m_next++);
+    }
     return numbers;
   }
 

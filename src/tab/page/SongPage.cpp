@@ -249,7 +249,10 @@ std::string PageBar::chordText() const {
   if (beattype == 0) return countText(*this, 0);
   std::string text;
   const int last = std::max(1, static_cast<int>(std::ceil(beats * countsOfBeat())));
-  for (int at = 0; at < last; ++at) text += (at > 0 ? " " : "") + countText(*this, at);
+  for (int at = 0; at < last; ++at) {
+    if (at > 0) text += ' ';
+    text += countText(*this, at);
+  }
   return text;
 }
 

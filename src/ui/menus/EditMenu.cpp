@@ -181,11 +181,13 @@ void EditMenu::listAlbums(QMenu& menu, TreePanel& tree) {
   menu.clear();
   const QBAlbum* own = m_song ? m_song->album() : nullptr;
   for (const auto& album : QBTabMgr::db().albums())
-    if (own && album != own)
-      menu.addAction(toText(album->name()).replace('&', "&&"), this, [this, album, &tree] {
+    if (own && album != own) {
+      const QAction* move = menu.addAction(toText(album->name()).replace('&', "&&"));
+      connect(move, &QAction::triggered, this, [this, album, &tree] {
         guarded([&] { moveSong(*m_song, *album); });
         tree.showSong(m_song);
       });
+    }
   menu.setEnabled(!menu.isEmpty());
 }
 
