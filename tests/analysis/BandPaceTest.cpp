@@ -3,6 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#include "analysis/chords/Transcription.h"
+#include "audio/KeptSound.h"
+#include "support/sound/PlayedBand.h"
+
 namespace korvel {
 namespace {
 
@@ -26,6 +32,29 @@ TEST(BandPace, isTwiceAsFastWhereTheBassDrumGoesRoundInFourBeats) {
   EXPECT_FALSE(isTwiceAsFast(3, 0.45)) << "a waltz";
   EXPECT_FALSE(isTwiceAsFast(4, 0.6)) << "half of it would be too slow";
   EXPECT_FALSE(isReadTwiceAsFast({}, {}));
+}
+
+TEST(BandPace, progressNeverGoesBackWhereABandIsReadAgain) {
+  test::BandScore score;
+  for (int beat = 0; beat < 32; ++beat) {
+    score.bass.push_back(beat % 4 > 0 ? 0 : beat % 8 > 0 ? 43 : 36);
+    score.melody.push_back(beat % 2 > 0 ? 72 : 76);
+  }
+  test::BandSound sound = test::playedBand(score);
+  for (int beat = 0; beat < 32; beat += 4)
+    test::addTone(sound, beat * test::kSecondsOfBandBeat, 31, 0.5);
+  const auto source = std::make_shared<KeptSound>(44100);
+  source->keep(test::samplesOf(sound));
+  source->startRecord(1);
+  HearingSettings settings = settingsOfFrontEnds();
+  settings.players = Players::band;
+  Transcription transcription(source, kStandardPitches, settings);
+  double before = 0;
+  while (transcription.step()) {
+    EXPECT_GE(transcription.progress(), before);
+    before = transcription.progress();
+  }
+  EXPECT_NEAR(transcription.takeRhythm().reading.tempo(), 60, 1);
 }
 
 }  // namespace

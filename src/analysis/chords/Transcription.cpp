@@ -134,10 +134,12 @@ void Transcription::readRhythm() {
   if (!readsHalfAsFast()) m_phase = Phase::done;
 }
 
+bool Transcription::mayReadHalfAsFast() const { return m_isBand && !m_wishes.tempo; }
+
 /// A band that was read twice as fast is read once more, by its drums.
 bool Transcription::readsHalfAsFast() {
-  const bool isFree = m_isBand && !m_wishes.tempo && !m_isReadAgain;
-  if (!isFree || !isReadTwiceAsFast(m_sound.strokes, m_rhythm.reading)) return false;
+  if (!mayReadHalfAsFast() || m_isReadAgain) return false;
+  if (!isReadTwiceAsFast(m_sound.strokes, m_rhythm.reading)) return false;
   m_isReadAgain = true;
   rhythm::Wishes slower = m_wishes;
   slower.tempo = m_rhythm.reading.tempo() / 2;
@@ -157,10 +159,16 @@ double Transcription::progress() const {
       return kShareOfReading + kShareOfHearing + kShareOfFingering * m_placing.done();
     case Phase::rhythm:
       return kShareOfReading + kShareOfHearing + kShareOfFingering +
-             (1 - kShareOfReading - kShareOfHearing - kShareOfFingering) * m_reader->progress();
+             (1 - kShareOfReading - kShareOfHearing - kShareOfFingering) * progressOfRhythm();
     default:
       return 1;
   }
+}
+
+/// What may be read twice keeps half of the share for that.
+double Transcription::progressOfRhythm() const {
+  if (!mayReadHalfAsFast()) return m_reader->progress();
+  return ((m_isReadAgain ? 1 : 0) + m_reader->progress()) / 2;
 }
 
 }  // namespace korvel

@@ -31,7 +31,7 @@ class Transcription {
 
   /// A few hundredths of a second of work; false when all is done.
   bool step();
-  /// How much of the work is done, 0..1.
+  /// How much of the work is done, 0..1. Never less than before.
   double progress() const;
   /// Length of the recording at kInputRate, as far as it was read.
   std::size_t samples() const { return m_samples; }
@@ -58,7 +58,9 @@ class Transcription {
   void findTuning();
   void finger();
   void readRhythm();
+  bool mayReadHalfAsFast() const;
   bool readsHalfAsFast();
+  double progressOfRhythm() const;
 
   std::shared_ptr<QBSampleSource> m_source;
   precise::WindowedEngine m_engine;
