@@ -120,10 +120,9 @@ void FingerMenu::addTunings() {
   m_capoSameFrets = addMenu(tr("Capo, Same Shapes"));
 }
 
-void FingerMenu::retune(const Strings& strings, bool keepsFrets) {
+void FingerMenu::retune(const Strings& strings, SongFingers::Kept kept) {
   attempt([&](SongFingers& fingers) {
-    const int dropped =
-        fingers.retune(strings, keepsFrets ? SongFingers::Kept::frets : SongFingers::Kept::sound);
+    const int dropped = fingers.retune(strings, kept);
     if (dropped == 0) return;
     emit refused((strings.tuning
                       ? tr("Notes that have no place in this tuning and were left out: %1")
@@ -133,36 +132,35 @@ void FingerMenu::retune(const Strings& strings, bool keepsFrets) {
 }
 
 void FingerMenu::fillTunings() {
-  const auto fill = [this](QMenu& menu, bool keepsFrets) {
+  const auto fill = [this](QMenu& menu, SongFingers::Kept kept) {
     menu.clear();
     for (const auto& tuning : QBTabMgr::db().tunings()) {
       const QString name = toText(tuning->descr() + " (" + notesOf(*tuning) + ')');
       menu.addAction(QString(name).replace('&', "&&"), this,
-                     [this, keepsFrets, chosen = platform::Ref<QBTuning>(tuning)] {
-                       retune({.tuning = chosen.get()}, keepsFrets);
+                     [this, kept, chosen = platform::Ref<QBTuning>(tuning)] {
+                       retune({.tuning = chosen.get()}, kept);
                      })
           ->setEnabled(tuningOf(m_song.get()) != tuning.get());
     }
   };
-  fill(*m_sameSound, false);
-  fill(*m_sameFrets, true);
+  fill(*m_sameSound, SongFingers::Kept::sound);
+  fill(*m_sameFrets, SongFingers::Kept::frets);
 }
 
 void FingerMenu::fillCapos() {
   const int now = m_song ? capoOf(*m_song) : 0;
-  const auto fill = [this, now](QMenu& menu, bool keepsFrets) {
+  const auto fill = [this, now](QMenu& menu, SongFingers::Kept kept) {
     menu.clear();
     for (int fret = 0; fret <= fingering::FingeringOptions::kHighestCapo; ++fret) {
-      QAction* action =
-          menu.addAction(fret == 0 ? tr("None", "a capo") : tr("Fret %1").arg(fret), this,
-                         [this, keepsFrets, fret] { retune({.capo = fret}, keepsFrets); });
+      QAction* action = menu.addAction(fret == 0 ? tr("None", "a capo") : tr("Fret %1").arg(fret),
+                                       this, [this, kept, fret] { retune({.capo = fret}, kept); });
       action->setCheckable(true);
       action->setChecked(fret == now);
       action->setEnabled(fret != now);
     }
   };
-  fill(*m_capoSameSound, false);
-  fill(*m_capoSameFrets, true);
+  fill(*m_capoSameSound, SongFingers::Kept::sound);
+  fill(*m_capoSameFrets, SongFingers::Kept::frets);
 }
 
 void FingerMenu::prepare() {

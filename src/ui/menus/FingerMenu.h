@@ -5,10 +5,10 @@
 #include <functional>
 
 #include "platform/persistence/Ref.h"
+#include "workflow/editing/fingers/SongFingers.h"
 
 namespace korvel {
 class QBSong;
-class SongFingers;
 struct Strings;
 }  // namespace korvel
 
@@ -45,7 +45,7 @@ class FingerMenu final : public QMenu {
   /// With the tunings that there are now.
   void fillTunings();
   void fillCapos();
-  void retune(const Strings& strings, bool keepsFrets);
+  void retune(const Strings& strings, SongFingers::Kept kept);
   void prepare();
   void askForHand();
   void changeShape(int by);
