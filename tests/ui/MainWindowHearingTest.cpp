@@ -16,7 +16,7 @@
 #include "ui/library/TreeModel.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
-#include "ui/window/OfferBar.h"
+#include "ui/window/offers/OfferBar.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/session/QBSession.h"

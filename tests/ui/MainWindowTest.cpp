@@ -10,7 +10,7 @@
 #include "support/songs/BeatSong.h"
 #include "ui/library/TreePanel.h"
 #include "ui/sound/PlayerBar.h"
-#include "ui/window/OfferBar.h"
+#include "ui/window/offers/OfferBar.h"
 #include "workflow/library/QBSongNode.h"
 #include "workflow/session/QBSession.h"
 

@@ -4437,24 +4437,8 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
         <translation>&amp;Ganze Takte im Loop</translation>
     </message>
     <message>
-        <source>This recording is already there as %1. Drop the new import, and open that song?</source>
-        <translation>Diese Aufnahme gibt es schon als %1. Den neuen Import verwerfen und jenen Song öffnen?</translation>
-    </message>
-    <message>
         <source>Doubtful: %1</source>
         <translation>Fraglich: %1</translation>
-    </message>
-    <message>
-        <source>Keep copies of the recordings with the songs, for when their files are moved or deleted? This one takes about %1.</source>
-        <translation>Kopien der Aufnahmen bei den Songs behalten, falls ihre Dateien verschoben oder gelöscht werden? Diese braucht etwa %1.</translation>
-    </message>
-    <message>
-        <source>The recording %1 is not there any more, or has changed. Say where it is now?</source>
-        <translation>Die Aufnahme %1 ist nicht mehr da oder wurde geändert. Möchtest du zeigen, wo sie jetzt ist?</translation>
-    </message>
-    <message>
-        <source>%1 seems to be played in %2. Hear it again in that tuning?</source>
-        <translation>%1 scheint in %2 gespielt zu sein. In dieser Stimmung noch einmal hören?</translation>
     </message>
 </context>
 <context>
@@ -4536,6 +4520,25 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>No</source>
         <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::Offers</name>
+    <message>
+        <source>This recording is already there as %1. Drop the new import, and open that song?</source>
+        <translation>Diese Aufnahme gibt es schon als %1. Den neuen Import verwerfen und jenen Song öffnen?</translation>
+    </message>
+    <message>
+        <source>%1 seems to be played in %2. Hear it again in that tuning?</source>
+        <translation>%1 scheint in %2 gespielt zu sein. In dieser Stimmung noch einmal hören?</translation>
+    </message>
+    <message>
+        <source>Keep copies of the recordings with the songs, for when their files are moved or deleted? This one takes about %1.</source>
+        <translation>Kopien der Aufnahmen bei den Songs behalten, falls ihre Dateien verschoben oder gelöscht werden? Diese braucht etwa %1.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is not there any more, or has changed. Say where it is now?</source>
+        <translation>Die Aufnahme %1 ist nicht mehr da oder wurde geändert. Möchtest du zeigen, wo sie jetzt ist?</translation>
     </message>
 </context>
 <context>

@@ -13,7 +13,7 @@
 #include "ui/desktop/Text.h"
 #include "ui/desktop/Translated.h"
 #include "ui/dialogs/SettingsDialog.h"
-#include "ui/window/OfferBar.h"
+#include "ui/window/offers/OfferBar.h"
 #include "workflow/hearing/WholeSong.h"
 #include "workflow/library/LibraryEdits.h"
 #include "workflow/takes/Takes.h"

@@ -8,11 +8,8 @@
 #include <QMimeData>
 #include <QStatusBar>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <iterator>
 
 #include "model/book/QBTextLoader.h"
-#include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "platform/text/UserError.h"
@@ -48,9 +45,10 @@
 #include "ui/window/FindBar.h"
 #include "ui/window/Greeting.h"
 #include "ui/window/JobPanel.h"
+#include "ui/window/LastSong.h"
 #include "ui/window/LogPanel.h"
-#include "ui/window/OfferBar.h"
 #include "ui/window/ShownSong.h"
+#include "ui/window/offers/Offers.h"
 #include "workflow/recordings/KeptSounds.h"
 #include "workflow/session/QBSession.h"
 
@@ -90,6 +88,7 @@ MainWindow::MainWindow(FatalAlert& alert, QWidget* parent)
                              *m_practice, *m_moments},
                             this)),
       m_arrivals(new Arrivals(this)),
+      m_work(*m_player, *m_record, *this),
       m_heard(new QLabel),
       m_doubts(new QLabel),
       m_place(new QLabel) {
@@ -134,6 +133,7 @@ QWidget* MainWindow::newCentre() {
   m_centre->setSpacing(0);
   m_centre->addWidget(m_sheets);
   m_centre->addWidget(m_find);
+  m_offers = new Offers(*m_centre, m_desk, *m_recordingMenu, this);
   return centre;
 }
 
@@ -165,14 +165,14 @@ void MainWindow::connectLibrary() {
     Preferences().addRecentFile(file);
     rememberRunning();
     m_arrivals->importStarted();
-    offerToKeep(file);
+    m_offers->offerToKeep(file);
   });
   connect(m_actions, &LibraryActions::pieceStarted, this, [this](const QString& file) {
     Preferences().addRecentFile(file);
     m_arrivals->importStarted();
   });
-  connect(m_actions, &LibraryActions::alreadyThere, this, &MainWindow::offerKnown);
-  connect(m_actions, &LibraryActions::tuningFound, this, &MainWindow::offerTuning);
+  connect(m_actions, &LibraryActions::alreadyThere, m_offers, &Offers::offerKnown);
+  connect(m_actions, &LibraryActions::tuningFound, m_offers, &Offers::offerTuning);
   connect(m_actions, &LibraryActions::imported, this, &MainWindow::rememberRunning);
   connect(m_actions, &LibraryActions::imported, m_arrivals, &Arrivals::showImported);
   connect(m_actions, &LibraryActions::importRefused, m_tablature, &TablatureView::advise);
@@ -234,7 +234,7 @@ void MainWindow::addPlayMenu() {
   play->setShortcuts({QKeySequence(tr("Ctrl+Space")), QKeySequence(Qt::Key_MediaTogglePlayPause)});
   menu->addMenu(m_recordingMenu);
   connect(m_recordingMenu, &RecordingMenu::said, this, &MainWindow::say);
-  connect(m_recordingMenu, &RecordingMenu::lost, this, &MainWindow::offerToFind);
+  connect(m_recordingMenu, &RecordingMenu::lost, m_offers, &Offers::offerToFind);
   connect(m_recordingMenu, &RecordingMenu::found, m_shown, &ShownSong::refresh);
   connect(m_player, &PlayerBar::refused, m_recordingMenu, &RecordingMenu::lookForLost);
   connect(m_moments, &Moments::refused, m_recordingMenu, &RecordingMenu::lookForLost);
@@ -315,14 +315,10 @@ void MainWindow::changeSettings(const char* page) {
   applyPreferences();
   m_record->showChosenDevice();
   if (language == Preferences().language()) return;
-  if (isBusy())
+  if (m_work.isBusy())
     say(tr("The language changes with the next start, as there is something going on"));
   else
     emit languageChosen();
-}
-
-bool MainWindow::isBusy() const {
-  return m_player->song() || m_record->isBusy() || QBSession::session().hasRunningJobs();
 }
 
 // ---- from one start to the next
@@ -341,112 +337,26 @@ void MainWindow::greet() {
 }
 
 void MainWindow::openLastSong() {
-  const QString last = Preferences().lastSong();
-  for (const auto& album : QBTabMgr::db().albums())
-    if (last.startsWith(toText(album->name()) + '/'))
-      for (QBSong* song : album->songs())
-        if (toText(album->name() + '/' + song->title()) == last) {
-          QBSession::session().setActiveSong(song);
-          return;
-        }
+  if (QBSong* song = lastSong()) QBSession::session().setActiveSong(song);
 }
 
-/// So that the next start can tell, should this one be killed.
-void MainWindow::rememberRunning() {
-  if (!m_isOver) Preferences().setRunningImports(ImportDesk::running());
-}
-
-void MainWindow::rememberSong() const {
-  const QBSong* song = m_shown->song();
-  const QBAlbum* album = song ? song->album() : nullptr;
-  Preferences().setLastSong(album ? toText(album->name() + '/' + song->title()) : QString());
-}
+void MainWindow::rememberRunning() { m_work.remember(); }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  const Quitting quitting = askBeforeQuitting();
+  const Quitting quitting = m_work.askBeforeQuitting();
   if (quitting == Quitting::notNow) return event->ignore();
   emit ending();
-  rememberSong();
+  rememberLastSong(m_shown->song());
   m_panels->remember();
   Preferences().setOpenBranches(m_tree->openBranches());
-  endWork(quitting);
+  m_work.end(quitting);
   QBSession::session().sayGoodBye();
   event->accept();
-}
-
-Quitting MainWindow::askBeforeQuitting() {
-  if (m_record->isRecording() && !mayEndRecording(this)) return Quitting::notNow;
-  const auto imports = ImportDesk::running();
-  return imports.empty() ? Quitting::keepHeard : askAboutImports(this, imports);
-}
-
-/// What is to be heard at the next start is in the preferences by then.
-void MainWindow::endWork(Quitting quitting) {
-  m_player->stop();
-  m_player->setSong(nullptr);
-  rememberRunning();
-  std::vector<ImportUnderWay> left;
-  if (quitting == Quitting::goOnLater) left = ImportDesk::leaveAll();
-  if (const auto take = m_record->finish()) left.push_back(*take);
-  ImportDesk::stopAll();
-  if (!ImportDesk::running().empty()) waitForImports(this);
-  std::ranges::copy(ImportDesk::endAll(), std::back_inserter(left));
-  Preferences().setRunningImports(left);
-  m_isOver = true;  // the panel of jobs still notices that none runs any more
 }
 
 // ---- what comes from outside
 
 void MainWindow::importFiles(const QStringList& files) { m_actions->importFiles(files); }
-
-/// The import goes on unless the user takes the offer.
-void MainWindow::offerKnown(QBSong* known, const std::function<void()>& drop) {
-  const platform::Ref<QBSong> kept(known);
-  const QString title = toText(known->album()->name() + '/' + known->title());
-  m_centre->insertWidget(
-      0, new OfferBar(tr("This recording is already there as %1. Drop the new import, and open "
-                         "that song?")
-                          .arg(title),
-                      [kept, drop] {
-                        drop();
-                        if (!kept->isDeleted()) QBSession::session().setActiveSong(kept);
-                      }));
-}
-
-void MainWindow::offerTuning(QBSong* song, const QString& tuning,
-                             const std::function<void()>& hear) {
-  m_centre->insertWidget(
-      0, new OfferBar(tr("%1 seems to be played in %2. Hear it again in that tuning?")
-                          .arg(toText(song->title()), tuning),
-                      hear));
-}
-
-/// Once, at the first import; until it is answered yes nothing is kept.
-void MainWindow::offerToKeep(const QString& file) {
-  if (Preferences().askedToKeep()) return;
-  Preferences().setKeepsRecordings(false);
-  const auto bytes = sizeOfKept(file.toStdString());
-  m_centre->insertWidget(
-      0, new OfferBar(tr("Keep copies of the recordings with the songs, for when their files are "
-                         "moved or deleted? This one takes about %1.")
-                          .arg(locale().formattedDataSize(bytes)),
-                      [this, file] {
-                        Preferences().setKeepsRecordings(true);
-                        m_desk.setKeepsSounds(true);
-                        m_recordingMenu->keepFrom(file);  // it may have been heard already
-                      }));
-}
-
-void MainWindow::offerToFind(QBSong* song, const QString& recording) {
-  const platform::Ref<QBSong> kept(song);
-  m_centre->insertWidget(
-      0, new OfferBar(tr("The recording %1 is not there any more, or has changed. Say where it "
-                         "is now?")
-                          .arg(recording),
-                      [this, kept] {
-                        if (!kept->isDeleted()) m_recordingMenu->find(*kept);
-                      }));
-}
 
 void MainWindow::comeToFront(const QStringList& files) {
   if (isMinimized()) showNormal();
@@ -470,7 +380,7 @@ void MainWindow::setActiveSong(QBSong* song) {
   m_shown->set(song);
   m_recordingMenu->setSong(song);
   m_fileMenu->setSong(song);
-  if (song) rememberSong();  // the program may be killed
+  if (song) rememberLastSong(m_shown->song());  // the program may be killed
 }
 
 void MainWindow::showDoubts(int places) {

@@ -3,13 +3,12 @@
 
 #include <QMainWindow>
 #include <exception>
-#include <functional>
 #include <optional>
 
 #include "ui/desktop/DesktopScheme.h"
-#include "ui/dialogs/QuitQuestions.h"
 #include "ui/dialogs/SaveFilePanel.h"
 #include "ui/window/Panels.h"
+#include "ui/window/RunningWork.h"
 #include "workflow/hearing/ImportDesk.h"
 #include "workflow/library/LibraryTree.h"
 #include "workflow/session/SessionViews.h"
@@ -31,6 +30,7 @@ class JobPanel;
 class LibraryActions;
 class LogPanel;
 class Moments;
+class Offers;
 class PageDesk;
 class PlayerBar;
 class PracticePanel;
@@ -106,18 +106,10 @@ class MainWindow final : public QMainWindow, public SongView {
   void showHelp();
   void practise(QBSong* song);
   void tapAlong();
-  void offerKnown(QBSong* known, const std::function<void()>& drop);
-  void offerTuning(QBSong* song, const QString& tuning, const std::function<void()>& hear);
-  void offerToKeep(const QString& file);
-  void offerToFind(QBSong* song, const QString& recording);
 
   void showHeard(QBSong* heard);
   void showDoubts(int places);
-  bool isBusy() const;
   void rememberRunning();
-  void rememberSong() const;
-  Quitting askBeforeQuitting();
-  void endWork(Quitting quitting);
 
   SaveFilePanel m_savePanel{this};
   LibraryTree m_library;
@@ -146,12 +138,13 @@ class MainWindow final : public QMainWindow, public SongView {
   DiagramSwitches* m_diagrams;
   ShownSong* m_shown;
   Arrivals* m_arrivals;
+  RunningWork m_work;
   QVBoxLayout* m_centre = nullptr;
+  Offers* m_offers = nullptr;
   std::optional<Panels> m_panels;
   DesktopScheme m_scheme;
-  bool m_isOver = false;  ///< What the next start goes on with is told already.
-  QLabel* m_heard;        ///< Which song plays.
-  QLabel* m_doubts;       ///< How much of the song that is shown is left to be looked at.
+  QLabel* m_heard;   ///< Which song plays.
+  QLabel* m_doubts;  ///< How much of the song that is shown is left to be looked at.
   QLabel* m_place;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/window/OfferBar.h"
+#include "ui/window/offers/OfferBar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
