@@ -18,7 +18,8 @@ struct HeardVoice {
   bool isClear = false;
   /// By onset, none overlaps another, with strings and frets.
   std::vector<fingering::Note> notes;
-  int raised = 0;  ///< By how many semitones they lie above what was heard, to be on the guitar.
+  /// By how many semitones they lie above what was heard, to be on the guitar: whole octaves.
+  int raised = 0;
   std::vector<rhythm::Event> events;  ///< Of the notes.
   std::vector<rhythm::Place> places;  ///< Of each note.
 };

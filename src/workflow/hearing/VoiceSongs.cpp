@@ -12,6 +12,7 @@
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "music/Pitch.h"
 #include "tab/text/SongDrawing.h"
 #include "workflow/library/QBNameMgr.h"
 
@@ -19,14 +20,19 @@ namespace korvel {
 namespace {
 
 using platform::phrase;
-using platform::Phrase;
+using platform::UserText;
 
-Phrase lineOf(const HeardVoice& heard) {
+UserText lineOf(const HeardVoice& heard) {
   const bool isMelody = heard.voice == chords::Voice::melody;
   if (!heard.isClear)
     return isMelody ? phrase("Log", "the melody is not clear enough to be heard")
                     : phrase("Log", "the bass is not clear enough to be heard");
-  if (heard.raised > 0)
+  const int octaves = heard.raised / kNotesPerOctave;
+  if (octaves > 1)
+    return {isMelody ? phrase("Log", "the melody was heard, and is written %1 octaves higher")
+                     : phrase("Log", "the bass was heard, and is written %1 octaves higher"),
+            octaves};
+  if (octaves == 1)
     return isMelody ? phrase("Log", "the melody was heard, and is written an octave higher")
                     : phrase("Log", "the bass was heard, and is written an octave higher");
   return isMelody ? phrase("Log", "the melody was heard") : phrase("Log", "the bass was heard");
