@@ -820,6 +820,14 @@
         <source>the bass was heard</source>
         <translation>der Bass wurde gehört</translation>
     </message>
+    <message>
+        <source>the melody was heard, and is written %1 octaves higher</source>
+        <translation>die Melodie wurde gehört und steht %1 Oktaven höher</translation>
+    </message>
+    <message>
+        <source>the bass was heard, and is written %1 octaves higher</source>
+        <translation>der Bass wurde gehört und steht %1 Oktaven höher</translation>
+    </message>
 </context>
 <context>
     <name>Message</name>
