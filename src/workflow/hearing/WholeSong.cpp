@@ -12,6 +12,7 @@
 #include "tab/text/SongDrawing.h"
 #include "workflow/editing/doubts/SongCorrections.h"
 #include "workflow/editing/rhythm/EditedChords.h"
+#include "workflow/editing/words/AnchoredWords.h"
 #include "workflow/hearing/NewSong.h"
 #include "workflow/recordings/RecordingSound.h"
 #include "workflow/session/Edit.h"
@@ -40,6 +41,7 @@ void putInPlace(QBSong& heard, QBSong& song) {
   heard.setTempoRate(song.tempoRate());
   if (!song.practice().empty()) heard.setPractice(song.practice());
   heard.takeWordsOf(song);
+  TimedWords(song).putInto(heard);
   heard.setAlbum(song.album());
   if (renamed || carried || !edited.empty()) redraw(heard);
   song.album()->deleteSong(&song);

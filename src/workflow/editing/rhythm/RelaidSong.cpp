@@ -26,7 +26,7 @@ void RelaidSong::fillFrom(ChordSupply& supply) {
   take(supply);
   m_edited.putInto(m_song);
   m_fingers.putInto(m_song);
-  m_words.putBack();
+  m_words.putInto(m_song);
   setLoop();
 }
 

@@ -20,6 +20,8 @@ namespace {
 
 /// Words are placed anew to half a beat.
 constexpr int kStepOfWords = kTicksOfBeat / 2;
+/// Two readings of one beat differ by less, in seconds.
+constexpr double kSameTime = 0.05;
 
 /// The chord that a tick lies in.
 std::size_t indexAt(const std::vector<int>& ticks, int tick) {
@@ -67,41 +69,48 @@ void AnchoredWords::putBack() const {
   setLyrics(m_song, std::move(words));
 }
 
-TimedWords::TimedWords(QBSong& song) : m_song(song) {
+TimedWords::TimedWords(QBSong& song) {
   const std::vector<SungWords> words = lyricsOf(song);
   if (words.empty() || song.allChords().empty()) return;
   if (song.isOnBeats()) {
     const SongTime time(song);
     if (!time.isAsRecorded()) return;
-    for (const SungWords& each : words) m_words.push_back({time.secondsOf(each.tick), each.text});
+    for (const SungWords& each : words)
+      m_words.push_back({time.secondsOf(each.tick), each.tick, each.text});
     return;
   }
   const std::vector<int> ticks = ticksOfChords(song);
   for (const SungWords& each : words)
     if (const auto seconds = recordedSecondsOf(*song.allChords()[indexAt(ticks, each.tick)]))
-      m_words.push_back({*seconds, each.text});
+      m_words.push_back({*seconds, each.tick, each.text});
 }
 
-void TimedWords::putBack() const {
-  if (m_words.empty() || m_song.allChords().empty()) return;
+void TimedWords::putInto(QBSong& song) const {
+  if (m_words.empty() || song.allChords().empty()) return;
+  if (song.isOnBeats()) return putOnBeats(song);
   std::vector<SungWords> words;
-  if (m_song.isOnBeats()) {
-    const SongTime time(m_song);
-    for (const Timed& each : m_words) {
-      const double steps = time.tickOfSeconds(each.seconds) / kStepOfWords;
-      words.push_back({static_cast<int>(std::lround(steps)) * kStepOfWords, each.text});
-    }
-    return setLyrics(m_song, std::move(words));
-  }
-  const auto& chords = m_song.allChords();
-  const std::vector<int> ticks = ticksOfChords(m_song);
+  const auto& chords = song.allChords();
+  const std::vector<int> ticks = ticksOfChords(song);
   for (const Timed& each : m_words) {
     const auto nearest = std::ranges::min_element(chords, {}, [&each](const auto& chord) {
       return std::abs(recordedSecondsOf(*chord).value_or(0) - each.seconds);
     });
     words.push_back({ticks[static_cast<std::size_t>(nearest - chords.begin())], each.text});
   }
-  setLyrics(m_song, std::move(words));
+  setLyrics(song, std::move(words));
+}
+
+void TimedWords::putOnBeats(QBSong& song) const {
+  const SongTime time(song);
+  if (!time.isAsRecorded()) return;
+  std::vector<SungWords> words;
+  for (const Timed& each : m_words) {
+    const double steps = time.tickOfSeconds(each.seconds) / kStepOfWords;
+    const bool isThere = std::abs(time.secondsOf(each.tick) - each.seconds) < kSameTime;
+    words.push_back(
+        {isThere ? each.tick : static_cast<int>(std::lround(steps)) * kStepOfWords, each.text});
+  }
+  setLyrics(song, std::move(words));
 }
 
 }  // namespace korvel

@@ -34,22 +34,25 @@ class AnchoredWords {
   std::vector<Anchored> m_words;
 };
 
-/// The same when the rhythm of a song on beats is read anew: words stay at their time in the
-/// recording.
+/// The same when the rhythm of a song is read anew, or its recording heard anew: words stay at
+/// their time in the recording.
 class TimedWords {
  public:
   explicit TimedWords(QBSong& song);
 
-  /// At the beats of the new reading, or of a song of slices at its chords.
-  void putBack() const;
+  /// At the beats of the new reading, or of a song of slices at its chords; where the time is still
+  /// that of the place, at that. Without times of the recording words are left as they are.
+  void putInto(QBSong& song) const;
 
  private:
   struct Timed {
     double seconds;
+    int tick;
     std::string text;
   };
 
-  QBSong& m_song;
+  void putOnBeats(QBSong& song) const;
+
   std::vector<Timed> m_words;
 };
 
