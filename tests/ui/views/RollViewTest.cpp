@@ -11,6 +11,7 @@
 #include "rhythm/stored/HeardBytes.h"
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
+#include "support/songs/ChordLines.h"
 #include "support/store/ScratchFolder.h"
 #include "support/store/StandardStore.h"
 #include "ui/roll/RollEdits.h"
@@ -171,6 +172,96 @@ TEST_F(RollViewTest, keysGoFromToneToToneAndEditIt) {
   EXPECT_EQ(m_view.cursorChord(), 3);
 }
 
+TEST_F(RollViewTest, wheelAndKeysGoThroughTheSongAndZoom) {
+  m_view.resize(300, 300);
+  const auto turn = [this](int by, Qt::KeyboardModifiers keys, double x) {
+    const QPointF place(x, 100);
+    QWheelEvent wheel(place, m_view.viewport()->mapToGlobal(place), {}, {0, by}, Qt::NoButton, keys,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(m_view.viewport(), &wheel);
+  };
+  const QSignalSpy zoomed(&m_view, &RollView::zoomChanged);
+  const double x = m_view.chordRect(1).center().x();
+  turn(480, Qt::ControlModifier, x);
+  EXPECT_GT(zoomed.last()[0].toDouble(), 200);
+  EXPECT_TRUE(m_view.chordRect(1).contains(QPoint(static_cast<int>(x), 5)))
+      << "what is under the pointer stays there";
+  const int before = m_view.chordRect(1).left();
+  turn(-120, {}, x);
+  EXPECT_LT(m_view.chordRect(1).left(), before) << "down is forwards";
+  turn(120, {}, x);
+  EXPECT_EQ(m_view.chordRect(1).left(), before);
+  QTest::keyClick(&m_view, Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(zoomed.last()[0].toDouble(), 100);
+
+  const QSignalSpy chosen(&m_view, &RollView::chordChosen);
+  const QSignalSpy played(&m_view, &RollView::playToggled);
+  m_view.showCursor(3);
+  for (const Qt::Key key : {Qt::Key_Home, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_PageDown,
+                            Qt::Key_End, Qt::Key_PageDown, Qt::Key_Right, Qt::Key_Space})
+    QTest::keyClick(&m_view, key);
+  QList<int> chords;
+  for (const auto& each : chosen) chords << each[0].toInt();
+  EXPECT_EQ(chords.mid(0, 3), (QList<int>{0, 0, 0}));
+  EXPECT_GT(chords[3], 0);
+  EXPECT_EQ(chords.mid(4), (QList<int>{7, 7, 7}));
+  EXPECT_TRUE(m_view.viewport()->rect().intersects(m_view.chordRect(7)));
+  EXPECT_EQ(played.count(), 1);
+}
+
+TEST_F(RollViewTest, linesOfBeatsAreDraggedAndEscapeLeavesAllAsItIs) {
+  const QSignalSpy beats(&m_view, &RollView::beatDragged);
+  const QSignalSpy edits(&m_view, &RollView::tonesMoved);
+  const QSignalSpy drawn(&m_view, &RollView::toneDrawn);
+  const QRect column = m_view.chordRect(2);
+  QTest::mouseMove(m_view.viewport(), QPoint(column.left(), 4));
+  drag(QPoint(column.left(), 4), QPoint(column.width() / 4, 0));
+  ASSERT_EQ(beats.count(), 1);
+  EXPECT_EQ(beats[0][0].toDouble(), 24);
+  EXPECT_NEAR(beats[0][1].toDouble(), 27, 0.5);
+  drag(QPoint(column.left(), 4), QPoint(1, 0));
+  EXPECT_EQ(beats.count(), 1) << "a hand that trembles";
+  for (const QPoint& from : {middle(1, 1), middle(1, 1) - QPoint(0, 40)}) {
+    QWidget* port = m_view.viewport();
+    QTest::mousePress(port, Qt::LeftButton, {}, from);
+    const QPoint to = from + QPoint(80, 0);
+    QMouseEvent move(QEvent::MouseMove, to, port->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(port, &move);
+    const QImage dragged = m_view.grab().toImage();
+    QTest::keyClick(&m_view, Qt::Key_Escape);
+    EXPECT_NE(m_view.grab().toImage(), dragged) << "what would come is shown";
+    QTest::mouseRelease(port, Qt::LeftButton, {}, to);
+  }
+  EXPECT_EQ(edits.count() + drawn.count(), 0);
+}
+
+/// What the mouse draws becomes a tone of the song, is moved, made longer and erased there.
+TEST_F(RollViewTest, whatIsDrawnIsInTheSong) {
+  RollEdits edits(m_view);
+  edits.setSong(m_song);
+  QObject::connect(&edits, &RollEdits::edited, &m_view, [this] { show(); });
+  const QSignalSpy refused(&edits, &RollEdits::refused);
+  const std::string before = test::drawn(*m_song);
+  const int lane = (middle(0, 1).y() - middle(4, 5).y()) / (67 - 45);
+  const int beat = m_view.chordRect(1).left() - m_view.chordRect(0).left();
+  const QPoint place(m_view.chordRect(1).left() + 3, middle(1, 1).y() - 7 * lane);
+  drag(place, QPoint(beat - 8, 0));
+  const QRect drawn = m_view.toneRect({1, 2});
+  ASSERT_FALSE(drawn.isEmpty()) << test::drawn(*m_song);
+  EXPECT_TRUE(drawn.contains(place + QPoint(2, 0)));
+  drag(drawn.center(), QPoint(beat, -2 * lane));
+  EXPECT_TRUE(m_view.toneRect({1, 2}).isEmpty()) << test::drawn(*m_song);
+  const QRect moved = m_view.toneRect({2, 2});
+  ASSERT_FALSE(moved.isEmpty()) << test::drawn(*m_song);
+  drag(QPoint(moved.right() - 1, moved.center().y()), QPoint(beat, 0));
+  EXPECT_GT(m_view.toneRect({2, 2}).width(), moved.width() + beat / 2);
+  m_view.showCursor(2);
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Delete}) QTest::keyClick(&m_view, key);
+  EXPECT_EQ(test::drawn(*m_song), before);
+  EXPECT_EQ(refused.count(), 0);
+}
+
 /// A note on each beat, and an E that was not taken on the second one.
 rhythm::HeardNotes heardOnBeats() {
   const auto note = [](double onset, int string, int fret, float probability) {
@@ -214,6 +305,18 @@ TEST_F(RollViewTest, clicksTakeCandidatesAndDropNotes) {
   click(taken);
   ASSERT_EQ(m_view.notes().candidates.size(), 1U);
   EXPECT_TRUE(m_view.notes().candidates[0].isLocked);
+  m_view.showCursor(1);
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up}) QTest::keyClick(&m_view, key);
+  EXPECT_EQ(m_view.spokenText(), "E3, not taken for a note, 40 per cent");
+  QTest::keyClick(&m_view, Qt::Key_Return);
+  EXPECT_TRUE(m_view.notes().candidates.empty());
+  m_view.showCursor(4);
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up}) QTest::keyClick(&m_view, key);
+  EXPECT_EQ(m_view.spokenText(), "G4, E string (1), fret 3, 60 per cent");
+  QTest::keyClick(&m_view, Qt::Key_Return);
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up}) QTest::keyClick(&m_view, key);
+  EXPECT_EQ(m_view.spokenText(), "G4, E string (1), fret 3, as you decided");
+  click(m_view.toneRect({1, 2}));
   edits.setLocked(true);
   click(m_view.candidateRect(0));
   EXPECT_EQ(m_view.notes().candidates.size(), 1U);
