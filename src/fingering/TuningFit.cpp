@@ -79,13 +79,20 @@ int turnsBetween(const OpenPitches& one, const OpenPitches& other) {
   return std::min(turns, single);
 }
 
-double easeBehindAnyCapo(const OpenPitches& open, const FingeringOptions& options,
-                         std::span<const Note> notes) {
+/// Another A moves all strings together.
+int turnsFrom(const OpenPitches& thought, const Strings& other) {
+  return turnsBetween(other.open, thought) + (other.moved == 0 ? 0 : 1);
+}
+
+/// But for a capo that makes the strings those that sound so.
+double easeBehindAnyCapo(const OpenPitches& open, const Strings& found,
+                         const FingeringOptions& options, std::span<const Note> notes) {
   double best = -std::numeric_limits<double>::infinity();
   for (int capo = options.capo; capo <= kHighestCapoOfSongs; ++capo) {
-    FingeringOptions moved = options;
-    moved.capo = capo;
-    best = std::max(best, easeOn(open, moved, notes));
+    if (found.moved != 0 && raised(open, capo - options.capo) == found.sounding()) continue;
+    FingeringOptions behind = options;
+    behind.capo = capo;
+    best = std::max(best, easeOn(open, behind, notes));
   }
   return best;
 }
@@ -103,30 +110,31 @@ double easeOn(const OpenPitches& open, const FingeringOptions& options,
   return chain.evidence();
 }
 
-std::optional<std::size_t> otherTuning(const OpenPitches& thought,
-                                       std::span<const OpenPitches> tunings,
-                                       const FingeringOptions& options,
-                                       std::span<const Note> notes) {
+OpenPitches Strings::sounding() const { return raised(open, moved); }
+
+std::optional<Strings> otherTuning(const OpenPitches& thought, std::span<const Strings> others,
+                                   const FingeringOptions& options, std::span<const Note> notes) {
   const Events events(notes);
-  if (events.size() < kFewestEvents || tunings.empty()) return {};
+  if (events.size() < kFewestEvents) return {};
   const auto perEvent = static_cast<double>(events.size());
   const bool goesDeeper = hasNotesBelow(std::ranges::min(thought) + options.capo, notes);
   const bool hasFifths = goesDeeper || hasLowFifth(thought);
   const double oneFinger = hasFifths ? kOneFinger * powerChords(events, notes) : 0;
-  std::optional<std::size_t> best;
+  std::optional<Strings> best;
   double ease = 0;
   double worth = -std::numeric_limits<double>::infinity();
   double second = worth;
-  for (std::size_t i = 0; i < tunings.size(); ++i) {
-    if (tunings[i] == thought) continue;
-    double here = easeOn(tunings[i], options, notes);
-    if (hasLowFifth(tunings[i])) here += oneFinger;
-    const double worthHere = here - kPerTurn * perEvent * turnsBetween(tunings[i], thought);
+  for (const Strings& other : others) {
+    const OpenPitches sounding = other.sounding();
+    if (sounding == thought) continue;
+    double here = easeOn(sounding, options, notes);
+    if (hasLowFifth(sounding)) here += oneFinger;
+    const double worthHere = here - kPerTurn * perEvent * turnsFrom(thought, other);
     if (worthHere <= worth) {
       second = std::max(second, worthHere);
       continue;
     }
-    best = i;
+    best = other;
     ease = here;
     second = std::exchange(worth, worthHere);
   }
@@ -134,7 +142,7 @@ std::optional<std::size_t> otherTuning(const OpenPitches& thought,
   const double clear = goesDeeper ? kClearWithLowNotes : kClear;
   const double before = easeOn(thought, options, notes) + (hasLowFifth(thought) ? oneFinger : 0);
   if (ease - before < std::max(clear * perEvent, kClearAtAll)) return {};
-  return easeBehindAnyCapo(thought, options, notes) < ease ? best : std::nullopt;
+  return easeBehindAnyCapo(thought, *best, options, notes) < ease ? best : std::nullopt;
 }
 
 }  // namespace korvel::fingering

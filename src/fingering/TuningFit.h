@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <span>
 
@@ -18,13 +17,22 @@ namespace korvel::fingering {
 double easeOn(const OpenPitches& open, const FingeringOptions& options,
               std::span<const Note> notes);
 
-/// The tuning that notes were played in, when it is clearly another one than was thought: of these,
-/// the one in which the piece lies better by far than on the strings that were thought of, with a
-/// capo or without, and better than in the others. Notes which those strings have not let less be
-/// enough. A piece without low notes and open strings says nothing.
-std::optional<std::size_t> otherTuning(const OpenPitches& thought,
-                                       std::span<const OpenPitches> tunings,
-                                       const FingeringOptions& options,
-                                       std::span<const Note> notes);
+/// Strings as they may be tuned, and by how many semitones they sound higher than that says, as
+/// their A is another one.
+struct Strings {
+  OpenPitches open{};
+  int moved = 0;
+
+  OpenPitches sounding() const;
+  bool operator==(const Strings&) const = default;
+};
+
+/// The strings that notes were played on, when they are clearly others than was thought: of these,
+/// those on which the piece lies better by far than on the strings that were thought of, with a
+/// capo or without, and better than on the others. Notes which those strings have not let less be
+/// enough. A piece without low notes and open strings says nothing. Whether strings that were moved
+/// are what others are behind a capo is not asked: they sound alike.
+std::optional<Strings> otherTuning(const OpenPitches& thought, std::span<const Strings> others,
+                                   const FingeringOptions& options, std::span<const Note> notes);
 
 }  // namespace korvel::fingering

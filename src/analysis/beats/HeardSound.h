@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
+#include "analysis/FoundTuning.h"
 #include "chords/voices/Voice.h"
 #include "fingering/Note.h"
-#include "music/Neck.h"
 #include "rhythm/Reading.h"
 
 namespace korvel {
@@ -37,7 +37,7 @@ struct HeardSound {
   bool isBand = false;
   std::vector<HeardVoice> voices{};  ///< Of a band: those that were asked for, clear or not.
   /// The tuning that it is clearly played in, when that is another one than was thought.
-  std::optional<OpenPitches> otherTuning{};
+  std::optional<FoundTuning> otherTuning{};
 };
 
 }  // namespace korvel

@@ -6,12 +6,11 @@
 
 #include "analysis/bands/BandChords.h"
 #include "analysis/bands/BandPace.h"
+#include "analysis/chords/TuningsToTry.h"
 #include "audio/QBSampleSource.h"
 #include "chords/SoloOrBand.h"
-#include "fingering/TuningFit.h"
 #include "music/ConcertPitch.h"
 #include "platform/loop/Deadline.h"
-#include "precise/Analysis.h"
 
 namespace korvel {
 namespace {
@@ -44,10 +43,6 @@ Transcription::Transcription(std::shared_ptr<QBSampleSource> source, const OpenP
       m_fingering(open, settings.fingering),
       m_players(settings.grid == Grid::beats ? settings.players : Players::guitar),
       m_wishes(settings.rhythm) {
-  // Nobody hears how deep others go.
-  std::erase_if(m_settings.tunings, [](const OpenPitches& tuning) {
-    return std::ranges::min(tuning) < precise::Analysis::kLowestPitch;
-  });
   if (m_players != Players::guitar) m_ear.emplace(!settings.voices.empty());
 }
 
@@ -106,13 +101,25 @@ void Transcription::decide() {
 }
 
 void Transcription::findTuning() {
+  if (m_settings.tunings.empty()) return;
+  // Who says where the A is knows better.
+  const double offset = expectedOffset(m_settings) == 0 ? m_result.tuningOffset : 0;
   const auto found =
-      fingering::otherTuning(m_open, m_settings.tunings, m_settings.fingering, m_result.notes);
+      fingering::otherTuning(m_open, tuningsToTry(m_open, m_settings.tunings, offset),
+                             m_settings.fingering, m_result.notes);
   if (!found) return;
-  m_otherTuning = m_settings.tunings[*found];
-  if (!m_settings.takesTuning) return;
-  m_open = *m_otherTuning;
+  m_otherTuning.emplace(FoundTuning{found->open});
+  if (found->moved != 0) m_otherTuning->farA = offset + kCentsOfHalfTone * found->moved;
+  if (m_settings.takesTuning) take(*found);
+}
+
+/// What was heard is read from the other A.
+void Transcription::take(const fingering::Strings& found) {
+  m_open = found.open;
   m_fingering = fingering::Fingering(m_open, m_settings.fingering);
+  m_result.tuningOffset += kCentsOfHalfTone * found.moved;
+  for (auto* notes : {&m_result.notes, &m_result.doubtful})
+    for (fingering::Note& note : *notes) note.pitch -= found.moved;
 }
 
 void Transcription::finger() {

@@ -6,10 +6,12 @@
 #include <optional>
 #include <utility>
 
+#include "analysis/FoundTuning.h"
 #include "analysis/HearingSettings.h"
 #include "chords/BandEar.h"
 #include "chords/BandSound.h"
 #include "fingering/Fingering.h"
+#include "fingering/TuningFit.h"
 #include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "precise/Findings.h"
@@ -45,7 +47,7 @@ class Transcription {
   /// Likewise: the strings that the notes are on, and which others of the settings they are clearly
   /// played on; none for a band.
   const OpenPitches& open() const { return m_open; }
-  const std::optional<OpenPitches>& otherTuning() const { return m_otherTuning; }
+  const std::optional<FoundTuning>& otherTuning() const { return m_otherTuning; }
   const chords::BandSound& sound() const { return m_sound; }
 
  private:
@@ -56,6 +58,7 @@ class Transcription {
   void hear();
   void decide();
   void findTuning();
+  void take(const fingering::Strings& found);
   void finger();
   void readRhythm();
   bool mayReadHalfAsFast() const;
@@ -66,7 +69,7 @@ class Transcription {
   precise::WindowedEngine m_engine;
   OpenPitches m_open;
   HearingSettings m_settings;
-  std::optional<OpenPitches> m_otherTuning;
+  std::optional<FoundTuning> m_otherTuning;
   fingering::Fingering m_fingering;
   precise::Findings m_result;
   Players m_players;

@@ -15,9 +15,9 @@ namespace {
 constexpr double kMostCents = 1200;
 constexpr double kCentsOfHalfTone = 100;
 
-double hertzOfA(double cents) { return hertzOfNote(kConcertA + cents / kCentsOfHalfTone); }
-
 }  // namespace
+
+double hertzOfA(double cents) { return hertzOfNote(kConcertA + cents / kCentsOfHalfTone); }
 
 double recordedCentsOf(const QBSong& song) {
   const SongRecording* recording = song.recording();

@@ -13,6 +13,9 @@ double recordedCentsOf(const QBSong& song);
 /// The hertz of that A.
 double recordedAOf(const QBSong& song);
 
+/// Of an A that lies so many cents above 440 Hz.
+double hertzOfA(double cents);
+
 /// "A = 415 Hz" for an A that lies so far above 440 Hz.
 std::string concertAText(double cents);
 

@@ -184,12 +184,12 @@ void LibraryActions::follow(const std::shared_ptr<QBCmdImportSong>& job, const Q
   emit importStarted(file);
 }
 
-void LibraryActions::tellTuning(QBSong& song, const OpenPitches& found, const QString& file) {
+void LibraryActions::tellTuning(QBSong& song, const FoundTuning& found, const QString& file) {
   const auto hear = [this, kept = platform::Ref<QBSong>(&song), found, file] {
     if (kept->isDeleted()) return;
     attempt([&] {
-      QBTuning* tuning = tuningFor(QBTabMgr::db(), found);
-      follow(m_desk.hearAgain(*kept, {.tuning = tuning}), file);
+      QBTuning* tuning = tuningFor(QBTabMgr::db(), found.open);
+      follow(m_desk.hearAgain(*kept, {.tuning = tuning, .farA = found.farA}), file);
     });
   };
   emit tuningFound(&song, toText(nameOfTuning(found)), hear);

@@ -102,7 +102,7 @@ class LibraryActions final : public QObject {
   void lookForKnown(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);
   void giveRecording(QBSong& song, const QString& file);
   void follow(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);
-  void tellTuning(QBSong& song, const OpenPitches& found, const QString& file);
+  void tellTuning(QBSong& song, const FoundTuning& found, const QString& file);
   void fillUnheardMenu(QMenu& menu, QBSong& song);
   void addHearAgain(QMenu& menu, QBSong& song);
   void hearAgain(QBSong& song, std::optional<Players> players, const chords::Voices& voices);

@@ -157,7 +157,7 @@ HearingSettings ImportDesk::settingsFor(const QBSong& song, const Otherwise& oth
   if (const auto read = recording ? rhythm::storedRhythm(recording->rhythm()) : std::nullopt)
     settings.rhythm = read->wishes;
   if (recording) settings.players = recording->isBand() ? Players::band : Players::guitar;
-  settings.concertA = recordedAOf(song);
+  settings.concertA = otherwise.farA ? hertzOfA(*otherwise.farA) : recordedAOf(song);
   if (otherwise.players) settings.players = *otherwise.players;
   if (song.isWhole()) settings.voices = otherwise.voices;
   if (settings.players == Players::band) settings.grid = Grid::beats;

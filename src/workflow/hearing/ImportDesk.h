@@ -31,6 +31,7 @@ struct Otherwise {
   std::optional<Players> players{};  ///< None for those that it was heard as.
   chords::Voices voices{};           ///< Of a band; each becomes a further song.
   QBTuning* tuning = nullptr;        ///< None for the song's.
+  std::optional<double> farA{};      ///< How far above 440 Hz, in cents; none for the recording's.
 };
 
 /// Starts imports as jobs of the session, stepped beside the user's work.

@@ -428,7 +428,7 @@ void QBCmdImportSong::dropNewSong() {
 void QBCmdImportSong::takeFoundTuning() {
   const HeardSound* heard = m_hearing->heard();
   if (!heard || !heard->otherTuning || !m_settings.takesTuning) return;
-  QBTuning* tuning = tuningFor(db(), *heard->otherTuning);
+  QBTuning* tuning = tuningFor(db(), heard->otherTuning->open);
   for (QBSong* song : {m_newSong.get(), m_hearing->scratch()})
     if (song) song->setTuning(tuning);
 }

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "analysis/FoundTuning.h"
 #include "analysis/HearingSettings.h"
-#include "music/Neck.h"
 #include "platform/loop/Slices.h"
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/VoiceSongs.h"
@@ -98,9 +98,9 @@ class QBCmdImportSong final : public QBCmdAlbum {
   const std::vector<platform::Ref<QBSong>>& voiceSongs() const { return m_voices.songs(); }
   /// Whether the end of the file was not heard.
   bool isCutShort() const { return m_cutShort; }
-  /// Once all was heard: the tuning that it is clearly played in, when that is another one than it
-  /// was heard in; of those that the settings name.
-  const std::optional<OpenPitches>& otherTuning() const { return m_otherTuning; }
+  /// Once all was heard: the tuning and the A that it is clearly played in, when that is another
+  /// one than it was heard in; of those that the settings name.
+  const std::optional<FoundTuning>& otherTuning() const { return m_otherTuning; }
 
   /// Called after each step with the share of the work that is done, 0..1.
   void onProgress(std::function<void(double)> listener) { m_listener = std::move(listener); }
@@ -158,7 +158,7 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool m_cutShort = false;
   std::string m_expected;  ///< What the file has to have in it, until that is proven.
   bool m_isOther = false;  ///< It has something else.
-  std::optional<OpenPitches> m_otherTuning{};
+  std::optional<FoundTuning> m_otherTuning{};
   bool m_endsNow = false;
   std::unique_ptr<Hearing> m_hearing;  ///< From `prepare` until the tablature is drawn.
   std::vector<std::unique_ptr<SongInWork>> m_marks;

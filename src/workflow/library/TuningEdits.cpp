@@ -8,6 +8,7 @@
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBString.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/ConcertA.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
 #include "music/ConcertPitch.h"
@@ -162,6 +163,11 @@ std::vector<OpenPitches> pitchesOfKnownTunings() {
 std::string nameOfTuning(const OpenPitches& pitches) {
   const auto known = knownTuningOf(pitches);
   return known ? nameOf(*known) : notesOf(pitches);
+}
+
+std::string nameOfTuning(const FoundTuning& found) {
+  const std::string name = nameOfTuning(found.open);
+  return found.farA ? name + ", " + concertAText(*found.farA) : name;
 }
 
 std::string notesOf(QBTuning& tuning) { return notesOf(tuning.openStrings().pitches()); }

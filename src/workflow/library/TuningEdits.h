@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/FoundTuning.h"
 #include "music/Neck.h"
 
 namespace korvel {
@@ -25,6 +26,8 @@ std::span<const KnownTuning> knownTunings();
 std::vector<OpenPitches> pitchesOfKnownTunings();
 /// What they are called, or else their notes.
 std::string nameOfTuning(const OpenPitches& pitches);
+/// The same, and its A where that lies far off: "Standard, A = 425 Hz".
+std::string nameOfTuning(const FoundTuning& found);
 
 /// The one of these open strings; none when guitarists have no name for them.
 std::optional<KnownTuning> knownTuningOf(const OpenPitches& pitches);

@@ -2,6 +2,7 @@
 #include "cli/commands/sound/Import.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
@@ -23,6 +24,7 @@
 #include "exchange/Formats.h"
 #include "export/SongJson.h"
 #include "model/instruments/QBTuning.h"
+#include "model/recorded/ConcertA.h"
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBChord.h"
 #include "model/songs/QBSong.h"
@@ -50,7 +52,7 @@ struct ImportOptions {
   std::vector<std::string> files;
   std::optional<std::string> album;  ///< Made when missing; one for each file when not given.
   std::optional<std::string> title;  ///< Of the song; after the file when not given.
-  /// For this import only, or kFound; the active one when not given.
+  /// For this import only, or kFoundTuning; the active one when not given.
   std::optional<std::string> tuning;
   const Detection* detection = &preciseDetection();
   HearingSettings settings = settingsOfFrontEnds();
@@ -61,11 +63,6 @@ struct ImportOptions {
 };
 
 using Songs = std::vector<platform::Ref<QBSong>>;
-
-/// For `tuning`: the one that the recording is clearly played in, or else the active one.
-constexpr const char* kFound = "auto";
-
-bool isNamed(const std::optional<std::string>& tuning) { return tuning && tuning != kFound; }
 
 bool isPiece(const std::string& file) { return exchange::formatOfFile(file).has_value(); }
 
@@ -82,6 +79,12 @@ void run(QBCmdImportSong& command, bool stepped) {
   platform::PlainRunLoop::ofProcess().runUntil([&] { return !command.isRunning(); });
 }
 
+/// What has a recording heard in what was found. In a tuning that the user names it is the A only.
+std::string flagFor(const FoundTuning& found, const ImportOptions& options) {
+  if (!isNamedTuning(options.tuning)) return "--tuning " + std::string(kFoundTuning);
+  return "--a4 " + std::to_string(std::lround(hertzOfA(found.farA.value_or(0))));
+}
+
 /// Hears the file into the song, in its tuning. Answers those of its voices.
 Songs hear(const ImportOptions& options, const std::string& file, const NewSong& made,
            std::shared_ptr<Listening> listening) {
@@ -93,7 +96,7 @@ Songs hear(const ImportOptions& options, const std::string& file, const NewSong&
   QBSession::session().addJob(command);
   run(*command, options.stepped);
   if (command->otherTuning() && !options.settings.takesTuning)
-    Console::attached().note("import it with --tuning " + std::string(kFound) +
+    Console::attached().note("import it with " + flagFor(*command->otherTuning(), options) +
                              " to have it heard in " + nameOfTuning(*command->otherTuning()));
   return command->voiceSongs();
 }
@@ -120,7 +123,7 @@ Songs importFile(const ImportOptions& options, const std::string& file, QBTuning
 platform::Ref<QBSong> songOfPiece(const ImportOptions& options, const std::string& file,
                                   QBTuning* tuning) {
   PieceChoices choices = options.piece;
-  if (isNamed(options.tuning)) choices.tuning = tuning;
+  if (isNamedTuning(options.tuning)) choices.tuning = tuning;
   choices.fingering = options.settings.fingering;
   choices.capo = options.settings.fingering.capo;
   choices.rhythm = options.settings.rhythm;
@@ -158,11 +161,12 @@ void printSongs(const ImportOptions& options, const std::vector<QBSong*>& songs)
 
 /// A file that cannot be imported is reported and leaves nothing behind; the others go on. Answers
 /// the exit status.
-int importFiles(const ImportOptions& options) {
+int importFiles(ImportOptions& options) {
   const std::vector<std::string> recordings = recordingsOf(options);
   if (!recordings.empty()) requireInstrumentFor(*options.detection);
-  QBTuning* tuning =
-      isNamed(options.tuning) ? &tuningToPlayIn(*options.tuning) : QBTabMgr::db().selectedTuning();
+  QBTuning* tuning = isNamedTuning(options.tuning) ? &tuningToPlayIn(*options.tuning)
+                                                   : QBTabMgr::db().selectedTuning();
+  if (isNamedTuning(options.tuning)) options.settings.tunings = {tuning->openStrings().pitches()};
   std::optional<ListeningAhead> ahead = aheadOf(options, recordings, tuning);
   Songs songs;
   int status = EXIT_SUCCESS;
@@ -227,7 +231,7 @@ void requireGuitarFor(const Command& command, const ImportOptions& options) {
 void findTuning(ImportOptions& options) {
   options.settings.takesTuning = options.tuning.has_value();
   if (options.settings.takesTuning && !options.detection->usesSettings)
-    throw UsageError("--tuning " + std::string(kFound),
+    throw UsageError("--tuning " + std::string(kFoundTuning),
                      "has no meaning with --detection " + std::string(options.detection->name));
   options.settings.tunings = pitchesOfKnownTunings();
 }
@@ -262,7 +266,7 @@ void addImport(Command& tool) {
   command.checkLast([&] {
     requireWholeFor(command, options);
     requireGuitarFor(command, options);
-    if (!isNamed(options.tuning)) findTuning(options);
+    if (!isNamedTuning(options.tuning)) findTuning(options);
     if (options.title && options.files.size() > 1)
       throw UsageError("--title", "goes with a single file");
     if (options.title == "" || options.album == "")

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "workflow/library/TuningEdits.h"
@@ -13,6 +15,12 @@ class QBTuning;
 namespace korvel::cli {
 
 class Command;
+
+/// In place of the name of a tuning: the one that a recording is clearly played in.
+inline constexpr std::string_view kFoundTuning = "auto";
+inline bool isNamedTuning(const std::optional<std::string>& given) {
+  return given && *given != kFoundTuning;
+}
 
 /// Has the command take the name of a tuning, TUNING, which must be given.
 void needTuning(Command& command, std::string& name);
