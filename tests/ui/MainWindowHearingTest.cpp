@@ -86,6 +86,24 @@ TEST_F(MainWindowTest, droppedTabBecomesASongAndTwoGuitarsAreAskedFor) {
   EXPECT_TRUE(log().contains("track 2 B is imported; there are also 1 A"));
 }
 
+TEST_F(MainWindowTest, textsWithTabsOrChordsOpenWhateverTheyAreCalled) {
+  const std::string tab =
+      "e|--------|\nB|1-1-3-3-|\nG|--------|\nD|--------|\nA|--------|\nE|--------|\n";
+  const std::string chords = "{title: Rain}\n[Am]Rain is [C]falling [G]down\n";
+  int songs = 0;
+  for (const auto& [name, text] :
+       {std::pair{"One.tab", tab}, {"Two.TXT", tab}, {"a.crd", chords}}) {
+    test::writeFile(m_folder.file(name), text);
+    m_window->importFiles({QString::fromStdString(m_folder.file(name))});
+    ++songs;
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+      return log().count("Song successfully imported.") == songs;
+    })) << name;
+  }
+  for (const char* song : {"One/One ", "Two/Two ", "Rain/Rain "})
+    EXPECT_NE(titles().find(song), std::string::npos) << titles();
+}
+
 TEST_F(MainWindowTest, whereALostRecordingIsIsAskedOnce) {
   import();
   std::filesystem::rename(m_file, m_folder.file("moved.wav"));

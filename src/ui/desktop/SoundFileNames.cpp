@@ -5,6 +5,7 @@
 
 #include "exchange/Formats.h"
 #include "ui/desktop/Text.h"
+#include "workflow/sheets/ChordSong.h"
 
 namespace korvel::ui {
 
@@ -17,6 +18,8 @@ QStringList pieceFilePatterns(bool withTexts) {
   QStringList patterns;
   for (const std::string_view ending : exchange::endingsOfPieces())
     if (withTexts || (ending != "txt" && ending != "xml")) patterns.append("*." + toText(ending));
+  for (const std::string_view ending : endingsOfChordPro())
+    if (withTexts || ending != "pro") patterns.append("*." + toText(ending));
   return patterns;
 }
 

@@ -7,8 +7,8 @@ namespace korvel::ui {
 
 /// Names that recordings usually have.
 QStringList soundFilePatterns();
-/// Names that files of other programs have whose notes can be imported. Plain texts are only among
-/// them when asked for: most in a folder are no tablature.
+/// Names that files of other programs have whose notes or chords can be imported. Plain texts are
+/// only among them when asked for: most in a folder are no tablature.
 QStringList pieceFilePatterns(bool withTexts);
 /// What file dialogs offer where a recording is wanted.
 QString soundFileFilter();

@@ -13,6 +13,7 @@
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
+#include "platform/files/Files.h"
 #include "platform/text/UserError.h"
 #include "ui/desktop/Preferences.h"
 #include "ui/desktop/SoundFileNames.h"
@@ -32,6 +33,7 @@
 #include "workflow/session/Edit.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/TreeNode.h"
+#include "workflow/sheets/ChordSong.h"
 
 namespace korvel::ui {
 namespace {
@@ -127,10 +129,21 @@ void LibraryActions::importFolder(const QString& folder, QBAlbum* into) {
 }
 
 void LibraryActions::importFile(const QString& file, QBAlbum* into) {
+  if (isChordProFile(file.toStdString())) return importChords(file, into);
   if (PieceImports::takes(file)) return m_pieces->begin(file, into);
   const auto job = m_desk.importFile(file.toStdString(), into);
   follow(job, file);
   if (job) lookForKnown(job, file);
+}
+
+void LibraryActions::importChords(const QString& file, QBAlbum* into) {
+  const std::string path = file.toStdString();
+  ChordSongChoices choices;
+  if (into) choices.album = into->name();
+  attempt([&] {
+    QBSong& song = songOfChordPro(QBTabMgr::db(), platform::readWholeFile(path), path, choices);
+    emit imported(file, &song);
+  });
 }
 
 /// A long file is read by another thread first.

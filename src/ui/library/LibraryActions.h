@@ -99,6 +99,7 @@ class LibraryActions final : public QObject {
   void attempt(const std::function<void()>& edit);
   void importFolder(const QString& folder, QBAlbum* into);
   void importFile(const QString& file, QBAlbum* into);
+  void importChords(const QString& file, QBAlbum* into);
   void lookForKnown(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);
   void giveRecording(QBSong& song, const QString& file);
   void follow(const std::shared_ptr<QBCmdImportSong>& job, const QString& file);

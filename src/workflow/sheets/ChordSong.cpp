@@ -32,6 +32,8 @@
 namespace korvel {
 namespace {
 
+constexpr std::array<std::string_view, 5> kEndings{"cho", "chopro", "chordpro", "crd", "pro"};
+
 using platform::phrase;
 
 constexpr double kTempoOfUntold = 100;
@@ -143,13 +145,16 @@ void fillWithChords(QBSong& song, const PageSource& chords) {
   setLyrics(song, std::move(words));
 }
 
+std::span<const std::string_view> endingsOfChordPro() { return kEndings; }
+
 bool isChordProFile(const std::string& file) {
-  static constexpr std::array kEndings{".cho", ".chopro", ".chordpro", ".crd", ".pro"};
   std::string ending = std::filesystem::path(file).extension().string();
   std::ranges::transform(ending, ending.begin(), [](char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
   });
-  if (std::ranges::find(kEndings, ending) == kEndings.end()) return false;
+  const bool isOne = std::ranges::any_of(
+      kEndings, [&](std::string_view each) { return ending == "." + std::string(each); });
+  if (!isOne) return false;
   return isChordPro(platform::bytesOrNone(file));
 }
 

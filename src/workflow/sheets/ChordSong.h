@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,10 @@ struct ChordSongChoices {
 /// that it lasts beyond, in the grip that the file defines, or one that guitarists know near the
 /// one before. The song gets tempo, key, capo, artist and words, too.
 void fillWithChords(QBSong& song, const PageSource& chords);
+
+/// How names of ChordPro files end, in small letters and without the dot. What ends in "pro" is
+/// mostly something else.
+std::span<const std::string_view> endingsOfChordPro();
 
 /// Whether a file is a ChordPro one, by the end of its name and by its text. False for what cannot
 /// be read.
