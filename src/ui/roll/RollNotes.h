@@ -43,7 +43,4 @@ struct RollNotes {
   std::vector<Candidate> candidates{};  ///< By time.
 };
 
-/// Notes that are less probable are doubtful.
-inline constexpr float kDoubtful = 0.75F;
-
 }  // namespace korvel::ui

@@ -90,6 +90,7 @@ class RollView final : public QAbstractScrollArea, public SpokenView {
   void dropWanted(const korvel::ToneIndex& place, int note);
   void takeWanted(int note);
   void confirmWanted(int note);
+  // Times and lengths are in steps; isFree: not on the grid (`DrawnNotes::Grid`).
   void toneDrawn(int pitch, double begin, double steps, bool isFree);
   void tonesMoved(const std::vector<korvel::ToneIndex>& tones, double steps, int halfTones,
                   bool isFree);

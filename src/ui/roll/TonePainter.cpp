@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "ui/roll/RollHits.h"
+#include "workflow/editing/doubts/SongNotes.h"
 
 namespace korvel::ui {
 namespace {
@@ -73,7 +74,7 @@ void TonePainter::paintTone(QPainter& painter, const ToneRoll::Tone& tone,
                             const RollNotes::Sign& sign, bool isChosen) const {
   QPen outline =
       m_scale.showsOutlines() ? QPen(mixed(m_shades.mark, m_shades.text, 0.5)) : QPen(Qt::NoPen);
-  const bool isDoubtful = sign.probability < kDoubtful && !sign.isLocked;
+  const bool isDoubtful = sign.probability < SongNotes::kDoubtful && !sign.isLocked;
   if (isDoubtful && m_scale.laneHeight() >= kLowestDashed)
     outline = QPen(m_shades.text, 1.2, Qt::DashLine);
   if (isChosen) outline = QPen(m_shades.text, 2);

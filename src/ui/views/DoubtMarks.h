@@ -8,7 +8,7 @@ namespace korvel::ui {
 
 /// What is doubted of a chord.
 struct DoubtMark {
-  unsigned strings = 0;  ///< Whose tones may be wrong, bit n for string n.
+  unsigned strings = 0;  ///< Whose tones may be wrong, bit n for string n, 0 the lowest.
   QString words;         ///< What may be wrong, for screen readers and tool tips.
 };
 

@@ -21,6 +21,7 @@ class PieceTime {
   double secondsOf(double grains) const;
   /// Quarters a minute, as a song can be played.
   double tempoAt(double grains) const;
+  /// All of it has one tempo, but for what nobody hears.
   bool isSteady() const;
 
  private:

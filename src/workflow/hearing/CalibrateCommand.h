@@ -20,9 +20,9 @@ class QBTuning;
 
 /// A note that is to be played for a calibration.
 struct CalibrationNote {
-  int string;
+  int string;  ///< 0 the lowest.
   int fret;
-  int midi;
+  int midi;  ///< The MIDI number that it sounds.
 };
 
 /// The notes to play in a tuning, the lowest string first: each string open and at a fret in the

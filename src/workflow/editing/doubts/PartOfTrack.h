@@ -10,7 +10,7 @@ namespace korvel {
 /// A part of a recording, as if it were all of it.
 class PartOfTrack final : public QBSampleSource {
  public:
-  /// Samples from the first to before the last one.
+  /// from, to: the first sample, and the one behind the last, of platform::kSampleRate a second.
   PartOfTrack(std::filesystem::path file, std::size_t from, std::size_t to)
       : m_track(std::move(file)), m_from(from), m_to(to) {}
 

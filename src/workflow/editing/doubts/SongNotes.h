@@ -62,6 +62,7 @@ class SongNotes {
   /// heard there.
   std::optional<std::size_t> noteOf(int chord, int string) const;
 
+  /// Notes that are less probable are doubtful.
   static constexpr float kDoubtful = 0.75F;
   /// What is struck so near to a chord comes with it, in seconds.
   static constexpr double kWithChord = 0.06;

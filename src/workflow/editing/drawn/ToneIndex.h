@@ -3,7 +3,8 @@
 
 namespace korvel {
 
-/// A tone of a song as it is: the index of its chord in `allChords`, and its string.
+/// A tone of a song as it is: the index of its chord in `allChords`, and its string, 0 the
+/// lowest.
 struct ToneIndex {
   int chord;
   int string;

@@ -15,7 +15,8 @@ class WishedRhythm {
   static constexpr double kFastest = 400;
   static constexpr std::size_t kFewestTaps = 4;
 
-  /// tempo: what ratios are of, as the song may have another one than the reading.
+  /// tempo: in beats a minute, what ratios are of, as the song may have another one than the
+  /// reading.
   WishedRhythm(const rhythm::Reading& reading, const rhythm::Wishes& wishes, double tempo);
 
   const rhythm::Wishes& wishes() const { return m_wishes; }
