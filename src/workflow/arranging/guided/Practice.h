@@ -13,7 +13,7 @@ class QBSong;
 /// How a song is practised.
 struct Practice {
   std::optional<ChordSpan> passage;  ///< Again and again; none for the whole song.
-  int speed = 100;                   ///< Per cent of the recording's.
+  int speed = 100;                   ///< Percent of the recording's.
   bool countIn = true;
   bool metronome = true;
 };

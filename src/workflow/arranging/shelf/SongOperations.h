@@ -10,7 +10,7 @@ class QBSong;
 // Arrangements: each a new song of the same album under a free derived title, with its tablature
 // drawn. std::out_of_range when there are no chords to draw, and the new song stays then.
 
-// What a row in the table of commands does, to the letter.
+// What a row in a table of commands does, to the letter.
 QBSong* toMelody(QBSong& song);
 QBSong* toBrass(QBSong& song);
 QBSong* toMelodyBrass(QBSong& song);
