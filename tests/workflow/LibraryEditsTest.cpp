@@ -60,6 +60,31 @@ TEST_F(LibraryEditsTest, namesStayFreeWhateverIsRenamedMovedOrCloned) {
   EXPECT_THROW(renameAlbum(*second, "A"), EditRefused);
   cloneAlbum(*second);
   EXPECT_EQ(texts(tree), "A:; A_2: S_2 S; A_2_2: S_2 S; ");
+  renameAlbum(*second, "Übung");
+  EXPECT_EQ(texts(tree), "A:; Übung: S_2 S; A_2_2: S_2 S; ");
+  EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_EQ(texts(tree), "A:; A_2: S_2 S; A_2_2: S_2 S; ");
+}
+
+TEST_F(LibraryEditsTest, workDirectoryIsMadeAndChosenOrStaysAsItWas) {
+  const auto chosen = [] { return QBTabMgr::db().selectedSettings()->workDir(); };
+  newAlbum("A");
+  const std::string folder = m_store.folder().file("work/of mine");
+  setWorkDirectory(folder);
+  EXPECT_TRUE(std::filesystem::is_directory(folder));
+  EXPECT_EQ(chosen(), folder + '/');
+  setWorkDirectory(folder + '/');
+  EXPECT_EQ(chosen(), folder + '/');
+  auto& context = QBTabMgr::db().context();
+  context.store().execute("PRAGMA query_only = 1");
+  EXPECT_ANY_THROW(setWorkDirectory(m_store.folder().file("other")));
+  context.store().execute("PRAGMA query_only = 0");
+  EXPECT_EQ(chosen(), folder + '/');
+  EXPECT_ANY_THROW(setWorkDirectory(m_store.folder().file("Korvel.sqlite/within")));
+  context.save();
+  EXPECT_TRUE(QBSession::session().undo()) << "of the album, as settings are none";
+  EXPECT_TRUE(QBTabMgr::db().albums().empty());
+  EXPECT_EQ(chosen(), folder + '/');
 }
 
 TEST_F(LibraryEditsTest, deletedSongIsSavedAndComesBackAndARecordedOneStays) {

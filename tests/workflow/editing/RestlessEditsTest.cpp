@@ -361,7 +361,8 @@ class Player {
     });
   }
   void holdGrip(QBSong& song) {
-    holdChord(song, chord(), {kNotPlayed, 0, 2, 2, 1, 0}, {0, m_chords - 1});
+    if (m_chords > 0)
+      holdChord(song, below(m_chords), {kNotPlayed, 0, 2, 2, 1, 0}, {0, m_chords - 1});
   }
   void guide(QBSong& song) {
     const SongGuide guides[] = {easyVersion({.tones = static_cast<EasyTones>(below(3)),

@@ -12,6 +12,8 @@
 #include "platform/text/UserError.h"
 #include "support/RecordingViews.h"
 #include "support/store/StandardStore.h"
+#include "support/store/StoreContents.h"
+#include "workflow/session/QBSession.h"
 
 namespace korvel::test {
 namespace {
@@ -243,6 +245,73 @@ TEST_F(PieceImportTest, aTrackThatIsNoneOfAGuitarIsRefusedAndNothingStays) {
   EXPECT_EQ(fretsOf(*m_song), "0xxxxx xxxxxx ");
   QBSession::session().undo();
   EXPECT_TRUE(QBTabMgr::db().albums().empty());
+}
+
+std::string stored() {
+  QBTabMgr::db().save();
+  return contentsOf(QBTabMgr::db().context().store());
+}
+
+TEST_F(PieceImportTest, cutShortAnywhereItLeavesNothing) {
+  Piece piece;
+  std::string notes;
+  for (int i = 0; i < 3000; ++i)
+    notes += std::to_string(i * .5) + "+.5:" + std::to_string(52 + i * 5 % 12) + ' ';
+  piece.tracks = {track("Guitar", notes)};
+  const std::string before = stored();
+  PieceImport cancelled("Song.mid", piece, {});
+  cancelled.runInBackground();
+  cancelled.nextStep();
+  ASSERT_TRUE(cancelled.isRunning());
+  cancelled.cancelAndDrop();
+  EXPECT_FALSE(cancelled.isRunning());
+  EXPECT_EQ(stored(), before);
+
+  piece.tracks = {track("Guitar", "0+1:64 1+1:62 2+2:60")};
+  int parts = 0;
+  PieceImport whole("Song.mid", piece, {});
+  whole.onProgress([&](double) { ++parts; });
+  whole.run();
+  EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_EQ(stored(), before);
+  ASSERT_GT(parts, 3);
+  for (int last = 1; last <= parts; ++last) {
+    PieceImport failing("Song.mid", piece, {});
+    int part = 0;
+    failing.onProgress([&](double) {
+      if (++part == last) throw std::runtime_error("memory");
+    });
+    EXPECT_THROW(failing.run(), std::runtime_error);
+    EXPECT_EQ(stored(), before) << last;
+    EXPECT_TRUE(QBTabMgr::db().albums().empty()) << last;
+    EXPECT_FALSE(QBSession::session().undo()) << last;
+  }
+}
+
+TEST_F(PieceImportTest, barsAreAsLongAsTheyArePlayedAndAStringSoundsOneNote) {
+  Piece piece;
+  std::int64_t at = 0;
+  for (const auto& [quarters, beats, type] :
+       {std::tuple(4.0, 4, 4), {3.5, 4, 4}, {.25, 4, 4}, {5.0, 5, 3}, {1.5, 3, 4}}) {
+    piece.bars.push_back({at, grains(quarters), beats, type});
+    at += piece.bars.back().length;
+  }
+  // One note of two voices, two at one time, and two at the very end.
+  piece.tracks = {track("Guitar",
+                        "0+1:64@5.0 0+2:64@5.0 2+1:64@5.0 2+1:67@5.3 14.24+.01:64@5.0 "
+                        "14.24+.01:65@5.1")};
+  const std::string log = imported(piece);
+  EXPECT_NE(log.find("notes on a string that sounds another one (1)"), std::string::npos) << log;
+  std::string bars, tones;
+  for (const auto& bar : m_song->allMeasures())
+    bars += std::to_string(bar->beat()) + '/' + std::to_string(bar->beattype()) + ' ';
+  EXPECT_EQ(bars, "4/4 7/8 1/16 5/4 3/8 ");
+  const SongTime time(*m_song);
+  for (std::size_t i = 0; i < m_song->allChords().size(); ++i)
+    for (const QBTone* tone : m_song->allChords()[i]->hold()->tones())
+      tones += std::to_string(time.tickOf(i)) + '+' + std::to_string(tone->ticks()) + '@' +
+               std::to_string(tone->fret()) + ' ';
+  EXPECT_EQ(tones, "0+24@0 24+1@0 25+11@3 164+1@0 ");
 }
 
 }  // namespace
