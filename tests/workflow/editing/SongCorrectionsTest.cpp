@@ -2,6 +2,8 @@
 #include "workflow/editing/doubts/SongCorrections.h"
 
 #include "model/songs/QBHold.h"
+#include "model/songs/ToneOrder.h"
+#include "music/Neck.h"
 #include "music/Ticks.h"
 #include "support/Testing.h"
 #include "support/songs/DoubtedSong.h"
@@ -87,6 +89,36 @@ TEST_F(SongCorrectionsTest, notesComeAndGoAndAreUndone) {
   EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "in* out*");
   EXPECT_EQ(song.allChords().size(), chords) << "between two beats, as it was heard";
   expectFullBars(song);
+}
+
+TEST_F(SongCorrectionsTest, otherNotesStayAsTheyAreWhereOneIsDroppedAndTakenAgain) {
+  const auto played = [this](bool isInBars) {
+    std::string text;
+    for (const auto& chord : song.allChords()) {
+      std::set<std::pair<int, int>> notes;
+      for (const auto& tone : tonesOf(*chord))
+        notes.emplace(kStandardPitches.at(static_cast<std::size_t>(tone->string())) + tone->fret(),
+                      isInBars ? tone->ticks() : tone->duration());
+      for (const auto& [pitch, length] : notes)
+        text += std::to_string(pitch) + '*' + std::to_string(length) + ' ';
+      text += '|' + std::to_string(chord->ticks()) + '\n';
+    }
+    return text;
+  };
+  for (const bool isInBars : {true, false}) {
+    if (!isInBars) SongRhythm(song).layIntoSlices();
+    const std::string before = played(isInBars);
+    SongCorrections(song).drop(find(kFalseNote));
+    SongCorrections(song).accept(find(kMissingNote));
+    EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "out* in*");
+    EXPECT_NE(played(isInBars), before);
+    SongCorrections(song).replace(find(kMissingNote), find(kFalseNote));
+    EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "in* out*");
+    EXPECT_EQ(played(isInBars), before) << isInBars;
+    for (int step = 0; step < 3; ++step) EXPECT_TRUE(QBSession::session().undo());
+    EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "in out");
+    EXPECT_EQ(played(isInBars), before) << isInBars;
+  }
 }
 
 TEST_F(SongCorrectionsTest, allIsDecidedAnewButWhatIsLocked) {
