@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
+#include <QWheelEvent>
 
+#include "model/store/QBTabMgr.h"
+#include "platform/persistence/UndoManager.h"
 #include "support/Testing.h"
 #include "support/songs/BeatSong.h"
 #include "support/songs/SongDesk.h"
 #include "tab/layout/ChordGrip.h"
+#include "ui/page/CapoDialog.h"
 #include "ui/page/GripsDialog.h"
 #include "ui/page/GripsSheet.h"
 #include "ui/page/PageDesk.h"
 #include "ui/page/PageView.h"
 #include "ui/page/SongSheets.h"
+#include "ui/page/WordsDialog.h"
 
 namespace korvel::ui {
 namespace {
@@ -156,6 +163,112 @@ TEST_F(PageTest, gripsAreChosenByKeysAndPlayed) {
   for (const std::size_t chord : {1U, 5U})
     EXPECT_EQ(ChordGrip(*m_song.allChords()[chord]).shorthand(), shorthandOf(other));
   EXPECT_TRUE(RememberedPages().of(m_song).shapes.isEmpty()) << "it is the song's own now";
+}
+
+TEST_F(PageTest, lyricsThatArePastedComeBackAndAreNotChangedByLookingAtThem) {
+  const auto undoName = [] {
+    return QBTabMgr::db().context().undoManager().undoActionName().english();
+  };
+  QString found;
+  const auto open = [&](const QString& words, bool accepts) {
+    QTimer::singleShot(0, &m_desk, [&, words, accepts] {
+      auto& dialog = *m_desk.findChild<WordsDialog*>();
+      auto& text = *dialog.findChild<QPlainTextEdit*>();
+      found = text.toPlainText();
+      if (!words.isEmpty()) text.setPlainText(words);
+      accepts ? dialog.accept() : dialog.reject();
+    });
+    button(m_desk, "Lyrics ...").click();
+  };
+  const std::string before = undoName();
+  open("not | this", false);
+  open({}, true);
+  EXPECT_EQ(undoName(), before);
+  open("one | two | | four\n\n9: nine", true);
+  EXPECT_EQ(found, "") << "cancelled";
+  EXPECT_EQ(bar(0, 1).wordText(0), "two");
+  EXPECT_EQ(bar(1, 0).wordText(0), "nine");
+  const std::string pasted = undoName();
+  EXPECT_NE(pasted, before);
+  open({}, true);
+  open({}, false);
+  EXPECT_TRUE(found.startsWith("1: one | two") && found.contains("nine")) << found.toStdString();
+  EXPECT_EQ(undoName(), pasted);
+  QBTabMgr::db().context().undoManager().undo();
+  EXPECT_EQ(undoName(), before) << "one step, and none for looking";
+}
+
+TEST_F(PageTest, capoThatIsChosenIsThePagesAndItsTableFollowsTheKey) {
+  QStringList rows;
+  const auto choose = [&](int row) {
+    QTimer::singleShot(0, &m_desk, [&, row] {
+      auto& dialog = *m_desk.findChild<CapoDialog*>();
+      auto& table = *dialog.findChild<QTreeWidget*>();
+      for (int i = 0; i < table.topLevelItemCount(); ++i)
+        rows << table.topLevelItem(i)->text(0) + ' ' + table.topLevelItem(i)->text(1);
+      if (row >= 0) table.setCurrentItem(table.topLevelItem(row));
+      row >= 0 ? dialog.accept() : dialog.reject();
+    });
+    rows.clear();
+    button(m_desk, "Which Capo? ...").click();
+  };
+  choose(-1);
+  EXPECT_EQ(rows.value(0), "None: the best C");
+  EXPECT_EQ(m_view.page().capo, 0);
+  choose(3);
+  EXPECT_EQ(m_view.page().capo, 3);
+  EXPECT_EQ(control<QSpinBox>("Capo").value(), 3);
+  control<QSpinBox>("Key up or down").setValue(-11);
+  EXPECT_EQ(bar(0, 0).chords.at(0).sounding, "Db") << "eleven half tones below C";
+  choose(-1);
+  EXPECT_TRUE(rows.value(0).startsWith("None Db")) << rows.value(0).toStdString();
+  EXPECT_EQ(m_view.page().capo, 3);
+}
+
+TEST_F(PageTest, keysAndTheMouseReachEveryChordAndNoFurther) {
+  QObject::connect(&m_view, &PageView::chordChosen, &m_view, &PageView::showCursor);
+  const QSignalSpy chosen(&m_view, &PageView::chordChosen);
+  const auto press = [&](std::initializer_list<Qt::Key> keys) {
+    for (const Qt::Key key : keys) QTest::keyClick(&m_view, key);
+    return chosen.isEmpty() ? -1 : chosen.last()[0].toInt();
+  };
+  EXPECT_EQ(press({Qt::Key_Up}), 0) << "without a cursor, the first one";
+  EXPECT_EQ(press({Qt::Key_Left, Qt::Key_Up, Qt::Key_Home}), 0);
+  EXPECT_EQ(press({Qt::Key_End}), 12);
+  const auto most = chosen.count();
+  EXPECT_EQ(press({Qt::Key_Right, Qt::Key_Down}), 12);
+  EXPECT_EQ(chosen.count(), most);
+  EXPECT_LT(press({Qt::Key_Up}), 11) << "the line above";
+  const QSignalSpy heard(&m_view, &PageView::listenWanted);
+  const QPoint third = m_view.chordRect(2).center();
+  QTest::mouseClick(m_view.viewport(), Qt::LeftButton, Qt::AltModifier | Qt::ShiftModifier, third);
+  ASSERT_EQ(heard.count(), 1);
+  EXPECT_EQ(heard[0][0].toInt(), 2);
+  EXPECT_TRUE(heard[0][1].toBool());
+  QTest::keyClick(&m_view, Qt::Key_F2);
+  const QPoint below = m_view.viewport()->findChild<QLineEdit*>()->geometry().center();
+  type("", Qt::Key_Escape);
+  QTest::mouseDClick(m_view.viewport(), Qt::LeftButton, {}, below);
+  type("here", Qt::Key_Return);
+  EXPECT_EQ(bar(0, 2).wordText(0), "here");
+  const QSignalSpy zoomed(&m_view, &PageView::zoomChanged);
+  const int height = m_view.chordRect(2).height();
+  QWheelEvent wheel(third, m_view.viewport()->mapToGlobal(third), {}, {0, 240}, Qt::NoButton,
+                    Qt::ControlModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(m_view.viewport(), &wheel);
+  EXPECT_GT(m_view.chordRect(2).height(), height);
+  EXPECT_EQ(RememberedPages().zoom(), zoomed.last()[0].toInt());
+}
+
+/// Tab goes on from the last bar of a section to its second time, then to the next section.
+TEST_F(PageTest, tabGoesThroughAllBarsThatHaveWords) {
+  m_view.showCursor(0);
+  QTest::keyClick(&m_view, Qt::Key_Return);
+  for (int typed = 0; typed < 12; ++typed) type(QString::number(typed), Qt::Key_Tab);
+  EXPECT_EQ(m_view.viewport()->findChild<QLineEdit*>(), nullptr) << "the end";
+  EXPECT_EQ(bar(0, 3).wordText(0) + ' ' + bar(0, 0).wordText(1) + ' ' + bar(1, 0).wordText(0) +
+                ' ' + bar(1, 3).wordText(0),
+            "3 4 8 11");
 }
 
 }  // namespace
