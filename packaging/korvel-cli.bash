@@ -42,7 +42,7 @@ _korvel_cli() {
       ;;
     --detection) _korvel_cli_offer < <(printf 'precise\nclassic\n') && return ;;
     --tuning) _korvel_cli_offer < <(
-      [ "$command" = import ] && echo auto
+      [[ $command =~ ^(import|transcribe)$ ]] && echo auto
       "${words[0]}" tunings 2>/dev/null | sed 's/^[* ] //; s/ ([A-Gb#0-9 -]*)$//'
     ) && return ;;
     --grid) _korvel_cli_offer < <(printf 'beats\nslices\n') && return ;;

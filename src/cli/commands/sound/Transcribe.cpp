@@ -40,29 +40,37 @@ struct TranscribeOptions {
   std::optional<std::string> json;      ///< File for the notes; stdout when no file is given.
   std::optional<std::string> midi;      ///< File for sequencers.
   std::optional<std::string> musicxml;  ///< File for notation programs.
-  std::optional<std::string> tuning;    ///< Of the store; standard tuning when not given.
+  std::optional<std::string> tuning;    ///< Of the store, or kFoundTuning; Standard if not given.
   bool force = false;                   ///< Replaces files that are there already.
   HearingSettings settings = settingsOfFrontEnds();
 };
 
 OpenPitches openStrings(const TranscribeOptions& options) {
-  return options.tuning ? stringsOfTuning(*options.tuning) : kStandardPitches;
+  return isNamedTuning(options.tuning) ? stringsOfTuning(*options.tuning) : kStandardPitches;
 }
 
 /// What was heard in a file, and what it can be written in.
 struct HeardFile {
   NotesOfFile notes;
   Grid grid;
+  OpenPitches open;
 };
 
-HeardFile heardIn(const std::string& file, Listening& listening) {
+/// thought: the strings unless others were found.
+HeardFile heardIn(const std::string& file, const OpenPitches& thought, Listening& listening) {
   for (; !listening.isOver(); listening.waitFor(kPatience))
     Console::attached().progress(listening.progress());
   Console::attached().progress(1);
   Listening::Heard all = listening.take();
   if (const auto missed = missedTempoText(all.sound.rhythm.reading, all.sound.wishes))
     Console::attached().note(file + ": " + missed->english());
-  return {{file, std::move(all.sound.notes), std::move(all.sound.rhythm)}, all.grid};
+  const std::optional<FoundTuning>& found = all.sound.otherTuning;
+  if (found)
+    Console::attached().note(file + ": it was played in " + nameOfTuning(*found) +
+                             ", and is heard so");
+  return {{file, std::move(all.sound.notes), std::move(all.sound.rhythm)},
+          all.grid,
+          found ? found->open : thought};
 }
 
 /// The formats that were asked for of a single recording, each with its file.
@@ -74,9 +82,9 @@ class Outputs {
       if (*name) checkFile(**name);
   }
 
-  void write(const HeardFile& heard, const OpenPitches& open) const {
+  void write(const HeardFile& heard) const {
     const NotesOfFile& notes = heard.notes;
-    const NoteScore score(notes.notes, notes.rhythm.reading, open);
+    const NoteScore score(notes.notes, notes.rhythm.reading, heard.open);
     const std::string json = notesAsJson(notes.notes, notes.rhythm);
     if (m_options.json) fileOf(*m_options.json).write(json);
     if (m_options.midi) fileOf(*m_options.midi).write(midiOf(score, heard.grid));
@@ -114,16 +122,17 @@ void transcribeOne(const TranscribeOptions& options) {
   const Outputs outputs(options);
   const OpenPitches open = openStrings(options);
   const auto listening = ListeningAhead(options.files, open, options.settings).next();
-  outputs.write(heardIn(options.files.front(), *listening), open);
+  outputs.write(heardIn(options.files.front(), open, *listening));
 }
 
 /// A file that cannot be heard is reported; the others go on. Answers the exit status.
 int transcribeAll(const TranscribeOptions& options) {
-  ListeningAhead ahead(options.files, openStrings(options), options.settings);
+  const OpenPitches open = openStrings(options);
+  ListeningAhead ahead(options.files, open, options.settings);
   std::vector<NotesOfFile> heard;
   for (const std::string& file : options.files) {
     try {
-      heard.push_back(heardIn(file, *ahead.next()).notes);
+      heard.push_back(heardIn(file, open, *ahead.next()).notes);
     } catch (const std::exception& error) {
       Console::attached().errorOf(file, "", error);
     }
@@ -159,7 +168,8 @@ void addTranscribe(Command& tool) {
       .shownAs("FILE");
   command.flag("--force", options.force, "Replace files that are there already");
   command.option("--tuning", options.tuning,
-                 "Tuning of the guitar, such as \"Drop D\" (default: Standard)");
+                 "Tuning of the guitar, such as \"Drop D\" (default: Standard), or the one that it "
+                 "is clearly played in (auto)");
   addDetectionFlags(command, options.settings);
   addConcertPitchFlag(command, options.settings);
   addGridFlag(command, options.settings,
@@ -168,7 +178,10 @@ void addTranscribe(Command& tool) {
   addRhythmFlags(command, options.settings);
   command.checkLast([&] {
     check(options);
-    command.uses(options.tuning.has_value() ? Store::filled : Store::none);
+    command.uses(isNamedTuning(options.tuning) ? Store::filled : Store::none);
+    if (options.tuning != kFoundTuning) return;
+    options.settings.takesTuning = true;
+    options.settings.tunings = pitchesOfKnownTunings();
   });
   command.does([&options] { return transcribe(options); });
 }
