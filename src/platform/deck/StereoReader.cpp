@@ -10,7 +10,6 @@ extern "C" {
 #include <vector>
 
 #include "platform/media/MediaDecoder.h"
-#include "platform/media/MediaError.h"
 #include "platform/media/MonoMixer.h"
 #include "platform/sound/SampleRate.h"
 
@@ -55,9 +54,7 @@ std::vector<double> sharesOf(int channels) {
 class StereoReader::Decoding {
  public:
   Decoding(const MediaAsset& asset, const MediaTrack& track) : m_decoder(asset, track) {
-    if (track.channels > MonoMixer::kMostChannels)
-      throw MediaError(asset.file(),
-                       phrase("Message", "the track has more channels than can be mixed"));
+    MonoMixer::requireMixable(asset, track);
   }
 
   bool start() { return m_reading = m_decoder.start(); }

@@ -8,6 +8,9 @@ extern "C" {
 
 #include <algorithm>
 
+#include "platform/media/MediaAsset.h"
+#include "platform/media/MediaError.h"
+
 namespace korvel::platform {
 namespace {
 
@@ -25,6 +28,12 @@ MonoMixer::MonoMixer() = default;
 MonoMixer::MonoMixer(MonoMixer&&) noexcept = default;
 MonoMixer& MonoMixer::operator=(MonoMixer&&) noexcept = default;
 MonoMixer::~MonoMixer() = default;
+
+void MonoMixer::requireMixable(const MediaAsset& asset, const MediaTrack& track) {
+  if (track.channels > kMostChannels)
+    throw MediaError(asset.file(),
+                     phrase("Message", "the track has more channels than can be mixed"));
+}
 
 void MonoMixer::FreeConverter::operator()(SwrContext* converter) const { swr_free(&converter); }
 

@@ -13,6 +13,9 @@ struct SwrContext;
 
 namespace korvel::platform {
 
+class MediaAsset;
+struct MediaTrack;
+
 /// Turns sound of any kind into samples of one channel at one rate. A sample is the mean of its
 /// channels, 1 is full scale. The kind may change from one piece to the next.
 class MonoMixer {
@@ -20,6 +23,8 @@ class MonoMixer {
   /// Samples a second of what it makes.
   static constexpr int kRate = kSampleRate;
   static constexpr int kMostChannels = 64;
+  /// Throws MediaError for a track of more channels than that.
+  static void requireMixable(const MediaAsset& asset, const MediaTrack& track);
 
   MonoMixer();
   MonoMixer(MonoMixer&&) noexcept;

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "platform/media/MediaDecoder.h"
-#include "platform/media/MediaError.h"
 #include "platform/media/MonoMixer.h"
 
 namespace korvel::platform {
@@ -24,9 +23,7 @@ constexpr double kFirstSought = 1;
 class MonoReader::Decoding {
  public:
   Decoding(const MediaAsset& asset, const MediaTrack& track) : m_decoder(asset, track) {
-    if (track.channels > MonoMixer::kMostChannels)
-      throw MediaError(asset.file(),
-                       phrase("Message", "the track has more channels than can be mixed"));
+    MonoMixer::requireMixable(asset, track);
   }
 
   bool start() { return m_reading = m_decoder.start(); }
