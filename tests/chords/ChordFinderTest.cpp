@@ -2,13 +2,13 @@
 #include "chords/ChordFinder.h"
 
 #include <cmath>
-#include <numbers>
 #include <random>
 #include <sstream>
 
 #include "chords/BandEar.h"
 #include "chords/judging/Repeats.h"
 #include "support/Testing.h"
+#include "support/sound/PlayedBand.h"
 
 namespace korvel::chords {
 namespace {
@@ -18,20 +18,6 @@ constexpr double kBeat = 0.5;
 constexpr int kBeatsOfChord = 4;
 
 using Sound = std::vector<float>;
-
-/// A tone with partials that is struck and dies away.
-void addTone(Sound& sound, double from, int number, double loud) {
-  const double hertz = 440 * std::exp2((number - 69) / 12.0);
-  const auto first = static_cast<std::size_t>(from * kRate);
-  const std::size_t last = std::min(sound.size(), first + std::size_t{kRate} / 2);
-  for (std::size_t i = first; i < last; ++i) {
-    const double time = static_cast<double>(i - first) / kRate;
-    double value = 0;
-    for (int h = 1; h <= 6; ++h)
-      value += std::sin(2 * std::numbers::pi * hertz * h * time) / (h * h);
-    sound[i] += static_cast<float>(loud * value * std::exp(-2 * time));
-  }
-}
 
 /// "9:m7" is Am7, "0:/4" is C over E.
 Chord parsed(const std::string& text) {
@@ -62,8 +48,8 @@ Sound played(const std::string& progression) {
     const Chord& chord = chords[i / kBeatsOfChord];
     for (int step = 0; step < 12; ++step)
       if ((of(chord.kind).tones >> step & 1U) != 0)
-        addTone(sound, time, 60 + (chord.root + step) % 12, 0.1);
-    addTone(sound, time, 36 + (chord.bass < 0 ? chord.root : chord.bass), 0.2);
+        test::addTone(sound, time, 60 + (chord.root + step) % 12, 0.1);
+    test::addTone(sound, time, 36 + (chord.bass < 0 ? chord.root : chord.bass), 0.2);
     const auto first = static_cast<std::size_t>(time * kRate);
     for (std::size_t k = 0; k < std::size_t{kRate} / 10; ++k)
       sound[first + k] += static_cast<float>(random() % 2000) / 10000 *

@@ -22,19 +22,13 @@
 
 namespace korvel::ui {
 DoubtMenu::DoubtMenu(TablatureView& tablature, QWidget* parent)
-    : QMenu(tr("Heard Notes"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
-  m_reason->setEnabled(false);
-  m_reason->setVisible(false);
+    : ReasonedMenu(tr("Heard Notes"), parent), m_tablature(tablature) {
   addPlaces();
   addCorrections();
   connect(&m_tablature, &TablatureView::confirmWanted, this, &DoubtMenu::confirm);
-  connect(this, &QMenu::aboutToShow, this, &DoubtMenu::prepare);
+  connect(this, &QMenu::aboutToShow, this, [this] { showReason(refusal()); });
   m_turn.setSingleShot(true);
   connect(&m_turn, &QTimer::timeout, this, &DoubtMenu::find);
-  // Their keys tell why they do nothing.
-  connect(this, &QMenu::aboutToHide, this, [this] {
-    for (QAction* action : actions()) action->setEnabled(action != m_reason);
-  });
 }
 
 // ---- entries
@@ -61,14 +55,6 @@ void DoubtMenu::addCorrections() {
   addSeparator();
   addAction(tr("&Fewer or More Notes ..."), this, [this] { chooseSensitivity(); });
   addAction(tr("&Hear Selection Again ..."), this, [this] { hearSelection(); });
-}
-
-void DoubtMenu::prepare() {
-  const QString why = refusal();
-  for (QAction* action : actions()) action->setEnabled(why.isEmpty());
-  m_reason->setText(QString(why).replace('&', "&&"));
-  m_reason->setVisible(!why.isEmpty());
-  m_reason->setEnabled(false);
 }
 
 /// Why nothing can be done; empty when it can.

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QMenu>
 #include <QTimer>
 #include <functional>
 #include <optional>
 
 #include "platform/persistence/Ref.h"
+#include "ui/menus/ReasonedMenu.h"
 #include "workflow/editing/doubts/DoubtList.h"
 #include "workflow/editing/doubts/SongCorrections.h"
 
@@ -21,7 +21,7 @@ class TablatureView;
 
 /// What may have been heard wrong in the song that is shown: marks it in the tablature, goes from
 /// place to place, and does what its user says about the notes there.
-class DoubtMenu final : public QMenu {
+class DoubtMenu final : public ReasonedMenu {
   Q_OBJECT
 
  public:
@@ -57,7 +57,6 @@ class DoubtMenu final : public QMenu {
   void addPlaces();
   void addCorrections();
   QAction* addKey(const QString& text, const QKeySequence& keys, const std::function<void()>& act);
-  void prepare();
   void mark();
   void goTo(const DoubtfulPlace* place);
   void goToNext();
@@ -81,7 +80,6 @@ class DoubtMenu final : public QMenu {
   bool m_isFound = false;  ///< What is doubted.
   QTimer m_turn;           ///< In which it is.
   bool m_locked = false;
-  QAction* m_reason;  ///< Why nothing can be done.
 };
 
 }  // namespace korvel::ui

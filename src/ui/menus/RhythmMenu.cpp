@@ -34,19 +34,12 @@ constexpr double kLittle = 0.02;
 }  // namespace
 
 RhythmMenu::RhythmMenu(TablatureView& tablature, QWidget* parent)
-    : QMenu(tr("Rh&ythm"), parent), m_tablature(tablature), m_reason(addAction(QString())) {
-  m_reason->setEnabled(false);
-  m_reason->setVisible(false);
+    : ReasonedMenu(tr("Rh&ythm"), parent), m_tablature(tablature) {
   addTempo();
   addBars();
   addFeel();
   addLayouts();
   connect(this, &QMenu::aboutToShow, this, &RhythmMenu::prepare);
-  // Their keys tell why they do nothing.
-  connect(this, &QMenu::aboutToHide, this, [this] {
-    for (QAction* action : actions()) action->setEnabled(true);
-    m_reason->setEnabled(false);
-  });
 }
 
 void RhythmMenu::setSong(QBSong* song) { m_song = song; }
@@ -138,10 +131,7 @@ void RhythmMenu::addLayouts() {
 
 void RhythmMenu::prepare() {
   const QString why = refusal();
-  for (QAction* action : actions()) action->setEnabled(why.isEmpty());
-  m_reason->setText(QString(why).replace('&', "&&"));
-  m_reason->setVisible(!why.isEmpty());
-  m_reason->setEnabled(false);
+  showReason(why);
   m_others->clear();
   if (why.isEmpty()) listOthers();
   m_others->setEnabled(!m_others->isEmpty());

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QMenu>
 #include <functional>
 #include <vector>
 
 #include "platform/persistence/Ref.h"
 #include "platform/text/UserText.h"
+#include "ui/menus/ReasonedMenu.h"
 
 namespace korvel {
 class QBSong;
@@ -20,7 +20,7 @@ class TablatureView;
 
 /// How the rhythm of the song that is shown is to be read. Where that cannot be, the menu says why;
 /// its keys do as well.
-class RhythmMenu final : public QMenu {
+class RhythmMenu final : public ReasonedMenu {
   Q_OBJECT
 
  public:
@@ -68,7 +68,6 @@ class RhythmMenu final : public QMenu {
   TablatureView& m_tablature;
   platform::Ref<QBSong> m_song;
   bool m_locked = false;
-  QAction* m_reason;
   QMenu* m_others = nullptr;
 };
 
