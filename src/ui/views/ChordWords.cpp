@@ -11,6 +11,7 @@
 #include "model/songs/SongTime.h"
 #include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
+#include "music/Pitch.h"
 #include "tab/layout/CapoNames.h"
 #include "tab/layout/ChordSearch.h"
 #include "ui/desktop/Text.h"
@@ -27,6 +28,11 @@ ChordWords::ChordWords(QBTuning* tuning) {
     m_notes[order] = toText(QBHarmony::noteAsString(string->baseTone()).value_or(""));
     m_pitchClasses[order] = string->baseTone();
   }
+}
+
+QString ChordWords::noteAt(int string, int fret) const {
+  const int note = pitchClass(m_pitchClasses.value(string) + fret);
+  return toText(QBHarmony::noteAsString(note).value_or(""));
 }
 
 QString ChordWords::string(int string) const {

@@ -25,8 +25,8 @@ class ChordWords {
 
   /// Name of the open note, "" for a string that the tuning lacks.
   QString note(int string) const { return m_notes.value(string); }
-  /// Of the open string, 0..11; 0 for a string that the tuning lacks.
-  int pitchClass(int string) const { return m_pitchClasses.value(string); }
+  /// Name of the note at a fret; on a string that the tuning lacks as if that were a C.
+  QString noteAt(int string, int fret) const;
   /// Such as "A string"; strings of the same note are told apart by their number.
   QString string(int string) const;
   /// Such as "Bar 3, chord 12 of 40, Am, A string, fret 2".
@@ -40,7 +40,7 @@ class ChordWords {
 
   // From the lowest string up.
   QStringList m_notes;
-  QList<int> m_pitchClasses;
+  QList<int> m_pitchClasses;  ///< 0 for a string that the tuning lacks.
 };
 
 }  // namespace korvel::ui

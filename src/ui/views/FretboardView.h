@@ -2,12 +2,12 @@
 #pragma once
 
 #include <QWidget>
-#include <optional>
 
 #include "platform/persistence/Ref.h"
 #include "tab/layout/ChordGrip.h"
 #include "ui/views/ChordWords.h"
 #include "ui/views/SpokenView.h"
+#include "ui/views/neck/NeckPlaces.h"
 
 namespace korvel {
 class QBSong;
@@ -62,29 +62,10 @@ class FretboardView final : public QWidget, public SpokenView {
   void changeEvent(QEvent* event) override;
 
  private:
-  struct Neck;
-  struct Cell {
-    int string;
-    int fret;
-  };
-
-  Neck neck() const;
-  std::optional<Cell> cellAt(const QPointF& position) const;
+  NeckPlaces neck() const;
   bool isKnown(int chord) const;
   ChordGrip gripOf(int chord) const;
-  QString cellNote(const Cell& cell) const;
-  QString cellText(const Cell& cell) const;
-  void paintHeading(QPainter& painter, const Neck& neck) const;
-  void paintFrets(QPainter& painter, const Neck& neck) const;
-  void paintInlays(QPainter& painter, const Neck& neck) const;
-  void paintStrings(QPainter& painter, const Neck& neck) const;
-  void paintMarks(QPainter& painter, const Neck& neck) const;
-  void paintTone(QPainter& painter, const Neck& neck, const ChordGrip::Tone& tone) const;
-  void paintLabel(QPainter& painter, const Neck& neck, const ChordGrip::Tone& tone) const;
-  void paintNextName(QPainter& painter, const Neck& neck) const;
-  void paintNextTone(QPainter& painter, const Neck& neck, const ChordGrip::Tone& tone) const;
-  QPen framePen(const Neck& neck) const;
-  void paintCursor(QPainter& painter, const Neck& neck) const;
+  QString cellText(int string, int fret) const;
 
   platform::Ref<QBSong> m_song;
   ChordWords m_words;
