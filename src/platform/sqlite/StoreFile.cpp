@@ -3,7 +3,6 @@
 
 #include <fcntl.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -15,6 +14,7 @@
 #include "platform/files/NewFile.h"
 #include "platform/sqlite/StoreError.h"
 #include "platform/sqlite/StoreJournal.h"
+#include "platform/sqlite/StoreTables.h"
 
 namespace korvel::platform {
 namespace {
@@ -29,56 +29,16 @@ constexpr std::uintmax_t kCheckedAtOpening = 8 << 20;
 constexpr off_t kFirstLockedByte = 0x40000000;
 constexpr off_t kLockedBytes = 512;
 
-std::string columnDefinition(const AttributeDescription& attribute) {
-  return sqlName(attribute.name) + " " + attribute.columnType;
-}
-
-std::string columnDefinition(const ToOneDescription& toOne) {
-  return sqlName(toOne.name) + " INTEGER REFERENCES " + sqlName(toOne.target) +
-         "(id) ON DELETE SET NULL DEFERRABLE INITIALLY DEFERRED";
-}
-
-std::string tableDefinition(const EntityDescription& entity) {
-  std::string columns = "id INTEGER PRIMARY KEY";
-  for (const AttributeDescription& attribute : entity.attributes)
-    columns += ", " + columnDefinition(attribute);
-  for (const ToOneDescription& toOne : entity.toOnes) columns += ", " + columnDefinition(toOne);
-  return "CREATE TABLE " + sqlName(entity.name) + "(" + columns + ")";
-}
-
-std::string indexName(const EntityDescription& entity, const ToOneDescription& toOne) {
-  return sqlName(entity.name + "_" + toOne.name);
-}
-
-std::string indexDefinition(const EntityDescription& entity, const ToOneDescription& toOne) {
-  return "CREATE INDEX IF NOT EXISTS " + indexName(entity, toOne) + " ON " + sqlName(entity.name) +
-         "(" + sqlName(toOne.name) + ")";
-}
-
 std::string freeName(const std::string& base) {
   std::string name = base;
   for (int i = 2; isThere(name); ++i) name = base + "-" + std::to_string(i);
   return name;
 }
 
-bool contains(const std::vector<std::string>& names, const std::string& name) {
-  return std::ranges::find(names, name) != names.end();
-}
-
 StoreError damaged(const std::string& path) {
   return {
       StoreError::Reason::damaged, path,
       phrase("Message", "the store is damaged; restore a backup of it by \"korvel-cli restore\"")};
-}
-
-/// The rows of an entity without owners that none of its members points at.
-std::string unshared(const EntityDescription& entity) {
-  std::string text = sqlName(entity.name) + " AS shared WHERE ";
-  for (const MembersDescription& members : entity.members)
-    text += (&members == &entity.members.front() ? "" : " AND ") +
-            ("NOT EXISTS (SELECT 1 FROM " + sqlName(members.target) + " WHERE " +
-             sqlName(members.inverse) + " = shared.id)");
-  return text;
 }
 
 /// For what only makes a store safer: where the disk has no room for it, all stays as it is.
@@ -88,19 +48,6 @@ void improve(const std::function<void()>& change) {
   } catch (const StoreError&) {
     // SQLite has taken it back, and sums count only when all are there.
   }
-}
-
-/// The rows of an entity that no owner reaches. The first owner's index finds the few candidates.
-std::string unreachable(const EntityDescription& entity) {
-  std::string condition;
-  std::string index;
-  for (const ToOneDescription& toOne : entity.toOnes) {
-    if (!toOne.inverseMembers) continue;
-    if (index.empty()) index = indexName(entity, toOne);
-    condition += (condition.empty() ? "" : " AND ") + sqlName(toOne.name) + " IS NULL";
-  }
-  if (index.empty()) return unshared(entity);
-  return sqlName(entity.name) + " INDEXED BY " + index + " WHERE " + condition;
 }
 
 }  // namespace
@@ -116,7 +63,7 @@ std::unique_ptr<SqliteDatabase> StoreFile::create() const {
   auto store = std::make_unique<SqliteDatabase>(m_path, SqliteDatabase::Mode::create);
   lock(*store);
   SqliteTransaction change(*store);
-  for (const std::string& part : missingParts(*store)) store->execute(part);
+  for (const std::string& part : StoreTables(*store, m_model).missingParts()) store->execute(part);
   store->execute("PRAGMA application_id = " + std::to_string(m_format.applicationId));
   store->execute("PRAGMA user_version = " + std::to_string(m_format.version));
   change.commit();
@@ -256,34 +203,9 @@ void StoreFile::keepSums(SqliteDatabase& store) {
   renewSums(store);
 }
 
-std::vector<std::string> StoreFile::missingParts(SqliteDatabase& store) const {
-  std::vector<std::string> statements;
-  const auto tables = store.column("SELECT name FROM sqlite_schema WHERE type = 'table'");
-  const auto indexes = store.column("SELECT name FROM sqlite_schema WHERE type = 'index'");
-  for (const EntityDescription& entity : m_model.entities()) {
-    if (!contains(tables, entity.name)) {
-      statements.push_back(tableDefinition(entity));
-    } else {
-      const auto columns =
-          store.column("SELECT name FROM pragma_table_info('" + entity.name + "')");
-      const auto add = [&](const auto& part) {
-        if (!contains(columns, part.name))
-          statements.push_back("ALTER TABLE " + sqlName(entity.name) + " ADD COLUMN " +
-                               columnDefinition(part));
-      };
-      std::ranges::for_each(entity.attributes, add);
-      std::ranges::for_each(entity.toOnes, add);
-    }
-    for (const ToOneDescription& toOne : entity.toOnes)
-      if (!contains(indexes, entity.name + "_" + toOne.name))
-        statements.push_back(indexDefinition(entity, toOne));
-  }
-  return statements;
-}
-
 void StoreFile::migrate(SqliteDatabase& store) const {
   const std::int64_t version = store.integer("PRAGMA user_version");
-  const std::vector<std::string> missing = missingParts(store);
+  const std::vector<std::string> missing = StoreTables(store, m_model).missingParts();
   if (missing.empty() && version == m_format.version) return;
   requireSound(store);
   if (!missing.empty())
@@ -296,7 +218,7 @@ void StoreFile::migrate(SqliteDatabase& store) const {
 }
 
 void StoreFile::requireComplete(SqliteDatabase& store) const {
-  if (missingParts(store).empty()) return;
+  if (StoreTables(store, m_model).missingParts().empty()) return;
   throw StoreError(
       StoreError::Reason::failed, m_path,
       phrase("Message",
@@ -307,20 +229,13 @@ void StoreFile::requireComplete(SqliteDatabase& store) const {
 // Deleting leaves things behind on purpose: measures of a song, spectra of an instrument, blocks of
 // a chord. What only those reach goes in the next round.
 void StoreFile::sweep(SqliteDatabase& store) const {
-  std::vector<std::string> found;
-  const auto search = [&] {
-    found.clear();
-    for (const EntityDescription& entity : m_model.entities())
-      if (!entity.root && store.integer("SELECT EXISTS(SELECT 1 FROM " + unreachable(entity) + ")"))
-        found.push_back("DELETE FROM " + unreachable(entity));
-    return !found.empty();
-  };
-  if (!search()) return;
+  const StoreTables tables(store, m_model);
+  std::vector<std::string> removals = tables.removals();
+  if (removals.empty()) return;
   requireSound(store);
   SqliteTransaction change(store);
-  do {
-    for (const std::string& removal : found) store.execute(removal);
-  } while (search());
+  for (; !removals.empty(); removals = tables.removals())
+    for (const std::string& removal : removals) store.execute(removal);
   change.commit();
 }
 

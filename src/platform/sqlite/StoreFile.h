@@ -75,7 +75,6 @@ class StoreFile {
   bool isSmall() const;
   void migrate(SqliteDatabase& store) const;
   void requireComplete(SqliteDatabase& store) const;
-  std::vector<std::string> missingParts(SqliteDatabase& store) const;
   void sweep(SqliteDatabase& store) const;
 
   std::string m_path;
