@@ -45,16 +45,17 @@ LeftOut PieceChords::left() const {
 
 // ---- writing
 
-/// That of the bar in the middle, of all by their tempo, in the beats of the first bar.
+/// That of the bar in the middle, of all by their tempo, each in its own beats.
 void PieceChords::tellTempo() {
   std::vector<double> tempos;
   const auto& bars = m_bars.bars();
   for (const PieceBars::Bar& bar : bars)
-    tempos.push_back(m_time.tempoAt(static_cast<double>(bar.at)));
+    tempos.push_back(m_time.tempoAt(static_cast<double>(bar.at)) /
+                     (bar.isCompound() ? kQuartersOfDottedBeat : 1));
   const auto middle = tempos.begin() + static_cast<std::ptrdiff_t>(tempos.size() / 2);
   std::ranges::nth_element(tempos, middle);
   const bool compound = bars.front().isCompound();
-  m_tempo = *middle / (compound ? kQuartersOfDottedBeat : 1);
+  m_tempo = *middle;
   m_isSteady = m_time.isSteady() && std::ranges::all_of(bars, [&](const PieceBars::Bar& bar) {
                  return bar.isCompound() == compound;
                });
