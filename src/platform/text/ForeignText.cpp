@@ -28,8 +28,8 @@ std::string narrowed(std::string_view wide) {
   const std::size_t low = wide.starts_with(kLowByteFirst) ? 0 : 1;
   const auto codeAt = [&](std::size_t place) -> char32_t {
     if (place + 1 >= wide.size()) return 0;
-    return static_cast<unsigned char>(wide[place + 1 - low]) << 8U |
-           static_cast<unsigned char>(wide[place + low]);
+    const auto high = static_cast<unsigned char>(wide[place + 1 - low]);
+    return char32_t{high} << 8U | static_cast<unsigned char>(wide[place + low]);
   };
   std::string text;
   for (std::size_t i = kLowByteFirst.size(); i + 1 < wide.size(); i += 2) {

@@ -3915,10 +3915,6 @@
         <translation>Griffbrett</translation>
     </message>
     <message>
-        <source>no name</source>
-        <translation>ohne Namen</translation>
-    </message>
-    <message>
         <source>%1, open: %2</source>
         <translation>%1, leer: %2</translation>
     </message>
@@ -3930,10 +3926,6 @@
         <source>%1. %2</source>
         <comment>a fret, the grip of a chord</comment>
         <translation>%1. %2</translation>
-    </message>
-    <message>
-        <source>Next</source>
-        <translation>Danach</translation>
     </message>
     <message>
         <source>%1. Next: %2</source>
@@ -4494,6 +4486,17 @@ Um selbst zu spielen, öffne das Feld Aufnehmen.</translation>
     <message>
         <source>%1  (%2 %)</source>
         <translation>%1  (%2 %)</translation>
+    </message>
+</context>
+<context>
+    <name>korvel::ui::NeckPainter</name>
+    <message>
+        <source>no name</source>
+        <translation>ohne Namen</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Danach</translation>
     </message>
 </context>
 <context>
