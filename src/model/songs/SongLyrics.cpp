@@ -18,15 +18,13 @@ bool isBlank(char letter) { return std::isspace(static_cast<unsigned char>(lette
 
 /// One line, with one blank for each run of them and none at the ends.
 std::string inOneLine(std::string_view text) {
+  std::string spaced(text);
+  std::ranges::replace_if(spaced, isBlank, ' ');
   std::string line;
-  for (const char letter : text) {
-    if (!isBlank(letter))
-      line += letter;
-    else if (!line.empty() && line.back() != ' ')
-      line += ' ';
-  }
+  for (const char letter : platform::printable(spaced))
+    if (letter != ' ' || (!line.empty() && line.back() != ' ')) line += letter;
   if (line.ends_with(' ')) line.pop_back();
-  return platform::printable(line);
+  return line;
 }
 
 }  // namespace
