@@ -7,6 +7,7 @@
 #include "support/sound/FfmpegTool.h"
 #include "support/sound/Guitar.h"
 #include "support/sound/HandAudio.h"
+#include "support/store/FileSizeLimit.h"
 #include "support/store/ScratchFolder.h"
 
 namespace korvel::platform {
@@ -212,6 +213,15 @@ TEST_F(DeckTest, aFileThatEndsEarlyOrIsNoneIsTold) {
   tape.seek(0.9, 1);
   const Heard heard = hear(tape, 1);
   EXPECT_EQ(heard.sound.back(), 0) << "silence follows";
+
+  test::writeWav(m_file, std::vector<std::int16_t>(2 * kSampleRate, 900));
+  const test::FileSizeLimit disk(100000);
+  const DecodedSound cut(m_file);
+  while (!cut.isWhole()) std::this_thread::yield();
+  EXPECT_GT(cut.frames(), 0);
+  EXPECT_LE(cut.frames(), 100000 / 4);
+  EXPECT_NE(cut.problem().english().find("cannot write"), std::string::npos)
+      << cut.problem().english();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "support/RecordingViews.h"
 #include "support/Testing.h"
 #include "support/sound/Guitar.h"
+#include "support/store/FileSizeLimit.h"
 #include "support/store/ScratchFolder.h"
 #include "support/store/StandardStore.h"
 #include "workflow/recordings/FileContent.h"
@@ -59,6 +60,15 @@ TEST_F(RecordingsTest, aCopyIsKeptAsAWholeOrNotAtAll) {
   EXPECT_NE(problem.find("has changed since it was heard"), std::string::npos) << problem;
 
   song->recording()->setHash(hash);
+  for (const rlim_t bytes : {0, 100}) {
+    const test::FileSizeLimit disk(bytes);
+    KeepSoundCommand onFullDisk(*song);
+    onFullDisk.onEnded([&](const platform::UserText& text) { problem = text.english(); });
+    onFullDisk.runInBackground();
+    finish(onFullDisk);
+    EXPECT_NE(problem.find("cannot write"), std::string::npos) << problem;
+    EXPECT_TRUE(fs::is_empty(kept.parent_path())) << bytes;
+  }
   KeepSoundCommand job(*song);
   job.runInBackground();
   finish(job);

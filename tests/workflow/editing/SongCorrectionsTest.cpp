@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/editing/doubts/SongCorrections.h"
 
+#include <regex>
+
 #include "model/songs/QBHold.h"
 #include "model/songs/ToneOrder.h"
 #include "music/Neck.h"
@@ -119,6 +121,26 @@ TEST_F(SongCorrectionsTest, otherNotesStayAsTheyAreWhereOneIsDroppedAndTakenAgai
     EXPECT_EQ(stateOf(kFalseNote) + ' ' + stateOf(kMissingNote), "in out");
     EXPECT_EQ(played(isInBars), before) << isInBars;
   }
+}
+
+TEST_F(SongCorrectionsTest, namesFollowTheNotesOfTheirPassages) {
+  const auto names = [this] {
+    std::string text;
+    for (const auto& chord : song.allChords()) text += chord->fullHarmonyName() + ' ';
+    return text;
+  };
+  const std::string before = names();
+  std::vector<std::size_t> thirds;
+  const SongNotes notes(song);
+  for (std::size_t i = 0; i < notes.size(); ++i)
+    if (notes[i].note.pitch == 59 || notes[i].note.pitch == 61) thirds.push_back(i);
+  SongEditor(QBTabMgr::db(), song).setChordName(0, "Bb");
+  SongCorrections(song).correct({}, thirds, {});
+  const std::string fifths = std::regex_replace(before, std::regex("G "), "G5 ");
+  EXPECT_EQ(names(), "Bb " + fifths.substr(3)) << "but for the name that was set";
+  EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_TRUE(QBSession::session().undo());
+  EXPECT_EQ(names(), before);
 }
 
 TEST_F(SongCorrectionsTest, allIsDecidedAnewButWhatIsLocked) {

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/exporting/RenderSongCommand.h"
 
+#include "platform/files/FileError.h"
 #include "platform/midi/FluidSynthesizer.h"
 #include "playback/QBMIDIPlayer.h"
 #include "support/RecordingViews.h"
 #include "support/Testing.h"
 #include "support/sound/SoundFont.h"
+#include "support/store/FileSizeLimit.h"
 #include "support/store/StandardStore.h"
 #include "workflow/session/EditRefused.h"
 
@@ -19,6 +21,11 @@ struct RenderSongCommandTest : testing::Test {
     return std::make_unique<RenderSongCommand>(
         song, part, m_file,
         std::make_unique<platform::FluidSynthesizer>(m_font, std::vector{QBMIDIPlayer::kProgram}));
+  }
+
+  std::size_t filesInFolder() const {
+    const fs::directory_iterator files(m_store.folder().path());
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
   }
 
   test::StandardStore m_store;
@@ -51,6 +58,20 @@ TEST_F(RenderSongCommandTest, nothingIsWrittenThatIsCancelledOrSilent) {
   render->cancelAndDrop();
   EXPECT_FALSE(render->isRunning());
   EXPECT_FALSE(fs::exists(m_file));
+
+  const std::size_t files = filesInFolder();
+  for (const rlim_t bytes : {0, 30000}) {
+    const test::FileSizeLimit disk(bytes);
+    const auto onFullDisk = command(song);
+    try {
+      onFullDisk->runInBackground();
+      while (onFullDisk->isRunning()) onFullDisk->nextStep();
+      EXPECT_NE(m_views.log.back().find("cannot write"), std::string::npos) << m_views.log.back();
+    } catch (const platform::FileError& error) {
+      EXPECT_FALSE(onFullDisk->isRunning());
+    }
+  }
+  EXPECT_EQ(filesInFolder(), files);
 }
 
 }  // namespace
