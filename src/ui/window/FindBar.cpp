@@ -25,6 +25,7 @@ FindBar::FindBar(TablatureView& tablature, QWidget* parent)
   row->addStretch();
   connect(next, &QPushButton::clicked, this, [this] { find(true); });
   connect(previous, &QPushButton::clicked, this, [this] { find(false); });
+  connect(m_name, &QLineEdit::textEdited, m_answer, &QLabel::clear);
   connect(m_name, &QLineEdit::returnPressed, this, [this] { find(true); });
   hide();
 }

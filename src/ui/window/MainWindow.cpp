@@ -114,6 +114,8 @@ MainWindow::~MainWindow() {
 // ---- parts
 
 void MainWindow::layOut() {
+  // What is longer than the room beside the others can be read there.
+  connect(statusBar(), &QStatusBar::messageChanged, statusBar(), &QWidget::setToolTip);
   statusBar()->addPermanentWidget(m_heard);
   statusBar()->addPermanentWidget(m_doubts);
   statusBar()->addPermanentWidget(m_place);

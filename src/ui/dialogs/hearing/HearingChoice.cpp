@@ -9,6 +9,7 @@
 #include <QSlider>
 #include <QSpinBox>
 #include <algorithm>
+#include <cmath>
 
 namespace korvel::ui {
 namespace {
@@ -36,7 +37,7 @@ HearingChoice::HearingChoice(QFormLayout& form, const precise::Settings& setting
                       settings.fingering.frets)),
       m_capo(fretBox(0, FingeringOptions::kHighestCapo, settings.fingering.capo)) {
   m_sensitivity->setRange(0, static_cast<int>(kSensitivitySteps));
-  m_sensitivity->setValue(static_cast<int>(settings.sensitivity * kSensitivitySteps));
+  m_sensitivity->setValue(static_cast<int>(std::lround(settings.sensitivity * kSensitivitySteps)));
   m_sensitivity->setToolTip(tr("How faint or doubtful a note may be"));
   for (const auto& [text, kind] : {std::pair(tr("Anywhere"), Position::Kind::anywhere),
                                    std::pair(tr("First frets"), Position::Kind::open),
