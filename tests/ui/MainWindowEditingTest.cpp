@@ -257,6 +257,28 @@ TEST_F(MainWindowTest, severalSongsAreDeletedAtOnce) {
   EXPECT_EQ(titles(), "Practice/Blues Practice/Tango Practice/Waltz ");
 }
 
+TEST_F(MainWindowTest, albumIsDeletedWithSongsThatAreSelectedBesideIt) {
+  QBAlbum* album = QBTabMgr::db().createAlbum("Practice", false);
+  for (const char* title : {"Blues", "Tango"}) album->createSong(title);
+  QBTabMgr::db().createAlbum("Stage", false)->createSong("Waltz");
+  QBSession::session().refreshTree();
+  QBSession::session().setActiveSong(album->findSongByName("Blues"));
+  QTreeView& view = m_window->tree().view();
+  view.expandAll();
+  view.selectionModel()->clearSelection();
+  for (const char* title : {"Practice", "Blues", "Waltz"}) {
+    const auto found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole, title, 1,
+                                           Qt::MatchExactly | Qt::MatchRecursive);
+    view.selectionModel()->select(found.value(0), QItemSelectionModel::Select);
+  }
+  QTest::keyClick(&view, Qt::Key_Delete);
+  EXPECT_EQ(titles(), "");
+  EXPECT_EQ(m_window->tablature().song(), nullptr);
+  EXPECT_EQ(m_window->statusMessage(), "") << log().toStdString();
+  m_window->findChild<EditMenu*>()->actions().front()->trigger();
+  EXPECT_EQ(titles(), "Practice/Blues Practice/Tango Stage/Waltz ");
+}
+
 TEST_F(MainWindowTest, deletedSongIsNotShownAnyMore) {
   import();
   m_window->tablature().moveCursor(0, 5);

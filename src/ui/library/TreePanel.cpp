@@ -13,6 +13,7 @@
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <set>
 
 #include "model/songs/QBAlbum.h"
 #include "model/songs/QBSong.h"
@@ -216,7 +217,13 @@ void TreePanel::fillMenuOfSelected(QMenu& menu) {
 /// All that is selected, as one action.
 void TreePanel::deleteSelected() {
   std::vector<std::shared_ptr<TreeNode>> nodes = selectedNodes();
-  std::erase_if(nodes, [](const auto& node) { return !node->canDelete(); });
+  std::set<const QBAlbum*> albums;
+  for (const auto& node : nodes)
+    if (!node->song() && node->album()) albums.insert(node->album());
+  std::erase_if(nodes, [&](const auto& node) {
+    const bool goesWithAlbum = node->song() && albums.contains(node->song()->album());
+    return !node->canDelete() || goesWithAlbum;
+  });
   if (nodes.size() == 1) return m_actions.remove(*nodes.front());
   const platform::UndoGroup group(QBTabMgr::db().context().undoManager(),
                                   platform::phrase("UndoAction", "Delete Songs"));
