@@ -141,6 +141,56 @@ TEST_F(TablatureViewTest, keysMoveTheCursorAndEdit) {
   EXPECT_EQ(m_view.cursorChord(), 199);
 }
 
+/// By pages and strings the cursor goes everywhere, but no further than the song.
+TEST_F(TablatureViewTest, keysThatScrollReachBothEnds) {
+  const auto rowOf = [&](int chord) { return m_view.chordRect(chord).top(); };
+  m_view.moveCursor(3, 2);
+  std::vector<int> pages{m_view.cursorChord()};
+  for (int page = 0; page < 30; ++page) {
+    press(Qt::Key_PageDown);
+    EXPECT_GE(m_view.cursorChord(), pages.back());
+    EXPECT_TRUE(m_view.viewport()->rect().intersects(m_view.chordRect(m_view.cursorChord())));
+    pages.push_back(m_view.cursorChord());
+  }
+  EXPECT_GT(pages[1], pages[0]);
+  EXPECT_EQ(rowOf(pages.back()), rowOf(199)) << "the last line";
+  EXPECT_EQ(m_view.cursorString(), 2);
+  for (int page = 0; page < 30; ++page) press(Qt::Key_PageUp, Qt::ShiftModifier);
+  EXPECT_EQ(rowOf(m_view.cursorChord()), rowOf(0)) << "the first line";
+  EXPECT_EQ(m_view.selection().first, m_view.cursorChord());
+  EXPECT_EQ(m_view.selection().last, pages.back());
+  press(Qt::Key_Escape);
+  EXPECT_EQ(m_view.selection().first, -1);
+  for (int line = 0; line < 10; ++line) press(Qt::Key_Down);
+  EXPECT_EQ(m_view.cursorString(), 0);
+  const QSignalSpy zoomed(&m_view, &TablatureView::zoomChanged);
+  QWheelEvent wheel(QPointF(9, 9), m_view.mapToGlobal(QPointF(9, 9)), {}, {0, -360}, Qt::NoButton,
+                    Qt::ControlModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(m_view.viewport(), &wheel);
+  press(Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(zoomed.last()[0].toInt(), 60);
+}
+
+/// Each is to be told from all others at a glance.
+TEST_F(TablatureViewTest, everyRhythmIsDrawnInItsOwnWay) {
+  m_view.resize(500, 300);
+  std::vector<QImage> pictures;
+  const char* const rhythms[] = {
+      "q q q q",      "h h",         "w",           "h. q",      "q. e h",
+      "e e e e h",    "e e q e e q", "s s s s q h", "e. s q h",  "s e. q h",
+      "e3 e3 e3 q h", "q3 q3 q3 h",  "e s s q h",   "s s e q h", "e rq e h",
+      "rq q q q",     "~q q q q",    "e_1h e q h",  "q_1h q h",  "s rq e. h"};
+  for (const char* rhythm : rhythms) {
+    QBSong* song = m_store.song(rhythm);
+    test::beatSong(song, "4/4 x02210 " + std::string(rhythm) + " |");
+    buildTab(*song);
+    m_view.setActiveSong(song);
+    pictures.push_back(m_view.viewport()->grab().toImage());
+    for (std::size_t other = 0; other + 1 < pictures.size(); ++other)
+      EXPECT_NE(pictures.back(), pictures[other]) << rhythm << " and " << rhythms[other];
+  }
+}
+
 TEST_F(TablatureViewTest, tabAsksForShapesOnlyWhileChordsAreSelected) {
   const QSignalSpy shapes(&m_view, &TablatureView::shapeWanted);
   m_view.moveCursor(3, 3);
