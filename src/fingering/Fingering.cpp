@@ -13,6 +13,7 @@
 #include "fingering/Habits.h"
 #include "fingering/HandChain.h"
 #include "fingering/SilentStrings.h"
+#include "fingering/open/OpenPositionFit.h"
 
 namespace korvel::fingering {
 namespace {
@@ -84,6 +85,7 @@ platform::Slices Fingering::placing(std::span<Note> notes, Settled settled) cons
   const DoubtfulOctaves octaves(notes, settled);
   const Events events(notes, octaves.notes());
   HandChain chain(m_open, m_frets, settled, events, notes);
+  chain.drawToTheNut(openPositionFit(events, notes, m_open, settled));
   Habits habits(events, notes);
   platform::Slices working = chain.list();
   while (working.next()) co_yield kShareOfList* working.done();

@@ -8,7 +8,7 @@
 #include <iterator>
 
 #include "fingering/DoubtfulOctaves.h"
-#include "fingering/OpenStringFit.h"
+#include "fingering/open/OpenStringFit.h"
 
 namespace korvel::fingering {
 namespace {
@@ -81,6 +81,15 @@ platform::Slices HandChain::list() {
   m_forward.resize(m_here.size());
 }
 
+/// Where open strings fit badly, in keys of many flats or sharps, little speaks for the open
+/// position.
+Passage HandChain::passageAt(std::size_t event) const {
+  Passage passage{m_events.isOfLine(event), m_openFit[event]};
+  if (!m_openPosition.empty() && positionAt(event).kind == Position::Kind::anywhere)
+    passage.openPosition = m_openPosition[event] * std::clamp(1 + m_openFit[event], 0.0, 1.0);
+  return passage;
+}
+
 void HandChain::listChoices(std::size_t event) {
   std::array<GripNote, GripList::kMostNotes> notes;
   const auto indices = m_events.notes(event);
@@ -90,7 +99,7 @@ void HandChain::listChoices(std::size_t event) {
         m_notes[indices[i]].probability < kSureNote && string == Settled::kAnyString;
     notes[i] = {m_notes[indices[i]].pitch, doubtful, string};
   }
-  const Passage passage{m_events.isOfLine(event), m_openFit[event]};
+  const Passage passage = passageAt(event);
   Link& link = m_links[event];
   link.choice = m_choices.size();
   link.places = {kLastPlace, kFirstPlace};

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "fingering/Events.h"
@@ -31,6 +32,9 @@ class HandChain {
   HandChain(const OpenPitches& open, int frets, const Settled& settled, const Events& events,
             std::span<const Note> notes);
 
+  /// Before the list: how much speaks for the open position at each event, 0..1, where a melody's
+  /// hand may be anywhere.
+  void drawToTheNut(std::vector<double> byEvent) { m_openPosition = std::move(byEvent); }
   /// Lists what the hand may do; before any pass.
   platform::Slices list();
   /// Finds how probable it is.
@@ -72,6 +76,7 @@ class HandChain {
   std::span<const States> states(std::size_t event) const {
     return std::span(m_states).subspan(m_links[event].choice, count(event));
   }
+  Passage passageAt(std::size_t event) const;
   void listChoices(std::size_t event);
   void listStates(const Choice& choice, const Passage& passage, const Position& expected);
   void listSteps(std::size_t event);
@@ -101,6 +106,7 @@ class HandChain {
   const Settled& m_settled;
   GripList m_gripList;
   std::vector<double> m_openFit;
+  std::vector<double> m_openPosition;       ///< Empty where nothing speaks for it.
   std::array<Moves, kPaces> m_moves{};      ///< By pace, from where and to where.
   std::array<Moves, kPaces> m_movesBack{};  ///< By pace, to where and from where.
 

@@ -33,6 +33,9 @@ constexpr OpenScores kOpenOfChord{-.04, -.3, -.8, .43};
 constexpr int kLowPlaces = 2;
 constexpr int kMiddlePlaces = 4;
 
+/// Melodies: for each fret of the hand above the first, where all speaks for the open position.
+constexpr double kPerFretFromNut = -.5;
+
 /// Chords: for each fret of the hand above the third, and more above the sixth.
 constexpr double kPerPlace = -.05;
 constexpr int kFreePlaces = 3;
@@ -196,7 +199,9 @@ double scoreAt(int place, const Grip& grip, const Passage& passage) {
     score += scoreOfFinger(grip.highest - place);
   else if (grip.highest - place == kReach + 1)
     score += kLittleFinger;
-  if (!passage.line)
+  if (passage.line)
+    score += kPerFretFromNut * passage.openPosition * (place - kFirstPlace);
+  else
     score += kPerPlace * beyond(place, kFreePlaces) + kPerHighPlace * beyond(place, kEasyPlaces);
   return score;
 }

@@ -28,6 +28,8 @@ struct Passage {
   bool line = false;  ///< One note of a melody.
   /// How well open strings fit the notes around it: 0 where they fit as well as any note does.
   double openFit = 0;
+  /// How much speaks for the open position beside what hands like anywhere, 0..1.
+  double openPosition = 0;
 };
 
 // Scores are logarithms of factors: of two ways to play a piece, the one with the higher sum is the

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "fingering/OpenStringFit.h"
+#include "fingering/open/OpenStringFit.h"
 
 #include <algorithm>
 #include <array>
