@@ -21,6 +21,13 @@ using Role = PageFont::Role;
 /// Of its letters, where they are too many for the width.
 constexpr double kSmallestHead = 0.75;
 
+template <class Placed>
+const Placed* under(const std::vector<Placed>& all, const QPointF& point) {
+  const auto found =
+      std::ranges::find_if(all, [&](const Placed& each) { return each.place.contains(point); });
+  return found == all.end() ? nullptr : &*found;
+}
+
 double rowHeight(const PageFont& font) { return font.height(Role::chord) * 1.3; }
 
 }  // namespace
@@ -118,6 +125,49 @@ void PageSheet::addName(const PageSection& section, int index, const PageFont& f
 void PageSheet::addLetter(const PageSection& section, const PageFont& font) {
   m_laid.ink.addText({0, m_laid.y, kLetterColumn * m_line, rowHeight(font)}, toText(section.letter),
                      Role::letter, 1, Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+// ---- what is where
+
+const PageSheet::Bar* PageSheet::barOf(const PagePlaces::Place& place) const {
+  const auto find = [&](const std::vector<Bar>& bars, int bar) {
+    const auto found = std::ranges::find_if(
+        bars, [&](const Bar& each) { return each.section == place.section && each.bar == bar; });
+    return found == bars.end() ? nullptr : &*found;
+  };
+  const Bar* shown = find(m_laid.bars, place.bar);
+  return shown ? shown : find(m_laid.letters, 0);
+}
+
+const PageSheet::Chord* PageSheet::chordOf(const PagePlaces::Place& place) const {
+  const auto found = std::ranges::find_if(m_laid.chords, [&](const Chord& each) {
+    return each.section == place.section && each.bar == place.bar && each.chord == place.chord;
+  });
+  return found == m_laid.chords.end() ? nullptr : &*found;
+}
+
+const PageSheet::Bar* PageSheet::barUnder(const QPointF& point) const {
+  return under(m_laid.bars, point);
+}
+
+const PageSheet::Chord* PageSheet::chordUnder(const QPointF& point) const {
+  return under(m_laid.chords, point);
+}
+
+const PageSheet::Grip* PageSheet::gripUnder(const QPointF& point) const {
+  return under(m_laid.grips, point);
+}
+
+const PageSheet::Chord* PageSheet::nearestByLines(const Chord& chord, int lines) const {
+  const Chord* best = nullptr;
+  const auto away = [&chord](const Chord& other) {
+    return 1000 * std::abs(other.place.top() - chord.place.top()) +
+           std::abs(other.place.left() - chord.place.left());
+  };
+  for (const Chord& other : m_laid.chords)
+    if ((other.place.top() - chord.place.top()) * lines > 0 && (!best || away(other) < away(*best)))
+      best = &other;
+  return best;
 }
 
 // ---- painting

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tab/page/SongPage.h"
+#include "ui/page/PagePlaces.h"
 #include "ui/page/laid/LaidPage.h"
 #include "ui/views/Shades.h"
 
@@ -45,6 +46,16 @@ class PageSheet {
   const std::vector<Band>& bands() const { return m_laid.bands; }
   /// A section that is only named, for what comes again.
   const std::vector<Bar>& letters() const { return m_laid.letters; }
+
+  /// Null for what is not shown. Of a section that is only named all bars are its letter.
+  const Bar* barOf(const PagePlaces::Place& place) const;
+  const Chord* chordOf(const PagePlaces::Place& place) const;
+  /// What is drawn at a point; null where it is nothing of that kind.
+  const Bar* barUnder(const QPointF& point) const;
+  const Chord* chordUnder(const QPointF& point) const;
+  const Grip* gripUnder(const QPointF& point) const;
+  /// In the lines above for -1, below for 1; null when there is none.
+  const Chord* nearestByLines(const Chord& chord, int lines) const;
 
   /// The line below the page's title: key, capo, tempo, metre, and what a question mark means.
   static QString factsOf(const SongPage& page);

@@ -22,13 +22,6 @@ constexpr int kLargestPage = 500;
 constexpr int kZoomStep = 10;
 constexpr double kMargin = 16;  ///< Pixels around the page.
 
-template <class Placed>
-const Placed* under(const std::vector<Placed>& all, const QPointF& place) {
-  const auto found =
-      std::ranges::find_if(all, [&](const Placed& each) { return each.place.contains(place); });
-  return found == all.end() ? nullptr : &*found;
-}
-
 }  // namespace
 
 PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
@@ -94,37 +87,15 @@ QFont PageView::pageFont() const {
 
 QPointF PageView::origin() const { return {kMargin, kMargin - verticalScrollBar()->value()}; }
 
-const PageSheet::Bar* PageView::barOf(const Place& place) const {
-  const auto find = [&](const std::vector<PageSheet::Bar>& bars, int bar) {
-    const auto found = std::ranges::find_if(bars, [&](const PageSheet::Bar& each) {
-      return each.section == place.section && each.bar == bar;
-    });
-    return found == bars.end() ? nullptr : &*found;
-  };
-  const PageSheet::Bar* shown = find(m_sheet.bars(), place.bar);
-  return shown ? shown : find(m_sheet.letters(), 0);
-}
-
-const PageSheet::Chord* PageView::chordOf(const Place& place) const {
-  const auto found = std::ranges::find_if(m_sheet.chords(), [&](const PageSheet::Chord& each) {
-    return each.section == place.section && each.bar == place.bar && each.chord == place.chord;
-  });
-  return found == m_sheet.chords().end() ? nullptr : &*found;
-}
-
 const PageChord& PageView::chordAt(const PageSheet::Chord& chord) const {
   return m_page.sections[static_cast<std::size_t>(chord.section)]
       .bars[static_cast<std::size_t>(chord.bar)]
       .chords[static_cast<std::size_t>(chord.chord)];
 }
 
-const PageSheet::Chord* PageView::chordUnder(const QPointF& place) const {
-  return under(m_sheet.chords(), place);
-}
-
 QRect PageView::chordRect(int chord) const {
   const auto place = m_places.of(chord);
-  const PageSheet::Chord* shown = place ? chordOf(*place) : nullptr;
+  const PageSheet::Chord* shown = place ? m_sheet.chordOf(*place) : nullptr;
   return shown ? shown->place.translated(origin()).toAlignedRect() : QRect();
 }
 
@@ -134,7 +105,7 @@ void PageView::showCursor(int chord) {
   m_chord = chord;
   viewport()->update();
   const auto place = m_places.of(chord);
-  if (const PageSheet::Bar* bar = place ? barOf(*place) : nullptr; bar && isVisible())
+  if (const PageSheet::Bar* bar = place ? m_sheet.barOf(*place) : nullptr; bar && isVisible())
     reveal(bar->place);
   announce(*this);
 }
@@ -147,7 +118,7 @@ void PageView::showPlaying(int chord) {
   viewport()->update();
   // Within a bar the user may look elsewhere.
   if (!now || (before && before->section == now->section && before->bar == now->bar)) return;
-  if (const PageSheet::Bar* bar = barOf(*now); bar && isVisible()) reveal(bar->place);
+  if (const PageSheet::Bar* bar = m_sheet.barOf(*now); bar && isVisible()) reveal(bar->place);
 }
 
 /// Scrolls no further than needed, but shows the next line as well.
@@ -181,7 +152,7 @@ void PageView::paintEvent(QPaintEvent* event) {
 
 void PageView::paintMarks(QPainter& painter, const Shades& shades) const {
   const auto playing = m_places.of(m_playing);
-  const PageSheet::Bar* bar = playing ? barOf(*playing) : nullptr;
+  const PageSheet::Bar* bar = playing ? m_sheet.barOf(*playing) : nullptr;
   if (!bar) return;
   const double pen = std::max(2.0, m_sheet.lineHeight() / 8);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -193,7 +164,7 @@ void PageView::paintMarks(QPainter& painter, const Shades& shades) const {
 
 void PageView::paintCursor(QPainter& painter, const Shades& shades) const {
   const auto place = m_places.of(m_chord);
-  const PageSheet::Chord* chord = place ? chordOf(*place) : nullptr;
+  const PageSheet::Chord* chord = place ? m_sheet.chordOf(*place) : nullptr;
   if (!chord) return;
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(hasFocus() ? QPen(shades.accent, 2) : QPen(shades.faintText, 1, Qt::DotLine));
@@ -279,9 +250,8 @@ void PageView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(event);
   endTyping(true);
   const QPointF place = event->position() - origin();
-  if (const PageSheet::Grip* grip = under(m_sheet.grips(), place))
-    return emit shapeWanted(grip->grip);
-  const PageSheet::Chord* chord = chordUnder(place);
+  if (const PageSheet::Grip* grip = m_sheet.gripUnder(place)) return emit shapeWanted(grip->grip);
+  const PageSheet::Chord* chord = m_sheet.chordUnder(place);
   if (!chord) return;
   choose(*chord);
   if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
@@ -291,7 +261,7 @@ void PageView::mousePressEvent(QMouseEvent* event) {
 /// Below the chords of a bar, or anywhere in one where no line for words is.
 void PageView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPointF place = event->position() - origin();
-  const PageSheet::Bar* bar = under(m_sheet.bars(), place);
+  const PageSheet::Bar* bar = m_sheet.barUnder(place);
   if (event->button() != Qt::LeftButton || !bar)
     return QAbstractScrollArea::mouseDoubleClickEvent(event);
   for (int time = 0; time < static_cast<int>(bar->words.size()); ++time)
@@ -344,7 +314,7 @@ bool PageView::moveByKey(const QKeyEvent& event) {
 /// To another one: those that go on are the chord before.
 void PageView::moveBy(int chords) {
   const auto place = m_places.of(m_chord);
-  const PageSheet::Chord* now = place ? chordOf(*place) : nullptr;
+  const PageSheet::Chord* now = place ? m_sheet.chordOf(*place) : nullptr;
   const auto& all = m_sheet.chords();
   if (all.empty()) return;
   if (!now) return choose(all.front());
@@ -357,17 +327,9 @@ void PageView::moveBy(int chords) {
 /// To what is nearest in the line above or below.
 void PageView::moveByLines(int lines) {
   const auto place = m_places.of(m_chord);
-  const PageSheet::Chord* now = place ? chordOf(*place) : nullptr;
+  const PageSheet::Chord* now = place ? m_sheet.chordOf(*place) : nullptr;
   if (!now) return moveBy(1);
-  const PageSheet::Chord* best = nullptr;
-  const auto away = [now](const PageSheet::Chord& other) {
-    return 1000 * std::abs(other.place.top() - now->place.top()) +
-           std::abs(other.place.left() - now->place.left());
-  };
-  for (const PageSheet::Chord& other : m_sheet.chords())
-    if ((other.place.top() - now->place.top()) * lines > 0 && (!best || away(other) < away(*best)))
-      best = &other;
-  if (best) choose(*best);
+  if (const PageSheet::Chord* best = m_sheet.nearestByLines(*now, lines)) choose(*best);
 }
 
 // ---- typing of words
@@ -378,7 +340,7 @@ void PageView::typeWords() {
 
 void PageView::typeWordsAt(const Place& place) {
   endTyping(true);
-  const PageSheet::Bar* bar = barOf(place);
+  const PageSheet::Bar* bar = m_sheet.barOf(place);
   if (!bar || !m_places.ticksOf(place.section, place.time, place.bar)) return;
   QRectF line(bar->place.left(), bar->place.bottom() - m_sheet.lineHeight(), bar->place.width(),
               m_sheet.lineHeight());

@@ -90,10 +90,7 @@ class PageView final : public QAbstractScrollArea, public SpokenView {
   void layOut();
   QFont pageFont() const;
   QPointF origin() const;
-  const PageSheet::Bar* barOf(const Place& place) const;
-  const PageSheet::Chord* chordOf(const Place& place) const;
   const PageChord& chordAt(const PageSheet::Chord& chord) const;
-  const PageSheet::Chord* chordUnder(const QPointF& place) const;
   void reveal(const QRectF& place);
   void paintMarks(QPainter& painter, const Shades& shades) const;
   void paintCursor(QPainter& painter, const Shades& shades) const;
