@@ -119,6 +119,47 @@ TEST(RhythmReader, readsATempoThatJumps) {
   }
 }
 
+/// A tune without chords or bass, whose beats have some steps of one length or fewer notes; accents
+/// hardly tell which of them are beats.
+std::vector<Note> tune(unsigned seed, double tempo, int steps) {
+  std::mt19937 random(seed);
+  std::vector<Note> notes;
+  const double step = 60 / tempo / steps;
+  int pitch = 60;
+  unsigned cell = 0;
+  for (int i = 0; i * step < kSeconds; ++i) {
+    const int part = i % steps;
+    if (part == 0) cell = random() % 8;
+    const bool rests =
+        cell == 4 ? part == 0 : part > 0 && cell > 4 && (cell > 5 || part < steps - 1);
+    if (rests) {
+      if (!notes.empty()) notes.back().end += step;
+      continue;
+    }
+    pitch = std::clamp(pitch + static_cast<int>(random() % 7) - 3, 52, 76);
+    const double at = 0.3 + i * step + 0.001 * static_cast<double>(random() % 45);
+    const float accent = part == 0 ? 1.05F : 1;
+    const float strength = accent * (0.8F + 0.004F * static_cast<float>(random() % 100));
+    notes.push_back({at, at + 0.9 * step, pitch, -1, -1, strength, 0.95F});
+  }
+  return notes;
+}
+
+/// Triplets may be eighths of beats that are three halves as fast, and the other way round.
+TEST(RhythmReader, tellsTripletsFromFasterEighths) {
+  constexpr unsigned kTunes = 40;
+  const auto right = [](double tempo, int steps) {
+    unsigned count = 0;
+    for (unsigned seed = 0; seed < kTunes; ++seed) {
+      const double found = rhythmOf(tune(seed, tempo, steps)).reading.tempo();
+      count += std::abs(found / tempo - 1) < 0.03;
+    }
+    return count;
+  };
+  EXPECT_GE(right(66, 3), 28U);
+  EXPECT_GE(right(99, 2), 32U);
+}
+
 /// Strings one after the other, or the lowest one heard late.
 TEST(RhythmReader, joinsWhatOneStrokeStrikes) {
   static constexpr int kPitches[]{40, 47, 52, 56, 59, 64};

@@ -7,7 +7,10 @@ Usage: fit_rhythm.py --bench DIR --readings PROGRAM [--performances FILE] [--pie
   --readings      the built korvel-rhythm-readings, which lists the readings of pieces
   --performances  real performances with their beats, of which parts are used, too
   --without       folder of a labelled set whose performances are left out
-  --pieces        how many pieces are made in each of two ways (default: 600), and an eighth as many jigs
+  --heard         folder of more pieces: of each the truth, NAME.json, and what "korvel-cli transcribe --json"
+                  heard of it, NAME.heard.json
+  --pieces        how many pieces are made in each of two ways (default: 600), an eighth as many jigs, and a third
+                  as many in triplets or swing
   --free          the weights that are fitted, with commas; the others stay (default: all)
   --out           writes the table of weights there
 
@@ -45,6 +48,7 @@ def arguments():
     parser.add_argument("--readings", type=pathlib.Path, required=True)
     parser.add_argument("--performances", type=pathlib.Path)
     parser.add_argument("--without", type=pathlib.Path)
+    parser.add_argument("--heard", type=pathlib.Path)
     parser.add_argument("--pieces", type=int, default=600)
     parser.add_argument("--first", type=int, default=100000, help="the first seed")
     parser.add_argument("--free", type=lambda names: names.split(","))
@@ -60,6 +64,7 @@ def make_pieces(options):
     seeds = range(options.first, options.first + options.pieces)
     pieces = [("own", *rhythm_pieces.own_piece(compose, seed)) for seed in seeds]
     pieces += [("jig", *rhythm_pieces.own_piece(compose, seed, "jig")) for seed in seeds[::8]]
+    pieces += [("triplets", *rhythm_pieces.own_piece(compose, seed, "triplets")) for seed in seeds[::3]]
     pieces += [("listed", *rhythm_pieces.listed_piece(train_set, seed)) for seed in seeds]
     if options.performances:
         known = {clip["clip"] for clip in json.loads((options.without / "index.json").read_text())} \
@@ -69,6 +74,9 @@ def make_pieces(options):
                 continue
             pieces += [("performed " + name, *rhythm_pieces.performed_piece(performance, seed))
                        for seed in range(CROPS)]
+    if options.heard:
+        pieces += [("performed " + file.name, *rhythm_pieces.heard_piece(file))
+                   for file in sorted(options.heard.glob("*.heard.json"))]
     return [piece for piece in pieces if len(piece[1]) > 8 and len(piece[2]["beats"]) > 6]
 
 

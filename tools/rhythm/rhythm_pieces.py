@@ -6,6 +6,8 @@ the truth has beats [[seconds, place in the bar from 1]], beats_per_bar, compoun
 Two folders of a rhythm benchmark make them: `compose.py` plays pieces in musical time, `train_set.py`
 makes some at random. The others are made here, in more ways of playing, at more tempos.
 """
+import json
+
 import numpy as np
 
 FRAME = 0.0116  # the detection's grid of time, in seconds
@@ -36,6 +38,8 @@ PICKED = {4: ["b.3.2.1.", "b32123b2", "b.231.23", "p.52b.51", "p.3.2.3.", "b3212
 PICKED_SIXTEENTHS = {4: ["b3213b235321b321", "b.32b.32b.32b.32", "p.23b.23p.23b.23"],
                      3: ["b321b321b321"]}
 PICKED_TRIPLETS = ["b32132b32132", "b32b32b32b32", "p.2132p.2132", "b12312512312"]
+TRIPLET_CELLS = [([(0, "n"), (4, "n"), (8, "n")], 5), ([(0, "n"), (8, "n")], 2), ([(0, "n")], 1.5),
+                 ([(4, "n"), (8, "n")], .6), ([(0, "n"), (4, "n")], .4), ([(0, "r")], .4), ([], .4)]
 PICKED_SIX = ["b32532", "b32123", "p32b23"]
 JIGS = ["b.ttb.tt", "b.t5.t", "D.d.d.D.d.d.", "D.dD.d", "D...d.D...d.", "bttbtt", "D.....D.....", "D.d.duD.d.du"]
 JIG_CELLS = [([(0, "n"), (4, "n"), (8, "n")], 7), ([(0, "n"), (8, "n")], 3), ([(0, "n")], 1.2),
@@ -158,6 +162,28 @@ class Maker:
             ticks = pick(self.r, [[-4], [-8, -4], [-12, -8, -4]], [.6, .25, .15])
             self.piece.pickup(ticks, [60, 62, 64])
 
+    def triplets(self):
+        """Beats divided by three in bars of four: even triplets, or swung."""
+        c = self.compose
+        self.metre = "4/4"
+        if self.r.rand() < .4:
+            self.start(between(self.r, 80, 200), float(self.r.uniform(.56, .68)))
+            if self.r.rand() < .5:
+                patterns = [pick(self.r, SHUFFLED) for _ in range(2)]
+                return self.piece.strummed(0, self.bars, self.chords, patterns, drop=.05)
+            cells = c.C_SWING
+        else:
+            self.start(between(self.r, 56, 126))
+            way = pick(self.r, ["tune", "strum", "picked"], [.6, .2, .2])
+            if way == "strum":
+                patterns = [pick(self.r, TRIPLETS) for _ in range(2)]
+                return self.piece.strummed(0, self.bars, self.chords, patterns, drop=.05)
+            if way == "picked":
+                return self.piece.picked(0, self.bars, self.chords, [pick(self.r, PICKED_TRIPLETS)])
+            cells = pick(self.r, [c.C_TRIP, TRIPLET_CELLS])
+        self.piece.melody(0, self.bars, self.chords, cells, bass=bool(self.r.rand() < .4),
+                          lo=int(self.r.randint(45, 60)), hi=int(self.r.randint(72, 82)))
+
     def wide(self):
         """A tempo at the end of what is played: slow ballads, fast strums and tunes."""
         c = self.compose
@@ -188,7 +214,7 @@ class Maker:
              [.38, .22, .35, .05])()
 
     def make(self, way):
-        """All ways of playing are mixed, or one of "jig" and "wide"."""
+        """All ways of playing are mixed, or one of "jig", "triplets" and "wide"."""
         getattr(self, way)()
         if way != "jig" and self.r.rand() < .2 and not self.piece.swing:
             whole = self.piece.compound or self.r.rand() < .5
@@ -272,3 +298,13 @@ def performed_piece(performance, seed):
         start = 0.0
     notes, truth = cropped(notes, truth, start, start + length)
     return heard(r, notes, False), truth
+
+
+def heard_piece(file):
+    """What was heard of a labelled recording."""
+    truth = json.loads(file.with_name(file.name.replace(".heard", "")).read_text(encoding="utf-8"))
+    notes = [dict(onset=n["onset"], end=n["offset"], pitch=n["midi"],
+                  string=n["string"] if isinstance(n["string"], int) else -1, strength=n["strength"],
+                  probability=n["probability"])
+             for n in json.loads(file.read_text(encoding="utf-8"))["notes"]]
+    return sorted(notes, key=lambda note: (note["onset"], note["pitch"])), truth

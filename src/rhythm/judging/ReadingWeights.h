@@ -20,25 +20,25 @@ inline constexpr std::array<double, kFeatures> kReadingWeights{
     -0.195,   // binaryFour
     -2.07,    // binaryThree
     -3.29,    // binaryTwo
-    0.4,      // ternaryFour
+    0.838,    // ternaryFour
     -4.87,    // ternaryThree
-    -3.29,    // ternaryTwo
+    -2.54,    // ternaryTwo
     0.8,      // startsOnBar
     0.478,    // endsOnBar
-    -0.0539,  // notSix
-    -0.379,   // ternaryTempo
-    -2.94,    // sixTempo
+    -0.139,   // notSix
+    -0.544,   // ternaryTempo
+    -2.77,    // sixTempo
     2.12,     // onsetsOfBeat
     0.782,    // onsetsOfBeatSquared
     -3.09,    // emptyBeats
     -1.84,    // fine
-    -4.12,    // idleTernary
+    -4.07,    // idleTernary
     0.0971,   // changesOfBar
     -0.591,   // changesOfBarSquared
     -0.0894,  // beatFit
-    1.02,     // halfInTernary
-    1.44,     // thirdsOfSix
-    -8.97,    // thirdsOfTriplets
+    1.42,     // halfInTernary
+    0.528,    // thirdsOfSix
+    -8.15,    // thirdsOfTriplets
     2.18,     // takeOnBar
     1.7,      // beatLoud
     -1.41,    // beatLong
