@@ -152,9 +152,9 @@ bool isChordProFile(const std::string& file) {
   std::ranges::transform(ending, ending.begin(), [](char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
   });
-  const bool isOne = std::ranges::any_of(
-      kEndings, [&](std::string_view each) { return ending == "." + std::string(each); });
-  if (!isOne) return false;
+  if (ending.empty()) return false;
+  ending.erase(0, 1);  // its point
+  if (std::ranges::find(kEndings, ending) == kEndings.end()) return false;
   return isChordPro(platform::bytesOrNone(file));
 }
 
