@@ -60,7 +60,7 @@ TEST_F(RecordingsTest, aCopyIsKeptAsAWholeOrNotAtAll) {
   EXPECT_NE(problem.find("has changed since it was heard"), std::string::npos) << problem;
 
   song->recording()->setHash(hash);
-  for (const rlim_t bytes : {0, 100}) {
+  for (const rlim_t bytes : {rlim_t{0}, rlim_t{100}}) {
     const test::FileSizeLimit disk(bytes);
     KeepSoundCommand onFullDisk(*song);
     onFullDisk.onEnded([&](const platform::UserText& text) { problem = text.english(); });

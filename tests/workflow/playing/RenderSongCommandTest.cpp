@@ -60,7 +60,7 @@ TEST_F(RenderSongCommandTest, nothingIsWrittenThatIsCancelledOrSilent) {
   EXPECT_FALSE(fs::exists(m_file));
 
   const std::size_t files = filesInFolder();
-  for (const rlim_t bytes : {0, 30000}) {
+  for (const rlim_t bytes : {rlim_t{0}, rlim_t{30000}}) {
     const test::FileSizeLimit disk(bytes);
     const auto onFullDisk = command(song);
     try {
