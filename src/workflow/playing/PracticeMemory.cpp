@@ -3,9 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <sstream>
+#include <string_view>
 
 #include "model/songs/QBSong.h"
 #include "model/store/QBTabMgr.h"
@@ -20,22 +21,39 @@ constexpr double kSlowestPractice = 0.1;
 constexpr double kFastestPractice = 4;
 constexpr double kMostCents = 2400;
 constexpr unsigned kAllStrings = 0xFFFF;
+constexpr double kMostRounds = 1e6;
 /// By their numbers.
 constexpr std::array kVoiceWords{"none", "melody", "2", "3", "4", "5", "bass", "accompaniment"};
 
-OwnVoice voiceOf(const std::string& word) {
+OwnVoice voiceOf(std::string_view word) {
   const auto found = std::ranges::find(kVoiceWords, word);
   return found == kVoiceWords.end() ? OwnVoice::none
                                     : static_cast<OwnVoice>(found - kVoiceWords.begin());
 }
 
+/// With a point wherever the user lives.
+std::string shortNumber(double value) {
+  constexpr int kDigits = 6;
+  std::array<char, 32> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                 std::chars_format::general, kDigits);
+  return {text.data(), end.ptr};
+}
+
+/// Takes away the number that a text begins with, and a colon behind it.
+std::optional<double> takeNumber(std::string_view& text) {
+  double number = 0;
+  const auto end = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (end.ec != std::errc() || !std::isfinite(number)) return {};
+  text.remove_prefix(static_cast<std::size_t>(end.ptr - text.data()));
+  if (text.starts_with(':')) text.remove_prefix(1);
+  return number;
+}
+
 class PracticeWriter {
  public:
   void add(const char* name, double value, double usual) {
-    if (value == usual) return;
-    char text[48];
-    std::snprintf(text, sizeof text, "%s=%.6g", name, value);
-    add(text);
+    if (value != usual) add(name + ('=' + shortNumber(value)));
   }
   void add(const std::string& word) { m_text += (m_text.empty() ? "" : " ") + word; }
   const std::string& text() const { return m_text; }
@@ -44,31 +62,34 @@ class PracticeWriter {
   std::string m_text;
 };
 
-void readRounds(const std::string& name, const std::string& value, RoundsOfLoop& rounds) {
-  platform::SpeedRamp ramp;
-  double from = 0, step = 0;
+void readRounds(std::string_view name, std::string_view value, RoundsOfLoop& rounds) {
   if (name == "between" && value == "clicks") rounds.between = BetweenRounds::clicks;
   if (name == "between" && value == "silence") rounds.between = BetweenRounds::silence;
-  if (name != "ramp" || std::sscanf(value.c_str(), "%lf:%lf:%d", &from, &step, &ramp.rounds) != 3)
-    return;
-  ramp.from = std::clamp(from / kOneHundred, kSlowestPractice, 1.0);
-  ramp.step = std::clamp(step / kOneHundred, 0.0, 1.0);
-  ramp.rounds = std::max(ramp.rounds, 1);
+  if (name != "ramp") return;
+  const auto from = takeNumber(value);
+  const auto step = takeNumber(value);
+  const auto count = takeNumber(value);
+  if (!from || !step || !count) return;
+  platform::SpeedRamp ramp;
+  ramp.from = std::clamp(*from / kOneHundred, kSlowestPractice, 1.0);
+  ramp.step = std::clamp(*step / kOneHundred, 0.0, 1.0);
+  ramp.rounds = static_cast<int>(std::clamp(*count, 1.0, kMostRounds));
   rounds.ramp = ramp;
 }
 
-void readWord(const std::string& name, const std::string& value, PractisedSong& practised) {
+void readWord(std::string_view name, std::string_view value, PractisedSong& practised) {
   readRounds(name, value, practised.sound.rounds);
   if (name == "voice") practised.sound.silent.voice = voiceOf(value);
-  double number = 0;
-  if (std::sscanf(value.c_str(), "%lf", &number) != 1 || !std::isfinite(number)) return;
+  const auto told = takeNumber(value);
+  if (!told) return;
+  const double number = *told;
   if (name == "rate") practised.rate = std::clamp(number, kSlowestPractice, kFastestPractice);
   if (name == "mix") practised.sound.mix = std::clamp(number, 0.0, 1.0);
   if (name == "apart") practised.sound.apart = number != 0;
   if (name == "recorded-pitch") practised.sound.recordedPitch = number != 0;
   if (name == "cents") practised.sound.cents = std::clamp(number, -kMostCents, kMostCents);
-  if (name == "silent" && number >= 0)
-    practised.sound.silent.strings = static_cast<unsigned>(number) & kAllStrings;
+  if (name == "silent" && number >= 0 && number <= kAllStrings)
+    practised.sound.silent.strings = static_cast<unsigned>(number);
 }
 
 }  // namespace
@@ -89,17 +110,18 @@ std::string textOf(const PractisedSong& practised) {
     writer.add(sound.rounds.between == BetweenRounds::clicks ? "between=clicks"
                                                              : "between=silence");
   if (const auto& ramp = sound.rounds.ramp) {
-    char text[64];
-    std::snprintf(text, sizeof text, "ramp=%.6g:%.6g:%d", ramp->from * kOneHundred,
-                  ramp->step * kOneHundred, ramp->rounds);
-    writer.add(text);
+    writer.add("ramp=" + shortNumber(ramp->from * kOneHundred) + ':' +
+               shortNumber(ramp->step * kOneHundred) + ':' + std::to_string(ramp->rounds));
   }
   return writer.text();
 }
 
 PractisedSong practisedOf(const std::string& text) {
   PractisedSong practised;
-  std::istringstream words(text);
+  // Some were written with the decimal commas of their user's language.
+  std::string pointed = text;
+  std::ranges::replace(pointed, ',', '.');
+  std::istringstream words(pointed);
   for (std::string word; words >> word;)
     if (const auto equals = word.find('='); equals != std::string::npos)
       readWord(word.substr(0, equals), word.substr(equals + 1), practised);

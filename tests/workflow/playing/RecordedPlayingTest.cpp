@@ -187,6 +187,9 @@ TEST_F(RecordedPlayingTest, practiceIsRememberedInWordsOfItsOwn) {
   EXPECT_EQ(text,
             "rate=0.75 mix=0.25 apart=1 cents=-50 silent=6 voice=bass between=clicks ramp=60:5:2");
   EXPECT_EQ(textOf(practisedOf(text)), text);
+  EXPECT_EQ(textOf(practisedOf("rate=0,75 mix=0,5 ramp=60,5:2,5:2 silent=1e300")),
+            "rate=0.75 mix=0.5 ramp=60.5:2.5:2")
+      << "by a window in another language";
   EXPECT_EQ(textOf(practisedOf("rate=nan x mix=7 later=1 ramp=1:2 silent=-1 voice=7")), "rate=1");
 }
 
