@@ -1,12 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/menus/DoubtMenu.h"
 
+#include <QApplication>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QTest>
+#include <QTimer>
 
+#include "model/songs/ToneOrder.h"
 #include "support/Testing.h"
+#include "support/songs/ChordLines.h"
 #include "support/songs/DoubtedSong.h"
 #include "support/songs/SongDesk.h"
+#include "ui/dialogs/hearing/HearAgainDialog.h"
+#include "ui/dialogs/hearing/NotesDialog.h"
 #include "ui/views/TablatureView.h"
 
 namespace korvel::ui {
@@ -83,6 +90,60 @@ TEST_F(DoubtMenuTest, enterConfirmsWhatIsDoubtedAndPlaysNoPartInALock) {
   EXPECT_EQ(clicked.size(), 0);
   QTest::keyClick(&m_tablature, Qt::Key_Return);
   EXPECT_EQ(clicked.size(), 1) << "nothing is doubted there any more";
+}
+
+TEST_F(DoubtMenuTest, moreOrFewerNotesComeAsTheDialogSays) {
+  const auto notes = [this] {
+    int count = 0;
+    for (const auto& chord : m_song.allChords()) count += static_cast<int>(tonesOf(*chord).size());
+    return count;
+  };
+  const auto slide = [&](int to, bool accepts) {
+    QString said;
+    QTimer::singleShot(0, &m_menu, [&] {
+      auto* dialog = qobject_cast<NotesDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      auto* slider = dialog->findChild<QSlider*>();
+      slider->setValue(to < 0 ? slider->maximum() : to);
+      said = slider->accessibleDescription();
+      accepts ? dialog->accept() : dialog->reject();
+    });
+    choose("Fewer or More Notes ...");
+    return said.toStdString();
+  };
+  const std::string before = test::drawn(m_song);
+  const int atFirst = notes();
+  const std::string cancelled = slide(0, false);
+  EXPECT_EQ(test::drawn(m_song), before);
+  EXPECT_EQ(slide(0, true), cancelled);
+  const int fewer = notes();
+  EXPECT_EQ(cancelled,
+            "Notes that come: 0. Notes that go: " + std::to_string(atFirst - fewer) + '.');
+  EXPECT_LT(fewer, atFirst);
+  const std::string said = slide(-1, true);
+  EXPECT_EQ(said, "Notes that come: " + std::to_string(notes() - fewer) + ". Notes that go: 0.");
+  EXPECT_GT(notes(), atFirst) << "with the one that was not taken";
+}
+
+TEST_F(DoubtMenuTest, selectionIsHeardAgainOnlyWhereThereIsOneAndItsRecording) {
+  const QSignalSpy refused(&m_menu, &DoubtMenu::refused);
+  const std::string before = test::drawn(m_song);
+  choose("Hear Selection Again ...");
+  ASSERT_EQ(refused.size(), 1);
+  EXPECT_TRUE(refused[0][0].toString().startsWith("Select the chords first"));
+  m_tablature.selectChords(0, 3);
+  for (const bool accepts : {false, true}) {
+    QTimer::singleShot(0, &m_menu, [accepts] {
+      auto* dialog = qobject_cast<HearAgainDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      accepts ? dialog->accept() : dialog->reject();
+    });
+    choose("Hear Selection Again ...");
+    EXPECT_EQ(refused.size(), accepts ? 2 : 1);
+  }
+  EXPECT_TRUE(refused[1][0].toString().contains("its recording is not where"))
+      << refused[1][0].toString().toStdString();
+  EXPECT_EQ(test::drawn(m_song), before);
 }
 
 }  // namespace
