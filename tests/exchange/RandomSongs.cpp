@@ -36,11 +36,13 @@ void writeRandomSongs(const std::filesystem::path& folder, int count) {
     for (const int pitch : open) pitches += std::to_string(pitch) + ' ';
     song->setTuning(addTuning(pitches, open));
     beatSong(song, words.words());
+    song->setCapo(words.capo());
     for (const SongFormat format :
          {SongFormat::guitarPro5, SongFormat::guitarPro7, SongFormat::musicXml})
       write(folder / (name + std::string(extensionOf(format))), songFile(*song, format));
-    write(folder / (std::string(name) + ".json"),
-          "{\"song\": " + songAsJson(*song) + ", \"metric\": null}\n");
+    write(
+        folder / (std::string(name) + ".json"),
+        "{\"song\": " + songAsJson(*song) + ", \"capo\": " + std::to_string(words.capo()) + "}\n");
   }
 }
 

@@ -100,7 +100,7 @@ class TuxGuitarSongs {
       struck.duration = duration;
       struck.string = string;
       struck.fret = note.getValue();
-      struck.pitch = track.getString(note.getString()).getValue() + note.getValue();
+      struck.pitch = track.getString(note.getString()).getValue() + track.getOffset() + note.getValue();
       notes.add(struck);
     }
   }
@@ -138,6 +138,7 @@ class TuxGuitarSongs {
       for (TGString string : read.track.getStrings()) tuning.add(0, string.getValue());
       out.print(separator + "{\"title\":" + quoted(song.getName()) + ",\"tempo\":" +
                 song.getMeasureHeader(0).getTempo().getValue() + ",\"tuning\":" + tuning +
+                ",\"capo\":" + read.track.getOffset() +
                 ",\"bars\":" + read.bars + ",\"starts\":" + read.starts +
                 ",\"tempos\":" + read.tempos + ",\"notes\":" + read.notes +
                 ",\"names\":" + read.names +

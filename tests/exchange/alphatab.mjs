@@ -13,7 +13,7 @@ function read(file) {
   const score = alphaTab.importer.ScoreLoader.loadScoreFromBytes(bytes);
   const staff = score.tracks[0].staves[0];
   const music = { title: score.title, tempo: score.tempo, tuning: [...staff.tuning].reverse(),
-                  bars: [], starts: [], tempos: [], notes: [], names: [] };
+                  capo: staff.capo, bars: [], starts: [], tempos: [], notes: [], names: [] };
   const sounding = new Map();
   let tempo = score.tempo;
   for (const bar of staff.bars) {

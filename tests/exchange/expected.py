@@ -99,8 +99,9 @@ def played(file):
 @dataclass
 class Beats:
     """A song on beats: where its notes are struck, in ticks, 480 a quarter, from the first whole bar
-    on."""
+    on. Frets count from the capo, as files have them."""
     tuning: list
+    capo: int = 0
     pick_up: bool = False  # whether the first bar is one
     bars: list = field(default_factory=list)  # [beats, beat type]
     tempos: list = field(default_factory=list)  # of bars, in quarters a minute
@@ -110,10 +111,11 @@ class Beats:
 
 def beats_of(file):
     """What a random song is."""
-    song = json.loads(file.read_text())["song"]
+    content = json.loads(file.read_text())
+    song, capo = content["song"], content["capo"]
     tuning = [int(pitch) for pitch in song["tuning"].split()]
     chords = {chord["position"]: chord for chord in song["chords"]}
-    music, start, name = Beats(tuning), 0, None
+    music, start, name = Beats(tuning, capo), 0, None
     for measure in song["measures"]:
         inside = [chords[position] for position in measure["chords"]]
         meter = [measure["beat"], measure["beattype"]]
@@ -126,7 +128,7 @@ def beats_of(file):
             music.pick_up = True
         for chord in inside:
             tones = tones_of(chord, tuning)
-            music.notes += [(start, *tone) for tone in tones]
+            music.notes += [(start, string, fret - capo, pitch) for string, fret, pitch in tones]
             if tones and chord["name"] != name:
                 name = chord["name"]
                 music.names += [(start, name)] if name else []

@@ -114,7 +114,9 @@ class Document:
 
     def __init__(self, root):
         part = root.find("Score/Part/Instrument/StringData")
+        words = [text.text or "" for text in root.iterfind("Score/Staff/Measure/voice/StaffText/text")]
         self.music = {"tuning": [int(string.text) for string in part.iterfind("string")],
+                      "capo": next((int(text.split()[-1]) for text in words if text.startswith("Capo.")), 0),
                       "bars": [], "starts": [], "tempos": [], "notes": [], "names": []}
         self.start, self.tempo = Fraction(0), 120
         for measure in root.iterfind("Score/Staff[@id='1']/Measure"):
@@ -153,8 +155,8 @@ class Document:
         for note in chord.iterfind("Note"):
             if note.find("Spanner[@type='Tie']/prev") is None:
                 self.music["notes"].append(
-                    (at * 16, 0, 5 - int(note.findtext("string")), int(note.findtext("fret")),
-                     int(note.findtext("pitch"))))
+                    [at * 16, 0, 5 - int(note.findtext("string")), int(note.findtext("fret")),
+                     int(note.findtext("pitch"))])
 
 
 def length_of(chord):

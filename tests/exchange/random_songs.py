@@ -23,18 +23,21 @@ def from_musescore(files):
 PROGRAMS = {"alphatab": (readers.alphatab, (".gp5", ".gp", ".musicxml")),
             "tuxguitar": (readers.tuxguitar, (".gp5", ".gp")),
             "musescore": (from_musescore, (".gp5",))}
+# MuseScore writes a capo above the staff, and does not sound so. TuxGuitar knows none of Guitar Pro 7.
+WITHOUT_SOUND_OF_CAPO = [("musescore", ".gp5"), ("tuxguitar", ".gp")]
 
 
 def ticks(sixteenths):
     return round(sixteenths * 120)
 
 
-def sounding(names):
-    """With roots as pitch classes: programs spell them by keys of their own."""
+def sounding(names, capo=0):
+    """With roots as pitch classes: programs spell them by keys of their own. capo: that the names are
+    of shapes behind."""
     for start, name in names:
         root = name[:2] if name[1:2] in ("b", "#") else name[:1]
         signs = root.count("#") - root.count("b")
-        yield start, (musescore.STEPS[root[0]] + signs) % 12, name[len(root):]
+        yield start, (musescore.STEPS[root[0]] + signs + capo) % 12, name[len(root):]
 
 
 def allow_for_musescore(got, wanted):
@@ -50,12 +53,20 @@ def differences(program, ending, got, wanted):
     """What differs, with the first difference of each."""
     if program == "musescore":
         allow_for_musescore(got, wanted)
+    capo = wanted.capo
+    if (program, ending) in WITHOUT_SOUND_OF_CAPO:
+        for note in got["notes"]:
+            note[-1] += capo
+        if program == "tuxguitar":
+            got["capo"] = capo
     first = got["starts"][1 if wanted.pick_up else 0]
     notes = sorted((ticks(start - first), *place) for start, _, *place in got["notes"])
     names = sorted((ticks(start - first), name) for start, name in got["names"])
-    pairs = {"tunings": (got["tuning"], wanted.tuning), "bars": (got["bars"], wanted.bars),
-             "notes": (notes, wanted.notes), "filled bars": (got.get("wrong"), None),
-             "chord names": (list(sounding(names)), list(sounding(wanted.names)))}
+    pairs = {"tunings": (got["tuning"], wanted.tuning), "capos": (got["capo"], capo),
+             "bars": (got["bars"], wanted.bars), "notes": (notes, wanted.notes),
+             "filled bars": (got.get("wrong"), None),
+             "chord names": (list(sounding(names, 0 if ending == ".musicxml" else capo)),
+                             list(sounding(wanted.names)))}
     for what, (one, two) in pairs.items():
         if one == two:
             continue

@@ -22,7 +22,7 @@ class BeatWriter {
   void write(const std::string& word) {
     static const std::regex setting("(tempo|key|swing)=([0-9.]+)");
     static const std::regex time("([0-9]+)/([0-9]+)");
-    static const std::regex chord("(?:([A-G][#b]?)?([^:]*)(:))?([0-9a-ex]{6})?");
+    static const std::regex chord("(?:([A-G][#b]?)?([^:]*)(:))?([0-9a-ox]{6})?");
     static const std::string length = "([whqes][.3]?|t[0-9]+)";
     static const std::regex step("([~r]?)" + length + "(?:_([0-5])" + length + "|=" + length +
                                  ")?");

@@ -7,7 +7,8 @@
 
 namespace korvel::test {
 
-WordsOfSong::WordsOfSong(unsigned seed) : m_random(seed) {
+WordsOfSong::WordsOfSong(unsigned seed)
+    : m_random(seed), m_capo(seed % 4 == 3 ? static_cast<int>(1 + seed / 4 % 7) : 0) {
   m_words = "tempo=" + std::to_string(40 + below(180)) + " key=" + std::to_string(below(12));
   if (below(8) == 0) m_words += " swing=0.67";
   takeMetre();
@@ -70,7 +71,7 @@ void WordsOfSong::addStep(int ticks) {
 std::string WordsOfSong::newGrip() {
   std::string frets(6, 'x');
   for (int tones = 1 + below(3) * below(3); tones > 0; --tones)
-    frets[static_cast<std::size_t>(below(6))] = "0123456789abcde"[below(15)];
+    frets[static_cast<std::size_t>(below(6))] = "0123456789abcdefghijkl"[m_capo + below(15)];
   return frets;
 }
 

@@ -17,6 +17,8 @@ class WordsOfSong {
   explicit WordsOfSong(unsigned seed);
 
   const std::string& words() const { return m_words; }
+  /// Of every fourth song, which has no tone below it.
+  int capo() const { return m_capo; }
   /// Open strings as they may be: each within a fourth of the standard one, from low to high.
   OpenPitches tuning();
 
@@ -35,6 +37,7 @@ class WordsOfSong {
   std::string newName();
 
   std::mt19937 m_random;
+  int m_capo;
   std::string m_words;
   std::array<int, 2> m_metre{4, 4};
   bool m_isStruck = false;

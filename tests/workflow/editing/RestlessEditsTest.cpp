@@ -164,8 +164,8 @@ class Player {
 
   QBSong& song() {
     static const char* const kWritten[] = {
-        "key=9 3/4 xxxxx0 q | x02210 q_1h. xx2210 e3 e3 e3 rq | 133211 h rq | "
-        "320003 q xxxxx5 e xxxxx3 e 320003 q | 320003 q x02210 h | ~q 320003 q rq |",
+        ("key=9 3/4 xxxxx0 q | x02210 q_1h. xx2210 e3 e3 e3 rq | 133211 h rq | "
+         "320003 q xxxxx5 e xxxxx3 e 320003 q | 320003 q x02210 h | ~q 320003 q rq |"),
         "key=16 6/8 xxxxx0 e | x02210 q_1h. xx2210 e xx0003 q. | 133211 q. rq. |",
         "tempo=96 swing=0.67 Am:x02210 e e e3 e3 e3 h | G:320003 s s e ~q 3x0003 q. e | rw |",
         "5/4 Em:022000 w q | 2/4 C:x32010 e e e e | 4/4 rh G:320003 h |"};

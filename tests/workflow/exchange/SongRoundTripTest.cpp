@@ -32,18 +32,13 @@ std::string musicOf(QBSong& song) {
   return text.str();
 }
 
-/// With a capo, all frets lie behind it.
 QBSong* randomSong(const StandardStore& store, unsigned seed) {
   WordsOfSong words(seed);
   QBSong* song = store.song("Song");
   song->setTuning(addTuning("Another one", words.tuning()));
   beatSong(song, words.words());
   song->setKey(static_cast<int>(seed % 24));
-  const int capo = static_cast<int>(seed % 4);
-  if (capo == 0) return song;
-  song->setCapo(capo);
-  for (const auto& chord : song->allChords())
-    for (QBTone* tone : chord->hold()->tones()) tone->setFret(tone->fret() + capo);
+  song->setCapo(words.capo());
   return song;
 }
 
