@@ -6,11 +6,11 @@
 #include "model/songs/QBSong.h"
 #include "tab/text/QBTabMatrix.h"
 #include "ui/views/TablatureView.h"
+#include "workflow/editing/SongEditor.h"
 
 namespace korvel::ui {
 namespace {
 
-constexpr int kHighestFret = 24;
 constexpr int kMillisecondsToSecondDigit = 1000;
 
 }  // namespace
@@ -155,8 +155,8 @@ bool TablatureView::editByKey(QKeyEvent& event) {
 void TablatureView::typeDigit(int digit) {
   const int both = m_typed.fret * 10 + digit;
   const bool continues = m_typed.since.isValid() && m_typed.chord == m_chord &&
-                         m_typed.string == m_string && both <= kHighestFret && m_typed.fret > 0 &&
-                         m_typed.since.elapsed() < kMillisecondsToSecondDigit;
+                         m_typed.string == m_string && both <= SongEditor::kHighestFret &&
+                         m_typed.fret > 0 && m_typed.since.elapsed() < kMillisecondsToSecondDigit;
   m_typed.chord = m_chord;
   m_typed.string = m_string;
   m_typed.fret = continues ? both : digit;
