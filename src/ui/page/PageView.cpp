@@ -2,17 +2,18 @@
 #include "ui/page/PageView.h"
 
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "model/songs/QBSong.h"
 #include "tab/page/PageOfSong.h"
 #include "ui/desktop/Text.h"
+#include "ui/page/WordsLine.h"
 
 namespace korvel::ui {
 namespace {
@@ -32,7 +33,10 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
   viewport()->setBackgroundRole(QPalette::Base);
 }
 
-PageView::~PageView() = default;
+/// What is being typed has nobody to tell any more.
+PageView::~PageView() {
+  if (m_typing) m_typing->disconnect(this);
+}
 
 // ---- what is shown
 
@@ -348,33 +352,25 @@ void PageView::typeWordsAt(const Place& place) {
     line = bar->words[static_cast<std::size_t>(place.time)];
   reveal(bar->place);
   m_typedAt = place;
-  m_typing = new QLineEdit(wordsOf(place), viewport());
+  m_typing = new WordsLine(wordsOf(place), viewport());
   m_typing->setAccessibleName(tr("Lyrics of the bar"));
   m_typing->setFont(pageFont());
   const QSize size(std::max(static_cast<int>(line.width()), 12 * fontMetrics().averageCharWidth()),
                    m_typing->sizeHint().height());
   m_typing->setGeometry(QRect((line.topLeft() + origin()).toPoint(), size));
-  m_typing->installEventFilter(this);
+  connect(m_typing, &WordsLine::left, this, [this] { endTyping(true); });
+  connect(m_typing, &WordsLine::ended, this, [this](bool keep) {
+    endTyping(keep);
+    setFocus();
+  });
+  connect(m_typing, &WordsLine::nextWanted, this, &PageView::typeNextWords);
   m_typing->selectAll();
   m_typing->show();
   m_typing->setFocus();
 }
 
-/// Enter keeps what was typed, Tab goes on with the next bar, Escape forgets it.
-bool PageView::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != m_typing || !m_typing) return QAbstractScrollArea::eventFilter(watched, event);
-  if (event->type() == QEvent::FocusOut) {
-    endTyping(true);
-    return false;
-  }
-  if (event->type() != QEvent::KeyPress) return false;
-  const int key = static_cast<QKeyEvent*>(event)->key();
-  if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter) {
-    endTyping(key != Qt::Key_Escape);
-    setFocus();
-    return true;
-  }
-  if (key != Qt::Key_Tab) return false;
+/// The bars of a section one after the other, each time that it is played.
+void PageView::typeNextWords() {
   Place next = m_typedAt;
   ++next.bar;
   endTyping(true);
@@ -387,14 +383,13 @@ bool PageView::eventFilter(QObject* watched, QEvent* event) {
   }
   setFocus();
   typeWordsAt(next);
-  return true;
 }
 
 /// What is not changed is not told.
 void PageView::endTyping(bool keep) {
   if (!m_typing) return;
-  QLineEdit* typing = std::exchange(m_typing, nullptr);
-  typing->removeEventFilter(this);
+  WordsLine* typing = std::exchange(m_typing, nullptr);
+  typing->disconnect(this);
   typing->hide();
   typing->deleteLater();
   const QString words = typing->text().trimmed();

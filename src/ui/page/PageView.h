@@ -11,13 +11,13 @@
 #include "ui/page/RememberedPages.h"
 #include "ui/views/SpokenView.h"
 
-class QLineEdit;
-
 namespace korvel {
 class QBSong;
 }
 
 namespace korvel::ui {
+
+class WordsLine;
 
 /// The page of chords of the active song, which people sing from: shows which bar plays and where
 /// the cursor is, and takes words that are typed below a bar. Changes nothing itself but tells what
@@ -82,7 +82,6 @@ class PageView final : public QAbstractScrollArea, public SpokenView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   using Place = PagePlaces::Place;
@@ -99,6 +98,7 @@ class PageView final : public QAbstractScrollArea, public SpokenView {
   void moveByLines(int lines);
   void choose(const PageSheet::Chord& chord);
   void typeWordsAt(const Place& place);
+  void typeNextWords();
   void endTyping(bool keep);
   QString wordsOf(const Place& place) const;
 
@@ -111,7 +111,7 @@ class PageView final : public QAbstractScrollArea, public SpokenView {
   int m_zoom = 100;
   int m_chord = -1;
   int m_playing = -1;
-  QLineEdit* m_typing = nullptr;  ///< While words are typed.
+  WordsLine* m_typing = nullptr;  ///< While words are typed.
   Place m_typedAt{};
 };
 
