@@ -10,6 +10,7 @@
 #include "cli/support/CliError.h"
 #include "platform/files/Files.h"
 #include "platform/text/UserError.h"
+#include "workflow/session/EditRefused.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel::cli {
@@ -95,7 +96,8 @@ std::optional<std::string> Console::chooseFile(const std::string& proposedName) 
   std::string file = proposedName;
   std::ranges::replace(file, '/', '_');
   if (platform::isThere(file))
-    throw CliError(file + ": there is a file of that name already; move it away first");
+    throw EditRefused(platform::UserText::verbatim(
+        file + ": there is a file of that name already; move it away first"));
   return file;
 }
 
