@@ -272,12 +272,14 @@ void QBPlayerViewController::setSound(const PlayedSound& sound) {
   if (m_isRecorded) setLevels();
 }
 
-/// What it has to be filled anew for goes on where it was.
+/// What it has to be filled anew for goes on with the chord that was heard. In steps a place is that
+/// of the chord before it.
 void QBPlayerViewController::replay() {
   const int index = m_midi->playbackPosition();
+  const int ahead = m_song->isOnBeats() ? 0 : 1;
   end({});
   play();
-  if (m_midi && index > 0) m_midi->setPlaybackPosition(index);
+  if (m_midi && index > 0) m_midi->setPlaybackPosition(index + ahead);
 }
 
 void QBPlayerViewController::skipBars(int bars) {

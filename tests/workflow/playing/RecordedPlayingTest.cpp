@@ -114,6 +114,33 @@ TEST_F(RecordedPlayingTest, loopsOfTheRecordingKeepTimeAndGetFaster) {
   m_player.stop();
 }
 
+TEST_F(RecordedPlayingTest, whatIsHeardChangesWhereItPlays) {
+  PlayedSound sound;
+  m_player.setSound(sound);
+  m_player.play();
+  m_loop.run(std::chrono::duration<double>(1.6));
+  QBSession::session().setActiveSong(m_store.song("Other"));
+  const std::function<void()> changes[] = {
+      [&] { sound.mix = 0.5; }, [&] { sound.silent.strings = 1U << 1U; },
+      [&] { sound.recordedPitch = true; }, [&] { sound.silent.voice = OwnVoice::bass; }};
+  double place = m_player.secondsHeard();
+  EXPECT_NEAR(place + kSecondsOfChord, 1.6, kSecondsOfChord);
+  for (const auto& change : changes) {
+    change();
+    m_player.setSound(sound);
+    ASSERT_TRUE(m_player.isPlaying());
+    EXPECT_EQ(m_player.song(), m_song);
+    m_loop.run(std::chrono::duration<double>(0.1));
+    m_player.followSound();
+    EXPECT_NEAR(*m_player.recordedSeconds(), place + 0.1, kSecondsOfChord);
+    EXPECT_GE(m_player.secondsHeard(), place - 1e-6);
+    place = m_player.secondsHeard();
+  }
+  EXPECT_EQ(m_controls.told, "");
+  m_loop.run(std::chrono::duration<double>(4));
+  EXPECT_FALSE(m_player.isPlaying()) << "to its end";
+}
+
 TEST_F(RecordedPlayingTest, aMomentIsHeardAlone) {
   MomentPlayer moments([this](bool withGuitar) {
     EXPECT_FALSE(withGuitar);
