@@ -157,6 +157,11 @@ std::vector<std::string_view> endingsOfPieces() {
   return endings;
 }
 
+bool isNamedAsPiece(std::string_view name) {
+  const std::vector<std::string_view> endings = endingsOfPieces();
+  return std::ranges::find(endings, endingOf(name)) != endings.end();
+}
+
 Piece readPiece(const std::string& file) {
   requireSize(file);
   const std::string bytes = platform::readWholeFile(file);

@@ -24,6 +24,9 @@ std::optional<Format> formatOfFile(const std::string& file);
 /// How names of files end that have a reader, in small letters and without the dot, such as "gp5".
 std::vector<std::string_view> endingsOfPieces();
 
+/// Whether a file is called as if it had such a reader, whatever is in it.
+bool isNamedAsPiece(std::string_view name);
+
 /// Larger files are no music that somebody wrote.
 inline constexpr std::size_t kMostMebibytes = 32;
 

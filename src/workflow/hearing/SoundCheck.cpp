@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "exchange/Formats.h"
 #include "platform/media/MediaAsset.h"
 #include "platform/media/MediaError.h"
 #include "platform/media/MediaReader.h"
@@ -13,6 +14,12 @@ namespace {
 
 namespace fs = std::filesystem;
 using platform::phrase;
+
+/// Of pages that a browser saved under the name of a tab, above all.
+constexpr platform::Phrase kIsSomethingElse = phrase(
+    "Message",
+    "%1: is neither what its name says nor a sound file; fetch it again, or save it as MIDI or "
+    "MusicXML in the program that it is from");
 
 void requireFile(const std::string& file) {
   std::error_code error;
@@ -43,6 +50,8 @@ const platform::MediaTrack& soundTrack(const platform::MediaAsset& asset) {
 void requireSound(const std::string& file) {
   requireFile(file);
   const platform::MediaAsset asset(file);
+  if (!asset.hasTrackList() && exchange::isNamedAsPiece(file))
+    throw NoSound(kIsSomethingElse, file);
   if (!asset.hasTrackList()) throw NoSound(asset.problem());
   try {
     platform::MediaReader reader(asset, soundTrack(asset));
