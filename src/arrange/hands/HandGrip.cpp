@@ -7,13 +7,13 @@
 #include <numeric>
 #include <tuple>
 
+#include "arrange/hands/HandShapes.h"
 #include "music/Pitch.h"
 
 namespace korvel {
 namespace {
 
 constexpr int kWidest = 4;
-constexpr int kFingersOfHand = 4;
 constexpr int kUnplayed = -1;
 
 using Frets = std::array<int, kStrings>;

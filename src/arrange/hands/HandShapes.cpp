@@ -13,7 +13,6 @@ namespace {
 
 constexpr int kHighestPosition = 12;
 constexpr int kReach = 4;  // frets under a hand
-constexpr int kFingers = 4;
 constexpr int kFewestStrings = 3;
 constexpr int kTonesOfTriad = 3;
 constexpr int kFifth = 7;
@@ -35,7 +34,7 @@ struct Effort {
 
   /// The index lies over the strings at the lowest fret, unless one between them is open.
   int fingersFor(const ChordShape& shape) const {
-    const auto pressed = static_cast<int>(std::ranges::count_if(shape, isFretted));
+    const int pressed = pressedIn(shape);
     const auto barred = static_cast<int>(std::ranges::count(shape, lowest));
     const auto first = std::ranges::find(shape, lowest);
     const bool lies = lowest > 0 && std::find(first, shape.end(), 0) == shape.end() &&
@@ -110,7 +109,7 @@ class Search {
 
   void keep(const ChordShape& shape) {
     if (isUnbroken(shape) && hasRootBelow(shape) && hasItsTones(shape) &&
-        Effort(shape).fingers <= kFingers)
+        Effort(shape).fingers <= kFingersOfHand)
       m_found.push_back(shape);
   }
 
@@ -151,6 +150,15 @@ std::vector<ChordShape> shapesOf(const ChordName& name, const OpenStrings& strin
   std::vector<ChordShape> shapes = Search(name, strings).found();
   if (shapes.size() > most) shapes.resize(most);
   return shapes;
+}
+
+int pressedIn(const ChordShape& shape) {
+  return static_cast<int>(std::ranges::count_if(shape, isFretted));
+}
+
+bool liesOpen(const ChordShape& shape) {
+  constexpr int kHighestOfOpen = 3;
+  return std::ranges::find(shape, 0) != shape.end() && std::ranges::max(shape) <= kHighestOfOpen;
 }
 
 std::string shorthandOf(const ChordShape& shape) {

@@ -22,6 +22,15 @@ inline constexpr int kNotPlayed = -1;
 std::vector<ChordShape> shapesOf(const ChordName& name, const OpenStrings& strings,
                                  std::size_t most);
 
+inline constexpr int kFingersOfHand = 4;
+/// Chords that are learnt first need no more.
+inline constexpr int kFingersOfOpen = 3;
+
+/// How many strings are pressed.
+int pressedIn(const ChordShape& shape);
+/// Whether a string is open and none is pressed above the third fret.
+bool liesOpen(const ChordShape& shape);
+
 /// "x02210", with a hyphen between the strings where a fret has two digits.
 std::string shorthandOf(const ChordShape& shape);
 /// What was written so; none for any other text.

@@ -14,23 +14,14 @@
 namespace korvel {
 namespace {
 
-constexpr int kFingers = 4;
-constexpr int kFingersOfOpen = 3;
-constexpr int kHighestOfOpen = 3;
 constexpr int kFretsOfDiagram = 4;
 constexpr int kHighestOfFirst = 4;
-
-bool isPressed(int fret) { return fret > 0; }
 
 int lowestPressed(const ChordShape& shape) {
   int lowest = 0;
   for (const int fret : shape)
-    if (isPressed(fret)) lowest = lowest == 0 ? fret : std::min(lowest, fret);
+    if (fret > 0) lowest = lowest == 0 ? fret : std::min(lowest, fret);
   return lowest;
-}
-
-int pressedIn(const ChordShape& shape) {
-  return static_cast<int>(std::ranges::count_if(shape, isPressed));
 }
 
 /// A shape that is taught takes all four fingers and is learnt early all the same.
@@ -45,16 +36,15 @@ bool isTaught(const ChordShape& shape) {
 }
 
 bool isOpenShape(const ChordShape& shape) {
-  if (std::ranges::find(shape, 0) == shape.end() || std::ranges::max(shape) > kHighestOfOpen)
-    return false;
+  if (!liesOpen(shape)) return false;
   const int pressed = pressedIn(shape);
-  return pressed <= kFingersOfOpen || (pressed <= kFingers && isTaught(shape));
+  return pressed <= kFingersOfOpen || (pressed <= kFingersOfHand && isTaught(shape));
 }
 
 /// Strings between the outer ones at the lowest fret, if nothing open or left out lies between.
 std::optional<std::array<int, 2>> barreOf(const ChordShape& shape) {
   const int lowest = lowestPressed(shape);
-  if (lowest == 0 || pressedIn(shape) <= kFingers) return std::nullopt;
+  if (lowest == 0 || pressedIn(shape) <= kFingersOfHand) return std::nullopt;
   const auto first = std::ranges::find(shape, lowest);
   const auto last = std::find(shape.rbegin(), shape.rend(), lowest).base() - 1;
   if (first == last || std::find_if(first, last, [](int fret) { return fret <= 0; }) != last)
@@ -130,7 +120,7 @@ void tellFingers(PageGrip& grip) {
   const int lowest = lowestPressed(grip.frets);
   int finger = 0;
   const int highest = std::ranges::max(grip.frets);
-  if (!grip.barre && pressedIn(grip.frets) > kFingers) return;
+  if (!grip.barre && pressedIn(grip.frets) > kFingersOfHand) return;
   for (int fret = lowest; fret > 0 && fret <= highest; ++fret)
     for (std::size_t string = 0; string < grip.frets.size(); ++string) {
       if (grip.frets[string] != fret) continue;
@@ -138,7 +128,7 @@ void tellFingers(PageGrip& grip) {
       grip.fingers[string] = finger;
     }
   // More than a hand has, as where an open string forbids the barre.
-  if (finger > kFingers) grip.fingers.fill(0);
+  if (finger > kFingersOfHand) grip.fingers.fill(0);
 }
 
 void mirror(PageGrip& grip) {

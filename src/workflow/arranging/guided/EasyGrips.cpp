@@ -9,23 +9,14 @@
 namespace korvel {
 namespace {
 
-constexpr int kFingers = 4;
-constexpr int kFingersOfOpen = 3;
-constexpr int kHighestOfOpen = 3;
 /// Strings between two that fingers press beside each other at one fret.
 constexpr int kFarApart = 2;
-
-bool isPressed(int fret) { return fret > 0; }
-
-int fingersOf(const ChordShape& shape) {
-  return static_cast<int>(std::ranges::count_if(shape, isPressed));
-}
 
 /// From the first to the last string that is pressed at the lowest fret.
 std::ptrdiff_t spanAtLowest(const ChordShape& shape) {
   int lowest = EasyGrips::kAnyFret;
   for (const int fret : shape)
-    if (isPressed(fret)) lowest = std::min(lowest, fret);
+    if (fret > 0) lowest = std::min(lowest, fret);
   const auto first = std::ranges::find(shape, lowest);
   const auto last = std::find(shape.rbegin(), shape.rend(), lowest);
   return first == shape.end() ? 0 : last.base() - first - 1;
@@ -33,7 +24,7 @@ std::ptrdiff_t spanAtLowest(const ChordShape& shape) {
 
 /// Needs a barre, or a hand that is more agile than a beginner's.
 bool isHard(const ChordShape& shape) {
-  return fingersOf(shape) > kFingers || spanAtLowest(shape) > kFarApart;
+  return pressedIn(shape) > kFingersOfHand || spanAtLowest(shape) > kFarApart;
 }
 
 bool isWithin(const ChordShape& shape, int highestFret) {
@@ -53,8 +44,7 @@ const std::optional<ChordShape>& EasyGrips::gripOf(const ChordName& name) {
 
 bool EasyGrips::isOpen(const ChordName& name) {
   const auto& grip = gripOf(name);
-  return grip && std::ranges::find(*grip, 0) != grip->end() && fingersOf(*grip) <= kFingersOfOpen &&
-         isWithin(*grip, kHighestOfOpen);
+  return grip && liesOpen(*grip) && pressedIn(*grip) <= kFingersOfOpen;
 }
 
 std::optional<ChordShape> EasyGrips::easiest(const ChordName& name) const {
