@@ -39,12 +39,8 @@ namespace {
 
 using platform::phrase;
 
-/// Saving all chords of a long recording at once would keep the user waiting.
-constexpr std::size_t kChordsOfSave = 100;
 /// Share of the end's work after which the song is saved, in a step of its own.
 constexpr double kAllButSaved = 1;
-/// Before a store that took nothing is tried again.
-constexpr std::chrono::seconds kPauseOfSaving{2};
 
 bool hasOtherSongs(const QBAlbum& album, const QBSong* song) {
   return std::ranges::any_of(album.songs().snapshot(),
@@ -228,26 +224,16 @@ void QBCmdImportSong::takeChords() {
   const bool several = m_hearing->hasCheapChords();
   const platform::Deadline deadline;
   while (takeNextChord()) {
-    ++m_unsaved;
+    m_saves.count();
     if (!several || isSaveDue() || deadline.isOver()) break;
   }
 }
 
-/// Whether the store has it all. While there is no room in it the import hears on, and tries again
-/// a little later; one that is to end at once cannot wait.
+/// Whether the store has it all. While there is no room in it the import hears on; one that is to
+/// end at once cannot wait.
 bool QBCmdImportSong::saved() {
-  const bool canWait = isRunning() && !m_endsNow;
-  if (canWait && Clock::now() < m_nextTry) return false;
-  try {
-    db().save();
-  } catch (const platform::StoreError& error) {
-    if (!canWait || error.reason() != platform::StoreError::Reason::failed) throw;
-    m_nextTry = Clock::now() + kPauseOfSaving;
-    tellOf(error);
-    return false;
-  }
-  m_unsaved = 0;
-  return true;
+  return m_saves.save(db(), isRunning() && !m_endsNow,
+                      [this](const platform::StoreError& error) { tellOf(error); });
 }
 
 void QBCmdImportSong::tellOf(const platform::StoreError& error) {
@@ -258,7 +244,7 @@ void QBCmdImportSong::tellOf(const platform::StoreError& error) {
   if (m_onTrouble) m_onTrouble(text);
 }
 
-bool QBCmdImportSong::isSaveDue() const { return m_saving && m_unsaved >= kChordsOfSave; }
+bool QBCmdImportSong::isSaveDue() const { return m_saving && m_saves.isDue(); }
 
 void QBCmdImportSong::tearDown() {
   try {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,6 +13,7 @@
 #include "workflow/hearing/Detection.h"
 #include "workflow/hearing/VoiceSongs.h"
 #include "workflow/library/QBCmdAlbum.h"
+#include "workflow/session/StoreSaves.h"
 
 namespace korvel {
 
@@ -112,8 +112,6 @@ class QBCmdImportSong final : public QBCmdAlbum {
   }
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   void begin();
   QBTabMgr& db() const;
   std::unique_ptr<Hearing> hearing() const;
@@ -162,10 +160,9 @@ class QBCmdImportSong final : public QBCmdAlbum {
   bool m_endsNow = false;
   std::unique_ptr<Hearing> m_hearing;  ///< From `prepare` until the tablature is drawn.
   std::vector<std::unique_ptr<SongInWork>> m_marks;
-  std::size_t m_unsaved = 0;  ///< How many chords are not saved yet.
+  StoreSaves m_saves;
   platform::Slices m_finishing;
   std::function<void(double)> m_listener;
-  Clock::time_point m_nextTry{};  ///< Of saving.
   std::function<void()> m_finished;
   std::function<void(const platform::UserText&)> m_onTrouble;
   std::shared_ptr<platform::UndoGroup> m_undo;
