@@ -32,13 +32,24 @@ std::string lengthOfSign(const ScoreNote& note) {
   return lengthIn(note.tripletOf ? note.value->units * 3 : note.value->units * 2);
 }
 
+/// A percent sign would begin a remark, and a backslash a sign of its own.
+std::string escaped(const std::string& text) {
+  std::string safe;
+  for (const char c : text) {
+    if (c == '%' || c == '\\') safe += '\\';
+    safe += c;
+  }
+  return safe;
+}
+
 class Abc {
  public:
   explicit Abc(const Score& score) : m_score(score), m_names(score), m_bars(writtenBars(score)) {}
 
   std::string write() {
     const WrittenBar& first = m_bars.front();
-    m_text = "X:1\nT:" + platform::printable(m_score.title) + "\nM:" + textOf(first.meter) +
+    m_text = "X:1\nT:" + escaped(platform::printable(m_score.title)) +
+             "\nM:" + textOf(first.meter) +
              "\nL:1/8\nQ:" + tempo(first.tempo.value_or(m_score.tempo)) + "\nK:" + key() +
              " clef=treble-8\n";
     m_meter = first.meter;
@@ -63,8 +74,7 @@ class Abc {
   static std::string tempo(double quarters) { return "1/4=" + wholeBeats(quarters); }
 
   std::string key() const {
-    if (!m_score.key) return "C";
-    return std::string(nameOfPitchClass(m_score.key->tonic)) + (m_score.key->minor ? "m" : "");
+    return m_score.key ? tonicOf(*m_score.key) + (m_score.key->minor ? "m" : "") : "C";
   }
 
   void writeBar(const WrittenBar& bar, std::span<const ScoreNote> signs, bool isFirst) {

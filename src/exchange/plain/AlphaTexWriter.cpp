@@ -51,8 +51,7 @@ class TexWriter {
       m_text += "\\ts " + std::to_string(bar.meter.beats) + " " +
                 std::to_string(bar.meter.beatType) + " ";
     if (!m_meter && m_score.key)
-      m_text += "\\ks " + std::string(nameOfPitchClass(m_score.key->tonic)) +
-                (m_score.key->minor ? "minor " : " ");
+      m_text += "\\ks " + tonicOf(*m_score.key) + (m_score.key->minor ? "minor " : " ");
     if (m_meter && bar.tempo) m_text += "\\tempo " + wholeBeats(*bar.tempo) + " ";
     m_meter = bar.meter;
     for (const ScoreNote& note : bar.notes) {

@@ -6,6 +6,8 @@
 #include <string_view>
 
 #include "export/score/NoteValues.h"
+#include "music/NoteName.h"
+#include "music/Pitch.h"
 
 namespace korvel::exchange {
 
@@ -14,6 +16,11 @@ inline std::string quoted(std::string text) {
   for (char& c : text)
     if (c == '"' || c == '\\') c = '\'';
   return '"' + text + '"';
+}
+
+/// As the signature writes it that has fewest signs, as `fifthsOf` counts them: C# major is Db.
+inline std::string tonicOf(const ScoreKey& key) {
+  return std::string(nameInKey(key.tonic, key.tonic + (key.minor ? kNotesPerOctave : 0)));
 }
 
 /// Whether any bar has a lower voice.
