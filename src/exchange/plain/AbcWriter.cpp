@@ -10,7 +10,6 @@
 #include "exchange/guitarpro/ScoreNames.h"
 #include "exchange/plain/SignText.h"
 #include "export/score/Spelling.h"
-#include "music/NoteName.h"
 #include "platform/text/Utf8.h"
 
 namespace korvel::exchange {

@@ -54,10 +54,11 @@ PageSource::Chord chordNamed(const ChordName& name) {
 
 std::optional<int> noteOfName(std::string_view name) {
   constexpr std::array kNotes{9, 11, 0, 2, 4, 5, 7};
-  if (!beginsWithNote(name) || name.size() > 2) return std::nullopt;
+  if (!beginsWithNote(name)) return std::nullopt;
   const char letter = withB(name).front();
-  const int shift = name.ends_with('#') ? 1 : name.size() == 2 && name[1] == 'b' ? -1 : 0;
-  if (name.size() == 2 && shift == 0) return std::nullopt;
+  const std::string_view sign = name.substr(1);
+  const int shift = sign == "#" || sign == "\u266F" ? 1 : sign == "b" || sign == "\u266D" ? -1 : 0;
+  if (!sign.empty() && shift == 0) return std::nullopt;
   return pitchClass(kNotes.at(static_cast<std::size_t>(letter - 'A')) + shift);
 }
 

@@ -41,7 +41,7 @@ class ReadNames {
   std::vector<std::string> m_unknown;
 };
 
-/// The pitch class of a note's name alone, such as "F#"; H is B. None for any other text.
+/// The pitch class of a note's name alone, such as "F#" or "F♯"; H is B. None for any other text.
 std::optional<int> noteOfName(std::string_view name);
 
 }  // namespace korvel
