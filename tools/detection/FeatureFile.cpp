@@ -14,7 +14,7 @@ using precise::Analysis;
 using precise::Candidate;
 
 /// Frames are written so far apart: neighbours say much the same.
-constexpr precise::Frame kFrameStep = 5;
+constexpr precise::Frame kFrameStep = 10;
 
 /// Finite, as all numbers of the detection are. As many digits as a float needs.
 void append(std::string& text, double value) {

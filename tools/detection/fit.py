@@ -38,15 +38,16 @@ WEIGHTS = dict(clean=1, hard=.4, room=.4, amp=.4)
 # Of what is not clean, for the networks.
 STRIKE_WEIGHT = .7
 END_WEIGHTS = dict(clean=1, hard=.6, room=.8, amp=.6)
+JUDGE_WEIGHTS = dict(clean=1, hard=1.5, room=1, amp=2.5)  # most clips are in rooms
 # Where strings are struck again few notes end, and notes that ring until they are gone are rare.
 RESTRUCK_WEIGHT, RINGING_WEIGHT, RINGING = .4, 1.5, ('chords', 'ring')
 # How often a network is shown all.
-STRIKE_EPOCHS, JUDGE_EPOCHS, ONSET_EPOCHS, END_EPOCHS = 8, 6, 3, 5
+STRIKE_EPOCHS, JUDGE_EPOCHS, ONSET_EPOCHS, END_EPOCHS = 8, 6, 3, 3
 # For the networks: what it counts that a candidate starts with a note, and what its share of notes;
 # less probable ones are surely none.
 STARTED, SHARED, LEAST = .7, .3, .01
 # Of recordings without notes, for the networks that judge notes.
-NOTHING_WEIGHT = 6
+NOTHING_WEIGHT = 9
 SAME_ONSET = .06  # seconds
 # Of what a feature was, in percent; the rest is taken as the nearest of these.
 RANGE = (.2, 99.8)
@@ -189,7 +190,7 @@ def onset_weight(labels):
 
 def judge_weight(labels):
     nothing = labels['kind'].startswith('nothing')
-    return END_WEIGHTS[labels['how']] * NOTHING_WEIGHT if nothing else onset_weight(labels)
+    return NOTHING_WEIGHT if nothing else JUDGE_WEIGHTS[labels['how']]
 
 
 def frame_weight(labels):

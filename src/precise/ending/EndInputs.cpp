@@ -29,7 +29,7 @@ constexpr Frame kJustBegan = 6;
 constexpr Frame kAboutToBegin = 8;
 constexpr Frame kTogether = 4;
 /// The tracked end is looked at as far as this.
-constexpr Frame kAfter = 43;
+constexpr Frame kAfter = 86;
 /// Where nothing was struck, or nothing lies an octave below.
 constexpr float kNoStroke = -3;
 constexpr float kNoOctave = -2;
@@ -195,6 +195,8 @@ EndInputs::Inputs EndInputs::inputs() const {
   *next++ = std::log(m_note.peak + kSmall);
   *next++ = static_cast<float>(std::clamp(m_note.end - m_frame, -kAfter, kAfter)) /
             static_cast<float>(kAfter);
+  *next++ = m_around.fall();
+  *next++ = m_around.fallOfNotes();
   assert(next == inputs.data() + inputs.size());
   return inputs;
 }

@@ -14,7 +14,7 @@ namespace korvel::precise {
 /// struck since the note began, and how the others fare.
 class EndInputs {
  public:
-  static constexpr std::size_t kCount = 79;
+  static constexpr std::size_t kCount = 81;
   using Inputs = std::array<float, kCount>;
 
   /// Note i of the surroundings, which must outlive this.

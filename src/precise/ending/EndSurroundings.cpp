@@ -3,7 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <numeric>
+
+#include "precise/judging/Quantile.h"
 
 namespace korvel::precise {
 namespace {
@@ -14,6 +17,13 @@ constexpr Frame kSettled = 4;
 constexpr Frame kJustEnded = 6;
 /// Bins from the fundamental to the partials: 36 times the binary logarithm of their numbers.
 constexpr std::array<std::size_t, kPartialCount> kPartialBins{0, 36, 57, 72, 84, 93, 101, 108};
+
+/// Falls are looked for within so many frames.
+constexpr std::size_t kFallFrames = 7;
+/// Keeps logarithms of nothing in bounds.
+constexpr float kSmall = 0.03F;
+
+float ratio(float level, float other) { return std::log((level + kSmall) / (other + kSmall)); }
 
 float textureOf(std::span<const Candidate> notes) {
   Frame sounding = 0;
@@ -41,6 +51,31 @@ EndSurroundings::EndSurroundings(const Seen& seen, std::span<const Candidate> no
     m_totals[t] = std::accumulate(row.begin(), row.end(), 0.0F);
   }
   findFirstBeside();
+  m_fall = fallOfTotals();
+  m_fallOfNotes = medianOfSteepestFalls();
+}
+
+/// What few frames fall by more.
+float EndSurroundings::fallOfTotals() const {
+  constexpr double kSteepest = 0.03;
+  std::vector<float> falls;
+  for (std::size_t t = kFallFrames; t < m_totals.size(); ++t)
+    falls.push_back(ratio(m_totals[t], m_totals[t - kFallFrames]));
+  return quantile(falls, kSteepest);
+}
+
+float EndSurroundings::steepestFall(const Candidate& note) const {
+  float steepest = 0;
+  for (Frame t = note.onset + kSettled; t < note.end; ++t)
+    steepest = std::min(steepest, ratio(level(note.pitch, t + static_cast<Frame>(kFallFrames)),
+                                        level(note.pitch, t)));
+  return steepest;
+}
+
+float EndSurroundings::medianOfSteepestFalls() const {
+  std::vector<float> falls;
+  for (const Candidate& note : m_notes) falls.push_back(steepestFall(note));
+  return quantile(falls, 0.5);
 }
 
 void EndSurroundings::findFirstBeside() {

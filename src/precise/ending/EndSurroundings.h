@@ -38,6 +38,10 @@ class EndSurroundings {
   std::size_t firstBeside(std::size_t i) const { return m_firstBeside[i]; }
   /// The mean number of notes that sound while any does.
   float texture() const { return m_texture; }
+  /// How steeply everything falls where it falls most, and notes where they do, as logarithms of
+  /// ratios: less in a room that goes on to ring.
+  float fall() const { return m_fall; }
+  float fallOfNotes() const { return m_fallOfNotes; }
 
   /// How strongly a pitch sounds, the loudest one, and all together.
   float level(std::size_t pitch, Frame frame) const;
@@ -56,6 +60,9 @@ class EndSurroundings {
  private:
   Frame inside(Frame frame) const;
   void findFirstBeside();
+  float fallOfTotals() const;
+  float steepestFall(const Candidate& note) const;
+  float medianOfSteepestFalls() const;
 
   Seen m_seen;
   Smoothed m_level;
@@ -63,6 +70,8 @@ class EndSurroundings {
   std::vector<std::size_t> m_firstBeside;
   std::vector<float> m_totals;
   float m_texture = 0;
+  float m_fall = 0;
+  float m_fallOfNotes = 0;
 };
 
 }  // namespace korvel::precise

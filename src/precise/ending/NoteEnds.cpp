@@ -11,11 +11,13 @@ namespace {
 
 /// For this long a note does not end, in frames.
 constexpr Frame kLeast = 5;
-/// It may go on for so long after its level was lost.
-constexpr Frame kAfter = 43;
-/// The logarithm of the odds, two to one, from which silence is heard: frames that lie side by side
-/// err together, and a note that ends too early costs more of it than one that ends too late.
-constexpr float kOddsOfSilence = 0.7F;
+/// It may go on for so long after its level was lost, as faint ones do under others.
+constexpr Frame kAfter = 129;
+/// The logarithm of the odds, five to three, from which silence is heard: frames that lie side by
+/// side err together, and a note that ends too early costs more of it than one that ends too late.
+constexpr float kOddsOfSilence = 0.5F;
+/// Where the odds have fallen by this, no later frame makes up for it.
+constexpr float kLost = 60;
 
 }  // namespace
 
@@ -35,13 +37,16 @@ Frame NoteEnds::endOf(std::size_t i) const {
   Frame end = std::min(note.onset + kLeast, limit);
   float sum = 0;
   float best = 0;
+  bool isOver = false;
   for (Frame t = note.onset + 1; t < limit; ++t) {
     known.pass(t);
     if (t < note.onset + kLeast) continue;
     const EndInputs::Inputs inputs = known.inputs();
     if (m_observer) m_observer->frame(note, t, inputs);
     sum += logOdds(endWeights(), inputs) + kOddsOfSilence;
-    if (sum < best) continue;
+    isOver = isOver || best - sum > kLost;
+    if (isOver && !m_observer) break;
+    if (isOver || sum < best) continue;
     best = sum;
     end = t + 1;
   }

@@ -18,8 +18,8 @@ class NoteEnds {
   NoteEnds(const EndSurroundings::Seen& seen, std::span<const Candidate> notes, Observer* observer)
       : m_around(seen, notes), m_observer(observer) {}
 
-  /// Where note i ends, up to half a second after it was tracked to end, but before the next one of
-  /// its pitch begins.
+  /// Where note i ends, up to one and a half seconds after it was tracked to end, but before the
+  /// next one of its pitch begins.
   Frame endOf(std::size_t i) const;
 
  private:
