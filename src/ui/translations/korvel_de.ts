@@ -1607,6 +1607,10 @@
         <source>%1: bars were taken out or put in at chord %2, where it differs from the recording</source>
         <translation>%1: Bei Akkord %2 wurden Takte herausgenommen oder eingefügt, dort weicht er von der Aufnahme ab</translation>
     </message>
+    <message>
+        <source>%1: is neither what its name says nor a sound file; fetch it again, or save it as MIDI or MusicXML in the program that it is from</source>
+        <translation>%1: ist weder, was der Name sagt, noch eine Tondatei; hol sie noch einmal, oder speichere sie in dem Programm, aus dem sie ist, als MIDI oder MusicXML</translation>
+    </message>
 </context>
 <context>
     <name>Quit</name>
