@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "model/instruments/SongTuning.h"
 #include "platform/loop/PlainRunLoop.h"
 #include "platform/sqlite/StoreError.h"
 #include "support/RecordingViews.h"
@@ -125,10 +126,14 @@ TEST_F(ImportDeskTest, recordingIsKnownAgainAndHeardAnewIntoItsSong) {
   EXPECT_EQ(songHeardIn(QBTabMgr::db(), m_file), song.get());
   EXPECT_TRUE(canHearAnew(*song));
   ImportDesk desk(*m_tree);
+  HearingSettings ofOthers;
+  ofOthers.fingering.capo = 5;
+  desk.setDetection(preciseDetection(), ofOthers);
   const auto again = desk.hearAgain(*song);
   ASSERT_NE(again, nullptr);
   runUntil([&] { return !again->isRunning(); });
   EXPECT_TRUE(song->isDeleted());
+  EXPECT_EQ(capoOf(*again->newSong()), 0);
   EXPECT_EQ(test::linesOf(*again->newSong()), expected);
   EXPECT_TRUE(QBSession::session().undo());
   EXPECT_EQ(m_views.log.back(), "Undo Hear Again");

@@ -5,6 +5,7 @@
 
 #include "model/instruments/QBInstrument.h"
 #include "model/instruments/QBTuning.h"
+#include "model/instruments/SongTuning.h"
 #include "model/recorded/ConcertA.h"
 #include "model/recorded/SongRecording.h"
 #include "model/songs/QBAlbum.h"
@@ -158,6 +159,7 @@ HearingSettings ImportDesk::settingsFor(const QBSong& song, const Otherwise& oth
     settings.rhythm = read->wishes;
   if (recording) settings.players = recording->isBand() ? Players::band : Players::guitar;
   settings.concertA = otherwise.farA ? hertzOfA(*otherwise.farA) : recordedAOf(song);
+  if (recording || song.hasCapo()) settings.fingering.capo = capoOf(song);
   if (otherwise.players) settings.players = *otherwise.players;
   if (song.isWhole()) settings.voices = otherwise.voices;
   if (settings.players == Players::band) settings.grid = Grid::beats;

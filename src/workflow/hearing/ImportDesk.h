@@ -49,8 +49,8 @@ class ImportDesk {
   /// session, and nothing was made then; none is answered.
   std::shared_ptr<QBCmdImportSong> importFile(const std::string& file, QBAlbum* into = nullptr);
   /// Hears the recording of a song again, from its beginning; in the end what was heard takes the
-  /// song's place. What its user said of its rhythm holds, and what plays in it is what it was
-  /// heard as. Problems as above.
+  /// song's place. What its user said of its rhythm holds, so does its capo, and what plays in it
+  /// is what it was heard as. Problems as above.
   std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song, const Otherwise& otherwise);
   std::shared_ptr<QBCmdImportSong> hearAgain(QBSong& song) { return hearAgain(song, {}); }
   /// The same for a song that was left to this start; none when it is not there any more.
