@@ -273,9 +273,10 @@ void QBPlayerViewController::setSound(const PlayedSound& sound) {
 }
 
 /// What it has to be filled anew for goes on with the chord that was heard. In steps a place is that
-/// of the chord before it.
+/// of the chord before it, and the last one has none.
 void QBPlayerViewController::replay() {
-  const int index = m_midi->playbackPosition();
+  int index = m_midi->playbackPosition();
+  if (index < 0 && !m_loops) index = m_shown;
   const int ahead = m_song->isOnBeats() ? 0 : 1;
   end({});
   play();

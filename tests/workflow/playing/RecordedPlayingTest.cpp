@@ -136,6 +136,12 @@ TEST_F(RecordedPlayingTest, whatIsHeardChangesWhereItPlays) {
     EXPECT_GE(m_player.secondsHeard(), place - 1e-6);
     place = m_player.secondsHeard();
   }
+  while (m_player.isPlaying() && *m_player.recordedSeconds() < 7.1 * kSecondsOfChord)
+    m_loop.run(std::chrono::duration<double>(0.05));
+  sound.silent = {};
+  m_player.setSound(sound);
+  m_loop.run(std::chrono::duration<double>(0.1));
+  EXPECT_GT(*m_player.recordedSeconds(), 5 * kSecondsOfChord) << "the last chord";
   EXPECT_EQ(m_controls.told, "");
   m_loop.run(std::chrono::duration<double>(4));
   EXPECT_FALSE(m_player.isPlaying()) << "to its end";
