@@ -9,7 +9,7 @@ namespace korvel::fingering {
 /// Where on the neck the player is expected to be.
 struct Position {
   enum class Kind {
-    anywhere,  ///< The hand goes where players would: with melodies that it reaches so, to the nut.
+    anywhere,  ///< Where players would go, and for melodies within reach there, in open position.
     open,      ///< The first frets and open strings, and higher only where a note demands it.
     around,    ///< The first finger stays about `fret`, open strings are avoided there.
     towards,   ///< The hand is drawn to `fret`, and goes elsewhere for little.
