@@ -63,7 +63,7 @@ void soundAsPlayed(PageSource& song) {
     if (shape)
       for (int& fret : *shape)
         if (fret != kNotPlayed) fret += song.capo;
-    chord.shape = shape;
+    if (shape && isOnNeck(*shape)) chord.shape = shape;
   }
 }
 

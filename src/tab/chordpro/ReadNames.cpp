@@ -6,6 +6,7 @@
 #include <cctype>
 
 #include "arrange/harmony/ChordName.h"
+#include "fingering/FingeringOptions.h"
 #include "model/book/QBHarmony.h"
 #include "model/store/QBTabMgr.h"
 #include "music/Pitch.h"
@@ -72,8 +73,12 @@ std::optional<PageSource::Chord> ReadNames::chordOf(std::string_view name) {
   return chord;
 }
 
+bool isOnNeck(const ChordShape& shape) {
+  return std::ranges::max(shape) <= fingering::FingeringOptions::kMostFrets;
+}
+
 void ReadNames::define(std::string_view name, const ChordShape& shape) {
-  m_shapes.insert_or_assign(std::string(platform::trimmed(name)), shape);
+  if (isOnNeck(shape)) m_shapes.insert_or_assign(std::string(platform::trimmed(name)), shape);
 }
 
 std::optional<PageSource::Chord> ReadNames::read(std::string_view name) {

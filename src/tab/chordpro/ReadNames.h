@@ -18,6 +18,9 @@ inline bool isLetterOfWord(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '\'' || (c & '\x80') != 0;
 }
 
+/// Whether there are guitars with all its frets.
+bool isOnNeck(const ChordShape& shape);
+
 /// The names of chords as files write them.
 class ReadNames {
  public:
@@ -26,7 +29,8 @@ class ReadNames {
   /// The chord without its place: one without a root for "N.C."; none for what is no chord. A type
   /// that the chord book has not counts as the longest beginning of it that it has.
   std::optional<PageSource::Chord> chordOf(std::string_view name);
-  /// That chord is held so, counted from the nut or the capo.
+  /// That chord is held so, counted from the nut or the capo. A shape that no neck has is passed
+  /// over, so that another one is found.
   void define(std::string_view name, const ChordShape& shape);
 
   const std::vector<std::string>& unknown() const { return m_unknown; }
