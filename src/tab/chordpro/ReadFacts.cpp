@@ -5,6 +5,7 @@
 #include <iterator>
 #include <vector>
 
+#include "fingering/FingeringOptions.h"
 #include "music/Pitch.h"
 #include "platform/text/Blanks.h"
 #include "tab/chordpro/ReadNames.h"
@@ -43,7 +44,7 @@ void ReadFacts::define(std::string_view value) {
   if (words.empty() || std::distance(frets, words.end()) <= kStrings) return;
   int base = 1;
   if (const auto at = std::ranges::find(words, "base-fret"); words.end() - at > 1)
-    base = static_cast<int>(std::clamp(numberIn(*(at + 1)).value_or(1), 1.0, 20.0));
+    base = std::max(1, wholeIn(*(at + 1), fingering::FingeringOptions::kMostFrets).value_or(1));
   ChordShape shape;
   for (std::size_t s = 0; s < shape.size(); ++s) {
     const auto fret = numberIn(*(frets + 1 + static_cast<std::ptrdiff_t>(s)));
