@@ -67,6 +67,19 @@ TEST(PreciseEngine, hearsSingleNotesWhereTheyAre) {
   }
 }
 
+// An octave or a twelfth above others is soon lost among their partials.
+TEST(PreciseEngine, holdsFaintNotesOfAChordUntilItIsStopped) {
+  for (const char* shape : {"x02220", "022100", "133211", "x24432"}) {
+    const std::vector<int> played = test::notesOf(shape);
+    const Analysis analysis = listen(strummed({{played, 2.5}, {{}, 0.8}}));
+    for (const int pitch : played) {
+      const auto note = std::ranges::find(analysis.notes, pitch, &Note::pitch);
+      ASSERT_NE(note, analysis.notes.end()) << shape << ' ' << pitch;
+      EXPECT_NEAR(note->end, 3.0, 0.12) << shape << ' ' << pitch;
+    }
+  }
+}
+
 // What a room adds to a note that was stopped, half a second of it, is none of the note.
 TEST(PreciseEngine, endsNotesThatRingOnInARoom) {
   std::vector<test::Strum> strums;
