@@ -222,5 +222,13 @@ TEST_F(SongPageTest, readsFilesInTheLettersOfAnyProgram) {
             song.bars.at(1).tick);
 }
 
+TEST_F(SongPageTest, chordProThatRepeatsMoreThanASongHoldsIsCut) {
+  std::string line = "|: A";
+  for (int i = 0; i < 5000; ++i) line += "~B~A";
+  std::string text = "{sog}\n";
+  for (int i = 0; i < 20; ++i) text += line + " :| x100\n";
+  EXPECT_LT(readChordPro(QBTabMgr::db(), text).song.chords.size(), 200000U);
+}
+
 }  // namespace
 }  // namespace korvel

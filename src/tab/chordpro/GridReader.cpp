@@ -2,6 +2,7 @@
 #include "tab/chordpro/GridReader.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <optional>
 
@@ -116,10 +117,13 @@ std::vector<PageSource::Chord> GridReader::chordsOf(const std::vector<std::strin
                                                     int ticks) {
   std::vector<PageSource::Chord> chords;
   const int count = static_cast<int>(cells.size());
+  const auto tickOf = [&](int cell) {
+    return static_cast<int>(std::int64_t{ticks} * cell / count);
+  };
   for (int cell = 0; cell < count; ++cell) {
     auto ofCell = chordsOf(cells[static_cast<std::size_t>(cell)]);
-    const int from = ticks * cell / count;
-    const int to = ticks * (cell + 1) / count;
+    const int from = tickOf(cell);
+    const int to = tickOf(cell + 1);
     const int shares = static_cast<int>(ofCell.size());
     for (int i = 0; i < shares; ++i)
       ofCell[static_cast<std::size_t>(i)].tick = from + (to - from) * i / shares;

@@ -10,7 +10,11 @@
 namespace korvel {
 namespace {
 
+/// Longer files are no songs, nor are those whose bars hold more than so many letters once repeats
+/// are played out; a chord counts as some.
 constexpr std::size_t kMostBarsRead = 20000;
+constexpr std::size_t kMostLettersRead = std::size_t{4} << 20U;
+constexpr std::size_t kLettersOfChord = 32;
 
 /// The same chord again goes on.
 void addUnlessSame(PageSource& song, PageSource::Chord chord, int bar) {
@@ -38,8 +42,14 @@ ReadBars::Bar& ReadBars::open() { return m_open.emplace(Bar{m_beat, m_beattype})
 
 void ReadBars::end() {
   if (!m_open) return;
-  m_bars.push_back(std::move(*m_open));
+  keep(std::move(*m_open));
   m_open.reset();
+}
+
+void ReadBars::keep(Bar bar) {
+  m_letters += bar.chords.size() * kLettersOfChord;
+  for (const PageSource::Words& words : bar.words) m_letters += words.text.size();
+  m_bars.push_back(std::move(bar));
 }
 
 void ReadBars::addWhole(Chord chord) {
@@ -86,6 +96,7 @@ void ReadBars::addWords(std::string_view words) {
   Bar& bar = m_open ? *m_open : m_bars.back();
   const int tick = bar.chords.empty() ? 0 : bar.chords.back().tick;
   bar.words.push_back({tick, std::string(words)});
+  if (!m_open) m_letters += words.size();
 }
 
 void ReadBars::addEarlyWords() {
@@ -95,10 +106,7 @@ void ReadBars::addEarlyWords() {
 // ---- what comes again
 
 void ReadBars::repeat(std::size_t from, std::size_t behind) {
-  for (std::size_t at = from; at < behind; ++at) {
-    Bar again = m_bars[at];
-    m_bars.push_back(std::move(again));
-  }
+  for (std::size_t at = from; at < behind && !isTooLong(); ++at) keep(m_bars[at]);
 }
 
 void ReadBars::repeatLast(std::size_t count) {
@@ -107,7 +115,7 @@ void ReadBars::repeatLast(std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     Bar again = m_bars[from + i];
     again.words.clear();
-    m_bars.push_back(std::move(again));
+    keep(std::move(again));
   }
 }
 
@@ -117,7 +125,9 @@ std::size_t ReadBars::room() const {
   return kMostBarsRead - std::min(kMostBarsRead, m_bars.size());
 }
 
-bool ReadBars::isTooLong() const { return m_bars.size() > kMostBarsRead; }
+bool ReadBars::isTooLong() const {
+  return m_bars.size() > kMostBarsRead || m_letters > kMostLettersRead;
+}
 
 void ReadBars::layInto(PageSource& song) const {
   song.isInBars = true;

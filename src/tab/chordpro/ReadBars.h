@@ -34,7 +34,7 @@ class ReadBars {
   void addWords(std::string_view words);
   /// Nothing more comes into the open bar.
   void end();
-  /// Once more the bars from one index to before another one.
+  /// Once more the bars from one index to before another one, until there are too many.
   void repeat(std::size_t from, std::size_t behind);
   /// Once more so many of the last bars, without their words. Nothing where there are fewer.
   void repeatLast(std::size_t count);
@@ -59,9 +59,11 @@ class ReadBars {
   };
 
   Bar& open();
+  void keep(Bar bar);
   void addEarlyWords();
 
   std::vector<Bar> m_bars;
+  std::size_t m_letters = 0;  ///< Of all that they hold.
   std::optional<Bar> m_open;
   std::string m_early;  ///< Words before the first chord.
   int m_beat = 4;
