@@ -28,7 +28,8 @@ if "notes" in heard:
     for notes in grouped(heard["notes"]):
         for note in notes:
             assert note["onset"] < note["offset"] and note["strength"] > 0, note
-            assert 0.5 < note["probability"] <= 1, note
+            # What is sure by itself, or what a stroke asks for, is taken for less than one half.
+            assert 0.15 <= note["probability"] <= 1, note
         print(f"{notes[0]['onset']:.1f}", drawn(notes))
 else:
     runs = []
