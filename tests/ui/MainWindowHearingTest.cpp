@@ -102,6 +102,8 @@ TEST_F(MainWindowTest, textsWithTabsOrChordsOpenWhateverTheyAreCalled) {
   }
   for (const char* song : {"One/One ", "Two/Two ", "Rain/Rain "})
     EXPECT_NE(titles().find(song), std::string::npos) << titles();
+  EXPECT_EQ(m_window->tablature().song()->title(), "Rain") << "the last one is shown";
+  EXPECT_EQ(Preferences().recentFiles().size(), songs);
 }
 
 TEST_F(MainWindowTest, whereALostRecordingIsIsAskedOnce) {

@@ -142,6 +142,7 @@ void LibraryActions::importChords(const QString& file, QBAlbum* into) {
   if (into) choices.album = into->name();
   attempt([&] {
     QBSong& song = songOfChordPro(QBTabMgr::db(), platform::readWholeFile(path), path, choices);
+    emit pieceStarted(file);
     emit imported(file, &song);
   });
 }
