@@ -20,6 +20,7 @@ constexpr std::int64_t kWhole = 4 * kGrainsOfQuarter;
 constexpr std::int64_t kTripletOfBeat = 3 * kEighth;  ///< As it is written, before it is squeezed.
 constexpr int kMostCounted = 16;
 constexpr std::size_t kMostOfTriplet = 6;
+constexpr std::ptrdiff_t kFewestCounted = 3;
 
 bool isIn(char32_t c, std::u32string_view set) { return set.find(c) != std::u32string_view::npos; }
 
@@ -31,6 +32,35 @@ TabBar& barAt(std::vector<TabBar>& bars, std::size_t column) {
 
 std::ptrdiff_t columnIn(const TabBar& bar, std::size_t column) {
   return static_cast<std::ptrdiff_t>(column) - static_cast<std::ptrdiff_t>(bar.column);
+}
+
+/// How much of what is struck would be counted were the marks so many columns further right.
+std::ptrdiff_t countedAt(std::ptrdiff_t right, const std::vector<TabBar>& bars) {
+  const auto countIn = [right](const TabBar& bar) {
+    return std::ranges::count_if(bar.struck, [&](const Struck& struck) {
+      return std::ranges::any_of(bar.marks, [&](const Mark& mark) {
+        const std::ptrdiff_t column = mark.column + right;
+        return column >= static_cast<std::ptrdiff_t>(struck.first) &&
+               column <= static_cast<std::ptrdiff_t>(struck.last);
+      });
+    });
+  };
+  std::ptrdiff_t counted = 0;
+  for (const TabBar& bar : bars) counted += countIn(bar);
+  return counted;
+}
+
+/// Whoever names strings "Eb" or draws double lines has the count a column beside what it counts.
+void moveMarksOntoNotes(std::vector<TabBar>& bars) {
+  std::ptrdiff_t struck = 0;
+  for (const TabBar& bar : bars) struck += std::ssize(bar.struck);
+  if (struck < kFewestCounted || countedAt(0, bars) > 0) return;
+  for (const std::ptrdiff_t right : {1, -1}) {
+    if (countedAt(right, bars) < struck) continue;
+    for (TabBar& bar : bars)
+      for (Mark& mark : bar.marks) mark.column += right;
+    return;
+  }
 }
 
 }  // namespace
@@ -143,6 +173,7 @@ void RhythmRows::tellCounts(std::vector<TabBar>& bars, const Counts& counts, con
     if (!bar.metre && metre.beats > 1) bar.metre = metre;
     tellBeat(bar, std::span(counts).subspan(i, end - i), hasHalves, unit);
   }
+  if (hasHalves && !known.isOwn) moveMarksOntoNotes(bars);
 }
 
 /// "1 + a" is a triplet, "1 e + a" and "1 . + ." are four; without halves signs divide a beat

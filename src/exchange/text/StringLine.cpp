@@ -21,10 +21,22 @@ bool isOneOf(char32_t c, std::u32string_view set) {
   return set.find(c) != std::u32string_view::npos;
 }
 
-/// A name is followed by the string, which may stand a few blanks further.
+/// "0---" or "0 - 2 |", but no shape of a chord, such as "0-2-2-1-0-0".
+bool beginsWithFret(std::u32string_view text) {
+  const bool isMuted = isOneOf(at(text, 0), U"xX");
+  const std::size_t fret = isMuted ? 1 : text.find_first_not_of(U"0123456789");
+  const std::size_t next = std::min(text.find_first_not_of(U' ', fret), text.size());
+  const bool isDrawnOn =
+      text.find(U"--") != std::u32string_view::npos || text.find(U'|') != std::u32string_view::npos;
+  return fret > 0 && isOneOf(at(text, next), U"-|") && isDrawnOn;
+}
+
+/// A name is followed by the string, which may stand a few blanks further and begin with a fret
+/// there.
 bool isFollowedByString(std::u32string_view row, std::size_t column) {
   const std::size_t next = row.find_first_not_of(U" :)]", column);
-  return next != std::u32string_view::npos && isOneOf(row[next], U"|-");
+  if (next == std::u32string_view::npos) return false;
+  return isOneOf(row[next], U"|-") || (next > column && beginsWithFret(row.substr(next)));
 }
 
 /// The dashes and bars of "PM----|" and of words with a hyphen are no string.

@@ -23,9 +23,17 @@ struct Piecelet {
 };
 using Parts = std::vector<Piecelet>;
 
+/// "| e|" between systems that stand side by side.
+bool isNameAlone(const Row& text) {
+  const std::size_t first = std::min(text.find_first_not_of(U' '), text.size());
+  const std::size_t last = text.find_last_not_of(U' ');
+  const auto name = nameAt(text.substr(0, last + 1) + U"|", first);
+  return name && name->end == last + 1;
+}
+
 void cut(const StringLine& line, std::size_t from, std::size_t to, Parts& parts) {
   const Row text = line.body.substr(std::min(from, line.body.size()), to - from);
-  if (!isBlank(text)) parts.push_back({line.column + from, text});
+  if (!isBlank(text) && !isNameAlone(text)) parts.push_back({line.column + from, text});
 }
 
 Parts partsAtBars(const StringLine& line) {
