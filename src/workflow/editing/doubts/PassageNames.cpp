@@ -48,7 +48,8 @@ void PassageNames::rename(const rhythm::ChordSpan& before, const rhythm::ChordSp
   const double from = m_before.secondsOf(before.from) - kSample;
   const double to = m_before.secondsOf(before.to) - kSample;
   if (!known || !named) return;
-  for (const auto& chord : m_song->allChords()) {
+  const auto chords = m_song->allChords();  // copied: what is renamed makes the song forget them
+  for (const auto& chord : chords) {
     const double seconds = static_cast<double>(chord->beatTime()) / platform::kSampleRate;
     const bool hasName = chord->harmony() == known && chord->baseTone() == before.root;
     if (!chord->hasBeatTime() || seconds < from || seconds >= to || !hasName || chord->isEdited())
