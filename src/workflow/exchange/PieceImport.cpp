@@ -30,6 +30,7 @@
 #include "workflow/exchange/PieceTuning.h"
 #include "workflow/library/NameRules.h"
 #include "workflow/library/QBNameMgr.h"
+#include "workflow/library/TuningEdits.h"
 #include "workflow/session/QBSession.h"
 
 namespace korvel {
@@ -202,6 +203,9 @@ platform::Slices PieceImport::supplying() {
   platform::Slices part = m_notes->placing();
   while (part.next()) co_yield part.done();
   m_left = m_notes->left();
+  if (m_notes->areStringsFound())
+    printOut({phrase("Log", "it names no tuning; by its low notes it is in %1"),
+              nameOfTuning(m_notes->open())});
   requireNotes();
   if (isPlayed) {
     part = readingRhythm();
@@ -217,6 +221,7 @@ TrackNotes::Guitar PieceImport::guitar() const {
   TrackNotes::Guitar guitar{.fingering = m_choices.fingering};
   if (QBTuning* tuning = m_choices.tuning) guitar.open = tuning->openStrings().pitches();
   if (QBTuning* selected = db().selectedTuning()) guitar.usual = selected->openStrings().pitches();
+  guitar.lower = pitchesOfKnownTunings();
   return guitar;
 }
 

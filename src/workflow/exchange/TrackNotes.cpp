@@ -2,9 +2,11 @@
 #include "workflow/exchange/TrackNotes.h"
 
 #include <algorithm>
+#include <span>
 
 #include "exchange/Piece.h"
 #include "fingering/Fingering.h"
+#include "fingering/TuningFit.h"
 #include "music/Pitch.h"
 
 namespace korvel {
@@ -19,6 +21,9 @@ constexpr float kUsualAmplitude = 0.1F;
 constexpr double kShortestSounded = 0.001;  // seconds
 /// Thirty-seconds are just not taken for one strum then.
 constexpr double kFastestWritten = 140;
+/// Enough to tell strings by.
+constexpr std::size_t kMostNotesToTell = 1000;
+constexpr std::ptrdiff_t kOften = 3;
 
 OpenPitches pitchesOf(const std::vector<int>& open) {
   OpenPitches pitches{};
@@ -44,6 +49,8 @@ TrackNotes::TrackNotes(const exchange::Piece& piece, const exchange::Track& trac
   if (isOfSix(track) || track.capo > 0) m_options.capo = track.capo;
   m_options.capo = std::clamp(m_options.capo, 0, FingeringOptions::kHighestCapo);
   readNotes();
+  if (!guitar.open) findStrings(guitar.lower);
+  for (fingering::Note& note : m_notes) bringOntoNeck(note);
 }
 
 void TrackNotes::readNotes() {
@@ -56,9 +63,37 @@ void TrackNotes::readNotes() {
     note.pitch = played.pitch;
     note.strength = strengthOf(played.velocity);
     note.amplitude = kUsualAmplitude * note.strength;
-    bringOntoNeck(note);
     m_notes.push_back(note);
   }
+}
+
+/// For no other instrument. Those of them that all notes are on: the ones that the piece lies on
+/// clearly best, or else the first whose lowest string is the lowest note, which is struck open.
+void TrackNotes::findStrings(const std::vector<OpenPitches>& lower) {
+  const auto hasPlace = [](const exchange::Note& note) { return note.string >= 0; };
+  const bool isOther = m_track.program >= 0 && !m_track.isGuitar();
+  if (m_notes.empty() || isOther || !m_track.open.empty() ||
+      std::ranges::any_of(m_track.notes, hasPlace))
+    return;
+  const int lowest = std::ranges::min(m_notes, {}, &fingering::Note::pitch).pitch - m_options.capo;
+  if (std::ranges::min(m_open) <= lowest) return;
+  std::vector<fingering::Strings> reaching;
+  for (const OpenPitches& open : lower)
+    if (std::ranges::min(open) <= lowest) reaching.push_back({open});
+  const std::span notes(m_notes.data(), std::min(m_notes.size(), kMostNotesToTell));
+  auto found = fingering::otherTuning(m_open, reaching, m_options, notes);
+  if (!found && isStruckOften(lowest + m_options.capo)) {
+    const auto isLowest = [&](const auto& each) { return std::ranges::min(each.open) == lowest; };
+    const auto tuned = std::ranges::find_if(reaching, isLowest);
+    if (tuned != reaching.end()) found = *tuned;
+  }
+  if (!found) return;
+  m_open = found->open;
+  m_areStringsFound = true;
+}
+
+bool TrackNotes::isStruckOften(int pitch) const {
+  return std::ranges::count(m_notes, pitch, &fingering::Note::pitch) >= kOften;
 }
 
 void TrackNotes::bringOntoNeck(fingering::Note& note) {

@@ -37,6 +37,8 @@ class TrackNotes {
     /// In place of the track's own strings, whose places do not hold then.
     std::optional<OpenPitches> open{};
     OpenPitches usual = kStandardPitches;  ///< For a track that does not name six strings.
+    /// In place of the usual ones, for a track that says nothing of strings and has lower notes.
+    std::vector<OpenPitches> lower{};
     /// For notes that the file names no place of. The capo is one for a track without its own.
     fingering::FingeringOptions fingering{};
   };
@@ -53,11 +55,15 @@ class TrackNotes {
   /// Which their onsets and ends are of.
   const PieceTime& time() const { return m_time; }
   const OpenPitches& open() const { return m_open; }
+  /// Whether these are none that the track or the user names, nor the usual ones.
+  bool areStringsFound() const { return m_areStringsFound; }
   int capo() const { return m_options.capo; }
   const LeftOut& left() const { return m_left; }
 
  private:
   void readNotes();
+  void findStrings(const std::vector<OpenPitches>& lower);
+  bool isStruckOften(int pitch) const;
   void bringOntoNeck(fingering::Note& note);
   std::optional<int> stringOf(std::size_t note) const;
   void takeString(fingering::Note& note, int string) const;
@@ -66,6 +72,7 @@ class TrackNotes {
   PieceTime m_time;
   OpenPitches m_open;
   bool m_keepsPlaces;
+  bool m_areStringsFound = false;
   fingering::FingeringOptions m_options;
   std::vector<fingering::Note> m_notes;
   LeftOut m_left;

@@ -216,6 +216,33 @@ not kept as it was: notes moved by octaves (1), notes moved to the nearest twelf
   EXPECT_EQ(fretsOf(*m_song), "xx0xxx xx5xxx xxx2xx xxxxxx 4xxxxx xxxxxx xxxx3x ");
 }
 
+/// Riffs on a low D, and those of a bass, which no guitar reaches.
+TEST_F(PieceImportTest, aTrackWithoutStringsTellsThemByItsLowNotes) {
+  const auto riffs = [](int down) {
+    std::string notes;
+    int at = 0;
+    for (int time = 0; time < 4; ++time)
+      for (const int root : {38, 38, 41, 43, 38, 45, 43, 41}) {
+        for (const int above : {0, 7, 12})
+          notes += std::to_string(at) + "+1:" + std::to_string(root + above - down) + ' ';
+        ++at;
+      }
+    return notes;
+  };
+  Piece piece;
+  piece.tracks = {track("Guitar", riffs(0))};
+  const std::string told = imported(piece);
+  EXPECT_TRUE(told.ends_with("\nit names no tuning; by its low notes it is in Drop D\n")) << told;
+  EXPECT_EQ(m_song->tuning()->descr(), "Drop D");
+  EXPECT_EQ(fretsOf(*m_song).substr(0, 14), "000xxx 000xxx ");
+
+  imported(piece, {.tuning = m_store.standard()});
+  EXPECT_EQ(m_song->tuning(), m_store.standard()) << "as the user wants it";
+  piece.tracks = {track("Bass", riffs(12))};
+  imported(piece);
+  EXPECT_EQ(m_song->tuning(), m_store.standard()) << "moved by octaves";
+}
+
 TEST_F(PieceImportTest, notesThatWerePlayedFreelyAreReadAsARecordingIs) {
   std::string notes;
   for (int i = 0; i < 32; ++i)  // eighths at 75, in a file that knows 120

@@ -245,7 +245,8 @@ void addImport(Command& tool) {
                    "their tablature");
   auto& options = command.own<ImportOptions>();
   command
-      .option("FILE", options.files, "Sound files, tablature as text, MIDI, MusicXML, Guitar Pro")
+      .option("FILE", options.files,
+              "Sound files, tablature as text, MIDI, MusicXML, Guitar Pro, ChordPro")
       .required()
       .shownAs("");
   command.option("--album", options.album, "Album for the songs (default: one for each file)");
