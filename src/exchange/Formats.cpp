@@ -39,6 +39,9 @@ constexpr std::string_view kCompressed[] = {"mxl"};
 constexpr std::string_view kMidi[] = {"mid", "midi", "kar", "rmi"};
 constexpr std::string_view kTabText[] = {"tab", "txt"};
 
+constexpr std::string_view kUnread[] = {"abc",  "alphatex", "atex", "capx", "ly",  "mscx", "mscz",
+                                        "musx", "mus",      "nwc",  "ptb",  "sib", "tef",  "tg"};
+
 constexpr FormatReader kFormatReaders[] = {
     {Format::guitarPro, kGuitarPro, readGuitarPro},
     {Format::musicXml, kMusicXml, readMusicXml},
@@ -160,6 +163,10 @@ std::vector<std::string_view> endingsOfPieces() {
 bool isNamedAsPiece(std::string_view name) {
   const std::vector<std::string_view> endings = endingsOfPieces();
   return std::ranges::find(endings, endingOf(name)) != endings.end();
+}
+
+bool isNamedAsUnread(std::string_view name) {
+  return std::ranges::find(kUnread, endingOf(name)) != std::end(kUnread);
 }
 
 Piece readPiece(const std::string& file) {

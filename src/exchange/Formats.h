@@ -27,6 +27,10 @@ std::vector<std::string_view> endingsOfPieces();
 /// Whether a file is called as if it had such a reader, whatever is in it.
 bool isNamedAsPiece(std::string_view name);
 
+/// Whether a file is called as programs for tabs and scores call theirs that have no reader, as of
+/// ABC notation.
+bool isNamedAsUnread(std::string_view name);
+
 /// Larger files are no music that somebody wrote.
 inline constexpr std::size_t kMostMebibytes = 32;
 

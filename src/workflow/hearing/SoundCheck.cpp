@@ -21,6 +21,11 @@ constexpr platform::Phrase kIsSomethingElse = phrase(
     "%1: is neither what its name says nor a sound file; fetch it again, or save it as MIDI or "
     "MusicXML in the program that it is from");
 
+constexpr platform::Phrase kIsUnread = phrase(
+    "Message",
+    "%1: tabs and scores of this kind are not read; save it as MusicXML, MIDI or Guitar Pro in the "
+    "program that it is from");
+
 void requireFile(const std::string& file) {
   std::error_code error;
   if (!fs::exists(file, error)) throw NoSound(phrase("Message", "%1: there is no such file"), file);
@@ -52,6 +57,7 @@ void requireSound(const std::string& file) {
   const platform::MediaAsset asset(file);
   if (!asset.hasTrackList() && exchange::isNamedAsPiece(file))
     throw NoSound(kIsSomethingElse, file);
+  if (!asset.hasTrackList() && exchange::isNamedAsUnread(file)) throw NoSound(kIsUnread, file);
   if (!asset.hasTrackList()) throw NoSound(asset.problem());
   try {
     platform::MediaReader reader(asset, soundTrack(asset));
