@@ -828,6 +828,10 @@
         <source>the bass was heard, and is written %1 octaves higher</source>
         <translation>der Bass wurde gehört und steht %1 Oktaven höher</translation>
     </message>
+    <message>
+        <source>it names no tuning; by its low notes it is in %1</source>
+        <translation>sie nennt keine Stimmung; nach ihren tiefen Tönen ist sie in %1</translation>
+    </message>
 </context>
 <context>
     <name>Message</name>
@@ -1610,6 +1614,10 @@
     <message>
         <source>%1: is neither what its name says nor a sound file; fetch it again, or save it as MIDI or MusicXML in the program that it is from</source>
         <translation>%1: ist weder, was der Name sagt, noch eine Tondatei; hol sie noch einmal, oder speichere sie in dem Programm, aus dem sie ist, als MIDI oder MusicXML</translation>
+    </message>
+    <message>
+        <source>%1: tabs and scores of this kind are not read; save it as MusicXML, MIDI or Guitar Pro in the program that it is from</source>
+        <translation>%1: Tabs und Noten dieser Art werden nicht gelesen; speichere die Datei als MusicXML, MIDI oder Guitar Pro in dem Programm, aus dem sie ist</translation>
     </message>
 </context>
 <context>

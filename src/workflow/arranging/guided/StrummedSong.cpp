@@ -68,8 +68,9 @@ class Strummer {
   }
 
   void strumAll(QBSong& copy) {
+    const auto chords = copy.allChords();  // once: with each that is strummed the song forgets them
     for (std::size_t i = 0; i < m_asNamed.steps().size(); ++i)
-      if (m_asNamed.steps()[i]) strumAt(i, *copy.allChords()[i]);
+      if (m_asNamed.steps()[i]) strumAt(i, *chords[i]);
   }
 
  private:
