@@ -2,11 +2,13 @@
 #include "workflow/exchange/PieceNames.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 
 #include "analysis/beats/SpanNames.h"
 #include "exchange/Piece.h"
 #include "model/book/QBHarmony.h"
+#include "music/Neck.h"
 #include "music/Pitch.h"
 #include "music/Ticks.h"
 #include "rhythm/harmony/BeatChords.h"
@@ -15,6 +17,10 @@
 
 namespace korvel {
 namespace {
+
+/// Shares of notes that are of the chords that names mean, or of others.
+constexpr double kMostTones = 0.7;
+constexpr double kFewTones = 0.5;
 
 int keyNumber(int tonic, bool minor) { return pitchClass(tonic) + (minor ? kNotesPerOctave : 0); }
 
@@ -48,6 +54,15 @@ rhythm::Bars barsToRead(const PieceBars& bars) {
 /// How far the names lie below what sounds.
 int stepToSound(const exchange::Track& track) { return track.namesAreShapes ? track.capo : 0; }
 
+/// By how much all strings are tuned higher than in Standard; 0 where not all are.
+int tunedUp(const exchange::Track& track) {
+  if (track.open.size() != kStrings) return 0;
+  const int step = track.open.front() - kStandardPitches.front();
+  for (std::size_t i = 0; i < kStandardPitches.size(); ++i)
+    if (track.open[i] - kStandardPitches.at(i) != step) return 0;
+  return step;
+}
+
 std::optional<ChordName> parsed(const QBTabMgr& db, const std::string& text) {
   try {
     return parseChordName(db, text);
@@ -61,7 +76,9 @@ std::optional<ChordName> parsed(const QBTabMgr& db, const std::string& text) {
 PieceNames::PieceNames(const QBTabMgr& db, const exchange::Piece& piece,
                        const exchange::Track& track, const TrackNotes& notes,
                        const PieceBars& bars) {
-  read(db, namedTrack(piece, track), bars);
+  const exchange::Track& named = namedTrack(piece, track);
+  read(db, named, bars);
+  if (named.namesAreShapes) moveWithStrings(named, bars);
   m_areWritten =
       std::ranges::any_of(m_names, [](const NamedFrom& each) { return each.name.has_value(); });
   find(db, notes, bars);
@@ -82,6 +99,32 @@ void PieceNames::read(const QBTabMgr& db, const exchange::Track& track, const Pi
     else
       m_names.back().name = name->second;
   }
+}
+
+/// In Eb and the like most people write what the hand holds, some what sounds: the notes tell.
+void PieceNames::moveWithStrings(const exchange::Track& track, const PieceBars& bars) {
+  const int step = tunedUp(track);
+  if (step == 0 || shareOfTones(track, bars, 0) > kFewTones ||
+      shareOfTones(track, bars, step) < kMostTones)
+    return;
+  for (NamedFrom& each : m_names)
+    if (each.name) each.name->baseTone = pitchClass(each.name->baseTone + step);
+}
+
+/// Of the notes below names: how many are of the chord so many half tones higher.
+double PieceNames::shareOfTones(const exchange::Track& track, const PieceBars& bars,
+                                int step) const {
+  int all = 0, ofChord = 0;
+  for (const exchange::Note& note : track.notes) {
+    const int tick = bars.placeOf(note.at).tick;
+    const auto after = std::ranges::upper_bound(m_names, tick, {}, &NamedFrom::tick);
+    if (after == m_names.begin() || !std::prev(after)->name) continue;
+    const ChordName& name = *std::prev(after)->name;
+    ++all;
+    if (name.harmony->includesNote(pitchClass(name.baseTone + step), pitchClass(note.pitch)))
+      ++ofChord;
+  }
+  return all == 0 ? 0 : static_cast<double>(ofChord) / all;
 }
 
 /// A bass that is not the root is not kept.

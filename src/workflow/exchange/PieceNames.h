@@ -39,6 +39,8 @@ class PieceNames {
 
  private:
   void read(const QBTabMgr& db, const exchange::Track& track, const PieceBars& bars);
+  void moveWithStrings(const exchange::Track& track, const PieceBars& bars);
+  double shareOfTones(const exchange::Track& track, const PieceBars& bars, int step) const;
   std::optional<ChordName> nameOf(const QBTabMgr& db, const std::string& text);
   void find(const QBTabMgr& db, const TrackNotes& notes, const PieceBars& bars);
 

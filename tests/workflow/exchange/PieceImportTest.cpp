@@ -158,6 +158,18 @@ not kept as it was: basses of chords (1), names of chords that the chord book do
   EXPECT_EQ(m_song->capo(), 2);
   EXPECT_EQ(m_song->allChords().front()->fullHarmonyName(), "A");
 
+  QBHarmony* major = m_song->allChords().front()->harmony();
+  for (int order = 0; const int step : {0, 4, 3}) major->addStep(order++, step);
+  major->forgetCaches();
+  for (const std::string name : {"G", "F#"}) {
+    piece.tracks = {track("In Eb", "0+1:42@0.3 0+1:49@2.0 0+1:54@3.0", {39, 44, 49, 54, 58, 63})};
+    piece.tracks[0].names = {{0, name}};
+    piece.tracks[0].namesAreShapes = true;
+    imported(piece);
+    EXPECT_EQ(m_song->allChords().front()->fullHarmonyName(), "F#")
+        << "of a hand, or of what sounds";
+  }
+
   piece.tracks = {track("Guitar", "0+1:64@5.0", {40, 45, 50, 55, 59, 64})};
   piece.tracks[0].mayHaveCapo = true;
   imported(piece, {.capo = 3});
