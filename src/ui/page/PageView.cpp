@@ -77,6 +77,7 @@ void PageView::layOut() {
   verticalScrollBar()->setPageStep(viewport()->height());
   verticalScrollBar()->setSingleStep(static_cast<int>(m_sheet.lineHeight() * 2));
   viewport()->update();
+  placeTyping();
 }
 
 QFont PageView::pageFont() const {
@@ -221,10 +222,8 @@ void PageView::zoomIn() { setZoom(m_zoom + kZoomStep); }
 
 void PageView::zoomOut() { setZoom(m_zoom - kZoomStep); }
 
-void PageView::resizeEvent(QResizeEvent*) {
-  endTyping(true);
-  layOut();
-}
+/// A scroll bar may come with the first words, while the next ones are typed.
+void PageView::resizeEvent(QResizeEvent*) { layOut(); }
 
 void PageView::showEvent(QShowEvent* event) {
   QAbstractScrollArea::showEvent(event);
@@ -346,18 +345,11 @@ void PageView::typeWordsAt(const Place& place) {
   endTyping(true);
   const PageSheet::Bar* bar = m_sheet.barOf(place);
   if (!bar || !m_places.ticksOf(place.section, place.time, place.bar)) return;
-  QRectF line(bar->place.left(), bar->place.bottom() - m_sheet.lineHeight(), bar->place.width(),
-              m_sheet.lineHeight());
-  if (place.time < static_cast<int>(bar->words.size()))
-    line = bar->words[static_cast<std::size_t>(place.time)];
   reveal(bar->place);
   m_typedAt = place;
   m_typing = new WordsLine(wordsOf(place), viewport());
   m_typing->setAccessibleName(tr("Lyrics of the bar"));
-  m_typing->setFont(pageFont());
-  const QSize size(std::max(static_cast<int>(line.width()), 12 * fontMetrics().averageCharWidth()),
-                   m_typing->sizeHint().height());
-  m_typing->setGeometry(QRect((line.topLeft() + origin()).toPoint(), size));
+  placeTyping();
   connect(m_typing, &WordsLine::left, this, [this] { endTyping(true); });
   connect(m_typing, &WordsLine::ended, this, [this](bool keep) {
     endTyping(keep);
@@ -367,6 +359,20 @@ void PageView::typeWordsAt(const Place& place) {
   m_typing->selectAll();
   m_typing->show();
   m_typing->setFocus();
+}
+
+/// Where the words of the bar are or, without any, below its chords.
+void PageView::placeTyping() {
+  const PageSheet::Bar* bar = m_typing ? m_sheet.barOf(m_typedAt) : nullptr;
+  if (!bar) return;
+  QRectF line(bar->place.left(), bar->place.bottom() - m_sheet.lineHeight(), bar->place.width(),
+              m_sheet.lineHeight());
+  if (m_typedAt.time < static_cast<int>(bar->words.size()))
+    line = bar->words[static_cast<std::size_t>(m_typedAt.time)];
+  m_typing->setFont(pageFont());
+  const QSize size(std::max(static_cast<int>(line.width()), 12 * fontMetrics().averageCharWidth()),
+                   m_typing->sizeHint().height());
+  m_typing->setGeometry(QRect((line.topLeft() + origin()).toPoint(), size));
 }
 
 /// The bars of a section one after the other, each time that it is played.

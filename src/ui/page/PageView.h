@@ -98,6 +98,7 @@ class PageView final : public QAbstractScrollArea, public SpokenView {
   void moveByLines(int lines);
   void choose(const PageSheet::Chord& chord);
   void typeWordsAt(const Place& place);
+  void placeTyping();
   void typeNextWords();
   void endTyping(bool keep);
   QString wordsOf(const Place& place) const;

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -258,6 +259,33 @@ TEST_F(PageTest, keysAndTheMouseReachEveryChordAndNoFurther) {
   QApplication::sendEvent(m_view.viewport(), &wheel);
   EXPECT_GT(m_view.chordRect(2).height(), height);
   EXPECT_EQ(RememberedPages().zoom(), zoomed.last()[0].toInt());
+}
+
+TEST_F(PageTest, typingGoesOnWhileThePageGetsAnotherSize) {
+  const QScrollBar& scroll = *m_view.verticalScrollBar();
+  const auto resize = [this](int width, int height) {
+    m_desk.resize(width, height);
+    QCoreApplication::processEvents();
+  };
+  int height = 1200;
+  for (resize(800, height); scroll.maximum() == 0 && height > 0;) resize(800, height -= 4);
+  resize(800, height + 4);
+  ASSERT_EQ(scroll.maximum(), 0);
+  m_view.setFocus();
+  m_view.showCursor(0);
+  QTest::keyClick(&m_view, Qt::Key_Return);
+  type("one", Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  EXPECT_GT(scroll.maximum(), 0) << "there is a line of words now";
+  auto* line = m_view.viewport()->findChild<QLineEdit*>();
+  ASSERT_NE(line, nullptr);
+  EXPECT_EQ(m_view.window()->focusWidget(), line);
+  const int left = line->x();
+  resize(500, height);
+  EXPECT_LT(line->x(), left) << "with its bar";
+  m_view.setZoom(150);
+  type("two", Qt::Key_Return);
+  EXPECT_EQ(bar(0, 0).wordText(0) + ' ' + bar(0, 1).wordText(0), "one two");
 }
 
 /// Tab goes on from the last bar of a section to its second time, then to the next section.
