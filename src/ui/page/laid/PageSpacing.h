@@ -11,8 +11,7 @@ inline constexpr double kBetweenLines = 0.5;
 inline constexpr double kBetweenSections = 0.6;
 inline constexpr double kPad = 0.4;  ///< Behind a bar line.
 inline constexpr double kBetweenChords = 0.5;
-inline constexpr double kRepeatWidth =
-    0.5;  ///< Of the points behind a bar line that opens a repeat.
+inline constexpr double kRepeatWidth = 0.5;  ///< Of the points behind a line that opens a repeat.
 
 /// Letters get no smaller than this share of themselves where they are too many for a width.
 inline constexpr double kSmallestScale = 0.55;
