@@ -159,10 +159,14 @@ bool QBSession::redo() {
 }
 
 void QBSession::renewViews() {
+  // One that an undo has taken out of its album is gone like one that it has deleted.
+  const auto isThere = [](const QBSong& song) { return !song.isDeleted() && song.album(); };
+  const platform::Ref<QBSong> shown = m_song;
   if (m_activeTreeNode && m_activeTreeNode->isGone()) setActiveTreeNode(nullptr);
   refreshTree();
-  // One that an undo has taken out of its album is gone like one that it has deleted.
-  if (m_song) setActiveSong(m_song->isDeleted() || !m_song->album() ? nullptr : m_song.get());
+  // The tree has turned to a neighbour of one that is in another album now.
+  const platform::Ref<QBSong> song = shown && isThere(*shown) ? shown : m_song;
+  if (song) setActiveSong(isThere(*song) ? song.get() : nullptr);
   for (std::size_t job = 0; job < m_jobs.size(); ++job) m_jobs[job]->storeRenewed();
   if (m_views.batch) m_views.batch->reload();
 }
