@@ -19,6 +19,8 @@
 #include "ui/dialogs/guides/EasyDialog.h"
 #include "ui/library/TreePanel.h"
 #include "ui/menus/EditMenu.h"
+#include "ui/page/PageView.h"
+#include "ui/page/SongSheets.h"
 #include "ui/views/FretboardView.h"
 #include "workflow/session/QBSession.h"
 #include "workflow/session/SongInWork.h"
@@ -236,6 +238,34 @@ TEST_F(MainWindowTest, easyVersionIsSeenBeforeItIsMadeAndUndoneInOneStep) {
   EXPECT_EQ(m_window->tree().view().currentIndex().data().toString(), "Tune(Mld)(Fng)");
   undo->trigger();
   EXPECT_EQ(titles(), "Tune/Tune ");
+}
+
+TEST_F(MainWindowTest, newTitleIsShownAtOnceAndTheOldOneWhenThatIsUndone) {
+  QBTabMgr::db().createAlbum("Stage", false)->createSong("Ballad");
+  QBTabMgr::db().save();
+  import();
+  QBSong& song = *m_window->tablature().song();
+  QAbstractItemModel& tree = *m_window->tree().view().model();
+  const auto found = tree.match(tree.index(0, 0), Qt::DisplayRole, "Tune", -1,
+                                Qt::MatchExactly | Qt::MatchRecursive);
+  const QImage before = m_window->tablature().viewport()->grab().toImage();
+  EXPECT_TRUE(tree.setData(found.last(), "Tango"));
+  EXPECT_NE(m_window->tablature().viewport()->grab().toImage(), before);
+  m_window->findChild<SongSheets*>()->goToPage();
+  const PageView& page = *m_window->findChild<PageView*>();
+  EXPECT_TRUE(tree.setData(found.last(), "Ballad"));
+  EXPECT_EQ(page.page().title, "Ballad");
+  emit m_window->findChild<EditMenu*>()->aboutToShow();
+  action("Move Song to Album")->menu()->actions().front()->trigger();
+  EXPECT_EQ(song.album()->name(), "Stage");
+  EXPECT_NE(song.title(), "Ballad") << "taken there";
+  EXPECT_EQ(page.page().title, song.title());
+  for (const char* title : {"Ballad", "Tango", "Tune"}) {
+    EXPECT_TRUE(QBSession::session().undo());
+    EXPECT_EQ(page.page().title, title);
+    EXPECT_EQ(song.title(), title);
+    EXPECT_EQ(m_window->tablature().song(), &song);
+  }
 }
 
 TEST_F(MainWindowTest, severalSongsAreDeletedAtOnce) {

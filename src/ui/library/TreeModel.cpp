@@ -224,7 +224,8 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
 
 void TreeModel::move(QBSong& song, QBAlbum& album) {
   const QString refusal = refusalOf([&] { moveSong(song, album); });
-  if (!refusal.isEmpty()) emit refused(refusal);
+  if (!refusal.isEmpty()) return emit refused(refusal);
+  emit titleChanged();
 }
 
 bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -232,6 +233,7 @@ bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int rol
   if (role != Qt::EditRole || !node) return false;
   try {
     node->rename(value.toString().trimmed().toStdString());
+    emit titleChanged();
     return true;
   } catch (const platform::UserError& reason) {
     emit refused(translated(reason));

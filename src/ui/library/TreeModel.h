@@ -67,6 +67,8 @@ class TreeModel final : public QAbstractItemModel {
  signals:
   /// What the user wanted cannot be; text: why, in one line.
   void refused(const QString& text);
+  /// By the user: of a node, or of a song that was moved to where its title was taken.
+  void titleChanged();
   /// into: invalid for a new album.
   void filesDropped(const QStringList& files, const QModelIndex& into);
 

@@ -69,6 +69,7 @@ TreePanel::TreePanel(LibraryTree& library, LibraryActions& actions, QWidget* par
     if (m_model.songAt(m_filter.mapToSource(index))) emit songActivated();
   });
   connect(&m_model, &TreeModel::refused, this, &TreePanel::refused);
+  connect(&m_model, &TreeModel::titleChanged, this, &TreePanel::titleChanged);
   connect(&m_model, &TreeModel::filesDropped, this, &TreePanel::drop);
   connect(&m_actions, &LibraryActions::renameWanted, this, &TreePanel::rename);
   connect(&m_actions, &LibraryActions::albumCreated, this,

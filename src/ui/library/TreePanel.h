@@ -40,6 +40,8 @@ class TreePanel final : public QWidget, public TreeView {
 
  signals:
   void refused(const QString& text);
+  /// Of a song, an album or another node, by the user.
+  void titleChanged();
   /// A song was chosen by Enter or a double click.
   void songActivated();
   /// A song was chosen by mouse or Enter, even when it was selected before.

@@ -184,7 +184,10 @@ void EditMenu::listAlbums(QMenu& menu, TreePanel& tree) {
     if (own && album != own) {
       const QAction* move = menu.addAction(toText(album->name()).replace('&', "&&"));
       connect(move, &QAction::triggered, this, [this, album, &tree] {
-        guarded([&] { moveSong(*m_song, *album); });
+        guarded([&] {
+          moveSong(*m_song, *album);
+          emit edited();  // its title may have been taken there
+        });
         tree.showSong(m_song);
       });
     }

@@ -180,6 +180,9 @@ void MainWindow::connectLibrary() {
   connect(m_actions, &LibraryActions::importRefused, m_tablature, &TablatureView::advise);
   connect(m_actions, &LibraryActions::importRefused, this, &MainWindow::say);
   connect(m_tree, &TreePanel::refused, this, &MainWindow::say);
+  connect(m_tree, &TreePanel::titleChanged, this, [this] {
+    if (m_tablature->song()) m_shown->refresh();  // or a text is shown in its place
+  });
   connect(m_tree, &TreePanel::songActivated, m_sheets, &SongSheets::focusFront);
   connect(m_tree, &TreePanel::songClicked, this, [this](QBSong* song) {
     if (song == m_shown->song() && m_tablature->song() != song)
