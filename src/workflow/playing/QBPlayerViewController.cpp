@@ -272,8 +272,8 @@ void QBPlayerViewController::setSound(const PlayedSound& sound) {
   if (m_isRecorded) setLevels();
 }
 
-/// What it has to be filled anew for goes on with the chord that was heard. In steps a place is that
-/// of the chord before it, and the last one has none.
+/// What it has to be filled anew for goes on with the chord that was heard. In steps a place is
+/// that of the chord before it, and the last one has none.
 void QBPlayerViewController::replay() {
   int index = m_midi->playbackPosition();
   if (index < 0 && !m_loops) index = m_shown;
